@@ -1,0 +1,40 @@
+# Helpers for targets made of "whatever is in these folders", and the options that all of our
+# own code is compiled with. Third-party code (GoogleTest) does not get them.
+
+add_library(korvel_options INTERFACE)
+target_compile_options(korvel_options INTERFACE
+  -Wall -Wextra -Wpedantic -Werror $<$<COMPILE_LANGUAGE:CXX>:-Wconversion -Wshadow>)
+target_include_directories(korvel_options INTERFACE
+  ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include)
+if(WIN32)
+  target_compile_definitions(korvel_options INTERFACE
+    WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
+endif()
+
+# files_in(<variable> <pattern> <folder>...): the files of that pattern directly in these folders.
+function(files_in variable pattern)
+  list(TRANSFORM ARGN APPEND /${pattern} OUTPUT_VARIABLE patterns)
+  file(GLOB found CONFIGURE_DEPENDS ${patterns})
+  set(${variable} ${found} PARENT_SCOPE)
+endfunction()
+
+# korvel_library(<name> <STATIC|OBJECT> <source>...): a library of our own code. Without a source
+# it becomes an empty interface library, so that others can link it all the same.
+function(korvel_library name kind)
+  if(ARGN)
+    add_library(${name} ${kind} ${ARGN})
+    target_link_libraries(${name} PUBLIC korvel_options)
+  else()
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE korvel_options)
+  endif()
+endfunction()
+
+# korvel_headers(<library> <header>...): the build compiles each of these headers alone.
+function(korvel_headers name)
+  get_target_property(kind ${name} TYPE)
+  if(ARGN AND NOT kind STREQUAL "INTERFACE_LIBRARY")
+    target_sources(${name} PUBLIC
+      FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${ARGN})
+  endif()
+endfunction()

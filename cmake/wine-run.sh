@@ -1,0 +1,11 @@
+#!/bin/sh
+# Runs a Windows program under Wine with the prefix of this build folder, made on first use.
+# CTest calls it as the toolchain's emulator. Pictures come from the null graphics driver, so no
+# display is needed; KORVEL_WINE_DISPLAY=1 keeps the display for a program a person looks at.
+: "${WINEPREFIX:=$(dirname "$(readlink -f "$0")")/../build/wine}"
+WINEPREFIX=$(readlink -m "$WINEPREFIX")
+export WINEPREFIX
+[ -n "$KORVEL_WINE_DISPLAY" ] || unset DISPLAY
+"$(dirname "$(readlink -f "$0")")/wine-prefix.sh" || exit 1
+export WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree,mshtml="
+exec timeout --foreground --kill-after=5 "${KORVEL_WINE_LIMIT:-300}" wine "$@"

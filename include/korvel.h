@@ -1,0 +1,115 @@
+/* The whole outside face of korvel.dll, an MHEG-5 presentation engine for Windows, for hosts in C
+ * and C++: four functions, the object through which the host serves the broadcast file system, and
+ * the message that tells the host that the engine has closed. One engine runs per process.
+ * docs/embedding.md shows a host step by step; tools/player is a complete one. */
+#ifndef KORVEL_H
+#define KORVEL_H
+
+#include <stdint.h>
+#include <windows.h>
+
+#define KORVEL_CALL __stdcall
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+enum {
+  /* The one code that the exit callback acts upon: the engine closes. */
+  kMHEG5ExitCode = 1000,
+
+  /* Posted to the host window, both parameters 0, once the engine has closed. Nothing else is
+   * ever sent to that window. From here on, also inside the handler of this message,
+   * RunMHEG5Window accepts a new start. */
+  kMHEG5ClosedMessage = 8024
+};
+
+/* What MHEG5HostTable.ReadFile answers. Any other value means that the file cannot be read. */
+enum {
+  kMHEG5FileRead = 0,
+  kMHEG5FileNotYetAvailable = 1 /* asked again every 500 ms until answered otherwise or closed */
+};
+
+/* Given to the host so that it can close the engine without holding the library's functions:
+ * kMHEG5ExitCode does what ExitMHEG5 does, any other code nothing. May be called on any thread. */
+typedef void(KORVEL_CALL* MHEG5ExitCallback)(uint32_t code);
+
+struct MHEG5HostTable;
+
+/* The host object: owned by the host, counted by AddRef and Release. Its first word points at the
+ * table of its functions, so a C++ object laid out in this order serves as well. */
+typedef struct MHEG5Host {
+  const struct MHEG5HostTable* table;
+} MHEG5Host;
+
+/* The functions of a host object, 12 slots in this order. The engine calls ReadFile and FreeBuffer
+ * on its own worker thread, one call at a time and never on the thread that called RunMHEG5Window;
+ * AddRef and the first SetExitCallback on the thread that called RunMHEG5Window; Release and the
+ * last SetExitCallback on the worker. No function may wait for the engine to close, nor for a
+ * thread that waits for it by other means than MHEG5WaitForClose. */
+typedef struct MHEG5HostTable {
+  /* Slots 0, 3 to 5 and 8 to 10 are the host's own: never called, and may be null. */
+  int32_t(KORVEL_CALL* QueryInterface)(MHEG5Host* host, const void* interfaceId, void** object);
+
+  /* Slot 1: called once by a successful RunMHEG5Window. Returns the new count. */
+  uint32_t(KORVEL_CALL* AddRef)(MHEG5Host* host);
+
+  /* Slot 2: called once as the engine closes, before kMHEG5ClosedMessage. The engine does not
+   * touch the object afterwards. Returns the new count. */
+  uint32_t(KORVEL_CALL* Release)(MHEG5Host* host);
+
+  void(KORVEL_CALL* HostOwn3)(MHEG5Host* host);
+  void(KORVEL_CALL* HostOwn4)(MHEG5Host* host);
+  void(KORVEL_CALL* HostOwn5)(MHEG5Host* host);
+
+  /* Slot 6: reads a file of the broadcast file system. The path is relative to its root, 8-bit,
+   * ends with a zero and may separate folders with '\\' or with '/'. On success the host stores
+   * the address of a buffer of its own and the number of its bytes, and keeps the buffer until
+   * FreeBuffer. `size` is null where the engine only asks whether the file is there; a buffer
+   * stored then is given back all the same. On any other answer nothing is given back. */
+  uint32_t(KORVEL_CALL* ReadFile)(MHEG5Host* host, const char* path, void** data, uint32_t* size);
+
+  /* Slot 7: gives a buffer of ReadFile back, exactly once for each success. */
+  void(KORVEL_CALL* FreeBuffer)(MHEG5Host* host, void* data);
+
+  void(KORVEL_CALL* HostOwn8)(MHEG5Host* host);
+  void(KORVEL_CALL* HostOwn9)(MHEG5Host* host);
+  void(KORVEL_CALL* HostOwn10)(MHEG5Host* host);
+
+  /* Slot 11: receives the exit callback and the context 0 at the start, and null and 0 as the
+   * engine closes. The host must not use the callback after it was withdrawn. */
+  void(KORVEL_CALL* SetExitCallback)(MHEG5Host* host, MHEG5ExitCallback callback,
+                                     uintptr_t context);
+} MHEG5HostTable;
+
+/* The functions may be called on any thread, but not from a DllMain: a thread that is starting or
+ * ending needs the lock that DllMain holds. */
+
+/* Starts the engine, which opens its window, looks for the start-up application and runs on
+ * threads of its own. Returns 0 without waiting for any of that. Returns 1, with nothing called
+ * and nothing kept, if `host` is null, if an engine lives or is still closing, or if the thread
+ * cannot be made. `hostWindow` receives kMHEG5ClosedMessage; it may be null. An application that
+ * cannot be found is no failure here: the engine says so in its window and waits to be closed. */
+uint32_t KORVEL_CALL RunMHEG5Window(MHEG5Host* host, HWND hostWindow);
+
+/* Asks the engine to close and returns 0 at once. Does nothing while no engine lives or while its
+ * window does not exist yet: a host that must close at that moment asks again. The close takes no
+ * longer than one wait for a file (500 ms) and one call of the host object. */
+uint32_t KORVEL_CALL ExitMHEG5(void);
+
+/* The same request as ExitMHEG5, except that it does not look whether the window exists yet; made
+ * too early it is lost. The restart itself is the host's: RunMHEG5Window once the engine has
+ * closed. Returns 0. */
+uint32_t KORVEL_CALL MHEG5ReStart(void);
+
+/* Waits without limit until the engine's thread has ended; returns 0, at once if none lives or if
+ * the caller is one of the engine's own threads (inside a function of the host object). The wait
+ * answers messages that other threads send to the caller's windows, but takes no posted ones.
+ * It asks for no close itself. */
+uint32_t KORVEL_CALL MHEG5WaitForClose(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

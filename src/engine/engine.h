@@ -1,0 +1,178 @@
+// The doorway of the engine core: which application and scene run and how they come and go, events and links, object
+// lookup, the display stack, timers and the persistent store. Worker thread only.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "actions/actions.h"
+#include "objects/event_type.h"
+#include "objects/group.h"
+#include "objects/ingredients.h"
+#include "objects/sequence.h"
+#include "objects/status.h"
+#include "objects/visibles.h"
+
+namespace korvel {
+
+// ---- What the worker loop does ----
+
+// Finds, decodes and starts the start-up application; an empty path searches "a" and "startup". What still runs is
+// given up silently first. Refused when no application could be started; every other result is a started engine.
+Status StartEngine(std::string_view path) noexcept;
+
+// Ends the scene and the application without starting anything.
+void CloseDown() noexcept;
+
+// Opens the account of one key, timer expiry or start: what its actions may cost. Releases ended groups.
+void BeginWork() noexcept;
+
+// Gives everything back at the end of the worker: ended groups with their canvases, the persistent store, the core's
+// own state. To be called before the presentation closes and after CloseDown.
+void ResetEngine() noexcept;
+
+// An event from outside: UserInput with a key number, or TimerFired with a timer id.
+Status RaiseOutsideEvent(std::int32_t sourceNumber, EventType type, std::int32_t value) noexcept;
+
+void EmptyPersistentStore() noexcept;
+
+// ---- The running groups ----
+
+// Null while none runs. Both may change in every call that can run actions: ask again after one.
+[[nodiscard]] Application* CurrentApplication() noexcept;
+[[nodiscard]] Scene* CurrentScene() noexcept;
+
+Status Launch(std::string_view groupName) noexcept;
+Status Spawn(std::string_view groupName) noexcept;
+Status Quit() noexcept;
+Status TransitionTo(std::string_view groupName) noexcept;
+
+// How often the application and the scene were asked to be replaced, modulo 256. An action list that sees one of
+// them change belongs to the past. Launch and TransitionTo actions count before they act.
+struct Generations {
+  std::uint8_t Application = 0;
+  std::uint8_t Scene = 0;
+  bool operator==(const Generations&) const = default;
+};
+[[nodiscard]] Generations& CurrentGenerations() noexcept;
+
+// Whether the group that holds the object has ended. To be asked after every call that can run actions, before the
+// object, its list or anything else of its group is touched again.
+[[nodiscard]] inline bool IsGone(const Group& group) noexcept { return group.life.isDead; }
+[[nodiscard]] inline bool IsGone(const Ingredient& ingredient) noexcept {
+  return ingredient.owner != nullptr && ingredient.owner->life.isDead;
+}
+
+// Held while actions, dispatch, lifecycle or a redraw are at work: ended groups are kept as long as one is held.
+class [[nodiscard]] Busy {
+ public:
+  Busy() noexcept;
+  ~Busy();
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+};
+
+// One level of nesting of action lists and lifecycle operations. When there are too many levels, says so once
+// and IsAllowed is false: the caller then returns Failure, which unwinds everything.
+class [[nodiscard]] NestingLevel {
+ public:
+  NestingLevel() noexcept;
+  ~NestingLevel();
+  NestingLevel(const NestingLevel&) = delete;
+  NestingLevel& operator=(const NestingLevel&) = delete;
+  [[nodiscard]] bool IsAllowed() const noexcept { return isAllowed_; }
+
+ private:
+  Busy busy_;
+  bool isAllowed_;
+};
+
+// Takes one action from the account of the work at hand. False when it is used up (said once): return Failure.
+[[nodiscard]] bool TakeAction() noexcept;
+
+// ---- Names and files ----
+
+// The name without its leading "~", which stands for the current directory and is not compared.
+[[nodiscard]] constexpr std::string_view WithoutTilde(std::string_view name) noexcept {
+  return name.substr(name.starts_with('~') ? 1 : 0);
+}
+
+// Reads the file that a group name or content reference means. Refused, after a pause, when it cannot be had.
+Status ResolveGroup(std::string_view groupName, OctetString& bytes) noexcept;
+
+// ---- Objects ----
+
+struct FoundObject {
+  ItemType Type = ItemType::None;  // None: nothing matches
+  Root* Object = nullptr;          // an Application, a Scene or an Ingredient, as Type says
+
+  explicit operator bool() const noexcept { return Type != ItemType::None; }
+  template <class T>
+  [[nodiscard]] T& As() const noexcept {
+    return *static_cast<T*>(Object);
+  }
+};
+
+// Finds an object of the running groups by group identifier (a leading "~" is dropped) and number. Classes 1 to 27
+// are found, the components of streams among them.
+[[nodiscard]] FoundObject FindObject(Scope scope, std::string_view groupIdentifier,
+                                     std::int32_t number) noexcept;
+
+// ---- Events ----
+
+// The datum of an event. Links compare booleans and integers; a link waiting for another kind never fires.
+struct EventData {
+  ValueKind Kind = ValueKind::None;
+  std::int32_t Value = 0;
+
+  [[nodiscard]] static EventData Boolean(bool value) noexcept {
+    return {ValueKind::Boolean, value ? 1 : 0};
+  }
+  [[nodiscard]] static EventData Integer(std::int32_t value) noexcept {
+    return {ValueKind::Integer, value};
+  }
+};
+
+// Runs the links (five at the most) that wait for this event of this source, at once. Done when none fired, else the
+// last link's result; Failure and Replaced stop the rest. The name is copied.
+Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
+                  EventData data) noexcept;
+// The same with an object as the source.
+Status RaiseEvent(const Root& source, EventType type, EventData data = {}) noexcept;
+// Runs the links that wait for this event, whatever source they name.
+Status RaiseEventByType(EventType type, EventData data) noexcept;
+
+// ---- The display stack of the running application ----
+// All return Refused when the entry is not there (or no application runs), Failure when memory is out (said).
+
+Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible) noexcept;
+Status InsertAtPosition(Application& application, std::int32_t position, ItemType kind,
+                        Ingredient& visible) noexcept;  // 1-based; 1 is the bottom
+Status EntryAtPosition(const Application& application, std::int32_t position,
+                       StackedVisible& entry) noexcept;
+Status RemoveTop(Application& application, StackedVisible& entry) noexcept;
+Status RemoveFromStack(Application& application, ItemType kind, const Ingredient& visible) noexcept;
+// Kind None means any.
+Status StackContains(const Application& application, ItemType kind,
+                     const Ingredient& visible) noexcept;
+Status InsertAtBottom(Application& application, ItemType kind, Ingredient& visible) noexcept;
+Status InsertBelow(Application& application, ItemType kind, Ingredient& visible,
+                   const Ingredient& reference) noexcept;
+Status InsertAbove(Application& application, ItemType kind, Ingredient& visible,
+                   const Ingredient& reference) noexcept;
+void ClearStack(Application& application) noexcept;
+
+// The stacking actions. A running visible is drawn again.
+Status BringToFront(ItemType kind, Visible& visible) noexcept;
+Status SendToBack(ItemType kind, Visible& visible) noexcept;
+Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) noexcept;
+Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference) noexcept;
+
+// ---- Timers ----
+
+// Sets a timer of the group, or cancels it when `value` is kNoTimerValue. `absolute` is 0, 1 or kNotGiven.
+inline constexpr std::int32_t kNoTimerValue = -1;
+inline constexpr std::int32_t kNotGiven = 2;
+Status SetTimer(Group& group, std::int32_t id, std::int32_t value, std::int32_t absolute) noexcept;
+
+}  // namespace korvel

@@ -1,0 +1,501 @@
+// The interchange form of every class, written down once. An attribute's row gives its BER tag, its keyword in the
+// textual notation and its field; rows stand in the order in which the notation is written.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <tuple>
+
+#include "objects/description.h"
+#include "objects/event_type.h"
+#include "objects/group.h"
+#include "objects/ingredients.h"
+#include "objects/visibles.h"
+
+namespace korvel {
+
+inline constexpr std::array kJustificationWords = {"start", "end", "centre", "justified"};
+inline constexpr std::array kLineOrientationWords = {"vertical", "horizontal"};
+inline constexpr std::array kStartCornerWords = {"upper-left", "upper-right", "lower-left",
+                                                 "lower-right"};
+inline constexpr std::array kInputTypeWords = {"alpha", "numeric", "any", "listed"};
+inline constexpr std::array kButtonStyleWords = {"pushbutton", "radiobutton", "checkbox"};
+inline constexpr std::array kSliderOrientationWords = {"left", "right", "up", "down"};
+inline constexpr std::array kSliderStyleWords = {"normal", "thermometer", "proportional"};
+inline constexpr std::array kStorageWords = {"memory", "stream"};
+inline constexpr std::array kTerminationWords = {"freeze", "disappear"};
+
+inline constexpr Form kRequired{.isRequired = true};
+
+// ---- Structures encoded as a SEQUENCE ----
+
+template <>
+struct SequenceDescription<BoxSize> {
+  static constexpr auto elements =
+      std::tuple{Element{nullptr, &BoxSize::Width}, Element{nullptr, &BoxSize::Height}};
+};
+template <>
+struct SequenceDescription<Position> {
+  static constexpr auto elements =
+      std::tuple{Element{nullptr, &Position::X}, Element{nullptr, &Position::Y}};
+};
+template <>
+struct SequenceDescription<StandardIdentifier> {
+  static constexpr auto elements =
+      std::tuple{Element{nullptr, &StandardIdentifier::JointIsoItuIdentifier},
+                 Element{nullptr, &StandardIdentifier::MHEGStandardIdentifier}};
+};
+template <>
+struct SequenceDescription<SceneCoordinateSystem> {
+  static constexpr auto elements = std::tuple{Element{nullptr, &SceneCoordinateSystem::Width},
+                                              Element{nullptr, &SceneCoordinateSystem::Height}};
+};
+template <>
+struct SequenceDescription<AspectRatio> {
+  static constexpr auto elements =
+      std::tuple{Element{nullptr, &AspectRatio::Width}, Element{nullptr, &AspectRatio::Height}};
+};
+template <>
+struct SequenceDescription<NextScene> {
+  static constexpr auto elements =
+      std::tuple{Element{nullptr, &NextScene::SceneReference}, Element{nullptr, &NextScene::Weight}};
+};
+template <>
+struct SequenceDescription<LinkCondition> {
+  static constexpr auto elements = std::tuple{
+      Element{":EventSource", &LinkCondition::EventSource,
+              Form{.name = "EventSource", .isRequired = true}},
+      Element{":EventType", &LinkCondition::EventType,
+              Form{.words = kEventWords, .isRequired = true}},
+      Element{":EventData", &LinkCondition::EventData}};
+};
+template <>
+struct SequenceDescription<TokenGroupItem> {
+  static constexpr auto elements = std::tuple{
+      Element{nullptr, &TokenGroupItem::AVisible, Form{.name = "AVisible", .isRequired = true}},
+      Element{":ActionSlots", &TokenGroupItem::ActionSlots}};
+};
+
+// ---- Groups ----
+
+template <>
+struct Description<Group> {
+  using Parents = Classes<>;
+  static constexpr auto attributes = std::tuple{
+      Attribute{2, ":StdID", &Group::Standard},
+      Attribute{3, ":StdVersion", &Group::StandardVersion},
+      Attribute{4, ":ObjectInfo", &Group::ObjectInformation},
+      Attribute{5, ":OnStartUp", &Group::OnStartUp},
+      Attribute{6, ":OnCloseDown", &Group::OnCloseDown},
+      Attribute{7, ":OrigGCPriority", &Group::OriginalGroupCachePriority},
+      Attribute{8, ":Items", &Group::Items}};
+};
+
+template <>
+struct Description<DefaultAttributes> {
+  using Parents = Classes<>;
+  static constexpr auto attributes = std::tuple{
+      Attribute{38, ":CharacterSet", &DefaultAttributes::CharacterSet},
+      Attribute{39, ":BackgroundColour", &DefaultAttributes::BackgroundColour},
+      Attribute{40, ":TextCHook", &DefaultAttributes::TextContentHook},
+      Attribute{41, ":TextColour", &DefaultAttributes::TextColour},
+      Attribute{42, ":Font", &DefaultAttributes::Font, Form{.name = "Font"}},
+      Attribute{43, ":FontAttributes", &DefaultAttributes::FontAttributes},
+      Attribute{44, ":InterchgPrgCHook", &DefaultAttributes::InterchangedProgramContentHook},
+      Attribute{45, ":StreamCHook", &DefaultAttributes::StreamContentHook},
+      Attribute{46, ":BitmapCHook", &DefaultAttributes::BitmapContentHook},
+      Attribute{47, ":LineArtCHook", &DefaultAttributes::LineArtContentHook},
+      Attribute{48, ":ButtonRefColour", &DefaultAttributes::ButtonRefColour},
+      Attribute{49, ":HighlightRefColour", &DefaultAttributes::HighlightRefColour},
+      Attribute{50, ":SliderRefColour", &DefaultAttributes::SliderRefColour}};
+};
+
+// The default attributes stand under one tag of their own in BER, and side by side with the application's other
+// attributes in the textual notation.
+template <>
+struct Description<Application> {
+  using Parents = Classes<Group>;
+  static constexpr ClassHeading heading{ItemType::Application, 0, "Application", ":Application"};
+  static constexpr auto attributes =
+      std::tuple{Attribute{35, ":OnSpawnCloseDown", &Application::OnSpawnCloseDown},
+                 Attribute{36, ":OnRestart", &Application::OnRestart},
+                 Attribute{37, nullptr, &Application::Defaults}};
+};
+
+template <>
+struct Description<Scene> {
+  using Parents = Classes<Group>;
+  static constexpr ClassHeading heading{ItemType::Scene, 1, "Scene", ":Scene"};
+  static constexpr auto attributes =
+      std::tuple{Attribute{51, ":InputEventReg", &Scene::InputEventReg},
+                 Attribute{52, ":SceneCS", &Scene::SceneCS},
+                 Attribute{53, ":AspectRatio", &Scene::Aspect},
+                 Attribute{54, ":MovingCursor", &Scene::MovingCursor},
+                 Attribute{55, ":NextScenes", &Scene::NextScenes}};
+};
+
+// ---- Ingredients that are not seen ----
+
+inline constexpr std::uint32_t kContentHookTag = 57;
+inline constexpr std::uint32_t kOriginalContentTag = 58;
+inline constexpr std::uint32_t kSharedTag = 59;
+inline constexpr std::uint32_t kOriginalPaletteRefTag = 78;
+
+// What a class without content of its own leaves out of the ingredient's attributes.
+inline constexpr std::array kContentTags = {kContentHookTag, kOriginalContentTag};
+
+template <>
+struct Description<Ingredient> {
+  using Parents = Classes<>;
+  static constexpr auto attributes =
+      std::tuple{Attribute{56, ":InitiallyActive", &Ingredient::InitiallyActive},
+                 Attribute{kContentHookTag, ":CHook", &Ingredient::ContentHOOK},
+                 Attribute{kOriginalContentTag, ":OrigContent", &Ingredient::OriginalContent},
+                 Attribute{kSharedTag, ":Shared", &Ingredient::Shared}};
+};
+
+template <>
+struct Description<Link> {
+  using Parents = Classes<Ingredient>;
+  static constexpr ClassHeading heading{ItemType::Link, 20, "Link", ":Link"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes =
+      std::tuple{Attribute{62, nullptr, &Link::Condition, kRequired},
+                 Attribute{63, ":LinkEffect", &Link::LinkEffect, kRequired}};
+};
+
+template <>
+struct Description<Program> {
+  using Parents = Classes<Ingredient>;
+  static constexpr auto attributes =
+      std::tuple{Attribute{64, ":Name", &Program::Name, kRequired},
+                 Attribute{65, ":InitiallyAvailable", &Program::InitiallyAvailable}};
+};
+template <>
+struct Description<ResidentProgram> {
+  using Parents = Classes<Program>;
+  static constexpr ClassHeading heading{ItemType::ResidentProgram, 9, "ResidentProgram",
+                                        ":ResidentPrg"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes = std::tuple{};
+};
+template <>
+struct Description<RemoteProgram> {
+  using Parents = Classes<Program>;
+  static constexpr ClassHeading heading{ItemType::RemoteProgram, 10, "RemoteProgram",
+                                        ":RemotePrg"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes =
+      std::tuple{Attribute{66, ":ConnectionTag", &RemoteProgram::ProgramConnectionTag}};
+};
+template <>
+struct Description<InterchangedProgram> {
+  using Parents = Classes<Program>;
+  static constexpr ClassHeading heading{ItemType::InterchangedProgram, 11, "InterchangedProgram",
+                                        ":InterchgPrg"};
+  static constexpr auto attributes = std::tuple{};
+};
+
+template <>
+struct Description<Palette> {
+  using Parents = Classes<Ingredient>;
+  static constexpr ClassHeading heading{ItemType::Palette, 12, "Palette", ":Palette"};
+  static constexpr auto attributes = std::tuple{};
+};
+template <>
+struct Description<Font> {
+  using Parents = Classes<Ingredient>;
+  static constexpr ClassHeading heading{ItemType::Font, 13, "Font", ":Font"};
+  static constexpr auto attributes = std::tuple{};
+};
+template <>
+struct Description<CursorShape> {
+  using Parents = Classes<Ingredient>;
+  static constexpr ClassHeading heading{ItemType::CursorShape, 14, "CursorShape", ":CursorShape"};
+  static constexpr auto attributes = std::tuple{};
+};
+
+template <>
+struct Description<BooleanVariable> {
+  using Parents = Classes<Ingredient>;
+  static constexpr ClassHeading heading{ItemType::BooleanVariable, 15, "BooleanVariable",
+                                        ":BooleanVar"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes =
+      std::tuple{Attribute{67, ":OrigValue", &BooleanVariable::OriginalValue, kRequired}};
+};
+template <>
+struct Description<IntegerVariable> {
+  using Parents = Classes<Ingredient>;
+  static constexpr ClassHeading heading{ItemType::IntegerVariable, 16, "IntegerVariable",
+                                        ":IntegerVar"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes =
+      std::tuple{Attribute{67, ":OrigValue", &IntegerVariable::OriginalValue, kRequired}};
+};
+template <>
+struct Description<OctetStringVariable> {
+  using Parents = Classes<Ingredient>;
+  static constexpr ClassHeading heading{ItemType::OctetStringVariable, 17, "OctetStringVariable",
+                                        ":OStringVar"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes =
+      std::tuple{Attribute{67, ":OrigValue", &OctetStringVariable::OriginalValue, kRequired}};
+};
+template <>
+struct Description<ObjectRefVariable> {
+  using Parents = Classes<Ingredient>;
+  static constexpr ClassHeading heading{ItemType::ObjectRefVariable, 18, "ObjectRefVariable",
+                                        ":ObjectRefVar"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes =
+      std::tuple{Attribute{67, ":OrigValue", &ObjectRefVariable::OriginalValue,
+                           Form{.innerTag = 68,
+                                .innerKeyword = ":ObjectRef",
+                                .name = "Value",
+                                .isRequired = true}}};
+};
+template <>
+struct Description<ContentRefVariable> {
+  using Parents = Classes<Ingredient>;
+  static constexpr ClassHeading heading{ItemType::ContentRefVariable, 19, "ContentRefVariable",
+                                        ":ContentRefVar"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes =
+      std::tuple{Attribute{67, ":OrigValue", &ContentRefVariable::OriginalValue,
+                           Form{.innerTag = 69,
+                                .innerKeyword = ":ContentRef",
+                                .isRequired = true}}};
+};
+
+template <>
+struct Description<TokenGroup> {
+  using Parents = Classes<Ingredient>;
+  static constexpr ClassHeading heading{ItemType::TokenGroup, 33, "TokenGroup", ":TokenGroup"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes =
+      std::tuple{Attribute{70, ":MovementTable", &TokenGroup::MovementTable},
+                 Attribute{71, ":TokenGroupItems", &TokenGroup::TokenGroupItems, kRequired},
+                 Attribute{72, ":NoTokenActionSlots", &TokenGroup::NoTokenActionSlots}};
+};
+template <>
+struct Description<ListGroup> {
+  using Parents = Classes<TokenGroup>;
+  static constexpr ClassHeading heading{ItemType::ListGroup, 34, "ListGroup", ":ListGroup"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes =
+      std::tuple{Attribute{73, ":Positions", &ListGroup::Positions},
+                 Attribute{74, ":WrapAround", &ListGroup::WrapAround},
+                 Attribute{75, ":MultipleSelection", &ListGroup::MultipleSelection}};
+};
+
+// ---- Visibles ----
+
+template <>
+struct Description<Visible> {
+  using Parents = Classes<Ingredient>;
+  static constexpr auto attributes =
+      std::tuple{Attribute{76, ":OrigBoxSize", &Visible::OriginalBoxSize, kRequired},
+                 Attribute{77, ":OrigPosition", &Visible::OriginalPosition},
+                 Attribute{kOriginalPaletteRefTag, ":OrigPaletteRef", &Visible::OriginalPaletteRef,
+                           Form{.name = "PaletteRef"}}};
+};
+
+template <>
+struct Description<Bitmap> {
+  using Parents = Classes<Visible>;
+  static constexpr ClassHeading heading{ItemType::Bitmap, 22, "Bitmap", ":Bitmap"};
+  static constexpr auto attributes =
+      std::tuple{Attribute{79, ":Tiling", &Bitmap::Tiling},
+                 Attribute{80, ":OrigTransparency", &Bitmap::OriginalTransparency}};
+};
+
+template <>
+struct Description<LineArt> {
+  using Parents = Classes<Visible>;
+  static constexpr ClassHeading heading{ItemType::LineArt, 23, "LineArt", ":LineArt"};
+  static constexpr auto attributes =
+      std::tuple{Attribute{81, ":BBBox", &LineArt::BorderedBoundingBox},
+                 Attribute{82, ":OrigLineWidth", &LineArt::OriginalLineWidth},
+                 Attribute{83, ":OrigLineStyle", &LineArt::OriginalLineStyle},
+                 Attribute{84, ":OrigRefLineColour", &LineArt::OriginalRefLineColour},
+                 Attribute{85, ":OrigRefFillColour", &LineArt::OriginalRefFillColour}};
+};
+template <>
+struct Description<DynamicLineArt> {
+  using Parents = Classes<LineArt>;
+  static constexpr ClassHeading heading{ItemType::DynamicLineArt, 24, "DynamicLineArt",
+                                        ":DynamicLineArt"};
+  static constexpr auto attributes = std::tuple{};
+};
+template <>
+struct Description<Rectangle> {
+  using Parents = Classes<LineArt>;
+  static constexpr ClassHeading heading{ItemType::Rectangle, 25, "Rectangle", ":Rectangle"};
+  static constexpr auto attributes = std::tuple{};
+};
+
+template <>
+struct Description<Interactible> {
+  using Parents = Classes<>;
+  static constexpr auto attributes =
+      std::tuple{Attribute{101, ":EngineResp", &Interactible::EngineResp},
+                 Attribute{49, ":HighlightRefColour", &Interactible::HighlightRefColour}};
+};
+
+template <>
+struct Description<Text> {
+  using Parents = Classes<Visible>;
+  static constexpr ClassHeading heading{ItemType::Text, 29, "Text", ":Text"};
+  static constexpr auto attributes =
+      std::tuple{Attribute{86, ":OrigFont", &Text::OriginalFont, Form{.name = "Font"}},
+                 Attribute{43, ":FontAttributes", &Text::FontAttributes},
+                 Attribute{41, ":TextColour", &Text::TextColour},
+                 Attribute{39, ":BackgroundColour", &Text::BackgroundColour},
+                 Attribute{38, ":CharacterSet", &Text::CharacterSet},
+                 Attribute{87, ":HJustification", &Text::HorizontalJustification,
+                           Form{.words = kJustificationWords}},
+                 Attribute{88, ":VJustification", &Text::VerticalJustification,
+                           Form{.words = kJustificationWords}},
+                 Attribute{89, ":LineOrientation", &Text::LineOrientation,
+                           Form{.words = kLineOrientationWords}},
+                 Attribute{90, ":StartCorner", &Text::StartCorner,
+                           Form{.words = kStartCornerWords}},
+                 Attribute{91, ":TextWrapping", &Text::TextWrapping}};
+};
+template <>
+struct Description<EntryField> {
+  using Parents = Classes<Text, Interactible>;
+  static constexpr ClassHeading heading{ItemType::EntryField, 30, "EntryField", ":EntryField"};
+  static constexpr auto attributes =
+      std::tuple{Attribute{109, ":InputType", &EntryField::InputType,
+                           Form{.words = kInputTypeWords}},
+                 Attribute{110, ":CharList", &EntryField::CharList},
+                 Attribute{111, ":ObscuredInput", &EntryField::ObsuredInput},
+                 Attribute{112, ":MaxLength", &EntryField::MaxLength}};
+};
+template <>
+struct Description<HyperText> {
+  using Parents = Classes<Text, Interactible>;
+  static constexpr ClassHeading heading{ItemType::HyperText, 31, "HyperText", ":HyperText"};
+  static constexpr auto attributes = std::tuple{};
+};
+
+template <>
+struct Description<Button> {
+  using Parents = Classes<Visible, Interactible>;
+  static constexpr auto attributes =
+      std::tuple{Attribute{48, ":ButtonRefColour", &Button::ButtonRefColour}};
+};
+template <>
+struct Description<HotSpot> {
+  using Parents = Classes<Button>;
+  static constexpr ClassHeading heading{ItemType::HotSpot, 26, "HotSpot", ":HotSpot"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes = std::tuple{};
+};
+template <>
+struct Description<PushButton> {
+  using Parents = Classes<Button>;
+  static constexpr ClassHeading heading{ItemType::PushButton, 28, "PushButton", ":PushButton"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes =
+      std::tuple{Attribute{113, ":OrigLabel", &PushButton::OriginalLabel},
+                 Attribute{38, ":CharacterSet", &PushButton::CharacterSet}};
+};
+template <>
+struct Description<SwitchButton> {
+  using Parents = Classes<PushButton>;
+  static constexpr ClassHeading heading{ItemType::SwitchButton, 27, "SwitchButton",
+                                        ":SwitchButton"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes =
+      std::tuple{Attribute{114, ":ButtonStyle", &SwitchButton::ButtonStyle,
+                           Form{.words = kButtonStyleWords}}};
+};
+
+template <>
+struct Description<Slider> {
+  using Parents = Classes<Visible, Interactible>;
+  static constexpr ClassHeading heading{ItemType::Slider, 32, "Slider", ":Slider"};
+  static constexpr auto omitted = kContentTags;
+  static constexpr auto attributes =
+      std::tuple{Attribute{102, ":Orientation", &Slider::Orientation,
+                           Form{.words = kSliderOrientationWords}},
+                 Attribute{103, ":MaxValue", &Slider::MaxValue},
+                 Attribute{104, ":MinValue", &Slider::MinValue},
+                 Attribute{105, ":InitialValue", &Slider::InitialValue},
+                 Attribute{106, ":InitialPortion", &Slider::InitialPortion},
+                 Attribute{107, ":StepSize", &Slider::StepSize},
+                 Attribute{108, ":SliderStyle", &Slider::SliderStyle,
+                           Form{.words = kSliderStyleWords}},
+                 Attribute{50, ":SliderRefColour", &Slider::SliderRefColour}};
+};
+
+// ---- Streams ----
+
+template <>
+struct Description<Stream> {
+  using Parents = Classes<Ingredient>;
+  static constexpr ClassHeading heading{ItemType::Stream, 21, "Stream", ":Stream"};
+  static constexpr auto attributes =
+      std::tuple{Attribute{92, ":Multiplex", &Stream::Multiplex, kRequired},
+                 Attribute{93, ":Storage", &Stream::Storage, Form{.words = kStorageWords}},
+                 Attribute{94, ":Looping", &Stream::Looping}};
+};
+template <>
+struct Description<Audio> {
+  using Parents = Classes<Ingredient>;
+  static constexpr ClassHeading heading{ItemType::Audio, 95, "Audio", ":Audio"};
+  static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag};
+  static constexpr auto attributes =
+      std::tuple{Attribute{98, ":ComponentTag", &Audio::ComponentTag, kRequired},
+                 Attribute{99, ":OrigVolume", &Audio::OriginalVolume}};
+};
+template <>
+struct Description<Video> {
+  using Parents = Classes<Visible>;
+  static constexpr ClassHeading heading{ItemType::Video, 96, "Video", ":Video"};
+  static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag,
+                                         kOriginalPaletteRefTag};
+  static constexpr auto attributes =
+      std::tuple{Attribute{98, ":ComponentTag", &Video::ComponentTag, kRequired},
+                 Attribute{100, ":Termination", &Video::Termination,
+                           Form{.words = kTerminationWords}}};
+};
+template <>
+struct Description<RTGraphics> {
+  using Parents = Classes<Visible>;
+  static constexpr ClassHeading heading{ItemType::RTGraphics, 97, "RTGraphics", ":RTGraphics"};
+  static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag};
+  static constexpr auto attributes =
+      std::tuple{Attribute{98, ":ComponentTag", &RTGraphics::ComponentTag, kRequired},
+                 Attribute{100, ":Termination", &RTGraphics::Termination,
+                           Form{.words = kTerminationWords}}};
+};
+
+// ---- The classes that lists of objects hold ----
+
+using ItemClasses =
+    Classes<ResidentProgram, RemoteProgram, InterchangedProgram, Palette, Font, CursorShape,
+            BooleanVariable, IntegerVariable, OctetStringVariable, ObjectRefVariable,
+            ContentRefVariable, Link, Stream, Bitmap, LineArt, DynamicLineArt, Rectangle, HotSpot,
+            SwitchButton, PushButton, Text, EntryField, HyperText, Slider, TokenGroup, ListGroup>;
+
+using ComponentClasses = Classes<Audio, Video, RTGraphics>;
+
+// Calls visit.template operator()<Record>() for the ingredient class of that number. False when there is none.
+template <class Visit>
+constexpr bool VisitIngredientClass(ItemType type, Visit&& visit) {
+  bool isFound = false;
+  auto choose = [&]<class Record>() {
+    if (Description<Record>::heading.type != type) return;
+    isFound = true;
+    visit.template operator()<Record>();
+  };
+  ForEachClass(ItemClasses{}, choose);
+  ForEachClass(ComponentClasses{}, choose);
+  return isFound;
+}
+
+}  // namespace korvel

@@ -1,0 +1,130 @@
+// The means to describe a class's interchange form once: a table of attributes, each with its BER tag, its textual
+// keyword and its field. Every pass over records (reading, writing, completing references) walks these tables and
+// knows no attribute of its own. The tables themselves stand in class_tables.h.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <tuple>
+
+#include "objects/item_type.h"
+
+namespace korvel {
+
+// The words of an enumeration; the first word stands for 1.
+using Words = std::span<const char* const>;
+
+// What the passes need to know about a field beyond its type.
+struct Form {
+  Words words{};                      // the field is an enumeration with these words
+  std::uint32_t innerTag = 0;         // the value stands under this context tag inside the attribute's own
+  const char* innerKeyword = nullptr;  // and behind this keyword in the textual notation
+  const char* name = "";              // names a reference in messages: "Link EventSource"
+  bool isRequired = false;            // an author must write it; a reader leaves the construction value
+};
+
+// One attribute of a class: a context-specific tag, a keyword, and where the value is kept.
+template <class Record, class Field>
+struct Attribute {
+  std::uint32_t tag;
+  const char* keyword;
+  Field Record::*field;
+  Form form{};
+};
+template <class Record, class Field>
+Attribute(std::uint32_t, const char*, Field Record::*) -> Attribute<Record, Field>;
+template <class Record, class Field>
+Attribute(std::uint32_t, const char*, Field Record::*, Form) -> Attribute<Record, Field>;
+
+// One element of a structure that is encoded as a SEQUENCE: its place is its name in BER. In the textual notation
+// elements with a keyword are written behind it, the others by their place.
+template <class Record, class Field>
+struct Element {
+  const char* keyword;  // nullptr: by place
+  Field Record::*field;
+  Form form{};
+};
+template <class Record, class Field>
+Element(const char*, Field Record::*) -> Element<Record, Field>;
+template <class Record, class Field>
+Element(const char*, Field Record::*, Form) -> Element<Record, Field>;
+
+// What names a class: its number, its tag in an items list (or a multiplex, or as a whole file), its name in
+// messages, and its keyword.
+struct ClassHeading {
+  ItemType type;
+  std::uint32_t tag;
+  const char* name;
+  const char* keyword;
+};
+
+template <class... Records>
+struct Classes {};
+
+// Specialised in class_tables.h for every class:
+//   using Parents = Classes<...>;                 whose attributes come first
+//   static constexpr auto attributes = std::tuple{Attribute{...}, ...};
+//   static constexpr ClassHeading heading{...};   only for classes that objects are made of
+//   static constexpr auto omitted = ...;          tags of the parents that the class does not have
+template <class Record>
+struct Description;
+
+// Specialised in class_tables.h for every structure encoded as a SEQUENCE: static constexpr auto elements.
+template <class Record>
+struct SequenceDescription;
+
+template <class Record>
+concept IsSequence = requires { SequenceDescription<Record>::elements; };
+
+namespace detail {
+
+template <class Record>
+constexpr bool Omits(std::uint32_t tag) {
+  if constexpr (requires { Description<Record>::omitted; }) {
+    for (const std::uint32_t omitted : Description<Record>::omitted) {
+      if (omitted == tag) return true;
+    }
+  }
+  return false;
+}
+
+template <class Leaf, class Record, class Visit>
+constexpr void VisitAttributes(Visit& visit);
+
+template <class Leaf, class... Parents, class Visit>
+constexpr void VisitParents(Classes<Parents...> /*parents*/, Visit& visit) {
+  (VisitAttributes<Leaf, Parents>(visit), ...);
+}
+
+template <class Leaf, class Record, class Visit>
+constexpr void VisitAttributes(Visit& visit) {
+  VisitParents<Leaf>(typename Description<Record>::Parents{}, visit);
+  std::apply(
+      [&visit](const auto&... attribute) {
+        ((Omits<Leaf>(attribute.tag) ? void() : visit(attribute)), ...);
+      },
+      Description<Record>::attributes);
+}
+
+}  // namespace detail
+
+// Calls visit(attribute) for each attribute that the class has, parents first, in the order of the notation.
+template <class Record, class Visit>
+constexpr void ForEachAttribute(Visit&& visit) {
+  detail::VisitAttributes<Record, Record>(visit);
+}
+
+// Calls visit(element) for each element of the SEQUENCE, in order.
+template <class Record, class Visit>
+constexpr void ForEachElement(Visit&& visit) {
+  std::apply([&visit](const auto&... element) { (visit(element), ...); },
+             SequenceDescription<Record>::elements);
+}
+
+// Calls visit.template operator()<Record>() for each class of the list.
+template <class Visit, class... Records>
+constexpr void ForEachClass(Classes<Records...> /*classes*/, Visit&& visit) {
+  (visit.template operator()<Records>(), ...);
+}
+
+}  // namespace korvel

@@ -1,0 +1,116 @@
+// The groups: Application and Scene. A group owns everything that was decoded with it; ending it (the engine's
+// work) comes before its release.
+#pragma once
+
+#include <cstdint>
+
+#include "objects/item.h"
+#include "objects/list.h"
+#include "objects/values.h"
+
+namespace korvel {
+
+// What every object has: its name and the two statuses that preparing and activating it move.
+struct Root {
+  ObjectReference Reference;
+  bool AvailabilityStatus = false;
+  bool RunningStatus = false;
+};
+
+struct StandardIdentifier {
+  std::int32_t JointIsoItuIdentifier = 2;
+  std::int32_t MHEGStandardIdentifier = 19;
+};
+
+// A group's end. Links and action lists may still be on the call stack when their group ends, so its memory stays
+// until nothing runs; whoever called out asks `isDead` before touching the group again.
+struct Life {
+  bool isDying = false;  // its end has begun
+  bool isDead = false;   // ended: registered nowhere, released when nothing runs any more
+};
+
+// A pending timer of a group. The platform timer of the same id is shared by all groups.
+struct Timer {
+  std::int32_t Id = 0;
+  std::int32_t Value = 0;  // milliseconds, as last set
+  bool IsAbsolute = false;  // Value counts from the start of the process
+  ObjectReference Owner;    // the group that set it first
+};
+
+struct Group : Root {
+  explicit Group(ItemType type) noexcept : Type(type) {}
+
+  ItemType Type;  // Application or Scene
+  StandardIdentifier Standard;
+  std::int32_t StandardVersion = 1;
+  OctetString ObjectInformation;
+  std::int32_t OriginalGroupCachePriority = 127;
+  std::int32_t GroupCachePriority = 127;
+  ActionList OnStartUp;
+  ActionList OnCloseDown;
+  List<Item> Items;  // in the order in which they were encoded
+
+  Life life;
+  List<Timer> Timers;
+  Group* nextEnded = nullptr;  // the next group waiting for its release
+};
+
+struct DefaultAttributes {
+  std::int32_t CharacterSet = 0;
+  ColourValue BackgroundColour = ColourValue::NotSet();
+  std::int32_t TextContentHook = -1;
+  ColourValue TextColour;
+  FontBody Font;
+  OctetString FontAttributes;
+  std::int32_t InterchangedProgramContentHook = -1;
+  std::int32_t StreamContentHook = -1;
+  std::int32_t BitmapContentHook = -1;
+  std::int32_t LineArtContentHook = -1;
+  ColourValue ButtonRefColour;
+  ColourValue HighlightRefColour;
+  ColourValue SliderRefColour;
+};
+
+// One visible of the display stack, borrowed from its group. `Kind` is the class it was entered under.
+struct StackedVisible {
+  ItemType Kind = ItemType::None;
+  Ingredient* Visible = nullptr;
+};
+
+struct Application : Group {
+  Application() noexcept : Group(ItemType::Application) {}
+
+  ActionList OnSpawnCloseDown;
+  ActionList OnRestart;
+  DefaultAttributes Defaults;
+
+  std::int32_t LockCount = 0;         // screen-lock nesting
+  List<StackedVisible> DisplayStack;  // bottom-most first; the application's and the scene's visibles
+};
+
+struct NextScene {
+  OctetString SceneReference;
+  std::int32_t Weight = 0;
+};
+
+struct SceneCoordinateSystem {
+  std::int32_t Width = 0;
+  std::int32_t Height = 0;
+};
+
+struct AspectRatio {
+  std::int32_t Width = 4;
+  std::int32_t Height = 3;
+};
+
+struct Scene : Group {
+  Scene() noexcept : Group(ItemType::Scene) {}
+
+  std::int32_t InputEventReg = 0;
+  SceneCoordinateSystem SceneCS;
+  AspectRatio Aspect;
+  bool MovingCursor = false;
+  List<NextScene> NextScenes;
+};
+
+}  // namespace korvel

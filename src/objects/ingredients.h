@@ -1,0 +1,108 @@
+// The ingredients that are not seen: the common head of every item, links, programs, variables, token and list
+// groups. An "Original" attribute is what was decoded; its namesake is the run-time value that actions change
+// and that preparing the object sets up from the original.
+#pragma once
+
+#include <cstdint>
+
+#include "objects/group.h"
+#include "objects/values.h"
+
+namespace korvel {
+
+struct Ingredient : Root {
+  bool InitiallyActive = true;
+  std::int32_t ContentHOOK = 0;
+  ContentBody OriginalContent;
+  bool Shared = false;
+  ContentBody Content;
+
+  Group* owner = nullptr;  // the group that holds it, directly or in a Stream; set when the group is adopted
+};
+
+struct LinkCondition {
+  ObjectReference EventSource;
+  std::int32_t EventType = 0;  // kept as encoded; numbers outside EventType's never fire
+  GenericValue EventData;      // None, Boolean, Integer or OctetString
+};
+
+struct Link : Ingredient {
+  LinkCondition Condition;
+  ActionList LinkEffect;
+};
+
+struct Program : Ingredient {
+  OctetString Name;
+  bool InitiallyAvailable = true;
+};
+struct ResidentProgram : Program {};
+struct InterchangedProgram : Program {};
+struct RemoteProgram : Program {
+  std::int32_t ProgramConnectionTag = 0;
+};
+
+struct Palette : Ingredient {};
+struct Font : Ingredient {};
+struct CursorShape : Ingredient {};
+
+struct BooleanVariable : Ingredient {
+  bool OriginalValue = false;
+  bool Value = false;
+};
+struct IntegerVariable : Ingredient {
+  std::int32_t OriginalValue = 0;
+  std::int32_t Value = 0;
+};
+struct OctetStringVariable : Ingredient {
+  OctetString OriginalValue;
+  OctetString Value;
+};
+struct ObjectRefVariable : Ingredient {
+  ObjectReference OriginalValue;
+  ObjectReference Value;
+};
+struct ContentRefVariable : Ingredient {
+  ContentReference OriginalValue;
+  ContentReference Value;
+};
+
+// One entry of an ActionSlots list: a list of actions, or NULL.
+struct ActionSlot {
+  bool IsNull = true;
+  ActionList Actions;
+};
+
+struct TokenGroupItem {
+  ObjectReference AVisible;
+  List<ActionSlot> ActionSlots;
+};
+
+// One movement: the target position for each token position, from position 1 on.
+struct Movement {
+  List<std::int32_t> Targets;
+};
+
+struct TokenGroup : Ingredient {
+  List<Movement> MovementTable;
+  List<TokenGroupItem> TokenGroupItems;
+  List<ActionSlot> NoTokenActionSlots;
+
+  std::int32_t TokenPosition = 0;  // 1-based; 0 while no member holds the token
+};
+
+struct ListItem {
+  ObjectReference AVisible;
+  bool IsSelected = false;
+  bool IsPresented = false;
+};
+
+struct ListGroup : TokenGroup {
+  List<Position> Positions;
+  bool WrapAround = false;
+  bool MultipleSelection = false;
+
+  List<ListItem> ItemList;
+  std::int32_t FirstItem = 1;  // 1-based; may lie outside the items
+};
+
+}  // namespace korvel

@@ -1,0 +1,40 @@
+// Making and releasing records by class number, for every class that the class tables list.
+#include "objects/item.h"
+
+#include <cstdio>
+
+#include "objects/class_tables.h"
+#include "objects/owned.h"
+
+namespace korvel {
+
+Item Item::New(ItemType type) noexcept {
+  Item item;
+  VisitIngredientClass(type, [&]<class Record>() {
+    Ingredient* record = Owned<Record>::New().Release();
+    if (record != nullptr) item = Item(type, record);
+  });
+  return item;
+}
+
+Item& Item::operator=(Item&& other) noexcept {
+  if (this != &other) {
+    Reset();
+    type_ = std::exchange(other.type_, ItemType::None);
+    record_ = std::exchange(other.record_, nullptr);
+  }
+  return *this;
+}
+
+void Item::Reset() noexcept {
+  Ingredient* record = std::exchange(record_, nullptr);
+  if (record == nullptr) return;
+  const bool isKnown = VisitIngredientClass(type_, [record]<class Record>() {
+    Owned<Record>(static_cast<Record*>(record)).Reset();
+  });
+  // A record whose class nobody knows cannot be released: its destructor is unknown too.
+  if (!isKnown) std::fputs("Unknown ItemType\n", stdout);
+  type_ = ItemType::None;
+}
+
+}  // namespace korvel

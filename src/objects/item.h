@@ -1,0 +1,45 @@
+// The owner of one ingredient's record, whatever its class: what a group's items and a stream's components are
+// lists of. The class number says which record stands behind it.
+#pragma once
+
+#include <utility>
+
+#include "objects/item_type.h"
+
+namespace korvel {
+
+struct Ingredient;
+
+class Item {
+ public:
+  Item() noexcept = default;
+  Item(ItemType type, Ingredient* record) noexcept : type_(type), record_(record) {}
+  Item(Item&& other) noexcept
+      : type_(std::exchange(other.type_, ItemType::None)),
+        record_(std::exchange(other.record_, nullptr)) {}
+  Item& operator=(Item&& other) noexcept;
+  Item(const Item&) = delete;
+  Item& operator=(const Item&) = delete;
+  ~Item() { Reset(); }
+
+  // A record of the class with its construction values. Without a record when memory is out or the number
+  // names no ingredient class.
+  [[nodiscard]] static Item New(ItemType type) noexcept;
+
+  [[nodiscard]] ItemType Type() const noexcept { return type_; }
+  // The record, to be used as the class that Type() names.
+  [[nodiscard]] Ingredient* Record() const noexcept { return record_; }
+  template <class T>
+  [[nodiscard]] T& As() const noexcept {
+    return *static_cast<T*>(record_);
+  }
+  explicit operator bool() const noexcept { return record_ != nullptr; }
+
+ private:
+  void Reset() noexcept;
+
+  ItemType type_ = ItemType::None;
+  Ingredient* record_ = nullptr;
+};
+
+}  // namespace korvel

@@ -1,0 +1,136 @@
+// The singly linked list that groups, items, actions and parameters are kept in. It owns its values; adding at the
+// end is quick, a long list is released without recursion, and a failed allocation leaves it as it was.
+#pragma once
+
+#include <cstddef>
+#include <new>
+#include <utility>
+
+#include "objects/memory.h"
+
+namespace korvel {
+
+template <class T>
+class List {
+  struct Node {
+    explicit Node(T&& initial) noexcept : value(std::move(initial)) {}
+    T value;
+    Node* next = nullptr;
+  };
+
+  template <class Value, class NodePointer>
+  class Walk {
+   public:
+    explicit Walk(NodePointer node) noexcept : node_(node) {}
+    Value& operator*() const noexcept { return node_->value; }
+    Value* operator->() const noexcept { return &node_->value; }
+    Walk& operator++() noexcept {
+      node_ = node_->next;
+      return *this;
+    }
+    bool operator==(const Walk& other) const noexcept { return node_ == other.node_; }
+
+   private:
+    NodePointer node_;
+  };
+
+ public:
+  List() noexcept = default;
+  List(List&& other) noexcept
+      : head_(std::exchange(other.head_, nullptr)), tail_(std::exchange(other.tail_, nullptr)) {}
+  List& operator=(List&& other) noexcept {
+    if (this != &other) {
+      Clear();
+      head_ = std::exchange(other.head_, nullptr);
+      tail_ = std::exchange(other.tail_, nullptr);
+    }
+    return *this;
+  }
+  List(const List&) = delete;
+  List& operator=(const List&) = delete;
+  ~List() { Clear(); }
+
+  auto begin() noexcept { return Walk<T, Node*>(head_); }
+  auto end() noexcept { return Walk<T, Node*>(nullptr); }
+  auto begin() const noexcept { return Walk<const T, const Node*>(head_); }
+  auto end() const noexcept { return Walk<const T, const Node*>(nullptr); }
+
+  [[nodiscard]] bool IsEmpty() const noexcept { return head_ == nullptr; }
+  [[nodiscard]] std::size_t Size() const noexcept {
+    std::size_t count = 0;
+    for (const Node* node = head_; node != nullptr; node = node->next) ++count;
+    return count;
+  }
+  // The value at a 0-based place, or null past the end.
+  [[nodiscard]] T* At(std::size_t index) noexcept {
+    Node* node = head_;
+    for (; node != nullptr && index > 0; --index) node = node->next;
+    return node == nullptr ? nullptr : &node->value;
+  }
+  [[nodiscard]] const T* At(std::size_t index) const noexcept {
+    return const_cast<List*>(this)->At(index);
+  }
+  [[nodiscard]] T* Last() noexcept { return tail_ == nullptr ? nullptr : &tail_->value; }
+
+  // Takes `value` in at the end and returns where it now stands; null, with `value` untouched, when memory is out.
+  [[nodiscard]] T* Append(T&& value) noexcept { return Link(tail_, std::move(value)); }
+  // Takes `value` in as the entry at a 0-based place; a place past the end means the end.
+  [[nodiscard]] T* InsertAt(std::size_t index, T&& value) noexcept {
+    Node* before = nullptr;
+    for (Node* node = head_; node != nullptr && index > 0; node = node->next, --index) before = node;
+    return Link(before, std::move(value));
+  }
+
+  // Takes the first value that `matches` out and moves it to `taken` (may be null). False when there is none.
+  template <class Predicate>
+  bool RemoveFirst(Predicate&& matches, T* taken = nullptr) noexcept {
+    Node* before = nullptr;
+    for (Node* node = head_; node != nullptr; before = node, node = node->next) {
+      if (!matches(node->value)) continue;
+      Unlink(before, node, taken);
+      return true;
+    }
+    return false;
+  }
+  // Takes every value that `matches` out.
+  template <class Predicate>
+  void RemoveAll(Predicate&& matches) noexcept {
+    while (RemoveFirst(matches)) {
+    }
+  }
+
+  void Clear() noexcept {
+    tail_ = nullptr;
+    while (head_ != nullptr) {
+      Node* node = std::exchange(head_, head_->next);
+      Destroy(node);
+    }
+  }
+
+ private:
+  T* Link(Node* before, T&& value) noexcept {
+    void* block = AllocateZeroed(sizeof(Node));
+    if (block == nullptr) return nullptr;
+    Node* node = new (block) Node(std::move(value));
+    Node*& slot = before == nullptr ? head_ : before->next;
+    node->next = slot;
+    slot = node;
+    if (node->next == nullptr) tail_ = node;
+    return &node->value;
+  }
+  void Unlink(Node* before, Node* node, T* taken) noexcept {
+    (before == nullptr ? head_ : before->next) = node->next;
+    if (tail_ == node) tail_ = before;
+    if (taken != nullptr) *taken = std::move(node->value);
+    Destroy(node);
+  }
+  static void Destroy(Node* node) noexcept {
+    node->~Node();
+    ReleaseMemory(node);
+  }
+
+  Node* head_ = nullptr;
+  Node* tail_ = nullptr;
+};
+
+}  // namespace korvel

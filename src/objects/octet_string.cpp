@@ -1,0 +1,66 @@
+// Copying and growing octet strings. New bytes are always made before the old ones go, so a failure changes
+// nothing and a string may be assigned from a part of itself.
+#include "objects/octet_string.h"
+
+#include <cstring>
+
+#include "objects/memory.h"
+
+namespace korvel {
+namespace {
+
+// The two pieces joined in a fresh zero-terminated block, or null.
+char* Join(std::string_view first, std::string_view second) noexcept {
+  const std::size_t length = first.size() + second.size();
+  if (length < first.size() || length + 1 == 0) return nullptr;
+  auto* block = static_cast<char*>(AllocateZeroed(length + 1));
+  if (block == nullptr) return nullptr;
+  if (!first.empty()) std::memcpy(block, first.data(), first.size());
+  if (!second.empty()) std::memcpy(block + first.size(), second.data(), second.size());
+  return block;
+}
+
+}  // namespace
+
+OctetString& OctetString::operator=(OctetString&& other) noexcept {
+  if (this != &other) {
+    Clear();
+    bytes_ = std::exchange(other.bytes_, nullptr);
+    length_ = std::exchange(other.length_, 0);
+  }
+  return *this;
+}
+
+bool OctetString::Assign(std::string_view bytes) noexcept {
+  char* block = Join(bytes, {});
+  if (block == nullptr) return false;
+  const std::size_t length = bytes.size();
+  Clear();
+  bytes_ = block;
+  length_ = length;
+  return true;
+}
+
+bool OctetString::CopyFrom(const OctetString& other) noexcept {
+  if (other.IsPresent()) return Assign(other.View());
+  Clear();
+  return true;
+}
+
+bool OctetString::Append(std::string_view bytes) noexcept {
+  char* block = Join(View(), bytes);
+  if (block == nullptr) return false;
+  const std::size_t length = length_ + bytes.size();
+  Clear();
+  bytes_ = block;
+  length_ = length;
+  return true;
+}
+
+void OctetString::Clear() noexcept {
+  ReleaseMemory(bytes_);
+  bytes_ = nullptr;
+  length_ = 0;
+}
+
+}  // namespace korvel

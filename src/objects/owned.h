@@ -1,0 +1,48 @@
+// A record on the engine's heap with exactly one owner, who releases it by going away.
+#pragma once
+
+#include <new>
+#include <utility>
+
+#include "objects/memory.h"
+
+namespace korvel {
+
+template <class T>
+class Owned {
+ public:
+  Owned() noexcept = default;
+  explicit Owned(T* record) noexcept : record_(record) {}
+  Owned(Owned&& other) noexcept : record_(std::exchange(other.record_, nullptr)) {}
+  Owned& operator=(Owned&& other) noexcept {
+    if (this != &other) Reset(std::exchange(other.record_, nullptr));
+    return *this;
+  }
+  Owned(const Owned&) = delete;
+  Owned& operator=(const Owned&) = delete;
+  ~Owned() { Reset(); }
+
+  // A record with its defaults, or an empty owner when memory is out.
+  [[nodiscard]] static Owned New() noexcept {
+    void* block = AllocateZeroed(sizeof(T));
+    return Owned(block == nullptr ? nullptr : new (block) T());
+  }
+
+  void Reset(T* record = nullptr) noexcept {
+    T* old = std::exchange(record_, record);
+    if (old == nullptr) return;
+    old->~T();
+    ReleaseMemory(old);
+  }
+
+  [[nodiscard]] T* Release() noexcept { return std::exchange(record_, nullptr); }
+  [[nodiscard]] T* Get() const noexcept { return record_; }
+  T& operator*() const noexcept { return *record_; }
+  T* operator->() const noexcept { return record_; }
+  explicit operator bool() const noexcept { return record_ != nullptr; }
+
+ private:
+  T* record_ = nullptr;
+};
+
+}  // namespace korvel

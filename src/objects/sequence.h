@@ -1,0 +1,64 @@
+// A growable row of small plain values on the engine's heap: the copy that a walk makes of a list before it runs
+// anything that could change the list.
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+#include <type_traits>
+#include <utility>
+
+#include "objects/memory.h"
+
+namespace korvel {
+
+template <class T>
+class Sequence {
+  static_assert(std::is_trivially_copyable_v<T>, "values are moved as bytes");
+
+ public:
+  Sequence() noexcept = default;
+  Sequence(Sequence&& other) noexcept
+      : values_(std::exchange(other.values_, nullptr)),
+        size_(std::exchange(other.size_, 0)),
+        capacity_(std::exchange(other.capacity_, 0)) {}
+  Sequence& operator=(Sequence&&) = delete;
+  Sequence(const Sequence&) = delete;
+  Sequence& operator=(const Sequence&) = delete;
+  ~Sequence() { ReleaseMemory(values_); }
+
+  // False, and unchanged, when memory is out.
+  [[nodiscard]] bool Append(const T& value) noexcept {
+    if (size_ == capacity_ && !Grow()) return false;
+    values_[size_++] = value;
+    return true;
+  }
+
+  [[nodiscard]] std::size_t Size() const noexcept { return size_; }
+  [[nodiscard]] bool IsEmpty() const noexcept { return size_ == 0; }
+  [[nodiscard]] T* begin() noexcept { return values_; }
+  [[nodiscard]] T* end() noexcept { return values_ + size_; }
+  [[nodiscard]] const T* begin() const noexcept { return values_; }
+  [[nodiscard]] const T* end() const noexcept { return values_ + size_; }
+  T& operator[](std::size_t index) noexcept { return values_[index]; }
+  const T& operator[](std::size_t index) const noexcept { return values_[index]; }
+
+ private:
+  static constexpr std::size_t kFirstCapacity = 8;
+
+  [[nodiscard]] bool Grow() noexcept {
+    const std::size_t capacity = capacity_ == 0 ? kFirstCapacity : capacity_ * 2;
+    auto* values = static_cast<T*>(AllocateZeroed(capacity * sizeof(T)));
+    if (values == nullptr) return false;
+    if (size_ > 0) std::memcpy(static_cast<void*>(values), values_, size_ * sizeof(T));
+    ReleaseMemory(values_);
+    values_ = values;
+    capacity_ = capacity;
+    return true;
+  }
+
+  T* values_ = nullptr;
+  std::size_t size_ = 0;
+  std::size_t capacity_ = 0;
+};
+
+}  // namespace korvel

@@ -1,0 +1,59 @@
+// Deep copies of values. Each builds the whole copy aside and moves it in last, so a failure changes nothing.
+#include "objects/values.h"
+
+#include <utility>
+
+namespace korvel {
+
+bool Copy(const ObjectReference& from, ObjectReference& to) noexcept {
+  ObjectReference copy;
+  copy.Number = from.Number;
+  if (!copy.GroupIdentifier.CopyFrom(from.GroupIdentifier)) return false;
+  to = std::move(copy);
+  return true;
+}
+
+bool Copy(const OptionalReference& from, OptionalReference& to) noexcept {
+  if (!Copy(from.Reference, to.Reference)) return false;
+  to.IsPresent = from.IsPresent;
+  return true;
+}
+
+bool Copy(const ColourValue& from, ColourValue& to) noexcept {
+  if (!to.Absolute.CopyFrom(from.Absolute)) return false;
+  to.Kind = from.Kind;
+  to.Index = from.Index;
+  return true;
+}
+
+bool Copy(const FontBody& from, FontBody& to) noexcept {
+  FontBody copy;
+  copy.Kind = from.Kind;
+  if (!copy.Name.CopyFrom(from.Name) || !Copy(from.Reference, copy.Reference)) return false;
+  to = std::move(copy);
+  return true;
+}
+
+bool Copy(const ContentReference& from, ContentReference& to) noexcept {
+  return to.Path.CopyFrom(from.Path);
+}
+
+bool Copy(const ContentBody& from, ContentBody& to) noexcept {
+  if (!to.Data.CopyFrom(from.Data)) return false;
+  to.IsReferenced = from.IsReferenced;
+  to.Size = from.Size;
+  to.CachePriority = from.CachePriority;
+  return true;
+}
+
+bool Copy(const GenericValue& from, GenericValue& to) noexcept {
+  GenericValue copy;
+  copy.Kind = from.Kind;
+  copy.Boolean = from.Boolean;
+  copy.Integer = from.Integer;
+  if (!copy.Octets.CopyFrom(from.Octets) || !Copy(from.Reference, copy.Reference)) return false;
+  to = std::move(copy);
+  return true;
+}
+
+}  // namespace korvel

@@ -1,0 +1,111 @@
+// The values that objects and actions carry: references, generic values, colours, fonts, contents and the small
+// pairs of numbers. They own what they hold; copying is a call of its own because it can fail.
+#pragma once
+
+#include <cstdint>
+
+#include "objects/list.h"
+#include "objects/octet_string.h"
+
+namespace korvel {
+
+// Names an object: the group that holds it and its number there. While the group identifier is absent the
+// reference means the group that contains it; number 0 names the group itself. A leading "~" of a group
+// identifier stands for the current directory.
+struct ObjectReference {
+  OctetString GroupIdentifier;
+  std::int32_t Number = 0;
+};
+
+// The numbers are those of the design: actions, parameters, colours and fonts carry them.
+enum class ValueKind : std::uint8_t {
+  None = 0,
+  Boolean = 1,
+  Integer = 2,
+  OctetString = 3,
+  ObjectReference = 4,
+  IndirectReference = 5,  // read the value from the variable that the reference names
+  ContentReference = 6,
+};
+
+// An action's target or parameter, or a link's event data: one value of the kind that `Kind` says. Only the field
+// that goes with the kind means anything.
+struct GenericValue {
+  ValueKind Kind = ValueKind::None;
+  bool Boolean = false;
+  std::int32_t Integer = 0;
+  OctetString Octets;         // OctetString, ContentReference
+  ObjectReference Reference;  // ObjectReference, IndirectReference
+};
+
+// A colour attribute: absent (None), an index into a palette (Integer; -1 is "not set"), or an absolute colour
+// (OctetString) of three bytes red, green, blue and an optional fourth, the transparency.
+struct ColourValue {
+  ValueKind Kind = ValueKind::None;
+  std::int32_t Index = 0;
+  OctetString Absolute;
+
+  [[nodiscard]] static ColourValue NotSet() noexcept {
+    ColourValue colour;
+    colour.Kind = ValueKind::Integer;
+    colour.Index = -1;
+    return colour;
+  }
+};
+
+// A font attribute: absent (None), a font name (OctetString), or a Font object (ObjectReference).
+struct FontBody {
+  ValueKind Kind = ValueKind::None;
+  OctetString Name;
+  ObjectReference Reference;
+};
+
+// The path of a content file in the broadcast file system.
+struct ContentReference {
+  OctetString Path;
+};
+
+// An ingredient's content: the data itself, or the path of the file that holds it. Absent while `Data` is.
+struct ContentBody {
+  OctetString Data;
+  bool IsReferenced = false;
+  std::int32_t Size = 0;
+  std::int32_t CachePriority = 127;
+};
+
+// A reference that need not be there. While it is not, nothing completes its group identifier.
+struct OptionalReference {
+  bool IsPresent = false;
+  ObjectReference Reference;
+};
+
+struct BoxSize {
+  std::int32_t Width = 0;
+  std::int32_t Height = 0;
+};
+
+struct Position {
+  std::int32_t X = 0;
+  std::int32_t Y = 0;
+};
+
+// One step of an action list. `ActionType` is the number of the action table; the parameters stand in the
+// order of the standard's syntax, nested groups of parameters flattened.
+struct ElementaryAction {
+  std::uint8_t ActionType = 0;
+  GenericValue Target;
+  List<GenericValue> Parameters;
+};
+
+using ActionList = List<ElementaryAction>;
+
+// Deep copies. False when memory is out; `to` is then unchanged.
+[[nodiscard]] bool Copy(const ObjectReference& from, ObjectReference& to) noexcept;
+[[nodiscard]] bool Copy(const OptionalReference& from, OptionalReference& to) noexcept;
+[[nodiscard]] bool Copy(const ColourValue& from, ColourValue& to) noexcept;
+[[nodiscard]] bool Copy(const FontBody& from, FontBody& to) noexcept;
+[[nodiscard]] bool Copy(const ContentReference& from, ContentReference& to) noexcept;
+[[nodiscard]] bool Copy(const ContentBody& from, ContentBody& to) noexcept;
+[[nodiscard]] bool Copy(const GenericValue& from, GenericValue& to) noexcept;
+
+}  // namespace korvel

@@ -1,0 +1,153 @@
+// The ingredients that are seen or heard: bitmaps, line art, text, interactibles, and streams with their
+// components. Boxes and positions are scene pixels, origin top-left.
+#pragma once
+
+#include <cstdint>
+
+#include "objects/ingredients.h"
+
+namespace korvel {
+
+struct Canvas;  // a DynamicLineArt's drawing surface; the presentation's own
+
+struct Visible : Ingredient {
+  korvel::BoxSize OriginalBoxSize;
+  korvel::Position OriginalPosition;
+  OptionalReference OriginalPaletteRef;
+  // The run-time values. Their names are the standard's, so the types are named in full.
+  korvel::BoxSize BoxSize;
+  korvel::Position Position;
+  OptionalReference PaletteRef;
+};
+
+// A size that was never set: the picture is drawn at its own size.
+inline constexpr std::int32_t kNotScaled = -1;
+
+struct Bitmap : Visible {
+  bool Tiling = false;
+  std::int32_t OriginalTransparency = 0;  // per cent
+  std::int32_t Transparency = 0;
+  korvel::BoxSize ScaledSize{kNotScaled, kNotScaled};
+  korvel::Position DecodeOffset;
+};
+
+struct LineArt : Visible {
+  bool BorderedBoundingBox = true;
+  std::int32_t OriginalLineWidth = 1;
+  std::int32_t OriginalLineStyle = 1;  // 1 solid, 2 dashed, 3 dotted
+  ColourValue OriginalRefLineColour = ColourValue::NotSet();
+  ColourValue OriginalRefFillColour = ColourValue::NotSet();
+  std::int32_t LineWidth = 1;
+  std::int32_t LineStyle = 1;
+  ColourValue RefLineColour = ColourValue::NotSet();
+  ColourValue RefFillColour = ColourValue::NotSet();
+};
+struct Rectangle : LineArt {};
+struct DynamicLineArt : LineArt {
+  // Made when first drawn on; given back to the presentation before the record is released.
+  korvel::Canvas* Canvas = nullptr;
+};
+
+struct Text : Visible {
+  FontBody OriginalFont;
+  OctetString FontAttributes;
+  ColourValue TextColour;
+  ColourValue BackgroundColour;
+  std::int32_t CharacterSet = 0;
+  std::int32_t HorizontalJustification = 1;  // 1 start, 2 end, 3 centre, 4 justified
+  std::int32_t VerticalJustification = 1;
+  std::int32_t LineOrientation = 2;  // 1 vertical, 2 horizontal
+  std::int32_t StartCorner = 1;      // 1 upper-left, 2 upper-right, 3 lower-left, 4 lower-right
+  bool TextWrapping = false;
+
+  OctetString TextData;  // what is shown
+  FontBody Font;
+};
+
+// What objects that the viewer can work have besides being visible.
+struct Interactible {
+  bool EngineResp = true;
+  ColourValue HighlightRefColour;
+  bool HighlightStatus = false;
+  bool InteractionStatus = false;
+};
+
+struct EntryField : Text, Interactible {
+  std::int32_t InputType = 3;  // 1 alpha, 2 numeric, 3 any, 4 listed
+  OctetString CharList;
+  bool ObsuredInput = false;
+  std::int32_t MaxLength = 0;  // 0: no limit
+  std::int32_t EntryPoint = 0;
+  bool OverwriteMode = false;
+};
+
+struct HyperText : Text, Interactible {
+  OctetString LastAnchorFired;
+};
+
+struct Button : Visible, Interactible {
+  ColourValue ButtonRefColour;
+  bool SelectionStatus = false;
+};
+struct HotSpot : Button {};
+struct PushButton : Button {
+  OctetString OriginalLabel;
+  OctetString Label;
+  std::int32_t CharacterSet = 0;
+};
+struct SwitchButton : PushButton {
+  std::int32_t ButtonStyle = 0;  // 1 push button, 2 radio button, 3 check box
+};
+
+struct Slider : Visible, Interactible {
+  std::int32_t Orientation = 0;  // where the bar begins: 1 left, 2 right, 3 up, 4 down
+  std::int32_t MaxValue = 0;
+  std::int32_t MinValue = 0;
+  std::int32_t InitialValue = 0;
+  std::int32_t InitialPortion = 0;
+  std::int32_t StepSize = 1;
+  std::int32_t SliderStyle = 1;  // 1 normal, 2 thermometer, 3 proportional
+  ColourValue SliderRefColour;
+  std::int32_t SliderValue = 0;
+  std::int32_t Portion = 0;
+};
+
+// The components of a Stream are no items of the group: they are found through their Stream.
+struct Audio : Ingredient {
+  std::int32_t ComponentTag = 0;
+  std::int32_t OriginalVolume = 0;
+  std::int32_t Volume = 0;
+};
+struct Video : Visible {
+  std::int32_t ComponentTag = 0;
+  std::int32_t Termination = 2;  // 1 freeze, 2 disappear
+  korvel::BoxSize ScaledSize{kNotScaled, kNotScaled};
+  korvel::Position DecodeOffset;
+};
+struct RTGraphics : Visible {
+  std::int32_t ComponentTag = 0;
+  std::int32_t Termination = 2;
+};
+
+struct Rational {
+  std::int32_t Numerator = 1;
+  std::int32_t Denominator = 1;
+};
+
+// A position of -1 is the absent one.
+struct CounterTrigger {
+  std::int32_t Identifier = 0;
+  std::int32_t Position = 0;
+};
+
+struct Stream : Ingredient {
+  List<Item> Multiplex;      // Audio, Video and RTGraphics
+  std::int32_t Storage = 2;  // 1 memory, 2 stream
+  std::int32_t Looping = 1;
+  Rational Speed;
+  std::int32_t CounterPosition = 0;
+  std::int32_t CounterEndPosition = -1;  // the end of the stream
+  List<CounterTrigger> CounterTriggers;
+};
+
+}  // namespace korvel

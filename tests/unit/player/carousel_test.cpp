@@ -1,0 +1,94 @@
+// Paths of the broadcast file system, as a carousel folder resolves and reads them.
+#include "player/carousel.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A carousel folder with a secret beside it, removed again after the test.
+class CarouselTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    top_ = fs::path(testing::TempDir()) /
+           ("carousel_" + std::to_string(testing::UnitTest::GetInstance()->random_seed()) + "_" +
+            testing::UnitTest::GetInstance()->current_test_info()->name());
+    Write("secret", "outside");
+    Write("root/a", "start-up");
+    Write("root/pictures/logo.png", "logo");
+    Write("root/empty", "");
+  }
+  void TearDown() override { fs::remove_all(top_); }
+
+  void Write(const char* name, std::string_view text) {
+    fs::create_directories((top_ / name).parent_path());
+    std::ofstream(top_ / name) << text;
+  }
+
+  // The text that a path reads, or "refused".
+  std::string Read(std::string_view path) {
+    const auto bytes = player::Carousel(top_ / "root").Read(path);
+    return bytes ? std::string(bytes->begin(), bytes->end()) : "refused";
+  }
+
+  fs::path top_;
+};
+
+TEST_F(CarouselTest, both_slashes_separate_alike) {
+  EXPECT_EQ(Read("pictures/logo.png"), "logo");
+  EXPECT_EQ(Read("pictures\\logo.png"), "logo");
+}
+
+TEST_F(CarouselTest, slashes_in_front_and_doubled_change_nothing) {
+  EXPECT_EQ(Read("/a"), "start-up");
+  EXPECT_EQ(Read("\\a"), "start-up");
+  EXPECT_EQ(Read("//pictures\\\\logo.png"), "logo");
+}
+
+TEST_F(CarouselTest, dots_may_move_inside_the_folder) {
+  EXPECT_EQ(Read("./a"), "start-up");
+  EXPECT_EQ(Read("pictures/../a"), "start-up");
+  EXPECT_EQ(Read("pictures\\.\\logo.png"), "logo");
+}
+
+TEST_F(CarouselTest, nothing_leads_out_of_the_folder) {
+  EXPECT_EQ(Read("../secret"), "refused");
+  EXPECT_EQ(Read("..\\secret"), "refused");
+  EXPECT_EQ(Read("pictures/../../secret"), "refused");
+  EXPECT_EQ(Read("../root/a"), "refused");
+  EXPECT_EQ(Read((top_ / "secret").string()), "refused");
+}
+
+TEST_F(CarouselTest, drives_and_streams_are_refused) {
+  Write("root/c:x", "drive");
+  EXPECT_EQ(Read("c:x"), "refused");
+  EXPECT_EQ(Read("C:\\a"), "refused");
+  EXPECT_EQ(Read("a::$DATA"), "refused");
+}
+
+TEST_F(CarouselTest, names_that_windows_would_shorten_are_refused) {
+  Write("root/.../a", "dots");
+  Write("root/a ", "blank");
+  EXPECT_EQ(Read(".../a"), "refused");
+  EXPECT_EQ(Read("a "), "refused");
+  EXPECT_EQ(Read(".. /secret"), "refused");
+}
+
+TEST_F(CarouselTest, a_zero_byte_is_no_part_of_a_name) {
+  EXPECT_EQ(Read(std::string_view("a\0b", 3)), "refused");
+}
+
+TEST_F(CarouselTest, folders_and_missing_files_do_not_read) {
+  EXPECT_EQ(Read("pictures"), "refused");
+  EXPECT_EQ(Read("missing"), "refused");
+  EXPECT_EQ(Read(""), "refused");
+  EXPECT_EQ(Read("pictures/.."), "refused");
+}
+
+TEST_F(CarouselTest, an_empty_file_reads_as_no_bytes) { EXPECT_EQ(Read("empty"), ""); }
+
+}  // namespace

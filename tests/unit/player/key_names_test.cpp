@@ -1,0 +1,53 @@
+// Every name that a script may press, and the virtual key that it stands for.
+#include "player/key_names.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using player::VirtualKeyOf;
+
+TEST(KeyNames, control_keys_go_by_their_names) {
+  EXPECT_EQ(VirtualKeyOf("Enter"), 13U);
+  EXPECT_EQ(VirtualKeyOf("Escape"), 27U);
+  EXPECT_EQ(VirtualKeyOf("Left"), 37U);
+  EXPECT_EQ(VirtualKeyOf("Up"), 38U);
+  EXPECT_EQ(VirtualKeyOf("Right"), 39U);
+  EXPECT_EQ(VirtualKeyOf("Down"), 40U);
+}
+
+TEST(KeyNames, words_for_the_kind_of_key_may_be_said) {
+  EXPECT_EQ(VirtualKeyOf("Left arrow"), 37U);
+  EXPECT_EQ(VirtualKeyOf("letter B"), 66U);
+  EXPECT_EQ(VirtualKeyOf("digit 7"), 55U);
+}
+
+TEST(KeyNames, case_does_not_matter) {
+  EXPECT_EQ(VirtualKeyOf("ENTER"), 13U);
+  EXPECT_EQ(VirtualKeyOf("r"), 82U);
+}
+
+TEST(KeyNames, digits_and_keypad_digits_differ) {
+  EXPECT_EQ(VirtualKeyOf("0"), 48U);
+  EXPECT_EQ(VirtualKeyOf("9"), 57U);
+  EXPECT_EQ(VirtualKeyOf("Keypad 0"), 96U);
+  EXPECT_EQ(VirtualKeyOf("Keypad9"), 105U);
+}
+
+TEST(KeyNames, colours_and_text_stand_for_letters) {
+  EXPECT_EQ(VirtualKeyOf("Red"), VirtualKeyOf("R"));
+  EXPECT_EQ(VirtualKeyOf("Green"), VirtualKeyOf("G"));
+  EXPECT_EQ(VirtualKeyOf("Yellow"), VirtualKeyOf("Y"));
+  EXPECT_EQ(VirtualKeyOf("Blue"), VirtualKeyOf("B"));
+  EXPECT_EQ(VirtualKeyOf("Text"), VirtualKeyOf("T"));
+  EXPECT_EQ(VirtualKeyOf("Text"), 84U);
+  EXPECT_EQ(VirtualKeyOf("I"), 73U);
+}
+
+TEST(KeyNames, anything_else_is_no_key) {
+  for (const char* name : {"", "A", "10", "Keypad", "Keypad R", "F1", "Purple", "*"}) {
+    EXPECT_FALSE(VirtualKeyOf(name)) << name;
+  }
+}
+
+}  // namespace

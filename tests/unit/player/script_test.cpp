@@ -1,0 +1,49 @@
+// The steps that a script gives, and the line that is named when it gives none.
+#include "player/script.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+using player::Step;
+using player::StepKind;
+
+TEST(Script, gives_its_steps_in_order) {
+  std::istringstream text("wait 250\nkey Red\nshot pictures/first one.png\nexit\n");
+  std::vector<Step> steps;
+  std::string problem;
+  ASSERT_TRUE(player::ReadScript(text, steps, problem)) << problem;
+  ASSERT_EQ(steps.size(), 4U);
+  EXPECT_EQ(steps[0].kind, StepKind::Wait);
+  EXPECT_EQ(steps[0].number, 250U);
+  EXPECT_EQ(steps[1].kind, StepKind::Key);
+  EXPECT_EQ(steps[1].number, 82U);
+  EXPECT_EQ(steps[2].kind, StepKind::Shot);
+  EXPECT_EQ(steps[2].file, "pictures/first one.png");
+  EXPECT_EQ(steps[3].kind, StepKind::Exit);
+}
+
+TEST(Script, passes_over_blank_lines_remarks_and_line_ends_of_windows) {
+  std::istringstream text("# first\r\n\r\n  wait 1  \r\n\t# last\nexit");
+  std::vector<Step> steps;
+  std::string problem;
+  ASSERT_TRUE(player::ReadScript(text, steps, problem)) << problem;
+  ASSERT_EQ(steps.size(), 2U);
+  EXPECT_EQ(steps[0].number, 1U);
+}
+
+TEST(Script, names_the_line_that_is_wrong_and_gives_no_steps) {
+  for (const char* wrong : {"wait", "wait -1", "wait 1s", "wait 99999999999", "key", "key Purple",
+                            "shot", "exit now", "press Red", "Wait 5"}) {
+    std::istringstream text("wait 1\n" + std::string(wrong) + "\nexit\n");
+    std::vector<Step> steps;
+    std::string problem;
+    EXPECT_FALSE(player::ReadScript(text, steps, problem)) << wrong;
+    EXPECT_TRUE(steps.empty()) << wrong;
+    EXPECT_EQ(problem, "line 2: no such step: " + std::string(wrong));
+  }
+}
+
+}  // namespace

@@ -1,0 +1,9 @@
+// The exit statuses of the host application; 0 is a run that ended as asked.
+#pragma once
+
+namespace player {
+
+inline constexpr int kRunFailed = 1;  // the engine refused to start, or a picture could not be kept
+inline constexpr int kWrongUse = 2;   // wrong arguments, a missing folder, an unreadable script
+
+}  // namespace player

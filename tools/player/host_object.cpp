@@ -1,0 +1,69 @@
+// The functions of the host object. A file that is not in the folder will not appear later either,
+// so it is answered with a failure and never with "not yet available".
+#include "player/host_object.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <new>
+
+namespace player {
+namespace {
+
+constexpr std::uint32_t kNoSuchFile = 2;
+constexpr std::int32_t kNoInterface = static_cast<std::int32_t>(0x80004002);
+
+HostObject& Self(MHEG5Host* host) { return *static_cast<HostObject*>(host); }
+
+std::int32_t KORVEL_CALL QueryInterface(MHEG5Host* /*host*/, const void* /*interfaceId*/,
+                                        void** object) {
+  *object = nullptr;
+  return kNoInterface;
+}
+
+std::uint32_t KORVEL_CALL AddRef(MHEG5Host* host) { return ++Self(host).references; }
+
+std::uint32_t KORVEL_CALL Release(MHEG5Host* host) { return --Self(host).references; }
+
+void KORVEL_CALL HostOwn(MHEG5Host* /*host*/) {}
+
+std::uint32_t KORVEL_CALL ReadFile(MHEG5Host* host, const char* path, void** data,
+                                   std::uint32_t* size) {
+  HostObject& self = Self(host);
+  const auto bytes = self.carousel.Read(path);
+  if (self.isVerbose) {
+    if (bytes) {
+      std::fprintf(stderr, "read %s: %zu bytes\n", path, bytes->size());
+    } else {
+      std::fprintf(stderr, "read %s: no such file\n", path);
+    }
+  }
+  if (!bytes) return kNoSuchFile;
+  char* const buffer = new (std::nothrow) char[bytes->size()];
+  if (buffer == nullptr) return kNoSuchFile;
+  std::ranges::copy(*bytes, buffer);
+  *data = buffer;
+  if (size != nullptr) *size = static_cast<std::uint32_t>(bytes->size());
+  ++self.buffers;
+  return kMHEG5FileRead;
+}
+
+void KORVEL_CALL FreeBuffer(MHEG5Host* host, void* data) {
+  delete[] static_cast<char*>(data);
+  --Self(host).buffers;
+}
+
+// The player closes the engine by ExitMHEG5 and has no use for the callback.
+void KORVEL_CALL SetExitCallback(MHEG5Host* /*host*/, MHEG5ExitCallback /*callback*/,
+                                 std::uintptr_t /*context*/) {}
+
+constexpr MHEG5HostTable kTable = {
+    QueryInterface, AddRef,     Release, HostOwn, HostOwn, HostOwn,
+    ReadFile,       FreeBuffer, HostOwn, HostOwn, HostOwn, SetExitCallback,
+};
+
+}  // namespace
+
+HostObject::HostObject(const Carousel& files, bool isLoggingReads)
+    : MHEG5Host{&kTable}, carousel(files), isVerbose(isLoggingReads) {}
+
+}  // namespace player

@@ -1,0 +1,48 @@
+// A name loses its case and the words that only say what kind of key it is; what is left is
+// looked up, or is a single character that is its own virtual key.
+#include "player/key_names.h"
+
+#include <algorithm>
+#include <cctype>
+#include <string_view>
+
+namespace player {
+namespace {
+
+struct KeyName {
+  std::string_view name;
+  unsigned virtualKey;
+};
+
+constexpr KeyName kNames[] = {
+    {"enter", 13}, {"escape", 27}, {"left", 37},    {"up", 38},    {"right", 39}, {"down", 40},
+    {"red", 'R'},  {"green", 'G'}, {"yellow", 'Y'}, {"blue", 'B'}, {"text", 'T'},
+};
+
+constexpr std::string_view kCharacters = "0123456789bgirty";
+constexpr unsigned kKeypadZero = 96;
+
+void RemoveWord(std::string_view word, std::string& name) {
+  if (const std::size_t at = name.find(word); at != std::string::npos) name.erase(at, word.size());
+}
+
+}  // namespace
+
+std::optional<unsigned> VirtualKeyOf(std::string name) {
+  std::erase(name, ' ');
+  std::ranges::transform(name, name.begin(),
+                         [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  for (std::string_view word : {"arrow", "digit", "letter"}) RemoveWord(word, name);
+  for (const KeyName& key : kNames) {
+    if (key.name == name) return key.virtualKey;
+  }
+  const bool isOnKeypad = name.starts_with("keypad");
+  if (isOnKeypad) RemoveWord("keypad", name);
+  if (name.size() != 1 || kCharacters.find(name[0]) == std::string_view::npos) return std::nullopt;
+  const auto character = static_cast<unsigned char>(name[0]);
+  if (!isOnKeypad) return static_cast<unsigned>(std::toupper(character));
+  if (std::isdigit(character) == 0) return std::nullopt;
+  return kKeypadZero + character - '0';
+}
+
+}  // namespace player

@@ -1,0 +1,66 @@
+// One line is a word and the rest of the line, which may hold blanks (names of keys and files).
+#include "player/script.h"
+
+#include <algorithm>
+#include <charconv>
+#include <istream>
+#include <optional>
+
+#include "player/key_names.h"
+
+namespace player {
+namespace {
+
+constexpr const char* kBlanks = " \t\r";
+
+std::string Trimmed(const std::string& text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+std::optional<unsigned> NumberIn(const std::string& text) {
+  unsigned number = 0;
+  const char* end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number);
+  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  return number;
+}
+
+// The step that a word and its argument ask for; nothing where they ask for none.
+std::optional<Step> StepOf(const std::string& word, const std::string& argument) {
+  if (word == "wait") {
+    const auto milliseconds = NumberIn(argument);
+    if (milliseconds) return Step{StepKind::Wait, *milliseconds, {}};
+  } else if (word == "key") {
+    const auto virtualKey = VirtualKeyOf(argument);
+    if (virtualKey) return Step{StepKind::Key, *virtualKey, {}};
+  } else if (word == "shot") {
+    if (!argument.empty()) return Step{StepKind::Shot, 0, argument};
+  } else if (word == "exit") {
+    if (argument.empty()) return Step{StepKind::Exit, 0, {}};
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+bool ReadScript(std::istream& text, std::vector<Step>& steps, std::string& problem) {
+  std::vector<Step> read;
+  std::string line;
+  for (unsigned number = 1; std::getline(text, line); ++number) {
+    line = Trimmed(line);
+    if (line.empty() || line.front() == '#') continue;
+    const std::size_t end = std::min(line.find_first_of(kBlanks), line.size());
+    const auto step = StepOf(line.substr(0, end), Trimmed(line.substr(end)));
+    if (!step) {
+      problem = "line " + std::to_string(number) + ": no such step: " + line;
+      return false;
+    }
+    read.push_back(*step);
+  }
+  steps = std::move(read);
+  return true;
+}
+
+}  // namespace player

@@ -1,0 +1,44 @@
+// One run of the engine: starts it, carries out the script, takes the last picture, and sees it
+// closed. Everything happens on the thread that made the session, which serves its messages.
+#pragma once
+
+#include <filesystem>
+#include <vector>
+
+#include "player/engine_library.h"
+#include "player/options.h"
+#include "player/screenshot.h"
+#include "player/script.h"
+
+namespace player {
+
+class Session {
+ public:
+  explicit Session(const EngineLibrary& engine) : engine_(engine) {}
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+  ~Session();
+
+  // Runs from start to close; 0 or the status to exit with, after a message. With neither a script
+  // that exits nor a screenshot, the run lasts until the engine window is closed.
+  [[nodiscard]] int Run(MHEG5Host& host, const std::vector<Step>& steps, const Options& options);
+
+ private:
+  template <typename Condition>
+  bool PumpUntil(unsigned limitMs, Condition isMet);
+  void Pump(unsigned milliseconds);
+  void TakeMessages();
+  bool RunSteps(const std::vector<Step>& steps);
+  bool TakeShot(const std::filesystem::path& file);
+  void PressKey(unsigned virtualKey) const;
+  bool Close();
+
+  const EngineLibrary& engine_;
+  PictureWriter pictures_;
+  HWND hostWindow_ = nullptr;
+  HWND engineWindow_ = nullptr;
+  bool isEngineClosed_ = false;
+  bool isCloseWanted_ = false;
+};
+
+}  // namespace player

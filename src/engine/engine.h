@@ -34,8 +34,6 @@ void ResetEngine() noexcept;
 // An event from outside: UserInput with a key number, or TimerFired with a timer id.
 Status RaiseOutsideEvent(std::int32_t sourceNumber, EventType type, std::int32_t value) noexcept;
 
-void EmptyPersistentStore() noexcept;
-
 // ---- The running groups ----
 
 // Null while none runs. Both may change in every call that can run actions: ask again after one.
@@ -134,7 +132,7 @@ struct EventData {
 };
 
 // Runs the links (five at the most) that wait for this event of this source, at once. Done when none fired, else the
-// last link's result; Failure and Replaced stop the rest. The name is copied.
+// last link's result; Failure and Replaced stop the rest. The name is not read any more once a link runs.
 Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
                   EventData data) noexcept;
 // The same with an object as the source.
@@ -174,5 +172,19 @@ Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference) n
 inline constexpr std::int32_t kNoTimerValue = -1;
 inline constexpr std::int32_t kNotGiven = 2;
 Status SetTimer(Group& group, std::int32_t id, std::int32_t value, std::int32_t absolute) noexcept;
+
+// ---- The persistent store: named blocks of bytes, in memory for as long as the engine runs ----
+
+// Puts a block in under a name, taking it over. Failure, said, with `data` still the caller's, when memory is out.
+Status AppendPersistent(std::string_view name, OctetString&& data) noexcept;
+// Takes the first block of that name out. Refused when there is none.
+Status TakePersistent(std::string_view name, OctetString& data) noexcept;
+Status RemovePersistent(std::string_view name) noexcept;
+void EmptyPersistentStore() noexcept;
+
+// ---- Chance ----
+
+// The random generator's next value, 0 to 2^31 - 1. An engine start seeds it with the time.
+[[nodiscard]] std::uint32_t NextRandom() noexcept;
 
 }  // namespace korvel

@@ -95,7 +95,15 @@ class List {
   // Takes every value that `matches` out.
   template <class Predicate>
   void RemoveAll(Predicate&& matches) noexcept {
-    while (RemoveFirst(matches)) {
+    Node* before = nullptr;
+    for (Node* node = head_; node != nullptr;) {
+      Node* next = node->next;
+      if (matches(node->value)) {
+        Unlink(before, node, nullptr);
+      } else {
+        before = node;
+      }
+      node = next;
     }
   }
 

@@ -1,0 +1,105 @@
+// Keeps the core's state, the life of ended groups, and the limits that stop content from nesting or working
+// without end.
+#include "engine/core.h"
+
+#include <cstdio>
+#include <utility>
+
+#include "host/host.h"
+#include "presentation/presentation.h"
+
+namespace korvel {
+namespace {
+
+// Deep enough for any content that means to end, shallow enough for the worker's default stack, and below 256, so
+// that the 8-bit generation counters cannot come round inside one nest.
+constexpr std::uint32_t kMostLevels = 100;
+
+// What one key, timer expiry or start may cost: far beyond real content, and over in a moment.
+constexpr std::uint32_t kMostActions = 1'000'000;
+// What may still run once a close is pending.
+constexpr std::uint32_t kMostActionsWhileClosing = 10'000;
+
+// State without a destructor: when the process ends other threads may have been stopped anywhere, so nothing
+// is released then; the worker has reset the core before.
+union Immortal {
+  Core core;
+  constexpr Immortal() noexcept : core() {}
+  ~Immortal() {}
+};
+Immortal immortal;
+
+void ReportLimit(const char* message) noexcept {
+  if (std::exchange(TheCore().isOverLimit, true)) return;
+  std::fputs(message, stdout);
+}
+
+// The record's canvases belong to the presentation, which must get them back before the record goes.
+void GiveCanvasesBack(const Group& group) noexcept {
+  for (const Item& item : group.Items) {
+    if (item.Type() != ItemType::DynamicLineArt) continue;
+    DestroyCanvas(std::exchange(item.As<DynamicLineArt>().Canvas, nullptr));
+  }
+}
+
+}  // namespace
+
+Core& TheCore() noexcept { return immortal.core; }
+
+void ReleaseEndedGroups() noexcept {
+  Core& core = TheCore();
+  if (core.busyCount > 0) return;
+  while (core.ended != nullptr) {
+    OwnedGroup group(std::exchange(core.ended, core.ended->nextEnded));
+    GiveCanvasesBack(*group.Get());
+  }
+}
+
+void BeginWork() noexcept {
+  Core& core = TheCore();
+  ReleaseEndedGroups();
+  core.actionsLeft = kMostActions;
+  core.isCloseAccountOpen = false;
+  core.isOverLimit = false;
+}
+
+Busy::Busy() noexcept { ++TheCore().busyCount; }
+
+Busy::~Busy() { --TheCore().busyCount; }
+
+NestingLevel::NestingLevel() noexcept {
+  Core& core = TheCore();
+  ++core.nestingLevel;
+  if (core.nestingLevel > kMostLevels) ReportLimit("Event nesting too deep\n");
+  isAllowed_ = !core.isOverLimit;
+}
+
+NestingLevel::~NestingLevel() { --TheCore().nestingLevel; }
+
+bool TakeAction() noexcept {
+  Core& core = TheCore();
+  if (IsClosing() && !core.isCloseAccountOpen) {
+    core.isCloseAccountOpen = true;
+    if (core.actionsLeft > kMostActionsWhileClosing) core.actionsLeft = kMostActionsWhileClosing;
+  }
+  if (core.actionsLeft == 0) ReportLimit("Too many actions\n");
+  if (core.isOverLimit) return false;
+  --core.actionsLeft;
+  return true;
+}
+
+Application* CurrentApplication() noexcept { return TheCore().application; }
+
+Scene* CurrentScene() noexcept { return TheCore().scene; }
+
+Generations& CurrentGenerations() noexcept { return TheCore().generations; }
+
+std::uint32_t NextRandom() noexcept {
+  // A linear congruential generator modulo 2^31; its high bits are mixed in, so that small moduli vary as well.
+  constexpr std::uint32_t kMask = 0x7FFFFFFF;
+  Core& core = TheCore();
+  core.random = core.random * 1103515245U + 12345U;
+  return (core.random ^ (core.random >> 16U)) & kMask;
+}
+
+}  // namespace korvel

@@ -1,0 +1,141 @@
+// The display stack: the running application's ordered list of the visibles to be drawn, bottom-most first. Entries
+// borrow their visibles; a visible is in the stack at most once, because whoever enters it takes it out before.
+#include <cstdio>
+
+#include "engine/core.h"
+#include "presentation/presentation.h"
+
+namespace korvel {
+namespace {
+
+auto IsEntry(ItemType kind, const Ingredient& visible) {
+  return [kind, &visible](const StackedVisible& entry) {
+    return entry.Visible == &visible && (kind == ItemType::None || entry.Kind == kind);
+  };
+}
+
+Status Inserted(const StackedVisible* entry, const char* message) noexcept {
+  if (entry != nullptr) return Status::Done;
+  std::fputs(message, stdout);
+  return Status::Failure;
+}
+
+constexpr const char* kNoMemory = "Can't allocate memory for DisplayStack\n";
+constexpr const char* kNoMemoryForItem = "Can't allocate memory for DisplayStack item\n";
+
+// The 0-based place of the first entry of a visible, or the number of entries when it has none.
+std::size_t PlaceOf(const Application& application, const Ingredient& visible) noexcept {
+  std::size_t place = 0;
+  for (const StackedVisible& entry : application.DisplayStack) {
+    if (entry.Visible == &visible) break;
+    ++place;
+  }
+  return place;
+}
+
+// What every stacking action asks first: an available visible that is in the stack under its class.
+bool IsStackable(const Application* application, ItemType kind, const Visible& visible) noexcept {
+  return application != nullptr && visible.AvailabilityStatus &&
+         StackContains(*application, kind, visible) == Status::Done;
+}
+
+Status RedrawIfRunning(Status status, const Visible& visible) noexcept {
+  if (status == Status::Failure || !visible.RunningStatus) return status;
+  return Redraw() == Status::Failure ? Status::Failure : status;
+}
+
+}  // namespace
+
+Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible) noexcept {
+  return Inserted(application.DisplayStack.Append({kind, &visible}), kNoMemory);
+}
+
+Status InsertAtPosition(Application& application, std::int32_t position, ItemType kind,
+                        Ingredient& visible) noexcept {
+  const auto place = position < 1 ? std::size_t{0} : static_cast<std::size_t>(position - 1);
+  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}), kNoMemory);
+}
+
+Status EntryAtPosition(const Application& application, std::int32_t position,
+                       StackedVisible& entry) noexcept {
+  if (position < 1) return Status::Refused;
+  const auto* found = application.DisplayStack.At(static_cast<std::size_t>(position - 1));
+  if (found == nullptr) return Status::Refused;
+  entry = *found;
+  return Status::Done;
+}
+
+Status RemoveTop(Application& application, StackedVisible& entry) noexcept {
+  const StackedVisible* top = application.DisplayStack.Last();
+  const bool isRemoved = application.DisplayStack.RemoveFirst(
+      [top](const StackedVisible& candidate) { return &candidate == top; }, &entry);
+  return isRemoved ? Status::Done : Status::Refused;
+}
+
+Status RemoveFromStack(Application& application, ItemType kind,
+                       const Ingredient& visible) noexcept {
+  const bool isRemoved = application.DisplayStack.RemoveFirst(IsEntry(kind, visible));
+  return isRemoved ? Status::Done : Status::Refused;
+}
+
+Status StackContains(const Application& application, ItemType kind,
+                     const Ingredient& visible) noexcept {
+  const auto isEntry = IsEntry(kind, visible);
+  for (const StackedVisible& entry : application.DisplayStack) {
+    if (isEntry(entry)) return Status::Done;
+  }
+  return Status::Refused;
+}
+
+Status InsertAtBottom(Application& application, ItemType kind, Ingredient& visible) noexcept {
+  return Inserted(application.DisplayStack.InsertAt(0, {kind, &visible}), kNoMemoryForItem);
+}
+
+Status InsertBelow(Application& application, ItemType kind, Ingredient& visible,
+                   const Ingredient& reference) noexcept {
+  const std::size_t place = PlaceOf(application, reference);
+  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}), kNoMemoryForItem);
+}
+
+Status InsertAbove(Application& application, ItemType kind, Ingredient& visible,
+                   const Ingredient& reference) noexcept {
+  if (StackContains(application, ItemType::None, reference) != Status::Done) return Status::Refused;
+  const std::size_t place = PlaceOf(application, reference) + 1;
+  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}), kNoMemoryForItem);
+}
+
+void ClearStack(Application& application) noexcept { application.DisplayStack.Clear(); }
+
+Status BringToFront(ItemType kind, Visible& visible) noexcept {
+  Application* application = CurrentApplication();
+  if (!IsStackable(application, kind, visible)) return Status::Refused;
+  if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
+  return RedrawIfRunning(AppendOnTop(*application, kind, visible), visible);
+}
+
+Status SendToBack(ItemType kind, Visible& visible) noexcept {
+  Application* application = CurrentApplication();
+  if (!IsStackable(application, kind, visible)) return Status::Refused;
+  if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
+  return RedrawIfRunning(InsertAtBottom(*application, kind, visible), visible);
+}
+
+Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) noexcept {
+  Application* application = CurrentApplication();
+  if (!IsStackable(application, kind, visible)) return Status::Refused;
+  if (StackContains(*application, ItemType::None, reference) != Status::Done) return Status::Refused;
+  // Taken out, a visible could not be found again as its own reference.
+  if (&visible == &reference) return Status::Refused;
+  if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
+  return RedrawIfRunning(InsertAbove(*application, kind, visible, reference), visible);
+}
+
+Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference) noexcept {
+  Application* application = CurrentApplication();
+  if (!IsStackable(application, kind, visible)) return Status::Refused;
+  if (StackContains(*application, ItemType::None, reference) != Status::Done) return Status::Refused;
+  if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
+  return RedrawIfRunning(InsertBelow(*application, kind, visible, reference), visible);
+}
+
+}  // namespace korvel

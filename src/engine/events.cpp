@@ -1,0 +1,135 @@
+// Raising events: collecting the links that wait for one and running their effects, at once and before the raising
+// call returns. The collection is complete before the first link runs, so what links do to the tables, to other
+// links or to whole groups does not disturb it; a link whose group has ended meanwhile is passed over.
+#include <array>
+#include <cstddef>
+
+#include "engine/core.h"
+#include "engine/link_tables.h"
+#include "engine/outside_events.h"
+
+namespace korvel {
+namespace {
+
+// One event runs no more links than this; further ones that match stay out.
+constexpr std::size_t kMostLinks = 5;
+
+struct CollectedLink {
+  Link* Collected = nullptr;
+  Group* Owner = nullptr;
+  Scope Context = Scope::SceneFirst;
+};
+
+struct LinkCollection {
+  std::array<CollectedLink, kMostLinks> Links;
+  std::size_t Count = 0;
+};
+
+bool MatchesData(const GenericValue& waitedFor, EventData data) noexcept {
+  if (waitedFor.Kind == ValueKind::None) return true;
+  if (waitedFor.Kind != data.Kind) return false;
+  if (data.Kind == ValueKind::Integer) return waitedFor.Integer == data.Value;
+  if (data.Kind == ValueKind::Boolean) return waitedFor.Boolean == (data.Value != 0);
+  return false;
+}
+
+bool MatchesEvent(const Link& link, EventType type, EventData data) noexcept {
+  return link.Condition.EventType == static_cast<std::int32_t>(type) &&
+         MatchesData(link.Condition.EventData, data) && link.RunningStatus;
+}
+
+bool MatchesSource(const LinkCondition& condition, std::string_view sourceGroup,
+                   std::int32_t sourceNumber) noexcept {
+  return condition.EventSource.Number == sourceNumber &&
+         WithoutTilde(condition.EventSource.GroupIdentifier.View()) == WithoutTilde(sourceGroup);
+}
+
+enum class SceneName { AsStored, WithoutTilde };
+
+// A link of a scene waits only while that scene is the current one.
+bool IsInContext(const LinkTableEntry& entry, SceneName comparison) noexcept {
+  if (entry.Context == Scope::ApplicationFirst) return true;
+  const Scene* scene = CurrentScene();
+  if (scene == nullptr) return false;
+  const std::string_view linkGroup = entry.Waiting->Reference.GroupIdentifier.View();
+  if (comparison == SceneName::AsStored) return linkGroup == NameOf(*scene);
+  return WithoutTilde(linkGroup) == WithoutTilde(NameOf(*scene));
+}
+
+template <class Predicate>
+LinkCollection Collect(EventType type, Predicate&& waits) noexcept {
+  LinkCollection collection;
+  const LinkTable* table = TableOf(static_cast<std::int32_t>(type));
+  if (table == nullptr) return collection;
+  for (const LinkTableEntry& entry : *table) {
+    if (collection.Count == kMostLinks) break;
+    if (!waits(entry)) continue;
+    collection.Links[collection.Count++] = {entry.Waiting, entry.Waiting->owner, entry.Context};
+  }
+  return collection;
+}
+
+// The reserved integer that a link's actions are run with.
+std::int32_t ActionValue(EventData data) noexcept {
+  return data.Kind == ValueKind::Integer || data.Kind == ValueKind::Boolean ? data.Value : -1;
+}
+
+Status RunLink(const CollectedLink& link, EventData data) noexcept {
+  const ActionHolder effect{&link.Collected->LinkEffect, link.Owner};
+  return RunActions(link.Context, effect, ActionValue(data),
+                    link.Collected->Reference.GroupIdentifier.View());
+}
+
+bool StopsDispatch(Status status) noexcept {
+  return status == Status::Failure || status == Status::Replaced;
+}
+
+template <class Links>
+Status RunLinks(const Links& links, EventData data) noexcept {
+  const Busy busy;
+  Status status = Status::Done;
+  for (const CollectedLink& link : links) {
+    if (link.Collected == nullptr || IsGone(*link.Owner)) continue;
+    status = RunLink(link, data);
+    if (StopsDispatch(status)) break;
+  }
+  return status;
+}
+
+}  // namespace
+
+Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
+                  EventData data) noexcept {
+  const LinkCollection collection = Collect(type, [&](const LinkTableEntry& entry) {
+    return MatchesSource(entry.Waiting->Condition, sourceGroup, sourceNumber) &&
+           MatchesEvent(*entry.Waiting, type, data) && IsInContext(entry, SceneName::AsStored);
+  });
+  return RunLinks(collection.Links, data);
+}
+
+Status RaiseEvent(const Root& source, EventType type, EventData data) noexcept {
+  return RaiseEvent(source.Reference.GroupIdentifier.View(), source.Reference.Number, type, data);
+}
+
+Status RaiseEventByType(EventType type, EventData data) noexcept {
+  const LinkCollection collection = Collect(type, [&](const LinkTableEntry& entry) {
+    return MatchesEvent(*entry.Waiting, type, data) && IsInContext(entry, SceneName::WithoutTilde);
+  });
+  return RunLinks(collection.Links, data);
+}
+
+Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) noexcept {
+  Sequence<CollectedLink> links;
+  for (const LinkTableEntry& entry : TheCore().inputTable) {
+    Link& link = *entry.Waiting;
+    if (!link.RunningStatus || link.Condition.EventSource.Number != sourceNumber ||
+        link.Condition.EventType != static_cast<std::int32_t>(type) ||
+        link.Condition.EventData.Integer != value) {
+      continue;
+    }
+    if (!links.Append({&link, link.owner, entry.Context})) return Status::Failure;
+  }
+  return RunLinks(links, EventData::Integer(value));
+}
+
+}  // namespace korvel

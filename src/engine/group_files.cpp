@@ -1,0 +1,127 @@
+// The path rules of the broadcast file system. "DSM:" or "~" with its slash leads a name; what follows is taken in
+// the current directory, or from the root when "DSM:" is followed by two slashes.
+#include "engine/group_files.h"
+
+#include "engine/core.h"
+#include "host/host.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::uint32_t kPauseMs = 500;
+constexpr int kStartUpPasses = 2;
+constexpr auto kNone = std::string_view::npos;
+constexpr std::string_view kParentStep = "/../";
+constexpr std::string_view kRootPrefix = "DSM:";
+
+// `directory` and `name` in one string; false when memory is out.
+bool Join(std::string_view directory, std::string_view name, OctetString& joined) noexcept {
+  OctetString path;
+  if (!path.Assign(directory) || !path.Append(name)) return false;
+  joined = std::move(path);
+  return true;
+}
+
+Status FetchIn(std::string_view directory, std::string_view name, OctetString& bytes) noexcept {
+  OctetString path;
+  return Join(directory, name, path) ? FetchFile(path.View(), &bytes) : Status::Refused;
+}
+
+Status FetchStartUpNames(std::string_view directory, OctetString& bytes) noexcept {
+  if (FetchIn(directory, "a", bytes) == Status::Done) return Status::Done;
+  return FetchIn(directory, "startup", bytes);
+}
+
+Status FetchStartUpAt(std::string_view path, OctetString& bytes) noexcept {
+  if (FetchFile(path, &bytes) == Status::Done) return Status::Done;
+  OctetString& directory = TheCore().currentDirectory;
+  if (!Join(path, path.ends_with('/') ? "" : "/", directory)) return Status::Refused;
+  if (FetchStartUpNames(directory.View(), bytes) == Status::Done) return Status::Done;
+  directory.Clear();
+  return FetchStartUpNames({}, bytes);
+}
+
+// Takes each "/../" out together with the component before it. Kept as content expects it: no slash is put
+// back between the two pieces, so that x/y/../z becomes xz.
+bool RemoveParentSteps(OctetString& path) noexcept {
+  for (;;) {
+    const std::string_view text = path.View();
+    const std::size_t step = text.find(kParentStep);
+    if (step == kNone) return true;
+    const std::size_t slash = step == 0 ? kNone : text.rfind('/', step - 1);
+    const std::string_view head = slash == kNone ? std::string_view{} : text.substr(0, slash);
+    if (!Join(head, text.substr(step + kParentStep.size()), path)) return false;
+  }
+}
+
+// What a name means once its prefix is passed over: where it starts from, and the rest.
+struct PathParts {
+  std::string_view directory;
+  std::string_view rest;
+  bool mayLeaveDirectory = false;
+};
+
+PathParts SplitName(std::string_view name) noexcept {
+  const std::size_t slash = name.size() > 1 ? name.find('/') : kNone;
+  const std::size_t start = slash == kNone ? 0 : slash + 1;
+  if (start >= name.size()) return {{}, name, true};
+  if (name[start] == '/') return {{}, name.substr(start + 1), false};
+  const std::string_view directory = TheCore().currentDirectory.View();
+  return {directory, name.substr(start), !directory.empty()};
+}
+
+}  // namespace
+
+Status FetchStartUp(std::string_view path, OctetString& bytes) noexcept {
+  for (int pass = 0; pass < kStartUpPasses; ++pass) {
+    const Status status = path.empty() ? FetchStartUpNames({}, bytes) : FetchStartUpAt(path, bytes);
+    if (status == Status::Done) return Status::Done;
+    PauseUnlessClosing(kPauseMs);
+  }
+  return Status::Refused;
+}
+
+Status MakeFileName(std::string_view groupName, OctetString& fileName) noexcept {
+  if (groupName.starts_with("CI:")) return Status::Refused;
+  const PathParts parts = SplitName(groupName);
+  if (!parts.mayLeaveDirectory && parts.rest.starts_with("..")) return Status::Refused;
+  const bool isMade = Join(parts.directory, parts.rest, fileName) && RemoveParentSteps(fileName);
+  return isMade ? Status::Done : Status::Refused;
+}
+
+Status ResolveGroup(std::string_view groupName, OctetString& bytes) noexcept {
+  OctetString fileName;
+  if (MakeFileName(groupName, fileName) != Status::Done) return Status::Refused;
+  if (FetchFile(fileName.View(), &bytes) == Status::Done) return Status::Done;
+  PauseUnlessClosing(kPauseMs);
+  return Status::Refused;
+}
+
+Status SetDirectoryOfLaunched(std::string_view groupName) noexcept {
+  OctetString& directory = TheCore().currentDirectory;
+  if (groupName.starts_with(kRootPrefix)) {
+    std::string_view path = groupName.substr(kRootPrefix.size());
+    for (int slashes = 0; slashes < 2 && path.starts_with('/'); ++slashes) path.remove_prefix(1);
+    // Deeper components are not kept.
+    const std::size_t slash = path.find('/');
+    const bool isSet = directory.Assign(path.substr(0, slash == kNone ? 0 : slash + 1));
+    return isSet ? Status::Done : Status::Failure;
+  }
+  const std::size_t last = groupName.rfind('/');
+  if (last == kNone || last < 2) return Status::Done;
+  const std::size_t first = groupName.find('/');
+  const std::size_t start = groupName.substr(first + 1).starts_with('/') ? first + 2 : first + 1;
+  const std::size_t length = start <= last ? last + 1 - start : 0;
+  const bool isSet = directory.Assign(groupName.substr(start, length));
+  return isSet ? Status::Done : Status::Failure;
+}
+
+Status SetDirectoryOfSpawned(std::string_view groupName) noexcept {
+  const std::size_t last = groupName.rfind('/');
+  if (last == kNone || last < 2) return Status::Done;
+  // The name is taken to begin with "~/"; the directory is kept without a slash at its end.
+  const bool isSet = TheCore().currentDirectory.Assign(groupName.substr(2, last - 2));
+  return isSet ? Status::Done : Status::Failure;
+}
+
+}  // namespace korvel

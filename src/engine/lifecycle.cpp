@@ -1,0 +1,203 @@
+// The operations that replace what runs: Launch, Spawn, Quit, TransitionTo, the engine start and the close-down. The
+// new group is fetched and decoded before anything running is touched.
+#include <cstdio>
+
+#include "engine/core.h"
+#include "engine/group_files.h"
+#include "engine/group_life.h"
+#include "engine/link_tables.h"
+#include "host/host.h"
+#include "objects/ber/ber.h"
+
+namespace korvel {
+namespace {
+
+// The engine event that tells an application that a group it named cannot be read.
+constexpr std::int32_t kGroupReferenceError = 2;
+
+Status Refuse(const char* message) noexcept {
+  std::fputs(message, stdout);
+  return Status::Refused;
+}
+
+Status Decode(const OctetString& bytes, OwnedGroup& group) noexcept {
+  const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.Text());
+  bool isApplication = false;
+  return DecodeGroup({first, bytes.Length()}, group, isApplication);
+}
+
+Status RaiseReferenceError(const ObjectReference& source) noexcept {
+  const Status status = RaiseEvent(source.GroupIdentifier.View(), source.Number,
+                                   EventType::EngineEvent, EventData::Integer(kGroupReferenceError));
+  return status == Status::Failure ? Status::Failure : Status::Refused;
+}
+
+// Reads the file of a group that an action names. When it cannot be had, the running application is told.
+Status FetchNamedGroup(std::string_view groupName, OctetString& bytes) noexcept {
+  if (ResolveGroup(groupName, bytes) == Status::Done) return Status::Done;
+  const Application* application = CurrentApplication();
+  return application == nullptr ? Status::Refused : RaiseReferenceError(application->Reference);
+}
+
+// Fetches and decodes what must be an application.
+Status ReadApplication(std::string_view groupName, const char* message, OwnedGroup& group) noexcept {
+  OctetString bytes;
+  const Status status = FetchNamedGroup(groupName, bytes);
+  if (status != Status::Done) return status;
+  if (Decode(bytes, group) != Status::Done) return Status::Failure;
+  return group.IsApplication() ? Status::Done : Refuse(message);
+}
+
+ApplicationStack& TheStack() noexcept { return TheCore().applicationStack; }
+
+Status PushCurrentApplication() noexcept {
+  ApplicationStack& stack = TheStack();
+  const Application* application = CurrentApplication();
+  const std::string_view name = application == nullptr ? std::string_view{} : NameOf(*application);
+  if (!stack.Names[stack.Count].Assign(name)) return Status::Failure;
+  ++stack.Count;
+  return Status::Done;
+}
+
+void EmptyApplicationStack() noexcept {
+  for (OctetString& name : TheStack().Names) name.Clear();
+  TheStack().Count = 0;
+}
+
+Status QuitToNothing() noexcept {
+  ClearLinkTables();
+  EmptyPersistentStore();
+  RequestRestart(RestartReason::QuitWithoutParent);
+  return Status::Failure;
+}
+
+// The application on top of the stack becomes current again. It is not started anew: its OnStartUp does not run
+// and its links wait for nothing.
+Status QuitToParent(const ObjectReference& quitting) noexcept {
+  ApplicationStack& stack = TheStack();
+  OctetString bytes;
+  if (ResolveGroup(stack.Names[stack.Count - 1].View(), bytes) != Status::Done) {
+    return RaiseReferenceError(quitting);
+  }
+  stack.Names[--stack.Count].Clear();
+  OwnedGroup group;
+  if (Decode(bytes, group) != Status::Done) return Status::Failure;
+  if (!group.IsApplication()) return Refuse("Spawn error\n");
+  AdoptApplication(std::move(group));
+  return Status::Done;
+}
+
+// What the application shows and runs for itself pauses with the scene it was shown in, unless it is shared. Flags
+// only: nothing is raised, and a visible keeps its place in the display stack.
+void StopUnsharedItems(Application& application) noexcept {
+  for (const Item& item : application.Items) {
+    const bool isStopped = item.Type() >= ItemType::Link && item.Type() <= ItemType::SwitchButton &&
+                           !item.Record()->Shared;
+    if (isStopped) item.Record()->RunningStatus = false;
+  }
+}
+
+// `groupName` may belong to a group that the operation ends.
+Status CopyName(std::string_view groupName, OctetString& name) noexcept {
+  return name.Assign(groupName) ? Status::Done : Status::Failure;
+}
+
+}  // namespace
+
+Status StartEngine(std::string_view path) noexcept {
+  const NestingLevel level;
+  BuryRunningGroups();
+  ClearLinkTables();
+  EmptyApplicationStack();
+  TheCore().currentDirectory.Clear();
+  TheCore().random = SecondsNow();
+  ResetClassVariables();
+
+  OctetString bytes;
+  if (FetchStartUp(path, bytes) != Status::Done) return Status::Refused;
+  OwnedGroup group;
+  if (Decode(bytes, group) != Status::Done) return Refuse("Parser failed\n");
+  if (!group.IsApplication()) return Refuse("startup error\n");
+  return StartApplication(AdoptApplication(std::move(group)));
+}
+
+Status Launch(std::string_view groupName) noexcept {
+  const NestingLevel level;
+  if (!level.IsAllowed()) return Status::Failure;
+  OctetString name;
+  OwnedGroup group;
+  Status status = CopyName(groupName, name);
+  if (status == Status::Done) status = ReadApplication(name.View(), "Launch error\n", group);
+  if (status == Status::Done) status = EndRunningGroups();
+  if (status != Status::Done) return status;
+  Application& application = AdoptApplication(std::move(group));
+  status = SetDirectoryOfLaunched(name.View());
+  return status == Status::Done ? StartApplication(application) : status;
+}
+
+Status Spawn(std::string_view groupName) noexcept {
+  const NestingLevel level;
+  if (!level.IsAllowed()) return Status::Failure;
+  if (TheStack().Count == ApplicationStack::kCapacity) return Status::Refused;
+  OctetString name;
+  OwnedGroup group;
+  Status status = CopyName(groupName, name);
+  if (status == Status::Done) status = PushCurrentApplication();
+  if (status == Status::Done) status = ReadApplication(name.View(), "Spawn error\n", group);
+  if (status == Status::Done) status = EndRunningGroups();
+  if (status != Status::Done) return status;
+  Application& application = AdoptApplication(std::move(group));
+  status = SetDirectoryOfSpawned(name.View());
+  return status == Status::Done ? StartApplication(application) : status;
+}
+
+Status Quit() noexcept {
+  const NestingLevel level;
+  if (!level.IsAllowed()) return Status::Failure;
+  ObjectReference quitting;
+  const Application* application = CurrentApplication();
+  if (application != nullptr && !Copy(application->Reference, quitting)) return Status::Failure;
+  const Status status = EndRunningGroups();
+  if (status != Status::Done) return status;
+  return TheStack().Count == 0 ? QuitToNothing() : QuitToParent(quitting);
+}
+
+Status TransitionTo(std::string_view groupName) noexcept {
+  const NestingLevel level;
+  if (!level.IsAllowed()) return Status::Failure;
+  const Scene* scene = CurrentScene();
+  if (groupName.empty() || (scene != nullptr && NameOf(*scene) == groupName)) return Status::Refused;
+  OctetString name;
+  OctetString bytes;
+  Status status = CopyName(groupName, name);
+  if (status == Status::Done) status = FetchNamedGroup(name.View(), bytes);
+  if (status != Status::Done) return status;
+  OwnedGroup group;
+  if (Decode(bytes, group) != Status::Done) {
+    std::fputs("Parse error\n", stdout);
+    return Status::Failure;
+  }
+  if (group.IsApplication()) return Refuse("TransitionTo error\n");
+
+  if (CurrentApplication() != nullptr) StopUnsharedItems(*CurrentApplication());
+  status = EndScene();
+  return status == Status::Done ? StartScene(AdoptScene(std::move(group))) : status;
+}
+
+void CloseDown() noexcept {
+  // A link of IsDeleted may ask for everything to stop; the end is then made without it.
+  if (EndRunningGroups() != Status::Done) BuryRunningGroups();
+  ClearLinkTables();
+}
+
+void ResetEngine() noexcept {
+  BuryRunningGroups();
+  ReleaseEndedGroups();
+  ClearLinkTables();
+  EmptyApplicationStack();
+  EmptyPersistentStore();
+  TheCore().currentDirectory.Clear();
+  ResetClassVariables();
+}
+
+}  // namespace korvel

@@ -1,0 +1,85 @@
+// Entering and removing links. A link stays in its table while it is inactive; whether it is active is asked when
+// an event is dispatched.
+#include "engine/link_tables.h"
+
+#include <cstdio>
+
+namespace korvel {
+namespace {
+
+Status AddLink(Link& link, Scope context) noexcept {
+  if (Prepare(ItemType::Link, link) == Change::Failure) return Status::Failure;
+  if (link.InitiallyActive && Activate(ItemType::Link, link) == Change::Failure) {
+    return Status::Failure;
+  }
+  LinkTable* table = TableOf(link.Condition.EventType);
+  if (table == nullptr || table->Append({&link, context}) != nullptr) return Status::Done;
+  std::fputs("Can't allocate memory for new event\n", stdout);
+  return Status::Failure;
+}
+
+}  // namespace
+
+LinkTable* TableOf(std::int32_t eventType) noexcept {
+  switch (static_cast<EventType>(eventType)) {
+    case EventType::IsAvailable:
+    case EventType::ContentAvailable:
+    case EventType::IsDeleted:
+    case EventType::IsRunning:
+    case EventType::IsStopped:
+    case EventType::AsynchStopped:
+    case EventType::TokenMovedFrom:
+    case EventType::TokenMovedTo:
+    case EventType::HighlightOn:
+    case EventType::HighlightOff:
+    case EventType::TestEvent:
+    case EventType::FirstItemPresented:
+    case EventType::LastItemPresented:
+    case EventType::HeadItems:
+    case EventType::TailItems:
+    case EventType::ItemSelected:
+    case EventType::ItemDeselected:
+    case EventType::EngineEvent:
+      return &TheCore().stateTable;
+    case EventType::UserInput:
+    case EventType::AnchorFired:
+    case EventType::TimerFired:
+    case EventType::InteractionCompleted:
+    case EventType::StreamEvent:
+    case EventType::StreamPlaying:
+    case EventType::StreamStopped:
+    case EventType::CounterTrigger:
+    case EventType::CursorEnter:
+    case EventType::CursorLeave:
+    case EventType::IsSelected:
+    case EventType::IsDeselected:
+    case EventType::EntryFieldFull:
+      return &TheCore().inputTable;
+  }
+  return nullptr;
+}
+
+Status AddLinks(Group& group, Scope context) noexcept {
+  for (Item& item : group.Items) {
+    if (item.Type() != ItemType::Link) continue;
+    if (AddLink(item.As<Link>(), context) == Status::Failure) return Status::Failure;
+  }
+  return Status::Done;
+}
+
+void RemoveLinks(const Group& group) noexcept {
+  const std::string_view name = WithoutTilde(NameOf(group));
+  const auto belongsToGroup = [&group, name](const LinkTableEntry& entry) {
+    return entry.Waiting->owner == &group ||
+           WithoutTilde(entry.Waiting->Reference.GroupIdentifier.View()) == name;
+  };
+  TheCore().stateTable.RemoveAll(belongsToGroup);
+  TheCore().inputTable.RemoveAll(belongsToGroup);
+}
+
+void ClearLinkTables() noexcept {
+  TheCore().stateTable.Clear();
+  TheCore().inputTable.Clear();
+}
+
+}  // namespace korvel

@@ -1,0 +1,53 @@
+// Finding objects of the running groups by name and number.
+#include "engine/core.h"
+
+namespace korvel {
+namespace {
+
+// Palettes, programs of other kinds, fonts and cursor shapes are no targets of actions.
+bool IsFindable(ItemType type) noexcept { return type <= ItemType::SwitchButton; }
+
+bool HasName(const Root& object, std::string_view name, std::int32_t number) noexcept {
+  return object.Reference.Number == number &&
+         WithoutTilde(object.Reference.GroupIdentifier.View()) == name;
+}
+
+FoundObject FindInList(const List<Item>& items, std::string_view name,
+                       std::int32_t number) noexcept {
+  for (const Item& item : items) {
+    if (IsFindable(item.Type()) && HasName(*item.Record(), name, number)) {
+      return {item.Type(), item.Record()};
+    }
+    // The components of a stream are no items of the group: they are found through their stream.
+    if (item.Type() != ItemType::Stream) continue;
+    const FoundObject component = FindInList(item.As<Stream>().Multiplex, name, number);
+    if (component) return component;
+  }
+  return {};
+}
+
+FoundObject FindInGroup(const Group* group, std::string_view name, std::int32_t number) noexcept {
+  return group == nullptr ? FoundObject{} : FindInList(group->Items, name, number);
+}
+
+bool IsItself(const Group* group, std::string_view name, std::int32_t number) noexcept {
+  return group != nullptr && number == 0 && WithoutTilde(NameOf(*group)) == name;
+}
+
+}  // namespace
+
+FoundObject FindObject(Scope scope, std::string_view groupIdentifier,
+                       std::int32_t number) noexcept {
+  const std::string_view name = WithoutTilde(groupIdentifier);
+  Application* application = CurrentApplication();
+  Scene* scene = CurrentScene();
+  if (IsItself(application, name, number)) return {ItemType::Application, application};
+  if (IsItself(scene, name, number)) return {ItemType::Scene, scene};
+  const bool isApplicationFirst = scope == Scope::ApplicationFirst;
+  const Group* first = isApplicationFirst ? static_cast<Group*>(application) : scene;
+  const Group* second = isApplicationFirst ? static_cast<Group*>(scene) : application;
+  const FoundObject found = FindInGroup(first, name, number);
+  return found ? found : FindInGroup(second, name, number);
+}
+
+}  // namespace korvel

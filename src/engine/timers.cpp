@@ -1,0 +1,82 @@
+// The timers of groups. A group keeps a record of each pending timer; the expiry is a one-shot platform timer
+// of the same id, so a timer of the scene replaces one of the application with its id, and only the scene's fire.
+#include "engine/timers.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+#include "engine/core.h"
+#include "host/host.h"
+
+namespace korvel {
+namespace {
+
+// The longest period that every version of the platform takes for what it is; longer ones would fire at once.
+constexpr std::uint32_t kLongestPeriodMs = 0x7FFFFFFF;
+
+auto HasId(std::int32_t id) {
+  return [id](const Timer& timer) { return timer.Id == id; };
+}
+
+Timer* FindTimer(Group& group, std::int32_t id) noexcept {
+  for (Timer& timer : group.Timers) {
+    if (timer.Id == id) return &timer;
+  }
+  return nullptr;
+}
+
+Timer* AddTimer(Group& group, std::int32_t id, bool isAbsolute) noexcept {
+  Timer timer;
+  timer.Id = id;
+  timer.IsAbsolute = isAbsolute;
+  Timer* added =
+      Copy(group.Reference, timer.Owner) ? group.Timers.Append(std::move(timer)) : nullptr;
+  if (added == nullptr) std::fputs("Can't allocate memory for new event\n", stdout);
+  return added;
+}
+
+// An absolute value before the start of the scene makes a period so long that it does not fire.
+std::uint32_t PeriodOf(const Timer& timer) noexcept {
+  const auto value = static_cast<std::uint32_t>(timer.Value);
+  const std::uint32_t period = timer.IsAbsolute ? value - TheCore().sceneStartTime : value;
+  return std::min(period, kLongestPeriodMs);
+}
+
+Status CancelTimer(Group& group, std::int32_t id) noexcept {
+  if (group.Timers.RemoveFirst(HasId(id))) KillWindowTimer(static_cast<std::uint32_t>(id));
+  return Status::Done;
+}
+
+}  // namespace
+
+Status SetTimer(Group& group, std::int32_t id, std::int32_t value,
+                std::int32_t absolute) noexcept {
+  if (value == kNoTimerValue) return CancelTimer(group, id);
+  Timer* timer = FindTimer(group, id);
+  if (timer != nullptr) {
+    // Setting a pending timer anew keeps its owner and its kind of time.
+    KillWindowTimer(static_cast<std::uint32_t>(id));
+  } else {
+    timer = AddTimer(group, id, absolute == 1);
+    if (timer == nullptr) return Status::Failure;
+  }
+  timer->Value = value;
+  SetWindowTimer(static_cast<std::uint32_t>(id), PeriodOf(*timer));
+  return Status::Done;
+}
+
+Status TakeFiredTimer(std::int32_t id, ObjectReference& owner) noexcept {
+  Scene* scene = CurrentScene();
+  Timer taken;
+  if (scene == nullptr || !scene->Timers.RemoveFirst(HasId(id), &taken)) return Status::Refused;
+  owner = std::move(taken.Owner);
+  return Status::Done;
+}
+
+void CancelAllTimers(Group& group) noexcept {
+  for (const Timer& timer : group.Timers) KillWindowTimer(static_cast<std::uint32_t>(timer.Id));
+  group.Timers.Clear();
+}
+
+}  // namespace korvel

@@ -1,0 +1,59 @@
+// Stands in for the platform doorway in native tests.
+#include "host.h"
+
+#include "presentation/presentation.h"
+
+namespace korvel {
+
+using test::TheHost;
+
+Status FetchFile(std::string_view path, OctetString* bytes) noexcept {
+  TheHost().fetched.emplace_back(path);
+  if (path.empty() || !MayRun()) return Status::Refused;
+  const auto file = TheHost().files.find(std::string(path));
+  if (file == TheHost().files.end()) return Status::Refused;
+  if (bytes == nullptr) return Status::Done;
+  return bytes->Assign(file->second) ? Status::Done : Status::Refused;
+}
+
+bool MayRun() noexcept { return TheHost().mayRun && !TheHost().isClosing; }
+
+bool IsClosing() noexcept { return TheHost().isClosing; }
+
+void PauseUnlessClosing(std::uint32_t milliseconds) noexcept {
+  if (!IsClosing()) TheHost().pausedMs += milliseconds;
+}
+
+void SetWindowTimer(std::uint32_t id, std::uint32_t periodMs) noexcept {
+  TheHost().timers[id] = periodMs;
+}
+
+void KillWindowTimer(std::uint32_t id) noexcept {
+  TheHost().timers.erase(id);
+  TheHost().killedTimers.push_back(id);
+}
+
+void RequestRestart(RestartReason reason) noexcept {
+  ClearSurface();
+  TheHost().mayRun = false;
+  TheHost().restarts.push_back(reason);
+}
+
+std::uint32_t MillisecondsSinceProcessStart() noexcept { return TheHost().milliseconds; }
+
+std::uint32_t SecondsNow() noexcept { return TheHost().seconds; }
+
+bool GetLocalClock(LocalTime& now) noexcept {
+  if (TheHost().hasLocalTime) now = TheHost().localTime;
+  return TheHost().hasLocalTime;
+}
+
+namespace test {
+
+FakeHost& TheHost() {
+  static FakeHost host;
+  return host;
+}
+
+}  // namespace test
+}  // namespace korvel

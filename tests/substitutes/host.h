@@ -1,0 +1,33 @@
+// What tests may ask of the stand-in for the platform: files in memory, a clock that stands still until it is moved,
+// and a record of what the engine asked the platform for.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "host/host.h"
+
+namespace korvel::test {
+
+struct FakeHost {
+  std::map<std::string, std::string> files;
+  bool mayRun = true;
+  bool isClosing = false;
+  std::uint32_t milliseconds = 0;
+  std::uint32_t seconds = 0;
+  LocalTime localTime;
+  bool hasLocalTime = true;
+
+  std::vector<std::string> fetched;             // every path asked for, found or not
+  std::uint32_t pausedMs = 0;                   // the sum of all pauses
+  std::map<std::uint32_t, std::uint32_t> timers;  // pending platform timers: id and period
+  std::vector<std::uint32_t> killedTimers;
+  std::vector<RestartReason> restarts;
+};
+
+// The stand-in's state; a fixture resets it with `TheHost() = {}`.
+FakeHost& TheHost();
+
+}  // namespace korvel::test

@@ -1,0 +1,21 @@
+// What tests may ask of the stand-in for the presentation: how often it was asked to draw, and what the next
+// redraw reports.
+#pragma once
+
+#include <functional>
+
+#include "presentation/presentation.h"
+
+namespace korvel::test {
+
+struct FakePresentation {
+  int redraws = 0;
+  int clears = 0;
+  int updates = 0;
+  std::function<Status()> onRedraw;  // when set, gives Redraw's result
+};
+
+// The stand-in's state; a fixture resets it with `ThePresentation() = {}`.
+FakePresentation& ThePresentation();
+
+}  // namespace korvel::test

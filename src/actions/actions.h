@@ -1,4 +1,5 @@
-// The doorway of the elementary actions: the interpreter and the lifecycle of ingredients. Worker thread only.
+// The doorway of the elementary actions: the interpreter and the lifecycle of ingredients. Worker
+// thread only.
 #pragma once
 
 #include <cstdint>
@@ -19,14 +20,16 @@ struct ActionHolder {
   Group* Holder = nullptr;
 };
 
-// Runs an action list. `groupName` is the group that references without a group identifier mean; it is copied, so
-// it may belong to a group that the actions end. The integer is reserved. Returns Done; Refused when an unknown
-// action number was met (the rest has run); Failure when a behaviour, a raised event or the limits on nesting and
-// work ask everything to stop; Replaced when the application or scene was replaced.
+// Runs an action list. `groupName` is the group that references without a group identifier mean; it
+// is copied, so it may belong to a group that the actions end. The integer is reserved. Returns
+// Done; Refused when an unknown action number was met (the rest has run); Failure when a behaviour,
+// a raised event or the limits on nesting and work ask everything to stop; Replaced when the
+// application or scene was replaced.
 Status RunActions(Scope scope, const ActionHolder& owner, std::int32_t reserved,
                   std::string_view groupName) noexcept;
 
-// Prepares an ingredient: sets its run-time values up from the original ones, takes its text, makes it available.
+// Prepares an ingredient: sets its run-time values up from the original ones, takes its text, makes
+// it available.
 Change Prepare(ItemType type, Ingredient& ingredient) noexcept;
 
 // Activates an ingredient: makes it run, enters a visible in the display stack, requests a redraw.
@@ -35,19 +38,19 @@ Change Activate(ItemType type, Ingredient& ingredient) noexcept;
 // The reverse of Activate.
 Change Deactivate(ItemType type, Ingredient& ingredient) noexcept;
 
-// What the Run action and a group's start do: prepares if need be, activates, and raises IsRunning if that changed
-// something. Failure or Replaced when everything has to stop.
+// What the Run action and a group's start do: prepares if need be, activates, and raises IsRunning
+// if that changed something. Failure or Replaced when everything has to stop.
 Status RunIngredient(ItemType type, Ingredient& ingredient) noexcept;
 
 // What the Stop action does: deactivates and raises IsStopped if that changed something.
 Status StopIngredient(ItemType type, Ingredient& ingredient) noexcept;
 
-// Whether the key is one that the interaction in progress uses. If so the key is given to it, with its result in
-// `result`, and goes nowhere else.
+// Whether the key is one that the interaction in progress uses. If so the key is given to it, with
+// its result in `result`, and goes nowhere else.
 [[nodiscard]] bool TakeInteractionKey(std::int32_t key, Status& result) noexcept;
 
-// Forgets what the classes keep engine-wide (the highlighted object, the interaction in progress, settings of the
-// resident programs), as an engine start does.
+// Forgets what the classes keep engine-wide (the highlighted object, the interaction in progress,
+// settings of the resident programs), as an engine start does.
 void ResetClassVariables() noexcept;
 
 // Forgets what the classes keep engine-wide about objects of a group that ends.

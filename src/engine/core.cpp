@@ -1,5 +1,5 @@
-// Keeps the core's state, the life of ended groups, and the limits that stop content from nesting or working
-// without end.
+// Keeps the core's state, the life of ended groups, and the limits that stop content from nesting
+// or working without end.
 #include "engine/core.h"
 
 #include <cstdio>
@@ -11,8 +11,8 @@
 namespace korvel {
 namespace {
 
-// Deep enough for any content that means to end, shallow enough for the worker's default stack, and below 256, so
-// that the 8-bit generation counters cannot come round inside one nest.
+// Deep enough for any content that means to end, shallow enough for the worker's default stack, and
+// below 256, so that the 8-bit generation counters cannot come round inside one nest.
 constexpr std::uint32_t kMostLevels = 100;
 
 // What one key, timer expiry or start may cost: far beyond real content, and over in a moment.
@@ -20,8 +20,8 @@ constexpr std::uint32_t kMostActions = 1'000'000;
 // What may still run once a close is pending.
 constexpr std::uint32_t kMostActionsWhileClosing = 10'000;
 
-// State without a destructor: when the process ends other threads may have been stopped anywhere, so nothing
-// is released then; the worker has reset the core before.
+// State without a destructor: when the process ends other threads may have been stopped anywhere,
+// so nothing is released then; the worker has reset the core before.
 union Immortal {
   Core core;
   constexpr Immortal() noexcept : core() {}
@@ -34,7 +34,8 @@ void ReportLimit(const char* message) noexcept {
   std::fputs(message, stdout);
 }
 
-// The record's canvases belong to the presentation, which must get them back before the record goes.
+// The record's canvases belong to the presentation, which must get them back before the record
+// goes.
 void GiveCanvasesBack(const Group& group) noexcept {
   for (const Item& item : group.Items) {
     if (item.Type() != ItemType::DynamicLineArt) continue;
@@ -95,7 +96,8 @@ Scene* CurrentScene() noexcept { return TheCore().scene; }
 Generations& CurrentGenerations() noexcept { return TheCore().generations; }
 
 std::uint32_t NextRandom() noexcept {
-  // A linear congruential generator modulo 2^31; its high bits are mixed in, so that small moduli vary as well.
+  // A linear congruential generator modulo 2^31; its high bits are mixed in, so that small moduli
+  // vary as well.
   constexpr std::uint32_t kMask = 0x7FFFFFFF;
   Core& core = TheCore();
   core.random = core.random * 1103515245U + 12345U;

@@ -1,5 +1,5 @@
-// The engine core's own state, one record: which groups run, the links that wait, what has ended and waits for its
-// release. Private to the engine folder.
+// The engine core's own state, one record: which groups run, the links that wait, what has ended
+// and waits for its release. Private to the engine folder.
 #pragma once
 
 #include <array>

@@ -1,5 +1,6 @@
-// The display stack: the running application's ordered list of the visibles to be drawn, bottom-most first. Entries
-// borrow their visibles; a visible is in the stack at most once, because whoever enters it takes it out before.
+// The display stack: the running application's ordered list of the visibles to be drawn,
+// bottom-most first. Entries borrow their visibles; a visible is in the stack at most once, because
+// whoever enters it takes it out before.
 #include <cstdio>
 
 #include "engine/core.h"
@@ -123,7 +124,8 @@ Status SendToBack(ItemType kind, Visible& visible) noexcept {
 Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) noexcept {
   Application* application = CurrentApplication();
   if (!IsStackable(application, kind, visible)) return Status::Refused;
-  if (StackContains(*application, ItemType::None, reference) != Status::Done) return Status::Refused;
+  if (StackContains(*application, ItemType::None, reference) != Status::Done)
+    return Status::Refused;
   // Taken out, a visible could not be found again as its own reference.
   if (&visible == &reference) return Status::Refused;
   if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
@@ -133,7 +135,8 @@ Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) n
 Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference) noexcept {
   Application* application = CurrentApplication();
   if (!IsStackable(application, kind, visible)) return Status::Refused;
-  if (StackContains(*application, ItemType::None, reference) != Status::Done) return Status::Refused;
+  if (StackContains(*application, ItemType::None, reference) != Status::Done)
+    return Status::Refused;
   if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
   return RedrawIfRunning(InsertBelow(*application, kind, visible, reference), visible);
 }

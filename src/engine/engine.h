@@ -1,5 +1,5 @@
-// The doorway of the engine core: which application and scene run and how they come and go, events and links, object
-// lookup, the display stack, timers and the persistent store. Worker thread only.
+// The doorway of the engine core: which application and scene run and how they come and go, events
+// and links, object lookup, the display stack, timers and the persistent store. Worker thread only.
 #pragma once
 
 #include <cstdint>
@@ -17,18 +17,20 @@ namespace korvel {
 
 // ---- What the worker loop does ----
 
-// Finds, decodes and starts the start-up application; an empty path searches "a" and "startup". What still runs is
-// given up silently first. Refused when no application could be started; every other result is a started engine.
+// Finds, decodes and starts the start-up application; an empty path searches "a" and "startup".
+// What still runs is given up silently first. Refused when no application could be started; every
+// other result is a started engine.
 Status StartEngine(std::string_view path) noexcept;
 
 // Ends the scene and the application without starting anything.
 void CloseDown() noexcept;
 
-// Opens the account of one key, timer expiry or start: what its actions may cost. Releases ended groups.
+// Opens the account of one key, timer expiry or start: what its actions may cost. Releases ended
+// groups.
 void BeginWork() noexcept;
 
-// Gives everything back at the end of the worker: ended groups with their canvases, the persistent store, the core's
-// own state. To be called before the presentation closes and after CloseDown.
+// Gives everything back at the end of the worker: ended groups with their canvases, the persistent
+// store, the core's own state. To be called before the presentation closes and after CloseDown.
 void ResetEngine() noexcept;
 
 // An event from outside: UserInput with a key number, or TimerFired with a timer id.
@@ -45,8 +47,9 @@ Status Spawn(std::string_view groupName) noexcept;
 Status Quit() noexcept;
 Status TransitionTo(std::string_view groupName) noexcept;
 
-// How often the application and the scene were asked to be replaced, modulo 256. An action list that sees one of
-// them change belongs to the past. Launch and TransitionTo actions count before they act.
+// How often the application and the scene were asked to be replaced, modulo 256. An action list
+// that sees one of them change belongs to the past. Launch and TransitionTo actions count before
+// they act.
 struct Generations {
   std::uint8_t Application = 0;
   std::uint8_t Scene = 0;
@@ -54,14 +57,15 @@ struct Generations {
 };
 [[nodiscard]] Generations& CurrentGenerations() noexcept;
 
-// Whether the group that holds the object has ended. To be asked after every call that can run actions, before the
-// object, its list or anything else of its group is touched again.
+// Whether the group that holds the object has ended. To be asked after every call that can run
+// actions, before the object, its list or anything else of its group is touched again.
 [[nodiscard]] inline bool IsGone(const Group& group) noexcept { return group.life.isDead; }
 [[nodiscard]] inline bool IsGone(const Ingredient& ingredient) noexcept {
   return ingredient.owner != nullptr && ingredient.owner->life.isDead;
 }
 
-// Held while actions, dispatch, lifecycle or a redraw are at work: ended groups are kept as long as one is held.
+// Held while actions, dispatch, lifecycle or a redraw are at work: ended groups are kept as long as
+// one is held.
 class [[nodiscard]] Busy {
  public:
   Busy() noexcept;
@@ -70,8 +74,8 @@ class [[nodiscard]] Busy {
   Busy& operator=(const Busy&) = delete;
 };
 
-// One level of nesting of action lists and lifecycle operations. When there are too many levels, says so once
-// and IsAllowed is false: the caller then returns Failure, which unwinds everything.
+// One level of nesting of action lists and lifecycle operations. When there are too many levels,
+// says so once and IsAllowed is false: the caller then returns Failure, which unwinds everything.
 class [[nodiscard]] NestingLevel {
  public:
   NestingLevel() noexcept;
@@ -85,7 +89,8 @@ class [[nodiscard]] NestingLevel {
   bool isAllowed_;
 };
 
-// Takes one action from the account of the work at hand. False when it is used up (said once): return Failure.
+// Takes one action from the account of the work at hand. False when it is used up (said once):
+// return Failure.
 [[nodiscard]] bool TakeAction() noexcept;
 
 // ---- Names and files ----
@@ -95,7 +100,8 @@ class [[nodiscard]] NestingLevel {
   return name.substr(name.starts_with('~') ? 1 : 0);
 }
 
-// Reads the file that a group name or content reference means. Refused, after a pause, when it cannot be had.
+// Reads the file that a group name or content reference means. Refused, after a pause, when it
+// cannot be had.
 Status ResolveGroup(std::string_view groupName, OctetString& bytes) noexcept;
 
 // ---- Objects ----
@@ -111,14 +117,15 @@ struct FoundObject {
   }
 };
 
-// Finds an object of the running groups by group identifier (a leading "~" is dropped) and number. Classes 1 to 27
-// are found, the components of streams among them.
+// Finds an object of the running groups by group identifier (a leading "~" is dropped) and number.
+// Classes 1 to 27 are found, the components of streams among them.
 [[nodiscard]] FoundObject FindObject(Scope scope, std::string_view groupIdentifier,
                                      std::int32_t number) noexcept;
 
 // ---- Events ----
 
-// The datum of an event. Links compare booleans and integers; a link waiting for another kind never fires.
+// The datum of an event. Links compare booleans and integers; a link waiting for another kind never
+// fires.
 struct EventData {
   ValueKind Kind = ValueKind::None;
   std::int32_t Value = 0;
@@ -131,8 +138,9 @@ struct EventData {
   }
 };
 
-// Runs the links (five at the most) that wait for this event of this source, at once. Done when none fired, else the
-// last link's result; Failure and Replaced stop the rest. The name is not read any more once a link runs.
+// Runs the links (five at the most) that wait for this event of this source, at once. Done when
+// none fired, else the last link's result; Failure and Replaced stop the rest. The name is not read
+// any more once a link runs.
 Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
                   EventData data) noexcept;
 // The same with an object as the source.
@@ -141,7 +149,8 @@ Status RaiseEvent(const Root& source, EventType type, EventData data = {}) noexc
 Status RaiseEventByType(EventType type, EventData data) noexcept;
 
 // ---- The display stack of the running application ----
-// All return Refused when the entry is not there (or no application runs), Failure when memory is out (said).
+// All return Refused when the entry is not there (or no application runs), Failure when memory is
+// out (said).
 
 Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible) noexcept;
 Status InsertAtPosition(Application& application, std::int32_t position, ItemType kind,
@@ -168,14 +177,16 @@ Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference) n
 
 // ---- Timers ----
 
-// Sets a timer of the group, or cancels it when `value` is kNoTimerValue. `absolute` is 0, 1 or kNotGiven.
+// Sets a timer of the group, or cancels it when `value` is kNoTimerValue. `absolute` is 0, 1 or
+// kNotGiven.
 inline constexpr std::int32_t kNoTimerValue = -1;
 inline constexpr std::int32_t kNotGiven = 2;
 Status SetTimer(Group& group, std::int32_t id, std::int32_t value, std::int32_t absolute) noexcept;
 
 // ---- The persistent store: named blocks of bytes, in memory for as long as the engine runs ----
 
-// Puts a block in under a name, taking it over. Failure, said, with `data` still the caller's, when memory is out.
+// Puts a block in under a name, taking it over. Failure, said, with `data` still the caller's, when
+// memory is out.
 Status AppendPersistent(std::string_view name, OctetString&& data) noexcept;
 // Takes the first block of that name out. Refused when there is none.
 Status TakePersistent(std::string_view name, OctetString& data) noexcept;

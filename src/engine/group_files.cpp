@@ -1,5 +1,6 @@
-// The path rules of the broadcast file system. "DSM:" or "~" with its slash leads a name; what follows is taken in
-// the current directory, or from the root when "DSM:" is followed by two slashes.
+// The path rules of the broadcast file system. "DSM:" or "~" with its slash leads a name; what
+// follows is taken in the current directory, or from the root when "DSM:" is followed by two
+// slashes.
 #include "engine/group_files.h"
 
 #include "engine/core.h"
@@ -41,8 +42,8 @@ Status FetchStartUpAt(std::string_view path, OctetString& bytes) noexcept {
   return FetchStartUpNames({}, bytes);
 }
 
-// Takes each "/../" out together with the component before it. Kept as content expects it: no slash is put
-// back between the two pieces, so that x/y/../z becomes xz.
+// Takes each "/../" out together with the component before it. Kept as content expects it: no slash
+// is put back between the two pieces, so that x/y/../z becomes xz.
 bool RemoveParentSteps(OctetString& path) noexcept {
   for (;;) {
     const std::string_view text = path.View();

@@ -1,5 +1,5 @@
-// The start and the end of groups. Every call that can run actions may end the very group at hand; the group's
-// memory stays, and its life record says so.
+// The start and the end of groups. Every call that can run actions may end the very group at hand;
+// the group's memory stays, and its life record says so.
 #include "engine/group_life.h"
 
 #include "engine/core.h"
@@ -46,7 +46,8 @@ Status PrepareGroup(Group& group) noexcept {
   return status == Status::Done ? RaiseOf(group, EventType::ContentAvailable) : status;
 }
 
-// The group's OnStartUp runs with its links in place. An application whose scene was replaced by it goes on.
+// The group's OnStartUp runs with its links in place. An application whose scene was replaced by it
+// goes on.
 Status ActivateGroup(Group& group, Scope scope) noexcept {
   if (group.RunningStatus) return Status::Done;
   group.RunningStatus = true;
@@ -62,8 +63,8 @@ Status StartItemsAndGroup(Group& group, Scope scope) noexcept {
   return status;
 }
 
-// Takes everything of the group out of the registers of the engine and marks it ended. Its memory stays until
-// nothing that may still hold a part of it runs.
+// Takes everything of the group out of the registers of the engine and marks it ended. Its memory
+// stays until nothing that may still hold a part of it runs.
 void Bury(Group& group) noexcept {
   Core& core = TheCore();
   RemoveLinks(group);

@@ -1,5 +1,5 @@
-// The operations that replace what runs: Launch, Spawn, Quit, TransitionTo, the engine start and the close-down. The
-// new group is fetched and decoded before anything running is touched.
+// The operations that replace what runs: Launch, Spawn, Quit, TransitionTo, the engine start and
+// the close-down. The new group is fetched and decoded before anything running is touched.
 #include <cstdio>
 
 #include "engine/core.h"
@@ -27,12 +27,14 @@ Status Decode(const OctetString& bytes, OwnedGroup& group) noexcept {
 }
 
 Status RaiseReferenceError(const ObjectReference& source) noexcept {
-  const Status status = RaiseEvent(source.GroupIdentifier.View(), source.Number,
-                                   EventType::EngineEvent, EventData::Integer(kGroupReferenceError));
+  const Status status =
+      RaiseEvent(source.GroupIdentifier.View(), source.Number, EventType::EngineEvent,
+                 EventData::Integer(kGroupReferenceError));
   return status == Status::Failure ? Status::Failure : Status::Refused;
 }
 
-// Reads the file of a group that an action names. When it cannot be had, the running application is told.
+// Reads the file of a group that an action names. When it cannot be had, the running application is
+// told.
 Status FetchNamedGroup(std::string_view groupName, OctetString& bytes) noexcept {
   if (ResolveGroup(groupName, bytes) == Status::Done) return Status::Done;
   const Application* application = CurrentApplication();
@@ -40,7 +42,8 @@ Status FetchNamedGroup(std::string_view groupName, OctetString& bytes) noexcept 
 }
 
 // Fetches and decodes what must be an application.
-Status ReadApplication(std::string_view groupName, const char* message, OwnedGroup& group) noexcept {
+Status ReadApplication(std::string_view groupName, const char* message,
+                       OwnedGroup& group) noexcept {
   OctetString bytes;
   const Status status = FetchNamedGroup(groupName, bytes);
   if (status != Status::Done) return status;
@@ -71,8 +74,8 @@ Status QuitToNothing() noexcept {
   return Status::Failure;
 }
 
-// The application on top of the stack becomes current again. It is not started anew: its OnStartUp does not run
-// and its links wait for nothing.
+// The application on top of the stack becomes current again. It is not started anew: its OnStartUp
+// does not run and its links wait for nothing.
 Status QuitToParent(const ObjectReference& quitting) noexcept {
   ApplicationStack& stack = TheStack();
   OctetString bytes;
@@ -87,8 +90,8 @@ Status QuitToParent(const ObjectReference& quitting) noexcept {
   return Status::Done;
 }
 
-// What the application shows and runs for itself pauses with the scene it was shown in, unless it is shared. Flags
-// only: nothing is raised, and a visible keeps its place in the display stack.
+// What the application shows and runs for itself pauses with the scene it was shown in, unless it
+// is shared. Flags only: nothing is raised, and a visible keeps its place in the display stack.
 void StopUnsharedItems(Application& application) noexcept {
   for (const Item& item : application.Items) {
     const bool isStopped = item.Type() >= ItemType::Link && item.Type() <= ItemType::SwitchButton &&
@@ -166,7 +169,8 @@ Status TransitionTo(std::string_view groupName) noexcept {
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
   const Scene* scene = CurrentScene();
-  if (groupName.empty() || (scene != nullptr && NameOf(*scene) == groupName)) return Status::Refused;
+  if (groupName.empty() || (scene != nullptr && NameOf(*scene) == groupName))
+    return Status::Refused;
   OctetString name;
   OctetString bytes;
   Status status = CopyName(groupName, name);

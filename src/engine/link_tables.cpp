@@ -1,5 +1,5 @@
-// Entering and removing links. A link stays in its table while it is inactive; whether it is active is asked when
-// an event is dispatched.
+// Entering and removing links. A link stays in its table while it is inactive; whether it is active
+// is asked when an event is dispatched.
 #include "engine/link_tables.h"
 
 #include <cstdio>
@@ -22,39 +22,37 @@ Status AddLink(Link& link, Scope context) noexcept {
 
 LinkTable* TableOf(std::int32_t eventType) noexcept {
   switch (static_cast<EventType>(eventType)) {
-    case EventType::IsAvailable:
-    case EventType::ContentAvailable:
-    case EventType::IsDeleted:
-    case EventType::IsRunning:
-    case EventType::IsStopped:
-    case EventType::AsynchStopped:
-    case EventType::TokenMovedFrom:
-    case EventType::TokenMovedTo:
-    case EventType::HighlightOn:
-    case EventType::HighlightOff:
-    case EventType::TestEvent:
-    case EventType::FirstItemPresented:
-    case EventType::LastItemPresented:
-    case EventType::HeadItems:
-    case EventType::TailItems:
-    case EventType::ItemSelected:
-    case EventType::ItemDeselected:
-    case EventType::EngineEvent:
-      return &TheCore().stateTable;
-    case EventType::UserInput:
-    case EventType::AnchorFired:
-    case EventType::TimerFired:
-    case EventType::InteractionCompleted:
-    case EventType::StreamEvent:
-    case EventType::StreamPlaying:
-    case EventType::StreamStopped:
-    case EventType::CounterTrigger:
-    case EventType::CursorEnter:
-    case EventType::CursorLeave:
-    case EventType::IsSelected:
-    case EventType::IsDeselected:
-    case EventType::EntryFieldFull:
-      return &TheCore().inputTable;
+  case EventType::IsAvailable:
+  case EventType::ContentAvailable:
+  case EventType::IsDeleted:
+  case EventType::IsRunning:
+  case EventType::IsStopped:
+  case EventType::AsynchStopped:
+  case EventType::TokenMovedFrom:
+  case EventType::TokenMovedTo:
+  case EventType::HighlightOn:
+  case EventType::HighlightOff:
+  case EventType::TestEvent:
+  case EventType::FirstItemPresented:
+  case EventType::LastItemPresented:
+  case EventType::HeadItems:
+  case EventType::TailItems:
+  case EventType::ItemSelected:
+  case EventType::ItemDeselected:
+  case EventType::EngineEvent: return &TheCore().stateTable;
+  case EventType::UserInput:
+  case EventType::AnchorFired:
+  case EventType::TimerFired:
+  case EventType::InteractionCompleted:
+  case EventType::StreamEvent:
+  case EventType::StreamPlaying:
+  case EventType::StreamStopped:
+  case EventType::CounterTrigger:
+  case EventType::CursorEnter:
+  case EventType::CursorLeave:
+  case EventType::IsSelected:
+  case EventType::IsDeselected:
+  case EventType::EntryFieldFull: return &TheCore().inputTable;
   }
   return nullptr;
 }

@@ -1,4 +1,5 @@
-// What comes in from outside the content: keys, filtered by the scene's input event register, and timer expiries.
+// What comes in from outside the content: keys, filtered by the scene's input event register, and
+// timer expiries.
 #include "engine/outside_events.h"
 
 #include <cstdio>
@@ -21,7 +22,8 @@ constexpr std::int32_t kRed = 100;
 constexpr std::int32_t kBlue = 103;
 constexpr std::int32_t kText = 104;
 
-// The register of a scene that has not been reached yet: only Cancel, the colours and Text get through.
+// The register of a scene that has not been reached yet: only Cancel, the colours and Text get
+// through.
 constexpr std::int32_t kRegisterWithoutScene = 3;
 
 // The value that the Text key's engine event carries instead of its key number.
@@ -34,14 +36,10 @@ constexpr bool IsWithin(std::int32_t key, std::int32_t first, std::int32_t last)
 bool IsBlocked(std::int32_t inputRegister, std::int32_t key) noexcept {
   const bool isOutsideAll = IsWithin(key, kFirstOther, kLastOther) || key > kText;
   switch (inputRegister) {
-    case 3:
-      return isOutsideAll || IsWithin(key, kFirstArrow, kSelect);
-    case 4:
-      return isOutsideAll;
-    case 5:
-      return isOutsideAll || IsWithin(key, kFirstDigit, kLastDigit);
-    default:
-      return false;
+  case 3: return isOutsideAll || IsWithin(key, kFirstArrow, kSelect);
+  case 4: return isOutsideAll;
+  case 5: return isOutsideAll || IsWithin(key, kFirstDigit, kLastDigit);
+  default: return false;
   }
 }
 
@@ -62,7 +60,8 @@ Status RaiseUserInput(std::int32_t key) noexcept {
   if (TakeInteractionKey(key, taken)) return taken;
   // The scene is asked for only now: the engine event may have replaced it.
   const Scene* scene = CurrentScene();
-  const std::int32_t inputRegister = scene == nullptr ? kRegisterWithoutScene : scene->InputEventReg;
+  const std::int32_t inputRegister =
+      scene == nullptr ? kRegisterWithoutScene : scene->InputEventReg;
   if (IsBlocked(inputRegister, key)) return Status::Blocked;
   return RaiseEventByType(EventType::UserInput, EventData::Integer(key));
 }

@@ -1,5 +1,6 @@
-// The timers of groups. A group keeps a record of each pending timer; the expiry is a one-shot platform timer
-// of the same id, so a timer of the scene replaces one of the application with its id, and only the scene's fire.
+// The timers of groups. A group keeps a record of each pending timer; the expiry is a one-shot
+// platform timer of the same id, so a timer of the scene replaces one of the application with its
+// id, and only the scene's fire.
 #include "engine/timers.h"
 
 #include <algorithm>
@@ -12,7 +13,8 @@
 namespace korvel {
 namespace {
 
-// The longest period that every version of the platform takes for what it is; longer ones would fire at once.
+// The longest period that every version of the platform takes for what it is; longer ones would
+// fire at once.
 constexpr std::uint32_t kLongestPeriodMs = 0x7FFFFFFF;
 
 auto HasId(std::int32_t id) {
@@ -50,8 +52,7 @@ Status CancelTimer(Group& group, std::int32_t id) noexcept {
 
 }  // namespace
 
-Status SetTimer(Group& group, std::int32_t id, std::int32_t value,
-                std::int32_t absolute) noexcept {
+Status SetTimer(Group& group, std::int32_t id, std::int32_t value, std::int32_t absolute) noexcept {
   if (value == kNoTimerValue) return CancelTimer(group, id);
   Timer* timer = FindTimer(group, id);
   if (timer != nullptr) {

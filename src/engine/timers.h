@@ -1,4 +1,5 @@
-// The timers of groups, as the rest of the engine core sees them: firing, and the end of a group's timers.
+// The timers of groups, as the rest of the engine core sees them: firing, and the end of a group's
+// timers.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +9,9 @@
 
 namespace korvel {
 
-// Takes the record of a timer that has fired out of the current scene's list and hands out its owner. Refused
-// when no scene runs or the scene has no such timer; a timer of the application never has.
+// Takes the record of a timer that has fired out of the current scene's list and hands out its
+// owner. Refused when no scene runs or the scene has no such timer; a timer of the application
+// never has.
 Status TakeFiredTimer(std::int32_t id, ObjectReference& owner) noexcept;
 
 // Kills every pending timer of a group that ends.

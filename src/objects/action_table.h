@@ -1,5 +1,5 @@
-// The one table of elementary actions: number, name, parameters and accepting classes of each. Decoding, writing,
-// the textual notation, the dump and the interpreter all read it.
+// The one table of elementary actions: number, name, parameters and accepting classes of each.
+// Decoding, writing, the textual notation, the dump and the interpreter all read it.
 #pragma once
 
 #include <array>
@@ -10,35 +10,136 @@
 
 namespace korvel {
 
-// The actions by number. 1 to 110 are the standard's, in alphabetical order but for Step before Stop, and are what
-// the decoders produce (BER tag = number + 114); 111 to 119 are extensions that only run.
+// The actions by number. 1 to 110 are the standard's, in alphabetical order but for Step before
+// Stop, and are what the decoders produce (BER tag = number + 114); 111 to 119 are extensions that
+// only run.
 enum class Action : std::uint8_t {
-  Activate = 1, Add, AddItem, Append, BringToFront, Call, CallActionSlot, Clear, Clone,
-  CloseConnection, Deactivate, DelItem, Deselect, DeselectItem, Divide, DrawArc, DrawLine,
-  DrawOval, DrawPolygon, DrawPolyline, DrawRectangle, DrawSector, Fork, GetAvailabilityStatus,
-  GetBoxSize, GetCellItem, GetCursorPosition, GetEngineSupport, GetEntryPoint, GetFillColour,
-  GetFirstItem, GetHighlightStatus, GetInteractionStatus, GetItemStatus, GetLabel,
-  GetLastAnchorFired, GetLineColour, GetLineStyle, GetLineWidth, GetListItem, GetListSize,
-  GetOverwriteMode, GetPortion, GetPosition, GetRunningStatus, GetSelectionStatus, GetSliderValue,
-  GetTextContent, GetTextData, GetTokenPosition, GetVolume, Launch, LockScreen, Modulo, Move,
-  MoveTo, Multiply, OpenConnection, Preload, PutBefore, PutBehind, Quit, ReadPersistent, Run,
-  ScaleBitmap, ScaleVideo, ScrollItems, Select, SelectItem, SendEvent, SendToBack, SetBoxSize,
-  SetCachePriority, SetCounterEndPosition, SetCounterPosition, SetCounterTrigger,
-  SetCursorPosition, SetCursorShape, SetData, SetEntryPoint, SetFillColour, SetFirstItem,
-  SetFontRef, SetHighlightStatus, SetInteractionStatus, SetLabel, SetLineColour, SetLineStyle,
-  SetLineWidth, SetOverwriteMode, SetPaletteRef, SetPortion, SetPosition, SetSliderValue, SetSpeed,
-  SetTimer, SetTransparency, SetVariable, SetVolume, Spawn, Step, Stop, StorePersistent, Subtract,
-  TestVariable, Toggle, ToggleItem, TransitionTo, Unload, UnlockScreen = 110,
-  SetInputRegister, SetCellPosition, GetBitmapDecodeOffset, SetBitmapDecodeOffset,
-  SetBackgroundColour, SetTextColour, SetFontAttributes, SetVideoDecodeOffset,
+  Activate = 1,
+  Add,
+  AddItem,
+  Append,
+  BringToFront,
+  Call,
+  CallActionSlot,
+  Clear,
+  Clone,
+  CloseConnection,
+  Deactivate,
+  DelItem,
+  Deselect,
+  DeselectItem,
+  Divide,
+  DrawArc,
+  DrawLine,
+  DrawOval,
+  DrawPolygon,
+  DrawPolyline,
+  DrawRectangle,
+  DrawSector,
+  Fork,
+  GetAvailabilityStatus,
+  GetBoxSize,
+  GetCellItem,
+  GetCursorPosition,
+  GetEngineSupport,
+  GetEntryPoint,
+  GetFillColour,
+  GetFirstItem,
+  GetHighlightStatus,
+  GetInteractionStatus,
+  GetItemStatus,
+  GetLabel,
+  GetLastAnchorFired,
+  GetLineColour,
+  GetLineStyle,
+  GetLineWidth,
+  GetListItem,
+  GetListSize,
+  GetOverwriteMode,
+  GetPortion,
+  GetPosition,
+  GetRunningStatus,
+  GetSelectionStatus,
+  GetSliderValue,
+  GetTextContent,
+  GetTextData,
+  GetTokenPosition,
+  GetVolume,
+  Launch,
+  LockScreen,
+  Modulo,
+  Move,
+  MoveTo,
+  Multiply,
+  OpenConnection,
+  Preload,
+  PutBefore,
+  PutBehind,
+  Quit,
+  ReadPersistent,
+  Run,
+  ScaleBitmap,
+  ScaleVideo,
+  ScrollItems,
+  Select,
+  SelectItem,
+  SendEvent,
+  SendToBack,
+  SetBoxSize,
+  SetCachePriority,
+  SetCounterEndPosition,
+  SetCounterPosition,
+  SetCounterTrigger,
+  SetCursorPosition,
+  SetCursorShape,
+  SetData,
+  SetEntryPoint,
+  SetFillColour,
+  SetFirstItem,
+  SetFontRef,
+  SetHighlightStatus,
+  SetInteractionStatus,
+  SetLabel,
+  SetLineColour,
+  SetLineStyle,
+  SetLineWidth,
+  SetOverwriteMode,
+  SetPaletteRef,
+  SetPortion,
+  SetPosition,
+  SetSliderValue,
+  SetSpeed,
+  SetTimer,
+  SetTransparency,
+  SetVariable,
+  SetVolume,
+  Spawn,
+  Step,
+  Stop,
+  StorePersistent,
+  Subtract,
+  TestVariable,
+  Toggle,
+  ToggleItem,
+  TransitionTo,
+  Unload,
+  UnlockScreen = 110,
+  SetInputRegister,
+  SetCellPosition,
+  GetBitmapDecodeOffset,
+  SetBitmapDecodeOffset,
+  SetBackgroundColour,
+  SetTextColour,
+  SetFontAttributes,
+  SetVideoDecodeOffset,
   GetVideoDecodeOffset = 119,
 };
 inline constexpr std::uint8_t kActionCount = 119;
 inline constexpr std::uint8_t kDecodedActionCount = 110;
 inline constexpr std::uint32_t kActionTagBase = 114;
 
-// What stands at one place of an action's syntax. The composite kinds stand for several values, which a decoded
-// action holds flattened, one after the other.
+// What stands at one place of an action's syntax. The composite kinds stand for several values,
+// which a decoded action holds flattened, one after the other.
 enum class Parameter : std::uint8_t {
   Integer,        // GenericInteger
   IntegerOrNull,  // GenericInteger or NULL
@@ -51,7 +152,8 @@ enum class Parameter : std::uint8_t {
   Points,         // a list of pairs of Integer
   Colour,         // an absolute colour (Octets) or a colour index (Integer)
   FontChoice,     // a Font object (Reference) or a font name (Octets)
-  NewContent,     // included content (Octets), or a content reference with IntegerOrNull size and cache priority
+  NewContent,     // included content (Octets), or a content reference with IntegerOrNull size and
+                  // cache priority
   NewTimer,       // Integer timer value, then optionally Boolean absolute time
   Speed,          // Integer numerator, then optionally Integer denominator
   EventNumber,    // Integer; an event type, written as its word
@@ -76,7 +178,8 @@ struct ActionRow {
   std::array<Parameter, kMostParameters> parameters;
   std::uint8_t parameterCount;  // places of the syntax
   std::uint8_t requiredCount;   // how many of them must be there for the action to be carried out
-  ClassSet accepts;  // classes of target that the action works on; empty: no target is looked up, or not performed
+  ClassSet accepts;  // classes of target that the action works on; empty: no target is looked up,
+                     // or not performed
 
   [[nodiscard]] constexpr std::span<const Parameter> Syntax() const {
     return {parameters.data(), parameterCount};
@@ -86,7 +189,8 @@ struct ActionRow {
 // The row of an action number, or null for 0 and numbers above 119.
 [[nodiscard]] const ActionRow* FindAction(std::uint8_t number) noexcept;
 
-// The row of an action name such as "SetData", in any case of letters, among the 110 that content can hold; or null.
+// The row of an action name such as "SetData", in any case of letters, among the 110 that content
+// can hold; or null.
 [[nodiscard]] const ActionRow* FindActionByName(const char* name) noexcept;
 
 }  // namespace korvel

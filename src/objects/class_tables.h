@@ -1,5 +1,6 @@
-// The interchange form of every class, written down once. An attribute's row gives its BER tag, its keyword in the
-// textual notation and its field; rows stand in the order in which the notation is written.
+// The interchange form of every class, written down once. An attribute's row gives its BER tag, its
+// keyword in the textual notation and its field; rows stand in the order in which the notation is
+// written.
 #pragma once
 
 #include <array>
@@ -57,17 +58,17 @@ struct SequenceDescription<AspectRatio> {
 };
 template <>
 struct SequenceDescription<NextScene> {
-  static constexpr auto elements =
-      std::tuple{Element{nullptr, &NextScene::SceneReference}, Element{nullptr, &NextScene::Weight}};
+  static constexpr auto elements = std::tuple{Element{nullptr, &NextScene::SceneReference},
+                                              Element{nullptr, &NextScene::Weight}};
 };
 template <>
 struct SequenceDescription<LinkCondition> {
-  static constexpr auto elements = std::tuple{
-      Element{":EventSource", &LinkCondition::EventSource,
-              Form{.name = "EventSource", .isRequired = true}},
-      Element{":EventType", &LinkCondition::EventType,
-              Form{.words = kEventWords, .isRequired = true}},
-      Element{":EventData", &LinkCondition::EventData}};
+  static constexpr auto elements =
+      std::tuple{Element{":EventSource", &LinkCondition::EventSource,
+                         Form{.name = "EventSource", .isRequired = true}},
+                 Element{":EventType", &LinkCondition::EventType,
+                         Form{.words = kEventWords, .isRequired = true}},
+                 Element{":EventData", &LinkCondition::EventData}};
 };
 template <>
 struct SequenceDescription<TokenGroupItem> {
@@ -81,14 +82,14 @@ struct SequenceDescription<TokenGroupItem> {
 template <>
 struct Description<Group> {
   using Parents = Classes<>;
-  static constexpr auto attributes = std::tuple{
-      Attribute{2, ":StdID", &Group::Standard},
-      Attribute{3, ":StdVersion", &Group::StandardVersion},
-      Attribute{4, ":ObjectInfo", &Group::ObjectInformation},
-      Attribute{5, ":OnStartUp", &Group::OnStartUp},
-      Attribute{6, ":OnCloseDown", &Group::OnCloseDown},
-      Attribute{7, ":OrigGCPriority", &Group::OriginalGroupCachePriority},
-      Attribute{8, ":Items", &Group::Items}};
+  static constexpr auto attributes =
+      std::tuple{Attribute{2, ":StdID", &Group::Standard},
+                 Attribute{3, ":StdVersion", &Group::StandardVersion},
+                 Attribute{4, ":ObjectInfo", &Group::ObjectInformation},
+                 Attribute{5, ":OnStartUp", &Group::OnStartUp},
+                 Attribute{6, ":OnCloseDown", &Group::OnCloseDown},
+                 Attribute{7, ":OrigGCPriority", &Group::OriginalGroupCachePriority},
+                 Attribute{8, ":Items", &Group::Items}};
 };
 
 template <>
@@ -110,8 +111,8 @@ struct Description<DefaultAttributes> {
       Attribute{50, ":SliderRefColour", &DefaultAttributes::SliderRefColour}};
 };
 
-// The default attributes stand under one tag of their own in BER, and side by side with the application's other
-// attributes in the textual notation.
+// The default attributes stand under one tag of their own in BER, and side by side with the
+// application's other attributes in the textual notation.
 template <>
 struct Description<Application> {
   using Parents = Classes<Group>;
@@ -126,12 +127,11 @@ template <>
 struct Description<Scene> {
   using Parents = Classes<Group>;
   static constexpr ClassHeading heading{ItemType::Scene, 1, "Scene", ":Scene"};
-  static constexpr auto attributes =
-      std::tuple{Attribute{51, ":InputEventReg", &Scene::InputEventReg},
-                 Attribute{52, ":SceneCS", &Scene::SceneCS},
-                 Attribute{53, ":AspectRatio", &Scene::Aspect},
-                 Attribute{54, ":MovingCursor", &Scene::MovingCursor},
-                 Attribute{55, ":NextScenes", &Scene::NextScenes}};
+  static constexpr auto attributes = std::tuple{
+      Attribute{51, ":InputEventReg", &Scene::InputEventReg},
+      Attribute{52, ":SceneCS", &Scene::SceneCS}, Attribute{53, ":AspectRatio", &Scene::Aspect},
+      Attribute{54, ":MovingCursor", &Scene::MovingCursor},
+      Attribute{55, ":NextScenes", &Scene::NextScenes}};
 };
 
 // ---- Ingredients that are not seen ----
@@ -182,8 +182,7 @@ struct Description<ResidentProgram> {
 template <>
 struct Description<RemoteProgram> {
   using Parents = Classes<Program>;
-  static constexpr ClassHeading heading{ItemType::RemoteProgram, 10, "RemoteProgram",
-                                        ":RemotePrg"};
+  static constexpr ClassHeading heading{ItemType::RemoteProgram, 10, "RemoteProgram", ":RemotePrg"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
       std::tuple{Attribute{66, ":ConnectionTag", &RemoteProgram::ProgramConnectionTag}};
@@ -248,12 +247,9 @@ struct Description<ObjectRefVariable> {
   static constexpr ClassHeading heading{ItemType::ObjectRefVariable, 18, "ObjectRefVariable",
                                         ":ObjectRefVar"};
   static constexpr auto omitted = kContentTags;
-  static constexpr auto attributes =
-      std::tuple{Attribute{67, ":OrigValue", &ObjectRefVariable::OriginalValue,
-                           Form{.innerTag = 68,
-                                .innerKeyword = ":ObjectRef",
-                                .name = "Value",
-                                .isRequired = true}}};
+  static constexpr auto attributes = std::tuple{Attribute{
+      67, ":OrigValue", &ObjectRefVariable::OriginalValue,
+      Form{.innerTag = 68, .innerKeyword = ":ObjectRef", .name = "Value", .isRequired = true}}};
 };
 template <>
 struct Description<ContentRefVariable> {
@@ -261,11 +257,9 @@ struct Description<ContentRefVariable> {
   static constexpr ClassHeading heading{ItemType::ContentRefVariable, 19, "ContentRefVariable",
                                         ":ContentRefVar"};
   static constexpr auto omitted = kContentTags;
-  static constexpr auto attributes =
-      std::tuple{Attribute{67, ":OrigValue", &ContentRefVariable::OriginalValue,
-                           Form{.innerTag = 69,
-                                .innerKeyword = ":ContentRef",
-                                .isRequired = true}}};
+  static constexpr auto attributes = std::tuple{
+      Attribute{67, ":OrigValue", &ContentRefVariable::OriginalValue,
+                Form{.innerTag = 69, .innerKeyword = ":ContentRef", .isRequired = true}}};
 };
 
 template <>
@@ -347,32 +341,30 @@ template <>
 struct Description<Text> {
   using Parents = Classes<Visible>;
   static constexpr ClassHeading heading{ItemType::Text, 29, "Text", ":Text"};
-  static constexpr auto attributes =
-      std::tuple{Attribute{86, ":OrigFont", &Text::OriginalFont, Form{.name = "Font"}},
-                 Attribute{43, ":FontAttributes", &Text::FontAttributes},
-                 Attribute{41, ":TextColour", &Text::TextColour},
-                 Attribute{39, ":BackgroundColour", &Text::BackgroundColour},
-                 Attribute{38, ":CharacterSet", &Text::CharacterSet},
-                 Attribute{87, ":HJustification", &Text::HorizontalJustification,
-                           Form{.words = kJustificationWords}},
-                 Attribute{88, ":VJustification", &Text::VerticalJustification,
-                           Form{.words = kJustificationWords}},
-                 Attribute{89, ":LineOrientation", &Text::LineOrientation,
-                           Form{.words = kLineOrientationWords}},
-                 Attribute{90, ":StartCorner", &Text::StartCorner,
-                           Form{.words = kStartCornerWords}},
-                 Attribute{91, ":TextWrapping", &Text::TextWrapping}};
+  static constexpr auto attributes = std::tuple{
+      Attribute{86, ":OrigFont", &Text::OriginalFont, Form{.name = "Font"}},
+      Attribute{43, ":FontAttributes", &Text::FontAttributes},
+      Attribute{41, ":TextColour", &Text::TextColour},
+      Attribute{39, ":BackgroundColour", &Text::BackgroundColour},
+      Attribute{38, ":CharacterSet", &Text::CharacterSet},
+      Attribute{87, ":HJustification", &Text::HorizontalJustification,
+                Form{.words = kJustificationWords}},
+      Attribute{88, ":VJustification", &Text::VerticalJustification,
+                Form{.words = kJustificationWords}},
+      Attribute{89, ":LineOrientation", &Text::LineOrientation,
+                Form{.words = kLineOrientationWords}},
+      Attribute{90, ":StartCorner", &Text::StartCorner, Form{.words = kStartCornerWords}},
+      Attribute{91, ":TextWrapping", &Text::TextWrapping}};
 };
 template <>
 struct Description<EntryField> {
   using Parents = Classes<Text, Interactible>;
   static constexpr ClassHeading heading{ItemType::EntryField, 30, "EntryField", ":EntryField"};
-  static constexpr auto attributes =
-      std::tuple{Attribute{109, ":InputType", &EntryField::InputType,
-                           Form{.words = kInputTypeWords}},
-                 Attribute{110, ":CharList", &EntryField::CharList},
-                 Attribute{111, ":ObscuredInput", &EntryField::ObsuredInput},
-                 Attribute{112, ":MaxLength", &EntryField::MaxLength}};
+  static constexpr auto attributes = std::tuple{
+      Attribute{109, ":InputType", &EntryField::InputType, Form{.words = kInputTypeWords}},
+      Attribute{110, ":CharList", &EntryField::CharList},
+      Attribute{111, ":ObscuredInput", &EntryField::ObsuredInput},
+      Attribute{112, ":MaxLength", &EntryField::MaxLength}};
 };
 template <>
 struct Description<HyperText> {
@@ -409,9 +401,8 @@ struct Description<SwitchButton> {
   static constexpr ClassHeading heading{ItemType::SwitchButton, 27, "SwitchButton",
                                         ":SwitchButton"};
   static constexpr auto omitted = kContentTags;
-  static constexpr auto attributes =
-      std::tuple{Attribute{114, ":ButtonStyle", &SwitchButton::ButtonStyle,
-                           Form{.words = kButtonStyleWords}}};
+  static constexpr auto attributes = std::tuple{
+      Attribute{114, ":ButtonStyle", &SwitchButton::ButtonStyle, Form{.words = kButtonStyleWords}}};
 };
 
 template <>
@@ -419,17 +410,15 @@ struct Description<Slider> {
   using Parents = Classes<Visible, Interactible>;
   static constexpr ClassHeading heading{ItemType::Slider, 32, "Slider", ":Slider"};
   static constexpr auto omitted = kContentTags;
-  static constexpr auto attributes =
-      std::tuple{Attribute{102, ":Orientation", &Slider::Orientation,
-                           Form{.words = kSliderOrientationWords}},
-                 Attribute{103, ":MaxValue", &Slider::MaxValue},
-                 Attribute{104, ":MinValue", &Slider::MinValue},
-                 Attribute{105, ":InitialValue", &Slider::InitialValue},
-                 Attribute{106, ":InitialPortion", &Slider::InitialPortion},
-                 Attribute{107, ":StepSize", &Slider::StepSize},
-                 Attribute{108, ":SliderStyle", &Slider::SliderStyle,
-                           Form{.words = kSliderStyleWords}},
-                 Attribute{50, ":SliderRefColour", &Slider::SliderRefColour}};
+  static constexpr auto attributes = std::tuple{
+      Attribute{102, ":Orientation", &Slider::Orientation, Form{.words = kSliderOrientationWords}},
+      Attribute{103, ":MaxValue", &Slider::MaxValue},
+      Attribute{104, ":MinValue", &Slider::MinValue},
+      Attribute{105, ":InitialValue", &Slider::InitialValue},
+      Attribute{106, ":InitialPortion", &Slider::InitialPortion},
+      Attribute{107, ":StepSize", &Slider::StepSize},
+      Attribute{108, ":SliderStyle", &Slider::SliderStyle, Form{.words = kSliderStyleWords}},
+      Attribute{50, ":SliderRefColour", &Slider::SliderRefColour}};
 };
 
 // ---- Streams ----
@@ -458,20 +447,18 @@ struct Description<Video> {
   static constexpr ClassHeading heading{ItemType::Video, 96, "Video", ":Video"};
   static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag,
                                          kOriginalPaletteRefTag};
-  static constexpr auto attributes =
-      std::tuple{Attribute{98, ":ComponentTag", &Video::ComponentTag, kRequired},
-                 Attribute{100, ":Termination", &Video::Termination,
-                           Form{.words = kTerminationWords}}};
+  static constexpr auto attributes = std::tuple{
+      Attribute{98, ":ComponentTag", &Video::ComponentTag, kRequired},
+      Attribute{100, ":Termination", &Video::Termination, Form{.words = kTerminationWords}}};
 };
 template <>
 struct Description<RTGraphics> {
   using Parents = Classes<Visible>;
   static constexpr ClassHeading heading{ItemType::RTGraphics, 97, "RTGraphics", ":RTGraphics"};
   static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag};
-  static constexpr auto attributes =
-      std::tuple{Attribute{98, ":ComponentTag", &RTGraphics::ComponentTag, kRequired},
-                 Attribute{100, ":Termination", &RTGraphics::Termination,
-                           Form{.words = kTerminationWords}}};
+  static constexpr auto attributes = std::tuple{
+      Attribute{98, ":ComponentTag", &RTGraphics::ComponentTag, kRequired},
+      Attribute{100, ":Termination", &RTGraphics::Termination, Form{.words = kTerminationWords}}};
 };
 
 // ---- The classes that lists of objects hold ----
@@ -484,7 +471,8 @@ using ItemClasses =
 
 using ComponentClasses = Classes<Audio, Video, RTGraphics>;
 
-// Calls visit.template operator()<Record>() for the ingredient class of that number. False when there is none.
+// Calls visit.template operator()<Record>() for the ingredient class of that number. False when
+// there is none.
 template <class Visit>
 constexpr bool VisitIngredientClass(ItemType type, Visit&& visit) {
   bool isFound = false;

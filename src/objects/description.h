@@ -1,6 +1,7 @@
-// The means to describe a class's interchange form once: a table of attributes, each with its BER tag, its textual
-// keyword and its field. Every pass over records (reading, writing, completing references) walks these tables and
-// knows no attribute of its own. The tables themselves stand in class_tables.h.
+// The means to describe a class's interchange form once: a table of attributes, each with its BER
+// tag, its textual keyword and its field. Every pass over records (reading, writing, completing
+// references) walks these tables and knows no attribute of its own. The tables themselves stand in
+// class_tables.h.
 #pragma once
 
 #include <cstdint>
@@ -16,11 +17,11 @@ using Words = std::span<const char* const>;
 
 // What the passes need to know about a field beyond its type.
 struct Form {
-  Words words{};                      // the field is an enumeration with these words
-  std::uint32_t innerTag = 0;         // the value stands under this context tag inside the attribute's own
+  Words words{};               // the field is an enumeration with these words
+  std::uint32_t innerTag = 0;  // the value stands under this context tag inside the attribute's own
   const char* innerKeyword = nullptr;  // and behind this keyword in the textual notation
-  const char* name = "";              // names a reference in messages: "Link EventSource"
-  bool isRequired = false;            // an author must write it; a reader leaves the construction value
+  const char* name = "";               // names a reference in messages: "Link EventSource"
+  bool isRequired = false;  // an author must write it; a reader leaves the construction value
 };
 
 // One attribute of a class: a context-specific tag, a keyword, and where the value is kept.
@@ -36,8 +37,8 @@ Attribute(std::uint32_t, const char*, Field Record::*) -> Attribute<Record, Fiel
 template <class Record, class Field>
 Attribute(std::uint32_t, const char*, Field Record::*, Form) -> Attribute<Record, Field>;
 
-// One element of a structure that is encoded as a SEQUENCE: its place is its name in BER. In the textual notation
-// elements with a keyword are written behind it, the others by their place.
+// One element of a structure that is encoded as a SEQUENCE: its place is its name in BER. In the
+// textual notation elements with a keyword are written behind it, the others by their place.
 template <class Record, class Field>
 struct Element {
   const char* keyword;  // nullptr: by place
@@ -49,8 +50,8 @@ Element(const char*, Field Record::*) -> Element<Record, Field>;
 template <class Record, class Field>
 Element(const char*, Field Record::*, Form) -> Element<Record, Field>;
 
-// What names a class: its number, its tag in an items list (or a multiplex, or as a whole file), its name in
-// messages, and its keyword.
+// What names a class: its number, its tag in an items list (or a multiplex, or as a whole file),
+// its name in messages, and its keyword.
 struct ClassHeading {
   ItemType type;
   std::uint32_t tag;
@@ -69,12 +70,15 @@ struct Classes {};
 template <class Record>
 struct Description;
 
-// Specialised in class_tables.h for every structure encoded as a SEQUENCE: static constexpr auto elements.
+// Specialised in class_tables.h for every structure encoded as a SEQUENCE: static constexpr auto
+// elements.
 template <class Record>
 struct SequenceDescription;
 
 template <class Record>
-concept IsSequence = requires { SequenceDescription<Record>::elements; };
+concept IsSequence = requires {
+  SequenceDescription<Record>::elements;
+};
 
 namespace detail {
 
@@ -108,7 +112,8 @@ constexpr void VisitAttributes(Visit& visit) {
 
 }  // namespace detail
 
-// Calls visit(attribute) for each attribute that the class has, parents first, in the order of the notation.
+// Calls visit(attribute) for each attribute that the class has, parents first, in the order of the
+// notation.
 template <class Record, class Visit>
 constexpr void ForEachAttribute(Visit&& visit) {
   detail::VisitAttributes<Record, Record>(visit);

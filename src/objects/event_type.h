@@ -42,13 +42,21 @@ enum class EventType : std::int32_t {
 
 // The words of types 1 to 31, in their order.
 inline constexpr std::array<const char*, 31> kEventWords = {
-    "IsAvailable",        "ContentAvailable", "IsDeleted",      "IsRunning",
-    "IsStopped",          "UserInput",        "AnchorFired",    "TimerFired",
-    "AsynchStopped",      "InteractionCompleted", "TokenMovedFrom", "TokenMovedTo",
-    "StreamEvent",        "StreamPlaying",    "StreamStopped",  "CounterTrigger",
-    "HighlightOn",        "HighlightOff",     "CursorEnter",    "CursorLeave",
-    "IsSelected",         "IsDeselected",     "TestEvent",      "FirstItemPresented",
-    "LastItemPresented",  "HeadItems",        "TailItems",      "ItemSelected",
-    "ItemDeselected",     "EntryFieldFull",   "EngineEvent"};
+    "IsAvailable",       "ContentAvailable",
+    "IsDeleted",         "IsRunning",
+    "IsStopped",         "UserInput",
+    "AnchorFired",       "TimerFired",
+    "AsynchStopped",     "InteractionCompleted",
+    "TokenMovedFrom",    "TokenMovedTo",
+    "StreamEvent",       "StreamPlaying",
+    "StreamStopped",     "CounterTrigger",
+    "HighlightOn",       "HighlightOff",
+    "CursorEnter",       "CursorLeave",
+    "IsSelected",        "IsDeselected",
+    "TestEvent",         "FirstItemPresented",
+    "LastItemPresented", "HeadItems",
+    "TailItems",         "ItemSelected",
+    "ItemDeselected",    "EntryFieldFull",
+    "EngineEvent"};
 
 }  // namespace korvel

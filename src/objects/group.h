@@ -1,5 +1,5 @@
-// The groups: Application and Scene. A group owns everything that was decoded with it; ending it (the engine's
-// work) comes before its release.
+// The groups: Application and Scene. A group owns everything that was decoded with it; ending it
+// (the engine's work) comes before its release.
 #pragma once
 
 #include <cstdint>
@@ -22,8 +22,9 @@ struct StandardIdentifier {
   std::int32_t MHEGStandardIdentifier = 19;
 };
 
-// A group's end. Links and action lists may still be on the call stack when their group ends, so its memory stays
-// until nothing runs; whoever called out asks `isDead` before touching the group again.
+// A group's end. Links and action lists may still be on the call stack when their group ends, so
+// its memory stays until nothing runs; whoever called out asks `isDead` before touching the group
+// again.
 struct Life {
   bool isDying = false;  // its end has begun
   bool isDead = false;   // ended: registered nowhere, released when nothing runs any more
@@ -32,7 +33,7 @@ struct Life {
 // A pending timer of a group. The platform timer of the same id is shared by all groups.
 struct Timer {
   std::int32_t Id = 0;
-  std::int32_t Value = 0;  // milliseconds, as last set
+  std::int32_t Value = 0;   // milliseconds, as last set
   bool IsAbsolute = false;  // Value counts from the start of the process
   ObjectReference Owner;    // the group that set it first
 };
@@ -71,7 +72,8 @@ struct DefaultAttributes {
   ColourValue SliderRefColour;
 };
 
-// One visible of the display stack, borrowed from its group. `Kind` is the class it was entered under.
+// One visible of the display stack, borrowed from its group. `Kind` is the class it was entered
+// under.
 struct StackedVisible {
   ItemType Kind = ItemType::None;
   Ingredient* Visible = nullptr;
@@ -84,8 +86,9 @@ struct Application : Group {
   ActionList OnRestart;
   DefaultAttributes Defaults;
 
-  std::int32_t LockCount = 0;         // screen-lock nesting
-  List<StackedVisible> DisplayStack;  // bottom-most first; the application's and the scene's visibles
+  std::int32_t LockCount = 0;  // screen-lock nesting
+  List<StackedVisible>
+      DisplayStack;  // bottom-most first; the application's and the scene's visibles
 };
 
 struct NextScene {

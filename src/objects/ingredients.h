@@ -1,6 +1,6 @@
-// The ingredients that are not seen: the common head of every item, links, programs, variables, token and list
-// groups. An "Original" attribute is what was decoded; its namesake is the run-time value that actions change
-// and that preparing the object sets up from the original.
+// The ingredients that are not seen: the common head of every item, links, programs, variables,
+// token and list groups. An "Original" attribute is what was decoded; its namesake is the run-time
+// value that actions change and that preparing the object sets up from the original.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,8 @@ struct Ingredient : Root {
   bool Shared = false;
   ContentBody Content;
 
-  Group* owner = nullptr;  // the group that holds it, directly or in a Stream; set when the group is adopted
+  Group* owner =
+      nullptr;  // the group that holds it, directly or in a Stream; set when the group is adopted
 };
 
 struct LinkCondition {

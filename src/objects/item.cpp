@@ -29,9 +29,8 @@ Item& Item::operator=(Item&& other) noexcept {
 void Item::Reset() noexcept {
   Ingredient* record = std::exchange(record_, nullptr);
   if (record == nullptr) return;
-  const bool isKnown = VisitIngredientClass(type_, [record]<class Record>() {
-    Owned<Record>(static_cast<Record*>(record)).Reset();
-  });
+  const bool isKnown = VisitIngredientClass(
+      type_, [record]<class Record>() { Owned<Record>(static_cast<Record*>(record)).Reset(); });
   // A record whose class nobody knows cannot be released: its destructor is unknown too.
   if (!isKnown) std::fputs("Unknown ItemType\n", stdout);
   type_ = ItemType::None;

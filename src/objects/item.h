@@ -1,5 +1,5 @@
-// The owner of one ingredient's record, whatever its class: what a group's items and a stream's components are
-// lists of. The class number says which record stands behind it.
+// The owner of one ingredient's record, whatever its class: what a group's items and a stream's
+// components are lists of. The class number says which record stands behind it.
 #pragma once
 
 #include <utility>
@@ -22,8 +22,8 @@ class Item {
   Item& operator=(const Item&) = delete;
   ~Item() { Reset(); }
 
-  // A record of the class with its construction values. Without a record when memory is out or the number
-  // names no ingredient class.
+  // A record of the class with its construction values. Without a record when memory is out or the
+  // number names no ingredient class.
   [[nodiscard]] static Item New(ItemType type) noexcept;
 
   [[nodiscard]] ItemType Type() const noexcept { return type_; }

@@ -1,5 +1,5 @@
-// ItemType: the number that names an object's class everywhere in the engine, and the number that the display
-// stack calls its entry's kind.
+// ItemType: the number that names an object's class everywhere in the engine, and the number that
+// the display stack calls its entry's kind.
 #pragma once
 
 #include <cstdint>

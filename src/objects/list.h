@@ -1,5 +1,6 @@
-// The singly linked list that groups, items, actions and parameters are kept in. It owns its values; adding at the
-// end is quick, a long list is released without recursion, and a failed allocation leaves it as it was.
+// The singly linked list that groups, items, actions and parameters are kept in. It owns its
+// values; adding at the end is quick, a long list is released without recursion, and a failed
+// allocation leaves it as it was.
 #pragma once
 
 #include <cstddef>
@@ -72,16 +73,19 @@ class List {
   }
   [[nodiscard]] T* Last() noexcept { return tail_ == nullptr ? nullptr : &tail_->value; }
 
-  // Takes `value` in at the end and returns where it now stands; null, with `value` untouched, when memory is out.
+  // Takes `value` in at the end and returns where it now stands; null, with `value` untouched, when
+  // memory is out.
   [[nodiscard]] T* Append(T&& value) noexcept { return Link(tail_, std::move(value)); }
   // Takes `value` in as the entry at a 0-based place; a place past the end means the end.
   [[nodiscard]] T* InsertAt(std::size_t index, T&& value) noexcept {
     Node* before = nullptr;
-    for (Node* node = head_; node != nullptr && index > 0; node = node->next, --index) before = node;
+    for (Node* node = head_; node != nullptr && index > 0; node = node->next, --index)
+      before = node;
     return Link(before, std::move(value));
   }
 
-  // Takes the first value that `matches` out and moves it to `taken` (may be null). False when there is none.
+  // Takes the first value that `matches` out and moves it to `taken` (may be null). False when
+  // there is none.
   template <class Predicate>
   bool RemoveFirst(Predicate&& matches, T* taken = nullptr) noexcept {
     Node* before = nullptr;

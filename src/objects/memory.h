@@ -1,12 +1,14 @@
-// The one allocator of the engine. Everything that lives on the heap comes from here, so that memory is always
-// zero-filled, every allocation may fail, and a test can link an allocator that fails or counts.
+// The one allocator of the engine. Everything that lives on the heap comes from here, so that
+// memory is always zero-filled, every allocation may fail, and a test can link an allocator that
+// fails or counts.
 #pragma once
 
 #include <cstddef>
 
 namespace korvel {
 
-// A zero-filled block aligned for any record, or null. A size of 0 gives a block that may be released.
+// A zero-filled block aligned for any record, or null. A size of 0 gives a block that may be
+// released.
 [[nodiscard]] void* AllocateZeroed(std::size_t bytes) noexcept;
 
 // Gives a block back. Null is allowed.

@@ -1,5 +1,5 @@
-// Copying and growing octet strings. New bytes are always made before the old ones go, so a failure changes
-// nothing and a string may be assigned from a part of itself.
+// Copying and growing octet strings. New bytes are always made before the old ones go, so a failure
+// changes nothing and a string may be assigned from a part of itself.
 #include "objects/octet_string.h"
 
 #include <cstring>

@@ -1,5 +1,6 @@
-// The octet string of MHEG-5: bytes with a length, which may hold zeros and need not be text. One zero byte always
-// stands behind them, so that they can also be handed to code that wants terminated text.
+// The octet string of MHEG-5: bytes with a length, which may hold zeros and need not be text. One
+// zero byte always stands behind them, so that they can also be handed to code that wants
+// terminated text.
 #pragma once
 
 #include <cstddef>
@@ -20,11 +21,13 @@ class OctetString {
   OctetString& operator=(const OctetString&) = delete;
   ~OctetString() { Clear(); }
 
-  // Copies `bytes`, which may point into this very string. False, and unchanged, when memory is out.
+  // Copies `bytes`, which may point into this very string. False, and unchanged, when memory is
+  // out.
   [[nodiscard]] bool Assign(std::string_view bytes) noexcept;
   // As Assign, and an absent string makes this one absent.
   [[nodiscard]] bool CopyFrom(const OctetString& other) noexcept;
-  // Adds `bytes`, which may point into this very string, at the end. False, and unchanged, when memory is out.
+  // Adds `bytes`, which may point into this very string, at the end. False, and unchanged, when
+  // memory is out.
   [[nodiscard]] bool Append(std::string_view bytes) noexcept;
   // Makes the string absent.
   void Clear() noexcept;

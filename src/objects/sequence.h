@@ -1,5 +1,5 @@
-// A growable row of small plain values on the engine's heap: the copy that a walk makes of a list before it runs
-// anything that could change the list.
+// A growable row of small plain values on the engine's heap: the copy that a walk makes of a list
+// before it runs anything that could change the list.
 #pragma once
 
 #include <cstddef>

@@ -1,26 +1,29 @@
-// The results that operations of the engine return instead of throwing: what happened, and whether the caller
-// may go on with its own action list.
+// The results that operations of the engine return instead of throwing: what happened, and whether
+// the caller may go on with its own action list.
 #pragma once
 
 #include <cstdint>
 
 namespace korvel {
 
-// The numbers are part of the design: content-driven operations hand them up through action lists and events.
-enum class [[nodiscard]] Status : std::uint32_t {
-  Done = 0,
-  Refused = 1,   // refused, not found, or nothing changed; the caller goes on
-  Failure = 2,   // a failure, or a raised event asked the caller to stop: everything up the stack unwinds
-  Replaced = 4,  // the running application or scene was replaced: the caller stops its action list
-  Blocked = 6,   // a key that the scene's input event register keeps out
+// The numbers are part of the design: content-driven operations hand them up through action lists
+// and events.
+enum class [[nodiscard]] Status : std::uint32_t{
+    Done = 0,
+    Refused = 1,  // refused, not found, or nothing changed; the caller goes on
+    Failure = 2,  // a failure, or a raised event asked the caller to stop: everything up the stack
+                  // unwinds
+    Replaced =
+        4,        // the running application or scene was replaced: the caller stops its action list
+    Blocked = 6,  // a key that the scene's input event register keeps out
 };
 
-// What preparing, activating or deactivating an object did. A type of its own, because 1 means the opposite
-// of a Status's 1.
-enum class [[nodiscard]] Change : std::uint32_t {
-  Nothing = 0,  // the object was already in that state
-  Changed = 1,
-  Failure = 2,  // stop the action list
+// What preparing, activating or deactivating an object did. A type of its own, because 1 means the
+// opposite of a Status's 1.
+enum class [[nodiscard]] Change : std::uint32_t{
+    Nothing = 0,  // the object was already in that state
+    Changed = 1,
+    Failure = 2,  // stop the action list
 };
 
 }  // namespace korvel

@@ -1,5 +1,6 @@
-// The values that objects and actions carry: references, generic values, colours, fonts, contents and the small
-// pairs of numbers. They own what they hold; copying is a call of its own because it can fail.
+// The values that objects and actions carry: references, generic values, colours, fonts, contents
+// and the small pairs of numbers. They own what they hold; copying is a call of its own because it
+// can fail.
 #pragma once
 
 #include <cstdint>
@@ -9,9 +10,9 @@
 
 namespace korvel {
 
-// Names an object: the group that holds it and its number there. While the group identifier is absent the
-// reference means the group that contains it; number 0 names the group itself. A leading "~" of a group
-// identifier stands for the current directory.
+// Names an object: the group that holds it and its number there. While the group identifier is
+// absent the reference means the group that contains it; number 0 names the group itself. A leading
+// "~" of a group identifier stands for the current directory.
 struct ObjectReference {
   OctetString GroupIdentifier;
   std::int32_t Number = 0;
@@ -28,8 +29,8 @@ enum class ValueKind : std::uint8_t {
   ContentReference = 6,
 };
 
-// An action's target or parameter, or a link's event data: one value of the kind that `Kind` says. Only the field
-// that goes with the kind means anything.
+// An action's target or parameter, or a link's event data: one value of the kind that `Kind` says.
+// Only the field that goes with the kind means anything.
 struct GenericValue {
   ValueKind Kind = ValueKind::None;
   bool Boolean = false;
@@ -38,8 +39,9 @@ struct GenericValue {
   ObjectReference Reference;  // ObjectReference, IndirectReference
 };
 
-// A colour attribute: absent (None), an index into a palette (Integer; -1 is "not set"), or an absolute colour
-// (OctetString) of three bytes red, green, blue and an optional fourth, the transparency.
+// A colour attribute: absent (None), an index into a palette (Integer; -1 is "not set"), or an
+// absolute colour (OctetString) of three bytes red, green, blue and an optional fourth, the
+// transparency.
 struct ColourValue {
   ValueKind Kind = ValueKind::None;
   std::int32_t Index = 0;
@@ -65,7 +67,8 @@ struct ContentReference {
   OctetString Path;
 };
 
-// An ingredient's content: the data itself, or the path of the file that holds it. Absent while `Data` is.
+// An ingredient's content: the data itself, or the path of the file that holds it. Absent while
+// `Data` is.
 struct ContentBody {
   OctetString Data;
   bool IsReferenced = false;
@@ -89,8 +92,8 @@ struct Position {
   std::int32_t Y = 0;
 };
 
-// One step of an action list. `ActionType` is the number of the action table; the parameters stand in the
-// order of the standard's syntax, nested groups of parameters flattened.
+// One step of an action list. `ActionType` is the number of the action table; the parameters stand
+// in the order of the standard's syntax, nested groups of parameters flattened.
 struct ElementaryAction {
   std::uint8_t ActionType = 0;
   GenericValue Target;

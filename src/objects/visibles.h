@@ -1,5 +1,5 @@
-// The ingredients that are seen or heard: bitmaps, line art, text, interactibles, and streams with their
-// components. Boxes and positions are scene pixels, origin top-left.
+// The ingredients that are seen or heard: bitmaps, line art, text, interactibles, and streams with
+// their components. Boxes and positions are scene pixels, origin top-left.
 #pragma once
 
 #include <cstdint>

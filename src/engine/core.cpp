@@ -25,6 +25,7 @@ constexpr std::uint32_t kMostActionsWhileClosing = 10'000;
 union Immortal {
   Core core;
   constexpr Immortal() noexcept : core() {}
+  // A defaulted destructor would be deleted.  NOLINTNEXTLINE(modernize-use-equals-default)
   ~Immortal() {}
 };
 Immortal immortal;

@@ -1,0 +1,180 @@
+// The builder of actions. The action table says what stands in an action's parentheses; a composite
+// parameter is read into several values, one after the other, as the decoder of the BER form leaves
+// them.
+#include "objects/action_table.h"
+#include "objects/event_type.h"
+#include "textual/read_value.h"
+
+namespace korvel {
+namespace {
+
+using Parameters = List<GenericValue>;
+
+bool Add(TextReader& reader, GenericValue&& value, Parameters& parameters) noexcept {
+  return parameters.Append(std::move(value)) != nullptr || reader.RefuseForMemory();
+}
+
+bool AddGeneric(TextReader& reader, ValueKind kind, Parameters& parameters) noexcept {
+  GenericValue value;
+  return ReadGeneric(reader, kind, value) && Add(reader, std::move(value), parameters);
+}
+
+bool AddIntegerOrNull(TextReader& reader, Parameters& parameters) noexcept {
+  if (reader.Take(kNullWord)) return Add(reader, GenericValue{}, parameters);
+  return AddGeneric(reader, ValueKind::Integer, parameters);
+}
+
+// What may still stand before the closing parenthesis.
+bool AddOptional(TextReader& reader, ValueKind kind, Parameters& parameters) noexcept {
+  return reader.IsAt(kCloseParenthesis) || AddGeneric(reader, kind, parameters);
+}
+
+bool AddTyped(TextReader& reader, Parameters& parameters) noexcept {
+  if (reader.TakeKeyword(":GInteger")) return AddGeneric(reader, ValueKind::Integer, parameters);
+  if (reader.TakeKeyword(":GBoolean")) return AddGeneric(reader, ValueKind::Boolean, parameters);
+  if (reader.TakeKeyword(":GOctetString")) {
+    return AddGeneric(reader, ValueKind::OctetString, parameters);
+  }
+  if (reader.TakeKeyword(":GObjectRef")) {
+    return AddGeneric(reader, ValueKind::ObjectReference, parameters);
+  }
+  if (reader.TakeKeyword(":GContentRef")) {
+    return AddGeneric(reader, ValueKind::ContentReference, parameters);
+  }
+  return reader.Refuse("a value with its type, such as :GInteger");
+}
+
+bool AddTypedList(TextReader& reader, Parameters& parameters) noexcept {
+  while (!reader.IsAt(kCloseParenthesis)) {
+    if (!AddTyped(reader, parameters)) return false;
+  }
+  return true;
+}
+
+bool AddReferences(TextReader& reader, Parameters& parameters) noexcept {
+  if (!reader.Expect(kOpenParenthesis, "(")) return false;
+  while (!reader.Take(kCloseParenthesis)) {
+    if (!AddGeneric(reader, ValueKind::ObjectReference, parameters)) return false;
+  }
+  return true;
+}
+
+bool AddPoints(TextReader& reader, Parameters& parameters) noexcept {
+  if (!reader.Expect(kOpenParenthesis, "(")) return false;
+  while (!reader.Take(kCloseParenthesis)) {
+    if (!reader.Expect(kOpenParenthesis, "(") ||
+        !AddGeneric(reader, ValueKind::Integer, parameters) ||
+        !AddGeneric(reader, ValueKind::Integer, parameters) ||
+        !reader.Expect(kCloseParenthesis, ")")) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool AddColour(TextReader& reader, Parameters& parameters) noexcept {
+  if (reader.TakeKeyword(":NewColourIndex")) {
+    return AddGeneric(reader, ValueKind::Integer, parameters);
+  }
+  if (reader.TakeKeyword(":NewAbsoluteColour")) {
+    return AddGeneric(reader, ValueKind::OctetString, parameters);
+  }
+  return reader.Refuse(":NewColourIndex or :NewAbsoluteColour");
+}
+
+// A cache priority has its place behind the size, so that a size that is not written is there as
+// none.
+bool AddNewContent(TextReader& reader, Parameters& parameters) noexcept {
+  if (!reader.TakeKeyword(":NewRefContent")) {
+    return AddGeneric(reader, ValueKind::OctetString, parameters);
+  }
+  if (!reader.Expect(kOpenParenthesis, "(") ||
+      !AddGeneric(reader, ValueKind::ContentReference, parameters)) {
+    return false;
+  }
+  const bool hasSize = reader.TakeKeyword(":NewContentSize");
+  if (hasSize && !AddIntegerOrNull(reader, parameters)) return false;
+  if (reader.TakeKeyword(":NewCCPriority")) {
+    if (!hasSize && !Add(reader, GenericValue{}, parameters)) return false;
+    if (!AddIntegerOrNull(reader, parameters)) return false;
+  }
+  return reader.Expect(kCloseParenthesis, ")");
+}
+
+bool AddNewTimer(TextReader& reader, Parameters& parameters) noexcept {
+  return AddGeneric(reader, ValueKind::Integer, parameters) &&
+         (!reader.TakeKeyword(":AbsoluteTime") ||
+          AddGeneric(reader, ValueKind::Boolean, parameters));
+}
+
+bool AddEventNumber(TextReader& reader, Parameters& parameters) noexcept {
+  if (reader.IsAt(kInteger) || reader.IsAtKeyword(":IndirectRef")) {
+    return AddGeneric(reader, ValueKind::Integer, parameters);
+  }
+  GenericValue event;
+  event.Kind = ValueKind::Integer;
+  return ReadWord(reader, kEventWords, event.Integer) && Add(reader, std::move(event), parameters);
+}
+
+bool AddParameter(TextReader& reader, Parameter parameter, Parameters& parameters) noexcept {
+  switch (parameter) {
+  case Parameter::Integer: return AddGeneric(reader, ValueKind::Integer, parameters);
+  case Parameter::IntegerOrNull: return AddIntegerOrNull(reader, parameters);
+  case Parameter::Boolean: return AddGeneric(reader, ValueKind::Boolean, parameters);
+  case Parameter::Octets: return AddGeneric(reader, ValueKind::OctetString, parameters);
+  case Parameter::Reference: return AddGeneric(reader, ValueKind::ObjectReference, parameters);
+  case Parameter::Typed: return AddTyped(reader, parameters);
+  case Parameter::TypedList: return AddTypedList(reader, parameters);
+  case Parameter::References: return AddReferences(reader, parameters);
+  case Parameter::Points: return AddPoints(reader, parameters);
+  case Parameter::Colour: return AddColour(reader, parameters);
+  case Parameter::FontChoice:
+    return AddGeneric(reader,
+                      reader.IsAt(kString) ? ValueKind::OctetString : ValueKind::ObjectReference,
+                      parameters);
+  case Parameter::NewContent: return AddNewContent(reader, parameters);
+  case Parameter::NewTimer: return AddNewTimer(reader, parameters);
+  case Parameter::Speed:
+    return AddGeneric(reader, ValueKind::Integer, parameters) &&
+           AddOptional(reader, ValueKind::Integer, parameters);
+  case Parameter::EventNumber: return AddEventNumber(reader, parameters);
+  }
+  return false;
+}
+
+const ActionRow* ActionAt(const TextReader& reader) noexcept {
+  const std::uint16_t code = reader.Next().code;
+  if (!IsKeyword(code) || KeywordText(code)[0] != ':') return nullptr;
+  return FindActionByName(KeywordText(code) + 1);
+}
+
+// A new colour may be left out of its action; that means none.
+bool IsAnyMissing(const ActionRow& row, std::size_t given) noexcept {
+  return given < row.requiredCount && row.parameters[given] != Parameter::Colour;
+}
+
+}  // namespace
+
+bool ReadEntry(TextReader& reader, ElementaryAction& action) noexcept {
+  const ActionRow* row = ActionAt(reader);
+  if (row == nullptr) return reader.Refuse("an action");
+  const Token begin = reader.Next();
+  reader.Skip();
+  action.ActionType = static_cast<std::uint8_t>(row->action);
+  if (!reader.Expect(kOpenParenthesis, "(") ||
+      !ReadGeneric(reader, ValueKind::ObjectReference, action.Target)) {
+    return false;
+  }
+  std::size_t given = 0;
+  for (const Parameter parameter : row->Syntax()) {
+    if (reader.IsAt(kCloseParenthesis)) break;
+    if (!AddParameter(reader, parameter, action.Parameters)) return false;
+    ++given;
+  }
+  if (IsAnyMissing(*row, given) && !reader.NoteMissing(begin, row->name, "a parameter")) {
+    return false;
+  }
+  return reader.Expect(kCloseParenthesis, ") or a parameter");
+}
+
+}  // namespace korvel

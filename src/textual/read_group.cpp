@@ -1,0 +1,184 @@
+// The builders of objects, and the entry: a group's text becomes an application or, failing that, a
+// scene.
+#include <cstdio>
+#include <type_traits>
+
+#include "objects/owned.h"
+#include "textual/read_value.h"
+#include "textual/textual.h"
+#include "textual/written_attributes.h"
+
+namespace korvel {
+namespace {
+
+// What stands at the offset, up to the next space.
+std::string_view WordAt(std::string_view text, std::size_t offset) noexcept {
+  std::string_view word = text.substr(offset);
+  std::size_t length = 0;
+  while (length < word.size() && static_cast<unsigned char>(word[length]) > ' ') ++length;
+  return word.substr(0, length == 0 ? 1 : length);
+}
+
+void Explain(std::string_view text, std::size_t offset, const char* expected, const char* subject,
+             TextError& error) noexcept {
+  error.place = PlaceInText(text, offset);
+  const std::string_view word = offset < text.size() ? WordAt(text, offset) : "the end of the text";
+  std::snprintf(error.found.data(), error.found.size(), "%.*s", static_cast<int>(word.size()),
+                word.data());
+  std::snprintf(error.expected.data(), error.expected.size(), "%s%s", expected, subject);
+}
+
+template <class HeldClasses>
+bool ReadObjects(TextReader& reader, List<Item>& list) noexcept;
+
+// Builds one object: its attributes stand in any order, each at most once.
+template <class Record>
+class ObjectBuilder {
+ public:
+  ObjectBuilder(TextReader& reader, Record& record) noexcept : reader_(reader), record_(record) {}
+
+  // From the opening brace to the closing one.
+  [[nodiscard]] bool Build() noexcept {
+    const Token begin = reader_.Next();
+    if (!reader_.Expect(kOpenBrace, "{") || !reader_.ExpectKeyword(kHeading.keyword) ||
+        !Read(reader_, record_.Reference)) {
+      return false;
+    }
+    while (!reader_.Take(kCloseBrace)) {
+      if (!ReadAttribute()) return false;
+    }
+    return NoteMissing(begin);
+  }
+
+ private:
+  static constexpr const ClassHeading& kHeading = Description<Record>::heading;
+  // A group holds items; what else holds objects is a stream, whose objects are its components.
+  using HeldClasses =
+      std::conditional_t<std::is_base_of_v<Group, Record>, ItemClasses, ComponentClasses>;
+
+  [[nodiscard]] bool ReadAttribute() noexcept {
+    bool isKnown = false;
+    bool isRead = false;
+    std::uint64_t place = 1;
+    ForEachWrittenAttribute<Record>(record_,
+                                    [&](const char* keyword, auto& field, const Form& form) {
+                                      if (!isKnown && reader_.IsAtKeyword(keyword)) {
+                                        isKnown = true;
+                                        isRead = ReadOnce(place, field, form);
+                                      }
+                                      place <<= 1;
+                                    });
+    return isKnown ? isRead : reader_.Refuse("} or an attribute of ", kHeading.name);
+  }
+
+  template <class Field>
+  [[nodiscard]] bool ReadOnce(std::uint64_t place, Field& field, const Form& form) noexcept {
+    if ((written_ & place) != 0) return reader_.Refuse("an attribute that is not written yet");
+    written_ |= place;
+    reader_.Skip();
+    if (form.innerKeyword != nullptr && !reader_.ExpectKeyword(form.innerKeyword)) return false;
+    if constexpr (std::is_same_v<Field, List<Item>>) {
+      return ReadObjects<HeldClasses>(reader_, field);
+    } else {
+      return Read(reader_, field, form);
+    }
+  }
+
+  [[nodiscard]] bool NoteMissing(const Token& begin) noexcept {
+    bool isNoted = true;
+    std::uint64_t place = 1;
+    ForEachWrittenAttribute<Record>(
+        record_, [&](const char* keyword, auto& /*field*/, const Form& form) {
+          if (form.isRequired && (written_ & place) == 0) {
+            isNoted = isNoted && reader_.NoteMissing(begin, kHeading.name, keyword);
+          }
+          place <<= 1;
+        });
+    return isNoted;
+  }
+
+  TextReader& reader_;
+  Record& record_;
+  std::uint64_t written_ = 0;  // a bit for each attribute
+};
+
+bool ReadObject(TextReader& reader, auto heldClasses, Item& item) noexcept {
+  bool isKnown = false;
+  bool isRead = false;
+  ForEachClass(heldClasses, [&]<class Record>() {
+    if (isKnown || !reader.IsAtObject(Description<Record>::heading.keyword)) return;
+    isKnown = true;
+    item = Item::New(Description<Record>::heading.type);
+    isRead =
+        item ? ObjectBuilder<Record>(reader, item.As<Record>()).Build() : reader.RefuseForMemory();
+  });
+  return isKnown ? isRead : reader.Expect(kOpenBrace, "{ or )") && reader.Refuse("a class");
+}
+
+// Objects in parentheses, of the classes that the list holds.
+template <class HeldClasses>
+bool ReadObjects(TextReader& reader, List<Item>& list) noexcept {
+  if (!reader.Expect(kOpenParenthesis, "(")) return false;
+  while (!reader.Take(kCloseParenthesis)) {
+    Item item;
+    if (!ReadObject(reader, HeldClasses{}, item)) return false;
+    if (list.Append(std::move(item)) == nullptr) return reader.RefuseForMemory();
+  }
+  return true;
+}
+
+// The whole text as one group of that class. All tokens are put back when it is none.
+template <class Record>
+bool ReadWhole(TextReader& reader, Record& record) noexcept {
+  const std::size_t place = reader.Place();
+  if (ObjectBuilder<Record>(reader, record).Build() &&
+      (reader.IsAt(kEndOfText) || reader.Refuse("the end of the text"))) {
+    return true;
+  }
+  reader.PutBackTo(place);
+  return false;
+}
+
+TextResult BuildGroup(TextReader& reader, OwnedGroup& group, bool& isApplication) noexcept {
+  auto application = Owned<Application>::New();
+  if (!application) return TextResult::NoMemory;
+  if (ReadWhole(reader, *application)) {
+    group.Reset(application.Release());
+    isApplication = true;
+    return TextResult::Done;
+  }
+  application.Reset();
+  auto scene = Owned<Scene>::New();
+  if (!scene || !ReadWhole(reader, *scene)) return TextResult::Refused;
+  group.Reset(scene.Release());
+  isApplication = false;
+  return TextResult::Done;
+}
+
+}  // namespace
+
+TextPlace PlaceInText(std::string_view text, std::size_t offset) noexcept {
+  TextPlace place{1, 1};
+  for (const char c : text.substr(0, offset)) {
+    place = c == '\n' ? TextPlace{place.line + 1, 1} : TextPlace{place.line, place.column + 1};
+  }
+  return place;
+}
+
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication,
+                         TextError* error, List<MissingPart>* missing) noexcept {
+  TokenList list;
+  LexStop stop;
+  if (Lex(text, list, stop) != LexResult::Done) {
+    if (error != nullptr) Explain(text, stop.offset, stop.expected, "", *error);
+    return TextResult::Refused;
+  }
+  TextReader reader(list, missing);
+  const TextResult result = BuildGroup(reader, group, isApplication);
+  if (result != TextResult::Done && error != nullptr) {
+    Explain(text, reader.RefusedToken().offset, reader.Expected(), reader.Subject(), *error);
+  }
+  return result;
+}
+
+}  // namespace korvel

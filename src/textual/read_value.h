@@ -1,0 +1,75 @@
+// Builders of values: each reads one attribute's value from the tokens, chosen by the type of its
+// field. Lists and structures are read from their parts. All return false, with the place noted in
+// the reader, when the next tokens are nothing of the kind; an alternative is always chosen by its
+// first token, before anything is taken.
+#pragma once
+
+#include <utility>
+
+#include "objects/class_tables.h"
+#include "objects/values.h"
+#include "textual/text_reader.h"
+
+namespace korvel {
+
+[[nodiscard]] bool Read(TextReader& reader, bool& value, const Form& form = {}) noexcept;
+// An integer; a word when the form has words.
+[[nodiscard]] bool Read(TextReader& reader, std::int32_t& value, const Form& form = {}) noexcept;
+[[nodiscard]] bool Read(TextReader& reader, OctetString& value, const Form& form = {}) noexcept;
+[[nodiscard]] bool Read(TextReader& reader, ObjectReference& value, const Form& form = {}) noexcept;
+[[nodiscard]] bool Read(TextReader& reader, OptionalReference& value,
+                        const Form& form = {}) noexcept;
+[[nodiscard]] bool Read(TextReader& reader, ColourValue& value, const Form& form = {}) noexcept;
+[[nodiscard]] bool Read(TextReader& reader, FontBody& value, const Form& form = {}) noexcept;
+[[nodiscard]] bool Read(TextReader& reader, ContentBody& value, const Form& form = {}) noexcept;
+// A path, with or without parentheses.
+[[nodiscard]] bool Read(TextReader& reader, ContentReference& value,
+                        const Form& form = {}) noexcept;
+// An event's data: a boolean, an integer or a string.
+[[nodiscard]] bool Read(TextReader& reader, GenericValue& value, const Form& form = {}) noexcept;
+
+// A parameter or target: a literal of that kind, or ":IndirectRef" and the variable that holds one.
+[[nodiscard]] bool ReadGeneric(TextReader& reader, ValueKind kind, GenericValue& value) noexcept;
+
+// The number of a word, from 1 on.
+[[nodiscard]] bool ReadWord(TextReader& reader, Words words, std::int32_t& value) noexcept;
+
+// A structure's elements in their order, those with a keyword only where it stands.
+template <IsSequence Record>
+[[nodiscard]] bool Read(TextReader& reader, Record& record, const Form& /*form*/ = {}) noexcept {
+  bool isRead = true;
+  ForEachElement<Record>([&](const auto& element) {
+    if (!isRead) return;
+    if (element.keyword != nullptr && !reader.TakeKeyword(element.keyword)) return;
+    isRead = Read(reader, record.*element.field, element.form);
+  });
+  return isRead;
+}
+
+// One entry of a list. A structure stands in parentheses there.
+template <class Entry>
+[[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) noexcept {
+  return Read(reader, entry);
+}
+template <IsSequence Entry>
+[[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) noexcept {
+  return reader.Expect(kOpenParenthesis, "(") && Read(reader, entry) &&
+         reader.Expect(kCloseParenthesis, ")");
+}
+[[nodiscard]] bool ReadEntry(TextReader& reader, Movement& movement) noexcept;
+[[nodiscard]] bool ReadEntry(TextReader& reader, ActionSlot& slot) noexcept;
+[[nodiscard]] bool ReadEntry(TextReader& reader, ElementaryAction& action) noexcept;
+
+// Entries in parentheses.
+template <class Entry>
+[[nodiscard]] bool Read(TextReader& reader, List<Entry>& list, const Form& /*form*/ = {}) noexcept {
+  if (!reader.Expect(kOpenParenthesis, "(")) return false;
+  while (!reader.Take(kCloseParenthesis)) {
+    Entry entry{};
+    if (!ReadEntry(reader, entry)) return false;
+    if (list.Append(std::move(entry)) == nullptr) return reader.RefuseForMemory();
+  }
+  return true;
+}
+
+}  // namespace korvel

@@ -1,0 +1,59 @@
+// The doorway of the textual notation: text to records and records to text. The engine itself reads
+// groups in their BER form only; authors and testers work in text, and both forms give the same
+// records.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+#include "objects/decoded_group.h"
+#include "objects/list.h"
+#include "objects/octet_string.h"
+#include "objects/status.h"
+
+namespace korvel {
+
+// How reading a text ended.
+enum class [[nodiscard]] TextResult : std::int32_t{
+    Done = 0,
+    Refused =
+        1,  // not well-formed, neither an application nor a scene, or memory ran out on the way
+    NoMemory = -1,  // the application's record could not be allocated
+};
+
+// The longest text that is read: a place in it is a number of 16 bits.
+inline constexpr std::size_t kMaxTextSize = 65535;
+
+// A place in a text, both numbers from 1 on; the column counts bytes.
+struct TextPlace {
+  std::uint32_t line = 0;
+  std::uint32_t column = 0;
+};
+
+// Why a text was refused: the furthest place that could not be read on from, what stands there, cut
+// short where it is long, and what could have stood there instead.
+struct TextError {
+  TextPlace place;
+  std::array<char, 48> found{};
+  std::array<char, 96> expected{};
+};
+
+// Something an author must write and has not. The reader leaves the construction value or the
+// shorter parameter list, as the decoder of the BER form does; tools report these to the author.
+struct MissingPart {
+  std::uint32_t offset = 0;  // where the object or the action begins in the text
+  const char* owner = "";    // the class or the action: "Rectangle", "SetPosition"
+  const char* missing = "";  // the attribute's keyword, or "a parameter"
+};
+
+// The line and column of an offset.
+[[nodiscard]] TextPlace PlaceInText(std::string_view text, std::size_t offset) noexcept;
+
+// Reads a whole group. After a failure `group` and `isApplication` are as they were. A word that is
+// no keyword is also printed, as "Error string : " and the word. `error` and `missing`, when given,
+// receive what went wrong or was left out.
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication,
+                         TextError* error = nullptr, List<MissingPart>* missing = nullptr) noexcept;
+
+}  // namespace korvel

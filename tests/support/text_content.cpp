@@ -1,0 +1,43 @@
+// Reading and compiling the texts of tests.
+#include "support/text_content.h"
+
+#include <gtest/gtest.h>
+
+#include "objects/ber/ber.h"
+#include "textual/textual.h"
+
+namespace korvel {
+namespace {
+
+OwnedGroup Read(std::string_view text) {
+  OwnedGroup group;
+  bool isApplication = false;
+  TextError error;
+  const TextResult result = ReadTextGroup(text, group, isApplication, &error);
+  EXPECT_EQ(result, TextResult::Done)
+      << "line " << error.place.line << ", column " << error.place.column << ": found \""
+      << error.found.data() << "\", expected " << error.expected.data();
+  return group;
+}
+
+}  // namespace
+
+OwnedGroup ParseText(std::string_view text) {
+  OwnedGroup group = Read(text);
+  if (group) {
+    EXPECT_EQ(CompleteReferences(group->Reference.GroupIdentifier.View(), *group.Get()),
+              Status::Done);
+  }
+  return group;
+}
+
+std::string CompileText(std::string_view text) {
+  const OwnedGroup group = Read(text);
+  OctetString bytes;
+  if (group) {
+    EXPECT_EQ(EncodeGroup(*group.Get(), bytes), Status::Done);
+  }
+  return std::string(bytes.View());
+}
+
+}  // namespace korvel

@@ -2,6 +2,7 @@
 // or working without end.
 #include "engine/core.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -17,8 +18,9 @@ constexpr std::uint32_t kMostLevels = 100;
 
 // What one key, timer expiry or start may cost: far beyond real content, and over in a moment.
 constexpr std::uint32_t kMostActions = 1'000'000;
-// What may still run once a close is pending.
+// What may still run once a close is pending, in number and in time: some actions are slow.
 constexpr std::uint32_t kMostActionsWhileClosing = 10'000;
+constexpr std::uint32_t kMostMillisecondsWhileClosing = 500;
 
 // State without a destructor: when the process ends other threads may have been stopped anywhere,
 // so nothing is released then; the worker has reset the core before.
@@ -33,6 +35,16 @@ Immortal immortal;
 void ReportLimit(const char* message) noexcept {
   if (std::exchange(TheCore().isOverLimit, true)) return;
   std::fputs(message, stdout);
+}
+
+void LimitAccountForClose(Core& core) noexcept {
+  const std::uint32_t now = MillisecondsSinceProcessStart();
+  if (!core.isCloseAccountOpen) {
+    core.isCloseAccountOpen = true;
+    core.closeNoticedAt = now;
+    core.actionsLeft = std::min(core.actionsLeft, kMostActionsWhileClosing);
+  }
+  if (now - core.closeNoticedAt > kMostMillisecondsWhileClosing) core.actionsLeft = 0;
 }
 
 // The record's canvases belong to the presentation, which must get them back before the record
@@ -80,10 +92,7 @@ NestingLevel::~NestingLevel() { --TheCore().nestingLevel; }
 
 bool TakeAction() noexcept {
   Core& core = TheCore();
-  if (IsClosing() && !core.isCloseAccountOpen) {
-    core.isCloseAccountOpen = true;
-    if (core.actionsLeft > kMostActionsWhileClosing) core.actionsLeft = kMostActionsWhileClosing;
-  }
+  if (IsClosing()) LimitAccountForClose(core);
   if (core.actionsLeft == 0) ReportLimit("Too many actions\n");
   if (core.isOverLimit) return false;
   --core.actionsLeft;

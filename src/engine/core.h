@@ -52,7 +52,8 @@ struct Core {
   std::uint32_t nestingLevel = 0;
   std::uint32_t actionsLeft = 0;
   bool isCloseAccountOpen = false;
-  bool isOverLimit = false;  // said once; everything unwinds until the work at hand is done
+  std::uint32_t closeNoticedAt = 0;  // milliseconds since the process started
+  bool isOverLimit = false;          // said once; everything unwinds until the work at hand is done
 };
 
 [[nodiscard]] Core& TheCore() noexcept;

@@ -1,0 +1,122 @@
+// The one place where behaviours raise events, ask for redraws and write variables.
+#include "actions/answers.h"
+
+#include <cstdio>
+#include <utility>
+
+#include "actions/class_variables.h"
+#include "presentation/presentation.h"
+
+namespace korvel {
+namespace {
+
+// The variable that a parameter names, when it is of the class; else null.
+template <class Variable>
+Variable* FindVariable(const Arguments& arguments, std::size_t place, ItemType type) noexcept {
+  const FoundObject found = Find(arguments, arguments.Reference(place));
+  return found.Type == type ? &found.As<Variable>() : nullptr;
+}
+
+IntegerVariable* FindInteger(const Arguments& arguments, std::size_t place) noexcept {
+  return FindVariable<IntegerVariable>(arguments, place, ItemType::IntegerVariable);
+}
+
+}  // namespace
+
+Status RaiseFrom(const Ingredient& object, EventType type, EventData data) noexcept {
+  if (RaiseEvent(object, type, data) == Status::Failure) return Status::Failure;
+  return IsGone(object) ? Status::Replaced : Status::Done;
+}
+
+Status RaiseEngineEvent(std::int32_t number) noexcept {
+  const Application* application = CurrentApplication();
+  if (application == nullptr) return Status::Refused;
+  const Status status =
+      RaiseEvent(*application, EventType::EngineEvent, EventData::Integer(number));
+  return status == Status::Failure ? Status::Failure : Status::Done;
+}
+
+Status RequestRedraw() noexcept {
+  if (CurrentClassVariables().layoutsInProgress > 0) return Status::Done;
+  return Redraw() == Status::Failure ? Status::Failure : Status::Done;
+}
+
+Status RedrawIfRunning(const Ingredient& object) noexcept {
+  if (!object.RunningStatus) return Status::Done;
+  if (RequestRedraw() == Status::Failure) return Status::Failure;
+  return IsGone(object) ? Status::Replaced : Status::Done;
+}
+
+Status SetValue(BooleanVariable& variable, bool value) noexcept {
+  if (!variable.AvailabilityStatus) return Status::Refused;
+  variable.Value = value;
+  return Status::Done;
+}
+
+Status SetValue(IntegerVariable& variable, std::int32_t value) noexcept {
+  if (!variable.AvailabilityStatus) return Status::Refused;
+  variable.Value = value;
+  return Status::Done;
+}
+
+Status SetValue(OctetStringVariable& variable, OctetString value) noexcept {
+  if (!variable.AvailabilityStatus) return Status::Refused;
+  variable.Value = std::move(value);
+  return Status::Done;
+}
+
+Status SetValue(ObjectRefVariable& variable, ObjectReference value) noexcept {
+  if (!variable.AvailabilityStatus) return Status::Refused;
+  variable.Value = std::move(value);
+  return Status::Done;
+}
+
+Status SetValue(ContentRefVariable& variable, OctetString path) noexcept {
+  if (!variable.AvailabilityStatus) return Status::Refused;
+  variable.Value.Path = std::move(path);
+  variable.Content.Data.Clear();  // what was fetched belongs to the old path
+  return Status::Done;
+}
+
+Status AnswerBoolean(const Arguments& arguments, std::size_t place, bool value) noexcept {
+  auto* variable = FindVariable<BooleanVariable>(arguments, place, ItemType::BooleanVariable);
+  return variable == nullptr ? Status::Refused : SetValue(*variable, value);
+}
+
+Status AnswerInteger(const Arguments& arguments, std::size_t place, std::int32_t value) noexcept {
+  IntegerVariable* variable = FindInteger(arguments, place);
+  return variable == nullptr ? Status::Refused : SetValue(*variable, value);
+}
+
+Status AnswerOctets(const Arguments& arguments, std::size_t place, const OctetString& value,
+                    const char* message) noexcept {
+  auto* variable =
+      FindVariable<OctetStringVariable>(arguments, place, ItemType::OctetStringVariable);
+  if (variable == nullptr) return Status::Refused;
+  OctetString copy;
+  if (!copy.CopyFrom(value)) {
+    std::fputs(message, stdout);
+    return Status::Failure;
+  }
+  return SetValue(*variable, std::move(copy));
+}
+
+Status AnswerReference(const Arguments& arguments, std::size_t place,
+                       const ObjectReference& value) noexcept {
+  auto* variable = FindVariable<ObjectRefVariable>(arguments, place, ItemType::ObjectRefVariable);
+  if (variable == nullptr) return Status::Refused;
+  ObjectReference copy;
+  if (!Copy(value, copy)) return Status::Failure;
+  return SetValue(*variable, std::move(copy));
+}
+
+Status AnswerPair(const Arguments& arguments, std::int32_t first, std::int32_t second) noexcept {
+  IntegerVariable* const one = FindInteger(arguments, 0);
+  IntegerVariable* const other = FindInteger(arguments, 1);
+  if (one == nullptr || other == nullptr) return Status::Refused;
+  const Status firstStatus = SetValue(*one, first);
+  const Status secondStatus = SetValue(*other, second);
+  return firstStatus == Status::Done ? secondStatus : firstStatus;
+}
+
+}  // namespace korvel

@@ -1,0 +1,47 @@
+// What a behaviour hands out: events of its object, redraw requests, and answers written into
+// variables.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "actions/parameters.h"
+
+namespace korvel {
+
+// Raises an event of the object. Failure and Replaced have to be handed up at once: with Replaced
+// the object itself has ended. Done in every other case, also when other groups were replaced.
+Status RaiseFrom(const Ingredient& object, EventType type, EventData data = {}) noexcept;
+
+// Raises an EngineEvent of the running application. Failure has to be handed up.
+Status RaiseEngineEvent(std::int32_t number) noexcept;
+
+// Asks for a redraw, unless a list group is placing its items. Failure has to be handed up.
+Status RequestRedraw() noexcept;
+
+// Asks for a redraw when the object is running. Failure and Replaced have to be handed up, as for
+// RaiseFrom.
+Status RedrawIfRunning(const Ingredient& object) noexcept;
+
+// Sets a variable's value. Refused, with the value as it was, while the variable is not available.
+Status SetValue(BooleanVariable& variable, bool value) noexcept;
+Status SetValue(IntegerVariable& variable, std::int32_t value) noexcept;
+Status SetValue(OctetStringVariable& variable, OctetString value) noexcept;
+Status SetValue(ObjectRefVariable& variable, ObjectReference value) noexcept;
+Status SetValue(ContentRefVariable& variable, OctetString path) noexcept;
+
+// Write an answer into the variable that the parameter at `place` names. Refused when it is not of
+// the class.
+Status AnswerBoolean(const Arguments& arguments, std::size_t place, bool value) noexcept;
+Status AnswerInteger(const Arguments& arguments, std::size_t place, std::int32_t value) noexcept;
+// `message` is printed when memory is out, and the list stops. An absent string leaves the variable
+// without a value.
+Status AnswerOctets(const Arguments& arguments, std::size_t place, const OctetString& value,
+                    const char* message) noexcept;
+Status AnswerReference(const Arguments& arguments, std::size_t place,
+                       const ObjectReference& value) noexcept;
+// Writes both numbers or, when one of the two variables is of another class, neither.
+Status AnswerPair(const Arguments& arguments, std::int32_t first, std::int32_t second) noexcept;
+
+}  // namespace korvel

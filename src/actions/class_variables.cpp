@@ -1,0 +1,37 @@
+// The one record of what the classes keep engine-wide, and what makes it forget.
+#include "actions/class_variables.h"
+
+#include <cstddef>
+#include <new>
+
+#include "actions/actions.h"
+#include "engine/engine.h"
+
+namespace korvel {
+namespace {
+
+void ForgetIfIn(const Group& group, OptionalReference& kept) noexcept {
+  if (kept.IsPresent && WithoutTilde(kept.Reference.GroupIdentifier.View()) ==
+                            WithoutTilde(group.Reference.GroupIdentifier.View())) {
+    kept = {};
+  }
+}
+
+}  // namespace
+
+ClassVariables& CurrentClassVariables() noexcept {
+  // Never destroyed: the process may end while the engine runs, and then nothing may be touched any
+  // more.
+  alignas(ClassVariables) static std::byte storage[sizeof(ClassVariables)];
+  static ClassVariables* const variables = new (storage) ClassVariables();
+  return *variables;
+}
+
+void ResetClassVariables() noexcept { CurrentClassVariables() = ClassVariables(); }
+
+void ForgetGroup(const Group& group) noexcept {
+  ForgetIfIn(group, CurrentClassVariables().HighlightedObject);
+  ForgetIfIn(group, CurrentClassVariables().InteractingObject);
+}
+
+}  // namespace korvel

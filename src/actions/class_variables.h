@@ -1,0 +1,17 @@
+// What the classes keep engine-wide, in one record that an engine start resets. Objects are kept by
+// name and number and looked up at each use, so that an object that has ended is simply not found.
+#pragma once
+
+#include "objects/values.h"
+
+namespace korvel {
+
+struct ClassVariables {
+  OptionalReference HighlightedObject;  // where the highlight was switched on last
+  OptionalReference InteractingObject;  // the interaction in progress, one at a time
+  int layoutsInProgress = 0;  // list groups placing their items: redraws wait until all are done
+};
+
+[[nodiscard]] ClassVariables& CurrentClassVariables() noexcept;
+
+}  // namespace korvel

@@ -1,0 +1,110 @@
+// The actions on applications and scenes: replacing them, locking the screen, and what the running
+// ones keep.
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+
+namespace korvel {
+namespace {
+
+// The group name that the target of Launch, Spawn or TransitionTo stands for: the group identifier
+// of a direct one, the value of an octet string variable that an indirect one names. False when
+// there is no such name.
+bool TakeGroupName(const Asker& asker, const GenericValue& target, OctetString& name) noexcept {
+  if (!IsIndirect(target)) {
+    const OctetString& group = target.Reference.GroupIdentifier;
+    return name.Assign(group.IsPresent() ? group.View() : asker.groupName);
+  }
+  const FoundObject variable = Find(asker, target.Reference);
+  return variable.Type == ItemType::OctetStringVariable &&
+         name.Assign(variable.As<OctetStringVariable>().Value.View());
+}
+
+// Spawn and TransitionTo also follow an object reference variable, as every other action does.
+bool TakeGroupNameOrReference(const Asker& asker, const GenericValue& target,
+                              OctetString& name) noexcept {
+  if (TakeGroupName(asker, target, name)) return true;
+  if (!IsIndirect(target)) return false;
+  const FoundObject variable = Find(asker, target.Reference);
+  return variable.Type == ItemType::ObjectRefVariable &&
+         name.Assign(variable.As<ObjectRefVariable>().Value.GroupIdentifier.View());
+}
+
+}  // namespace
+
+Status LaunchTarget(const Arguments& arguments, const GenericValue& target) noexcept {
+  OctetString name;
+  if (!TakeGroupName(arguments, target, name)) return Status::Refused;
+  ++CurrentGenerations().Application;
+  // Whatever the launch achieved, the list does not go on.
+  return Launch(name.View()) == Status::Failure ? Status::Failure : Status::Replaced;
+}
+
+Status SpawnTarget(const Arguments& arguments, const GenericValue& target) noexcept {
+  OctetString name;
+  if (!TakeGroupNameOrReference(arguments, target, name)) return Status::Refused;
+  const Status status = Spawn(name.View());
+  return status == Status::Done ? Status::Replaced : status;
+}
+
+Status TransitionToTarget(const Arguments& arguments, const GenericValue& target) noexcept {
+  OctetString name;
+  if (!TakeGroupNameOrReference(arguments, target, name)) return Status::Refused;
+  ++CurrentGenerations().Scene;
+  return TransitionTo(name.View());
+}
+
+Status QuitApplication() noexcept {
+  const Status status = Quit();
+  return status == Status::Done ? Status::Replaced : status;
+}
+
+Status LockScreen(const Arguments& arguments) noexcept {
+  ++arguments.Target.As<Application>().LockCount;
+  return Status::Done;
+}
+
+Status UnlockScreen(const Arguments& arguments) noexcept {
+  std::int32_t& lockCount = arguments.Target.As<Application>().LockCount;
+  if (lockCount == 0) return Status::Done;
+  --lockCount;
+  return lockCount == 0 ? RequestRedraw() : Status::Done;
+}
+
+Status SetCachePriority(const Arguments& arguments) noexcept {
+  arguments.Target.As<Group>().GroupCachePriority = arguments.Integer(0);
+  return Status::Done;
+}
+
+Status SetGroupTimer(const Arguments& arguments) noexcept {
+  const std::int32_t value = arguments.IsPresent(1) ? arguments.Integer(1) : kNoTimerValue;
+  const std::int32_t given = arguments.Boolean(2) ? 1 : 0;
+  return SetTimer(arguments.Target.As<Group>(), arguments.Integer(0), value,
+                  arguments.IsPresent(2) ? given : kNotGiven);
+}
+
+Status SetInputRegister(const Arguments& arguments) noexcept {
+  auto& scene = arguments.Target.As<Scene>();
+  if (!scene.AvailabilityStatus) return Status::Refused;
+  scene.InputEventReg = arguments.Integer(0);
+  return Status::Done;
+}
+
+Status SendEvent(const Arguments& arguments) noexcept {
+  EventData data;
+  if (const GenericValue* given = arguments.Given->At(2); given != nullptr) {
+    GenericValue value;
+    const Status status = ReadValue(arguments, *given, ContentLoading::Fetch, value);
+    if (status == Status::Failure) return status;
+    data.Kind = value.Kind;
+    data.Value =
+        value.Kind == ValueKind::Boolean ? static_cast<std::int32_t>(value.Boolean) : value.Integer;
+  }
+  const ObjectReference& source = arguments.Reference(0);
+  const OctetString& group = source.GroupIdentifier;
+  const Status status =
+      RaiseEvent(group.IsPresent() ? group.View() : arguments.groupName, source.Number,
+                 static_cast<EventType>(arguments.Integer(1)), data);
+  return status == Status::Failure ? status : Status::Done;
+}
+
+}  // namespace korvel

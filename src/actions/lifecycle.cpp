@@ -1,0 +1,141 @@
+// Ingredients coming to life and going: activation and deactivation, the Run, Stop and Preload
+// actions with the events that report them, and the two status queries.
+#include "actions/lifecycle.h"
+
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+
+namespace korvel {
+namespace {
+
+constexpr ClassSet kVisibleClasses =
+    SetOf(ItemType::Bitmap, ItemType::Rectangle, ItemType::DynamicLineArt, ItemType::Text,
+          ItemType::Video, ItemType::Slider, ItemType::EntryField, ItemType::HyperText,
+          ItemType::PushButton, ItemType::LineArt, ItemType::HotSpot, ItemType::SwitchButton);
+// A group's start makes programs available; they run when they are called.
+constexpr ClassSet kProgramClasses =
+    SetOf(ItemType::ResidentProgram, ItemType::RemoteProgram, ItemType::InterchangedProgram);
+
+constexpr Change ChangeOf(Status status) {
+  return status == Status::Failure ? Change::Failure : Change::Changed;
+}
+
+Change ActivateVisible(ItemType type, Ingredient& visible) noexcept {
+  if (EnterDisplayStack(type, visible) == Status::Failure) return Change::Failure;
+  visible.RunningStatus = true;
+  return ChangeOf(RequestRedraw());
+}
+
+Status EndInteractionOf(ItemType type, Ingredient& object) noexcept {
+  switch (type) {
+  case ItemType::EntryField: return EndInteraction(object, static_cast<EntryField&>(object));
+  case ItemType::HyperText: return EndInteraction(object, static_cast<HyperText&>(object));
+  case ItemType::Slider: return EndInteraction(object, static_cast<Slider&>(object));
+  default: return Status::Done;
+  }
+}
+
+Change DeactivateVisible(ItemType type, Ingredient& visible) noexcept {
+  visible.RunningStatus = false;
+  LeaveDisplayStack(type, visible);
+  if (RequestRedraw() == Status::Failure) return Change::Failure;
+  if (IsGone(visible)) return Change::Changed;
+  return ChangeOf(EndInteractionOf(type, visible));
+}
+
+Status StartProgram(ItemType type, Program& program) noexcept {
+  if (!program.InitiallyAvailable) return Status::Done;
+  return Prepare(type, program) == Change::Failure ? Status::Failure : Status::Done;
+}
+
+}  // namespace
+
+bool IsVisibleClass(ItemType type) noexcept { return Contains(kVisibleClasses, type); }
+
+Status EnterDisplayStack(ItemType type, Ingredient& visible) noexcept {
+  Application* application = CurrentApplication();
+  if (application == nullptr) return Status::Refused;
+  // One that was stopped silently, by a transition, still has its entry.
+  LeaveDisplayStack(type, visible);
+  return AppendOnTop(*application, type, visible);
+}
+
+void LeaveDisplayStack(ItemType type, Ingredient& visible) noexcept {
+  Application* application = CurrentApplication();
+  if (application == nullptr) return;
+  (void)RemoveFromStack(*application, type, visible);  // not being there is as good
+}
+
+Change Activate(ItemType type, Ingredient& ingredient) noexcept {
+  if (ingredient.RunningStatus) return Change::Nothing;
+  switch (type) {
+  case ItemType::Stream: return ActivateStream(static_cast<Stream&>(ingredient));
+  case ItemType::TokenGroup: return ActivateTokenGroup(static_cast<TokenGroup&>(ingredient));
+  case ItemType::ListGroup: return ActivateListGroup(static_cast<ListGroup&>(ingredient));
+  default: break;
+  }
+  if (IsVisibleClass(type)) return ActivateVisible(type, ingredient);
+  ingredient.RunningStatus = true;
+  return Change::Changed;
+}
+
+Change Deactivate(ItemType type, Ingredient& ingredient) noexcept {
+  if (!ingredient.RunningStatus) return Change::Nothing;
+  switch (type) {
+  case ItemType::Stream: return DeactivateStream(static_cast<Stream&>(ingredient));
+  case ItemType::TokenGroup: return DeactivateTokenGroup(static_cast<TokenGroup&>(ingredient));
+  case ItemType::ListGroup: return DeactivateListGroup(static_cast<ListGroup&>(ingredient));
+  default: break;
+  }
+  if (IsVisibleClass(type)) return DeactivateVisible(type, ingredient);
+  ingredient.RunningStatus = false;
+  return Change::Changed;
+}
+
+Status RunIngredient(ItemType type, Ingredient& ingredient) noexcept {
+  if (Contains(kProgramClasses, type)) {
+    return StartProgram(type, static_cast<Program&>(ingredient));
+  }
+  if (Prepare(type, ingredient) == Change::Failure) return Status::Failure;
+  if (IsGone(ingredient)) return Status::Replaced;
+  const Change change = Activate(type, ingredient);
+  if (change == Change::Failure) return Status::Failure;
+  if (IsGone(ingredient)) return Status::Replaced;
+  if (change == Change::Nothing || type == ItemType::Link) return Status::Done;
+  return RaiseFrom(ingredient, EventType::IsRunning);
+}
+
+Status StopIngredient(ItemType type, Ingredient& ingredient) noexcept {
+  const Change change = Deactivate(type, ingredient);
+  if (change == Change::Failure) return Status::Failure;
+  if (IsGone(ingredient)) return Status::Replaced;
+  return change == Change::Changed ? RaiseFrom(ingredient, EventType::IsStopped) : Status::Done;
+}
+
+Status PreloadTarget(const Arguments& arguments) noexcept {
+  auto& target = arguments.Target.As<Ingredient>();
+  const Change change = Prepare(arguments.Target.Type, target);
+  if (change == Change::Failure) return Status::Failure;
+  if (IsGone(target)) return Status::Replaced;
+  if (change == Change::Nothing) return Status::Done;
+  const Status status = RaiseFrom(target, EventType::IsAvailable);
+  return status == Status::Done ? RaiseFrom(target, EventType::ContentAvailable) : status;
+}
+
+Status RunTarget(const Arguments& arguments) noexcept {
+  return RunIngredient(arguments.Target.Type, arguments.Target.As<Ingredient>());
+}
+
+Status StopTarget(const Arguments& arguments) noexcept {
+  return StopIngredient(arguments.Target.Type, arguments.Target.As<Ingredient>());
+}
+
+Status GetAvailabilityStatus(const Arguments& arguments) noexcept {
+  return AnswerBoolean(arguments, 0, arguments.Target.Object->AvailabilityStatus);
+}
+
+Status GetRunningStatus(const Arguments& arguments) noexcept {
+  return AnswerBoolean(arguments, 0, arguments.Target.Object->RunningStatus);
+}
+
+}  // namespace korvel

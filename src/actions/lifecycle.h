@@ -1,0 +1,33 @@
+// What coming to life and going asks of the single classes, for the functions of the doorway that
+// do it.
+#pragma once
+
+#include "actions/parameters.h"
+#include "objects/visibles.h"
+
+namespace korvel {
+
+// Whether the class is drawn, or would be: its objects stand in the display stack while they run.
+[[nodiscard]] bool IsVisibleClass(ItemType type) noexcept;
+
+// Enters a visible on top of the application's display stack, or takes it out. Failure when memory
+// is out.
+Status EnterDisplayStack(ItemType type, Ingredient& visible) noexcept;
+void LeaveDisplayStack(ItemType type, Ingredient& visible) noexcept;
+
+// The parts of Activate and Deactivate that go beyond a flag and the display stack.
+Change ActivateStream(Stream& stream) noexcept;
+Change DeactivateStream(Stream& stream) noexcept;
+Change ActivateTokenGroup(TokenGroup& group) noexcept;
+Change DeactivateTokenGroup(TokenGroup& group) noexcept;
+Change ActivateListGroup(ListGroup& group) noexcept;
+Change DeactivateListGroup(ListGroup& group) noexcept;
+
+// Fetches the text that the object's content names. When it cannot be had, the text stays as it was
+// and the application is told by EngineEvent 3. Failure has to be handed up.
+Status FetchText(Text& text) noexcept;
+
+// Ends the interaction of an object that stops: clears its flag and raises InteractionCompleted.
+Status EndInteraction(Ingredient& object, Interactible& interactible) noexcept;
+
+}  // namespace korvel

@@ -1,0 +1,125 @@
+// Preparing objects: every run-time value is set up from its original one, text is taken from its
+// content, and the object becomes available. Bitmaps fetch their content when they are drawn, not
+// here.
+#include "actions/actions.h"
+#include "actions/lifecycle.h"
+#include "objects/objects.h"
+
+namespace korvel {
+namespace {
+
+// For each class the function of its nearest ancestor that has run-time values. False when memory
+// is out.
+bool SetUp(Ingredient& ingredient) noexcept {
+  return Copy(ingredient.OriginalContent, ingredient.Content);
+}
+
+bool SetUp(BooleanVariable& variable) noexcept {
+  variable.Value = variable.OriginalValue;
+  return true;
+}
+bool SetUp(IntegerVariable& variable) noexcept {
+  variable.Value = variable.OriginalValue;
+  return true;
+}
+bool SetUp(OctetStringVariable& variable) noexcept {
+  return variable.Value.CopyFrom(variable.OriginalValue);
+}
+bool SetUp(ObjectRefVariable& variable) noexcept {
+  return Copy(variable.OriginalValue, variable.Value);
+}
+bool SetUp(ContentRefVariable& variable) noexcept {
+  return Copy(variable.OriginalValue, variable.Value);
+}
+
+bool SetUp(TokenGroup& group) noexcept {
+  group.TokenPosition = group.TokenGroupItems.IsEmpty() ? 0 : 1;
+  return true;
+}
+bool SetUp(ListGroup& group) noexcept {
+  List<ListItem> items;
+  for (const TokenGroupItem& member : group.TokenGroupItems) {
+    ListItem item;
+    if (!Copy(member.AVisible, item.AVisible)) return false;
+    if (items.Append(std::move(item)) == nullptr) return false;
+  }
+  group.ItemList = std::move(items);
+  group.FirstItem = 1;
+  return SetUp(static_cast<TokenGroup&>(group));
+}
+
+bool SetUp(Visible& visible) noexcept {
+  visible.BoxSize = visible.OriginalBoxSize;
+  visible.Position = visible.OriginalPosition;
+  return Copy(visible.OriginalPaletteRef, visible.PaletteRef) &&
+         SetUp(static_cast<Ingredient&>(visible));
+}
+bool SetUp(Bitmap& bitmap) noexcept {
+  bitmap.Transparency = bitmap.OriginalTransparency;
+  bitmap.ScaledSize = {kNotScaled, kNotScaled};
+  bitmap.DecodeOffset = {};
+  return SetUp(static_cast<Visible&>(bitmap));
+}
+bool SetUp(LineArt& lineArt) noexcept {
+  lineArt.LineWidth = lineArt.OriginalLineWidth;
+  lineArt.LineStyle = lineArt.OriginalLineStyle;
+  return Copy(lineArt.OriginalRefLineColour, lineArt.RefLineColour) &&
+         Copy(lineArt.OriginalRefFillColour, lineArt.RefFillColour) &&
+         SetUp(static_cast<Visible&>(lineArt));
+}
+bool SetUp(Text& text) noexcept {
+  const OctetString& content = text.OriginalContent.Data;
+  const bool isIncluded = !text.OriginalContent.IsReferenced;
+  text.TextData.Clear();
+  return (!isIncluded || text.TextData.CopyFrom(content)) && Copy(text.OriginalFont, text.Font) &&
+         SetUp(static_cast<Visible&>(text));
+}
+bool SetUp(EntryField& field) noexcept {
+  field.EntryPoint = 0;
+  field.OverwriteMode = false;
+  return SetUp(static_cast<Text&>(field));
+}
+bool SetUp(HyperText& text) noexcept {
+  text.LastAnchorFired.Clear();
+  return SetUp(static_cast<Text&>(text));
+}
+bool SetUp(PushButton& button) noexcept {
+  return button.Label.CopyFrom(button.OriginalLabel) && SetUp(static_cast<Visible&>(button));
+}
+bool SetUp(Slider& slider) noexcept {
+  slider.SliderValue = slider.InitialValue;
+  slider.Portion = slider.InitialPortion;
+  return SetUp(static_cast<Visible&>(slider));
+}
+
+bool SetUp(Audio& audio) noexcept {
+  audio.Volume = audio.OriginalVolume;
+  return true;
+}
+bool SetUp(Video& video) noexcept {
+  video.ScaledSize = {kNotScaled, kNotScaled};
+  video.DecodeOffset = {};
+  return SetUp(static_cast<Visible&>(video));
+}
+
+constexpr bool IsTextClass(ItemType type) {
+  return type == ItemType::Text || type == ItemType::EntryField || type == ItemType::HyperText;
+}
+
+}  // namespace
+
+Change Prepare(ItemType type, Ingredient& ingredient) noexcept {
+  if (ingredient.AvailabilityStatus) return Change::Nothing;
+  bool isSetUp = true;
+  VisitIngredientClass(type,
+                       [&]<class Record>() { isSetUp = SetUp(static_cast<Record&>(ingredient)); });
+  if (!isSetUp) return Change::Failure;
+  ingredient.AvailabilityStatus = true;
+  if (IsTextClass(type) && ingredient.Content.IsReferenced &&
+      FetchText(static_cast<Text&>(ingredient)) == Status::Failure) {
+    return Change::Failure;
+  }
+  return Change::Changed;
+}
+
+}  // namespace korvel

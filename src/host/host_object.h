@@ -1,0 +1,20 @@
+// The host object's coming and going: the engine's reference to it and the exit callback that it
+// is given. Reading files through it stands apart.
+#pragma once
+
+#include "korvel.h"
+
+namespace korvel {
+
+// The thread that starts the engine: keeps the object, with a reference of the engine's own.
+void StoreHostObject(MHEG5Host* host) noexcept;
+
+// The same thread: hands the exit callback to the stored object.
+void GiveExitCallback() noexcept;
+
+// The worker at its end, or the engine thread when there is no worker: withdraws the exit callback
+// and gives the reference back. Nobody finds the object any more from the start of this call on.
+// Does nothing the second time.
+void WithdrawHostObject() noexcept;
+
+}  // namespace korvel

@@ -37,8 +37,7 @@ Status FetchFile(std::string_view path, OctetString* bytes) noexcept {
   // A host that reports bytes without saying where they are has not read the file.
   const bool isReadable = data != nullptr || size == 0;
   const bool isTaken =
-      bytes == nullptr ||
-      (isReadable && bytes->Assign({static_cast<const char*>(data), size}));
+      bytes == nullptr || (isReadable && bytes->Assign({static_cast<const char*>(data), size}));
   host->table->FreeBuffer(host, data);
   return isTaken ? Status::Done : Status::Refused;
 }

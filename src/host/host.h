@@ -1,5 +1,6 @@
-// The doorway of the platform: broadcast files, the running flag, timers of the engine window, clocks, and the
-// requests that the engine posts to its own window. Everything here is called on the worker thread only.
+// The doorway of the platform: broadcast files, the running flag, timers of the engine window,
+// clocks, and the requests that the engine posts to its own window. Everything here is called on
+// the worker thread only.
 #pragma once
 
 #include <cstdint>
@@ -10,10 +11,11 @@
 
 namespace korvel {
 
-// Reads a broadcast file through the host object. Waits, asking again every 500 ms, while the host answers that the
-// file is not there yet and the engine may run. Done, with the bytes copied to `bytes`; Refused, with `bytes`
-// untouched, for an empty path, without a host object, on any other answer of the host, when the engine may not run,
-// and when memory is out. A null `bytes` only asks whether the file is there.
+// Reads a broadcast file through the host object. Waits, asking again every 500 ms, while the host
+// answers that the file is not there yet and the engine may run. Done, with the bytes copied to
+// `bytes`; Refused, with `bytes` untouched, for an empty path, without a host object, on any other
+// answer of the host, when the engine may not run, and when memory is out. A null `bytes` only asks
+// whether the file is there.
 Status FetchFile(std::string_view path, OctetString* bytes) noexcept;
 
 // Whether MHEG-5 work may be done: the engine running flag is set and no close has been asked for.
@@ -25,8 +27,8 @@ Status FetchFile(std::string_view path, OctetString* bytes) noexcept;
 // Waits, but not once a close has been asked for.
 void PauseUnlessClosing(std::uint32_t milliseconds) noexcept;
 
-// Starts the one-shot timer `id` of the engine window, replacing a pending one; its expiry arrives as an outside
-// event of type TimerFired. An expiry of the id that is queued already is dropped.
+// Starts the one-shot timer `id` of the engine window, replacing a pending one; its expiry arrives
+// as an outside event of type TimerFired. An expiry of the id that is queued already is dropped.
 void SetWindowTimer(std::uint32_t id, std::uint32_t periodMs) noexcept;
 
 // Stops the timer `id` and drops an expiry of it that is queued already.
@@ -37,8 +39,8 @@ enum class RestartReason {
   Tune,               // a resident program asks for another service
 };
 
-// Asks for the engine to be started again from the start-up search once the current work is done: clears the
-// surface, clears the running flag, and posts the request to the engine window.
+// Asks for the engine to be started again from the start-up search once the current work is done:
+// clears the surface, clears the running flag, and posts the request to the engine window.
 void RequestRestart(RestartReason reason) noexcept;
 
 // A clock in milliseconds for absolute timers: the time since the process started.

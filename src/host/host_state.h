@@ -40,7 +40,7 @@ struct HostState {
 
   std::atomic<DWORD> engineThreadId = 0;
   std::atomic<DWORD> workerThreadId = 0;
-  std::atomic<HWND> engineWindow = nullptr;    // null again before the window is destroyed
+  std::atomic<HWND> engineWindow = nullptr;  // null again before the window is destroyed
   std::atomic<HWND> hostWindow = nullptr;
   std::atomic<MHEG5Host*> hostObject = nullptr;  // one reference, from start to the worker's end
 

@@ -14,20 +14,20 @@ struct KeyRange {
 };
 
 constexpr std::array<KeyRange, 14> kKeys = {{
-    {13, 13, 15},    // Enter: Select
-    {27, 27, 16},    // Escape: Cancel
-    {37, 37, 3},     // Left
-    {38, 38, 1},     // Up
-    {39, 39, 4},     // Right
-    {40, 40, 2},     // Down
-    {'0', '9', 5},   // digits
-    {'B', 'B', 103}, // Blue
-    {'G', 'G', 101}, // Green
+    {13, 13, 15},     // Enter: Select
+    {27, 27, 16},     // Escape: Cancel
+    {37, 37, 3},      // Left
+    {38, 38, 1},      // Up
+    {39, 39, 4},      // Right
+    {40, 40, 2},      // Down
+    {'0', '9', 5},    // digits
+    {'B', 'B', 103},  // Blue
+    {'G', 'G', 101},  // Green
     {'I', 'I', 17},
-    {'R', 'R', 100}, // Red
-    {'T', 'T', 104}, // Text
-    {'Y', 'Y', 102}, // Yellow
-    {96, 105, 5},    // digits of the keypad
+    {'R', 'R', 100},  // Red
+    {'T', 'T', 104},  // Text
+    {'Y', 'Y', 102},  // Yellow
+    {96, 105, 5},     // digits of the keypad
 }};
 
 }  // namespace

@@ -63,44 +63,31 @@ void Close() noexcept {
 
 LRESULT CALLBACK EngineWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_DESTROY:
-      PostQuitMessage(0);
-      return 0;
-    case WM_KILLFOCUS:
-      NoteModifier(VK_CONTROL, false);
-      NoteModifier(VK_MENU, false);
-      return 0;
-    case WM_PAINT:
-      Paint(window);
-      return DefaultResult(window, message, wParam, lParam);
-    case WM_CLOSE:
-      Close();
-      return 0;
-    case WM_KEYDOWN:
-      TakeKey(wParam, lParam);
-      return 0;
-    case WM_KEYUP:
-      NoteModifier(wParam, false);
-      return 0;
-    case WM_SYSKEYDOWN:
-    case WM_SYSKEYUP:
-      // Alt alone arrives here and not as a plain key. The system goes on to use it for its menu.
-      if (wParam == VK_MENU) NoteModifier(wParam, message == WM_SYSKEYDOWN);
-      return DefaultResult(window, message, wParam, lParam);
-    case WM_TIMER:
-      TakeTimerExpiry(window, static_cast<std::uint32_t>(wParam),
-                      IsWorkerThere() ? ExpiryUse::Queued : ExpiryUse::Dropped);
-      return 0;
-    case kSetWindowTimer:
-      SetRequestedTimer(window, static_cast<std::uint32_t>(wParam),
-                        static_cast<std::uint32_t>(lParam));
-      return 0;
-    case kRestartAfterQuit:
-    case kRestartAfterTune:
-      QueueForWorker(message, wParam, lParam);
-      return 0;
-    default:
-      return DefaultResult(window, message, wParam, lParam);
+  case WM_DESTROY: PostQuitMessage(0); return 0;
+  case WM_KILLFOCUS:
+    NoteModifier(VK_CONTROL, false);
+    NoteModifier(VK_MENU, false);
+    return 0;
+  case WM_PAINT: Paint(window); return DefaultResult(window, message, wParam, lParam);
+  case WM_CLOSE: Close(); return 0;
+  case WM_KEYDOWN: TakeKey(wParam, lParam); return 0;
+  case WM_KEYUP: NoteModifier(wParam, false); return 0;
+  case WM_SYSKEYDOWN:
+  case WM_SYSKEYUP:
+    // Alt alone arrives here and not as a plain key. The system goes on to use it for its menu.
+    if (wParam == VK_MENU) NoteModifier(wParam, message == WM_SYSKEYDOWN);
+    return DefaultResult(window, message, wParam, lParam);
+  case WM_TIMER:
+    TakeTimerExpiry(window, static_cast<std::uint32_t>(wParam),
+                    IsWorkerThere() ? ExpiryUse::Queued : ExpiryUse::Dropped);
+    return 0;
+  case kSetWindowTimer:
+    SetRequestedTimer(window, static_cast<std::uint32_t>(wParam),
+                      static_cast<std::uint32_t>(lParam));
+    return 0;
+  case kRestartAfterQuit:
+  case kRestartAfterTune: QueueForWorker(message, wParam, lParam); return 0;
+  default: return DefaultResult(window, message, wParam, lParam);
   }
 }
 

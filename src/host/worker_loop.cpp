@@ -54,16 +54,12 @@ void Restart() noexcept {
 void HandleMessage(const QueuedMessage& message) noexcept {
   BeginWork();
   switch (message.Number) {
-    case WM_TIMER: return HandleTimer(message.WParam);
-    case WM_CLOSE: return CloseDown();
-    case WM_KEYDOWN: return HandleKey(message.WParam);
-    case kRestartAfterQuit:
-      EmptyPersistentStore();
-      return Restart();
-    case kRestartAfterTune:
-      CloseDown();
-      return Restart();
-    default: return;
+  case WM_TIMER: return HandleTimer(message.WParam);
+  case WM_CLOSE: return CloseDown();
+  case WM_KEYDOWN: return HandleKey(message.WParam);
+  case kRestartAfterQuit: EmptyPersistentStore(); return Restart();
+  case kRestartAfterTune: CloseDown(); return Restart();
+  default: return;
   }
 }
 

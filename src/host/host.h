@@ -61,4 +61,8 @@ struct LocalTime {
 // The local time of day. False when the platform cannot tell.
 [[nodiscard]] bool GetLocalClock(LocalTime& now) noexcept;
 
+// Any thread: writes the line, as it stands, to the trace stream and flushes it if it is open. No
+// part of the engine opens it.
+void Trace(const char* line) noexcept;
+
 }  // namespace korvel

@@ -5,6 +5,8 @@
 
 #include <cstdio>
 
+#include "host/host.h"
+
 namespace korvel {
 namespace {
 

@@ -4,9 +4,6 @@
 
 namespace korvel {
 
-// Any thread: writes the line, as it stands, to the trace stream and flushes it if it is open.
-void Trace(const char* line) noexcept;
-
 // Worker thread: deletes the trace file that an earlier run left in the current directory.
 void DeleteOldTraceFile() noexcept;
 

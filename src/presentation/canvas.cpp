@@ -1,0 +1,146 @@
+// The canvases' life and the painting of each drawing action. What a canvas shows stays until it is
+// cleared; nothing is recorded beside it.
+#include "presentation/canvas.h"
+
+#include <algorithm>
+
+#include "objects/owned.h"
+#include "objects/sequence.h"
+#include "presentation/clipping.h"
+#include "presentation/colours.h"
+#include "presentation/geometry.h"
+#include "presentation/line.h"
+#include "presentation/presentation.h"
+
+namespace korvel {
+
+namespace {
+
+// A canvas beyond this area is not worth its memory: 64 million pixels of 4 bytes.
+constexpr std::int64_t kLargestArea = std::int64_t{64} * 1024 * 1024;
+
+constexpr Gdiplus::ARGB kTransparentBlack = 0;
+constexpr Colour kTransparencyByte = 0xFF;
+
+[[nodiscard]] bool MakePicture(Canvas& canvas) noexcept {
+  return Succeeded(gdip::GdipCreateBitmapFromScan0(canvas.Width, canvas.Height, 0,
+                                                   PixelFormat32bppARGB, nullptr,
+                                                   canvas.Picture.Slot())) &&
+         Succeeded(gdip::GdipGetImageGraphicsContext(canvas.Picture, canvas.Graphics.Slot())) &&
+         Succeeded(gdip::GdipGraphicsClear(canvas.Graphics, kTransparentBlack));
+}
+
+// A brush, or nothing where the colour cannot be seen anyway.
+[[nodiscard]] bool MakeBrush(Colour colour, SolidBrushOwner& brush) noexcept {
+  return (colour & kTransparencyByte) != kTransparencyByte &&
+         Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(colour), brush.Slot()));
+}
+
+}  // namespace
+
+Canvas* NewCanvas(std::int32_t width, std::int32_t height) noexcept {
+  if (width < 1 || height < 1 || std::int64_t{width} * height > kLargestArea) return nullptr;
+  Owned<Canvas> canvas = Owned<Canvas>::New();
+  if (!canvas) return nullptr;
+  canvas->Width = canvas->ClipWidth = width;
+  canvas->Height = canvas->ClipHeight = height;
+  return MakePicture(*canvas) ? canvas.Release() : nullptr;
+}
+
+void DestroyCanvas(Canvas* canvas) noexcept { Owned<Canvas>(canvas).Reset(); }
+
+Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) noexcept {
+  if (canvas == nullptr) return Status::Done;
+  canvas->ClipWidth = std::clamp<std::int32_t>(width, 0, canvas->Width);
+  canvas->ClipHeight = std::clamp<std::int32_t>(height, 0, canvas->Height);
+  static_cast<void>(gdip::GdipSetClipRectI(canvas->Graphics, 0, 0, canvas->ClipWidth,
+                                           canvas->ClipHeight, Gdiplus::CombineModeReplace));
+  return Status::Done;
+}
+
+Status ClearCanvas(Colour fill, Canvas* canvas) noexcept {
+  if (canvas == nullptr) return Status::Done;
+  static_cast<void>(gdip::GdipResetClip(canvas->Graphics));
+  static_cast<void>(gdip::GdipGraphicsClear(canvas->Graphics, kTransparentBlack));
+  static_cast<void>(ClipCanvas(canvas->ClipWidth, canvas->ClipHeight, canvas));
+  SolidBrushOwner brush;
+  if (MakeBrush(fill, brush)) {
+    static_cast<void>(
+        gdip::GdipFillRectangleI(canvas->Graphics, brush, 0, 0, canvas->Width, canvas->Height));
+  }
+  return Status::Done;
+}
+
+Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
+                  Canvas* canvas) noexcept {
+  PenOwner pen;
+  if (canvas == nullptr || !MakePen(line, pen) || !ClipLine(from, to)) return Status::Done;
+  static_cast<void>(gdip::GdipDrawLineI(canvas->Graphics, pen, from.X, from.Y, to.X, to.Y));
+  return Status::Done;
+}
+
+Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Colour fill,
+                       Canvas* canvas) noexcept {
+  if (canvas == nullptr) return Status::Done;
+  DrawBorderedRectangle(canvas->Graphics, BoxBetween(from.X, from.Y, to.X, to.Y), line, fill);
+  return Status::Done;
+}
+
+Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, Colour fill,
+                  Canvas* canvas) noexcept {
+  const Box box = BoxAt(at.X, at.Y, width, height);
+  SolidBrushOwner brush;
+  if (canvas == nullptr || box.IsEmpty() || !MakeBrush(fill, brush)) return Status::Done;
+  static_cast<void>(gdip::GdipFillEllipseI(canvas->Graphics, brush, box.Left, box.Top, box.Width(),
+                                           box.Height()));
+  return Status::Done;
+}
+
+Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
+                 std::int32_t arcAngle, const LineAttributes& line, Colour fill, ArcForm form,
+                 Canvas* canvas) noexcept {
+  const std::int64_t shrink = DrawnWidth(line);
+  const Box box = BoxAt(at.X + shrink, at.Y + shrink, width - 2 * shrink, height - 2 * shrink);
+  PenOwner pen;
+  if (canvas == nullptr || box.IsEmpty() || !MakePen(line, pen)) return Status::Done;
+  const auto start = static_cast<float>(startAngle);
+  const auto sweep = static_cast<float>(arcAngle) * -1.0F;  // ours run counter-clockwise
+  if (form == ArcForm::Arc) {
+    static_cast<void>(gdip::GdipDrawArcI(canvas->Graphics, pen, box.Left, box.Top, box.Width(),
+                                         box.Height(), start, sweep));
+    return Status::Done;
+  }
+  static_cast<void>(gdip::GdipDrawPieI(canvas->Graphics, pen, box.Left, box.Top, box.Width(),
+                                       box.Height(), start, sweep));
+  if ((fill & kTransparencyByte) == kTransparencyByte) return Status::Done;
+  SolidBrushOwner brush;
+  const Colour mixed = (fill & ~kTransparencyByte) | (line.Ink & kTransparencyByte);
+  if (!MakeBrush(mixed, brush)) return Status::Done;
+  static_cast<void>(gdip::GdipFillPieI(canvas->Graphics, brush, box.Left, box.Top, box.Width(),
+                                       box.Height(), start, sweep));
+  return Status::Done;
+}
+
+Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line, Colour fill,
+                     Canvas* canvas) noexcept {
+  Sequence<CanvasPoint> clipped;
+  if (canvas == nullptr || !ClipPolygon(points, clipped) || clipped.Size() < 2) {
+    return Status::Done;
+  }
+  // A GDI+ point is the same two numbers.
+  static_assert(sizeof(CanvasPoint) == sizeof(Gdiplus::GpPoint));
+  const auto* corners = reinterpret_cast<const Gdiplus::GpPoint*>(clipped.begin());
+  const auto count = static_cast<INT>(clipped.Size());
+  PenOwner pen;
+  if (MakePen(line, pen) && Succeeded(gdip::GdipSetPenMode(pen, Gdiplus::PenAlignmentInset))) {
+    static_cast<void>(gdip::GdipDrawPolygonI(canvas->Graphics, pen, corners, count));
+  }
+  SolidBrushOwner brush;
+  if (MakeBrush(fill, brush)) {
+    static_cast<void>(gdip::GdipFillPolygonI(canvas->Graphics, brush, corners, count,
+                                             Gdiplus::FillModeAlternate));
+  }
+  return Status::Done;
+}
+
+}  // namespace korvel

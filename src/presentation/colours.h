@@ -1,0 +1,20 @@
+// From the colours that objects carry to the one form that drawing uses. An object's colour may be
+// absolute, an index into a palette, or not set; what is not set comes from the application, and
+// what the application does not set either has a value of its own here.
+#pragma once
+
+#include "objects/group.h"
+#include "objects/visibles.h"
+#include "presentation/gdi_plus.h"
+#include "presentation/presentation.h"
+
+namespace korvel {
+
+[[nodiscard]] Colour TextColourOf(const Text& text) noexcept;
+[[nodiscard]] Colour BackgroundColourOf(const Text& text) noexcept;
+[[nodiscard]] Colour SliderColourOf(const Slider& slider) noexcept;
+
+// The colour as GDI+ takes it.
+[[nodiscard]] Gdiplus::ARGB ToGdiPlus(Colour colour) noexcept;
+
+}  // namespace korvel

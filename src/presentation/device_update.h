@@ -1,0 +1,13 @@
+// The finished picture: the copy of the back buffer that the window is painted from. Opened and
+// closed with the presentation, on the worker thread.
+#pragma once
+
+namespace korvel {
+
+// Makes room for the picture; it is shown in `window`, which may be null.
+void OpenPicture(void* window) noexcept;
+
+// Gives the picture up; the window is no longer painted from it.
+void ClosePicture() noexcept;
+
+}  // namespace korvel

@@ -1,0 +1,25 @@
+// How each visible class looks: one function per class, each in the file of its class, drawing a
+// running object into the back buffer. Done, or Refused when the picture to draw could not be had.
+// Without a back buffer nothing is drawn. Only the redraw calls them.
+#pragma once
+
+#include "objects/status.h"
+#include "objects/visibles.h"
+
+namespace korvel {
+
+// Sets the object's content hook from the application's when it has none.
+Status Draw(Bitmap& bitmap) noexcept;
+Status Draw(const Rectangle& rectangle) noexcept;
+Status Draw(const DynamicLineArt& lineArt) noexcept;
+// HyperText looks the same.
+Status Draw(const Text& text) noexcept;
+Status Draw(const EntryField& entryField) noexcept;
+Status Draw(const Slider& slider) noexcept;
+Status Draw(const Video& video) noexcept;
+
+// Ends the presentation of a video that runs no longer. There is nothing to end: what is not drawn
+// again is gone.
+Status StopVideo(const Video& video) noexcept;
+
+}  // namespace korvel

@@ -1,0 +1,15 @@
+// Saving an image as a picture file of a given kind.
+#pragma once
+
+#include "presentation/gdi_plus.h"
+
+namespace korvel {
+
+// The class of the GDI+ encoder for a MIME type ("image/png", "image/bmp"). False when there is
+// none.
+[[nodiscard]] bool FindEncoder(const WCHAR* mimeType, CLSID& encoder) noexcept;
+
+[[nodiscard]] bool SaveImage(Gdiplus::GpImage* image, const WCHAR* mimeType,
+                             const char* path) noexcept;
+
+}  // namespace korvel

@@ -1,0 +1,66 @@
+// GDI+ as the drawing files use it: its flat functions, each of which returns a status that the
+// caller looks at, and owners that give its objects back. An object lives no longer than the call
+// that draws with it, unless it stands in the surface, a canvas or the image cache.
+#pragma once
+
+#include <windows.h>
+
+#include <objidl.h>
+
+#include <gdiplus.h>
+
+#include <utility>
+
+namespace korvel {
+
+namespace gdip = Gdiplus::DllExports;
+
+// Whether a GDI+ call did what it was asked for.
+[[nodiscard]] inline bool Succeeded(Gdiplus::GpStatus status) noexcept {
+  return status == Gdiplus::Ok;
+}
+
+// Owns one GDI+ object; converts to the pointer that the functions take.
+template <class Object, auto Release>
+class GdiPlusOwner {
+ public:
+  GdiPlusOwner() noexcept = default;
+  GdiPlusOwner(GdiPlusOwner&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+  GdiPlusOwner& operator=(GdiPlusOwner&& other) noexcept {
+    std::swap(object_, other.object_);
+    return *this;
+  }
+  GdiPlusOwner(const GdiPlusOwner&) = delete;
+  GdiPlusOwner& operator=(const GdiPlusOwner&) = delete;
+  ~GdiPlusOwner() { Reset(); }
+
+  // Where a creating function is to leave the object; an earlier one is given back.
+  [[nodiscard]] Object** Slot() noexcept {
+    Reset();
+    return &object_;
+  }
+  // Releasing can only fail for objects that are in use elsewhere, and none of ours is.
+  void Reset() noexcept {
+    Object* object = std::exchange(object_, nullptr);
+    if (object != nullptr) static_cast<void>(Release(object));
+  }
+  [[nodiscard]] Object* Get() const noexcept { return object_; }
+  operator Object*() const noexcept { return object_; }
+
+ private:
+  Object* object_ = nullptr;
+};
+
+using GraphicsOwner = GdiPlusOwner<Gdiplus::GpGraphics, gdip::GdipDeleteGraphics>;
+using BitmapOwner = GdiPlusOwner<Gdiplus::GpBitmap, gdip::GdipDisposeImage>;
+using ImageOwner = GdiPlusOwner<Gdiplus::GpImage, gdip::GdipDisposeImage>;
+using SolidBrushOwner = GdiPlusOwner<Gdiplus::GpSolidFill, gdip::GdipDeleteBrush>;
+using TextureOwner = GdiPlusOwner<Gdiplus::GpTexture, gdip::GdipDeleteBrush>;
+using PenOwner = GdiPlusOwner<Gdiplus::GpPen, gdip::GdipDeletePen>;
+using FontOwner = GdiPlusOwner<Gdiplus::GpFont, gdip::GdipDeleteFont>;
+using FontFamilyOwner = GdiPlusOwner<Gdiplus::GpFontFamily, gdip::GdipDeleteFontFamily>;
+using StringFormatOwner = GdiPlusOwner<Gdiplus::GpStringFormat, gdip::GdipDeleteStringFormat>;
+using ImageAttributesOwner =
+    GdiPlusOwner<Gdiplus::GpImageAttributes, gdip::GdipDisposeImageAttributes>;
+
+}  // namespace korvel

@@ -1,0 +1,26 @@
+// How lines and outlines are drawn, on the back buffer and on canvases alike.
+#pragma once
+
+#include <cstdint>
+
+#include "presentation/gdi_plus.h"
+#include "presentation/geometry.h"
+#include "presentation/presentation.h"
+
+namespace korvel {
+
+// The attributes of a line art's lines as they are now.
+[[nodiscard]] LineAttributes LineAttributesOf(const LineArt& lineArt) noexcept;
+
+// The width as it is drawn: content may give any number.
+[[nodiscard]] std::int32_t DrawnWidth(const LineAttributes& line) noexcept;
+
+// False when GDI+ could not make the pen.
+[[nodiscard]] bool MakePen(const LineAttributes& line, PenOwner& pen) noexcept;
+
+// The bordered rectangle: an outline that lies wholly inside the box, and the fill inside of the
+// outline. A box no larger than its border is all border.
+void DrawBorderedRectangle(Gdiplus::GpGraphics* graphics, const Box& box,
+                           const LineAttributes& line, Colour fill) noexcept;
+
+}  // namespace korvel

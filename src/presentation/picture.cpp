@@ -1,0 +1,55 @@
+// Pictures from bytes. Painting them is left to picture_painting.cpp, I-frames to i_frame.cpp.
+#include "presentation/picture.h"
+
+#include <cstring>
+
+namespace korvel {
+
+namespace {
+
+// A stream over the block, given back with the last picture that reads from it.
+class BlockStream {
+ public:
+  explicit BlockStream(const GlobalBlock& block) noexcept {
+    if (CreateStreamOnHGlobal(block.Get(), FALSE, &stream_) != S_OK) stream_ = nullptr;
+  }
+  ~BlockStream() {
+    if (stream_ != nullptr) stream_->Release();
+  }
+  BlockStream(const BlockStream&) = delete;
+  BlockStream& operator=(const BlockStream&) = delete;
+  [[nodiscard]] IStream* Get() const noexcept { return stream_; }
+
+ private:
+  IStream* stream_ = nullptr;
+};
+
+}  // namespace
+
+bool GlobalBlock::Assign(std::string_view bytes) noexcept {
+  GlobalBlock made;
+  made.block_ = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+  if (made.block_ == nullptr) return false;
+  void* to = GlobalLock(made.block_);
+  if (to == nullptr) return false;
+  std::memcpy(to, bytes.data(), bytes.size());
+  GlobalUnlock(made.block_);
+  *this = std::move(made);
+  return true;
+}
+
+bool ReadPicture(std::string_view bytes, Picture& picture) noexcept {
+  Picture read;
+  if (bytes.empty() || !read.Block.Assign(bytes)) return false;
+  const BlockStream stream(read.Block);
+  if (stream.Get() == nullptr ||
+      !Succeeded(gdip::GdipLoadImageFromStream(stream.Get(), read.Image.Slot()))) {
+    return false;
+  }
+  // The order matters: the old image before the old block.
+  picture.Image = std::move(read.Image);
+  picture.Block = std::move(read.Block);
+  return true;
+}
+
+}  // namespace korvel

@@ -1,0 +1,44 @@
+// A picture read from bytes: what GDI+ made of them, and the memory that it reads from.
+#pragma once
+
+#include <string_view>
+#include <utility>
+
+#include "presentation/gdi_plus.h"
+
+namespace korvel {
+
+// A block of global memory; GDI+ reads pictures from nothing else.
+class GlobalBlock {
+ public:
+  GlobalBlock() noexcept = default;
+  GlobalBlock(GlobalBlock&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
+  GlobalBlock& operator=(GlobalBlock&& other) noexcept {
+    std::swap(block_, other.block_);
+    return *this;
+  }
+  GlobalBlock(const GlobalBlock&) = delete;
+  GlobalBlock& operator=(const GlobalBlock&) = delete;
+  ~GlobalBlock() {
+    if (block_ != nullptr) GlobalFree(block_);
+  }
+
+  // A movable block with a copy of the bytes. False when memory is out.
+  [[nodiscard]] bool Assign(std::string_view bytes) noexcept;
+  [[nodiscard]] HGLOBAL Get() const noexcept { return block_; }
+
+ private:
+  HGLOBAL block_ = nullptr;
+};
+
+// The image may read from the block as long as it lives, so it goes first.
+struct Picture {
+  GlobalBlock Block;
+  ImageOwner Image;
+};
+
+// Reads a picture in any format that GDI+ knows. False, and `picture` unchanged, when the bytes are
+// no picture, or one too large to be worth its memory.
+[[nodiscard]] bool ReadPicture(std::string_view bytes, Picture& picture) noexcept;
+
+}  // namespace korvel

@@ -1,0 +1,20 @@
+// The fixed screens that the viewer sees while no application runs.
+#include "presentation/presentation.h"
+#include "presentation/text.h"
+
+namespace korvel {
+
+void DrawScreenText(std::string_view text) noexcept {
+  constexpr std::int32_t kMargin = 50;
+  constexpr std::int32_t kFontSize = 50;
+  constexpr Colour kGreen = 0x00FF0000;
+  DrawTextIn({.Content = text,
+              .X = kMargin,
+              .Y = kMargin,
+              .Width = kSceneWidth,
+              .Height = kSceneHeight,
+              .Font = {.Size = kFontSize},
+              .Ink = kGreen});
+}
+
+}  // namespace korvel

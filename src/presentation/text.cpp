@@ -1,0 +1,151 @@
+// Text objects and the text routine. GDI+ breaks the lines and places them; the colours, the font
+// and the modes that it is given are settled here.
+#include "presentation/text.h"
+
+#include <cstring>
+
+#include "objects/memory.h"
+#include "presentation/colours.h"
+#include "presentation/control_sequences.h"
+#include "presentation/drawings.h"
+#include "presentation/geometry.h"
+#include "presentation/surface.h"
+
+namespace korvel {
+
+namespace {
+
+constexpr float kDefaultSize = 24.0F;
+constexpr float kPointsPerInch = 72.0F;
+constexpr std::int32_t kLargestSize = 10000;
+// A tab stop in points times 96 dots per inch: 42 pixels there.
+constexpr float kTabStop = 4032.0F;
+
+// UTF-16 as GDI+ takes it, ended by a zero.
+class WideText {
+ public:
+  explicit WideText(const char* utf8) noexcept {
+    const std::size_t bytes = std::strlen(utf8);
+    units_ = static_cast<WCHAR*>(AllocateZeroed(2 * bytes + 2));
+    if (units_ == nullptr) return;
+    const int count = static_cast<int>(bytes) + 1;
+    MultiByteToWideChar(CP_UTF8, 0, utf8, count, units_, count);
+  }
+  ~WideText() { ReleaseMemory(units_); }
+  WideText(const WideText&) = delete;
+  WideText& operator=(const WideText&) = delete;
+  [[nodiscard]] const WCHAR* Units() const noexcept { return units_; }
+
+ private:
+  WCHAR* units_ = nullptr;
+};
+
+[[nodiscard]] bool FindAnyFamily(FontFamilyOwner& family) noexcept {
+  Gdiplus::GpFontCollection* installed = nullptr;  // the system's own, never given back
+  INT found = 0;
+  Gdiplus::GpFontFamily* first = nullptr;
+  return Succeeded(gdip::GdipNewInstalledFontCollection(&installed)) &&
+         Succeeded(gdip::GdipGetFontCollectionFamilyList(installed, 1, &first, &found)) &&
+         found == 1 && Succeeded(gdip::GdipCloneFontFamily(first, family.Slot()));
+}
+
+// The one family of all text, or what comes nearest to it: there is always some text to see.
+[[nodiscard]] bool FindFamily(FontFamilyOwner& family) noexcept {
+  return Succeeded(gdip::GdipCreateFontFamilyFromName(L"Trebuchet MS", nullptr, family.Slot())) ||
+         Succeeded(gdip::GdipGetGenericFontFamilySansSerif(family.Slot())) || FindAnyFamily(family);
+}
+
+// The size is turned from points to pixels although it is given in pixels already: 24 is an em of
+// 18 pixels at 96 dots per inch. The broadcasts' layouts count on it.
+[[nodiscard]] bool MakeFont(std::int32_t size, float resolution, FontOwner& font) noexcept {
+  const float em = (size == 0 ? kDefaultSize : static_cast<float>(size)) * kPointsPerInch;
+  FontFamilyOwner family;
+  return FindFamily(family) &&
+         Succeeded(gdip::GdipCreateFont(family, em / resolution, Gdiplus::FontStyleRegular,
+                                        Gdiplus::UnitPixel, font.Slot()));
+}
+
+Gdiplus::StringAlignment AlignmentOf(std::int32_t justification) noexcept {
+  switch (justification) {
+  case 2: return Gdiplus::StringAlignmentFar;
+  case 3: return Gdiplus::StringAlignmentCenter;
+  default: return Gdiplus::StringAlignmentNear;  // justified text too
+  }
+}
+
+[[nodiscard]] bool MakeFormat(const TextDrawing& drawing, float resolution,
+                              StringFormatOwner& format) noexcept {
+  const INT flags = drawing.TextWrapping ? 0 : Gdiplus::StringFormatFlagsNoWrap;
+  const float tabStop = kTabStop / resolution;
+  return Succeeded(gdip::GdipCreateStringFormat(flags, LANG_NEUTRAL, format.Slot())) &&
+         Succeeded(gdip::GdipSetStringFormatAlign(format,
+                                                  AlignmentOf(drawing.HorizontalJustification))) &&
+         Succeeded(gdip::GdipSetStringFormatLineAlign(
+             format, AlignmentOf(drawing.VerticalJustification))) &&
+         Succeeded(gdip::GdipSetStringFormatTabStops(format, 0.0F, 1, &tabStop));
+}
+
+Gdiplus::RectF LayoutOf(const TextDrawing& drawing) noexcept {
+  const Box box = BoxAt(drawing.X, drawing.Y, drawing.Width, drawing.Height);
+  return {static_cast<float>(box.Left), static_cast<float>(box.Top),
+          static_cast<float>(box.Width()), static_cast<float>(box.Height())};
+}
+
+[[nodiscard]] bool FillBackground(Gdiplus::GpGraphics* graphics, const Gdiplus::RectF& layout,
+                                  Colour background) noexcept {
+  SolidBrushOwner brush;
+  return Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(background), brush.Slot())) &&
+         Succeeded(gdip::GdipFillRectangle(graphics, brush, layout.X, layout.Y, layout.Width,
+                                           layout.Height));
+}
+
+// False when GDI+ could not do it: there is no text to see then.
+[[nodiscard]] bool DrawLines(Gdiplus::GpGraphics* graphics, const Gdiplus::RectF& layout,
+                             const TextDrawing& drawing) noexcept {
+  Colour ink = drawing.Ink;
+  static_cast<void>(ReadLeadingColour(drawing.Content, ink));
+  OctetString clean;
+  if (!RemoveControlSequences(drawing.Content, clean)) return false;
+  const WideText wide(clean.Text());
+  float resolution = 0;
+  FontOwner font;
+  StringFormatOwner format;
+  SolidBrushOwner brush;
+  return wide.Units() != nullptr && Succeeded(gdip::GdipGetDpiX(graphics, &resolution)) &&
+         MakeFont(drawing.Font.Size, resolution, font) && MakeFormat(drawing, resolution, format) &&
+         Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(ink), brush.Slot())) &&
+         Succeeded(gdip::GdipDrawString(graphics, wide.Units(), -1, font, &layout, format, brush));
+}
+
+}  // namespace
+
+void DrawTextIn(const TextDrawing& drawing) noexcept {
+  Gdiplus::GpGraphics* graphics = SurfaceGraphics();
+  if (graphics == nullptr || drawing.Width < 1 || drawing.Height < 1) return;
+  const Gdiplus::RectF layout = LayoutOf(drawing);
+  if (!FillBackground(graphics, layout, drawing.Background)) return;
+  if (drawing.Font.Size < 0 || drawing.Font.Size > kLargestSize) return;
+  // What cannot be drawn is left out; there is nobody to tell.
+  static_cast<void>(DrawLines(graphics, layout, drawing));
+}
+
+TextDrawing DrawingOf(const Text& text) noexcept {
+  return {.Content = text.TextData.View(),
+          .X = text.Position.X,
+          .Y = text.Position.Y,
+          .Width = text.BoxSize.Width,
+          .Height = text.BoxSize.Height,
+          .Font = FontAttributesOf(text),
+          .Ink = TextColourOf(text),
+          .Background = BackgroundColourOf(text),
+          .HorizontalJustification = text.HorizontalJustification,
+          .VerticalJustification = text.VerticalJustification,
+          .TextWrapping = text.TextWrapping};
+}
+
+Status Draw(const Text& text) noexcept {
+  DrawTextIn(DrawingOf(text));
+  return Status::Done;
+}
+
+}  // namespace korvel

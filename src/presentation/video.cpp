@@ -1,0 +1,16 @@
+// Video: a fixed picture stands for broadcast video, which is not decoded here.
+#include "presentation/drawings.h"
+#include "presentation/image_cache.h"
+#include "presentation/picture_painting.h"
+
+namespace korvel {
+
+Status Draw(const Video& video) noexcept {
+  return PaintPicture(
+      NamedImage("video.jpg"),
+      {.Position = video.Position, .BoxSize = video.BoxSize, .ScaledSize = video.ScaledSize});
+}
+
+Status StopVideo(const Video& /*video*/) noexcept { return Status::Done; }
+
+}  // namespace korvel

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <tuple>
+#include <type_traits>
 
 #include "objects/description.h"
 #include "objects/event_type.h"
@@ -27,6 +28,7 @@ inline constexpr std::array kStorageWords = {"memory", "stream"};
 inline constexpr std::array kTerminationWords = {"freeze", "disappear"};
 
 inline constexpr Form kRequired{.isRequired = true};
+inline constexpr Form kOriginalValue{.isRequired = true, .isChoice = true};
 
 // ---- Structures encoded as a SEQUENCE ----
 
@@ -221,7 +223,7 @@ struct Description<BooleanVariable> {
                                         ":BooleanVar"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
-      std::tuple{Attribute{67, ":OrigValue", &BooleanVariable::OriginalValue, kRequired}};
+      std::tuple{Attribute{67, ":OrigValue", &BooleanVariable::OriginalValue, kOriginalValue}};
 };
 template <>
 struct Description<IntegerVariable> {
@@ -230,7 +232,7 @@ struct Description<IntegerVariable> {
                                         ":IntegerVar"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
-      std::tuple{Attribute{67, ":OrigValue", &IntegerVariable::OriginalValue, kRequired}};
+      std::tuple{Attribute{67, ":OrigValue", &IntegerVariable::OriginalValue, kOriginalValue}};
 };
 template <>
 struct Description<OctetStringVariable> {
@@ -239,7 +241,7 @@ struct Description<OctetStringVariable> {
                                         ":OStringVar"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
-      std::tuple{Attribute{67, ":OrigValue", &OctetStringVariable::OriginalValue, kRequired}};
+      std::tuple{Attribute{67, ":OrigValue", &OctetStringVariable::OriginalValue, kOriginalValue}};
 };
 template <>
 struct Description<ObjectRefVariable> {
@@ -470,6 +472,11 @@ using ItemClasses =
             SwitchButton, PushButton, Text, EntryField, HyperText, Slider, TokenGroup, ListGroup>;
 
 using ComponentClasses = Classes<Audio, Video, RTGraphics>;
+
+// The classes that the list of objects in such a record holds.
+template <class Record>
+using MemberClasses =
+    std::conditional_t<std::is_base_of_v<Group, Record>, ItemClasses, ComponentClasses>;
 
 // Calls visit.template operator()<Record>() for the ingredient class of that number. False when
 // there is none.

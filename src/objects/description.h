@@ -22,6 +22,7 @@ struct Form {
   const char* innerKeyword = nullptr;  // and behind this keyword in the textual notation
   const char* name = "";               // names a reference in messages: "Link EventSource"
   bool isRequired = false;  // an author must write it; a reader leaves the construction value
+  bool isChoice = false;    // other classes have another type here: BER shows it in an explicit tag
 };
 
 // One attribute of a class: a context-specific tag, a keyword, and where the value is kept.
@@ -74,6 +75,9 @@ struct Description;
 // elements.
 template <class Record>
 struct SequenceDescription;
+
+template <class Record>
+concept IsDescribed = requires { Description<Record>::attributes; };
 
 template <class Record>
 concept IsSequence = requires {

@@ -1,5 +1,5 @@
-// The doorway of the interchange form: bytes to records, records to bytes, and the completion of the references
-// that a decoded group leaves open.
+// The doorway of the interchange form: bytes to records, records to bytes, and the completion of
+// the references that a decoded group leaves open.
 #pragma once
 
 #include <cstdint>
@@ -12,20 +12,23 @@
 
 namespace korvel {
 
-// Reads a whole group from its BER encoding. Done, or Refused for anything that is no well-formed Application or
-// Scene, with memory running out counted among it; nothing is printed. `group` and `isApplication` (1 for an
-// application, 0 for a scene) are set before the contents are read, so that a failure leaves the partly built
-// record with the caller; when even the first header is wrong the group is empty and the flag 0. `errorOffset`,
-// when given, receives the offset of the byte at which a refused reading stopped. Worker thread; tools: any one.
+// Reads a whole group from its BER encoding. Done, or Refused for anything that is no well-formed
+// Application or Scene, with memory running out counted among it; nothing is printed. `group` and
+// `isApplication` (1 for an application, 0 for a scene) are set before the contents are read, so
+// that a failure leaves the partly built record with the caller; when even the first header is
+// wrong the group is empty and the flag 0. `errorOffset`, when given, receives the offset of the
+// byte at which a refused reading stopped. Worker thread; tools: any one.
 Status DecodeGroup(std::span<const std::uint8_t> bytes, OwnedGroup& group, bool& isApplication,
                    std::size_t* errorOffset = nullptr) noexcept;
 
-// Writes a group in the standard's BER form. Attributes at their construction values are left out. Refused, with
-// `bytes` untouched, when memory runs out.
+// Writes a group in the standard's BER form. Attributes at their construction values are left out,
+// unless the class must have them. Refused, with `bytes` untouched, when memory runs out and for an
+// action that the form has no tag for (those above 110).
 Status EncodeGroup(const Group& group, OctetString& bytes) noexcept;
 
-// Gives every reference of the group's items that has no group identifier a copy of `groupName`, after which a
-// reference means the same wherever it is read. Failure, with a message naming the reference, when memory runs out.
+// Gives every reference of the group and its items that has no group identifier a copy of
+// `groupName`, after which a reference means the same wherever it is read. Failure, with a message
+// naming the reference, when memory runs out.
 Status CompleteReferences(std::string_view groupName, Group& group) noexcept;
 
 }  // namespace korvel

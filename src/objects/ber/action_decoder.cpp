@@ -1,0 +1,203 @@
+// Reading actions. The standard nests some parameters in a SEQUENCE, and whole parameter lists may
+// be wrapped in one; both forms end up as the same flat row of values.
+#include "objects/ber/action_decoder.h"
+
+#include <utility>
+
+#include "objects/action_table.h"
+#include "objects/ber/value_decoder.h"
+
+namespace korvel::ber {
+namespace {
+
+using enum ValueKind;
+using Values = List<GenericValue>;
+
+constexpr KindSet kAnyTyped =
+    SetOfKinds(Boolean, Integer, OctetString, ObjectReference, ContentReference);
+
+bool DecodeValue(const BerElement& element, KindSet kinds, Values& values) noexcept {
+  GenericValue value;
+  if (!DecodeGeneric(element, kinds, value)) return false;
+  return values.Append(std::move(value)) != nullptr || element.Refuse();
+}
+
+// Reads one value, or none where the encoding ends early.
+bool DecodeNext(BerReader& reader, KindSet kinds, Values& values) noexcept {
+  if (reader.AtEnd()) return true;
+  BerElement element;
+  return reader.Next(element) && DecodeValue(element, kinds, values);
+}
+
+// Steps into the SEQUENCE that comes next, and stays in place when another element does: the
+// standard's nested form and the flat one are then read alike. `outside` moves behind what is read
+// from the result.
+template <class ReadValues>
+bool ReadNestedOrFlat(BerReader& outside, ReadValues&& readValues) noexcept {
+  if (!outside.NextIs(kSequence)) return readValues(outside);
+  BerElement nested;
+  if (!outside.Next(nested) || !readValues(nested.content)) return false;
+  return SkipUnknown(nested.content);
+}
+
+// A value whose type is told by its tag alone.
+bool DecodeTyped(const BerElement& element, Values& values) noexcept {
+  const bool isTyped = element.Is(kIndirectReference) || AnnouncedKind(element.tag) != None;
+  return isTyped ? DecodeValue(element, kAnyTyped, values) : element.Refuse();
+}
+
+bool DecodeTypedList(BerReader& reader, Values& values) noexcept {
+  ListReader list(reader);
+  BerElement element;
+  while (list.HasMore()) {
+    if (!list.Next(element) || !DecodeTyped(element, values)) return false;
+  }
+  reader.SkipAll();
+  return true;
+}
+
+bool DecodePoints(BerReader& reader, Values& values) noexcept {
+  ListReader list(reader);
+  BerElement element;
+  while (list.HasMore()) {
+    if (!list.Next(element)) return false;
+    if (!DecodeValue(element, SetOfKinds(Integer), values)) return false;
+  }
+  reader.SkipAll();
+  return true;
+}
+
+// The list ends with its SEQUENCE or, without one, before the octet string that follows it in the
+// syntax.
+bool DecodeReferences(BerReader& reader, Values& values) noexcept {
+  const auto readReferences = [&values](BerReader& list) {
+    BerElement next;
+    while (!list.AtEnd()) {
+      const bool isString =
+          list.Peek(next) && (next.Is(kOctetString) || AnnouncedKind(next.tag) == OctetString);
+      if (isString) return true;
+      if (!DecodeNext(list, SetOfKinds(ObjectReference), values)) return false;
+    }
+    return true;
+  };
+  BerElement first;
+  const bool isFlat = reader.Peek(first) && IsExternalReference(first);
+  return isFlat ? readReferences(reader) : ReadNestedOrFlat(reader, readReferences);
+}
+
+// A size or cache priority. One that is left out before a later one becomes a value of kind None.
+bool DecodeContentNumber(BerReader& reader, Tag own, Tag later, Values& values) noexcept {
+  const KindSet kinds = SetOfKinds(Integer, None);
+  if (!reader.NextIs(later) || own == later) return DecodeNext(reader, kinds, values);
+  return values.Append(GenericValue{}) != nullptr || reader.Refuse();
+}
+
+bool DecodeNewContent(BerReader& reader, Values& values) noexcept {
+  const KindSet kinds = SetOfKinds(OctetString, ContentReference);
+  return ReadNestedOrFlat(reader, [&values](BerReader& content) {
+    if (!DecodeNext(content, kinds, values)) return false;
+    const bool isIncluded = !values.IsEmpty() && values.Last()->Kind == OctetString;
+    return isIncluded ||
+           (DecodeContentNumber(content, kNewContentSize, kNewContentCachePriority, values) &&
+            DecodeContentNumber(content, kNewContentCachePriority, kNewContentCachePriority,
+                                values));
+  });
+}
+
+bool DecodeTwo(BerReader& reader, KindSet first, KindSet second, Values& values) noexcept {
+  return ReadNestedOrFlat(reader, [&](BerReader& pair) {
+    return DecodeNext(pair, first, values) && DecodeNext(pair, second, values);
+  });
+}
+
+bool DecodeNextTyped(BerReader& reader, Values& values) noexcept {
+  if (reader.AtEnd()) return true;
+  BerElement element;
+  return reader.Next(element) && DecodeTyped(element, values);
+}
+
+// Reads what stands at one place of an action's syntax.
+bool DecodePlace(Parameter place, BerReader& reader, Values& values) noexcept {
+  switch (place) {
+  case Parameter::Integer:
+  case Parameter::EventNumber: return DecodeNext(reader, SetOfKinds(Integer), values);
+  case Parameter::IntegerOrNull: return DecodeNext(reader, SetOfKinds(Integer, None), values);
+  case Parameter::Boolean: return DecodeNext(reader, SetOfKinds(Boolean), values);
+  case Parameter::Octets: return DecodeNext(reader, SetOfKinds(OctetString), values);
+  case Parameter::Reference: return DecodeNext(reader, SetOfKinds(ObjectReference), values);
+  case Parameter::Typed: return DecodeNextTyped(reader, values);
+  case Parameter::TypedList: return DecodeTypedList(reader, values);
+  case Parameter::References: return DecodeReferences(reader, values);
+  case Parameter::Points: return DecodePoints(reader, values);
+  case Parameter::Colour: return DecodeNext(reader, SetOfKinds(Integer, OctetString), values);
+  case Parameter::FontChoice:
+    return DecodeNext(reader, SetOfKinds(ObjectReference, OctetString), values);
+  case Parameter::NewContent: return DecodeNewContent(reader, values);
+  case Parameter::NewTimer:
+    return DecodeTwo(reader, SetOfKinds(Integer), SetOfKinds(Boolean), values);
+  case Parameter::Speed: return DecodeTwo(reader, SetOfKinds(Integer), SetOfKinds(Integer), values);
+  }
+  return false;
+}
+
+// The values of an action, which may be wrapped in a SEQUENCE of their own.
+bool EnterValues(const BerElement& element, BerReader& values) noexcept {
+  BerElement first;
+  values = element.content;
+  const bool isWrapped = values.Peek(first) && first.Is(kSequence) && !IsExternalReference(first);
+  if (!isWrapped) return true;
+  if (!values.Only(first)) return false;
+  values = first.content;
+  return true;
+}
+
+bool DecodeTarget(BerReader& reader, GenericValue& target) noexcept {
+  BerElement element;
+  return reader.Next(element) && DecodeGeneric(element, SetOfKinds(ObjectReference), target);
+}
+
+bool DecodeValues(const BerElement& element, const ActionRow& row,
+                  ElementaryAction& action) noexcept {
+  BerReader reader;
+  if (!EnterValues(element, reader) || !DecodeTarget(reader, action.Target)) return false;
+  for (const Parameter place : row.Syntax()) {
+    if (!DecodePlace(place, reader, action.Parameters)) return false;
+  }
+  return SkipUnknown(reader);
+}
+
+// A primitive element has room for its target alone.
+bool DecodeImplicitTarget(const BerElement& element, GenericValue& target) noexcept {
+  BerElement number = element;
+  number.tag = kInteger;
+  return DecodeGeneric(number, SetOfKinds(ObjectReference), target);
+}
+
+bool DecodeAction(const BerElement& element, ActionList& actions) noexcept {
+  ElementaryAction action;
+  action.ActionType = static_cast<std::uint8_t>(element.tag.number - kActionTagBase);
+  const ActionRow& row = *FindAction(action.ActionType);
+  const bool isRead = element.isConstructed ? DecodeValues(element, row, action)
+                                            : DecodeImplicitTarget(element, action.Target);
+  if (!isRead) return false;
+  return actions.Append(std::move(action)) != nullptr || element.Refuse();
+}
+
+bool IsAction(Tag tag) noexcept {
+  return tag.number > kActionTagBase && tag.number <= kActionTagBase + kDecodedActionCount;
+}
+
+}  // namespace
+
+bool DecodeActions(const BerReader& reader, ActionList& actions) noexcept {
+  ListReader list(reader);
+  BerElement element;
+  while (list.HasMore()) {
+    if (!list.Next(element)) return false;
+    if (element.tag.tagClass != TagClass::Context) return element.Refuse();
+    if (IsAction(element.tag) && !DecodeAction(element, actions)) return false;
+  }
+  return true;
+}
+
+}  // namespace korvel::ber

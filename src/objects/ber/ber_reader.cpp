@@ -1,0 +1,125 @@
+// Headers and contents of elements, byte by byte, never beyond the end of the enclosing element.
+#include "objects/ber/ber_reader.h"
+
+namespace korvel::ber {
+namespace {
+
+constexpr std::uint8_t kConstructedBit = 0x20;
+constexpr std::uint8_t kTagNumberBits = 0x1F;  // all set: the number follows in the bytes behind
+constexpr std::uint8_t kMoreBit = 0x80;
+constexpr std::uint8_t kLowBits = 0x7F;
+
+}  // namespace
+
+bool BerReader::RefuseAt(const std::uint8_t* place) const noexcept {
+  if (refusal_ != nullptr && refusal_->place == nullptr) refusal_->place = place;
+  return false;
+}
+
+bool BerReader::ReadByte(std::uint8_t& byte) noexcept {
+  if (cursor_ == end_) return false;
+  byte = *cursor_++;
+  return true;
+}
+
+bool BerReader::ReadTag(BerElement& element) noexcept {
+  std::uint8_t byte = 0;
+  if (!ReadByte(byte)) return false;
+  element.isConstructed = (byte & kConstructedBit) != 0;
+  element.tag = {static_cast<TagClass>(byte >> 6), byte & std::uint32_t{kTagNumberBits}};
+  if (element.tag.number != kTagNumberBits) return true;
+  element.tag.number = 0;
+  do {
+    if (!ReadByte(byte)) return false;
+    element.tag.number = element.tag.number << 7 | (byte & kLowBits);
+  } while ((byte & kMoreBit) != 0);
+  return true;
+}
+
+// The indefinite form is not supported: its 0x80 announces no length bytes and so reads as 0.
+bool BerReader::ReadLength(std::uint32_t& length) noexcept {
+  std::uint8_t byte = 0;
+  if (!ReadByte(byte)) return false;
+  length = byte;
+  if ((byte & kMoreBit) == 0) return true;
+  length = 0;
+  for (std::uint32_t count = byte & kLowBits; count > 0; --count) {
+    if (!ReadByte(byte)) return false;
+    length = length << 8 | byte;
+  }
+  return true;
+}
+
+bool BerReader::Next(BerElement& element) noexcept {
+  BerReader ahead = *this;
+  BerElement read;
+  std::uint32_t length = 0;
+  const bool isWhole = ahead.ReadTag(read) && ahead.ReadLength(length) &&
+                       length <= static_cast<std::size_t>(ahead.end_ - ahead.cursor_);
+  if (!isWhole || depth_ == kDeepestNesting) return Refuse();
+  read.start = cursor_;
+  read.content = ahead;
+  read.content.end_ = ahead.cursor_ + length;
+  ++read.content.depth_;
+  cursor_ = read.content.end_;
+  element = read;
+  return true;
+}
+
+bool BerReader::Only(BerElement& element) const noexcept {
+  BerReader reader = *this;
+  return reader.Next(element) && (reader.AtEnd() || reader.Refuse());
+}
+
+bool BerReader::Peek(BerElement& element) const noexcept {
+  BerReader reader = *this;
+  reader.refusal_ = nullptr;
+  if (!reader.Next(element)) return false;
+  element.content.refusal_ = refusal_;
+  return true;
+}
+
+bool BerReader::NextIs(Tag tag) const noexcept {
+  BerElement element;
+  return Peek(element) && element.Is(tag);
+}
+
+std::uint32_t BerElement::Length() const noexcept {
+  return static_cast<std::uint32_t>(content.end_ - content.cursor_);
+}
+
+std::int32_t BerElement::Integer() const noexcept {
+  if (content.AtEnd()) return 0;
+  const bool isNegative = (FirstByte() & kMoreBit) != 0;
+  std::uint32_t value = isNegative ? ~std::uint32_t{0} : 0;
+  for (const std::uint8_t* byte = content.cursor_; byte != content.end_; ++byte) {
+    value = value << 8 | *byte;
+  }
+  return static_cast<std::int32_t>(value);
+}
+
+std::string_view BerElement::Bytes() const noexcept {
+  return {reinterpret_cast<const char*>(content.cursor_), Length()};
+}
+
+bool ListReader::HasMore() noexcept {
+  BerElement wrapper;
+  for (;;) {
+    if (reader_.AtEnd()) {
+      if (open_ == 0) return false;
+      reader_.end_ = ends_[--open_];
+      --reader_.depth_;
+    } else if (reader_.Peek(wrapper) && wrapper.Is(kSequence)) {
+      Enter(wrapper);
+    } else {
+      return true;
+    }
+  }
+}
+
+void ListReader::Enter(const BerElement& wrapper) noexcept {
+  ends_[open_++] = reader_.end_;
+  reader_ = wrapper.content;
+}
+
+}  // namespace korvel::ber

@@ -1,0 +1,110 @@
+// The only code that touches the bytes of a group file. Every element is checked against the one
+// that encloses it, and its content is handed out as a narrower reader, so that no decoder can
+// leave its own element.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "objects/ber/tags.h"
+
+namespace korvel::ber {
+
+// Far beyond what the classes can nest, and little enough for any stack and for a list's record of
+// open wrappers.
+inline constexpr std::uint32_t kDeepestNesting = 64;
+
+// Where reading was first refused: the first byte of the element that could not be taken.
+struct Refusal {
+  const std::uint8_t* place = nullptr;
+};
+
+struct BerElement;
+
+// Some bytes, read element by element. Readers are cheap to copy; a copy goes on alone. The bytes
+// and the refusal are borrowed from whoever started the reading.
+class BerReader {
+ public:
+  BerReader() noexcept = default;
+  BerReader(std::span<const std::uint8_t> bytes, Refusal& refusal) noexcept
+      : cursor_(bytes.data()), end_(bytes.data() + bytes.size()), refusal_(&refusal) {}
+
+  [[nodiscard]] bool AtEnd() const noexcept { return cursor_ == end_; }
+  // Reads one element and moves behind it. False at the end, and when its header or its length does
+  // not fit.
+  [[nodiscard]] bool Next(BerElement& element) noexcept;
+  // Reads the one element that there must be. False when there is none or something behind it.
+  [[nodiscard]] bool Only(BerElement& element) const noexcept;
+  // Whether an element with that tag comes next. Refuses nothing.
+  [[nodiscard]] bool NextIs(Tag tag) const noexcept;
+  // As Next, but stays where it is and refuses nothing.
+  [[nodiscard]] bool Peek(BerElement& element) const noexcept;
+  // Moves to the end.
+  void SkipAll() noexcept { cursor_ = end_; }
+
+  // Records that reading stops here, unless it has stopped before. False, for the caller to return.
+  bool Refuse() const noexcept { return RefuseAt(cursor_); }
+
+ private:
+  friend class ListReader;
+  friend struct BerElement;
+
+  [[nodiscard]] bool ReadByte(std::uint8_t& byte) noexcept;
+  [[nodiscard]] bool ReadTag(BerElement& element) noexcept;
+  [[nodiscard]] bool ReadLength(std::uint32_t& length) noexcept;
+  bool RefuseAt(const std::uint8_t* place) const noexcept;
+
+  const std::uint8_t* cursor_ = nullptr;
+  const std::uint8_t* end_ = nullptr;
+  Refusal* refusal_ = nullptr;  // null: a look ahead, which refuses nothing
+  std::uint32_t depth_ = 0;
+};
+
+// One element: its tag and, as a reader of its own, what it holds.
+struct BerElement {
+  Tag tag;
+  bool isConstructed = false;
+  BerReader content;
+
+  [[nodiscard]] bool Is(Tag other) const noexcept { return tag == other; }
+  [[nodiscard]] bool BeginsWith(Tag first) const noexcept { return content.NextIs(first); }
+  // Whether nothing stands behind it among the elements that `enclosing` reads.
+  [[nodiscard]] bool IsLastOf(const BerReader& enclosing) const noexcept {
+    return content.end_ == enclosing.end_;
+  }
+  // The content as a two's-complement number, of which the low 32 bits are kept; 0 when there is no
+  // content.
+  [[nodiscard]] std::int32_t Integer() const noexcept;
+  [[nodiscard]] std::uint32_t Length() const noexcept;
+  // The first byte of the content, which must not be empty.
+  [[nodiscard]] std::uint8_t FirstByte() const noexcept { return *content.cursor_; }
+  // The content as it is. Borrowed from the file.
+  [[nodiscard]] std::string_view Bytes() const noexcept;
+  // Records that this element cannot be taken. False, for the caller to return.
+  bool Refuse() const noexcept { return content.RefuseAt(start); }
+
+  const std::uint8_t* start = nullptr;  // its first byte
+};
+
+// The elements of a list. A universal SEQUENCE among them only wraps others: it is entered, however
+// often, without recursion, and the elements come out as if it were not there.
+class ListReader {
+ public:
+  explicit ListReader(const BerReader& reader) noexcept : reader_(reader) {}
+
+  // Whether Next has something to read, be it only something to refuse.
+  [[nodiscard]] bool HasMore() noexcept;
+  // The next element that is no wrapper.
+  [[nodiscard]] bool Next(BerElement& element) noexcept { return reader_.Next(element); }
+
+ private:
+  void Enter(const BerElement& wrapper) noexcept;
+
+  BerReader reader_;                                       // of the innermost open wrapper
+  std::array<const std::uint8_t*, kDeepestNesting> ends_;  // of what encloses each open wrapper
+  std::uint32_t open_ = 0;
+};
+
+}  // namespace korvel::ber

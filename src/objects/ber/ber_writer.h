@@ -1,0 +1,48 @@
+// Bytes of the interchange form, element by element. Only definite lengths in their shortest form
+// are written.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "objects/ber/tags.h"
+#include "objects/octet_string.h"
+#include "objects/sequence.h"
+
+namespace korvel::ber {
+
+// Collects elements in writing order. Once it has failed it goes on without effect, and Finish says
+// so.
+class BerWriter {
+ public:
+  void Boolean(Tag tag, bool value) noexcept;
+  void Integer(Tag tag, std::int32_t value) noexcept;
+  void Octets(Tag tag, std::string_view bytes) noexcept;
+  void Null() noexcept;
+  // An element that holds what writeContent writes.
+  template <class WriteContent>
+  void Constructed(Tag tag, WriteContent&& writeContent) noexcept {
+    const std::size_t begin = BeginConstructed(tag);
+    writeContent();
+    EndConstructed(begin);
+  }
+
+  // Gives up: there is something that the form has no place for.
+  void Fail() noexcept { hasFailed_ = true; }
+  // Copies everything written to `bytes`. False, with `bytes` untouched, when the writer has failed
+  // or memory is out.
+  [[nodiscard]] bool Finish(OctetString& bytes) const noexcept;
+
+ private:
+  void Byte(std::uint32_t value) noexcept;
+  void Header(Tag tag, bool isConstructed) noexcept;
+  void Length(std::size_t length) noexcept;
+  [[nodiscard]] std::size_t BeginConstructed(Tag tag) noexcept;
+  void EndConstructed(std::size_t begin) noexcept;
+
+  Sequence<char> bytes_;
+  bool hasFailed_ = false;
+};
+
+}  // namespace korvel::ber

@@ -1,0 +1,346 @@
+// Reading groups: one pass over the class tables, which alone know the attributes of a class. What
+// stands here is how a field of each shape is read: as an element of a SEQUENCE, as an entry of a
+// list, and under an attribute's tag.
+#include <type_traits>
+#include <utility>
+
+#include "objects/ber/action_decoder.h"
+#include "objects/ber/ber.h"
+#include "objects/ber/value_decoder.h"
+#include "objects/class_tables.h"
+#include "objects/owned.h"
+
+namespace korvel {
+namespace ber {
+namespace {
+
+// ---- Elements of a SEQUENCE: universal, told apart by their place ----
+
+bool DecodeElement(const BerElement& element, const Form& form, std::int32_t& field) noexcept {
+  return Decode(element, form.words.empty() ? NumberType::Integer : NumberType::Enumerated, field);
+}
+bool DecodeElement(const BerElement& element, const Form& /*form*/, OctetString& field) noexcept {
+  return Decode(element, field);
+}
+bool DecodeElement(const BerElement& element, const Form& /*form*/,
+                   ObjectReference& field) noexcept {
+  return Decode(element, field);
+}
+// A link's event data.
+bool DecodeElement(const BerElement& element, const Form& /*form*/, GenericValue& field) noexcept {
+  using enum ValueKind;
+  if (element.tag.tagClass != TagClass::Universal) return element.Refuse();
+  return DecodeGeneric(element, SetOfKinds(Boolean, Integer, OctetString), field);
+}
+bool DecodeElement(const BerElement& element, const Form& form, List<ActionSlot>& field) noexcept;
+
+// Fields of these types may be missing at the end of a SEQUENCE.
+template <class Field>
+constexpr bool kMayBeMissing =
+    std::is_same_v<Field, GenericValue> || std::is_same_v<Field, List<ActionSlot>>;
+
+template <IsSequence Record>
+bool DecodeSequence(BerReader reader, Record& record) noexcept {
+  bool isRead = true;
+  ForEachElement<Record>([&](const auto& description) {
+    auto& field = record.*description.field;
+    const bool isMissing = kMayBeMissing<std::remove_cvref_t<decltype(field)>> && reader.AtEnd();
+    if (!isRead || isMissing) return;
+    BerElement element;
+    isRead = reader.Next(element) && DecodeElement(element, description.form, field);
+  });
+  return isRead && SkipUnknown(reader);
+}
+
+// ---- Entries of a SEQUENCE OF ----
+
+template <class T>
+bool DecodeEntries(BerReader reader, List<T>& list) noexcept;
+
+bool DecodeEntry(const BerElement& element, std::int32_t& number) noexcept {
+  return Decode(element, NumberType::Integer, number);
+}
+
+bool DecodeEntry(const BerElement& element, ActionSlot& slot) noexcept {
+  slot.IsNull = element.Is(kNull);
+  if (slot.IsNull) return true;
+  return element.Is(kSequence) ? DecodeActions(element.content, slot.Actions) : element.Refuse();
+}
+
+bool DecodeEntry(const BerElement& element, Movement& movement) noexcept {
+  return element.Is(kSequence) ? DecodeEntries(element.content, movement.Targets)
+                               : element.Refuse();
+}
+
+template <IsSequence Record>
+bool DecodeEntry(const BerElement& element, Record& entry) noexcept {
+  return element.Is(kSequence) ? DecodeSequence(element.content, entry) : element.Refuse();
+}
+
+template <class T>
+bool DecodeEntries(BerReader reader, List<T>& list) noexcept {
+  BerElement element;
+  while (!reader.AtEnd()) {
+    T entry{};
+    if (!reader.Next(element) || !DecodeEntry(element, entry)) return false;
+    if (list.Append(std::move(entry)) == nullptr) return element.Refuse();
+  }
+  return true;
+}
+
+bool DecodeElement(const BerElement& element, const Form& /*form*/,
+                   List<ActionSlot>& field) noexcept {
+  return element.Is(kSequence) ? DecodeEntries(element.content, field) : element.Refuse();
+}
+
+// ---- The SEQUENCE that an explicit tag puts around an attribute's elements ----
+
+// Whether a SEQUENCE of this kind begins with an object reference, which may itself be a SEQUENCE.
+template <class T>
+constexpr bool kBeginsWithReference = false;
+template <IsSequence Record>
+constexpr bool kBeginsWithReference<Record> = std::is_same_v<
+    std::remove_cvref_t<decltype(std::declval<Record&>().*
+                                 std::get<0>(SequenceDescription<Record>::elements).field)>,
+    ObjectReference>;
+
+// The one SEQUENCE that is all an attribute's tag holds. False when the tag holds anything else.
+bool HoldsOneSequence(const BerElement& tagged, BerElement& sequence) noexcept {
+  return tagged.content.Peek(sequence) && sequence.Is(kSequence) &&
+         sequence.IsLastOf(tagged.content);
+}
+
+template <IsSequence Record>
+BerReader ElementsOf(const BerElement& tagged) noexcept {
+  BerElement wrapper;
+  const bool isExplicit = HoldsOneSequence(tagged, wrapper) &&
+                          !(kBeginsWithReference<Record> && IsExternalReference(wrapper));
+  return isExplicit ? wrapper.content : tagged.content;
+}
+
+// A SEQUENCE alone may also be the only entry: then it does not hold something that could be an
+// entry.
+template <class Entry>
+BerReader EntriesOf(const BerElement& tagged) noexcept {
+  BerElement wrapper;
+  BerElement entry;
+  const bool holdsEntry = HoldsOneSequence(tagged, wrapper) && wrapper.content.Peek(entry) &&
+                          (entry.Is(kSequence) || entry.Is(kNull)) &&
+                          !(kBeginsWithReference<Entry> && IsExternalReference(entry));
+  return holdsEntry ? wrapper.content : tagged.content;
+}
+
+// ---- Attributes: under a context tag ----
+
+bool DecodeField(const BerElement& tagged, const Form& form, std::int32_t& field) noexcept {
+  BerElement element;
+  return Untag(tagged, kInteger, element) && DecodeElement(element, form, field);
+}
+
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, bool& field) noexcept {
+  BerElement element;
+  return Untag(tagged, kBoolean, element) && Decode(element, field);
+}
+
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, OctetString& field) noexcept {
+  BerElement element;
+  return Untag(tagged, kOctetString, element) && Decode(element, field);
+}
+
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, ObjectReference& field) noexcept {
+  BerElement element;
+  return UntagReference(tagged, element) && Decode(element, field);
+}
+
+bool DecodeField(const BerElement& tagged, const Form& form, OptionalReference& field) noexcept {
+  if (!DecodeField(tagged, form, field.Reference)) return false;
+  field.IsPresent = true;
+  return true;
+}
+
+bool DecodeField(const BerElement& tagged, const Form& form, ContentReference& field) noexcept {
+  return DecodeField(tagged, form, field.Path);
+}
+
+// What a primitive tag holds cannot be told to be one of a colour's or a font's types: it is
+// refused.
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, ColourValue& field) noexcept {
+  BerElement element;
+  return Untag(tagged, kNull, element) && Decode(element, field);
+}
+
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, FontBody& field) noexcept {
+  BerElement element;
+  return Untag(tagged, kNull, element) && Decode(element, field);
+}
+
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, ContentBody& field) noexcept {
+  BerElement element;
+  return Untag(tagged, kOctetString, element) && Decode(element, field);
+}
+
+template <IsSequence Record>
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field) noexcept {
+  Record record;
+  if (!DecodeSequence(ElementsOf<Record>(tagged), record)) return false;
+  field = std::move(record);
+  return true;
+}
+
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, ActionList& field) noexcept {
+  ActionList actions;
+  if (!DecodeActions(tagged.content, actions)) return false;
+  field = std::move(actions);
+  return true;
+}
+
+template <class T>
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, List<T>& field) noexcept {
+  List<T> list;
+  if (!DecodeEntries(EntriesOf<T>(tagged), list)) return false;
+  field = std::move(list);
+  return true;
+}
+
+template <IsDescribed Record>
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field) noexcept;
+
+// Some attributes stand under a second tag that tells their type.
+template <class Field>
+bool DecodeTaggedField(const BerElement& tagged, const Form& form, Field& field) noexcept {
+  if (form.innerTag == 0) return DecodeField(tagged, form, field);
+  BerElement inner;
+  if (!Untag(tagged, kNull, inner)) return false;
+  return inner.Is(Context(form.innerTag)) ? DecodeField(inner, form, field) : inner.Refuse();
+}
+
+template <class... Records>
+bool DecodeItems(Classes<Records...> classes, const BerElement& tagged, List<Item>& field) noexcept;
+
+// Reads the attribute that the element's tag names; one that the class does not have is passed
+// over.
+template <IsDescribed Record>
+bool DecodeAttribute(const BerElement& element, Record& record) noexcept {
+  bool isRead = true;
+  ForEachAttribute<Record>([&](const auto& attribute) {
+    if (attribute.tag != element.tag.number) return;
+    auto& field = record.*attribute.field;
+    if constexpr (std::is_same_v<decltype(field), List<Item>&>) {
+      isRead = DecodeItems(MemberClasses<Record>{}, element, field);
+    } else {
+      isRead = DecodeTaggedField(element, attribute.form, field);
+    }
+  });
+  return isRead;
+}
+
+// Attributes in a list of their own.
+template <IsDescribed Record>
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field) noexcept {
+  ListReader list(tagged.content);
+  BerElement element;
+  while (list.HasMore()) {
+    if (!list.Next(element)) return false;
+    if (element.tag.tagClass != TagClass::Context) return element.Refuse();
+    if (!DecodeAttribute(element, field)) return false;
+  }
+  return true;
+}
+
+// ---- Objects ----
+
+bool DecodeUniversal(const BerElement& element, Root& record) noexcept {
+  const bool isReference = element.Is(kInteger) || element.Is(kSequence);
+  return !isReference || Decode(element, record.Reference);
+}
+
+// An object's body: its own reference and its attributes, in any order.
+template <IsDescribed Record>
+bool DecodeBody(BerReader reader, Record& record) noexcept {
+  BerElement element;
+  while (!reader.AtEnd()) {
+    if (!reader.Next(element)) return false;
+    const bool isRead =
+        element.tag.tagClass == TagClass::Context
+            ? DecodeAttribute(element, record)
+            : element.tag.tagClass == TagClass::Universal && DecodeUniversal(element, record);
+    if (!isRead) return element.Refuse();
+  }
+  return true;
+}
+
+template <class Record>
+bool DecodeObject(const BerElement& element, List<Item>& list) noexcept {
+  auto record = Owned<Record>::New();
+  if (!record) return element.Refuse();
+  Record& object = *record;
+  Item item(Description<Record>::heading.type, record.Release());
+  if (!DecodeBody(element.content, object)) return false;
+  return list.Append(std::move(item)) != nullptr || element.Refuse();
+}
+
+// Reads the object that the element's tag names; one of none of the classes is passed over.
+template <class... Records>
+bool DecodeItem(Classes<Records...> classes, const BerElement& element, List<Item>& list) noexcept {
+  bool isRead = true;
+  ForEachClass(classes, [&]<class Record>() {
+    if (Description<Record>::heading.tag != element.tag.number) return;
+    isRead = DecodeObject<Record>(element, list);
+  });
+  return isRead;
+}
+
+template <class... Records>
+bool DecodeItems(Classes<Records...> classes, const BerElement& tagged,
+                 List<Item>& field) noexcept {
+  List<Item> items;
+  ListReader list(tagged.content);
+  BerElement element;
+  while (list.HasMore()) {
+    if (!list.Next(element)) return false;
+    if (element.tag.tagClass != TagClass::Context) return element.Refuse();
+    if (!DecodeItem(classes, element, items)) return false;
+  }
+  field = std::move(items);
+  return true;
+}
+
+// Hands the record out before its contents are read, so that the caller has it whatever happens.
+template <class Record>
+bool DecodeGroupBody(const BerElement& element, OwnedGroup& group) noexcept {
+  auto record = Owned<Record>::New();
+  if (!record) return element.Refuse();
+  Record& body = *record;
+  group.Reset(record.Release());
+  return DecodeBody(element.content, body);
+}
+
+bool DecodeFile(BerReader reader, OwnedGroup& group) noexcept {
+  BerElement element;
+  if (!reader.Next(element)) return false;
+  if (element.Is(Context(Description<Application>::heading.tag))) {
+    return DecodeGroupBody<Application>(element, group);
+  }
+  if (element.Is(Context(Description<Scene>::heading.tag))) {
+    return DecodeGroupBody<Scene>(element, group);
+  }
+  return element.Refuse();
+}
+
+}  // namespace
+}  // namespace ber
+
+Status DecodeGroup(std::span<const std::uint8_t> bytes, OwnedGroup& group, bool& isApplication,
+                   std::size_t* errorOffset) noexcept {
+  ber::Refusal refusal;
+  group.Reset();
+  const bool isRead = ber::DecodeFile(ber::BerReader(bytes, refusal), group);
+  isApplication = group.IsApplication();
+  if (isRead) return Status::Done;
+  if (errorOffset != nullptr) {
+    *errorOffset = static_cast<std::size_t>(refusal.place - bytes.data());
+  }
+  return Status::Refused;
+}
+
+}  // namespace korvel

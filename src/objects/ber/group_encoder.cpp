@@ -1,0 +1,154 @@
+// Writing groups: one pass over the class tables. What stands here is how a field of each shape is
+// written: as an element of a SEQUENCE, as an entry of a list, and under an attribute's tag.
+#include <type_traits>
+
+#include "objects/ber/action_encoder.h"
+#include "objects/ber/ber.h"
+#include "objects/ber/value_encoder.h"
+#include "objects/class_tables.h"
+#include "objects/equality.h"
+
+namespace korvel {
+namespace ber {
+namespace {
+
+// ---- Contents of fields that are a SEQUENCE or a list ----
+
+void EncodeContent(BerWriter& writer, const ActionList& actions) noexcept {
+  EncodeActions(writer, actions);
+}
+
+template <IsSequence Record>
+void EncodeContent(BerWriter& writer, const Record& record) noexcept;
+template <class T>
+void EncodeContent(BerWriter& writer, const List<T>& list) noexcept;
+
+// ---- Fields under a tag of their own, which an attribute gives ----
+
+void EncodeUnder(BerWriter& writer, Tag tag, bool field) noexcept { writer.Boolean(tag, field); }
+void EncodeUnder(BerWriter& writer, Tag tag, std::int32_t field) noexcept {
+  writer.Integer(tag, field);
+}
+void EncodeUnder(BerWriter& writer, Tag tag, const OctetString& field) noexcept {
+  writer.Octets(tag, field.View());
+}
+void EncodeUnder(BerWriter& writer, Tag tag, const ContentReference& field) noexcept {
+  writer.Octets(tag, field.Path.View());
+}
+template <IsChoice Field>
+void EncodeUnder(BerWriter& writer, Tag tag, const Field& field) noexcept {
+  writer.Constructed(tag, [&] { Encode(writer, field); });
+}
+template <class Field>
+void EncodeUnder(BerWriter& writer, Tag tag, const Field& field) noexcept {
+  writer.Constructed(tag, [&] { EncodeContent(writer, field); });
+}
+
+// ---- Fields under the tag of their type ----
+
+void EncodeElement(BerWriter& writer, const Form& form, const Item& item) noexcept;
+void EncodeElement(BerWriter& writer, const Form& /*form*/, bool field) noexcept {
+  writer.Boolean(kBoolean, field);
+}
+void EncodeElement(BerWriter& writer, const Form& form, std::int32_t field) noexcept {
+  writer.Integer(form.words.empty() ? kInteger : kEnumerated, field);
+}
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const OctetString& field) noexcept {
+  writer.Octets(kOctetString, field.View());
+}
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const ActionSlot& slot) noexcept {
+  if (slot.IsNull) return writer.Null();
+  writer.Constructed(kSequence, [&] { EncodeActions(writer, slot.Actions); });
+}
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const Movement& movement) noexcept {
+  EncodeUnder(writer, kSequence, movement.Targets);
+}
+void EncodeElement(BerWriter& writer, const Form& /*form*/,
+                   const ContentReference& field) noexcept {
+  writer.Octets(kOctetString, field.Path.View());
+}
+template <IsChoice Field>
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const Field& field) noexcept {
+  if (IsPresent(field)) Encode(writer, field);
+}
+template <IsSequence Record>
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const Record& record) noexcept {
+  EncodeUnder(writer, kSequence, record);
+}
+template <class T>
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const List<T>& list) noexcept {
+  if (!list.IsEmpty()) EncodeUnder(writer, kSequence, list);
+}
+
+template <IsSequence Record>
+void EncodeContent(BerWriter& writer, const Record& record) noexcept {
+  ForEachElement<Record>(
+      [&](const auto& element) { EncodeElement(writer, element.form, record.*element.field); });
+}
+
+template <class T>
+void EncodeContent(BerWriter& writer, const List<T>& list) noexcept {
+  for (const T& entry : list) EncodeElement(writer, Form{}, entry);
+}
+
+// ---- Attributes ----
+
+template <class Field>
+void EncodeAttribute(BerWriter& writer, Tag tag, const Form& form, const Field& field) noexcept {
+  if (form.innerTag != 0) {
+    writer.Constructed(tag, [&] { EncodeUnder(writer, Context(form.innerTag), field); });
+  } else if (form.isChoice) {
+    writer.Constructed(tag, [&] { EncodeElement(writer, form, field); });
+  } else {
+    EncodeUnder(writer, tag, field);
+  }
+}
+
+// Every attribute that the class must have, and of the others those that differ from a fresh
+// record's.
+template <IsDescribed Record>
+void EncodeAttributes(BerWriter& writer, const Record& record) noexcept {
+  const Record fresh;
+  ForEachAttribute<Record>([&](const auto& attribute) {
+    const auto& field = record.*attribute.field;
+    const Tag tag = Context(attribute.tag);
+    if constexpr (IsDescribed<std::remove_cvref_t<decltype(field)>>) {
+      if (HasSameAttributes(field, fresh.*attribute.field)) return;
+      writer.Constructed(tag, [&] { EncodeAttributes(writer, field); });
+    } else {
+      const bool isUsual = IsSame(field, fresh.*attribute.field);
+      if (!IsPresent(field) || (isUsual && !attribute.form.isRequired)) return;
+      EncodeAttribute(writer, tag, attribute.form, field);
+    }
+  });
+}
+
+// ---- Objects ----
+
+template <class Record>
+void EncodeObject(BerWriter& writer, const Record& record) noexcept {
+  writer.Constructed(Context(Description<Record>::heading.tag), [&] {
+    Encode(writer, record.Reference);
+    EncodeAttributes(writer, record);
+  });
+}
+
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const Item& item) noexcept {
+  VisitIngredientClass(item.Type(),
+                       [&]<class Record>() { EncodeObject(writer, item.As<Record>()); });
+}
+
+}  // namespace
+}  // namespace ber
+
+Status EncodeGroup(const Group& group, OctetString& bytes) noexcept {
+  ber::BerWriter writer;
+  if (group.Type == ItemType::Application) {
+    ber::EncodeObject(writer, static_cast<const Application&>(group));
+  } else {
+    ber::EncodeObject(writer, static_cast<const Scene&>(group));
+  }
+  return writer.Finish(bytes) ? Status::Done : Status::Refused;
+}
+
+}  // namespace korvel

@@ -1,0 +1,133 @@
+// Completing references: a pass over the class tables that gives every reference without a group
+// identifier a copy of the group's name.
+#include <cstdio>
+#include <type_traits>
+
+#include "objects/ber/ber.h"
+#include "objects/class_tables.h"
+
+namespace korvel {
+namespace {
+
+// What the message about a reference calls it: the class, and the attribute when it is not the
+// object's own.
+struct Subject {
+  const char* className;
+  const char* name = "";
+};
+
+// One pass over a group. Each step is false when memory is out, once that has been said.
+class Completion {
+ public:
+  explicit Completion(std::string_view groupName) noexcept : groupName_(groupName) {}
+
+  template <class Record>
+  [[nodiscard]] bool CompleteObject(Record& record, const Subject& subject) noexcept {
+    return Complete(record.Reference, subject) &&
+           CompleteAttributes(record, Description<Record>::heading.name);
+  }
+
+ private:
+  template <IsDescribed Record>
+  [[nodiscard]] bool CompleteAttributes(Record& record, const char* className) noexcept {
+    bool isDone = true;
+    ForEachAttribute<Record>([&](const auto& attribute) {
+      auto& field = record.*attribute.field;
+      if (!isDone) return;
+      if constexpr (IsDescribed<std::remove_cvref_t<decltype(field)>>) {
+        isDone = CompleteAttributes(field, className);
+      } else {
+        isDone = Complete(field, Subject{className, attribute.form.name});
+      }
+    });
+    return isDone;
+  }
+
+  [[nodiscard]] bool Complete(ObjectReference& reference, const Subject& subject) noexcept {
+    if (SetGroup(reference)) return true;
+    const char* space = *subject.name == 0 ? "" : " ";
+    std::printf("Can't allocate memory for %s%s%s GroupIdentifier\n", subject.className, space,
+                subject.name);
+    return false;
+  }
+  [[nodiscard]] bool Complete(OptionalReference& value, const Subject& subject) noexcept {
+    return !value.IsPresent || Complete(value.Reference, subject);
+  }
+  [[nodiscard]] bool Complete(FontBody& value, const Subject& subject) noexcept {
+    return value.Kind != ValueKind::ObjectReference || Complete(value.Reference, subject);
+  }
+
+  [[nodiscard]] bool CompleteParameter(GenericValue& value) noexcept {
+    const bool isReference =
+        value.Kind == ValueKind::ObjectReference || value.Kind == ValueKind::IndirectReference;
+    if (!isReference || SetGroup(value.Reference)) return true;
+    std::fputs("Can't allocate memory for GroupId in Parameter\n", stdout);
+    return false;
+  }
+  [[nodiscard]] bool Complete(ElementaryAction& action, const Subject& /*subject*/) noexcept {
+    if (!CompleteParameter(action.Target)) return false;
+    for (GenericValue& value : action.Parameters) {
+      if (!CompleteParameter(value)) return false;
+    }
+    return true;
+  }
+  [[nodiscard]] bool Complete(ActionSlot& slot, const Subject& subject) noexcept {
+    return Complete(slot.Actions, subject);
+  }
+
+  // A stream's components are named behind their class: "Stream Video".
+  [[nodiscard]] bool Complete(Item& item, const Subject& subject) noexcept {
+    bool isDone = true;
+    VisitIngredientClass(item.Type(), [&]<class Record>() {
+      const char* name = Description<Record>::heading.name;
+      const bool isComponent = subject.className == Description<Stream>::heading.name;
+      isDone = CompleteObject(item.As<Record>(),
+                              isComponent ? Subject{subject.className, name} : Subject{name});
+    });
+    return isDone;
+  }
+
+  template <class T>
+  [[nodiscard]] bool Complete(List<T>& list, const Subject& subject) noexcept {
+    for (T& entry : list) {
+      if (!Complete(entry, subject)) return false;
+    }
+    return true;
+  }
+  template <IsSequence Record>
+  [[nodiscard]] bool Complete(Record& record, const Subject& subject) noexcept {
+    bool isDone = true;
+    ForEachElement<Record>([&](const auto& element) {
+      isDone =
+          isDone && Complete(record.*element.field, Subject{subject.className, element.form.name});
+    });
+    return isDone;
+  }
+
+  // What holds no reference.
+  template <class Value>
+  [[nodiscard]] bool Complete(Value& /*value*/, const Subject& /*subject*/) noexcept {
+    return true;
+  }
+
+  [[nodiscard]] bool SetGroup(ObjectReference& reference) noexcept {
+    return reference.GroupIdentifier.IsPresent() || reference.GroupIdentifier.Assign(groupName_);
+  }
+
+  std::string_view groupName_;
+};
+
+}  // namespace
+
+Status CompleteReferences(std::string_view groupName, Group& group) noexcept {
+  Completion completion(groupName);
+  const char* name = group.Type == ItemType::Application ? Description<Application>::heading.name
+                                                         : Description<Scene>::heading.name;
+  const bool isDone =
+      group.Type == ItemType::Application
+          ? completion.CompleteObject(static_cast<Application&>(group), Subject{name})
+          : completion.CompleteObject(static_cast<Scene&>(group), Subject{name});
+  return isDone ? Status::Done : Status::Failure;
+}
+
+}  // namespace korvel

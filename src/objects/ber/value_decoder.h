@@ -1,0 +1,50 @@
+// Reading values: from a universal element to a field, for every type of field that stands for
+// itself. What a context tag carries, implicitly or explicitly, is first brought into the form of a
+// universal element, so that each type is read in one place only.
+#pragma once
+
+#include "objects/ber/ber_reader.h"
+#include "objects/values.h"
+
+namespace korvel::ber {
+
+// The kinds of value that may stand at a place, one bit for each ValueKind.
+using KindSet = std::uint32_t;
+
+template <class... Kinds>
+constexpr KindSet SetOfKinds(Kinds... kinds) {
+  return (KindSet{0} | ... | (KindSet{1} << static_cast<unsigned>(kinds)));
+}
+
+// The universal element that `tagged` stands for. A primitive one is the value itself, of the type
+// `implied`; a constructed one holds exactly one universal element.
+[[nodiscard]] bool Untag(const BerElement& tagged, Tag implied, BerElement& value) noexcept;
+// The same for a reference, whose two forms also show themselves by what the tag holds.
+[[nodiscard]] bool UntagReference(const BerElement& tagged, BerElement& value) noexcept;
+// Whether an element is the reference to an object of a named group, and not a SEQUENCE that wraps
+// something.
+[[nodiscard]] bool IsExternalReference(const BerElement& element) noexcept;
+
+// Passes over what may follow the known elements of a SEQUENCE: context tags of later editions, and
+// nothing else.
+[[nodiscard]] bool SkipUnknown(BerReader& reader) noexcept;
+
+enum class NumberType { Integer, Enumerated };
+
+// Each reads a universal element. False, with the place recorded, for another type and when memory
+// is out.
+[[nodiscard]] bool Decode(const BerElement& element, NumberType type, std::int32_t& value) noexcept;
+[[nodiscard]] bool Decode(const BerElement& element, bool& value) noexcept;
+[[nodiscard]] bool Decode(const BerElement& element, OctetString& value) noexcept;
+// An element that is no reference leaves the reference empty; that is no failure.
+[[nodiscard]] bool Decode(const BerElement& element, ObjectReference& value) noexcept;
+[[nodiscard]] bool Decode(const BerElement& element, ColourValue& value) noexcept;
+[[nodiscard]] bool Decode(const BerElement& element, FontBody& value) noexcept;
+[[nodiscard]] bool Decode(const BerElement& element, ContentBody& value) noexcept;
+
+// Reads a generic value of one of these kinds: in itself, under the context tag that announces its
+// kind, or, always allowed, as an indirect reference.
+[[nodiscard]] bool DecodeGeneric(const BerElement& element, KindSet kinds,
+                                 GenericValue& value) noexcept;
+
+}  // namespace korvel::ber

@@ -1,0 +1,77 @@
+// Whether two values, records or groups hold the same: what a writer asks to leave out attributes
+// at their construction values. Only what the class tables describe is compared; run-time values
+// are not.
+#pragma once
+
+#include <cstdint>
+#include <type_traits>
+
+#include "objects/class_tables.h"
+#include "objects/values.h"
+
+namespace korvel {
+
+inline bool IsSame(bool one, bool other) noexcept { return one == other; }
+inline bool IsSame(std::int32_t one, std::int32_t other) noexcept { return one == other; }
+// An absent string differs from an empty one.
+[[nodiscard]] bool IsSame(const OctetString& one, const OctetString& other) noexcept;
+[[nodiscard]] bool IsSame(const ObjectReference& one, const ObjectReference& other) noexcept;
+[[nodiscard]] bool IsSame(const OptionalReference& one, const OptionalReference& other) noexcept;
+// Of values that have a kind, only the field that goes with the kind counts.
+[[nodiscard]] bool IsSame(const GenericValue& one, const GenericValue& other) noexcept;
+[[nodiscard]] bool IsSame(const ColourValue& one, const ColourValue& other) noexcept;
+[[nodiscard]] bool IsSame(const FontBody& one, const FontBody& other) noexcept;
+[[nodiscard]] bool IsSame(const ContentReference& one, const ContentReference& other) noexcept;
+[[nodiscard]] bool IsSame(const ContentBody& one, const ContentBody& other) noexcept;
+[[nodiscard]] bool IsSame(const ElementaryAction& one, const ElementaryAction& other) noexcept;
+[[nodiscard]] bool IsSame(const ActionSlot& one, const ActionSlot& other) noexcept;
+[[nodiscard]] bool IsSame(const Movement& one, const Movement& other) noexcept;
+// The same class, and the same own reference and attributes.
+[[nodiscard]] bool IsSame(const Item& one, const Item& other) noexcept;
+// The same kind of group, and the same own reference and attributes, items included.
+[[nodiscard]] bool IsSame(const Group& one, const Group& other) noexcept;
+
+template <class T>
+[[nodiscard]] bool IsSame(const List<T>& one, const List<T>& other) noexcept;
+template <IsSequence Record>
+[[nodiscard]] bool IsSame(const Record& one, const Record& other) noexcept;
+
+// Whether all attributes that the class has hold the same.
+template <IsDescribed Record>
+[[nodiscard]] bool HasSameAttributes(const Record& one, const Record& other) noexcept;
+
+template <class T>
+bool IsSame(const List<T>& one, const List<T>& other) noexcept {
+  auto place = one.begin();
+  auto otherPlace = other.begin();
+  for (; place != one.end() && otherPlace != other.end(); ++place, ++otherPlace) {
+    if (!IsSame(*place, *otherPlace)) return false;
+  }
+  return !(place != one.end()) && !(otherPlace != other.end());
+}
+
+template <IsSequence Record>
+bool IsSame(const Record& one, const Record& other) noexcept {
+  bool isSame = true;
+  ForEachElement<Record>([&](const auto& element) {
+    isSame = isSame && IsSame(one.*element.field, other.*element.field);
+  });
+  return isSame;
+}
+
+template <IsDescribed Record>
+bool HasSameAttributes(const Record& one, const Record& other) noexcept {
+  bool isSame = true;
+  ForEachAttribute<Record>([&](const auto& attribute) {
+    const auto& value = one.*attribute.field;
+    const auto& otherValue = other.*attribute.field;
+    if constexpr (IsDescribed<std::remove_cvref_t<decltype(value)>>) {
+      isSame = isSame && HasSameAttributes(value, otherValue);
+    } else {
+      isSame = isSame && IsSame(value, otherValue);
+    }
+  });
+  return isSame;
+}
+
+}  // namespace korvel

@@ -52,22 +52,19 @@ class ObjectBuilder {
 
  private:
   static constexpr const ClassHeading& kHeading = Description<Record>::heading;
-  // A group holds items; what else holds objects is a stream, whose objects are its components.
-  using HeldClasses =
-      std::conditional_t<std::is_base_of_v<Group, Record>, ItemClasses, ComponentClasses>;
 
   [[nodiscard]] bool ReadAttribute() noexcept {
     bool isKnown = false;
     bool isRead = false;
     std::uint64_t place = 1;
-    ForEachWrittenAttribute<Record>(record_,
-                                    [&](const char* keyword, auto& field, const Form& form) {
-                                      if (!isKnown && reader_.IsAtKeyword(keyword)) {
-                                        isKnown = true;
-                                        isRead = ReadOnce(place, field, form);
-                                      }
-                                      place <<= 1;
-                                    });
+    const auto readIfHere = [&](const char* keyword, const Form& form, auto& field) {
+      if (!isKnown && reader_.IsAtKeyword(keyword)) {
+        isKnown = true;
+        isRead = ReadOnce(place, field, form);
+      }
+      place <<= 1;
+    };
+    ForEachWrittenAttribute<Record>(readIfHere, record_);
     return isKnown ? isRead : reader_.Refuse("} or an attribute of ", kHeading.name);
   }
 
@@ -78,7 +75,7 @@ class ObjectBuilder {
     reader_.Skip();
     if (form.innerKeyword != nullptr && !reader_.ExpectKeyword(form.innerKeyword)) return false;
     if constexpr (std::is_same_v<Field, List<Item>>) {
-      return ReadObjects<HeldClasses>(reader_, field);
+      return ReadObjects<MemberClasses<Record>>(reader_, field);
     } else {
       return Read(reader_, field, form);
     }
@@ -87,13 +84,13 @@ class ObjectBuilder {
   [[nodiscard]] bool NoteMissing(const Token& begin) noexcept {
     bool isNoted = true;
     std::uint64_t place = 1;
-    ForEachWrittenAttribute<Record>(
-        record_, [&](const char* keyword, auto& /*field*/, const Form& form) {
-          if (form.isRequired && (written_ & place) == 0) {
-            isNoted = isNoted && reader_.NoteMissing(begin, kHeading.name, keyword);
-          }
-          place <<= 1;
-        });
+    const auto noteIfLeftOut = [&](const char* keyword, const Form& form) {
+      if (form.isRequired && (written_ & place) == 0) {
+        isNoted = isNoted && reader_.NoteMissing(begin, kHeading.name, keyword);
+      }
+      place <<= 1;
+    };
+    ForEachWrittenAttribute<Record>(noteIfLeftOut);
     return isNoted;
   }
 

@@ -56,4 +56,19 @@ struct MissingPart {
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication,
                          TextError* error = nullptr, List<MissingPart>* missing = nullptr) noexcept;
 
+// A value that the notation has no word for: the object that carries it and the attribute's
+// keyword.
+struct WordlessValue {
+  std::int32_t object = 0;
+  const char* keyword = "";
+  std::int32_t number = 0;
+};
+
+// Writes a group as text: two spaces of indentation a level, an attribute a line, attributes at
+// their construction values left out unless an author must write them. Reading the text gives equal
+// records. Refused, with `text` untouched, for a value without a word, which `wordless` then
+// receives, and when memory runs out.
+Status WriteTextGroup(const Group& group, OctetString& text,
+                      WordlessValue* wordless = nullptr) noexcept;
+
 }  // namespace korvel

@@ -6,27 +6,24 @@
 #include <type_traits>
 
 #include "objects/class_tables.h"
+#include "objects/equality.h"
 
 namespace korvel {
 
-template <class Field>
-concept HasAttributes = requires {
-  Description<Field>::attributes;
-};
-
-// Calls visit(keyword, field, form) for every attribute of the record, parents first.
-template <class Leaf, class Record, class Visit>
-void ForEachWrittenAttribute(Record& record, Visit&& visit) {
-  ForEachAttribute<Leaf>([&](const auto& attribute) {
-    auto& field = record.*attribute.field;
-    using Field = std::remove_cvref_t<decltype(field)>;
-    if constexpr (HasAttributes<Field>) {
-      ForEachWrittenAttribute<Field>(field, visit);
+// Calls visit(keyword, form, fields...) for every attribute of the class, parents first; the fields
+// are those of the records, in their order.
+template <class Record, class Visit, class... Records>
+void ForEachWrittenAttribute(Visit&& visit, Records&... records) {
+  ForEachAttribute<Record>([&](const auto& attribute) {
+    using Field = std::remove_cvref_t<decltype(std::declval<Record&>().*attribute.field)>;
+    if constexpr (IsDescribed<Field>) {
+      ForEachWrittenAttribute<Field>(visit, records.*attribute.field...);
     } else if constexpr (std::is_same_v<Field, LinkCondition>) {
-      ForEachElement<Field>(
-          [&](const auto& element) { visit(element.keyword, field.*element.field, element.form); });
+      ForEachElement<Field>([&](const auto& element) {
+        visit(element.keyword, element.form, (records.*attribute.field).*element.field...);
+      });
     } else {
-      visit(attribute.keyword, field, attribute.form);
+      visit(attribute.keyword, attribute.form, records.*attribute.field...);
     }
   });
 }

@@ -1,0 +1,15 @@
+// The doorway of the dump: a group printed as an indented tree, for looking at what a file decodes
+// to. The engine never prints one; tools and a debugger do. Nothing is allocated.
+#pragma once
+
+#include <cstdio>
+
+#include "objects/group.h"
+
+namespace korvel {
+
+// Every line stands behind `depth` copies of "|   " and one "|---", its parts deeper.
+void DumpApplication(const Application& application, int depth, std::FILE* stream) noexcept;
+void DumpScene(const Scene& scene, int depth, std::FILE* stream) noexcept;
+
+}  // namespace korvel

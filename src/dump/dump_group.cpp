@@ -1,0 +1,91 @@
+// The printers of groups.
+#include "dump/dump.h"
+
+#include "dump/printers.h"
+
+namespace korvel {
+namespace {
+
+void DumpItems(const Tree& tree, const List<Item>& items) noexcept {
+  if (items.IsEmpty()) tree.Line("No Items");
+  for (const Item& item : items) DumpItem(tree, item);
+}
+
+void DumpGroup(const Tree& tree, const Group& group) noexcept {
+  DumpBase<Root>(tree, "Root:", group);
+  tree.Number("JointIsoItuIdentifier", group.Standard.JointIsoItuIdentifier);
+  tree.Number("MHEGStandardIdentifier", group.Standard.MHEGStandardIdentifier);
+  tree.Number("StandardVersion", group.StandardVersion);
+  tree.String("ObjectInformation", group.ObjectInformation);
+  tree.Number("OriginalGroupCachePriority", group.OriginalGroupCachePriority);
+  tree.Number("GroupCachePriority", group.GroupCachePriority);
+  tree.Line("OnStartUp:");
+  Dump(tree.Deeper(), group.OnStartUp);
+  tree.Line("OnCloseDown:");
+  Dump(tree.Deeper(), group.OnCloseDown);
+  tree.Line("Items:");
+  DumpItems(tree.Deeper(), group.Items);
+}
+
+void DumpDefaults(const Tree& tree, const DefaultAttributes& defaults) noexcept {
+  tree.Number("CharacterSet", defaults.CharacterSet);
+  tree.Colour("BackgroundColour", defaults.BackgroundColour);
+  tree.Colour("TextColour", defaults.TextColour);
+  tree.Font("Font", defaults.Font);
+  tree.String("FontAttributes", defaults.FontAttributes);
+  tree.Number("BitmapContentHook", defaults.BitmapContentHook);
+  tree.Number("StreamContentHook", defaults.StreamContentHook);
+  tree.Number("TextContentHook", defaults.TextContentHook);
+  tree.Number("LineArtContentHook", defaults.LineArtContentHook);
+  tree.Number("InterchangedProgramContentHook", defaults.InterchangedProgramContentHook);
+  tree.Colour("ButtonRefColour", defaults.ButtonRefColour);
+  tree.Colour("HighlightRefColour", defaults.HighlightRefColour);
+  tree.Colour("SliderRefColour", defaults.SliderRefColour);
+}
+
+void DumpNextScenes(const Tree& tree, const List<NextScene>& scenes) noexcept {
+  if (scenes.IsEmpty()) tree.Line("No next Scenes");
+  for (const NextScene& scene : scenes) {
+    tree.Line("Scene Ref: %s, weight %d", TextOrNull(scene.SceneReference), scene.Weight);
+  }
+}
+
+}  // namespace
+
+void Dump(const Tree& tree, const Root& root) noexcept {
+  tree.ReferenceLine(root.Reference);
+  tree.Boolean("AvailabilityStatus", root.AvailabilityStatus);
+  tree.Boolean("RunningStatus", root.RunningStatus);
+}
+
+void DumpApplication(const Application& application, int depth, std::FILE* stream) noexcept {
+  const Tree tree(depth, stream);
+  tree.Line("Application:");
+  DumpGroup(tree.Deeper(), application);
+  tree.Line("OnSpawnCloseDown:");
+  Dump(tree.Deeper(), application.OnSpawnCloseDown);
+  tree.Line("OnRestart:");
+  Dump(tree.Deeper(), application.OnRestart);
+  DumpDefaults(tree, application.Defaults);
+  tree.Number("LockCount", application.LockCount);
+  tree.Line("DispalyStack:");
+  for (const StackedVisible& stacked : application.DisplayStack) {
+    tree.Deeper().ReferenceLine(stacked.Visible->Reference);
+  }
+}
+
+void DumpScene(const Scene& scene, int depth, std::FILE* stream) noexcept {
+  const Tree tree(depth, stream);
+  tree.Line("SCene:");
+  DumpGroup(tree.Deeper(), scene);
+  tree.Number("InputEventReg", scene.InputEventReg);
+  tree.Line("SceneCS: %d %d", scene.SceneCS.Width, scene.SceneCS.Height);
+  tree.Line("AspectRatio:");
+  tree.Deeper().Number("Width", scene.Aspect.Width);
+  tree.Deeper().Number("Height", scene.Aspect.Height);
+  tree.Boolean("MovingCursor", scene.MovingCursor);
+  tree.Line("NextScene:");
+  DumpNextScenes(tree.Deeper(), scene.NextScenes);
+}
+
+}  // namespace korvel

@@ -1,0 +1,185 @@
+// The printers of ingredients that are not seen.
+#include "dump/printers.h"
+#include "objects/event_type.h"
+
+namespace korvel {
+namespace {
+
+// The dump knows no name for IsAvailable, and spells IsRunning in its own way.
+const char* EventName(std::int32_t type) noexcept {
+  const bool hasWord = type > static_cast<std::int32_t>(EventType::IsAvailable) &&
+                       static_cast<std::size_t>(type) <= kEventWords.size();
+  if (!hasWord) return nullptr;
+  return type == static_cast<std::int32_t>(EventType::IsRunning)
+             ? "IsRuning"
+             : kEventWords[static_cast<std::size_t>(type) - 1];
+}
+
+void DumpEventData(const Tree& tree, const GenericValue& data) noexcept {
+  switch (data.Kind) {
+  case ValueKind::Boolean: return tree.Boolean("Boolean", data.Boolean);
+  case ValueKind::Integer: return tree.Number("Integer", data.Integer);
+  case ValueKind::OctetString: return tree.OctetsLine(data.Octets);
+  case ValueKind::IndirectReference:
+    return tree.Number("IndirectObjectReference", data.Reference.Number);
+  default: tree.Line("None %d", static_cast<int>(data.Kind));
+  }
+}
+
+void DumpCondition(const Tree& tree, const LinkCondition& condition) noexcept {
+  tree.Line("Event SourceType:%d", static_cast<int>(ValueKind::ObjectReference));
+  tree.Reference("Event Source", condition.EventSource);
+  const char* name = EventName(condition.EventType);
+  if (name != nullptr) {
+    tree.Line("Event Type: %s", name);
+  } else {
+    tree.Line("Event Type: Not define event type %d", condition.EventType);
+  }
+  tree.Line("Event Data:");
+  DumpEventData(tree.Deeper(), condition.EventData);
+}
+
+void DumpSlots(const Tree& tree, const char* heading, const List<ActionSlot>& slots) noexcept {
+  tree.Line("%s", heading);
+  if (slots.IsEmpty()) tree.Deeper().Line("No ActionSlots");
+  for (const ActionSlot& slot : slots) {
+    tree.Deeper().Line("Slot:");
+    tree.Deeper().Line(slot.IsNull ? "Action: NULL" : "Action:");
+    if (!slot.IsNull) Dump(tree.Deeper().Deeper(), slot.Actions);
+  }
+}
+
+void DumpMovementTable(const Tree& tree, const List<Movement>& table) noexcept {
+  if (table.IsEmpty()) return tree.Line("No MovementTable");
+  tree.Line("MovementTable:");
+  for (const Movement& movement : table) {
+    tree.Deeper().Line("Movement:");
+    for (const std::int32_t target : movement.Targets) {
+      tree.Deeper().Deeper().Line("%d", target);
+    }
+  }
+}
+
+void DumpMembers(const Tree& tree, const List<TokenGroupItem>& members) noexcept {
+  tree.Line("TokenGroupItems:");
+  if (members.IsEmpty()) tree.Deeper().Line("No TokenGroupItems");
+  for (const TokenGroupItem& member : members) {
+    tree.Deeper().Line("Item:");
+    tree.Deeper().Reference("AVisible", member.AVisible);
+    DumpSlots(tree.Deeper(), "ActionSlots:", member.ActionSlots);
+  }
+}
+
+void DumpTriggers(const Tree& tree, const List<CounterTrigger>& triggers) noexcept {
+  if (triggers.IsEmpty()) return tree.Line("CounterTriggers: NULL");
+  tree.Line("CounterTriggers:");
+  for (const CounterTrigger& trigger : triggers) {
+    tree.Deeper().Line("(%d , %d)", trigger.Identifier, trigger.Position);
+  }
+}
+
+// A variable's original value and its value, each with the same line.
+template <class Variable, class DumpValue>
+void DumpValues(const Ingredient& ingredient, DumpValue&& dumpValue) noexcept {
+  const auto& variable = static_cast<const Variable&>(ingredient);
+  dumpValue("OriginalValue", variable.OriginalValue);
+  dumpValue("Value", variable.Value);
+}
+
+}  // namespace
+
+void Dump(const Tree& tree, const Ingredient& ingredient) noexcept {
+  DumpBase<Root>(tree, "Root", ingredient);
+  tree.Boolean("InitiallyActive", ingredient.InitiallyActive);
+  tree.Number("ContentHOOK", ingredient.ContentHOOK);
+  tree.String("OriginalContent", ingredient.OriginalContent.Data);
+  tree.Number("OriginalContentSize", ingredient.OriginalContent.Size);
+  tree.Number("OriginalContentCachePriority", ingredient.OriginalContent.CachePriority);
+  tree.Boolean("Shared", ingredient.Shared);
+  tree.String("Content", ingredient.Content.Data);
+  tree.Number("ContentSize", ingredient.Content.Size);
+  tree.Number("ContentCachePriority", ingredient.Content.CachePriority);
+}
+
+void DumpPresentable(const Tree& tree, const Ingredient& ingredient) noexcept {
+  DumpBase<Ingredient>(tree, "Ingredient:", ingredient);
+}
+
+void Dump(const Tree& tree, const Link& link) noexcept {
+  DumpBase<Ingredient>(tree, "Ingredient:", link);
+  tree.Line("Link Condition:");
+  DumpCondition(tree.Deeper(), link.Condition);
+  tree.Line("Action Queue:");
+  Dump(tree.Deeper(), link.LinkEffect);
+}
+
+void Dump(const Tree& tree, const Program& program) noexcept {
+  DumpBase<Ingredient>(tree, "Ingredient:", program);
+  tree.String("Name", program.Name);
+  tree.Boolean("InitiallyAvailable", program.InitiallyAvailable);
+}
+
+void DumpVariable(const Tree& tree, ItemType type, const Ingredient& variable) noexcept {
+  DumpBase(tree, "Ingredient:", variable);
+  switch (type) {
+  case ItemType::BooleanVariable:
+    return DumpValues<BooleanVariable>(
+        variable, [&tree](const char* label, bool value) { tree.Boolean(label, value); });
+  case ItemType::IntegerVariable:
+    return DumpValues<IntegerVariable>(
+        variable, [&tree](const char* label, std::int32_t value) { tree.Number(label, value); });
+  case ItemType::OctetStringVariable:
+    return DumpValues<OctetStringVariable>(
+        variable,
+        [&tree](const char* label, const OctetString& value) { tree.String(label, value); });
+  case ItemType::ObjectRefVariable:
+    return DumpValues<ObjectRefVariable>(
+        variable,
+        [&tree](const char* label, const ObjectReference& value) { tree.Reference(label, value); });
+  case ItemType::ContentRefVariable:
+    return DumpValues<ContentRefVariable>(
+        variable, [&tree](const char* label, const ContentReference& value) {
+          tree.String(label, value.Path);
+        });
+  default: tree.Line("Not define variable type");
+  }
+}
+
+void Dump(const Tree& tree, const TokenGroup& group) noexcept {
+  tree.Deeper().Line("Presentable:");
+  DumpPresentable(tree.Deeper(), group);
+  tree.Deeper().Line("TokenManager:");
+  DumpMovementTable(tree.Deeper(), group.MovementTable);
+  tree.Deeper().Number("TokenPosition", group.TokenPosition);
+  DumpMembers(tree, group.TokenGroupItems);
+  DumpSlots(tree, "NoTokenActionSlots:", group.NoTokenActionSlots);
+}
+
+void Dump(const Tree& tree, const ListGroup& group) noexcept {
+  DumpBase<TokenGroup>(tree, "TokenGroup:", group);
+  tree.Line("Positions:");
+  if (group.Positions.IsEmpty()) tree.Deeper().Line("No Position");
+  for (const Position& position : group.Positions) {
+    tree.Deeper().Line("Position:(%d , %d)", position.X, position.Y);
+  }
+  tree.Boolean("WrapAround", group.WrapAround);
+  tree.Boolean("MultipleSelection", group.MultipleSelection);
+  tree.Line("ItemList:");
+  for (const ListItem& item : group.ItemList) tree.Deeper().ReferenceLine(item.AVisible);
+  tree.Number("FirstItem", group.FirstItem);
+}
+
+void Dump(const Tree& tree, const Stream& stream) noexcept {
+  tree.Deeper().Line("Presentable:");
+  DumpPresentable(tree.Deeper(), stream);
+  tree.Line("Multiplex:");
+  for (const Item& component : stream.Multiplex) DumpComponent(tree.Deeper(), component);
+  tree.Word("Storage", stream.Storage, {"memory", "stream"}, "Not define Stroage type: ");
+  tree.Number("Looping", stream.Looping);
+  tree.Line("Speed: (%d, %d)", stream.Speed.Numerator, stream.Speed.Denominator);
+  tree.Number("CounterPosition", stream.CounterPosition);
+  tree.Number("CounterEndPosition", stream.CounterEndPosition);
+  DumpTriggers(tree, stream.CounterTriggers);
+}
+
+}  // namespace korvel

@@ -1,0 +1,95 @@
+// The writers of values, except actions and objects.
+#include "textual/write_value.h"
+
+namespace korvel {
+
+bool IsGiven(std::int32_t value, const Form& form) noexcept {
+  return form.words.empty() || value != 0;
+}
+bool IsGiven(const OctetString& value, const Form& /*form*/) noexcept { return value.IsPresent(); }
+bool IsGiven(const ContentReference& value, const Form& /*form*/) noexcept {
+  return value.Path.IsPresent();
+}
+
+void Write(TextWriter& writer, bool value, const Form& /*form*/) noexcept {
+  writer.Word(value ? "TRUE" : "FALSE");
+}
+
+void Write(TextWriter& writer, std::int32_t value, const Form& form) noexcept {
+  if (form.words.empty()) return writer.Number(value);
+  if (value < 1 || static_cast<std::size_t>(value) > form.words.size()) {
+    return writer.FailForWord(value);
+  }
+  writer.Word(form.words[static_cast<std::size_t>(value) - 1]);
+}
+
+void Write(TextWriter& writer, const OctetString& value, const Form& /*form*/) noexcept {
+  writer.String(value.View());
+}
+
+void Write(TextWriter& writer, const ObjectReference& value, const Form& /*form*/) noexcept {
+  if (!value.GroupIdentifier.IsPresent()) return writer.Number(value.Number);
+  writer.Open('(');
+  writer.String(value.GroupIdentifier.View());
+  writer.Number(value.Number);
+  writer.Close(')');
+}
+
+void Write(TextWriter& writer, const OptionalReference& value, const Form& /*form*/) noexcept {
+  Write(writer, value.Reference);
+}
+
+void Write(TextWriter& writer, const ColourValue& value, const Form& /*form*/) noexcept {
+  if (value.Kind == ValueKind::Integer) return writer.Number(value.Index);
+  writer.CodedString(value.Absolute.View());
+}
+
+void Write(TextWriter& writer, const FontBody& value, const Form& /*form*/) noexcept {
+  if (value.Kind == ValueKind::OctetString) return writer.String(value.Name.View());
+  Write(writer, value.Reference);
+}
+
+void Write(TextWriter& writer, const ContentBody& value, const Form& /*form*/) noexcept {
+  if (!value.IsReferenced) return writer.String(value.Data.View());
+  const ContentBody construction;
+  writer.Word(":ContentRef");
+  writer.Open('(');
+  writer.String(value.Data.View());
+  if (value.Size != construction.Size) {
+    writer.Word(":ContentSize");
+    writer.Number(value.Size);
+  }
+  if (value.CachePriority != construction.CachePriority) {
+    writer.Word(":CCPriority");
+    writer.Number(value.CachePriority);
+  }
+  writer.Close(')');
+}
+
+void Write(TextWriter& writer, const ContentReference& value, const Form& /*form*/) noexcept {
+  writer.String(value.Path.View());
+}
+
+void Write(TextWriter& writer, const GenericValue& value, const Form& /*form*/) noexcept {
+  switch (value.Kind) {
+  case ValueKind::None: return writer.Word("NULL");
+  case ValueKind::Boolean: return Write(writer, value.Boolean);
+  case ValueKind::Integer: return Write(writer, value.Integer);
+  case ValueKind::OctetString: return Write(writer, value.Octets);
+  case ValueKind::ObjectReference: return Write(writer, value.Reference);
+  case ValueKind::IndirectReference:
+    writer.Word(":IndirectRef");
+    return Write(writer, value.Reference);
+  case ValueKind::ContentReference: writer.Word(":ContentRef"); return Write(writer, value.Octets);
+  }
+}
+
+void WriteEntry(TextWriter& writer, const Movement& movement) noexcept {
+  Write(writer, movement.Targets);
+}
+
+void WriteEntry(TextWriter& writer, const ActionSlot& slot) noexcept {
+  slot.IsNull ? writer.Word("NULL") : Write(writer, slot.Actions);
+}
+
+}  // namespace korvel

@@ -1,0 +1,96 @@
+// The threads of a batch take the next file's number from a shared counter; the calling thread
+// shows progress until they have finished.
+#include "mheg/batch.h"
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <mutex>
+#include <thread>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace mheg {
+namespace {
+
+bool IsTerminal() {
+#ifdef _WIN32
+  return _isatty(_fileno(stderr)) != 0;
+#else
+  return isatty(STDERR_FILENO) != 0;
+#endif
+}
+
+class Batch {
+ public:
+  Batch(std::size_t count, const std::function<Outcome(std::size_t)>& work)
+      : work_(work), outcomes_(count) {}
+
+  std::vector<Outcome> Run(unsigned jobs) {
+    std::vector<std::jthread> threads;
+    for (unsigned i = 0; i < jobs; ++i) threads.emplace_back([this] { WorkOff(); });
+    ShowProgress();
+    threads.clear();
+    return std::move(outcomes_);
+  }
+
+ private:
+  void WorkOff() {
+    for (std::size_t index = Take(); index < outcomes_.size(); index = Take()) {
+      Outcome outcome = work_(index);
+      const std::lock_guard lock(guard_);
+      outcomes_[index] = std::move(outcome);
+      ++finished_;
+      change_.notify_one();
+    }
+  }
+  std::size_t Take() {
+    const std::lock_guard lock(guard_);
+    return next_++;
+  }
+
+  void ShowProgress() {
+    constexpr auto kPatience = std::chrono::seconds(1);
+    constexpr auto kStep = std::chrono::milliseconds(100);
+    const bool isShown = IsTerminal();
+    bool isWritten = false;
+    std::unique_lock lock(guard_);
+    change_.wait_for(lock, kPatience, [this] { return finished_ == outcomes_.size(); });
+    while (finished_ < outcomes_.size()) {
+      if (isShown) {
+        std::fprintf(stderr, "\r%zu of %zu files", finished_, outcomes_.size());
+        isWritten = true;
+      }
+      change_.wait_for(lock, kStep, [this] { return finished_ == outcomes_.size(); });
+    }
+    if (isWritten) std::fputs("\r\x1b[K", stderr);
+  }
+
+  const std::function<Outcome(std::size_t)>& work_;
+  std::vector<Outcome> outcomes_;
+  std::mutex guard_;  // of everything below, and of the outcomes
+  std::condition_variable change_;
+  std::size_t next_ = 0;
+  std::size_t finished_ = 0;
+};
+
+}  // namespace
+
+bool RunBatch(std::size_t count, unsigned jobs, const std::function<Outcome(std::size_t)>& work) {
+  const unsigned processors = std::max(1U, std::thread::hardware_concurrency());
+  const std::size_t threads = std::min<std::size_t>(jobs == 0 ? processors : jobs, count);
+  bool isGood = true;
+  for (const Outcome& outcome : Batch(count, work).Run(static_cast<unsigned>(threads))) {
+    for (const std::string& message : outcome.messages)
+      std::fprintf(stderr, "%s\n", message.c_str());
+    isGood = isGood && outcome.isGood;
+  }
+  return isGood;
+}
+
+}  // namespace mheg

@@ -1,0 +1,75 @@
+// The two conversions. Nothing is written before the whole input was read and found good.
+#include "mheg/convert.h"
+
+#include <fstream>
+
+#include "mheg/group_file.h"
+#include "objects/ber/ber.h"
+#include "textual/textual.h"
+
+namespace mheg {
+namespace {
+
+constexpr const char* kTextExtension = ".mheg";
+
+Outcome Failed(Outcome outcome, const std::filesystem::path& path, const std::string& reason) {
+  outcome.messages.push_back(path.string() + ": " + reason);
+  outcome.isGood = false;
+  return outcome;
+}
+
+Outcome Write(std::string_view bytes, const std::filesystem::path& output, Outcome outcome) {
+  std::ofstream stream(output, std::ios::binary);
+  stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  stream.close();
+  if (!stream) return Failed(std::move(outcome), output, "cannot be written");
+  return outcome;
+}
+
+}  // namespace
+
+std::filesystem::path OutputFor(const std::filesystem::path& input, const Options& options) {
+  const bool isFolder =
+      !options.output.has_filename() || std::filesystem::is_directory(options.output);
+  if (!isFolder) return options.output;
+  std::filesystem::path name = input.filename();
+  if (options.command == Command::Decompile) {
+    name += kTextExtension;
+  } else if (name.extension() == kTextExtension) {
+    name.replace_extension();
+  }
+  return options.output / name;
+}
+
+Outcome Compile(const std::filesystem::path& input, const std::filesystem::path& output) {
+  GroupFile file = ReadGroupFile(input);
+  Outcome outcome{std::move(file.messages), file.IsGood()};
+  if (!outcome.isGood) return outcome;
+  if (file.form != GroupForm::Text) return Failed(std::move(outcome), input, "is no text");
+  korvel::OctetString bytes;
+  if (korvel::EncodeGroup(*file.group.Get(), bytes) != korvel::Status::Done) {
+    return Failed(std::move(outcome), input, "cannot be encoded: out of memory");
+  }
+  return Write(bytes.View(), output, std::move(outcome));
+}
+
+Outcome Decompile(const std::filesystem::path& input, const std::filesystem::path& output) {
+  GroupFile file = ReadGroupFile(input);
+  Outcome outcome{std::move(file.messages), file.IsGood()};
+  if (!outcome.isGood) return outcome;
+  if (file.form != GroupForm::Ber) return Failed(std::move(outcome), input, "is text already");
+  korvel::OctetString text;
+  korvel::WordlessValue wordless;
+  if (korvel::WriteTextGroup(*file.group.Get(), text, &wordless) != korvel::Status::Done) {
+    return Failed(std::move(outcome), input,
+                  "object " + std::to_string(wordless.object) + ": the notation has no word for " +
+                      wordless.keyword + " " + std::to_string(wordless.number));
+  }
+  if (text.Length() > korvel::kMaxTextSize) {
+    outcome.messages.push_back(output.string() + ": longer than 65535 bytes, which is the most "
+                                                 "that a text can have to be compiled again");
+  }
+  return Write(text.View(), output, std::move(outcome));
+}
+
+}  // namespace mheg

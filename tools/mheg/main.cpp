@@ -1,0 +1,78 @@
+// mheg: the content author's tool. It turns the textual notation into what is broadcast and back,
+// and prints groups.
+#include <cstdio>
+#include <system_error>
+
+#include "dump/dump.h"
+#include "mheg/batch.h"
+#include "mheg/convert.h"
+#include "mheg/exit_status.h"
+#include "mheg/group_file.h"
+#include "mheg/options.h"
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
+namespace {
+
+// An output that ends in a separator names a folder, which is made.
+bool MakeOutputFolder(const std::filesystem::path& output) {
+  if (output.empty() || output.has_filename()) return true;
+  std::error_code problem;
+  std::filesystem::create_directories(output, problem);
+  if (!problem) return true;
+  std::fprintf(stderr, "%s: cannot be made\n", output.string().c_str());
+  return false;
+}
+
+bool Convert(const mheg::Options& options) {
+  if (!MakeOutputFolder(options.output)) return false;
+  return mheg::RunBatch(options.inputs.size(), options.jobs, [&options](std::size_t index) {
+    const std::filesystem::path& input = options.inputs[index];
+    const std::filesystem::path output = mheg::OutputFor(input, options);
+    return options.command == mheg::Command::Compile ? mheg::Compile(input, output)
+                                                     : mheg::Decompile(input, output);
+  });
+}
+
+// One after the other: the trees go straight to the standard output, in the order of the inputs.
+bool Dump(const mheg::Options& options) {
+  bool isGood = true;
+  for (const std::filesystem::path& input : options.inputs) {
+    const mheg::GroupFile file = mheg::ReadGroupFile(input);
+    for (const std::string& message : file.messages) {
+      std::fprintf(stderr, "%s\n", message.c_str());
+    }
+    isGood = isGood && file.group;
+    if (!file.group) continue;
+    if (file.group.IsApplication()) {
+      korvel::DumpApplication(file.group.AsApplication(), 0, stdout);
+    } else {
+      korvel::DumpScene(file.group.AsScene(), 0, stdout);
+    }
+  }
+  return isGood;
+}
+
+bool Run(const mheg::Options& options) {
+  switch (options.command) {
+  case mheg::Command::Compile:
+  case mheg::Command::Decompile: return Convert(options);
+  case mheg::Command::Dump: return Dump(options);
+  }
+  return false;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+#ifdef _WIN32
+  // A dump has plain line ends on every platform.
+  _setmode(_fileno(stdout), _O_BINARY);
+#endif
+  mheg::Options options;
+  if (const auto status = mheg::ReadCommandLine(count, arguments, options)) return *status;
+  return Run(options) ? 0 : mheg::kBadInput;
+}

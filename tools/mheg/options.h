@@ -1,0 +1,24 @@
+// What the command line asks for.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+namespace mheg {
+
+enum class Command { Compile, Decompile, Dump };
+
+struct Options {
+  Command command = Command::Compile;
+  std::vector<std::filesystem::path> inputs;
+  std::filesystem::path output;  // of Compile and Decompile: a file, or a folder
+  unsigned jobs = 0;             // files worked on at once; 0: as many as there are processors
+};
+
+// Reads the command line. An exit status when there is nothing more to do: after --help, or after a
+// message about wrong arguments.
+[[nodiscard]] std::optional<int> ReadCommandLine(int count, const char* const* arguments,
+                                                 Options& options);
+
+}  // namespace mheg

@@ -14,7 +14,9 @@ set_value() { timeout 60 wine reg add "$1" /v "$2" /t "$3" /d "$4" /f >/dev/null
 
 timeout 120 wineboot -i >/dev/null 2>&1 9>&- || exit 1
 set_value 'HKCU\Control Panel\Desktop\WindowMetrics' CaptionHeight REG_SZ -360 || exit 1
-set_value 'HKCU\Software\Wine\X11 Driver' Managed REG_SZ N || exit 1
+if [ -z "${KORVEL_WINE_DISPLAY-}" ]; then  # without a window manager, a managed close takes 2 s
+  set_value 'HKCU\Software\Wine\X11 Driver' Managed REG_SZ N || exit 1
+fi
 set_value 'HKCU\Software\Wine\Drivers' Graphics REG_SZ x11,null || exit 1
 set_value 'HKCU\Software\Wine\WineDbg' ShowCrashDialog REG_DWORD 0 || exit 1
 set_value 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' Debugger REG_SZ "" || exit 1

@@ -5,7 +5,7 @@
 : "${WINEPREFIX:=$(dirname "$(readlink -f "$0")")/../build/wine}"
 WINEPREFIX=$(readlink -m "$WINEPREFIX")
 export WINEPREFIX
-[ -n "$KORVEL_WINE_DISPLAY" ] || unset DISPLAY
+[ -n "${KORVEL_WINE_DISPLAY-}" ] || unset DISPLAY
 "$(dirname "$(readlink -f "$0")")/wine-prefix.sh" || exit 1
 export WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree,mshtml="
 exec timeout --foreground --kill-after=5 "${KORVEL_WINE_LIMIT:-300}" wine "$@"

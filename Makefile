@@ -1,0 +1,39 @@
+# The short front of the CMake presets. Each target installs the Debian packages that it needs and
+# that are missing, builds, and does its job. Products: build/<preset>/bin/.
+.PHONY: play test dll mheg check format
+
+# Plays the demo: in a window where there is a display, else into screenshots.
+play: dll mheg
+	@scripts/install-packages.sh run
+	@scripts/play.sh
+
+# All tests: native ones under the sanitizers, Windows ones under Wine, scenarios, checks.
+test:
+	@scripts/install-packages.sh native windows run test check
+	@scripts/run-tests.sh native-asan win64 win32
+
+# The 64-bit library and the player.
+dll:
+	@scripts/install-packages.sh windows
+	@cmake --preset win64 >/dev/null
+	@cmake --build --preset win64 --target korvel korvel-player
+
+# The compiler of textual groups, and the demos made with it.
+mheg:
+	@scripts/install-packages.sh native
+	@cmake --preset native -DKORVEL_TESTS=OFF >/dev/null
+	@cmake --build --preset native
+
+# Layout, clang-tidy, and every header by itself.
+check:
+	@scripts/install-packages.sh native windows test check
+	@scripts/check-format.sh
+	@for preset in native-asan win64; do \
+	  cmake --preset $$preset >/dev/null && \
+	  cmake --build --preset $$preset --target all_verify_interface_header_sets && \
+	  scripts/check-tidy.sh build/$$preset || exit 1; \
+	done
+
+format:
+	@scripts/install-packages.sh check
+	@scripts/check-format.sh --fix

@@ -1,0 +1,31 @@
+#!/bin/sh
+# Installs the Debian packages that a task needs and that are missing, saying which. Quick when
+# nothing is missing. Usage: install-packages.sh native|windows|run|test|check ...
+set -eu
+
+packages=""
+for task; do
+  case $task in
+    native) packages="$packages g++ cmake ninja-build libcli11-dev" ;;
+    windows) packages="$packages g++-mingw-w64-x86-64-posix libcli11-dev cmake ninja-build g++" ;;
+    run) packages="$packages wine wine64 xvfb xauth fonts-liberation" ;;
+    test) packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest
+      python3 python3-pil python3-numpy" ;;
+    check) packages="$packages clang-format clang-tidy clang-tools" ;;
+    *) echo "$0: no such task: $task" >&2; exit 2 ;;
+  esac
+done
+
+missing=""
+for package in $packages; do
+  status=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) || status=absent
+  [ "$status" = installed ] || missing="$missing $package"
+done
+[ -n "$missing" ] || exit 0
+
+as_root=""
+[ "$(id -u)" -eq 0 ] || as_root="sudo"
+echo "Installing packages:$missing"
+$as_root apt-get update -q
+$as_root env DEBIAN_FRONTEND=noninteractive \
+  apt-get install -q -y --no-install-recommends $missing

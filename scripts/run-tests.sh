@@ -1,0 +1,46 @@
+#!/bin/sh
+# Builds presets and runs every test of them, natively and under Wine. The last line counts them:
+# "N passed, N failed", also left in build/summary. What cannot be built counts as one failure.
+# Usage: run-tests.sh PRESET ...
+set -u
+cd "$(dirname "$0")/.." || exit 1
+
+unset DISPLAY
+export WINEPREFIX="$PWD/build/wine"
+passed=0
+failed=0
+
+fail() {
+  echo "$1" >&2
+  failed=$((failed + 1))
+}
+
+# A server that stays, and one program before the tests: each of them then starts in a moment.
+start_wine() {
+  cmake/wine-prefix.sh && timeout 30 wineserver -p && cmake/wine-run.sh cmd /c exit
+} >/dev/null 2>&1
+stop_wine() { timeout 30 wineserver -k; } >/dev/null 2>&1
+trap stop_wine EXIT
+
+count_tests() {
+  log=build/$1/tests.log
+  ctest --preset "$1" | tee "$log"
+  counts=$(sed -n 's/.* \([0-9]*\) tests failed out of \([0-9]*\)$/\1 \2/p' "$log")
+  [ -n "$counts" ] || { fail "$1: the tests did not run"; return; }
+  failed=$((failed + ${counts% *}))
+  passed=$((passed + ${counts#* } - ${counts% *}))
+}
+
+mkdir -p build
+start_wine || fail "Wine does not start"
+for preset; do
+  if cmake --preset "$preset" >"build/$preset.log" 2>&1 &&
+    cmake --build --preset "$preset" --target all all_verify_interface_header_sets; then
+    count_tests "$preset"
+  else
+    fail "$preset: the build failed; build/$preset.log tells how it was set up"
+  fi
+done
+
+echo "$passed passed, $failed failed" | tee build/summary
+[ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]

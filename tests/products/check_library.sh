@@ -1,0 +1,19 @@
+#!/bin/sh
+# Fails unless the library exports exactly its four functions by plain names and imports system
+# libraries only. Usage: check_library.sh OBJDUMP korvel.dll
+set -eu
+listing=$(mktemp)
+trap 'rm -f "$listing"' EXIT
+"$1" -p "$2" >"$listing"
+
+exports=$(sed -n '/\[Ordinal\/Name Pointer\] Table/,/^$/s/.*\] //p' "$listing" | grep -v Table |
+  sort | tr '\n' ' ')
+[ "$exports" = "ExitMHEG5 MHEG5ReStart MHEG5WaitForClose RunMHEG5Window " ] || {
+  echo "exports: $exports"
+  exit 1
+}
+
+imports=$(sed -n 's/.*DLL Name: //p' "$listing" |
+  grep -viE '^(kernel32|user32|gdi32|gdiplus|ole32|msvcrt)\.dll$') || exit 0
+echo "imports besides system libraries: $imports"
+exit 1

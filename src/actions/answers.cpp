@@ -88,13 +88,13 @@ Status AnswerInteger(const Arguments& arguments, std::size_t place, std::int32_t
   return variable == nullptr ? Status::Refused : SetValue(*variable, value);
 }
 
-Status AnswerOctets(const Arguments& arguments, std::size_t place, const OctetString& value,
+Status AnswerOctets(const Arguments& arguments, std::size_t place, std::string_view value,
                     const char* message) noexcept {
   auto* variable =
       FindVariable<OctetStringVariable>(arguments, place, ItemType::OctetStringVariable);
   if (variable == nullptr) return Status::Refused;
   OctetString copy;
-  if (!copy.CopyFrom(value)) {
+  if (!copy.Assign(value)) {
     std::fputs(message, stdout);
     return Status::Failure;
   }

@@ -35,9 +35,8 @@ Status SetValue(ContentRefVariable& variable, OctetString path) noexcept;
 // the class.
 Status AnswerBoolean(const Arguments& arguments, std::size_t place, bool value) noexcept;
 Status AnswerInteger(const Arguments& arguments, std::size_t place, std::int32_t value) noexcept;
-// `message` is printed when memory is out, and the list stops. An absent string leaves the variable
-// without a value.
-Status AnswerOctets(const Arguments& arguments, std::size_t place, const OctetString& value,
+// `message` is printed when memory is out, and the list stops.
+Status AnswerOctets(const Arguments& arguments, std::size_t place, std::string_view value,
                     const char* message) noexcept;
 Status AnswerReference(const Arguments& arguments, std::size_t place,
                        const ObjectReference& value) noexcept;

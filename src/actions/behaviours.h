@@ -62,7 +62,6 @@ Status SetFirstItem(const Arguments& arguments) noexcept;
 Status SetCellPosition(const Arguments& arguments) noexcept;
 Status GetCellItem(const Arguments& arguments) noexcept;
 Status GetFirstItem(const Arguments& arguments) noexcept;
-Status GetListItem(const Arguments& arguments) noexcept;
 Status GetListSize(const Arguments& arguments) noexcept;
 
 // ---- list_selection.cpp ----
@@ -72,6 +71,7 @@ Status SelectItem(const Arguments& arguments) noexcept;
 Status DeselectItem(const Arguments& arguments) noexcept;
 Status ToggleItem(const Arguments& arguments) noexcept;
 Status GetItemStatus(const Arguments& arguments) noexcept;
+Status GetListItem(const Arguments& arguments) noexcept;
 
 // ---- visibles.cpp ----
 Status BringTargetToFront(const Arguments& arguments) noexcept;

@@ -2,6 +2,8 @@
 // name and number and looked up at each use, so that an object that has ended is simply not found.
 #pragma once
 
+#include <cstddef>
+
 #include "objects/values.h"
 
 namespace korvel {
@@ -9,6 +11,7 @@ namespace korvel {
 struct ClassVariables {
   OptionalReference HighlightedObject;  // where the highlight was switched on last
   OptionalReference InteractingObject;  // the interaction in progress, one at a time
+  std::size_t chosenAnchor = 0;         // the anchor that an interacting hyper text stands at
   int layoutsInProgress = 0;  // list groups placing their items: redraws wait until all are done
 };
 

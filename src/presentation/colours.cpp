@@ -132,6 +132,10 @@ Colour FillColourOf(const LineArt& lineArt) noexcept {
   return ReduceOr(lineArt.RefFillColour, lineArt, kTransparentColour);
 }
 
+Colour OriginalFillColourOf(const LineArt& lineArt) noexcept {
+  return ReduceOr(lineArt.OriginalRefFillColour, lineArt, kTransparentColour);
+}
+
 Gdiplus::ARGB ToGdiPlus(Colour colour) noexcept {
   const Gdiplus::ARGB alpha = 255 - (colour & 0xFF);
   return alpha << 24 | colour >> 8;

@@ -74,6 +74,9 @@ void ClearImageCache() noexcept;
 [[nodiscard]] Colour LineColourOf(const LineArt& lineArt) noexcept;
 [[nodiscard]] Colour FillColourOf(const LineArt& lineArt) noexcept;
 
+// The fill colour that the content gave, whatever the current one is.
+[[nodiscard]] Colour OriginalFillColourOf(const LineArt& lineArt) noexcept;
+
 // ---- Canvases of dynamic line art ----
 // Coordinates are canvas pixels. Every operation takes a null canvas and then does nothing; all
 // return Done.

@@ -1,6 +1,11 @@
 // Stands in for the presentation doorway in native tests: nothing is drawn, requests are counted.
 #include "presentation.h"
 
+#include <iomanip>
+#include <sstream>
+
+#include "objects/visibles.h"
+
 namespace korvel {
 
 using test::ThePresentation;
@@ -17,7 +22,110 @@ Status DeviceUpdate() noexcept {
   return Status::Done;
 }
 
-void DestroyCanvas(Canvas* canvas) noexcept { static_cast<void>(canvas); }
+// Colours are reduced without palettes: an index stands for itself.
+namespace {
+
+Colour Reduced(const ColourValue& colour, Colour unset) {
+  if (colour.Kind == ValueKind::Integer && colour.Index >= 0) {
+    return static_cast<Colour>(colour.Index);
+  }
+  const std::string_view bytes = colour.Absolute.View();
+  if (colour.Kind != ValueKind::OctetString || bytes.size() != 4) return unset;
+  Colour reduced = 0;
+  for (const char byte : bytes) reduced = reduced << 8 | static_cast<unsigned char>(byte);
+  return reduced;
+}
+
+struct Hex {
+  Colour colour;
+};
+std::ostream& operator<<(std::ostream& out, Hex hex) {
+  return out << '#' << std::hex << std::setw(8) << std::setfill('0') << hex.colour << std::dec;
+}
+std::ostream& operator<<(std::ostream& out, CanvasPoint point) {
+  return out << point.X << ',' << point.Y;
+}
+std::ostream& operator<<(std::ostream& out, const LineAttributes& line) {
+  return out << "line " << line.Width << '/' << line.Style << Hex{line.Ink};
+}
+
+// Notes a call, unless it is for an absent canvas.
+template <class... Parts>
+Status Draw(const Canvas* canvas, const char* what, const Parts&... parts) {
+  std::ostringstream line;
+  line << what;
+  ((line << ' ' << parts), ...);
+  if (canvas != nullptr) ThePresentation().drawings.push_back(line.str());
+  return Status::Done;
+}
+
+}  // namespace
+
+struct Canvas {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+};
+
+Colour LineColourOf(const LineArt& lineArt) noexcept { return Reduced(lineArt.RefLineColour, 0); }
+
+Colour FillColourOf(const LineArt& lineArt) noexcept {
+  return Reduced(lineArt.RefFillColour, kTransparentColour);
+}
+
+Colour OriginalFillColourOf(const LineArt& lineArt) noexcept {
+  return Reduced(lineArt.OriginalRefFillColour, kTransparentColour);
+}
+
+Canvas* NewCanvas(std::int32_t width, std::int32_t height) noexcept {
+  if (width < 1 || height < 1) return nullptr;
+  auto* canvas = new Canvas{width, height};
+  ++ThePresentation().canvases;
+  static_cast<void>(Draw(canvas, "new", width, height));
+  return canvas;
+}
+
+void DestroyCanvas(Canvas* canvas) noexcept {
+  if (canvas == nullptr) return;
+  --ThePresentation().canvases;
+  delete canvas;
+}
+
+Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) noexcept {
+  return Draw(canvas, "clip", width, height);
+}
+
+Status ClearCanvas(Colour fill, Canvas* canvas) noexcept {
+  return Draw(canvas, "clear", Hex{fill});
+}
+
+Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
+                  Canvas* canvas) noexcept {
+  return Draw(canvas, "line", from, to, line);
+}
+
+Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Colour fill,
+                       Canvas* canvas) noexcept {
+  return Draw(canvas, "rectangle", from, to, line, Hex{fill});
+}
+
+Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, Colour fill,
+                  Canvas* canvas) noexcept {
+  return Draw(canvas, "oval", at, width, height, Hex{fill});
+}
+
+Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
+                 std::int32_t arcAngle, const LineAttributes& line, Colour fill, ArcForm form,
+                 Canvas* canvas) noexcept {
+  return Draw(canvas, form == ArcForm::Arc ? "arc" : "sector", at, width, height, startAngle,
+              arcAngle, line, Hex{fill});
+}
+
+Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line, Colour fill,
+                     Canvas* canvas) noexcept {
+  std::ostringstream corners;
+  for (const CanvasPoint& point : points) corners << point << ';';
+  return Draw(canvas, "polygon", corners.str(), line, Hex{fill});
+}
 
 namespace test {
 

@@ -1,8 +1,10 @@
-// What tests may ask of the stand-in for the presentation: how often it was asked to draw, and what the next
-// redraw reports.
+// What tests may ask of the stand-in for the presentation: how often it was asked to draw, and what
+// the next redraw reports.
 #pragma once
 
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "presentation/presentation.h"
 
@@ -12,7 +14,9 @@ struct FakePresentation {
   int redraws = 0;
   int clears = 0;
   int updates = 0;
-  std::function<Status()> onRedraw;  // when set, gives Redraw's result
+  int canvases = 0;                   // made and not given back
+  std::vector<std::string> drawings;  // what was done to canvases, one line for each call
+  std::function<Status()> onRedraw;   // when set, gives Redraw's result
 };
 
 // The stand-in's state; a fixture resets it with `ThePresentation() = {}`.

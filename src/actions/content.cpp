@@ -1,0 +1,79 @@
+// New content for an ingredient: included in the action, or named by it. Text is taken from it at
+// once; a bitmap is drawn from it at the next redraw.
+#include <cstdio>
+#include <utility>
+
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+#include "actions/lifecycle.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::int32_t kContentError = 3;  // the engine event of content that cannot be fetched
+
+// An optional number behind a content reference.
+Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& number) noexcept {
+  GenericValue value;
+  const Status status =
+      ReadValueOfKind(arguments, arguments.Given->At(place), ValueKind::Integer, value);
+  if (status == Status::Done && value.Kind == ValueKind::Integer) number = value.Integer;
+  return status;
+}
+
+// What the action says about the new content. A content reference variable only names it: what it
+// names is fetched for the object, not for the variable.
+Status ReadContent(const Arguments& arguments, ContentBody& content) noexcept {
+  GenericValue value;
+  Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::LeaveOut, value);
+  if (status != Status::Done) return status;
+  content.IsReferenced = value.Kind == ValueKind::ContentReference;
+  if (!content.IsReferenced && value.Kind != ValueKind::OctetString) return Status::Refused;
+  content.Data = std::move(value.Octets);
+  if (!content.IsReferenced) return Status::Done;
+  status = ReadNumber(arguments, 1, content.Size);
+  return status == Status::Done ? ReadNumber(arguments, 2, content.CachePriority) : status;
+}
+
+Status TakeIncludedText(Text& text) noexcept {
+  const OctetString& content = text.Content.Data;
+  if (!text.TextData.Assign(content.View())) {
+    std::fputs("Can't allocate memory for TextData\n", stdout);
+  }
+  return Status::Done;
+}
+
+Status ShowText(Text& text) noexcept {
+  const Status status = text.Content.IsReferenced ? FetchText(text) : TakeIncludedText(text);
+  if (status == Status::Failure) return status;
+  if (IsGone(text)) return Status::Replaced;
+  return RedrawIfRunning(text);
+}
+
+}  // namespace
+
+Status FetchText(Text& text) noexcept {
+  OctetString bytes;
+  if (ResolveGroup(text.Content.Data.TextView(), bytes) != Status::Done) {
+    return RaiseEngineEvent(kContentError);
+  }
+  text.TextData = std::move(bytes);
+  return Status::Done;
+}
+
+Status SetData(const Arguments& arguments) noexcept {
+  ContentBody content;
+  const Status status = ReadContent(arguments, content);
+  if (status != Status::Done) return status;
+  auto& target = arguments.Target.As<Ingredient>();
+  target.Content = std::move(content);
+  switch (arguments.Target.Type) {
+  case ItemType::Text:
+  case ItemType::EntryField:
+  case ItemType::HyperText: return ShowText(arguments.Target.As<Text>());
+  case ItemType::Bitmap: return RedrawIfRunning(target);
+  default: return Status::Done;
+  }
+}
+
+}  // namespace korvel

@@ -1,0 +1,143 @@
+// Drawing on dynamic line art. Each action paints at once on the object's canvas, with the
+// attributes that the object has at that moment, and asks for a redraw; nothing else remembers what
+// was drawn.
+#include <algorithm>
+#include <cstdio>
+#include <limits>
+#include <span>
+
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+#include "presentation/presentation.h"
+
+namespace korvel {
+namespace {
+
+DynamicLineArt& TargetOf(const Arguments& arguments) noexcept {
+  return arguments.Target.As<DynamicLineArt>();
+}
+
+constexpr std::int32_t Narrow(std::int64_t number) noexcept {
+  constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(std::clamp(number, kLeast, kMost));
+}
+
+// How far the border pushes the drawable area, and with it the origin of what content draws, into
+// the box.
+std::int64_t BorderOf(const DynamicLineArt& lineArt) noexcept {
+  return lineArt.BorderedBoundingBox ? std::max(lineArt.LineWidth, 0) : 0;
+}
+
+CanvasPoint PointOf(const DynamicLineArt& lineArt, std::int32_t x, std::int32_t y) noexcept {
+  const std::int64_t border = BorderOf(lineArt);
+  return {Narrow(x - border), Narrow(y - border)};
+}
+
+LineAttributes LineOf(const DynamicLineArt& lineArt) noexcept {
+  return {lineArt.LineWidth, lineArt.LineStyle, LineColourOf(lineArt)};
+}
+
+// The canvas, made when it is first drawn on, limited to the drawable area. It keeps its size when
+// the box changes.
+Canvas* CanvasOf(DynamicLineArt& lineArt) noexcept {
+  const BoxSize& size = lineArt.BoxSize;
+  if (lineArt.Canvas == nullptr) lineArt.Canvas = NewCanvas(size.Width, size.Height);
+  const std::int64_t border = 2 * BorderOf(lineArt);
+  (void)ClipCanvas(Narrow(size.Width - border), Narrow(size.Height - border), lineArt.Canvas);
+  return lineArt.Canvas;
+}
+
+// Paints on a running object and shows the result.
+template <class Paint>
+Status Painted(const Arguments& arguments, Paint&& paint) noexcept {
+  DynamicLineArt& lineArt = TargetOf(arguments);
+  if (!lineArt.AvailabilityStatus || !lineArt.RunningStatus) return Status::Refused;
+  (void)paint(lineArt, CanvasOf(lineArt));
+  return RedrawIfRunning(lineArt);
+}
+
+Status PaintArc(const Arguments& arguments, ArcForm form) noexcept {
+  return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
+    const Colour fill = form == ArcForm::Sector ? FillColourOf(lineArt) : kTransparentColour;
+    return CanvasArc(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
+                     arguments.Integer(2), arguments.Integer(3), arguments.Integer(4),
+                     arguments.Integer(5), LineOf(lineArt), fill, form, canvas);
+  });
+}
+
+// Reads whole pairs of coordinates. An odd value at the end makes no point.
+Status ReadPoints(const Arguments& arguments, Sequence<CanvasPoint>& points) noexcept {
+  bool hasX = false;
+  std::int32_t x = 0;
+  for (const GenericValue& given : *arguments.Given) {
+    GenericValue value;
+    const Status status = ReadValueOfKind(arguments, &given, ValueKind::Integer, value);
+    if (status != Status::Done) return status;
+    hasX = !hasX;
+    if (hasX) {
+      x = value.Integer;
+    } else if (!points.Append(PointOf(TargetOf(arguments), x, value.Integer))) {
+      std::fputs("Can't allocate memory for Points\n", stdout);
+      return Status::Refused;
+    }
+  }
+  return Status::Done;
+}
+
+Status PaintPolygon(const Arguments& arguments) noexcept {
+  Sequence<CanvasPoint> points;
+  const Status status = ReadPoints(arguments, points);
+  if (status != Status::Done) return status;
+  return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
+    return CanvasPolygon(std::span(points.begin(), points.Size()), LineOf(lineArt),
+                         FillColourOf(lineArt), canvas);
+  });
+}
+
+}  // namespace
+
+// The whole canvas becomes blank, in the fill colour that the content gave; the current colours
+// stay as they are.
+Status ClearDrawing(const Arguments& arguments) noexcept {
+  DynamicLineArt& lineArt = TargetOf(arguments);
+  if (!lineArt.AvailabilityStatus) return Status::Refused;
+  (void)ClearCanvas(OriginalFillColourOf(lineArt), CanvasOf(lineArt));
+  return RedrawIfRunning(lineArt);
+}
+
+Status DrawArc(const Arguments& arguments) noexcept { return PaintArc(arguments, ArcForm::Arc); }
+
+Status DrawSector(const Arguments& arguments) noexcept {
+  return PaintArc(arguments, ArcForm::Sector);
+}
+
+Status DrawLine(const Arguments& arguments) noexcept {
+  return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
+    return CanvasLine(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
+                      PointOf(lineArt, arguments.Integer(2), arguments.Integer(3)), LineOf(lineArt),
+                      canvas);
+  });
+}
+
+Status DrawRectangle(const Arguments& arguments) noexcept {
+  return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
+    return CanvasRectangle(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
+                           PointOf(lineArt, arguments.Integer(2), arguments.Integer(3)),
+                           LineOf(lineArt), FillColourOf(lineArt), canvas);
+  });
+}
+
+Status DrawOval(const Arguments& arguments) noexcept {
+  return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
+    return CanvasOval(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
+                      arguments.Integer(2), arguments.Integer(3), FillColourOf(lineArt), canvas);
+  });
+}
+
+Status DrawPolygon(const Arguments& arguments) noexcept { return PaintPolygon(arguments); }
+
+// A polyline is closed and filled like a polygon.
+Status DrawPolyline(const Arguments& arguments) noexcept { return PaintPolygon(arguments); }
+
+}  // namespace korvel

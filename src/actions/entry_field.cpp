@@ -1,0 +1,157 @@
+// Entry fields: the entry point, the overwrite mode, and what the viewer's keys enter.
+#include <cstdio>
+#include <utility>
+
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+#include "actions/interaction.h"
+#include "actions/lifecycle.h"
+
+namespace korvel {
+namespace {
+
+// The numbers of the field's input types; any other type takes digits as well.
+constexpr std::int32_t kAlphaInput = 1;
+constexpr std::int32_t kListedInput = 4;
+
+// Content that asks for a text longer than this, by an entry point far beyond its end, is out of
+// memory.
+constexpr std::size_t kLongestText = std::size_t{16} * 1024 * 1024;
+
+EntryField& TargetOf(const Arguments& arguments) noexcept {
+  return arguments.Target.As<EntryField>();
+}
+
+std::size_t EntryPlace(const EntryField& field) noexcept {
+  return static_cast<std::size_t>(field.EntryPoint);
+}
+
+// Where a character goes that has to follow the text without a gap.
+std::size_t PlaceInText(const EntryField& field) noexcept {
+  const std::size_t length = field.TextData.Length();
+  return EntryPlace(field) < length ? EntryPlace(field) : length;
+}
+
+// Adds zero bytes until the text is `length` long. False when memory is out.
+bool Pad(OctetString& text, std::size_t length) noexcept {
+  constexpr char kZeros[64] = {};
+  while (text.Length() < length) {
+    const std::size_t missing = length - text.Length();
+    if (!text.Append({kZeros, missing < sizeof kZeros ? missing : sizeof kZeros})) return false;
+  }
+  return true;
+}
+
+// Writes the character at `place` in place of `replaced` bytes (0 or 1) and moves the entry point
+// behind it.
+Status Write(EntryField& field, std::size_t place, std::size_t replaced, char character) noexcept {
+  const std::string_view text = field.TextData.View();
+  const std::string_view before = text.substr(0, place < text.size() ? place : text.size());
+  const std::size_t behind = place + replaced;
+  OctetString grown;
+  const bool isWritten = place < kLongestText && grown.Assign(before) && Pad(grown, place) &&
+                         grown.Append({&character, 1}) &&
+                         (behind >= text.size() || grown.Append(text.substr(behind)));
+  if (!isWritten) {
+    std::fputs(text.empty() ? "Can't allocate memory for TextData\n"
+                            : "Can't allocate memory for NewStr\n",
+               stdout);
+    return Status::Failure;
+  }
+  field.TextData = std::move(grown);
+  field.EntryPoint = static_cast<std::int32_t>(place + 1);
+  return RedrawIfRunning(field);
+}
+
+Status Insert(EntryField& field, char character) noexcept {
+  return Write(field, PlaceInText(field), 0, character);
+}
+
+Status RefuseCharacter(EntryField& field) noexcept {
+  return RaiseFrom(field, EventType::EntryFieldFull);
+}
+
+Status EnterByInserting(EntryField& field, char character) noexcept {
+  if (field.MaxLength == 0) {
+    const bool isLineEnd = character == '\r' || character == '\n';
+    return isLineEnd ? EndInteraction(field, field) : Insert(field, character);
+  }
+  // One place stays free: a field of four takes three characters.
+  const auto maxLength = static_cast<std::size_t>(field.MaxLength);
+  if (field.TextData.Length() + 1 >= maxLength) return RefuseCharacter(field);
+  return Insert(field, character);
+}
+
+Status EnterByOverwriting(EntryField& field, char character) noexcept {
+  if (field.MaxLength == 0) return Write(field, PlaceInText(field), 1, character);
+  if (field.EntryPoint >= field.MaxLength) return RefuseCharacter(field);
+  return Write(field, EntryPlace(field), 1, character);
+}
+
+bool TakesDigit(const EntryField& field, char digit) noexcept {
+  switch (field.InputType) {
+  case kAlphaInput: return false;
+  case kListedInput: return field.CharList.View().find(digit) != std::string_view::npos;
+  default: return true;
+  }
+}
+
+// Moves the entry point by one place within the text.
+Status MoveEntryPoint(EntryField& field, int step) noexcept {
+  const auto place = static_cast<std::int32_t>(PlaceInText(field));
+  const auto length = static_cast<std::int32_t>(field.TextData.Length());
+  const std::int32_t moved = place + step;
+  field.EntryPoint = moved < 0 ? 0 : moved > length ? length : moved;
+  return RedrawIfRunning(field);
+}
+
+Status Complete(EntryField& field) noexcept {
+  const bool completesByCharacter = !field.OverwriteMode && field.MaxLength == 0;
+  return completesByCharacter ? EnterCharacter(field, '\r') : EndInteraction(field, field);
+}
+
+}  // namespace
+
+Status EnterCharacter(EntryField& field, char character) noexcept {
+  if (field.MaxLength < 0) return Status::Refused;
+  return field.OverwriteMode ? EnterByOverwriting(field, character)
+                             : EnterByInserting(field, character);
+}
+
+bool TakeKey(EntryField& field, std::int32_t key, Status& result) noexcept {
+  if (key >= keys::kDigit0 && key <= keys::kDigit9) {
+    const char digit = static_cast<char>('0' + (key - keys::kDigit0));
+    if (!TakesDigit(field, digit)) return false;
+    result = EnterCharacter(field, digit);
+    return true;
+  }
+  switch (key) {
+  case keys::kLeft: result = MoveEntryPoint(field, -1); return true;
+  case keys::kRight: result = MoveEntryPoint(field, 1); return true;
+  case keys::kSelect: result = Complete(field); return true;
+  case keys::kCancel: result = EndInteraction(field, field); return true;
+  default: return false;
+  }
+}
+
+Status GetEntryPoint(const Arguments& arguments) noexcept {
+  return AnswerInteger(arguments, 0, TargetOf(arguments).EntryPoint);
+}
+
+// How far the entry point may lie behind the text is not checked here.
+Status SetEntryPoint(const Arguments& arguments) noexcept {
+  if (arguments.Integer(0) < 0) return Status::Refused;
+  TargetOf(arguments).EntryPoint = arguments.Integer(0);
+  return RedrawIfRunning(TargetOf(arguments));
+}
+
+Status GetOverwriteMode(const Arguments& arguments) noexcept {
+  return AnswerBoolean(arguments, 0, TargetOf(arguments).OverwriteMode);
+}
+
+Status SetOverwriteMode(const Arguments& arguments) noexcept {
+  TargetOf(arguments).OverwriteMode = arguments.Boolean(0);
+  return Status::Done;
+}
+
+}  // namespace korvel

@@ -1,0 +1,33 @@
+// Highlight and interaction, and the keys that an interaction in progress takes. Each class says in
+// its own file which keys it uses; one that it does not use goes on to the scene.
+#pragma once
+
+#include <cstdint>
+
+#include "objects/status.h"
+#include "objects/visibles.h"
+
+namespace korvel {
+
+// The numbers of the keys that interactions use.
+namespace keys {
+inline constexpr std::int32_t kUp = 1;
+inline constexpr std::int32_t kDown = 2;
+inline constexpr std::int32_t kLeft = 3;
+inline constexpr std::int32_t kRight = 4;
+inline constexpr std::int32_t kDigit0 = 5;
+inline constexpr std::int32_t kDigit9 = 14;
+inline constexpr std::int32_t kSelect = 15;
+inline constexpr std::int32_t kCancel = 16;
+}  // namespace keys
+
+// Give a key to an object. False when the object does not use the key; else `result` is what it led
+// to.
+[[nodiscard]] bool TakeKey(EntryField& field, std::int32_t key, Status& result) noexcept;
+[[nodiscard]] bool TakeKey(HyperText& text, std::int32_t key, Status& result) noexcept;
+[[nodiscard]] bool TakeKey(Slider& slider, std::int32_t key, Status& result) noexcept;
+
+// Enters one character into an entry field by the rules of its mode and maximum length.
+Status EnterCharacter(EntryField& field, char character) noexcept;
+
+}  // namespace korvel

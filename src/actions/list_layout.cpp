@@ -1,0 +1,152 @@
+// The layout of list groups, and their coming to life. Items are known by reference and looked up
+// at each use: what they refer to may belong to a scene that has ended, and is then passed over.
+#include "actions/list_layout.h"
+
+#include <algorithm>
+
+#include "actions/answers.h"
+#include "actions/class_variables.h"
+#include "actions/lifecycle.h"
+
+namespace korvel {
+namespace {
+
+// Holds redraws back while items are placed one by one.
+class HeldRedraws {
+ public:
+  HeldRedraws() noexcept { ++CurrentClassVariables().layoutsInProgress; }
+  ~HeldRedraws() { --CurrentClassVariables().layoutsInProgress; }
+  HeldRedraws(const HeldRedraws&) = delete;
+  HeldRedraws& operator=(const HeldRedraws&) = delete;
+};
+
+// The first item to be given a cell. Items before the first one do not exist.
+std::int32_t StartItem(const ListGroup& group) noexcept {
+  return std::max(EffectiveFirstItem(group), 1);
+}
+
+// Puts an item's visible into a cell.
+Status Place(ListGroup& group, ListItem& item, const Position& cell) noexcept {
+  item.IsPresented = true;
+  const FoundObject found = Find(AskerFor(group), item.AVisible);
+  if (!IsVisibleClass(found.Type)) return Status::Done;
+  auto& visible = found.As<Visible>();
+  if (Prepare(found.Type, visible) == Change::Failure) return Status::Failure;
+  if (IsGone(group)) return Status::Replaced;
+  if (IsGone(visible)) return Status::Done;
+  visible.Position = cell;
+  visible.RunningStatus = true;
+  const Application* application = CurrentApplication();
+  const bool isEntered = application != nullptr &&
+                         StackContains(*application, ItemType::None, visible) == Status::Done;
+  if (isEntered) return Status::Done;
+  const Status status = EnterDisplayStack(found.Type, visible);
+  return status == Status::Failure ? status : Status::Done;
+}
+
+void WithdrawUnplaced(ListGroup& group) noexcept {
+  const std::int32_t count = ItemCount(group);
+  const std::int32_t cells = CellCount(group);
+  std::int32_t cell = 1 - StartItem(group);  // the first item's, counted from 0
+  for (ListItem& item : group.ItemList) {
+    const std::int32_t wrapped = cell < 0 && group.WrapAround ? cell + count : cell;
+    if (wrapped < 0 || wrapped >= cells) Withdraw(group, item);
+    ++cell;
+  }
+}
+
+// The list is read anew for each cell: preparing a visible may run actions that change it.
+Status PlaceItems(ListGroup& group) noexcept {
+  std::int32_t cell = 1;
+  for (const Position& position : group.Positions) {
+    ListItem* item = ItemAt(group, ItemInCell(group, cell++));
+    if (item == nullptr) continue;
+    const Status status = Place(group, *item, position);
+    if (status != Status::Done) return status;
+  }
+  return Status::Done;
+}
+
+constexpr Change ChangeOf(Status status) {
+  return status == Status::Failure ? Change::Failure : Change::Changed;
+}
+
+}  // namespace
+
+std::int32_t ItemCount(const ListGroup& group) noexcept {
+  return static_cast<std::int32_t>(group.ItemList.Size());
+}
+
+std::int32_t CellCount(const ListGroup& group) noexcept {
+  return static_cast<std::int32_t>(group.Positions.Size());
+}
+
+ListItem* ItemAt(ListGroup& group, std::int32_t place) noexcept {
+  return place < 1 ? nullptr : group.ItemList.At(static_cast<std::size_t>(place) - 1);
+}
+
+std::int32_t PlaceOf(const ListGroup& group, const ObjectReference& object) noexcept {
+  std::int32_t place = 0;
+  for (const ListItem& item : group.ItemList) {
+    ++place;
+    if (item.AVisible.Number == object.Number &&
+        WithoutTilde(item.AVisible.GroupIdentifier.View()) ==
+            WithoutTilde(object.GroupIdentifier.View())) {
+      return place;
+    }
+  }
+  return 0;
+}
+
+std::int32_t EffectiveFirstItem(const ListGroup& group) noexcept {
+  const std::int32_t count = ItemCount(group);
+  if (!group.WrapAround || count == 0) return group.FirstItem;
+  const std::int32_t first = group.FirstItem % count;
+  return first == 0 ? count : first;
+}
+
+std::int32_t ItemInCell(const ListGroup& group, std::int32_t cell) noexcept {
+  const std::int32_t count = ItemCount(group);
+  if (cell < 1 || cell > count) return 0;
+  const std::int64_t place = std::int64_t{StartItem(group)} + cell - 1;
+  if (place <= count) return static_cast<std::int32_t>(place);
+  return group.WrapAround ? static_cast<std::int32_t>(place - count) : 0;
+}
+
+Status LayOut(ListGroup& group) noexcept {
+  if (group.Positions.IsEmpty()) return Status::Done;
+  {
+    const HeldRedraws held;
+    WithdrawUnplaced(group);
+    const Status status = PlaceItems(group);
+    if (status != Status::Done) return status;
+  }
+  return RedrawIfRunning(group);
+}
+
+void Withdraw(const ListGroup& group, ListItem& item) noexcept {
+  item.IsPresented = false;
+  const FoundObject found = Find(AskerFor(group), item.AVisible);
+  if (!IsVisibleClass(found.Type)) return;
+  found.Object->RunningStatus = false;
+  LeaveDisplayStack(found.Type, found.As<Ingredient>());
+}
+
+Change ActivateListGroup(ListGroup& group) noexcept {
+  group.RunningStatus = true;
+  const Status status = LayOut(group);
+  if (status != Status::Done) return ChangeOf(status);
+  return ChangeOf(
+      RaiseFrom(group, EventType::TokenMovedTo, EventData::Integer(group.TokenPosition)));
+}
+
+Change DeactivateListGroup(ListGroup& group) noexcept {
+  group.RunningStatus = false;
+  const Status status =
+      RaiseFrom(group, EventType::TokenMovedFrom, EventData::Integer(group.TokenPosition));
+  if (status != Status::Done) return ChangeOf(status);
+  for (ListItem& item : group.ItemList) Withdraw(group, item);
+  return ChangeOf(RequestRedraw());
+}
+
+}  // namespace korvel

@@ -1,0 +1,119 @@
+// Selecting the items of list groups. Every event may change the list, so items are known by
+// reference and their places are counted anew when they are told.
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+#include "actions/list_layout.h"
+
+namespace korvel {
+namespace {
+
+ListGroup& TargetOf(const Arguments& arguments) noexcept {
+  return arguments.Target.As<ListGroup>();
+}
+
+// The item that an action's index means; null when it means none. A list that wraps around counts
+// on from its other end, but an index far below it means the first item.
+ListItem* IndexedItem(ListGroup& group, std::int32_t index) noexcept {
+  const std::int32_t count = ItemCount(group);
+  if (count == 0) return nullptr;
+  if (!group.WrapAround) return ItemAt(group, index);
+  const std::int32_t place = index % count;
+  if (place == 0) return ItemAt(group, count);
+  return ItemAt(group, place < 0 ? 1 : place);
+}
+
+// The item that the action's first parameter means, while the group is running.
+ListItem* TargetItem(const Arguments& arguments) noexcept {
+  ListGroup& group = TargetOf(arguments);
+  return group.RunningStatus ? IndexedItem(group, arguments.Integer(0)) : nullptr;
+}
+
+// The item that holds the token: what Select and Deselect mean, which name none.
+ListItem* TokenItem(const Arguments& arguments) noexcept {
+  ListGroup& group = TargetOf(arguments);
+  return group.RunningStatus ? ItemAt(group, group.TokenPosition) : nullptr;
+}
+
+Status DeselectListItem(ListGroup& group, ListItem& item) noexcept {
+  if (!item.IsSelected) return Status::Refused;
+  item.IsSelected = false;
+  return RaiseFrom(group, EventType::ItemDeselected,
+                   EventData::Integer(PlaceOf(group, item.AVisible)));
+}
+
+// The references of all selected items, in their order. False when memory is out.
+bool CollectSelected(const ListGroup& group, List<ObjectReference>& selected) noexcept {
+  for (const ListItem& item : group.ItemList) {
+    ObjectReference reference;
+    if (!item.IsSelected) continue;
+    if (!Copy(item.AVisible, reference)) return false;
+    if (selected.Append(std::move(reference)) == nullptr) return false;
+  }
+  return true;
+}
+
+Status DeselectAll(ListGroup& group, const List<ObjectReference>& selected) noexcept {
+  for (const ObjectReference& reference : selected) {
+    ListItem* item = ItemAt(group, PlaceOf(group, reference));
+    if (item == nullptr) continue;
+    const Status status = DeselectListItem(group, *item);
+    if (status == Status::Failure || status == Status::Replaced) return status;
+  }
+  return Status::Done;
+}
+
+Status SelectListItem(ListGroup& group, ListItem& item) noexcept {
+  if (item.IsSelected) return Status::Refused;
+  ObjectReference chosen;
+  List<ObjectReference> others;
+  if (!Copy(item.AVisible, chosen) || !CollectSelected(group, others)) return Status::Failure;
+  item.IsSelected = true;
+  if (!group.MultipleSelection) {
+    const Status status = DeselectAll(group, others);
+    if (status != Status::Done) return status;
+  }
+  const std::int32_t place = PlaceOf(group, chosen);
+  if (place == 0) return Status::Done;  // a link of ItemDeselected has removed it
+  return RaiseFrom(group, EventType::ItemSelected, EventData::Integer(place));
+}
+
+}  // namespace
+
+Status Select(const Arguments& arguments) noexcept {
+  ListItem* item = TokenItem(arguments);
+  return item == nullptr ? Status::Refused : SelectListItem(TargetOf(arguments), *item);
+}
+
+Status Deselect(const Arguments& arguments) noexcept {
+  ListItem* item = TokenItem(arguments);
+  return item == nullptr ? Status::Refused : DeselectListItem(TargetOf(arguments), *item);
+}
+
+Status SelectItem(const Arguments& arguments) noexcept {
+  ListItem* item = TargetItem(arguments);
+  return item == nullptr ? Status::Refused : SelectListItem(TargetOf(arguments), *item);
+}
+
+Status DeselectItem(const Arguments& arguments) noexcept {
+  ListItem* item = TargetItem(arguments);
+  return item == nullptr ? Status::Refused : DeselectListItem(TargetOf(arguments), *item);
+}
+
+Status ToggleItem(const Arguments& arguments) noexcept {
+  ListItem* item = TargetItem(arguments);
+  if (item == nullptr) return Status::Refused;
+  ListGroup& group = TargetOf(arguments);
+  return item->IsSelected ? DeselectListItem(group, *item) : SelectListItem(group, *item);
+}
+
+Status GetItemStatus(const Arguments& arguments) noexcept {
+  const ListItem* item = TargetItem(arguments);
+  return item == nullptr ? Status::Refused : AnswerBoolean(arguments, 1, item->IsSelected);
+}
+
+Status GetListItem(const Arguments& arguments) noexcept {
+  const ListItem* item = TargetItem(arguments);
+  return item == nullptr ? Status::Refused : AnswerReference(arguments, 1, item->AVisible);
+}
+
+}  // namespace korvel

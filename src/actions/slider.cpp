@@ -1,0 +1,113 @@
+// Sliders: stepping, setting and asking for their value and portion, by actions and by keys.
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+#include "actions/interaction.h"
+#include "actions/lifecycle.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::int32_t kProportional = 3;  // the slider style that has a portion
+
+Slider& TargetOf(const Arguments& arguments) noexcept { return arguments.Target.As<Slider>(); }
+
+bool IsProportional(const Slider& slider) noexcept { return slider.SliderStyle == kProportional; }
+
+// Content may give any numbers: sums and products of them are worked in 64 bits.
+constexpr std::int64_t Wide(std::int32_t number) noexcept { return number; }
+
+// Only a proportional slider has a portion; every action on the others' values makes it 0.
+void DropUnusedPortion(Slider& slider) noexcept {
+  if (!IsProportional(slider)) slider.Portion = 0;
+}
+
+Status ShowChange(Slider& slider) noexcept {
+  const Status status = RedrawIfRunning(slider);
+  return status == Status::Done ? RaiseFrom(slider, EventType::InteractionCompleted) : status;
+}
+
+Status Step(Slider& slider, std::int32_t steps) noexcept {
+  if (!slider.AvailabilityStatus) return Status::Refused;
+  DropUnusedPortion(slider);
+  const std::int64_t value = Wide(steps) * slider.StepSize + slider.SliderValue;
+  if (value < slider.MinValue || value + slider.Portion > slider.MaxValue) return Status::Refused;
+  slider.SliderValue = static_cast<std::int32_t>(value);
+  return ShowChange(slider);
+}
+
+// The keys along the bar: the one towards its growing end, and the other.
+struct StepKeys {
+  std::int32_t Up = 0;
+  std::int32_t Down = 0;
+};
+
+constexpr StepKeys KeysOf(std::int32_t orientation) noexcept {
+  switch (orientation) {
+  case 1: return {keys::kRight, keys::kLeft};
+  case 2: return {keys::kLeft, keys::kRight};
+  case 3: return {keys::kDown, keys::kUp};
+  case 4: return {keys::kUp, keys::kDown};
+  default: return {};
+  }
+}
+
+}  // namespace
+
+bool TakeKey(Slider& slider, std::int32_t key, Status& result) noexcept {
+  const StepKeys steps = KeysOf(slider.Orientation);
+  if (key == keys::kSelect || key == keys::kCancel) {
+    result = EndInteraction(slider, slider);
+  } else if (key == steps.Up) {
+    result = Step(slider, 1);
+  } else if (key == steps.Down) {
+    result = Step(slider, -1);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+Status StepSlider(const Arguments& arguments) noexcept {
+  return Step(TargetOf(arguments), arguments.Integer(0));
+}
+
+Status SetSliderValue(const Arguments& arguments) noexcept {
+  Slider& slider = TargetOf(arguments);
+  if (!slider.AvailabilityStatus) return Status::Refused;
+  DropUnusedPortion(slider);
+  const std::int32_t value = arguments.Integer(0);
+  if (value < slider.MinValue || value > Wide(slider.MaxValue) - slider.Portion) {
+    return Status::Refused;
+  }
+  if (slider.StepSize == 0 || (Wide(value) - slider.MinValue) % slider.StepSize != 0) {
+    return Status::Refused;
+  }
+  slider.SliderValue = value;
+  return ShowChange(slider);
+}
+
+Status GetSliderValue(const Arguments& arguments) noexcept {
+  const Slider& slider = TargetOf(arguments);
+  if (!slider.AvailabilityStatus) return Status::Refused;
+  return AnswerInteger(arguments, 0, slider.SliderValue);
+}
+
+// There is no lower bound.
+Status SetPortion(const Arguments& arguments) noexcept {
+  Slider& slider = TargetOf(arguments);
+  if (!slider.AvailabilityStatus) return Status::Refused;
+  DropUnusedPortion(slider);
+  const std::int32_t portion = arguments.Integer(0);
+  const bool isTooLarge = portion > Wide(slider.MaxValue) - slider.SliderValue;
+  if (!IsProportional(slider) || isTooLarge) return Status::Refused;
+  slider.Portion = portion;
+  return ShowChange(slider);
+}
+
+Status GetPortion(const Arguments& arguments) noexcept {
+  const Slider& slider = TargetOf(arguments);
+  if (!slider.AvailabilityStatus || !IsProportional(slider)) return Status::Refused;
+  return AnswerInteger(arguments, 0, slider.Portion);
+}
+
+}  // namespace korvel

@@ -1,0 +1,90 @@
+// Streams, which run and stop together with their components, and the actions on audio and video.
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+#include "actions/lifecycle.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::int32_t kAbsentPosition = -1;
+
+// Runs or stops components in their order. Done as long as the stream is there to go on with.
+template <class Selects, class Handle>
+Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) noexcept {
+  for (const Item& component : stream.Multiplex) {
+    if (!selects(*component.Record())) continue;
+    const Status status = handle(component.Type(), *component.Record());
+    if (status == Status::Failure) return status;
+    if (IsGone(stream)) return Status::Replaced;
+  }
+  return Status::Done;
+}
+
+// Takes the stream itself to its new status, unless an event of a component has done so already.
+Change FinishChange(Stream& stream, Status components, bool isRunning) noexcept {
+  if (components == Status::Failure) return Change::Failure;
+  if (components == Status::Replaced) return Change::Changed;
+  if (stream.RunningStatus == isRunning) return Change::Nothing;
+  stream.RunningStatus = isRunning;
+  return Change::Changed;
+}
+
+}  // namespace
+
+Change ActivateStream(Stream& stream) noexcept {
+  const Status status = ForComponents(
+      stream, [](const Ingredient& component) { return component.InitiallyActive; }, RunIngredient);
+  return FinishChange(stream, status, true);
+}
+
+Change DeactivateStream(Stream& stream) noexcept {
+  const Status status = ForComponents(
+      stream, [](const Ingredient&) { return true; }, StopIngredient);
+  return FinishChange(stream, status, false);
+}
+
+// The absent position takes an existing trigger away, but is entered like any other for a new one.
+Status SetCounterTrigger(const Arguments& arguments) noexcept {
+  List<CounterTrigger>& triggers = arguments.Target.As<Stream>().CounterTriggers;
+  const std::int32_t identifier = arguments.Integer(0);
+  const std::int32_t position = arguments.IsPresent(1) ? arguments.Integer(1) : kAbsentPosition;
+  const auto isMeant = [identifier](const CounterTrigger& trigger) {
+    return trigger.Identifier == identifier;
+  };
+  for (CounterTrigger& trigger : triggers) {
+    if (!isMeant(trigger)) continue;
+    trigger.Position = position;
+    if (position == kAbsentPosition) triggers.RemoveFirst(isMeant);
+    return Status::Done;
+  }
+  return triggers.Append({identifier, position}) == nullptr ? Status::Failure : Status::Done;
+}
+
+Status SetVolume(const Arguments& arguments) noexcept {
+  arguments.Target.As<Audio>().Volume = arguments.Integer(0);
+  return Status::Done;
+}
+
+Status GetVolume(const Arguments& arguments) noexcept {
+  return AnswerInteger(arguments, 0, arguments.Target.As<Audio>().Volume);
+}
+
+Status ScaleVideo(const Arguments& arguments) noexcept {
+  auto& video = arguments.Target.As<Video>();
+  const BoxSize size{arguments.Integer(0), arguments.Integer(1)};
+  if (!video.AvailabilityStatus || size.Width < 0 || size.Height < 0) return Status::Refused;
+  video.ScaledSize = size;
+  return RedrawIfRunning(video);
+}
+
+Status SetVideoDecodeOffset(const Arguments& arguments) noexcept {
+  arguments.Target.As<Video>().DecodeOffset = {arguments.Integer(0), arguments.Integer(1)};
+  return Status::Done;
+}
+
+Status GetVideoDecodeOffset(const Arguments& arguments) noexcept {
+  const Position& offset = arguments.Target.As<Video>().DecodeOffset;
+  return AnswerPair(arguments, offset.X, offset.Y);
+}
+
+}  // namespace korvel

@@ -1,0 +1,60 @@
+// Reading the text of text objects, and the attributes with which it is drawn.
+#include <cstdio>
+#include <utility>
+
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+#include "actions/colours.h"
+
+namespace korvel {
+namespace {
+
+constexpr char kNoMemory[] = "Can't allocate memory for TextContentVar\n";
+
+Text& TargetOf(const Arguments& arguments) noexcept { return arguments.Target.As<Text>(); }
+
+}  // namespace
+
+// The content as decoded, whatever the object shows by now.
+Status GetTextContent(const Arguments& arguments) noexcept {
+  return AnswerOctets(arguments, 0, TargetOf(arguments).OriginalContent.Data.TextView(), kNoMemory);
+}
+
+// What the object shows. Every reading leaves its length on the standard output.
+Status GetTextData(const Arguments& arguments) noexcept {
+  const FoundObject variable = Find(arguments, arguments.Reference(0));
+  if (variable.Type != ItemType::OctetStringVariable) return Status::Refused;
+  const std::string_view text = TargetOf(arguments).TextData.View();
+  std::printf("%d\n", static_cast<int>(text.size()));
+  return AnswerOctets(arguments, 0, text, kNoMemory);
+}
+
+// A font name, or a Font object.
+Status SetFontRef(const Arguments& arguments) noexcept {
+  GenericValue value;
+  const Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::Fetch, value);
+  if (status != Status::Done) return status;
+  if (value.Kind != ValueKind::OctetString && value.Kind != ValueKind::ObjectReference) {
+    return Status::Refused;
+  }
+  FontBody& font = TargetOf(arguments).Font;
+  font.Kind = value.Kind;
+  font.Name = std::move(value.Octets);
+  font.Reference = std::move(value.Reference);
+  return Status::Done;
+}
+
+Status SetFontAttributes(const Arguments& arguments) noexcept {
+  return TargetOf(arguments).FontAttributes.Assign(arguments.Octets(0)) ? Status::Done
+                                                                        : Status::Failure;
+}
+
+Status SetTextColour(const Arguments& arguments) noexcept {
+  return ReadColour(arguments, TargetOf(arguments).TextColour);
+}
+
+Status SetBackgroundColour(const Arguments& arguments) noexcept {
+  return ReadColour(arguments, TargetOf(arguments).BackgroundColour);
+}
+
+}  // namespace korvel

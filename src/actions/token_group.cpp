@@ -1,0 +1,120 @@
+// Token groups: running and stopping their members, moving the token, and the action slots that go
+// with its place. A list group moves its token in the same way.
+#include <cstdio>
+
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+#include "actions/lifecycle.h"
+
+namespace korvel {
+namespace {
+
+TokenGroup& TargetOf(const Arguments& arguments) noexcept {
+  return arguments.Target.As<TokenGroup>();
+}
+
+// The value at a 1-based place; null below and past the list.
+template <class T>
+const T* AtPlace(const List<T>& list, std::int32_t place) noexcept {
+  return place < 1 ? nullptr : list.At(static_cast<std::size_t>(place) - 1);
+}
+
+Status MoveTokenTo(TokenGroup& group, std::int32_t position) noexcept {
+  if (position == group.TokenPosition) return Status::Refused;
+  const Status status =
+      RaiseFrom(group, EventType::TokenMovedFrom, EventData::Integer(group.TokenPosition));
+  if (status != Status::Done) return status;
+  group.TokenPosition = position;
+  return RaiseFrom(group, EventType::TokenMovedTo, EventData::Integer(position));
+}
+
+// Hands each member that is a visible to `handle`. Done as long as the group is there to go on
+// with.
+template <class Handle>
+Status ForMembers(TokenGroup& group, const char* message, Handle&& handle) noexcept {
+  for (const TokenGroupItem& item : group.TokenGroupItems) {
+    const FoundObject member = Find(AskerFor(group), item.AVisible);
+    if (!IsVisibleClass(member.Type)) {
+      std::fputs(message, stdout);
+      continue;
+    }
+    const Status status = handle(member.Type, member.As<Ingredient>());
+    if (status == Status::Failure) return status;
+    if (IsGone(group)) return Status::Replaced;
+  }
+  return Status::Done;
+}
+
+constexpr Change ChangeOf(Status status) {
+  return status == Status::Failure ? Change::Failure : Change::Changed;
+}
+
+}  // namespace
+
+Change ActivateTokenGroup(TokenGroup& group) noexcept {
+  const Status status = ForMembers(group, "TokenGroup Activation Error\n", RunIngredient);
+  if (status != Status::Done) return ChangeOf(status);
+  if (group.RunningStatus) return Change::Nothing;  // an event of a member has run it already
+  group.RunningStatus = true;
+  return ChangeOf(
+      RaiseFrom(group, EventType::TokenMovedTo, EventData::Integer(group.TokenPosition)));
+}
+
+Change DeactivateTokenGroup(TokenGroup& group) noexcept {
+  group.RunningStatus = false;
+  const Status status =
+      RaiseFrom(group, EventType::TokenMovedFrom, EventData::Integer(group.TokenPosition));
+  if (status != Status::Done) return ChangeOf(status);
+  return ChangeOf(ForMembers(group, "", StopIngredient));
+}
+
+Status Move(const Arguments& arguments) noexcept {
+  TokenGroup& group = TargetOf(arguments);
+  if (!group.RunningStatus) return Status::Refused;
+  const Movement* movement = AtPlace(group.MovementTable, arguments.Integer(0));
+  if (movement == nullptr) {
+    std::fputs("MovementIdentifier Error\n", stdout);
+    return Status::Refused;
+  }
+  if (group.TokenPosition < 1) return Status::Refused;
+  const std::int32_t* position = AtPlace(movement->Targets, group.TokenPosition);
+  if (position == nullptr) {
+    std::fputs("Element Error\n", stdout);
+    return Status::Failure;
+  }
+  return MoveTokenTo(group, *position);
+}
+
+// The position need not be one of a member.
+Status MoveTo(const Arguments& arguments) noexcept {
+  TokenGroup& group = TargetOf(arguments);
+  if (!group.RunningStatus) return Status::Refused;
+  return MoveTokenTo(group, arguments.Integer(0));
+}
+
+Status GetTokenPosition(const Arguments& arguments) noexcept {
+  const TokenGroup& group = TargetOf(arguments);
+  if (!group.RunningStatus) return Status::Refused;
+  return AnswerInteger(arguments, 0, group.TokenPosition);
+}
+
+Status CallActionSlot(const Arguments& arguments) noexcept {
+  const TokenGroup& group = TargetOf(arguments);
+  if (!group.RunningStatus) return Status::Refused;
+  const List<ActionSlot>* slots = &group.NoTokenActionSlots;
+  if (group.TokenPosition > 0) {
+    const TokenGroupItem* member = AtPlace(group.TokenGroupItems, group.TokenPosition);
+    if (member == nullptr) {
+      std::fputs("TokenGroupItem Error\n", stdout);
+      return Status::Failure;
+    }
+    slots = &member->ActionSlots;
+  }
+  const std::int32_t index = arguments.Integer(0);
+  const ActionSlot* slot = AtPlace(*slots, index < 1 ? 1 : index);
+  if (slot == nullptr || slot->IsNull) return Status::Refused;
+  const Asker asker = AskerFor(group);
+  return RunActions(asker.scope, {&slot->Actions, group.owner}, -1, asker.groupName);
+}
+
+}  // namespace korvel

@@ -1,0 +1,76 @@
+// The actions that every visible knows: its place in the stack, its position, box and palette. None
+// of them does anything while the visible is not available.
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+
+namespace korvel {
+namespace {
+
+Visible& TargetOf(const Arguments& arguments) noexcept { return arguments.Target.As<Visible>(); }
+
+// The object that a stacking action names besides its target; null when it is no ingredient.
+const Ingredient* FindReference(const Arguments& arguments) noexcept {
+  const FoundObject found = Find(arguments, arguments.Reference(0));
+  return found.Type < ItemType::Link ? nullptr : &found.As<Ingredient>();
+}
+
+}  // namespace
+
+Status BringTargetToFront(const Arguments& arguments) noexcept {
+  return BringToFront(arguments.Target.Type, TargetOf(arguments));
+}
+
+Status SendTargetToBack(const Arguments& arguments) noexcept {
+  return SendToBack(arguments.Target.Type, TargetOf(arguments));
+}
+
+Status PutTargetBefore(const Arguments& arguments) noexcept {
+  const Ingredient* reference = FindReference(arguments);
+  if (reference == nullptr) return Status::Refused;
+  return PutBefore(arguments.Target.Type, TargetOf(arguments), *reference);
+}
+
+Status PutTargetBehind(const Arguments& arguments) noexcept {
+  const Ingredient* reference = FindReference(arguments);
+  if (reference == nullptr) return Status::Refused;
+  return PutBehind(arguments.Target.Type, TargetOf(arguments), *reference);
+}
+
+Status SetPosition(const Arguments& arguments) noexcept {
+  Visible& visible = TargetOf(arguments);
+  if (!visible.AvailabilityStatus) return Status::Refused;
+  visible.Position = {arguments.Integer(0), arguments.Integer(1)};
+  return RedrawIfRunning(visible);
+}
+
+Status GetPosition(const Arguments& arguments) noexcept {
+  const Visible& visible = TargetOf(arguments);
+  if (!visible.AvailabilityStatus) return Status::Refused;
+  return AnswerPair(arguments, visible.Position.X, visible.Position.Y);
+}
+
+Status SetBoxSize(const Arguments& arguments) noexcept {
+  Visible& visible = TargetOf(arguments);
+  const BoxSize size{arguments.Integer(0), arguments.Integer(1)};
+  if (!visible.AvailabilityStatus || size.Width < 0 || size.Height < 0) return Status::Refused;
+  visible.BoxSize = size;
+  return RedrawIfRunning(visible);
+}
+
+Status GetBoxSize(const Arguments& arguments) noexcept {
+  const Visible& visible = TargetOf(arguments);
+  if (!visible.AvailabilityStatus) return Status::Refused;
+  return AnswerPair(arguments, visible.BoxSize.Width, visible.BoxSize.Height);
+}
+
+Status SetPaletteRef(const Arguments& arguments) noexcept {
+  Visible& visible = TargetOf(arguments);
+  if (!visible.AvailabilityStatus) return Status::Refused;
+  OptionalReference palette;
+  palette.IsPresent = true;
+  if (!Copy(arguments.Reference(0), palette.Reference)) return Status::Failure;
+  visible.PaletteRef = std::move(palette);
+  return RedrawIfRunning(visible);
+}
+
+}  // namespace korvel

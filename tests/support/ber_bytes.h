@@ -1,0 +1,62 @@
+// BER elements spelled out by hand, for tests: what a reader is given, without asking the writer
+// that the same tests examine. Elements stand behind each other by `+`.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "objects/decoded_group.h"
+#include "objects/status.h"
+
+namespace korvel::test {
+
+using Bytes = std::string;
+
+// One element with any identifier. `classBits` are the upper two bits of the first byte.
+Bytes Element(unsigned classBits, bool isConstructed, std::uint32_t number, const Bytes& content);
+
+// Universal types.
+Bytes Boolean(bool value);
+Bytes Integer(std::int64_t value);
+Bytes Enumerated(std::int64_t value);
+Bytes Octets(const Bytes& bytes);
+Bytes Null();
+Bytes Sequence(const Bytes& elements);
+// A reference to an object of a named group.
+Bytes External(const Bytes& group, std::int64_t number);
+
+// A context tag, primitive or holding elements.
+Bytes Primitive(std::uint32_t tag, const Bytes& content);
+Bytes Holding(std::uint32_t tag, const Bytes& elements);
+// The content bytes of an INTEGER, in the fewest that hold it.
+Bytes NumberContent(std::int64_t value);
+
+// An application or a scene with the name "~/g", number 0, and these attributes.
+Bytes ApplicationFile(const Bytes& attributes);
+Bytes SceneFile(const Bytes& attributes);
+
+// What decoding gave.
+struct Decoded {
+  Status status = Status::Refused;
+  OwnedGroup group;
+  bool isApplication = false;
+  std::size_t errorOffset = 0;
+
+  [[nodiscard]] bool IsDone() const { return status == Status::Done; }
+  // The record of an item, by its 0-based place.
+  template <class Record>
+  [[nodiscard]] Record& ItemAt(std::size_t index) const {
+    return group->Items.At(index)->template As<Record>();
+  }
+};
+
+// Decodes from a block of exactly these bytes, so that a sanitizer sees every step beyond them.
+Decoded Decode(const Bytes& bytes);
+
+// The bytes that the writer makes of a group; empty when it fails.
+Bytes Encode(const Group& group);
+
+// The bytes in hexadecimal, for messages.
+Bytes Hexadecimal(const Bytes& bytes);
+
+}  // namespace korvel::test

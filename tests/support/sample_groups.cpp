@@ -1,0 +1,268 @@
+// Filling records attribute by attribute along the tables.
+#include "support/sample_groups.h"
+
+#include <array>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <type_traits>
+
+#include "objects/action_table.h"
+#include "objects/equality.h"
+#include "objects/owned.h"
+
+namespace korvel::test {
+namespace {
+
+enum class Extent { Complete, Random };
+
+class GroupMaker {
+ public:
+  GroupMaker(std::uint32_t seed, Extent extent) : random_(seed), extent_(extent) {}
+
+  OwnedGroup Make(ItemType type) {
+    if (type == ItemType::Application) return MakeGroup<Application>();
+    return MakeGroup<Scene>();
+  }
+
+ private:
+  [[nodiscard]] bool IsComplete() const { return extent_ == Extent::Complete; }
+  std::uint32_t Below(std::uint32_t limit) { return static_cast<std::uint32_t>(random_() % limit); }
+  bool Sometimes() { return IsComplete() || Below(2) == 0; }
+  std::size_t SomeCount() { return IsComplete() ? 3 : Below(4); }
+
+  template <class Record>
+  OwnedGroup MakeGroup() {
+    OwnedGroup group(Owned<Record>::New().Release());
+    auto& record = static_cast<Record&>(*group.Get());
+    Require(record.Reference.GroupIdentifier.Assign("~/sample"));
+    FillAttributes(record);
+    return group;
+  }
+
+  // For a complete group, something else than the attribute's construction value.
+  template <class Record>
+  void FillAttributes(Record& record) {
+    const Record fresh;
+    ForEachAttribute<Record>([&](const auto& attribute) {
+      auto& field = record.*attribute.field;
+      using Field = std::remove_reference_t<decltype(field)>;
+      if (!Sometimes()) return;
+      if constexpr (IsDescribed<Field>) {
+        FillAttributes(field);
+      } else if constexpr (std::is_same_v<Field, List<Item>>) {
+        FillItems(MemberClasses<Record>{}, field);
+      } else {
+        do Fill(field, attribute.form);
+        while (IsComplete() && IsSame(field, fresh.*attribute.field));
+      }
+    });
+  }
+
+  template <class... Records>
+  void FillItems(Classes<Records...> classes, List<Item>& items) {
+    ForEachClass(classes, [&]<class Record>() {
+      if (!Sometimes()) return;
+      Item item = Item::New(Description<Record>::heading.type);
+      Fill(item.As<Record>().Reference, Form{});
+      FillAttributes(item.As<Record>());
+      Add(items, std::move(item));
+    });
+  }
+
+  void Fill(bool& field, const Form& /*form*/) { field = Below(2) == 0; }
+  void Fill(std::int32_t& field, const Form& form) {
+    constexpr std::array<std::int32_t, 12> edges = {0,    1,   -1,    127,    128,       -128,
+                                                    -129, 255, 32768, -32769, INT32_MAX, INT32_MIN};
+    if (!form.words.empty()) {
+      field = static_cast<std::int32_t>(1 + Below(static_cast<std::uint32_t>(form.words.size())));
+    } else {
+      field = Below(2) == 0 ? edges[Below(edges.size())] : static_cast<std::int32_t>(random_());
+    }
+  }
+  // Any bytes, zeros among them; now and then none at all, or enough for a longer length.
+  void Fill(OctetString& field, const Form& /*form*/) {
+    std::string bytes(Below(20) == 0 ? 300 : Below(9), ' ');
+    for (char& byte : bytes) byte = static_cast<char>(Below(256));
+    Require(field.Assign(bytes));
+  }
+  void Fill(ObjectReference& field, const Form& form) {
+    field = ObjectReference{};
+    if (Below(2) == 0) Fill(field.GroupIdentifier, form);
+    Fill(field.Number, Form{});
+  }
+  void Fill(OptionalReference& field, const Form& form) {
+    field.IsPresent = true;
+    Fill(field.Reference, form);
+  }
+  void Fill(ContentReference& field, const Form& form) { Fill(field.Path, form); }
+  void Fill(ColourValue& field, const Form& form) {
+    field = ColourValue{};
+    field.Kind = Below(2) == 0 ? ValueKind::Integer : ValueKind::OctetString;
+    if (field.Kind == ValueKind::Integer) Fill(field.Index, form);
+    if (field.Kind == ValueKind::OctetString) Fill(field.Absolute, form);
+  }
+  void Fill(FontBody& field, const Form& form) {
+    field = FontBody{};
+    field.Kind = Below(2) == 0 ? ValueKind::ObjectReference : ValueKind::OctetString;
+    if (field.Kind == ValueKind::ObjectReference) Fill(field.Reference, form);
+    if (field.Kind == ValueKind::OctetString) Fill(field.Name, form);
+  }
+  void Fill(ContentBody& field, const Form& form) {
+    field = ContentBody{};
+    Fill(field.Data, form);
+    field.IsReferenced = Below(2) == 0;
+    if (field.IsReferenced && Below(2) == 0) Fill(field.Size, Form{});
+    if (field.IsReferenced && Below(2) == 0) Fill(field.CachePriority, Form{});
+  }
+  // A link's event data.
+  void Fill(GenericValue& field, const Form& /*form*/) {
+    constexpr std::array kinds = {ValueKind::None, ValueKind::Boolean, ValueKind::Integer,
+                                  ValueKind::OctetString};
+    field = MakeValue(kinds[Below(kinds.size())]);
+  }
+  void Fill(ActionSlot& field, const Form& form) {
+    field.IsNull = Below(3) == 0;
+    if (!field.IsNull) Fill(field.Actions, form);
+  }
+  void Fill(Movement& field, const Form& form) { Fill(field.Targets, form); }
+  void Fill(ActionList& field, const Form& /*form*/) {
+    field.Clear();
+    const bool addsAll = IsComplete() && !hasAllActions_;
+    hasAllActions_ = true;
+    for (std::uint8_t number = 1; number <= kDecodedActionCount; ++number) {
+      if (addsAll || Below(kDecodedActionCount) < 2) Add(field, MakeAction(number, Values::Direct));
+      if (addsAll) Add(field, MakeAction(number, Values::Indirect));
+    }
+    if (field.IsEmpty() && IsComplete()) Add(field, MakeAction(1, Values::Direct));
+  }
+  template <IsSequence Record>
+  void Fill(Record& field, const Form& /*form*/) {
+    ForEachElement<Record>([&](const auto& element) { Fill(field.*element.field, element.form); });
+  }
+  template <class T>
+  void Fill(List<T>& field, const Form& form) {
+    field.Clear();
+    const std::size_t count = SomeCount();
+    for (std::size_t i = 0; i < count; ++i) {
+      T entry{};
+      Fill(entry, form);
+      Add(field, std::move(entry));
+    }
+  }
+
+  // ---- Actions ----
+
+  enum class Values { Direct, Indirect };
+
+  GenericValue MakeValue(ValueKind kind) {
+    GenericValue value;
+    value.Kind = kind;
+    if (kind == ValueKind::Boolean) Fill(value.Boolean, Form{});
+    if (kind == ValueKind::Integer) Fill(value.Integer, Form{});
+    if (kind == ValueKind::OctetString || kind == ValueKind::ContentReference) {
+      Fill(value.Octets, Form{});
+    }
+    if (kind == ValueKind::ObjectReference || kind == ValueKind::IndirectReference) {
+      Fill(value.Reference, Form{});
+    }
+    return value;
+  }
+
+  ElementaryAction MakeAction(std::uint8_t number, Values values) {
+    ElementaryAction action;
+    action.ActionType = number;
+    values_ = values;
+    AddValue(action, ValueKind::ObjectReference);
+    action.Target = std::move(*action.Parameters.At(0));
+    action.Parameters.Clear();
+    for (const Parameter place : FindAction(number)->Syntax()) {
+      if (!IsComplete() && Below(12) == 0) break;
+      AddPlace(action, place);
+    }
+    return action;
+  }
+
+  void AddValue(ElementaryAction& action, ValueKind kind) {
+    const bool isIndirect = values_ == Values::Indirect || (!IsComplete() && Below(4) == 0);
+    Add(action.Parameters, MakeValue(isIndirect ? ValueKind::IndirectReference : kind));
+  }
+  void AddSome(ElementaryAction& action, ValueKind kind, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) AddValue(action, kind);
+  }
+  void AddTyped(ElementaryAction& action, std::uint32_t choice) {
+    constexpr std::array kinds = {ValueKind::Boolean, ValueKind::Integer, ValueKind::OctetString,
+                                  ValueKind::ObjectReference, ValueKind::ContentReference};
+    AddValue(action, kinds[choice % kinds.size()]);
+  }
+  void AddIntegerOrNull(ElementaryAction& action) {
+    if (Below(2) == 0) {
+      Add(action.Parameters, GenericValue{});
+    } else {
+      AddValue(action, ValueKind::Integer);
+    }
+  }
+  void AddNewContent(ElementaryAction& action) {
+    if (Below(2) == 0) return AddValue(action, ValueKind::OctetString);
+    AddValue(action, ValueKind::ContentReference);
+    if (Sometimes()) {
+      AddIntegerOrNull(action);
+      if (Sometimes()) AddIntegerOrNull(action);
+    }
+  }
+
+  void AddPlace(ElementaryAction& action, Parameter place) {
+    switch (place) {
+    case Parameter::Integer:
+    case Parameter::EventNumber: return AddValue(action, ValueKind::Integer);
+    case Parameter::IntegerOrNull: return AddIntegerOrNull(action);
+    case Parameter::Boolean: return AddValue(action, ValueKind::Boolean);
+    case Parameter::Octets: return AddValue(action, ValueKind::OctetString);
+    case Parameter::Reference: return AddValue(action, ValueKind::ObjectReference);
+    case Parameter::Typed: return AddTyped(action, Below(5));
+    case Parameter::TypedList:
+      for (std::uint32_t i = 0; i < (IsComplete() ? 5 : Below(6)); ++i) AddTyped(action, i);
+      return;
+    case Parameter::References: return AddSome(action, ValueKind::ObjectReference, SomeCount());
+    case Parameter::Points: return AddSome(action, ValueKind::Integer, 2 * SomeCount());
+    case Parameter::Colour:
+      return AddValue(action, Below(2) == 0 ? ValueKind::Integer : ValueKind::OctetString);
+    case Parameter::FontChoice:
+      return AddValue(action, Below(2) == 0 ? ValueKind::ObjectReference : ValueKind::OctetString);
+    case Parameter::NewContent: return AddNewContent(action);
+    case Parameter::NewTimer:
+      AddValue(action, ValueKind::Integer);
+      if (Sometimes()) AddValue(action, ValueKind::Boolean);
+      return;
+    case Parameter::Speed:
+      AddValue(action, ValueKind::Integer);
+      if (Sometimes()) AddValue(action, ValueKind::Integer);
+      return;
+    }
+  }
+
+  template <class T>
+  static void Add(List<T>& list, T&& value) {
+    Require(list.Append(std::move(value)) != nullptr);
+  }
+  // These groups are made while no allocation is made to fail.
+  static void Require(bool isDone) {
+    if (!isDone) std::abort();
+  }
+
+  std::mt19937 random_;
+  Extent extent_;
+  Values values_ = Values::Direct;
+  bool hasAllActions_ = false;  // one list of a complete group has them; the others stay short
+};
+
+}  // namespace
+
+OwnedGroup MakeCompleteGroup(ItemType type) { return GroupMaker(1, Extent::Complete).Make(type); }
+
+OwnedGroup MakeRandomGroup(std::uint32_t seed) {
+  return GroupMaker(seed, Extent::Random)
+      .Make(seed % 2 == 0 ? ItemType::Application : ItemType::Scene);
+}
+
+}  // namespace korvel::test

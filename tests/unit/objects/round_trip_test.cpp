@@ -1,0 +1,119 @@
+// What the writer writes reads back as the same group, and is BER to an independent reader too.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <set>
+#include <string>
+
+#include "objects/equality.h"
+#include "objects/objects.h"
+#include "support/ber_bytes.h"
+#include "support/sample_groups.h"
+
+namespace korvel::test {
+namespace {
+
+void ExpectRoundTrip(const Group& group) {
+  const Bytes bytes = Encode(group);
+  ASSERT_FALSE(bytes.empty());
+  const Decoded decoded = Decode(bytes);
+  ASSERT_TRUE(decoded.IsDone()) << "at " << decoded.errorOffset;
+  EXPECT_TRUE(IsSame(group, *decoded.group.Get()));
+  EXPECT_EQ(Encode(*decoded.group.Get()), bytes);
+}
+
+TEST(RoundTrip, complete_application_reads_back_equal) {
+  ExpectRoundTrip(*MakeCompleteGroup(ItemType::Application).Get());
+}
+
+TEST(RoundTrip, complete_scene_reads_back_equal) {
+  ExpectRoundTrip(*MakeCompleteGroup(ItemType::Scene).Get());
+}
+
+TEST(RoundTrip, random_groups_read_back_equal) {
+  for (std::uint32_t seed = 0; seed < 500; ++seed) {
+    SCOPED_TRACE(seed);
+    ExpectRoundTrip(*MakeRandomGroup(seed).Get());
+    if (HasFatalFailure()) return;
+  }
+}
+
+TEST(RoundTrip, sample_has_every_item_class_and_every_action) {
+  const OwnedGroup group = MakeCompleteGroup(ItemType::Application);
+  std::set<ItemType> types;
+  for (const Item& item : group->Items) types.insert(item.Type());
+  EXPECT_EQ(types.size(), 26U);
+  std::set<int> actions;
+  for (const ElementaryAction& action : group->OnStartUp) actions.insert(action.ActionType);
+  EXPECT_EQ(actions.size(), 110U);
+}
+
+TEST(RoundTrip, a_changed_attribute_makes_groups_differ) {
+  const OwnedGroup one = MakeCompleteGroup(ItemType::Scene);
+  OwnedGroup other = MakeCompleteGroup(ItemType::Scene);
+  EXPECT_TRUE(IsSame(*one.Get(), *other.Get()));
+  other.AsScene().Items.At(25)->As<ListGroup>().MultipleSelection ^= true;
+  EXPECT_FALSE(IsSame(*one.Get(), *other.Get()));
+}
+
+TEST(Writer, attributes_at_their_construction_values_are_left_out) {
+  OwnedGroup group(Owned<Scene>::New().Release());
+  ASSERT_TRUE(group->Reference.GroupIdentifier.Assign("~/g"));
+  EXPECT_EQ(Encode(*group.Get()), SceneFile(""));
+}
+
+TEST(Writer, attributes_that_a_class_must_have_are_always_written) {
+  OwnedGroup group(Owned<Scene>::New().Release());
+  ASSERT_TRUE(group->Reference.GroupIdentifier.Assign("~/g"));
+  ASSERT_NE(group->Items.Append(Item::New(ItemType::BooleanVariable)), nullptr);
+  const Bytes variable = Integer(0) + Holding(67, Boolean(false));
+  EXPECT_EQ(Encode(*group.Get()), SceneFile(Holding(8, Holding(15, variable))));
+}
+
+TEST(Writer, extension_actions_cannot_be_written) {
+  OwnedGroup group(Owned<Scene>::New().Release());
+  ElementaryAction action;
+  action.ActionType = 111;
+  ASSERT_NE(group->OnStartUp.Append(std::move(action)), nullptr);
+  EXPECT_EQ(Encode(*group.Get()), "");
+}
+
+// What openssl says of the bytes, or an empty string when it does not accept them.
+std::string ParseWithOpenssl(const Bytes& bytes, const std::string& name) {
+  const std::string path = testing::TempDir() + name + ".ber";
+  std::ofstream(path, std::ios::binary) << bytes;
+  const std::string command = "timeout 20 openssl asn1parse -inform DER -in '" + path + "' 2>&1";
+  std::string text;
+  FILE* output = popen(command.c_str(), "r");
+  if (output == nullptr) return {};
+  for (int c = std::fgetc(output); c != EOF; c = std::fgetc(output)) text += static_cast<char>(c);
+  const int status = pclose(output);
+  std::remove(path.c_str());
+  if (status != 0) ADD_FAILURE() << text;
+  return status == 0 ? text : std::string{};
+}
+
+TEST(IndependentReader, accepts_every_class_and_every_action) {
+  const OwnedGroup group = MakeCompleteGroup(ItemType::Application);
+  const std::string text = ParseWithOpenssl(Encode(*group.Get()), "complete_application");
+  for (int tag = 9; tag <= 34; ++tag) {
+    EXPECT_NE(text.find("cont [ " + std::to_string(tag) + " ]"), std::string::npos) << tag;
+  }
+  for (int tag = 115; tag <= 224; ++tag) {
+    EXPECT_NE(text.find("cont [ " + std::to_string(tag) + " ]"), std::string::npos) << tag;
+  }
+}
+
+TEST(IndependentReader, accepts_a_complete_scene_and_random_groups) {
+  const OwnedGroup scene = MakeCompleteGroup(ItemType::Scene);
+  EXPECT_NE(ParseWithOpenssl(Encode(*scene.Get()), "complete_scene"), "");
+  for (std::uint32_t seed = 0; seed < 20; ++seed) {
+    const OwnedGroup group = MakeRandomGroup(seed);
+    EXPECT_NE(ParseWithOpenssl(Encode(*group.Get()), "random" + std::to_string(seed)), "") << seed;
+  }
+}
+
+}  // namespace
+}  // namespace korvel::test

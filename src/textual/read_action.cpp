@@ -59,15 +59,23 @@ bool AddReferences(TextReader& reader, Parameters& parameters) noexcept {
   return true;
 }
 
+// A point without its second coordinate is read, because BER can hold one.
+bool AddPoint(TextReader& reader, Parameters& parameters) noexcept {
+  const Token begin = reader.Next();
+  if (!reader.Expect(kOpenParenthesis, "(") ||
+      !AddGeneric(reader, ValueKind::Integer, parameters)) {
+    return false;
+  }
+  const bool isComplete = !reader.IsAt(kCloseParenthesis);
+  const bool isTaken = isComplete ? AddGeneric(reader, ValueKind::Integer, parameters)
+                                  : reader.NoteMissing(begin, "a point", "its y coordinate");
+  return isTaken && reader.Expect(kCloseParenthesis, ")");
+}
+
 bool AddPoints(TextReader& reader, Parameters& parameters) noexcept {
   if (!reader.Expect(kOpenParenthesis, "(")) return false;
   while (!reader.Take(kCloseParenthesis)) {
-    if (!reader.Expect(kOpenParenthesis, "(") ||
-        !AddGeneric(reader, ValueKind::Integer, parameters) ||
-        !AddGeneric(reader, ValueKind::Integer, parameters) ||
-        !reader.Expect(kCloseParenthesis, ")")) {
-      return false;
-    }
+    if (!AddPoint(reader, parameters)) return false;
   }
   return true;
 }

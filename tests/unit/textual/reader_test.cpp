@@ -1,10 +1,18 @@
 // What the reader makes of whole groups and of each kind of value.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 
 #include "objects/objects.h"
+#include "substitutes/memory.h"
 #include "textual/textual.h"
+
+#ifdef __SANITIZE_ADDRESS__
+#define KORVEL_SLOWED_BY_SANITIZERS true
+#else
+#define KORVEL_SLOWED_BY_SANITIZERS false
+#endif
 
 namespace korvel {
 namespace {
@@ -61,6 +69,330 @@ TEST(TextReader, a_scene_becomes_its_records) {
   EXPECT_EQ(setPosition.Parameters.At(0)->Kind, ValueKind::IndirectReference);
   EXPECT_EQ(setPosition.Parameters.At(0)->Reference.Number, 5);
   EXPECT_EQ(setPosition.Parameters.At(1)->Integer, 200);
+}
+
+// A scene with these items, and its only item as the class that it is.
+Reading ReadItems(const std::string& items) {
+  return ReadText("{:Scene (\"~/s\" 0) :Items (" + items + ")}");
+}
+template <class Record>
+const Record& Only(const Reading& reading) {
+  EXPECT_EQ(reading.result, TextResult::Done)
+      << reading.error.place.line << ":" << reading.error.place.column << " found "
+      << reading.error.found.data() << ", expected " << reading.error.expected.data();
+  return reading.group->Items.At(0)->As<Record>();
+}
+// The only action of a link.
+const ElementaryAction& OnlyAction(const Reading& reading) {
+  return *Only<Link>(reading).LinkEffect.At(0);
+}
+Reading ReadAction(const std::string& action) {
+  return ReadItems("{:Link 1 :EventSource 0 :EventType IsRunning :LinkEffect (" + action + ")}");
+}
+std::string KindsOf(const ElementaryAction& action) {
+  std::string kinds;
+  for (const GenericValue& value : action.Parameters) {
+    kinds += static_cast<char>('0' + static_cast<int>(value.Kind));
+  }
+  return kinds;
+}
+// Whether a text is refused, with something expected at that line and column.
+testing::AssertionResult IsRefusedAt(const Reading& reading, unsigned line, unsigned column,
+                                     const std::string& found, const std::string& expected) {
+  const TextError& error = reading.error;
+  if (reading.result == TextResult::Refused && error.place.line == line &&
+      error.place.column == column && error.found.data() == found &&
+      error.expected.data() == expected) {
+    return testing::AssertionSuccess();
+  }
+  return testing::AssertionFailure()
+         << error.place.line << ":" << error.place.column << " found " << error.found.data()
+         << ", expected " << error.expected.data();
+}
+
+TEST(TextReader, an_application_has_its_defaults_side_by_side_with_the_rest) {
+  const Reading reading = ReadText(R"({:Application ("~/a" 0)
+    :TextColour '=FF=FF=FF=00' :OnRestart (:Quit(0)) :Font "Sans" :BitmapCHook 4
+    :BackgroundColour 7 :StdID 2 20})");
+  ASSERT_EQ(reading.result, TextResult::Done) << reading.error.expected.data();
+  EXPECT_TRUE(reading.isApplication);
+  const Application& application = reading.group.AsApplication();
+  EXPECT_EQ(application.Defaults.TextColour.Absolute.View(), std::string("\xFF\xFF\xFF\0", 4));
+  EXPECT_EQ(application.Defaults.BackgroundColour.Kind, ValueKind::Integer);
+  EXPECT_EQ(application.Defaults.BackgroundColour.Index, 7);
+  EXPECT_EQ(application.Defaults.Font.Name.View(), "Sans");
+  EXPECT_EQ(application.Defaults.BitmapContentHook, 4);
+  EXPECT_EQ(application.Defaults.TextContentHook, -1);
+  EXPECT_EQ(application.OnRestart.Size(), 1U);
+  EXPECT_EQ(application.Standard.MHEGStandardIdentifier, 20);
+}
+
+TEST(TextReader, an_application_without_attributes_has_its_construction_values) {
+  const Reading reading = ReadText("{:Application 0}");
+  ASSERT_EQ(reading.result, TextResult::Done);
+  const Application& application = reading.group.AsApplication();
+  EXPECT_FALSE(application.Reference.GroupIdentifier.IsPresent());
+  EXPECT_EQ(application.OriginalGroupCachePriority, 127);
+  EXPECT_EQ(application.Defaults.BackgroundColour.Index, -1);
+  EXPECT_EQ(application.Defaults.TextColour.Kind, ValueKind::None);
+  EXPECT_TRUE(application.Items.IsEmpty());
+}
+
+TEST(TextReader, keywords_are_read_in_any_case_and_attributes_in_any_order) {
+  const Reading reading =
+      ReadText("{:scene (\"~/s\" 0) :NEXTSCENES ((\"~/x\" 5)) :sceneCS 1 2 :aspectratio 16 9 "
+               ":movingcursor true}");
+  ASSERT_EQ(reading.result, TextResult::Done);
+  const Scene& scene = reading.group.AsScene();
+  EXPECT_EQ(scene.NextScenes.At(0)->Weight, 5);
+  EXPECT_EQ(scene.SceneCS.Height, 2);
+  EXPECT_EQ(scene.Aspect.Width, 16);
+  EXPECT_TRUE(scene.MovingCursor);
+}
+
+TEST(TextReader, content_is_included_or_referenced_with_or_without_parentheses) {
+  const auto content = [](const std::string& text) {
+    return ReadItems("{:Bitmap 1 :OrigBoxSize 1 1 :OrigContent " + text + " :CHook 3}");
+  };
+  const Reading included = content("\"data\"");
+  EXPECT_FALSE(Only<Bitmap>(included).OriginalContent.IsReferenced);
+  for (const char* text : {":ContentRef (\"~/p.png\" :ContentSize 9 :CCPriority 5)",
+                           ":ContentRef \"~/p.png\" :ContentSize 9 :CCPriority 5"}) {
+    const Reading referenced = content(text);
+    const Bitmap& bitmap = Only<Bitmap>(referenced);
+    EXPECT_TRUE(bitmap.OriginalContent.IsReferenced);
+    EXPECT_EQ(bitmap.OriginalContent.Data.View(), "~/p.png");
+    EXPECT_EQ(bitmap.OriginalContent.Size, 9);
+    EXPECT_EQ(bitmap.OriginalContent.CachePriority, 5);
+    EXPECT_EQ(bitmap.ContentHOOK, 3);
+  }
+  const Reading plain = content(":ContentRef (\"~/p.png\")");
+  EXPECT_EQ(Only<Bitmap>(plain).OriginalContent.CachePriority, 127);
+}
+
+TEST(TextReader, variables_have_values_of_their_types) {
+  EXPECT_TRUE(Only<BooleanVariable>(ReadItems("{:BooleanVar 1 :OrigValue TRUE}")).OriginalValue);
+  EXPECT_EQ(Only<IntegerVariable>(ReadItems("{:IntegerVar 1 :OrigValue -5}")).OriginalValue, -5);
+  EXPECT_EQ(
+      Only<OctetStringVariable>(ReadItems("{:OStringVar 1 :OrigValue \"x\"}")).OriginalValue.View(),
+      "x");
+  EXPECT_EQ(
+      Only<ObjectRefVariable>(ReadItems("{:ObjectRefVar 1 :OrigValue :ObjectRef (\"~/a\" 4)}"))
+          .OriginalValue.Number,
+      4);
+  for (const char* path : {"\"~/c\"", "(\"~/c\")"}) {
+    EXPECT_EQ(Only<ContentRefVariable>(
+                  ReadItems("{:ContentRefVar 1 :OrigValue :ContentRef " + std::string(path) + "}"))
+                  .OriginalValue.Path.View(),
+              "~/c");
+  }
+}
+
+TEST(TextReader, token_and_list_groups_have_their_tables) {
+  const Reading reading = ReadItems(R"({:ListGroup 1
+    :MovementTable ((1 2 3) ())
+    :TokenGroupItems ((5) (6 :ActionSlots ((:Run(2) :Stop(3)) NULL)))
+    :NoTokenActionSlots (NULL ())
+    :Positions ((10 20) (30 40)) :WrapAround TRUE})");
+  const auto& list = Only<ListGroup>(reading);
+  ASSERT_EQ(list.MovementTable.Size(), 2U);
+  EXPECT_EQ(*list.MovementTable.At(0)->Targets.At(2), 3);
+  ASSERT_EQ(list.TokenGroupItems.Size(), 2U);
+  const TokenGroupItem& second = *list.TokenGroupItems.At(1);
+  EXPECT_EQ(second.AVisible.Number, 6);
+  EXPECT_EQ(second.ActionSlots.At(0)->Actions.Size(), 2U);
+  EXPECT_TRUE(second.ActionSlots.At(1)->IsNull);
+  EXPECT_TRUE(list.NoTokenActionSlots.At(0)->IsNull);
+  EXPECT_FALSE(list.NoTokenActionSlots.At(1)->IsNull);
+  EXPECT_EQ(list.Positions.At(1)->Y, 40);
+  EXPECT_TRUE(list.WrapAround);
+}
+
+TEST(TextReader, a_stream_has_components_and_no_items) {
+  const Reading reading = ReadItems(R"({:Stream 1 :Multiplex (
+    {:Audio 2 :ComponentTag 5 :OrigVolume 3}
+    {:Video 3 :OrigBoxSize 720 576 :ComponentTag 6 :Termination freeze}
+    {:RTGraphics 4 :OrigBoxSize 1 1 :ComponentTag 7}) :Storage memory :Looping 0})");
+  const auto& stream = Only<Stream>(reading);
+  ASSERT_EQ(stream.Multiplex.Size(), 3U);
+  EXPECT_EQ(stream.Multiplex.At(0)->As<Audio>().OriginalVolume, 3);
+  EXPECT_EQ(stream.Multiplex.At(1)->As<Video>().Termination, 1);
+  EXPECT_EQ(stream.Multiplex.At(2)->Type(), ItemType::RTGraphics);
+  EXPECT_EQ(stream.Storage, 1);
+  EXPECT_EQ(ReadItems("{:Audio 2 :ComponentTag 5}").result, TextResult::Refused);
+  EXPECT_EQ(ReadItems("{:Stream 1 :Multiplex ({:Text 2 :OrigBoxSize 1 1})}").result,
+            TextResult::Refused);
+}
+
+TEST(TextReader, words_of_enumerations_count_from_one) {
+  const Reading reading = ReadItems(
+      "{:EntryField 1 :OrigBoxSize 1 1 :StartCorner lower-right :LineOrientation Vertical "
+      ":VJustification JUSTIFIED :InputType listed}");
+  const auto& field = Only<EntryField>(reading);
+  EXPECT_EQ(field.StartCorner, 4);
+  EXPECT_EQ(field.LineOrientation, 1);
+  EXPECT_EQ(field.VerticalJustification, 4);
+  EXPECT_EQ(field.InputType, 4);
+  EXPECT_EQ(ReadItems("{:Slider 1 :OrigBoxSize 1 1 :Orientation centre}").result,
+            TextResult::Refused)
+      << "a word of another enumeration";
+}
+
+TEST(TextReader, event_data_is_a_boolean_an_integer_or_a_string) {
+  const auto kind = [](const std::string& data) {
+    return Only<Link>(ReadItems("{:Link 1 :EventSource 0 :EventType UserInput :EventData " + data +
+                                " :LinkEffect ()}"))
+        .Condition.EventData.Kind;
+  };
+  EXPECT_EQ(kind("FALSE"), ValueKind::Boolean);
+  EXPECT_EQ(kind("15"), ValueKind::Integer);
+  EXPECT_EQ(kind("'=00'"), ValueKind::OctetString);
+}
+
+TEST(TextReader, composite_parameters_become_a_flat_row) {
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":Call(1 2 :GBoolean TRUE :GInteger :IndirectRef 3 "
+                                          ":GOctetString \"x\" :GObjectRef 4 "
+                                          ":GContentRef :ContentRef \"~/c\")"))),
+            "415346");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":ReadPersistent(0 1 (2 3) \"ram://x\")"))), "4443");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":DrawPolygon(1 ((1 2) (3 4) (5 :IndirectRef 6)))"))),
+            "222225");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetTimer(0 1 500 :AbsoluteTime TRUE)"))), "221");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetTimer(0 1 500)"))), "22");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetTimer(0 1)"))), "2");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetSpeed(0 1 2)"))), "22");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetSpeed(0 1)"))), "2");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetCounterTrigger(0 1 2)"))), "22");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":TransitionTo((\"~/s\" 0) NULL 7)"))), "02");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":TransitionTo((\"~/s\" 0))"))), "");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetFillColour(1 :NewColourIndex 3)"))), "2");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetFillColour(1 :NewAbsoluteColour '=00=00=00')"))),
+            "3");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetFillColour(1)"))), "");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetFontRef(1 \"Sans\")"))), "3");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetFontRef(1 9)"))), "4");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SendEvent(0 1 UserInput :GInteger 15)"))), "422");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SendEvent(0 1 6)"))), "42");
+}
+
+TEST(TextReader, new_content_keeps_the_places_of_size_and_priority) {
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetData(1 \"x\")"))), "3");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetData(1 :NewRefContent (:ContentRef \"~/c\"))"))),
+            "6");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(
+                ":SetData(1 :NewRefContent (:ContentRef (\"~/c\") :NewContentSize 5))"))),
+            "62");
+  EXPECT_EQ(KindsOf(OnlyAction(
+                ReadAction(":SetData(1 :NewRefContent (:ContentRef \"~/c\" :NewCCPriority 5))"))),
+            "602");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetData(1 :NewRefContent (:IndirectRef 4 "
+                                          ":NewContentSize NULL :NewCCPriority NULL))"))),
+            "500");
+}
+
+TEST(TextReader, a_target_may_be_indirect) {
+  const Reading reading = ReadAction(":Run(:IndirectRef (\"~/a\" 3))");
+  EXPECT_EQ(OnlyAction(reading).Target.Kind, ValueKind::IndirectReference);
+  EXPECT_EQ(OnlyAction(reading).Target.Reference.Number, 3);
+}
+
+TEST(TextReader, step_and_stop_have_their_own_numbers) {
+  EXPECT_EQ(OnlyAction(ReadAction(":Stop(1)")).ActionType, 102);
+  EXPECT_EQ(OnlyAction(ReadAction(":Step(1 5)")).ActionType, 101);
+}
+
+TEST(TextReader, an_error_has_the_furthest_place_and_what_was_expected) {
+  EXPECT_TRUE(IsRefusedAt(ReadText("{:Scene (\"~/s\" 0)\n  :SceneCS 720 :InputEventReg 1}"), 2, 16,
+                          ":InputEventReg", "an integer"));
+  EXPECT_TRUE(IsRefusedAt(ReadText("{:Scene (\"~/s\" 0)\n  :OrigBoxSize 1 1}"), 2, 3,
+                          ":OrigBoxSize", "} or an attribute of Scene"));
+  EXPECT_TRUE(IsRefusedAt(ReadText("{:Scene 0 :SceneCS 1 2 :SceneCS 1 2}"), 1, 24, ":SceneCS",
+                          "an attribute that is not written yet"));
+  EXPECT_TRUE(IsRefusedAt(ReadItems("{:Nothing}"), 1, 28, ":Nothing})}", "a keyword"));
+  EXPECT_TRUE(IsRefusedAt(ReadItems("{:Run 1}"), 1, 28, ":Run", "a class"));
+  EXPECT_TRUE(IsRefusedAt(ReadAction(":Text(1)"), 1, 85, ":Text(1))})}", "an action"));
+  EXPECT_TRUE(
+      IsRefusedAt(ReadText("{:Application 0 :Items ("), 1, 25, "the end of the text", "{ or )"));
+  EXPECT_TRUE(IsRefusedAt(ReadText("{:Scene 0} {"), 1, 12, "{", "the end of the text"));
+  EXPECT_TRUE(IsRefusedAt(ReadText(""), 1, 1, "the end of the text", "{"));
+  EXPECT_TRUE(IsRefusedAt(ReadText("{:Text 1}"), 1, 2, ":Text", ":Application"));
+}
+
+TEST(TextReader, a_failure_leaves_nothing) {
+  OwnedGroup group;
+  bool isApplication = true;
+  EXPECT_EQ(ReadTextGroup("{:Scene 0 :Items ({:Palette 1} {:Palette})}", group, isApplication),
+            TextResult::Refused);
+  EXPECT_FALSE(group);
+  EXPECT_TRUE(isApplication);
+}
+
+std::string MissingOf(const Reading& reading) {
+  std::string all;
+  for (const MissingPart& part : reading.missing) {
+    all += std::to_string(part.offset) + " " + part.owner + " " + part.missing + "\n";
+  }
+  return all;
+}
+
+TEST(TextReader, what_an_author_has_left_out_is_noted_and_read_all_the_same) {
+  const Reading reading = ReadText(
+      "{:Scene 0 :Items ({:Link 1} {:Text 2} {:IntegerVar 3} {:TokenGroup 4} {:ResidentPrg 5}"
+      " {:Stream 6})}");
+  EXPECT_EQ(reading.result, TextResult::Done);
+  EXPECT_EQ(MissingOf(reading),
+            "18 Link :EventSource\n18 Link :EventType\n18 Link :LinkEffect\n28 Text :OrigBoxSize\n"
+            "38 IntegerVariable :OrigValue\n54 TokenGroup :TokenGroupItems\n"
+            "70 ResidentProgram :Name\n87 Stream :Multiplex\n");
+}
+
+TEST(TextReader, parameters_that_are_left_out_leave_the_row_shorter_and_are_noted) {
+  const Reading reading = ReadAction(":SetPosition(1 2) :Run(1) :TestVariable(1) :TransitionTo(2)");
+  EXPECT_EQ(KindsOf(OnlyAction(reading)), "2");
+  EXPECT_EQ(MissingOf(reading), "84 SetPosition a parameter\n110 TestVariable a parameter\n");
+  EXPECT_TRUE(MissingOf(ReadAction(":SetLineColour(1) :SetSpeed(1 2) :SetTimer(0 1)")).empty());
+}
+
+TEST(TextReader, too_many_parameters_are_refused) {
+  EXPECT_EQ(ReadAction(":Run(1 2)").result, TextResult::Refused);
+  EXPECT_EQ(ReadAction(":SetPosition(1 2 3 4)").result, TextResult::Refused);
+}
+
+TEST(TextReader, every_failed_allocation_refuses_the_text_and_leaks_nothing) {
+  const std::string text = kMenu;
+  const std::size_t before = test::LiveBlocks();
+  std::size_t refused = 0;
+  for (std::size_t n = 1;; ++n) {
+    OwnedGroup group;
+    bool isApplication = false;
+    test::FailAllocation(n);
+    const TextResult result = ReadTextGroup(text, group, isApplication);
+    const bool hasFailed = test::HasFailedAllocation();
+    test::FailAllocation(0);
+    if (!hasFailed) {
+      EXPECT_EQ(result, TextResult::Done);
+      break;
+    }
+    EXPECT_NE(result, TextResult::Done) << "allocation " << n;
+    EXPECT_FALSE(group);
+    refused += result == TextResult::NoMemory ? 1 : 0;
+  }
+  EXPECT_EQ(refused, 1U) << "only the application's record has a result of its own";
+  EXPECT_EQ(test::LiveBlocks(), before);
+}
+
+TEST(TextReader, a_text_of_60_kilobytes_is_read_at_once) {
+  std::string items;
+  for (int number = 1; items.size() < 59000; ++number) {
+    items += "{:Link " + std::to_string(number) +
+             " :EventSource 0 :EventType UserInput :EventData 100 :LinkEffect "
+             "(:Add((\"~/a\" 1) 1) :SetPosition(2 :IndirectRef 5 200))}\n";
+  }
+  const auto start = std::chrono::steady_clock::now();
+  const Reading reading = ReadItems(items);
+  const auto took = std::chrono::steady_clock::now() - start;
+  EXPECT_EQ(reading.result, TextResult::Done);
+  EXPECT_LT(took, std::chrono::milliseconds(KORVEL_SLOWED_BY_SANITIZERS ? 1000 : 50));
 }
 
 }  // namespace

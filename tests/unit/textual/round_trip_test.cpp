@@ -1,0 +1,81 @@
+// Whatever a group holds, its two written forms are worth the same: any group survives the way from
+// BER to text and back.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+
+#include "objects/ber/ber.h"
+#include "objects/equality.h"
+#include "support/random_group.h"
+#include "textual/textual.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::uint32_t kGroups = 1500;
+
+OwnedGroup Decode(const OctetString& bytes) {
+  OwnedGroup group;
+  bool isApplication = false;
+  const auto* begin = reinterpret_cast<const std::uint8_t*>(bytes.Text());
+  EXPECT_EQ(DecodeGroup({begin, bytes.Length()}, group, isApplication), Status::Done);
+  return group;
+}
+
+OwnedGroup Read(const OctetString& text) {
+  OwnedGroup group;
+  bool isApplication = false;
+  TextError error;
+  EXPECT_EQ(ReadTextGroup(text.View(), group, isApplication, &error), TextResult::Done)
+      << error.place.line << ":" << error.place.column << " found " << error.found.data()
+      << ", expected " << error.expected.data() << "\n"
+      << text.View();
+  return group;
+}
+
+TEST(RoundTrip, bytes_survive_the_way_through_text) {
+  for (std::uint32_t seed = 0; seed < kGroups && !testing::Test::HasFailure(); ++seed) {
+    OctetString bytes;
+    ASSERT_EQ(EncodeGroup(*RandomGroup(seed).Get(), bytes), Status::Done);
+    const OwnedGroup decoded = Decode(bytes);
+    OctetString text;
+    ASSERT_EQ(WriteTextGroup(*decoded.Get(), text), Status::Done);
+    if (text.Length() > kMaxTextSize) continue;
+    const OwnedGroup read = Read(text);
+    ASSERT_TRUE(read);
+    EXPECT_TRUE(IsSame(*decoded.Get(), *read.Get())) << "seed " << seed << "\n" << text.View();
+    OctetString bytesAgain;
+    ASSERT_EQ(EncodeGroup(*read.Get(), bytesAgain), Status::Done);
+    EXPECT_EQ(bytes.View(), bytesAgain.View()) << "seed " << seed << "\n" << text.View();
+  }
+}
+
+TEST(RoundTrip, text_is_stable) {
+  for (std::uint32_t seed = 0; seed < kGroups && !testing::Test::HasFailure(); ++seed) {
+    OctetString text;
+    ASSERT_EQ(WriteTextGroup(*RandomGroup(seed).Get(), text), Status::Done);
+    if (text.Length() > kMaxTextSize) continue;
+    OctetString textAgain;
+    ASSERT_EQ(WriteTextGroup(*Read(text).Get(), textAgain), Status::Done);
+    EXPECT_EQ(text.View(), textAgain.View()) << "seed " << seed;
+  }
+}
+
+TEST(RoundTrip, random_groups_are_many_and_rarely_too_long) {
+  int tooLong = 0;
+  int applications = 0;
+  for (std::uint32_t seed = 0; seed < kGroups; ++seed) {
+    const OwnedGroup group = RandomGroup(seed);
+    applications += group.IsApplication() ? 1 : 0;
+    OctetString text;
+    ASSERT_EQ(WriteTextGroup(*group.Get(), text), Status::Done);
+    tooLong += text.Length() > kMaxTextSize ? 1 : 0;
+  }
+  EXPECT_LT(tooLong, 10);
+  EXPECT_GT(applications, 500);
+  EXPECT_LT(applications, 1000);
+}
+
+}  // namespace
+}  // namespace korvel

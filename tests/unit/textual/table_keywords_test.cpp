@@ -1,0 +1,89 @@
+// Every word that the tables of classes and actions write is a keyword that the lexer reads.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "objects/action_table.h"
+#include "objects/class_tables.h"
+#include "textual/keywords.h"
+#include "textual/written_attributes.h"
+
+namespace korvel {
+namespace {
+
+class Words300 {
+ public:
+  Words300() { EXPECT_TRUE(table_.Build()); }
+  void Meet(const char* word) {
+    std::string upper(word);
+    for (char& c : upper) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    const std::uint16_t code = table_.Find(upper);
+    EXPECT_NE(code, 0) << word;
+    met_.insert(code);
+  }
+  [[nodiscard]] const std::set<int>& Met() const { return met_; }
+
+ private:
+  KeywordTable table_;
+  std::set<int> met_;
+};
+
+void MeetForm(Words300& words, const char* keyword, const Form& form) {
+  words.Meet(keyword);
+  if (form.innerKeyword != nullptr) words.Meet(form.innerKeyword);
+  for (const char* word : form.words) words.Meet(word);
+}
+
+template <class Record>
+void MeetClass(Words300& words) {
+  words.Meet(Description<Record>::heading.keyword);
+  Record record{};
+  ForEachWrittenAttribute<Record>(
+      [&](const char* keyword, const Form& form, auto& /*field*/) {
+        ASSERT_NE(keyword, nullptr);
+        MeetForm(words, keyword, form);
+      },
+      record);
+}
+
+TEST(TableKeywords, every_word_of_the_tables_is_a_keyword) {
+  Words300 words;
+  MeetClass<Application>(words);
+  MeetClass<Scene>(words);
+  ForEachClass(ItemClasses{}, [&]<class Record>() { MeetClass<Record>(words); });
+  ForEachClass(ComponentClasses{}, [&]<class Record>() { MeetClass<Record>(words); });
+  for (int number = 1; number <= kDecodedActionCount; ++number) {
+    const ActionRow* row = FindAction(static_cast<std::uint8_t>(number));
+    words.Meet((":" + std::string(row->name)).c_str());
+  }
+  // What only stands inside values and parameters.
+  for (const char* word :
+       {":ContentRef", ":ContentSize", ":CCPriority", ":ActionSlots", ":AbsoluteTime",
+        ":NewAbsoluteColour", ":NewColourIndex", ":NewCCPriority", ":NewContentSize", ":GBoolean",
+        ":GInteger", ":GOctetString", ":GObjectRef", ":GContentRef", ":NewRefContent",
+        ":IndirectRef", "NULL", "TRUE", "FALSE"}) {
+    words.Meet(word);
+  }
+  EXPECT_EQ(words.Met().size(), 300U) << "and every keyword has its use";
+}
+
+TEST(TableKeywords, action_keywords_follow_the_actions_numbers_but_for_stop_and_step) {
+  KeywordTable table;
+  ASSERT_TRUE(table.Build());
+  for (int code = 176; code <= 285; ++code) {
+    const ActionRow* row = FindActionByName(KeywordText(static_cast<std::uint16_t>(code)) + 1);
+    ASSERT_NE(row, nullptr) << KeywordText(static_cast<std::uint16_t>(code));
+    const int expected = code == 276 ? 102 : code == 277 ? 101 : code - 175;
+    EXPECT_EQ(static_cast<int>(row->action), expected);
+  }
+}
+
+TEST(TableKeywords, event_keywords_follow_the_event_types) {
+  for (std::uint16_t code = 40; code <= 70; ++code) {
+    EXPECT_TRUE(IsSameWord(KeywordText(code), kEventWords[code - 40U])) << code;
+  }
+}
+
+}  // namespace
+}  // namespace korvel

@@ -1,0 +1,192 @@
+// How a close overtakes everything else and is never undone, whenever it comes.
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <thread>
+
+#include "host/host.h"
+#include "host/window_messages.h"
+#include "windows/host/host_threads.h"
+
+namespace korvel::test {
+namespace {
+
+constexpr WPARAM kEnter = 13;
+
+class Closing : public HostThreads {};
+
+TEST_F(Closing, overtakes_a_hundred_queued_keys) {
+  Start();
+  substitutes.onRaise = [](std::int32_t) { EXPECT_TRUE(WaitUntil(IsClosing)); };
+  for (int count = 0; count < 100; ++count) PostKeys({kEnter});
+  Post(WM_CLOSE);
+  WaitForLine("CloseDown");
+  Close();
+  EXPECT_EQ(Raised().size(), 1U);
+}
+
+TEST_F(Closing, keeps_a_restart_that_is_queued_behind_it_from_being_handled) {
+  Start();
+  substitutes.onRaise = [](std::int32_t) {
+    RequestRestart(RestartReason::Tune);
+    ExitMHEG5();
+    EXPECT_TRUE(WaitUntil([] { return IsClosing(); }));
+  };
+  PostKeys({kEnter});
+  WaitForLine("CloseDown");
+  Close();
+  EXPECT_EQ(journal.CountOf("StartEngine "), 1);
+}
+
+TEST_F(Closing, before_the_worker_sets_the_running_flag_is_not_undone) {
+  bool mayRun = true;
+  substitutes.onLine = [](const std::string& line) {
+    if (line == "OpenPresentation") ExitMHEG5();
+  };
+  substitutes.onStartEngine = [&] {
+    mayRun = MayRun();
+    return Status::Refused;
+  };
+  StartWithoutWaiting();
+  EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
+  EXPECT_FALSE(mayRun);
+}
+
+TEST_F(Closing, during_a_start_is_not_undone_by_its_success) {
+  std::atomic<bool> mayRunAfterwards = false;
+  substitutes.onStartEngine = [] {
+    ExitMHEG5();
+    return Status::Done;
+  };
+  substitutes.onLine = [&](const std::string& line) {
+    if (line == "CloseDown" && MayRun()) mayRunAfterwards = true;
+  };
+  StartWithoutWaiting();
+  EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
+  EXPECT_FALSE(mayRunAfterwards);
+}
+
+TEST_F(Closing, during_a_restart_is_not_undone) {
+  Start();
+  std::atomic<bool> mayRun = true;
+  substitutes.onStartEngine = [&] {
+    ExitMHEG5();
+    mayRun = MayRun();
+    return Status::Done;
+  };
+  Post(kRestartAfterQuit);
+  EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
+  EXPECT_FALSE(mayRun);
+}
+
+TEST_F(Closing, lets_the_worker_paint_the_window_that_waits_for_it) {
+  Start();
+  bool isPainted = false;
+  substitutes.onLine = [&](const std::string& line) {
+    if (line != "CloseDown") return;
+    const HWND engineWindow = FindEngineWindow();
+    InvalidateRect(engineWindow, nullptr, FALSE);
+    isPainted = UpdateWindow(engineWindow) != 0;
+  };
+  Post(WM_CLOSE);
+  EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
+  EXPECT_TRUE(isPainted);
+  EXPECT_EQ(journal.CountOf("CloseScreen"), 1);
+}
+
+TEST_F(Closing, is_not_repeated_by_a_second_request_while_the_first_waits) {
+  Start();
+  substitutes.onLine = [](const std::string& line) {
+    if (line == "CloseDown") SendMessageA(FindEngineWindow(), WM_CLOSE, 0, 0);
+  };
+  Post(WM_CLOSE);
+  EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
+  EXPECT_EQ(journal.CountOf("CloseDown"), 1);
+  EXPECT_EQ(host.CountOf("Release"), 1);
+}
+
+TEST_F(Closing, happens_in_order_when_the_message_loop_is_ended_by_somebody_else) {
+  Start();
+  PostThreadMessageA(GetWindowThreadProcessId(FindEngineWindow(), nullptr), WM_QUIT, 0, 0);
+  EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
+  EXPECT_EQ(journal.CountOf("CloseDown"), 1);
+  EXPECT_EQ(FindEngineWindow(), nullptr);
+  EXPECT_EQ(host.HeldReferences(), 0);
+  MHEG5WaitForClose();
+  journal.Clear();
+  Start();
+}
+
+TEST_F(Closing, gives_the_host_back_when_the_window_cannot_be_made) {
+  WNDCLASSA taken = {};
+  taken.lpfnWndProc = DefWindowProcA;
+  taken.hInstance = GetModuleHandleA(nullptr);
+  taken.lpszClassName = "MHEG5 Window";
+  ASSERT_NE(RegisterClassA(&taken), 0);
+  StartWithoutWaiting();
+  EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
+  MHEG5WaitForClose();
+  EXPECT_EQ(journal.CountOf("OpenPresentation"), 0);
+  EXPECT_THAT(host.Names(),
+              testing::ElementsAre("AddRef", "SetExitCallback", "SetExitCallback null", "Release"));
+  UnregisterClassA("MHEG5 Window", taken.hInstance);
+  Start();
+}
+
+TEST_F(Closing, by_the_window_needs_no_request_of_the_host) {
+  Start();
+  Post(WM_SYSCOMMAND, SC_CLOSE);
+  EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
+  EXPECT_EQ(host.HeldReferences(), 0);
+  EXPECT_EQ(ExitMHEG5(), 0U);
+  EXPECT_EQ(MHEG5WaitForClose(), 0U);
+}
+
+TEST_F(Closing, skips_pauses_from_then_on) {
+  Start();
+  std::chrono::milliseconds paused{0};
+  substitutes.onRaise = [&](std::int32_t) {
+    ExitMHEG5();
+    const auto start = std::chrono::steady_clock::now();
+    PauseUnlessClosing(5000);
+    paused = std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now() - start);
+  };
+  PostKeys({kEnter});
+  EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
+  EXPECT_LT(paused.count(), 1000);
+}
+
+class Painting : public HostThreads {};
+
+TEST_F(Painting, shows_the_last_picture_while_the_engine_may_run) {
+  Start();
+  journal.Clear();
+  InvalidateRect(FindEngineWindow(), nullptr, TRUE);
+  WaitForLine("PaintWindow");
+}
+
+TEST_F(Painting, shows_nothing_while_the_running_flag_is_clear) {
+  substitutes.onStartEngine = [] { return Status::Refused; };
+  Start();
+  EXPECT_FALSE(MayRun());
+  journal.Clear();
+  const HWND engineWindow = FindEngineWindow();
+  InvalidateRect(engineWindow, nullptr, TRUE);
+  EXPECT_TRUE(WaitUntil([&] { return GetUpdateRect(engineWindow, nullptr, FALSE) == 0; }));
+  EXPECT_EQ(journal.CountOf("PaintWindow"), 0);
+}
+
+TEST_F(Painting, happens_once_for_each_exposure) {
+  Start();
+  const HWND engineWindow = FindEngineWindow();
+  EXPECT_TRUE(WaitUntil([&] { return GetUpdateRect(engineWindow, nullptr, FALSE) == 0; }));
+  journal.Clear();
+  InvalidateRect(engineWindow, nullptr, TRUE);
+  SendMessageA(engineWindow, WM_PAINT, 0, 0);
+  FinishPosted();
+  EXPECT_EQ(journal.CountOf("PaintWindow"), 1);
+}
+
+}  // namespace
+}  // namespace korvel::test

@@ -1,0 +1,139 @@
+// Reading broadcast files through the host object, called on the worker as the engine does.
+#include <gmock/gmock.h>
+
+#include <optional>
+
+#include "host/host.h"
+#include "windows/host/host_threads.h"
+
+namespace korvel::test {
+namespace {
+
+using testing::ElementsAre;
+using namespace std::chrono_literals;
+
+class FileFetch : public HostThreads {
+ protected:
+  // Fetches inside the engine start; what came of it stays in the members below.
+  void FetchOnWorker(std::string_view path, bool isWanted = true) {
+    substitutes.onStartEngine = [=, this] {
+      before = std::chrono::steady_clock::now();
+      status = FetchFile(path, isWanted ? &bytes : nullptr);
+      return Status::Done;
+    };
+    Start();
+  }
+  [[nodiscard]] std::vector<std::string> FetchCalls() const {
+    auto names = host.Names();
+    std::erase_if(names, [](const std::string& name) {
+      return !name.starts_with("ReadFile") && name != "FreeBuffer";
+    });
+    return names;
+  }
+
+  std::chrono::steady_clock::time_point before;
+  std::optional<Status> status;
+  OctetString bytes;
+};
+
+TEST_F(FileFetch, copies_exactly_the_bytes_and_gives_the_buffer_back) {
+  const std::string content("four\0bytes and more", 18);
+  host.Serve("dir/file", content);
+  FetchOnWorker("dir/file");
+  EXPECT_EQ(status, Status::Done);
+  EXPECT_EQ(bytes.View(), content);
+  EXPECT_THAT(FetchCalls(), ElementsAre("ReadFile dir/file", "FreeBuffer"));
+  EXPECT_EQ(host.HeldBuffers(), 0);
+  EXPECT_FALSE(host.IsMisused());
+}
+
+TEST_F(FileFetch, of_an_empty_file_gives_an_empty_string) {
+  host.Serve("empty", "");
+  FetchOnWorker("empty");
+  EXPECT_EQ(status, Status::Done);
+  EXPECT_TRUE(bytes.IsPresent());
+  EXPECT_TRUE(bytes.IsEmpty());
+  EXPECT_EQ(host.HeldBuffers(), 0);
+}
+
+TEST_F(FileFetch, without_wanting_the_bytes_only_tells_that_the_file_is_there) {
+  host.Serve("there", "content");
+  FetchOnWorker("there", false);
+  EXPECT_EQ(status, Status::Done);
+  EXPECT_FALSE(bytes.IsPresent());
+  EXPECT_THAT(FetchCalls(), ElementsAre("ReadFile there", "FreeBuffer"));
+  EXPECT_EQ(host.HeldBuffers(), 0);
+}
+
+TEST_F(FileFetch, fails_at_once_on_any_other_answer) {
+  for (const std::uint32_t answer : {2U, 3U, 0x80004005U}) {
+    host.Answer("lost", answer);
+    bytes.Clear();
+    FetchOnWorker("lost");
+    EXPECT_EQ(status, Status::Refused) << answer;
+    EXPECT_FALSE(bytes.IsPresent());
+    EXPECT_EQ(host.CountOf("FreeBuffer"), 0);
+    EXPECT_LT(host.Calls().back().time - before, 400ms);
+    Close();
+    journal.Clear();
+  }
+  EXPECT_EQ(host.CountOf("ReadFile lost"), 3);
+}
+
+TEST_F(FileFetch, of_an_empty_path_does_not_ask_the_host) {
+  FetchOnWorker("");
+  EXPECT_EQ(status, Status::Refused);
+  EXPECT_THAT(FetchCalls(), testing::IsEmpty());
+}
+
+TEST_F(FileFetch, asks_again_every_half_second_until_the_file_is_there) {
+  host.Answer("late", kMHEG5FileNotYetAvailable);
+  host.Serve("ready", "");
+  int reads = 0;
+  host.onCall = [&](const std::string& name) {
+    if (name == "ReadFile late" && ++reads == 3) host.Answer("late", kNoSuchFile);
+  };
+  FetchOnWorker("late");
+  EXPECT_EQ(status, Status::Refused);
+  const auto calls = host.Calls();
+  std::vector<std::chrono::steady_clock::time_point> times;
+  for (const HostCall& call : calls) {
+    if (call.name == "ReadFile late") times.push_back(call.time);
+  }
+  ASSERT_EQ(times.size(), 3U);
+  EXPECT_GE(times[1] - times[0], 480ms);
+  EXPECT_GE(times[2] - times[1], 480ms);
+  EXPECT_LT(times[2] - times[0], 3000ms);
+}
+
+TEST_F(FileFetch, gives_up_when_the_engine_may_not_run) {
+  host.Serve("there", "content");
+  substitutes.onStartEngine = [this] {
+    RequestRestart(RestartReason::QuitWithoutParent);
+    status = FetchFile("there", &bytes);
+    substitutes.onStartEngine = nullptr;
+    return Status::Refused;
+  };
+  Start();
+  EXPECT_EQ(status, Status::Refused);
+  EXPECT_EQ(host.CountOf("ReadFile there"), 0);
+}
+
+TEST_F(FileFetch, gives_up_within_one_pause_when_a_close_is_asked_for) {
+  host.Answer("never", kMHEG5FileNotYetAvailable);
+  substitutes.onStartEngine = [this] {
+    status = FetchFile("never", &bytes);
+    return Status::Refused;
+  };
+  StartWithoutWaiting();
+  ASSERT_TRUE(WaitUntil([this] { return host.CountOf("ReadFile never") == 2; }));
+  ExitMHEG5();
+  const auto asked = std::chrono::steady_clock::now();
+  ASSERT_TRUE(WaitUntil([this] { return window.Closes() == 1; }));
+  EXPECT_LT(std::chrono::steady_clock::now() - asked, 1500ms);
+  EXPECT_EQ(status, Status::Refused);
+  EXPECT_EQ(host.CountOf("ReadFile never"), 2);
+}
+
+}  // namespace
+}  // namespace korvel::test

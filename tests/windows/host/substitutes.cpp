@@ -1,0 +1,107 @@
+// The stand-ins for the doorways of the engine core and the presentation, as far as the host's
+// threads use them.
+#include "windows/host/substitutes.h"
+
+#include <algorithm>
+
+#include "engine/engine.h"
+#include "presentation/presentation.h"
+
+namespace korvel {
+
+using test::TheSubstitutes;
+
+namespace {
+
+void Note(const std::string& line) {
+  TheSubstitutes().journal.Write(line);
+  if (TheSubstitutes().onLine) TheSubstitutes().onLine(line);
+}
+
+}  // namespace
+
+// ---- The engine core ----
+
+Status StartEngine(std::string_view path) noexcept {
+  Note("StartEngine " + std::string(path));
+  return TheSubstitutes().onStartEngine ? TheSubstitutes().onStartEngine() : Status::Done;
+}
+
+void CloseDown() noexcept { Note("CloseDown"); }
+
+void BeginWork() noexcept { Note("BeginWork"); }
+
+void ResetEngine() noexcept { Note("ResetEngine"); }
+
+Status RaiseOutsideEvent(std::int32_t sourceNumber, EventType type, std::int32_t value) noexcept {
+  Note("Raise " + std::to_string(sourceNumber) + " " +
+       std::to_string(static_cast<std::int32_t>(type)) + " " + std::to_string(value));
+  if (TheSubstitutes().onRaise) TheSubstitutes().onRaise(value);
+  return Status::Done;
+}
+
+void EmptyPersistentStore() noexcept { Note("EmptyPersistentStore"); }
+
+// ---- The presentation ----
+
+void OpenScreen() noexcept { Note("OpenScreen"); }
+
+void CloseScreen() noexcept { Note("CloseScreen"); }
+
+void PaintWindow(void* /*deviceContext*/) noexcept { Note("PaintWindow"); }
+
+void OpenPresentation(void* window) noexcept {
+  Note(window == nullptr ? "OpenPresentation without window" : "OpenPresentation");
+}
+
+void ClosePresentation() noexcept { Note("ClosePresentation"); }
+
+void ClearSurface() noexcept { Note("ClearSurface"); }
+
+void DrawScreenText(std::string_view text) noexcept { Note("DrawScreenText " + std::string(text)); }
+
+Status Redraw() noexcept {
+  Note("Redraw");
+  return Status::Done;
+}
+
+void ResetRedrawCounter() noexcept { Note("ResetRedrawCounter"); }
+
+Status DeviceUpdate() noexcept {
+  Note("DeviceUpdate");
+  return Status::Done;
+}
+
+void DiscardUpdateStamp() noexcept { Note("DiscardUpdateStamp"); }
+
+void ClearImageCache() noexcept { Note("ClearImageCache"); }
+
+namespace test {
+
+void Journal::Write(const std::string& line) {
+  const std::lock_guard lock(mutex_);
+  lines_.push_back(line);
+}
+
+void Journal::Clear() {
+  const std::lock_guard lock(mutex_);
+  lines_.clear();
+}
+
+std::vector<std::string> Journal::Lines() const {
+  const std::lock_guard lock(mutex_);
+  return lines_;
+}
+
+int Journal::CountOf(const std::string& line) const {
+  const auto lines = Lines();
+  return static_cast<int>(std::ranges::count(lines, line));
+}
+
+Substitutes& TheSubstitutes() {
+  static Substitutes substitutes;
+  return substitutes;
+}
+
+}  // namespace test
+}  // namespace korvel

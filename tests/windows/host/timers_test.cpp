@@ -1,0 +1,100 @@
+// One-shot timers of the engine window, set and killed by the worker.
+#include <gmock/gmock.h>
+
+#include "host/host.h"
+#include "windows/host/host_threads.h"
+
+namespace korvel::test {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr WPARAM kEnter = 13;
+constexpr std::int32_t kEnterRaised = 15;
+constexpr std::uint32_t kTimer = 7;
+constexpr std::uint32_t kLaterTimer = 8;
+
+// `setUp` runs on the worker, inside the handling of a key.
+class WindowTimers : public HostThreads {
+ protected:
+  void RunOnWorker(std::function<void()> setUp) {
+    substitutes.onRaise = [setUp = std::move(setUp)](std::int32_t value) {
+      if (value == kEnterRaised) setUp();
+    };
+    PostKeys({kEnter});
+    FinishPosted();
+  }
+  static void Expire(std::uint32_t id) { SendMessageA(FindEngineWindow(), WM_TIMER, id, 0); }
+};
+
+TEST_F(WindowTimers, fire_once) {
+  Start();
+  RunOnWorker([] {
+    SetWindowTimer(kTimer, 20);
+    SetWindowTimer(kLaterTimer, 200);
+  });
+  WaitForLine("Raise 0 8 8");
+  EXPECT_THAT(Raised(), ElementsAre("6 15", "8 7", "8 8"));
+}
+
+TEST_F(WindowTimers, with_the_number_zero_fire_as_well) {
+  Start();
+  RunOnWorker([] { SetWindowTimer(0, 20); });
+  WaitForLine("Raise 0 8 0");
+}
+
+TEST_F(WindowTimers, set_again_fire_once_at_the_second_time) {
+  Start();
+  RunOnWorker([] {
+    SetWindowTimer(kTimer, 20);
+    SetWindowTimer(kTimer, 300);
+    SetWindowTimer(kLaterTimer, 100);
+  });
+  WaitForLine("Raise 0 8 7");
+  EXPECT_THAT(Raised(), ElementsAre("6 15", "8 8", "8 7"));
+}
+
+TEST_F(WindowTimers, killed_do_not_fire) {
+  Start();
+  RunOnWorker([] {
+    SetWindowTimer(kTimer, 20);
+    KillWindowTimer(kTimer);
+    SetWindowTimer(kLaterTimer, 100);
+  });
+  WaitForLine("Raise 0 8 8");
+  EXPECT_THAT(Raised(), ElementsAre("6 15", "8 8"));
+}
+
+TEST_F(WindowTimers, killed_take_their_queued_expiries_along) {
+  Start();
+  RunOnWorker([] {
+    Expire(kTimer);
+    Expire(kLaterTimer);
+    Expire(kTimer);
+    KillWindowTimer(kTimer);
+  });
+  EXPECT_THAT(Raised(), ElementsAre("6 15", "8 8"));
+}
+
+TEST_F(WindowTimers, set_again_do_not_fire_by_an_expiry_queued_before) {
+  Start();
+  RunOnWorker([] {
+    Expire(kTimer);
+    SetWindowTimer(kTimer, 60'000);
+    Expire(kLaterTimer);
+  });
+  EXPECT_THAT(Raised(), ElementsAre("6 15", "8 8"));
+}
+
+TEST_F(WindowTimers, with_a_period_past_the_longest_do_not_fire) {
+  Start();
+  RunOnWorker([] {
+    SetWindowTimer(kTimer, 0xFFFFFF00);
+    SetWindowTimer(kLaterTimer, 100);
+  });
+  WaitForLine("Raise 0 8 8");
+  EXPECT_THAT(Raised(), ElementsAre("6 15", "8 8"));
+}
+
+}  // namespace
+}  // namespace korvel::test

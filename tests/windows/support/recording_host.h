@@ -1,0 +1,71 @@
+// A host object for tests: it serves files from memory or answers as a test has written down, and
+// records every call that the engine makes.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "korvel.h"
+
+namespace korvel::test {
+
+// What a host without the file answers, as opposed to one that waits for it.
+inline constexpr std::uint32_t kNoSuchFile = 2;
+
+// One call of the engine: the function, what was asked for, and on which thread.
+struct HostCall {
+  std::string name;  // "AddRef", "Release", "ReadFile a", "FreeBuffer", "SetExitCallback", ...
+  DWORD thread = 0;
+  std::chrono::steady_clock::time_point time;
+};
+
+class RecordingHost : public MHEG5Host {
+ public:
+  RecordingHost();
+  RecordingHost(const RecordingHost&) = delete;
+  RecordingHost& operator=(const RecordingHost&) = delete;
+  ~RecordingHost() = default;
+
+  // Any thread, also while the engine runs. A path that neither names is kNoSuchFile.
+  void Serve(const std::string& path, std::string bytes);
+  void Answer(const std::string& path, std::uint32_t answer);
+
+  // Called for every call of the engine before it is answered. To be set before the engine starts.
+  std::function<void(const std::string& name)> onCall;
+
+  [[nodiscard]] std::vector<HostCall> Calls() const;
+  [[nodiscard]] std::vector<std::string> Names() const;
+  [[nodiscard]] int CountOf(const std::string& name) const;
+
+  // What the engine holds of the host's: references beyond the test's own, and buffers.
+  [[nodiscard]] int HeldReferences() const { return references_; }
+  [[nodiscard]] int HeldBuffers() const;
+  // Whether a buffer was given back that was not held, or a reading got wrong arguments.
+  [[nodiscard]] bool IsMisused() const { return isMisused_; }
+  // The callback in force; null when it was withdrawn or never given.
+  [[nodiscard]] MHEG5ExitCallback ExitCallback() const { return exitCallback_; }
+
+ private:
+  struct Functions;
+
+  void Record(const std::string& name);
+  std::uint32_t Read(const std::string& path, void** data, std::uint32_t* size);
+  void GiveBack(void* data);
+
+  mutable std::mutex mutex_;
+  std::map<std::string, std::string> files_;
+  std::map<std::string, std::uint32_t> answers_;
+  std::vector<HostCall> calls_;
+  std::set<void*> buffers_;
+  std::atomic<int> references_ = 0;
+  std::atomic<bool> isMisused_ = false;
+  std::atomic<MHEG5ExitCallback> exitCallback_ = nullptr;
+};
+
+}  // namespace korvel::test

@@ -183,7 +183,7 @@ TEST_F(Painting, happens_once_for_each_exposure) {
   EXPECT_TRUE(WaitUntil([&] { return GetUpdateRect(engineWindow, nullptr, FALSE) == 0; }));
   journal.Clear();
   InvalidateRect(engineWindow, nullptr, TRUE);
-  SendMessageA(engineWindow, WM_PAINT, 0, 0);
+  WaitForLine("PaintWindow");
   FinishPosted();
   EXPECT_EQ(journal.CountOf("PaintWindow"), 1);
 }

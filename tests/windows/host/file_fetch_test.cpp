@@ -103,7 +103,7 @@ TEST_F(FileFetch, asks_again_every_half_second_until_the_file_is_there) {
   ASSERT_EQ(times.size(), 3U);
   EXPECT_GE(times[1] - times[0], 480ms);
   EXPECT_GE(times[2] - times[1], 480ms);
-  EXPECT_LT(times[2] - times[0], 3000ms);
+  EXPECT_LT(times[2] - times[0], 5000ms);
 }
 
 TEST_F(FileFetch, gives_up_when_the_engine_may_not_run) {
@@ -130,7 +130,7 @@ TEST_F(FileFetch, gives_up_within_one_pause_when_a_close_is_asked_for) {
   ExitMHEG5();
   const auto asked = std::chrono::steady_clock::now();
   ASSERT_TRUE(WaitUntil([this] { return window.Closes() == 1; }));
-  EXPECT_LT(std::chrono::steady_clock::now() - asked, 1500ms);
+  EXPECT_LT(std::chrono::steady_clock::now() - asked, 3000ms);
   EXPECT_EQ(status, Status::Refused);
   EXPECT_EQ(host.CountOf("ReadFile never"), 2);
 }

@@ -1,0 +1,254 @@
+// The four exported functions and the host object's side of them.
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <thread>
+
+#include "windows/library/engine_fixture.h"
+
+namespace korvel::test {
+namespace {
+
+using testing::ElementsAre;
+using namespace std::chrono_literals;
+
+class Boundary : public Engine {
+ protected:
+  // A host that never has the start-up application keeps the worker asking.
+  void StartWaitingForFile() {
+    host.Answer("a", kMHEG5FileNotYetAvailable);
+    Start();
+    WaitForRead("a");
+  }
+  void WaitForClosed(int closes = 1) {
+    ASSERT_TRUE(WaitUntil([&] { return window.Closes() == closes; }));
+  }
+};
+
+TEST_F(Boundary, a_start_without_a_host_object_is_refused) {
+  const int threads = CountThreads();
+  EXPECT_EQ(library.Run(nullptr, window.Handle()), 1U);
+  EXPECT_EQ(CountThreads(), threads);
+  EXPECT_EQ(FindEngineWindow(), nullptr);
+}
+
+TEST_F(Boundary, a_second_start_is_refused_while_an_engine_lives) {
+  StartWaitingForFile();
+  RecordingHost other;
+  EXPECT_EQ(library.Run(&other, window.Handle()), 1U);
+  EXPECT_TRUE(other.Calls().empty());
+}
+
+TEST_F(Boundary, a_start_is_refused_while_the_engine_is_closing) {
+  std::atomic<bool> mayAnswer = false;
+  host.onCall = [&](const std::string& name) {
+    if (name == "ReadFile a") static_cast<void>(WaitUntil([&] { return mayAnswer.load(); }));
+  };
+  Start();
+  WaitForRead("a");
+  library.Exit();
+  RecordingHost other;
+  EXPECT_EQ(library.Run(&other, window.Handle()), 1U);
+  EXPECT_TRUE(other.Calls().empty());
+  mayAnswer = true;
+  WaitForClosed();
+}
+
+TEST_F(Boundary, the_other_functions_do_nothing_before_a_start) {
+  const int threads = CountThreads();
+  EXPECT_EQ(library.Exit(), 0U);
+  EXPECT_EQ(library.ReStart(), 0U);
+  EXPECT_EQ(library.WaitForClose(), 0U);
+  EXPECT_EQ(CountThreads(), threads);
+  EXPECT_EQ(FindEngineWindow(), nullptr);
+  MSG message;
+  EXPECT_EQ(PeekMessageA(&message, nullptr, WM_CLOSE, WM_CLOSE, PM_REMOVE), 0);
+}
+
+TEST_F(Boundary, only_the_exit_code_closes_through_the_callback) {
+  StartWaitingForFile();
+  const MHEG5ExitCallback callback = host.ExitCallback();
+  ASSERT_NE(callback, nullptr);
+  for (const int code : {0, 999, 1001, -1}) callback(static_cast<std::uint32_t>(code));
+  const int reads = ReadsOf("a");
+  WaitForRead("a", reads + 2);
+  EXPECT_EQ(window.Closes(), 0);
+  callback(kMHEG5ExitCode);
+  WaitForClosed();
+}
+
+TEST_F(Boundary, a_host_that_never_has_the_file_is_asked_until_the_close) {
+  StartWaitingForFile();
+  WaitForRead("a", 4);
+  library.Exit();
+  WaitForClosed();
+  const auto calls = host.Calls();
+  std::vector<HostCall> reads;
+  for (const HostCall& call : calls) {
+    if (call.name == "ReadFile a") reads.push_back(call);
+  }
+  EXPECT_LE(reads.size(), 5U);
+  for (std::size_t index = 1; index < reads.size(); ++index) {
+    EXPECT_GE(reads[index].time - reads[index - 1].time, 480ms);
+  }
+  EXPECT_EQ(ReadsOf("startup"), 0) << "the first name had not failed yet";
+}
+
+TEST_F(Boundary, the_host_object_is_taken_and_given_back_in_order) {
+  host.Serve("a", "no group");
+  std::atomic<int> closesBeforeRelease = -1;
+  host.onCall = [&](const std::string& name) {
+    if (name == "Release") closesBeforeRelease = window.Closes();
+  };
+  Start();
+  WaitForRead("a");
+  library.Exit();
+  WaitForClosed();
+  EXPECT_THAT(host.Names(), ElementsAre("AddRef", "SetExitCallback", "ReadFile a", "FreeBuffer",
+                                        "SetExitCallback null", "Release"));
+  EXPECT_EQ(closesBeforeRelease, 0);
+  EXPECT_EQ(window.StrangeMessages(), 0);
+}
+
+TEST_F(Boundary, the_host_object_is_called_on_the_threads_it_expects) {
+  host.Serve("a", "no group");
+  Start();
+  WaitForRead("a");
+  Close();
+  const auto calls = host.Calls();
+  ASSERT_EQ(calls.size(), 6U);
+  const DWORD own = GetCurrentThreadId();
+  const DWORD worker = calls[2].thread;
+  EXPECT_NE(worker, own);
+  for (std::size_t index = 0; index < calls.size(); ++index) {
+    EXPECT_EQ(calls[index].thread, index < 2 ? own : worker) << calls[index].name;
+  }
+}
+
+TEST_F(Boundary, each_success_and_no_failure_gives_its_buffer_back) {
+  ServeScene("");
+  host.Serve("startup", "never read");
+  Start();
+  WaitForRead("s");
+  ASSERT_TRUE(WaitUntil([this] { return host.CountOf("FreeBuffer") == 2; }));
+  Close();
+  EXPECT_EQ(host.CountOf("FreeBuffer"), 2);
+}
+
+TEST_F(Boundary, missing_start_up_files_are_looked_for_twice) {
+  Start();
+  WaitForRead("startup", 2);
+  WaitForColour(60, 65, ShownPixel(engineWindow, 60, 65));
+  Close();
+  const auto calls = host.Calls();
+  ASSERT_GE(calls.size(), 6U);
+  EXPECT_EQ(ReadsOf("a"), 2);
+  EXPECT_EQ(ReadsOf("startup"), 2);
+  EXPECT_GE(calls[4].time - calls[3].time, 480ms) << "the pause between the passes";
+}
+
+TEST_F(Boundary, a_missing_host_window_is_accepted) {
+  host.Answer("a", kMHEG5FileNotYetAvailable);
+  ASSERT_EQ(library.Run(&host, nullptr), 0U);
+  WaitForWindow();
+  Close();
+  EXPECT_EQ(window.Closes(), 0);
+}
+
+TEST_F(Boundary, the_engine_starts_again_from_the_handler_of_the_closed_message) {
+  constexpr int kCycles = 100;
+  host.Answer("a", kNoSuchFile);
+  host.Answer("startup", kNoSuchFile);
+  int refused = 0;
+  window.onClosed = [&] {
+    if (window.Closes() < kCycles && library.Run(&host, window.Handle()) != 0) ++refused;
+  };
+  ASSERT_EQ(library.Run(&host, window.Handle()), 0U);
+  EXPECT_TRUE(WaitUntil(
+      [&] {
+        library.Exit();
+        return window.Closes() == kCycles || refused > 0;
+      },
+      100s));
+  EXPECT_EQ(refused, 0);
+  EXPECT_EQ(host.CountOf("AddRef"), kCycles);
+}
+
+TEST_F(Boundary, a_restart_request_closes_the_engine_as_an_exit_does) {
+  StartWaitingForFile();
+  EXPECT_EQ(library.ReStart(), 0U);
+  WaitForClosed();
+  EXPECT_EQ(library.WaitForClose(), 0U);
+  EXPECT_EQ(library.Run(&host, window.Handle()), 0U);
+  WaitForWindow();
+}
+
+TEST_F(Boundary, waiting_for_the_close_inside_a_host_function_returns_at_once) {
+  std::atomic<int> returned = 0;
+  host.onCall = [&](const std::string& name) {
+    if (name == "HostOwn") return;
+    if (library.WaitForClose() == 0) ++returned;
+  };
+  host.Serve("a", "no group");
+  Start();
+  WaitForRead("a");
+  library.Exit();
+  WaitForClosed();
+  EXPECT_EQ(returned, 6) << "once for each call of the host object";
+}
+
+TEST_F(Boundary, the_functions_may_be_called_from_inside_the_start) {
+  host.Answer("a", kMHEG5FileNotYetAvailable);
+  host.onCall = [&](const std::string& name) {
+    if (name != "AddRef" && name != "SetExitCallback") return;
+    RecordingHost other;
+    EXPECT_EQ(library.Run(&other, window.Handle()), 1U);
+    EXPECT_EQ(library.Exit(), 0U);
+  };
+  Start();
+  WaitForRead("a", 2);
+}
+
+TEST_F(Boundary, waiting_for_the_close_answers_messages_sent_to_the_waiting_thread) {
+  StartWaitingForFile();
+  std::atomic<bool> isAnswered = false;
+  host.onCall = [&](const std::string& name) {
+    if (name != "SetExitCallback null") return;
+    SendMessageA(window.Handle(), WM_NULL, 0, 0);
+    isAnswered = true;
+  };
+  library.Exit();
+  EXPECT_EQ(library.WaitForClose(), 0U);
+  EXPECT_TRUE(isAnswered);
+  EXPECT_EQ(host.HeldReferences(), 0);
+  EXPECT_EQ(window.Closes(), 0) << "the posted message is still in the queue";
+  WaitForClosed();
+}
+
+TEST_F(Boundary, every_waiting_thread_returns_when_the_engine_has_closed) {
+  StartWaitingForFile();
+  std::atomic<int> returned = 0;
+  std::vector<std::thread> waiters;
+  for (int count = 0; count < 4; ++count) {
+    waiters.emplace_back([&] {
+      library.WaitForClose();
+      if (host.HeldReferences() == 0 && FindEngineWindow() == nullptr) ++returned;
+    });
+  }
+  library.Exit();
+  for (std::thread& waiter : waiters) waiter.join();
+  EXPECT_EQ(returned, 4);
+}
+
+TEST_F(Boundary, no_thread_is_left_after_a_close) {
+  StartWaitingForFile();
+  Close();
+  const int threads = CountThreads();
+  Start();
+  EXPECT_EQ(CountThreads(), threads + 2);
+  Close();
+  EXPECT_TRUE(WaitUntil([&] { return CountThreads() == threads; }));
+}
+
+}  // namespace
+}  // namespace korvel::test

@@ -1,0 +1,52 @@
+// The fixture of tests of the whole library: a host object that serves a carousel from memory, a
+// host window, and an engine that is closed at the end of the test.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "windows/library/library.h"
+#include "windows/support/host_window.h"
+#include "windows/support/process.h"
+#include "windows/support/recording_host.h"
+#include "windows/support/waiting.h"
+
+namespace korvel::test {
+
+class Engine : public testing::Test {
+ protected:
+  Engine() = default;
+  ~Engine() override;
+
+  // Serves an application "a" that enters the scene "s", which has these items in the textual
+  // notation. No key is kept from the scene.
+  void ServeScene(const std::string& items);
+  // Serves a scene of that name with these items; they may be empty.
+  void ServeScene(const std::string& name, const std::string& items);
+
+  // Starts the engine and waits for its window.
+  void Start();
+  // The same for an engine that has been started already.
+  void WaitForWindow();
+  // Closes the engine and waits until the host window has been told and the thread has ended.
+  void Close();
+
+  void Post(UINT message, WPARAM wParam = 0) const;
+  void PressKey(WPARAM virtualKey) const { Post(WM_KEYDOWN, virtualKey); }
+  [[nodiscard]] COLORREF Shown(int x, int y) const { return ShownPixel(engineWindow, x, y); }
+  // Waits until the window shows this colour there.
+  void WaitForColour(int x, int y, COLORREF colour) const;
+  // Waits until the host has been asked for the file so many times.
+  void WaitForRead(const std::string& path, int count = 1) const;
+  [[nodiscard]] int ReadsOf(const std::string& path) const {
+    return host.CountOf("ReadFile " + path);
+  }
+
+  const Library& library = TheLibrary();
+  RecordingHost host;
+  HostWindow window;
+  HWND engineWindow = nullptr;
+};
+
+}  // namespace korvel::test

@@ -1,0 +1,30 @@
+// Loading korvel.dll.
+#include "windows/library/library.h"
+
+namespace korvel::test {
+namespace {
+
+template <class Function>
+void Find(HMODULE module, const char* name, Function& function) {
+  function = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+}
+
+Library Load() {
+  Library library;
+  HMODULE module = LoadLibraryA("korvel.dll");
+  if (module == nullptr) return library;
+  Find(module, "RunMHEG5Window", library.Run);
+  Find(module, "ExitMHEG5", library.Exit);
+  Find(module, "MHEG5ReStart", library.ReStart);
+  Find(module, "MHEG5WaitForClose", library.WaitForClose);
+  return library;
+}
+
+}  // namespace
+
+const Library& TheLibrary() {
+  static const Library library = Load();
+  return library;
+}
+
+}  // namespace korvel::test

@@ -45,12 +45,19 @@ Status RunIngredient(ItemType type, Ingredient& ingredient) noexcept;
 // What the Stop action does: deactivates and raises IsStopped if that changed something.
 Status StopIngredient(ItemType type, Ingredient& ingredient) noexcept;
 
+// Sets a variable's value. Refused, with the value as it was, while the variable is not available.
+Status SetValue(BooleanVariable& variable, bool value) noexcept;
+Status SetValue(IntegerVariable& variable, std::int32_t value) noexcept;
+Status SetValue(OctetStringVariable& variable, OctetString value) noexcept;
+Status SetValue(ObjectRefVariable& variable, ObjectReference value) noexcept;
+Status SetValue(ContentRefVariable& variable, OctetString path) noexcept;
+
 // Whether the key is one that the interaction in progress uses. If so the key is given to it, with
 // its result in `result`, and goes nowhere else.
 [[nodiscard]] bool TakeInteractionKey(std::int32_t key, Status& result) noexcept;
 
-// Forgets what the classes keep engine-wide (the highlighted object, the interaction in progress,
-// settings of the resident programs), as an engine start does.
+// Forgets what the classes keep engine-wide (the highlighted object, the interaction in progress),
+// as an engine start does.
 void ResetClassVariables() noexcept;
 
 // Forgets what the classes keep engine-wide about objects of a group that ends.

@@ -24,13 +24,6 @@ Status RequestRedraw() noexcept;
 // RaiseFrom.
 Status RedrawIfRunning(const Ingredient& object) noexcept;
 
-// Sets a variable's value. Refused, with the value as it was, while the variable is not available.
-Status SetValue(BooleanVariable& variable, bool value) noexcept;
-Status SetValue(IntegerVariable& variable, std::int32_t value) noexcept;
-Status SetValue(OctetStringVariable& variable, OctetString value) noexcept;
-Status SetValue(ObjectRefVariable& variable, ObjectReference value) noexcept;
-Status SetValue(ContentRefVariable& variable, OctetString path) noexcept;
-
 // Write an answer into the variable that the parameter at `place` names. Refused when it is not of
 // the class.
 Status AnswerBoolean(const Arguments& arguments, std::size_t place, bool value) noexcept;

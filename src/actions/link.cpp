@@ -1,19 +1,21 @@
-// Activating and deactivating links and resident programs.
+// Activating and deactivating links and resident programs. No event tells of it.
 #include "actions/behaviours.h"
 
 namespace korvel {
 
-// A link only changes its flag: no event tells of it.
+// A program is called, without parameters; a link waits for its event from now on.
 Status ActivateTarget(const Arguments& arguments) noexcept {
   auto& target = arguments.Target.As<Ingredient>();
-  return Activate(arguments.Target.Type, target) == Change::Failure ? Status::Failure
-                                                                    : Status::Done;
+  if (Activate(arguments.Target.Type, target) != Change::Changed) return Status::Refused;
+  if (arguments.Target.Type != ItemType::ResidentProgram) return Status::Done;
+  return RunResidentProgram(arguments.Target.As<ResidentProgram>().Name.View(), {},
+                            arguments.groupName);
 }
 
 Status DeactivateTarget(const Arguments& arguments) noexcept {
   auto& target = arguments.Target.As<Ingredient>();
-  return Deactivate(arguments.Target.Type, target) == Change::Failure ? Status::Failure
-                                                                      : Status::Done;
+  return Deactivate(arguments.Target.Type, target) == Change::Changed ? Status::Done
+                                                                      : Status::Refused;
 }
 
 }  // namespace korvel

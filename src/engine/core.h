@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "engine/engine.h"
+#include "engine/resident_programs.h"
 #include "objects/decoded_group.h"
 #include "objects/list.h"
 
@@ -46,6 +47,7 @@ struct Core {
 
   List<PersistentEntry> persistentStore;
   std::uint32_t random = 0;
+  ProgramSettings programSettings;
 
   // How much is at work on the call stack, and what the work at hand may still cost.
   std::uint32_t busyCount = 0;

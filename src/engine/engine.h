@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "actions/actions.h"
@@ -192,6 +193,17 @@ Status AppendPersistent(std::string_view name, OctetString&& data) noexcept;
 Status TakePersistent(std::string_view name, OctetString& data) noexcept;
 Status RemovePersistent(std::string_view name) noexcept;
 void EmptyPersistentStore() noexcept;
+
+// ---- Resident programs ----
+
+// The parameters of a call, borrowed for the call.
+using ProgramParameters = std::span<const GenericValue* const>;
+
+// Runs the program of that name. Refused, with nothing written, when a parameter is missing or its
+// variable is not found; Failure, said, for an unknown name and for an output variable of another
+// class. `groupName` is the group that references without a group identifier mean.
+Status RunResidentProgram(std::string_view name, ProgramParameters parameters,
+                          std::string_view groupName) noexcept;
 
 // ---- Chance ----
 

@@ -114,6 +114,7 @@ Status StartEngine(std::string_view path) noexcept {
   EmptyApplicationStack();
   TheCore().currentDirectory.Clear();
   TheCore().random = SecondsNow();
+  TheCore().programSettings = {};
   ResetClassVariables();
 
   OctetString bytes;

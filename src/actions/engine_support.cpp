@@ -1,0 +1,115 @@
+// What the engine says it supports: the features of the broadcast profile, by their long and short
+// names.
+#include <charconv>
+#include <string_view>
+
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+
+namespace korvel {
+namespace {
+
+// When a feature is supported, by the numbers given with its name.
+enum class Rule : std::uint8_t {
+  Always,        // takes no numbers
+  AnyNumber,     // one
+  AtMostOne,     // one
+  ExactlyOne,    // one
+  SceneSize,     // width and height
+  SceneRatio,    // width and height
+  PositiveSize,  // a content hook, a width and a height
+  Never,         // with whatever it is given
+};
+
+struct Feature {
+  std::string_view longName;
+  std::string_view shortName;
+  Rule rule;
+};
+
+constexpr Feature kFeatures[] = {
+    {"ApplicationStacking", "ASt", Rule::Always},
+    {"OverlappingVisibles", "OvV", Rule::AnyNumber},
+    {"MultipleAudioStreams", "MAS", Rule::AtMostOne},
+    {"MultipleVideoStreams", "MVS", Rule::AtMostOne},
+    {"SceneCoordinateSystem", "SCS", Rule::SceneSize},
+    {"SceneAspectRatio", "SAR", Rule::SceneRatio},
+    {"BitmapScaling", "BSc", Rule::PositiveSize},
+    {"VideoScaling", "VSc", Rule::PositiveSize},
+    {"UKEngineProfile", "UEP", Rule::ExactlyOne},
+    {"AncillaryConnections", "ACo", Rule::Never},
+    {"Cloning", "Clo", Rule::Never},
+    {"FreeMovingCursor", "FMC", Rule::Never},
+    {"Scaling", "Sca", Rule::Never},
+    {"TrickModes", "TrM", Rule::Never},
+    {"VideoDecodeOffset", "VDO", Rule::Never},
+    {"BitmapDecodeOffset", "BDO", Rule::Never},
+    {"DownloadableFont", "DLF", Rule::Never},
+};
+
+constexpr std::size_t kMostNumbers = 3;
+
+// A feature as content asks for it: a name, and numbers in parentheses.
+struct Question {
+  std::string_view name;
+  std::array<std::int32_t, kMostNumbers> numbers{};
+  std::size_t count = 0;
+};
+
+// Takes one number from the front of `rest`. False when there is none.
+bool TakeNumber(std::string_view& rest, std::int32_t& number) noexcept {
+  const char* const end = rest.data() + rest.size();
+  const auto [next, error] = std::from_chars(rest.data(), end, number);
+  if (error != std::errc()) return false;
+  rest.remove_prefix(static_cast<std::size_t>(next - rest.data()));
+  return true;
+}
+
+// False when the text is not written as a feature is.
+bool ReadQuestion(std::string_view text, Question& question) noexcept {
+  const std::size_t open = text.find('(');
+  question.name = text.substr(0, open);
+  if (open == std::string_view::npos) return true;
+  std::string_view rest = text.substr(open + 1);
+  while (question.count < kMostNumbers && TakeNumber(rest, question.numbers[question.count])) {
+    ++question.count;
+    if (rest == ")") return true;
+    if (!rest.starts_with(',')) return false;
+    rest.remove_prefix(1);
+  }
+  return false;
+}
+
+bool IsSupported(Rule rule, const Question& question) noexcept {
+  const auto& [first, second, third] = question.numbers;
+  switch (rule) {
+  case Rule::Always: return question.count == 0;
+  case Rule::AnyNumber: return question.count == 1;
+  case Rule::AtMostOne: return question.count == 1 && first <= 1;
+  case Rule::ExactlyOne: return question.count == 1 && first == 1;
+  case Rule::SceneSize: return question.count == 2 && first == 720 && second == 576;
+  case Rule::SceneRatio: return question.count == 2 && first == 4 && second == 3;
+  case Rule::PositiveSize: return question.count == 3 && second > 0 && third > 0;
+  case Rule::Never: return false;
+  }
+  return false;
+}
+
+bool IsFeatureSupported(std::string_view text) noexcept {
+  Question question;
+  if (!ReadQuestion(text, question)) return false;
+  for (const Feature& feature : kFeatures) {
+    if (question.name == feature.longName || question.name == feature.shortName) {
+      return IsSupported(feature.rule, question);
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+Status GetEngineSupport(const Arguments& arguments) noexcept {
+  return AnswerBoolean(arguments, 1, IsFeatureSupported(arguments.Octets(0)));
+}
+
+}  // namespace korvel

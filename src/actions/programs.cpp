@@ -1,0 +1,38 @@
+// Calling resident programs. A call is over when the action is: a forked program has run as well,
+// and only tells so.
+#include "actions/answers.h"
+#include "actions/behaviours.h"
+
+namespace korvel {
+namespace {
+
+ResidentProgram& TargetOf(const Arguments& arguments) noexcept {
+  return arguments.Target.As<ResidentProgram>();
+}
+
+// Runs the target with the parameters behind the success variable, which tells how that went.
+Status RunTargetProgram(const Arguments& arguments) noexcept {
+  const FoundObject success = Find(arguments, arguments.Reference(0));
+  if (success.Type != ItemType::BooleanVariable) return Status::Refused;
+  Sequence<const GenericValue*> parameters;
+  auto given = arguments.Given->begin();
+  for (++given; given != arguments.Given->end(); ++given) {
+    if (!parameters.Append(&*given)) return Status::Failure;
+  }
+  const Status status =
+      RunResidentProgram(TargetOf(arguments).Name.View(), {parameters.begin(), parameters.Size()},
+                         arguments.groupName);
+  (void)SetValue(success.As<BooleanVariable>(), status == Status::Done);
+  return status == Status::Failure ? status : Status::Done;
+}
+
+}  // namespace
+
+Status CallProgram(const Arguments& arguments) noexcept { return RunTargetProgram(arguments); }
+
+Status ForkProgram(const Arguments& arguments) noexcept {
+  const Status status = RunTargetProgram(arguments);
+  return status == Status::Done ? RaiseFrom(TargetOf(arguments), EventType::AsynchStopped) : status;
+}
+
+}  // namespace korvel

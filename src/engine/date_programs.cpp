@@ -1,0 +1,133 @@
+// The resident programs of date and time. A date is a Modified Julian Date, the days since 17
+// November 1858; a time is six binary-coded decimal digits, hhmmss.
+#include <cstdio>
+
+#include "engine/resident_programs.h"
+#include "host/host.h"
+
+namespace korvel {
+namespace {
+
+struct Date {
+  std::int64_t Year = 1858;
+  int Month = 11;
+  int Day = 17;
+};
+
+constexpr bool IsLeapYear(std::int64_t year) {
+  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+}
+
+constexpr int DaysOfMonth(std::int64_t year, int month) {
+  constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  return month == 2 && IsLeapYear(year) ? 29 : kDays[month - 1];
+}
+
+// The date of a day number. Days before the first one of the calendar are an error and count as
+// that first day.
+Date DateOf(std::int32_t dayNumber) noexcept {
+  if (dayNumber < 0) {
+    std::fputs("Month error\n", stdout);
+    return {};
+  }
+  constexpr int kFirstDayOfYear = 320;  // 17 November comes so many days after 1 January 1858
+  constexpr std::int64_t kDaysOf400Years = 146'097;
+  std::int64_t days = std::int64_t{dayNumber} + kFirstDayOfYear;
+  Date date;
+  date.Year = 1858 + days / kDaysOf400Years * 400;
+  days %= kDaysOf400Years;
+  for (; days >= (IsLeapYear(date.Year) ? 366 : 365); ++date.Year) {
+    days -= IsLeapYear(date.Year) ? 366 : 365;
+  }
+  for (date.Month = 1; days >= DaysOfMonth(date.Year, date.Month); ++date.Month) {
+    days -= DaysOfMonth(date.Year, date.Month);
+  }
+  date.Day = static_cast<int>(days) + 1;
+  return date;
+}
+
+// The day number by the formula of digital broadcasting.
+std::int32_t DayNumberOf(const LocalTime& now) noexcept {
+  const int l = now.Month <= 2 ? 1 : 0;
+  const int y = now.Year - 1900;
+  return 14956 + now.Day + static_cast<int>((y - l) * 365.25) +
+         static_cast<int>((now.Month + 1 + l * 12) * 30.6001);
+}
+
+constexpr std::int32_t Coded(std::int32_t twoDigits) {
+  return twoDigits / 10 << 4 | twoDigits % 10;
+}
+
+// Two digits of a coded time: 0 the hours, 1 the minutes, 2 the seconds.
+constexpr int Decoded(std::int32_t time, int pair) {
+  const std::uint32_t digits = static_cast<std::uint32_t>(time) >> (16 - 8 * pair);
+  return static_cast<int>((digits >> 4 & 0xF) * 10 + (digits & 0xF));
+}
+
+constexpr int TwelveHour(int hour) {
+  if (hour == 0) return 12;
+  return hour > 12 ? hour - 12 : hour;
+}
+
+// Writes the field that a code letter stands for. Nothing for an unknown letter.
+int WriteField(char code, const Date& date, std::int32_t time, char* text, std::size_t size) {
+  const int hour = Decoded(time, 0);
+  const auto number = [text, size](const char* format, long long value) {
+    return std::snprintf(text, size, format, value);
+  };
+  switch (code) {
+  case 'Y': return number("%04lld", date.Year);
+  case 'y': return number("%02lld", date.Year % 100);
+  case 'X': return number("%02lld", date.Month);
+  case 'x': return number("%lld", date.Month);
+  case 'D': return number("%02lld", date.Day);
+  case 'd': return number("%lld", date.Day);
+  case 'H': return number("%02lld", hour);
+  case 'h': return number("%lld", hour);
+  case 'I': return number("%02lld", TwelveHour(hour));
+  case 'i': return number("%lld", TwelveHour(hour));
+  case 'M': return number("%02lld", Decoded(time, 1));
+  case 'm': return number("%lld", Decoded(time, 1));
+  case 'S': return number("%02lld", Decoded(time, 2));
+  case 's': return number("%lld", Decoded(time, 2));
+  case 'A': return std::snprintf(text, size, "%s", hour < 12 ? "AM" : "PM");
+  case 'a': return std::snprintf(text, size, "%s", hour < 12 ? "am" : "pm");
+  case '%': return std::snprintf(text, size, "%%");
+  default: return 0;
+  }
+}
+
+}  // namespace
+
+bool GetCurrentDate(ProgramValues& values) noexcept {
+  LocalTime now;
+  if (!GetLocalClock(now)) return true;  // both results stay 0
+  values[0].Integer = DayNumberOf(now);
+  values[1].Integer = Coded(now.Hour) << 16 | Coded(now.Minute) << 8 | Coded(now.Second);
+  return true;
+}
+
+bool FormatDate(ProgramValues& values) noexcept {
+  const std::string_view format = values[0].Octets.View();
+  const Date date = DateOf(values[1].Integer);
+  OctetString& text = values[3].Octets;
+  if (!text.Assign({})) return false;
+  for (std::size_t at = 0; at < format.size(); ++at) {
+    char field[24] = {format[at]};
+    int length = 1;
+    if (format[at] == '%') {
+      ++at;  // a "%" at the very end stands for nothing
+      const char code = at < format.size() ? format[at] : '\0';
+      length = WriteField(code, date, values[2].Integer, field, sizeof field);
+    }
+    if (!text.Append({field, static_cast<std::size_t>(length)})) return false;
+  }
+  return true;
+}
+
+bool GetDayOfWeek(ProgramValues& values) noexcept {
+  values[1].Integer = static_cast<std::int32_t>((std::int64_t{values[0].Integer} + 2) % 7 + 1);
+  return true;
+}
+
+}  // namespace korvel

@@ -1,0 +1,219 @@
+// The table of resident programs and their dispatcher. The dispatcher reads every input and finds
+// every output before the program runs, so that a call that cannot be served writes nothing.
+#include "engine/resident_programs.h"
+
+#include <cstdio>
+#include <string_view>
+#include <utility>
+
+#include "engine/engine.h"
+
+namespace korvel {
+namespace {
+
+// What stands at one place of a program's signature.
+enum class Slot : std::uint8_t {
+  None,  // past the last parameter
+  BooleanIn,
+  IntegerIn,
+  TextIn,
+  ReferenceIn,
+  BooleanOut,
+  IntegerOut,
+  TextOut,
+  ReferenceOut,
+  ContentOut,
+};
+
+struct ProgramRow {
+  std::string_view name;
+  std::array<Slot, kMostProgramParameters> slots;
+  bool (*run)(ProgramValues& values) noexcept;
+};
+
+using enum Slot;
+
+constexpr ProgramRow kPrograms[] = {
+    {"GCD", {IntegerOut, IntegerOut}, GetCurrentDate},
+    {"FDa", {TextIn, IntegerIn, IntegerIn, TextOut}, FormatDate},
+    {"GDW", {IntegerIn, IntegerOut}, GetDayOfWeek},
+    {"Rnd", {IntegerIn, IntegerOut}, GetRandomNumber},
+    {"CTC", {TextIn, ContentOut}, CastToContentReference},
+    {"CTO", {TextIn, IntegerIn, ReferenceOut}, CastToObjectReference},
+    {"GSL", {TextIn, IntegerOut}, GetStringLength},
+    {"GSS", {TextIn, IntegerIn, IntegerIn, TextOut}, GetSubstring},
+    {"SSS", {TextIn, IntegerIn, TextIn, IntegerOut}, SearchSubstring},
+    {"SES", {TextIn, IntegerIn, TextIn, TextOut, IntegerOut}, SearchAndExtractSubstring},
+    {"GSI", {TextIn, IntegerOut}, GetServiceIndex},
+    {"BSI",
+     {IntegerIn, IntegerOut, IntegerOut, IntegerOut, IntegerOut},
+     GetBasicServiceInformation},
+    {"TIn", {IntegerIn}, TuneToIndex},
+    {"TII", {IntegerIn}, SetTuneInfo},
+    {"GBI", {BooleanOut, TextOut}, GetBootInfo},
+    {"CCR", {TextIn, BooleanOut, ContentOut}, CheckContentReference},
+    {"CGR", {ReferenceIn, BooleanOut, ReferenceOut}, CheckGroupReference},
+    {"VTG", {}, DoNothing},
+    {"SWA", {IntegerIn}, SetWidescreenAlignment},
+    {"GDA", {IntegerOut}, GetDisplayAspectRatio},
+    {"CIS", {}, DoNothing},
+    {"SSM", {BooleanIn}, SetSubtitleMode},
+    {"WAI", {TextOut}, WhoAmI},
+    {"DBG", {}, DoNothing},
+};
+
+const ProgramRow* FindProgram(std::string_view name) noexcept {
+  for (const ProgramRow& row : kPrograms) {
+    if (row.name == name) return &row;
+  }
+  return nullptr;
+}
+
+Status ReportType() noexcept {
+  std::fputs("GetItemType Error\n", stdout);
+  return Status::Failure;
+}
+
+constexpr bool IsInput(Slot slot) {
+  return slot == BooleanIn || slot == IntegerIn || slot == TextIn || slot == ReferenceIn;
+}
+
+// The class of variable that stands at a place.
+constexpr ItemType ClassOf(Slot slot) {
+  switch (slot) {
+  case BooleanIn:
+  case BooleanOut: return ItemType::BooleanVariable;
+  case IntegerIn:
+  case IntegerOut: return ItemType::IntegerVariable;
+  case TextIn:
+  case TextOut: return ItemType::OctetStringVariable;
+  case ReferenceIn:
+  case ReferenceOut: return ItemType::ObjectRefVariable;
+  case ContentOut: return ItemType::ContentRefVariable;
+  case None: break;
+  }
+  return ItemType::None;
+}
+
+// The kind of an input that is given directly.
+constexpr ValueKind KindOf(Slot slot) {
+  switch (slot) {
+  case BooleanIn: return ValueKind::Boolean;
+  case IntegerIn: return ValueKind::Integer;
+  case TextIn: return ValueKind::OctetString;
+  case ReferenceIn: return ValueKind::ObjectReference;
+  default: return ValueKind::None;
+  }
+}
+
+// One call: the program's parameters as given, the values that it works on, and the variables of
+// its outputs.
+class ProgramCall {
+ public:
+  ProgramCall(ProgramParameters given, std::string_view groupName) noexcept
+      : given_(given), groupName_(groupName) {}
+
+  // Reads the inputs and finds the outputs.
+  Status Open(const ProgramRow& row) noexcept {
+    for (std::size_t place = 0; place < row.slots.size() && row.slots[place] != None; ++place) {
+      if (place >= given_.size()) return Status::Refused;
+      const Status status = IsInput(row.slots[place]) ? Read(row.slots[place], place)
+                                                      : FindOutput(row.slots[place], place);
+      if (status != Status::Done) return status;
+    }
+    return Status::Done;
+  }
+
+  [[nodiscard]] ProgramValues& Values() noexcept { return values_; }
+
+  // Writes the results. A variable that is not available keeps its value.
+  void Write() noexcept {
+    for (std::size_t place = 0; place < outputs_.size(); ++place) {
+      GenericValue& value = values_[place];
+      const FoundObject& output = outputs_[place];
+      switch (output.Type) {
+      case ItemType::BooleanVariable:
+        (void)SetValue(output.As<BooleanVariable>(), value.Boolean);
+        break;
+      case ItemType::IntegerVariable:
+        (void)SetValue(output.As<IntegerVariable>(), value.Integer);
+        break;
+      case ItemType::OctetStringVariable:
+        (void)SetValue(output.As<OctetStringVariable>(), std::move(value.Octets));
+        break;
+      case ItemType::ObjectRefVariable:
+        (void)SetValue(output.As<ObjectRefVariable>(), std::move(value.Reference));
+        break;
+      case ItemType::ContentRefVariable:
+        (void)SetValue(output.As<ContentRefVariable>(), std::move(value.Octets));
+        break;
+      default: break;
+      }
+    }
+  }
+
+ private:
+  // Variables of programs are looked for in the application first, whoever calls.
+  [[nodiscard]] FoundObject FindVariable(std::size_t place) const noexcept {
+    const GenericValue& given = *given_[place];
+    const bool isReference =
+        given.Kind == ValueKind::ObjectReference || given.Kind == ValueKind::IndirectReference;
+    if (!isReference) return {};
+    const OctetString& group = given.Reference.GroupIdentifier;
+    return FindObject(Scope::ApplicationFirst, group.IsPresent() ? group.View() : groupName_,
+                      given.Reference.Number);
+  }
+
+  Status Read(Slot slot, std::size_t place) noexcept {
+    GenericValue& value = values_[place];
+    if (given_[place]->Kind == KindOf(slot)) {
+      return Copy(*given_[place], value) ? Status::Done : Status::Failure;
+    }
+    const FoundObject variable = FindVariable(place);
+    if (variable.Type != ClassOf(slot)) return Status::Refused;
+    return ReadFrom(variable, value) ? Status::Done : Status::Failure;
+  }
+
+  static bool ReadFrom(const FoundObject& variable, GenericValue& value) noexcept {
+    switch (variable.Type) {
+    case ItemType::BooleanVariable:
+      value.Boolean = variable.As<BooleanVariable>().Value;
+      return true;
+    case ItemType::IntegerVariable:
+      value.Integer = variable.As<IntegerVariable>().Value;
+      return true;
+    case ItemType::OctetStringVariable:
+      return value.Octets.CopyFrom(variable.As<OctetStringVariable>().Value);
+    default: return Copy(variable.As<ObjectRefVariable>().Value, value.Reference);
+    }
+  }
+
+  Status FindOutput(Slot slot, std::size_t place) noexcept {
+    const FoundObject variable = FindVariable(place);
+    if (!variable) return Status::Refused;
+    if (variable.Type != ClassOf(slot)) return ReportType();
+    outputs_[place] = variable;
+    return Status::Done;
+  }
+
+  ProgramParameters given_;
+  std::string_view groupName_;
+  ProgramValues values_;
+  std::array<FoundObject, kMostProgramParameters> outputs_;
+};
+
+}  // namespace
+
+Status RunResidentProgram(std::string_view name, ProgramParameters parameters,
+                          std::string_view groupName) noexcept {
+  const ProgramRow* row = FindProgram(name);
+  if (row == nullptr) return ReportType();
+  ProgramCall call(parameters, groupName);
+  const Status status = call.Open(*row);
+  if (status != Status::Done) return status;
+  if (!row->run(call.Values())) return Status::Failure;
+  call.Write();
+  return Status::Done;
+}
+
+}  // namespace korvel

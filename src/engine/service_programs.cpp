@@ -1,0 +1,76 @@
+// The resident programs on broadcast services: a fixed table of six, all of one network.
+#include <string_view>
+
+#include "engine/core.h"
+#include "engine/resident_programs.h"
+#include "host/host.h"
+
+namespace korvel {
+namespace {
+
+constexpr std::int32_t kNetworkId = 0x3002;
+constexpr std::int32_t kOriginalNetworkId = 0x233A;
+constexpr std::int32_t kTransportStreamId = 0x100D;
+
+struct Service {
+  std::string_view idText;
+  std::int32_t id;
+};
+constexpr Service kServices[] = {{"104d", 0x104D}, {"108d", 0x108D}, {"10ff", 0x10FF},
+                                 {"113f", 0x113F}, {"117f", 0x117F}, {"123f", 0x123F}};
+
+// Takes the text before the next dot away from `rest`. False when there is no dot.
+bool TakeField(std::string_view& rest, std::string_view& field) noexcept {
+  const std::size_t dot = rest.find('.');
+  if (dot == std::string_view::npos) return false;
+  field = rest.substr(0, dot);
+  rest.remove_prefix(dot + 1);
+  return true;
+}
+
+// The index of a service reference, from 1; -1 when it names none of the services. The comparison
+// is exact, and the transport stream does not count.
+std::int32_t IndexOf(std::string_view reference) noexcept {
+  constexpr std::string_view kPrefix = "dvb://";
+  if (!reference.starts_with(kPrefix)) return -1;
+  std::string_view rest = reference.substr(kPrefix.size());
+  std::string_view network;
+  std::string_view stream;
+  if (!TakeField(rest, network) || !TakeField(rest, stream) || network != "233a") return -1;
+  std::int32_t index = 0;
+  for (const Service& service : kServices) {
+    ++index;
+    if (service.idText == rest) return index;
+  }
+  return -1;
+}
+
+}  // namespace
+
+bool GetServiceIndex(ProgramValues& values) noexcept {
+  values[1].Integer = IndexOf(values[0].Octets.View());
+  return true;
+}
+
+bool GetBasicServiceInformation(ProgramValues& values) noexcept {
+  const std::int32_t index = values[0].Integer;
+  const bool isKnown = index >= 1 && index <= static_cast<std::int32_t>(std::size(kServices));
+  values[1].Integer = isKnown ? kNetworkId : -1;
+  values[2].Integer = isKnown ? kOriginalNetworkId : -1;
+  values[3].Integer = isKnown ? kTransportStreamId : -1;
+  values[4].Integer = isKnown ? kServices[index - 1].id : -1;
+  return true;
+}
+
+// The engine starts again from the start-up search of the new service.
+bool TuneToIndex(ProgramValues& values) noexcept {
+  if (values[0].Integer > 0) RequestRestart(RestartReason::Tune);
+  return true;
+}
+
+bool SetTuneInfo(ProgramValues& values) noexcept {
+  TheCore().programSettings.TuneInfo = values[0].Integer;
+  return true;
+}
+
+}  // namespace korvel

@@ -1,0 +1,74 @@
+// The resident programs on texts and references. Places in a text count from 1; zero bytes are
+// bytes like any other.
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "engine/resident_programs.h"
+
+namespace korvel {
+namespace {
+
+std::int32_t LengthOf(std::string_view text) noexcept {
+  return static_cast<std::int32_t>(text.size());
+}
+
+// Where the search begins: a start before the text means its beginning.
+std::size_t StartOf(std::int32_t start) noexcept {
+  return start < 1 ? 0 : static_cast<std::size_t>(start) - 1;
+}
+
+// The index of the first occurrence at or after `start`, both from 0; npos when there is none. An
+// empty text is found where the search begins, up to the end of the text.
+std::size_t Search(std::string_view text, std::size_t start, std::string_view wanted) noexcept {
+  return start > text.size() ? std::string_view::npos : text.find(wanted, start);
+}
+
+}  // namespace
+
+bool GetStringLength(ProgramValues& values) noexcept {
+  values[1].Integer = LengthOf(values[0].Octets.View());
+  return true;
+}
+
+bool GetSubstring(ProgramValues& values) noexcept {
+  const std::string_view text = values[0].Octets.View();
+  const std::int32_t begin = std::max(values[1].Integer, 1);
+  const std::int32_t end = std::min(values[2].Integer, LengthOf(text));
+  if (end < begin) return values[3].Octets.Assign({});
+  const auto first = static_cast<std::size_t>(begin) - 1;
+  return values[3].Octets.Assign(text.substr(first, static_cast<std::size_t>(end) - first));
+}
+
+bool SearchSubstring(ProgramValues& values) noexcept {
+  const std::size_t found =
+      Search(values[0].Octets.View(), StartOf(values[1].Integer), values[2].Octets.View());
+  values[3].Integer = found == std::string_view::npos ? -1 : static_cast<std::int32_t>(found) + 1;
+  return true;
+}
+
+// Extracts what stands before the text that is searched for and tells the place behind it, so that
+// repeated calls walk through a list of words.
+bool SearchAndExtractSubstring(ProgramValues& values) noexcept {
+  const std::string_view text = values[0].Octets.View();
+  const std::string_view wanted = values[2].Octets.View();
+  const std::size_t start = StartOf(values[1].Integer);
+  const std::size_t found = Search(text, start, wanted);
+  if (found == std::string_view::npos) {
+    values[4].Integer = -1;
+    return values[3].Octets.Assign({});
+  }
+  values[4].Integer = static_cast<std::int32_t>(found + wanted.size()) + 1;
+  return values[3].Octets.Assign(text.substr(start, found - start));
+}
+
+bool CastToContentReference(ProgramValues& values) noexcept {
+  return values[1].Octets.Assign(values[0].Octets.View());
+}
+
+bool CastToObjectReference(ProgramValues& values) noexcept {
+  values[2].Reference.Number = values[1].Integer;
+  return values[2].Reference.GroupIdentifier.Assign(values[0].Octets.View());
+}
+
+}  // namespace korvel

@@ -59,7 +59,7 @@ Status Painted(const Arguments& arguments, Paint&& paint) noexcept {
 
 Status PaintArc(const Arguments& arguments, ArcForm form) noexcept {
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
-    const Colour fill = form == ArcForm::Sector ? FillColourOf(lineArt) : kTransparentColour;
+    const DrawnColour fill = form == ArcForm::Sector ? FillColourOf(lineArt) : kTransparentColour;
     return CanvasArc(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
                      arguments.Integer(2), arguments.Integer(3), arguments.Integer(4),
                      arguments.Integer(5), LineOf(lineArt), fill, form, canvas);

@@ -20,7 +20,7 @@ namespace {
 constexpr std::int64_t kLargestArea = std::int64_t{64} * 1024 * 1024;
 
 constexpr Gdiplus::ARGB kTransparentBlack = 0;
-constexpr Colour kTransparencyByte = 0xFF;
+constexpr DrawnColour kTransparencyByte = 0xFF;
 
 [[nodiscard]] bool MakePicture(Canvas& canvas) noexcept {
   return Succeeded(gdip::GdipCreateBitmapFromScan0(canvas.Width, canvas.Height, 0,
@@ -31,7 +31,7 @@ constexpr Colour kTransparencyByte = 0xFF;
 }
 
 // A brush, or nothing where the colour cannot be seen anyway.
-[[nodiscard]] bool MakeBrush(Colour colour, SolidBrushOwner& brush) noexcept {
+[[nodiscard]] bool MakeBrush(DrawnColour colour, SolidBrushOwner& brush) noexcept {
   return (colour & kTransparencyByte) != kTransparencyByte &&
          Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(colour), brush.Slot()));
 }
@@ -58,7 +58,7 @@ Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) noexc
   return Status::Done;
 }
 
-Status ClearCanvas(Colour fill, Canvas* canvas) noexcept {
+Status ClearCanvas(DrawnColour fill, Canvas* canvas) noexcept {
   if (canvas == nullptr) return Status::Done;
   static_cast<void>(gdip::GdipResetClip(canvas->Graphics));
   static_cast<void>(gdip::GdipGraphicsClear(canvas->Graphics, kTransparentBlack));
@@ -79,14 +79,14 @@ Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
   return Status::Done;
 }
 
-Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Colour fill,
-                       Canvas* canvas) noexcept {
+Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
+                       DrawnColour fill, Canvas* canvas) noexcept {
   if (canvas == nullptr) return Status::Done;
   DrawBorderedRectangle(canvas->Graphics, BoxBetween(from.X, from.Y, to.X, to.Y), line, fill);
   return Status::Done;
 }
 
-Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, Colour fill,
+Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
                   Canvas* canvas) noexcept {
   const Box box = BoxAt(at.X, at.Y, width, height);
   SolidBrushOwner brush;
@@ -97,7 +97,7 @@ Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, Colou
 }
 
 Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
-                 std::int32_t arcAngle, const LineAttributes& line, Colour fill, ArcForm form,
+                 std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
                  Canvas* canvas) noexcept {
   const std::int64_t shrink = DrawnWidth(line);
   const Box box = BoxAt(at.X + shrink, at.Y + shrink, width - 2 * shrink, height - 2 * shrink);
@@ -114,15 +114,15 @@ Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::i
                                        box.Height(), start, sweep));
   if ((fill & kTransparencyByte) == kTransparencyByte) return Status::Done;
   SolidBrushOwner brush;
-  const Colour mixed = (fill & ~kTransparencyByte) | (line.Ink & kTransparencyByte);
+  const DrawnColour mixed = (fill & ~kTransparencyByte) | (line.Ink & kTransparencyByte);
   if (!MakeBrush(mixed, brush)) return Status::Done;
   static_cast<void>(gdip::GdipFillPieI(canvas->Graphics, brush, box.Left, box.Top, box.Width(),
                                        box.Height(), start, sweep));
   return Status::Done;
 }
 
-Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line, Colour fill,
-                     Canvas* canvas) noexcept {
+Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
+                     DrawnColour fill, Canvas* canvas) noexcept {
   Sequence<CanvasPoint> clipped;
   if (canvas == nullptr || !ClipPolygon(points, clipped) || clipped.Size() < 2) {
     return Status::Done;

@@ -12,14 +12,14 @@ namespace korvel {
 
 namespace {
 
-constexpr Colour kWhite = 0xFFFFFF00;
-constexpr Colour kBlack = 0x00000000;
+constexpr DrawnColour kWhite = 0xFFFFFF00;
+constexpr DrawnColour kBlack = 0x00000000;
 
 // A palette is a row of such entries: red, green, blue, transparency.
 constexpr std::size_t kPaletteEntryBytes = 4;
 
-Colour Pack(std::string_view bytes) noexcept {
-  Colour colour = 0;
+DrawnColour Pack(std::string_view bytes) noexcept {
+  DrawnColour colour = 0;
   for (const char byte : bytes) colour = colour << 8 | static_cast<unsigned char>(byte);
   return colour;
 }
@@ -59,7 +59,7 @@ const Palette* PaletteOf(const Visible& visible) noexcept {
 }
 
 [[nodiscard]] bool ReadEntry(std::string_view entries, std::int32_t index,
-                             Colour& colour) noexcept {
+                             DrawnColour& colour) noexcept {
   if (index < 0 || static_cast<std::size_t>(index) >= entries.size() / kPaletteEntryBytes) {
     return false;
   }
@@ -70,7 +70,7 @@ const Palette* PaletteOf(const Visible& visible) noexcept {
 
 // A palette that nothing has prepared still has its original content.
 [[nodiscard]] bool ReadPalette(const Palette& palette, std::int32_t index,
-                               Colour& colour) noexcept {
+                               DrawnColour& colour) noexcept {
   const ContentBody& content =
       palette.Content.Data.IsPresent() ? palette.Content : palette.OriginalContent;
   if (!content.IsReferenced) return ReadEntry(content.Data.View(), index, colour);
@@ -83,7 +83,7 @@ const Palette* PaletteOf(const Visible& visible) noexcept {
 
 // The one reduction. False when the colour is not set; `reduced` is then unchanged.
 [[nodiscard]] bool Reduce(const ColourValue& colour, const Visible& visible,
-                          Colour& reduced) noexcept {
+                          DrawnColour& reduced) noexcept {
   if (colour.Kind == ValueKind::Integer) {
     if (colour.Index < 0) return false;
     const Palette* palette = PaletteOf(visible);
@@ -96,13 +96,14 @@ const Palette* PaletteOf(const Visible& visible) noexcept {
   return true;
 }
 
-Colour ReduceOr(const ColourValue& colour, const Visible& visible, Colour unset) noexcept {
+DrawnColour ReduceOr(const ColourValue& colour, const Visible& visible,
+                     DrawnColour unset) noexcept {
   static_cast<void>(Reduce(colour, visible, unset));
   return unset;
 }
 
-Colour ReduceOr(const ColourValue& colour, const Visible& visible,
-                ColourValue DefaultAttributes::*applications, Colour unset) noexcept {
+DrawnColour ReduceOr(const ColourValue& colour, const Visible& visible,
+                     ColourValue DefaultAttributes::*applications, DrawnColour unset) noexcept {
   if (Reduce(colour, visible, unset)) return unset;
   const Application* application = CurrentApplication();
   if (application == nullptr) return unset;
@@ -111,32 +112,32 @@ Colour ReduceOr(const ColourValue& colour, const Visible& visible,
 
 }  // namespace
 
-Colour TextColourOf(const Text& text) noexcept {
+DrawnColour TextColourOf(const Text& text) noexcept {
   return ReduceOr(text.TextColour, text, &DefaultAttributes::TextColour, kWhite);
 }
 
-Colour BackgroundColourOf(const Text& text) noexcept {
+DrawnColour BackgroundColourOf(const Text& text) noexcept {
   return ReduceOr(text.BackgroundColour, text, &DefaultAttributes::BackgroundColour,
                   kTransparentColour);
 }
 
-Colour SliderColourOf(const Slider& slider) noexcept {
+DrawnColour SliderColourOf(const Slider& slider) noexcept {
   return ReduceOr(slider.SliderRefColour, slider, &DefaultAttributes::SliderRefColour, kWhite);
 }
 
-Colour LineColourOf(const LineArt& lineArt) noexcept {
+DrawnColour LineColourOf(const LineArt& lineArt) noexcept {
   return ReduceOr(lineArt.RefLineColour, lineArt, kBlack);
 }
 
-Colour FillColourOf(const LineArt& lineArt) noexcept {
+DrawnColour FillColourOf(const LineArt& lineArt) noexcept {
   return ReduceOr(lineArt.RefFillColour, lineArt, kTransparentColour);
 }
 
-Colour OriginalFillColourOf(const LineArt& lineArt) noexcept {
+DrawnColour OriginalFillColourOf(const LineArt& lineArt) noexcept {
   return ReduceOr(lineArt.OriginalRefFillColour, lineArt, kTransparentColour);
 }
 
-Gdiplus::ARGB ToGdiPlus(Colour colour) noexcept {
+Gdiplus::ARGB ToGdiPlus(DrawnColour colour) noexcept {
   const Gdiplus::ARGB alpha = 255 - (colour & 0xFF);
   return alpha << 24 | colour >> 8;
 }

@@ -10,11 +10,11 @@
 
 namespace korvel {
 
-[[nodiscard]] Colour TextColourOf(const Text& text) noexcept;
-[[nodiscard]] Colour BackgroundColourOf(const Text& text) noexcept;
-[[nodiscard]] Colour SliderColourOf(const Slider& slider) noexcept;
+[[nodiscard]] DrawnColour TextColourOf(const Text& text) noexcept;
+[[nodiscard]] DrawnColour BackgroundColourOf(const Text& text) noexcept;
+[[nodiscard]] DrawnColour SliderColourOf(const Slider& slider) noexcept;
 
 // The colour as GDI+ takes it.
-[[nodiscard]] Gdiplus::ARGB ToGdiPlus(Colour colour) noexcept;
+[[nodiscard]] Gdiplus::ARGB ToGdiPlus(DrawnColour colour) noexcept;
 
 }  // namespace korvel

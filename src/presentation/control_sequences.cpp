@@ -17,7 +17,7 @@ constexpr std::size_t kColourBytes = 4;
 
 }  // namespace
 
-bool ReadLeadingColour(std::string_view text, Colour& colour) noexcept {
+bool ReadLeadingColour(std::string_view text, DrawnColour& colour) noexcept {
   if (text.size() <= kColourSequenceBytes || text[0] != kEscape || text[1] != kColour) {
     return false;
   }

@@ -11,7 +11,7 @@ namespace korvel {
 
 // Reads the colour sequence that a text begins with; it holds for the whole text. False, and
 // `colour` unchanged, when there is none or nothing follows it.
-[[nodiscard]] bool ReadLeadingColour(std::string_view text, Colour& colour) noexcept;
+[[nodiscard]] bool ReadLeadingColour(std::string_view text, DrawnColour& colour) noexcept;
 
 // Copies the text without its control sequences and with CR turned to LF, as far as its first zero
 // byte means anything. False when memory is out.

@@ -15,7 +15,7 @@ Gdiplus::GpDashStyle DashStyleOf(std::int32_t lineStyle) noexcept {
   }
 }
 
-void Fill(Gdiplus::GpGraphics* graphics, const Box& box, Colour colour) noexcept {
+void Fill(Gdiplus::GpGraphics* graphics, const Box& box, DrawnColour colour) noexcept {
   SolidBrushOwner brush;
   if (box.IsEmpty() || !Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(colour), brush.Slot()))) {
     return;
@@ -25,16 +25,18 @@ void Fill(Gdiplus::GpGraphics* graphics, const Box& box, Colour colour) noexcept
       gdip::GdipFillRectangleI(graphics, brush, box.Left, box.Top, box.Width(), box.Height()));
 }
 
-// The pen's middle runs half a width inside the box, so that its outer side is the box's edge.
+// The pen's middle runs half a width inside the box, so that its outer side is the box's edge. A
+// line of one pixel has no half: between two pixels GDI+ may round it out of the box.
 void DrawOutline(Gdiplus::GpGraphics* graphics, const Box& box,
                  const LineAttributes& line) noexcept {
   PenOwner pen;
   if (!MakePen(line, pen)) return;
   const auto width = static_cast<float>(DrawnWidth(line));
-  static_cast<void>(gdip::GdipDrawRectangle(graphics, pen, static_cast<float>(box.Left) + width / 2,
-                                            static_cast<float>(box.Top) + width / 2,
-                                            static_cast<float>(box.Width()) - width,
-                                            static_cast<float>(box.Height()) - width));
+  const float inset = width > 1 ? width / 2 : 0;
+  // What cannot be drawn stays as it was.
+  static_cast<void>(gdip::GdipDrawRectangle(
+      graphics, pen, static_cast<float>(box.Left) + inset, static_cast<float>(box.Top) + inset,
+      static_cast<float>(box.Width()) - width, static_cast<float>(box.Height()) - width));
 }
 
 }  // namespace
@@ -48,13 +50,14 @@ std::int32_t DrawnWidth(const LineAttributes& line) noexcept {
 }
 
 bool MakePen(const LineAttributes& line, PenOwner& pen) noexcept {
-  return Succeeded(gdip::GdipCreatePen1(ToGdiPlus(line.Ink), static_cast<float>(DrawnWidth(line)),
+  return DrawnWidth(line) > 0 &&
+         Succeeded(gdip::GdipCreatePen1(ToGdiPlus(line.Ink), static_cast<float>(DrawnWidth(line)),
                                         Gdiplus::UnitWorld, pen.Slot())) &&
          Succeeded(gdip::GdipSetPenDashStyle(pen, DashStyleOf(line.Style)));
 }
 
 void DrawBorderedRectangle(Gdiplus::GpGraphics* graphics, const Box& box,
-                           const LineAttributes& line, Colour fill) noexcept {
+                           const LineAttributes& line, DrawnColour fill) noexcept {
   if (graphics == nullptr || box.IsEmpty()) return;
   const std::int32_t width = DrawnWidth(line);
   if (box.Width() <= width || box.Height() <= width) {

@@ -15,12 +15,13 @@ namespace korvel {
 // The width as it is drawn: content may give any number.
 [[nodiscard]] std::int32_t DrawnWidth(const LineAttributes& line) noexcept;
 
-// False when GDI+ could not make the pen.
+// False when the line has no width, which GDI+ would draw one pixel wide, and when the pen could
+// not be made.
 [[nodiscard]] bool MakePen(const LineAttributes& line, PenOwner& pen) noexcept;
 
 // The bordered rectangle: an outline that lies wholly inside the box, and the fill inside of the
 // outline. A box no larger than its border is all border.
 void DrawBorderedRectangle(Gdiplus::GpGraphics* graphics, const Box& box,
-                           const LineAttributes& line, Colour fill) noexcept;
+                           const LineAttributes& line, DrawnColour fill) noexcept;
 
 }  // namespace korvel

@@ -15,10 +15,10 @@ struct Canvas;
 struct LineArt;
 
 // A colour as drawing takes it: 0xRRGGBBTT, where TT is the transparency.
-using Colour = std::uint32_t;
+using DrawnColour = std::uint32_t;
 
 // No fill, or no background.
-inline constexpr Colour kTransparentColour = 0xFFFFFFFF;
+inline constexpr DrawnColour kTransparentColour = 0xFFFFFFFF;
 
 // The size of the scene in pixels; the picture has exactly this size and is shown 1:1.
 inline constexpr std::int32_t kSceneWidth = 720;
@@ -71,11 +71,11 @@ void ClearImageCache() noexcept;
 
 // The current colours of line art: absolute, from the object's palette, or black lines and no fill
 // where they are not set.
-[[nodiscard]] Colour LineColourOf(const LineArt& lineArt) noexcept;
-[[nodiscard]] Colour FillColourOf(const LineArt& lineArt) noexcept;
+[[nodiscard]] DrawnColour LineColourOf(const LineArt& lineArt) noexcept;
+[[nodiscard]] DrawnColour FillColourOf(const LineArt& lineArt) noexcept;
 
 // The fill colour that the content gave, whatever the current one is.
-[[nodiscard]] Colour OriginalFillColourOf(const LineArt& lineArt) noexcept;
+[[nodiscard]] DrawnColour OriginalFillColourOf(const LineArt& lineArt) noexcept;
 
 // ---- Canvases of dynamic line art ----
 // Coordinates are canvas pixels. Every operation takes a null canvas and then does nothing; all
@@ -84,7 +84,7 @@ void ClearImageCache() noexcept;
 struct LineAttributes {
   std::int32_t Width = 1;  // pixels
   std::int32_t Style = 1;  // 1 solid, 2 dashed, 3 dotted; any other is solid
-  Colour Ink = 0;
+  DrawnColour Ink = 0;
 };
 
 struct CanvasPoint {
@@ -105,27 +105,27 @@ void DestroyCanvas(Canvas* canvas) noexcept;
 Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) noexcept;
 
 // Makes the whole canvas transparent, then fills its drawable area.
-Status ClearCanvas(Colour fill, Canvas* canvas) noexcept;
+Status ClearCanvas(DrawnColour fill, Canvas* canvas) noexcept;
 
 Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
                   Canvas* canvas) noexcept;
 
 // An outline inside the rectangle between the two corners, and the fill inside of the outline.
-Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Colour fill,
-                       Canvas* canvas) noexcept;
+Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
+                       DrawnColour fill, Canvas* canvas) noexcept;
 
 // The fill only: an oval's outline is not drawn.
-Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, Colour fill,
+Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
                   Canvas* canvas) noexcept;
 
 // Angles are degrees; the start angle is measured clockwise from the right, a positive arc angle
 // runs counter-clockwise. A sector's fill is as transparent as its line.
 Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
-                 std::int32_t arcAngle, const LineAttributes& line, Colour fill, ArcForm form,
+                 std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
                  Canvas* canvas) noexcept;
 
 // Closed and filled, for polylines too. Fewer than two points draw nothing.
-Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line, Colour fill,
-                     Canvas* canvas) noexcept;
+Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
+                     DrawnColour fill, Canvas* canvas) noexcept;
 
 }  // namespace korvel

@@ -7,7 +7,7 @@ namespace korvel {
 void DrawScreenText(std::string_view text) noexcept {
   constexpr std::int32_t kMargin = 50;
   constexpr std::int32_t kFontSize = 50;
-  constexpr Colour kGreen = 0x00FF0000;
+  constexpr DrawnColour kGreen = 0x00FF0000;
   DrawTextIn({.Content = text,
               .X = kMargin,
               .Y = kMargin,

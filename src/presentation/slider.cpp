@@ -21,7 +21,7 @@ constexpr std::int32_t kNumberWidth = 30;
 constexpr std::int32_t kNumberHeight = 15;
 constexpr std::int64_t kMarkerThickness = 3;
 
-void DrawNumber(std::int32_t number, std::int64_t x, std::int64_t y, Colour colour) noexcept {
+void DrawNumber(std::int32_t number, std::int64_t x, std::int64_t y, DrawnColour colour) noexcept {
   std::array<char, 16> digits{};
   const int length = std::snprintf(digits.data(), digits.size(), "%d", number);
   DrawTextIn({.Content = {digits.data(), static_cast<std::size_t>(length)},
@@ -33,7 +33,7 @@ void DrawNumber(std::int32_t number, std::int64_t x, std::int64_t y, Colour colo
               .Ink = colour});
 }
 
-void DrawNumbers(const Slider& slider, Colour colour) noexcept {
+void DrawNumbers(const Slider& slider, DrawnColour colour) noexcept {
   constexpr std::int64_t kOverhang = 15;
   const std::int64_t x = slider.Position.X;
   const std::int64_t y = std::int64_t{slider.Position.Y} - kNumberHeight;
@@ -99,7 +99,7 @@ class Track {
   std::int64_t length_;
 };
 
-void DrawBar(const Slider& slider, Colour colour) noexcept {
+void DrawBar(const Slider& slider, DrawnColour colour) noexcept {
   const LineAttributes line{.Width = 1, .Style = 1, .Ink = colour};
   const Track track(slider);
   std::int64_t from = track.Beginning();
@@ -118,7 +118,7 @@ void DrawBar(const Slider& slider, Colour colour) noexcept {
 }  // namespace
 
 Status Draw(const Slider& slider) noexcept {
-  const Colour colour = SliderColourOf(slider);
+  const DrawnColour colour = SliderColourOf(slider);
   DrawNumbers(slider, colour);
   DrawBar(slider, colour);
   return Status::Done;

@@ -8,6 +8,7 @@
 #include "presentation/colours.h"
 #include "presentation/control_sequences.h"
 #include "presentation/drawings.h"
+#include "presentation/font_family.h"
 #include "presentation/geometry.h"
 #include "presentation/surface.h"
 
@@ -20,6 +21,9 @@ constexpr float kPointsPerInch = 72.0F;
 constexpr std::int32_t kLargestSize = 10000;
 // A tab stop in points times 96 dots per inch: 42 pixels there.
 constexpr float kTabStop = 4032.0F;
+// More than any picture shows. GDI+ lays out what lies beyond the box too, and takes its time.
+constexpr std::size_t kMostCharacters = 20000;
+constexpr std::size_t kMostLines = kSceneHeight;
 
 // UTF-16 as GDI+ takes it, ended by a zero.
 class WideText {
@@ -30,6 +34,7 @@ class WideText {
     if (units_ == nullptr) return;
     const int count = static_cast<int>(bytes) + 1;
     MultiByteToWideChar(CP_UTF8, 0, utf8, count, units_, count);
+    Limit();
   }
   ~WideText() { ReleaseMemory(units_); }
   WideText(const WideText&) = delete;
@@ -37,30 +42,23 @@ class WideText {
   [[nodiscard]] const WCHAR* Units() const noexcept { return units_; }
 
  private:
+  void Limit() noexcept {
+    std::size_t lines = 0;
+    for (std::size_t index = 0; units_[index] != 0; ++index) {
+      if (units_[index] == L'\n') ++lines;
+      if (lines == kMostLines || index == kMostCharacters) units_[index] = 0;
+    }
+  }
+
   WCHAR* units_ = nullptr;
 };
-
-[[nodiscard]] bool FindAnyFamily(FontFamilyOwner& family) noexcept {
-  Gdiplus::GpFontCollection* installed = nullptr;  // the system's own, never given back
-  INT found = 0;
-  Gdiplus::GpFontFamily* first = nullptr;
-  return Succeeded(gdip::GdipNewInstalledFontCollection(&installed)) &&
-         Succeeded(gdip::GdipGetFontCollectionFamilyList(installed, 1, &first, &found)) &&
-         found == 1 && Succeeded(gdip::GdipCloneFontFamily(first, family.Slot()));
-}
-
-// The one family of all text, or what comes nearest to it: there is always some text to see.
-[[nodiscard]] bool FindFamily(FontFamilyOwner& family) noexcept {
-  return Succeeded(gdip::GdipCreateFontFamilyFromName(L"Trebuchet MS", nullptr, family.Slot())) ||
-         Succeeded(gdip::GdipGetGenericFontFamilySansSerif(family.Slot())) || FindAnyFamily(family);
-}
 
 // The size is turned from points to pixels although it is given in pixels already: 24 is an em of
 // 18 pixels at 96 dots per inch. The broadcasts' layouts count on it.
 [[nodiscard]] bool MakeFont(std::int32_t size, float resolution, FontOwner& font) noexcept {
   const float em = (size == 0 ? kDefaultSize : static_cast<float>(size)) * kPointsPerInch;
   FontFamilyOwner family;
-  return FindFamily(family) &&
+  return FindFontFamily(family) &&
          Succeeded(gdip::GdipCreateFont(family, em / resolution, Gdiplus::FontStyleRegular,
                                         Gdiplus::UnitPixel, font.Slot()));
 }
@@ -92,7 +90,7 @@ Gdiplus::RectF LayoutOf(const TextDrawing& drawing) noexcept {
 }
 
 [[nodiscard]] bool FillBackground(Gdiplus::GpGraphics* graphics, const Gdiplus::RectF& layout,
-                                  Colour background) noexcept {
+                                  DrawnColour background) noexcept {
   SolidBrushOwner brush;
   return Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(background), brush.Slot())) &&
          Succeeded(gdip::GdipFillRectangle(graphics, brush, layout.X, layout.Y, layout.Width,
@@ -102,7 +100,7 @@ Gdiplus::RectF LayoutOf(const TextDrawing& drawing) noexcept {
 // False when GDI+ could not do it: there is no text to see then.
 [[nodiscard]] bool DrawLines(Gdiplus::GpGraphics* graphics, const Gdiplus::RectF& layout,
                              const TextDrawing& drawing) noexcept {
-  Colour ink = drawing.Ink;
+  DrawnColour ink = drawing.Ink;
   static_cast<void>(ReadLeadingColour(drawing.Content, ink));
   OctetString clean;
   if (!RemoveControlSequences(drawing.Content, clean)) return false;

@@ -18,8 +18,8 @@ struct TextDrawing {
   std::int32_t Width = 0;
   std::int32_t Height = 0;
   FontAttributes Font;  // size 0 means 24
-  Colour Ink = kTransparentColour;
-  Colour Background = kTransparentColour;
+  DrawnColour Ink = kTransparentColour;
+  DrawnColour Background = kTransparentColour;
   std::int32_t HorizontalJustification = 0;  // 1 start, 2 end, 3 centre; all else is start
   std::int32_t VerticalJustification = 0;
   bool TextWrapping = false;

@@ -48,6 +48,8 @@ bool GetLocalClock(LocalTime& now) noexcept {
   return TheHost().hasLocalTime;
 }
 
+void Trace(const char* line) noexcept { TheHost().traced.emplace_back(line); }
+
 namespace test {
 
 FakeHost& TheHost() {

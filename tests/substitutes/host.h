@@ -25,6 +25,7 @@ struct FakeHost {
   std::map<std::uint32_t, std::uint32_t> timers;  // pending platform timers: id and period
   std::vector<std::uint32_t> killedTimers;
   std::vector<RestartReason> restarts;
+  std::vector<std::string> traced;
 };
 
 // The stand-in's state; a fixture resets it with `TheHost() = {}`.

@@ -25,19 +25,19 @@ Status DeviceUpdate() noexcept {
 // Colours are reduced without palettes: an index stands for itself.
 namespace {
 
-Colour Reduced(const ColourValue& colour, Colour unset) {
+DrawnColour Reduced(const ColourValue& colour, DrawnColour unset) {
   if (colour.Kind == ValueKind::Integer && colour.Index >= 0) {
-    return static_cast<Colour>(colour.Index);
+    return static_cast<DrawnColour>(colour.Index);
   }
   const std::string_view bytes = colour.Absolute.View();
   if (colour.Kind != ValueKind::OctetString || bytes.size() != 4) return unset;
-  Colour reduced = 0;
+  DrawnColour reduced = 0;
   for (const char byte : bytes) reduced = reduced << 8 | static_cast<unsigned char>(byte);
   return reduced;
 }
 
 struct Hex {
-  Colour colour;
+  DrawnColour colour;
 };
 std::ostream& operator<<(std::ostream& out, Hex hex) {
   return out << '#' << std::hex << std::setw(8) << std::setfill('0') << hex.colour << std::dec;
@@ -66,13 +66,15 @@ struct Canvas {
   std::int32_t height = 0;
 };
 
-Colour LineColourOf(const LineArt& lineArt) noexcept { return Reduced(lineArt.RefLineColour, 0); }
+DrawnColour LineColourOf(const LineArt& lineArt) noexcept {
+  return Reduced(lineArt.RefLineColour, 0);
+}
 
-Colour FillColourOf(const LineArt& lineArt) noexcept {
+DrawnColour FillColourOf(const LineArt& lineArt) noexcept {
   return Reduced(lineArt.RefFillColour, kTransparentColour);
 }
 
-Colour OriginalFillColourOf(const LineArt& lineArt) noexcept {
+DrawnColour OriginalFillColourOf(const LineArt& lineArt) noexcept {
   return Reduced(lineArt.OriginalRefFillColour, kTransparentColour);
 }
 
@@ -94,7 +96,7 @@ Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) noexc
   return Draw(canvas, "clip", width, height);
 }
 
-Status ClearCanvas(Colour fill, Canvas* canvas) noexcept {
+Status ClearCanvas(DrawnColour fill, Canvas* canvas) noexcept {
   return Draw(canvas, "clear", Hex{fill});
 }
 
@@ -103,25 +105,25 @@ Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
   return Draw(canvas, "line", from, to, line);
 }
 
-Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Colour fill,
-                       Canvas* canvas) noexcept {
+Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
+                       DrawnColour fill, Canvas* canvas) noexcept {
   return Draw(canvas, "rectangle", from, to, line, Hex{fill});
 }
 
-Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, Colour fill,
+Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
                   Canvas* canvas) noexcept {
   return Draw(canvas, "oval", at, width, height, Hex{fill});
 }
 
 Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
-                 std::int32_t arcAngle, const LineAttributes& line, Colour fill, ArcForm form,
+                 std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
                  Canvas* canvas) noexcept {
   return Draw(canvas, form == ArcForm::Arc ? "arc" : "sector", at, width, height, startAngle,
               arcAngle, line, Hex{fill});
 }
 
-Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line, Colour fill,
-                     Canvas* canvas) noexcept {
+Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
+                     DrawnColour fill, Canvas* canvas) noexcept {
   std::ostringstream corners;
   for (const CanvasPoint& point : points) corners << point << ';';
   return Draw(canvas, "polygon", corners.str(), line, Hex{fill});

@@ -1,0 +1,121 @@
+// The way of the picture to the window.
+#include "windows/presentation/stage.h"
+
+#include "presentation/presentation.h"
+
+namespace korvel::test {
+
+class DeviceUpdateTest : public Stage {
+ protected:
+  // Paints the whole scene in the colour, without showing it.
+  void PaintAll(std::string_view colour) {
+    App().DisplayStack.Clear();
+    Place(rectangle_, 0, 0, 720, 576);
+    Fill(rectangle_, colour);
+    Show(ItemType::Rectangle, rectangle_);
+    App().LockCount = 1;
+    static_cast<void>(Paint());
+    App().LockCount = 0;
+  }
+
+ private:
+  Rectangle rectangle_;
+};
+
+TEST_F(DeviceUpdateTest, the_window_shows_the_whole_picture_pixel_by_pixel) {
+  PaintAll(kBlueBytes);
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  EXPECT_EQ(Shown(), BackBufferPixels());
+  EXPECT_EQ(Shown().At(719, 575), kBlue);
+}
+
+TEST_F(DeviceUpdateTest, two_updates_within_a_millisecond_copy_once) {
+  PaintAll(kRedBytes);
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  PaintAll(kGreenBytes);
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  EXPECT_EQ(Shown().At(0, 0), kRed);
+  // A skipped update leaves the stamp of the first: a millisecond after that, one copies.
+  LetTimePass();
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  EXPECT_EQ(Shown().At(0, 0), kGreen);
+}
+
+TEST_F(DeviceUpdateTest, the_next_second_is_later_whatever_its_milliseconds) {
+  TheHost().milliseconds = 1999;
+  PaintAll(kRedBytes);
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  TheHost().milliseconds = 2000;
+  PaintAll(kGreenBytes);
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  EXPECT_EQ(Shown().At(0, 0), kGreen);
+}
+
+TEST_F(DeviceUpdateTest, without_its_stamp_an_update_is_never_skipped) {
+  PaintAll(kRedBytes);
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  PaintAll(kGreenBytes);
+  DiscardUpdateStamp();
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  EXPECT_EQ(Shown().At(0, 0), kGreen);
+}
+
+TEST_F(DeviceUpdateTest, an_expose_shows_the_finished_picture_and_not_the_one_in_work) {
+  PaintAll(kRedBytes);
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  PaintAll(kGreenBytes);
+  HDC deviceContext = GetDC(Window());
+  PatBlt(deviceContext, 0, 0, 720, 576, WHITENESS);
+  PaintWindow(deviceContext);
+  ReleaseDC(Window(), deviceContext);
+  EXPECT_TRUE(Shown().IsAll(kWholeScene, kRed));
+}
+
+TEST_F(DeviceUpdateTest, an_expose_before_the_first_picture_paints_nothing) {
+  HDC deviceContext = GetDC(Window());
+  PatBlt(deviceContext, 0, 0, 720, 576, WHITENESS);
+  PaintWindow(deviceContext);
+  ReleaseDC(Window(), deviceContext);
+  EXPECT_TRUE(Shown().IsAll(kWholeScene, kWhite));
+}
+
+TEST_F(DeviceUpdateTest, the_trace_tells_of_copies_and_of_skipped_ones_only_the_beginning) {
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  const std::vector<std::string> expected = {
+      ">>>>>>>>DeviceUpdate !!\n", ">>>>>>>>DeviceUpdate END!!\n", ">>>>>>>>DeviceUpdate !!\n"};
+  EXPECT_EQ(TheHost().traced, expected);
+}
+
+TEST_F(DeviceUpdateTest, the_picture_starts_opaque_black) {
+  EXPECT_TRUE(BackBufferPixels().IsAll(kWholeScene, kBlack));
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  EXPECT_TRUE(Shown().IsAll(kWholeScene, kBlack));
+}
+
+TEST(Presentation, everything_does_nothing_before_it_is_open) {
+  OpenScreen();
+  ClearSurface();
+  DrawScreenText("Please Wait");
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  ResetRedrawCounter();
+  EXPECT_EQ(Redraw(), Status::Done);
+  ClearImageCache();
+  PaintWindow(nullptr);
+  ClosePresentation();
+  CloseScreen();
+}
+
+TEST(Presentation, opens_and_closes_many_times_in_one_process) {
+  for (int run = 0; run < 20; ++run) {
+    OpenScreen();
+    OpenPresentation(nullptr);
+    DrawScreenText("Please Wait");
+    EXPECT_FALSE(BackBufferPixels().IsAll(kWholeScene, kBlack)) << run;
+    EXPECT_EQ(DeviceUpdate(), Status::Done);
+    ClosePresentation();
+    CloseScreen();
+  }
+}
+
+}  // namespace korvel::test

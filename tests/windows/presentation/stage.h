@@ -1,0 +1,54 @@
+// The fixture of all picture tests: a real window, the presentation opened on it, and a running
+// application with an empty display stack.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string_view>
+
+#include "objects/objects.h"
+#include "substitutes/host.h"
+#include "windows/presentation/pixels.h"
+#include "windows/substitutes/engine.h"
+
+namespace korvel::test {
+
+class Stage : public testing::Test {
+ protected:
+  Stage();
+  ~Stage() override;
+  Stage(const Stage&) = delete;
+  Stage& operator=(const Stage&) = delete;
+
+  // Enters a running visible on top of the stack.
+  void Show(ItemType kind, Visible& visible);
+  // Paints, whatever the counter says, and gives the back buffer.
+  [[nodiscard]] Pixels Paint();
+  // Lets the clock run on, so that the next update copies.
+  static void LetTimePass() { ++TheHost().milliseconds; }
+
+  // What the window shows.
+  [[nodiscard]] Pixels Shown() const { return WindowPixels(window_); }
+  [[nodiscard]] HWND Window() const { return window_; }
+  Application& App() { return application_; }
+
+ private:
+  HWND window_;
+  Application application_;
+};
+
+// Values of records as tests write them.
+[[nodiscard]] OctetString Octets(std::string_view bytes);
+[[nodiscard]] ColourValue Absolute(std::string_view bytes);
+[[nodiscard]] ColourValue Indexed(std::int32_t index);
+void Place(Visible& visible, std::int32_t x, std::int32_t y, std::int32_t width,
+           std::int32_t height);
+// A filled rectangle without a border.
+void Fill(Rectangle& rectangle, std::string_view colour);
+
+inline constexpr std::string_view kRedBytes("\xFF\x00\x00", 3);
+inline constexpr std::string_view kGreenBytes("\x00\xFF\x00", 3);
+inline constexpr std::string_view kBlueBytes("\x00\x00\xFF", 3);
+inline constexpr std::string_view kWhiteBytes("\xFF\xFF\xFF", 3);
+
+}  // namespace korvel::test

@@ -1,0 +1,31 @@
+// Stands in for the part of the engine's doorway that the presentation uses.
+#include "windows/substitutes/engine.h"
+
+namespace korvel {
+
+using test::TheEngine;
+
+Application* CurrentApplication() noexcept { return TheEngine().application; }
+
+Scene* CurrentScene() noexcept { return TheEngine().scene; }
+
+Status RaiseEvent(const Root& source, EventType type, EventData data) noexcept {
+  const ObjectReference& reference = source.Reference;
+  TheEngine().raised.push_back(
+      {std::string(reference.GroupIdentifier.View()), reference.Number, type, data});
+  return TheEngine().onRaise ? TheEngine().onRaise() : Status::Done;
+}
+
+Busy::Busy() noexcept { ++TheEngine().busy; }
+
+Busy::~Busy() { --TheEngine().busy; }
+
+namespace test {
+
+FakeEngine& TheEngine() {
+  static FakeEngine engine;
+  return engine;
+}
+
+}  // namespace test
+}  // namespace korvel

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <mutex>
 #include <thread>
+#include <vector>
 
 #ifdef _WIN32
 #include <io.h>
@@ -28,23 +29,20 @@ bool IsTerminal() {
 
 class Batch {
  public:
-  Batch(std::size_t count, const std::function<Outcome(std::size_t)>& work)
-      : work_(work), outcomes_(count) {}
+  Batch(std::size_t count, const std::function<void(std::size_t)>& work)
+      : work_(work), count_(count) {}
 
-  std::vector<Outcome> Run(unsigned jobs) {
+  void Run(std::size_t jobs) {
     std::vector<std::jthread> threads;
-    for (unsigned i = 0; i < jobs; ++i) threads.emplace_back([this] { WorkOff(); });
+    for (std::size_t i = 0; i < jobs; ++i) threads.emplace_back([this] { WorkOff(); });
     ShowProgress();
-    threads.clear();
-    return std::move(outcomes_);
   }
 
  private:
   void WorkOff() {
-    for (std::size_t index = Take(); index < outcomes_.size(); index = Take()) {
-      Outcome outcome = work_(index);
+    for (std::size_t index = Take(); index < count_; index = Take()) {
+      work_(index);
       const std::lock_guard lock(guard_);
-      outcomes_[index] = std::move(outcome);
       ++finished_;
       change_.notify_one();
     }
@@ -60,20 +58,20 @@ class Batch {
     const bool isShown = IsTerminal();
     bool isWritten = false;
     std::unique_lock lock(guard_);
-    change_.wait_for(lock, kPatience, [this] { return finished_ == outcomes_.size(); });
-    while (finished_ < outcomes_.size()) {
+    change_.wait_for(lock, kPatience, [this] { return finished_ == count_; });
+    while (finished_ < count_) {
       if (isShown) {
-        std::fprintf(stderr, "\r%zu of %zu files", finished_, outcomes_.size());
+        std::fprintf(stderr, "\r%zu of %zu files", finished_, count_);
         isWritten = true;
       }
-      change_.wait_for(lock, kStep, [this] { return finished_ == outcomes_.size(); });
+      change_.wait_for(lock, kStep, [this] { return finished_ == count_; });
     }
     if (isWritten) std::fputs("\r\x1b[K", stderr);
   }
 
-  const std::function<Outcome(std::size_t)>& work_;
-  std::vector<Outcome> outcomes_;
-  std::mutex guard_;  // of everything below, and of the outcomes
+  const std::function<void(std::size_t)>& work_;
+  std::size_t count_;
+  std::mutex guard_;  // of the numbers below
   std::condition_variable change_;
   std::size_t next_ = 0;
   std::size_t finished_ = 0;
@@ -81,16 +79,9 @@ class Batch {
 
 }  // namespace
 
-bool RunBatch(std::size_t count, unsigned jobs, const std::function<Outcome(std::size_t)>& work) {
+void RunBatch(std::size_t count, unsigned jobs, const std::function<void(std::size_t)>& work) {
   const unsigned processors = std::max(1U, std::thread::hardware_concurrency());
-  const std::size_t threads = std::min<std::size_t>(jobs == 0 ? processors : jobs, count);
-  bool isGood = true;
-  for (const Outcome& outcome : Batch(count, work).Run(static_cast<unsigned>(threads))) {
-    for (const std::string& message : outcome.messages)
-      std::fprintf(stderr, "%s\n", message.c_str());
-    isGood = isGood && outcome.isGood;
-  }
-  return isGood;
+  Batch(count, work).Run(std::min<std::size_t>(jobs == 0 ? processors : jobs, count));
 }
 
 }  // namespace mheg

@@ -2,11 +2,18 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
-#include "mheg/batch.h"
 #include "mheg/options.h"
 
 namespace mheg {
+
+// What came of one file: the lines to report, and whether it was good.
+struct Outcome {
+  std::vector<std::string> messages;
+  bool isGood = true;
+};
 
 // The file that an input is written to: the output itself, or in the folder that the output names,
 // under the input's name without ".mheg" (compiled) or with it (decompiled).

@@ -1,10 +1,11 @@
 // mheg: the content author's tool. It turns the textual notation into what is broadcast and back,
-// and prints groups.
+// prints groups, and finds faults that a viewer would only notice as silence.
 #include <cstdio>
 #include <system_error>
 
 #include "dump/dump.h"
 #include "mheg/batch.h"
+#include "mheg/check/check.h"
 #include "mheg/convert.h"
 #include "mheg/exit_status.h"
 #include "mheg/group_file.h"
@@ -16,6 +17,10 @@
 #endif
 
 namespace {
+
+void PrintMessages(const std::vector<std::string>& messages) {
+  for (const std::string& message : messages) std::fprintf(stderr, "%s\n", message.c_str());
+}
 
 // An output that ends in a separator names a folder, which is made.
 bool MakeOutputFolder(const std::filesystem::path& output) {
@@ -29,12 +34,19 @@ bool MakeOutputFolder(const std::filesystem::path& output) {
 
 bool Convert(const mheg::Options& options) {
   if (!MakeOutputFolder(options.output)) return false;
-  return mheg::RunBatch(options.inputs.size(), options.jobs, [&options](std::size_t index) {
+  std::vector<mheg::Outcome> outcomes(options.inputs.size());
+  mheg::RunBatch(outcomes.size(), options.jobs, [&](std::size_t index) {
     const std::filesystem::path& input = options.inputs[index];
     const std::filesystem::path output = mheg::OutputFor(input, options);
-    return options.command == mheg::Command::Compile ? mheg::Compile(input, output)
-                                                     : mheg::Decompile(input, output);
+    outcomes[index] = options.command == mheg::Command::Compile ? mheg::Compile(input, output)
+                                                                : mheg::Decompile(input, output);
   });
+  bool isGood = true;
+  for (const mheg::Outcome& outcome : outcomes) {
+    PrintMessages(outcome.messages);
+    isGood = isGood && outcome.isGood;
+  }
+  return isGood;
 }
 
 // One after the other: the trees go straight to the standard output, in the order of the inputs.
@@ -42,9 +54,7 @@ bool Dump(const mheg::Options& options) {
   bool isGood = true;
   for (const std::filesystem::path& input : options.inputs) {
     const mheg::GroupFile file = mheg::ReadGroupFile(input);
-    for (const std::string& message : file.messages) {
-      std::fprintf(stderr, "%s\n", message.c_str());
-    }
+    PrintMessages(file.messages);
     isGood = isGood && file.group;
     if (!file.group) continue;
     if (file.group.IsApplication()) {
@@ -56,11 +66,18 @@ bool Dump(const mheg::Options& options) {
   return isGood;
 }
 
+bool Check(const mheg::Options& options) {
+  const std::vector<std::string> messages = mheg::Check(options.inputs, options.jobs);
+  PrintMessages(messages);
+  return messages.empty();
+}
+
 bool Run(const mheg::Options& options) {
   switch (options.command) {
   case mheg::Command::Compile:
   case mheg::Command::Decompile: return Convert(options);
   case mheg::Command::Dump: return Dump(options);
+  case mheg::Command::Check: return Check(options);
   }
   return false;
 }

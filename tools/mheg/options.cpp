@@ -47,7 +47,7 @@ void RefuseOneFileForMany(const Options& options) {
 
 std::optional<int> ReadCommandLine(int count, const char* const* arguments, Options& options) {
   Options given;
-  CLI::App app("Compiles, decompiles and prints MHEG-5 groups.", "mheg");
+  CLI::App app("Compiles, decompiles, prints and checks MHEG-5 groups.", "mheg");
   app.require_subcommand(1);
 
   CLI::App* compile =
@@ -64,6 +64,11 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
   CLI::App* dump = AddCommand(app, Command::Dump, "dump",
                               "Prints every record of a group, as an indented tree", given);
   AddInputs(*dump, "IN", "Groups in either form", given);
+
+  CLI::App* check = AddCommand(app, Command::Check, "check",
+                               "Reports what a viewer would only notice as silence", given);
+  AddInputs(*check, "PATH", "Groups in either form, and folders with them", given);
+  AddJobs(*check, given);
 
   try {
     app.parse(count, arguments);

@@ -7,7 +7,7 @@
 
 namespace mheg {
 
-enum class Command { Compile, Decompile, Dump };
+enum class Command { Compile, Decompile, Dump, Check };
 
 struct Options {
   Command command = Command::Compile;

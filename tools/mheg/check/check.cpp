@@ -1,0 +1,66 @@
+// Runs all checks over the groups of all carousels. Files are read and checked side by side, and
+// reported in order.
+#include "mheg/check/check.h"
+
+#include <algorithm>
+
+#include "mheg/batch.h"
+
+namespace mheg {
+namespace {
+
+struct Place {
+  std::size_t carousel;
+  std::size_t group;
+};
+
+std::vector<Place> AllGroups(const std::vector<Carousel>& carousels) {
+  std::vector<Place> places;
+  for (std::size_t i = 0; i < carousels.size(); ++i) {
+    for (std::size_t k = 0; k < carousels[i].Size(); ++k) places.push_back({i, k});
+  }
+  return places;
+}
+
+std::vector<std::string> CheckGroup(const Carousel& carousel, const CheckedGroup& group) {
+  std::vector<std::string> messages = group.file.messages;
+  if (!group.file.group) return messages;
+  Findings findings;
+  CheckNumbers(group, findings);
+  CheckMissing(group, findings);
+  CheckReferences(carousel, group, findings);
+  CheckActions(carousel, group, findings);
+  CheckLinks(carousel, group, findings);
+  CheckFiles(carousel, group, findings);
+  CheckPlaces(group, findings);
+  std::stable_sort(findings.begin(), findings.end(), [](const Finding& one, const Finding& other) {
+    return one.object < other.object;
+  });
+  for (const Finding& finding : findings) {
+    messages.push_back(group.file.path.string() + ": object " + std::to_string(finding.object) +
+                       ": " + finding.text);
+  }
+  return messages;
+}
+
+}  // namespace
+
+std::vector<std::string> Check(const std::vector<std::filesystem::path>& paths, unsigned jobs) {
+  std::vector<Carousel> carousels = FindCarousels(paths);
+  const std::vector<Place> places = AllGroups(carousels);
+  RunBatch(places.size(), jobs,
+           [&](std::size_t i) { carousels[places[i].carousel].Load(places[i].group); });
+  std::vector<std::vector<std::string>> messages(places.size());
+  RunBatch(places.size(), jobs, [&](std::size_t i) {
+    const Carousel& carousel = carousels[places[i].carousel];
+    const CheckedGroup& group = carousel.At(places[i].group);
+    if (group.isAskedFor) messages[i] = CheckGroup(carousel, group);
+  });
+  std::vector<std::string> all;
+  for (const std::vector<std::string>& ofGroup : messages) {
+    all.insert(all.end(), ofGroup.begin(), ofGroup.end());
+  }
+  return all;
+}
+
+}  // namespace mheg

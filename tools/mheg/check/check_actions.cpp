@@ -1,0 +1,54 @@
+// Actions on objects of classes that do not know them, transitions to the wrong kind of group, and
+// actions that lack parameters.
+#include "mheg/check/check.h"
+#include "mheg/check/class_names.h"
+#include "mheg/check/walk.h"
+
+namespace mheg {
+namespace {
+
+using namespace korvel;
+
+class ActionCheck : public GroupVisitor {
+ public:
+  ActionCheck(const Carousel& carousel, const CheckedGroup& group, Findings& findings)
+      : carousel_(carousel), group_(group), findings_(findings) {}
+
+  void VisitAction(const ElementaryAction& action) override {
+    const ActionRow& row = *FindAction(action.ActionType);
+    if (action.Target.Kind != ValueKind::ObjectReference) return;
+    const ObjectReference& target = action.Target.Reference;
+    const CheckedGroup* owner = carousel_.Find(group_, target.GroupIdentifier.View());
+    if (owner == nullptr) return;
+    const ItemType type = owner->ClassOf(target.Number);
+    const ClassSet accepted = Accepted(row);
+    if (type == ItemType::None || accepted == 0 || Contains(accepted, type)) return;
+    findings_.push_back({currentObject, std::string(row.name) + " does nothing to object " +
+                                            std::to_string(target.Number) + ", which is of class " +
+                                            ClassName(type)});
+  }
+
+ private:
+  // The classes that an action works on; none where that does not depend on the class.
+  static ClassSet Accepted(const ActionRow& row) {
+    switch (row.action) {
+    case Action::TransitionTo: return SetOf(ItemType::Scene);
+    case Action::Launch:
+    case Action::Spawn: return SetOf(ItemType::Application);
+    default: return row.accepts;
+    }
+  }
+
+  const Carousel& carousel_;
+  const CheckedGroup& group_;
+  Findings& findings_;
+};
+
+}  // namespace
+
+void CheckActions(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
+  ActionCheck check(carousel, group, findings);
+  Walk(group.Group(), check);
+}
+
+}  // namespace mheg

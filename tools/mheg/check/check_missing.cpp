@@ -1,0 +1,65 @@
+// Attributes that an author must write. A text tells where they are missing when it is read; of a
+// group in BER only the value is left to look at, and counts as missing when it is one that nobody
+// would write.
+#include "mheg/check/check.h"
+#include "objects/equality.h"
+
+namespace mheg {
+namespace {
+
+using namespace korvel;
+
+// Whether the construction value is one that content may well ask for: a boolean, a number or a
+// reference.
+template <class Field>
+bool IsUsable(const Field& /*field*/, const Form& /*form*/) {
+  return std::is_same_v<Field, bool> || std::is_same_v<Field, ObjectReference>;
+}
+bool IsUsable(std::int32_t /*field*/, const Form& form) { return form.words.empty(); }
+
+class MissingCheck {
+ public:
+  MissingCheck(std::int32_t object, const char* className, Findings& findings)
+      : object_(object), className_(className), findings_(findings) {}
+
+  template <class Record>
+  void Check(const Record& record) {
+    const Record construction{};
+    ForEachAttribute<Record>([&](const auto& attribute) {
+      const auto& field = record.*attribute.field;
+      if constexpr (std::is_same_v<decltype(field), const LinkCondition&>) {
+        ForEachElement<LinkCondition>([&](const auto& element) {
+          Check(element.keyword, element.form, field.*element.field,
+                (construction.*attribute.field).*element.field);
+        });
+      } else {
+        Check(attribute.keyword, attribute.form, field, construction.*attribute.field);
+      }
+    });
+  }
+
+ private:
+  template <class Field>
+  void Check(const char* keyword, const Form& form, const Field& field, const Field& constructed) {
+    if (!form.isRequired || IsUsable(field, form) || !IsSame(field, constructed)) return;
+    findings_.push_back({object_, std::string(className_) + " lacks " + keyword});
+  }
+
+  std::int32_t object_;
+  const char* className_;
+  Findings& findings_;
+};
+
+}  // namespace
+
+void CheckMissing(const CheckedGroup& group, Findings& findings) {
+  if (group.file.form == GroupForm::Text) return;
+  for (const auto& [number, object] : group.objects) {
+    VisitIngredientClass(object.type, [&, number = number, record = object.record]<class Record>() {
+      MissingCheck(number, Description<Record>::heading.name, findings)
+          .Check(static_cast<const Record&>(*record));
+    });
+  }
+}
+
+}  // namespace mheg

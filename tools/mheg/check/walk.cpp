@@ -1,0 +1,98 @@
+// The pass over the class tables that finds what checks look at.
+#include "mheg/check/walk.h"
+
+#include <utility>
+
+namespace mheg {
+namespace {
+
+using namespace korvel;
+
+// A field of a type that has nothing in it to look at.
+template <class Field>
+void WalkField(const Field& /*field*/, GroupVisitor& /*visitor*/) {}
+
+void WalkField(const ObjectReference& reference, GroupVisitor& visitor);
+void WalkField(const OptionalReference& reference, GroupVisitor& visitor);
+void WalkField(const FontBody& font, GroupVisitor& visitor);
+void WalkField(const ContentReference& content, GroupVisitor& visitor);
+void WalkField(const ContentBody& content, GroupVisitor& visitor);
+void WalkField(const GenericValue& value, GroupVisitor& visitor);
+void WalkField(const ElementaryAction& action, GroupVisitor& visitor);
+void WalkField(const ActionSlot& slot, GroupVisitor& visitor);
+void WalkField(const Item& item, GroupVisitor& visitor);
+
+template <IsSequence Record>
+void WalkField(const Record& record, GroupVisitor& visitor) {
+  ForEachElement<Record>([&](const auto& element) { WalkField(record.*element.field, visitor); });
+}
+template <class Entry>
+void WalkField(const List<Entry>& list, GroupVisitor& visitor) {
+  for (const Entry& entry : list) WalkField(entry, visitor);
+}
+
+void WalkField(const ObjectReference& reference, GroupVisitor& visitor) {
+  visitor.VisitReference(reference);
+}
+void WalkField(const OptionalReference& reference, GroupVisitor& visitor) {
+  if (reference.IsPresent) visitor.VisitReference(reference.Reference);
+}
+void WalkField(const FontBody& font, GroupVisitor& visitor) {
+  if (font.Kind == ValueKind::ObjectReference) visitor.VisitReference(font.Reference);
+}
+void WalkField(const ContentReference& content, GroupVisitor& visitor) {
+  visitor.VisitContentPath(content.Path);
+}
+void WalkField(const ContentBody& content, GroupVisitor& visitor) {
+  if (content.IsReferenced) visitor.VisitContentPath(content.Data);
+}
+void WalkField(const GenericValue& value, GroupVisitor& visitor) {
+  const bool isReference =
+      value.Kind == ValueKind::ObjectReference || value.Kind == ValueKind::IndirectReference;
+  if (isReference) visitor.VisitReference(value.Reference);
+  if (value.Kind == ValueKind::ContentReference) visitor.VisitContentPath(value.Octets);
+}
+void WalkField(const ElementaryAction& action, GroupVisitor& visitor) {
+  visitor.VisitAction(action);
+  WalkField(action.Target, visitor);
+  WalkField(action.Parameters, visitor);
+}
+void WalkField(const ActionSlot& slot, GroupVisitor& visitor) { WalkField(slot.Actions, visitor); }
+
+template <class Record>
+void WalkAttributes(const Record& record, GroupVisitor& visitor) {
+  ForEachAttribute<Record>([&](const auto& attribute) {
+    const auto& field = record.*attribute.field;
+    using Field = std::remove_cvref_t<decltype(field)>;
+    if constexpr (IsDescribed<Field>) {
+      WalkAttributes<Field>(field, visitor);
+    } else {
+      WalkField(field, visitor);
+    }
+  });
+}
+
+void WalkField(const Item& item, GroupVisitor& visitor) {
+  const std::int32_t outerObject =
+      std::exchange(visitor.currentObject, item.Record()->Reference.Number);
+  const ItemType outerType = std::exchange(visitor.currentClass, item.Type());
+  visitor.VisitObject(item.Type(), *item.Record());
+  VisitIngredientClass(item.Type(),
+                       [&]<class Record>() { WalkAttributes<Record>(item.As<Record>(), visitor); });
+  visitor.currentObject = outerObject;
+  visitor.currentClass = outerType;
+}
+
+}  // namespace
+
+void Walk(const Group& group, GroupVisitor& visitor) {
+  visitor.currentObject = group.Reference.Number;
+  visitor.currentClass = group.Type;
+  if (group.Type == ItemType::Application) {
+    WalkAttributes<Application>(static_cast<const Application&>(group), visitor);
+  } else {
+    WalkAttributes<Scene>(static_cast<const Scene&>(group), visitor);
+  }
+}
+
+}  // namespace mheg

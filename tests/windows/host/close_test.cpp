@@ -157,6 +157,37 @@ TEST_F(Closing, skips_pauses_from_then_on) {
   EXPECT_LT(paused.count(), 1000);
 }
 
+// The worker has the window painted before, while and after the engine thread begins to wait for
+// it, and each of the engines is asked several times, as an impatient viewer does.
+TEST_F(Closing, never_hangs_while_the_worker_updates_the_window) {
+  constexpr int kEngines = 250;
+  constexpr int kRequests = 1000;
+  int requests = 0;
+  substitutes.onStartEngine = [] {
+    const HWND engineWindow = FindEngineWindow();
+    for (int afterwards = 0; afterwards < 3; afterwards += IsClosing() ? 1 : 0) {
+      InvalidateRect(engineWindow, nullptr, FALSE);
+      UpdateWindow(engineWindow);
+    }
+    return Status::Done;
+  };
+  window.onClosed = [this] {
+    if (window.Closes() < kEngines) StartWithoutWaiting();
+  };
+  StartWithoutWaiting();
+  EXPECT_TRUE(WaitUntil(
+      [&] {
+        const HWND engineWindow = FindEngineWindow();
+        for (int request = 0; engineWindow != nullptr && request < 4; ++request) {
+          if (PostMessageA(engineWindow, WM_CLOSE, 0, 0) != 0) ++requests;
+        }
+        return window.Closes() == kEngines;
+      },
+      std::chrono::seconds(100)));
+  EXPECT_GE(requests, kRequests);
+  EXPECT_EQ(host.HeldReferences(), 0);
+}
+
 class Painting : public HostThreads {};
 
 TEST_F(Painting, shows_the_last_picture_while_the_engine_may_run) {

@@ -30,6 +30,18 @@ std::string LinkOnKey(int number, int key, const std::string& actions) {
 
 class EngineWindowTest : public Engine {
  protected:
+  // The pixels in the colour of the fixed screens' texts, where those stand.
+  [[nodiscard]] int CountTextPixels() const {
+    int count = 0;
+    HDC deviceContext = GetDC(engineWindow);
+    for (int y = 50; y < 130; y += 2) {
+      for (int x = 50; x < 500; x += 2) {
+        if (GetPixel(deviceContext, x, y) == RGB(0, 255, 0)) ++count;
+      }
+    }
+    ReleaseDC(engineWindow, deviceContext);
+    return count;
+  }
   // Somebody else's paint, which only a new copy of the picture takes away.
   void PaintOver(COLORREF colour) const {
     HDC deviceContext = GetDC(engineWindow);
@@ -79,18 +91,7 @@ TEST_F(EngineWindowTest, shows_please_wait_while_the_file_is_not_there) {
   host.Answer("a", kMHEG5FileNotYetAvailable);
   Start();
   WaitForRead("a");
-  const auto countGreen = [this] {
-    int count = 0;
-    HDC deviceContext = GetDC(engineWindow);
-    for (int y = 50; y < 130; y += 2) {
-      for (int x = 50; x < 500; x += 2) {
-        if (GetPixel(deviceContext, x, y) == RGB(0, 255, 0)) ++count;
-      }
-    }
-    ReleaseDC(engineWindow, deviceContext);
-    return count;
-  };
-  EXPECT_TRUE(WaitUntil([&] { return countGreen() > 50; }));
+  EXPECT_TRUE(WaitUntil([this] { return CountTextPixels() > 50; }));
 }
 
 TEST_F(EngineWindowTest, keeps_the_picture_when_it_is_covered_and_uncovered) {
@@ -184,6 +185,13 @@ TEST_F(EngineWindowTest, shows_the_start_up_application_again_after_a_quit) {
   WaitForColour(100, 100, kRed);
 }
 
+TEST_F(EngineWindowTest, shows_no_service_when_no_application_is_found) {
+  Start();
+  WaitForRead("startup", 2);
+  EXPECT_TRUE(WaitUntil([this] { return CountTextPixels() > 50; }));
+}
+
+// The failed start has left the picture alone: the first key after it shows nothing either.
 TEST_F(EngineWindowTest, shows_no_text_when_the_start_after_a_quit_fails) {
   ServeScene(FilledRectangle(1, "=FF=00=00=00") + LinkOnKey(2, 15, ":Quit((\"~/a\" 0))"));
   Start();
@@ -191,7 +199,11 @@ TEST_F(EngineWindowTest, shows_no_text_when_the_start_after_a_quit_fails) {
   host.Answer("a", kNoSuchFile);
   PressKey(kEnter);
   WaitForRead("startup", 2);
-  Close();
+  host.ForgetAnswer("a");
+  Post(0x8001);
+  WaitForRead("a", 4);
+  WaitForColour(100, 100, kRed);
+  EXPECT_EQ(CountTextPixels(), 0);
 }
 
 }  // namespace

@@ -55,6 +55,11 @@ void RecordingHost::Answer(const std::string& path, std::uint32_t answer) {
   answers_[path] = answer;
 }
 
+void RecordingHost::ForgetAnswer(const std::string& path) {
+  const std::lock_guard lock(mutex_);
+  answers_.erase(path);
+}
+
 std::vector<HostCall> RecordingHost::Calls() const {
   const std::lock_guard lock(mutex_);
   return calls_;

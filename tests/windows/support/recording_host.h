@@ -35,6 +35,7 @@ class RecordingHost : public MHEG5Host {
   // Any thread, also while the engine runs. A path that neither names is kNoSuchFile.
   void Serve(const std::string& path, std::string bytes);
   void Answer(const std::string& path, std::uint32_t answer);
+  void ForgetAnswer(const std::string& path);
 
   // Called for every call of the engine before it is answered. To be set before the engine starts.
   std::function<void(const std::string& name)> onCall;

@@ -28,14 +28,15 @@ TEST_F(Closing, overtakes_a_hundred_queued_keys) {
 TEST_F(Closing, keeps_a_restart_that_is_queued_behind_it_from_being_handled) {
   Start();
   substitutes.onRaise = [](std::int32_t) {
-    RequestRestart(RestartReason::Tune);
-    ExitMHEG5();
-    EXPECT_TRUE(WaitUntil([] { return IsClosing(); }));
+    PostMessageA(FindEngineWindow(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(WaitUntil(IsClosing));
+    SendMessageA(FindEngineWindow(), kRestartAfterTune, 0, 0);
+    SendMessageA(FindEngineWindow(), kRestartAfterQuit, 0, 0);
   };
   PostKeys({kEnter});
-  WaitForLine("CloseDown");
-  Close();
+  EXPECT_TRUE(WaitUntil([this] { return window.Closes() == 1; }));
   EXPECT_EQ(journal.CountOf("StartEngine "), 1);
+  EXPECT_EQ(journal.CountOf("CloseDown"), 1);
 }
 
 TEST_F(Closing, before_the_worker_sets_the_running_flag_is_not_undone) {

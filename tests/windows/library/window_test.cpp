@@ -158,10 +158,10 @@ TEST_F(EngineWindowTest, paints_the_first_request_of_a_key_at_once_and_of_a_time
   Start();
   WaitForColour(100, 100, kRed);
   PressKey(kEnter);
-  WaitForRead("key");
+  EXPECT_TRUE(WaitUntil([&] { return insideKey != kForeign; }));
   EXPECT_EQ(insideKey, kBlue);
   PressKey('R');
-  WaitForRead("timer");
+  EXPECT_TRUE(WaitUntil([&] { return insideTimer != kForeign; }));
   EXPECT_EQ(insideTimer, kRed);
   WaitForColour(100, 100, kBlue);
 }

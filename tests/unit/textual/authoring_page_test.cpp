@@ -1,0 +1,65 @@
+// The page for authors tells the truth: its examples are whole groups that leave nothing out, and
+// they show every class, every attribute's keyword and every action.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "objects/objects.h"
+#include "textual/keywords.h"
+#include "textual/textual.h"
+
+namespace korvel {
+namespace {
+
+std::vector<std::string> Examples() {
+  std::ifstream page(std::string(KORVEL_SOURCE_DIR) + "/docs/authoring.md");
+  std::vector<std::string> examples;
+  bool isInside = false;
+  for (std::string line; std::getline(page, line);) {
+    if (!isInside && line == "```mheg") {
+      isInside = true;
+      examples.emplace_back();
+    } else if (line == "```") {
+      isInside = false;
+    } else if (isInside) {
+      examples.back() += line + "\n";
+    }
+  }
+  return examples;
+}
+
+TEST(AuthoringPage, every_example_is_a_whole_group) {
+  const std::vector<std::string> examples = Examples();
+  EXPECT_GE(examples.size(), 8U);
+  for (const std::string& example : examples) {
+    OwnedGroup group;
+    bool isApplication = false;
+    TextError error;
+    List<MissingPart> missing;
+    EXPECT_EQ(ReadTextGroup(example, group, isApplication, &error, &missing), TextResult::Done)
+        << example << error.place.line << ":" << error.place.column << " found "
+        << error.found.data() << ", expected " << error.expected.data();
+    for (const MissingPart& part : missing)
+      ADD_FAILURE() << part.owner << " lacks " << part.missing;
+  }
+}
+
+TEST(AuthoringPage, the_examples_show_every_keyword_of_a_class_an_attribute_or_an_action) {
+  std::string all;
+  for (const std::string& example : Examples()) all += example;
+  for (char& c : all) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  for (std::uint16_t code = 1; code <= kKeywordCount; ++code) {
+    const std::string word = KeywordText(code);
+    if (word[0] != ':') continue;
+    bool isShown = false;
+    for (const char* end : {" ", "(", "\n"}) {
+      isShown = isShown || all.find(word + end) != std::string::npos;
+    }
+    EXPECT_TRUE(isShown) << word;
+  }
+}
+
+}  // namespace
+}  // namespace korvel

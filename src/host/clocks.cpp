@@ -7,10 +7,24 @@
 
 namespace korvel {
 
-// On this platform the C library's clock runs with real time from the start of the process.
+namespace {
+
+std::uint64_t InMilliseconds(const FILETIME& time) noexcept {
+  constexpr std::uint64_t kTicksPerMillisecond = 10'000;
+  const std::uint64_t high = time.dwHighDateTime;
+  return (high << 32U | time.dwLowDateTime) / kTicksPerMillisecond;
+}
+
+}  // namespace
+
+// Not the C library's clock, which stops telling after 24 days.
 std::uint32_t MillisecondsSinceProcessStart() noexcept {
-  static_assert(CLOCKS_PER_SEC == 1000);
-  return static_cast<std::uint32_t>(std::clock());
+  FILETIME start = {};
+  FILETIME unused = {};
+  FILETIME now = {};
+  GetProcessTimes(GetCurrentProcess(), &start, &unused, &unused, &unused);
+  GetSystemTimeAsFileTime(&now);
+  return static_cast<std::uint32_t>(InMilliseconds(now) - InMilliseconds(start));
 }
 
 std::uint32_t SecondsNow() noexcept { return static_cast<std::uint32_t>(std::time(nullptr)); }

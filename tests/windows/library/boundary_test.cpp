@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <thread>
 
 #include "windows/library/engine_fixture.h"
@@ -239,14 +240,48 @@ TEST_F(Boundary, every_waiting_thread_returns_when_the_engine_has_closed) {
   EXPECT_EQ(returned, 4);
 }
 
-TEST_F(Boundary, no_thread_is_left_after_a_close) {
-  StartWaitingForFile();
-  Close();
-  const int threads = CountThreads();
-  Start();
-  EXPECT_EQ(CountThreads(), threads + 2);
-  Close();
-  EXPECT_TRUE(WaitUntil([&] { return CountThreads() == threads; }));
+// A copy under another name, so that this test holds the only reference of the program.
+TEST_F(Boundary, the_library_may_be_unloaded_in_the_handler_of_the_closed_message) {
+  constexpr const char* kCopy = "korvel_unloaded.dll";
+  ASSERT_NE(CopyFileA("korvel.dll", kCopy, FALSE), 0);
+  for (int run = 1; run <= 5; ++run) {
+    const HMODULE module = LoadLibraryA(kCopy);
+    ASSERT_NE(module, nullptr);
+    const Library copy = FindFunctions(module);
+    window.onClosed = [module] { FreeLibrary(module); };
+    ASSERT_EQ(copy.Run(&host, window.Handle()), 0U);
+    WaitForWindow();
+    copy.Exit();
+    WaitForClosed(run);
+    EXPECT_TRUE(WaitUntil([&] { return GetModuleHandleA(kCopy) == nullptr; }));
+  }
+  DeleteFileA(kCopy);
+}
+
+TEST(BoundaryDeathTest, the_process_may_end_while_the_engine_runs) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  constexpr int kExitStatus = 7;
+  EXPECT_EXIT(
+      {
+        RecordingHost host;
+        host.Answer("a", kMHEG5FileNotYetAvailable);
+        TheLibrary().Run(&host, nullptr);
+        static_cast<void>(WaitUntil([&] { return host.CountOf("ReadFile a") > 0; }));
+        std::exit(kExitStatus);
+      },
+      testing::ExitedWithCode(kExitStatus), "");
+}
+
+TEST_F(Boundary, the_engine_runs_on_two_threads_of_its_own_and_ends_both) {
+  for (int run = 0; run < 3; ++run) {
+    const int reads = ReadsOf("a");
+    host.Answer("a", kMHEG5FileNotYetAvailable);
+    Start();
+    WaitForRead("a", reads + 1);
+    const int threads = CountThreads();
+    Close();
+    EXPECT_TRUE(WaitUntil([&] { return CountThreads() == threads - 2; })) << CountThreads();
+  }
 }
 
 }  // namespace

@@ -9,9 +9,10 @@ void Find(HMODULE module, const char* name, Function& function) {
   function = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
 }
 
-Library Load() {
+}  // namespace
+
+Library FindFunctions(HMODULE module) {
   Library library;
-  HMODULE module = LoadLibraryA("korvel.dll");
   if (module == nullptr) return library;
   Find(module, "RunMHEG5Window", library.Run);
   Find(module, "ExitMHEG5", library.Exit);
@@ -20,10 +21,8 @@ Library Load() {
   return library;
 }
 
-}  // namespace
-
 const Library& TheLibrary() {
-  static const Library library = Load();
+  static const Library library = FindFunctions(LoadLibraryA("korvel.dll"));
   return library;
 }
 

@@ -12,8 +12,11 @@ struct Library {
   decltype(&MHEG5WaitForClose) WaitForClose = nullptr;
 };
 
-// Loads korvel.dll from the current directory once and for all. A function that cannot be found is
-// null, and the test that uses it ends.
+// The functions of a loaded library. A function that cannot be found is null, and the test that uses
+// it ends.
+Library FindFunctions(HMODULE module);
+
+// Loads korvel.dll from the current directory once and for all.
 const Library& TheLibrary();
 
 }  // namespace korvel::test

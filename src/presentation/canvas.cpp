@@ -19,8 +19,25 @@ namespace {
 // A canvas beyond this area is not worth its memory: 64 million pixels of 4 bytes.
 constexpr std::int64_t kLargestArea = std::int64_t{64} * 1024 * 1024;
 
+constexpr std::int32_t kFullTurn = 360;
+
+// GDI+ turns curves to lines in single precision; much further out than this it never ends.
+constexpr std::int64_t kFarthestCurve = 8000;
+
 constexpr Gdiplus::ARGB kTransparentBlack = 0;
 constexpr DrawnColour kTransparencyByte = 0xFF;
+
+// The box of a curve, `shrink` pixels smaller on every side.
+Box CurveBox(CanvasPoint at, std::int64_t width, std::int64_t height,
+             std::int64_t shrink) noexcept {
+  const auto held = [](std::int64_t place) {
+    return std::clamp(place, -kFarthestCurve, kFarthestCurve);
+  };
+  const std::int64_t left = at.X + shrink;
+  const std::int64_t top = at.Y + shrink;
+  return BoxBetween(held(left), held(top), held(left + width - 2 * shrink),
+                    held(top + height - 2 * shrink));
+}
 
 [[nodiscard]] bool MakePicture(Canvas& canvas) noexcept {
   return Succeeded(gdip::GdipCreateBitmapFromScan0(canvas.Width, canvas.Height, 0,
@@ -88,7 +105,7 @@ Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& l
 
 Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
                   Canvas* canvas) noexcept {
-  const Box box = BoxAt(at.X, at.Y, width, height);
+  const Box box = CurveBox(at, width, height, 0);
   SolidBrushOwner brush;
   if (canvas == nullptr || box.IsEmpty() || !MakeBrush(fill, brush)) return Status::Done;
   static_cast<void>(gdip::GdipFillEllipseI(canvas->Graphics, brush, box.Left, box.Top, box.Width(),
@@ -99,12 +116,11 @@ Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, Drawn
 Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
                  std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
                  Canvas* canvas) noexcept {
-  const std::int64_t shrink = DrawnWidth(line);
-  const Box box = BoxAt(at.X + shrink, at.Y + shrink, width - 2 * shrink, height - 2 * shrink);
+  const Box box = CurveBox(at, width, height, DrawnWidth(line));
   PenOwner pen;
   if (canvas == nullptr || box.IsEmpty() || !MakePen(line, pen)) return Status::Done;
-  const auto start = static_cast<float>(startAngle);
-  const auto sweep = static_cast<float>(arcAngle) * -1.0F;  // ours run counter-clockwise
+  const auto start = static_cast<float>(startAngle % kFullTurn);
+  const auto sweep = static_cast<float>(std::clamp(arcAngle, -kFullTurn, kFullTurn)) * -1.0F;
   if (form == ArcForm::Arc) {
     static_cast<void>(gdip::GdipDrawArcI(canvas->Graphics, pen, box.Left, box.Top, box.Width(),
                                          box.Height(), start, sweep));

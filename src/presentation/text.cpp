@@ -123,8 +123,14 @@ void DrawTextIn(const TextDrawing& drawing) noexcept {
   const Gdiplus::RectF layout = LayoutOf(drawing);
   if (!FillBackground(graphics, layout, drawing.Background)) return;
   if (drawing.Font.Size < 0 || drawing.Font.Size > kLargestSize) return;
+  // The box cuts the text. GDI+ does so too, but not all of them to the pixel.
+  if (!Succeeded(gdip::GdipSetClipRect(graphics, layout.X, layout.Y, layout.Width, layout.Height,
+                                       Gdiplus::CombineModeReplace))) {
+    return;
+  }
   // What cannot be drawn is left out; there is nobody to tell.
   static_cast<void>(DrawLines(graphics, layout, drawing));
+  static_cast<void>(gdip::GdipResetClip(graphics));
 }
 
 TextDrawing DrawingOf(const Text& text) noexcept {

@@ -1,0 +1,314 @@
+// Dynamic line art: its canvas with each painting operation, and how the redraw shows it.
+#include "presentation/canvas.h"
+
+#include "presentation/presentation.h"
+#include "windows/presentation/stage.h"
+
+namespace korvel::test {
+
+namespace {
+
+constexpr DrawnColour kOpaqueRed = 0xFF000000;
+constexpr DrawnColour kOpaqueGreen = 0x00FF0000;
+
+}  // namespace
+
+class CanvasTest : public Stage {
+ protected:
+  CanvasTest() {
+    Place(lineArt, 100, 100, 200, 100);
+    lineArt.BorderedBoundingBox = false;
+    lineArt.Canvas = NewCanvas(200, 100);
+    Show(ItemType::DynamicLineArt, lineArt);
+  }
+  ~CanvasTest() override { DestroyCanvas(lineArt.Canvas); }
+  CanvasTest(const CanvasTest&) = delete;
+  CanvasTest& operator=(const CanvasTest&) = delete;
+
+  [[nodiscard]] Area Ink() { return Paint().Extent(kWholeScene); }
+  void Clear() { EXPECT_EQ(ClearCanvas(kTransparentColour, lineArt.Canvas), Status::Done); }
+
+  DynamicLineArt lineArt;
+  LineAttributes red{.Width = 1, .Style = 1, .Ink = kOpaqueRed};
+};
+
+TEST_F(CanvasTest, a_new_canvas_shows_what_lies_below) {
+  Rectangle below;
+  Place(below, 0, 0, 720, 576);
+  Fill(below, kBlueBytes);
+  App().DisplayStack.Clear();
+  Show(ItemType::Rectangle, below);
+  Show(ItemType::DynamicLineArt, lineArt);
+  EXPECT_TRUE(Paint().IsAll(kWholeScene, kBlue));
+}
+
+TEST_F(CanvasTest, a_line_runs_from_point_to_point) {
+  EXPECT_EQ(CanvasLine({10, 20}, {59, 20}, red, lineArt.Canvas), Status::Done);
+  const Area ink = Ink();
+  EXPECT_EQ(ink.left, 110);
+  EXPECT_EQ(ink.top, 120);
+  EXPECT_NEAR(ink.right, 160, 1);  // whether a line includes its last pixel is GDI+'s affair
+  EXPECT_EQ(ink.bottom, 121);
+}
+
+TEST_F(CanvasTest, a_line_that_leaves_the_canvas_keeps_its_slope) {
+  constexpr std::int32_t kFar = 2000000000;
+  EXPECT_EQ(CanvasLine({0, 0}, {kFar, kFar / 2}, red, lineArt.Canvas), Status::Done);
+  const Pixels picture = Paint();
+  const Area end = picture.Extent({290, 100, 300, 200});
+  EXPECT_NEAR(end.top, 195, 2);
+  EXPECT_NEAR(end.bottom, 200, 2);
+}
+
+TEST_F(CanvasTest, a_rectangle_has_its_border_inside_and_its_fill_inside_of_that) {
+  red.Width = 4;
+  EXPECT_EQ(CanvasRectangle({10, 10}, {20, 20}, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
+  const Pixels picture = Paint();
+  EXPECT_EQ(picture.Extent(kWholeScene), (Area{110, 110, 120, 120}));
+  EXPECT_EQ(picture.Count(kWholeScene, kGreen), 4);
+  EXPECT_TRUE(picture.IsAll({114, 114, 116, 116}, kGreen));
+}
+
+TEST_F(CanvasTest, an_oval_is_its_fill_alone) {
+  EXPECT_EQ(CanvasOval({20, 10}, 100, 60, kOpaqueGreen, lineArt.Canvas), Status::Done);
+  const Pixels picture = Paint();
+  const Area ink = picture.Extent(kWholeScene);
+  EXPECT_NEAR(ink.left, 120, 1);
+  EXPECT_NEAR(ink.right, 220, 1);
+  EXPECT_NEAR(ink.top, 110, 1);
+  EXPECT_NEAR(ink.bottom, 170, 1);
+  EXPECT_NEAR(picture.Count(kWholeScene, kGreen), 3.1416 * 50 * 30, 120);
+  EXPECT_EQ(picture.At(121, 111), kBlack) << "the corner of its box";
+}
+
+TEST_F(CanvasTest, an_oval_without_a_fill_leaves_no_mark) {
+  EXPECT_EQ(CanvasOval({20, 10}, 100, 60, kTransparentColour, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(Ink(), Area{});
+}
+
+TEST_F(CanvasTest, a_positive_arc_runs_counter_clockwise_from_its_start) {
+  // From the right (0 degrees) a quarter up: the top right quarter of the ellipse.
+  EXPECT_EQ(
+      CanvasArc({50, 0}, 100, 100, 0, 90, red, kTransparentColour, ArcForm::Arc, lineArt.Canvas),
+      Status::Done);
+  const Area ink = Ink();
+  EXPECT_GE(ink.left, 199);
+  EXPECT_NEAR(ink.right, 250, 2);
+  EXPECT_NEAR(ink.top, 101, 2);
+  EXPECT_LE(ink.bottom, 152);
+}
+
+TEST_F(CanvasTest, the_ellipse_of_an_arc_is_the_box_less_the_line_on_every_side) {
+  red.Width = 6;
+  EXPECT_EQ(
+      CanvasArc({50, 0}, 100, 100, 0, 360, red, kTransparentColour, ArcForm::Arc, lineArt.Canvas),
+      Status::Done);
+  const Area ink = Ink();  // the middle of the line lies 6 inside, its outer side 3
+  EXPECT_NEAR(ink.left, 153, 1);
+  EXPECT_NEAR(ink.right, 247, 1);
+  EXPECT_NEAR(ink.top, 103, 1);
+  EXPECT_NEAR(ink.bottom, 197, 1);
+}
+
+TEST_F(CanvasTest, an_arc_is_never_filled) {
+  EXPECT_EQ(CanvasArc({50, 0}, 100, 100, 0, 360, red, kOpaqueGreen, ArcForm::Arc, lineArt.Canvas),
+            Status::Done);
+  EXPECT_EQ(Paint().Count(kWholeScene, kGreen), 0);
+}
+
+TEST_F(CanvasTest, a_sector_is_a_filled_pie) {
+  EXPECT_EQ(CanvasArc({50, 0}, 100, 100, 0, 90, red, kOpaqueGreen, ArcForm::Sector, lineArt.Canvas),
+            Status::Done);
+  const Pixels picture = Paint();
+  EXPECT_EQ(picture.At(220, 130), kGreen);
+  EXPECT_EQ(picture.At(180, 130), kBlack);
+  EXPECT_EQ(picture.At(220, 170), kBlack);
+}
+
+TEST_F(CanvasTest, a_sector_whose_fill_is_transparent_is_its_outline) {
+  EXPECT_EQ(CanvasArc({50, 0}, 100, 100, 0, 90, red, 0x00FF00FF, ArcForm::Sector, lineArt.Canvas),
+            Status::Done);
+  const Pixels picture = Paint();
+  EXPECT_EQ(picture.Count(kWholeScene, kGreen), 0);
+  EXPECT_GT(picture.Count(kWholeScene, kRed), 100);
+}
+
+TEST_F(CanvasTest, a_sectors_fill_is_as_transparent_as_its_line) {
+  red.Ink = 0xFF000080;
+  EXPECT_EQ(CanvasArc({50, 0}, 100, 100, 0, 90, red, kOpaqueGreen, ArcForm::Sector, lineArt.Canvas),
+            Status::Done);
+  const std::uint32_t mixed = Paint().At(220, 130);
+  EXPECT_NEAR(mixed >> 8 & 0xFF, 127, 3);
+  EXPECT_EQ(mixed & 0xFF00FF, 0U);
+}
+
+TEST_F(CanvasTest, a_polygon_is_closed_and_filled) {
+  const CanvasPoint corners[] = {{10, 10}, {90, 10}, {90, 80}};
+  EXPECT_EQ(CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
+  const Pixels picture = Paint();
+  EXPECT_EQ(picture.At(180, 130), kGreen);
+  EXPECT_EQ(picture.At(120, 170), kBlack) << "beyond the side that closes it";
+  EXPECT_NEAR(picture.Count(kWholeScene, kGreen) + picture.Count(kWholeScene, kRed), 80 * 70 / 2,
+              200);
+}
+
+TEST_F(CanvasTest, fewer_than_two_points_draw_nothing) {
+  const CanvasPoint corners[] = {{10, 10}};
+  EXPECT_EQ(CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(CanvasPolygon({}, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(Ink(), Area{});
+}
+
+TEST_F(CanvasTest, a_polygon_with_far_corners_is_cut_without_bending) {
+  constexpr std::int32_t kFar = 2000000000;
+  const CanvasPoint corners[] = {{0, 0}, {kFar, kFar / 2}, {-kFar, kFar}};
+  EXPECT_EQ(CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
+  const Pixels picture = Paint();
+  EXPECT_NEAR(picture.Extent({280, 100, 281, 200}).top, 190, 2);
+  EXPECT_EQ(picture.At(150, 180), kGreen);
+  EXPECT_EQ(picture.At(250, 150), kBlack);
+}
+
+TEST_F(CanvasTest, lines_of_style_2_are_dashed_and_of_style_3_dotted) {
+  const auto inkOf = [this](std::int32_t style) {
+    Clear();
+    red.Style = style;
+    EXPECT_EQ(CanvasLine({0, 50}, {199, 50}, red, lineArt.Canvas), Status::Done);
+    return Paint().Count(kWholeScene, kRed);
+  };
+  red.Width = 4;
+  const int solid = inkOf(1);
+  EXPECT_EQ(inkOf(9), solid);
+  EXPECT_EQ(inkOf(0), solid);
+  const int dashed = inkOf(2);
+  const int dotted = inkOf(3);
+  EXPECT_LT(dashed, solid);
+  EXPECT_LT(dotted, dashed);
+  EXPECT_GT(dotted, 0);
+}
+
+TEST_F(CanvasTest, black_is_invisible_and_the_darkest_grey_is_not) {
+  Rectangle below;
+  Place(below, 0, 0, 720, 576);
+  Fill(below, kBlueBytes);
+  App().DisplayStack.Clear();
+  Show(ItemType::Rectangle, below);
+  Show(ItemType::DynamicLineArt, lineArt);
+  EXPECT_EQ(CanvasOval({10, 10}, 50, 50, 0x00000000, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(CanvasOval({100, 10}, 50, 50, 0x01010100, lineArt.Canvas), Status::Done);
+  const Pixels picture = Paint();
+  EXPECT_EQ(picture.At(135, 135), kBlue);
+  EXPECT_EQ(picture.At(225, 135), 0x010101U);
+}
+
+TEST_F(CanvasTest, half_transparent_black_is_invisible_too) {
+  Rectangle below;
+  Place(below, 0, 0, 720, 576);
+  Fill(below, kBlueBytes);
+  App().DisplayStack.Clear();
+  Show(ItemType::Rectangle, below);
+  Show(ItemType::DynamicLineArt, lineArt);
+  EXPECT_EQ(CanvasOval({10, 10}, 50, 50, 0x00000080, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(Paint().At(135, 135), kBlue);
+}
+
+TEST_F(CanvasTest, a_frame_is_drawn_around_and_the_canvas_inside_of_its_line) {
+  lineArt.BorderedBoundingBox = true;
+  lineArt.LineWidth = 5;
+  lineArt.RefLineColour = Absolute(kGreenBytes);
+  EXPECT_EQ(CanvasLine({0, 0}, {30, 0}, red, lineArt.Canvas), Status::Done);
+  const Pixels picture = Paint();
+  EXPECT_TRUE(picture.IsAll({100, 100, 300, 105}, kGreen));
+  EXPECT_EQ(picture.At(105, 105), kRed);
+  EXPECT_EQ(picture.At(105, 106), kBlack);
+}
+
+TEST_F(CanvasTest, a_drawable_area_limits_what_is_drawn) {
+  EXPECT_EQ(ClipCanvas(50, 40, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(CanvasRectangle({0, 0}, {200, 100}, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(Ink(), (Area{100, 100, 150, 140}));
+  EXPECT_EQ(ClearCanvas(kOpaqueGreen, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(Ink(), (Area{100, 100, 150, 140})) << "clearing keeps the area";
+  EXPECT_EQ(ClipCanvas(-3, 40, lineArt.Canvas), Status::Done);
+  Clear();
+  EXPECT_EQ(CanvasRectangle({0, 0}, {200, 100}, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(Ink(), Area{});
+}
+
+TEST_F(CanvasTest, clearing_takes_everything_away_and_keeps_the_size) {
+  EXPECT_EQ(CanvasRectangle({0, 0}, {200, 100}, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
+  lineArt.BoxSize = {50, 50};
+  Clear();
+  EXPECT_EQ(Ink(), Area{});
+  EXPECT_EQ(ClearCanvas(kOpaqueGreen, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(Ink(), (Area{100, 100, 300, 200}));
+}
+
+TEST_F(CanvasTest, without_a_canvas_every_operation_is_done_and_draws_nothing) {
+  const CanvasPoint corners[] = {{0, 0}, {9, 9}, {0, 9}};
+  EXPECT_EQ(CanvasLine({0, 0}, {9, 9}, red, nullptr), Status::Done);
+  EXPECT_EQ(CanvasRectangle({0, 0}, {9, 9}, red, kOpaqueGreen, nullptr), Status::Done);
+  EXPECT_EQ(CanvasOval({0, 0}, 9, 9, kOpaqueGreen, nullptr), Status::Done);
+  EXPECT_EQ(CanvasArc({0, 0}, 9, 9, 0, 90, red, kOpaqueGreen, ArcForm::Sector, nullptr),
+            Status::Done);
+  EXPECT_EQ(CanvasPolygon(corners, red, kOpaqueGreen, nullptr), Status::Done);
+  EXPECT_EQ(ClearCanvas(kOpaqueGreen, nullptr), Status::Done);
+  EXPECT_EQ(ClipCanvas(1, 1, nullptr), Status::Done);
+  DestroyCanvas(nullptr);
+  DynamicLineArt bare;
+  Place(bare, 0, 0, 50, 50);
+  bare.BorderedBoundingBox = false;
+  Show(ItemType::DynamicLineArt, bare);
+  EXPECT_EQ(Ink(), Area{});
+}
+
+TEST_F(CanvasTest, sizes_without_area_or_beyond_reason_make_no_canvas) {
+  constexpr std::int32_t kLargest = 0x7FFFFFFF;
+  EXPECT_EQ(NewCanvas(0, 10), nullptr);
+  EXPECT_EQ(NewCanvas(10, 0), nullptr);
+  EXPECT_EQ(NewCanvas(-5, 10), nullptr);
+  EXPECT_EQ(NewCanvas(kLargest, kLargest), nullptr);
+  EXPECT_EQ(NewCanvas(kLargest, 1), nullptr);
+}
+
+TEST_F(CanvasTest, a_canvas_larger_than_the_scene_is_cut_at_its_edges) {
+  DestroyCanvas(lineArt.Canvas);
+  lineArt.Canvas = NewCanvas(3000, 2000);
+  ASSERT_NE(lineArt.Canvas, nullptr);
+  EXPECT_EQ(ClearCanvas(kOpaqueGreen, lineArt.Canvas), Status::Done);
+  Place(lineArt, -1000, -1000, 3000, 2000);
+  EXPECT_TRUE(Paint().IsAll(kWholeScene, kGreen));
+  Place(lineArt, 700, 570, 3000, 2000);
+  EXPECT_EQ(Ink(), (Area{700, 570, 720, 576}));
+  Place(lineArt, 0x7FFFFFFF, -0x7FFFFFFF, 3000, 2000);
+  EXPECT_EQ(Ink(), Area{});
+}
+
+TEST_F(CanvasTest, the_largest_numbers_take_no_time) {
+  constexpr std::int32_t kLargest = 0x7FFFFFFF;
+  constexpr std::int32_t kSmallest = -kLargest - 1;
+  const DWORD start = GetTickCount();
+  for (const std::int32_t style : {1, 2, 3}) {
+    for (const std::int32_t width : {1, kLargest, kSmallest}) {
+      red.Style = style;
+      red.Width = width;
+      const CanvasPoint corners[] = {{kSmallest, kLargest}, {kLargest, 5}, {3, kSmallest}};
+      EXPECT_EQ(CanvasLine({kSmallest, 3}, {kLargest, 4}, red, lineArt.Canvas), Status::Done);
+      EXPECT_EQ(CanvasRectangle({kSmallest, kSmallest}, {kLargest, kLargest}, red, kOpaqueGreen,
+                                lineArt.Canvas),
+                Status::Done);
+      EXPECT_EQ(CanvasArc({kSmallest, kSmallest}, kLargest, kLargest, kLargest, kSmallest, red,
+                          kOpaqueGreen, ArcForm::Sector, lineArt.Canvas),
+                Status::Done);
+      EXPECT_EQ(CanvasArc({-3, -3}, kLargest, kLargest, kSmallest, kLargest, red, kOpaqueGreen,
+                          ArcForm::Arc, lineArt.Canvas),
+                Status::Done);
+      EXPECT_EQ(CanvasOval({kLargest, kLargest}, kLargest, kLargest, kOpaqueGreen, lineArt.Canvas),
+                Status::Done);
+      EXPECT_EQ(CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
+    }
+  }
+  EXPECT_LT(GetTickCount() - start, 54 * 250U) << "a quarter of a second an operation";
+}
+
+}  // namespace korvel::test

@@ -1,8 +1,7 @@
 // How a close overtakes everything else and is never undone, whenever it comes.
 #include <gmock/gmock.h>
 
-#include <atomic>
-#include <thread>
+#include <optional>
 
 #include "host/host.h"
 #include "host/window_messages.h"
@@ -23,6 +22,7 @@ TEST_F(Closing, overtakes_a_hundred_queued_keys) {
   WaitForLine("CloseDown");
   Close();
   EXPECT_EQ(Raised().size(), 1U);
+  EXPECT_EQ(journal.CountOf("BeginWork"), 3) << "for the start, the first key and the close";
 }
 
 TEST_F(Closing, keeps_a_restart_that_is_queued_behind_it_from_being_handled) {
@@ -53,31 +53,38 @@ TEST_F(Closing, before_the_worker_sets_the_running_flag_is_not_undone) {
   EXPECT_FALSE(mayRun);
 }
 
-TEST_F(Closing, during_a_start_is_not_undone_by_its_success) {
-  std::atomic<bool> mayRunAfterwards = false;
-  substitutes.onStartEngine = [] {
-    ExitMHEG5();
-    return Status::Done;
-  };
-  substitutes.onLine = [&](const std::string& line) {
-    if (line == "CloseDown" && MayRun()) mayRunAfterwards = true;
-  };
+// A start that succeeds sets the running flag once more, after the close has cleared it.
+class ClosingDuringStart : public Closing {
+ protected:
+  void CloseInNextStart() {
+    substitutes.onStartEngine = [] {
+      PostMessageA(FindEngineWindow(), WM_CLOSE, 0, 0);
+      EXPECT_TRUE(WaitUntil(IsClosing));
+      return Status::Done;
+    };
+    substitutes.onLine = [this](const std::string& line) {
+      if (line == "CloseDown") mayRunAfterwards = MayRun();
+    };
+  }
+  void ExpectClose() {
+    EXPECT_TRUE(WaitUntil([this] { return window.Closes() == 1; }));
+    EXPECT_EQ(mayRunAfterwards, false);
+  }
+
+  std::optional<bool> mayRunAfterwards;
+};
+
+TEST_F(ClosingDuringStart, is_not_undone_by_the_success_of_the_first_start) {
+  CloseInNextStart();
   StartWithoutWaiting();
-  EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
-  EXPECT_FALSE(mayRunAfterwards);
+  ExpectClose();
 }
 
-TEST_F(Closing, during_a_restart_is_not_undone) {
+TEST_F(ClosingDuringStart, is_not_undone_by_the_success_of_a_restart) {
   Start();
-  std::atomic<bool> mayRun = true;
-  substitutes.onStartEngine = [&] {
-    ExitMHEG5();
-    mayRun = MayRun();
-    return Status::Done;
-  };
+  CloseInNextStart();
   Post(kRestartAfterQuit);
-  EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
-  EXPECT_FALSE(mayRun);
+  ExpectClose();
 }
 
 TEST_F(Closing, lets_the_worker_paint_the_window_that_waits_for_it) {

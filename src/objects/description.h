@@ -77,7 +77,9 @@ template <class Record>
 struct SequenceDescription;
 
 template <class Record>
-concept IsDescribed = requires { Description<Record>::attributes; };
+concept IsDescribed = requires {
+  Description<Record>::attributes;
+};
 
 template <class Record>
 concept IsSequence = requires {

@@ -1,5 +1,5 @@
-// What tests may ask of the stand-in for the platform: files in memory, a clock that stands still until it is moved,
-// and a record of what the engine asked the platform for.
+// What tests may ask of the stand-in for the platform: files in memory, a clock that stands still
+// until it is moved, and a record of what the engine asked the platform for.
 #pragma once
 
 #include <cstdint>
@@ -20,8 +20,8 @@ struct FakeHost {
   LocalTime localTime;
   bool hasLocalTime = true;
 
-  std::vector<std::string> fetched;             // every path asked for, found or not
-  std::uint32_t pausedMs = 0;                   // the sum of all pauses
+  std::vector<std::string> fetched;               // every path asked for, found or not
+  std::uint32_t pausedMs = 0;                     // the sum of all pauses
   std::map<std::uint32_t, std::uint32_t> timers;  // pending platform timers: id and period
   std::vector<std::uint32_t> killedTimers;
   std::vector<RestartReason> restarts;

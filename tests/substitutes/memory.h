@@ -1,4 +1,5 @@
-// What tests may ask of the allocator that stands in for the library's: failing on purpose, and counting.
+// What tests may ask of the allocator that stands in for the library's: failing on purpose, and
+// counting.
 #pragma once
 
 #include <cstddef>

@@ -12,8 +12,8 @@ struct Library {
   decltype(&MHEG5WaitForClose) WaitForClose = nullptr;
 };
 
-// The functions of a loaded library. A function that cannot be found is null, and the test that uses
-// it ends.
+// The functions of a loaded library. A function that cannot be found is null, and the test that
+// uses it ends.
 Library FindFunctions(HMODULE module);
 
 // Loads korvel.dll from the current directory once and for all.

@@ -9,7 +9,7 @@ for task; do
     native) packages="$packages g++ cmake ninja-build libcli11-dev" ;;
     windows) packages="$packages g++-mingw-w64-x86-64-posix libcli11-dev cmake ninja-build g++" ;;
     run) packages="$packages wine wine64 xvfb xauth fonts-liberation" ;;
-    test) packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest
+    test) packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest openssl
       python3 python3-pil python3-numpy" ;;
     check) packages="$packages clang-format clang-tidy clang-tools" ;;
     *) echo "$0: no such task: $task" >&2; exit 2 ;;

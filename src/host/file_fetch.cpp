@@ -31,9 +31,7 @@ Status FetchFile(std::string_view path, OctetString* bytes) noexcept {
 
   void* data = nullptr;
   std::uint32_t size = 0;
-  if (!AskHost(host, terminatedPath.Text(), &data, bytes == nullptr ? nullptr : &size)) {
-    return Status::Refused;
-  }
+  if (!AskHost(host, terminatedPath.Text(), &data, &size)) return Status::Refused;
   // A host that reports bytes without saying where they are has not read the file.
   const bool isReadable = data != nullptr || size == 0;
   const bool isTaken =

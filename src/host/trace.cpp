@@ -3,17 +3,17 @@
 
 #include <windows.h>
 
-#include <cstdio>
-
 #include "host/host.h"
 
 namespace korvel {
 namespace {
 
-// Null in normal operation; whoever debugs the threads sets it.
+// Null in normal operation.
 constinit std::FILE* traceStream = nullptr;
 
 }  // namespace
+
+void SetTraceStream(std::FILE* stream) noexcept { traceStream = stream; }
 
 void Trace(const char* line) noexcept {
   if (traceStream == nullptr) return;

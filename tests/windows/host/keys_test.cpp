@@ -1,9 +1,12 @@
 // Which keys of the keyboard reach content, and as what.
 #include <gmock/gmock.h>
 
+#include <cstdio>
 #include <map>
+#include <string>
 
 #include "host/key_table.h"
+#include "host/trace.h"
 #include "windows/host/host_threads.h"
 
 namespace korvel::test {
@@ -109,6 +112,22 @@ TEST_F(Keys, that_are_modifiers_raise_nothing_but_redraw) {
   PostKeys({kAlt});
   WaitForLine("Redraw", 2);
   EXPECT_THAT(Raised(), IsEmpty());
+}
+
+TEST_F(Keys, are_traced_around_their_queueing) {
+  std::FILE* trace = std::tmpfile();
+  ASSERT_NE(trace, nullptr);
+  SetTraceStream(trace);
+  Start();
+  Post(WM_KEYDOWN, VK_RETURN);
+  FinishPosted();
+  Close();
+  SetTraceStream(nullptr);
+  std::rewind(trace);
+  std::string lines(4096, 0);
+  lines.resize(std::fread(lines.data(), 1, lines.size(), trace));
+  std::fclose(trace);
+  EXPECT_NE(lines.find("thread1 enter CS !!\nthread1 leave CS !!\n"), std::string::npos) << lines;
 }
 
 TEST_F(Keys, queue_nothing_when_they_are_released) {

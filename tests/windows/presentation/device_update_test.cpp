@@ -35,7 +35,13 @@ TEST_F(DeviceUpdateTest, two_updates_within_a_millisecond_copy_once) {
   PaintAll(kGreenBytes);
   EXPECT_EQ(DeviceUpdate(), Status::Done);
   EXPECT_EQ(Shown().At(0, 0), kRed);
-  // A skipped update leaves the stamp of the first: a millisecond after that, one copies.
+  // A skipped update leaves the stamp of the first: one that a clock set back skips does not make
+  // the first one's millisecond free again.
+  --TheHost().milliseconds;
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  ++TheHost().milliseconds;
+  EXPECT_EQ(DeviceUpdate(), Status::Done);
+  EXPECT_EQ(Shown().At(0, 0), kRed);
   LetTimePass();
   EXPECT_EQ(DeviceUpdate(), Status::Done);
   EXPECT_EQ(Shown().At(0, 0), kGreen);

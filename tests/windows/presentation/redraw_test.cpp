@@ -91,15 +91,19 @@ TEST_F(RedrawTest, classes_without_looks_draw_nothing) {
   LineArt lineArt;
   RTGraphics graphics;
   HotSpot hotSpot;
+  Rectangle stream;  // entered as what has no looks, whatever stands behind it
   lineArt.RefFillColour = Absolute(kRedBytes);
+  stream.RefFillColour = Absolute(kRedBytes);
   for (Visible* visible : {static_cast<Visible*>(&button), static_cast<Visible*>(&lineArt),
-                           static_cast<Visible*>(&graphics), static_cast<Visible*>(&hotSpot)}) {
+                           static_cast<Visible*>(&graphics), static_cast<Visible*>(&hotSpot),
+                           static_cast<Visible*>(&stream)}) {
     Place(*visible, 0, 0, 700, 500);
   }
   Show(ItemType::PushButton, button);
   Show(ItemType::LineArt, lineArt);
   Show(ItemType::RTGraphics, graphics);
   Show(ItemType::HotSpot, hotSpot);
+  Show(ItemType::Stream, stream);
   EXPECT_TRUE(Paint().IsAll(kWholeScene, kBlack));
 }
 

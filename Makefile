@@ -1,16 +1,17 @@
 # The short front of the CMake presets. Each target installs the Debian packages that it needs and
 # that are missing, builds, and does its job. Products: build/<preset>/bin/.
-.PHONY: play test dll mheg check format
+.PHONY: play test dll mheg fuzz check format
 
 # Plays the demo: in a window where there is a display, else into screenshots.
 play: dll mheg
 	@scripts/install-packages.sh run
 	@scripts/play.sh
 
-# All tests: native ones under the sanitizers, Windows ones under Wine, scenarios, checks.
+# All tests: native ones under the sanitizers, a minute of fuzzing each reader, Windows ones under
+# Wine, scenarios, checks.
 test:
-	@scripts/install-packages.sh native windows run test check
-	@scripts/run-tests.sh native-asan win64 win32
+	@scripts/install-packages.sh native windows run test fuzz check
+	@scripts/run-tests.sh native-asan fuzz win64 win32
 
 # The 64-bit library and the player.
 dll:
@@ -23,6 +24,13 @@ mheg:
 	@scripts/install-packages.sh native
 	@cmake --preset native -DKORVEL_TESTS=OFF >/dev/null
 	@cmake --build --preset native
+
+# The fuzz targets, for ten minutes each unless SECONDS says otherwise.
+fuzz:
+	@scripts/install-packages.sh fuzz
+	@cmake --preset fuzz -DKORVEL_FUZZ_SECONDS=$(or $(SECONDS),600) >/dev/null
+	@cmake --build --preset fuzz
+	@ctest --preset fuzz
 
 # Layout, clang-tidy, and every header by itself.
 check:

@@ -1,6 +1,6 @@
 #!/bin/sh
 # Installs the Debian packages that a task needs and that are missing, saying which. Quick when
-# nothing is missing. Usage: install-packages.sh native|windows|run|test|check ...
+# nothing is missing. Usage: install-packages.sh native|windows|run|test|fuzz|check ...
 set -eu
 
 packages=""
@@ -11,6 +11,7 @@ for task; do
     run) packages="$packages wine wine64 xvfb xauth fonts-liberation" ;;
     test) packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest openssl
       python3 python3-pil python3-numpy" ;;
+    fuzz) packages="$packages clang libclang-rt-dev cmake ninja-build" ;;
     check) packages="$packages clang-format clang-tidy clang-tools" ;;
     *) echo "$0: no such task: $task" >&2; exit 2 ;;
   esac

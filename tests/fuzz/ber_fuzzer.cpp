@@ -1,0 +1,22 @@
+// Any bytes as a group in BER: decoding ends, stays inside, leaks nothing, and what it accepts can
+// be written and read again.
+#include <cstdint>
+#include <cstdlib>
+#include <span>
+
+#include "objects/ber/ber.h"
+#include "objects/equality.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  korvel::OwnedGroup group;
+  bool isApplication = false;
+  if (korvel::DecodeGroup({bytes, size}, group, isApplication) != korvel::Status::Done) return 0;
+  korvel::OctetString written;
+  if (korvel::EncodeGroup(*group.Get(), written) != korvel::Status::Done) std::abort();
+  korvel::OwnedGroup again;
+  const auto* begin = reinterpret_cast<const std::uint8_t*>(written.Text());
+  const korvel::Status status =
+      korvel::DecodeGroup({begin, written.Length()}, again, isApplication);
+  if (status != korvel::Status::Done || !korvel::IsSame(*group.Get(), *again.Get())) std::abort();
+  return 0;
+}

@@ -1,0 +1,31 @@
+// Any bytes as a group in text: reading ends, stays inside, leaks nothing, and what it accepts can
+// be written and read again.
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+#include "objects/equality.h"
+#include "textual/textual.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  const std::string_view text(reinterpret_cast<const char*>(bytes), size);
+  korvel::OwnedGroup group;
+  bool isApplication = false;
+  korvel::TextError error;
+  korvel::List<korvel::MissingPart> missing;
+  if (korvel::ReadTextGroup(text, group, isApplication, &error, &missing) !=
+      korvel::TextResult::Done) {
+    return 0;
+  }
+  korvel::OctetString written;
+  if (korvel::WriteTextGroup(*group.Get(), written) != korvel::Status::Done) {
+    return 0;  // a link without an event has no word for it
+  }
+  if (written.Length() > korvel::kMaxTextSize) return 0;
+  korvel::OwnedGroup again;
+  const korvel::TextResult result = korvel::ReadTextGroup(written.View(), again, isApplication);
+  if (result != korvel::TextResult::Done || !korvel::IsSame(*group.Get(), *again.Get())) {
+    std::abort();
+  }
+  return 0;
+}

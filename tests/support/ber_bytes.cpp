@@ -1,6 +1,7 @@
 // Spelling out elements, and handing bytes to the decoder.
 #include "support/ber_bytes.h"
 
+#include <algorithm>
 #include <memory>
 
 #include "objects/ber/ber.h"
@@ -71,7 +72,7 @@ Bytes SceneFile(const Bytes& attributes) { return GroupFile(1, attributes); }
 
 Decoded Decode(const Bytes& bytes) {
   const auto copy = std::make_unique<std::uint8_t[]>(bytes.size());
-  for (std::size_t i = 0; i < bytes.size(); ++i) copy[i] = static_cast<std::uint8_t>(bytes[i]);
+  std::copy(bytes.begin(), bytes.end(), copy.get());
   Decoded decoded;
   decoded.status = DecodeGroup({copy.get(), bytes.size()}, decoded.group, decoded.isApplication,
                                &decoded.errorOffset);

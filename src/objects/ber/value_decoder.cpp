@@ -7,25 +7,23 @@
 namespace korvel::ber {
 namespace {
 
-bool DecodeContentNumber(const BerElement& element, std::int32_t& value) noexcept {
-  BerElement number = element;
-  if (element.tag.tagClass == TagClass::Context && !Untag(element, kInteger, number)) return false;
-  return Decode(number, NumberType::Integer, value);
-}
-
 // Behind the path: the size, then the cache priority, each of them plain or under its own tag, or
-// missing.
+// missing. Other context tags are passed over.
 bool DecodeReferencedContent(BerReader reader, ContentBody& content) noexcept {
   BerElement element;
   if (!reader.Next(element) || !Decode(element, content.Data)) return false;
   content.IsReferenced = true;
-  std::int32_t* next = &content.Size;
+  std::int32_t* plain = &content.Size;
   while (!reader.AtEnd()) {
     if (!reader.Next(element)) return false;
-    if (element.Is(kContentSize)) next = &content.Size;
-    if (element.Is(kContentCachePriority)) next = &content.CachePriority;
-    if (next == nullptr || !DecodeContentNumber(element, *next)) return element.Refuse();
-    next = next == &content.Size ? &content.CachePriority : nullptr;
+    if (element.Is(kContentSize) || element.Is(kContentCachePriority)) {
+      plain = element.Is(kContentSize) ? &content.Size : &content.CachePriority;
+      if (!Untag(element, kInteger, element)) return false;
+    } else if (element.tag.tagClass == TagClass::Context) {
+      continue;
+    }
+    if (plain == nullptr || !Decode(element, NumberType::Integer, *plain)) return element.Refuse();
+    plain = plain == &content.Size ? &content.CachePriority : nullptr;
   }
   return true;
 }

@@ -1,0 +1,84 @@
+// Making and releasing records by class number.
+#include "objects/item.h"
+
+#include <gtest/gtest.h>
+
+#include "objects/ingredients.h"
+#include "objects/owned.h"
+#include "objects/visibles.h"
+#include "substitutes/memory.h"
+
+namespace korvel::test {
+namespace {
+
+TEST(Item, every_ingredient_class_can_be_made) {
+  const std::size_t before = LiveBlocks();
+  for (std::uint32_t number = 3; number <= 32; ++number) {
+    if (number == 22) continue;
+    const Item item = Item::New(static_cast<ItemType>(number));
+    EXPECT_TRUE(item) << number;
+    EXPECT_EQ(item.Type(), static_cast<ItemType>(number));
+  }
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
+TEST(Item, numbers_of_no_ingredient_class_make_nothing) {
+  for (const std::uint32_t number : {0U, 1U, 2U, 22U, 33U, 999U}) {
+    EXPECT_FALSE(Item::New(static_cast<ItemType>(number))) << number;
+  }
+}
+
+TEST(Item, is_empty_when_memory_is_out) {
+  FailAllocation(1);
+  EXPECT_FALSE(Item::New(ItemType::Text));
+  FailAllocation(0);
+}
+
+// An unknown class number is a mistake of ours; the list that meets it is still released to its
+// end.
+TEST(Item, unknown_type_is_reported_and_the_walk_goes_on) {
+  auto record = Owned<Palette>::New();
+  const std::size_t before = LiveBlocks();
+  List<Item> items;
+  ASSERT_NE(items.Append(Item(static_cast<ItemType>(22), record.Get())), nullptr);
+  ASSERT_NE(items.Append(Item::New(ItemType::Text)), nullptr);
+  testing::internal::CaptureStdout();
+  items.Clear();
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "Unknown ItemType\n");
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
+TEST(Item, two_hundred_thousand_items_are_released_without_recursion) {
+  const std::size_t before = LiveBlocks();
+  {
+    List<Item> items;
+    for (int i = 0; i < 200000; ++i) {
+      ASSERT_NE(items.Append(Item::New(ItemType::Palette)), nullptr);
+    }
+  }
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
+TEST(Item, two_hundred_thousand_actions_are_released_without_recursion) {
+  const std::size_t before = LiveBlocks();
+  {
+    ActionList actions;
+    for (int i = 0; i < 200000; ++i) ASSERT_NE(actions.Append(ElementaryAction{}), nullptr);
+  }
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
+TEST(Item, a_stream_releases_its_components) {
+  const std::size_t before = LiveBlocks();
+  {
+    const Item stream = Item::New(ItemType::Stream);
+    for (const ItemType type : {ItemType::Audio, ItemType::Video, ItemType::RTGraphics}) {
+      ASSERT_NE(stream.As<Stream>().Multiplex.Append(Item::New(type)), nullptr);
+    }
+    EXPECT_GT(LiveBlocks(), before);
+  }
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
+}  // namespace
+}  // namespace korvel::test

@@ -1,0 +1,91 @@
+// The list that everything in a group is kept in.
+#include "objects/list.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "objects/octet_string.h"
+#include "substitutes/memory.h"
+
+namespace korvel::test {
+namespace {
+
+std::vector<int> ValuesOf(const List<int>& list) {
+  std::vector<int> values;
+  for (const int value : list) values.push_back(value);
+  return values;
+}
+
+List<int> MakeList(std::initializer_list<int> values) {
+  List<int> list;
+  for (int value : values) EXPECT_NE(list.Append(std::move(value)), nullptr);
+  return list;
+}
+
+TEST(List, appends_at_the_end_and_finds_by_place) {
+  const List<int> list = MakeList({1, 2, 3});
+  EXPECT_EQ(ValuesOf(list), (std::vector{1, 2, 3}));
+  EXPECT_EQ(list.Size(), 3U);
+  EXPECT_EQ(*list.At(2), 3);
+  EXPECT_EQ(list.At(3), nullptr);
+}
+
+TEST(List, inserts_before_a_place_and_past_the_end_at_the_end) {
+  List<int> list = MakeList({1, 3});
+  ASSERT_NE(list.InsertAt(1, 2), nullptr);
+  ASSERT_NE(list.InsertAt(0, 0), nullptr);
+  ASSERT_NE(list.InsertAt(99, 4), nullptr);
+  ASSERT_NE(list.Append(5), nullptr);
+  EXPECT_EQ(ValuesOf(list), (std::vector{0, 1, 2, 3, 4, 5}));
+}
+
+TEST(List, removes_first_last_and_middle_and_goes_on_appending) {
+  List<int> list = MakeList({1, 2, 3, 4});
+  int taken = 0;
+  EXPECT_TRUE(list.RemoveFirst([](int value) { return value == 4; }, &taken));
+  EXPECT_EQ(taken, 4);
+  EXPECT_EQ(*list.Last(), 3);
+  EXPECT_TRUE(list.RemoveFirst([](int value) { return value == 1; }));
+  EXPECT_TRUE(list.RemoveFirst([](int value) { return value == 2; }));
+  EXPECT_FALSE(list.RemoveFirst([](int value) { return value == 9; }));
+  ASSERT_NE(list.Append(5), nullptr);
+  EXPECT_EQ(ValuesOf(list), (std::vector{3, 5}));
+}
+
+TEST(List, removes_all_that_match) {
+  List<int> list = MakeList({1, 2, 1, 3, 1});
+  list.RemoveAll([](int value) { return value == 1; });
+  EXPECT_EQ(ValuesOf(list), (std::vector{2, 3}));
+  list.RemoveAll([](int) { return true; });
+  EXPECT_TRUE(list.IsEmpty());
+  EXPECT_EQ(list.Last(), nullptr);
+}
+
+TEST(List, a_failed_append_changes_neither_the_list_nor_the_value) {
+  const std::size_t before = LiveBlocks();
+  {
+    List<OctetString> list;
+    OctetString value;
+    ASSERT_TRUE(value.Assign("kept"));
+    FailAllocation(1);
+    EXPECT_EQ(list.Append(std::move(value)), nullptr);
+    EXPECT_TRUE(list.IsEmpty());
+    EXPECT_EQ(value.View(), "kept");  // NOLINT(bugprone-use-after-move): untouched on failure
+    EXPECT_NE(list.Append(std::move(value)), nullptr);
+  }
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
+TEST(List, moving_leaves_the_source_empty_and_usable) {
+  List<int> source = MakeList({1, 2});
+  List<int> target = MakeList({9});
+  target = std::move(source);
+  EXPECT_EQ(ValuesOf(target), (std::vector{1, 2}));
+  EXPECT_TRUE(source.IsEmpty());  // NOLINT(bugprone-use-after-move): stated by the list
+  ASSERT_NE(source.Append(3), nullptr);
+  EXPECT_EQ(ValuesOf(source), (std::vector{3}));
+}
+
+}  // namespace
+}  // namespace korvel::test

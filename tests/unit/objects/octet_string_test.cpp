@@ -1,0 +1,79 @@
+// Octet strings: bytes with a length, absent or present, and a zero behind them.
+#include "objects/octet_string.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "substitutes/memory.h"
+
+namespace korvel::test {
+namespace {
+
+using namespace std::string_view_literals;
+
+TEST(OctetString, absent_differs_from_empty) {
+  OctetString string;
+  EXPECT_FALSE(string.IsPresent());
+  EXPECT_STREQ(string.Text(), "");
+  ASSERT_TRUE(string.Assign(""));
+  EXPECT_TRUE(string.IsPresent());
+  EXPECT_TRUE(string.IsEmpty());
+  string.Clear();
+  EXPECT_FALSE(string.IsPresent());
+}
+
+TEST(OctetString, keeps_zeros_and_has_one_behind) {
+  OctetString string;
+  ASSERT_TRUE(string.Assign("a\0b"sv));
+  EXPECT_EQ(string.Length(), 3U);
+  EXPECT_EQ(string.View(), "a\0b"sv);
+  EXPECT_EQ(string.TextView(), "a");
+  EXPECT_EQ(string.Text()[3], '\0');
+}
+
+TEST(OctetString, can_be_assigned_from_and_appended_to_itself) {
+  OctetString string;
+  ASSERT_TRUE(string.Assign("abc"));
+  ASSERT_TRUE(string.Append(string.View()));
+  EXPECT_EQ(string.View(), "abcabc");
+  ASSERT_TRUE(string.Assign(string.View().substr(2, 2)));
+  EXPECT_EQ(string.View(), "ca");
+}
+
+TEST(OctetString, stays_unchanged_when_memory_is_out) {
+  OctetString string;
+  ASSERT_TRUE(string.Assign("kept"));
+  FailAllocation(1);
+  EXPECT_FALSE(string.Assign("other"));
+  FailAllocation(1);
+  EXPECT_FALSE(string.Append("more"));
+  FailAllocation(0);
+  EXPECT_EQ(string.View(), "kept");
+}
+
+TEST(OctetString, copy_of_an_absent_string_is_absent) {
+  OctetString absent;
+  OctetString copy;
+  ASSERT_TRUE(copy.Assign("x"));
+  ASSERT_TRUE(copy.CopyFrom(absent));
+  EXPECT_FALSE(copy.IsPresent());
+}
+
+TEST(OctetString, moving_leaves_the_source_absent) {
+  const std::size_t before = LiveBlocks();
+  {
+    OctetString source;
+    ASSERT_TRUE(source.Assign("moved"));
+    OctetString target(std::move(source));
+    EXPECT_EQ(target.View(), "moved");
+    EXPECT_FALSE(source.IsPresent());  // NOLINT(bugprone-use-after-move): stated by the string
+    source = std::move(target);
+    EXPECT_EQ(source.View(), "moved");
+  }
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
+}  // namespace
+}  // namespace korvel::test

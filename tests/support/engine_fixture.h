@@ -1,0 +1,214 @@
+// The ground that tests of the engine core stand on: content written as text and served as files,
+// keys and timer expiries from outside, what the engine printed, and the values of the running
+// application's variables. Most tests let content say what happened: links note marks in a
+// variable, and the test compares the marks in their order.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "engine/engine.h"
+#include "substitutes/host.h"
+#include "substitutes/memory.h"
+#include "substitutes/presentation.h"
+#include "support/text_content.h"
+
+namespace korvel {
+
+inline void PrintTo(Status status, std::ostream* out) {
+  *out << "status " << static_cast<std::uint32_t>(status);
+}
+inline void PrintTo(ItemType type, std::ostream* out) {
+  *out << "class " << static_cast<std::uint32_t>(type);
+}
+
+namespace test {
+
+// The variable that notes are taken in; every application and scene written with the phrases below
+// has one.
+inline constexpr std::int32_t kNotes = 99;
+
+// ---- Phrases of content ----
+
+inline std::string Quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
+
+inline std::string Name(std::string_view group, std::int32_t number) {
+  return "(" + Quoted(group) + " " + std::to_string(number) + ")";
+}
+
+// An action that adds `mark` to the notes of a group.
+inline std::string Note(std::string_view mark, std::string_view group = "~/a") {
+  return ":Append(" + Name(group, kNotes) + " " + Quoted(mark) + ") ";
+}
+
+inline std::string TransitionAction(std::string_view group) {
+  return ":TransitionTo(" + Name(group, 0) + ") ";
+}
+inline std::string LaunchAction(std::string_view group) {
+  return ":Launch(" + Name(group, 0) + ") ";
+}
+inline std::string SpawnAction(std::string_view group) { return ":Spawn(" + Name(group, 0) + ") "; }
+inline std::string QuitAction() { return ":Quit(0) "; }
+
+// A link. `source` and `event` are as written in content ("0", "UserInput :EventData 100").
+inline std::string LinkOn(std::int32_t number, std::string_view source, std::string_view event,
+                          std::string_view effect, std::string_view attributes = "") {
+  return "{:Link " + std::to_string(number) + " " + std::string(attributes) + " :EventSource " +
+         std::string(source) + " :EventType " + std::string(event) + " :LinkEffect (" +
+         std::string(effect) + ")} ";
+}
+
+// A link on a key; whatever group it stands in, the key reaches it.
+inline std::string LinkOnKey(std::int32_t number, std::int32_t key, std::string_view effect,
+                             std::string_view attributes = "") {
+  return LinkOn(number, "0", "UserInput :EventData " + std::to_string(key), effect, attributes);
+}
+
+// Keeps an item of the application from being stopped by a transition.
+inline constexpr std::string_view kShared = ":Shared TRUE";
+inline constexpr std::string_view kInactive = ":InitiallyActive FALSE";
+
+inline std::string RectangleText(std::int32_t number, std::string_view attributes = "") {
+  return "{:Rectangle " + std::to_string(number) + " " + std::string(attributes) +
+         " :OrigBoxSize 10 10} ";
+}
+
+inline std::string GroupText(std::string_view heading, std::string_view name,
+                             std::string_view items, std::string_view attributes) {
+  return "{:" + std::string(heading) + " " + Name(name, 0) + " " + std::string(attributes) +
+         " :Items ({:OStringVar " + std::to_string(kNotes) + " :OrigValue \"\"} " +
+         std::string(items) + ")}";
+}
+inline std::string ApplicationText(std::string_view name, std::string_view items,
+                                   std::string_view attributes = "") {
+  return GroupText("Application", name, items, attributes);
+}
+inline std::string SceneText(std::string_view name, std::string_view items,
+                             std::string_view attributes = "") {
+  return GroupText("Scene", name, items, attributes);
+}
+
+// ---- The engine at work ----
+
+// Runs `work` and adds what it printed to `printed`.
+template <class Work>
+auto WithOutputIn(std::string& printed, Work&& work) {
+  struct Capture {
+    explicit Capture(std::string& sink) : sink_(sink) { testing::internal::CaptureStdout(); }
+    ~Capture() { sink_ += testing::internal::GetCapturedStdout(); }
+    std::string& sink_;
+  } capture(printed);
+  return work();
+}
+
+class EngineTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    TheHost() = {};
+    ThePresentation() = {};
+    FailAllocation(0);
+    blocksBefore_ = LiveBlocks();
+  }
+
+  void TearDown() override {
+    EndEngine();
+    EXPECT_EQ(LiveBlocks(), blocksBefore_) << "memory was not given back";
+  }
+
+  // Ends the engine as the worker does.
+  void EndEngine() {
+    WithOutputIn(printed_, [] {
+      CloseDown();
+      ResetEngine();
+    });
+  }
+
+  void Serve(const std::string& file, std::string_view text) {
+    TheHost().files[file] = CompileText(text);
+  }
+  // A file that is no group at all.
+  void ServeBroken(const std::string& file) { TheHost().files[file] = "\x02\x01\x00"; }
+  // The start-up application "~/a" and scenes beside it.
+  void ServeApplication(std::string_view items, std::string_view attributes = "") {
+    Serve("a", ApplicationText("~/a", items, attributes));
+  }
+  void ServeScene(const std::string& file, std::string_view items,
+                  std::string_view attributes = "") {
+    Serve(file, SceneText("~/" + file, items, attributes));
+  }
+
+  // One piece of work of the worker: ended groups are released before it, not after it.
+  template <class Work>
+  auto Do(Work&& work) {
+    BeginWork();
+    return GoOn(work);
+  }
+  // More of the piece of work that was begun last.
+  template <class Work>
+  auto GoOn(Work&& work) {
+    return WithOutputIn(printed_, work);
+  }
+  Status Start(std::string_view path = "") {
+    return Do([&] { return StartEngine(path); });
+  }
+  // Starts the engine and brings a scene up.
+  void StartWithScene(std::string_view scene) {
+    ASSERT_EQ(Start(), Status::Done);
+    ASSERT_EQ(GoTo(scene), Status::Done);
+    ASSERT_NE(CurrentScene(), nullptr);
+  }
+  Status GoTo(std::string_view scene) {
+    return Do([&] { return TransitionTo(scene); });
+  }
+  Status Press(std::int32_t key) {
+    return Do([&] { return RaiseOutsideEvent(0, EventType::UserInput, key); });
+  }
+  // The platform's timer has fired, and is no more.
+  Status Expire(std::int32_t timer) {
+    TheHost().timers.erase(static_cast<std::uint32_t>(timer));
+    return Do([&] { return RaiseOutsideEvent(0, EventType::TimerFired, timer); });
+  }
+  Status Raise(std::string_view group, std::int32_t number, EventType type, EventData data = {}) {
+    return Do([&] { return RaiseEvent(group, number, type, data); });
+  }
+
+  // What the engine has printed since the last call.
+  std::string Printed() { return std::exchange(printed_, {}); }
+
+  // An object of the running groups, which must be there.
+  template <class T>
+  static T& Find(std::int32_t number, std::string_view group = "~/a") {
+    const FoundObject found = FindObject(Scope::SceneFirst, group, number);
+    if (!found) {
+      ADD_FAILURE() << group << " has no object " << number;
+      static T nothing;
+      return nothing;
+    }
+    return found.As<T>();
+  }
+  static std::string Notes(std::string_view group = "~/a") {
+    return std::string(Find<OctetStringVariable>(kNotes, group).Value.View());
+  }
+  // The notes since the last call.
+  static std::string TakeNotes(std::string_view group = "~/a") {
+    std::string notes = Notes(group);
+    EXPECT_TRUE(Find<OctetStringVariable>(kNotes, group).Value.Assign(""));
+    return notes;
+  }
+  static std::int32_t IntegerOf(std::int32_t number, std::string_view group = "~/a") {
+    return Find<IntegerVariable>(number, group).Value;
+  }
+  static std::string NameOf(const Group* group) {
+    return group == nullptr ? "none" : std::string(group->Reference.GroupIdentifier.View());
+  }
+
+ private:
+  std::size_t blocksBefore_ = 0;
+  std::string printed_;
+};
+
+}  // namespace test
+}  // namespace korvel

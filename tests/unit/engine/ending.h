@@ -1,0 +1,113 @@
+// The ground for tests of groups that end in the middle of things: the ways to end them, content to
+// go on with, and the check that nothing of what ended has run on while the next group runs.
+#pragma once
+
+#include <algorithm>
+#include <array>
+
+#include "support/engine_fixture.h"
+
+namespace korvel::test {
+
+// What a link does in the middle of things.
+enum class End { TransitionTo, Launch, Spawn, QuitToParent, QuitToRestart };
+enum class HeldBy { Scene, Application };
+
+inline constexpr std::array kEnds = {End::TransitionTo, End::Launch, End::Spawn, End::QuitToParent,
+                                     End::QuitToRestart};
+inline constexpr std::array kHolders = {HeldBy::Scene, HeldBy::Application};
+
+inline std::string EndingName(End end, HeldBy holder) {
+  constexpr std::array names = {"TransitionTo", "Launch", "Spawn", "QuitToParent", "QuitToRestart"};
+  return std::string(names[static_cast<std::size_t>(end)]) +
+         (holder == HeldBy::Scene ? "_by_the_scene" : "_by_the_application");
+}
+
+// Stands behind everything that must not run any more: the request for its file would be seen.
+inline std::string Never() { return SpawnAction("~/never"); }
+
+class EndingTest : public EngineTest {
+ protected:
+  // The action that ends the running groups, or the scene.
+  static std::string EndAction(End end) {
+    switch (end) {
+    case End::TransitionTo: return TransitionAction("~/other");
+    case End::Launch: return LaunchAction("~/b");
+    case End::Spawn: return SpawnAction("~/b");
+    case End::QuitToParent:
+    case End::QuitToRestart: return QuitAction();
+    }
+    return "";
+  }
+
+  static std::string AnsweringLinks(std::string_view source, std::string_view event, End end) {
+    return LinkOn(21, source, event, EndAction(end) + Never(), kShared) +
+           LinkOn(22, source, event, Never(), kShared);
+  }
+
+  void ServeOthers() {
+    ServeApplication("");
+    Serve("b", ApplicationText("~/b", LinkOnKey(1, 16, Note("k", "~/b")),
+                               ":OnStartUp (" + Note("s", "~/b") + ")"));
+    ServeScene("other",
+               "{:OStringVar 98 :OrigValue \"\"}" +
+                   LinkOnKey(1, 16, ":Append((\"~/other\" 98) \"k\")"),
+               ":OnStartUp (:Append((\"~/other\" 98) \"s\"))");
+  }
+  // Brings "~/main" up, with a parent to return to where the end asks for one.
+  void StartMain(End end) {
+    ASSERT_EQ(Start(), Status::Done);
+    ASSERT_EQ(EnterMain(end), Status::Done);
+  }
+  Status EnterMain(End end) {
+    return Do([&] { return end == End::QuitToParent ? Spawn("~/main") : Launch("~/main"); });
+  }
+
+  // Each redraw tells the application that something could not be drawn.
+  static void TellEachRedraw() {
+    ThePresentation().onRedraw = [] {
+      static bool isTelling = false;
+      if (isTelling || CurrentApplication() == nullptr) return Status::Done;
+      isTelling = true;
+      const Status result =
+          RaiseEvent(*CurrentApplication(), EventType::EngineEvent, EventData::Integer(3));
+      isTelling = false;
+      return result == Status::Failure ? Status::Failure : Status::Done;
+    };
+  }
+
+  void ExpectThatTheNextGroupRuns(End end) {
+    ThePresentation().onRedraw = nullptr;
+    EXPECT_EQ(std::count(TheHost().fetched.begin(), TheHost().fetched.end(), "never"), 0)
+        << "something of an ended group has run on";
+    switch (end) {
+    case End::TransitionTo:
+      ASSERT_EQ(NameOf(CurrentScene()), "~/other");
+      EXPECT_EQ(Press(16), Status::Done);
+      EXPECT_EQ(Find<OctetStringVariable>(98, "~/other").Value.View(), "sk");
+      break;
+    case End::Launch:
+    case End::Spawn:
+      ASSERT_EQ(NameOf(CurrentApplication()), "~/b");
+      EXPECT_EQ(CurrentScene(), nullptr);
+      EXPECT_EQ(Press(16), Status::Done);
+      EXPECT_EQ(Notes("~/b"), "sk");
+      break;
+    case End::QuitToParent:
+      ASSERT_EQ(NameOf(CurrentApplication()), "~/a");
+      EXPECT_EQ(CurrentScene(), nullptr);
+      EXPECT_EQ(Press(16), Status::Done);
+      break;
+    case End::QuitToRestart:
+      EXPECT_EQ(CurrentApplication(), nullptr);
+      EXPECT_EQ(CurrentScene(), nullptr);
+      ASSERT_EQ(TheHost().restarts.size(), 1U);
+      TheHost().mayRun = true;
+      EXPECT_EQ(Start(), Status::Done);
+      EXPECT_EQ(NameOf(CurrentApplication()), "~/a");
+      break;
+    }
+  }
+};
+
+}  // namespace korvel::test

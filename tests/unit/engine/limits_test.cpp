@@ -1,0 +1,167 @@
+// The bounds that no content can pass: nesting, the account of actions, and both while a close is
+// pending.
+#include "support/engine_fixture.h"
+
+namespace korvel::test {
+namespace {
+
+constexpr int kNestingLimit = 100;
+constexpr int kActionLimit = 1'000'000;
+constexpr int kActionsWhileClosing = 10'000;
+
+class Limits : public EngineTest {
+ protected:
+  static int TakeActions(int most) {
+    int taken = 0;
+    while (taken < most && TakeAction()) ++taken;
+    return taken;
+  }
+  // The levels that are allowed below here.
+  static int Descend() {
+    const NestingLevel level;
+    return level.IsAllowed() ? 1 + Descend() : 0;
+  }
+};
+
+constexpr std::string_view kTooDeep = "Event nesting too deep\n";
+constexpr std::string_view kTooMany = "Too many actions\n";
+
+// Tests that a true variable is true, which its links are told.
+std::string Ask(int variable) {
+  return ":TestVariable(" + std::to_string(variable) + " 1 :GBoolean TRUE) ";
+}
+std::string TrueVariable(int number) {
+  return "{:BooleanVar " + std::to_string(number) + " :OrigValue TRUE} ";
+}
+
+// ---- Nesting ----
+
+TEST_F(Limits, a_hundred_levels_of_nesting_are_allowed) {
+  EXPECT_EQ(Do([] { return Descend(); }), kNestingLimit);
+  EXPECT_EQ(Printed(), kTooDeep);
+  EXPECT_EQ(Do([] { return Descend(); }), kNestingLimit) << "levels are given back";
+}
+
+TEST_F(Limits, an_event_that_raises_itself_ends_in_failure_said_once) {
+  ServeApplication("{:IntegerVar 7 :OrigValue 0}" + TrueVariable(8) +
+                   LinkOnKey(1, 100, Ask(8) + Note("x")) +
+                   LinkOn(2, "8", "TestEvent", ":Add(7 1) " + Ask(8) + Note("x")) +
+                   LinkOn(3, "8", "TestEvent", Note("x")) + LinkOnKey(4, 16, Note("k")));
+  ASSERT_EQ(Start(), Status::Done);
+  EXPECT_EQ(Press(100), Status::Failure);
+  EXPECT_EQ(Printed(), kTooDeep);
+  EXPECT_EQ(IntegerOf(7), kNestingLimit - 1) << "below the level of the key's own link";
+  EXPECT_EQ(Notes(), "") << "failure ended every level";
+  EXPECT_EQ(Press(16), Status::Done);
+  EXPECT_EQ(Notes(), "k");
+}
+
+TEST_F(Limits, each_piece_of_work_may_say_that_it_went_too_deep) {
+  ServeApplication(TrueVariable(8) + LinkOnKey(1, 100, Ask(8)) +
+                   LinkOn(2, "8", "TestEvent", Ask(8)));
+  ASSERT_EQ(Start(), Status::Done);
+  for (int round = 0; round < 3; ++round) {
+    EXPECT_EQ(Press(100), Status::Failure);
+    EXPECT_EQ(Printed(), kTooDeep);
+  }
+}
+
+TEST_F(Limits, scenes_that_bring_each_other_up_end_in_failure) {
+  ServeApplication(LinkOnKey(1, 100, TransitionAction("~/one"), kShared));
+  ServeScene("one", RectangleText(1), ":OnStartUp (" + TransitionAction("~/two") + ")");
+  ServeScene("two", RectangleText(1), ":OnStartUp (" + TransitionAction("~/one") + ")");
+  ServeScene("calm", LinkOnKey(1, 15, Note("c")));
+  ASSERT_EQ(Start(), Status::Done);
+  EXPECT_EQ(Press(100), Status::Failure);
+  EXPECT_EQ(Printed(), kTooDeep);
+  EXPECT_LE(TheHost().fetched.size(), 101U);
+  ASSERT_EQ(GoTo("~/calm"), Status::Done);
+  EXPECT_EQ(Press(15), Status::Done);
+  EXPECT_EQ(Notes(), "c");
+}
+
+TEST_F(Limits, applications_that_launch_each_other_end_in_failure) {
+  Serve("a", ApplicationText("~/a", "", ":OnStartUp (" + LaunchAction("~/b") + ")"));
+  Serve("b", ApplicationText("~/b", "", ":OnStartUp (" + LaunchAction("~/a") + ")"));
+  EXPECT_EQ(Start(), Status::Failure);
+  EXPECT_EQ(Printed(), kTooDeep);
+  EXPECT_LE(TheHost().fetched.size(), 101U);
+}
+
+TEST_F(Limits, an_engine_event_that_asks_for_the_missing_file_again_ends_in_failure) {
+  ServeApplication(LinkOn(1, "0", "EngineEvent :EventData 2", TransitionAction("~/missing")));
+  ASSERT_EQ(Start(), Status::Done);
+  TheHost().fetched.clear();
+  EXPECT_EQ(GoTo("~/missing"), Status::Failure);
+  EXPECT_EQ(Printed(), kTooDeep);
+  EXPECT_LE(TheHost().fetched.size(), 100U);
+}
+
+// ---- The account of actions ----
+
+TEST_F(Limits, one_piece_of_work_may_take_a_million_actions) {
+  EXPECT_EQ(Do([] { return TakeActions(2 * kActionLimit); }), kActionLimit);
+  EXPECT_EQ(Printed(), kTooMany);
+  EXPECT_FALSE(GoOn([] { return TakeAction(); }));
+  EXPECT_EQ(Printed(), "") << "said once";
+}
+
+TEST_F(Limits, each_piece_of_work_has_its_own_account) {
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(Do([] { return TakeActions(kActionLimit); }), kActionLimit);
+    EXPECT_EQ(Printed(), "");
+  }
+}
+
+TEST_F(Limits, a_pending_close_leaves_ten_thousand_actions) {
+  const int taken = Do([] {
+    TakeActions(10);
+    TheHost().isClosing = true;
+    return TakeActions(2 * kActionLimit);
+  });
+  EXPECT_EQ(taken, kActionsWhileClosing);
+  EXPECT_EQ(Printed(), kTooMany);
+}
+
+TEST_F(Limits, a_pending_close_leaves_less_than_a_second) {
+  const bool isAllowed = Do([] {
+    TheHost().isClosing = true;
+    TakeActions(10);
+    TheHost().milliseconds += 1000;
+    return TakeAction();
+  });
+  EXPECT_FALSE(isAllowed);
+}
+
+TEST_F(Limits, links_that_multiply_end_in_failure_said_once) {
+  // Nine generations of five links each: two million runs, if nothing ended them.
+  constexpr int kGenerations = 9;
+  std::string items = "{:IntegerVar 7 :OrigValue 0}" + TrueVariable(11);
+  for (int generation = 1; generation <= kGenerations; ++generation) {
+    items += TrueVariable(11 + generation);
+    for (int link = 0; link < 5; ++link) {
+      items += LinkOn(100 * generation + link, std::to_string(10 + generation), "TestEvent",
+                      ":Add(7 1) " + Ask(11 + generation));
+    }
+  }
+  ServeApplication(items + LinkOnKey(1, 100, Ask(11) + Note("x")) + LinkOnKey(2, 100, Note("x")) +
+                   LinkOnKey(3, 16, Note("k")));
+  ASSERT_EQ(Start(), Status::Done);
+  EXPECT_EQ(Press(100), Status::Failure);
+  EXPECT_EQ(Printed(), kTooMany);
+  EXPECT_NEAR(IntegerOf(7), kActionLimit / 2, 2 * kGenerations) << "every other action adds";
+  EXPECT_EQ(Press(16), Status::Done);
+  EXPECT_EQ(Notes(), "k");
+}
+
+TEST_F(Limits, no_pause_is_made_while_a_close_is_pending) {
+  ServeApplication("");
+  ASSERT_EQ(Start(), Status::Done);
+  TheHost().isClosing = true;
+  EXPECT_EQ(GoTo("~/missing"), Status::Refused);
+  EXPECT_EQ(Start(), Status::Refused);
+  EXPECT_EQ(TheHost().pausedMs, 0U);
+}
+
+}  // namespace
+}  // namespace korvel::test

@@ -63,6 +63,10 @@ Status StartItemsAndGroup(Group& group, Scope scope) noexcept {
   return status;
 }
 
+bool IsCurrent(const Group& group) noexcept {
+  return TheCore().scene == &group || TheCore().application == &group;
+}
+
 // Takes everything of the group out of the registers of the engine and marks it ended. Its memory
 // stays until nothing that may still hold a part of it runs.
 void Bury(Group& group) noexcept {
@@ -114,20 +118,26 @@ Status EndGroup(Group& group) noexcept {
   const Busy busy;
   group.life.isDying = true;
   RemoveLinks(group);
-  if (RaiseEvent(group, EventType::IsDeleted) == Status::Failure) {
+  const bool isStopped = RaiseEvent(group, EventType::IsDeleted) == Status::Failure;
+  // A link may have ended everything meanwhile, and left this group to us as it is ending already.
+  const bool isSuperseded = !IsCurrent(group);
+  if (isStopped && !isSuperseded) {
     group.life.isDying = false;
     return Status::Failure;
   }
   const bool wasAvailable = group.AvailabilityStatus;
   Bury(group);
+  if (isStopped) return Status::Failure;
+  if (isSuperseded) return Status::Replaced;
   return wasAvailable ? Status::Done : Status::Refused;
 }
 
 Status EndScene() noexcept {
   Scene* scene = CurrentScene();
   if (scene == nullptr) return Status::Done;
-  if (EndGroup(*scene) == Status::Failure) return Status::Failure;
-  // Bury has cleared the current scene; another one there has been started by a link of IsDeleted.
+  const Status status = EndGroup(*scene);
+  if (status == Status::Failure || status == Status::Replaced) return status;
+  // A scene that was ending already has not been buried yet, but makes room for the next one.
   if (CurrentScene() == scene) TheCore().scene = nullptr;
   return CurrentScene() == nullptr ? Status::Done : Status::Replaced;
 }

@@ -18,8 +18,9 @@ Status StartScene(Scene& scene) noexcept;
 
 // Ends a group: takes its links out, raises IsDeleted, takes it out of every register, and leaves
 // its memory to be released once nothing runs. Failure when a link of IsDeleted stopped it; the
-// group then stays, without links. Refused when the group had not become available; it ends all the
-// same. A group that is ending already is left to whoever is ending it.
+// group then stays, without links, if it still runs. Refused when the group had not become
+// available and Replaced when a link of IsDeleted has ended everything itself; the group ends all
+// the same. A group that is ending already is left to whoever is ending it.
 Status EndGroup(Group& group) noexcept;
 
 // Ends the scene and then the application. Replaced when links have put others in their place

@@ -1,0 +1,297 @@
+// How the interpreter walks a list: what ends it, what is passed over, and what it returns.
+#include "stage.h"
+#include "support/text_content.h"
+
+namespace korvel::test {
+namespace {
+
+using RunActionsTest = Stage;
+
+constexpr char kVariables[] = "{:IntegerVar 1 :OrigValue 0} {:IntegerVar 2 :OrigValue 7}"
+                              "{:OStringVar 3 :OrigValue \"text\"} {:BooleanVar 4 :OrigValue FALSE}"
+                              "{:ObjectRefVar 5 :OrigValue :ObjectRef 1}"
+                              "{:ContentRefVar 6 :OrigValue :ContentRef \"~/c\"}"
+                              "{:Text 10 :InitiallyActive FALSE :OrigContent \"x\""
+                              " :OrigBoxSize 10 10}";
+
+TEST_F(RunActionsTest, an_empty_list_and_no_list_do_nothing) {
+  Start(kVariables);
+  const ActionList empty;
+  EXPECT_EQ(RunActions(Scope::ApplicationFirst, {&empty, CurrentApplication()}, -1, "~/a"),
+            Status::Done);
+  EXPECT_EQ(RunActions(Scope::ApplicationFirst, {}, -1, "~/a"), Status::Done);
+}
+
+TEST_F(RunActionsTest, quit_ends_the_list_and_asks_for_a_restart) {
+  Start(kVariables);
+  EXPECT_EQ(Run(":Add(1 1) :Add(1 1) :Quit(0) :LockScreen(0)"), Status::Failure);
+  EXPECT_EQ(CurrentApplication(), nullptr);
+  ASSERT_EQ(TheHost().restarts.size(), 1U);
+  EXPECT_EQ(TheHost().restarts[0], RestartReason::QuitWithoutParent);
+}
+
+TEST_F(RunActionsTest, an_action_after_quit_is_not_run) {
+  AddFile("b", R"({:Application ("~/b" 0) :Items ({:IntegerVar 1 :OrigValue 0})})");
+  Start(kVariables);
+  EXPECT_EQ(Run(R"(:Spawn(("~/b" 0)))"), Status::Replaced);
+  const OwnedGroup list = ParseText(R"({:Application ("~/b" 0) :OnCloseDown (:Add(1 1) :Quit(0)
+                    :SetCachePriority(("~/a" 0) 5))})");
+  EXPECT_EQ(
+      RunActions(Scope::ApplicationFirst, {&list->OnCloseDown, CurrentApplication()}, -1, "~/b"),
+      Status::Replaced);
+  ASSERT_NE(CurrentApplication(), nullptr);
+  EXPECT_EQ(CurrentApplication()->Reference.GroupIdentifier.View(), "~/a");
+  EXPECT_EQ(CurrentApplication()->GroupCachePriority, 127);
+}
+
+TEST_F(RunActionsTest, an_unknown_number_is_told_and_the_rest_runs) {
+  Start(kVariables);
+  ActionList list;
+  ASSERT_NE(list.Append(ElementaryAction{}), nullptr);
+  ElementaryAction unknown;
+  unknown.ActionType = 120;
+  ASSERT_NE(list.Append(std::move(unknown)), nullptr);
+  ElementaryAction add;
+  add.ActionType = static_cast<std::uint8_t>(Action::Add);
+  add.Target = ReferenceValue(1);
+  add.Parameters = ParametersOf(IntegerValue(3));
+  ASSERT_NE(list.Append(std::move(add)), nullptr);
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(RunActions(Scope::ApplicationFirst, {&list, CurrentApplication()}, -1, "~/a"),
+            Status::Refused);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+            "RunActions error ActionIndex 0\nRunActions error ActionIndex 120\n");
+  EXPECT_EQ(Integer(1), 3);
+}
+
+TEST_F(RunActionsTest, an_action_on_another_class_is_passed_over_silently) {
+  Start(kVariables);
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(Run(":SetVariable(10 :GInteger 1) :Add(3 1) :Add(77 1) :Add(1 4)"), Status::Done);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  EXPECT_EQ(Integer(1), 4);
+}
+
+TEST_F(RunActionsTest, an_indirect_target_is_read_from_an_object_reference_variable) {
+  Start(kVariables);
+  EXPECT_EQ(Run(":Add(:IndirectRef 5 2) :Add(:IndirectRef 2 100) :Add(:IndirectRef 77 100)"),
+            Status::Done);
+  EXPECT_EQ(Integer(1), 2);
+  EXPECT_EQ(Integer(2), 7);
+}
+
+TEST_F(RunActionsTest, indirect_parameters_are_read_from_variables_of_their_class) {
+  Start(kVariables);
+  EXPECT_EQ(Run(":Add(1 :IndirectRef 2) :Add(1 :IndirectRef 3) :Add(1 :IndirectRef 77)"),
+            Status::Done);
+  EXPECT_EQ(Integer(1), 7);
+  EXPECT_EQ(Run(":Append(3 :IndirectRef 3) :SetOverwriteMode(10 :IndirectRef 4)"), Status::Done);
+  EXPECT_EQ(Octets(3), "texttext");
+}
+
+TEST_F(RunActionsTest, a_list_without_a_required_parameter_goes_on_behind_the_action) {
+  Start(kVariables);
+  EXPECT_EQ(RunOne(Action::Add, 1, {}), Status::Done);
+  EXPECT_EQ(RunOne(Action::SetVariable, 1, {}), Status::Done);
+  EXPECT_EQ(RunOne(Action::TestVariable, 1, ParametersOf(IntegerValue(1))), Status::Done);
+  EXPECT_EQ(RunOne(Action::SetData, 10, {}), Status::Done);
+  EXPECT_EQ(RunOne(Action::SetPosition, 10, ParametersOf(IntegerValue(1))), Status::Done);
+  EXPECT_EQ(Integer(1), 0);
+}
+
+TEST_F(RunActionsTest, tilde_and_the_name_with_number_0_is_the_group_itself) {
+  Start(kVariables);
+  EXPECT_EQ(Run(R"(:LockScreen(("~/a" 0)) :LockScreen(("/a" 0)))"), Status::Done);
+  EXPECT_EQ(CurrentApplication()->LockCount, 2);
+}
+
+TEST_F(RunActionsTest, actions_that_are_not_performed_have_no_effect) {
+  Start(kVariables);
+  EXPECT_EQ(Run(":Clone(10 5) :OpenConnection(0 4 \"p\" \"a\" 1) :CloseConnection(0 1)"
+                ":GetCursorPosition(0 1 2) :SetCursorPosition(0 9 9) :SetCursorShape(0 10)"
+                ":GetLabel(10 3) :SetLabel(10 \"l\") :GetSelectionStatus(10 4) :Toggle(10)"
+                ":Unload(10) :Add(1 1)"),
+            Status::Done);
+  EXPECT_EQ(Integer(1), 1);
+  EXPECT_EQ(Integer(2), 7);
+  EXPECT_EQ(Octets(3), "text");
+  EXPECT_FALSE(Boolean(4));
+  EXPECT_FALSE(Object<Text>(10).AvailabilityStatus);
+}
+
+TEST_F(RunActionsTest, a_transition_of_a_scenes_list_ends_with_its_own_result) {
+  AddScene("t", "");
+  StartWithScene(kVariables, "");
+  EXPECT_EQ(Run(R"(:TransitionTo(("~/s" 0)) :Add(("~/a" 1) 1))", Scope::SceneFirst),
+            Status::Refused);
+  EXPECT_EQ(Run(R"(:TransitionTo(("~/t" 0)) :Add(("~/a" 1) 1))", Scope::SceneFirst), Status::Done);
+  EXPECT_EQ(CurrentScene()->Reference.GroupIdentifier.View(), "~/t");
+  EXPECT_EQ(Integer(1), 0);
+}
+
+TEST_F(RunActionsTest,
+       a_transition_of_the_applications_list_ends_it_as_replaced_even_when_refused) {
+  StartWithScene(kVariables, "");
+  EXPECT_EQ(Run(R"(:TransitionTo(("~/s" 0)) :Add(1 1))"), Status::Replaced);
+  EXPECT_EQ(Integer(1), 0);
+}
+
+TEST_F(RunActionsTest, a_transition_to_a_name_in_a_variable_is_followed) {
+  AddScene("t", "");
+  AddScene("u", "");
+  Start("{:OStringVar 1 :OrigValue \"~/t\"} {:ObjectRefVar 2 :OrigValue :ObjectRef (\"~/u\" 0)}"
+        "{:IntegerVar 3 :OrigValue 0}");
+  EXPECT_EQ(Run(":TransitionTo(:IndirectRef 1)"), Status::Replaced);
+  EXPECT_EQ(CurrentScene()->Reference.GroupIdentifier.View(), "~/t");
+  EXPECT_EQ(Run(":TransitionTo(:IndirectRef 2)"), Status::Replaced);
+  EXPECT_EQ(CurrentScene()->Reference.GroupIdentifier.View(), "~/u");
+  EXPECT_EQ(Run(":TransitionTo(:IndirectRef 3) :Add(3 1)"), Status::Done);
+  EXPECT_EQ(Integer(3), 1);
+}
+
+TEST_F(RunActionsTest, a_refused_launch_ends_the_list_as_replaced) {
+  AddScene("t", "");
+  Start(kVariables);
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(Run(R"(:Launch(("~/t" 0)) :Add(1 1))"), Status::Replaced);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "Launch error\n");
+  EXPECT_EQ(Run(R"(:Launch(("~/missing" 0)) :Add(1 1))"), Status::Replaced);
+  EXPECT_EQ(Integer(1), 0);
+}
+
+TEST_F(RunActionsTest, a_launch_reads_an_indirect_name_from_an_octet_string_variable_only) {
+  AddFile("b", R"({:Application ("~/b" 0)})");
+  Start("{:OStringVar 1 :OrigValue \"~/b\"} {:ObjectRefVar 2 :OrigValue :ObjectRef (\"~/b\" 0)}"
+        "{:IntegerVar 3 :OrigValue 0}");
+  EXPECT_EQ(Run(":Launch(:IndirectRef 2) :Add(3 1)"), Status::Done);
+  EXPECT_EQ(Integer(3), 1);
+  EXPECT_EQ(Run(":Launch(:IndirectRef 1)"), Status::Replaced);
+  EXPECT_EQ(CurrentApplication()->Reference.GroupIdentifier.View(), "~/b");
+}
+
+TEST_F(RunActionsTest, a_launch_that_fails_ends_the_list_as_failed) {
+  TheHost().files["junk"] = "junk";
+  Start(kVariables);
+  EXPECT_EQ(Run(R"(:Launch(("~/junk" 0)) :Add(1 1))"), Status::Failure);
+  EXPECT_EQ(Integer(1), 0);
+}
+
+TEST_F(RunActionsTest, an_outer_list_ends_when_an_inner_one_changes_the_scene) {
+  AddScene("t", "");
+  StartWithScene(std::string(kVariables) +
+                     R"({:Link 20 :Shared TRUE :EventSource 1 :EventType TestEvent
+                         :LinkEffect (:TransitionTo(("~/t" 0)))})",
+                 "");
+  EXPECT_EQ(Run(":Run(20) :Activate(20) :TestVariable(1 1 :GInteger 0) :Add(2 1)"),
+            Status::Replaced);
+  EXPECT_EQ(Integer(2), 7);
+}
+
+TEST_F(RunActionsTest, a_refused_spawn_lets_the_list_go_on) {
+  AddScene("t", "");
+  Start(kVariables);
+  EXPECT_EQ(Run(R"(:Spawn(("~/t" 0)) :Spawn(("~/missing" 0)) :Add(1 1))"), Status::Done);
+  EXPECT_EQ(Integer(1), 1);
+}
+
+TEST_F(RunActionsTest, a_spawn_that_is_done_ends_the_list) {
+  AddFile("b", R"({:Application ("~/b" 0) :Items ({:IntegerVar 1 :OrigValue 0})})");
+  Start(kVariables);
+  EXPECT_EQ(Run(R"(:Spawn(("~/b" 0)) :Add(("~/b" 1) 1))"), Status::Replaced);
+  EXPECT_EQ(FindObject(Scope::ApplicationFirst, "~/b", 1).As<IntegerVariable>().Value, 0);
+}
+
+TEST_F(RunActionsTest, a_behaviour_that_refuses_does_not_end_the_list) {
+  Start(kVariables);
+  EXPECT_EQ(Run(":Divide(1 0) :SetTransparency(10 1000) :SetBoxSize(10 -1 5) :Add(1 1)"),
+            Status::Done);
+  EXPECT_EQ(Integer(1), 1);
+}
+
+TEST_F(RunActionsTest, the_screen_is_drawn_again_when_the_last_lock_is_undone) {
+  Start(kVariables);
+  const int before = ThePresentation().redraws;
+  EXPECT_EQ(Run(":LockScreen(0) :LockScreen(0) :UnlockScreen(0)"), Status::Done);
+  EXPECT_EQ(ThePresentation().redraws, before);
+  EXPECT_EQ(Run(":UnlockScreen(0)"), Status::Done);
+  EXPECT_EQ(ThePresentation().redraws, before + 1);
+  EXPECT_EQ(Run(":UnlockScreen(0)"), Status::Done);
+  EXPECT_EQ(ThePresentation().redraws, before + 1);
+  EXPECT_EQ(CurrentApplication()->LockCount, 0);
+}
+
+TEST_F(RunActionsTest, a_redraw_that_asks_to_stop_ends_the_list) {
+  Start(kVariables);
+  ThePresentation().onRedraw = [] { return Status::Failure; };
+  EXPECT_EQ(Run(":LockScreen(0) :UnlockScreen(0) :Add(1 1)"), Status::Failure);
+  EXPECT_EQ(Integer(1), 0);
+}
+
+TEST_F(RunActionsTest, the_input_register_is_kept_by_a_scene_that_is_available) {
+  StartWithScene(kVariables, "");
+  const auto set = [](std::int32_t value) {
+    ElementaryAction action;
+    action.ActionType = static_cast<std::uint8_t>(Action::SetInputRegister);
+    action.Target = ReferenceValue(0);
+    action.Parameters = ParametersOf(IntegerValue(value));
+    ActionList list;
+    EXPECT_NE(list.Append(std::move(action)), nullptr);
+    return RunActions(Scope::SceneFirst, {&list, CurrentScene()}, -1, "~/s");
+  };
+  EXPECT_EQ(set(3), Status::Done);
+  EXPECT_EQ(CurrentScene()->InputEventReg, 3);
+  CurrentScene()->AvailabilityStatus = false;
+  EXPECT_EQ(set(5), Status::Done);
+  EXPECT_EQ(CurrentScene()->InputEventReg, 3);
+}
+
+TEST_F(RunActionsTest, an_event_is_sent_as_if_it_came_from_its_source) {
+  StartWithScene(std::string(kVariables) + Watch(2, "UserInput", "none") +
+                     Watch(2, "UserInput", "six", "6") + Watch(2, "UserInput", "true", "TRUE"),
+                 "");
+  EXPECT_EQ(Run(R"(:SendEvent(("~/s" 0) 2 UserInput :GInteger 6))"), Status::Done);
+  EXPECT_EQ(TakeLog(), "none six");
+  EXPECT_EQ(Run(R"(:SendEvent(("~/s" 0) 2 UserInput :GBoolean TRUE))"), Status::Done);
+  EXPECT_EQ(TakeLog(), "none true");
+  EXPECT_EQ(Run(R"(:SendEvent(("~/s" 0) 2 UserInput))"), Status::Done);
+  EXPECT_EQ(TakeLog(), "none");
+  EXPECT_EQ(Run(R"(:SendEvent(("~/s" 0) 2 UserInput :GOctetString "6"))"), Status::Done);
+  EXPECT_EQ(TakeLog(), "none");
+}
+
+TEST_F(RunActionsTest, cache_priorities_are_kept_by_both_groups) {
+  StartWithScene(kVariables, "");
+  EXPECT_EQ(Run(R"(:SetCachePriority(0 1) :SetCachePriority(("~/s" 0) 2))"), Status::Done);
+  EXPECT_EQ(CurrentApplication()->GroupCachePriority, 1);
+  EXPECT_EQ(CurrentScene()->GroupCachePriority, 2);
+}
+
+// The counters are bytes: after 256 changes they look unchanged, and only the end of its group
+// keeps a list from going on.
+TEST_F(RunActionsTest, a_list_does_not_go_on_in_an_ended_scene_when_the_counters_come_round) {
+  AddScene("u", R"({:Text 1 :OrigContent "x" :OrigBoxSize 9 9})");
+  StartWithScene("{:IntegerVar 9 :OrigValue 0}", R"({:IntegerVar 1 :OrigValue 0}
+      {:Link 2 :EventSource 1 :EventType TestEvent :LinkEffect (:TransitionTo(("~/u" 0)))})");
+  const Generations before = CurrentGenerations();
+  ThePresentation().onRedraw = [] {
+    CurrentGenerations().Scene = static_cast<std::uint8_t>(CurrentGenerations().Scene + 255);
+    return Status::Done;
+  };
+  EXPECT_EQ(Run(R"(:TestVariable(1 1 :GInteger 0) :Add(("~/a" 9) 1))", Scope::SceneFirst),
+            Status::Replaced);
+  EXPECT_EQ(CurrentGenerations(), before) << "the counters have come round";
+  EXPECT_EQ(CurrentScene()->Reference.GroupIdentifier.View(), "~/u");
+  EXPECT_EQ(Integer(9), 0);
+}
+
+TEST_F(RunActionsTest, lists_that_call_each_other_without_end_are_stopped) {
+  Start(std::string(kVariables) + "{:Link 20 :EventSource 1 :EventType TestEvent"
+                                  " :LinkEffect (:Add(2 1) :TestVariable(1 1 :GInteger 0))}");
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(Run(":TestVariable(1 1 :GInteger 0) :Add(1 1)"), Status::Failure);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "Event nesting too deep\n");
+  EXPECT_EQ(Integer(1), 0);
+}
+
+}  // namespace
+}  // namespace korvel::test

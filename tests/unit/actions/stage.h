@@ -1,0 +1,79 @@
+// A running engine for tests of actions: an application "~/a" whose items a test writes as text,
+// scenes beside it, and a log that links of the application keep of the events that a test watches.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "engine/engine.h"
+#include "objects/objects.h"
+#include "substitutes/host.h"
+#include "substitutes/presentation.h"
+
+namespace korvel::test {
+
+class Stage : public testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  // Puts a group written as text into the carousel.
+  static void AddFile(const std::string& path, const std::string& text);
+  // Puts the scene "~/`name`" with these items into the carousel.
+  static void AddScene(const std::string& name, const std::string& items,
+                       const std::string& attributes = "");
+  // Starts the application "~/a" with these items, and the log's.
+  static void Start(const std::string& items, const std::string& attributes = "");
+  // Starts it and goes to the scene "~/s" with the other items.
+  static void StartWithScene(const std::string& items, const std::string& sceneItems);
+
+  // A link that writes `mark` into the log when the event comes. Numbered from 1001 on.
+  std::string Watch(int source, const std::string& event, const std::string& mark,
+                    const std::string& data = "");
+  // The same for a boolean datum: it writes "mark+" for true and "mark-" for false.
+  std::string WatchBoolean(int source, const std::string& event, const std::string& mark);
+  // The same for an integer datum from `first` to `last`: it writes "mark" and the number.
+  std::string WatchInteger(int source, const std::string& event, const std::string& mark, int first,
+                           int last);
+
+  // Runs actions written as text, as the running application or scene would.
+  static Status Run(const std::string& actions, Scope scope = Scope::ApplicationFirst);
+  // Runs one action that may be of any number, on an object of the application.
+  static Status RunOne(Action action, int target, List<GenericValue> parameters);
+
+  // What has been logged since the last call, marks separated by blanks.
+  static std::string TakeLog();
+
+  template <class Record>
+  static Record& Object(int number) {
+    return Find(number).As<Record>();
+  }
+  static FoundObject Find(int number);
+  static std::int32_t Integer(int number) { return Object<IntegerVariable>(number).Value; }
+  static bool Boolean(int number) { return Object<BooleanVariable>(number).Value; }
+  static std::string Octets(int number) {
+    return std::string(Object<OctetStringVariable>(number).Value.View());
+  }
+  static bool IsRunning(int number) { return Object<Ingredient>(number).RunningStatus; }
+
+  // The numbers of the visibles in the display stack, from the bottom.
+  static std::string Stack();
+
+ private:
+  int nextLink_ = 1001;
+};
+
+// A value of one kind, for actions that are built by hand.
+GenericValue IntegerValue(std::int32_t number);
+GenericValue OctetsValue(std::string_view octets);
+GenericValue ReferenceValue(int number);
+template <class... Values>
+List<GenericValue> ParametersOf(Values... values) {
+  List<GenericValue> list;
+  (static_cast<void>(list.Append(std::move(values))), ...);
+  return list;
+}
+
+}  // namespace korvel::test

@@ -65,7 +65,8 @@ TEST_F(TextTest, every_other_class_keeps_its_new_content) {
   Start("{:Bitmap 1 :OrigContent :ContentRef (\"~/p\") :OrigBoxSize 9 9} {:IntegerVar 2"
         " :OrigValue 0} {:Stream 3 :Multiplex ({:Audio 4 :ComponentTag 1})}");
   const int before = ThePresentation().redraws;
-  EXPECT_EQ(Run(":SetData(1 :NewRefContent (:ContentRef \"~/q\")) :SetData(2 \"two\") :SetData(4 \"four\")"),
+  EXPECT_EQ(Run(":SetData(1 :NewRefContent (:ContentRef \"~/q\")) :SetData(2 \"two\") :SetData(4 "
+                "\"four\")"),
             Status::Done);
   EXPECT_TRUE(Object<Bitmap>(1).Content.IsReferenced);
   EXPECT_EQ(Object<Bitmap>(1).Content.Data.View(), "~/q");

@@ -32,7 +32,8 @@ class OutOfMemory : public EngineTest {
                    LinkOn(7, "0", "TimerFired :EventData 5", TransitionAction("~/next")),
                ":OnStartUp (" + Note("s") + ")");
     ServeScene("next", RectangleText(1));
-    Serve("b", ApplicationText("~/b", RectangleText(1) + LinkOnKey(2, 104, QuitAction())));
+    Serve("b", ApplicationText("~/b", RectangleText(1) + LinkOnKey(2, 104, QuitAction()) +
+                                          LinkOnKey(3, 102, LaunchAction("~/b"))));
   }
 
   // A short life of the engine.
@@ -40,7 +41,7 @@ class OutOfMemory : public EngineTest {
     static_cast<void>(Start());
     for (const std::int32_t key : {100, 101, 1}) static_cast<void>(Press(key));
     static_cast<void>(Expire(5));
-    for (const std::int32_t key : {103, 104, 15}) static_cast<void>(Press(key));
+    for (const std::int32_t key : {103, 102, 104, 15}) static_cast<void>(Press(key));
     EndEngine();
   }
 };
@@ -52,7 +53,7 @@ TEST_F(OutOfMemory, no_failed_allocation_crashes_or_leaks) {
   TheHost().fetched.clear();
   Live();
   const auto undisturbed = TheHost().fetched;
-  ASSERT_EQ(undisturbed, (std::vector<std::string>{"a", "menu", "missing", "next", "b", "a"}));
+  ASSERT_EQ(undisturbed, (std::vector<std::string>{"a", "menu", "missing", "next", "b", "b", "a"}));
   ASSERT_EQ(Printed(), "");
 
   std::set<std::string> messages;

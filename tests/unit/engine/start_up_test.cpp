@@ -92,6 +92,20 @@ TEST_F(StartUp, a_start_file_that_is_a_scene_is_refused) {
   EXPECT_EQ(CurrentScene(), nullptr);
 }
 
+TEST_F(StartUp, a_start_file_cut_short_anywhere_is_refused) {
+  const std::string whole = CompileText(ApplicationText(
+      "~/a", RectangleText(1) + LinkOnKey(2, 100, Note("x")), ":OnStartUp (:LockScreen(0))"));
+  ASSERT_FALSE(whole.empty());
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    TheHost().files["a"] = whole.substr(0, length);
+    EXPECT_EQ(Start(), Status::Refused) << length;
+    EXPECT_EQ(Printed(), "Parser failed\n") << length;
+    EXPECT_EQ(CurrentApplication(), nullptr) << length;
+  }
+  TheHost().files["a"] = whole;
+  EXPECT_EQ(Start(), Status::Done);
+}
+
 TEST_F(StartUp, a_started_application_is_available_and_running) {
   ServeApplication("");
   EXPECT_EQ(Start(), Status::Done);

@@ -110,6 +110,23 @@ TEST_F(Transition, a_scene_that_is_no_group_fails_and_changes_nothing) {
   EXPECT_TRUE(Find<Rectangle>(3).RunningStatus);
 }
 
+TEST_F(Transition, a_scene_cut_short_anywhere_fails_and_changes_nothing) {
+  ServeApplication("");
+  ServeScene("menu", "");
+  StartWithScene("~/menu");
+  const std::string whole =
+      CompileText(SceneText("~/next", RectangleText(1) + LinkOnKey(2, 100, Note("x"))));
+  ASSERT_FALSE(whole.empty());
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    TheHost().files["next"] = whole.substr(0, length);
+    EXPECT_EQ(GoTo("~/next"), Status::Failure) << length;
+    EXPECT_EQ(Printed(), "Parse error\n") << length;
+    EXPECT_EQ(NameOf(CurrentScene()), "~/menu") << length;
+  }
+  TheHost().files["next"] = whole;
+  EXPECT_EQ(GoTo("~/next"), Status::Done);
+}
+
 TEST_F(Transition, a_transition_to_an_application_is_refused) {
   ServeApplication("");
   Serve("b", ApplicationText("~/b", ""));

@@ -106,17 +106,24 @@ TEST_F(RunActionsTest, tilde_and_the_name_with_number_0_is_the_group_itself) {
 }
 
 TEST_F(RunActionsTest, actions_that_are_not_performed_have_no_effect) {
-  Start(kVariables);
-  EXPECT_EQ(Run(":Clone(10 5) :OpenConnection(0 4 \"p\" \"a\" 1) :CloseConnection(0 1)"
-                ":GetCursorPosition(0 1 2) :SetCursorPosition(0 9 9) :SetCursorShape(0 10)"
-                ":GetLabel(10 3) :SetLabel(10 \"l\") :GetSelectionStatus(10 4) :Toggle(10)"
-                ":Unload(10) :Add(1 1)"),
+  Start(std::string(kVariables) + "{:PushButton 20 :OrigBoxSize 9 9 :OrigLabel \"old\"}"
+                                  "{:SwitchButton 21 :OrigBoxSize 9 9 :ButtonStyle checkbox}"
+                                  "{:Text 22 :OrigBoxSize 9 9}");
+  const std::string before = Stack();
+  EXPECT_EQ(Run(":Clone(22 5) :OpenConnection(0 4 \"p\" \"a\" 1) :CloseConnection(0 1)"
+                ":GetCursorPosition(0 1 2) :SetCursorPosition(0 9 9) :SetCursorShape(0 22)"
+                ":GetLabel(20 3) :SetLabel(20 \"new\") :GetSelectionStatus(21 4) :Toggle(21)"
+                ":Unload(22) :Add(1 1)"),
             Status::Done);
   EXPECT_EQ(Integer(1), 1);
   EXPECT_EQ(Integer(2), 7);
   EXPECT_EQ(Octets(3), "text");
   EXPECT_FALSE(Boolean(4));
-  EXPECT_FALSE(Object<Text>(10).AvailabilityStatus);
+  EXPECT_EQ(Object<PushButton>(20).Label.View(), "old");
+  EXPECT_FALSE(Object<SwitchButton>(21).SelectionStatus);
+  EXPECT_TRUE(Object<Text>(22).AvailabilityStatus);
+  EXPECT_TRUE(IsRunning(22));
+  EXPECT_EQ(Stack(), before);
 }
 
 TEST_F(RunActionsTest, a_transition_of_a_scenes_list_ends_with_its_own_result) {

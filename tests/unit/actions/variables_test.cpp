@@ -243,22 +243,36 @@ TEST_F(VariablesTest, a_test_whose_link_quits_ends_the_list) {
             Status::Failure);
 }
 
-TEST_F(VariablesTest, a_value_that_cannot_be_copied_is_empty) {
-  Start(kVariables);
+// Sets a variable to a value whose copy finds no memory. What is printed.
+std::string SetWithoutMemory(int variable, GenericValue value) {
   ElementaryAction action;
   action.ActionType = static_cast<std::uint8_t>(Action::SetVariable);
-  action.Target = ReferenceValue(3);
-  action.Parameters = ParametersOf(OctetsValue("new"));
+  action.Target = ReferenceValue(variable);
+  action.Parameters = ParametersOf(std::move(value));
   ActionList list;
-  ASSERT_NE(list.Append(std::move(action)), nullptr);
+  EXPECT_NE(list.Append(std::move(action)), nullptr);
   testing::internal::CaptureStdout();
   FailAllocation(2);  // the first one is the copy of the group's name
   EXPECT_EQ(RunActions(Scope::ApplicationFirst, {&list, CurrentApplication()}, -1, "~/a"),
             Status::Done);
   EXPECT_TRUE(HasFailedAllocation());
   FailAllocation(0);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "Can't allocate memory for CharVal\n");
+  return testing::internal::GetCapturedStdout();
+}
+
+TEST_F(VariablesTest, a_string_that_cannot_be_copied_is_empty) {
+  Start(kVariables);
+  EXPECT_EQ(SetWithoutMemory(3, OctetsValue("new")), "Can't allocate memory for CharVal\n");
   EXPECT_EQ(Octets(3), "");
+}
+
+TEST_F(VariablesTest, a_reference_that_cannot_be_copied_is_empty) {
+  Start(kVariables);
+  GenericValue value = ReferenceValue(9);
+  ASSERT_TRUE(value.Reference.GroupIdentifier.Assign("~/y"));
+  EXPECT_EQ(SetWithoutMemory(4, std::move(value)), "Can't allocate memory for ObjectRefVal\n");
+  EXPECT_EQ(Object<ObjectRefVariable>(4).Value.GroupIdentifier.View(), "");
+  EXPECT_EQ(Object<ObjectRefVariable>(4).Value.Number, 0);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #!/bin/sh
-# Fails unless the player tells its mistakes apart: 2 for wrong use, 1 where no engine starts.
+# Fails unless the player tells its mistakes apart (2 for wrong use, 1 where no engine starts) and
+# takes a picture of the window on its own.
 # Usage: check_player.sh WINE korvel-player.exe
 set -eu
 wine=$1
@@ -29,3 +30,10 @@ expect 2 "$player" carousel --script wrong_script
 expect 1 player_alone.exe carousel
 lines=0
 expect 0 "$player" --help
+
+# Without a script it takes one picture after the wait and closes.
+lines=4
+expect 0 "$player" carousel --screenshot shot.png --wait 200 --verbose
+grep -q '^read a: no such file' err
+size=$(od -An -t u1 -j 16 -N 8 shot.png | tr -s ' ')
+[ "$size" = " 0 0 2 208 0 0 2 64" ] || { echo "the picture is not 720 x 576"; exit 1; }

@@ -34,8 +34,11 @@ count_tests() {
 mkdir -p build
 start_wine || fail "Wine does not start"
 for preset; do
+  # That every header compiles alone is seen once natively and once for Windows.
+  headers=all_verify_interface_header_sets
+  [ "$preset" != win32 ] || headers=
   if cmake --preset "$preset" >"build/$preset.log" 2>&1 &&
-    cmake --build --preset "$preset" --target all all_verify_interface_header_sets; then
+    cmake --build --preset "$preset" --target all $headers; then
     count_tests "$preset"
   else
     fail "$preset: the build failed; build/$preset.log tells how it was set up"

@@ -44,12 +44,14 @@ class Sequence {
 
  private:
   static constexpr std::size_t kFirstCapacity = 8;
+  // A value may well be a pointer.  NOLINTNEXTLINE(bugprone-sizeof-expression)
+  static constexpr std::size_t kValueSize = sizeof(T);
 
   [[nodiscard]] bool Grow() noexcept {
     const std::size_t capacity = capacity_ == 0 ? kFirstCapacity : capacity_ * 2;
-    auto* values = static_cast<T*>(AllocateZeroed(capacity * sizeof(T)));
+    auto* values = static_cast<T*>(AllocateZeroed(capacity * kValueSize));
     if (values == nullptr) return false;
-    if (size_ > 0) std::memcpy(static_cast<void*>(values), values_, size_ * sizeof(T));
+    if (size_ > 0) std::memcpy(static_cast<void*>(values), values_, size_ * kValueSize);
     ReleaseMemory(values_);
     values_ = values;
     capacity_ = capacity;

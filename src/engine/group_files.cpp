@@ -43,16 +43,19 @@ Status FetchStartUpAt(std::string_view path, OctetString& bytes) noexcept {
 }
 
 // Takes each "/../" out together with the component before it. Kept as content expects it: no slash
-// is put back between the two pieces, so that x/y/../z becomes xz.
+// is put back between the two pieces, so that x/y/../z becomes xz. One walk from left to right, for
+// names may be long: what is kept never outgrows what has been read.
 bool RemoveParentSteps(OctetString& path) noexcept {
-  for (;;) {
-    const std::string_view text = path.View();
-    const std::size_t step = text.find(kParentStep);
-    if (step == kNone) return true;
-    const std::size_t slash = step == 0 ? kNone : text.rfind('/', step - 1);
-    const std::string_view head = slash == kNone ? std::string_view{} : text.substr(0, slash);
-    if (!Join(head, text.substr(step + kParentStep.size()), path)) return false;
+  char* bytes = path.MutableBytes();
+  std::size_t kept = 0;
+  for (std::size_t read = 0; read < path.Length(); ++read) {
+    bytes[kept++] = bytes[read];
+    const std::string_view text(bytes, kept);
+    if (!text.ends_with(kParentStep)) continue;
+    const std::size_t slash = text.substr(0, kept - kParentStep.size()).rfind('/');
+    kept = slash == kNone ? 0 : slash;
   }
+  return path.Assign({bytes, kept});
 }
 
 // What a name means once its prefix is passed over: where it starts from, and the rest.

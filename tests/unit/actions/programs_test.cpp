@@ -1,4 +1,7 @@
 // Calling resident programs, asking what the engine supports, and the persistent store.
+#include <random>
+#include <tuple>
+
 #include "stage.h"
 
 namespace korvel::test {
@@ -145,6 +148,44 @@ TEST_F(ProgramsTest, values_are_stored_without_header_lowest_byte_first) {
                                             "\x03\0\0\0~/g\x05\0\0\0"
                                             "\x03\0\0\0~/c",
                                             1 + 4 + 8 + 11 + 7));
+}
+
+// Any list of variables comes back as it was stored, whatever the values, a variable twice in it
+// too.
+TEST_F(ProgramsTest, random_lists_of_variables_come_back) {
+  Start(kStored);
+  std::mt19937 random(1);  // NOLINT: the same lists every time
+  const auto randomText = [&random] {
+    std::string text(random() % 300, ' ');
+    for (char& byte : text) byte = static_cast<char>(random());
+    return text;
+  };
+  const auto fill = [&] {
+    Object<BooleanVariable>(1).Value = random() % 2 == 0;
+    Object<IntegerVariable>(2).Value = static_cast<std::int32_t>(random());
+    EXPECT_TRUE(Object<OctetStringVariable>(3).Value.Assign(randomText()));
+    EXPECT_TRUE(Object<ObjectRefVariable>(4).Value.GroupIdentifier.Assign(randomText()));
+    Object<ObjectRefVariable>(4).Value.Number = static_cast<std::int32_t>(random());
+    EXPECT_TRUE(Object<ContentRefVariable>(5).Value.Path.Assign(randomText()));
+  };
+  const auto values = [] {
+    const ObjectReference& reference = Object<ObjectRefVariable>(4).Value;
+    return std::tuple(Boolean(1), Integer(2), Octets(3),
+                      std::string(reference.GroupIdentifier.View()), reference.Number,
+                      std::string(Object<ContentRefVariable>(5).Value.Path.View()));
+  };
+  for (int round = 0; round < 50; ++round) {
+    std::string list = "1 2 3 4 5";
+    for (std::uint32_t more = random() % 6; more > 0; --more) {
+      list += " " + std::to_string(random() % 5 + 1);
+    }
+    fill();
+    const auto stored = values();
+    EXPECT_EQ(Run(":StorePersistent(0 9 (" + list + ") \"name\")"), Status::Done);
+    fill();
+    EXPECT_EQ(Run(":ReadPersistent(0 9 (" + list + ") \"name\")"), Status::Done);
+    EXPECT_EQ(values(), stored) << list;
+  }
 }
 
 TEST_F(ProgramsTest, reading_what_was_never_stored_resets_and_succeeds) {

@@ -30,6 +30,7 @@ TEST_F(DeviceUpdateTest, the_window_shows_the_whole_picture_pixel_by_pixel) {
 }
 
 TEST_F(DeviceUpdateTest, two_updates_within_a_millisecond_copy_once) {
+  TheHost().milliseconds = 1500;
   PaintAll(kRedBytes);
   EXPECT_EQ(DeviceUpdate(), Status::Done);
   PaintAll(kGreenBytes);

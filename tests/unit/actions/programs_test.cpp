@@ -176,7 +176,7 @@ TEST_F(ProgramsTest, random_lists_of_variables_come_back) {
   };
   for (int round = 0; round < 50; ++round) {
     std::string list = "1 2 3 4 5";
-    for (std::uint32_t more = random() % 6; more > 0; --more) {
+    for (auto more = random() % 6; more > 0; --more) {
       list += " " + std::to_string(random() % 5 + 1);
     }
     fill();

@@ -1,6 +1,7 @@
 // How a close overtakes everything else and is never undone, whenever it comes.
 #include <gmock/gmock.h>
 
+#include <atomic>
 #include <optional>
 
 #include "host/host.h"
@@ -16,7 +17,13 @@ class Closing : public HostThreads {};
 
 TEST_F(Closing, overtakes_a_hundred_queued_keys) {
   Start();
-  substitutes.onRaise = [](std::int32_t) { EXPECT_TRUE(WaitUntil(IsClosing)); };
+  std::atomic<bool> isFirstKeyHandled = false;
+  substitutes.onRaise = [&isFirstKeyHandled](std::int32_t) {
+    isFirstKeyHandled = true;
+    EXPECT_TRUE(WaitUntil(IsClosing));
+  };
+  PostKeys({kEnter});
+  EXPECT_TRUE(WaitUntil([&isFirstKeyHandled] { return isFirstKeyHandled.load(); }));
   for (int count = 0; count < 100; ++count) PostKeys({kEnter});
   Post(WM_CLOSE);
   WaitForLine("CloseDown");

@@ -69,6 +69,7 @@ Bytes Holding(std::uint32_t tag, const Bytes& elements) {
 
 Bytes ApplicationFile(const Bytes& attributes) { return GroupFile(0, attributes); }
 Bytes SceneFile(const Bytes& attributes) { return GroupFile(1, attributes); }
+Bytes FileWithItems(const Bytes& items) { return SceneFile(Holding(8, items)); }
 
 Decoded Decode(const Bytes& bytes) {
   const auto copy = std::make_unique<std::uint8_t[]>(bytes.size());

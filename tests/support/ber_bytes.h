@@ -34,6 +34,8 @@ Bytes NumberContent(std::int64_t value);
 // An application or a scene with the name "~/g", number 0, and these attributes.
 Bytes ApplicationFile(const Bytes& attributes);
 Bytes SceneFile(const Bytes& attributes);
+// A scene whose list of items holds these elements.
+Bytes FileWithItems(const Bytes& items);
 
 // What decoding gave.
 struct Decoded {
@@ -52,6 +54,17 @@ struct Decoded {
 
 // Decodes from a block of exactly these bytes, so that a sanitizer sees every step beyond them.
 Decoded Decode(const Bytes& bytes);
+
+// A scene decoded whose only item, of number 7, is an object of that tag with these attributes.
+template <class Record>
+struct OneItem {
+  OneItem(std::uint32_t tag, const Bytes& attributes)
+      : decoded(Decode(FileWithItems(Holding(tag, Integer(7) + attributes)))) {}
+  [[nodiscard]] bool IsDone() const { return decoded.IsDone(); }
+  [[nodiscard]] const Record& operator*() const { return decoded.ItemAt<Record>(0); }
+  const Record* operator->() const { return &**this; }
+  Decoded decoded;
+};
 
 // The bytes that the writer makes of a group; empty when it fails.
 Bytes Encode(const Group& group);

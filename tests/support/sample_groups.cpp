@@ -35,7 +35,11 @@ class GroupMaker {
   OwnedGroup MakeGroup() {
     OwnedGroup group(Owned<Record>::New().Release());
     auto& record = static_cast<Record&>(*group.Get());
-    Require(record.Reference.GroupIdentifier.Assign("~/sample"));
+    if (IsComplete()) {
+      Require(record.Reference.GroupIdentifier.Assign("~/sample"));
+    } else {
+      Fill(record.Reference, Form{});
+    }
     FillAttributes(record);
     return group;
   }
@@ -80,10 +84,11 @@ class GroupMaker {
       field = Below(2) == 0 ? edges[Below(edges.size())] : static_cast<std::int32_t>(random_());
     }
   }
-  // Any bytes, zeros among them; now and then none at all, or enough for a longer length.
+  // Any bytes, zeros among them, or text; now and then none at all, or enough for a longer length.
   void Fill(OctetString& field, const Form& /*form*/) {
     std::string bytes(Below(20) == 0 ? 300 : Below(9), ' ');
-    for (char& byte : bytes) byte = static_cast<char>(Below(256));
+    const bool isText = Below(2) == 0;
+    for (char& byte : bytes) byte = static_cast<char>(isText ? ' ' + Below(95) : Below(256));
     Require(field.Assign(bytes));
   }
   void Fill(ObjectReference& field, const Form& form) {
@@ -177,7 +182,7 @@ class GroupMaker {
     action.Target = std::move(*action.Parameters.At(0));
     action.Parameters.Clear();
     for (const Parameter place : FindAction(number)->Syntax()) {
-      if (!IsComplete() && Below(12) == 0) break;
+      if (!IsComplete() && Below(6) == 0) break;
       AddPlace(action, place);
     }
     return action;

@@ -227,7 +227,8 @@ constexpr char kObjects[] = R"(
   {:Palette 28} {:RemotePrg 29 :Name "r"} {:InterchgPrg 30 :Name "i"} {:Font 31} {:CursorShape 32}
   {:Rectangle 93 :OrigBoxSize 9 9} {:Rectangle 94 :OrigBoxSize 9 9} {:Rectangle 95 :OrigBoxSize 9 9}
   {:Rectangle 96 :OrigBoxSize 9 9} {:Rectangle 97 :OrigBoxSize 9 9}
-  {:IntegerVar 201 :OrigValue -77} {:IntegerVar 202 :OrigValue -77} {:BooleanVar 203 :OrigValue FALSE}
+  {:IntegerVar 201 :OrigValue -77} {:IntegerVar 202 :OrigValue -77}
+  {:BooleanVar 203 :OrigValue FALSE}
   {:OStringVar 204 :OrigValue "answer"} {:ObjectRefVar 205 :OrigValue :ObjectRef ("~/none" 77)}
   {:BooleanVar 206 :OrigValue TRUE} {:Rectangle 99 :OrigBoxSize 9 9}
 )";

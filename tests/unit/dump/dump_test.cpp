@@ -9,7 +9,7 @@
 #include "dump/printers.h"
 #include "objects/ber/ber.h"
 #include "objects/objects.h"
-#include "support/random_group.h"
+#include "support/sample_groups.h"
 #include "textual/textual.h"
 
 namespace korvel {
@@ -565,7 +565,7 @@ TEST(Dump, a_palette_in_use_has_no_lines_of_its_own) {
 
 TEST(Dump, text_and_ber_of_a_group_are_printed_alike) {
   for (std::uint32_t seed = 0; seed < 200; ++seed) {
-    const OwnedGroup group = RandomGroup(seed);
+    const OwnedGroup group = test::MakeRandomGroup(seed);
     OctetString text;
     ASSERT_EQ(WriteTextGroup(*group.Get(), text), Status::Done);
     if (text.Length() > kMaxTextSize) continue;

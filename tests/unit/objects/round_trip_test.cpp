@@ -33,7 +33,7 @@ TEST(RoundTrip, complete_scene_reads_back_equal) {
 }
 
 TEST(RoundTrip, random_groups_read_back_equal) {
-  for (std::uint32_t seed = 0; seed < 500; ++seed) {
+  for (std::uint32_t seed = 0; seed < kEnoughRandomGroups; ++seed) {
     SCOPED_TRACE(seed);
     ExpectRoundTrip(*MakeRandomGroup(seed).Get());
     if (HasFatalFailure()) return;

@@ -36,7 +36,8 @@ constexpr const char* kMenu = R"(
 {:Scene ("~/menu" 0)
   :Items (
     {:Rectangle 1 :OrigBoxSize 720 576 :OrigRefFillColour '=10=20=60=00'}
-    {:Text 2 :OrigContent "Press a colour key" :OrigBoxSize 400 60 :OrigPosition 80 90 :HJustification centre}
+    {:Text 2 :OrigContent "Press a colour key" :OrigBoxSize 400 60 :OrigPosition 80 90
+      :HJustification centre}
     {:Link 3 :EventSource 0 :EventType UserInput :EventData 100
       :LinkEffect (:Add(("~/a" 1) 1) :TestVariable(("~/a" 1) 1 :GInteger 3))}
     {:Link 4 :EventSource ("~/a" 1) :EventType TestEvent :EventData TRUE

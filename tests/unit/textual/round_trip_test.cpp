@@ -7,13 +7,13 @@
 
 #include "objects/ber/ber.h"
 #include "objects/equality.h"
-#include "support/random_group.h"
+#include "support/sample_groups.h"
 #include "textual/textual.h"
 
 namespace korvel {
 namespace {
 
-constexpr std::uint32_t kGroups = 1500;
+constexpr std::uint32_t kGroups = test::kEnoughRandomGroups;
 
 OwnedGroup Decode(const OctetString& bytes) {
   OwnedGroup group;
@@ -37,7 +37,7 @@ OwnedGroup Read(const OctetString& text) {
 TEST(RoundTrip, bytes_survive_the_way_through_text) {
   for (std::uint32_t seed = 0; seed < kGroups && !testing::Test::HasFailure(); ++seed) {
     OctetString bytes;
-    ASSERT_EQ(EncodeGroup(*RandomGroup(seed).Get(), bytes), Status::Done);
+    ASSERT_EQ(EncodeGroup(*test::MakeRandomGroup(seed).Get(), bytes), Status::Done);
     const OwnedGroup decoded = Decode(bytes);
     OctetString text;
     ASSERT_EQ(WriteTextGroup(*decoded.Get(), text), Status::Done);
@@ -54,7 +54,7 @@ TEST(RoundTrip, bytes_survive_the_way_through_text) {
 TEST(RoundTrip, text_is_stable) {
   for (std::uint32_t seed = 0; seed < kGroups && !testing::Test::HasFailure(); ++seed) {
     OctetString text;
-    ASSERT_EQ(WriteTextGroup(*RandomGroup(seed).Get(), text), Status::Done);
+    ASSERT_EQ(WriteTextGroup(*test::MakeRandomGroup(seed).Get(), text), Status::Done);
     if (text.Length() > kMaxTextSize) continue;
     OctetString textAgain;
     ASSERT_EQ(WriteTextGroup(*Read(text).Get(), textAgain), Status::Done);
@@ -66,7 +66,7 @@ TEST(RoundTrip, random_groups_are_many_and_rarely_too_long) {
   int tooLong = 0;
   int applications = 0;
   for (std::uint32_t seed = 0; seed < kGroups; ++seed) {
-    const OwnedGroup group = RandomGroup(seed);
+    const OwnedGroup group = test::MakeRandomGroup(seed);
     applications += group.IsApplication() ? 1 : 0;
     OctetString text;
     ASSERT_EQ(WriteTextGroup(*group.Get(), text), Status::Done);

@@ -1,0 +1,122 @@
+// The groups made at random are a fair sample: what a round trip of all of them has passed, every
+// class, attribute, action and byte has passed.
+#include "support/sample_groups.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <map>
+#include <set>
+#include <string>
+
+#include "objects/equality.h"
+#include "objects/objects.h"
+
+namespace korvel::test {
+namespace {
+
+struct Seen {
+  std::map<std::string, std::set<bool>> isSet;  // by class and keyword
+  // The kinds of value by action, and by place among its values; place 0 is the target.
+  std::map<std::pair<int, std::size_t>, std::set<ValueKind>> kinds;
+  std::map<int, std::set<std::size_t>> valueCounts;  // by action
+  std::array<bool, 256> bytes{};
+};
+
+template <class Field>
+void Look(const Field& /*field*/, Seen& /*seen*/) {}
+void Look(const OctetString& field, Seen& seen) {
+  for (const char byte : field.View()) seen.bytes[static_cast<unsigned char>(byte)] = true;
+}
+void Look(const ActionList& field, Seen& seen) {
+  for (const ElementaryAction& action : field) {
+    const int number = action.ActionType;
+    seen.kinds[{number, 0}].insert(action.Target.Kind);
+    std::size_t place = 0;
+    for (const GenericValue& value : action.Parameters) {
+      seen.kinds[{number, ++place}].insert(value.Kind);
+    }
+    seen.valueCounts[number].insert(place);
+  }
+}
+void Look(const List<Item>& field, Seen& seen);
+
+template <class Record>
+void LookAtAttributes(const Record& record, const std::string& owner, Seen& seen) {
+  const Record construction{};
+  ForEachAttribute<Record>([&](const auto& attribute) {
+    const auto& field = record.*attribute.field;
+    if constexpr (IsDescribed<std::remove_cvref_t<decltype(field)>>) {
+      LookAtAttributes(field, owner, seen);
+    } else {
+      const char* keyword = attribute.keyword == nullptr ? " condition" : attribute.keyword;
+      seen.isSet[owner + keyword].insert(!IsSame(field, construction.*attribute.field));
+      Look(field, seen);
+    }
+  });
+}
+
+void Look(const List<Item>& field, Seen& seen) {
+  for (const Item& item : field) {
+    VisitIngredientClass(item.Type(), [&]<class Record>() {
+      LookAtAttributes(item.As<Record>(), Description<Record>::heading.name, seen);
+    });
+  }
+}
+
+const Seen& All() {
+  static const Seen seen = [] {
+    Seen all;
+    for (std::uint32_t seed = 0; seed < kEnoughRandomGroups; ++seed) {
+      const OwnedGroup group = MakeRandomGroup(seed);
+      if (group.IsApplication()) {
+        LookAtAttributes(group.AsApplication(), "Application", all);
+      } else {
+        LookAtAttributes(group.AsScene(), "Scene", all);
+      }
+    }
+    return all;
+  }();
+  return seen;
+}
+
+TEST(RandomGroups, every_attribute_of_every_class_is_written_and_left_out) {
+  for (const auto& [attribute, states] : All().isSet) EXPECT_EQ(states.size(), 2U) << attribute;
+  std::size_t count = 0;
+  const auto countAttributes = [&count]<class Record>() {
+    ForEachAttribute<Record>([&count](const auto& /*attribute*/) { ++count; });
+  };
+  ForEachClass(ItemClasses{}, countAttributes);
+  ForEachClass(ComponentClasses{}, countAttributes);
+  ForEachClass(Classes<Application, Scene, DefaultAttributes>{}, countAttributes);
+  EXPECT_EQ(All().isSet.size(), count - 1);  // the default attributes stand for themselves
+}
+
+TEST(RandomGroups, every_action_has_direct_and_indirect_values_at_every_place) {
+  for (int number = 1; number <= kDecodedActionCount; ++number) {
+    const ActionRow& row = *FindAction(static_cast<std::uint8_t>(number));
+    for (std::size_t place = 0; place <= row.parameterCount; ++place) {
+      const auto kinds = All().kinds.find({number, place});
+      ASSERT_NE(kinds, All().kinds.end()) << row.name << " " << place;
+      EXPECT_TRUE(kinds->second.contains(ValueKind::IndirectReference)) << row.name << " " << place;
+      EXPECT_GE(kinds->second.size(), 2U) << row.name << " " << place;
+    }
+  }
+}
+
+TEST(RandomGroups, actions_with_values_have_them_all_or_leave_some_out) {
+  for (int number = 1; number <= kDecodedActionCount; ++number) {
+    const ActionRow& row = *FindAction(static_cast<std::uint8_t>(number));
+    if (row.parameterCount == 0) continue;
+    const std::set<std::size_t>& counts = All().valueCounts.at(number);
+    EXPECT_LT(*counts.begin(), row.parameterCount) << row.name;
+    EXPECT_GE(*counts.rbegin(), row.parameterCount) << row.name;
+  }
+}
+
+TEST(RandomGroups, strings_hold_every_byte) {
+  for (std::size_t byte = 0; byte < 256; ++byte) EXPECT_TRUE(All().bytes[byte]) << byte;
+}
+
+}  // namespace
+}  // namespace korvel::test

@@ -22,11 +22,15 @@ grid() {
   for y in 72 144 216 288 360 432 504; do echo "line 0,$y 719,$y"; done
 }
 
+# The colours of the two rows; each is a word of its own.
+top='#b8b09a #a9a25e #6f9d9b #6d9168 #93708f #9a5f5a #56648f'
+bottom='#101418 #2c3238 #4d555c #737b82 #9aa1a7 #c2c7cb #e8eaec'
+
 convert -size 720x576 xc:'#28333d' -depth 8 \
   -stroke '#3a4854' -strokewidth 2 -draw "$(grid)" \
   -fill '#2f3d49' -stroke '#8fa3b3' -strokewidth 3 -draw 'circle 360,288 360,72' -stroke none \
-  -draw "$(bars 192 168 48 60 '#b8b09a' '#a9a25e' '#6f9d9b' '#6d9168' '#93708f' '#9a5f5a' '#56648f')" \
-  -draw "$(bars 192 360 48 36 '#101418' '#2c3238' '#4d555c' '#737b82' '#9aa1a7' '#c2c7cb' '#e8eaec')" \
+  -draw "$(bars 192 168 48 60 $top)" \
+  -draw "$(bars 192 360 48 36 $bottom)" \
   -font DejaVu-Sans-Bold -pointsize 66 -kerning 8 -fill '#e4ebf0' -gravity center \
   -annotate +4+6 KORVEL "ppm:$work/card.ppm"
 

@@ -2,8 +2,7 @@
 #include "player/screenshot.h"
 
 #include <cstdint>
-#include <memory>
-#include <vector>
+#include <utility>
 
 #include <objidl.h>
 // GDI+ after the interfaces it builds on.
@@ -16,12 +15,6 @@ namespace {
 constexpr CLSID kPngEncoder = {
     0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
 
-struct Picture {
-  int width = 0;
-  int height = 0;
-  std::vector<std::uint32_t> pixels;  // 0x00RRGGBB, rows from the top
-};
-
 BITMAPINFO FormatOf(const Picture& picture) {
   BITMAPINFO format = {};
   format.bmiHeader.biSize = sizeof format.bmiHeader;
@@ -33,7 +26,9 @@ BITMAPINFO FormatOf(const Picture& picture) {
   return format;
 }
 
-// Copies the client pixels through a bitmap of the same size. False when the system refuses.
+}  // namespace
+
+// Copies the client pixels through a bitmap of the same size.
 bool Capture(HWND window, Picture& picture) {
   RECT client = {};
   if (GetClientRect(window, &client) == 0 || IsRectEmpty(&client) != 0) return false;
@@ -55,8 +50,6 @@ bool Capture(HWND window, Picture& picture) {
   if (isCopied && isRead) picture = std::move(taken);
   return isCopied && isRead;
 }
-
-}  // namespace
 
 PictureWriter::PictureWriter() {
   const Gdiplus::GdiplusStartupInput input;

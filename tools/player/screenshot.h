@@ -1,11 +1,24 @@
 // Pictures of the engine window: its client pixels as a PNG file.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <vector>
 
 #include <windows.h>
 
 namespace player {
+
+struct Picture {
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint32_t> pixels;  // 0xXXRRGGBB, rows from the top
+
+  bool operator==(const Picture&) const = default;
+};
+
+// What the window shows in its client area. False when the system refuses.
+[[nodiscard]] bool Capture(HWND window, Picture& picture);
 
 // Keeps GDI+, which writes the files, started while it lives.
 class PictureWriter {

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <istream>
 #include <optional>
+#include <sstream>
 
 #include "player/key_names.h"
 
@@ -19,26 +20,43 @@ std::string Trimmed(const std::string& text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-std::optional<unsigned> NumberIn(const std::string& text) {
+std::optional<unsigned> NumberIn(const std::string& text, int base = 10) {
   unsigned number = 0;
   const char* end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, number);
+  const auto result = std::from_chars(text.data(), end, number, base);
   if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
   return number;
+}
+
+std::optional<Pixel> PixelIn(const std::string& text) {
+  std::istringstream words(text);
+  std::string x, y, colour, rest;
+  words >> x >> y >> colour;
+  if (colour.size() != 7 || colour.front() != '#' || words >> rest) return std::nullopt;
+  const auto column = NumberIn(x);
+  const auto row = NumberIn(y);
+  const auto value = NumberIn(colour.substr(1), 16);
+  if (!column || !row || !value) return std::nullopt;
+  return Pixel{*column, *row, *value};
 }
 
 // The step that a word and its argument ask for; nothing where they ask for none.
 std::optional<Step> StepOf(const std::string& word, const std::string& argument) {
   if (word == "wait") {
     const auto milliseconds = NumberIn(argument);
-    if (milliseconds) return Step{StepKind::Wait, *milliseconds, {}};
+    if (milliseconds) return Step{StepKind::Wait, *milliseconds, {}, {}};
+  } else if (word == "until") {
+    const auto pixel = PixelIn(argument);
+    if (pixel) return Step{StepKind::Until, 0, {}, *pixel};
   } else if (word == "key") {
     const auto virtualKey = VirtualKeyOf(argument);
-    if (virtualKey) return Step{StepKind::Key, *virtualKey, {}};
+    if (virtualKey) return Step{StepKind::Key, *virtualKey, {}, {}};
   } else if (word == "shot") {
-    if (!argument.empty()) return Step{StepKind::Shot, 0, argument};
+    if (!argument.empty()) return Step{StepKind::Shot, 0, argument, {}};
+  } else if (word == "expose") {
+    if (argument.empty()) return Step{StepKind::Expose, 0, {}, {}};
   } else if (word == "exit") {
-    if (argument.empty()) return Step{StepKind::Exit, 0, {}};
+    if (argument.empty()) return Step{StepKind::Exit, 0, {}, {}};
   }
   return std::nullopt;
 }

@@ -14,6 +14,18 @@ constexpr unsigned kWindowLimitMs = 20000;
 constexpr unsigned kCloseLimitMs = 30000;
 constexpr unsigned kCloseAgainMs = 100;  // a request made before there is a window is lost
 constexpr unsigned kLookAgainMs = 10;
+constexpr unsigned kPixelLimitMs = 10000;
+// A scene may be shown piece by piece while it starts; this long it does not pause.
+constexpr unsigned kStillMs = 100;
+
+constexpr std::uint32_t kColourBits = 0xFFFFFF;
+
+bool IsColour(const Picture& picture, const Pixel& pixel) {
+  const auto width = static_cast<unsigned>(picture.width);
+  const auto height = static_cast<unsigned>(picture.height);
+  return pixel.x < width && pixel.y < height &&
+         (picture.pixels[pixel.y * width + pixel.x] & kColourBits) == pixel.colour;
+}
 
 int Fail(const char* problem) {
   std::fprintf(stderr, "korvel-player: %s\n", problem);
@@ -41,7 +53,8 @@ int Session::Run(MHEG5Host& host, const std::vector<Step>& steps, const Options&
   }
   while (isDone && !isCloseWanted_ && !isEngineClosed_) Pump(kCloseLimitMs);
   if (!Close()) return Fail("the engine does not close");
-  return isDone ? 0 : Fail("the engine window did not last until the run was over");
+  if (!isDone) return Fail("the engine window did not last until the run was over");
+  return isLost_ ? kRunFailed : 0;
 }
 
 // Serves messages until the condition is met (true), or the engine has closed or the time is over.
@@ -78,7 +91,9 @@ bool Session::RunSteps(const std::vector<Step>& steps) {
     if (isEngineClosed_) return false;
     switch (step.kind) {
     case StepKind::Wait: Pump(step.number); break;
+    case StepKind::Until: Await(step.pixel); break;
     case StepKind::Key: PressKey(step.number); break;
+    case StepKind::Expose: WipeWindow(); break;
     case StepKind::Shot:
       if (!TakeShot(step.file)) return false;
       break;
@@ -86,6 +101,38 @@ bool Session::RunSteps(const std::vector<Step>& steps) {
     }
   }
   return true;
+}
+
+// Once something has not come, the run is lost: it takes its other pictures without waiting.
+void Session::Await(const Pixel& pixel) {
+  Picture seen;
+  ULONGLONG seenSince = 0;
+  const bool hasCome = PumpUntil(isLost_ ? 0 : kPixelLimitMs, [&] {
+    Picture now;
+    if (!Capture(engineWindow_, now)) return false;
+    if (now != seen) {
+      seen = std::move(now);
+      seenSince = GetTickCount64();
+    }
+    return IsColour(seen, pixel) && GetTickCount64() - seenSince >= kStillMs;
+  });
+  if (hasCome || isLost_) return;
+  isLost_ = true;
+  std::fprintf(stderr, "korvel-player: the pixel %u %u has not become #%06X\n", pixel.x, pixel.y,
+               static_cast<unsigned>(pixel.colour));
+}
+
+// Leaves a colour that no scene should have, so that it is seen whether the window is painted.
+void Session::WipeWindow() const {
+  constexpr COLORREF kMagenta = RGB(255, 0, 255);
+  RECT client = {};
+  GetClientRect(engineWindow_, &client);
+  const HDC deviceContext = GetDC(engineWindow_);
+  const HBRUSH brush = CreateSolidBrush(kMagenta);
+  FillRect(deviceContext, &client, brush);
+  DeleteObject(brush);
+  ReleaseDC(engineWindow_, deviceContext);
+  InvalidateRect(engineWindow_, nullptr, TRUE);
 }
 
 bool Session::TakeShot(const std::filesystem::path& file) {

@@ -29,6 +29,8 @@ class Session {
   void Pump(unsigned milliseconds);
   void TakeMessages();
   bool RunSteps(const std::vector<Step>& steps);
+  void Await(const Pixel& pixel);
+  void WipeWindow() const;
   bool TakeShot(const std::filesystem::path& file);
   void PressKey(unsigned virtualKey) const;
   bool Close();
@@ -39,6 +41,7 @@ class Session {
   HWND engineWindow_ = nullptr;
   bool isEngineClosed_ = false;
   bool isCloseWanted_ = false;
+  bool isLost_ = false;  // what the script waited for has not come
 };
 
 }  // namespace player

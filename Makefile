@@ -1,6 +1,6 @@
 # The short front of the CMake presets. Each target installs the Debian packages that it needs and
 # that are missing, builds, and does its job. Products: build/<preset>/bin/.
-.PHONY: play test dll mheg fuzz check format
+.PHONY: play test gallery dll mheg fuzz check format
 
 # Plays the demo: in a window where there is a display, else into screenshots.
 play: dll mheg
@@ -12,6 +12,11 @@ play: dll mheg
 test:
 	@scripts/install-packages.sh native windows run test fuzz check
 	@scripts/run-tests.sh native-asan fuzz win64 win32
+
+# One page with the pictures of all demos and picture tests: build/gallery/index.html.
+gallery: dll mheg
+	@scripts/install-packages.sh run gallery
+	@scripts/gallery.sh
 
 # The 64-bit library and the player.
 dll:

@@ -1,6 +1,6 @@
 #!/bin/sh
 # Installs the Debian packages that a task needs and that are missing, saying which. Quick when
-# nothing is missing. Usage: install-packages.sh native|windows|run|test|fuzz|check ...
+# nothing is missing. Usage: install-packages.sh native|windows|run|test|gallery|fuzz|check ...
 set -eu
 
 packages=""
@@ -10,7 +10,8 @@ for task; do
     windows) packages="$packages g++-mingw-w64-x86-64-posix libcli11-dev cmake ninja-build g++" ;;
     run) packages="$packages wine wine64 xvfb xauth fonts-liberation" ;;
     test) packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest openssl
-      python3 python3-pil python3-numpy" ;;
+      python3 python3-pil python3-numpy python3-jinja2" ;;
+    gallery) packages="$packages python3 python3-pil python3-numpy python3-jinja2" ;;
     fuzz) packages="$packages clang libclang-rt-dev cmake ninja-build" ;;
     check) packages="$packages clang-format clang-tidy clang-tools" ;;
     *) echo "$0: no such task: $task" >&2; exit 2 ;;

@@ -4,9 +4,8 @@
 # Usage: run-tests.sh PRESET ...
 set -u
 cd "$(dirname "$0")/.." || exit 1
+. scripts/wine-server.sh
 
-unset DISPLAY
-export WINEPREFIX="$PWD/build/wine"
 passed=0
 failed=0
 
@@ -14,13 +13,6 @@ fail() {
   echo "$1" >&2
   failed=$((failed + 1))
 }
-
-# A server that stays, and one program before the tests: each of them then starts in a moment.
-start_wine() {
-  cmake/wine-prefix.sh && timeout 30 wineserver -p && cmake/wine-run.sh cmd /c exit
-} >/dev/null 2>&1
-stop_wine() { timeout 30 wineserver -k; } >/dev/null 2>&1
-trap stop_wine EXIT
 
 count_tests() {
   log=build/$1/tests.log
@@ -32,6 +24,7 @@ count_tests() {
 }
 
 mkdir -p build
+trap stop_wine EXIT
 start_wine || fail "Wine does not start"
 for preset; do
   # That every header compiles alone is seen once natively and once for Windows.

@@ -320,16 +320,31 @@ std::int32_t PlaceByRule(const std::string& text, std::int32_t start, const std:
   return -1;
 }
 
+std::string RandomText(std::mt19937& random, std::size_t longest) {
+  std::string text(random() % (longest + 1), ' ');
+  for (char& byte : text) byte = "ab\0"[random() % 3];
+  return text;
+}
+
+TEST_F(ResidentProgramsTest, random_texts_are_cut_by_the_rule) {
+  std::mt19937 random(1);  // NOLINT: the same texts every time
+  for (int i = 0; i < 3000; ++i) {
+    const std::string text = RandomText(random, 8);
+    const auto begin = static_cast<std::int32_t>(random() % 14) - 2;
+    const auto end = static_cast<std::int32_t>(random() % 14) - 2;
+    std::string wanted;
+    for (std::int32_t at = 1; at <= static_cast<std::int32_t>(text.size()); ++at) {
+      if (at >= begin && at <= end) wanted += text[static_cast<std::size_t>(at) - 1];
+    }
+    ASSERT_EQ(Substring(text, begin, end), wanted) << text << ' ' << begin << ' ' << end;
+  }
+}
+
 TEST_F(ResidentProgramsTest, random_texts_are_searched_by_the_rule) {
   std::mt19937 random(1);  // NOLINT: the same texts every time
-  const auto randomText = [&random](std::size_t longest) {
-    std::string text(random() % (longest + 1), ' ');
-    for (char& byte : text) byte = "ab\0"[random() % 3];
-    return text;
-  };
   for (int i = 0; i < 3000; ++i) {
-    const std::string text = randomText(8);
-    const std::string wanted = randomText(3);
+    const std::string text = RandomText(random, 8);
+    const std::string wanted = RandomText(random, 3);
     const auto start = static_cast<std::int32_t>(random() % 12) - 1;
     const std::int32_t place = PlaceByRule(text, start, wanted);
     ASSERT_EQ(Found(text, start, wanted), place) << text << ' ' << start << ' ' << wanted;

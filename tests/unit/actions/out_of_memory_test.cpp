@@ -58,7 +58,7 @@ class CompiledActions {
 TEST_F(OutOfMemoryActionsTest, a_text_content_that_cannot_be_copied_is_told) {
   CompiledActions actions(Action::GetTextContent, 1, ParametersOf(ReferenceValue(2)));
   const Texts texts = Starve(
-      [this] {
+      [] {
         Start("{:Text 1 :OrigBoxSize 9 9 :OrigContent \"content\"}"
               "{:OStringVar 2 :OrigValue \"before\"}");
       },
@@ -75,7 +75,7 @@ TEST_F(OutOfMemoryActionsTest, a_text_content_that_cannot_be_copied_is_told) {
 TEST_F(OutOfMemoryActionsTest, a_label_of_an_anchor_that_cannot_be_copied_is_told) {
   CompiledActions actions(Action::GetLastAnchorFired, 1, ParametersOf(ReferenceValue(2)));
   const Texts texts = Starve(
-      [this] {
+      [] {
         Start("{:HyperText 1 :OrigBoxSize 9 9 :OrigContent \"\"}"
               "{:OStringVar 2 :OrigValue \"before\"}");
         ASSERT_TRUE(Object<HyperText>(1).LastAnchorFired.Assign("label"));
@@ -91,26 +91,24 @@ TEST_F(OutOfMemoryActionsTest, a_label_of_an_anchor_that_cannot_be_copied_is_tol
 }
 
 TEST_F(OutOfMemoryActionsTest, a_first_character_that_finds_no_room_stops_the_input) {
-  const Texts texts =
-      Starve([this] { Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"\"}"); },
-             [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
-             [](Status status, const std::string&) {
-               EXPECT_EQ(status, Status::Failure);
-               EXPECT_EQ(Object<EntryField>(1).TextData.View(), "");
-               EXPECT_EQ(Object<EntryField>(1).EntryPoint, 0);
-             });
+  const Texts texts = Starve([] { Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"\"}"); },
+                             [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
+                             [](Status status, const std::string&) {
+                               EXPECT_EQ(status, Status::Failure);
+                               EXPECT_EQ(Object<EntryField>(1).TextData.View(), "");
+                               EXPECT_EQ(Object<EntryField>(1).EntryPoint, 0);
+                             });
   EXPECT_EQ(texts, Texts{"Can't allocate memory for TextData\n"});
 }
 
 TEST_F(OutOfMemoryActionsTest, a_further_character_that_finds_no_room_leaves_the_text) {
-  const Texts texts =
-      Starve([this] { Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"ab\"}"); },
-             [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
-             [](Status status, const std::string&) {
-               EXPECT_EQ(status, Status::Failure);
-               EXPECT_EQ(Object<EntryField>(1).TextData.View(), "ab");
-               EXPECT_EQ(Object<EntryField>(1).EntryPoint, 0);
-             });
+  const Texts texts = Starve([] { Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"ab\"}"); },
+                             [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
+                             [](Status status, const std::string&) {
+                               EXPECT_EQ(status, Status::Failure);
+                               EXPECT_EQ(Object<EntryField>(1).TextData.View(), "ab");
+                               EXPECT_EQ(Object<EntryField>(1).EntryPoint, 0);
+                             });
   EXPECT_EQ(texts, Texts{"Can't allocate memory for NewStr\n"});
 }
 
@@ -119,7 +117,7 @@ TEST_F(OutOfMemoryActionsTest, a_polygon_whose_points_find_no_room_is_not_painte
                           ParametersOf(IntegerValue(1), IntegerValue(2), IntegerValue(3),
                                        IntegerValue(4), IntegerValue(5), IntegerValue(6)));
   const Texts texts = Starve(
-      [this] {
+      [] {
         Start("{:DynamicLineArt 1 :OrigBoxSize 90 90 :BBBox FALSE}");
         ThePresentation().drawings.clear();
       },

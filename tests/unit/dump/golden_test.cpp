@@ -1,0 +1,162 @@
+// Whole dumps against reviewed ones. tests/golden/dump has a text for each, NAME.mheg, and beside
+// it what it is printed as, NAME.dump; lines.txt there lists every form of a line, and all of them
+// occur.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <sstream>
+#include <vector>
+
+#include "dump/printers.h"
+#include "unit/dump/prepared_groups.h"
+#include "unit/dump/printed.h"
+
+namespace korvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kFolder = KORVEL_TESTS_FOLDER "/golden/dump";
+
+std::string FileText(const fs::path& path) {
+  std::ifstream stream(path, std::ios::binary);
+  EXPECT_TRUE(stream) << path;
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+// The names of the files with that extension, without it.
+std::vector<std::string> Names(const char* extension) {
+  std::vector<std::string> names;
+  for (const fs::directory_entry& entry : fs::directory_iterator(kFolder)) {
+    if (entry.path().extension() == extension) names.push_back(entry.path().stem().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+// Tells the first line that differs, which is what one wants to know of a long text.
+void ExpectSame(const std::string& actual, const std::string& name) {
+  const std::string expected = FileText(kFolder / (name + ".dump"));
+  const std::vector<std::string> actualLines = Lines(actual);
+  const std::vector<std::string> expectedLines = Lines(expected);
+  const auto [one, other] = std::mismatch(actualLines.begin(), actualLines.end(),
+                                          expectedLines.begin(), expectedLines.end());
+  EXPECT_TRUE(actual == expected) << name << ".dump line " << one - actualLines.begin() + 1 << "\n"
+                                  << (one == actualLines.end() ? "nothing" : *one) << "\n"
+                                  << (other == expectedLines.end() ? "nothing" : *other)
+                                  << " was expected";
+}
+
+class GoldenDump : public testing::TestWithParam<std::string> {};
+
+TEST_P(GoldenDump, is_printed_to_the_letter) {
+  const OwnedGroup group = Read(FileText(kFolder / (GetParam() + ".mheg")));
+  ASSERT_TRUE(group);
+  if (GetParam() == "running") MakeRunning(*group.Get());
+  if (GetParam() == "running_application") MakeRunningApplication(group.AsApplication());
+  if (GetParam() == "unknown") MakeUnknown(*group.Get());
+  ExpectSame(DumpOf(group), GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, GoldenDump, testing::ValuesIn(Names(".mheg")),
+                         [](const auto& name) { return name.param; });
+
+TEST(GoldenDump, a_variable_of_an_unknown_type_is_printed_to_the_letter) {
+  const Palette record;
+  const std::string dump =
+      Printed([&](std::FILE* stream) { DumpVariable(Tree(0, stream), ItemType::Palette, record); });
+  ExpectSame(dump, "unknown_variable");
+}
+
+// ---- The forms of lines ----
+
+// Whether a line has a form, in which %d stands for a number and %s for any text.
+bool HasForm(std::string_view line, std::string_view form) {
+  if (form.empty()) return line.empty();
+  if (form.starts_with("%s")) {
+    for (std::size_t i = 0; i <= line.size(); ++i) {
+      if (HasForm(line.substr(i), form.substr(2))) return true;
+    }
+    return false;
+  }
+  if (form.starts_with("%d")) {
+    std::size_t end = line.starts_with('-') ? 1 : 0;
+    const std::size_t begin = end;
+    while (end < line.size() && line[end] >= '0' && line[end] <= '9') ++end;
+    return end > begin && HasForm(line.substr(end), form.substr(2));
+  }
+  return !line.empty() && line.front() == form.front() && HasForm(line.substr(1), form.substr(1));
+}
+
+// How closely a form describes a line that has it: by its letters, and numbers before any text.
+std::size_t Closeness(std::string_view form) {
+  std::size_t closeness = 0;
+  for (std::size_t i = 0; i < form.size(); ++i) {
+    if (form[i] != '%') {
+      closeness += 10;
+    } else {
+      closeness += form[++i] == 'd' ? 1 : 0;
+    }
+  }
+  return closeness;
+}
+
+std::set<std::string> Forms() {
+  std::set<std::string> forms;
+  for (const std::string& line : Lines(FileText(kFolder / "lines.txt"))) {
+    if (!line.empty() && line.front() != '#') forms.insert(line);
+  }
+  return forms;
+}
+
+// The form that a line is printed by: that of an absent string rather than that of any string.
+std::string FormOf(std::string_view line, const std::set<std::string>& forms) {
+  std::string closest;
+  for (const std::string& form : forms) {
+    if (HasForm(line, form) && Closeness(form) > Closeness(closest)) closest = form;
+  }
+  return closest;
+}
+
+// Every line of the reviewed dumps, without its prefix.
+std::set<std::string> GoldenLines() {
+  constexpr std::string_view kLevel = "|   ";
+  constexpr std::string_view kPrefixEnd = "|---";
+  std::set<std::string> all;
+  for (const std::string& name : Names(".dump")) {
+    for (const std::string& line : Lines(FileText(kFolder / (name + ".dump")))) {
+      std::string_view rest = line;
+      while (rest.starts_with(kLevel)) rest.remove_prefix(kLevel.size());
+      EXPECT_TRUE(rest.starts_with(kPrefixEnd)) << name << ": " << line;
+      all.emplace(rest.substr(kPrefixEnd.size()));
+    }
+  }
+  return all;
+}
+
+TEST(GoldenDump, every_form_of_a_line_is_shown_and_no_other) {
+  const std::set<std::string> forms = Forms();
+  EXPECT_GT(forms.size(), 400U);
+  std::set<std::string> shown;
+  for (const std::string& line : GoldenLines()) {
+    const std::string form = FormOf(line, forms);
+    EXPECT_FALSE(form.empty()) << "has no form: " << line;
+    shown.insert(form);
+  }
+  for (const std::string& form : forms)
+    EXPECT_TRUE(shown.contains(form)) << "is not shown: " << form;
+}
+
+}  // namespace
+}  // namespace korvel

@@ -1,0 +1,48 @@
+// Groups read from text and printed, for the tests of the dump.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+#include "dump/dump.h"
+#include "objects/decoded_group.h"
+#include "textual/textual.h"
+
+namespace korvel {
+
+// What print(stream) writes.
+template <class Print>
+std::string Printed(Print&& print) {
+  std::FILE* stream = std::tmpfile();
+  print(stream);
+  std::string text;
+  std::rewind(stream);
+  for (int c = std::fgetc(stream); c != EOF; c = std::fgetc(stream)) text += static_cast<char>(c);
+  std::fclose(stream);
+  return text;
+}
+
+// The group as its text says it: no reference is completed.
+inline OwnedGroup Read(const std::string& text) {
+  OwnedGroup group;
+  bool isApplication = false;
+  TextError error;
+  EXPECT_EQ(ReadTextGroup(text, group, isApplication, &error), TextResult::Done)
+      << text << "\n"
+      << error.place.line << ":" << error.place.column << " expected " << error.expected.data();
+  return group;
+}
+
+inline std::string DumpOf(const OwnedGroup& group) {
+  return Printed([&group](std::FILE* stream) {
+    if (group.IsApplication()) {
+      DumpApplication(group.AsApplication(), 0, stream);
+    } else {
+      DumpScene(group.AsScene(), 0, stream);
+    }
+  });
+}
+
+}  // namespace korvel

@@ -7,11 +7,11 @@ play: dll mheg
 	@scripts/install-packages.sh run
 	@scripts/play.sh
 
-# All tests: native ones under the sanitizers, a minute of fuzzing each reader, Windows ones under
-# Wine, scenarios, checks.
+# All tests: those of speed, native ones under the sanitizers, a minute of fuzzing each reader,
+# Windows ones under Wine, scenarios, checks.
 test:
 	@scripts/install-packages.sh native windows run test fuzz check
-	@scripts/run-tests.sh native-asan fuzz win64 win32
+	@scripts/run-tests.sh native native-asan fuzz win64 win32
 
 # One page with the pictures of all demos and picture tests: build/gallery/index.html.
 gallery: dll mheg
@@ -27,8 +27,8 @@ dll:
 # The compiler of textual groups, and the demos made with it.
 mheg:
 	@scripts/install-packages.sh native
-	@cmake --preset native -DKORVEL_TESTS=OFF >/dev/null
-	@cmake --build --preset native
+	@cmake --preset native >/dev/null
+	@cmake --build --preset native --target mheg examples
 
 # The fuzz targets, for ten minutes each unless SECONDS says otherwise.
 fuzz:

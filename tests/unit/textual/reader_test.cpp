@@ -1,18 +1,11 @@
 // What the reader makes of whole groups and of each kind of value.
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <string>
 
 #include "objects/objects.h"
 #include "substitutes/memory.h"
 #include "textual/textual.h"
-
-#ifdef __SANITIZE_ADDRESS__
-#define KORVEL_SLOWED_BY_SANITIZERS true
-#else
-#define KORVEL_SLOWED_BY_SANITIZERS false
-#endif
 
 namespace korvel {
 namespace {
@@ -380,20 +373,6 @@ TEST(TextReader, every_failed_allocation_refuses_the_text_and_leaks_nothing) {
   }
   EXPECT_EQ(refused, 1U) << "only the application's record has a result of its own";
   EXPECT_EQ(test::LiveBlocks(), before);
-}
-
-TEST(TextReader, a_text_of_60_kilobytes_is_read_at_once) {
-  std::string items;
-  for (int number = 1; items.size() < 59000; ++number) {
-    items += "{:Link " + std::to_string(number) +
-             " :EventSource 0 :EventType UserInput :EventData 100 :LinkEffect "
-             "(:Add((\"~/a\" 1) 1) :SetPosition(2 :IndirectRef 5 200))}\n";
-  }
-  const auto start = std::chrono::steady_clock::now();
-  const Reading reading = ReadItems(items);
-  const auto took = std::chrono::steady_clock::now() - start;
-  EXPECT_EQ(reading.result, TextResult::Done);
-  EXPECT_LT(took, std::chrono::milliseconds(KORVEL_SLOWED_BY_SANITIZERS ? 1000 : 50));
 }
 
 }  // namespace

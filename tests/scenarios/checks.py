@@ -12,12 +12,13 @@ pixels of the picture; RANGE is A..B, both included, or one number.
       looked at.
   same NAME.png X Y WIDTH HEIGHT OTHER.png [X Y]
       The area looks exactly like the area of the other picture, or of the same one elsewhere.
-  ink NAME.png X Y WIDTH HEIGHT #BACKGROUND [left|right|top|bottom RANGE] [lines RANGE]
-      [colour #RRGGBB] ...
+  ink NAME.png X Y WIDTH HEIGHT #BACKGROUND [left|right|top|bottom|width|height|lines RANGE] ...
+      [colour #RRGGBB]
       Ink is what differs from the background, and there must be some. Its outermost columns and
-      rows, as places in the picture, lie in these ranges. Lines are runs of rows with ink, so use
-      letters without accents, dots and descenders to count them. With a colour, each pixel of the
-      ink lies between the background and that colour, and one is at least halfway there.
+      rows, as places in the picture, lie in these ranges, and so do their distances. Lines are runs
+      of rows with ink, so use letters without accents, dots and descenders to count them. With a
+      colour, each pixel of the ink lies between the background and that colour, and one is at least
+      halfway there.
 
 `expected/NAME.png` are stored pictures, compared exactly but for the areas in `tolerance`:
 
@@ -172,6 +173,8 @@ def check_ink(taken, words):
         "right": area.x + columns[-1],
         "top": area.y + rows[0],
         "bottom": area.y + rows[-1],
+        "width": columns[-1] - columns[0] + 1,
+        "height": rows[-1] - rows[0] + 1,
         "lines": runs_of(has_ink.any(axis=1)),
     }
     problems = []

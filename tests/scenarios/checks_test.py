@@ -111,10 +111,13 @@ class Checks(unittest.TestCase):
         self.fill(25, 20, 20, 4, INK)
         area = "ink a.png 5 5 60 40 #102060"
         self.assert_right(f"{area} left 21 right 40..44 top 10..12 bottom 23..30 lines 2")
+        self.assert_right(f"{area} width 24 height 12")
         self.assert_wrong(f"{area} left 22..30", "left is 21")
         self.assert_wrong(f"{area} right 45..50", "right is 44")
         self.assert_wrong(f"{area} top 0..11", "top is 12")
         self.assert_wrong(f"{area} bottom 24", "bottom is 23")
+        self.assert_wrong(f"{area} width 25..99", "width is 24")
+        self.assert_wrong(f"{area} height 0..11", "height is 12")
         self.assert_wrong(f"{area} lines 1", "lines is 2")
 
     def test_ink_at_the_edges_of_the_area(self):

@@ -38,13 +38,14 @@ LineAttributes LineOf(const DynamicLineArt& lineArt) noexcept {
   return {lineArt.LineWidth, lineArt.LineStyle, LineColourOf(lineArt)};
 }
 
-// The canvas, made when it is first drawn on, limited to the drawable area. It keeps its size when
-// the box changes.
+// The canvas, made when it is first drawn on, and limited to the drawable area inside of a border.
+// It keeps its size when the box changes.
 Canvas* CanvasOf(DynamicLineArt& lineArt) noexcept {
   const BoxSize& size = lineArt.BoxSize;
   if (lineArt.Canvas == nullptr) lineArt.Canvas = NewCanvas(size.Width, size.Height);
-  const std::int64_t border = 2 * BorderOf(lineArt);
-  (void)ClipCanvas(Narrow(size.Width - border), Narrow(size.Height - border), lineArt.Canvas);
+  if (!lineArt.BorderedBoundingBox) return lineArt.Canvas;
+  const std::int64_t borders = 2 * BorderOf(lineArt);
+  (void)ClipCanvas(Narrow(size.Width - borders), Narrow(size.Height - borders), lineArt.Canvas);
   return lineArt.Canvas;
 }
 

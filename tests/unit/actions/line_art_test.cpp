@@ -66,6 +66,12 @@ TEST_F(LineArtTest, a_border_pushes_the_origin_into_the_box) {
   EXPECT_EQ(ThePresentation().drawings[2], "line -1,0 1,2 line 2/1#00000007");
 }
 
+TEST_F(LineArtTest, without_a_border_the_whole_canvas_is_drawn_on_whatever_the_box_is_now) {
+  StartDrawing();
+  EXPECT_EQ(Run(":SetBoxSize(1 10 10) :DrawLine(1 1 2 3 4) :Clear(1)"), Status::Done);
+  for (const std::string& one : ThePresentation().drawings) EXPECT_FALSE(one.starts_with("clip"));
+}
+
 TEST_F(LineArtTest, coordinates_at_the_ends_of_all_numbers_do_not_wrap) {
   StartDrawing("");
   EXPECT_EQ(Run(":SetLineWidth(1 2147483647) :DrawLine(1 -2147483648 0 2147483647 0)"),

@@ -1,0 +1,25 @@
+// Every file of a batch is worked on once, however many threads there are.
+#include "mheg/batch.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <vector>
+
+namespace mheg {
+namespace {
+
+TEST(Batch, works_on_each_place_once_with_any_number_of_jobs) {
+  for (const unsigned jobs : {0U, 1U, 2U, 3U, 200U}) {
+    std::vector<std::atomic<int>> calls(100);
+    RunBatch(calls.size(), jobs, [&calls](std::size_t place) { ++calls[place]; });
+    for (const std::atomic<int>& count : calls) EXPECT_EQ(count, 1) << jobs;
+  }
+}
+
+TEST(Batch, of_nothing_is_done_at_once) {
+  RunBatch(0, 0, [](std::size_t /*place*/) { ADD_FAILURE(); });
+}
+
+}  // namespace
+}  // namespace mheg

@@ -1,0 +1,174 @@
+// Long runs: the line of progress on a terminal, and the files that are worked on at once. A file
+// that is a pipe lasts until the test has written it.
+#include <fcntl.h>
+#include <poll.h>
+#include <pty.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <thread>
+#include <vector>
+
+#include "unit/mheg/tool.h"
+
+namespace mheg {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+constexpr milliseconds kLimit{20000};
+constexpr const char* kWiped = "\r\x1b[K";
+
+// The tool running on a terminal of its own.
+class OnTerminal {
+ public:
+  OnTerminal(const fs::path& folder, std::vector<const char*> arguments) {
+    arguments.insert(arguments.begin(), KORVEL_TOOL);
+    arguments.push_back(nullptr);
+    process_ = forkpty(&terminal_, nullptr, nullptr, nullptr);
+    if (process_ != 0) return;
+    if (chdir(folder.c_str()) == 0) {
+      execv(KORVEL_TOOL, const_cast<char* const*>(arguments.data()));
+    }
+    _exit(127);
+  }
+  ~OnTerminal() { close(terminal_); }
+  OnTerminal(const OnTerminal&) = delete;
+  OnTerminal& operator=(const OnTerminal&) = delete;
+
+  // Whether the terminal shows the text before the limit and the tool's end.
+  bool Shows(const std::string& text) {
+    while (shown_.find(text) == std::string::npos) {
+      if (!ReadMore()) return false;
+    }
+    return true;
+  }
+  // Waits for the tool's end; its exit status, or -1.
+  int Status() {
+    while (ReadMore()) {
+    }
+    int status = -1;
+    waitpid(process_, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+  [[nodiscard]] const std::string& Shown() const { return shown_; }
+
+ private:
+  bool ReadMore() {
+    pollfd waiting{terminal_, POLLIN, 0};
+    if (poll(&waiting, 1, static_cast<int>(kLimit.count())) != 1) return false;
+    char bytes[256];
+    const ssize_t count = read(terminal_, bytes, sizeof bytes);
+    if (count <= 0) return false;
+    shown_.append(bytes, static_cast<std::size_t>(count));
+    return true;
+  }
+
+  int terminal_ = -1;
+  pid_t process_ = -1;
+  std::string shown_;
+};
+
+class LongRun : public Tool {
+ protected:
+  void MakePipe(const char* name) { ASSERT_EQ(mkfifo((folder_ / name).c_str(), 0600), 0); }
+
+  // The pipe's end to write to, once the tool has begun to read; -1 when it does not in that time.
+  int BeginToWrite(const char* name, milliseconds limit = kLimit) {
+    const auto end = steady_clock::now() + limit;
+    do {
+      const int pipe = open((folder_ / name).c_str(), O_WRONLY | O_NONBLOCK);
+      if (pipe != -1 || errno != ENXIO) return pipe;
+      std::this_thread::sleep_for(milliseconds(5));
+    } while (steady_clock::now() < end);
+    return -1;
+  }
+  static void EndWriting(int pipe) {
+    const std::string_view text = kScene;
+    EXPECT_EQ(write(pipe, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    close(pipe);
+  }
+};
+
+TEST_F(LongRun, shows_its_progress_on_a_terminal_after_a_second_and_wipes_it_at_the_end) {
+  MakePipe("slow.mheg");
+  Write("quick.mheg", kScene);
+  const auto start = steady_clock::now();
+  OnTerminal tool(folder_, {"compile", "slow.mheg", "quick.mheg", "-o", "out/", "--jobs", "2"});
+  const int slow = BeginToWrite("slow.mheg");
+  ASSERT_NE(slow, -1);
+  EXPECT_TRUE(tool.Shows("\r1 of 2 files")) << tool.Shown();
+  EXPECT_GE(steady_clock::now() - start, milliseconds(1000));
+  EndWriting(slow);
+  EXPECT_EQ(tool.Status(), 0);
+  EXPECT_TRUE(tool.Shown().ends_with(kWiped)) << tool.Shown();
+  EXPECT_EQ(File("out/slow"), File("out/quick"));
+}
+
+TEST_F(LongRun, is_wiped_before_its_messages) {
+  MakePipe("slow.mheg");
+  Write("bad.mheg", "{");
+  OnTerminal tool(folder_, {"compile", "slow.mheg", "bad.mheg", "-o", "out/", "--jobs", "2"});
+  const int slow = BeginToWrite("slow.mheg");
+  ASSERT_NE(slow, -1);
+  EXPECT_TRUE(tool.Shows("\r1 of 2 files"));
+  EndWriting(slow);
+  EXPECT_EQ(tool.Status(), 1);
+  EXPECT_NE(tool.Shown().find(std::string(kWiped) + "bad.mheg:1:2: "), std::string::npos)
+      << tool.Shown();
+}
+
+TEST_F(LongRun, of_less_than_a_second_shows_nothing) {
+  Write("quick.mheg", kScene);
+  OnTerminal tool(folder_, {"compile", "quick.mheg", "-o", "quick"});
+  EXPECT_EQ(tool.Status(), 0);
+  EXPECT_EQ(tool.Shown(), "");
+}
+
+TEST_F(LongRun, shows_nothing_where_there_is_no_terminal) {
+  MakePipe("slow.mheg");
+  std::thread writer([this] {
+    const int slow = BeginToWrite("slow.mheg");
+    std::this_thread::sleep_for(milliseconds(1500));  // in which the line would have come
+    EndWriting(slow);
+  });
+  const ToolOutcome run = Call("compile slow.mheg -o slow");
+  writer.join();
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output, "");
+}
+
+TEST_F(LongRun, with_two_jobs_works_on_two_files_at_once) {
+  MakePipe("one.mheg");
+  MakePipe("two.mheg");
+  OnTerminal tool(folder_, {"compile", "one.mheg", "two.mheg", "-o", "out/", "--jobs", "2"});
+  const int two = BeginToWrite("two.mheg");
+  const int one = BeginToWrite("one.mheg");
+  ASSERT_NE(one, -1);
+  ASSERT_NE(two, -1);
+  EndWriting(two);
+  EndWriting(one);
+  EXPECT_EQ(tool.Status(), 0);
+  EXPECT_TRUE(Exists("out/one"));
+  EXPECT_TRUE(Exists("out/two"));
+}
+
+TEST_F(LongRun, with_one_job_works_on_one_file_after_the_other) {
+  MakePipe("one.mheg");
+  MakePipe("two.mheg");
+  OnTerminal tool(folder_, {"compile", "one.mheg", "two.mheg", "-o", "out/", "--jobs", "1"});
+  const int one = BeginToWrite("one.mheg");
+  ASSERT_NE(one, -1);
+  EXPECT_EQ(BeginToWrite("two.mheg", milliseconds(200)), -1);
+  EndWriting(one);
+  const int two = BeginToWrite("two.mheg");
+  ASSERT_NE(two, -1);
+  EndWriting(two);
+  EXPECT_EQ(tool.Status(), 0);
+}
+
+}  // namespace
+}  // namespace mheg

@@ -1,0 +1,57 @@
+// The built tool, called in a scratch folder of its own.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace mheg {
+
+namespace fs = std::filesystem;
+
+struct ToolOutcome {
+  int status = -1;
+  std::string output;  // both streams
+};
+
+class Tool : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string name = (fs::temp_directory_path() / "mheg-test-XXXXXX").string();
+    folder_ = mkdtemp(name.data());
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  // Runs the tool in the scratch folder.
+  ToolOutcome Call(const std::string& arguments) const {
+    const std::string command =
+        "cd '" + folder_.string() + "' && '" KORVEL_TOOL "' " + arguments + " 2>&1";
+    ToolOutcome run;
+    FILE* pipe = popen(command.c_str(), "r");
+    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) {
+      run.output += static_cast<char>(c);
+    }
+    run.status = WEXITSTATUS(pclose(pipe));
+    return run;
+  }
+  void Write(const std::string& name, const std::string& bytes) const {
+    std::ofstream(folder_ / name, std::ios::binary) << bytes;
+  }
+  [[nodiscard]] std::string File(const std::string& name) const {
+    std::ifstream stream(folder_ / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+  }
+  [[nodiscard]] bool Exists(const std::string& name) const { return fs::exists(folder_ / name); }
+
+  fs::path folder_;
+};
+
+constexpr const char* kScene = "{:Scene (\"~/s\" 0)\n  :SceneCS 720 576\n}\n";
+
+}  // namespace mheg

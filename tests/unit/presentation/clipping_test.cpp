@@ -1,0 +1,127 @@
+// Lines and polygons of any coordinates, cut to those that are drawn: what lies within them is
+// neither moved nor bent.
+#include "presentation/clipping.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+#include <vector>
+
+#include "presentation/geometry.h"
+
+namespace korvel::test {
+
+constexpr std::int32_t kFar = 32000;
+
+bool IsDrawn(const CanvasPoint& point) {
+  return std::abs(point.X) <= kFar && std::abs(point.Y) <= kFar;
+}
+
+// Twice the area of the triangle a, b, c, above 0 when they turn left.
+double Turn(const CanvasPoint& a, const CanvasPoint& b, const CanvasPoint& c) {
+  return (static_cast<double>(b.X) - a.X) * (static_cast<double>(c.Y) - a.Y) -
+         (static_cast<double>(b.Y) - a.Y) * (static_cast<double>(c.X) - a.X);
+}
+
+double Distance(const CanvasPoint& a, const CanvasPoint& b, const CanvasPoint& point) {
+  const double length = std::hypot(static_cast<double>(b.X) - a.X, static_cast<double>(b.Y) - a.Y);
+  return length == 0 ? std::hypot(point.X - a.X, point.Y - a.Y)
+                     : std::abs(Turn(a, b, point)) / length;
+}
+
+// Points all over the numbers, one in four of them within the drawn square.
+class RandomPoints {
+ public:
+  CanvasPoint Next() {
+    const bool isNear = random_() % 4 == 0;
+    return {Coordinate(isNear), Coordinate(isNear)};
+  }
+  CanvasPoint Near() { return {Coordinate(true), Coordinate(true)}; }
+
+ private:
+  std::int32_t Coordinate(bool isNear) {
+    const auto any = static_cast<std::int32_t>(random_());
+    return isNear ? any % (kFar + 1) : any >> random_() % 16;
+  }
+  std::mt19937 random_{1};  // NOLINT: the same points every time
+};
+
+TEST(Clipping, a_line_within_stays_and_a_line_beside_is_none) {
+  CanvasPoint from = {-kFar, 0};
+  CanvasPoint to = {kFar, 7};
+  EXPECT_TRUE(ClipLine(from, to));
+  EXPECT_EQ(from.X, -kFar);
+  EXPECT_EQ(to.Y, 7);
+  from = {kFar + 1, 0};
+  to = {kFar + 9, 5};
+  EXPECT_FALSE(ClipLine(from, to));
+}
+
+TEST(Clipping, a_line_is_cut_and_not_bent) {
+  RandomPoints random;
+  for (int round = 0; round < 5000; ++round) {
+    const CanvasPoint from = random.Next();
+    const CanvasPoint to = random.Next();
+    CanvasPoint start = from;
+    CanvasPoint end = to;
+    if (!ClipLine(start, end)) {
+      EXPECT_FALSE(IsDrawn(from) || IsDrawn(to));
+      continue;
+    }
+    ASSERT_TRUE(IsDrawn(start) && IsDrawn(end)) << round;
+    ASSERT_LE(Distance(from, to, start), 2.0) << round;
+    ASSERT_LE(Distance(from, to, end), 2.0) << round;
+    if (IsDrawn(from)) {
+      ASSERT_EQ(start.X, from.X);
+      ASSERT_EQ(start.Y, from.Y);
+    }
+  }
+}
+
+// Whether the point lies in a polygon that turns one way only, and how near it is to the outline.
+struct Place {
+  bool isInside;
+  double distance;
+};
+Place PlaceIn(const std::vector<CanvasPoint>& corners, const CanvasPoint& point) {
+  bool isLeft = false;
+  bool isRight = false;
+  double nearest = 1e300;
+  for (std::size_t i = 0; i < corners.size(); ++i) {
+    const CanvasPoint& next = corners[(i + 1) % corners.size()];
+    const double turn = Turn(corners[i], next, point);
+    isLeft = isLeft || turn > 0;
+    isRight = isRight || turn < 0;
+    nearest = std::min(nearest, Distance(corners[i], next, point));
+  }
+  return {!corners.empty() && isLeft != isRight, nearest};
+}
+
+TEST(Clipping, what_a_triangle_covers_within_the_square_stays_covered) {
+  RandomPoints random;
+  int covered = 0;
+  for (int round = 0; round < 2000; ++round) {
+    const std::vector<CanvasPoint> triangle = {random.Next(), random.Next(), random.Next()};
+    Sequence<CanvasPoint> cut;
+    ASSERT_TRUE(ClipPolygon(triangle, cut));
+    const std::vector<CanvasPoint> clipped(cut.begin(), cut.end());
+    for (const CanvasPoint& corner : clipped) ASSERT_TRUE(IsDrawn(corner));
+    for (int sample = 0; sample < 10; ++sample) {
+      const CanvasPoint point = random.Near();
+      const Place wanted = PlaceIn(triangle, point);
+      if (wanted.distance < 4) continue;
+      covered += wanted.isInside ? 1 : 0;
+      ASSERT_EQ(PlaceIn(clipped, point).isInside, wanted.isInside) << round;
+    }
+  }
+  EXPECT_GT(covered, 500);
+}
+
+TEST(Clipping, a_polygon_of_no_points_stays_empty) {
+  Sequence<CanvasPoint> cut;
+  EXPECT_TRUE(ClipPolygon({}, cut));
+  EXPECT_EQ(cut.Size(), 0U);
+}
+
+}  // namespace korvel::test

@@ -1,0 +1,43 @@
+// The colours of planar frames, sides of one pixel and odd ones included.
+#include "presentation/yuv.h"
+
+#include <gtest/gtest.h>
+
+namespace korvel::test {
+
+// The colour of a frame of one pair of rows whose samples are all the same.
+std::uint32_t ColourOf(std::uint8_t y, std::uint8_t u, std::uint8_t v) {
+  const PlanarFrame frame({2, 2});
+  std::uint8_t* bytes = frame.Bytes();
+  for (int luma = 0; luma < 4; ++luma) *bytes++ = y;
+  *bytes++ = u;
+  *bytes = v;
+  return frame.PixelAt(1, 1);
+}
+
+TEST(PlanarFrame, luma_alone_is_grey_between_16_and_235) {
+  EXPECT_EQ(ColourOf(16, 128, 128), 0xFF000000U);
+  EXPECT_EQ(ColourOf(235, 128, 128), 0xFFFEFEFEU);
+  EXPECT_EQ(ColourOf(0, 128, 128), 0xFF000000U);
+  EXPECT_EQ(ColourOf(255, 128, 128), 0xFFFFFFFFU);
+}
+
+TEST(PlanarFrame, chroma_is_worked_in_fractions_and_cut_off) {
+  // 1.164 * 84 = 97.776; 1.596 * 10 = 15.96; 0.813 * 10 + 0.391 * 20 = 15.95; 2.018 * 20 = 40.36
+  EXPECT_EQ(ColourOf(100, 148, 138), 0xFF000000U | 113U << 16 | 81U << 8 | 138U);
+}
+
+TEST(PlanarFrame, the_last_row_and_column_of_an_odd_size_share_the_chroma_before_them) {
+  const PlanarFrame frame({3, 3});
+  for (int sample = 0; sample < 9; ++sample) frame.Bytes()[sample] = 126;
+  frame.Bytes()[9] = 128;
+  frame.Bytes()[10] = 255;
+  EXPECT_EQ(frame.PixelAt(2, 2), frame.PixelAt(0, 0));
+}
+
+TEST(PlanarFrame, a_frame_of_one_pixel_is_survived) {
+  const PlanarFrame frame({1, 1});
+  EXPECT_EQ(frame.PixelAt(0, 0) >> 24, 0xFFU);
+}
+
+}  // namespace korvel::test

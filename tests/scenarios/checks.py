@@ -12,6 +12,8 @@ pixels of the picture; RANGE is A..B, both included, or one number.
       looked at.
   same NAME.png X Y WIDTH HEIGHT OTHER.png [X Y]
       The area looks exactly like the area of the other picture, or of the same one elsewhere.
+  changed NAME.png X Y WIDTH HEIGHT OTHER.png
+      At least one pixel of the area differs from the other picture.
   ink NAME.png X Y WIDTH HEIGHT #BACKGROUND [left|right|top|bottom|width|height|lines RANGE] ...
       [colour #RRGGBB]
       Ink is what differs from the background, and there must be some. Its outermost columns and
@@ -146,6 +148,16 @@ def check_same(taken, words):
     return [f"{differs.sum()} pixels are not the same"] if differs.any() else []
 
 
+def check_changed(taken, words):
+    name, x, y, width, height, other = words
+    area = taken.area(name, [x, y, width, height])
+    model = taken.area(other, [x, y, width, height])
+    if (area.pixels != model.pixels).any():
+        return []
+    area.wrong[...] = True
+    return ["nothing has changed"]
+
+
 def runs_of(flags):
     """How many runs of true there are."""
     return int(flags[0]) + int((flags[1:] & ~flags[:-1]).sum())
@@ -193,7 +205,7 @@ def check_ink(taken, words):
     return problems
 
 
-KINDS = {"frame": check_frame, "same": check_same, "ink": check_ink}
+KINDS = {"frame": check_frame, "same": check_same, "changed": check_changed, "ink": check_ink}
 
 
 def wrong_pixels(scenario, taken):

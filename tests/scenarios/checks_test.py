@@ -104,6 +104,12 @@ class Checks(unittest.TestCase):
         self.fill(0, 0, 3, 1, INK)
         self.assert_wrong("same a.png 0 0 80 60 b.png", "3 pixels are not the same")
 
+    def test_changed_from_another_picture(self):
+        self.save(name="b.png")
+        self.fill(7, 5, 1, 1, INK)
+        self.assert_right("changed a.png 0 0 8 6 b.png")
+        self.assert_wrong("changed a.png 0 0 7 6 b.png", "nothing has changed")
+
     # Ink
 
     def test_ink_where_it_lies(self):

@@ -2,10 +2,11 @@
 # that are missing, builds, and does its job. Products: build/<preset>/bin/.
 .PHONY: play test gallery dll mheg fuzz check format
 
-# Plays the demo: in a window where there is a display, else into screenshots.
+# Plays the demo that DEMO names (welcome, quiz, clock): in a window where there is a display, else
+# into screenshots.
 play: dll mheg
 	@scripts/install-packages.sh run
-	@scripts/play.sh
+	@scripts/play.sh $(or $(DEMO),welcome)
 
 # All tests: those of speed, native ones under the sanitizers, a minute of fuzzing each reader,
 # Windows ones under Wine, scenarios, checks.

@@ -1,10 +1,19 @@
 #!/bin/sh
-# Plays a carousel (the demo unless another folder is given): in a window where there is a display,
-# else on a virtual one, leaving screenshots. Wine's prefix for it is apart from the tests' one.
+# Plays a demo, or the carousel in a folder: in a window where there is a display, else on a virtual
+# one, leaving the screenshots that its play.script takes. Wine's prefix for it is apart from the
+# tests' one.
 set -eu
 cd "$(dirname "$0")/.."
 
-carousel=${1:-build/native/examples/welcome}
+demo=${1:-welcome}
+case $demo in
+*/*) carousel=$demo script=$demo/play.script ;;
+*) carousel=build/native/examples/$demo script=examples/$demo/play.script ;;
+esac
+if [ ! -d "$carousel" ]; then
+  echo "There is no demo '$demo', but: $(ls build/native/examples | grep -v -i cmake | xargs)" >&2
+  exit 2
+fi
 player=build/win64/bin/korvel-player.exe
 export WINEPREFIX="$PWD/build/wine-play" KORVEL_WINE_DISPLAY=1 KORVEL_WINE_LIMIT=0
 trap 'wineserver -k >/dev/null 2>&1' EXIT
@@ -13,11 +22,11 @@ if [ -n "${DISPLAY-}" ]; then
   echo "Keys: arrows, Enter, Escape, digits, R G Y B, T. Close the window to end."
   cmake/wine-run.sh $player "$carousel"
 else
-  pictures=build/play
-  mkdir -p $pictures
+  pictures=build/play/$(basename "$demo")
+  mkdir -p "$pictures"
   echo "There is no display: the demo plays on a virtual one."
   xvfb-run -a -s '-screen 0 1024x768x24' \
-    cmake/wine-run.sh $player "$carousel" --script examples/welcome/play.script
+    cmake/wine-run.sh $player "$carousel" --script "$script"
   echo "Screenshots: $PWD/$pictures"
-  ls $pictures
+  ls "$pictures"
 fi

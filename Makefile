@@ -19,7 +19,7 @@ gallery: dll mheg
 	@scripts/install-packages.sh run gallery
 	@scripts/gallery.sh
 
-# The 64-bit library and the player.
+# The 64-bit library, and the player with its decoder of I-frames.
 dll:
 	@scripts/install-packages.sh windows
 	@cmake --preset win64 >/dev/null

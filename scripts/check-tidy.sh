@@ -18,7 +18,7 @@ if grep -q mingw32 "$build/compile_commands.json"; then
     set -- "$@" "-extra-arg-before=$argument"
   done
   folders='src/host|src/presentation|tools/player|examples'
-  portable='carousel|key_names|options|script'
+  portable='carousel|key_names|options|script|menuapi/(?!exports)[a-z_]+'
 fi
 
 log=$build/tidy.log

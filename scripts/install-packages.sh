@@ -9,7 +9,7 @@ for task; do
     native) packages="$packages g++ cmake ninja-build libcli11-dev" ;;
     windows) packages="$packages g++-mingw-w64-x86-64-posix libcli11-dev cmake ninja-build g++" ;;
     run) packages="$packages wine wine64 xvfb xauth fonts-liberation" ;;
-    test) packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest openssl
+    test) packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest openssl ffmpeg
       python3 python3-pil python3-numpy python3-jinja2" ;;
     gallery) packages="$packages python3 python3-pil python3-numpy python3-jinja2" ;;
     fuzz) packages="$packages clang libclang-rt-dev cmake ninja-build" ;;

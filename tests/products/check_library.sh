@@ -1,14 +1,15 @@
 #!/bin/sh
-# Fails unless the library exports exactly its four functions by plain names and imports system
-# libraries only. Usage: check_library.sh OBJDUMP korvel.dll
+# Fails unless the library exports exactly these functions by plain names and imports system
+# libraries only. Usage: check_library.sh OBJDUMP LIBRARY FUNCTION ...
 set -eu
 listing=$(mktemp)
 trap 'rm -f "$listing"' EXIT
 "$1" -p "$2" >"$listing"
+shift 2
 
 exports=$(sed -n '/\[Ordinal\/Name Pointer\] Table/,/^$/s/.*\] //p' "$listing" | grep -v Table |
   sort | tr '\n' ' ')
-[ "$exports" = "ExitMHEG5 MHEG5ReStart MHEG5WaitForClose RunMHEG5Window " ] || {
+[ "$exports" = "$* " ] || {
   echo "exports: $exports"
   exit 1
 }

@@ -1,0 +1,138 @@
+// The tables of codes: whether they are tables of codes at all, and what is known of each whole.
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "player/menuapi/coefficient_codes.h"
+#include "player/menuapi/macroblock_codes.h"
+#include "unit/menuapi/bit_writer.h"
+
+namespace menuapi::test {
+
+namespace {
+
+constexpr int kLongest = 16;
+
+// The runs and levels of a table, and that none of its codes begins another one.
+std::set<std::pair<int, int>> Steps(CoefficientTable table) {
+  std::vector<Code<RunLevel>> rows;
+  for (const auto& part : {OwnCoefficientRows(table), SharedCoefficientRows()}) {
+    rows.insert(rows.end(), part.begin(), part.end());
+  }
+  std::set<std::pair<int, int>> steps;
+  for (const auto& row : rows) {
+    for (const auto& other : rows) {
+      EXPECT_TRUE(&row == &other || !other.bits.starts_with(row.bits)) << row.bits;
+    }
+    EXPECT_TRUE(steps.emplace(row.value.run, row.value.level).second) << row.bits;
+  }
+  return steps;
+}
+
+// How many numbers of 16 bits begin with a code of the table and, but for the end of a block and
+// the escape, with its sign.
+int UsedNumbers(CoefficientTable table) {
+  int used = 0;
+  for (const auto& part : {OwnCoefficientRows(table), SharedCoefficientRows()}) {
+    for (const auto& row : part) used += 1 << (kLongest - static_cast<int>(row.bits.size()));
+  }
+  return used;
+}
+
+// How many values a table of numbers has, and how many numbers of 16 bits begin with no code of it.
+std::pair<std::size_t, int> Extent(const CodeTable<int>& table) {
+  std::set<int> values;
+  int unused = 0;
+  for (unsigned number = 0; number < 1U << kLongest; ++number) {
+    BitWriter writer;
+    writer.Put(number, kLongest);
+    BitReader reader(writer.Bytes());
+    const int* value = table.Read(reader);
+    if (value != nullptr) values.insert(*value);
+    unused += value == nullptr ? 1 : 0;
+  }
+  return {values.size(), unused};
+}
+
+}  // namespace
+
+TEST(CodeTable, reads_a_code_and_leaves_what_follows) {
+  constexpr Code<int> rows[] = {{"1", 7}, {"01", 8}, {"00000000001", 9}};
+  const CodeTable<int> table{rows};
+  BitWriter writer;
+  writer.Put("01"
+             "00000000001"
+             "1"
+             "00000000000");
+  BitReader reader(writer.Bytes());
+  for (const int expected : {8, 9, 7}) {
+    const int* value = table.Read(reader);
+    ASSERT_NE(value, nullptr);
+    EXPECT_EQ(*value, expected);
+  }
+  EXPECT_EQ(table.Read(reader), nullptr);
+  EXPECT_EQ(reader.Peek(11), 0U);
+}
+
+TEST(CoefficientCodes, of_both_tables_stand_for_the_same) {
+  const auto zero = Steps(CoefficientTable::Zero);
+  EXPECT_EQ(zero.size(), 113U);  // 111 steps, end and escape
+  EXPECT_EQ(zero, Steps(CoefficientTable::One));
+}
+
+// How far levels go that have a code, for each run.
+TEST(CoefficientCodes, reach_as_far_as_the_standard_lists_them) {
+  std::map<int, int> highest;
+  std::map<int, int> count;
+  for (const auto& [run, level] : Steps(CoefficientTable::Zero)) {
+    if (level <= 0) continue;
+    highest[run] = std::max(highest[run], level);
+    ++count[run];
+  }
+  EXPECT_EQ(highest, count);  // no level is left out
+  const std::map<int, int> firsts = {{0, 40}, {1, 18}, {2, 5}, {3, 4}, {4, 3}, {5, 3}, {6, 3}};
+  for (int run = 0; run <= 31; ++run) {
+    const auto first = firsts.find(run);
+    EXPECT_EQ(highest[run], first != firsts.end() ? first->second : run <= 16 ? 2 : 1) << run;
+  }
+  EXPECT_FALSE(highest.contains(32));
+}
+
+// Twelve zeros begin nothing, so that no code can be taken for a start code; table one has nine
+// more such numbers unused.
+TEST(CoefficientCodes, leave_hardly_a_number_unused) {
+  EXPECT_EQ((1 << 16) - UsedNumbers(CoefficientTable::Zero), 1 << 4);
+  EXPECT_EQ((1 << 16) - UsedNumbers(CoefficientTable::One), 9 << 4);
+}
+
+TEST(CoefficientCodes, are_read_back_row_by_row) {
+  for (const CoefficientTable table : {CoefficientTable::Zero, CoefficientTable::One}) {
+    for (const auto& part : {OwnCoefficientRows(table), SharedCoefficientRows()}) {
+      for (const auto& row : part) {
+        BitWriter writer;
+        writer.Put(row.bits);
+        writer.Put("1");
+        BitReader reader(writer.Bytes());
+        const RunLevel* read = CoefficientCodes(table).Read(reader);
+        ASSERT_NE(read, nullptr) << row.bits;
+        EXPECT_EQ(read->run, row.value.run);
+        EXPECT_EQ(read->level, row.value.level);
+        EXPECT_EQ(reader.Read(1), 1U);
+      }
+    }
+  }
+}
+
+TEST(MacroblockCodes, have_as_many_values_and_gaps_as_the_standard_lists) {
+  using Numbers = std::pair<std::size_t, int>;
+  // 33 increments and the escape. Of 11 bits, all from 24 on begin a code, and 8 is the escape.
+  EXPECT_EQ(Extent(AddressIncrementCodes()), Numbers(34, 23 << 5));
+  EXPECT_EQ(Extent(IntraTypeCodes()), Numbers(2, 1 << 14));
+  // Of 10 bits, all from 12 on begin a code.
+  EXPECT_EQ(Extent(MotionCodes()), Numbers(17, 12 << 6));
+  EXPECT_EQ(Extent(LumaDcSizeCodes()), Numbers(12, 0));
+  EXPECT_EQ(Extent(ChromaDcSizeCodes()), Numbers(12, 0));
+}
+
+}  // namespace menuapi::test

@@ -1,0 +1,197 @@
+// Damaged streams: whatever the bytes are, decoding stays within its buffers and ends, and what is
+// sound of a picture is shown.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <random>
+
+#include "unit/menuapi/planes.h"
+#include "unit/menuapi/reference.h"
+#include "unit/menuapi/stream_writer.h"
+
+namespace menuapi::test {
+
+namespace {
+
+constexpr FrameSize kSize{32, 32};
+
+Bytes NoisyStream(const std::string& options) {
+  return Reference().Encode("testsrc2=size=64x48,noise=alls=50:all_seed=7", options);
+}
+
+// Two rows, the first of which has `broken` in place of its second macroblock.
+Planes DecodeWithBroken(std::string_view broken, StreamSettings settings = {}) {
+  StreamWriter stream(settings);
+  stream.Headers();
+  stream.Slice(0);
+  stream.Macroblock("11", 60, 70, 80);
+  stream.Bits().Put(broken);
+  stream.FlatRow(1, 90);
+  Planes planes(kSize);
+  EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Damaged) << broken;
+  EXPECT_EQ(planes.Luma(15, 15), 60) << broken;
+  EXPECT_EQ(planes.Luma(31, 31), 92) << broken;
+  return planes;
+}
+
+}  // namespace
+
+TEST(Damage, of_a_stream_cut_at_any_byte) {
+  const Bytes stream = NoisyStream("-qscale:v 6 -flags +ildct+ilme");
+  Planes whole({64, 48});
+  ASSERT_EQ(whole.Decode(stream), Result::Done);
+  int damaged = 0;
+  for (std::size_t size = 7; size < stream.size(); ++size) {
+    // A copy of its own, so that a read behind its end is noticed.
+    const Bytes cut(stream.begin(), stream.begin() + static_cast<std::ptrdiff_t>(size));
+    Planes planes({64, 48});
+    const Result result = planes.Decode(cut);
+    EXPECT_TRUE(result != Result::Refused || planes.IsBlack()) << size;
+    EXPECT_TRUE(result != Result::Done || std::ranges::equal(planes.Bytes(), whole.Bytes()))
+        << size;
+    damaged += result == Result::Damaged ? 1 : 0;
+  }
+  EXPECT_GT(damaged, 100);
+}
+
+TEST(Damage, of_random_bytes) {
+  for (const char* options :
+       {"-qscale:v 4", "-qscale:v 3 -flags +ildct+ilme -alternate_scan 1 -intra_vlc 1 -dc 10"}) {
+    const Bytes stream = NoisyStream(options);
+    std::mt19937 random(20);
+    int survived = 0;
+    for (int round = 0; round < 1000; ++round) {
+      Bytes damaged = stream;
+      for (unsigned count = 1 + random() % 8; count > 0; --count) {
+        // The size stays, because the buffer is of that size.
+        damaged[7 + random() % (damaged.size() - 7)] = static_cast<std::uint8_t>(random());
+      }
+      Planes planes({64, 48});
+      if (planes.Decode(damaged) != Result::Refused) ++survived;
+    }
+    EXPECT_GT(survived, 100);
+  }
+}
+
+TEST(Damage, of_one_slice_leaves_the_others_as_they_are) {
+  const Bytes stream = NoisyStream("-qscale:v 4");
+  Planes whole({64, 48});
+  ASSERT_EQ(whole.Decode(stream), Result::Done);
+  // The second slice begins with the bits of no macroblock.
+  const Bytes start = {0, 0, 1, 2};
+  const auto slice = std::search(stream.begin(), stream.end(), start.begin(), start.end());
+  ASSERT_NE(slice, stream.end());
+  Bytes damaged = stream;
+  std::fill_n(damaged.begin() + (slice - stream.begin()) + 4, 3, std::uint8_t{0x08});
+  Planes planes({64, 48});
+  EXPECT_EQ(planes.Decode(damaged), Result::Damaged);
+  for (int x = 0; x < 64; ++x) {
+    EXPECT_EQ(planes.Luma(x, 15), whole.Luma(x, 15));
+    EXPECT_EQ(planes.Luma(x, 32), whole.Luma(x, 32));
+  }
+}
+
+TEST(Damage, of_a_macroblock_ends_its_slice) {
+  EXPECT_EQ(DecodeWithBroken("").Luma(16, 0), 16);  // the slice ends early
+  EXPECT_EQ(DecodeWithBroken("011"
+                             "1")
+                .Luma(16, 0),
+            16);                                               // one macroblock is left out
+  EXPECT_EQ(DecodeWithBroken("00000000001").Luma(16, 0), 16);  // no increment
+  EXPECT_EQ(DecodeWithBroken("1"
+                             "001")
+                .Luma(16, 0),
+            16);  // no type of an intra picture
+  EXPECT_EQ(DecodeWithBroken("1"
+                             "01"
+                             "00000"
+                             "1")
+                .Luma(16, 0),
+            16);  // no quantiser scale
+}
+
+TEST(Damage, of_a_block_ends_its_slice) {
+  // The DC coefficient falls below 0 or rises above its range: 60 - 63, 60 + 255.
+  DecodeWithBroken("11"
+                   "1111"
+                   "0"
+                   "000000"
+                   "10");
+  DecodeWithBroken("11"
+                   "1111110"
+                   "11111111"
+                   "10");
+  // No such coefficient.
+  DecodeWithBroken("11"
+                   "100"
+                   "000000000000"
+                   "1111");
+  // An escape with level 0, and with -2048, which has no opposite.
+  DecodeWithBroken("11"
+                   "100"
+                   "000001"
+                   "000000"
+                   "000000000000"
+                   "10");
+  DecodeWithBroken("11"
+                   "100"
+                   "000001"
+                   "000000"
+                   "100000000000"
+                   "10");
+  // A run beyond the block's end: 1 + 62 more is its end, 1 + 63 is beyond.
+  DecodeWithBroken("11"
+                   "100"
+                   "000001"
+                   "111111"
+                   "000000000001"
+                   "10");
+  DecodeWithBroken("11"
+                   "100"
+                   "000001"
+                   "111101"
+                   "000000000001"
+                   "110"
+                   "10");
+}
+
+TEST(Damage, of_rows_is_noticed) {
+  StreamWriter stream({});
+  stream.Headers();
+  stream.FlatRow(0, 60);
+  stream.FlatRow(0, 200);  // again: the first one holds
+  stream.FlatRow(2, 200);  // below the picture
+  Planes planes(kSize);
+  EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Damaged);
+  EXPECT_EQ(planes.Luma(0, 0), 60);
+  EXPECT_EQ(planes.Luma(0, 16), 16);
+}
+
+TEST(Damage, by_a_macroblock_beyond_the_row) {
+  StreamWriter stream({});
+  stream.Headers();
+  stream.Slice(0);
+  for (int column = 0; column < 3; ++column) stream.Macroblock("11", 60, 128, 128);
+  stream.Slice(1);
+  stream.Macroblock("010"
+                    "1",
+                    60, 128, 128);
+  Planes planes(kSize);
+  EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Damaged);
+  EXPECT_EQ(planes.Luma(31, 0), 60);
+  EXPECT_EQ(planes.Luma(0, 16), 16);
+}
+
+// Each round of the stream's repetition would cost as much as the whole frame.
+TEST(Damage, by_endless_repetition_costs_no_more_than_one_frame) {
+  StreamWriter stream({});
+  stream.Headers();
+  for (int round = 0; round < 200000; ++round) stream.FlatRow(0, 60);
+  Planes planes(kSize);
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Damaged);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+}
+
+}  // namespace menuapi::test

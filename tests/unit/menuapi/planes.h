@@ -1,0 +1,47 @@
+// A decoded frame as the tests look at it.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "player/menuapi/decoder.h"
+
+namespace menuapi::test {
+
+// What a buffer holds beforehand. What it holds behind the frame afterwards must be this.
+inline constexpr std::uint8_t kUntouched = 0xA5;
+
+// A frame in a buffer of the engine's size, which is larger than the frame where a side is odd.
+class Planes {
+ public:
+  explicit Planes(FrameSize size)
+      : size_(size), bytes_(LumaBytes(size) * 3 / 2 + kBehind, kUntouched) {}
+
+  // Decodes into the buffer, and tells of a write behind the frame as a failure of the test.
+  Result Decode(std::span<const std::uint8_t> stream);
+
+  [[nodiscard]] int Luma(int x, int y) const { return At(0, size_.width, x, y); }
+  [[nodiscard]] int Blue(int x, int y) const { return At(LumaBytes(size_), size_.width / 2, x, y); }
+  [[nodiscard]] int Red(int x, int y) const {
+    return At(LumaBytes(size_) + ChromaBytes(size_), size_.width / 2, x, y);
+  }
+  [[nodiscard]] FrameSize Size() const { return size_; }
+  [[nodiscard]] std::span<const std::uint8_t> Bytes() const {
+    return std::span(bytes_).first(PlanesBytes(size_));
+  }
+  [[nodiscard]] bool IsBlack() const;
+  [[nodiscard]] bool IsUntouched() const;
+
+ private:
+  static constexpr std::size_t kBehind = 64;
+
+  [[nodiscard]] int At(std::size_t plane, int width, int x, int y) const {
+    return bytes_.at(plane + static_cast<std::size_t>(y * width + x));
+  }
+
+  FrameSize size_;
+  std::vector<std::uint8_t> bytes_;
+};
+
+}  // namespace menuapi::test

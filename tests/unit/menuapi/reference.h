@@ -1,0 +1,51 @@
+// The reference: ffmpeg, which makes streams and decodes them. It runs in a folder of its own.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "player/menuapi/sequence.h"
+
+namespace menuapi::test {
+
+using Bytes = std::vector<std::uint8_t>;
+
+class Reference {
+ public:
+  Reference();
+  ~Reference();
+  Reference(const Reference&) = delete;
+  Reference& operator=(const Reference&) = delete;
+
+  // One frame of a source (a filter such as "testsrc2=size=64x48") for each set of options, in one
+  // run. Options name the encoder, unless it is MPEG-2's.
+  [[nodiscard]] std::vector<Bytes> Encode(const std::string& source,
+                                          const std::vector<std::string>& options) const;
+  [[nodiscard]] Bytes Encode(const std::string& source, const std::string& options) const;
+
+  // The first frame of each stream: luma, then blue and red chroma, whose sizes are rounded up.
+  // The inverse transform is the one in floating point, which follows the formula; the others
+  // round on the way and are off by one here and there.
+  [[nodiscard]] std::vector<Bytes> Decode(const std::vector<Bytes>& streams) const;
+  [[nodiscard]] Bytes Decode(const Bytes& stream) const;
+
+ private:
+  void Run(const std::string& arguments) const;
+  [[nodiscard]] Bytes Load(const std::string& name) const;
+
+  std::filesystem::path folder_;
+};
+
+// How much two frames differ in the samples that both have. The reference's chroma has a sample
+// more across and down where the size is odd.
+struct Difference {
+  int largest = 0;
+  std::size_t count = 0;  // of samples that differ
+};
+[[nodiscard]] Difference Compare(FrameSize size, const Bytes& reference,
+                                 std::span<const std::uint8_t> planes);
+
+}  // namespace menuapi::test

@@ -1,0 +1,70 @@
+// Streams made by hand, of macroblocks of one colour, with headers that say anything: for what no
+// encoder at hand makes.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "unit/menuapi/bit_writer.h"
+
+namespace menuapi::test {
+
+inline constexpr int kIntraPicture = 1;
+inline constexpr int kPredictedPicture = 2;
+inline constexpr int kTopField = 1;
+inline constexpr int kBottomField = 2;
+inline constexpr int kFramePicture = 3;
+
+// What the headers say. The sizes do not have to be what is then written.
+struct StreamSettings {
+  unsigned width = 32;
+  unsigned height = 32;
+  bool isProgressive = true;
+  unsigned chromaFormat = 1;
+  unsigned sizeExtensions = 0;  // two bits for the width, two for the height
+  unsigned vectorSize = 15;     // the code of all four
+  unsigned dcPrecision = 0;
+  bool isFrameDctOnly = true;
+  bool hasVectors = false;
+  bool isScaleNonLinear = false;
+  bool usesTableOne = false;
+  bool usesAlternateScan = false;
+};
+
+class StreamWriter {
+ public:
+  explicit StreamWriter(const StreamSettings& settings) : settings_(settings) {}
+
+  void StartCode(unsigned code);
+  void SequenceHeader();
+  void SequenceExtension();
+  void PictureHeader(int type);
+  void PictureCodingExtension(int structure);
+  // 64 weights of the same size, in place of the intra matrix.
+  void MatrixExtension(unsigned weight);
+  // All that comes before the slices of the first picture of such a structure.
+  void Headers(int structure = kFramePicture);
+
+  // Begins a slice; `information` is what may stand between the scale and the macroblocks.
+  void Slice(unsigned row, unsigned scaleCode = 1, std::string_view information = "0");
+  // Writes `head` (address increment, type and what belongs to them), then flat blocks of these
+  // levels, which have to be ones that the precision of DC coefficients can express.
+  void Macroblock(std::string_view head, int luma, int blue, int red);
+  // A slice of as many macroblocks as a row has, each a little lighter than the one before.
+  void FlatRow(unsigned row, int luma, int blue = 128, int red = 128);
+  [[nodiscard]] int LumaOfFlatRow(int luma, int column) const { return luma + 2 * column; }
+
+  [[nodiscard]] BitWriter& Bits() { return bits_; }
+  [[nodiscard]] const std::vector<std::uint8_t>& Bytes() const { return bits_.Bytes(); }
+
+ private:
+  void FlatBlock(const std::array<std::string_view, 12>& sizeCodes, int level, int& predictor);
+
+  StreamSettings settings_;
+  BitWriter bits_;
+  std::array<int, 3> predictors_{};
+};
+
+}  // namespace menuapi::test

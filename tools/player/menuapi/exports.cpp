@@ -1,0 +1,20 @@
+// MenuAPI.dll as the engine calls it. A receiver's maker has a library of this name; this one does
+// the only thing that the engine wants of it, so that the player shows I-frames without the other.
+#include <cstdint>
+#include <exception>
+
+#include "player/menuapi/stream_file.h"
+
+// Ordinal 1. Decodes the frame in the file at `path` into the buffer that `buffer` points to, of
+// width x height x 3 / 2 bytes, as planes of Y, U and V. The number is always 1. Returns 0 when the
+// frame is whole, 1 when it is damaged, 2 when it is refused; any thread may call.
+extern "C" int __cdecl DecodeIFrame(const char* path, std::uint8_t** buffer, int /*one*/) {
+  if (path == nullptr || buffer == nullptr || *buffer == nullptr) {
+    return static_cast<int>(menuapi::Result::Refused);
+  }
+  try {
+    return static_cast<int>(menuapi::DecodeFrameFile(path, *buffer));
+  } catch (const std::exception&) {  // out of memory
+    return static_cast<int>(menuapi::Result::Refused);
+  }
+}

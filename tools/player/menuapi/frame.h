@@ -1,0 +1,72 @@
+// The frame being decoded: three planes of samples, a whole number of macroblocks in size.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "player/menuapi/inverse_dct.h"
+#include "player/menuapi/picture.h"
+
+namespace menuapi {
+
+// Where a block's first sample is, and how far it is from one of its lines to the next.
+struct BlockPlace {
+  std::uint8_t* first = nullptr;
+  std::ptrdiff_t step = 0;
+};
+
+void Put(const Samples& samples, BlockPlace place);
+
+// A plane, or every second line of one.
+struct PlaneLines {
+  std::uint8_t* first = nullptr;
+  std::ptrdiff_t step = 0;
+
+  [[nodiscard]] std::uint8_t* At(int x, int y) const { return first + y * step + x; }
+};
+
+class Plane {
+ public:
+  Plane(int width, int height, std::uint8_t level);
+
+  // The lines of a picture in the frame. They are the plane's.
+  [[nodiscard]] PlaneLines Lines(PictureStructure structure);
+  // Copies each line of the field over its neighbour of the other field.
+  void DoubleLines(PictureStructure field);
+  // Copies the upper left corner, as much as the target holds at this width.
+  void CopyTo(int width, std::span<std::uint8_t> target) const;
+
+ private:
+  std::size_t width_;
+  std::vector<std::uint8_t> samples_;
+};
+
+enum Component { kLuma, kChromaBlue, kChromaRed, kComponents };
+
+class Frame {
+ public:
+  // Black, so large that all pictures of the sequence fit.
+  explicit Frame(const Sequence& sequence);
+
+  [[nodiscard]] PlaneLines Lines(Component component, PictureStructure structure) {
+    return planes_[component].Lines(structure);
+  }
+  void DoubleLines(PictureStructure field);
+  // Copies the frame without what the macroblocks have beyond its size: luma, blue and red chroma.
+  void CopyTo(FrameSize size, std::span<std::uint8_t> planes) const;
+
+ private:
+  std::array<Plane, kComponents> planes_;
+};
+
+// The bytes of a frame in three planes. Chroma has half the width and height, rounded down.
+[[nodiscard]] std::size_t LumaBytes(FrameSize size);
+[[nodiscard]] std::size_t ChromaBytes(FrameSize size);
+[[nodiscard]] std::size_t PlanesBytes(FrameSize size);
+// Makes planes of that size black.
+void FillBlack(FrameSize size, std::span<std::uint8_t> planes);
+
+}  // namespace menuapi

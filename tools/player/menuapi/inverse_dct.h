@@ -1,0 +1,17 @@
+// From a block's coefficients to its samples: ISO/IEC 13818-2, annex A.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "player/menuapi/scan_order.h"
+
+namespace menuapi {
+
+using Coefficients = std::array<int, kBlockSize>;      // row by row, frequency rising
+using Samples = std::array<std::uint8_t, kBlockSize>;  // row by row
+
+// Rounds to the nearest level and cuts off at 0 and 255.
+[[nodiscard]] Samples InverseDct(const Coefficients& coefficients);
+
+}  // namespace menuapi

@@ -1,0 +1,41 @@
+// What a picture header and its coding extension say: ISO/IEC 13818-2, 6.2.3.
+#pragma once
+
+#include <array>
+
+#include "player/menuapi/bit_reader.h"
+#include "player/menuapi/coefficient_codes.h"
+#include "player/menuapi/quantiser.h"
+#include "player/menuapi/sequence.h"
+
+namespace menuapi {
+
+// A picture is every line of a frame, or every second one.
+enum class PictureStructure { TopField = 1, BottomField = 2, Frame = 3 };
+
+struct Picture {
+  PictureStructure structure = PictureStructure::Frame;
+  int dcPrecision = 0;       // bits of DC coefficients beyond 8
+  bool hasDctTypes = false;  // macroblocks say whether their blocks hold lines of one field
+  bool hasVectors = false;   // macroblocks bring vectors to conceal the loss of their neighbours
+  std::array<int, 2> vectorRestBits{};  // across and down: bits of a vector behind its code
+  ScaleType scaleType = ScaleType::Linear;
+  CoefficientTable coefficientTable = CoefficientTable::Zero;
+  bool usesAlternateScan = false;
+
+  [[nodiscard]] bool IsField() const { return structure != PictureStructure::Frame; }
+};
+
+// Reads the picture header. False when the picture is not intra coded.
+[[nodiscard]] bool ReadPictureHeader(BitReader& reader);
+
+// Reads the picture coding extension, behind its identifier. False when it contradicts itself or
+// the sequence.
+[[nodiscard]] bool ReadPictureCodingExtension(BitReader& reader, const Sequence& sequence,
+                                              Picture& picture);
+
+// How many macroblocks lie side by side, and above each other in one picture.
+[[nodiscard]] int MacroblockColumns(const Sequence& sequence);
+[[nodiscard]] int MacroblockRows(const Sequence& sequence, const Picture& picture);
+
+}  // namespace menuapi

@@ -1,0 +1,20 @@
+// In which order a block's coefficients are sent. ISO/IEC 13818-2, figures 7-2 and 7-3.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace menuapi {
+
+inline constexpr int kBlockSide = 8;
+inline constexpr int kBlockSize = kBlockSide * kBlockSide;
+
+// For each place in the stream the place in the block, counted row by row.
+using ScanOrder = std::array<std::uint8_t, kBlockSize>;
+
+// Along the diagonals, for progressive pictures and for quantiser matrices.
+[[nodiscard]] const ScanOrder& ZigzagScan();
+// Rather down than across, for interlaced pictures, whose lines differ more.
+[[nodiscard]] const ScanOrder& AlternateScan();
+
+}  // namespace menuapi

@@ -1,0 +1,15 @@
+// The decoder for a stream in a file, which is how callers of the library hand it over.
+#pragma once
+
+#include <cstdint>
+
+#include "player/menuapi/decoder.h"
+
+namespace menuapi {
+
+// Decodes the file's first frame into `planes`, which has room for the size in the first sequence
+// header: width x height x 3 / 2 bytes. Nothing is written when the file cannot be read or does
+// not begin with such a header.
+[[nodiscard]] Result DecodeFrameFile(const char* path, std::uint8_t* planes);
+
+}  // namespace menuapi

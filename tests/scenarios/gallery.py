@@ -37,8 +37,8 @@ def play_all(played, work, tools):
         return list(pool.map(lambda one: run_scenario.run(one, work / one.name, tools), played))
 
 
-def title_of(name):
-    return name.replace("_", " ").capitalize()
+def words_of(name):
+    return name.removesuffix(".png").replace("_", " ")
 
 
 def keep(picture, folder):
@@ -59,8 +59,8 @@ def card_of(result, scenario, work, page_folder):
         wrong = keep(work / f"difference_{name}", folder)
         stored = keep(scenario / "expected" / name, stored_folder) if wrong else None
         seen = keep(work / name, folder)
-        pictures.append({"name": name, "seen": seen, "wrong": wrong, "stored": stored})
-    return dict(result, title=title_of(result["name"]), pictures=pictures)
+        pictures.append({"words": words_of(name), "seen": seen, "wrong": wrong, "stored": stored})
+    return dict(result, title=words_of(result["name"]).capitalize(), pictures=pictures)
 
 
 def page_of(cards, missing, seconds):
@@ -69,8 +69,9 @@ def page_of(cards, missing, seconds):
         undefined=jinja2.StrictUndefined,
     )
     failed = [card for card in cards if card["problems"]]
+    demos_first = sorted(cards, key=lambda card: not card["name"].startswith("demo_"))
     return environment.get_template("gallery.html").render(
-        cards=failed + [card for card in cards if not card["problems"]],
+        cards=failed + [card for card in demos_first if not card["problems"]],
         missing=[demo.name for demo in missing],
         passed=len(cards) - len(failed),
         failed=len(failed) + len(missing),

@@ -59,10 +59,12 @@ class Gallery(unittest.TestCase):
         stored = self.page_folder / "text_is_red.expected" / "a.png"
         self.assertEqual(stored.read_bytes(), b"stored")
 
-    def test_failed_scenarios_come_first(self):
-        cards = [self.card([], [], "first"), self.card(["no"], [], "second")]
+    def test_failed_scenarios_come_first_and_demos_next(self):
+        names = ("any", "demo", "demo_one", "failed")
+        cards = [self.card(["no"] if name == "failed" else [], [], name) for name in names]
         page = gallery.page_of(cards, [], 5)
-        self.assertLess(page.index("<h2>Second</h2>"), page.index("<h2>First</h2>"))
+        titles = [page.index(f"<h2>{title}</h2>") for title in ("Failed", "Demo one", "Any", "Demo")]
+        self.assertEqual(titles, sorted(titles))
 
     def test_demo_without_scenario_counts_as_failed(self):
         self.write("examples/shown/a.mheg")

@@ -53,14 +53,19 @@ def shots_of(scenario):
 
 
 def prepare_carousel(source, target, compiler):
-    shutil.rmtree(target, ignore_errors=True)
+    """Compiles the texts; what the compiler complains about."""
     shutil.copytree(source, target)
     texts = sorted(target.rglob("*.mheg"))
+    complaints = []
     for folder in {text.parent for text in texts}:
         inputs = [text for text in texts if text.parent == folder]
-        subprocess.run([compiler, "compile", *inputs, "-o", f"{folder}/"], check=True)
+        command = [compiler, "compile", *inputs, "-o", f"{folder}/"]
+        run = subprocess.run(command, capture_output=True, text=True)
+        if run.returncode != 0:
+            complaints += run.stderr.splitlines() or [f"the compiler ended with {run.returncode}"]
     for text in texts:
         text.unlink()
+    return complaints
 
 
 def slowed_script(scenario, factor):
@@ -87,24 +92,28 @@ def play(scenario, work, tools, factor):
     return complaints or [f"the player ended with {run.returncode}"]
 
 
-def problems_of(scenario, work, tools, factor):
-    ended = play(scenario, work, tools, factor)
-    return ended + checks.problems_of(scenario, work)
+def play_patiently(scenario, work, tools):
+    for factor in PATIENCE:
+        problems = play(scenario, work, tools, factor) + checks.problems_of(scenario, work)
+        if not problems:
+            break
+        print(f"{scenario.name}, with waits times {factor}:", *problems, sep="\n  ")
+    return problems
 
 
 def run(scenario, work, tools):
-    """Plays and checks, patiently; leaves and returns what came of it."""
+    """Compiles, plays and checks; leaves and returns what came of it."""
     if not any((scenario / part).exists() for part in ("pixels", "expected", "output")):
         sys.exit(f"{scenario} does not say what must be seen")
     if not sentence_of(scenario):
         sys.exit(f"the script of {scenario} does not begin with a sentence")
-    work.mkdir(parents=True, exist_ok=True)
-    prepare_carousel(scenario / "carousel", work / "carousel", tools.mheg)
-    for factor in PATIENCE:
-        problems = problems_of(scenario, work, tools, factor)
-        if not problems:
-            break
-        print(f"{scenario.name}, with waits times {factor}:", *problems, sep="\n  ")
+    shutil.rmtree(work, ignore_errors=True)
+    work.mkdir(parents=True)
+    problems = prepare_carousel(scenario / "carousel", work / "carousel", tools.mheg)
+    if problems:
+        print(f"{scenario.name} is not compiled:", *problems, sep="\n  ")
+    else:
+        problems = play_patiently(scenario, work, tools)
     result = {
         "name": scenario.name,
         "sentence": sentence_of(scenario),

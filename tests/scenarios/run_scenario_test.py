@@ -1,0 +1,103 @@
+"""Playing a scenario, with a shell script in place of the player: patience, complaints, results."""
+
+import contextlib
+import io
+import json
+import pathlib
+import tempfile
+import types
+import unittest
+
+import numpy
+from PIL import Image
+
+import run_scenario
+
+SCRIPT = "# A red picture\n# is seen.\n\n# Not this.\nwait 10\nshot b.png\nshot a.png\nexit\n"
+COMPILE = 'shift; for last; do :; done; touch "$last/$(basename $1 .mheg)"'
+PLAY = 'cp "$(dirname "$0")/red.png" a.png; cp a.png b.png\n'
+
+
+class RunScenario(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = pathlib.Path(folder.name)
+        self.work = self.root / "work"
+        self.scenario = self.root / "red"
+        (self.scenario / "carousel" / "more").mkdir(parents=True)
+        self.write("red/script", SCRIPT)
+        self.write("red/pixels", "a.png 0 0 9 9 #FF0000\n")
+        self.write("red/carousel/a.mheg", "text")
+        self.write("red/carousel/more/b.mheg", "text")
+        self.write("red/carousel/picture", "bytes")
+        red = numpy.full((9, 9, 3), (255, 0, 0), numpy.uint8)
+        Image.fromarray(red).save(self.root / "red.png")
+
+    def write(self, name, text):
+        (self.root / name).write_text(text)
+        return self.root / name
+
+    def run_with(self, player, compiler=COMPILE):
+        mheg = self.write("mheg", f"#!/bin/sh\n{compiler}\n")
+        mheg.chmod(0o755)
+        player = self.write("player", player)
+        tools = types.SimpleNamespace(wine="/bin/sh", player=player, mheg=mheg)
+        with contextlib.redirect_stdout(io.StringIO()):
+            return run_scenario.run(self.scenario, self.work, tools)
+
+    def test_result_says_what_came_of_it(self):
+        result = self.run_with(PLAY)
+        self.assertEqual(result["name"], "red")
+        self.assertEqual(result["sentence"], "A red picture is seen.")
+        self.assertEqual(result["pictures"], ["b.png", "a.png"])
+        self.assertEqual(result["problems"], [])
+        self.assertEqual(json.loads((self.work / "result.json").read_text()), result)
+
+    def test_carousel_is_compiled_and_copied(self):
+        self.run_with(PLAY)
+        carousel = self.work / "carousel"
+        files = {str(path.relative_to(carousel)) for path in carousel.rglob("*") if path.is_file()}
+        self.assertEqual(files, {"a", "more/b", "picture"})
+
+    def test_waits_grow_until_all_is_seen(self):
+        result = self.run_with('echo >>tries; grep -q "wait 30" script || exit 0\n' + PLAY)
+        self.assertEqual(result["problems"], [])
+        self.assertEqual((self.work / "tries").read_text(), "\n\n")
+
+    def test_what_is_never_seen_fails_after_three_tries(self):
+        result = self.run_with("echo >>tries\n")
+        self.assertEqual(result["problems"], ["a.png 0 0 9 9 #FF0000: no such picture was taken"])
+        self.assertEqual(result["pictures"], [])
+        self.assertEqual((self.work / "tries").read_text(), "\n\n\n")
+
+    def test_complaints_of_the_player_are_problems(self):
+        log = 'echo "read a: 5 bytes" >&2; echo "korvel-player: no" >&2; exit 1\n'
+        self.assertEqual(self.run_with(PLAY + log)["problems"], ["korvel-player: no"])
+        self.assertEqual(self.run_with(PLAY + "exit 5\n")["problems"], ["the player ended with 5"])
+
+    def test_what_the_engine_prints_is_compared(self):
+        self.write("red/output", "one\n")
+        self.assertEqual(self.run_with(PLAY + "echo one\n")["problems"], [])
+        wrong = "the engine printed something else than the file 'output'"
+        self.assertEqual(self.run_with(PLAY + "echo two\n")["problems"], [wrong])
+
+    def test_pictures_of_an_earlier_run_do_not_count(self):
+        self.run_with(PLAY)
+        self.assertEqual(len(self.run_with("exit 0\n")["problems"]), 1)
+
+    def test_carousel_that_is_not_compiled_is_not_played(self):
+        result = self.run_with("echo >>tries\n", 'echo "a.mheg:1:1: wrong" >&2; exit 1')
+        self.assertEqual(set(result["problems"]), {"a.mheg:1:1: wrong"})
+        self.assertFalse((self.work / "tries").exists())
+
+    def test_scenario_that_says_nothing_is_an_error(self):
+        self.write("red/script", "shot a.png\n")
+        self.assertRaises(SystemExit, self.run_with, PLAY)
+        self.write("red/script", SCRIPT)
+        (self.scenario / "pixels").unlink()
+        self.assertRaises(SystemExit, self.run_with, PLAY)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,57 @@
+#!/bin/sh
+# Fails unless the Windows tool writes the bytes that the native one writes, says what it says, and
+# ends with its status: compiled and decompiled groups, dumps, reports, messages about faulty files.
+# Usage: check_mheg.sh WINE mheg.exe mheg SOURCE_FOLDER
+set -eu
+wine=$1
+windows=$2
+native=$3
+source=$4
+[ -x "$native" ] || { echo "$native is not built"; exit 1; }
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cp -r "$source"/examples/welcome "$work/texts"
+cp "$source"/tests/golden/dump/*.mheg "$work/texts"
+cp -r "$source"/tests/unit/mheg/faulty "$work/faulty"
+# These leave out what an author must write.
+rm "$work/texts/programs_variables.mheg" "$work/texts/links.mheg" "$work/texts/token_groups.mheg"
+
+# Runs both tools with these arguments, in folders of their own, and compares all that comes of it.
+# Standard error has the line ends and the separators of its system.
+both() {
+  status=$1
+  shift
+  for side in windows native; do
+    mkdir -p "$work/$side"
+    cp -r "$work/texts" "$work/faulty" "$work/$side"
+  done
+  (cd "$work/native" && "$native" "$@" >out 2>err) && of_native=0 || of_native=$?
+  (cd "$work/windows" && "$wine" "$windows" "$@" >out 2>raw) && of_windows=0 || of_windows=$?
+  tr -d '\r' <"$work/windows/raw" | tr '\\' / >"$work/windows/err"
+  rm "$work/windows/raw"
+  [ "$of_native" -eq "$status" ] && [ "$of_windows" -eq "$status" ] ||
+    { echo "status $of_windows (Windows), $of_native (native), $status expected: $*"; exit 1; }
+  diff -r "$work/windows" "$work/native" || { echo "differs: $*"; exit 1; }
+}
+
+cd "$work/texts"
+texts=$(for text in *.mheg; do printf ' texts/%s' "$text"; done)
+groups=$(for text in *.mheg; do printf ' groups/%s' "${text%.mheg}"; done)
+count=$(ls *.mheg | wc -l)
+
+both 0 compile $texts -o groups/
+[ "$(ls "$work/windows/groups" | wc -l)" -eq "$count" ] || { echo "not all are compiled"; exit 1; }
+both 0 decompile $groups -o back/ --jobs 2
+both 0 dump $texts
+both 0 dump $groups
+[ "$(grep -c '^|---\(SCene\|Application\):' "$work/windows/out")" -eq "$count" ] ||
+  { echo "not all are printed"; exit 1; }
+both 1 check faulty
+[ "$(wc -l <"$work/windows/err")" -eq "$(wc -l <"$source/tests/unit/mheg/faulty.expected")" ] ||
+  { echo "not all faults are reported"; exit 1; }
+both 1 compile faulty/broken.mheg faulty/missing.mheg texts/menu.mheg -o mixed/
+both 1 decompile faulty/cut -o cut.mheg
+both 1 dump faulty/cut faulty/broken.mheg
+both 2 compile
+both 2 dump nowhere.mheg
+both 0 decompile --help

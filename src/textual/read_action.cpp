@@ -168,6 +168,7 @@ bool ReadEntry(TextReader& reader, ElementaryAction& action) noexcept {
   if (row == nullptr) return reader.Refuse("an action");
   const Token begin = reader.Next();
   reader.Skip();
+  const Construct outer = reader.Enter({row->name});
   action.ActionType = static_cast<std::uint8_t>(row->action);
   if (!reader.Expect(kOpenParenthesis, "(") ||
       !ReadGeneric(reader, ValueKind::ObjectReference, action.Target)) {
@@ -182,7 +183,9 @@ bool ReadEntry(TextReader& reader, ElementaryAction& action) noexcept {
   if (IsAnyMissing(*row, given) && !reader.NoteMissing(begin, row->name, "a parameter")) {
     return false;
   }
-  return reader.Expect(kCloseParenthesis, ") or a parameter");
+  if (!reader.Expect(kCloseParenthesis, ") or a parameter")) return false;
+  reader.Enter(outer);
+  return true;
 }
 
 }  // namespace korvel

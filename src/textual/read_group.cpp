@@ -20,12 +20,14 @@ std::string_view WordAt(std::string_view text, std::size_t offset) noexcept {
 }
 
 void Explain(std::string_view text, std::size_t offset, const char* expected, const char* subject,
-             TextError& error) noexcept {
+             Construct construct, TextError& error) noexcept {
   error.place = PlaceInText(text, offset);
   const std::string_view word = offset < text.size() ? WordAt(text, offset) : "the end of the text";
   std::snprintf(error.found.data(), error.found.size(), "%.*s", static_cast<int>(word.size()),
                 word.data());
   std::snprintf(error.expected.data(), error.expected.size(), "%s%s", expected, subject);
+  std::snprintf(error.construct.data(), error.construct.size(), "%s%s%s", construct.owner,
+                *construct.part == 0 ? "" : " ", construct.part);
 }
 
 template <class HeldClasses>
@@ -40,13 +42,13 @@ class ObjectBuilder {
   // From the opening brace to the closing one.
   [[nodiscard]] bool Build() noexcept {
     const Token begin = reader_.Next();
-    if (!reader_.Expect(kOpenBrace, "{") || !reader_.ExpectKeyword(kHeading.keyword) ||
-        !Read(reader_, record_.Reference)) {
-      return false;
-    }
+    if (!reader_.Expect(kOpenBrace, "{") || !reader_.ExpectKeyword(kHeading.keyword)) return false;
+    const Construct outer = reader_.Enter({kHeading.name});
+    if (!Read(reader_, record_.Reference)) return false;
     while (!reader_.Take(kCloseBrace)) {
       if (!ReadAttribute()) return false;
     }
+    reader_.Enter(outer);
     return NoteMissing(begin);
   }
 
@@ -60,7 +62,7 @@ class ObjectBuilder {
     const auto readIfHere = [&](const char* keyword, const Form& form, auto& field) {
       if (!isKnown && reader_.IsAtKeyword(keyword)) {
         isKnown = true;
-        isRead = ReadOnce(place, field, form);
+        isRead = ReadOnce(place, keyword, field, form);
       }
       place <<= 1;
     };
@@ -69,10 +71,19 @@ class ObjectBuilder {
   }
 
   template <class Field>
-  [[nodiscard]] bool ReadOnce(std::uint64_t place, Field& field, const Form& form) noexcept {
+  [[nodiscard]] bool ReadOnce(std::uint64_t place, const char* keyword, Field& field,
+                              const Form& form) noexcept {
     if ((written_ & place) != 0) return reader_.Refuse("an attribute that is not written yet");
     written_ |= place;
     reader_.Skip();
+    reader_.Enter({kHeading.name, keyword});
+    if (!ReadField(field, form)) return false;
+    reader_.Enter({kHeading.name});
+    return true;
+  }
+
+  template <class Field>
+  [[nodiscard]] bool ReadField(Field& field, const Form& form) noexcept {
     if (form.innerKeyword != nullptr && !reader_.ExpectKeyword(form.innerKeyword)) return false;
     if constexpr (std::is_same_v<Field, List<Item>>) {
       return ReadObjects<MemberClasses<Record>>(reader_, field);
@@ -133,6 +144,7 @@ bool ReadWhole(TextReader& reader, Record& record) noexcept {
     return true;
   }
   reader.PutBackTo(place);
+  reader.Enter({});
   return false;
 }
 
@@ -167,13 +179,14 @@ TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isAppli
   TokenList list;
   LexStop stop;
   if (Lex(text, list, stop) != LexResult::Done) {
-    if (error != nullptr) Explain(text, stop.offset, stop.expected, "", *error);
+    if (error != nullptr) Explain(text, stop.offset, stop.expected, "", {}, *error);
     return TextResult::Refused;
   }
   TextReader reader(list, missing);
   const TextResult result = BuildGroup(reader, group, isApplication);
   if (result != TextResult::Done && error != nullptr) {
-    Explain(text, reader.RefusedToken().offset, reader.Expected(), reader.Subject(), *error);
+    Explain(text, reader.RefusedToken().offset, reader.Expected(), reader.Subject(),
+            reader.RefusedIn(), *error);
   }
   return result;
 }

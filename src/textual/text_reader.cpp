@@ -8,6 +8,7 @@ bool TextReader::Refuse(const char* expected, const char* subject) noexcept {
     refusedPlace_ = place_;
     expected_ = expected;
     subject_ = subject;
+    refusedIn_ = construct_;
   }
   return false;
 }

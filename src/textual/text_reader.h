@@ -2,10 +2,19 @@
 // could read, which is where the author has to look.
 #pragma once
 
+#include <utility>
+
 #include "textual/lexer.h"
 #include "textual/textual.h"
 
 namespace korvel {
+
+// What a token stands in, for messages: an object's class and the keyword of its attribute, or an
+// action. Empty outside of everything.
+struct Construct {
+  const char* owner = "";
+  const char* part = "";
+};
 
 class TextReader {
  public:
@@ -46,6 +55,10 @@ class TextReader {
   [[nodiscard]] std::size_t Place() const noexcept { return place_; }
   void PutBackTo(std::size_t place) noexcept { place_ = place; }
 
+  // Says what is read from here on, and returns what was read before, for the caller to go back to.
+  // After a refusal nobody needs to: it has been noted with the innermost.
+  Construct Enter(Construct construct) noexcept { return std::exchange(construct_, construct); }
+
   // Notes what could have stood at the next token; `subject` is added to it. Always false, for the
   // caller to return.
   bool Refuse(const char* expected, const char* subject = "") noexcept;
@@ -60,6 +73,7 @@ class TextReader {
   [[nodiscard]] const Token& RefusedToken() const noexcept { return list_.tokens[refusedPlace_]; }
   [[nodiscard]] const char* Expected() const noexcept { return expected_; }
   [[nodiscard]] const char* Subject() const noexcept { return subject_; }
+  [[nodiscard]] Construct RefusedIn() const noexcept { return refusedIn_; }
 
  private:
   bool TakeNext() noexcept {
@@ -73,6 +87,8 @@ class TextReader {
   std::size_t refusedPlace_ = 0;
   const char* expected_ = "";
   const char* subject_ = "";
+  Construct construct_;
+  Construct refusedIn_;
 };
 
 }  // namespace korvel

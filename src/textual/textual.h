@@ -31,10 +31,12 @@ struct TextPlace {
   std::uint32_t column = 0;
 };
 
-// Why a text was refused: the furthest place that could not be read on from, what stands there, cut
-// short where it is long, and what could have stood there instead.
+// Why a text was refused: the furthest place that could not be read on from, what it stands in,
+// such as "Scene :SceneCS" or "SetPosition", or nothing where that is not known, what stands there,
+// cut short where it is long, and what could have stood there instead.
 struct TextError {
   TextPlace place;
+  std::array<char, 48> construct{};
   std::array<char, 48> found{};
   std::array<char, 96> expected{};
 };

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "objects/ber/ber.h"
 #include "objects/decoded_group.h"
 #include "objects/status.h"
 
@@ -42,7 +43,7 @@ struct Decoded {
   Status status = Status::Refused;
   OwnedGroup group;
   bool isApplication = false;
-  std::size_t errorOffset = 0;
+  DecodeError error;
 
   [[nodiscard]] bool IsDone() const { return status == Status::Done; }
   // The record of an item, by its 0-based place.

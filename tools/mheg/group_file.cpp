@@ -16,6 +16,11 @@ std::string AtPlace(const GroupFile& file, korvel::TextPlace place) {
          std::to_string(place.column) + ": ";
 }
 
+// The construct that a fault stands in, where that is known.
+std::string In(const std::string& construct) {
+  return construct.empty() ? "" : "in " + construct + ": ";
+}
+
 void ReadText(GroupFile& file) {
   bool isApplication = false;
   korvel::TextError error;
@@ -23,8 +28,8 @@ void ReadText(GroupFile& file) {
   const korvel::TextResult result =
       korvel::ReadTextGroup(file.bytes, file.group, isApplication, &error, &missing);
   if (result != korvel::TextResult::Done) {
-    file.messages.push_back(AtPlace(file, error.place) + "found " + error.found.data() +
-                            ", expected " + error.expected.data());
+    file.messages.push_back(AtPlace(file, error.place) + In(error.construct.data()) + "found " +
+                            error.found.data() + ", expected " + error.expected.data());
     return;
   }
   for (const korvel::MissingPart& part : missing) {
@@ -36,14 +41,15 @@ void ReadText(GroupFile& file) {
 
 void ReadBer(GroupFile& file) {
   bool isApplication = false;
-  std::size_t errorOffset = 0;
+  korvel::DecodeError error;
   const std::span bytes(reinterpret_cast<const std::uint8_t*>(file.bytes.data()),
                         file.bytes.size());
-  if (korvel::DecodeGroup(bytes, file.group, isApplication, &errorOffset) == korvel::Status::Done) {
+  if (korvel::DecodeGroup(bytes, file.group, isApplication, &error) == korvel::Status::Done) {
     return;
   }
-  file.messages.push_back(file.path.string() + ": byte " + std::to_string(errorOffset) +
-                          ": expected the next element of an application or a scene");
+  const std::string part = *error.part == 0 ? "" : std::string(" ") + error.part;
+  file.messages.push_back(file.path.string() + ": byte " + std::to_string(error.offset) + ": " +
+                          In(error.owner + part) + "expected " + error.expected);
   file.group.Reset();
 }
 

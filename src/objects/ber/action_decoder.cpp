@@ -179,7 +179,10 @@ bool DecodeAction(const BerElement& element, ActionList& actions) noexcept {
   const ActionRow& row = *FindAction(action.ActionType);
   const bool isRead = element.isConstructed ? DecodeValues(element, row, action)
                                             : DecodeImplicitTarget(element, action.Target);
-  if (!isRead) return false;
+  if (!isRead) {
+    element.content.Explain(&Refusal::part, row.name);
+    return element.content.Explain(&Refusal::expected, "a target and the action's values");
+  }
   return actions.Append(std::move(action)) != nullptr || element.Refuse();
 }
 

@@ -12,14 +12,23 @@
 
 namespace korvel {
 
+// Why a file was refused: the first byte of the element that could not be taken, what it stands in,
+// and what should have stood there.
+struct DecodeError {
+  std::size_t offset = 0;
+  const char* owner = "";  // the class: "Text"; empty outside of everything
+  const char* part = "";   // the keyword of its attribute, or the action: ":OrigFont", "SetData"
+  const char* expected = "";
+};
+
 // Reads a whole group from its BER encoding. Done, or Refused for anything that is no well-formed
 // Application or Scene, with memory running out counted among it; nothing is printed. `group` and
 // `isApplication` (1 for an application, 0 for a scene) are set before the contents are read, so
 // that a failure leaves the partly built record with the caller; when even the first header is
-// wrong the group is empty and the flag 0. `errorOffset`, when given, receives the offset of the
-// byte at which a refused reading stopped. Worker thread; tools: any one.
+// wrong the group is empty and the flag 0. `error`, when given, receives why a file was refused.
+// Worker thread; tools: any one.
 Status DecodeGroup(std::span<const std::uint8_t> bytes, OwnedGroup& group, bool& isApplication,
-                   std::size_t* errorOffset = nullptr) noexcept;
+                   DecodeError* error = nullptr) noexcept;
 
 // Writes a group in the standard's BER form. Attributes at their construction values are left out,
 // unless the class must have them. Refused, with `bytes` untouched, when memory runs out and for an

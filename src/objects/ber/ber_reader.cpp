@@ -16,6 +16,17 @@ bool BerReader::RefuseAt(const std::uint8_t* place) const noexcept {
   return false;
 }
 
+bool BerReader::Explain(const char* Refusal::*what, const char* text) const noexcept {
+  if (refusal_ != nullptr && refusal_->*what == nullptr) refusal_->*what = text;
+  return false;
+}
+
+bool BerReader::RefuseHeader(bool isWhole) const noexcept {
+  Refuse();
+  return Explain(&Refusal::expected, isWhole ? "elements that are not nested so deep"
+                                             : "an element that ends within what encloses it");
+}
+
 bool BerReader::ReadByte(std::uint8_t& byte) noexcept {
   if (cursor_ == end_) return false;
   byte = *cursor_++;
@@ -56,7 +67,7 @@ bool BerReader::Next(BerElement& element) noexcept {
   std::uint32_t length = 0;
   const bool isWhole = ahead.ReadTag(read) && ahead.ReadLength(length) &&
                        length <= static_cast<std::size_t>(ahead.end_ - ahead.cursor_);
-  if (!isWhole || depth_ == kDeepestNesting) return Refuse();
+  if (!isWhole || depth_ == kDeepestNesting) return RefuseHeader(isWhole);
   read.start = cursor_;
   read.content = ahead;
   read.content.end_ = ahead.cursor_ + length;

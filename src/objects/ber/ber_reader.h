@@ -16,9 +16,13 @@ namespace korvel::ber {
 // open wrappers.
 inline constexpr std::uint32_t kDeepestNesting = 64;
 
-// Where reading was first refused: the first byte of the element that could not be taken.
+// Where reading was first refused: the first byte of the element that could not be taken. The rest
+// is added on the way out, by whoever knows it first.
 struct Refusal {
   const std::uint8_t* place = nullptr;
+  const char* owner = nullptr;     // the class of the object
+  const char* part = nullptr;      // the attribute or action of it; empty for the object itself
+  const char* expected = nullptr;  // what should stand there
 };
 
 struct BerElement;
@@ -46,6 +50,8 @@ class BerReader {
 
   // Records that reading stops here, unless it has stopped before. False, for the caller to return.
   bool Refuse() const noexcept { return RefuseAt(cursor_); }
+  // Adds to a refusal what is not known of it yet. False, for the caller to return.
+  bool Explain(const char* Refusal::*what, const char* text) const noexcept;
 
  private:
   friend class ListReader;
@@ -55,6 +61,7 @@ class BerReader {
   [[nodiscard]] bool ReadTag(BerElement& element) noexcept;
   [[nodiscard]] bool ReadLength(std::uint32_t& length) noexcept;
   bool RefuseAt(const std::uint8_t* place) const noexcept;
+  bool RefuseHeader(bool isWhole) const noexcept;
 
   const std::uint8_t* cursor_ = nullptr;
   const std::uint8_t* end_ = nullptr;

@@ -6,6 +6,7 @@
 
 #include "objects/ber/action_decoder.h"
 #include "objects/ber/ber.h"
+#include "objects/ber/expected.h"
 #include "objects/ber/value_decoder.h"
 #include "objects/class_tables.h"
 #include "objects/owned.h"
@@ -217,6 +218,19 @@ bool DecodeTaggedField(const BerElement& tagged, const Form& form, Field& field)
 template <class... Records>
 bool DecodeItems(Classes<Records...> classes, const BerElement& tagged, List<Item>& field) noexcept;
 
+// What a refusal in an attribute or in an object has to say, unless it is known by then.
+bool ExplainAttribute(const BerElement& element, const char* keyword,
+                      const char* expected) noexcept {
+  element.content.Explain(&Refusal::part, keyword);
+  return element.content.Explain(&Refusal::expected, expected);
+}
+template <class Record>
+bool ExplainObject(const BerElement& element) noexcept {
+  element.content.Explain(&Refusal::owner, Description<Record>::heading.name);
+  element.content.Explain(&Refusal::part, "");
+  return element.content.Explain(&Refusal::expected, "an attribute");
+}
+
 // Reads the attribute that the element's tag names; one that the class does not have is passed
 // over.
 template <IsDescribed Record>
@@ -230,6 +244,7 @@ bool DecodeAttribute(const BerElement& element, Record& record) noexcept {
     } else {
       isRead = DecodeTaggedField(element, attribute.form, field);
     }
+    if (!isRead) ExplainAttribute(element, attribute.keyword, ExpectedFor(field, attribute.form));
   });
   return isRead;
 }
@@ -275,7 +290,7 @@ bool DecodeObject(const BerElement& element, List<Item>& list) noexcept {
   if (!record) return element.Refuse();
   Record& object = *record;
   Item item(Description<Record>::heading.type, record.Release());
-  if (!DecodeBody(element.content, object)) return false;
+  if (!DecodeBody(element.content, object)) return ExplainObject<Record>(element);
   return list.Append(std::move(item)) != nullptr || element.Refuse();
 }
 
@@ -312,7 +327,7 @@ bool DecodeGroupBody(const BerElement& element, OwnedGroup& group) noexcept {
   if (!record) return element.Refuse();
   Record& body = *record;
   group.Reset(record.Release());
-  return DecodeBody(element.content, body);
+  return DecodeBody(element.content, body) || ExplainObject<Record>(element);
 }
 
 bool DecodeFile(BerReader reader, OwnedGroup& group) noexcept {
@@ -327,19 +342,25 @@ bool DecodeFile(BerReader reader, OwnedGroup& group) noexcept {
   return element.Refuse();
 }
 
+DecodeError ErrorOf(const Refusal& refusal, const std::uint8_t* begin) noexcept {
+  const auto orNone = [](const char* text, const char* none) {
+    return text == nullptr ? none : text;
+  };
+  return {static_cast<std::size_t>(refusal.place - begin), orNone(refusal.owner, ""),
+          orNone(refusal.part, ""), orNone(refusal.expected, "an application or a scene")};
+}
+
 }  // namespace
 }  // namespace ber
 
 Status DecodeGroup(std::span<const std::uint8_t> bytes, OwnedGroup& group, bool& isApplication,
-                   std::size_t* errorOffset) noexcept {
+                   DecodeError* error) noexcept {
   ber::Refusal refusal;
   group.Reset();
   const bool isRead = ber::DecodeFile(ber::BerReader(bytes, refusal), group);
   isApplication = group.IsApplication();
   if (isRead) return Status::Done;
-  if (errorOffset != nullptr) {
-    *errorOffset = static_cast<std::size_t>(refusal.place - bytes.data());
-  }
+  if (error != nullptr) *error = ber::ErrorOf(refusal, bytes.data());
   return Status::Refused;
 }
 

@@ -34,7 +34,7 @@ TEST(DecodeGroup, another_first_tag_is_refused_without_a_record) {
     EXPECT_EQ(decoded.status, Status::Refused) << Hexadecimal(file);
     EXPECT_FALSE(decoded.group);
     EXPECT_FALSE(decoded.isApplication);
-    EXPECT_EQ(decoded.errorOffset, 0U);
+    EXPECT_EQ(decoded.error.offset, 0U);
   }
 }
 
@@ -67,7 +67,50 @@ TEST(DecodeGroup, the_error_offset_is_that_of_the_element_that_cannot_be_taken) 
   const Bytes good = Primitive(4, "info");
   const Bytes file = SceneFile(good + Primitive(3, "\x01") + Holding(54, Integer(1)));
   // The INTEGER where a BOOLEAN belongs is the last element of the file.
-  EXPECT_EQ(Decode(file).errorOffset, file.size() - Integer(1).size());
+  EXPECT_EQ(Decode(file).error.offset, file.size() - Integer(1).size());
+}
+
+TEST(DecodeGroup, a_refusal_names_what_it_stands_in_and_what_was_expected) {
+  struct Case {
+    Bytes attributes;  // of a scene
+    std::string owner;
+    std::string part;
+    std::string expected;
+  };
+  const auto items = [](const Bytes& elements) { return Holding(8, elements); };
+  const Bytes tooLong = "\x80\x05"s;
+  const char* const kEnds = "an element that ends within what encloses it";
+  const Case cases[] = {
+      {tooLong, "Scene", "", kEnds},
+      {Holding(54, Integer(1)), "Scene", ":MovingCursor", "a BOOLEAN"},
+      {Holding(51, Boolean(true)), "Scene", ":InputEventReg", "an INTEGER"},
+      {Holding(52, Integer(1) + Boolean(true)), "Scene", ":SceneCS", "two INTEGERs"},
+      {Holding(5, Null()), "Scene", ":OnStartUp", "actions"},
+      {items(Integer(1)), "Scene", ":Items", "objects"},
+      {items(tooLong), "Scene", ":Items", kEnds},
+      {items(Holding(29, tooLong)), "Text", "", kEnds},
+      {items(Holding(29, Holding(41, Null()))), "Text", ":TextColour",
+       "an INTEGER or an OCTET STRING"},
+      {items(Holding(29, Holding(87, Boolean(true)))), "Text", ":HJustification", "an ENUMERATED"},
+      {items(Holding(29, Element(1, true, 41, Integer(1)))), "Text", "", "an attribute"},
+      {items(Holding(20, Holding(62, Integer(1)))), "Link", "", kEnds},
+      {items(Holding(20, Holding(62, Integer(1) + Null()))), "Link", "",
+       "an event source, an event type and event data"},
+      {items(Holding(20, Holding(63, Holding(207, Integer(1) + Boolean(true))))), "Link",
+       "SetPosition", "a target and the action's values"},
+      {items(Holding(21, Holding(92, Holding(96, Holding(100, Null()))))), "Video", ":Termination",
+       "an ENUMERATED"},
+      {items(Holding(21, Holding(92, Holding(96, tooLong)))), "Video", "", kEnds}};
+  for (const Case& expected : cases) {
+    const Decoded decoded = Decode(SceneFile(expected.attributes));
+    EXPECT_FALSE(decoded.IsDone());
+    EXPECT_EQ(decoded.error.owner, expected.owner) << Hexadecimal(expected.attributes);
+    EXPECT_EQ(decoded.error.part, expected.part) << Hexadecimal(expected.attributes);
+    EXPECT_EQ(decoded.error.expected, expected.expected) << Hexadecimal(expected.attributes);
+  }
+  const DecodeError none = Decode(Holding(2, "")).error;
+  EXPECT_STREQ(none.owner, "");
+  EXPECT_STREQ(none.expected, "an application or a scene");
 }
 
 // ---- Groups ----

@@ -41,7 +41,7 @@ TEST(MalformedFiles, each_gives_the_stated_result_and_leaves_nothing_behind) {
     {
       const Decoded decoded = Decode(line.bytes);
       const std::string result =
-          decoded.IsDone() ? "done" : "refused@" + std::to_string(decoded.errorOffset);
+          decoded.IsDone() ? "done" : "refused@" + std::to_string(decoded.error.offset);
       EXPECT_EQ(result, line.expected) << line.meaning;
     }
     EXPECT_EQ(LiveBlocks(), before) << line.meaning;

@@ -19,7 +19,7 @@ void ExpectRoundTrip(const Group& group) {
   const Bytes bytes = Encode(group);
   ASSERT_FALSE(bytes.empty());
   const Decoded decoded = Decode(bytes);
-  ASSERT_TRUE(decoded.IsDone()) << "at " << decoded.errorOffset;
+  ASSERT_TRUE(decoded.IsDone()) << "at " << decoded.error.offset;
   EXPECT_TRUE(IsSame(group, *decoded.group.Get()));
   EXPECT_EQ(Encode(*decoded.group.Get()), bytes);
 }

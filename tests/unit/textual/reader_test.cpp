@@ -347,6 +347,36 @@ TEST(TextReader, parameters_that_are_left_out_leave_the_row_shorter_and_are_note
   EXPECT_TRUE(MissingOf(ReadAction(":SetLineColour(1) :SetSpeed(1 2) :SetTimer(0 1)")).empty());
 }
 
+TEST(TextReader, a_refusal_names_what_it_stands_in) {
+  struct Case {
+    const char* text;
+    const char* construct;
+    const char* found;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"{:Scene :Items ()}", "Scene", ":Items", "an object number or (group number)"},
+      {"{:Scene 0 :SceneCS 720}", "Scene :SceneCS", "}", "an integer"},
+      {"{:Scene 0 :SceneCS 720 576 :Tiling TRUE}", "Scene", ":Tiling",
+       "} or an attribute of Scene"},
+      {"{:Scene 0 :Items ({:Text 1 :TextWrapping 5})}", "Text :TextWrapping", "5})}",
+       "TRUE or FALSE"},
+      {"{:Scene 0 :Items ({:Text 1}) :MovingCursor 1}", "Scene :MovingCursor", "1}",
+       "TRUE or FALSE"},
+      {"{:Scene 0 :Items ({:Link 1 :LinkEffect (:Run(2) :Add(3 TRUE))})}", "Add", "TRUE))})}",
+       "an integer"},
+      {"{:Scene 0 :Items ({:Link 1 :LinkEffect (:Run(2) 5)})}", "Link :LinkEffect", "5)})}",
+       "an action"},
+      {"{:Scene 0 :Items (5)}", "Scene :Items", "5)}", "{ or )"},
+      {"{:Scene 0} 5", "", "5", "the end of the text"}};
+  for (const Case& expected : cases) {
+    const TextError error = ReadText(expected.text).error;
+    EXPECT_STREQ(error.construct.data(), expected.construct) << expected.text;
+    EXPECT_STREQ(error.found.data(), expected.found) << expected.text;
+    EXPECT_STREQ(error.expected.data(), expected.expected) << expected.text;
+  }
+}
+
 TEST(TextReader, too_many_parameters_are_refused) {
   EXPECT_EQ(ReadAction(":Run(1 2)").result, TextResult::Refused);
   EXPECT_EQ(ReadAction(":SetPosition(1 2 3 4)").result, TextResult::Refused);

@@ -1,0 +1,73 @@
+// Serving and playing the demos of examples/.
+#include "unit/demos/demo.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+
+namespace korvel::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string BytesOf(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace
+
+void DemoTest::Play(const std::string& demo) {
+  for (const auto& entry : fs::directory_iterator(KORVEL_SOURCE_DIR "/examples/" + demo)) {
+    const fs::path& path = entry.path();
+    if (path.extension() == ".mheg") {
+      Serve(path.stem().string(), BytesOf(path));
+    } else {
+      TheHost().files[path.filename().string()] = BytesOf(path);
+    }
+  }
+  ASSERT_EQ(Start(), Status::Done);
+  ExpectWhole();
+}
+
+void DemoTest::ExpectWhole() {
+  ASSERT_NE(CurrentApplication(), nullptr);
+  ASSERT_NE(CurrentScene(), nullptr);
+  EXPECT_EQ(CurrentApplication()->LockCount, 0U);
+  EXPECT_EQ(TheHost().pausedMs, 0U) << "a file was not there";
+}
+
+void DemoTest::PressAll(std::initializer_list<std::int32_t> keys) {
+  for (const std::int32_t key : keys) {
+    EXPECT_NE(Press(key), Status::Failure) << "key " << key << " in " << SceneName();
+    ASSERT_NO_FATAL_FAILURE(ExpectWhole()) << "key " << key;
+  }
+}
+
+void DemoTest::Ring(std::int32_t timer) {
+  ASSERT_TRUE(IsPending(static_cast<std::uint32_t>(timer))) << "timer " << timer;
+  EXPECT_NE(Expire(timer), Status::Failure);
+  ASSERT_NO_FATAL_FAILURE(ExpectWhole());
+}
+
+void AnyKeys::PressAnyKeys(const std::string& demo, int steps) {
+  constexpr std::int32_t kKeys[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,   10,  11,  12,  13,
+                                    14, 15, 15, 15, 15, 15, 15, 16, 100, 101, 102, 103, 104};
+  ASSERT_NO_FATAL_FAILURE(Play(demo));
+  std::mt19937 random{20240607};
+  for (int step = 0; step < steps; ++step) {
+    SCOPED_TRACE("step " + std::to_string(step) + " in " + SceneName());
+    const auto& timers = TheHost().timers;
+    if (!timers.empty() && random() % 4 == 0) {
+      auto timer = timers.begin();
+      std::advance(timer, static_cast<std::ptrdiff_t>(random() % timers.size()));
+      ASSERT_NO_FATAL_FAILURE(Ring(static_cast<std::int32_t>(timer->first)));
+    } else {
+      ASSERT_NO_FATAL_FAILURE(PressAll({kKeys[random() % std::size(kKeys)]}));
+    }
+    if (HasFailure()) return;
+  }
+}
+
+}  // namespace korvel::test

@@ -1,0 +1,53 @@
+// The ground that the tests of the demos stand on: a folder of examples/ is served as it is
+// broadcast, keys are pressed, timers expire, and what texts say can be asked.
+#pragma once
+
+#include <string>
+
+#include "support/engine_fixture.h"
+
+namespace korvel::test {
+
+namespace keys {
+inline constexpr std::int32_t kUp = 1;
+inline constexpr std::int32_t kDown = 2;
+inline constexpr std::int32_t kLeft = 3;
+inline constexpr std::int32_t kRight = 4;
+inline constexpr std::int32_t kDigit0 = 5;
+inline constexpr std::int32_t kOK = 15;
+inline constexpr std::int32_t kCancel = 16;
+inline constexpr std::int32_t kRed = 100;
+inline constexpr std::int32_t kGreen = 101;
+inline constexpr std::int32_t kYellow = 102;
+inline constexpr std::int32_t kBlue = 103;
+}  // namespace keys
+
+class DemoTest : public EngineTest {
+ protected:
+  // Serves the carousel and starts it.
+  void Play(const std::string& demo);
+
+  // Presses keys, each of which has to leave the engine with a scene and an unlocked screen.
+  void PressAll(std::initializer_list<std::int32_t> keys);
+  // Lets one pending timer expire; the same is asked of it.
+  void Ring(std::int32_t timer);
+  void ExpectWhole();
+
+  [[nodiscard]] static std::string SceneName() { return NameOf(CurrentScene()); }
+  // What a text of the running scene says.
+  [[nodiscard]] static std::string Says(std::int32_t number) { return SaidBy(SceneName(), number); }
+  [[nodiscard]] static std::string SaidBy(const std::string& group, std::int32_t number) {
+    return std::string(Find<Text>(number, group).TextData.View());
+  }
+  [[nodiscard]] static bool IsPending(std::uint32_t timer) {
+    return TheHost().timers.count(timer) != 0;
+  }
+};
+
+// Anything that a viewer may do, and time that passes: `steps` random keys and expiries.
+class AnyKeys : public DemoTest {
+ protected:
+  void PressAnyKeys(const std::string& demo, int steps);
+};
+
+}  // namespace korvel::test

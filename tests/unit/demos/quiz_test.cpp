@@ -1,0 +1,207 @@
+// The quiz: every game can be won, lost and left, and no key at any time puts it out of step.
+#include <algorithm>
+
+#include "unit/demos/demo.h"
+
+namespace korvel::test {
+namespace {
+
+using namespace keys;
+
+// Objects of the application and of the scenes.
+constexpr std::int32_t kScore = 1;
+constexpr std::int32_t kSeconds = 5;
+constexpr std::int32_t kChosen = 6;
+constexpr std::int32_t kRightAnswer = 61;
+constexpr std::int32_t kToken = 30;
+constexpr std::int32_t kVerdict = 50;
+constexpr std::int32_t kRemark = 51;
+constexpr std::int32_t kCountdown = 1;  // a timer
+constexpr std::int32_t kLook = 2;       // another one
+
+constexpr std::int32_t kSubjects = 7;
+
+class Quiz : public DemoTest {
+ protected:
+  void SetUp() override {
+    DemoTest::SetUp();
+    ASSERT_NO_FATAL_FAILURE(Play("quiz"));
+  }
+
+  static std::int32_t RightAnswer() { return IntegerOf(kRightAnswer, SceneName()); }
+
+  // Answers one of the questions with four answers, which stand in two rows of two.
+  void Answer(std::int32_t number) {
+    PressAll({kUp, kLeft});
+    if (number > 2) PressAll({kDown});
+    if (number % 2 == 0) PressAll({kRight});
+    EXPECT_EQ(Find<TokenGroup>(kToken, SceneName()).TokenPosition, number);
+    PressAll({kOK});
+  }
+  void Type(std::int32_t year) {
+    for (const char digit : std::to_string(year)) PressAll({kDigit0 + (digit - '0')});
+  }
+  // From the first page to the first question of a subject.
+  void Begin(std::int32_t subject) {
+    ASSERT_EQ(SceneName(), "~/welcome");
+    PressAll({kRed});
+    ASSERT_EQ(SceneName(), "~/subject");
+    for (std::int32_t turns = (subject - IntegerOf(kChosen) + kSubjects) % kSubjects; turns > 0;
+         --turns) {
+      PressAll({kDown});
+    }
+    PressAll({kOK});
+    EXPECT_EQ(IntegerOf(kChosen), subject);
+    PressAll({kGreen});
+    ASSERT_EQ(SceneName(), "~/question");
+  }
+};
+
+TEST_F(Quiz, each_subject_is_won_by_right_answers) {
+  for (std::int32_t subject = 1; subject <= kSubjects; ++subject) {
+    SCOPED_TRACE(subject);
+    Begin(subject);
+    for (int question = 1; question <= 2; ++question) {
+      EXPECT_EQ(SaidBy("~/a", 24), std::to_string(question) + " of 3");
+      EXPECT_TRUE(Says(2).ends_with("?")) << Says(2);
+      Answer(RightAnswer());
+      EXPECT_EQ(Says(kVerdict), "That is right!");
+      EXPECT_TRUE(Says(kRemark).ends_with(".")) << Says(kRemark);
+      PressAll({kOK});
+    }
+    ASSERT_EQ(SceneName(), "~/year");
+    EXPECT_TRUE(Says(2).ends_with("?")) << Says(2);
+    Type(RightAnswer());
+    PressAll({kOK});
+    EXPECT_EQ(Says(kVerdict), "That is right!");
+    EXPECT_TRUE(Says(kRemark).ends_with(".")) << Says(kRemark);
+    PressAll({kOK});
+    ASSERT_EQ(SceneName(), "~/result");
+    EXPECT_EQ(Says(4), "3 of 3");
+    PressAll({kRed});
+  }
+}
+
+TEST_F(Quiz, wrong_answers_win_nothing_and_are_told) {
+  Begin(3);
+  Answer(RightAnswer() % 4 + 1);
+  EXPECT_EQ(Says(kVerdict), "No, it is the green one.");
+  PressAll({kOK});
+  Answer(RightAnswer() % 4 + 1);
+  PressAll({kOK});
+  const std::int32_t year = RightAnswer();
+  Type(year - 1);
+  PressAll({kOK});
+  EXPECT_EQ(Says(kVerdict), "No, it was " + std::to_string(year) + ".");
+  PressAll({kOK});
+  EXPECT_EQ(Says(4), "0 of 3");
+}
+
+TEST_F(Quiz, a_question_without_an_answer_is_over_after_its_seconds) {
+  Begin(1);
+  for (std::int32_t left = IntegerOf(kSeconds); left > 0; --left) {
+    EXPECT_EQ(Says(44), std::to_string(left));
+    EXPECT_EQ(Find<Slider>(41, SceneName()).SliderValue, left);
+    EXPECT_EQ(Says(kVerdict), "");
+    ASSERT_NO_FATAL_FAILURE(Ring(kCountdown));
+  }
+  EXPECT_EQ(Says(44), "0");
+  EXPECT_EQ(Says(kVerdict), "Time is up.");
+  EXPECT_TRUE(TheHost().timers.empty());
+  EXPECT_EQ(Find<TokenGroup>(kToken, SceneName()).TokenPosition, RightAnswer());
+  PressAll({kUp, kLeft, kDown, kRight});
+  EXPECT_EQ(Find<TokenGroup>(kToken, SceneName()).TokenPosition, RightAnswer());
+  EXPECT_EQ(IntegerOf(kScore), 0);
+  PressAll({kOK});
+  EXPECT_EQ(SaidBy("~/a", 24), "2 of 3");
+  EXPECT_TRUE(IsPending(kCountdown)) << "the next question has its own time";
+}
+
+TEST_F(Quiz, a_year_without_an_answer_is_over_after_its_seconds) {
+  Begin(1);
+  PressAll({kOK, kOK, kOK, kOK, kDigit0 + 1});
+  ASSERT_EQ(SceneName(), "~/year");
+  const std::int32_t score = IntegerOf(kScore);
+  for (std::int32_t left = IntegerOf(kSeconds); left > 0; --left) {
+    ASSERT_NO_FATAL_FAILURE(Ring(kCountdown));
+  }
+  EXPECT_EQ(Says(kVerdict), "Time is up.");
+  EXPECT_TRUE(TheHost().timers.empty());
+  PressAll({kDigit0 + 9, kCancel});
+  EXPECT_EQ(Says(kVerdict), "Time is up.");
+  EXPECT_EQ(IntegerOf(kScore), score);
+  PressAll({kOK});
+  EXPECT_EQ(SceneName(), "~/result");
+}
+
+TEST_F(Quiz, an_answer_or_leaving_stops_the_time) {
+  Begin(1);
+  EXPECT_TRUE(IsPending(kCountdown));
+  Answer(1);
+  EXPECT_FALSE(IsPending(kCountdown));
+  PressAll({kOK});
+  EXPECT_TRUE(IsPending(kCountdown));
+  PressAll({kRed});
+  EXPECT_EQ(SceneName(), "~/welcome");
+  EXPECT_TRUE(TheHost().timers.empty());
+}
+
+TEST_F(Quiz, without_a_limit_no_time_runs) {
+  PressAll({kGreen});
+  ASSERT_EQ(SceneName(), "~/time");
+  for (std::int32_t steps = 0; steps < 10; ++steps) PressAll({kLeft});
+  EXPECT_EQ(Says(2), "No limit");
+  PressAll({kOK});
+  EXPECT_EQ(Says(7), "No limit");
+  PressAll({kOK});
+  ASSERT_EQ(SceneName(), "~/question");
+  EXPECT_TRUE(TheHost().timers.empty());
+  EXPECT_FALSE(Find<Slider>(41, SceneName()).RunningStatus);
+}
+
+TEST_F(Quiz, a_year_needs_four_digits_and_can_be_corrected) {
+  Begin(1);
+  PressAll({kOK, kOK, kOK, kOK});
+  ASSERT_EQ(SceneName(), "~/year");
+  Type(17);
+  PressAll({kOK});
+  EXPECT_EQ(Says(kVerdict), "A year has four digits.");
+  Type(685);
+  EXPECT_EQ(Says(kVerdict), "A year has four digits.") << "there were five";
+  PressAll({kLeft, kLeft, kLeft});
+  ASSERT_NO_FATAL_FAILURE(Ring(kLook));
+  EXPECT_EQ(Says(kVerdict), "");
+  EXPECT_EQ(Says(31) + Says(32) + Says(33) + Says(34), "1768");
+  PressAll({kDigit0 + 9});
+  ASSERT_NO_FATAL_FAILURE(Ring(kLook));
+  EXPECT_EQ(Says(31) + Says(32) + Says(33) + Says(34), "1968");
+  EXPECT_EQ(Find<Rectangle>(25, SceneName()).Position.X, 206 + 2 * 80);
+}
+
+TEST_F(Quiz, the_help_explains_each_anchor) {
+  PressAll({kBlue});
+  ASSERT_EQ(SceneName(), "~/help");
+  for (const char* label : {"Answering ", "The clock ", "The score ", "The keys  "}) {
+    const std::string before = Says(4);
+    PressAll({kOK});
+    EXPECT_EQ(Says(3), label);
+    EXPECT_NE(Says(4), before);
+    PressAll({kDown});
+  }
+  PressAll({kCancel});
+  EXPECT_EQ(SceneName(), "~/welcome");
+}
+
+class QuizAnyKeys : public AnyKeys {};
+
+TEST_F(QuizAnyKeys, put_nothing_out_of_step) {
+  PressAnyKeys("quiz", 6000);
+  const auto& fetched = TheHost().fetched;
+  for (const char* scene : {"welcome", "subject", "time", "help", "question", "year", "result"}) {
+    EXPECT_NE(std::count(fetched.begin(), fetched.end(), scene), 0) << scene;
+  }
+  EXPECT_EQ(Printed().find("Error"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace korvel::test

@@ -1,0 +1,189 @@
+// Timers of content, from the action that sets them to the picture that their expiry changes: by
+// the platform's own timers, through the window and its queue. Whether one has not fired is known
+// once another one, due later, has.
+#include "windows/library/engine_fixture.h"
+
+namespace korvel::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr WPARAM kEnter = 13;
+constexpr int kOK = 15;
+
+constexpr COLORREF kRed = RGB(255, 0, 0);
+constexpr COLORREF kBlue = RGB(0, 0, 255);
+constexpr COLORREF kBlack = RGB(0, 0, 0);
+
+std::string Link(int number, const std::string& event, const std::string& actions) {
+  return "{:Link " + std::to_string(number) + " :EventSource 0 :EventType " + event +
+         " :LinkEffect (" + actions + ")} ";
+}
+
+std::string OnKey(int number, const std::string& actions) {
+  return Link(number, "UserInput :EventData " + std::to_string(kOK), actions);
+}
+
+// What each scene here is made of: every expiry of timer 1 makes a red bar 10 pixels longer, and
+// every expiry of timer 2 a blue one. Where both bars lie, the one whose timer came last is seen.
+std::string Bars() {
+  const auto bar = [](const std::string& number, const std::string& colour, int y) {
+    return "{:IntegerVar 2" + number + " :OrigValue 0} {:Rectangle 1" + number +
+           " :OrigBoxSize 0 20 :OrigPosition 0 " + std::to_string(y) +
+           " :OrigLineWidth 0 :OrigRefFillColour '" + colour + "'} {:Rectangle 4" + number +
+           " :InitiallyActive FALSE :OrigBoxSize 20 20 :OrigPosition 600 0 :OrigLineWidth 0"
+           " :OrigRefFillColour '" +
+           colour + "'} " +
+           Link(30 + std::stoi(number), "TimerFired :EventData " + number,
+                ":Add(2" + number + " 10) :SetBoxSize(1" + number + " :IndirectRef 2" + number +
+                    " 20) :Run(4" + number + ") :BringToFront(4" + number + ")");
+  };
+  return bar("1", "=FF=00=00=00", 0) + bar("2", "=00=00=FF=00", 40);
+}
+
+std::int64_t ProcessAgeMs() {
+  const auto ticks = [](const FILETIME& time) {
+    return static_cast<std::int64_t>(std::uint64_t{time.dwHighDateTime} << 32U |
+                                     time.dwLowDateTime);
+  };
+  FILETIME start{};
+  FILETIME unused{};
+  FILETIME now{};
+  GetProcessTimes(GetCurrentProcess(), &start, &unused, &unused, &unused);
+  GetSystemTimeAsFileTime(&now);
+  return (ticks(now) - ticks(start)) / 10'000;
+}
+
+class LibraryTimers : public Engine {
+ protected:
+  // Starts a scene with the bars in which OK does this.
+  void StartWithKey(const std::string& actions, const std::string& more = "") {
+    ServeScene(Bars() + OnKey(50, actions) + more + Ready());
+    Start();
+    WaitForColour(710, 10, kRed);
+  }
+  // A mark that stands when the scene runs, so that keys are not pressed before.
+  static std::string Ready() {
+    return "{:Rectangle 60 :OrigBoxSize 20 20 :OrigPosition 700 0 :OrigLineWidth 0"
+           " :OrigRefFillColour '=FF=00=00=00'} ";
+  }
+  // Waits until a timer has fired at least so often.
+  void WaitForExpiries(int timer, int count) const {
+    WaitForColour(10 * count - 5, timer == 1 ? 10 : 50, timer == 1 ? kRed : kBlue);
+  }
+  void ExpectExpiries(int timer, int count) const {
+    const int y = timer == 1 ? 10 : 50;
+    if (count > 0) {
+      EXPECT_EQ(Shown(10 * count - 5, y), timer == 1 ? kRed : kBlue);
+    }
+    EXPECT_EQ(Shown(10 * count + 5, y), kBlack) << "timer " << timer << " fired too often";
+  }
+  // Which of the two timers fired last.
+  [[nodiscard]] COLORREF Last() const { return Shown(610, 10); }
+};
+
+TEST_F(LibraryTimers, fire_by_themselves_and_once) {
+  StartWithKey(":SetTimer(0 1 30) :SetTimer(0 2 400)");
+  PressKey(kEnter);
+  WaitForExpiries(2, 1);
+  ExpectExpiries(1, 1);
+  EXPECT_EQ(Last(), kBlue);
+}
+
+TEST_F(LibraryTimers, set_again_by_their_own_expiry_tick) {
+  StartWithKey(":SetTimer(0 1 30)", Link(51, "TimerFired :EventData 1", ":SetTimer(0 1 30)"));
+  PressKey(kEnter);
+  WaitForExpiries(1, 5);
+}
+
+TEST_F(LibraryTimers, do_not_fire_earlier_than_they_are_due) {
+  StartWithKey(":SetTimer(0 1 600)");
+  const auto before = std::chrono::steady_clock::now();
+  PressKey(kEnter);
+  WaitForExpiries(1, 1);
+  EXPECT_GE(std::chrono::steady_clock::now() - before, 580ms) << "a tick of the clock is permitted";
+}
+
+TEST_F(LibraryTimers, cancelled_do_not_fire) {
+  StartWithKey(":SetTimer(0 1 60) :SetTimer(0 2 300) :SetTimer(0 1)");
+  PressKey(kEnter);
+  WaitForExpiries(2, 1);
+  ExpectExpiries(1, 0);
+}
+
+TEST_F(LibraryTimers, set_again_before_they_are_due_fire_once_at_the_second_time) {
+  StartWithKey(":SetTimer(0 1 60) :SetTimer(0 2 250) :SetTimer(0 1 700)");
+  PressKey(kEnter);
+  WaitForExpiries(2, 1);
+  ExpectExpiries(1, 0);
+  WaitForExpiries(1, 1);
+  ExpectExpiries(1, 1);
+  EXPECT_EQ(Last(), kRed);
+}
+
+// The group that is not there keeps the worker busy for half a second; meanwhile the expiry of
+// timer 1 is queued. Then the second link for the key cancels it.
+TEST_F(LibraryTimers, cancelled_while_their_expiry_is_queued_do_not_fire) {
+  StartWithKey(":SetTimer(0 1 100) :TransitionTo((\"~/missing\" 0))",
+               OnKey(51, ":SetTimer(0 1) :SetTimer(0 2 100)"));
+  PressKey(kEnter);
+  WaitForExpiries(2, 1);
+  ExpectExpiries(1, 0);
+}
+
+TEST_F(LibraryTimers, end_with_their_scene) {
+  StartWithKey(":SetTimer(0 1 200) :TransitionTo((\"~/next\" 0))");
+  ServeScene("next", Bars() + Link(50, "IsRunning", ":SetTimer(0 2 500)"));
+  PressKey(kEnter);
+  WaitForExpiries(2, 1);
+  ExpectExpiries(1, 0);
+}
+
+TEST_F(LibraryTimers, of_the_next_scene_are_not_those_of_the_last_one) {
+  StartWithKey(":SetTimer(0 1 50) :TransitionTo((\"~/next\" 0))");
+  ServeScene("next", Bars() + Link(50, "IsRunning", ":SetTimer(0 1 700) :SetTimer(0 2 300)"));
+  PressKey(kEnter);
+  WaitForExpiries(2, 1);
+  ExpectExpiries(1, 0);
+  WaitForExpiries(1, 1);
+  ExpectExpiries(1, 1);
+}
+
+TEST_F(LibraryTimers, of_the_application_are_never_told) {
+  StartWithKey(":SetTimer((\"~/a\" 0) 1 50) :SetTimer(0 2 300)");
+  PressKey(kEnter);
+  WaitForExpiries(2, 1);
+  ExpectExpiries(1, 0);
+}
+
+// Both kinds share the numbers of the platform's timers: the application's never comes.
+TEST_F(LibraryTimers, of_the_scene_take_the_number_from_the_application) {
+  StartWithKey(":SetTimer((\"~/a\" 0) 1 50) :SetTimer(0 1 500) :SetTimer(0 2 200)");
+  PressKey(kEnter);
+  WaitForExpiries(2, 1);
+  ExpectExpiries(1, 0);
+  WaitForExpiries(1, 1);
+  EXPECT_EQ(Last(), kRed);
+}
+
+TEST_F(LibraryTimers, for_a_time_before_the_scene_do_not_fire) {
+  StartWithKey(":SetTimer(0 1 0 :AbsoluteTime TRUE) :SetTimer(0 2 300)");
+  PressKey(kEnter);
+  WaitForExpiries(2, 1);
+  ExpectExpiries(1, 0);
+}
+
+// An absolute time is counted from the start of the process, and a scene is entered later than
+// that: what is left of it at the entry is what the timer waits.
+TEST_F(LibraryTimers, for_a_time_after_the_scene_fire_then) {
+  const std::string later = std::to_string(ProcessAgeMs() + 4000);
+  StartWithKey(":SetTimer(0 1 " + later + " :AbsoluteTime TRUE) :SetTimer(0 2 200)");
+  PressKey(kEnter);
+  WaitForExpiries(2, 1);
+  ExpectExpiries(1, 0);
+  WaitForExpiries(1, 1);
+  EXPECT_EQ(Last(), kRed);
+}
+
+}  // namespace
+}  // namespace korvel::test

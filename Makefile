@@ -1,10 +1,10 @@
 # The short front of the CMake presets. Each target installs the Debian packages that it needs and
 # that are missing, builds, and does its job. Products: build/<preset>/bin/.
-.PHONY: play test gallery dll mheg fuzz check format
+.PHONY: play test gallery dll mheg demos fuzz check format
 
 # Plays the demo that DEMO names (welcome, quiz, clock): in a window where there is a display, else
 # into screenshots.
-play: dll mheg
+play: dll demos
 	@scripts/install-packages.sh run
 	@scripts/play.sh $(or $(DEMO),welcome)
 
@@ -25,11 +25,15 @@ dll:
 	@cmake --preset win64 >/dev/null
 	@cmake --build --preset win64 --target korvel korvel-player
 
-# The compiler of textual groups, and the demos made with it.
+# The author's tool.
 mheg:
 	@scripts/install-packages.sh native
 	@cmake --preset native >/dev/null
-	@cmake --build --preset native --target mheg examples
+	@cmake --build --preset native --target mheg
+
+# The carousels of the demos.
+demos: mheg
+	@cmake --build --preset native --target examples
 
 # The fuzz targets, for ten minutes each unless SECONDS says otherwise.
 fuzz:

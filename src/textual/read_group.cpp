@@ -42,7 +42,9 @@ class ObjectBuilder {
   // From the opening brace to the closing one.
   [[nodiscard]] bool Build() noexcept {
     const Token begin = reader_.Next();
-    if (!reader_.Expect(kOpenBrace, "{") || !reader_.ExpectKeyword(kHeading.keyword)) return false;
+    if (!reader_.Expect(kOpenBrace, "{")) return false;
+    // The builder of an item is only called at its keyword.
+    if (!reader_.TakeKeyword(kHeading.keyword)) return reader_.Refuse(":Application or :Scene");
     const Construct outer = reader_.Enter({kHeading.name});
     if (!Read(reader_, record_.Reference)) return false;
     while (!reader_.Take(kCloseBrace)) {

@@ -31,7 +31,7 @@ class Tool : public testing::Test {
   // Runs the tool in the scratch folder.
   ToolOutcome Call(const std::string& arguments) const {
     const std::string command =
-        "cd '" + folder_.string() + "' && '" KORVEL_TOOL "' " + arguments + " 2>&1";
+        "exec 2>&1; cd '" + folder_.string() + "' && '" KORVEL_TOOL "' " + arguments;
     ToolOutcome run;
     FILE* pipe = popen(command.c_str(), "r");
     for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) {

@@ -92,6 +92,29 @@ TEST_F(Tool, check_tells_by_its_status_whether_all_is_well) {
   EXPECT_EQ(run.output, "./s.mheg: object 0: refers to object 5, which does not exist\n");
 }
 
+TEST_F(Tool, check_finds_nothing_in_the_demos) {
+  const ToolOutcome run = Call("check '" KORVEL_SOURCE_DIR "/examples'");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output, "");
+}
+
+TEST_F(Tool, a_faulty_file_does_not_keep_others_from_being_printed) {
+  Write("bad", std::string("\xA1\x03\x02\x05\x00", 5));
+  Write("good.mheg", kScene);
+  const ToolOutcome run = Call("dump bad good.mheg");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.output.find("bad: byte 2: "), std::string::npos) << run.output;
+  EXPECT_NE(run.output.find("|---SCene:\n"), std::string::npos) << run.output;
+}
+
+TEST_F(Tool, errors_go_to_the_standard_error_and_trees_to_the_standard_output) {
+  Write("bad.mheg", "{");
+  Write("good.mheg", kScene);
+  EXPECT_EQ(Call("dump bad.mheg good.mheg 2>/dev/null").output.rfind("|---SCene:\n", 0), 0U);
+  EXPECT_EQ(Call("dump bad.mheg good.mheg >/dev/null").output,
+            "bad.mheg:1:2: found the end of the text, expected :Application or :Scene\n");
+}
+
 TEST_F(Tool, wrong_use_has_a_status_of_its_own) {
   Write("one.mheg", kScene);
   Write("two.mheg", kScene);

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "objects/ber/ber.h"
 #include "objects/objects.h"
 #include "textual/keywords.h"
 #include "textual/textual.h"
@@ -30,7 +31,7 @@ std::vector<std::string> Examples() {
   return examples;
 }
 
-TEST(AuthoringPage, every_example_is_a_whole_group) {
+TEST(AuthoringPage, every_example_is_a_whole_group_and_compiles) {
   const std::vector<std::string> examples = Examples();
   EXPECT_GE(examples.size(), 8U);
   for (const std::string& example : examples) {
@@ -43,6 +44,8 @@ TEST(AuthoringPage, every_example_is_a_whole_group) {
         << error.found.data() << ", expected " << error.expected.data();
     for (const MissingPart& part : missing)
       ADD_FAILURE() << part.owner << " lacks " << part.missing;
+    OctetString bytes;
+    EXPECT_EQ(EncodeGroup(*group.Get(), bytes), Status::Done) << example;
   }
 }
 
@@ -59,6 +62,36 @@ TEST(AuthoringPage, the_examples_show_every_keyword_of_a_class_an_attribute_or_a
     }
     EXPECT_TRUE(isShown) << word;
   }
+}
+
+// How often a word stands in a text, with anything but a letter behind it.
+int CountOf(const std::string& text, const std::string& word) {
+  int count = 0;
+  for (std::size_t i = text.find(word); i != std::string::npos; i = text.find(word, i + 1)) {
+    count += std::isalpha(static_cast<unsigned char>(text[i + word.size()])) == 0 ? 1 : 0;
+  }
+  return count;
+}
+
+TEST(AuthoringPage, the_list_of_actions_has_each_of_them) {
+  const std::vector<std::string> examples = Examples();
+  const std::string& actions = examples.back();
+  for (int number = 1; number <= kDecodedActionCount; ++number) {
+    const std::string name = FindAction(static_cast<std::uint8_t>(number))->name;
+    EXPECT_GE(CountOf(actions, ":" + name), 1) << name;
+  }
+}
+
+TEST(AuthoringPage, an_object_of_every_class_is_shown) {
+  std::string all;
+  for (const std::string& example : Examples()) all += example;
+  const auto look = [&all]<class Record>() {
+    const char* keyword = Description<Record>::heading.keyword;
+    EXPECT_GE(CountOf(all, std::string("{") + keyword), 1) << keyword;
+  };
+  ForEachClass(ItemClasses{}, look);
+  ForEachClass(ComponentClasses{}, look);
+  ForEachClass(Classes<Application, Scene>{}, look);
 }
 
 }  // namespace

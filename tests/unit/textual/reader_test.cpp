@@ -309,7 +309,26 @@ TEST(TextReader, an_error_has_the_furthest_place_and_what_was_expected) {
       IsRefusedAt(ReadText("{:Application 0 :Items ("), 1, 25, "the end of the text", "{ or )"));
   EXPECT_TRUE(IsRefusedAt(ReadText("{:Scene 0} {"), 1, 12, "{", "the end of the text"));
   EXPECT_TRUE(IsRefusedAt(ReadText(""), 1, 1, "the end of the text", "{"));
-  EXPECT_TRUE(IsRefusedAt(ReadText("{:Text 1}"), 1, 2, ":Text", ":Application"));
+  EXPECT_TRUE(IsRefusedAt(ReadText("{:Text 1}"), 1, 2, ":Text", ":Application or :Scene"));
+}
+
+// The numbers are what a caller without our headers sees.
+TEST(TextReader, everything_that_cannot_be_read_has_the_result_1) {
+  for (const std::string& text :
+       {std::string("{:Scene 0x1}"), std::string("{:Scene -}"), std::string("{:Foo 0}"),
+        std::string("{:Scene 0 /}"), std::string("{:Text 1}"), std::string("{:Scene 0"),
+        std::string("\xC8"), std::string("\x7F"), std::string("{:Scene 0 :ObjectInfo \"x"),
+        "{:Scene 0}" + std::string(65526, ' ')}) {
+    EXPECT_EQ(static_cast<int>(ReadText(text).result), 1) << text.substr(0, 40);
+    EXPECT_FALSE(ReadText(text).group);
+  }
+  EXPECT_EQ(static_cast<int>(ReadText("{:Scene 0}" + std::string(65525, ' ')).result), 0);
+}
+
+TEST(TextReader, a_word_that_is_no_keyword_is_printed) {
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(ReadText("{:Scene 0 :Foo}").result, TextResult::Refused);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "Error string : :FOO}\n");
 }
 
 TEST(TextReader, a_failure_leaves_nothing) {

@@ -190,14 +190,17 @@ class Checks(unittest.TestCase):
         line = "* 30 30 10 10 glyphs 3"
         problem = f"a.png: 4 pixels differ in the area of '{line}'"
         self.assertEqual(self.stored_problems(line), [problem])
-        self.assertEqual(self.stored_problems("b.png 30 30 10 10 glyphs 4"), ["a.png: 4 pixels differ"])
+        self.assertEqual(self.stored_problems("b.png 30 30 10 10 glyphs 4"),
+                         ["a.png: 4 pixels differ"])
 
     def test_channels_may_differ_in_value(self):
         self.save(self.scenario / "expected")
         self.fill(30, 30, 2, 2, (16, 35, 96))
         self.assertEqual(self.stored_problems("a.png 30 30 2 2 within 3"), [])
-        self.assertEqual(self.stored_problems("a.png 30 30 2 2 within 2"), ["a.png: 4 pixels differ"])
-        self.assertEqual(self.stored_problems("a.png 30 30 1 2 within 3"), ["a.png: 2 pixels differ"])
+        self.assertEqual(self.stored_problems("a.png 30 30 2 2 within 2"),
+                         ["a.png: 4 pixels differ"])
+        self.assertEqual(self.stored_problems("a.png 30 30 1 2 within 3"),
+                         ["a.png: 2 pixels differ"])
 
     # What the engine prints
 

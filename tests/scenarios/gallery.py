@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Plays all scenarios and shows them in one page: what was seen and, where one failed, what is wrong.
+"""Plays all scenarios and shows them in one page: what was seen and, where one failed, why.
 
 The scenarios are the folders beside this file and are played as the tests play them; demos are
-seen through the scenario that links to their texts, and one that has none counts as failed. The page
-needs nothing from outside its folder, which can be moved. Ends with 1 when a scenario failed.
+seen through the scenario that links to their texts, and one that has none counts as failed. The
+page needs nothing from outside its folder, which can be moved. Ends with 1 when a scenario failed.
 """
 
 import argparse
@@ -81,7 +81,8 @@ def page_of(cards, missing, seconds):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("page", type=pathlib.Path, help="where the page goes, in a folder of its own")
+    parser.add_argument("page", type=pathlib.Path,
+                        help="where the page goes, in a folder of its own")
     run_scenario.add_tool_options(parser)
     options = parser.parse_args()
     played, began = scenarios(), time.monotonic()

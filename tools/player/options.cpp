@@ -17,8 +17,8 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
       ->required()
       ->check(CLI::ExistingDirectory);
   app.add_option("--script", given.script,
-                 "File with a step a line: wait MS, until X Y #RRGGBB, key NAME, expose,\n"
-                 "shot FILE.png, exit")
+                 "File with a step a line: wait MS, until X Y #RRGGBB, until changed,\n"
+                 "key NAME, expose, shot FILE.png, exit")
       ->check(CLI::ExistingFile);
   app.add_option("--screenshot", given.screenshot,
                  "Take a picture of the engine window after --wait, then close");

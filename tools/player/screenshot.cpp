@@ -58,9 +58,7 @@ PictureWriter::PictureWriter() {
 
 PictureWriter::~PictureWriter() { Gdiplus::GdiplusShutdown(token_); }
 
-bool PictureWriter::Write(HWND window, const std::filesystem::path& file) const {
-  Picture picture;
-  if (!Capture(window, picture)) return false;
+bool PictureWriter::Write(Picture& picture, const std::filesystem::path& file) const {
   Gdiplus::Bitmap bitmap(picture.width, picture.height, picture.width * 4, PixelFormat32bppRGB,
                          reinterpret_cast<BYTE*>(picture.pixels.data()));
   return bitmap.GetLastStatus() == Gdiplus::Ok &&

@@ -28,8 +28,8 @@ class PictureWriter {
   PictureWriter& operator=(const PictureWriter&) = delete;
   ~PictureWriter();
 
-  // Writes what the window shows in its client area. False when it cannot be read or written.
-  [[nodiscard]] bool Write(HWND window, const std::filesystem::path& file) const;
+  // False when the file cannot be written.
+  [[nodiscard]] bool Write(Picture& picture, const std::filesystem::path& file) const;
 
  private:
   ULONG_PTR token_ = 0;

@@ -46,6 +46,7 @@ std::optional<Step> StepOf(const std::string& word, const std::string& argument)
     const auto milliseconds = NumberIn(argument);
     if (milliseconds) return Step{StepKind::Wait, *milliseconds, {}, {}};
   } else if (word == "until") {
+    if (argument == "changed") return Step{StepKind::UntilChanged, 0, {}, {}};
     const auto pixel = PixelIn(argument);
     if (pixel) return Step{StepKind::Until, 0, {}, *pixel};
   } else if (word == "key") {

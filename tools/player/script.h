@@ -9,7 +9,7 @@
 
 namespace player {
 
-enum class StepKind { Wait, Until, Key, Expose, Shot, Exit };
+enum class StepKind { Wait, Until, UntilChanged, Key, Expose, Shot, Exit };
 
 struct Pixel {
   unsigned x = 0;
@@ -29,6 +29,7 @@ struct Step {
 //   until X Y #RRGGBB  lets time pass until this pixel of the window has this colour and the
 //   picture
 //                      stays as it is; 10 seconds at most, then the run has failed
+//   until changed      the same, until the picture is another than the last one that was taken
 //   key NAME           presses a key
 //   expose             wipes the window as if it had been covered, so that it must paint itself
 //   shot FILE.png      takes a picture

@@ -3,6 +3,7 @@
 #include "player/session.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 
 #include "player/exit_status.h"
@@ -14,7 +15,7 @@ constexpr unsigned kWindowLimitMs = 20000;
 constexpr unsigned kCloseLimitMs = 30000;
 constexpr unsigned kCloseAgainMs = 100;  // a request made before there is a window is lost
 constexpr unsigned kLookAgainMs = 10;
-constexpr unsigned kPixelLimitMs = 10000;
+constexpr unsigned kPictureLimitMs = 10000;
 // A scene may be shown piece by piece while it starts; this long it does not pause.
 constexpr unsigned kStillMs = 100;
 
@@ -91,7 +92,8 @@ bool Session::RunSteps(const std::vector<Step>& steps) {
     if (isEngineClosed_) return false;
     switch (step.kind) {
     case StepKind::Wait: Pump(step.number); break;
-    case StepKind::Until: Await(step.pixel); break;
+    case StepKind::Until: AwaitPixel(step.pixel); break;
+    case StepKind::UntilChanged: AwaitChange(); break;
     case StepKind::Key: PressKey(step.number); break;
     case StepKind::Expose: WipeWindow(); break;
     case StepKind::Shot:
@@ -103,23 +105,35 @@ bool Session::RunSteps(const std::vector<Step>& steps) {
   return true;
 }
 
-// Once something has not come, the run is lost: it takes its other pictures without waiting.
-void Session::Await(const Pixel& pixel) {
+// Waits until the condition is met by a picture that stays as it is. Once something has not come,
+// the run is lost: it takes its other pictures without waiting.
+template <typename Condition>
+void Session::Await(const char* wanted, Condition isMet) {
   Picture seen;
   ULONGLONG seenSince = 0;
-  const bool hasCome = PumpUntil(isLost_ ? 0 : kPixelLimitMs, [&] {
+  const bool hasCome = PumpUntil(isLost_ ? 0 : kPictureLimitMs, [&] {
     Picture now;
     if (!Capture(engineWindow_, now)) return false;
     if (now != seen) {
       seen = std::move(now);
       seenSince = GetTickCount64();
     }
-    return IsColour(seen, pixel) && GetTickCount64() - seenSince >= kStillMs;
+    return isMet(seen) && GetTickCount64() - seenSince >= kStillMs;
   });
   if (hasCome || isLost_) return;
   isLost_ = true;
-  std::fprintf(stderr, "korvel-player: the pixel %u %u has not become #%06X\n", pixel.x, pixel.y,
-               static_cast<unsigned>(pixel.colour));
+  std::fprintf(stderr, "korvel-player: %s has not come\n", wanted);
+}
+
+void Session::AwaitPixel(const Pixel& pixel) {
+  std::array<char, 64> wanted{};
+  std::snprintf(wanted.data(), wanted.size(), "#%06X at %u %u", static_cast<unsigned>(pixel.colour),
+                pixel.x, pixel.y);
+  Await(wanted.data(), [&](const Picture& seen) { return IsColour(seen, pixel); });
+}
+
+void Session::AwaitChange() {
+  Await("another picture", [this](const Picture& seen) { return seen != lastShot_; });
 }
 
 // Leaves a colour that no scene should have, so that it is seen whether the window is painted.
@@ -136,7 +150,9 @@ void Session::WipeWindow() const {
 }
 
 bool Session::TakeShot(const std::filesystem::path& file) {
-  if (!isEngineClosed_ && pictures_.Write(engineWindow_, file)) return true;
+  if (!isEngineClosed_ && Capture(engineWindow_, lastShot_) && pictures_.Write(lastShot_, file)) {
+    return true;
+  }
   std::fprintf(stderr, "korvel-player: cannot write %s\n", file.string().c_str());
   return false;
 }

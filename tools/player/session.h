@@ -29,7 +29,10 @@ class Session {
   void Pump(unsigned milliseconds);
   void TakeMessages();
   bool RunSteps(const std::vector<Step>& steps);
-  void Await(const Pixel& pixel);
+  template <typename Condition>
+  void Await(const char* wanted, Condition isMet);
+  void AwaitPixel(const Pixel& pixel);
+  void AwaitChange();
   void WipeWindow() const;
   bool TakeShot(const std::filesystem::path& file);
   void PressKey(unsigned virtualKey) const;
@@ -37,6 +40,7 @@ class Session {
 
   const EngineLibrary& engine_;
   PictureWriter pictures_;
+  Picture lastShot_;
   HWND hostWindow_ = nullptr;
   HWND engineWindow_ = nullptr;
   bool isEngineClosed_ = false;

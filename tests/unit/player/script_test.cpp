@@ -11,12 +11,12 @@ using player::Step;
 using player::StepKind;
 
 TEST(Script, gives_its_steps_in_order) {
-  std::istringstream text(
-      "wait 250\nkey Red\nuntil 719 0 #0a80FF\nexpose\nshot pictures/first one.png\nexit\n");
+  std::istringstream text("wait 250\nkey Red\nuntil 719 0 #0a80FF\nuntil changed\nexpose\nshot "
+                          "pictures/first one.png\nexit\n");
   std::vector<Step> steps;
   std::string problem;
   ASSERT_TRUE(player::ReadScript(text, steps, problem)) << problem;
-  ASSERT_EQ(steps.size(), 6U);
+  ASSERT_EQ(steps.size(), 7U);
   EXPECT_EQ(steps[0].kind, StepKind::Wait);
   EXPECT_EQ(steps[0].number, 250U);
   EXPECT_EQ(steps[1].kind, StepKind::Key);
@@ -25,10 +25,11 @@ TEST(Script, gives_its_steps_in_order) {
   EXPECT_EQ(steps[2].pixel.x, 719U);
   EXPECT_EQ(steps[2].pixel.y, 0U);
   EXPECT_EQ(steps[2].pixel.colour, 0x0A80FFU);
-  EXPECT_EQ(steps[3].kind, StepKind::Expose);
-  EXPECT_EQ(steps[4].kind, StepKind::Shot);
-  EXPECT_EQ(steps[4].file, "pictures/first one.png");
-  EXPECT_EQ(steps[5].kind, StepKind::Exit);
+  EXPECT_EQ(steps[3].kind, StepKind::UntilChanged);
+  EXPECT_EQ(steps[4].kind, StepKind::Expose);
+  EXPECT_EQ(steps[5].kind, StepKind::Shot);
+  EXPECT_EQ(steps[5].file, "pictures/first one.png");
+  EXPECT_EQ(steps[6].kind, StepKind::Exit);
 }
 
 TEST(Script, passes_over_blank_lines_remarks_and_line_ends_of_windows) {
@@ -43,7 +44,7 @@ TEST(Script, passes_over_blank_lines_remarks_and_line_ends_of_windows) {
 TEST(Script, names_the_line_that_is_wrong_and_gives_no_steps) {
   for (const char* wrong :
        {"wait", "wait -1", "wait 1s", "wait 99999999999", "key", "key Purple", "shot", "exit now",
-        "expose 1", "until", "until 1 2", "until 1 2 102030", "until 1 2 #10203",
+        "expose 1", "until", "until 1 2", "until changed 1", "until 1 2 102030", "until 1 2 #10203",
         "until 1 2 #10203g", "until -1 2 #102030", "until 1 2 #102030 4", "press Red", "Wait 5"}) {
     std::istringstream text("wait 1\n" + std::string(wrong) + "\nexit\n");
     std::vector<Step> steps;

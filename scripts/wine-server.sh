@@ -1,6 +1,6 @@
 # To be sourced, in the project's folder: Wine for the tests, with the prefix of the build folder
-# and no display. Its server stays, and one program runs before the others: each then starts in a
-# moment.
+# and without a display. Its server stays, and one program runs before the others: each of them then
+# starts in a moment.
 unset DISPLAY
 export WINEPREFIX="$PWD/build/wine"
 

@@ -17,10 +17,10 @@ pixels of the picture; RANGE is A..B, both included, or one number.
   ink NAME.png X Y WIDTH HEIGHT #BACKGROUND [left|right|top|bottom|width|height|lines RANGE] ...
       [colour #RRGGBB]
       Ink is what differs from the background, and there must be some. Its outermost columns and
-      rows, as places in the picture, lie in these ranges, and so do their distances. Lines are runs
-      of rows with ink, so use letters without accents, dots and descenders to count them. With a
-      colour, each pixel of the ink lies between the background and that colour, and one is at least
-      halfway there.
+      rows, as places in the picture, lie in these ranges, and so do their distances. Lines are
+      runs of rows with ink, so use letters without accents, dots and descenders to count them.
+      With a colour, each pixel of the ink lies between the background and that colour, and one is
+      at least halfway there.
 
 `expected/NAME.png` are stored pictures, compared exactly but for the areas in `tolerance`:
 
@@ -275,7 +275,7 @@ def wrong_output(scenario, work):
 
 
 def problems_of(scenario, work):
-    """Everything that is not as the scenario wants it, a line each; marks it in the work folder."""
+    """Everything that is not as the scenario wants it, a line each; leaves difference pictures."""
     taken = Taken(work)
     problems = wrong_pixels(scenario, taken) + wrong_pictures(scenario, taken)
     taken.write_differences()

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Plays all scenarios and shows them in one page: what was seen and, where one failed, why.
+"""Plays all scenarios and shows in one page what was seen and, where one failed, what is wrong.
 
 The scenarios are the folders beside this file and are played as the tests play them; demos are
 seen through the scenario that links to their texts, and one that has none counts as failed. The
@@ -65,8 +65,11 @@ def card_of(result, scenario, work, page_folder):
 
 def page_of(cards, missing, seconds):
     environment = jinja2.Environment(
-        loader=jinja2.FileSystemLoader(HERE), autoescape=True, trim_blocks=True, lstrip_blocks=True,
+        loader=jinja2.FileSystemLoader(HERE),
         undefined=jinja2.StrictUndefined,
+        autoescape=True,
+        trim_blocks=True,
+        lstrip_blocks=True,
     )
     failed = [card for card in cards if card["problems"]]
     demos_first = sorted(cards, key=lambda card: not card["name"].startswith("demo_"))
@@ -81,8 +84,7 @@ def page_of(cards, missing, seconds):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("page", type=pathlib.Path,
-                        help="where the page goes, in a folder of its own")
+    parser.add_argument("page", type=pathlib.Path, help="file of the page, in a folder of its own")
     run_scenario.add_tool_options(parser)
     options = parser.parse_args()
     played, began = scenarios(), time.monotonic()

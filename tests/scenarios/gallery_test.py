@@ -27,7 +27,8 @@ class Gallery(unittest.TestCase):
             "pictures": list(pictures),
             "problems": problems,
         }
-        return gallery.card_of(result, self.root / "scenario", self.root / "work", self.page_folder)
+        scenario, work = self.root / "scenario", self.root / "work"
+        return gallery.card_of(result, scenario, work, self.page_folder)
 
     def test_passed_scenario_shows_its_pictures(self):
         self.write("work/a.png", b"seen a")
@@ -63,9 +64,9 @@ class Gallery(unittest.TestCase):
         names = ("any", "demo", "demo_one", "failed")
         cards = [self.card(["no"] if name == "failed" else [], [], name) for name in names]
         page = gallery.page_of(cards, [], 5)
-        order = ("Failed", "Demo one", "Any", "Demo")
-        titles = [page.index(f"<h2>{title}</h2>") for title in order]
-        self.assertEqual(titles, sorted(titles))
+        titles = ("Failed", "Demo one", "Any", "Demo")
+        places = [page.index(f"<h2>{title}</h2>") for title in titles]
+        self.assertEqual(places, sorted(places))
 
     def test_demo_without_scenario_counts_as_failed(self):
         self.write("examples/shown/a.mheg")

@@ -47,6 +47,15 @@ def sentence_of(scenario):
     return " ".join(words)
 
 
+def lacks_of(scenario):
+    lacks = []
+    if not any((scenario / part).exists() for part in ("pixels", "expected", "output")):
+        lacks.append("nothing says what must be seen")
+    if not sentence_of(scenario):
+        lacks.append("the script does not begin with a sentence")
+    return lacks
+
+
 def shots_of(scenario):
     steps = [line.split(maxsplit=1) for line in checks.lines_of(scenario / "script")]
     return list(dict.fromkeys(step[1] for step in steps if step[0] == "shot"))
@@ -103,15 +112,12 @@ def play_patiently(scenario, work, tools):
 
 def run(scenario, work, tools):
     """Compiles, plays and checks; leaves and returns what came of it."""
-    if not any((scenario / part).exists() for part in ("pixels", "expected", "output")):
-        sys.exit(f"{scenario} does not say what must be seen")
-    if not sentence_of(scenario):
-        sys.exit(f"the script of {scenario} does not begin with a sentence")
     shutil.rmtree(work, ignore_errors=True)
     work.mkdir(parents=True)
-    problems = prepare_carousel(scenario / "carousel", work / "carousel", tools.mheg)
+    problems = lacks_of(scenario)
+    problems += prepare_carousel(scenario / "carousel", work / "carousel", tools.mheg)
     if problems:
-        print(f"{scenario.name} is not compiled:", *problems, sep="\n  ")
+        print(f"{scenario.name} is not played:", *problems, sep="\n  ")
     else:
         problems = play_patiently(scenario, work, tools)
     result = {

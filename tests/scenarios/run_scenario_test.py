@@ -94,9 +94,11 @@ class RunScenario(unittest.TestCase):
     def test_scenario_that_says_nothing_fails(self):
         self.write("red/script", "shot a.png\n")
         (self.scenario / "pixels").unlink()
-        nothing_said = ["nothing says what must be seen", "the script does not begin with a sentence"]
-        self.assertEqual(self.run_with(PLAY)["problems"], nothing_said)
-        self.assertEqual(self.run_with(PLAY)["pictures"], [])
+        result = self.run_with(PLAY)
+        nothing_seen, nothing_said = result["problems"]
+        self.assertEqual(nothing_seen, "nothing says what must be seen")
+        self.assertEqual(nothing_said, "the script does not begin with a sentence")
+        self.assertEqual(result["pictures"], [])
 
 
 if __name__ == "__main__":

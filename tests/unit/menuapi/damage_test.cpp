@@ -21,8 +21,8 @@ Bytes NoisyStream(const std::string& options) {
 }
 
 // Two rows, the first of which has `broken` in place of its second macroblock.
-Planes DecodeWithBroken(std::string_view broken, StreamSettings settings = {}) {
-  StreamWriter stream(settings);
+Planes DecodeWithBroken(std::string_view broken) {
+  StreamWriter stream({});
   stream.Headers();
   stream.Slice(0);
   stream.Macroblock("11", 60, 70, 80);
@@ -33,6 +33,32 @@ Planes DecodeWithBroken(std::string_view broken, StreamSettings settings = {}) {
   EXPECT_EQ(planes.Luma(15, 15), 60) << broken;
   EXPECT_EQ(planes.Luma(31, 31), 92) << broken;
   return planes;
+}
+
+// Two rows, the first of which has this as the first block of its second macroblock.
+void WriteWithBlock(StreamWriter& stream, std::string_view block) {
+  stream.Headers();
+  stream.Slice(0);
+  stream.Macroblock("11", 60, 70, 80);
+  stream.Bits().Put("11");
+  stream.Bits().Put(block);
+  for (int luma = 1; luma < 4; ++luma)
+    stream.Bits().Put("100"
+                      "10");
+  for (int chroma = 0; chroma < 2; ++chroma)
+    stream.Bits().Put("00"
+                      "10");
+  stream.FlatRow(1, 90);
+}
+
+void DecodeWithBrokenBlock(std::string_view block) {
+  StreamWriter stream({});
+  WriteWithBlock(stream, block);
+  Planes planes(kSize);
+  EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Damaged) << block;
+  EXPECT_EQ(planes.Luma(15, 15), 60) << block;
+  EXPECT_EQ(planes.Luma(16, 0), 16) << block;
+  EXPECT_EQ(planes.Luma(31, 31), 92) << block;
 }
 
 }  // namespace
@@ -112,48 +138,52 @@ TEST(Damage, of_a_macroblock_ends_its_slice) {
 }
 
 TEST(Damage, of_a_block_ends_its_slice) {
-  // The DC coefficient falls below 0 or rises above its range: 60 - 63, 60 + 255.
-  DecodeWithBroken("11"
-                   "1111"
-                   "0"
-                   "000000"
-                   "10");
-  DecodeWithBroken("11"
-                   "1111110"
-                   "11111111"
-                   "10");
+  // The DC coefficient falls below 0, or rises above its range: 60 - 63, 60 + 255.
+  DecodeWithBrokenBlock("11110"
+                        "000000"
+                        "10");
+  DecodeWithBrokenBlock("1111110"
+                        "11111111"
+                        "10");
   // No such coefficient.
-  DecodeWithBroken("11"
-                   "100"
-                   "000000000000"
-                   "1111");
+  DecodeWithBrokenBlock("100"
+                        "000000000000"
+                        "1111");
   // An escape with level 0, and with -2048, which has no opposite.
-  DecodeWithBroken("11"
-                   "100"
-                   "000001"
-                   "000000"
-                   "000000000000"
-                   "10");
-  DecodeWithBroken("11"
-                   "100"
-                   "000001"
-                   "000000"
-                   "100000000000"
-                   "10");
-  // A run beyond the block's end: 1 + 62 more is its end, 1 + 63 is beyond.
-  DecodeWithBroken("11"
-                   "100"
-                   "000001"
-                   "111111"
-                   "000000000001"
-                   "10");
-  DecodeWithBroken("11"
-                   "100"
-                   "000001"
-                   "111101"
-                   "000000000001"
-                   "110"
-                   "10");
+  DecodeWithBrokenBlock("100"
+                        "000001"
+                        "000000"
+                        "000000000000"
+                        "10");
+  DecodeWithBrokenBlock("100"
+                        "000001"
+                        "000000"
+                        "100000000000"
+                        "10");
+  // A run beyond the block's end at once, and one step behind the last coefficient.
+  DecodeWithBrokenBlock("100"
+                        "000001"
+                        "111111"
+                        "000000000001"
+                        "10");
+  DecodeWithBrokenBlock("100"
+                        "000001"
+                        "111110"
+                        "000000000001"
+                        "110"
+                        "10");
+}
+
+// What the tests of broken blocks stand on.
+TEST(Damage, is_none_where_a_block_goes_to_its_end) {
+  StreamWriter stream({});
+  WriteWithBlock(stream, "100"
+                         "000001"
+                         "111110"
+                         "000000000001"
+                         "10");
+  Planes planes(kSize);
+  EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Done);
 }
 
 TEST(Damage, of_rows_is_noticed) {

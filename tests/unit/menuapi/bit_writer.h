@@ -13,9 +13,11 @@ class BitWriter {
   void Put(unsigned value, int count) {
     for (int bit = count - 1; bit >= 0; --bit) PutBit((value >> bit & 1) != 0);
   }
-  // Bits written as "0" and "1".
+  // Bits written as "0" and "1", with blanks where one likes.
   void Put(std::string_view bits) {
-    for (const char bit : bits) PutBit(bit == '1');
+    for (const char bit : bits) {
+      if (bit != ' ') PutBit(bit == '1');
+    }
   }
   // Zeros up to the next whole byte.
   void Align() {

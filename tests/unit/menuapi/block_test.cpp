@@ -94,12 +94,8 @@ TEST(Block, changes_the_dc_coefficient_by_the_difference) {
     int dc = blocks.InitialDc();
     EXPECT_EQ(dc, 128 << precision);
     BitWriter writer;
-    writer.Put("101"
-               "011"
-               "10");  // 3 bits, the fourth of the negative ones: -4
-    writer.Put("101"
-               "100"
-               "10");  // the first of the positive ones: 4
+    writer.Put("101 011 10");  // 3 bits, the fourth of the negative ones: -4
+    writer.Put("101 100 10");  // the first of the positive ones: 4
     BitReader reader(writer.Bytes());
     Coefficients block{};
     ASSERT_TRUE(blocks.Read(reader, LumaDcSizeCodes(), 1, dc, block));

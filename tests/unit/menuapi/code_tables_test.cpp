@@ -61,10 +61,7 @@ TEST(CodeTable, reads_a_code_and_leaves_what_follows) {
   constexpr Code<int> rows[] = {{"1", 7}, {"01", 8}, {"00000000001", 9}};
   const CodeTable<int> table{rows};
   BitWriter writer;
-  writer.Put("01"
-             "00000000001"
-             "1"
-             "00000000000");
+  writer.Put("01 00000000001 1 00000000000");
   BitReader reader(writer.Bytes());
   for (const int expected : {8, 9, 7}) {
     const int* value = table.Read(reader);

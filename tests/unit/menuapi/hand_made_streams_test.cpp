@@ -126,17 +126,7 @@ TEST(HandMadeStream, whose_macroblocks_choose_between_frame_and_field_lines) {
 
 TEST(HandMadeStream, with_concealment_vectors_shows_the_same_without_them) {
   // Across: no step; then a step of -5 with two more bits. Down: a step of 16; then none.
-  for (const auto& [first, second] : {std::pair{"11"
-                                                "1"
-                                                "0000001100"
-                                                "0"
-                                                "11"
-                                                "1",
-                                                "11"
-                                                "00001011"
-                                                "01"
-                                                "1"
-                                                "1"}}) {
+  for (const auto& [first, second] : {std::pair{"11 1 0000001100 0 11 1", "11 00001011 01 1 1"}}) {
     StreamSettings settings;
     settings.height = 16;
     settings.hasVectors = true;
@@ -167,12 +157,7 @@ TEST(HandMadeStream, with_concealment_vectors_in_fields_names_the_field_too) {
     stream.PictureHeader(kIntraPicture);
     stream.PictureCodingExtension(field);
     stream.Slice(0);
-    stream.Macroblock("11"
-                      "1"
-                      "010"
-                      "0010"
-                      "1",
-                      30 * field, 128, 128);
+    stream.Macroblock("11 1 010 0010 1", 30 * field, 128, 128);
   }
   Planes planes(SizeOf(settings));
   ASSERT_EQ(planes.Decode(stream.Bytes()), Result::Done);
@@ -190,16 +175,10 @@ TEST(HandMadeStream, whose_slices_begin_within_the_row) {
   stream.Slice(0);
   for (int column = 0; column < 3; ++column) stream.Macroblock("11", 50, 128, 128);
   stream.Slice(0);
-  stream.Macroblock("0011"
-                    "1",
-                    60, 128, 128);  // the fourth
+  stream.Macroblock("0011 1", 60, 128, 128);  // the fourth
   for (int column = 4; column < 70; ++column) stream.Macroblock("11", 60, 128, 128);
   stream.Slice(0);  // 33 + 33 + 5: the seventy-first
-  stream.Macroblock("00000001000"
-                    "00000001000"
-                    "0010"
-                    "1",
-                    70, 128, 128);
+  stream.Macroblock("00000001000 00000001000 0010 1", 70, 128, 128);
   for (int column = 71; column < 74; ++column) stream.Macroblock("11", 80, 128, 128);
   Planes planes(SizeOf(settings));
   ASSERT_EQ(planes.Decode(stream.Bytes()), Result::Done);
@@ -216,12 +195,7 @@ TEST(HandMadeStream, whose_slices_bring_extra_information) {
   settings.height = 16;
   StreamWriter stream(settings);
   stream.Headers();
-  stream.Slice(0, 5,
-               "1"
-               "10000001"
-               "1"
-               "01010101"
-               "0");
+  stream.Slice(0, 5, "1 10000001 1 01010101 0");
   stream.Macroblock("11", 50, 128, 128);
   stream.Macroblock("11", 60, 128, 128);
   Planes planes(SizeOf(settings));
@@ -253,12 +227,8 @@ TEST(HandMadeStream, brings_a_matrix_for_its_picture) {
   stream.MatrixExtension(100);
   stream.Slice(0, 10);
   stream.Bits().Put("11");
-  for (int block = 0; block < 4; ++block)
-    stream.Bits().Put("100"
-                      "110"
-                      "10");
-  stream.Bits().Put("0010"
-                    "0010");
+  for (int block = 0; block < 4; ++block) stream.Bits().Put("100 110 10");
+  stream.Bits().Put("0010 0010");
   Planes planes(SizeOf(settings));
   ASSERT_EQ(planes.Decode(stream.Bytes()), Result::Done);
   // 1 x 100 x 20 / 16 = 125; a quarter of it, by cos(pi / 16) / sqrt(2), is 21.7.

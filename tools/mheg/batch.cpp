@@ -56,17 +56,15 @@ class Batch {
     constexpr auto kPatience = std::chrono::seconds(1);
     constexpr auto kStep = std::chrono::milliseconds(100);
     const bool isShown = IsTerminal();
-    bool isWritten = false;
+    int width = 0;  // of the line, with its carriage return
     std::unique_lock lock(guard_);
     change_.wait_for(lock, kPatience, [this] { return finished_ == count_; });
     while (finished_ < count_) {
-      if (isShown) {
-        std::fprintf(stderr, "\r%zu of %zu files", finished_, count_);
-        isWritten = true;
-      }
+      if (isShown) width = std::fprintf(stderr, "\r%zu of %zu files", finished_, count_);
       change_.wait_for(lock, kStep, [this] { return finished_ == count_; });
     }
-    if (isWritten) std::fputs("\r\x1b[K", stderr);
+    // Wiped with blanks, because not every console knows an escape sequence for it.
+    if (width > 0) std::fprintf(stderr, "\r%*s\r", width - 1, "");
   }
 
   const std::function<void(std::size_t)>& work_;

@@ -11,8 +11,9 @@ A scenario is a folder, named after the behaviour that it shows, with
 A scenario without pixels, expected and output, or without the sentence, is an error. To be quick,
 wait for a pixel (`until`) rather than for a time, and for the one that comes last: a scene may be
 shown piece by piece. A busy machine may be late: a scenario that fails is played again with its
-waits 3 and then 8 times as long before it counts as failed. Pictures, and for a failure the wrong
-pixels, stay in the work folder; so does `result.json`, which says what came of it.
+waits 3 and then 8 times as long, and with a wait behind each `until`, before it counts as failed.
+Pictures, and for a failure the wrong pixels, stay in the work folder; so does `result.json`, which
+says what came of it.
 """
 
 import argparse
@@ -26,6 +27,7 @@ import sys
 import checks
 
 PATIENCE = (1, 3, 8)
+LONGER_STILL_MS = 100  # behind an `until`, times the factor
 RUN_LIMIT_S = 120
 
 
@@ -82,6 +84,8 @@ def slowed_script(scenario, factor):
     for line in checks.lines_of(scenario / "script"):
         words = line.split()
         lines.append(f"wait {int(words[1]) * factor}" if words[0] == "wait" else line)
+        if words[0] == "until" and factor > 1:
+            lines.append(f"wait {LONGER_STILL_MS * factor}")
     return "\n".join(lines) + "\n"
 
 

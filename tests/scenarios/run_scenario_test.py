@@ -65,6 +65,14 @@ class RunScenario(unittest.TestCase):
         self.assertEqual(result["problems"], [])
         self.assertEqual((self.work / "tries").read_text(), "\n\n")
 
+    def test_busy_machine_has_more_time_after_what_was_waited_for(self):
+        self.write("red/script", "# Red.\nuntil 1 2 #FF0000\nshot a.png\n")
+        self.run_with('cp script $(wc -l <tries 2>/dev/null || echo 0).script; echo >>tries\n')
+        scripts = [(self.work / f"{number}.script").read_text() for number in range(3)]
+        self.assertEqual(scripts[0], "until 1 2 #FF0000\nshot a.png\n")
+        self.assertEqual(scripts[1], "until 1 2 #FF0000\nwait 300\nshot a.png\n")
+        self.assertEqual(scripts[2], "until 1 2 #FF0000\nwait 800\nshot a.png\n")
+
     def test_what_is_never_seen_fails_after_three_tries(self):
         result = self.run_with("echo >>tries\n")
         self.assertEqual(result["problems"], ["a.png 0 0 9 9 #FF0000: no such picture was taken"])

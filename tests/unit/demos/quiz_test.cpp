@@ -192,6 +192,13 @@ TEST_F(Quiz, the_help_explains_each_anchor) {
   EXPECT_EQ(SceneName(), "~/welcome");
 }
 
+TEST_F(Quiz, a_scene_that_is_not_there_leaves_the_old_one_to_be_seen) {
+  TheHost().files.erase("help");
+  EXPECT_NE(Press(kBlue), Status::Failure);
+  EXPECT_EQ(SceneName(), "~/welcome");
+  EXPECT_EQ(CurrentApplication()->LockCount, 0U);
+}
+
 class QuizAnyKeys : public AnyKeys {};
 
 TEST_F(QuizAnyKeys, put_nothing_out_of_step) {

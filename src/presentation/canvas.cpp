@@ -3,6 +3,7 @@
 #include "presentation/canvas.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "objects/owned.h"
 #include "objects/sequence.h"
@@ -24,6 +25,9 @@ constexpr std::int32_t kFullTurn = 360;
 // GDI+ turns curves to lines in single precision; much further out than this it never ends.
 constexpr std::int64_t kFarthestCurve = 8000;
 
+// The time for an outline grows with the square of its corners; these take half a second.
+constexpr std::size_t kMostCorners = 500;
+
 constexpr Gdiplus::ARGB kTransparentBlack = 0;
 constexpr DrawnColour kTransparencyByte = 0xFF;
 
@@ -37,6 +41,25 @@ Box CurveBox(CanvasPoint at, std::int64_t width, std::int64_t height,
   const std::int64_t top = at.Y + shrink;
   return BoxBetween(held(left), held(top), held(left + width - 2 * shrink),
                     held(top + height - 2 * shrink));
+}
+
+double Distance(const CanvasPoint& from, const CanvasPoint& to) noexcept {
+  return std::hypot(to.X - from.X, to.Y - from.Y);
+}
+
+// A polygon is cut a little outside of the canvas, where neither the cut nor the points of its
+// corners, which reach five widths beyond them, are seen.
+std::int64_t FarthestCorner(const Canvas& canvas, const LineAttributes& line) noexcept {
+  const std::int64_t margin = 6 * std::int64_t{DrawnWidth(line)} + 2;
+  return std::min(std::max(canvas.Width, canvas.Height) + margin, kFarthestCoordinate);
+}
+
+double LengthAround(const Sequence<CanvasPoint>& corners) noexcept {
+  double length = 0;
+  for (std::size_t corner = 0; corner < corners.Size(); ++corner) {
+    length += Distance(corners[corner], corners[(corner + 1) % corners.Size()]);
+  }
+  return length;
 }
 
 [[nodiscard]] bool MakePicture(Canvas& canvas) noexcept {
@@ -91,7 +114,9 @@ Status ClearCanvas(DrawnColour fill, Canvas* canvas) noexcept {
 Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
                   Canvas* canvas) noexcept {
   PenOwner pen;
-  if (canvas == nullptr || !MakePen(line, pen) || !ClipLine(from, to)) return Status::Done;
+  if (canvas == nullptr || !ClipLine(from, to) || !MakePen(line, Distance(from, to), pen)) {
+    return Status::Done;
+  }
   static_cast<void>(gdip::GdipDrawLineI(canvas->Graphics, pen, from.X, from.Y, to.X, to.Y));
   return Status::Done;
 }
@@ -118,7 +143,8 @@ Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::i
                  Canvas* canvas) noexcept {
   const Box box = CurveBox(at, width, height, DrawnWidth(line));
   PenOwner pen;
-  if (canvas == nullptr || box.IsEmpty() || !MakePen(line, pen)) return Status::Done;
+  const double around = 2.0 * (box.Width() + box.Height());
+  if (canvas == nullptr || box.IsEmpty() || !MakePen(line, around, pen)) return Status::Done;
   const auto start = static_cast<float>(startAngle % kFullTurn);
   const auto sweep = static_cast<float>(std::clamp(arcAngle, -kFullTurn, kFullTurn)) * -1.0F;
   if (form == ArcForm::Arc) {
@@ -140,7 +166,8 @@ Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::i
 Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
                      DrawnColour fill, Canvas* canvas) noexcept {
   Sequence<CanvasPoint> clipped;
-  if (canvas == nullptr || !ClipPolygon(points, clipped) || clipped.Size() < 2) {
+  if (canvas == nullptr || points.size() > kMostCorners ||
+      !ClipPolygon(points, FarthestCorner(*canvas, line), clipped) || clipped.Size() < 2) {
     return Status::Done;
   }
   // A GDI+ point is the same two numbers.
@@ -148,7 +175,8 @@ Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& 
   const auto* corners = reinterpret_cast<const Gdiplus::GpPoint*>(clipped.begin());
   const auto count = static_cast<INT>(clipped.Size());
   PenOwner pen;
-  if (MakePen(line, pen) && Succeeded(gdip::GdipSetPenMode(pen, Gdiplus::PenAlignmentInset))) {
+  if (MakePen(line, LengthAround(clipped), pen) &&
+      Succeeded(gdip::GdipSetPenMode(pen, Gdiplus::PenAlignmentInset))) {
     static_cast<void>(gdip::GdipDrawPolygonI(canvas->Graphics, pen, corners, count));
   }
   SolidBrushOwner brush;

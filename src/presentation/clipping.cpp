@@ -1,5 +1,5 @@
-// Clipping against the square of coordinates that are drawn, worked in double precision: content
-// may give any 32-bit coordinates.
+// Clipping against a square around the origin, worked in double precision: content may give any
+// 32-bit coordinates.
 #include "presentation/clipping.h"
 
 #include <array>
@@ -11,18 +11,21 @@ namespace korvel {
 
 namespace {
 
-constexpr double kFar = static_cast<double>(kFarthestCoordinate);
-
-// One side of the square: the points p with p.X * X + p.Y * Y <= kFar lie inside of it.
+// One side of the square: the points p with p.X * X + p.Y * Y <= Far lie inside of it.
 struct Side {
   double X;
   double Y;
+  double Far;
 };
-constexpr std::array<Side, 4> kSides = {Side{1, 0}, Side{-1, 0}, Side{0, 1}, Side{0, -1}};
+
+std::array<Side, 4> SidesOf(std::int64_t farthest) noexcept {
+  const auto far = static_cast<double>(farthest);
+  return {Side{1, 0, far}, Side{-1, 0, far}, Side{0, 1, far}, Side{0, -1, far}};
+}
 
 // How far a point lies outside of a side; not above 0 inside.
 double Outside(const CanvasPoint& point, const Side& side) noexcept {
-  return point.X * side.X + point.Y * side.Y - kFar;
+  return point.X * side.X + point.Y * side.Y - side.Far;
 }
 
 // Where the line from an inner to an outer point, or the other way, meets the side.
@@ -51,7 +54,7 @@ CanvasPoint Meeting(const CanvasPoint& from, const CanvasPoint& to, const Side& 
 }  // namespace
 
 bool ClipLine(CanvasPoint& from, CanvasPoint& to) noexcept {
-  for (const Side& side : kSides) {
+  for (const Side& side : SidesOf(kFarthestCoordinate)) {
     const bool isFromOutside = Outside(from, side) > 0;
     const bool isToOutside = Outside(to, side) > 0;
     if (isFromOutside && isToOutside) return false;
@@ -61,15 +64,17 @@ bool ClipLine(CanvasPoint& from, CanvasPoint& to) noexcept {
   return true;
 }
 
-bool ClipPolygon(std::span<const CanvasPoint> points, Sequence<CanvasPoint>& clipped) noexcept {
+bool ClipPolygon(std::span<const CanvasPoint> points, std::int64_t farthest,
+                 Sequence<CanvasPoint>& clipped) noexcept {
+  const std::array<Side, 4> sides = SidesOf(farthest);
   Sequence<CanvasPoint> right;
   Sequence<CanvasPoint> left;
   Sequence<CanvasPoint> lower;
   const auto all = [](const Sequence<CanvasPoint>& some) {
     return std::span<const CanvasPoint>(some.begin(), some.Size());
   };
-  return ClipToSide(points, kSides[0], right) && ClipToSide(all(right), kSides[1], left) &&
-         ClipToSide(all(left), kSides[2], lower) && ClipToSide(all(lower), kSides[3], clipped);
+  return ClipToSide(points, sides[0], right) && ClipToSide(all(right), sides[1], left) &&
+         ClipToSide(all(left), sides[2], lower) && ClipToSide(all(lower), sides[3], clipped);
 }
 
 }  // namespace korvel

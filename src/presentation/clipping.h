@@ -11,8 +11,9 @@ namespace korvel {
 // Cuts both ends to the range. False when nothing of the line lies in it.
 [[nodiscard]] bool ClipLine(CanvasPoint& from, CanvasPoint& to) noexcept;
 
-// The outline of what remains of a polygon; it may be empty. False when memory is out.
-[[nodiscard]] bool ClipPolygon(std::span<const CanvasPoint> points,
+// The outline of what remains of a polygon within `farthest` of the origin in each direction; it
+// may be empty. False when memory is out.
+[[nodiscard]] bool ClipPolygon(std::span<const CanvasPoint> points, std::int64_t farthest,
                                Sequence<CanvasPoint>& clipped) noexcept;
 
 }  // namespace korvel

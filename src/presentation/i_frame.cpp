@@ -9,6 +9,7 @@
 
 #include "objects/memory.h"
 #include "presentation/encoder.h"
+#include "presentation/picture_limits.h"
 #include "presentation/yuv.h"
 
 namespace korvel {
@@ -63,14 +64,16 @@ class File {
   std::FILE* file_;
 };
 
-// The size in the sequence header that the file begins with.
+// The size in the sequence header that the file begins with. False when there is none, or one that
+// is not decoded.
 [[nodiscard]] bool ReadFrameSize(const char* path, FrameSize& size) noexcept {
   std::array<std::uint8_t, 7> start{};
   if (!File(path, "rb").Read(start)) return false;
   if (start[0] != 0 || start[1] != 0 || start[2] != 1 || start[3] != 0xB3) return false;
   size.Width = start[4] * 16 + (start[5] >> 4);
   size.Height = (start[5] & 15) * 256 + start[6];
-  return size.Width > 0 && size.Height > 0;
+  return IsDecodableSize(static_cast<std::uint64_t>(size.Width),
+                         static_cast<std::uint64_t>(size.Height));
 }
 
 [[nodiscard]] bool DecodePlanes(const char* path, const PlanarFrame& frame) noexcept {

@@ -7,8 +7,13 @@ namespace korvel {
 
 namespace {
 
-Gdiplus::GpDashStyle DashStyleOf(std::int32_t lineStyle) noexcept {
-  switch (lineStyle) {
+// GDI+ makes an outline of each dash, which takes a while; a dot and its gap are two widths long.
+// Around the whole scene run no more than these, and a line that has more is drawn solid.
+constexpr double kMostDashes = 3000;
+
+Gdiplus::GpDashStyle DashStyleOf(const LineAttributes& line, double length) noexcept {
+  if (length / (2.0 * DrawnWidth(line)) > kMostDashes) return Gdiplus::DashStyleSolid;
+  switch (line.Style) {
   case 2: return Gdiplus::DashStyleDash;
   case 3: return Gdiplus::DashStyleDot;
   default: return Gdiplus::DashStyleSolid;
@@ -30,7 +35,7 @@ void Fill(Gdiplus::GpGraphics* graphics, const Box& box, DrawnColour colour) noe
 void DrawOutline(Gdiplus::GpGraphics* graphics, const Box& box,
                  const LineAttributes& line) noexcept {
   PenOwner pen;
-  if (!MakePen(line, pen)) return;
+  if (!MakePen(line, 2.0 * (box.Width() + box.Height()), pen)) return;
   const auto width = static_cast<float>(DrawnWidth(line));
   const float inset = width > 1 ? width / 2 : 0;
   // What cannot be drawn stays as it was.
@@ -49,11 +54,11 @@ std::int32_t DrawnWidth(const LineAttributes& line) noexcept {
   return line.Width < 0 ? 0 : NearCoordinate(line.Width);
 }
 
-bool MakePen(const LineAttributes& line, PenOwner& pen) noexcept {
+bool MakePen(const LineAttributes& line, double length, PenOwner& pen) noexcept {
   return DrawnWidth(line) > 0 &&
          Succeeded(gdip::GdipCreatePen1(ToGdiPlus(line.Ink), static_cast<float>(DrawnWidth(line)),
                                         Gdiplus::UnitWorld, pen.Slot())) &&
-         Succeeded(gdip::GdipSetPenDashStyle(pen, DashStyleOf(line.Style)));
+         Succeeded(gdip::GdipSetPenDashStyle(pen, DashStyleOf(line, length)));
 }
 
 void DrawBorderedRectangle(Gdiplus::GpGraphics* graphics, const Box& box,

@@ -15,9 +15,9 @@ namespace korvel {
 // The width as it is drawn: content may give any number.
 [[nodiscard]] std::int32_t DrawnWidth(const LineAttributes& line) noexcept;
 
-// False when the line has no width, which GDI+ would draw one pixel wide, and when the pen could
-// not be made.
-[[nodiscard]] bool MakePen(const LineAttributes& line, PenOwner& pen) noexcept;
+// The pen for a line or an outline that is so many pixels long, or somewhat shorter. False when the
+// line has no width, which GDI+ would draw one pixel wide, and when the pen could not be made.
+[[nodiscard]] bool MakePen(const LineAttributes& line, double length, PenOwner& pen) noexcept;
 
 // The bordered rectangle: an outline that lies wholly inside the box, and the fill inside of the
 // outline. A box no larger than its border is all border.

@@ -1,8 +1,6 @@
 // Pictures from bytes. Painting them is left to picture_painting.cpp, I-frames to i_frame.cpp.
 #include "presentation/picture.h"
 
-#include <cstring>
-
 namespace korvel {
 
 namespace {
@@ -26,13 +24,15 @@ class BlockStream {
 
 }  // namespace
 
-bool GlobalBlock::Assign(std::string_view bytes) noexcept {
+bool GlobalBlock::Assign(const FilePieces& pieces) noexcept {
+  std::size_t size = 0;
+  for (const std::string_view piece : pieces) size += piece.size();
   GlobalBlock made;
-  made.block_ = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+  made.block_ = GlobalAlloc(GMEM_MOVEABLE, size);
   if (made.block_ == nullptr) return false;
-  void* to = GlobalLock(made.block_);
+  auto* to = static_cast<char*>(GlobalLock(made.block_));
   if (to == nullptr) return false;
-  std::memcpy(to, bytes.data(), bytes.size());
+  for (const std::string_view piece : pieces) to += piece.copy(to, piece.size());
   GlobalUnlock(made.block_);
   *this = std::move(made);
   return true;
@@ -40,7 +40,8 @@ bool GlobalBlock::Assign(std::string_view bytes) noexcept {
 
 bool ReadPicture(std::string_view bytes, Picture& picture) noexcept {
   Picture read;
-  if (bytes.empty() || !read.Block.Assign(bytes)) return false;
+  FilePieces pieces;
+  if (!FindPicture(bytes, pieces) || !read.Block.Assign(pieces)) return false;
   const BlockStream stream(read.Block);
   if (stream.Get() == nullptr ||
       !Succeeded(gdip::GdipLoadImageFromStream(stream.Get(), read.Image.Slot()))) {

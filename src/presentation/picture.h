@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "presentation/gdi_plus.h"
+#include "presentation/picture_file.h"
 
 namespace korvel {
 
@@ -23,8 +24,8 @@ class GlobalBlock {
     if (block_ != nullptr) GlobalFree(block_);
   }
 
-  // A movable block with a copy of the bytes. False when memory is out.
-  [[nodiscard]] bool Assign(std::string_view bytes) noexcept;
+  // A movable block with a copy of the pieces, one behind the other. False when memory is out.
+  [[nodiscard]] bool Assign(const FilePieces& pieces) noexcept;
   [[nodiscard]] HGLOBAL Get() const noexcept { return block_; }
 
  private:
@@ -37,8 +38,8 @@ struct Picture {
   ImageOwner Image;
 };
 
-// Reads a picture in any format that GDI+ knows. False, and `picture` unchanged, when the bytes are
-// no picture, or one too large to be worth its memory.
+// Reads a picture: PNG, GIF, JPEG or BMP. False, and `picture` unchanged, when the bytes are no
+// picture, or one that would take too long to decode.
 [[nodiscard]] bool ReadPicture(std::string_view bytes, Picture& picture) noexcept;
 
 }  // namespace korvel

@@ -6,6 +6,7 @@
 #include "host/host.h"
 #include "objects/sequence.h"
 #include "presentation/drawings.h"
+#include "presentation/painting_time.h"
 #include "presentation/presentation.h"
 
 namespace korvel {
@@ -46,14 +47,17 @@ Status DrawVisible(ItemType kind, Ingredient& visible) noexcept {
 }
 
 // Draws the entries that were in the stack when the walk began: the events of a missing picture may
-// rearrange or end anything. False when the walk cannot go on; `result` then says why.
-[[nodiscard]] bool DrawStack(Application& application, Status& result) noexcept {
+// rearrange or end anything. When the time is over, what lies above is left out. False when the
+// walk cannot go on; `result` then says why.
+[[nodiscard]] bool DrawStack(Application& application, const PaintingTime& time,
+                             Status& result) noexcept {
   Sequence<StackedVisible> entries;
   for (const StackedVisible& entry : application.DisplayStack) {
     if (!entries.Append(entry)) break;
   }
   for (const StackedVisible& entry : entries) {
     if (IsClosing()) return false;
+    if (time.IsOver()) break;
     if (IsGone(*entry.Visible)) continue;
     if (DrawVisible(entry.Kind, *entry.Visible) != Status::Refused || IsClosing()) continue;
     result = RaiseEvent(application, EventType::EngineEvent, EventData::Integer(kMissingPicture));
@@ -64,13 +68,13 @@ Status DrawVisible(ItemType kind, Ingredient& visible) noexcept {
   return !IsClosing();
 }
 
-Status PaintScene() noexcept {
+Status PaintScene(const PaintingTime& time) noexcept {
   state.IsDueAgain = false;
   ClearSurface();
   Application* application = CurrentApplication();
   if (application == nullptr) return Status::Done;
   Status result = Status::Done;
-  if (!DrawStack(*application, result)) return result;
+  if (!DrawStack(*application, time, result)) return result;
   return application->LockCount == 0 ? DeviceUpdate() : Status::Done;
 }
 
@@ -84,10 +88,11 @@ Status Redraw() noexcept {
     return Status::Done;
   }
   const Busy busy;
+  const PaintingTime time;
   state.IsPainting = true;
-  Status result = PaintScene();
-  // Once: content whose events always ask for more must not keep us here.
-  if (state.IsDueAgain && result == Status::Done) result = PaintScene();
+  Status result = PaintScene(time);
+  // Once, and not when time is over: content whose events always ask for more must not keep us.
+  if (state.IsDueAgain && result == Status::Done && !time.IsOver()) result = PaintScene(time);
   state.IsPainting = false;
   return result;
 }

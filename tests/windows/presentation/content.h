@@ -13,7 +13,19 @@ namespace korvel::test {
 [[nodiscard]] std::string BmpFile(int width, int height,
                                   const std::function<std::uint32_t(int, int)>& colourAt);
 
-// The same as a file of another kind, by GDI+'s own encoder ("image/png", "image/jpeg").
+// A valid PNG file of one colour, 0xRRGGBB: a few kilobytes, whatever its size.
+[[nodiscard]] std::string FlatPng(std::uint32_t width, std::uint32_t height, std::uint32_t colour);
+
+// A chunk of a PNG file.
+[[nodiscard]] std::string PngChunk(const std::string& name, const std::string& data);
+// A file like that with these chunks between its header and its picture.
+[[nodiscard]] std::string FlatPngWith(std::uint32_t width, std::uint32_t height,
+                                      std::uint32_t colour, const std::string& chunks);
+
+// A GIF file of so many green frames of 1 x 1 on a screen of that size.
+[[nodiscard]] std::string GifFile(int frames, std::uint16_t width = 1, std::uint16_t height = 1);
+
+// A BMP file as a file of another kind, by GDI+'s own encoder ("image/png", "image/jpeg").
 [[nodiscard]] std::string Encoded(const std::string& bmp, const wchar_t* mimeType);
 
 // The whole file; empty when it is not there.

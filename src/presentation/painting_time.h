@@ -1,0 +1,22 @@
+// The limit on how long one redraw paints. A scene may hold any number of visibles, and what they
+// take adds up; the one that is being drawn is always finished. Worker thread only.
+#pragma once
+
+#include <cstdint>
+
+namespace korvel {
+
+class PaintingTime {
+ public:
+  // The time runs from here on.
+  PaintingTime() noexcept;
+
+  // Whether nothing more is to be drawn: what has been drawn until now is then the picture.
+  [[nodiscard]] bool IsOver() const noexcept;
+
+ private:
+  std::uint64_t clockStartMs_;
+  std::uint64_t processorStartMs_;
+};
+
+}  // namespace korvel

@@ -1,0 +1,26 @@
+// Picture files before they are decoded: their kind, the size they claim, and the pieces that make
+// up the picture. What else a file may hold (texts, profiles, more frames) is never seen anyway and
+// can take a decoder any time, so it is not handed on. Portable.
+#pragma once
+
+#include <string_view>
+
+#include "objects/sequence.h"
+
+namespace korvel {
+
+// Parts of a file that follow each other in what the decoder gets. They borrow from the file.
+using FilePieces = Sequence<std::string_view>;
+
+// Finds the pieces of a PNG, GIF, JPEG or BMP file. A file that is cut short has the pieces that
+// are there. False for any other file, when it claims a size that is not decoded, when it is in
+// more parts than any picture needs, and when memory is out.
+[[nodiscard]] bool FindPicture(std::string_view file, FilePieces& pieces) noexcept;
+
+// The same for a file of a certain kind, which is known by the signature that it begins with.
+[[nodiscard]] bool FindPngPicture(std::string_view file, FilePieces& pieces) noexcept;
+[[nodiscard]] bool FindGifPicture(std::string_view file, FilePieces& pieces) noexcept;
+[[nodiscard]] bool FindJpegPicture(std::string_view file, FilePieces& pieces) noexcept;
+[[nodiscard]] bool FindBmpPicture(std::string_view file, FilePieces& pieces) noexcept;
+
+}  // namespace korvel

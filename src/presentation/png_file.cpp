@@ -1,0 +1,69 @@
+// PNG files: chunks of a length, a name, so many bytes and a check of four bytes.
+#include "presentation/file_reader.h"
+#include "presentation/picture_file.h"
+#include "presentation/picture_limits.h"
+
+namespace korvel {
+
+namespace {
+
+constexpr std::size_t kSignatureBytes = 8;
+constexpr std::size_t kCheckBytes = 4;
+
+// The number that the four letters of a chunk's name make.
+constexpr std::uint32_t Named(const char (&name)[5]) noexcept {
+  std::uint32_t number = 0;
+  for (int letter = 0; letter < 4; ++letter) {
+    number = number << 8 | static_cast<std::uint8_t>(name[letter]);
+  }
+  return number;
+}
+
+constexpr std::uint32_t kHeader = Named("IHDR");
+constexpr std::uint32_t kEnd = Named("IEND");
+
+// The chunks that say how a pixel looks. All others are texts, profiles and times.
+bool IsOfThePicture(std::uint32_t name) noexcept {
+  switch (name) {
+  case kHeader:
+  case Named("PLTE"):
+  case Named("tRNS"):
+  case Named("gAMA"):
+  case Named("cHRM"):
+  case Named("sRGB"):
+  case Named("IDAT"):
+  case kEnd: return true;
+  default: return false;
+  }
+}
+
+// The first chunk must be the header, which begins with the size.
+bool HasDecodableSize(std::string_view file) noexcept {
+  FileReader reader(file);
+  reader.Skip(kSignatureBytes + 4);
+  if (reader.Big32() != kHeader) return false;
+  const std::uint32_t width = reader.Big32();
+  return IsDecodableSize(width, reader.Big32());
+}
+
+}  // namespace
+
+bool FindPngPicture(std::string_view file, FilePieces& pieces) noexcept {
+  if (!HasDecodableSize(file)) return false;
+  FileReader reader(file);
+  reader.Skip(kSignatureBytes);
+  if (!pieces.Append(reader.Since(0))) return false;
+  std::uint32_t name = 0;
+  for (int chunks = 0; name != kEnd && !reader.IsAtEnd();) {
+    const std::size_t start = reader.At();
+    const std::uint32_t length = reader.Big32();
+    name = reader.Big32();
+    reader.Skip(length);
+    reader.Skip(kCheckBytes);
+    if (!IsOfThePicture(name)) continue;
+    if (++chunks > kMostChunks || !pieces.Append(reader.Since(start))) return false;
+  }
+  return true;
+}
+
+}  // namespace korvel

@@ -1,0 +1,31 @@
+// How long something takes this thread, in processor time: a busy machine changes nothing about it.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+namespace korvel::test {
+
+inline std::uint64_t ProcessorMs() {
+  FILETIME created{};
+  FILETIME ended{};
+  FILETIME inKernel{};
+  FILETIME inProgram{};
+  if (GetThreadTimes(GetCurrentThread(), &created, &ended, &inKernel, &inProgram) == FALSE) {
+    return 0;
+  }
+  const auto milliseconds = [](const FILETIME& time) {
+    return ((std::uint64_t{time.dwHighDateTime} << 32) + time.dwLowDateTime) / 10'000;
+  };
+  return milliseconds(inKernel) + milliseconds(inProgram);
+}
+
+template <class Function>
+std::uint64_t MillisecondsFor(Function&& function) {
+  const std::uint64_t start = ProcessorMs();
+  function();
+  return ProcessorMs() - start;
+}
+
+}  // namespace korvel::test

@@ -1,6 +1,8 @@
 // Links that can never fire: no source of theirs raises their event with their data, no key that
-// the scene lets through has their number, or nothing ever activates them.
+// the scene lets through has their number, nothing ever activates them, or others come first.
+#include <algorithm>
 #include <set>
+#include <vector>
 
 #include "mheg/check/check.h"
 #include "mheg/check/class_names.h"
@@ -78,18 +80,33 @@ class LinkHelp : public GroupVisitor {
   }
 
   void VisitAction(const ElementaryAction& action) override {
-    sendsEvents = sendsEvents || action.ActionType == static_cast<int>(Action::SendEvent);
-    if (action.ActionType != static_cast<int>(Action::Activate)) return;
-    activatesAny = activatesAny || action.Target.Kind == ValueKind::IndirectReference;
-    const ObjectReference& target = action.Target.Reference;
-    const bool isNamed = target.GroupIdentifier.IsPresent();
-    const std::string_view name = isNamed ? target.GroupIdentifier.View() : actingName_;
-    if (IsSameName(name, group_.Name())) activated.insert(target.Number);
+    switch (static_cast<Action>(action.ActionType)) {
+    case Action::Activate: return activated.TakeIn(action.Target, *this);
+    case Action::Deactivate: return deactivated.TakeIn(action.Target, *this);
+    case Action::SendEvent: sendsEvents = true; return;
+    default: return;
+    }
   }
 
-  std::set<std::int32_t> activated;
-  bool activatesAny = false;  // a variable says which
-  bool sendsEvents = false;   // and so may raise an event that nothing else does
+  // The links that an action is done to.
+  struct Targets {
+    void TakeIn(const GenericValue& target, const LinkHelp& help) {
+      areAny = areAny || target.Kind == ValueKind::IndirectReference;
+      const OctetString& group = target.Reference.GroupIdentifier;
+      const std::string_view name = group.IsPresent() ? group.View() : help.actingName_;
+      if (IsSameName(name, help.group_.Name())) numbers.insert(target.Reference.Number);
+    }
+    [[nodiscard]] bool MayBe(std::int32_t number) const {
+      return areAny || numbers.contains(number);
+    }
+
+    std::set<std::int32_t> numbers;
+    bool areAny = false;  // a variable says which
+  };
+
+  Targets activated;
+  Targets deactivated;
+  bool sendsEvents = false;  // and so may raise an event that nothing else does
 
  private:
   const CheckedGroup& group_;
@@ -120,12 +137,41 @@ class LinkCheck : public GroupVisitor {
   void VisitObject(ItemType type, const Ingredient& record) override {
     if (type != ItemType::Link) return;
     const auto& link = static_cast<const Link&>(record);
-    const bool isHelped = help_.activatesAny || help_.activated.contains(currentObject);
+    const bool isHelped = help_.activated.MayBe(currentObject);
     if (!link.InitiallyActive && !isHelped) Report("nothing activates it");
     if (!help_.sendsEvents) CheckCondition(link.Condition);
+    if (group_.Group().Type == ItemType::Scene) CheckCrowd(link);
   }
 
  private:
+  // An event runs no more links than this, in the order in which they are written.
+  static constexpr std::ptrdiff_t kMostLinks = 5;
+
+  void CheckCrowd(const Link& link) {
+    const auto runsToo = [&](const LinkCondition* other) { return Meets(*other, link.Condition); };
+    if (std::count_if(alwaysActive_.begin(), alwaysActive_.end(), runsToo) >= kMostLinks) {
+      Report("five links before it wait for the same event");
+    }
+    if (link.InitiallyActive && !help_.deactivated.MayBe(currentObject)) {
+      alwaysActive_.push_back(&link.Condition);
+    }
+  }
+  // Whether every event that one link waits for is one that the other waits for as well.
+  [[nodiscard]] bool Meets(const LinkCondition& other, const LinkCondition& one) const {
+    const auto event = static_cast<EventType>(one.EventType);
+    const bool hasSource = event != EventType::UserInput && event != EventType::EngineEvent;
+    const GenericValue& data = other.EventData;
+    const bool isSameData = data.Kind == one.EventData.Kind &&
+                            data.Integer == one.EventData.Integer &&
+                            data.Boolean == one.EventData.Boolean;
+    return other.EventType == one.EventType && (data.Kind == ValueKind::None || isSameData) &&
+           (!hasSource || IsSameObject(other.EventSource, one.EventSource));
+  }
+  [[nodiscard]] bool IsSameObject(const ObjectReference& one, const ObjectReference& other) const {
+    const CheckedGroup* owner = carousel_.Find(group_, one.GroupIdentifier.View());
+    return owner != nullptr && owner == carousel_.Find(group_, other.GroupIdentifier.View()) &&
+           one.Number == other.Number;
+  }
   void CheckCondition(const LinkCondition& condition) {
     const auto event = static_cast<EventType>(condition.EventType);
     const EventRule rule = RuleOf(event);
@@ -162,6 +208,7 @@ class LinkCheck : public GroupVisitor {
   const CheckedGroup& group_;
   const LinkHelp& help_;
   Findings& findings_;
+  std::vector<const LinkCondition*> alwaysActive_;  // of the links before, those that nobody stops
 };
 
 }  // namespace

@@ -124,6 +124,20 @@ TEST(HandMadeStream, whose_macroblocks_choose_between_frame_and_field_lines) {
   ExpectReferenceAgrees(stream, planes);
 }
 
+// So that each field has whole macroblocks; the last row of this frame is beyond its height.
+TEST(HandMadeStream, of_an_interlaced_sequence_has_rows_in_pairs) {
+  StreamSettings settings = Interlaced();
+  settings.isFrameDctOnly = true;
+  settings.height = 48;
+  StreamWriter stream(settings);
+  stream.Headers();
+  for (unsigned row = 0; row < 3; ++row) stream.FlatRow(row, 70);
+  Planes planes(SizeOf(settings));
+  EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Damaged);
+  stream.FlatRow(3, 70);
+  EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Done);
+}
+
 TEST(HandMadeStream, with_concealment_vectors_shows_the_same_without_them) {
   // Across: no step; then a step of -5 with two more bits. Down: a step of 16; then none.
   for (const auto& [first, second] : {std::pair{"11 1 0000001100 0 11 1", "11 00001011 01 1 1"}}) {

@@ -187,11 +187,16 @@ TEST(Refusal, of_scalable_streams) {
 }
 
 TEST(Refusal, of_headers_that_contradict_themselves) {
-  // Fields of a progressive sequence, and a picture that is neither field nor frame.
-  for (const int structure : {0, kTopField, kBottomField}) {
+  // Fields of a progressive sequence.
+  for (const int structure : {kTopField, kBottomField}) {
     EXPECT_EQ(DecodeWritten([structure](StreamWriter& stream) { stream.Headers(structure); }),
               Result::Refused);
   }
+  // A picture that is neither field nor frame.
+  StreamSettings interlaced;
+  interlaced.isProgressive = false;
+  EXPECT_EQ(DecodeWritten([](StreamWriter& stream) { stream.Headers(0); }, interlaced),
+            Result::Refused);
   // Vectors whose size is none.
   for (const unsigned size : {0U, 10U, 15U}) {
     StreamSettings settings;

@@ -143,6 +143,13 @@ TEST(Refusal, of_headers_that_are_missing_or_out_of_order) {
       [](StreamWriter& stream) {
         stream.SequenceHeader();
         stream.SequenceExtension();
+        stream.SequenceExtension();
+        stream.PictureHeader(kIntraPicture);
+        stream.PictureCodingExtension(kFramePicture);
+      },
+      [](StreamWriter& stream) {
+        stream.SequenceHeader();
+        stream.SequenceExtension();
         stream.MatrixExtension(16);
         stream.PictureHeader(kIntraPicture);
         stream.PictureCodingExtension(kFramePicture);

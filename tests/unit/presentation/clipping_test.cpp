@@ -104,7 +104,7 @@ TEST(Clipping, what_a_triangle_covers_within_the_square_stays_covered) {
   for (int round = 0; round < 2000; ++round) {
     const std::vector<CanvasPoint> triangle = {random.Next(), random.Next(), random.Next()};
     Sequence<CanvasPoint> cut;
-    ASSERT_TRUE(ClipPolygon(triangle, cut));
+    ASSERT_TRUE(ClipPolygon(triangle, kFarthestCoordinate, cut));
     const std::vector<CanvasPoint> clipped(cut.begin(), cut.end());
     for (const CanvasPoint& corner : clipped) ASSERT_TRUE(IsDrawn(corner));
     for (int sample = 0; sample < 10; ++sample) {
@@ -120,7 +120,7 @@ TEST(Clipping, what_a_triangle_covers_within_the_square_stays_covered) {
 
 TEST(Clipping, a_polygon_of_no_points_stays_empty) {
   Sequence<CanvasPoint> cut;
-  EXPECT_TRUE(ClipPolygon({}, cut));
+  EXPECT_TRUE(ClipPolygon({}, kFarthestCoordinate, cut));
   EXPECT_EQ(cut.Size(), 0U);
 }
 

@@ -8,8 +8,8 @@
 namespace menuapi {
 namespace {
 
-// More than a frame of 4095 x 4095 needs whose samples are noise, finely quantised. Of a longer file
-// only so much is read, which bounds memory and time.
+// More than a frame of 4095 x 4095 needs whose samples are noise, finely quantised. Of a longer
+// file only so much is read, which bounds memory and time.
 constexpr std::size_t kMaxStreamBytes = std::size_t{32} << 20;
 
 struct CloseFile {

@@ -18,7 +18,7 @@ std::string BytesOf(const fs::path& path) {
 
 }  // namespace
 
-void DemoTest::Play(const std::string& demo) {
+void DemoTest::ServeDemo(const std::string& demo) {
   for (const auto& entry : fs::directory_iterator(KORVEL_SOURCE_DIR "/examples/" + demo)) {
     const fs::path& path = entry.path();
     if (path.extension() == ".mheg") {
@@ -27,6 +27,10 @@ void DemoTest::Play(const std::string& demo) {
       TheHost().files[path.filename().string()] = BytesOf(path);
     }
   }
+}
+
+void DemoTest::Play(const std::string& demo) {
+  ServeDemo(demo);
   ASSERT_EQ(Start(), Status::Done);
   ExpectWhole();
 }

@@ -24,7 +24,9 @@ inline constexpr std::int32_t kBlue = 103;
 
 class DemoTest : public EngineTest {
  protected:
-  // Serves the carousel and starts it.
+  // Serves the carousel, as files of the host.
+  void ServeDemo(const std::string& demo);
+  // The same, and starts it.
   void Play(const std::string& demo);
 
   // Presses keys, each of which has to leave the engine with a scene and an unlocked screen.

@@ -1,0 +1,62 @@
+// The quiz and the clock with memory that runs out: whatever then fails, nothing is left behind.
+#include <vector>
+
+#include "unit/demos/demo.h"
+
+namespace korvel::test {
+namespace {
+
+using namespace keys;
+
+class OutOfMemoryInDemos : public DemoTest {
+ protected:
+  // The start, these keys, and now and then what timers bring.
+  void Live(const std::vector<std::int32_t>& pressed) {
+    static_cast<void>(Start());
+    for (const std::int32_t key : pressed) {
+      static_cast<void>(Press(key));
+      if (key != kOK) continue;
+      const auto timers = TheHost().timers;
+      for (const auto& [timer, period] : timers) {
+        static_cast<void>(Expire(static_cast<std::int32_t>(timer)));
+      }
+    }
+    EndEngine();
+  }
+
+  // Lives once for every `step`th allocation, which fails.
+  void FailNowAndThen(std::size_t step, const std::vector<std::int32_t>& pressed) {
+    Live(pressed);  // what the test itself keeps is there from here on
+    const std::size_t blocks = LiveBlocks();
+    const auto files = TheHost().files;
+    std::size_t failing = 1;
+    do {
+      TheHost() = {};
+      TheHost().files = files;
+      FailAllocation(failing);
+      Live(pressed);
+      ASSERT_EQ(LiveBlocks(), blocks) << "allocation " << failing;
+      ASSERT_TRUE(TheHost().timers.empty()) << "allocation " << failing;
+      static_cast<void>(Printed());
+      failing += step;
+    } while (HasFailedAllocation());
+    FailAllocation(0);
+    EXPECT_GT(failing, 100 * step) << "there is less work than the test was made for";
+  }
+};
+
+// A subject, two questions, a year that is not finished, the time, the help.
+TEST_F(OutOfMemoryInDemos, the_quiz_leaves_nothing_behind) {
+  ServeDemo("quiz");
+  FailNowAndThen(29, {kRed,   kDown, kOK,         kGreen,      kRight, kOK,    kOK,  kDown,
+                      kOK,    kOK,   kDigit0 + 1, kDigit0 + 9, kLeft,  kOK,    kRed, kGreen,
+                      kRight, kOK,   kBlue,       kDown,       kOK,    kCancel});
+}
+
+TEST_F(OutOfMemoryInDemos, the_clock_leaves_nothing_behind) {
+  ServeDemo("clock");
+  FailNowAndThen(7, {kRed, kOK, kGreen, kOK, kYellow, kYellow, kRed});
+}
+
+}  // namespace
+}  // namespace korvel::test

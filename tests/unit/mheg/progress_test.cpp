@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <thread>
 #include <vector>
 
@@ -36,7 +37,12 @@ class OnTerminal {
     }
     _exit(127);
   }
-  ~OnTerminal() { close(terminal_); }
+  ~OnTerminal() {
+    close(terminal_);
+    if (hasEnded_) return;
+    kill(process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
+  }
   OnTerminal(const OnTerminal&) = delete;
   OnTerminal& operator=(const OnTerminal&) = delete;
 
@@ -52,7 +58,8 @@ class OnTerminal {
     while (ReadMore()) {
     }
     int status = -1;
-    waitpid(process_, &status, 0);
+    if (steady_clock::now() > end_) return -1;
+    hasEnded_ = waitpid(process_, &status, 0) == process_;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
   [[nodiscard]] const std::string& Shown() const { return shown_; }
@@ -60,7 +67,8 @@ class OnTerminal {
  private:
   bool ReadMore() {
     pollfd waiting{terminal_, POLLIN, 0};
-    if (poll(&waiting, 1, static_cast<int>(kLimit.count())) != 1) return false;
+    const auto left = std::chrono::duration_cast<milliseconds>(end_ - steady_clock::now());
+    if (left.count() <= 0 || poll(&waiting, 1, static_cast<int>(left.count())) != 1) return false;
     char bytes[256];
     const ssize_t count = read(terminal_, bytes, sizeof bytes);
     if (count <= 0) return false;
@@ -68,6 +76,8 @@ class OnTerminal {
     return true;
   }
 
+  steady_clock::time_point end_ = steady_clock::now() + kLimit;  // the tool's last moment
+  bool hasEnded_ = false;
   int terminal_ = -1;
   pid_t process_ = -1;
   std::string shown_;

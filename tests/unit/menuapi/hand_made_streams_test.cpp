@@ -91,21 +91,31 @@ TEST(HandMadeStream, whose_first_field_alone_can_be_decoded_has_its_lines_double
   }
 }
 
-TEST(HandMadeStream, with_a_damaged_second_field_keeps_the_first) {
+// Of one field the first macroblock alone is there.
+TEST(HandMadeStream, with_one_damaged_field_keeps_the_other) {
   const StreamSettings settings = Interlaced();
-  StreamWriter stream(settings);
-  stream.Headers(kTopField);
-  stream.FlatRow(0, 40);
-  stream.PictureHeader(kIntraPicture);
-  stream.PictureCodingExtension(kBottomField);
-  stream.Slice(0);
-  stream.Macroblock("11", 200, 128, 128);
-  Planes planes(SizeOf(settings));
-  EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Damaged);
-  EXPECT_EQ(planes.Luma(0, 0), 40);
-  EXPECT_EQ(planes.Luma(0, 1), 200);
-  EXPECT_EQ(planes.Luma(16, 0), 42);
-  EXPECT_EQ(planes.Luma(16, 1), 16);
+  for (const int damaged : {kTopField, kBottomField}) {
+    StreamWriter stream(settings);
+    stream.SequenceHeader();
+    stream.SequenceExtension();
+    for (const int field : {kTopField, kBottomField}) {
+      if (field != damaged) {
+        WriteField(stream, field, 40, 100);
+        continue;
+      }
+      stream.PictureHeader(kIntraPicture);
+      stream.PictureCodingExtension(field);
+      stream.Slice(0);
+      stream.Macroblock("11", 200, 128, 128);
+    }
+    Planes planes(SizeOf(settings));
+    EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Damaged);
+    const int damagedLine = damaged == kTopField ? 0 : 1;
+    EXPECT_EQ(planes.Luma(0, 1 - damagedLine), 40);
+    EXPECT_EQ(planes.Luma(0, damagedLine), 200);
+    EXPECT_EQ(planes.Luma(16, 1 - damagedLine), 42);
+    EXPECT_EQ(planes.Luma(16, damagedLine), 16);
+  }
 }
 
 TEST(HandMadeStream, whose_macroblocks_choose_between_frame_and_field_lines) {

@@ -31,7 +31,7 @@ std::size_t StartCodes::NextPrefix(std::size_t offset) const {
   while (offset + kPrefixBytes <= stream_.size()) {
     const std::uint8_t third = stream_[offset + 2];
     if (third == 1 && stream_[offset] == 0 && stream_[offset + 1] == 0) return offset;
-    offset += third > 1 ? 3 : 1;
+    offset += third == 0 ? 1 : 3;
   }
   return stream_.size();
 }

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "objects/octet_string.h"
+#include "textual/nearest_keyword.h"
 #include "textual/textual.h"
 
 namespace korvel {
@@ -51,8 +52,8 @@ class Lexer {
   [[nodiscard]] char Ahead(std::size_t distance) const noexcept {
     return position_ + distance < text_.size() ? text_[position_ + distance] : '\0';
   }
-  LexResult Stop(LexResult result, const char* expected) noexcept {
-    stop_ = {static_cast<std::uint32_t>(position_), expected};
+  LexResult Stop(LexResult result, const char* expected, const char* subject = "") noexcept {
+    stop_ = {static_cast<std::uint32_t>(position_), expected, subject};
     return result;
   }
   LexResult Add(const Token& token) noexcept {
@@ -113,7 +114,9 @@ class Lexer {
     const std::uint16_t code = keywords_.Find(word.View());
     if (code == 0) {
       std::printf("Error string : %s\n", word.Text());
-      return Stop(LexResult::UnknownWord, "a keyword");
+      const char* guess = NearestKeyword(word.View());
+      return guess == nullptr ? Stop(LexResult::UnknownWord, "a keyword")
+                              : Stop(LexResult::UnknownWord, "a keyword such as ", guess);
     }
     const LexResult result = AddSimple(code);
     position_ = end;

@@ -39,6 +39,7 @@ enum class [[nodiscard]] LexResult : std::int32_t{
 struct LexStop {
   std::uint32_t offset = 0;
   const char* expected = "";
+  const char* subject = "";  // what follows it, where it ends in a space
 };
 
 LexResult Lex(std::string_view text, TokenList& list, LexStop& stop) noexcept;

@@ -181,7 +181,7 @@ TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isAppli
   TokenList list;
   LexStop stop;
   if (Lex(text, list, stop) != LexResult::Done) {
-    if (error != nullptr) Explain(text, stop.offset, stop.expected, "", {}, *error);
+    if (error != nullptr) Explain(text, stop.offset, stop.expected, stop.subject, {}, *error);
     return TextResult::Refused;
   }
   TextReader reader(list, missing);

@@ -26,9 +26,8 @@ struct Step {
 
 // Reads, a step a line:
 //   wait MS            lets the time pass
-//   until X Y #RRGGBB  lets time pass until this pixel of the window has this colour and the
-//   picture
-//                      stays as it is; 10 seconds at most, then the run has failed
+//   until X Y #RRGGBB  lets time pass until this pixel has this colour and the picture stays as it
+//                      is; 10 seconds at most, then the run has failed
 //   until changed      the same, until the picture is another than the last one that was taken
 //   key NAME           presses a key
 //   expose             wipes the window as if it had been covered, so that it must paint itself

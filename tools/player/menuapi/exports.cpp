@@ -1,5 +1,5 @@
-// MenuAPI.dll as the engine calls it. A receiver's maker has a library of this name; this one does
-// the only thing that the engine wants of it, so that the player shows I-frames without the other.
+// MenuAPI.dll as the engine calls it. A host may bring a library of its own by this name; this one
+// does all that the engine wants of it, so that the player shows I-frames by itself.
 #include <cstdint>
 #include <exception>
 

@@ -11,7 +11,7 @@ namespace korvel {
 
 namespace {
 
-// The content hook of MPEG-2 I-frames. All other content is left to GDI+ to recognise.
+// The content hook of MPEG-2 I-frames. All other content is recognised by its bytes.
 constexpr std::int32_t kIFrameHook = 2;
 
 void SettleContentHook(Bitmap& bitmap) noexcept {

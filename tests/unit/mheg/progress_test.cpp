@@ -39,7 +39,7 @@ class OnTerminal {
   }
   ~OnTerminal() {
     close(terminal_);
-    if (hasEnded_) return;
+    if (hasEnded_ || process_ <= 0) return;  // -1 would be every process
     kill(process_, SIGKILL);
     waitpid(process_, nullptr, 0);
   }

@@ -1,4 +1,5 @@
-// Bits, most significant first: what streams made by hand are written with.
+// Bits, most significant first: what streams made by hand are written with. It counts and pads, and
+// knows nothing of streams.
 #pragma once
 
 #include <cstdint>

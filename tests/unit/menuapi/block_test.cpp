@@ -1,4 +1,5 @@
-// Coefficients: their places, their size, and what makes their sum odd.
+// Coefficients: their places, their size, and what makes their sum odd. Blocks that are damaged are
+// in damage_test.cpp.
 #include "player/menuapi/block.h"
 
 #include <gtest/gtest.h>

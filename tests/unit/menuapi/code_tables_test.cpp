@@ -1,4 +1,5 @@
 // The tables of codes: whether they are tables of codes at all, and what is known of each whole.
+// That each code means the right thing is seen where streams of ffmpeg are decoded.
 #include <gtest/gtest.h>
 
 #include <map>

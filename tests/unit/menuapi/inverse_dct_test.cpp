@@ -1,4 +1,5 @@
-// The inverse transform against its formula, written out with four loops.
+// The inverse transform against its formula, written out with four loops, for blocks of ordinary
+// pictures and for coefficients of any size.
 #include "player/menuapi/inverse_dct.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
-// Decoding with an eye on what lies behind the frame.
+// Decodes into a buffer that goes on behind the frame, filled beforehand with a byte that hardly
+// occurs in frames.
 #include "unit/menuapi/planes.h"
 
 #include <gtest/gtest.h>

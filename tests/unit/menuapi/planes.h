@@ -1,4 +1,5 @@
-// A decoded frame as the tests look at it.
+// A decoded frame as the tests look at it: by plane and place, and with an eye on what lies behind
+// the frame, which has to be left alone.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// Runs ffmpeg on files.
+// Runs ffmpeg on files s0, s1, ... for streams that it makes, i0, ... for those that it reads, and
+// o0, ... for frames.
 #include "unit/menuapi/reference.h"
 
 #include <gtest/gtest.h>

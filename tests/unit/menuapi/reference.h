@@ -1,4 +1,5 @@
-// The reference: ffmpeg, which makes streams and decodes them. It runs in a folder of its own.
+// The reference: ffmpeg, which makes streams and decodes them. It runs in a folder of its own, and
+// a run that fails fails the test.
 #pragma once
 
 #include <cstdint>

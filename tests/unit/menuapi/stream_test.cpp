@@ -1,4 +1,5 @@
-// The bits and the units of a stream, and the stream in a file.
+// The bits and the units of a stream, and the stream in a file: what holds for any bytes, whether
+// or not they are video.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -1,4 +1,5 @@
-// The rules for coefficients.
+// The rules for coefficients, as they come: the DC coefficient, the others up to the end of the
+// block, and the last one's correction.
 #include "player/menuapi/block.h"
 
 #include <algorithm>

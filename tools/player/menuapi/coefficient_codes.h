@@ -1,4 +1,5 @@
-// The codes of a block's AC coefficients: ISO/IEC 13818-2, tables B.14 and B.15.
+// The codes of a block's AC coefficients: ISO/IEC 13818-2, tables B.14 and B.15. What becomes of
+// the coefficients is the block's matter.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// From headers to slices, for one picture or two fields.
+// From headers to slices, for one picture or two fields. A picture's slices end at the first unit
+// that is none.
 #include "player/menuapi/decoder.h"
 
 #include "player/menuapi/header_reader.h"

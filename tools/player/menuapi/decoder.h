@@ -1,4 +1,5 @@
-// An MPEG-2 video stream that begins with an intra coded frame, to the samples of that frame.
+// An MPEG-2 video stream that begins with an intra coded frame, to the samples of that frame. This
+// is all that the rest of the player needs to know of the decoder, whose parts lie beside it.
 #pragma once
 
 #include <cstdint>

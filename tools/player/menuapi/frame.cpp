@@ -1,4 +1,5 @@
-// Planes and the places of lines in them.
+// Planes and the places of lines in them. A field is the same plane with steps of two
+// lines, so that all that follows need not know of fields.
 #include "player/menuapi/frame.h"
 
 #include <algorithm>
@@ -8,7 +9,6 @@ namespace {
 
 constexpr std::uint8_t kBlackLuma = 16;
 constexpr std::uint8_t kNoChroma = 128;
-constexpr int kMacroblockSide = 16;
 
 std::size_t Area(int width, int height) {
   return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);

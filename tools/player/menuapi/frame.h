@@ -1,4 +1,5 @@
-// The frame being decoded: three planes of samples, a whole number of macroblocks in size.
+// The frame being decoded: three planes of samples, a whole number of macroblocks in size, so that
+// blocks always fit; and the planes that callers get, of the frame's own size.
 #pragma once
 
 #include <array>

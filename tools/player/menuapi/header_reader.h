@@ -1,4 +1,5 @@
-// The headers before a picture's slices, in the order in which they have to come.
+// The headers before a picture's slices, in the order in which they have to come. What the fields
+// of each mean is said in sequence.h and picture.h.
 #pragma once
 
 #include "player/menuapi/picture.h"

@@ -1,4 +1,5 @@
-// The fields in their order, those without bearing on an intra picture passed over.
+// The fields in their order, those without bearing on an intra picture passed over. Marker bits are
+// not looked at: nothing depends on them.
 #include "player/menuapi/picture.h"
 
 #include <algorithm>
@@ -7,7 +8,6 @@ namespace menuapi {
 namespace {
 
 constexpr std::uint32_t kIntraCoded = 1;
-constexpr int kMacroblockSide = 16;
 constexpr int kMaxVectorSizeCode = 9;
 
 // The size codes of forward and backward vectors. Only the first pair can be used by an intra

@@ -1,4 +1,5 @@
-// What a picture header and its coding extension say: ISO/IEC 13818-2, 6.2.3.
+// What a picture header and its coding extension say: ISO/IEC 13818-2, 6.2.3, as far as intra
+// coded pictures are concerned; and how many macroblocks a picture has.
 #pragma once
 
 #include <array>
@@ -9,6 +10,8 @@
 #include "player/menuapi/sequence.h"
 
 namespace menuapi {
+
+inline constexpr int kMacroblockSide = 16;  // in luma samples
 
 // A picture is every line of a frame, or every second one.
 enum class PictureStructure { TopField = 1, BottomField = 2, Frame = 3 };

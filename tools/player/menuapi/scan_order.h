@@ -1,4 +1,5 @@
-// In which order a block's coefficients are sent. ISO/IEC 13818-2, figures 7-2 and 7-3.
+// In which order a block's coefficients are sent. ISO/IEC 13818-2, figures 7-2 and 7-3. Pictures
+// choose between the two; quantiser matrices always come in the first.
 #pragma once
 
 #include <array>

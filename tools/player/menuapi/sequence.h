@@ -1,4 +1,5 @@
-// What a sequence header and its extension say of all pictures: ISO/IEC 13818-2, 6.2.2.
+// What a sequence header and its extension say of all pictures: ISO/IEC 13818-2, 6.2.2. The
+// quantiser matrix is here too, although an extension of a picture may change it.
 #pragma once
 
 #include "player/menuapi/bit_reader.h"

@@ -1,4 +1,5 @@
-// The syntax of slices and macroblocks, and the places of their blocks.
+// The syntax of slices and macroblocks, and the places of their blocks. What is wrong ends the
+// slice; what has been decoded of it until then stays.
 #include "player/menuapi/slice.h"
 
 #include "player/menuapi/macroblock_codes.h"
@@ -6,7 +7,6 @@
 namespace menuapi {
 namespace {
 
-constexpr int kMacroblockSide = 16;
 constexpr int kLumaBlocks = 4;
 constexpr int kTallHeight = 2800;  // above this, slices say more about their row
 constexpr int kSliceEndBits = 23;  // so many zeros can only be the next start code's

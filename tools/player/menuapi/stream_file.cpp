@@ -1,4 +1,5 @@
-// Reads the file and decodes it.
+// Reads the file as a whole and decodes it. The file's size is not asked for beforehand: it is read
+// until there is no more.
 #include "player/menuapi/stream_file.h"
 
 #include <cstdio>

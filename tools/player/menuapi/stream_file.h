@@ -1,4 +1,5 @@
-// The decoder for a stream in a file, which is how callers of the library hand it over.
+// The decoder for a stream in a file, which is how callers of the library hand it over. It bounds
+// how much of a file is read; exceptions of the standard library (out of memory) pass through.
 #pragma once
 
 #include <cstdint>

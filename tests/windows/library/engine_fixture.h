@@ -16,7 +16,9 @@ namespace korvel::test {
 
 class Engine : public testing::Test {
  protected:
-  Engine() = default;
+  Engine() : Engine(TheLibrary()) {}
+  // For a variant of the library, which must live for ever.
+  explicit Engine(const Library& played) : library(played) {}
   ~Engine() override;
 
   // Serves an application "a" that enters the scene "s", which has these items in the textual
@@ -43,7 +45,7 @@ class Engine : public testing::Test {
     return host.CountOf("ReadFile " + path);
   }
 
-  const Library& library = TheLibrary();
+  const Library& library;
   RecordingHost host;
   HostWindow window;
   HWND engineWindow = nullptr;

@@ -1,0 +1,74 @@
+// The library without the picture that stands for broadcast video, as if its resources had been
+// left out or damaged.
+#include <array>
+#include <fstream>
+#include <iterator>
+
+#include "windows/library/engine_fixture.h"
+
+namespace korvel::test {
+namespace {
+
+constexpr COLORREF kRed = RGB(255, 0, 0);
+constexpr COLORREF kGreen = RGB(0, 255, 0);
+constexpr COLORREF kBlue = RGB(0, 0, 255);
+
+std::string CopyPath() {
+  std::array<char, MAX_PATH> folder{};
+  GetTempPathA(MAX_PATH, folder.data());
+  return std::string(folder.data()) + "korvel_without_picture.dll";
+}
+
+// Gives the only resource of the picture's type another type, in a copy of the library.
+bool MakeCopy() {
+  std::ifstream source("korvel.dll", std::ios::binary);
+  std::string bytes{std::istreambuf_iterator<char>(source), {}};
+  const std::string type("V\0I\0D\0E\0O\0_\0J\0P\0G\0", 18);
+  const std::size_t place = bytes.find(type);
+  if (place == std::string::npos || bytes.find(type, place + 1) != std::string::npos) return false;
+  bytes[place] = 'X';
+  std::ofstream(CopyPath(), std::ios::binary) << bytes;
+  return true;
+}
+
+// Loaded once and for all, as the library itself is.
+const Library& LibraryWithoutPicture() {
+  static const Library library =
+      MakeCopy() ? FindFunctions(LoadLibraryA(CopyPath().c_str())) : Library{};
+  return library;
+}
+
+class MissingPictureTest : public Engine {
+ protected:
+  MissingPictureTest() : Engine(LibraryWithoutPicture()) {}
+};
+
+// A video between a blue ground and a lamp, which the event of a missing picture turns from green
+// to red before it is drawn.
+TEST_F(MissingPictureTest, shows_what_lies_below_the_video_and_raises_the_event) {
+  ASSERT_NE(library.Run, nullptr);
+  ServeScene(R"(
+    {:Rectangle 1 :OrigBoxSize 720 576 :OrigLineWidth 0 :OrigRefFillColour '=00=00=FF=00'}
+    {:Stream 2 :OrigContent :ContentRef ("dvb://1") :Multiplex (
+      {:Video 3 :OrigBoxSize 720 576 :ComponentTag 1 :Termination disappear})}
+    {:Rectangle 4 :OrigBoxSize 40 40 :OrigPosition 600 400 :OrigLineWidth 0
+      :OrigRefFillColour '=00=FF=00=00'}
+    {:Link 5 :EventSource ("~/a" 0) :EventType EngineEvent :EventData 3
+      :LinkEffect (:SetFillColour(4 :NewAbsoluteColour '=FF=00=00=00'))}
+    {:Link 6 :EventSource 0 :EventType UserInput :EventData 100 :LinkEffect (:Stop(2)
+      :SetFillColour(4 :NewAbsoluteColour '=00=FF=00=00') :SetPosition(4 600 400))}
+    {:Link 7 :EventSource 0 :EventType UserInput :EventData 101 :LinkEffect (:Run(2))})");
+  Start();
+  WaitForColour(610, 410, kRed);
+  for (const int y : {10, 200, 300, 570}) {
+    for (const int x : {10, 300, 700}) EXPECT_EQ(Shown(x, y), kBlue) << x << ' ' << y;
+  }
+  PressKey('R');
+  WaitForColour(610, 410, kGreen);
+  PressKey('G');
+  WaitForColour(610, 410, kRed);
+  Close();
+}
+
+}  // namespace
+}  // namespace korvel::test

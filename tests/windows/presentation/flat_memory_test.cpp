@@ -1,0 +1,126 @@
+// Drawing keeps nothing: whatever pictures a scene has, the engine holds after ten thousand redraws
+// what it held after a thousand.
+#include <array>
+
+#include "presentation/presentation.h"
+#include "windows/presentation/content.h"
+#include "windows/presentation/stage.h"
+
+namespace korvel::test {
+
+namespace {
+
+// What the process holds. Everything on the heap is counted, which GDI+ and global blocks come
+// from too. The system does not tell how many GDI objects there are, but the place that a new one
+// gets in its table moves up when others are kept.
+struct Holdings {
+  std::size_t blocks = 0;
+  std::size_t bytes = 0;
+  std::uintptr_t nextGdiPlace = 0;
+};
+
+std::uintptr_t NextGdiPlace() {
+  HBRUSH brush = CreateSolidBrush(RGB(1, 2, 3));
+  const std::uintptr_t place = reinterpret_cast<std::uintptr_t>(brush) & 0xFFFF;
+  DeleteObject(brush);
+  return place;
+}
+
+Holdings Held() {
+  Holdings held;
+  HANDLE heap = GetProcessHeap();
+  PROCESS_HEAP_ENTRY entry{};
+  HeapLock(heap);
+  while (HeapWalk(heap, &entry) != FALSE) {
+    if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) == 0) continue;
+    ++held.blocks;
+    held.bytes += entry.cbData;
+  }
+  HeapUnlock(heap);
+  held.nextGdiPlace = NextGdiPlace();
+  return held;
+}
+
+}  // namespace
+
+class FlatMemoryTest : public Stage {
+ protected:
+  FlatMemoryTest() {
+    const std::string bmp = BmpFile(8, 8, [](int, int) { return kGreen; });
+    TheHost().files["bmp"] = bmp;
+    TheHost().files["png"] = FlatPng(8, 8, kGreen);
+    TheHost().files["jpeg"] = Encoded(bmp, L"image/jpeg");
+    TheHost().files["gif"] = GifFile(2, 8, 8);
+    TheHost().files["wrong"] = FlatPng(8, 8, kGreen).substr(0, 50);
+    for (const char* name : {"bmp", "png", "jpeg", "gif", "wrong", "absent"}) Add(name, 4);
+    Add("bmp", 2);  // no I-frame
+    Place(video_, 0, 0, 8, 8);
+    Show(ItemType::Video, video_);
+  }
+
+  // Paints the pictures in turn, one a redraw.
+  void PaintInTurn(int times) {
+    TheEngine().raised.clear();
+    for (int count = 0; count < times; ++count) {
+      std::size_t turn = static_cast<std::size_t>(count) % kPictures;
+      for (const StackedVisible& entry : App().DisplayStack) {
+        entry.Visible->RunningStatus = turn-- == 0;
+      }
+      TheHost().fetched.clear();
+      ResetRedrawCounter();
+      ASSERT_EQ(Redraw(), Status::Done);
+    }
+    const std::size_t rounds = static_cast<std::size_t>(times) / kPictures;
+    EXPECT_EQ(TheEngine().raised.size(), 3 * rounds) << "the wrong, the absent, and no I-frame";
+  }
+
+ private:
+  static constexpr std::size_t kPictures = 8;
+
+  void Add(const std::string& name, std::int32_t hook) {
+    Bitmap& bitmap = bitmaps_.at(count_++);
+    Place(bitmap, 0, 0, 8, 8);
+    bitmap.ContentHOOK = hook;
+    bitmap.Content.IsReferenced = true;
+    bitmap.Content.Data = Octets("~/" + name);
+    Show(ItemType::Bitmap, bitmap);
+  }
+
+  std::array<Bitmap, kPictures> bitmaps_;
+  std::size_t count_ = 0;
+  Video video_;
+};
+
+TEST_F(FlatMemoryTest, ten_thousand_redraws_hold_what_a_thousand_do) {
+  constexpr std::size_t kFewBlocks = 100;
+  constexpr std::size_t kFewBytes = 64 * 1024;
+  PaintInTurn(1000);
+  TheEngine().raised = {};
+  const Holdings before = Held();
+  ASSERT_GT(before.blocks, 100U) << "the heap is not told of";
+  PaintInTurn(9000);
+  TheEngine().raised = {};
+  const Holdings after = Held();
+  EXPECT_LT(after.blocks, before.blocks + kFewBlocks);
+  EXPECT_LT(after.bytes, before.bytes + kFewBytes);
+  EXPECT_LT(after.nextGdiPlace, before.nextGdiPlace + kFewBlocks);
+}
+
+TEST_F(FlatMemoryTest, what_is_held_is_seen) {
+  constexpr std::size_t kSome = 1000;
+  const Holdings before = Held();
+  std::vector<HGLOBAL> blocks;
+  std::vector<HBRUSH> brushes;
+  for (std::size_t count = 0; count < kSome; ++count) {
+    blocks.push_back(GlobalAlloc(GMEM_MOVEABLE, 100));
+    brushes.push_back(CreateSolidBrush(RGB(4, 5, 6)));
+  }
+  const Holdings after = Held();
+  EXPECT_GE(after.blocks, before.blocks + kSome);
+  EXPECT_GE(after.bytes, before.bytes + kSome * 100);
+  EXPECT_GE(after.nextGdiPlace, before.nextGdiPlace + kSome / 2) << "but for gaps that are filled";
+  for (HGLOBAL block : blocks) GlobalFree(block);
+  for (HBRUSH brush : brushes) DeleteObject(brush);
+}
+
+}  // namespace korvel::test

@@ -40,6 +40,7 @@ void SkipData(FileReader& reader) noexcept {
   reader.Skip(4);  // its place on the screen
   const std::uint32_t width = reader.Little16();
   const std::uint32_t height = reader.Little16();
+  if (reader.IsAtEnd()) return false;  // the end put behind it would make it another size
   SkipColours(reader, 0);
   reader.Skip(1);  // the width of the first code
   SkipData(reader);

@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::size_t kSignatureBytes = 8;
 constexpr std::size_t kCheckBytes = 4;
+constexpr std::uint32_t kHeaderBytes = 13;
 
 // The number that the four letters of a chunk's name make.
 constexpr std::uint32_t Named(const char (&name)[5]) noexcept {
@@ -40,8 +41,8 @@ bool IsOfThePicture(std::uint32_t name) noexcept {
 // The first chunk must be the header, which begins with the size.
 bool HasDecodableSize(std::string_view file) noexcept {
   FileReader reader(file);
-  reader.Skip(kSignatureBytes + 4);
-  if (reader.Big32() != kHeader) return false;
+  reader.Skip(kSignatureBytes);
+  if (reader.Big32() != kHeaderBytes || reader.Big32() != kHeader) return false;
   const std::uint32_t width = reader.Big32();
   return IsDecodableSize(width, reader.Big32());
 }

@@ -81,6 +81,20 @@ TEST(PictureFile, a_file_that_is_cut_short_has_the_pieces_that_are_there) {
   EXPECT_EQ(Found(kPngStart.substr(0, 20)), "none") << "the size is not there";
 }
 
+TEST(PictureFile, a_png_file_whose_size_is_not_in_its_header_has_no_picture) {
+  std::string file = kPngStart + Chunk(4, "IDAT", "data");
+  EXPECT_EQ(Found(file), file);
+  file[11] = 2;
+  EXPECT_EQ(Found(file), "none");
+}
+
+TEST(PictureFile, a_gif_file_that_is_cut_within_its_size_has_no_picture) {
+  const std::string header = kGifPicture.substr(0, 9);
+  EXPECT_EQ(Found(kGifStart + header), "none");
+  EXPECT_EQ(Found(kGifStart + header.substr(0, 8)), "none") << "its end would make it higher";
+  EXPECT_NE(Found(kGifStart + header + Octets("\0")), "none");
+}
+
 TEST(PictureFile, any_bytes_are_read_within_their_bounds) {
   std::minstd_rand random;
   const std::string jpeg =

@@ -9,8 +9,8 @@ namespace korvel {
 namespace {
 
 // A redraw is to end within a second, and the slowest single object, a picture of the largest size
-// that is decoded, takes a third of one.
-constexpr std::uint64_t kLongestPaintingMs = 600;
+// that is decoded in as many scans as it may have, takes nearly half of one.
+constexpr std::uint64_t kLongestPaintingMs = 500;
 
 constexpr std::uint64_t kFileTimesPerMs = 10'000;
 

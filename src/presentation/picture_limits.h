@@ -7,7 +7,7 @@
 namespace korvel {
 
 // The largest picture of broadcast television, in pixels: five scenes. Decoding as many takes up to
-// a third of a second, and a redraw is to end within one.
+// half a second, and a redraw is to end within one.
 inline constexpr std::uint64_t kLargestPicture = std::uint64_t{1920} * 1152;
 
 // Neither side is 0 and the picture is not too large. Sides of any 32-bit size may be given.
@@ -15,9 +15,9 @@ inline constexpr std::uint64_t kLargestPicture = std::uint64_t{1920} * 1152;
   return width > 0 && height > 0 && width * height <= kLargestPicture;
 }
 
-// A progressive JPEG picture comes in about ten scans. Each one goes over the whole picture, and
-// an empty one has 14 bytes.
-inline constexpr int kMostScans = 64;
+// A progressive JPEG picture comes in about ten scans. Each one goes over the whole picture, which
+// takes 20 ms at the largest size, and an empty one has 14 bytes.
+inline constexpr int kMostScans = 16;
 
 // Decoders take their time for each chunk of a PNG picture, whatever is in it. Encoders write its
 // pixels in chunks of 8 kilobytes and more, of which the largest picture needs about 1000.

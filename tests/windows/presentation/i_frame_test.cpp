@@ -12,12 +12,6 @@ namespace {
 // A sequence header of 720 x 576 and nothing behind it.
 constexpr std::string_view kSequence("\x00\x00\x01\xB3\x2D\x02\x40\x33", 8);
 
-std::string TemporaryStream() {
-  char folder[MAX_PATH] = {};
-  GetTempPathA(MAX_PATH, folder);
-  return std::string(folder) + "mheg_bmp_tmpfile000.m2v";
-}
-
 }  // namespace
 
 class IFrameTest : public Stage {
@@ -28,7 +22,9 @@ class IFrameTest : public Stage {
     bitmap.Content.IsReferenced = true;
     bitmap.Content.Data = Octets("~/frame");
     Show(ItemType::Bitmap, bitmap);
-    DeleteFileA(TemporaryStream().c_str());
+  }
+  [[nodiscard]] std::string TemporaryStream() const {
+    return TemporaryPath() + "mheg_bmp_tmpfile000.m2v";
   }
   Bitmap bitmap;
 };

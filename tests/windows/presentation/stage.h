@@ -4,12 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <string_view>
 
 #include "objects/objects.h"
 #include "substitutes/host.h"
 #include "windows/presentation/pixels.h"
 #include "windows/substitutes/engine.h"
+#include "windows/support/temporary_folder.h"
 
 namespace korvel::test {
 
@@ -30,9 +32,12 @@ class Stage : public testing::Test {
   // What the window shows.
   [[nodiscard]] Pixels Shown() const { return WindowPixels(window_); }
   [[nodiscard]] HWND Window() const { return window_; }
+  // Where temporary files are, the engine's among them. Ends in a backslash.
+  [[nodiscard]] const std::string& TemporaryPath() const { return temporaryFolder_.Path(); }
   Application& App() { return application_; }
 
  private:
+  TemporaryFolder temporaryFolder_;
   HWND window_;
   Application application_;
 };

@@ -1,5 +1,7 @@
 // Ingredients coming to life and going, by class: what becomes of their run-time values, which
 // events tell of it, and what stands in the display stack.
+#include <algorithm>
+
 #include "stage.h"
 
 namespace korvel::test {
@@ -53,6 +55,18 @@ TEST_F(LifecycleTest, a_group_starts_its_initially_active_items_in_order) {
         AsleepText(3));
   EXPECT_EQ(TakeLog(), "two one");
   EXPECT_EQ(Stack(), "2 1");
+}
+
+TEST_F(LifecycleTest, a_scene_that_ends_while_its_items_start_starts_no_more_of_them) {
+  AddScene("t", "");
+  AddScene("s", R"({:Rectangle 1 :OrigBoxSize 9 9}
+    {:Link 2 :EventSource 1 :EventType IsRunning :LinkEffect (:TransitionTo(("~/t" 0)))}
+    {:Text 3 :OrigContent :ContentRef ("~/x") :OrigBoxSize 9 9})");
+  Start("");
+  EXPECT_EQ(Run(R"(:TransitionTo(("~/s" 0)))"), Status::Replaced);
+  EXPECT_EQ(CurrentScene()->Reference.GroupIdentifier.View(), "~/t");
+  EXPECT_EQ(Stack(), "");
+  EXPECT_EQ(std::ranges::count(TheHost().fetched, "x"), 0) << "nothing is read for it either";
 }
 
 TEST_F(LifecycleTest, buttons_start_with_their_group_but_are_not_run) {

@@ -76,6 +76,29 @@ double LengthAround(const Sequence<CanvasPoint>& corners) noexcept {
          Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(colour), brush.Slot()));
 }
 
+// From where an arc runs and how far, in degrees, clockwise as GDI+ takes them.
+struct Turn {
+  float Start;
+  float Sweep;
+};
+
+void DrawCurve(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
+               const LineAttributes& line, ArcForm form) noexcept {
+  PenOwner pen;
+  if (!MakePen(line, 2.0 * (box.Width() + box.Height()), pen)) return;
+  const auto draw = form == ArcForm::Arc ? gdip::GdipDrawArcI : gdip::GdipDrawPieI;
+  static_cast<void>(draw(graphics, pen, box.Left, box.Top, box.Width(), box.Height(), turn.Start,
+                         turn.Sweep));
+}
+
+void FillSector(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
+                DrawnColour colour) noexcept {
+  SolidBrushOwner brush;
+  if (!MakeBrush(colour, brush)) return;
+  static_cast<void>(gdip::GdipFillPieI(graphics, brush, box.Left, box.Top, box.Width(),
+                                       box.Height(), turn.Start, turn.Sweep));
+}
+
 }  // namespace
 
 Canvas* NewCanvas(std::int32_t width, std::int32_t height) noexcept {
@@ -142,29 +165,23 @@ Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::i
                  std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
                  Canvas* canvas) noexcept {
   const Box box = CurveBox(at, width, height, DrawnWidth(line));
-  PenOwner pen;
-  const double around = 2.0 * (box.Width() + box.Height());
-  if (canvas == nullptr || box.IsEmpty() || !MakePen(line, around, pen)) return Status::Done;
-  const auto start = static_cast<float>(startAngle % kFullTurn);
-  const auto sweep = static_cast<float>(std::clamp(arcAngle, -kFullTurn, kFullTurn)) * -1.0F;
-  if (form == ArcForm::Arc) {
-    static_cast<void>(gdip::GdipDrawArcI(canvas->Graphics, pen, box.Left, box.Top, box.Width(),
-                                         box.Height(), start, sweep));
-    return Status::Done;
+  if (canvas == nullptr || box.IsEmpty()) return Status::Done;
+  const Turn turn{static_cast<float>(startAngle % kFullTurn),
+                  static_cast<float>(std::clamp(arcAngle, -kFullTurn, kFullTurn)) * -1.0F};
+  DrawCurve(canvas->Graphics, box, turn, line, form);
+  // The fill is as transparent as the line, but there is none where it is wholly transparent itself.
+  const bool isFilled = form == ArcForm::Sector && (fill & kTransparencyByte) != kTransparencyByte;
+  if (isFilled) {
+    FillSector(canvas->Graphics, box, turn,
+               (fill & ~kTransparencyByte) | (line.Ink & kTransparencyByte));
   }
-  static_cast<void>(gdip::GdipDrawPieI(canvas->Graphics, pen, box.Left, box.Top, box.Width(),
-                                       box.Height(), start, sweep));
-  if ((fill & kTransparencyByte) == kTransparencyByte) return Status::Done;
-  SolidBrushOwner brush;
-  const DrawnColour mixed = (fill & ~kTransparencyByte) | (line.Ink & kTransparencyByte);
-  if (!MakeBrush(mixed, brush)) return Status::Done;
-  static_cast<void>(gdip::GdipFillPieI(canvas->Graphics, brush, box.Left, box.Top, box.Width(),
-                                       box.Height(), start, sweep));
   return Status::Done;
 }
 
 Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
                      DrawnColour fill, Canvas* canvas) noexcept {
+  // GDI+ knows no polygon of two corners.
+  if (points.size() == 2) return CanvasLine(points[0], points[1], line, canvas);
   Sequence<CanvasPoint> clipped;
   if (canvas == nullptr || points.size() > kMostCorners ||
       !ClipPolygon(points, FarthestCorner(*canvas, line), clipped) || clipped.Size() < 2) {

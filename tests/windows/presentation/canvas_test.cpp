@@ -142,6 +142,30 @@ TEST_F(CanvasTest, a_sectors_fill_is_as_transparent_as_its_line) {
   EXPECT_EQ(mixed & 0xFF00FF, 0U);
 }
 
+TEST_F(CanvasTest, a_sector_whose_line_has_no_width_is_its_fill) {
+  for (const int width : {0, -1}) {
+    Clear();
+    red.Width = width;
+    EXPECT_EQ(
+        CanvasArc({50, 0}, 100, 100, 0, 90, red, kOpaqueGreen, ArcForm::Sector, lineArt.Canvas),
+        Status::Done);
+    const Pixels picture = Paint();
+    EXPECT_EQ(picture.Count(kWholeScene, kRed), 0) << width;
+    EXPECT_NEAR(picture.Count(kWholeScene, kGreen), 3.1416 * 50 * 50 / 4, 80) << width;
+    EXPECT_EQ(picture.At(220, 130), kGreen) << width;
+  }
+}
+
+TEST_F(CanvasTest, a_polygon_of_two_points_is_a_line) {
+  const CanvasPoint corners[] = {{10, 20}, {59, 20}};
+  EXPECT_EQ(CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
+  const Pixels picture = Paint();
+  Clear();
+  EXPECT_EQ(CanvasLine(corners[0], corners[1], red, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(picture, Paint());
+  EXPECT_EQ(picture.At(130, 120), kRed);
+}
+
 TEST_F(CanvasTest, a_polygon_is_closed_and_filled) {
   const CanvasPoint corners[] = {{10, 10}, {90, 10}, {90, 80}};
   EXPECT_EQ(CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas), Status::Done);

@@ -169,7 +169,7 @@ Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::i
   const Turn turn{static_cast<float>(startAngle % kFullTurn),
                   static_cast<float>(std::clamp(arcAngle, -kFullTurn, kFullTurn)) * -1.0F};
   DrawCurve(canvas->Graphics, box, turn, line, form);
-  // The fill is as transparent as the line, but there is none where it is wholly transparent itself.
+  // As transparent as the line; none at all where the fill's own colour is wholly transparent.
   const bool isFilled = form == ArcForm::Sector && (fill & kTransparencyByte) != kTransparencyByte;
   if (isFilled) {
     FillSector(canvas->Graphics, box, turn,

@@ -87,8 +87,8 @@ void DrawCurve(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
   PenOwner pen;
   if (!MakePen(line, 2.0 * (box.Width() + box.Height()), pen)) return;
   const auto draw = form == ArcForm::Arc ? gdip::GdipDrawArcI : gdip::GdipDrawPieI;
-  static_cast<void>(draw(graphics, pen, box.Left, box.Top, box.Width(), box.Height(), turn.Start,
-                         turn.Sweep));
+  static_cast<void>(
+      draw(graphics, pen, box.Left, box.Top, box.Width(), box.Height(), turn.Start, turn.Sweep));
 }
 
 void FillSector(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,

@@ -47,8 +47,8 @@ double Distance(const CanvasPoint& from, const CanvasPoint& to) noexcept {
   return std::hypot(to.X - from.X, to.Y - from.Y);
 }
 
-// A polygon is cut a little outside of the canvas, where neither the cut nor the points of its
-// corners, which reach five widths beyond them, are seen.
+// Dashed lines and polygons are cut a little outside of the canvas, where neither the cut nor the
+// points of a polygon's corners, which reach five widths beyond them, are seen.
 std::int64_t FarthestCorner(const Canvas& canvas, const LineAttributes& line) noexcept {
   const std::int64_t margin = 6 * std::int64_t{DrawnWidth(line)} + 2;
   return std::min(std::max(canvas.Width, canvas.Height) + margin, kFarthestCoordinate);
@@ -136,11 +136,17 @@ Status ClearCanvas(DrawnColour fill, Canvas* canvas) noexcept {
 
 Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
                   Canvas* canvas) noexcept {
+  if (canvas == nullptr) return Status::Done;
+  const std::int32_t period = DashPeriod(line);
+  const std::int64_t farthest = period > 0 ? FarthestCorner(*canvas, line) : kFarthestCoordinate;
+  LinePart part;
   PenOwner pen;
-  if (canvas == nullptr || !ClipLine(from, to) || !MakePen(line, Distance(from, to), pen)) {
+  if (!ClipLine(from, to, farthest, period, part) || !MakePen(line, part.Length(), pen)) {
     return Status::Done;
   }
-  static_cast<void>(gdip::GdipDrawLineI(canvas->Graphics, pen, from.X, from.Y, to.X, to.Y));
+  static_cast<void>(gdip::GdipDrawLine(canvas->Graphics, pen, static_cast<float>(part.FromX),
+                                       static_cast<float>(part.FromY), static_cast<float>(part.ToX),
+                                       static_cast<float>(part.ToY)));
   return Status::Done;
 }
 

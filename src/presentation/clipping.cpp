@@ -2,6 +2,7 @@
 // 32-bit coordinates.
 #include "presentation/clipping.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -51,16 +52,36 @@ CanvasPoint Meeting(const CanvasPoint& from, const CanvasPoint& to, const Side& 
   return true;
 }
 
+// Narrows the shares of a line between which it lies inside of a side, given how far outside its
+// ends are.
+void NarrowToSide(double start, double end, double& first, double& last) noexcept {
+  if (start > 0 && end > 0) last = -1;
+  if ((start > 0) == (end > 0)) return;
+  const double share = start / (start - end);
+  if (start > 0) {
+    first = std::max(first, share);
+  } else {
+    last = std::min(last, share);
+  }
+}
+
 }  // namespace
 
-bool ClipLine(CanvasPoint& from, CanvasPoint& to) noexcept {
-  for (const Side& side : SidesOf(kFarthestCoordinate)) {
-    const bool isFromOutside = Outside(from, side) > 0;
-    const bool isToOutside = Outside(to, side) > 0;
-    if (isFromOutside && isToOutside) return false;
-    if (isFromOutside) from = Meeting(from, to, side);
-    if (isToOutside) to = Meeting(from, to, side);
+double LinePart::Length() const noexcept { return std::hypot(ToX - FromX, ToY - FromY); }
+
+bool ClipLine(const CanvasPoint& from, const CanvasPoint& to, std::int64_t farthest, double period,
+              LinePart& part) noexcept {
+  double first = 0;
+  double last = 1;
+  for (const Side& side : SidesOf(farthest)) {
+    NarrowToSide(Outside(from, side), Outside(to, side), first, last);
   }
+  if (first > last) return false;
+  const double wayX = static_cast<double>(to.X) - from.X;
+  const double wayY = static_cast<double>(to.Y) - from.Y;
+  const double length = std::hypot(wayX, wayY);
+  if (first > 0 && period > 0) first = std::floor(first * length / period) * period / length;
+  part = {from.X + wayX * first, from.Y + wayY * first, from.X + wayX * last, from.Y + wayY * last};
   return true;
 }
 

@@ -8,8 +8,21 @@
 
 namespace korvel {
 
-// Cuts both ends to the range. False when nothing of the line lies in it.
-[[nodiscard]] bool ClipLine(CanvasPoint& from, CanvasPoint& to) noexcept;
+// A part of a line; it may begin and end between pixels.
+struct LinePart {
+  double FromX = 0;
+  double FromY = 0;
+  double ToX = 0;
+  double ToY = 0;
+
+  [[nodiscard]] double Length() const noexcept;
+};
+
+// What remains of a line within `farthest` of the origin in each direction. Where it has dashes, a
+// whole number of their `period` is taken off its beginning, at most a period too few, so that the
+// rest stay where they are; 0 is a line without any. False when nothing of it lies there.
+[[nodiscard]] bool ClipLine(const CanvasPoint& from, const CanvasPoint& to, std::int64_t farthest,
+                            double period, LinePart& part) noexcept;
 
 // The outline of what remains of a polygon within `farthest` of the origin in each direction; it
 // may be empty. False when memory is out.

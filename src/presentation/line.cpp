@@ -7,6 +7,8 @@ namespace korvel {
 
 namespace {
 
+enum LineStyle : std::int32_t { kDashed = 2, kDotted = 3 };  // all else is solid
+
 // GDI+ makes an outline of each dash, which takes a while; a dot and its gap are two widths long.
 // Around the whole scene run no more than these, and a line that has more is drawn solid.
 constexpr double kMostDashes = 3000;
@@ -14,8 +16,8 @@ constexpr double kMostDashes = 3000;
 Gdiplus::GpDashStyle DashStyleOf(const LineAttributes& line, double length) noexcept {
   if (length / (2.0 * DrawnWidth(line)) > kMostDashes) return Gdiplus::DashStyleSolid;
   switch (line.Style) {
-  case 2: return Gdiplus::DashStyleDash;
-  case 3: return Gdiplus::DashStyleDot;
+  case kDashed: return Gdiplus::DashStyleDash;
+  case kDotted: return Gdiplus::DashStyleDot;
   default: return Gdiplus::DashStyleSolid;
   }
 }
@@ -30,12 +32,36 @@ void Fill(Gdiplus::GpGraphics* graphics, const Box& box, DrawnColour colour) noe
       gdip::GdipFillRectangleI(graphics, brush, box.Left, box.Top, box.Width(), box.Height()));
 }
 
+// Moves an edge that lies outside of the range nearer to it by whole periods, which leaves the
+// dashes of the other edges where they are.
+std::int32_t Nearer(std::int32_t edge, std::int32_t least, std::int32_t most,
+                    std::int32_t period) noexcept {
+  if (edge < least) return edge + (least - edge) / period * period;
+  if (edge > most) return edge - (edge - most) / period * period;
+  return edge;
+}
+
+// A box whose dashed outline looks the same where it is drawn, and is not much longer than that.
+Box OutlineBox(Gdiplus::GpGraphics* graphics, const Box& box, const LineAttributes& line) noexcept {
+  const std::int32_t period = DashPeriod(line);
+  Gdiplus::Rect drawn;
+  if (period == 0 || !Succeeded(gdip::GdipGetVisibleClipBoundsI(graphics, &drawn))) return box;
+  const std::int32_t width = DrawnWidth(line);
+  const std::int32_t right = drawn.X + drawn.Width + width;
+  const std::int32_t bottom = drawn.Y + drawn.Height + width;
+  return {Nearer(box.Left, drawn.X - width, right, period),
+          Nearer(box.Top, drawn.Y - width, bottom, period),
+          Nearer(box.Right, drawn.X - width, right, period),
+          Nearer(box.Bottom, drawn.Y - width, bottom, period)};
+}
+
 // The pen's middle runs half a width inside the box, so that its outer side is the box's edge. A
 // line of one pixel has no half: between two pixels GDI+ may round it out of the box.
-void DrawOutline(Gdiplus::GpGraphics* graphics, const Box& box,
+void DrawOutline(Gdiplus::GpGraphics* graphics, const Box& whole,
                  const LineAttributes& line) noexcept {
+  const Box box = OutlineBox(graphics, whole, line);
   PenOwner pen;
-  if (!MakePen(line, 2.0 * (box.Width() + box.Height()), pen)) return;
+  if (box.IsEmpty() || !MakePen(line, 2.0 * (box.Width() + box.Height()), pen)) return;
   const auto width = static_cast<float>(DrawnWidth(line));
   const float inset = width > 1 ? width / 2 : 0;
   // What cannot be drawn stays as it was.
@@ -52,6 +78,14 @@ LineAttributes LineAttributesOf(const LineArt& lineArt) noexcept {
 
 std::int32_t DrawnWidth(const LineAttributes& line) noexcept {
   return line.Width < 0 ? 0 : NearCoordinate(line.Width);
+}
+
+std::int32_t DashPeriod(const LineAttributes& line) noexcept {
+  switch (line.Style) {
+  case kDashed: return 4 * DrawnWidth(line);  // three widths, and one of gap
+  case kDotted: return 2 * DrawnWidth(line);
+  default: return 0;
+  }
 }
 
 bool MakePen(const LineAttributes& line, double length, PenOwner& pen) noexcept {

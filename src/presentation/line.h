@@ -15,6 +15,9 @@ namespace korvel {
 // The width as it is drawn: content may give any number.
 [[nodiscard]] std::int32_t DrawnWidth(const LineAttributes& line) noexcept;
 
+// How many pixels after one dash or dot the next one begins; 0 for lines that have none.
+[[nodiscard]] std::int32_t DashPeriod(const LineAttributes& line) noexcept;
+
 // The pen for a line or an outline that is so many pixels long, or somewhat shorter. False when the
 // line has no width, which GDI+ would draw one pixel wide, and when the pen could not be made.
 [[nodiscard]] bool MakePen(const LineAttributes& line, double length, PenOwner& pen) noexcept;

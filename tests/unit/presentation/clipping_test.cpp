@@ -24,10 +24,13 @@ double Turn(const CanvasPoint& a, const CanvasPoint& b, const CanvasPoint& c) {
          (static_cast<double>(b.Y) - a.Y) * (static_cast<double>(c.X) - a.X);
 }
 
-double Distance(const CanvasPoint& a, const CanvasPoint& b, const CanvasPoint& point) {
-  const double length = std::hypot(static_cast<double>(b.X) - a.X, static_cast<double>(b.Y) - a.Y);
-  return length == 0 ? std::hypot(point.X - a.X, point.Y - a.Y)
-                     : std::abs(Turn(a, b, point)) / length;
+// How far a place lies from the line through a and b.
+double Distance(const CanvasPoint& a, const CanvasPoint& b, double x, double y) {
+  const double wayX = static_cast<double>(b.X) - a.X;
+  const double wayY = static_cast<double>(b.Y) - a.Y;
+  const double length = std::hypot(wayX, wayY);
+  return length == 0 ? std::hypot(x - a.X, y - a.Y)
+                     : std::abs(wayX * (y - a.Y) - wayY * (x - a.X)) / length;
 }
 
 // Points all over the numbers, one in four of them within the drawn square.
@@ -48,35 +51,55 @@ class RandomPoints {
 };
 
 TEST(Clipping, a_line_within_stays_and_a_line_beside_is_none) {
-  CanvasPoint from = {-kFar, 0};
-  CanvasPoint to = {kFar, 7};
-  EXPECT_TRUE(ClipLine(from, to));
-  EXPECT_EQ(from.X, -kFar);
-  EXPECT_EQ(to.Y, 7);
-  from = {kFar + 1, 0};
-  to = {kFar + 9, 5};
-  EXPECT_FALSE(ClipLine(from, to));
+  LinePart part;
+  EXPECT_TRUE(ClipLine({-kFar, 0}, {kFar, 7}, kFar, 0, part));
+  EXPECT_EQ(part.FromX, -kFar);
+  EXPECT_EQ(part.FromY, 0);
+  EXPECT_EQ(part.ToX, kFar);
+  EXPECT_EQ(part.ToY, 7);
+  EXPECT_FALSE(ClipLine({kFar + 1, 0}, {kFar + 9, 5}, kFar, 0, part));
+  EXPECT_FALSE(ClipLine({0, 150}, {150, 0}, 70, 0, part)) << "past the corner";
+  EXPECT_EQ(part.ToY, 7);
 }
 
 TEST(Clipping, a_line_is_cut_and_not_bent) {
+  constexpr double kRounding = 0.001;
   RandomPoints random;
   for (int round = 0; round < 5000; ++round) {
     const CanvasPoint from = random.Next();
     const CanvasPoint to = random.Next();
-    CanvasPoint start = from;
-    CanvasPoint end = to;
-    if (!ClipLine(start, end)) {
+    LinePart part;
+    if (!ClipLine(from, to, kFar, 0, part)) {
       EXPECT_FALSE(IsDrawn(from) || IsDrawn(to));
       continue;
     }
-    ASSERT_TRUE(IsDrawn(start) && IsDrawn(end)) << round;
-    ASSERT_LE(Distance(from, to, start), 2.0) << round;
-    ASSERT_LE(Distance(from, to, end), 2.0) << round;
+    for (const double place : {part.FromX, part.FromY, part.ToX, part.ToY}) {
+      ASSERT_LE(std::abs(place), kFar + kRounding) << round;
+    }
+    ASSERT_LE(Distance(from, to, part.FromX, part.FromY), kRounding) << round;
+    ASSERT_LE(Distance(from, to, part.ToX, part.ToY), kRounding) << round;
     if (IsDrawn(from)) {
-      ASSERT_EQ(start.X, from.X);
-      ASSERT_EQ(start.Y, from.Y);
+      ASSERT_EQ(part.FromX, from.X);
+      ASSERT_EQ(part.FromY, from.Y);
+    }
+    if (IsDrawn(to)) {
+      ASSERT_NEAR(part.ToX, to.X, kRounding);
     }
   }
+}
+
+TEST(Clipping, a_line_loses_whole_dashes_at_its_beginning) {
+  constexpr double kPeriod = 12;
+  LinePart part;
+  ASSERT_TRUE(ClipLine({-1000, 0}, {5000, 0}, 100, kPeriod, part));
+  EXPECT_DOUBLE_EQ(part.FromX, -1000 + 75 * kPeriod) << "the last one that begins outside";
+  EXPECT_DOUBLE_EQ(part.ToX, 100);
+  ASSERT_TRUE(ClipLine({-3000, -4000}, {3000, 4000}, 100, kPeriod, part));
+  const double lost = std::hypot(part.FromX + 3000, part.FromY + 4000) / kPeriod;
+  EXPECT_NEAR(lost, std::round(lost), 1e-9);
+  EXPECT_NEAR(lost * kPeriod, 5000 - 125, kPeriod);
+  ASSERT_TRUE(ClipLine({50, 0}, {5000, 0}, 100, kPeriod, part));
+  EXPECT_EQ(part.FromX, 50);
 }
 
 // Whether the point lies in a polygon that turns one way only, and how near it is to the outline.
@@ -93,7 +116,7 @@ Place PlaceIn(const std::vector<CanvasPoint>& corners, const CanvasPoint& point)
     const double turn = Turn(corners[i], next, point);
     isLeft = isLeft || turn > 0;
     isRight = isRight || turn < 0;
-    nearest = std::min(nearest, Distance(corners[i], next, point));
+    nearest = std::min(nearest, Distance(corners[i], next, point.X, point.Y));
   }
   return {!corners.empty() && isLeft != isRight, nearest};
 }

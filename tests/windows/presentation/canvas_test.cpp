@@ -211,6 +211,54 @@ TEST_F(CanvasTest, lines_of_style_2_are_dashed_and_of_style_3_dotted) {
   EXPECT_GT(dotted, 0);
 }
 
+TEST_F(CanvasTest, dashes_of_lines_that_leave_the_canvas_stay_dashes_in_their_places) {
+  struct Line {
+    CanvasPoint from;
+    CanvasPoint to;
+  };
+  // Each pair looks alike on the canvas: further on at the end, or before the beginning by a
+  // multiple of every period.
+  const std::pair<Line, Line> pairs[] = {{{{0, 50}, {220, 50}}, {{0, 50}, {2000000000, 50}}},
+                                         {{{-48, 50}, {220, 50}}, {{-48000048, 50}, {220, 50}}},
+                                         {{{-60, -80}, {300, 400}}, {{-60, -80}, {60000, 80000}}},
+                                         {{{-60, -80}, {90, 120}}, {{-28860, -38480}, {90, 120}}}};
+  for (const auto& [nearby, distant] : pairs) {
+    for (const std::int32_t style : {1, 2, 3}) {
+      for (const std::int32_t width : {1, 4}) {
+        red.Style = style;
+        red.Width = width;
+        Clear();
+        EXPECT_EQ(CanvasLine(nearby.from, nearby.to, red, lineArt.Canvas), Status::Done);
+        const Pixels expected = Paint();
+        EXPECT_GE(expected.Count(kWholeScene, kRed), 50);
+        Clear();
+        EXPECT_EQ(CanvasLine(distant.from, distant.to, red, lineArt.Canvas), Status::Done);
+        EXPECT_TRUE(Paint() == expected) << distant.from.X << ' ' << style << ' ' << width;
+      }
+    }
+  }
+}
+
+TEST_F(CanvasTest, dashes_of_rectangles_that_leave_the_canvas_stay_dashes_in_their_places) {
+  for (const std::int32_t style : {2, 3}) {
+    for (const std::int32_t width : {1, 4}) {
+      red.Style = style;
+      red.Width = width;
+      const auto inkOf = [this](CanvasPoint from, CanvasPoint to) {
+        Clear();
+        EXPECT_EQ(CanvasRectangle(from, to, red, kTransparentColour, lineArt.Canvas), Status::Done);
+        return Paint();
+      };
+      const Pixels expected = inkOf({10, 10}, {266, 170});
+      EXPECT_GT(expected.Count(kWholeScene, kRed), 100);
+      EXPECT_TRUE(inkOf({10, 10}, {266 + 16 * 1000, 170 + 16 * 1500}) == expected) << style;
+      const Pixels corner = inkOf({-70, -150}, {190, 90});
+      EXPECT_GT(corner.Count(kWholeScene, kRed), 100);
+      EXPECT_TRUE(inkOf({-70 - 16 * 1700, -150 - 16 * 1100}, {190, 90}) == corner) << style;
+    }
+  }
+}
+
 TEST_F(CanvasTest, black_is_invisible_and_the_darkest_grey_is_not) {
   Rectangle below;
   Place(below, 0, 0, 720, 576);

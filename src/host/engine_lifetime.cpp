@@ -1,6 +1,6 @@
 // The phases of an engine's life and the handle of its thread. Whoever waits for the thread waits
-// on a duplicate: the thread closes its own handle, and a closed number may come back as another
-// object's.
+// on a duplicate: others may close the handle meanwhile, and a closed number may come back as
+// another object's.
 #include "host/engine_lifetime.h"
 
 #include <utility>
@@ -15,19 +15,25 @@ namespace {
 // thread then is a few calls.
 constexpr DWORD kEpilogueLimitMs = 5000;
 
-// Null when no engine thread exists. The caller holds the state lock and closes the handle.
-HANDLE DuplicateEngineThread() noexcept {
+// Null when there is none. The caller holds the state lock and closes the handle.
+HANDLE Duplicate(HANDLE thread) noexcept {
   HANDLE duplicate = nullptr;
-  if (hostState.engineThread != nullptr) {
-    DuplicateHandle(GetCurrentProcess(), hostState.engineThread, GetCurrentProcess(), &duplicate,
-                    SYNCHRONIZE, FALSE, 0);
+  if (thread != nullptr) {
+    DuplicateHandle(GetCurrentProcess(), thread, GetCurrentProcess(), &duplicate, SYNCHRONIZE,
+                    FALSE, 0);
   }
   return duplicate;
+}
+
+// The caller holds the state lock.
+void CloseLastThread() noexcept {
+  if (hostState.lastThread != nullptr) CloseHandle(std::exchange(hostState.lastThread, nullptr));
 }
 
 bool ClaimIfIdle() noexcept {
   const StateLocked locked;
   if (hostState.phase != Phase::Idle) return false;
+  CloseLastThread();
   hostState.phase = Phase::Starting;
   hostState.startingThreadId = GetCurrentThreadId();
   hostState.window = {};
@@ -38,7 +44,7 @@ bool ClaimIfIdle() noexcept {
 
 HANDLE DuplicateEndingThread() noexcept {
   const StateLocked locked;
-  return hostState.phase == Phase::Epilogue ? DuplicateEngineThread() : nullptr;
+  return hostState.phase == Phase::Epilogue ? Duplicate(hostState.engineThread) : nullptr;
 }
 
 HANDLE DuplicateThreadToWaitFor() noexcept {
@@ -46,7 +52,14 @@ HANDLE DuplicateThreadToWaitFor() noexcept {
   const DWORD caller = GetCurrentThreadId();
   const bool isOwn = caller == hostState.engineThreadId || caller == hostState.workerThreadId ||
                      caller == hostState.startingThreadId;
-  return isOwn ? nullptr : DuplicateEngineThread();
+  if (isOwn) return nullptr;
+  return Duplicate(hostState.phase == Phase::Idle ? hostState.lastThread : hostState.engineThread);
+}
+
+void CloseLastThreadIfEnded() noexcept {
+  const StateLocked locked;
+  const bool hasEnded = WaitForSingleObject(hostState.lastThread, 0) == WAIT_OBJECT_0;
+  if (hasEnded) CloseLastThread();
 }
 
 }  // namespace
@@ -82,6 +95,7 @@ void WaitForEngineThread() noexcept {
   if (thread == nullptr) return;
   WaitAnsweringSentMessages(thread, INFINITE);
   CloseHandle(thread);
+  CloseLastThreadIfEnded();
 }
 
 void EnterEpilogue() noexcept {
@@ -91,7 +105,7 @@ void EnterEpilogue() noexcept {
 
 void LeaveEngineThread() noexcept {
   const StateLocked locked;
-  CloseHandle(std::exchange(hostState.engineThread, nullptr));
+  hostState.lastThread = std::exchange(hostState.engineThread, nullptr);
   hostState.phase = Phase::Idle;
 }
 

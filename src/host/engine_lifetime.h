@@ -20,15 +20,17 @@ void EnterEngineThread(HANDLE thread, DWORD id) noexcept;
 // The claiming thread: the host is stored, the engine lives.
 void CompleteStart() noexcept;
 
-// A host's thread: waits without limit for the engine thread to end. Returns at once when none
-// lives, on the engine's own threads, and on the thread that is just starting the engine: their
-// wait would be for themselves.
+// A host's thread: waits without limit for the engine thread to end, its last calls included: what
+// hosts do next is to unload the library, or to end the process. Returns at once when none lives,
+// on the engine's own threads, and on the thread that is just starting the engine: their wait would
+// be for themselves.
 void WaitForEngineThread() noexcept;
 
 // Engine thread: the host is about to hear of the close.
 void EnterEpilogue() noexcept;
 
-// Engine thread, last: closes the thread's handle and accepts a new start.
+// Engine thread, last: accepts a new start. The thread's handle stays for those who wait for it, up
+// to the next start.
 void LeaveEngineThread() noexcept;
 
 }  // namespace korvel

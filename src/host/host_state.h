@@ -28,11 +28,12 @@ struct WindowState {
 };
 
 struct HostState {
-  // Guards the three members below it and the window's end, so that a close request meets
+  // Guards the four members below it and the window's end, so that a close request meets
   // the engine it is meant for. Never held across a call of the host, a wait or a drawing.
   SRWLOCK lock = SRWLOCK_INIT;
   Phase phase = Phase::Idle;
-  HANDLE engineThread = nullptr;  // owned; closed by the engine thread itself as its last act
+  HANDLE engineThread = nullptr;  // owned; given up by the engine thread itself as its last act
+  HANDLE lastThread = nullptr;    // owned; the one before, which may not quite have ended
   DWORD startingThreadId = 0;     // the caller of RunMHEG5Window while that is at work
 
   HMODULE library = nullptr;   // this library; the engine thread holds a reference to it

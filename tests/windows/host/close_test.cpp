@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "host/host.h"
+#include "host/host_state.h"
 #include "host/window_messages.h"
 #include "windows/host/host_threads.h"
 
@@ -14,6 +15,17 @@ namespace {
 constexpr WPARAM kEnter = 13;
 
 class Closing : public HostThreads {};
+
+bool IsStartAccepted() {
+  const StateLocked locked;
+  return hostState.phase == Phase::Idle;
+}
+
+// Without a pause: what is left of the engine thread then takes it no time.
+void SpinUntilStartIsAccepted() {
+  const ULONGLONG end = GetTickCount64() + kWaitLimit.count();
+  while (!IsStartAccepted()) ASSERT_LT(GetTickCount64(), end);
+}
 
 TEST_F(Closing, overtakes_a_hundred_queued_keys) {
   Start();
@@ -155,6 +167,22 @@ TEST_F(Closing, by_the_window_needs_no_request_of_the_host) {
   EXPECT_EQ(host.HeldReferences(), 0);
   EXPECT_EQ(ExitMHEG5(), 0U);
   EXPECT_EQ(MHEG5WaitForClose(), 0U);
+}
+
+// Whoever waits that late may be about to end the process, which some systems do not survive while
+// a thread of it is just ending.
+TEST_F(Closing, is_over_for_a_late_wait_only_when_the_thread_has_gone) {
+  for (int round = 0; round < 20; ++round) {
+    journal.Clear();
+    Start();
+    HANDLE thread =
+        OpenThread(SYNCHRONIZE, FALSE, GetWindowThreadProcessId(FindEngineWindow(), nullptr));
+    ExitMHEG5();
+    SpinUntilStartIsAccepted();
+    MHEG5WaitForClose();
+    EXPECT_EQ(WaitForSingleObject(thread, 0), WAIT_OBJECT_0);
+    CloseHandle(thread);
+  }
 }
 
 TEST_F(Closing, skips_pauses_from_then_on) {

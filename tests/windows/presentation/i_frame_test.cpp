@@ -1,9 +1,12 @@
-// I-frames up to the host's decoder.
+// I-frames up to the host's decoder, and what becomes of what it answers.
 #include "presentation/i_frame.h"
+
+#include <fstream>
 
 #include "presentation/encoder.h"
 #include "windows/presentation/content.h"
 #include "windows/presentation/stage.h"
+#include "windows/recording_decoder/record.h"
 
 namespace korvel::test {
 
@@ -48,6 +51,103 @@ TEST_F(IFrameTest, without_the_hosts_decoder_the_picture_is_missing) {
   TheHost().files["frame"] = kSequence;
   EXPECT_TRUE(Paint().IsAll(kWholeScene, kBlack));
   EXPECT_EQ(TheEngine().raised.size(), 1U);
+}
+
+// With a decoder that is found by its plain name, because it is loaded already.
+class DecodedIFrameTest : public IFrameTest {
+ protected:
+  void SetUp() override {
+    std::string path(MAX_PATH, '\0');
+    path.resize(GetModuleFileNameA(nullptr, path.data(), MAX_PATH));
+    path.resize(path.rfind('\\') + 1);
+    decoder_ = LoadLibraryA((path + "recording_decoder\\MenuAPI.dll").c_str());
+    ASSERT_NE(decoder_, nullptr);
+    using GetRecord = DecoderRecord* (*)();
+    const auto find =
+        reinterpret_cast<GetRecord>(reinterpret_cast<void*>(GetProcAddress(decoder_, "Record")));
+    ASSERT_NE(find, nullptr);
+    record = find();
+    *record = {};
+  }
+  ~DecodedIFrameTest() override { FreeLibrary(decoder_); }
+  DecodedIFrameTest() = default;
+  DecodedIFrameTest(const DecodedIFrameTest&) = delete;
+  DecodedIFrameTest& operator=(const DecodedIFrameTest&) = delete;
+
+  // What a frame of these samples looks like.
+  [[nodiscard]] Pixels PaintSamples(std::uint8_t y, std::uint8_t u, std::uint8_t v) {
+    TheHost().files["frame"] = kSequence;
+    record->y = y;
+    record->u = u;
+    record->v = v;
+    return Paint();
+  }
+
+  DecoderRecord* record = nullptr;
+
+ private:
+  HMODULE decoder_ = nullptr;
+};
+
+TEST_F(DecodedIFrameTest, the_decoder_gets_the_path_an_empty_buffer_and_a_1) {
+  static_cast<void>(PaintSamples(16, 128, 128));
+  EXPECT_EQ(record->calls, 1);
+  EXPECT_EQ(record->one, 1);
+  EXPECT_TRUE(record->isZeroFilled);
+  const std::string path = record->path;
+  EXPECT_TRUE(path.starts_with(TemporaryPath())) << path;
+  EXPECT_TRUE(path.ends_with("\\mheg_bmp_tmpfile000.m2v")) << path;
+}
+
+TEST_F(DecodedIFrameTest, what_is_no_sequence_never_reaches_the_decoder) {
+  for (const std::string_view stream :
+       {std::string_view("\x00\x00\x01\xB8\x2D\x02\x40\x33", 8),
+        std::string_view("\x00\x01\x01\xB3\x2D\x02\x40\x33", 8),
+        std::string_view("\x01\x00\x01\xB3\x2D\x02\x40\x33", 8),
+        std::string_view("\x00\x00\x00\x01\xB3\x2D\x02\x40", 8), kSequence.substr(0, 6)}) {
+    TheHost().files["frame"] = stream;
+    TheEngine().raised.clear();
+    EXPECT_TRUE(Paint().IsAll(kWholeScene, kBlack));
+    EXPECT_EQ(TheEngine().raised.size(), 1U);
+  }
+  EXPECT_EQ(record->calls, 0);
+}
+
+TEST_F(DecodedIFrameTest, a_header_of_2d_02_40_is_a_frame_of_720_by_576) {
+  EXPECT_TRUE(PaintSamples(235, 128, 128).IsAll(kWholeScene, 0xFEFEFE));
+  Place(bitmap, 5, 0, 720, 576);
+  EXPECT_EQ(Paint().Extent(kWholeScene), (Area{5, 0, 720, 576}));
+  bitmap.ScaledSize = {72, 64};
+  Place(bitmap, 0, 0, 720, 576);
+  const Area small = Paint().Extent(kWholeScene);
+  EXPECT_EQ(small.Width(), 72) << "a tenth of 720";
+  EXPECT_EQ(small.Height(), 64) << "a ninth of 576";
+}
+
+TEST_F(DecodedIFrameTest, luma_and_chroma_become_colours) {
+  EXPECT_TRUE(PaintSamples(235, 128, 128).IsAll(kWholeScene, 0xFEFEFE)) << "1.164 x 219 = 254.9";
+  EXPECT_TRUE(PaintSamples(16, 128, 128).IsAll(kWholeScene, kBlack));
+  // 1.164 * 84 = 97.776; 1.596 * 10 = 15.96; 0.813 * 10 + 0.391 * 20 = 15.95; 2.018 * 20 = 40.36
+  EXPECT_TRUE(PaintSamples(100, 148, 138).IsAll(kWholeScene, 113 << 16 | 81 << 8 | 138));
+  EXPECT_TRUE(TheEngine().raised.empty());
+}
+
+TEST_F(DecodedIFrameTest, the_decoders_result_is_not_looked_at) {
+  record->result = 2;
+  EXPECT_TRUE(PaintSamples(235, 128, 128).IsAll(kWholeScene, 0xFEFEFE));
+  EXPECT_TRUE(TheEngine().raised.empty());
+}
+
+TEST_F(DecodedIFrameTest, a_frame_is_converted_to_a_png_file) {
+  record->y = 235;
+  std::ofstream(TemporaryPath() + "frame.m2v", std::ios::binary) << kSequence;
+  const std::string target = TemporaryPath() + "frame.png";
+  ASSERT_TRUE(ConvertIFrameToPng((TemporaryPath() + "frame.m2v").c_str(), target.c_str()));
+  const std::string png = FileBytes(target);
+  EXPECT_TRUE(png.starts_with("\x89PNG"));
+  bitmap.ContentHOOK = 4;
+  TheHost().files["frame"] = png;
+  EXPECT_TRUE(Paint().IsAll(kWholeScene, 0xFEFEFE));
 }
 
 TEST_F(IFrameTest, a_sequence_without_area_or_cut_short_gives_no_image) {

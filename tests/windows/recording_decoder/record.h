@@ -1,0 +1,22 @@
+// What the recording decoder is asked for and what it answers, shared with the tests that load it.
+#pragma once
+
+#include <cstdint>
+
+namespace korvel::test {
+
+struct DecoderRecord {
+  int calls = 0;
+  // Of the last call.
+  char path[300] = {};
+  int one = 0;
+  bool isZeroFilled = false;  // the buffer, as the decoder got it
+
+  // The samples that it fills the frame with, and its result.
+  std::uint8_t y = 0;
+  std::uint8_t u = 128;
+  std::uint8_t v = 128;
+  int result = 0;
+};
+
+}  // namespace korvel::test

@@ -1,5 +1,5 @@
-// Text objects and the text routine. GDI+ breaks the lines and places them; the colours, the font
-// and the modes that it is given are settled here.
+// Text objects and the text routine. GDI+ breaks the lines and places them; the colours and the
+// font that it is given are settled here, the modes in string_format.cpp.
 #include "presentation/text.h"
 
 #include <cstring>
@@ -10,6 +10,7 @@
 #include "presentation/drawings.h"
 #include "presentation/font_family.h"
 #include "presentation/geometry.h"
+#include "presentation/string_format.h"
 #include "presentation/surface.h"
 
 namespace korvel {
@@ -19,8 +20,6 @@ namespace {
 constexpr float kDefaultSize = 24.0F;
 constexpr float kPointsPerInch = 72.0F;
 constexpr std::int32_t kLargestSize = 10000;
-// A tab stop in points times 96 dots per inch: 42 pixels there.
-constexpr float kTabStop = 4032.0F;
 // More than any picture shows. GDI+ lays out what lies beyond the box too, and takes its time.
 constexpr std::size_t kMostCharacters = 20000;
 constexpr std::size_t kMostLines = kSceneHeight;
@@ -63,26 +62,6 @@ class WideText {
                                         Gdiplus::UnitPixel, font.Slot()));
 }
 
-Gdiplus::StringAlignment AlignmentOf(std::int32_t justification) noexcept {
-  switch (justification) {
-  case 2: return Gdiplus::StringAlignmentFar;
-  case 3: return Gdiplus::StringAlignmentCenter;
-  default: return Gdiplus::StringAlignmentNear;  // justified text too
-  }
-}
-
-[[nodiscard]] bool MakeFormat(const TextDrawing& drawing, float resolution,
-                              StringFormatOwner& format) noexcept {
-  const INT flags = drawing.TextWrapping ? 0 : Gdiplus::StringFormatFlagsNoWrap;
-  const float tabStop = kTabStop / resolution;
-  return Succeeded(gdip::GdipCreateStringFormat(flags, LANG_NEUTRAL, format.Slot())) &&
-         Succeeded(gdip::GdipSetStringFormatAlign(format,
-                                                  AlignmentOf(drawing.HorizontalJustification))) &&
-         Succeeded(gdip::GdipSetStringFormatLineAlign(
-             format, AlignmentOf(drawing.VerticalJustification))) &&
-         Succeeded(gdip::GdipSetStringFormatTabStops(format, 0.0F, 1, &tabStop));
-}
-
 Gdiplus::RectF LayoutOf(const TextDrawing& drawing) noexcept {
   const Box box = BoxAt(drawing.X, drawing.Y, drawing.Width, drawing.Height);
   return {static_cast<float>(box.Left), static_cast<float>(box.Top),
@@ -110,7 +89,8 @@ Gdiplus::RectF LayoutOf(const TextDrawing& drawing) noexcept {
   StringFormatOwner format;
   SolidBrushOwner brush;
   return wide.Units() != nullptr && Succeeded(gdip::GdipGetDpiX(graphics, &resolution)) &&
-         MakeFont(drawing.Font.Size, resolution, font) && MakeFormat(drawing, resolution, format) &&
+         MakeFont(drawing.Font.Size, resolution, font) &&
+         MakeStringFormat(drawing, resolution, format) &&
          Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(ink), brush.Slot())) &&
          Succeeded(gdip::GdipDrawString(graphics, wide.Units(), -1, font, &layout, format, brush));
 }

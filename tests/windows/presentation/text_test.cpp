@@ -3,6 +3,7 @@
 #include "presentation/text.h"
 
 #include "presentation/font_family.h"
+#include "presentation/string_format.h"
 #include "presentation/surface.h"
 #include "windows/presentation/stage.h"
 
@@ -11,11 +12,6 @@ namespace korvel::test {
 namespace {
 
 constexpr Area kBox{100, 100, 500, 300};
-
-// Wine's GDI+ gives a tab no width at all.
-bool IsWine() {
-  return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
-}
 
 }  // namespace
 
@@ -228,18 +224,6 @@ TEST_F(TextTest, bytes_that_are_no_utf_8_are_replaced_and_the_rest_is_drawn) {
   const Area whole = Ink("A\xFF\xFE\x80Z");
   const Area first = Ink("A");
   EXPECT_GT(whole.Width(), 2 * first.Width());
-}
-
-TEST_F(TextTest, a_tab_leads_to_the_next_multiple_of_42_pixels) {
-  const Area plain = Ink("I");
-  const int one = Ink("\tI").left - plain.left;
-  const int two = Ink("\t\tI").left - plain.left;
-  if (IsWine()) {
-    EXPECT_EQ(one, 0) << "Wine has learnt tabs: drop this branch";
-    return;
-  }
-  EXPECT_NEAR(one, 42, 4);
-  EXPECT_NEAR(two - one, 42, 1);
 }
 
 TEST_F(TextTest, a_text_object_of_any_length_is_drawn_within_a_second) {

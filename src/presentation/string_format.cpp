@@ -1,0 +1,33 @@
+// The modes of a text as GDI+ takes them.
+#include "presentation/string_format.h"
+
+namespace korvel {
+
+namespace {
+
+// One tab stop, which GDI+ repeats along the line: 42 pixels where an inch has 96 dots.
+constexpr float kTabStop = 4032.0F;
+
+Gdiplus::StringAlignment AlignmentOf(std::int32_t justification) noexcept {
+  switch (justification) {
+  case 2: return Gdiplus::StringAlignmentFar;
+  case 3: return Gdiplus::StringAlignmentCenter;
+  default: return Gdiplus::StringAlignmentNear;  // justified text too
+  }
+}
+
+}  // namespace
+
+bool MakeStringFormat(const TextDrawing& drawing, float resolution,
+                      StringFormatOwner& format) noexcept {
+  const INT flags = drawing.TextWrapping ? 0 : Gdiplus::StringFormatFlagsNoWrap;
+  const float tabStop = kTabStop / resolution;
+  return Succeeded(gdip::GdipCreateStringFormat(flags, LANG_NEUTRAL, format.Slot())) &&
+         Succeeded(gdip::GdipSetStringFormatAlign(format,
+                                                  AlignmentOf(drawing.HorizontalJustification))) &&
+         Succeeded(gdip::GdipSetStringFormatLineAlign(
+             format, AlignmentOf(drawing.VerticalJustification))) &&
+         Succeeded(gdip::GdipSetStringFormatTabStops(format, 0.0F, 1, &tabStop));
+}
+
+}  // namespace korvel

@@ -1,0 +1,110 @@
+// The modes that GDI+ is given for a text, and the tabs that come of them.
+#include "presentation/string_format.h"
+
+#include <array>
+
+#include "presentation/surface.h"
+#include "windows/presentation/stage.h"
+
+namespace korvel::test {
+
+namespace {
+
+constexpr float kResolution = 96;
+
+// Wine's GDI+ gives a tab no width at all.
+bool IsWine() {
+  return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+}  // namespace
+
+class StringFormatTest : public Stage {
+ protected:
+  [[nodiscard]] Gdiplus::GpStringFormat* Made(float resolution = kResolution) {
+    EXPECT_TRUE(MakeStringFormat(drawing, resolution, format_));
+    return format_;
+  }
+
+  TextDrawing drawing;
+
+ private:
+  StringFormatOwner format_;
+};
+
+TEST_F(StringFormatTest, has_one_tab_stop_of_42_pixels_at_96_dots_per_inch) {
+  struct Case {
+    float resolution;
+    float stop;
+  };
+  for (const Case& known : {Case{96, 42}, Case{48, 84}, Case{144, 28}}) {
+    Gdiplus::GpStringFormat* format = Made(known.resolution);
+    INT count = 0;
+    float first = -1;
+    float stop = -1;
+    EXPECT_EQ(gdip::GdipGetStringFormatTabStopCount(format, &count), Gdiplus::Ok);
+    ASSERT_EQ(count, 1);
+    EXPECT_EQ(gdip::GdipGetStringFormatTabStops(format, 1, &first, &stop), Gdiplus::Ok);
+    EXPECT_EQ(first, 0);
+    EXPECT_EQ(stop, known.stop);
+  }
+}
+
+TEST_F(StringFormatTest, the_picture_has_96_dots_per_inch) {
+  float resolution = 0;
+  EXPECT_EQ(gdip::GdipGetDpiX(SurfaceGraphics(), &resolution), Gdiplus::Ok);
+  EXPECT_EQ(resolution, kResolution);
+}
+
+TEST_F(StringFormatTest, has_a_flag_that_keeps_lines_whole_unless_text_is_wrapped) {
+  for (const bool isWrapped : {false, true}) {
+    drawing.TextWrapping = isWrapped;
+    INT flags = -1;
+    EXPECT_EQ(gdip::GdipGetStringFormatFlags(Made(), &flags), Gdiplus::Ok);
+    EXPECT_EQ(flags, isWrapped ? 0 : 0x1000);
+  }
+}
+
+TEST_F(StringFormatTest, start_end_and_centre_are_near_far_and_centre_and_all_else_is_near) {
+  struct Case {
+    std::int32_t justification;
+    Gdiplus::StringAlignment alignment;
+  };
+  for (const Case& known :
+       {Case{0, Gdiplus::StringAlignmentNear}, Case{1, Gdiplus::StringAlignmentNear},
+        Case{2, Gdiplus::StringAlignmentFar}, Case{3, Gdiplus::StringAlignmentCenter},
+        Case{4, Gdiplus::StringAlignmentNear}, Case{5, Gdiplus::StringAlignmentNear}}) {
+    drawing.HorizontalJustification = known.justification;
+    drawing.VerticalJustification = 0;
+    Gdiplus::StringAlignment alignment{};
+    Gdiplus::StringAlignment lineAlignment{};
+    EXPECT_EQ(gdip::GdipGetStringFormatAlign(Made(), &alignment), Gdiplus::Ok);
+    EXPECT_EQ(alignment, known.alignment) << known.justification;
+    drawing.HorizontalJustification = 0;
+    drawing.VerticalJustification = known.justification;
+    EXPECT_EQ(gdip::GdipGetStringFormatLineAlign(Made(), &lineAlignment), Gdiplus::Ok);
+    EXPECT_EQ(lineAlignment, known.alignment) << known.justification;
+  }
+}
+
+TEST_F(StringFormatTest, a_tab_leads_to_the_next_multiple_of_42_pixels) {
+  Text text;
+  Place(text, 100, 100, 500, 300);
+  text.TextColour = Absolute(kWhiteBytes);
+  Show(ItemType::Text, text);
+  std::array<int, 3> left{};
+  std::string content = "I";
+  for (int& edge : left) {
+    text.TextData = Octets(content);
+    edge = Paint().Extent(kWholeScene).left;
+    content.insert(content.begin(), '\t');
+  }
+  if (IsWine()) {
+    EXPECT_EQ(left[1], left[0]) << "Wine has learnt tabs: drop this branch";
+    return;
+  }
+  EXPECT_NEAR(left[1] - left[0], 42, 4);
+  EXPECT_NEAR(left[2] - left[1], 42, 1);
+}
+
+}  // namespace korvel::test

@@ -38,8 +38,8 @@ struct Picture {
   ImageOwner Image;
 };
 
-// Reads a picture: PNG, GIF, JPEG or BMP. False, and `picture` unchanged, when the bytes are no
-// picture, or one that would take too long to decode.
+// Reads a picture of any of the kinds of picture_file.h. False, and `picture` unchanged, when the
+// bytes are no picture, or one that would take too long to decode.
 [[nodiscard]] bool ReadPicture(std::string_view bytes, Picture& picture) noexcept;
 
 }  // namespace korvel

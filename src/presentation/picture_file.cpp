@@ -1,4 +1,6 @@
-// The kinds of picture files, each of which has a file of its own.
+// The kinds of picture files, each of which has a file of its own. Metafiles (EMF, WMF) are none of
+// them, though GDI+ opens them: they are programs that draw for as long as they like, and it makes
+// no brush of them to paint a box with.
 #include "presentation/picture_file.h"
 
 namespace korvel {
@@ -10,10 +12,10 @@ struct PictureKind {
   bool (*Find)(std::string_view file, FilePieces& pieces) noexcept;
 };
 
-constexpr PictureKind kKinds[] = {{"\x89PNG\r\n\x1A\n", FindPngPicture},
-                                  {"GIF8", FindGifPicture},
-                                  {"\xFF\xD8", FindJpegPicture},
-                                  {"BM", FindBmpPicture}};
+constexpr PictureKind kKinds[] = {{kPngSignature, FindPngPicture},  {"GIF8", FindGifPicture},
+                                  {"\xFF\xD8", FindJpegPicture},    {"BM", FindBmpPicture},
+                                  {{"II*\0", 4}, FindTiffPicture},  {{"MM\0*", 4}, FindTiffPicture},
+                                  {{"\0\0\1\0", 4}, FindIcoPicture}};
 
 }  // namespace
 

@@ -12,9 +12,9 @@ namespace korvel {
 // Parts of a file that follow each other in what the decoder gets. They borrow from the file.
 using FilePieces = Sequence<std::string_view>;
 
-// Finds the pieces of a PNG, GIF, JPEG or BMP file. A file that is cut short has the pieces that
-// are there. False for any other file, when it claims a size that is not decoded, when it is in
-// more parts than any picture needs, and when memory is out.
+// Finds the pieces of a PNG, GIF, JPEG, BMP, TIFF or ICO file. Of a PNG, GIF or JPEG file that is
+// cut short those that are there. False for any other file, when it claims a size that is not
+// decoded, when it is in more parts than any picture needs, and when memory is out.
 [[nodiscard]] bool FindPicture(std::string_view file, FilePieces& pieces) noexcept;
 
 // The same for a file of a certain kind, which is known by the signature that it begins with.
@@ -22,5 +22,10 @@ using FilePieces = Sequence<std::string_view>;
 [[nodiscard]] bool FindGifPicture(std::string_view file, FilePieces& pieces) noexcept;
 [[nodiscard]] bool FindJpegPicture(std::string_view file, FilePieces& pieces) noexcept;
 [[nodiscard]] bool FindBmpPicture(std::string_view file, FilePieces& pieces) noexcept;
+[[nodiscard]] bool FindTiffPicture(std::string_view file, FilePieces& pieces) noexcept;
+[[nodiscard]] bool FindIcoPicture(std::string_view file, FilePieces& pieces) noexcept;
+
+// An ICO file may hold a whole PNG file.
+inline constexpr std::string_view kPngSignature = "\x89PNG\r\n\x1A\n";
 
 }  // namespace korvel

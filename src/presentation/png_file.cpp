@@ -7,7 +7,6 @@ namespace korvel {
 
 namespace {
 
-constexpr std::size_t kSignatureBytes = 8;
 constexpr std::size_t kCheckBytes = 4;
 constexpr std::uint32_t kHeaderBytes = 13;
 
@@ -41,7 +40,7 @@ bool IsOfThePicture(std::uint32_t name) noexcept {
 // The first chunk must be the header, which begins with the size.
 bool HasDecodableSize(std::string_view file) noexcept {
   FileReader reader(file);
-  reader.Skip(kSignatureBytes);
+  reader.Skip(kPngSignature.size());
   if (reader.Big32() != kHeaderBytes || reader.Big32() != kHeader) return false;
   const std::uint32_t width = reader.Big32();
   return IsDecodableSize(width, reader.Big32());
@@ -52,7 +51,7 @@ bool HasDecodableSize(std::string_view file) noexcept {
 bool FindPngPicture(std::string_view file, FilePieces& pieces) noexcept {
   if (!HasDecodableSize(file)) return false;
   FileReader reader(file);
-  reader.Skip(kSignatureBytes);
+  reader.Skip(kPngSignature.size());
   if (!pieces.Append(reader.Since(0))) return false;
   std::uint32_t name = 0;
   for (int chunks = 0; name != kEnd && !reader.IsAtEnd();) {

@@ -7,17 +7,9 @@
 #include <string>
 
 #include "presentation/picture_limits.h"
+#include "unit/presentation/found_picture.h"
 
 namespace korvel::test {
-
-// "none" when no picture is found.
-std::string Found(const std::string& file) {
-  FilePieces pieces;
-  if (!FindPicture(file, pieces)) return "none";
-  std::string found;
-  for (const std::string_view piece : pieces) found += piece;
-  return found;
-}
 
 // Strings with zeros in them, by their length.
 template <std::size_t size>
@@ -72,9 +64,11 @@ TEST(PictureFile, a_second_frame_of_a_jpeg_file_counts_too) {
 }
 
 TEST(PictureFile, other_files_are_no_pictures) {
-  for (const char* file : {"", "B", "MM\0*", "II*\0", "RIFF....WEBP", "%PDF", "PNG"}) {
+  for (const char* file : {"", "B", "II+", "RIFF....WEBP", "%PDF", "PNG"}) {
     EXPECT_EQ(Found(file), "none") << file;
   }
+  EXPECT_EQ(Found(Octets("\x01\0\0\0\x6C\0\0\0") + std::string(32, '\0') + " EMF"), "none");
+  EXPECT_EQ(Found(Octets("\xD7\xCD\xC6\x9A\0\0\0\0")), "none") << "WMF";
 }
 
 TEST(PictureFile, a_file_that_is_cut_short_has_the_pieces_that_are_there) {

@@ -1,0 +1,155 @@
+// TIFF files: pixels in strips or in tiles, at places that a directory names. What GDI+ does not
+// read, and what it would read for too long, is refused.
+#include "presentation/picture_limits.h"
+#include "presentation/tiff_directory.h"
+
+namespace korvel {
+
+namespace {
+
+// Decoders take their time for each part. The largest picture of broadcast television has 8640
+// tiles of 16 x 16 pixels, which are the smallest that encoders write.
+constexpr std::uint64_t kMostParts = 16384;
+
+// Of what the parts hold, packed and unpacked. Unpacking takes up to 10 ms for each megabyte.
+constexpr std::uint64_t kMostBytes = std::uint64_t{64} << 20;
+
+enum Compression : std::uint32_t {
+  kNone = 1,
+  kLzw = 5,
+  kDeflate = 8,
+  kPackBits = 32773,
+  kEarlierDeflate = 32946
+};
+
+enum Colours : std::uint32_t {
+  kWhiteIsZero = 0,
+  kBlackIsZero = 1,
+  kRedGreenBlue = 2,
+  kPalette = 3,
+  kInks = 5
+};
+
+bool HasKnownCompression(const TiffPicture& picture) noexcept {
+  switch (picture.Compression) {
+  case kNone:
+  case kLzw:
+  case kDeflate:
+  case kPackBits:
+  case kEarlierDeflate: return picture.Predictor == 1 || picture.Predictor == 2;
+  default: return false;
+  }
+}
+
+// One number for all samples of a pixel, or each of them with the same.
+bool AreAll(const TiffNumbers& numbers, std::uint32_t samples, std::uint32_t value) noexcept {
+  if (numbers.Count() != 1 && numbers.Count() != samples) return false;
+  for (std::size_t index = 0; index < numbers.Count(); ++index) {
+    if (numbers.At(index) != value) return false;
+  }
+  return true;
+}
+
+std::uint32_t BitsOf(const TiffPicture& picture) noexcept {
+  return picture.BitsPerSample.Count() == 0 ? 1 : picture.BitsPerSample.At(0);
+}
+
+// The samples of a pixel that GDI+ reads: colours, and perhaps how opaque they are.
+bool HasKnownSamples(const TiffPicture& picture) noexcept {
+  const std::uint32_t samples = picture.SamplesPerPixel;
+  const std::uint32_t bits = BitsOf(picture);
+  switch (picture.Colours) {
+  case kBlackIsZero:
+    if (samples == 2) return bits == 8;
+    [[fallthrough]];
+  case kWhiteIsZero: return samples == 1 && (bits == 1 || bits == 4 || bits == 8 || bits == 16);
+  case kRedGreenBlue: return (samples == 3 || samples == 4) && (bits == 8 || bits == 16);
+  case kPalette:
+    return samples == 1 && (bits == 1 || bits == 2 || bits == 4 || bits == 8) &&
+           picture.Palette.Count() == std::size_t{3} << bits;
+  case kInks: return samples == 4 && bits == 8;
+  default: return false;
+  }
+}
+
+bool HasKnownPixels(const TiffPicture& picture) noexcept {
+  constexpr std::uint32_t kWholeNumbers = 1;
+  const std::uint32_t samples = picture.SamplesPerPixel;
+  return HasKnownSamples(picture) && picture.Planes == 1 && picture.FillOrder <= 2 &&
+         picture.ExtraSamples.Count() <= 1 &&
+         (picture.BitsPerSample.Count() == 0 ||
+          AreAll(picture.BitsPerSample, samples, BitsOf(picture))) &&
+         (picture.SampleFormats.Count() == 0 ||
+          AreAll(picture.SampleFormats, samples, kWholeNumbers));
+}
+
+// The strips of the picture, or its tiles; all of the same size but for the last strip.
+struct Parts {
+  std::uint64_t Width = 0;
+  std::uint64_t Height = 0;
+  TiffNumbers Places;
+  TiffNumbers Bytes;
+};
+
+// False when there is some of both.
+[[nodiscard]] bool FindParts(const TiffPicture& picture, Parts& parts) noexcept {
+  const bool hasStrips = picture.StripPlaces.Count() + picture.StripBytes.Count() > 0;
+  const bool hasTiles = picture.TilePlaces.Count() + picture.TileBytes.Count() > 0 ||
+                        picture.TileWidth > 0 || picture.TileHeight > 0;
+  if (hasStrips == hasTiles) return false;
+  const std::uint32_t rows = std::min(picture.RowsPerStrip, picture.Height);
+  parts = hasTiles
+              ? Parts{picture.TileWidth, picture.TileHeight, picture.TilePlaces, picture.TileBytes}
+              : Parts{picture.Width, rows, picture.StripPlaces, picture.StripBytes};
+  return IsDecodableSize(parts.Width, parts.Height);
+}
+
+std::uint64_t PartsOfSide(std::uint64_t side, std::uint64_t partSide) noexcept {
+  return (side + partSide - 1) / partSide;
+}
+
+// How many bytes the parts have in the file, all of which must be there. What is not packed must
+// have as many as its pixels take. False when that is not so.
+[[nodiscard]] bool SumBytes(const TiffPicture& picture, const Parts& parts, std::uint64_t rowBytes,
+                            std::uint64_t fileBytes, std::uint64_t& sum) noexcept {
+  const bool isPacked = picture.Compression != kNone;
+  std::uint64_t rowsLeft =
+      picture.TileHeight > 0 ? parts.Height * parts.Bytes.Count() : picture.Height;
+  for (std::size_t part = 0; part < parts.Bytes.Count(); ++part) {
+    const std::uint64_t bytes = parts.Bytes.At(part);
+    const std::uint64_t rows = std::min(parts.Height, rowsLeft);
+    rowsLeft -= rows;
+    if (parts.Places.At(part) + bytes > fileBytes) return false;
+    if (!isPacked && bytes < rowBytes * rows) return false;
+    sum += bytes;
+  }
+  return true;
+}
+
+// GDI+ asks for one row of pixels after the other, and decoders keep one part: where several lie
+// side by side, each of them is unpacked anew for each of its rows.
+[[nodiscard]] bool HasDecodableParts(const TiffPicture& picture, std::uint64_t fileBytes) noexcept {
+  Parts parts;
+  if (!FindParts(picture, parts)) return false;
+  const std::uint64_t across = PartsOfSide(picture.Width, parts.Width);
+  const std::uint64_t count = across * PartsOfSide(picture.Height, parts.Height);
+  if (count > kMostParts || parts.Places.Count() != count || parts.Bytes.Count() != count) {
+    return false;
+  }
+  const std::uint64_t pixelBits = std::uint64_t{picture.SamplesPerPixel} * BitsOf(picture);
+  const std::uint64_t rowBytes = (parts.Width * pixelBits + 7) / 8;
+  std::uint64_t bytes = rowBytes * parts.Height * count;
+  if (!SumBytes(picture, parts, rowBytes, fileBytes, bytes) || bytes > kMostBytes) return false;
+  return across == 1 || bytes * parts.Height <= kMostBytes;
+}
+
+}  // namespace
+
+bool FindTiffPicture(std::string_view file, FilePieces& pieces) noexcept {
+  TiffPicture picture;
+  return ReadTiffDirectory(file, picture, pieces) &&
+         IsDecodableSize(picture.Width, picture.Height) && HasKnownCompression(picture) &&
+         HasKnownPixels(picture) && HasDecodableParts(picture, file.size());
+}
+
+}  // namespace korvel

@@ -58,12 +58,12 @@ std::string CompressedZeros(std::uint64_t count) {
   return writer.Bytes();
 }
 
+}  // namespace
+
 std::string ZlibOfZeros(std::uint64_t count) {
   const auto checksum = static_cast<std::uint32_t>(count % 65521) << 16 | 1;
   return "\x78\x01" + CompressedZeros(count) + Big32(checksum);
 }
-
-}  // namespace
 
 std::string PngChunk(const std::string& name, const std::string& data) {
   return Big32(static_cast<std::uint32_t>(data.size())) + name + data + Big32(Crc(name + data));

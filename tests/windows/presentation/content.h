@@ -22,10 +22,14 @@ namespace korvel::test {
 [[nodiscard]] std::string FlatPngWith(std::uint32_t width, std::uint32_t height,
                                       std::uint32_t colour, const std::string& chunks);
 
+// So many zero bytes, compressed as in PNG and TIFF files.
+[[nodiscard]] std::string ZlibOfZeros(std::uint64_t count);
+
 // A GIF file of so many green frames of 1 x 1 on a screen of that size.
 [[nodiscard]] std::string GifFile(int frames, std::uint16_t width = 1, std::uint16_t height = 1);
 
-// A BMP file as a file of another kind, by GDI+'s own encoder ("image/png", "image/jpeg").
+// A BMP file as a file of another kind, by GDI+'s own encoder ("image/png", "image/jpeg",
+// "image/tiff").
 [[nodiscard]] std::string Encoded(const std::string& bmp, const wchar_t* mimeType);
 
 // The whole file; empty when it is not there.

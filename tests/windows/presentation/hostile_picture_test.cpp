@@ -1,19 +1,14 @@
 // Pictures that are made to be slow, to fill the memory or to confuse a decoder: whatever they are,
 // a painting ends within a second, and what is not drawn is reported as missing.
-#include <functional>
 #include <random>
 
 #include "presentation/picture_limits.h"
-#include "presentation/presentation.h"
 #include "windows/presentation/content.h"
-#include "windows/presentation/processor_time.h"
-#include "windows/presentation/stage.h"
+#include "windows/presentation/picture_stage.h"
 
 namespace korvel::test {
 
 namespace {
-
-constexpr std::uint64_t kSecond = 1000;
 
 std::string Number(std::uint32_t number, int bytes, bool isBigFirst) {
   std::string text;
@@ -38,39 +33,7 @@ std::string LastScan(const std::string& jpeg) {
 
 }  // namespace
 
-class HostilePictureTest : public Stage {
- protected:
-  HostilePictureTest() {
-    Place(bitmap, 0, 0, 720, 576);
-    bitmap.ContentHOOK = 4;
-    bitmap.Content.IsReferenced = true;
-    bitmap.Content.Data = Octets("~/picture");
-    Show(ItemType::Bitmap, bitmap);
-    static_cast<void>(Paint());  // what is only done once
-    TheEngine().raised.clear();
-  }
-
-  static void Redraw(const std::string& file) {
-    TheHost().files["picture"] = file;
-    TheEngine().raised.clear();
-    ResetRedrawCounter();
-    EXPECT_EQ(korvel::Redraw(), Status::Done);
-  }
-  [[nodiscard]] static Pixels PaintQuickly(const std::string& file) {
-    EXPECT_LT(MillisecondsFor([&file] { Redraw(file); }), kSecond);
-    return BackBufferPixels();
-  }
-  static void ExpectMissing(const std::string& file, const char* what) {
-    EXPECT_TRUE(PaintQuickly(file).IsAll(kWholeScene, kBlack)) << what;
-    EXPECT_EQ(TheEngine().raised.size(), 1U) << what;
-  }
-  static void ExpectShown(const std::string& file, const char* what) {
-    EXPECT_EQ(PaintQuickly(file).At(0, 0), kGreen) << what;
-    EXPECT_TRUE(TheEngine().raised.empty()) << what;
-  }
-
-  Bitmap bitmap;
-};
+using HostilePictureTest = PictureStage;
 
 TEST_F(HostilePictureTest, the_largest_picture_is_drawn_and_one_a_little_larger_is_missing) {
   static_assert(kLargestPicture == 1920 * 1152);

@@ -2,6 +2,8 @@
 // decoders believe what it says about places and numbers, so that is checked here.
 #pragma once
 
+#include <cstdint>
+
 #include "presentation/file_reader.h"
 
 namespace korvel {

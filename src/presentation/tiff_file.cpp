@@ -1,5 +1,7 @@
 // TIFF files: pixels in strips or in tiles, at places that a directory names. What GDI+ does not
 // read, and what it would read for too long, is refused.
+#include <algorithm>
+
 #include "presentation/picture_limits.h"
 #include "presentation/tiff_directory.h"
 

@@ -3,10 +3,8 @@
 #include "presentation/canvas.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "objects/owned.h"
-#include "objects/sequence.h"
 #include "presentation/clipping.h"
 #include "presentation/colours.h"
 #include "presentation/geometry.h"
@@ -25,11 +23,7 @@ constexpr std::int32_t kFullTurn = 360;
 // GDI+ turns curves to lines in single precision; much further out than this it never ends.
 constexpr std::int64_t kFarthestCurve = 8000;
 
-// The time for an outline grows with the square of its corners; these take half a second.
-constexpr std::size_t kMostCorners = 500;
-
 constexpr Gdiplus::ARGB kTransparentBlack = 0;
-constexpr DrawnColour kTransparencyByte = 0xFF;
 
 // The box of a curve, `shrink` pixels smaller on every side.
 Box CurveBox(CanvasPoint at, std::int64_t width, std::int64_t height,
@@ -43,37 +37,12 @@ Box CurveBox(CanvasPoint at, std::int64_t width, std::int64_t height,
                     held(top + height - 2 * shrink));
 }
 
-double Distance(const CanvasPoint& from, const CanvasPoint& to) noexcept {
-  return std::hypot(to.X - from.X, to.Y - from.Y);
-}
-
-// Dashed lines and polygons are cut a little outside of the canvas, where neither the cut nor the
-// points of a polygon's corners, which reach five widths beyond them, are seen.
-std::int64_t FarthestCorner(const Canvas& canvas, const LineAttributes& line) noexcept {
-  const std::int64_t margin = 6 * std::int64_t{DrawnWidth(line)} + 2;
-  return std::min(std::max(canvas.Width, canvas.Height) + margin, kFarthestCoordinate);
-}
-
-double LengthAround(const Sequence<CanvasPoint>& corners) noexcept {
-  double length = 0;
-  for (std::size_t corner = 0; corner < corners.Size(); ++corner) {
-    length += Distance(corners[corner], corners[(corner + 1) % corners.Size()]);
-  }
-  return length;
-}
-
 [[nodiscard]] bool MakePicture(Canvas& canvas) noexcept {
   return Succeeded(gdip::GdipCreateBitmapFromScan0(canvas.Width, canvas.Height, 0,
                                                    PixelFormat32bppARGB, nullptr,
                                                    canvas.Picture.Slot())) &&
          Succeeded(gdip::GdipGetImageGraphicsContext(canvas.Picture, canvas.Graphics.Slot())) &&
          Succeeded(gdip::GdipGraphicsClear(canvas.Graphics, kTransparentBlack));
-}
-
-// A brush, or nothing where the colour cannot be seen anyway.
-[[nodiscard]] bool MakeBrush(DrawnColour colour, SolidBrushOwner& brush) noexcept {
-  return (colour & kTransparencyByte) != kTransparencyByte &&
-         Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(colour), brush.Slot()));
 }
 
 // From where an arc runs and how far, in degrees, clockwise as GDI+ takes them.
@@ -100,6 +69,11 @@ void FillSector(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
 }
 
 }  // namespace
+
+std::int64_t FarthestPoint(const Canvas& canvas, const LineAttributes& line) noexcept {
+  const std::int64_t margin = 6 * std::int64_t{DrawnWidth(line)} + 2;
+  return std::min(std::max(canvas.Width, canvas.Height) + margin, kFarthestCoordinate);
+}
 
 Canvas* NewCanvas(std::int32_t width, std::int32_t height) noexcept {
   if (width < 1 || height < 1 || std::int64_t{width} * height > kLargestArea) return nullptr;
@@ -138,7 +112,7 @@ Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
                   Canvas* canvas) noexcept {
   if (canvas == nullptr) return Status::Done;
   const std::int32_t period = DashPeriod(line);
-  const std::int64_t farthest = period > 0 ? FarthestCorner(*canvas, line) : kFarthestCoordinate;
+  const std::int64_t farthest = period > 0 ? FarthestPoint(*canvas, line) : kFarthestCoordinate;
   LinePart part;
   PenOwner pen;
   if (!ClipLine(from, to, farthest, period, part) || !MakePen(line, part.Length(), pen)) {
@@ -176,36 +150,9 @@ Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::i
                   static_cast<float>(std::clamp(arcAngle, -kFullTurn, kFullTurn)) * -1.0F};
   DrawCurve(canvas->Graphics, box, turn, line, form);
   // As transparent as the line; none at all where the fill's own colour is wholly transparent.
-  const bool isFilled = form == ArcForm::Sector && (fill & kTransparencyByte) != kTransparencyByte;
-  if (isFilled) {
+  if (form == ArcForm::Sector && IsSeen(fill)) {
     FillSector(canvas->Graphics, box, turn,
                (fill & ~kTransparencyByte) | (line.Ink & kTransparencyByte));
-  }
-  return Status::Done;
-}
-
-Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
-                     DrawnColour fill, Canvas* canvas) noexcept {
-  // GDI+ knows no polygon of two corners.
-  if (points.size() == 2) return CanvasLine(points[0], points[1], line, canvas);
-  Sequence<CanvasPoint> clipped;
-  if (canvas == nullptr || points.size() > kMostCorners ||
-      !ClipPolygon(points, FarthestCorner(*canvas, line), clipped) || clipped.Size() < 2) {
-    return Status::Done;
-  }
-  // A GDI+ point is the same two numbers.
-  static_assert(sizeof(CanvasPoint) == sizeof(Gdiplus::GpPoint));
-  const auto* corners = reinterpret_cast<const Gdiplus::GpPoint*>(clipped.begin());
-  const auto count = static_cast<INT>(clipped.Size());
-  PenOwner pen;
-  if (MakePen(line, LengthAround(clipped), pen) &&
-      Succeeded(gdip::GdipSetPenMode(pen, Gdiplus::PenAlignmentInset))) {
-    static_cast<void>(gdip::GdipDrawPolygonI(canvas->Graphics, pen, corners, count));
-  }
-  SolidBrushOwner brush;
-  if (MakeBrush(fill, brush)) {
-    static_cast<void>(gdip::GdipFillPolygonI(canvas->Graphics, brush, corners, count,
-                                             Gdiplus::FillModeAlternate));
   }
   return Status::Done;
 }

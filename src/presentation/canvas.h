@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "presentation/gdi_plus.h"
+#include "presentation/presentation.h"
 
 namespace korvel {
 
@@ -17,5 +18,10 @@ struct Canvas {
   std::int32_t ClipWidth = 0;
   std::int32_t ClipHeight = 0;
 };
+
+// Dashed lines and polygons are cut so far from the origin, a little outside of the canvas, where
+// neither the cut nor the points of a polygon's corners, which reach five widths beyond them, are
+// seen.
+[[nodiscard]] std::int64_t FarthestPoint(const Canvas& canvas, const LineAttributes& line) noexcept;
 
 }  // namespace korvel

@@ -138,8 +138,12 @@ DrawnColour OriginalFillColourOf(const LineArt& lineArt) noexcept {
 }
 
 Gdiplus::ARGB ToGdiPlus(DrawnColour colour) noexcept {
-  const Gdiplus::ARGB alpha = 255 - (colour & 0xFF);
+  const Gdiplus::ARGB alpha = 255 - (colour & kTransparencyByte);
   return alpha << 24 | colour >> 8;
+}
+
+bool MakeBrush(DrawnColour colour, SolidBrushOwner& brush) noexcept {
+  return IsSeen(colour) && Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(colour), brush.Slot()));
 }
 
 }  // namespace korvel

@@ -14,7 +14,17 @@ namespace korvel {
 [[nodiscard]] DrawnColour BackgroundColourOf(const Text& text) noexcept;
 [[nodiscard]] DrawnColour SliderColourOf(const Slider& slider) noexcept;
 
+inline constexpr DrawnColour kTransparencyByte = 0xFF;
+
+// Whether anything that is drawn in the colour can be seen.
+[[nodiscard]] constexpr bool IsSeen(DrawnColour colour) noexcept {
+  return (colour & kTransparencyByte) != kTransparencyByte;
+}
+
 // The colour as GDI+ takes it.
 [[nodiscard]] Gdiplus::ARGB ToGdiPlus(DrawnColour colour) noexcept;
+
+// A brush of the colour. False where it cannot be seen anyway, and when it could not be made.
+[[nodiscard]] bool MakeBrush(DrawnColour colour, SolidBrushOwner& brush) noexcept;
 
 }  // namespace korvel

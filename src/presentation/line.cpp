@@ -7,26 +7,19 @@ namespace korvel {
 
 namespace {
 
-enum LineStyle : std::int32_t { kDashed = 2, kDotted = 3 };  // all else is solid
-
-// GDI+ makes an outline of each dash, which takes a while; a dot and its gap are two widths long.
-// Around the whole scene run no more than these, and a line that has more is drawn solid.
-constexpr double kMostDashes = 3000;
-
 Gdiplus::GpDashStyle DashStyleOf(const LineAttributes& line, double length) noexcept {
-  if (length / (2.0 * DrawnWidth(line)) > kMostDashes) return Gdiplus::DashStyleSolid;
-  switch (line.Style) {
-  case kDashed: return Gdiplus::DashStyleDash;
-  case kDotted: return Gdiplus::DashStyleDot;
-  default: return Gdiplus::DashStyleSolid;
+  if (HasMoreDashes(line, length, kMostDashesForGdiPlus)) return Gdiplus::DashStyleSolid;
+  switch (DashesOf(line)) {
+  case Dashes::Long: return Gdiplus::DashStyleDash;
+  case Dashes::Short: return Gdiplus::DashStyleDot;
+  case Dashes::None: break;
   }
+  return Gdiplus::DashStyleSolid;
 }
 
 void Fill(Gdiplus::GpGraphics* graphics, const Box& box, DrawnColour colour) noexcept {
   SolidBrushOwner brush;
-  if (box.IsEmpty() || !Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(colour), brush.Slot()))) {
-    return;
-  }
+  if (box.IsEmpty() || !MakeBrush(colour, brush)) return;
   // What cannot be filled stays as it was.
   static_cast<void>(
       gdip::GdipFillRectangleI(graphics, brush, box.Left, box.Top, box.Width(), box.Height()));
@@ -74,18 +67,6 @@ void DrawOutline(Gdiplus::GpGraphics* graphics, const Box& whole,
 
 LineAttributes LineAttributesOf(const LineArt& lineArt) noexcept {
   return {lineArt.LineWidth, lineArt.LineStyle, LineColourOf(lineArt)};
-}
-
-std::int32_t DrawnWidth(const LineAttributes& line) noexcept {
-  return line.Width < 0 ? 0 : NearCoordinate(line.Width);
-}
-
-std::int32_t DashPeriod(const LineAttributes& line) noexcept {
-  switch (line.Style) {
-  case kDashed: return 4 * DrawnWidth(line);  // three widths, and one of gap
-  case kDotted: return 2 * DrawnWidth(line);
-  default: return 0;
-  }
 }
 
 bool MakePen(const LineAttributes& line, double length, PenOwner& pen) noexcept {

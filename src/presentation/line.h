@@ -1,10 +1,9 @@
 // How lines and outlines are drawn, on the back buffer and on canvases alike.
 #pragma once
 
-#include <cstdint>
-
 #include "presentation/gdi_plus.h"
 #include "presentation/geometry.h"
+#include "presentation/line_attributes.h"
 #include "presentation/presentation.h"
 
 namespace korvel {
@@ -12,11 +11,9 @@ namespace korvel {
 // The attributes of a line art's lines as they are now.
 [[nodiscard]] LineAttributes LineAttributesOf(const LineArt& lineArt) noexcept;
 
-// The width as it is drawn: content may give any number.
-[[nodiscard]] std::int32_t DrawnWidth(const LineAttributes& line) noexcept;
-
-// How many pixels after one dash or dot the next one begins; 0 for lines that have none.
-[[nodiscard]] std::int32_t DashPeriod(const LineAttributes& line) noexcept;
+// GDI+ makes an outline of each dash and each dot, which takes a while. Around the whole scene run
+// fewer than these, and a line that has more gets a solid pen.
+inline constexpr double kMostDashesForGdiPlus = 3000;
 
 // The pen for a line or an outline that is so many pixels long, or somewhat shorter. False when the
 // line has no width, which GDI+ would draw one pixel wide, and when the pen could not be made.

@@ -124,8 +124,7 @@ Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::i
                  std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
                  Canvas* canvas) noexcept;
 
-// Closed and filled, for polylines too. Two points are a line. Fewer draw nothing, nor do more than
-// 500, which would take too long.
+// Closed and filled, for polylines too. Two points are a line; fewer draw nothing.
 Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
                      DrawnColour fill, Canvas* canvas) noexcept;
 

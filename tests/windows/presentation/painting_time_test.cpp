@@ -1,4 +1,7 @@
 // Scenes that have too much in them: what can be drawn within a second is drawn.
+#include <random>
+#include <vector>
+
 #include "presentation/canvas.h"
 #include "presentation/presentation.h"
 #include "windows/presentation/content.h"
@@ -100,23 +103,35 @@ TEST_F(PaintingTimeTest, one_object_of_any_size_takes_a_part_of_a_second) {
   }
 }
 
-TEST_F(PaintingTimeTest, outlines_of_any_length_and_any_corners_take_a_part_of_a_second) {
+TEST_F(PaintingTimeTest, polygons_of_any_corners_take_a_part_of_a_second) {
+  constexpr std::int32_t kLargest = 0x7FFFFFFF;
   Canvas* canvas = NewCanvas(720, 576);
-  const LineAttributes dots{.Width = 2, .Style = 3, .Ink = 0xFF000000};
+  std::mt19937 numbers(1);
   for (const std::size_t count : {std::size_t{500}, std::size_t{100'000}}) {
-    for (const std::size_t extent : {std::size_t{700}, std::size_t{40'000}}) {
+    for (const std::int32_t extent : {700, 40'000}) {
+      std::uniform_int_distribution<std::int32_t> places(0, extent);
       std::vector<CanvasPoint> corners(count);
-      for (std::size_t corner = 0; corner < count; ++corner) {
-        corners[corner] = {static_cast<std::int32_t>(corner * 7919 % extent),
-                           static_cast<std::int32_t>(corner * 104729 % extent)};
+      for (CanvasPoint& corner : corners) corner = {places(numbers), places(numbers)};
+      for (const std::int32_t width : {0, 1, 2, 20, kLargest}) {
+        for (const std::int32_t style : {1, 3}) {
+          EXPECT_LT(MillisecondsFor([&] {
+                      EXPECT_EQ(
+                          CanvasPolygon(corners, {width, style, 0xFF000080}, 0x00FF0080, canvas),
+                          Status::Done);
+                    }),
+                    1000U)
+              << count << " corners within " << extent << ", width " << width << ", style "
+              << style;
+        }
       }
-      EXPECT_LT(MillisecondsFor([&] {
-                  EXPECT_EQ(CanvasPolygon(corners, dots, 0x00FF0000, canvas), Status::Done);
-                }),
-                1000U)
-          << count << " corners within " << extent;
     }
   }
+  DestroyCanvas(canvas);
+}
+
+TEST_F(PaintingTimeTest, dotted_lines_of_any_length_take_a_part_of_a_second) {
+  Canvas* canvas = NewCanvas(720, 576);
+  const LineAttributes dots{.Width = 2, .Style = 3, .Ink = 0xFF000000};
   EXPECT_LT(MillisecondsFor([&] {
               EXPECT_EQ(CanvasLine({-40000, 9}, {40000, 9}, dots, canvas), Status::Done);
               EXPECT_EQ(CanvasArc({-9000, 9}, 18000, 9, 0, 360, dots, 0, ArcForm::Arc, canvas),

@@ -1,0 +1,29 @@
+// Widths within bounds, and the lengths of dashes.
+#include "presentation/line_attributes.h"
+
+#include "presentation/geometry.h"
+
+namespace korvel {
+
+std::int32_t DrawnWidth(const LineAttributes& line) noexcept {
+  return line.Width < 0 ? 0 : NearCoordinate(line.Width);
+}
+
+Dashes DashesOf(const LineAttributes& line) noexcept {
+  switch (line.Style) {
+  case 2: return Dashes::Long;
+  case 3: return Dashes::Short;
+  default: return Dashes::None;
+  }
+}
+
+std::int32_t DashPeriod(const LineAttributes& line) noexcept {
+  const Dashes dashes = DashesOf(line);
+  return dashes == Dashes::None ? 0 : (static_cast<std::int32_t>(dashes) + 1) * DrawnWidth(line);
+}
+
+bool HasMoreDashes(const LineAttributes& line, double length, double most) noexcept {
+  return DashPeriod(line) > 0 && length > most * DashPeriod(line);
+}
+
+}  // namespace korvel

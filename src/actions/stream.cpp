@@ -2,6 +2,7 @@
 #include "actions/answers.h"
 #include "actions/behaviours.h"
 #include "actions/lifecycle.h"
+#include "presentation/presentation.h"
 
 namespace korvel {
 namespace {
@@ -20,6 +21,17 @@ Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) noexcep
   return Status::Done;
 }
 
+// Has the presentation show the videos that have come to run.
+Status StartVideos(const Stream& stream) noexcept {
+  for (const Item& component : stream.Multiplex) {
+    if (component.Type() != ItemType::Video || !component.Record()->RunningStatus) continue;
+    const auto& video = component.As<Video>();
+    const Status status = StartVideo(stream, video.ComponentTag, video.Position, video.BoxSize);
+    if (status != Status::Done) return status;
+  }
+  return Status::Done;
+}
+
 // Takes the stream itself to its new status, unless an event of a component has done so already.
 Change FinishChange(Stream& stream, Status components, bool isRunning) noexcept {
   if (components == Status::Failure) return Change::Failure;
@@ -32,14 +44,16 @@ Change FinishChange(Stream& stream, Status components, bool isRunning) noexcept 
 }  // namespace
 
 Change ActivateStream(Stream& stream) noexcept {
-  const Status status = ForComponents(
+  Status status = ForComponents(
       stream, [](const Ingredient& component) { return component.InitiallyActive; }, RunIngredient);
+  if (status == Status::Done) status = StartVideos(stream);
   return FinishChange(stream, status, true);
 }
 
 Change DeactivateStream(Stream& stream) noexcept {
-  const Status status = ForComponents(
+  Status status = ForComponents(
       stream, [](const Ingredient&) { return true; }, StopIngredient);
+  if (status == Status::Done) status = EndStream(stream);
   return FinishChange(stream, status, false);
 }
 

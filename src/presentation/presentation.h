@@ -11,8 +11,11 @@
 
 namespace korvel {
 
+struct BoxSize;
 struct Canvas;
 struct LineArt;
+struct Position;
+struct Stream;
 
 // A colour as drawing takes it: 0xRRGGBBTT, where TT is the transparency.
 using DrawnColour = std::uint32_t;
@@ -76,6 +79,17 @@ void ClearImageCache() noexcept;
 
 // The fill colour that the content gave, whatever the current one is.
 [[nodiscard]] DrawnColour OriginalFillColourOf(const LineArt& lineArt) noexcept;
+
+// ---- Broadcast streams ----
+// They are not decoded here: a picture stands for video, and what would control a decoder does
+// nothing and is Done.
+
+// The stream has begun to run with this video in that box.
+Status StartVideo(const Stream& stream, std::int32_t componentTag, const Position& at,
+                  const BoxSize& size) noexcept;
+
+// The stream runs no longer, nor does any of its components.
+Status EndStream(const Stream& stream) noexcept;
 
 // ---- Canvases of dynamic line art ----
 // Coordinates are canvas pixels. Every operation takes a null canvas and then does nothing; all

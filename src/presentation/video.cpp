@@ -2,6 +2,7 @@
 #include "presentation/drawings.h"
 #include "presentation/image_cache.h"
 #include "presentation/picture_painting.h"
+#include "presentation/presentation.h"
 
 namespace korvel {
 
@@ -12,5 +13,12 @@ Status Draw(const Video& video) noexcept {
 }
 
 Status StopVideo(const Video& /*video*/) noexcept { return Status::Done; }
+
+Status StartVideo(const Stream& /*stream*/, std::int32_t /*componentTag*/, const Position& /*at*/,
+                  const BoxSize& /*size*/) noexcept {
+  return Status::Done;
+}
+
+Status EndStream(const Stream& /*stream*/) noexcept { return Status::Done; }
 
 }  // namespace korvel

@@ -61,6 +61,20 @@ Status Draw(const Canvas* canvas, const char* what, const Parts&... parts) {
 
 }  // namespace
 
+Status StartVideo(const Stream& stream, std::int32_t componentTag, const Position& at,
+                  const BoxSize& size) noexcept {
+  std::ostringstream line;
+  line << "start " << stream.Reference.Number << " video " << componentTag << " at " << at.X << ','
+       << at.Y << ' ' << size.Width << ' ' << size.Height;
+  ThePresentation().streams.push_back(line.str());
+  return Status::Done;
+}
+
+Status EndStream(const Stream& stream) noexcept {
+  ThePresentation().streams.push_back("end " + std::to_string(stream.Reference.Number));
+  return Status::Done;
+}
+
 struct Canvas {
   std::int32_t width = 0;
   std::int32_t height = 0;

@@ -16,6 +16,7 @@ struct FakePresentation {
   int updates = 0;
   int canvases = 0;                   // made and not given back
   std::vector<std::string> drawings;  // what was done to canvases, one line for each call
+  std::vector<std::string> streams;   // what streams were started and ended, likewise
   std::function<Status()> onRedraw;   // when set, gives Redraw's result
 };
 

@@ -190,6 +190,21 @@ TEST_F(LifecycleTest, a_stream_runs_and_stops_with_its_components) {
   EXPECT_EQ(Stack(), "");
 }
 
+TEST_F(LifecycleTest, the_presentation_is_told_of_running_videos_and_of_the_end_of_their_stream) {
+  Start("{:Stream 1 :InitiallyActive FALSE :Multiplex ("
+        "{:Audio 2 :ComponentTag 1}"
+        "{:Video 3 :ComponentTag 5 :OrigBoxSize 70 50 :OrigPosition 4 -6}"
+        "{:Video 4 :InitiallyActive FALSE :ComponentTag 6 :OrigBoxSize 9 9})}");
+  EXPECT_TRUE(ThePresentation().streams.empty());
+  EXPECT_EQ(Run(":Run(1)"), Status::Done);
+  EXPECT_EQ(ThePresentation().streams, std::vector<std::string>{"start 1 video 5 at 4,-6 70 50"});
+  EXPECT_EQ(Run(":Stop(1)"), Status::Done);
+  ASSERT_EQ(ThePresentation().streams.size(), 2U);
+  EXPECT_EQ(ThePresentation().streams[1], "end 1");
+  EXPECT_EQ(Run(":Stop(1)"), Status::Done);
+  EXPECT_EQ(ThePresentation().streams.size(), 2U) << "it did not run";
+}
+
 TEST_F(LifecycleTest, a_component_that_stops_its_stream_ends_both_once) {
   Start("{:Stream 1 :Multiplex ({:Audio 2 :ComponentTag 1} {:Audio 3 :ComponentTag 2})}"
         "{:Link 10 :EventSource 2 :EventType IsStopped :LinkEffect (:Stop(1))}" +

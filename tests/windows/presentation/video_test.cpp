@@ -75,6 +75,23 @@ TEST_F(VideoTest, the_picture_is_decoded_once_until_a_restart) {
   EXPECT_FALSE(Paint().IsAll(kWholeScene, kBlack));
 }
 
+TEST_F(VideoTest, controlling_a_stream_is_done_and_changes_nothing) {
+  const Pixels before = Paint();
+  const Stream stream;
+  EXPECT_EQ(StartVideo(stream, 1, {10, 10}, {100, 100}), Status::Done);
+  EXPECT_EQ(EndStream(stream), Status::Done);
+  EXPECT_EQ(BackBufferPixels(), before);
+  EXPECT_EQ(Paint(), before);
+}
+
+TEST_F(VideoTest, scaled_to_nothing_it_is_not_drawn_and_not_missing) {
+  for (const korvel::BoxSize size : {korvel::BoxSize{0, 288}, {360, 0}, {0, 0}}) {
+    video.ScaledSize = {size.Width, size.Height};
+    EXPECT_TRUE(Paint().IsAll(kWholeScene, kBlack));
+  }
+  EXPECT_TRUE(TheEngine().raised.empty());
+}
+
 TEST_F(VideoTest, names_are_compared_exactly_as_far_as_100_bytes) {
   const Gdiplus::GpImage* first = NamedImage("video.jpg");
   EXPECT_NE(NamedImage("Video.jpg"), first);

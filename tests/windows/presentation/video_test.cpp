@@ -71,7 +71,10 @@ TEST_F(VideoTest, the_picture_is_decoded_once_until_a_restart) {
   static_cast<void>(Paint());
   EXPECT_EQ(NamedImage("video.jpg"), first);
   ClearImageCache();
+  // Takes the place in memory that the first one has left.
+  ASSERT_NE(NamedImage("another"), nullptr);
   EXPECT_NE(NamedImage("video.jpg"), nullptr);
+  EXPECT_NE(NamedImage("video.jpg"), first);
   EXPECT_FALSE(Paint().IsAll(kWholeScene, kBlack));
 }
 

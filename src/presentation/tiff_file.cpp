@@ -77,8 +77,8 @@ bool HasKnownSamples(const TiffPicture& picture) noexcept {
 bool HasKnownPixels(const TiffPicture& picture) noexcept {
   constexpr std::uint32_t kWholeNumbers = 1;
   const std::uint32_t samples = picture.SamplesPerPixel;
-  return HasKnownSamples(picture) && picture.Planes == 1 && picture.FillOrder <= 2 &&
-         picture.ExtraSamples.Count() <= 1 &&
+  return HasKnownSamples(picture) && picture.Planes == 1 &&
+         (picture.FillOrder == 1 || picture.FillOrder == 2) && picture.ExtraSamples.Count() <= 1 &&
          (picture.BitsPerSample.Count() == 0 ||
           AreAll(picture.BitsPerSample, samples, BitsOf(picture))) &&
          (picture.SampleFormats.Count() == 0 ||

@@ -16,6 +16,7 @@ inline constexpr std::uint16_t kHeight = 257;
 inline constexpr std::uint16_t kBitsPerSample = 258;
 inline constexpr std::uint16_t kCompression = 259;
 inline constexpr std::uint16_t kColours = 262;
+inline constexpr std::uint16_t kFillOrder = 266;
 inline constexpr std::uint16_t kDescription = 270;
 inline constexpr std::uint16_t kStripPlaces = 273;
 inline constexpr std::uint16_t kSamplesPerPixel = 277;

@@ -44,7 +44,7 @@ TEST(IcoFile, of_many_pictures_has_the_first_one) {
   EXPECT_EQ(Found(IcoFile({kPicture32, kPicture4})), IcoFile({kPicture32}));
   EXPECT_EQ(Found(IcoFile({"wrong", kPicture32})), "none");
   EXPECT_EQ(Found(IcoFile(std::vector<std::string>(65535, kPicture32))), IcoFile({kPicture32}));
-  EXPECT_EQ(Found(IcoFile({})), "none");
+  EXPECT_EQ(Found(With(IcoFile({kPicture32}), 4, std::string(1, '\0'))), "none") << "of none";
 }
 
 TEST(IcoFile, with_a_png_file_is_that_file) {

@@ -110,15 +110,35 @@ TEST(TiffFile, of_no_size_or_too_large_a_size_has_no_picture) {
 }
 
 TEST(TiffFile, each_entry_of_the_picture_comes_once_and_in_order) {
-  const TiffFile file = Strips();
-  const std::size_t first = file.DirectoryPlace() + 2;
-  std::string twice = file.Bytes();
-  twice.replace(first + 12, 12, twice.substr(first, 12));
+  const TiffFile file = With(Strips(), tiff_tag::kDescription, TiffType::Byte, {'t'});
+  const std::string bytes = file.Bytes();
+  EXPECT_TRUE(IsFound(file));
+  const std::size_t colours = file.DirectoryPlace() + 2 + 4 * 12;
+  const std::size_t description = colours + 12;
+  std::string twice = bytes;
+  twice.replace(description, 12, bytes.substr(colours, 12));
   EXPECT_EQ(Found(twice), "none");
-  std::string exchanged = file.Bytes();
-  exchanged.replace(first, 12, file.Bytes().substr(first + 12, 12));
-  exchanged.replace(first + 12, 12, file.Bytes().substr(first, 12));
+  const std::size_t compression = colours - 12;
+  std::string exchanged = bytes;
+  exchanged.replace(compression, 12, bytes.substr(colours, 12));
+  exchanged.replace(colours, 12, bytes.substr(compression, 12));
   EXPECT_EQ(Found(exchanged), "none");
+}
+
+TEST(TiffFile, the_directory_lies_behind_the_header) {
+  // Its number of entries would be the lower half of its place.
+  std::string file("MM\0*\0\0\0\x06", 8);
+  const std::pair<char, char> entries[] = {{'\x00', 1}, {'\x01', 1}, {'\x03', 1},
+                                           {'\x06', 1}, {'\x11', 8}, {'\x17', 1}};
+  for (const auto& [tag, number] : entries) {
+    file += std::string("\x01") + tag + std::string("\0\x03\0\0\0\x01\0", 7) + number;
+    file += std::string(2, '\0');
+  }
+  file += std::string(4, '\0');
+  EXPECT_EQ(Found(file), "none");
+  file.insert(8, std::string("\0\x06", 2));
+  file[7] = '\x08';
+  EXPECT_EQ(Found(file), file);
 }
 
 TEST(TiffFile, numbers_have_two_bytes_or_four) {
@@ -129,24 +149,26 @@ TEST(TiffFile, numbers_have_two_bytes_or_four) {
 }
 
 TEST(TiffFile, numbers_lie_in_the_file_and_not_in_the_directory) {
-  TiffFile file = Strips();
+  // A palette, which these pixels do not need: whatever its six bytes are, they are as good.
+  const TiffFile file = With(Strips(), tiff_tag::kPalette, TiffType::Short, {1, 2, 3});
   const std::size_t place = file.DirectoryPlace();
   const std::string bytes = file.Bytes();
-  const std::size_t bits = place + 2 + 2 * 12;  // the third entry
-  ASSERT_EQ(bytes.substr(bits, 2), "\x02\x01");
+  const std::size_t entry = bytes.size() - 4 - 12;
+  ASSERT_EQ(bytes.substr(entry, 2), "\x40\x01");
   const auto withPlace = [&](std::size_t at) {
-    std::string changed = bytes + std::string(6, '\0');
+    std::string changed = bytes + "behind";
     for (std::size_t byte = 0; byte < 4; ++byte) {
-      changed[bits + 8 + byte] = static_cast<char>(at >> 8 * byte);
+      changed[entry + 8 + byte] = static_cast<char>(at >> 8 * byte);
     }
-    for (int sample = 0; sample < 3; ++sample) changed[bytes.size() + sample * 2] = '\x08';
     return Found(changed);
   };
   EXPECT_NE(withPlace(bytes.size()), "none");
   EXPECT_EQ(withPlace(bytes.size() + 1), "none") << "beyond the end";
   EXPECT_EQ(withPlace(0xFFFFFFFF), "none");
   EXPECT_EQ(withPlace(bytes.size() - 1), "none") << "reaches into the directory";
-  EXPECT_EQ(withPlace(place - 1), "none") << "reaches into the directory from before";
+  EXPECT_EQ(withPlace(place + 20), "none") << "lies in it";
+  EXPECT_NE(withPlace(place - 6), "none");
+  EXPECT_EQ(withPlace(place - 5), "none") << "reaches into it from before";
 }
 
 TEST(TiffFile, a_count_of_any_size_is_survived) {
@@ -251,6 +273,8 @@ TEST(TiffFile, all_samples_have_the_same_bits_and_are_whole_numbers) {
   EXPECT_TRUE(IsFoundWith(tiff_tag::kPlanes, TiffType::Short, {1}));
   EXPECT_FALSE(IsFoundWith(tiff_tag::kPlanes, TiffType::Short, {2}));
   EXPECT_FALSE(IsFoundWith(tiff_tag::kExtraSamples, TiffType::Short, {0, 0}));
+  EXPECT_TRUE(IsFoundWith(tiff_tag::kFillOrder, TiffType::Short, {2}));
+  EXPECT_FALSE(IsFoundWith(tiff_tag::kFillOrder, TiffType::Short, {3}));
 }
 
 TEST(TiffFile, a_palette_has_a_colour_for_each_number_of_a_pixel) {
@@ -293,7 +317,12 @@ TEST(TiffFile, tiles_side_by_side_are_unpacked_for_each_of_their_rows) {
   EXPECT_TRUE(IsFound(Greys(TiledTiff(720, 576, 720, 576, {"packed"}), 1)));
   EXPECT_FALSE(IsFound(Greys(TiledTiff(720, 576, 360, 576, {"packed"}), 2)));
   EXPECT_FALSE(IsFound(Greys(TiledTiff(8, 8, 1, 1'000'000, {"packed"}), 8)));
-  EXPECT_FALSE(IsFound(Greys(TiledTiff(8, 8, 0xFFFFFFFF, 0xFFFFFFFF, {"packed"}), 1)));
+  TiffFile enormous = Greys(TiledTiff(8, 8, 0x80000000, 0x80000000, {"packed"}), 1);
+  EXPECT_FALSE(IsFound(enormous));
+  enormous.Entries[tiff_tag::kColours].Numbers = {2};
+  enormous.Entries[tiff_tag::kSamplesPerPixel].Numbers = {4};
+  enormous.Entries[tiff_tag::kBitsPerSample].Numbers = {16};
+  EXPECT_FALSE(IsFound(enormous)) << "2 to the power of 65 bytes";
 }
 
 TEST(TiffFile, that_is_cut_short_has_no_picture) {

@@ -9,11 +9,15 @@
 namespace korvel {
 namespace {
 
+// So many zeros and the one behind them, or null.
+char* Zeros(std::size_t length) noexcept {
+  return length + 1 == 0 ? nullptr : static_cast<char*>(AllocateZeroed(length + 1));
+}
+
 // The two pieces joined in a fresh zero-terminated block, or null.
 char* Join(std::string_view first, std::string_view second) noexcept {
   const std::size_t length = first.size() + second.size();
-  if (length < first.size() || length + 1 == 0) return nullptr;
-  auto* block = static_cast<char*>(AllocateZeroed(length + 1));
+  char* block = length < first.size() ? nullptr : Zeros(length);
   if (block == nullptr) return nullptr;
   if (!first.empty()) std::memcpy(block, first.data(), first.size());
   if (!second.empty()) std::memcpy(block + first.size(), second.data(), second.size());
@@ -32,14 +36,10 @@ OctetString& OctetString::operator=(OctetString&& other) noexcept {
 }
 
 bool OctetString::Assign(std::string_view bytes) noexcept {
-  char* block = Join(bytes, {});
-  if (block == nullptr) return false;
-  const std::size_t length = bytes.size();
-  Clear();
-  bytes_ = block;
-  length_ = length;
-  return true;
+  return Take(Join(bytes, {}), bytes.size());
 }
+
+bool OctetString::AssignZeros(std::size_t length) noexcept { return Take(Zeros(length), length); }
 
 bool OctetString::CopyFrom(const OctetString& other) noexcept {
   if (other.IsPresent()) return Assign(other.View());
@@ -48,9 +48,11 @@ bool OctetString::CopyFrom(const OctetString& other) noexcept {
 }
 
 bool OctetString::Append(std::string_view bytes) noexcept {
-  char* block = Join(View(), bytes);
+  return Take(Join(View(), bytes), length_ + bytes.size());
+}
+
+bool OctetString::Take(char* block, std::size_t length) noexcept {
   if (block == nullptr) return false;
-  const std::size_t length = length_ + bytes.size();
   Clear();
   bytes_ = block;
   length_ = length;

@@ -24,6 +24,8 @@ class OctetString {
   // Copies `bytes`, which may point into this very string. False, and unchanged, when memory is
   // out.
   [[nodiscard]] bool Assign(std::string_view bytes) noexcept;
+  // Makes the string so many zeros, to be written over. False, and unchanged, when memory is out.
+  [[nodiscard]] bool AssignZeros(std::size_t length) noexcept;
   // As Assign, and an absent string makes this one absent.
   [[nodiscard]] bool CopyFrom(const OctetString& other) noexcept;
   // Adds `bytes`, which may point into this very string, at the end. False, and unchanged, when
@@ -45,6 +47,9 @@ class OctetString {
   [[nodiscard]] char* MutableBytes() noexcept { return bytes_; }
 
  private:
+  // Owns the block, unless it is null, in place of what was there.
+  [[nodiscard]] bool Take(char* block, std::size_t length) noexcept;
+
   char* bytes_ = nullptr;
   std::size_t length_ = 0;
 };

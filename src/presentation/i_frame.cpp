@@ -1,24 +1,19 @@
-// The way of an I-frame from its bytes to an image: the temporary file, the host's decoder, and the
-// colours.
+// The way of an I-frame from its bytes to an image: a file that nobody changes meanwhile, the
+// host's decoder, and the colours.
 #include "presentation/i_frame.h"
 
-#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <span>
 
-#include "objects/memory.h"
+#include "objects/octet_string.h"
 #include "presentation/encoder.h"
-#include "presentation/picture_limits.h"
+#include "presentation/mpeg_file.h"
+#include "presentation/temporary_stream.h"
 #include "presentation/yuv.h"
 
 namespace korvel {
 
 namespace {
-
-// The number in the temporary file's name is never raised: each I-frame rewrites the same file.
-constexpr int kTemporaryFileNumber = 0;
-constexpr int kTemporaryFolderBytes = 255;
 
 // What the host's library does: fills the buffer that `buffer` points to with the frame's planes.
 // Its result means nothing to us.
@@ -42,39 +37,6 @@ class DecoderLibrary {
  private:
   HMODULE module_;
 };
-
-class File {
- public:
-  File(const char* path, const char* mode) noexcept : file_(std::fopen(path, mode)) {}
-  ~File() {
-    if (file_ != nullptr) std::fclose(file_);
-  }
-  File(const File&) = delete;
-  File& operator=(const File&) = delete;
-
-  [[nodiscard]] bool Read(std::span<std::uint8_t> bytes) noexcept {
-    return file_ != nullptr && std::fread(bytes.data(), 1, bytes.size(), file_) == bytes.size();
-  }
-  [[nodiscard]] bool Write(std::string_view bytes) noexcept {
-    return file_ != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), file_) == bytes.size() &&
-           std::fflush(file_) == 0;
-  }
-
- private:
-  std::FILE* file_;
-};
-
-// The size in the sequence header that the file begins with. False when there is none, or one that
-// is not decoded.
-[[nodiscard]] bool ReadFrameSize(const char* path, FrameSize& size) noexcept {
-  std::array<std::uint8_t, 7> start{};
-  if (!File(path, "rb").Read(start)) return false;
-  if (start[0] != 0 || start[1] != 0 || start[2] != 1 || start[3] != 0xB3) return false;
-  size.Width = start[4] * 16 + (start[5] >> 4);
-  size.Height = (start[5] & 15) * 256 + start[6];
-  return IsDecodableSize(static_cast<std::uint64_t>(size.Width),
-                         static_cast<std::uint64_t>(size.Height));
-}
 
 [[nodiscard]] bool DecodePlanes(const char* path, const PlanarFrame& frame) noexcept {
   const DecoderLibrary library;
@@ -110,29 +72,33 @@ class File {
   return true;
 }
 
-// The path of the temporary file. False when there is no folder for it.
-[[nodiscard]] bool TemporaryFile(std::array<char, kTemporaryFolderBytes + 64>& path) noexcept {
-  std::array<char, kTemporaryFolderBytes> folder{};
-  const DWORD length = GetTempPathA(kTemporaryFolderBytes, folder.data());
-  if (length == 0 || length >= folder.size()) return false;
-  std::snprintf(path.data(), path.size(), "%s\\mheg_bmp_tmpfile%03d.m2v", folder.data(),
-                kTemporaryFileNumber);
-  return true;
+// Decodes the stream, which is what the held file has in it. A decoder that leaves the planes as
+// they were may have wanted the file for itself, and gets it so.
+[[nodiscard]] bool Decode(const char* path, HeldFile& file, std::string_view stream,
+                          BitmapOwner& image) noexcept {
+  FrameSize size;
+  if (!FindFrameSize(stream, size)) return false;
+  const PlanarFrame frame(size);
+  if (frame.Bytes() == nullptr || !DecodePlanes(path, frame)) return false;
+  if (frame.IsUntouched()) {
+    file.Release();
+    if (!DecodePlanes(path, frame)) return false;
+  }
+  return MakeImage(frame, image);
 }
 
 }  // namespace
 
 bool DecodeIFrame(std::string_view stream, BitmapOwner& image) noexcept {
-  std::array<char, kTemporaryFolderBytes + 64> path{};
-  return TemporaryFile(path) && File(path.data(), "wb").Write(stream) &&
-         DecodeIFrameFile(path.data(), image);
+  HeldFile file;
+  const char* path = HoldTemporaryStream(stream, file);
+  return path != nullptr && Decode(path, file, stream, image);
 }
 
 bool DecodeIFrameFile(const char* path, BitmapOwner& image) noexcept {
-  FrameSize size;
-  if (!ReadFrameSize(path, size)) return false;
-  const PlanarFrame frame(size);
-  return frame.Bytes() != nullptr && DecodePlanes(path, frame) && MakeImage(frame, image);
+  HeldFile file;
+  OctetString stream;
+  return file.Hold(path) && file.Read(stream) && Decode(path, file, stream.View(), image);
 }
 
 bool ConvertIFrameToPng(const char* source, const char* target) noexcept {

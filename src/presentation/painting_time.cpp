@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include "host/host.h"
+
 namespace korvel {
 
 namespace {
@@ -12,7 +14,13 @@ namespace {
 // that is decoded in as many scans as it may have, takes nearly half of one.
 constexpr std::uint64_t kLongestPaintingMs = 500;
 
+// Others hold a file for as long as they take to decode a picture, seldom longer than this.
+constexpr std::uint32_t kMomentMs = 10;
+constexpr std::uint32_t kLongestWaitMs = 200;
+
 constexpr std::uint64_t kFileTimesPerMs = 10'000;
+
+std::uint32_t waitedMs = 0;  // by the painting that is going on
 
 std::uint64_t MillisecondsOf(const FILETIME& time) noexcept {
   return ((std::uint64_t{time.dwHighDateTime} << 32) + time.dwLowDateTime) / kFileTimesPerMs;
@@ -33,11 +41,20 @@ std::uint64_t ProcessorMs() noexcept {
 }  // namespace
 
 PaintingTime::PaintingTime() noexcept
-    : clockStartMs_(GetTickCount64()), processorStartMs_(ProcessorMs()) {}
+    : clockStartMs_(GetTickCount64()), processorStartMs_(ProcessorMs()) {
+  waitedMs = 0;
+}
 
 bool PaintingTime::IsOver() const noexcept {
   return GetTickCount64() - clockStartMs_ > kLongestPaintingMs &&
-         ProcessorMs() - processorStartMs_ > kLongestPaintingMs;
+         ProcessorMs() - processorStartMs_ + waitedMs > kLongestPaintingMs;
+}
+
+bool WaitAMoment() noexcept {
+  if (waitedMs >= kLongestWaitMs || IsClosing()) return false;
+  PauseUnlessClosing(kMomentMs);
+  waitedMs += kMomentMs;
+  return true;
 }
 
 }  // namespace korvel

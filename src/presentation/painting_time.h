@@ -19,4 +19,8 @@ class PaintingTime {
   std::uint64_t processorStartMs_;
 };
 
+// Waits a moment, for something that others hold; waiting is painting time too. False, without a
+// wait, when this painting has waited long enough or a close is asked for.
+[[nodiscard]] bool WaitAMoment() noexcept;
+
 }  // namespace korvel

@@ -41,9 +41,9 @@ void PaintWindow(void* deviceContext) noexcept;
 
 // ---- The picture ----
 
-// Starts GDI+ and makes the back buffer, opaque black, and the screen's picture, which is shown in
-// `window` (the platform's handle; may be null). What cannot be made stays absent, and everything
-// that draws then does nothing.
+// Finds the folder for temporary files, starts GDI+ and makes the back buffer, opaque black, and
+// the screen's picture, which is shown in `window` (the platform's handle; may be null). What
+// cannot be made stays absent, and everything that draws then does nothing.
 void OpenPresentation(void* window) noexcept;
 
 // Gives up the pictures and every cached image and ends GDI+. No canvas may be left.

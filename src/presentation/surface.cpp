@@ -10,6 +10,7 @@
 #include "presentation/device_update.h"
 #include "presentation/image_cache.h"
 #include "presentation/presentation.h"
+#include "presentation/temporary_stream.h"
 
 namespace korvel {
 
@@ -58,6 +59,7 @@ Gdiplus::GpGraphics* SurfaceGraphics() noexcept {
 }
 
 void OpenPresentation(void* window) noexcept {
+  FindTemporaryFolder();
   StartGdiPlus();
   OpenSurface();
   OpenPicture(window);

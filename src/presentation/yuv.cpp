@@ -7,7 +7,8 @@ namespace korvel {
 
 namespace {
 
-constexpr std::int32_t kMacroblock = 16;
+// A side has 12 bits in a sequence header, and decoders may write whole macroblocks of 16.
+constexpr std::int32_t kLargestSide = 4096;
 constexpr double kChromaZero = 128;
 
 std::size_t Area(std::int32_t width, std::int32_t height) noexcept {
@@ -22,8 +23,13 @@ std::uint32_t Level(double value) noexcept {
 
 PlanarFrame::PlanarFrame(FrameSize size) noexcept
     : size_(size),
-      bytes_(static_cast<std::uint8_t*>(
-          AllocateZeroed(Area(size.Width + kMacroblock, size.Height + kMacroblock) * 3 / 2))) {}
+      bytes_(static_cast<std::uint8_t*>(AllocateZeroed(Area(kLargestSide, kLargestSide) * 3 / 2))) {
+}
+
+bool PlanarFrame::IsUntouched() const noexcept {
+  return std::all_of(bytes_, bytes_ + Area(size_.Width, size_.Height),
+                     [](std::uint8_t sample) { return sample == 0; });
+}
 
 std::uint32_t PlanarFrame::PixelAt(std::int32_t column, std::int32_t row) const noexcept {
   const std::size_t lumaSize = Area(size_.Width, size_.Height);

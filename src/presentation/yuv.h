@@ -14,8 +14,9 @@ struct FrameSize {
   std::int32_t Height = 0;
 };
 
-// Owns the bytes of a frame. The decoder that fills them is not ours, so there is room for a whole
-// row and column of macroblocks more than the frame needs.
+// Owns the bytes of a frame. The decoder that fills them is not ours, is not told how many there
+// are, and takes the size from the stream anew: so there is always room for the largest frame that
+// a sequence header can speak of. What stays unused of it costs no memory.
 class PlanarFrame {
  public:
   // Bytes() is null when memory is out. The sides are above 0.
@@ -26,6 +27,9 @@ class PlanarFrame {
 
   [[nodiscard]] FrameSize Size() const noexcept { return size_; }
   [[nodiscard]] std::uint8_t* Bytes() const noexcept { return bytes_; }
+
+  // Whether the luma samples are all as they were at first. No decoder makes them so: black is 16.
+  [[nodiscard]] bool IsUntouched() const noexcept;
 
   // The opaque colour of a pixel, 0xAARRGGBB.
   [[nodiscard]] std::uint32_t PixelAt(std::int32_t column, std::int32_t row) const noexcept;

@@ -1,10 +1,13 @@
 // Any bytes as a picture file: looking at it ends and stays inside, and what is handed to a decoder
-// is a picture file again, of which nothing more is left out. Decoding it is left to GDI+.
+// is a picture file again, of which nothing more is left out. Decoding it is left to GDI+. Bytes as
+// a stream of I-frames have a size that is decoded, or none.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 
+#include "presentation/mpeg_file.h"
 #include "presentation/picture_file.h"
+#include "presentation/picture_limits.h"
 
 namespace {
 
@@ -16,11 +19,20 @@ bool Find(std::string_view file, std::string& found) {
   return true;
 }
 
+bool HasSizeBeyondLimits(std::string_view stream) {
+  korvel::FrameSize size;
+  return korvel::FindFrameSize(stream, size) &&
+         !korvel::IsDecodableSize(static_cast<std::uint64_t>(size.Width),
+                                  static_cast<std::uint64_t>(size.Height));
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  const std::string_view file(reinterpret_cast<const char*>(bytes), size);
+  if (HasSizeBeyondLimits(file)) std::abort();
   std::string picture;
-  if (!Find({reinterpret_cast<const char*>(bytes), size}, picture)) return 0;
+  if (!Find(file, picture)) return 0;
   std::string again;
   if (!Find(picture, again)) std::abort();
   // The end that a GIF file gets is taken for data when it was cut short there, and gets another.

@@ -21,7 +21,9 @@ bool MayRun() noexcept { return TheHost().mayRun && !TheHost().isClosing; }
 bool IsClosing() noexcept { return TheHost().isClosing; }
 
 void PauseUnlessClosing(std::uint32_t milliseconds) noexcept {
-  if (!IsClosing()) TheHost().pausedMs += milliseconds;
+  if (IsClosing()) return;
+  TheHost().pausedMs += milliseconds;
+  if (TheHost().onPause) TheHost().onPause();
 }
 
 void SetWindowTimer(std::uint32_t id, std::uint32_t periodMs) noexcept {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -19,6 +20,8 @@ struct FakeHost {
   std::uint32_t seconds = 0;
   LocalTime localTime;
   bool hasLocalTime = true;
+
+  std::function<void()> onPause;  // called in each pause
 
   std::vector<std::string> fetched;               // every path asked for, found or not
   std::uint32_t pausedMs = 0;                     // the sum of all pauses

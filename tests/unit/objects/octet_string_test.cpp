@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <limits>
 #include <string>
 
 #include "substitutes/memory.h"
@@ -31,6 +32,16 @@ TEST(OctetString, keeps_zeros_and_has_one_behind) {
   EXPECT_EQ(string.View(), "a\0b"sv);
   EXPECT_EQ(string.TextView(), "a");
   EXPECT_EQ(string.Text()[3], '\0');
+}
+
+TEST(OctetString, of_zeros_has_as_many_and_one_behind) {
+  OctetString string;
+  ASSERT_TRUE(string.Assign("abc"));
+  ASSERT_TRUE(string.AssignZeros(2));
+  EXPECT_EQ(string.View(), "\0\0"sv);
+  EXPECT_EQ(string.Text()[2], '\0');
+  EXPECT_FALSE(string.AssignZeros(std::numeric_limits<std::size_t>::max()));
+  EXPECT_EQ(string.Length(), 2U);
 }
 
 TEST(OctetString, can_be_assigned_from_and_appended_to_itself) {

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace korvel::test {
 
 // The colour of a frame of one pair of rows whose samples are all the same.
@@ -33,6 +35,21 @@ TEST(PlanarFrame, the_last_row_and_column_of_an_odd_size_share_the_chroma_before
   frame.Bytes()[9] = 128;
   frame.Bytes()[10] = 255;
   EXPECT_EQ(frame.PixelAt(2, 2), frame.PixelAt(0, 0));
+}
+
+TEST(PlanarFrame, there_is_room_for_the_largest_frame_of_a_sequence_header) {
+  const PlanarFrame frame({2, 2});
+  std::fill_n(frame.Bytes(), std::size_t{4096} * 4096 * 3 / 2, std::uint8_t{128});
+  EXPECT_EQ(frame.PixelAt(1, 1), 0xFF828282U);
+}
+
+TEST(PlanarFrame, is_untouched_until_a_luma_sample_is_written) {
+  const PlanarFrame frame({4, 2});
+  EXPECT_TRUE(frame.IsUntouched());
+  frame.Bytes()[8] = 128;
+  EXPECT_TRUE(frame.IsUntouched()) << "chroma";
+  frame.Bytes()[7] = 16;
+  EXPECT_FALSE(frame.IsUntouched());
 }
 
 TEST(PlanarFrame, a_frame_of_one_pixel_is_survived) {

@@ -5,8 +5,8 @@
 
 #include "presentation/encoder.h"
 #include "windows/presentation/content.h"
+#include "windows/presentation/decoder.h"
 #include "windows/presentation/stage.h"
-#include "windows/recording_decoder/record.h"
 
 namespace korvel::test {
 
@@ -53,48 +53,26 @@ TEST_F(IFrameTest, without_the_hosts_decoder_the_picture_is_missing) {
   EXPECT_EQ(TheEngine().raised.size(), 1U);
 }
 
-// With a decoder that is found by its plain name, because it is loaded already.
 class DecodedIFrameTest : public IFrameTest {
  protected:
-  void SetUp() override {
-    std::string path(MAX_PATH, '\0');
-    path.resize(GetModuleFileNameA(nullptr, path.data(), MAX_PATH));
-    path.resize(path.rfind('\\') + 1);
-    decoder_ = LoadLibraryA((path + "recording_decoder\\MenuAPI.dll").c_str());
-    ASSERT_NE(decoder_, nullptr);
-    using GetRecord = DecoderRecord* (*)();
-    const auto find =
-        reinterpret_cast<GetRecord>(reinterpret_cast<void*>(GetProcAddress(decoder_, "Record")));
-    ASSERT_NE(find, nullptr);
-    record = find();
-    *record = {};
-  }
-  ~DecodedIFrameTest() override { FreeLibrary(decoder_); }
-  DecodedIFrameTest() = default;
-  DecodedIFrameTest(const DecodedIFrameTest&) = delete;
-  DecodedIFrameTest& operator=(const DecodedIFrameTest&) = delete;
-
   // What a frame of these samples looks like.
   [[nodiscard]] Pixels PaintSamples(std::uint8_t y, std::uint8_t u, std::uint8_t v) {
     TheHost().files["frame"] = kSequence;
-    record->y = y;
-    record->u = u;
-    record->v = v;
+    decoder.Record().y = y;
+    decoder.Record().u = u;
+    decoder.Record().v = v;
     return Paint();
   }
 
-  DecoderRecord* record = nullptr;
-
- private:
-  HMODULE decoder_ = nullptr;
+  Decoder decoder;
 };
 
 TEST_F(DecodedIFrameTest, the_decoder_gets_the_path_an_empty_buffer_and_a_1) {
   static_cast<void>(PaintSamples(16, 128, 128));
-  EXPECT_EQ(record->calls, 1);
-  EXPECT_EQ(record->one, 1);
-  EXPECT_TRUE(record->isZeroFilled);
-  const std::string path = record->path;
+  EXPECT_EQ(decoder.Record().calls, 1);
+  EXPECT_EQ(decoder.Record().one, 1);
+  EXPECT_TRUE(decoder.Record().isZeroFilled);
+  const std::string path = decoder.Record().path;
   EXPECT_TRUE(path.starts_with(TemporaryPath())) << path;
   EXPECT_TRUE(path.ends_with("\\mheg_bmp_tmpfile000.m2v")) << path;
 }
@@ -110,7 +88,7 @@ TEST_F(DecodedIFrameTest, what_is_no_sequence_never_reaches_the_decoder) {
     EXPECT_TRUE(Paint().IsAll(kWholeScene, kBlack));
     EXPECT_EQ(TheEngine().raised.size(), 1U);
   }
-  EXPECT_EQ(record->calls, 0);
+  EXPECT_EQ(decoder.Record().calls, 0);
 }
 
 TEST_F(DecodedIFrameTest, a_header_of_2d_02_40_is_a_frame_of_720_by_576) {
@@ -133,13 +111,13 @@ TEST_F(DecodedIFrameTest, luma_and_chroma_become_colours) {
 }
 
 TEST_F(DecodedIFrameTest, the_decoders_result_is_not_looked_at) {
-  record->result = 2;
+  decoder.Record().result = 2;
   EXPECT_TRUE(PaintSamples(235, 128, 128).IsAll(kWholeScene, 0xFEFEFE));
   EXPECT_TRUE(TheEngine().raised.empty());
 }
 
 TEST_F(DecodedIFrameTest, a_frame_is_converted_to_a_png_file) {
-  record->y = 235;
+  decoder.Record().y = 235;
   std::ofstream(TemporaryPath() + "frame.m2v", std::ios::binary) << kSequence;
   const std::string target = TemporaryPath() + "frame.png";
   ASSERT_TRUE(ConvertIFrameToPng((TemporaryPath() + "frame.m2v").c_str(), target.c_str()));

@@ -17,6 +17,8 @@ struct DecoderRecord {
   std::uint8_t u = 128;
   std::uint8_t v = 128;
   int result = 0;
+  // When there is one, it looks at the file and fills the buffer instead.
+  void (*decode)(const char* path, std::uint8_t* buffer) = nullptr;
 };
 
 }  // namespace korvel::test

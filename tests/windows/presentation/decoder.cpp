@@ -1,0 +1,73 @@
+// The library lies where the engine does not look. It is found by its plain name because it has
+// been loaded already.
+#include "windows/presentation/decoder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+namespace korvel::test {
+
+namespace {
+
+constexpr std::size_t kHeaderBytes = 7;
+
+Decoder::Decode* currentDecode = nullptr;
+
+HMODULE LoadDecoder() {
+  std::string path(MAX_PATH, '\0');
+  path.resize(GetModuleFileNameA(nullptr, path.data(), MAX_PATH));
+  path.resize(path.rfind('\\') + 1);
+  return LoadLibraryA((path + "recording_decoder\\MenuAPI.dll").c_str());
+}
+
+DecoderRecord* FindRecord(HMODULE library) {
+  using GetRecord = DecoderRecord* (*)();
+  const auto find =
+      reinterpret_cast<GetRecord>(reinterpret_cast<void*>(GetProcAddress(library, "Record")));
+  return find == nullptr ? nullptr : find();
+}
+
+int ByteAt(const std::string& stream, std::size_t offset) {
+  return static_cast<std::uint8_t>(stream.at(offset));
+}
+
+}  // namespace
+
+Decoder::Decoder() : library_(LoadDecoder()), record_(FindRecord(library_)) {
+  if (record_ == nullptr) throw std::runtime_error("the recording decoder cannot be loaded");
+  *record_ = {};
+}
+
+Decoder::~Decoder() {
+  *record_ = {};
+  currentDecode = nullptr;
+  FreeLibrary(library_);
+}
+
+void Decoder::DecodeBy(Decode decode) {
+  decode_ = std::move(decode);
+  currentDecode = &decode_;
+  record_->decode = [](const char* path, std::uint8_t* buffer) { (*currentDecode)(path, buffer); };
+}
+
+std::string Stream(int width, int height, std::uint8_t luma) {
+  std::string stream("\x00\x00\x01\xB3", 4);
+  for (const int byte : {width >> 4, (width & 15) << 4 | height >> 8, height & 255, int{luma}}) {
+    stream += static_cast<char>(byte);
+  }
+  return stream;
+}
+
+void DecodeStream(const std::string& stream, std::uint8_t* buffer) {
+  if (stream.size() <= kHeaderBytes) return;
+  const int width = ByteAt(stream, 4) << 4 | ByteAt(stream, 5) >> 4;
+  const int height = (ByteAt(stream, 5) & 15) << 8 | ByteAt(stream, 6);
+  constexpr std::uint8_t kNoChroma = 128;
+  std::fill_n(buffer, width * height, static_cast<std::uint8_t>(stream[kHeaderBytes]));
+  std::fill_n(buffer + width * height, width * height / 2, kNoChroma);
+}
+
+}  // namespace korvel::test

@@ -13,7 +13,7 @@ namespace {
 // tiles of 16 x 16 pixels, which are the smallest that encoders write.
 constexpr std::uint64_t kMostParts = 16384;
 
-// Of what the parts hold, packed and unpacked. Unpacking takes up to 10 ms for each megabyte.
+// Of what is read and what is unpacked from it, which takes up to 10 ms for each megabyte.
 constexpr std::uint64_t kMostBytes = std::uint64_t{64} << 20;
 
 enum Compression : std::uint32_t {
@@ -85,8 +85,10 @@ bool HasKnownPixels(const TiffPicture& picture) noexcept {
           AreAll(picture.SampleFormats, samples, kWholeNumbers));
 }
 
-// The strips of the picture, or its tiles; all of the same size but for the last strip.
+// The strips of the picture, or its tiles. The last strip may be lower than the others; tiles are
+// filled up.
 struct Parts {
+  bool AreTiles = false;
   std::uint64_t Width = 0;
   std::uint64_t Height = 0;
   TiffNumbers Places;
@@ -99,10 +101,12 @@ struct Parts {
   const bool hasTiles = picture.TilePlaces.Count() + picture.TileBytes.Count() > 0 ||
                         picture.TileWidth > 0 || picture.TileHeight > 0;
   if (hasStrips == hasTiles) return false;
-  const std::uint32_t rows = std::min(picture.RowsPerStrip, picture.Height);
-  parts = hasTiles
-              ? Parts{picture.TileWidth, picture.TileHeight, picture.TilePlaces, picture.TileBytes}
-              : Parts{picture.Width, rows, picture.StripPlaces, picture.StripBytes};
+  if (hasTiles) {
+    parts = {true, picture.TileWidth, picture.TileHeight, picture.TilePlaces, picture.TileBytes};
+  } else {
+    const std::uint32_t rows = std::min(picture.RowsPerStrip, picture.Height);
+    parts = {false, picture.Width, rows, picture.StripPlaces, picture.StripBytes};
+  }
   return IsDecodableSize(parts.Width, parts.Height);
 }
 
@@ -114,15 +118,13 @@ std::uint64_t PartsOfSide(std::uint64_t side, std::uint64_t partSide) noexcept {
 // have as many as its pixels take. False when that is not so.
 [[nodiscard]] bool SumBytes(const TiffPicture& picture, const Parts& parts, std::uint64_t rowBytes,
                             std::uint64_t fileBytes, std::uint64_t& sum) noexcept {
-  const bool isPacked = picture.Compression != kNone;
-  std::uint64_t rowsLeft =
-      picture.TileHeight > 0 ? parts.Height * parts.Bytes.Count() : picture.Height;
   for (std::size_t part = 0; part < parts.Bytes.Count(); ++part) {
     const std::uint64_t bytes = parts.Bytes.At(part);
-    const std::uint64_t rows = std::min(parts.Height, rowsLeft);
-    rowsLeft -= rows;
+    const std::uint64_t rows = parts.AreTiles
+                                   ? parts.Height
+                                   : std::min(parts.Height, picture.Height - part * parts.Height);
     if (parts.Places.At(part) + bytes > fileBytes) return false;
-    if (!isPacked && bytes < rowBytes * rows) return false;
+    if (picture.Compression == kNone && bytes < rowBytes * rows) return false;
     sum += bytes;
   }
   return true;
@@ -140,7 +142,7 @@ std::uint64_t PartsOfSide(std::uint64_t side, std::uint64_t partSide) noexcept {
   }
   const std::uint64_t pixelBits = std::uint64_t{picture.SamplesPerPixel} * BitsOf(picture);
   const std::uint64_t rowBytes = (parts.Width * pixelBits + 7) / 8;
-  std::uint64_t bytes = rowBytes * parts.Height * count;
+  std::uint64_t bytes = picture.Compression == kNone ? 0 : rowBytes * parts.Height * count;
   if (!SumBytes(picture, parts, rowBytes, fileBytes, bytes) || bytes > kMostBytes) return false;
   return across == 1 || bytes * parts.Height <= kMostBytes;
 }

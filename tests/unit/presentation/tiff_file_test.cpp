@@ -307,9 +307,14 @@ TEST(TiffFile, in_a_hundred_thousand_strips_has_no_picture) {
 }
 
 TEST(TiffFile, strips_that_are_read_again_and_again_are_counted_each_time) {
-  const std::string long_strip(1'000'000, 'a');
-  EXPECT_TRUE(IsFound(Greys({100, 60, 1, {long_strip}}, 60)));
-  EXPECT_FALSE(IsFound(Greys({100, 70, 1, {long_strip}}, 70)));
+  const std::string megabyte(1'000'000, 'a');
+  for (const std::uint32_t way : {1U, 8U}) {
+    for (const std::uint32_t strips : {60U, 70U}) {
+      TiffFile file = Greys({100, strips, 1, {megabyte}}, strips);
+      file.Entries[tiff_tag::kCompression].Numbers = {way};
+      EXPECT_EQ(IsFound(file), strips == 60) << way;
+    }
+  }
 }
 
 TEST(TiffFile, tiles_side_by_side_are_unpacked_for_each_of_their_rows) {
@@ -317,6 +322,9 @@ TEST(TiffFile, tiles_side_by_side_are_unpacked_for_each_of_their_rows) {
   EXPECT_TRUE(IsFound(Greys(TiledTiff(720, 576, 720, 576, {"packed"}), 1)));
   EXPECT_FALSE(IsFound(Greys(TiledTiff(720, 576, 360, 576, {"packed"}), 2)));
   EXPECT_FALSE(IsFound(Greys(TiledTiff(8, 8, 1, 1'000'000, {"packed"}), 8)));
+  TiffFile packed = Greys(TiledTiff(720, 576, 96, 96, {std::string(96 * 96, 'a')}), 8 * 6);
+  EXPECT_FALSE(IsFound(packed));
+  EXPECT_TRUE(IsFound(With(packed, tiff_tag::kCompression, TiffType::Short, {1})));
   TiffFile enormous = Greys(TiledTiff(8, 8, 0x80000000, 0x80000000, {"packed"}), 1);
   EXPECT_FALSE(IsFound(enormous));
   enormous.Entries[tiff_tag::kColours].Numbers = {2};

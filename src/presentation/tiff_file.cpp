@@ -32,6 +32,7 @@ enum Colours : std::uint32_t {
   kInks = 5
 };
 
+// The ways of fax machines are not among them: wrong data leads decoders of those astray.
 bool HasKnownCompression(const TiffPicture& picture) noexcept {
   switch (picture.Compression) {
   case kNone:

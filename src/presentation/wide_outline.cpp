@@ -155,6 +155,7 @@ class DashWalk {
         gap_(width) {}
 
   void Draw() noexcept {
+    BeginDash(PlaceOf(corners_.back()), 0);
     for (std::size_t corner = 0; corner < corners_.size(); ++corner) {
       const std::size_t before = (corner == 0 ? corners_.size() : corner) - 1;
       WalkSide(PlaceOf(corners_[before]), corner);
@@ -174,7 +175,6 @@ class DashWalk {
   void WalkSide(const Place& from, std::size_t corner) noexcept {
     const Place way = Between(from, PlaceOf(corners_[corner]));
     const float length = Length(way);
-    if (isInDash_ && walked_ == 0) BeginDash(from, corner);
     float place = 0;
     for (;;) {
       const float left = (isInDash_ ? dash_ : gap_) - walked_;

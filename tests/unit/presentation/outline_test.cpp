@@ -138,19 +138,19 @@ TEST(OutlineTest, a_point_has_no_outline) {
   }
 }
 
-// The walk begins with the left side, upwards, so that 20 pixels lie before the upper one.
+// The walk begins with the left side, upwards, and ends within a dash.
 TEST(OutlineTest, wide_dashes_go_on_around_the_corners) {
-  const Corners corners{{5, 5}, {45, 5}, {45, 25}, {5, 25}};
+  const Corners corners{{5, 5}, {43, 5}, {43, 25}, {5, 25}};
   const Rows dashed = Outline({0, 0, 60, 40}, corners, 2, Dashes::Long);
   const Rows dotted = Outline({0, 0, 60, 40}, corners, 2, Dashes::Short);
-  for (std::size_t x = 5; x < 44; ++x) {
-    EXPECT_EQ(dashed[5][x] == '#', (x + 15) % 8 < 6) << x;
-    EXPECT_EQ(dotted[5][x] == '#', (x + 15) % 4 < 2) << x;
-  }
-  for (std::size_t y = 6; y < 24; ++y) {
-    EXPECT_EQ(dashed[y][45] == '#', (y + 55) % 8 < 6) << y;
-    EXPECT_EQ(dotted[y][45] == '#', (y + 55) % 4 < 2) << y;
-  }
+  const auto expectAfter = [&](std::size_t walked, std::size_t x, std::size_t y) {
+    EXPECT_EQ(dashed[y][x] == '#', walked % 8 < 6) << x << ", " << y;
+    EXPECT_EQ(dotted[y][x] == '#', walked % 4 < 2) << x << ", " << y;
+  };
+  for (std::size_t y = 6; y < 24; ++y) expectAfter(24 - y, 5, y);
+  for (std::size_t x = 6; x < 42; ++x) expectAfter(20 + x - 5, x, 5);
+  for (std::size_t y = 6; y < 24; ++y) expectAfter(20 + 38 + y - 5, 43, y);
+  for (std::size_t x = 6; x < 42; ++x) expectAfter(20 + 38 + 20 + 42 - x, x, 25);
 }
 
 TEST(OutlineTest, a_dash_around_a_corner_is_mitred) {

@@ -32,7 +32,7 @@ void SettleContentHook(Bitmap& bitmap) noexcept {
   return !bytes.empty();
 }
 
-Status PaintContent(const Bitmap& bitmap, std::string_view bytes) noexcept {
+Status PaintContent(const Bitmap& bitmap, std::string_view bytes, std::uint64_t mostNs) noexcept {
   const PicturePlacement placement{.Position = bitmap.Position,
                                    .BoxSize = bitmap.BoxSize,
                                    .Transparency = bitmap.Transparency,
@@ -40,22 +40,22 @@ Status PaintContent(const Bitmap& bitmap, std::string_view bytes) noexcept {
                                    .ScaledSize = bitmap.ScaledSize};
   if (bitmap.ContentHOOK == kIFrameHook) {
     BitmapOwner frame;
-    if (!DecodeIFrame(bytes, frame)) return Status::Refused;
+    if (!DecodeIFrame(bytes, mostNs, frame)) return Status::Refused;
     return PaintPicture(frame, placement);
   }
   Picture picture;
-  if (!ReadPicture(bytes, picture)) return Status::Refused;
+  if (!ReadPicture(bytes, mostNs, picture)) return Status::Refused;
   return PaintPicture(picture.Image, placement);
 }
 
 }  // namespace
 
-Status Draw(Bitmap& bitmap) noexcept {
+Status Draw(Bitmap& bitmap, const PaintingTime& time) noexcept {
   SettleContentHook(bitmap);
   OctetString file;
   std::string_view bytes;
   if (!ReadContent(bitmap, file, bytes)) return Status::Refused;
-  return PaintContent(bitmap, bytes);
+  return PaintContent(bitmap, bytes, time.LeftNs());
 }
 
 }  // namespace korvel

@@ -20,16 +20,16 @@ std::uint64_t LeastPixelBytes(const DibHeader& header) noexcept {
 
 }  // namespace
 
-bool FindBmpPicture(std::string_view file, FilePieces& pieces) noexcept {
+bool FindBmpPicture(std::string_view file, std::uint64_t mostNs, FilePieces& pieces) noexcept {
   FileReader reader(file);
   reader.Skip(10);  // the signature, the size of the file, nothing
   const std::uint32_t pixelsAt = reader.Little32();
   DibHeader header;
   if (!ReadDibHeader(reader, header)) return false;
   header.Height = Magnitude(header.Height);
-  return IsDecodableSize(header.Width, header.Height) && HasKnownCompression(header) &&
-         HasKnownPalette(header) && pixelsAt + LeastPixelBytes(header) <= file.size() &&
-         pieces.Append(file);
+  return IsDecodable(header.Width, header.Height, kDibDecoding, mostNs) &&
+         HasKnownCompression(header) && HasKnownPalette(header) &&
+         pixelsAt + LeastPixelBytes(header) <= file.size() && pieces.Append(file);
 }
 
 }  // namespace korvel

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "presentation/file_reader.h"
+#include "presentation/picture_limits.h"
 
 namespace korvel {
 
@@ -23,6 +24,8 @@ struct DibHeader {
   std::uint32_t Compression = kNotCompressed;
   std::uint32_t Colours = 0;  // in the palette; 0 is all that the bits allow
 };
+
+inline constexpr DecodingTime kDibDecoding{.PerPixel = 8};
 
 inline constexpr std::uint32_t kOldestDibHeaderBytes = 12;  // its numbers have 16 bits
 inline constexpr std::uint32_t kDibHeaderBytes = 40;        // what all later ones begin with

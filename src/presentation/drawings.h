@@ -5,11 +5,13 @@
 
 #include "objects/status.h"
 #include "objects/visibles.h"
+#include "presentation/painting_time.h"
 
 namespace korvel {
 
-// Sets the object's content hook from the application's when it has none.
-Status Draw(Bitmap& bitmap) noexcept;
+// Sets the object's content hook from the application's when it has none. Pictures that could take
+// longer than what is left of the redraw's time are not to be had.
+Status Draw(Bitmap& bitmap, const PaintingTime& time) noexcept;
 Status Draw(const Rectangle& rectangle) noexcept;
 Status Draw(const DynamicLineArt& lineArt) noexcept;
 // HyperText looks the same.

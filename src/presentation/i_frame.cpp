@@ -8,6 +8,7 @@
 #include "objects/octet_string.h"
 #include "presentation/encoder.h"
 #include "presentation/mpeg_file.h"
+#include "presentation/picture_limits.h"
 #include "presentation/temporary_stream.h"
 #include "presentation/yuv.h"
 
@@ -63,9 +64,7 @@ class DecoderLibrary {
   for (std::int32_t row = 0; row < size.Height; ++row) {
     auto* pixels = reinterpret_cast<std::uint32_t*>(static_cast<std::uint8_t*>(data.Scan0) +
                                                     std::ptrdiff_t{row} * data.Stride);
-    for (std::int32_t column = 0; column < size.Width; ++column) {
-      pixels[column] = frame.PixelAt(column, row);
-    }
+    frame.ConvertRow(row, pixels);
   }
   if (!Succeeded(gdip::GdipBitmapUnlockBits(made, &data))) return false;
   image = std::move(made);
@@ -75,9 +74,9 @@ class DecoderLibrary {
 // Decodes the stream, which is what the held file has in it. A decoder that leaves the planes as
 // they were may have wanted the file for itself, and gets it so.
 [[nodiscard]] bool Decode(const char* path, HeldFile& file, std::string_view stream,
-                          BitmapOwner& image) noexcept {
+                          std::uint64_t mostNs, BitmapOwner& image) noexcept {
   FrameSize size;
-  if (!FindFrameSize(stream, size)) return false;
+  if (!FindFrameSize(stream, mostNs, size)) return false;
   const PlanarFrame frame(size);
   if (frame.Bytes() == nullptr || !DecodePlanes(path, frame)) return false;
   if (frame.IsUntouched()) {
@@ -89,21 +88,22 @@ class DecoderLibrary {
 
 }  // namespace
 
-bool DecodeIFrame(std::string_view stream, BitmapOwner& image) noexcept {
+bool DecodeIFrame(std::string_view stream, std::uint64_t mostNs, BitmapOwner& image) noexcept {
   HeldFile file;
   const char* path = HoldTemporaryStream(stream, file);
-  return path != nullptr && Decode(path, file, stream, image);
+  return path != nullptr && Decode(path, file, stream, mostNs, image);
 }
 
-bool DecodeIFrameFile(const char* path, BitmapOwner& image) noexcept {
+bool DecodeIFrameFile(const char* path, std::uint64_t mostNs, BitmapOwner& image) noexcept {
   HeldFile file;
   OctetString stream;
-  return file.Hold(path) && file.Read(stream) && Decode(path, file, stream.View(), image);
+  return file.Hold(path) && file.Read(stream) && Decode(path, file, stream.View(), mostNs, image);
 }
 
 bool ConvertIFrameToPng(const char* source, const char* target) noexcept {
   BitmapOwner image;
-  return DecodeIFrameFile(source, image) && SaveImage(image, L"image/png", target);
+  return DecodeIFrameFile(source, kLongestPicturesNs, image) &&
+         SaveImage(image, L"image/png", target);
 }
 
 }  // namespace korvel

@@ -22,13 +22,14 @@ std::uint64_t PaletteBytes(const DibHeader& header) noexcept {
 
 // A picture without a header of a file. Below its rows lie those of a mask of one bit for each
 // pixel that tells which ones are seen; the header counts both. 32 bits tell it themselves.
-[[nodiscard]] bool IsWholePicture(std::string_view picture) noexcept {
+[[nodiscard]] bool IsWholePicture(std::string_view picture, std::uint64_t mostNs) noexcept {
   FileReader reader(picture);
   DibHeader header;
   if (!ReadDibHeader(reader, header) || header.Bytes != kDibHeaderBytes) return false;
   const std::uint32_t height = header.Height / 2;
-  if (!IsDecodableSize(header.Width, height) || header.Compression != kNotCompressed ||
-      !HasKnownCompression(header) || !HasKnownPalette(header)) {
+  if (!IsDecodable(header.Width, height, kDibDecoding, mostNs) ||
+      header.Compression != kNotCompressed || !HasKnownCompression(header) ||
+      !HasKnownPalette(header)) {
     return false;
   }
   const std::uint64_t maskRowBytes = header.Bits == 32 ? 0 : DibRowBytes(header.Width, 1);
@@ -38,7 +39,7 @@ std::uint64_t PaletteBytes(const DibHeader& header) noexcept {
 
 }  // namespace
 
-bool FindIcoPicture(std::string_view file, FilePieces& pieces) noexcept {
+bool FindIcoPicture(std::string_view file, std::uint64_t mostNs, FilePieces& pieces) noexcept {
   FileReader reader(file);
   reader.Skip(4);  // the signature
   if (reader.Little16() == 0) return false;
@@ -49,9 +50,10 @@ bool FindIcoPicture(std::string_view file, FilePieces& pieces) noexcept {
   const std::uint32_t place = reader.Little32();
   if (place > file.size()) return false;
   const std::string_view picture = file.substr(place, bytes);
-  if (picture.starts_with(kPngSignature)) return FindPngPicture(picture, pieces);
-  return picture.size() == bytes && IsWholePicture(picture) && pieces.Append(kDirectoryStart) &&
-         pieces.Append(facts) && pieces.Append(kPlace) && pieces.Append(picture);
+  if (picture.starts_with(kPngSignature)) return FindPngPicture(picture, mostNs, pieces);
+  return picture.size() == bytes && IsWholePicture(picture, mostNs) &&
+         pieces.Append(kDirectoryStart) && pieces.Append(facts) && pieces.Append(kPlace) &&
+         pieces.Append(picture);
 }
 
 }  // namespace korvel

@@ -6,6 +6,7 @@
 #include "objects/octet_string.h"
 #include "objects/owned.h"
 #include "presentation/picture.h"
+#include "presentation/picture_limits.h"
 #include "presentation/presentation.h"
 
 namespace korvel {
@@ -63,7 +64,7 @@ std::string_view PictureResource() noexcept {
 [[nodiscard]] NamedPicture* AddPicture(std::string_view name) noexcept {
   NamedPicture picture;
   if (!picture.Name.Assign(name)) return nullptr;
-  static_cast<void>(ReadPicture(PictureResource(), picture.Content));
+  static_cast<void>(ReadPicture(PictureResource(), kLongestPicturesNs, picture.Content));
   return cache->Pictures.Append(std::move(picture));
 }
 

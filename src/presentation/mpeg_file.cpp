@@ -14,6 +14,11 @@ constexpr std::string_view kSequenceHeader("\x00\x00\x01\xB3", 4);
 constexpr std::string_view kExtension("\x00\x00\x01\xB5", 4);
 constexpr int kSequenceExtension = 1;
 
+// What a good decoder and the conversion of its planes take: the largest frame that a sequence
+// header can tell of, of 4095 x 4095 pixels, fits into a redraw.
+constexpr std::uint64_t kPixelNs = 13;
+constexpr std::uint64_t kDataByteNs = 16;
+
 // 0 where the stream has ended.
 int ByteAt(std::string_view stream, std::size_t offset) noexcept {
   return offset < stream.size() ? static_cast<std::uint8_t>(stream[offset]) : 0;
@@ -37,13 +42,14 @@ bool HasLargerFrames(std::string_view stream) noexcept {
 
 }  // namespace
 
-bool FindFrameSize(std::string_view stream, FrameSize& size) noexcept {
+bool FindFrameSize(std::string_view stream, std::uint64_t mostNs, FrameSize& size) noexcept {
   constexpr std::size_t kHeaderAndSize = 7;
   if (stream.size() < kHeaderAndSize || !stream.starts_with(kSequenceHeader)) return false;
   const FrameSize found{.Width = ByteAt(stream, 4) * 16 + (ByteAt(stream, 5) >> 4),
                         .Height = (ByteAt(stream, 5) & 15) * 256 + ByteAt(stream, 6)};
-  if (!IsDecodableSize(static_cast<std::uint64_t>(found.Width),
-                       static_cast<std::uint64_t>(found.Height)) ||
+  if (!IsDecodable(static_cast<std::uint64_t>(found.Width),
+                   static_cast<std::uint64_t>(found.Height),
+                   {.PerPixel = kPixelNs, .ForData = stream.size() * kDataByteNs}, mostNs) ||
       HasLargerFrames(stream)) {
     return false;
   }

@@ -5,14 +5,17 @@
 #include <windows.h>
 
 #include "host/host.h"
+#include "presentation/picture_limits.h"
 
 namespace korvel {
 
 namespace {
 
-// A redraw is to end within a second, and the slowest single object, a picture of the largest size
-// that is decoded in as many scans as it may have, takes nearly half of one.
+// A redraw is to end within a second, and the slowest single object that is not looked at before it
+// is drawn, a text, takes a fifth of one.
 constexpr std::uint64_t kLongestPaintingMs = 500;
+
+constexpr std::uint64_t kNsPerMs = 1'000'000;
 
 // Others hold a file for as long as they take to decode a picture, seldom longer than this.
 constexpr std::uint32_t kMomentMs = 10;
@@ -46,8 +49,16 @@ PaintingTime::PaintingTime() noexcept
 }
 
 bool PaintingTime::IsOver() const noexcept {
-  return GetTickCount64() - clockStartMs_ > kLongestPaintingMs &&
-         ProcessorMs() - processorStartMs_ + waitedMs > kLongestPaintingMs;
+  return GetTickCount64() - clockStartMs_ > kLongestPaintingMs && TakenMs() > kLongestPaintingMs;
+}
+
+std::uint64_t PaintingTime::LeftNs() const noexcept {
+  const std::uint64_t takenNs = TakenMs() * kNsPerMs;
+  return takenNs < kLongestPicturesNs ? kLongestPicturesNs - takenNs : 0;
+}
+
+std::uint64_t PaintingTime::TakenMs() const noexcept {
+  return ProcessorMs() - processorStartMs_ + waitedMs;
 }
 
 bool WaitAMoment() noexcept {

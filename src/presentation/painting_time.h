@@ -14,7 +14,12 @@ class PaintingTime {
   // Whether nothing more is to be drawn: what has been drawn until now is then the picture.
   [[nodiscard]] bool IsOver() const noexcept;
 
+  // The processor time that a picture may still take.
+  [[nodiscard]] std::uint64_t LeftNs() const noexcept;
+
  private:
+  [[nodiscard]] std::uint64_t TakenMs() const noexcept;
+
   std::uint64_t clockStartMs_;
   std::uint64_t processorStartMs_;
 };

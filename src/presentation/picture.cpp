@@ -38,10 +38,10 @@ bool GlobalBlock::Assign(const FilePieces& pieces) noexcept {
   return true;
 }
 
-bool ReadPicture(std::string_view bytes, Picture& picture) noexcept {
+bool ReadPicture(std::string_view bytes, std::uint64_t mostNs, Picture& picture) noexcept {
   Picture read;
   FilePieces pieces;
-  if (!FindPicture(bytes, pieces) || !read.Block.Assign(pieces)) return false;
+  if (!FindPicture(bytes, mostNs, pieces) || !read.Block.Assign(pieces)) return false;
   const BlockStream stream(read.Block);
   if (stream.Get() == nullptr ||
       !Succeeded(gdip::GdipLoadImageFromStream(stream.Get(), read.Image.Slot()))) {

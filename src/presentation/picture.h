@@ -1,6 +1,7 @@
 // A picture read from bytes: what GDI+ made of them, and the memory that it reads from.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 #include <utility>
 
@@ -39,7 +40,8 @@ struct Picture {
 };
 
 // Reads a picture of any of the kinds of picture_file.h. False, and `picture` unchanged, when the
-// bytes are no picture, or one that would take too long to decode.
-[[nodiscard]] bool ReadPicture(std::string_view bytes, Picture& picture) noexcept;
+// bytes are no picture, or one that could take more than `mostNs` nanoseconds to decode and paint.
+[[nodiscard]] bool ReadPicture(std::string_view bytes, std::uint64_t mostNs,
+                               Picture& picture) noexcept;
 
 }  // namespace korvel

@@ -9,7 +9,7 @@ namespace {
 
 struct PictureKind {
   std::string_view Signature;
-  bool (*Find)(std::string_view file, FilePieces& pieces) noexcept;
+  bool (*Find)(std::string_view file, std::uint64_t mostNs, FilePieces& pieces) noexcept;
 };
 
 constexpr PictureKind kKinds[] = {{kPngSignature, FindPngPicture},  {"GIF8", FindGifPicture},
@@ -19,9 +19,9 @@ constexpr PictureKind kKinds[] = {{kPngSignature, FindPngPicture},  {"GIF8", Fin
 
 }  // namespace
 
-bool FindPicture(std::string_view file, FilePieces& pieces) noexcept {
+bool FindPicture(std::string_view file, std::uint64_t mostNs, FilePieces& pieces) noexcept {
   for (const PictureKind& kind : kKinds) {
-    if (file.starts_with(kind.Signature)) return kind.Find(file, pieces);
+    if (file.starts_with(kind.Signature)) return kind.Find(file, mostNs, pieces);
   }
   return false;
 }

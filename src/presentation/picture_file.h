@@ -3,6 +3,7 @@
 // can take a decoder any time, so it is not handed on. Portable.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "objects/sequence.h"
@@ -13,17 +14,24 @@ namespace korvel {
 using FilePieces = Sequence<std::string_view>;
 
 // Finds the pieces of a PNG, GIF, JPEG, BMP, TIFF or ICO file. Of a PNG, GIF or JPEG file that is
-// cut short those that are there. False for any other file, when it claims a size that is not
-// decoded, when it is in more parts than any picture needs, and when memory is out.
-[[nodiscard]] bool FindPicture(std::string_view file, FilePieces& pieces) noexcept;
+// cut short those that are there. False for any other file, when decoding and painting it could
+// take more than `mostNs` nanoseconds of processor time, and when memory is out.
+[[nodiscard]] bool FindPicture(std::string_view file, std::uint64_t mostNs,
+                               FilePieces& pieces) noexcept;
 
 // The same for a file of a certain kind, which is known by the signature that it begins with.
-[[nodiscard]] bool FindPngPicture(std::string_view file, FilePieces& pieces) noexcept;
-[[nodiscard]] bool FindGifPicture(std::string_view file, FilePieces& pieces) noexcept;
-[[nodiscard]] bool FindJpegPicture(std::string_view file, FilePieces& pieces) noexcept;
-[[nodiscard]] bool FindBmpPicture(std::string_view file, FilePieces& pieces) noexcept;
-[[nodiscard]] bool FindTiffPicture(std::string_view file, FilePieces& pieces) noexcept;
-[[nodiscard]] bool FindIcoPicture(std::string_view file, FilePieces& pieces) noexcept;
+[[nodiscard]] bool FindPngPicture(std::string_view file, std::uint64_t mostNs,
+                                  FilePieces& pieces) noexcept;
+[[nodiscard]] bool FindGifPicture(std::string_view file, std::uint64_t mostNs,
+                                  FilePieces& pieces) noexcept;
+[[nodiscard]] bool FindJpegPicture(std::string_view file, std::uint64_t mostNs,
+                                   FilePieces& pieces) noexcept;
+[[nodiscard]] bool FindBmpPicture(std::string_view file, std::uint64_t mostNs,
+                                  FilePieces& pieces) noexcept;
+[[nodiscard]] bool FindTiffPicture(std::string_view file, std::uint64_t mostNs,
+                                   FilePieces& pieces) noexcept;
+[[nodiscard]] bool FindIcoPicture(std::string_view file, std::uint64_t mostNs,
+                                  FilePieces& pieces) noexcept;
 
 // An ICO file may hold a whole PNG file.
 inline constexpr std::string_view kPngSignature = "\x89PNG\r\n\x1A\n";

@@ -10,6 +10,13 @@ namespace {
 constexpr std::size_t kCheckBytes = 4;
 constexpr std::uint32_t kHeaderBytes = 13;
 
+// Decoding takes a nanosecond for each bit of a pixel, and what inflating the data takes.
+constexpr std::uint64_t kInflatingByteNs = 3;
+
+// Decoders take their time for each chunk, whatever is in it. Encoders write the pixels in chunks
+// of 8 kilobytes and more.
+constexpr int kMostChunks = 16'384;
+
 // The number that the four letters of a chunk's name make.
 constexpr std::uint32_t Named(const char (&name)[5]) noexcept {
   std::uint32_t number = 0;
@@ -37,19 +44,36 @@ bool IsOfThePicture(std::uint32_t name) noexcept {
   }
 }
 
+// Of a pixel, by the type of its colour.
+std::uint64_t SamplesOf(std::uint32_t colourType) noexcept {
+  constexpr std::uint32_t kColour = 2;
+  constexpr std::uint32_t kAlpha = 4;
+  switch (colourType) {
+  case kColour: return 3;
+  case kAlpha: return 2;
+  case kColour | kAlpha: return 4;
+  default: return 1;  // grey, or an index into the palette
+  }
+}
+
 // The first chunk must be the header, which begins with the size.
-bool HasDecodableSize(std::string_view file) noexcept {
+bool HasDecodableHeader(std::string_view file, std::uint64_t mostNs) noexcept {
   FileReader reader(file);
   reader.Skip(kPngSignature.size());
   if (reader.Big32() != kHeaderBytes || reader.Big32() != kHeader) return false;
   const std::uint32_t width = reader.Big32();
-  return IsDecodableSize(width, reader.Big32());
+  const std::uint32_t height = reader.Big32();
+  const std::uint64_t sampleBits = reader.Byte();
+  const std::uint64_t samples = SamplesOf(reader.Byte());
+  return IsDecodable(width, height,
+                     {.PerPixel = sampleBits * samples, .ForData = file.size() * kInflatingByteNs},
+                     mostNs);
 }
 
 }  // namespace
 
-bool FindPngPicture(std::string_view file, FilePieces& pieces) noexcept {
-  if (!HasDecodableSize(file)) return false;
+bool FindPngPicture(std::string_view file, std::uint64_t mostNs, FilePieces& pieces) noexcept {
+  if (!HasDecodableHeader(file, mostNs)) return false;
   FileReader reader(file);
   reader.Skip(kPngSignature.size());
   if (!pieces.Append(reader.Since(0))) return false;

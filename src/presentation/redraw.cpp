@@ -28,14 +28,14 @@ struct RedrawState {
 RedrawState state;
 
 // Refused when a picture was to be drawn and could not be had.
-Status DrawVisible(ItemType kind, Ingredient& visible) noexcept {
+Status DrawVisible(ItemType kind, Ingredient& visible, const PaintingTime& time) noexcept {
   if (kind == ItemType::Video) {
     const auto& video = static_cast<const Video&>(visible);
     return visible.RunningStatus ? Draw(video) : StopVideo(video);
   }
   if (!visible.RunningStatus) return Status::Done;
   switch (kind) {
-  case ItemType::Bitmap: return Draw(static_cast<Bitmap&>(visible));
+  case ItemType::Bitmap: return Draw(static_cast<Bitmap&>(visible), time);
   case ItemType::Rectangle: return Draw(static_cast<const Rectangle&>(visible));
   case ItemType::DynamicLineArt: return Draw(static_cast<const DynamicLineArt&>(visible));
   case ItemType::Text:
@@ -59,7 +59,7 @@ Status DrawVisible(ItemType kind, Ingredient& visible) noexcept {
     if (IsClosing()) return false;
     if (time.IsOver()) break;
     if (IsGone(*entry.Visible)) continue;
-    if (DrawVisible(entry.Kind, *entry.Visible) != Status::Refused || IsClosing()) continue;
+    if (DrawVisible(entry.Kind, *entry.Visible, time) != Status::Refused || IsClosing()) continue;
     result = RaiseEvent(application, EventType::EngineEvent, EventData::Integer(kMissingPicture));
     if (result == Status::Failure) return false;
     result = Status::Done;

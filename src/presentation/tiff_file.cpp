@@ -13,8 +13,10 @@ namespace {
 // tiles of 16 x 16 pixels, which are the smallest that encoders write.
 constexpr std::uint64_t kMostParts = 16384;
 
-// Of what is read and what is unpacked from it, which takes up to 10 ms for each megabyte.
-constexpr std::uint64_t kMostBytes = std::uint64_t{64} << 20;
+// For each byte of what is read, and of what is unpacked from it.
+constexpr std::uint64_t kUnpackingByteNs = 6;
+
+constexpr std::uint64_t kPixelNs = 5;
 
 enum Compression : std::uint32_t {
   kNone = 1,
@@ -97,7 +99,8 @@ struct Parts {
 };
 
 // False when there is some of both.
-[[nodiscard]] bool FindParts(const TiffPicture& picture, Parts& parts) noexcept {
+[[nodiscard]] bool FindParts(const TiffPicture& picture, std::uint64_t mostNs,
+                             Parts& parts) noexcept {
   const bool hasStrips = picture.StripPlaces.Count() + picture.StripBytes.Count() > 0;
   const bool hasTiles = picture.TilePlaces.Count() + picture.TileBytes.Count() > 0 ||
                         picture.TileWidth > 0 || picture.TileHeight > 0;
@@ -108,7 +111,7 @@ struct Parts {
     const std::uint32_t rows = std::min(picture.RowsPerStrip, picture.Height);
     parts = {false, picture.Width, rows, picture.StripPlaces, picture.StripBytes};
   }
-  return IsDecodableSize(parts.Width, parts.Height);
+  return IsDecodable(parts.Width, parts.Height, {}, mostNs);
 }
 
 std::uint64_t PartsOfSide(std::uint64_t side, std::uint64_t partSide) noexcept {
@@ -133,9 +136,10 @@ std::uint64_t PartsOfSide(std::uint64_t side, std::uint64_t partSide) noexcept {
 
 // GDI+ asks for one row of pixels after the other, and decoders keep one part: where several lie
 // side by side, each of them is unpacked anew for each of its rows.
-[[nodiscard]] bool HasDecodableParts(const TiffPicture& picture, std::uint64_t fileBytes) noexcept {
+[[nodiscard]] bool HasDecodableParts(const TiffPicture& picture, std::uint64_t fileBytes,
+                                     std::uint64_t mostNs) noexcept {
   Parts parts;
-  if (!FindParts(picture, parts)) return false;
+  if (!FindParts(picture, mostNs, parts)) return false;
   const std::uint64_t across = PartsOfSide(picture.Width, parts.Width);
   const std::uint64_t count = across * PartsOfSide(picture.Height, parts.Height);
   if (count > kMostParts || parts.Places.Count() != count || parts.Bytes.Count() != count) {
@@ -144,17 +148,18 @@ std::uint64_t PartsOfSide(std::uint64_t side, std::uint64_t partSide) noexcept {
   const std::uint64_t pixelBits = std::uint64_t{picture.SamplesPerPixel} * BitsOf(picture);
   const std::uint64_t rowBytes = (parts.Width * pixelBits + 7) / 8;
   std::uint64_t bytes = picture.Compression == kNone ? 0 : rowBytes * parts.Height * count;
-  if (!SumBytes(picture, parts, rowBytes, fileBytes, bytes) || bytes > kMostBytes) return false;
-  return across == 1 || bytes * parts.Height <= kMostBytes;
+  if (!SumBytes(picture, parts, rowBytes, fileBytes, bytes) || bytes > mostNs) return false;
+  const std::uint64_t times = across == 1 ? 1 : parts.Height;
+  return IsDecodable(picture.Width, picture.Height,
+                     {.PerPixel = kPixelNs, .ForData = bytes * times * kUnpackingByteNs}, mostNs);
 }
 
 }  // namespace
 
-bool FindTiffPicture(std::string_view file, FilePieces& pieces) noexcept {
+bool FindTiffPicture(std::string_view file, std::uint64_t mostNs, FilePieces& pieces) noexcept {
   TiffPicture picture;
-  return ReadTiffDirectory(file, picture, pieces) &&
-         IsDecodableSize(picture.Width, picture.Height) && HasKnownCompression(picture) &&
-         HasKnownPixels(picture) && HasDecodableParts(picture, file.size());
+  return ReadTiffDirectory(file, picture, pieces) && HasKnownCompression(picture) &&
+         HasKnownPixels(picture) && HasDecodableParts(picture, file.size(), mostNs);
 }
 
 }  // namespace korvel

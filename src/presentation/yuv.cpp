@@ -9,6 +9,7 @@ namespace {
 
 // A side has 12 bits in a sequence header, and decoders may write whole macroblocks of 16.
 constexpr std::int32_t kLargestSide = 4096;
+constexpr double kBlack = 16;
 constexpr double kChromaZero = 128;
 
 std::size_t Area(std::int32_t width, std::int32_t height) noexcept {
@@ -17,6 +18,16 @@ std::size_t Area(std::int32_t width, std::int32_t height) noexcept {
 
 std::uint32_t Level(double value) noexcept {
   return static_cast<std::uint32_t>(std::clamp(static_cast<int>(value), 0, 255));
+}
+
+std::uint32_t Colour(std::uint8_t y, std::uint8_t u, std::uint8_t v) noexcept {
+  const double luma = 1.164 * (y - kBlack);
+  const double blueness = u - kChromaZero;
+  const double redness = v - kChromaZero;
+  const std::uint32_t red = Level(luma + 1.596 * redness);
+  const std::uint32_t green = Level(luma - 0.813 * redness - 0.391 * blueness);
+  const std::uint32_t blue = Level(luma + 2.018 * blueness);
+  return 0xFF000000 | red << 16 | green << 8 | blue;
 }
 
 }  // namespace
@@ -31,22 +42,19 @@ bool PlanarFrame::IsUntouched() const noexcept {
                      [](std::uint8_t sample) { return sample == 0; });
 }
 
-std::uint32_t PlanarFrame::PixelAt(std::int32_t column, std::int32_t row) const noexcept {
-  const std::size_t lumaSize = Area(size_.Width, size_.Height);
-  const std::size_t chromaSize = Area(size_.Width / 2, size_.Height / 2);
+void PlanarFrame::ConvertRow(std::int32_t row, std::uint32_t* pixels) const noexcept {
+  const std::int32_t chromaWidth = size_.Width / 2;
+  const std::int32_t chromaHeight = size_.Height / 2;
   // The last column and row of an odd size have no chroma of their own.
-  const std::int32_t chromaColumn = std::min(column / 2, std::max(size_.Width / 2 - 1, 0));
-  const std::int32_t chromaRow = std::min(row / 2, std::max(size_.Height / 2 - 1, 0));
-  const std::size_t chroma =
-      Area(chromaRow, size_.Width / 2) + static_cast<std::size_t>(chromaColumn);
-  const double luma =
-      1.164 * (bytes_[Area(row, size_.Width) + static_cast<std::size_t>(column)] - 16.0);
-  const double u = bytes_[lumaSize + chroma] - kChromaZero;
-  const double v = bytes_[lumaSize + chromaSize + chroma] - kChromaZero;
-  const std::uint32_t red = Level(luma + 1.596 * v);
-  const std::uint32_t green = Level(luma - 0.813 * v - 0.391 * u);
-  const std::uint32_t blue = Level(luma + 2.018 * u);
-  return 0xFF000000 | red << 16 | green << 8 | blue;
+  const std::int32_t lastColumn = std::max(chromaWidth - 1, 0);
+  const std::int32_t chromaRow = std::min(row / 2, std::max(chromaHeight - 1, 0));
+  const std::uint8_t* y = bytes_ + Area(row, size_.Width);
+  const std::uint8_t* u = bytes_ + Area(size_.Width, size_.Height) + Area(chromaRow, chromaWidth);
+  const std::uint8_t* v = u + Area(chromaWidth, chromaHeight);
+  for (std::int32_t column = 0; column < size_.Width; ++column) {
+    const std::int32_t chroma = std::min(column / 2, lastColumn);
+    pixels[column] = Colour(y[column], u[chroma], v[chroma]);
+  }
 }
 
 }  // namespace korvel

@@ -31,8 +31,8 @@ class PlanarFrame {
   // Whether the luma samples are all as they were at first. No decoder makes them so: black is 16.
   [[nodiscard]] bool IsUntouched() const noexcept;
 
-  // The opaque colour of a pixel, 0xAARRGGBB.
-  [[nodiscard]] std::uint32_t PixelAt(std::int32_t column, std::int32_t row) const noexcept;
+  // The opaque colours of a row's pixels, 0xAARRGGBB; there is room for all of them.
+  void ConvertRow(std::int32_t row, std::uint32_t* pixels) const noexcept;
 
  private:
   FrameSize size_;

@@ -14,16 +14,15 @@ namespace {
 // The pieces behind one another, as the decoder gets them.
 bool Find(std::string_view file, std::string& found) {
   korvel::FilePieces pieces;
-  if (!korvel::FindPicture(file, pieces)) return false;
+  if (!korvel::FindPicture(file, korvel::kLongestPicturesNs, pieces)) return false;
   for (const std::string_view piece : pieces) found += piece;
   return true;
 }
 
 bool HasSizeBeyondLimits(std::string_view stream) {
   korvel::FrameSize size;
-  return korvel::FindFrameSize(stream, size) &&
-         !korvel::IsDecodableSize(static_cast<std::uint64_t>(size.Width),
-                                  static_cast<std::uint64_t>(size.Height));
+  return korvel::FindFrameSize(stream, korvel::kLongestPicturesNs, size) &&
+         (size.Width < 1 || size.Width > 4095 || size.Height < 1 || size.Height > 4095);
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "presentation/picture_limits.h"
+
 namespace korvel::test {
 
 namespace {
@@ -16,7 +18,7 @@ constexpr std::string_view kPlain = "\x00\x00\x01\xB5\x14\x8A\x00\x01\x00\x00"sv
 
 bool IsSized(const std::string& stream) {
   FrameSize size;
-  return FindFrameSize(stream, size);
+  return FindFrameSize(stream, kLongestPicturesNs, size);
 }
 
 std::string operator+(std::string_view left, std::string_view right) {
@@ -27,10 +29,11 @@ std::string operator+(std::string_view left, std::string_view right) {
 
 TEST(MpegFile, the_size_is_in_the_sequence_header) {
   FrameSize size;
-  ASSERT_TRUE(FindFrameSize(kHeader, size));
+  ASSERT_TRUE(FindFrameSize(kHeader, kLongestPicturesNs, size));
   EXPECT_EQ(size.Width, 720);
   EXPECT_EQ(size.Height, 576);
-  ASSERT_TRUE(FindFrameSize("\x00\x00\x01\xB3\x00\x1F\x01"sv, size)) << "7 bytes are enough";
+  ASSERT_TRUE(FindFrameSize("\x00\x00\x01\xB3\x00\x1F\x01"sv, kLongestPicturesNs, size))
+      << "7 bytes are enough";
   EXPECT_EQ(size.Width, 1);
   EXPECT_EQ(size.Height, 0xF01);
 }
@@ -45,11 +48,24 @@ TEST(MpegFile, what_does_not_begin_with_a_whole_header_has_no_size) {
 
 TEST(MpegFile, a_size_that_is_not_decoded_leaves_the_one_that_was_there) {
   FrameSize size{.Width = 3, .Height = 4};
-  EXPECT_FALSE(FindFrameSize("\x00\x00\x01\xB3\x00\x00\x40"sv, size)) << "no width";
-  EXPECT_FALSE(FindFrameSize("\x00\x00\x01\xB3\x2D\x00\x00"sv, size)) << "no height";
-  EXPECT_FALSE(FindFrameSize("\x00\x00\x01\xB3\xFF\xFF\xFF"sv, size)) << "4095 x 4095";
+  EXPECT_FALSE(FindFrameSize("\x00\x00\x01\xB3\x00\x00\x40"sv, kLongestPicturesNs, size))
+      << "no width";
+  EXPECT_FALSE(FindFrameSize("\x00\x00\x01\xB3\x2D\x00\x00"sv, kLongestPicturesNs, size))
+      << "no height";
   EXPECT_EQ(size.Width, 3);
   EXPECT_EQ(size.Height, 4);
+}
+
+TEST(MpegFile, the_largest_size_of_a_header_is_decoded_where_there_is_time) {
+  constexpr std::string_view kLargest = "\x00\x00\x01\xB3\xFF\xFF\xFF"sv;
+  FrameSize size;
+  ASSERT_TRUE(FindFrameSize(kLargest, kLongestPicturesNs, size));
+  EXPECT_EQ(size.Width, 4095);
+  EXPECT_EQ(size.Height, 4095);
+  EXPECT_TRUE(FindFrameSize(kLargest + std::string(2'000'000, '\0'), kLongestPicturesNs, size));
+  EXPECT_FALSE(FindFrameSize(kLargest, kLongestPicturesNs / 2, size)) << "half of the time";
+  EXPECT_FALSE(FindFrameSize(kLargest + std::string(20'000'000, '\0'), kLongestPicturesNs, size))
+      << "much data";
 }
 
 TEST(MpegFile, an_extension_that_adds_nothing_to_the_size_is_none_to_fear) {

@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "presentation/encoder.h"
+#include "presentation/picture_limits.h"
 #include "windows/presentation/content.h"
 #include "windows/presentation/decoder.h"
 #include "windows/presentation/stage.h"
@@ -130,9 +131,10 @@ TEST_F(DecodedIFrameTest, a_frame_is_converted_to_a_png_file) {
 
 TEST_F(IFrameTest, a_sequence_without_area_or_cut_short_gives_no_image) {
   BitmapOwner image;
-  EXPECT_FALSE(DecodeIFrame(std::string_view("\x00\x00\x01\xB3\x00\x00\x00\x33", 8), image));
-  EXPECT_FALSE(DecodeIFrame(kSequence.substr(0, 6), image));
-  EXPECT_FALSE(DecodeIFrame("", image));
+  EXPECT_FALSE(DecodeIFrame(std::string_view("\x00\x00\x01\xB3\x00\x00\x00\x33", 8),
+                            kLongestPicturesNs, image));
+  EXPECT_FALSE(DecodeIFrame(kSequence.substr(0, 6), kLongestPicturesNs, image));
+  EXPECT_FALSE(DecodeIFrame("", kLongestPicturesNs, image));
   EXPECT_FALSE(ConvertIFrameToPng("no such file", "no target"));
   EXPECT_EQ(image.Get(), nullptr);
 }

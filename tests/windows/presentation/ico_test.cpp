@@ -76,12 +76,14 @@ TEST_F(IcoTest, what_lies_below_is_seen_through_transparent_pixels) {
   EXPECT_NEAR(picture.At(8, 8) & 0xFF, 127, 3);
 }
 
-TEST_F(IcoTest, of_the_largest_size_is_drawn_in_time_and_a_larger_one_is_missing) {
-  const auto height = static_cast<std::uint32_t>(kLargestPicture / 1920);
+TEST_F(IcoTest, far_larger_than_the_scene_is_drawn_in_time_and_a_huge_one_is_missing) {
+  constexpr std::uint32_t height = 2160;
   const std::string colours("\0\xFF\0\0\0\0\0\0", 8);
-  const std::string rows(std::size_t{240} * 2 * (height + 1), '\0');
-  ExpectShown(IcoFile({IcoPicture(1920, height * 2, 1, colours + rows)}), "the largest");
-  ExpectMissing(IcoFile({IcoPicture(1920, height * 2 + 2, 1, colours + rows)}), "a row more");
+  const std::string rows(std::size_t{480} * 2 * height, '\0');
+  ExpectShown(IcoFile({IcoPicture(3840, height * 2, 1, colours + rows)}),
+              "of ultra high definition");
+  const std::string manyRows(std::size_t{7500} * 2 * 1000, '\0');
+  ExpectMissing(IcoFile({IcoPicture(60000, 2000, 1, colours + manyRows)}), "60,000 x 1000");
   ExpectMissing(IcoFile({FlatPng(20000, 20000, kGreen)}), "as a PNG file");
 }
 

@@ -9,7 +9,7 @@ namespace {
 
 struct PictureKind {
   std::string_view Signature;
-  bool (*Find)(std::string_view file, std::uint64_t mostNs, FilePieces& pieces) noexcept;
+  PictureFinder* Find;
 };
 
 constexpr PictureKind kKinds[] = {{kPngSignature, FindPngPicture},  {"GIF8", FindGifPicture},

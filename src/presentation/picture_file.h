@@ -20,18 +20,14 @@ using FilePieces = Sequence<std::string_view>;
                                FilePieces& pieces) noexcept;
 
 // The same for a file of a certain kind, which is known by the signature that it begins with.
-[[nodiscard]] bool FindPngPicture(std::string_view file, std::uint64_t mostNs,
-                                  FilePieces& pieces) noexcept;
-[[nodiscard]] bool FindGifPicture(std::string_view file, std::uint64_t mostNs,
-                                  FilePieces& pieces) noexcept;
-[[nodiscard]] bool FindJpegPicture(std::string_view file, std::uint64_t mostNs,
-                                   FilePieces& pieces) noexcept;
-[[nodiscard]] bool FindBmpPicture(std::string_view file, std::uint64_t mostNs,
-                                  FilePieces& pieces) noexcept;
-[[nodiscard]] bool FindTiffPicture(std::string_view file, std::uint64_t mostNs,
-                                   FilePieces& pieces) noexcept;
-[[nodiscard]] bool FindIcoPicture(std::string_view file, std::uint64_t mostNs,
-                                  FilePieces& pieces) noexcept;
+using PictureFinder = bool(std::string_view file, std::uint64_t mostNs,
+                           FilePieces& pieces) noexcept;
+[[nodiscard]] PictureFinder FindPngPicture;
+[[nodiscard]] PictureFinder FindGifPicture;
+[[nodiscard]] PictureFinder FindJpegPicture;
+[[nodiscard]] PictureFinder FindBmpPicture;
+[[nodiscard]] PictureFinder FindTiffPicture;
+[[nodiscard]] PictureFinder FindIcoPicture;
 
 // An ICO file may hold a whole PNG file.
 inline constexpr std::string_view kPngSignature = "\x89PNG\r\n\x1A\n";

@@ -17,6 +17,7 @@ test:
 # One page with the pictures of all demos and picture tests: build/gallery/index.html.
 gallery: dll mheg
 	@scripts/install-packages.sh run gallery
+	@cmake --build --preset win64 --target clock_decoder
 	@scripts/gallery.sh
 
 # The 64-bit library, and the player with its decoder of I-frames.

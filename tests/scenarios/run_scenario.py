@@ -8,6 +8,8 @@ A scenario is a folder, named after the behaviour that it shows, with
   pixels, expected/, tolerance
                      what must be seen in the pictures (checks.py)
   output             (optional) the lines that the engine prints, in order
+  decoder            (optional) the decoder of I-frames that the player has in place of its own:
+                     the name of one that tests/windows builds
 A scenario without pixels, expected and output, or without the sentence, is an error. To be quick,
 wait for a pixel (`until`) rather than for a time, and for the one that comes last: a scene may be
 shown piece by piece. A busy machine may be late: a scenario that fails is played again with its
@@ -89,11 +91,26 @@ def slowed_script(scenario, factor):
     return "\n".join(lines) + "\n"
 
 
+def player_of(scenario, work, player):
+    """The player, or a copy that finds the scenario's own decoder of I-frames beside itself."""
+    if not (scenario / "decoder").exists():
+        return player
+    programs = pathlib.Path(player).parent
+    decoder = (scenario / "decoder").read_text().strip()
+    copy = work / "player"
+    copy.mkdir(exist_ok=True)
+    shutil.copy(player, copy)
+    shutil.copy(programs / "korvel.dll", copy)
+    shutil.copy(programs.parent / "tests" / decoder / "MenuAPI.dll", copy)
+    return copy / pathlib.Path(player).name
+
+
 def play(scenario, work, tools, factor):
     (work / "script").write_text(slowed_script(scenario, factor))
     for picture in work.glob("*.png"):
         picture.unlink()
-    command = [tools.wine, tools.player, "carousel", "--script", "script", "--verbose"]
+    player = player_of(scenario, work, tools.player)
+    command = [tools.wine, player, "carousel", "--script", "script", "--verbose"]
     limit = dict(os.environ, KORVEL_WINE_LIMIT=str(RUN_LIMIT_S * factor))
     run = subprocess.run(command, cwd=work, capture_output=True, env=limit)
     (work / "output").write_bytes(run.stdout)

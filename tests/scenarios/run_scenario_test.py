@@ -19,6 +19,8 @@ PLAY = 'cp "$(dirname "$0")/red.png" a.png; cp a.png b.png\n'
 
 
 class RunScenario(unittest.TestCase):
+    player = "player"
+
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
@@ -41,7 +43,7 @@ class RunScenario(unittest.TestCase):
     def run_with(self, player, compiler=COMPILE):
         mheg = self.write("mheg", f"#!/bin/sh\n{compiler}\n")
         mheg.chmod(0o755)
-        player = self.write("player", player)
+        player = self.write(self.player, player)
         tools = types.SimpleNamespace(wine="/bin/sh", player=player, mheg=mheg)
         with contextlib.redirect_stdout(io.StringIO()):
             return run_scenario.run(self.scenario, self.work, tools)
@@ -89,6 +91,17 @@ class RunScenario(unittest.TestCase):
         self.assertEqual(self.run_with(PLAY + "echo one\n")["problems"], [])
         wrong = "the engine printed something else than the file 'output'"
         self.assertEqual(self.run_with(PLAY + "echo two\n")["problems"], [wrong])
+
+    def test_player_finds_the_decoder_that_the_scenario_names(self):
+        self.write("red/decoder", "own_decoder\n")
+        for name in ("tests/own_decoder", "bin"):
+            (self.root / name).mkdir(parents=True)
+        self.write("tests/own_decoder/MenuAPI.dll", "decoder")
+        self.write("bin/korvel.dll", "library")
+        self.player = "bin/player"
+        listed = PLAY.replace("/red.png", "/../../red.png") + 'cat "$(dirname "$0")"/*.dll >seen\n'
+        self.assertEqual(self.run_with(listed)["problems"], [])
+        self.assertEqual((self.work / "seen").read_text(), "decoderlibrary")
 
     def test_pictures_of_an_earlier_run_do_not_count(self):
         self.run_with(PLAY)

@@ -97,7 +97,7 @@ def player_of(scenario, work, player):
         return player
     programs = pathlib.Path(player).parent
     decoder = (scenario / "decoder").read_text().strip()
-    copy = work / "player"
+    copy = (work / "player").resolve()  # it is not started from here
     copy.mkdir(exist_ok=True)
     shutil.copy(player, copy)
     shutil.copy(programs / "korvel.dll", copy)

@@ -324,7 +324,7 @@ TEST(TiffFile, tiles_side_by_side_are_unpacked_for_each_of_their_rows) {
   EXPECT_TRUE(IsFound(Greys(TiledTiff(720, 576, 720, 576, {"packed"}), 1)));
   EXPECT_FALSE(IsFound(Greys(TiledTiff(720, 576, 360, 576, {"packed"}), 2)));
   EXPECT_FALSE(IsFound(Greys(TiledTiff(8, 8, 1, 1'000'000, {"packed"}), 8)));
-  TiffFile packed = Greys(TiledTiff(720, 576, 96, 96, {std::string(96 * 96, 'a')}), 8 * 6);
+  TiffFile packed = Greys(TiledTiff(720, 576, 64, 64, {std::string(64 * 64, 'a')}), 12 * 9);
   EXPECT_FALSE(IsFound(packed));
   EXPECT_TRUE(IsFound(With(packed, tiff_tag::kCompression, TiffType::Short, {1})));
   TiffFile enormous = Greys(TiledTiff(8, 8, 0x80000000, 0x80000000, {"packed"}), 1);

@@ -1,18 +1,23 @@
 # The short front of the CMake presets. Each target installs the Debian packages that it needs and
-# that are missing, builds, and does its job. Products: build/<preset>/bin/.
-.PHONY: play test gallery dll mheg demos fuzz check format
+# that are missing, builds no more than it needs, and does its job: any of them may be the first
+# command on a machine (scripts/fresh-machine.sh). Products: build/<preset>/bin/.
+.PHONY: play test test-elsewhere gallery dll mheg demos fuzz check format
 
 # Plays the demo that DEMO names (welcome, quiz, clock): in a window where there is a display, else
 # into screenshots.
 play: dll demos
-	@scripts/install-packages.sh run
+	@scripts/install-packages.sh run display
 	@scripts/play.sh $(or $(DEMO),welcome)
 
 # All tests: those of speed, native ones under the sanitizers, a minute of fuzzing each reader,
 # Windows ones under Wine, scenarios, checks.
 test:
-	@scripts/install-packages.sh native windows run test fuzz check
+	@scripts/install-packages.sh native windows run gallery test fuzz format tidy
 	@scripts/run-tests.sh native native-asan fuzz win64 win32
+
+# The Windows tests with the 32-bit products, and under a newer Wine. Needs root.
+test-elsewhere:
+	@scripts/test-elsewhere.sh
 
 # One page with the pictures of all demos and picture tests: build/gallery/index.html.
 gallery: dll mheg
@@ -45,7 +50,7 @@ fuzz:
 
 # Layout, clang-tidy, and every header by itself.
 check:
-	@scripts/install-packages.sh native windows test check
+	@scripts/install-packages.sh native windows format tidy
 	@scripts/check-format.sh
 	@for preset in native-asan win64; do \
 	  cmake --preset $$preset >/dev/null && \
@@ -54,5 +59,5 @@ check:
 	done
 
 format:
-	@scripts/install-packages.sh check
+	@scripts/install-packages.sh format
 	@scripts/check-format.sh --fix

@@ -9,6 +9,11 @@ target_include_directories(korvel_options INTERFACE
 if(WIN32)
   target_compile_definitions(korvel_options INTERFACE
     WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
+  # As on 64 bits: the older floating-point unit rounds differently, and the picture of a scene must
+  # not depend on that.
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    target_compile_options(korvel_options INTERFACE -msse2 -mfpmath=sse)
+  endif()
 endif()
 
 # files_in(<variable> <pattern> <folder>...): the files of that pattern directly in these folders.

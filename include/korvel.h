@@ -65,8 +65,8 @@ typedef struct MHEG5HostTable {
   /* Slot 6: reads a file of the broadcast file system. The path is relative to its root, 8-bit,
    * ends with a zero and may separate folders with '\\' or with '/'. On success the host stores
    * the address of a buffer of its own and the number of its bytes, and keeps the buffer until
-   * FreeBuffer. `size` is null where the engine only asks whether the file is there; a buffer
-   * stored then is given back all the same. On any other answer nothing is given back. */
+   * FreeBuffer. `size` is null when the engine only asks whether the file is there; FreeBuffer
+   * follows a success all the same. It does not follow any other answer. */
   uint32_t(KORVEL_CALL* ReadFile)(MHEG5Host* host, const char* path, void** data, uint32_t* size);
 
   /* Slot 7: gives a buffer of ReadFile back, exactly once for each success. */
@@ -87,14 +87,15 @@ typedef struct MHEG5HostTable {
 
 /* Starts the engine, which opens its window, looks for the start-up application and runs on
  * threads of its own. Returns 0 without waiting for any of that. Returns 1, with nothing called
- * and nothing kept, if `host` is null, if an engine lives or is still closing, or if the thread
- * cannot be made. `hostWindow` receives kMHEG5ClosedMessage; it may be null. An application that
- * cannot be found is no failure here: the engine says so in its window and waits to be closed. */
+ * and nothing kept, if `host` or its table is null, if a function that the engine calls is missing,
+ * if an engine lives or is still closing, or if the thread cannot be made. `hostWindow` receives
+ * kMHEG5ClosedMessage; it may be null. An application that cannot be found is no failure here: the
+ * engine says so in its window and waits to be closed. */
 uint32_t KORVEL_CALL RunMHEG5Window(MHEG5Host* host, HWND hostWindow);
 
 /* Asks the engine to close and returns 0 at once. Does nothing while no engine lives or while its
- * window does not exist yet: a host that must close at that moment asks again. The close takes no
- * longer than one wait for a file (500 ms) and one call of the host object. */
+ * window does not exist yet: a host that must close at that moment asks again. The close takes at
+ * most a second and one call of the host object. */
 uint32_t KORVEL_CALL ExitMHEG5(void);
 
 /* The same request as ExitMHEG5, except that it does not look whether the window exists yet; made

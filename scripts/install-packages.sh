@@ -1,25 +1,27 @@
 #!/bin/sh
 # Installs the Debian packages that a task needs and that are missing, saying which. Quick when
-# nothing is missing. Usage: install-packages.sh native|windows|run|test|gallery|fuzz|check ...
+# nothing is missing. Usage: install-packages.sh TASK ..., with the tasks below.
 set -eu
 
 packages=""
 for task; do
   case $task in
     native) packages="$packages g++ cmake ninja-build libcli11-dev" ;;
-    windows) packages="$packages g++-mingw-w64-x86-64-posix libcli11-dev cmake ninja-build g++" ;;
-    run) packages="$packages wine wine64 xvfb xauth fonts-liberation" ;;
-    test) packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest openssl ffmpeg
-      python3 python3-pil python3-numpy python3-jinja2" ;;
+    windows) packages="$packages g++-mingw-w64-x86-64-posix cmake ninja-build libcli11-dev" ;;
+    run) packages="$packages wine wine64 fonts-liberation" ;;
+    display) packages="$packages xvfb xauth" ;;
     gallery) packages="$packages python3 python3-pil python3-numpy python3-jinja2" ;;
+    test) packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest openssl ffmpeg" ;;
     fuzz) packages="$packages clang libclang-rt-dev cmake ninja-build" ;;
-    check) packages="$packages clang-format clang-tidy clang-tools" ;;
+    format) packages="$packages clang-format" ;;
+    tidy) packages="$packages clang-tidy" ;;
+    fresh) packages="$packages debootstrap git" ;;
     *) echo "$0: no such task: $task" >&2; exit 2 ;;
   esac
 done
 
 missing=""
-for package in $packages; do
+for package in $(printf '%s\n' $packages | sort -u); do
   status=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) || status=absent
   [ "$status" = installed ] || missing="$missing $package"
 done
@@ -28,6 +30,7 @@ done
 as_root=""
 [ "$(id -u)" -eq 0 ] || as_root="sudo"
 echo "Installing packages:$missing"
-$as_root apt-get update -q
+$as_root apt-get update -q ||
+  echo "$0: apt-get update failed for some source; the packages may be found all the same" >&2
 $as_root env DEBIAN_FRONTEND=noninteractive \
   apt-get install -q -y --no-install-recommends $missing

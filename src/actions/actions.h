@@ -11,15 +11,6 @@
 
 namespace korvel {
 
-// Which group is searched first when a reference is resolved. The numbers are those of the design.
-enum class Scope : std::uint8_t { SceneFirst = 0, ApplicationFirst = 1 };
-
-// The holder of an action list: the list, and the group whose end ends the list.
-struct ActionHolder {
-  const ActionList* Actions = nullptr;
-  Group* Holder = nullptr;
-};
-
 // Runs an action list. `groupName` is the group that references without a group identifier mean; it
 // is copied, so it may belong to a group that the actions end. The integer is reserved. Returns
 // Done; Refused when an unknown action number was met (the rest has run); Failure when a behaviour,
@@ -44,6 +35,10 @@ Status RunIngredient(ItemType type, Ingredient& ingredient) noexcept;
 
 // What the Stop action does: deactivates and raises IsStopped if that changed something.
 Status StopIngredient(ItemType type, Ingredient& ingredient) noexcept;
+
+// Stops a running ingredient without an event: it no longer runs, and its highlight and interaction
+// end. A visible keeps its place in the display stack.
+void StopSilently(ItemType type, Ingredient& ingredient) noexcept;
 
 // Sets a variable's value. Refused, with the value as it was, while the variable is not available.
 Status SetValue(BooleanVariable& variable, bool value) noexcept;

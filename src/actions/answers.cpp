@@ -4,9 +4,6 @@
 #include <cstdio>
 #include <utility>
 
-#include "actions/class_variables.h"
-#include "presentation/presentation.h"
-
 namespace korvel {
 namespace {
 
@@ -34,11 +31,6 @@ Status RaiseEngineEvent(std::int32_t number) noexcept {
   const Status status =
       RaiseEvent(*application, EventType::EngineEvent, EventData::Integer(number));
   return status == Status::Failure ? Status::Failure : Status::Done;
-}
-
-Status RequestRedraw() noexcept {
-  if (CurrentClassVariables().layoutsInProgress > 0) return Status::Done;
-  return Redraw() == Status::Failure ? Status::Failure : Status::Done;
 }
 
 Status RedrawIfRunning(const Ingredient& object) noexcept {

@@ -17,9 +17,6 @@ Status RaiseFrom(const Ingredient& object, EventType type, EventData data = {}) 
 // Raises an EngineEvent of the running application. Failure has to be handed up.
 Status RaiseEngineEvent(std::int32_t number) noexcept;
 
-// Asks for a redraw, unless a list group is placing its items. Failure has to be handed up.
-Status RequestRedraw() noexcept;
-
 // Asks for a redraw when the object is running. Failure and Replaced have to be handed up, as for
 // RaiseFrom.
 Status RedrawIfRunning(const Ingredient& object) noexcept;

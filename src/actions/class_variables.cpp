@@ -5,16 +5,12 @@
 #include <new>
 
 #include "actions/actions.h"
-#include "engine/engine.h"
 
 namespace korvel {
 namespace {
 
-void ForgetIfIn(const Group& group, OptionalReference& kept) noexcept {
-  if (kept.IsPresent && WithoutTilde(kept.Reference.GroupIdentifier.View()) ==
-                            WithoutTilde(group.Reference.GroupIdentifier.View())) {
-    kept = {};
-  }
+void ForgetIfIn(const Group& group, FoundObject& kept) noexcept {
+  if (kept && kept.As<Ingredient>().owner == &group) kept = {};
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "actions/answers.h"
 #include "actions/behaviours.h"
+#include "actions/interaction.h"
 #include "actions/lifecycle.h"
 
 namespace korvel {
@@ -21,11 +22,11 @@ Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& n
   return status;
 }
 
-// What the action says about the new content. A content reference variable only names it: what it
-// names is fetched for the object, not for the variable.
+// What the action says about the new content. A content reference variable is loaded first, as by
+// every reading; the object is given its path.
 Status ReadContent(const Arguments& arguments, ContentBody& content) noexcept {
   GenericValue value;
-  Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::LeaveOut, value);
+  Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::Fetch, value);
   if (status != Status::Done) return status;
   content.IsReferenced = value.Kind == ValueKind::ContentReference;
   if (!content.IsReferenced && value.Kind != ValueKind::OctetString) return Status::Refused;
@@ -68,9 +69,9 @@ Status SetData(const Arguments& arguments) noexcept {
   auto& target = arguments.Target.As<Ingredient>();
   target.Content = std::move(content);
   switch (arguments.Target.Type) {
+  case ItemType::HyperText: ForgetChosenAnchor(arguments.Target.As<HyperText>()); [[fallthrough]];
   case ItemType::Text:
-  case ItemType::EntryField:
-  case ItemType::HyperText: return ShowText(arguments.Target.As<Text>());
+  case ItemType::EntryField: return ShowText(arguments.Target.As<Text>());
   case ItemType::Bitmap: return RedrawIfRunning(target);
   default: return Status::Done;
   }

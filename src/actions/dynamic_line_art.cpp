@@ -8,7 +8,8 @@
 
 #include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "presentation/presentation.h"
+#include "appearance/colours.h"
+#include "platform/canvases.h"
 
 namespace korvel {
 namespace {
@@ -23,28 +24,28 @@ constexpr std::int32_t Narrow(std::int64_t number) noexcept {
   return static_cast<std::int32_t>(std::clamp(number, kLeast, kMost));
 }
 
-// How far the border pushes the drawable area, and with it the origin of what content draws, into
-// the box.
-std::int64_t BorderOf(const DynamicLineArt& lineArt) noexcept {
-  return lineArt.BorderedBoundingBox ? std::max(lineArt.LineWidth, 0) : 0;
+// How far a border of that line width pushes the drawable area, and with it the origin of what
+// content draws, into the box.
+std::int64_t BorderOf(const DynamicLineArt& lineArt, std::int32_t lineWidth) noexcept {
+  return lineArt.BorderedBoundingBox ? std::max(lineWidth, 0) : 0;
 }
 
 CanvasPoint PointOf(const DynamicLineArt& lineArt, std::int32_t x, std::int32_t y) noexcept {
-  const std::int64_t border = BorderOf(lineArt);
+  const std::int64_t border = BorderOf(lineArt, lineArt.LineWidth);
   return {Narrow(x - border), Narrow(y - border)};
 }
 
 LineAttributes LineOf(const DynamicLineArt& lineArt) noexcept {
-  return {lineArt.LineWidth, lineArt.LineStyle, LineColourOf(lineArt)};
+  return {lineArt.LineWidth, lineArt.LineStyle, LineColourOf(lineArt, CurrentGroups())};
 }
 
-// The canvas, made when it is first drawn on, and limited to the drawable area inside of a border.
-// It keeps its size when the box changes.
-Canvas* CanvasOf(DynamicLineArt& lineArt) noexcept {
+// The canvas, made when it is first drawn on, and limited to the drawable area inside of a border
+// of that line width. It keeps its size when the box changes.
+Canvas* CanvasOf(DynamicLineArt& lineArt, std::int32_t lineWidth) noexcept {
   const BoxSize& size = lineArt.BoxSize;
   if (lineArt.Canvas == nullptr) lineArt.Canvas = NewCanvas(size.Width, size.Height);
   if (!lineArt.BorderedBoundingBox) return lineArt.Canvas;
-  const std::int64_t borders = 2 * BorderOf(lineArt);
+  const std::int64_t borders = 2 * BorderOf(lineArt, lineWidth);
   (void)ClipCanvas(Narrow(size.Width - borders), Narrow(size.Height - borders), lineArt.Canvas);
   return lineArt.Canvas;
 }
@@ -54,13 +55,14 @@ template <class Paint>
 Status Painted(const Arguments& arguments, Paint&& paint) noexcept {
   DynamicLineArt& lineArt = TargetOf(arguments);
   if (!lineArt.AvailabilityStatus || !lineArt.RunningStatus) return Status::Refused;
-  (void)paint(lineArt, CanvasOf(lineArt));
+  (void)paint(lineArt, CanvasOf(lineArt, lineArt.LineWidth));
   return RedrawIfRunning(lineArt);
 }
 
 Status PaintArc(const Arguments& arguments, ArcForm form) noexcept {
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
-    const DrawnColour fill = form == ArcForm::Sector ? FillColourOf(lineArt) : kTransparentColour;
+    const DrawnColour fill =
+        form == ArcForm::Sector ? FillColourOf(lineArt, CurrentGroups()) : kTransparentColour;
     return CanvasArc(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
                      arguments.Integer(2), arguments.Integer(3), arguments.Integer(4),
                      arguments.Integer(5), LineOf(lineArt), fill, form, canvas);
@@ -92,18 +94,19 @@ Status PaintPolygon(const Arguments& arguments) noexcept {
   if (status != Status::Done) return status;
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
     return CanvasPolygon(std::span(points.begin(), points.Size()), LineOf(lineArt),
-                         FillColourOf(lineArt), canvas);
+                         FillColourOf(lineArt, CurrentGroups()), canvas);
   });
 }
 
 }  // namespace
 
-// The whole canvas becomes blank, in the fill colour that the content gave; the current colours
-// stay as they are.
+// The whole canvas becomes blank, with the fill colour and the line width that the content gave;
+// the current attributes stay as they are.
 Status ClearDrawing(const Arguments& arguments) noexcept {
   DynamicLineArt& lineArt = TargetOf(arguments);
   if (!lineArt.AvailabilityStatus) return Status::Refused;
-  (void)ClearCanvas(OriginalFillColourOf(lineArt), CanvasOf(lineArt));
+  (void)ClearCanvas(OriginalFillColourOf(lineArt, CurrentGroups()),
+                    CanvasOf(lineArt, lineArt.OriginalLineWidth));
   return RedrawIfRunning(lineArt);
 }
 
@@ -125,14 +128,15 @@ Status DrawRectangle(const Arguments& arguments) noexcept {
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
     return CanvasRectangle(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
                            PointOf(lineArt, arguments.Integer(2), arguments.Integer(3)),
-                           LineOf(lineArt), FillColourOf(lineArt), canvas);
+                           LineOf(lineArt), FillColourOf(lineArt, CurrentGroups()), canvas);
   });
 }
 
 Status DrawOval(const Arguments& arguments) noexcept {
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
     return CanvasOval(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
-                      arguments.Integer(2), arguments.Integer(3), FillColourOf(lineArt), canvas);
+                      arguments.Integer(2), arguments.Integer(3),
+                      FillColourOf(lineArt, CurrentGroups()), canvas);
   });
 }
 

@@ -1,4 +1,5 @@
 // Entry fields: the entry point, the overwrite mode, and what the viewer's keys enter.
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -32,33 +33,35 @@ std::size_t PlaceInText(const EntryField& field) noexcept {
   return EntryPlace(field) < length ? EntryPlace(field) : length;
 }
 
-// Adds zero bytes until the text is `length` long. False when memory is out.
-bool Pad(OctetString& text, std::size_t length) noexcept {
-  constexpr char kZeros[64] = {};
-  while (text.Length() < length) {
-    const std::size_t missing = length - text.Length();
-    if (!text.Append({kZeros, missing < sizeof kZeros ? missing : sizeof kZeros})) return false;
-  }
+// The text with the character at `place`, after as many zero bytes as it lies beyond the end, in
+// place of `replaced` bytes (0 or 1). One allocation: the place may be millions of bytes away.
+// False when memory is out.
+bool MakeText(std::string_view text, std::size_t place, std::size_t replaced, char character,
+              OctetString& made) noexcept {
+  if (place >= kLongestText) return false;
+  const std::string_view before = text.substr(0, place);
+  const std::size_t next = place + replaced;
+  const std::string_view after = next < text.size() ? text.substr(next) : std::string_view{};
+  if (!made.AssignZeros(place + 1 + after.size())) return false;
+  char* bytes = made.MutableBytes();
+  std::copy(before.begin(), before.end(), bytes);
+  bytes[place] = character;
+  std::copy(after.begin(), after.end(), bytes + place + 1);
   return true;
 }
 
 // Writes the character at `place` in place of `replaced` bytes (0 or 1) and moves the entry point
-// behind it.
+// after it.
 Status Write(EntryField& field, std::size_t place, std::size_t replaced, char character) noexcept {
   const std::string_view text = field.TextData.View();
-  const std::string_view before = text.substr(0, place < text.size() ? place : text.size());
-  const std::size_t behind = place + replaced;
-  OctetString grown;
-  const bool isWritten = place < kLongestText && grown.Assign(before) && Pad(grown, place) &&
-                         grown.Append({&character, 1}) &&
-                         (behind >= text.size() || grown.Append(text.substr(behind)));
-  if (!isWritten) {
+  OctetString made;
+  if (!MakeText(text, place, replaced, character, made)) {
     std::fputs(text.empty() ? "Can't allocate memory for TextData\n"
                             : "Can't allocate memory for NewStr\n",
                stdout);
     return Status::Failure;
   }
-  field.TextData = std::move(grown);
+  field.TextData = std::move(made);
   field.EntryPoint = static_cast<std::int32_t>(place + 1);
   return RedrawIfRunning(field);
 }

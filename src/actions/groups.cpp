@@ -32,8 +32,9 @@ bool TakeGroupNameOrReference(const Asker& asker, const GenericValue& target,
 }  // namespace
 
 Status LaunchTarget(const Arguments& arguments, const GenericValue& target) noexcept {
+  // A variable of another class gives the empty name, which no file has.
   OctetString name;
-  if (!TakeGroupName(arguments, target, name)) return Status::Refused;
+  static_cast<void>(TakeGroupName(arguments, target, name));
   ++CurrentGenerations().Application;
   // Whatever the launch achieved, the list does not go on.
   return Launch(name.View()) == Status::Failure ? Status::Failure : Status::Replaced;
@@ -94,7 +95,7 @@ Status SendEvent(const Arguments& arguments) noexcept {
   if (const GenericValue* given = arguments.Given->At(2); given != nullptr) {
     GenericValue value;
     const Status status = ReadValue(arguments, *given, ContentLoading::Fetch, value);
-    if (status == Status::Failure) return status;
+    if (status != Status::Done) return status;
     data.Kind = value.Kind;
     data.Value =
         value.Kind == ValueKind::Boolean ? static_cast<std::int32_t>(value.Boolean) : value.Integer;

@@ -67,6 +67,10 @@ Status FireChosenAnchor(HyperText& text) noexcept {
 
 }  // namespace
 
+void ForgetChosenAnchor(const HyperText& text) noexcept {
+  if (text.InteractionStatus) CurrentClassVariables().chosenAnchor = 0;
+}
+
 bool TakeKey(HyperText& text, std::int32_t key, Status& result) noexcept {
   switch (key) {
   case keys::kUp:

@@ -2,8 +2,6 @@
 // progress at a time in the whole engine; keys go to it first.
 #include "actions/interaction.h"
 
-#include <utility>
-
 #include "actions/answers.h"
 #include "actions/behaviours.h"
 #include "actions/class_variables.h"
@@ -12,89 +10,90 @@
 namespace korvel {
 namespace {
 
-// What the three classes share. Only for the classes that the actions of this file accept.
-Interactible& InteractibleOf(const FoundObject& object) noexcept {
-  switch (object.Type) {
-  case ItemType::EntryField: return object.As<EntryField>();
-  case ItemType::HyperText: return object.As<HyperText>();
-  default: return object.As<Slider>();
-  }
+void ForgetIf(const Ingredient& object, FoundObject& kept) noexcept {
+  if (kept.Object == &object) kept = {};
 }
 
-bool IsKept(const OptionalReference& kept, const Ingredient& object) noexcept {
-  return kept.IsPresent && kept.Reference.Number == object.Reference.Number &&
-         kept.Reference.GroupIdentifier.View() == object.Reference.GroupIdentifier.View();
+Status SwitchHighlightOn(const FoundObject& object) noexcept {
+  const Status status = RaiseFrom(object.As<Ingredient>(), EventType::HighlightOn);
+  if (status == Status::Done) CurrentClassVariables().HighlightedObject = object;
+  return status;
 }
 
-Status Keep(const Ingredient& object, OptionalReference& kept) noexcept {
-  ObjectReference reference;
-  if (!Copy(object.Reference, reference)) return Status::Failure;
-  kept.Reference = std::move(reference);
-  kept.IsPresent = true;
-  return Status::Done;
+Status SwitchHighlightOff(const FoundObject& object) noexcept {
+  const auto& ingredient = object.As<Ingredient>();
+  const Status status = RaiseFrom(ingredient, EventType::HighlightOff);
+  if (status == Status::Done) ForgetIf(ingredient, CurrentClassVariables().HighlightedObject);
+  return status;
 }
 
-Status SwitchHighlightOn(Ingredient& object) noexcept {
-  const Status status = RaiseFrom(object, EventType::HighlightOn);
-  if (status != Status::Done) return status;
-  return Keep(object, CurrentClassVariables().HighlightedObject);
-}
-
-Status SwitchHighlightOff(Ingredient& object) noexcept {
-  const Status status = RaiseFrom(object, EventType::HighlightOff);
-  if (status != Status::Done) return status;
-  OptionalReference& kept = CurrentClassVariables().HighlightedObject;
-  if (IsKept(kept, object)) kept = {};
-  return Status::Done;
+// The target of an action of this file, which accepts those three classes only.
+Interactible& TargetOf(const Arguments& arguments) noexcept {
+  return *InteractibleOf(arguments.Target);
 }
 
 }  // namespace
 
+Interactible* InteractibleOf(const FoundObject& object) noexcept {
+  switch (object.Type) {
+  case ItemType::EntryField: return &object.As<EntryField>();
+  case ItemType::HyperText: return &object.As<HyperText>();
+  case ItemType::Slider: return &object.As<Slider>();
+  default: return nullptr;
+  }
+}
+
 Status SetHighlightStatus(const Arguments& arguments) noexcept {
-  auto& object = arguments.Target.As<Ingredient>();
-  Interactible& interactible = InteractibleOf(arguments.Target);
+  const auto& object = arguments.Target.As<Ingredient>();
+  Interactible& interactible = TargetOf(arguments);
   const bool isOn = arguments.Boolean(0);
   if (!object.AvailabilityStatus || interactible.HighlightStatus == isOn) return Status::Refused;
   interactible.HighlightStatus = isOn;
-  return isOn ? SwitchHighlightOn(object) : SwitchHighlightOff(object);
+  return isOn ? SwitchHighlightOn(arguments.Target) : SwitchHighlightOff(arguments.Target);
 }
 
 Status GetHighlightStatus(const Arguments& arguments) noexcept {
   if (!arguments.Target.Object->AvailabilityStatus) return Status::Refused;
-  return AnswerBoolean(arguments, 0, InteractibleOf(arguments.Target).HighlightStatus);
+  return AnswerBoolean(arguments, 0, TargetOf(arguments).HighlightStatus);
 }
 
 // Only the viewer ends an interaction, or the object's own stop: setting false does nothing.
 Status SetInteractionStatus(const Arguments& arguments) noexcept {
-  auto& object = arguments.Target.As<Ingredient>();
-  OptionalReference& inProgress = CurrentClassVariables().InteractingObject;
-  const bool canStart = object.AvailabilityStatus && object.RunningStatus && !inProgress.IsPresent;
+  const auto& object = arguments.Target.As<Ingredient>();
+  FoundObject& inProgress = CurrentClassVariables().InteractingObject;
+  const bool canStart = object.AvailabilityStatus && object.RunningStatus && !inProgress;
   if (!arguments.Boolean(0) || !canStart) return Status::Refused;
-  if (Keep(object, inProgress) == Status::Failure) return Status::Failure;
+  inProgress = arguments.Target;
   CurrentClassVariables().chosenAnchor = 0;
-  InteractibleOf(arguments.Target).InteractionStatus = true;
+  TargetOf(arguments).InteractionStatus = true;
   return Status::Done;
 }
 
 Status GetInteractionStatus(const Arguments& arguments) noexcept {
   if (!arguments.Target.Object->AvailabilityStatus) return Status::Refused;
-  return AnswerBoolean(arguments, 0, InteractibleOf(arguments.Target).InteractionStatus);
+  return AnswerBoolean(arguments, 0, TargetOf(arguments).InteractionStatus);
 }
 
 Status EndInteraction(Ingredient& object, Interactible& interactible) noexcept {
   if (!interactible.InteractionStatus) return Status::Done;
   interactible.InteractionStatus = false;
-  OptionalReference& inProgress = CurrentClassVariables().InteractingObject;
-  if (IsKept(inProgress, object)) inProgress = {};
+  ForgetIf(object, CurrentClassVariables().InteractingObject);
   return RaiseFrom(object, EventType::InteractionCompleted);
 }
 
+void StopSilently(ItemType type, Ingredient& ingredient) noexcept {
+  if (!ingredient.RunningStatus) return;
+  ingredient.RunningStatus = false;
+  Interactible* interactible = InteractibleOf({type, &ingredient});
+  if (interactible == nullptr) return;
+  interactible->HighlightStatus = false;
+  interactible->InteractionStatus = false;
+  ForgetIf(ingredient, CurrentClassVariables().HighlightedObject);
+  ForgetIf(ingredient, CurrentClassVariables().InteractingObject);
+}
+
 bool TakeInteractionKey(std::int32_t key, Status& result) noexcept {
-  const OptionalReference& inProgress = CurrentClassVariables().InteractingObject;
-  if (!inProgress.IsPresent) return false;
-  const FoundObject object =
-      FindObject(Scope::ApplicationFirst, inProgress.Reference.GroupIdentifier.View(),
-                 inProgress.Reference.Number);
+  const FoundObject object = CurrentClassVariables().InteractingObject;
   if (!object || !object.Object->RunningStatus) return false;
   switch (object.Type) {
   case ItemType::EntryField: return TakeKey(object.As<EntryField>(), key, result);

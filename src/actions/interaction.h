@@ -30,4 +30,8 @@ inline constexpr std::int32_t kCancel = 16;
 // Enters one character into an entry field by the rules of its mode and maximum length.
 Status EnterCharacter(EntryField& field, char character) noexcept;
 
+// Goes back to the first anchor, as at the start of an interaction: new data replaces the anchor
+// that the viewer has chosen.
+void ForgetChosenAnchor(const HyperText& text) noexcept;
+
 }  // namespace korvel

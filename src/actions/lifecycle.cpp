@@ -26,21 +26,14 @@ Change ActivateVisible(ItemType type, Ingredient& visible) noexcept {
   return ChangeOf(RequestRedraw());
 }
 
-Status EndInteractionOf(ItemType type, Ingredient& object) noexcept {
-  switch (type) {
-  case ItemType::EntryField: return EndInteraction(object, static_cast<EntryField&>(object));
-  case ItemType::HyperText: return EndInteraction(object, static_cast<HyperText&>(object));
-  case ItemType::Slider: return EndInteraction(object, static_cast<Slider&>(object));
-  default: return Status::Done;
-  }
-}
-
 Change DeactivateVisible(ItemType type, Ingredient& visible) noexcept {
   visible.RunningStatus = false;
   LeaveDisplayStack(type, visible);
   if (RequestRedraw() == Status::Failure) return Change::Failure;
   if (IsGone(visible)) return Change::Changed;
-  return ChangeOf(EndInteractionOf(type, visible));
+  Interactible* interactible = InteractibleOf({type, &visible});
+  return interactible == nullptr ? Change::Changed
+                                 : ChangeOf(EndInteraction(visible, *interactible));
 }
 
 Status StartProgram(ItemType type, Program& program) noexcept {

@@ -27,6 +27,10 @@ Change DeactivateListGroup(ListGroup& group) noexcept;
 // and the application is told by EngineEvent 3. Failure has to be handed up.
 Status FetchText(Text& text) noexcept;
 
+// The part of an entry field, hyper text or slider that can be highlighted and interacted with.
+// Null for every other class.
+[[nodiscard]] Interactible* InteractibleOf(const FoundObject& object) noexcept;
+
 // Ends the interaction of an object that stops: clears its flag and raises InteractionCompleted.
 Status EndInteraction(Ingredient& object, Interactible& interactible) noexcept;
 

@@ -5,20 +5,10 @@
 #include <algorithm>
 
 #include "actions/answers.h"
-#include "actions/class_variables.h"
 #include "actions/lifecycle.h"
 
 namespace korvel {
 namespace {
-
-// Holds redraws back while items are placed one by one.
-class HeldRedraws {
- public:
-  HeldRedraws() noexcept { ++CurrentClassVariables().layoutsInProgress; }
-  ~HeldRedraws() { --CurrentClassVariables().layoutsInProgress; }
-  HeldRedraws(const HeldRedraws&) = delete;
-  HeldRedraws& operator=(const HeldRedraws&) = delete;
-};
 
 // The first item to be given a cell. Items before the first one do not exist.
 std::int32_t StartItem(const ListGroup& group) noexcept {
@@ -44,21 +34,24 @@ Status Place(ListGroup& group, ListItem& item, const Position& cell) noexcept {
   return status == Status::Failure ? status : Status::Done;
 }
 
-void WithdrawUnplaced(ListGroup& group) noexcept {
+Status WithdrawUnplaced(ListGroup& group) noexcept {
   const std::int32_t count = ItemCount(group);
   const std::int32_t cells = CellCount(group);
   std::int32_t cell = 1 - StartItem(group);  // the first item's, counted from 0
   for (ListItem& item : group.ItemList) {
+    if (!MayGoOn()) return Status::Failure;
     const std::int32_t wrapped = cell < 0 && group.WrapAround ? cell + count : cell;
     if (wrapped < 0 || wrapped >= cells) Withdraw(group, item);
     ++cell;
   }
+  return Status::Done;
 }
 
 // The list is read anew for each cell: preparing a visible may run actions that change it.
 Status PlaceItems(ListGroup& group) noexcept {
   std::int32_t cell = 1;
   for (const Position& position : group.Positions) {
+    if (!MayGoOn()) return Status::Failure;
     ListItem* item = ItemAt(group, ItemInCell(group, cell++));
     if (item == nullptr) continue;
     const Status status = Place(group, *item, position);
@@ -117,8 +110,8 @@ Status LayOut(ListGroup& group) noexcept {
   if (group.Positions.IsEmpty()) return Status::Done;
   {
     const HeldRedraws held;
-    WithdrawUnplaced(group);
-    const Status status = PlaceItems(group);
+    Status status = WithdrawUnplaced(group);
+    if (status == Status::Done) status = PlaceItems(group);
     if (status != Status::Done) return status;
   }
   return RedrawIfRunning(group);
@@ -128,7 +121,7 @@ void Withdraw(const ListGroup& group, ListItem& item) noexcept {
   item.IsPresented = false;
   const FoundObject found = Find(AskerFor(group), item.AVisible);
   if (!IsVisibleClass(found.Type)) return;
-  found.Object->RunningStatus = false;
+  StopSilently(found.Type, found.As<Ingredient>());
   LeaveDisplayStack(found.Type, found.As<Ingredient>());
 }
 
@@ -145,7 +138,11 @@ Change DeactivateListGroup(ListGroup& group) noexcept {
   const Status status =
       RaiseFrom(group, EventType::TokenMovedFrom, EventData::Integer(group.TokenPosition));
   if (status != Status::Done) return ChangeOf(status);
-  for (ListItem& item : group.ItemList) Withdraw(group, item);
+  if (group.RunningStatus) return Change::Nothing;  // a link of the event has run it again
+  for (ListItem& item : group.ItemList) {
+    if (!MayGoOn()) return Change::Failure;
+    Withdraw(group, item);
+  }
   return ChangeOf(RequestRedraw());
 }
 

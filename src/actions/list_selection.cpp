@@ -41,10 +41,11 @@ Status DeselectListItem(ListGroup& group, ListItem& item) noexcept {
                    EventData::Integer(PlaceOf(group, item.AVisible)));
 }
 
-// The references of all selected items, in their order. False when memory is out.
+// The references of all selected items, in their order. False when memory or time is out.
 bool CollectSelected(const ListGroup& group, List<ObjectReference>& selected) noexcept {
   for (const ListItem& item : group.ItemList) {
     ObjectReference reference;
+    if (!MayGoOn()) return false;
     if (!item.IsSelected) continue;
     if (!Copy(item.AVisible, reference)) return false;
     if (selected.Append(std::move(reference)) == nullptr) return false;
@@ -54,6 +55,7 @@ bool CollectSelected(const ListGroup& group, List<ObjectReference>& selected) no
 
 Status DeselectAll(ListGroup& group, const List<ObjectReference>& selected) noexcept {
   for (const ObjectReference& reference : selected) {
+    if (!MayGoOn()) return Status::Failure;
     ListItem* item = ItemAt(group, PlaceOf(group, reference));
     if (item == nullptr) continue;
     const Status status = DeselectListItem(group, *item);

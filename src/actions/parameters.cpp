@@ -88,9 +88,11 @@ class Evaluation {
   std::size_t taken_ = 0;
 };
 
-// Whether behaviours read what stands at this place themselves.
+// Whether behaviours read this parameter themselves. A transition reads neither its
+// connection nor its effect.
 constexpr bool IsReadByBehaviour(Parameter parameter) {
   switch (parameter) {
+  case Parameter::IntegerOrNull:
   case Parameter::Typed:
   case Parameter::TypedList:
   case Parameter::References:
@@ -110,7 +112,6 @@ constexpr bool IsList(Parameter parameter) {
 Status TakePlace(Parameter parameter, Evaluation& evaluation) noexcept {
   switch (parameter) {
   case Parameter::Integer:
-  case Parameter::IntegerOrNull:
   case Parameter::EventNumber: return evaluation.Take(ValueKind::Integer);
   case Parameter::Boolean: return evaluation.Take(ValueKind::Boolean);
   case Parameter::Octets: return evaluation.Take(ValueKind::OctetString);

@@ -36,7 +36,8 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) noex
   auto given = arguments.Given->begin();
   for (std::size_t place = 1; place + 1 < count; ++place) {
     ++given;
-    if (!read.variables.Append(FindTarget(asker, *given))) return Status::Failure;
+    const bool isTaken = MayGoOn() && read.variables.Append(FindTarget(asker, *given));
+    if (!isTaken) return Status::Failure;
   }
   GenericValue name;
   ++given;

@@ -3,13 +3,14 @@
 // here.
 #include "actions/actions.h"
 #include "actions/lifecycle.h"
+#include "engine/engine.h"
 #include "objects/objects.h"
 
 namespace korvel {
 namespace {
 
 // For each class the function of its nearest ancestor that has run-time values. False when memory
-// is out.
+// or time is out.
 bool SetUp(Ingredient& ingredient) noexcept {
   return Copy(ingredient.OriginalContent, ingredient.Content);
 }
@@ -40,7 +41,7 @@ bool SetUp(ListGroup& group) noexcept {
   List<ListItem> items;
   for (const TokenGroupItem& member : group.TokenGroupItems) {
     ListItem item;
-    if (!Copy(member.AVisible, item.AVisible)) return false;
+    if (!MayGoOn() || !Copy(member.AVisible, item.AVisible)) return false;
     if (items.Append(std::move(item)) == nullptr) return false;
   }
   group.ItemList = std::move(items);

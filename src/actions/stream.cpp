@@ -2,7 +2,7 @@
 #include "actions/answers.h"
 #include "actions/behaviours.h"
 #include "actions/lifecycle.h"
-#include "presentation/presentation.h"
+#include "platform/screen.h"
 
 namespace korvel {
 namespace {
@@ -13,6 +13,7 @@ constexpr std::int32_t kAbsentPosition = -1;
 template <class Selects, class Handle>
 Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) noexcept {
   for (const Item& component : stream.Multiplex) {
+    if (!MayGoOn()) return Status::Failure;
     if (!selects(*component.Record())) continue;
     const Status status = handle(component.Type(), *component.Record());
     if (status == Status::Failure) return status;
@@ -24,6 +25,7 @@ Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) noexcep
 // Has the presentation show the videos that have come to run.
 Status StartVideos(const Stream& stream) noexcept {
   for (const Item& component : stream.Multiplex) {
+    if (!MayGoOn()) return Status::Failure;
     if (component.Type() != ItemType::Video || !component.Record()->RunningStatus) continue;
     const auto& video = component.As<Video>();
     const Status status = StartVideo(stream, video.ComponentTag, video.Position, video.BoxSize);
@@ -83,11 +85,11 @@ Status GetVolume(const Arguments& arguments) noexcept {
   return AnswerInteger(arguments, 0, arguments.Target.As<Audio>().Volume);
 }
 
+// A negative size makes the video unscaled in that direction; a bitmap refuses one.
 Status ScaleVideo(const Arguments& arguments) noexcept {
   auto& video = arguments.Target.As<Video>();
-  const BoxSize size{arguments.Integer(0), arguments.Integer(1)};
-  if (!video.AvailabilityStatus || size.Width < 0 || size.Height < 0) return Status::Refused;
-  video.ScaledSize = size;
+  if (!video.AvailabilityStatus) return Status::Refused;
+  video.ScaledSize = {arguments.Integer(0), arguments.Integer(1)};
   return RedrawIfRunning(video);
 }
 

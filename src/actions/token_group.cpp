@@ -33,6 +33,7 @@ Status MoveTokenTo(TokenGroup& group, std::int32_t position) noexcept {
 template <class Handle>
 Status ForMembers(TokenGroup& group, const char* message, Handle&& handle) noexcept {
   for (const TokenGroupItem& item : group.TokenGroupItems) {
+    if (!MayGoOn()) return Status::Failure;
     const FoundObject member = Find(AskerFor(group), item.AVisible);
     if (!IsVisibleClass(member.Type)) {
       std::fputs(message, stdout);
@@ -60,12 +61,17 @@ Change ActivateTokenGroup(TokenGroup& group) noexcept {
       RaiseFrom(group, EventType::TokenMovedTo, EventData::Integer(group.TokenPosition)));
 }
 
+// A link of the events may run the group again; the members then stay as that has left them.
 Change DeactivateTokenGroup(TokenGroup& group) noexcept {
   group.RunningStatus = false;
-  const Status status =
+  Status status =
       RaiseFrom(group, EventType::TokenMovedFrom, EventData::Integer(group.TokenPosition));
   if (status != Status::Done) return ChangeOf(status);
-  return ChangeOf(ForMembers(group, "", StopIngredient));
+  status = ForMembers(group, "", [&group](ItemType type, Ingredient& member) {
+    return group.RunningStatus ? Status::Done : StopIngredient(type, member);
+  });
+  const bool isRunAgain = status == Status::Done && group.RunningStatus;
+  return isRunAgain ? Change::Nothing : ChangeOf(status);
 }
 
 Status Move(const Arguments& arguments) noexcept {

@@ -66,20 +66,21 @@ Status SetOctets(OctetStringVariable& variable, GenericValue value, bool isIndir
   return SetValue(variable, std::move(value.Octets));
 }
 
-// A path given directly keeps its length. One read from a variable comes as text without a length,
-// and then the zero behind it is counted.
+// Counts the zero after a path that comes as text without a length. Empty when memory is out.
+void CountEndingZero(OctetString& path) noexcept {
+  if (path.Assign({path.Text(), path.TextView().size() + 1})) return;
+  std::fputs("Can't allocate memory for CharVal\n", stdout);
+  path.Clear();
+}
+
+// A path given directly keeps its length. One read from a variable has none.
 Status SetContentReference(ContentRefVariable& variable, GenericValue value,
                            bool isIndirect) noexcept {
   const bool isPath = value.Kind == ValueKind::ContentReference ||
                       (value.Kind == ValueKind::OctetString && !isIndirect);
   if (!isPath) return Status::Refused;
   OctetString path = std::move(value.Octets);
-  if (isIndirect || path.IsEmpty()) {
-    const std::size_t textLength = path.TextView().size();
-    if (!path.Assign({path.Text(), textLength + 1})) {
-      std::fputs("Can't allocate memory for CharVal\n", stdout);
-    }
-  }
+  if (isIndirect || path.IsEmpty()) CountEndingZero(path);
   return SetValue(variable, std::move(path));
 }
 
@@ -182,10 +183,14 @@ Status SetVariable(const Arguments& arguments) noexcept {
 }
 
 Status TestVariable(const Arguments& arguments) noexcept {
+  const GenericValue& given = *arguments.Given->At(1);
   GenericValue operand;
-  const Status status =
-      ReadValue(arguments, *arguments.Given->At(1), ContentLoading::Fetch, operand);
+  const Status status = ReadValue(arguments, given, ContentLoading::Fetch, operand);
   if (status != Status::Done) return status;
+  // A path read from a variable has no length: with its ending zero it equals only a whole path.
+  if (IsIndirect(given) && operand.Kind == ValueKind::ContentReference) {
+    CountEndingZero(operand.Octets);
+  }
   bool result = false;
   if (!Compare(arguments.Target, arguments.Integer(0), operand, result)) return Status::Refused;
   return RaiseFrom(arguments.Target.As<Ingredient>(), EventType::TestEvent,

@@ -1,5 +1,6 @@
 // The actions that every visible knows: its place in the stack, its position, box and palette. None
-// of them does anything while the visible is not available.
+// of them changes anything while the visible is not available, but its position and box can be
+// read.
 #include "actions/answers.h"
 #include "actions/behaviours.h"
 
@@ -44,9 +45,8 @@ Status SetPosition(const Arguments& arguments) noexcept {
 }
 
 Status GetPosition(const Arguments& arguments) noexcept {
-  const Visible& visible = TargetOf(arguments);
-  if (!visible.AvailabilityStatus) return Status::Refused;
-  return AnswerPair(arguments, visible.Position.X, visible.Position.Y);
+  const Position& position = TargetOf(arguments).Position;
+  return AnswerPair(arguments, position.X, position.Y);
 }
 
 Status SetBoxSize(const Arguments& arguments) noexcept {
@@ -58,9 +58,8 @@ Status SetBoxSize(const Arguments& arguments) noexcept {
 }
 
 Status GetBoxSize(const Arguments& arguments) noexcept {
-  const Visible& visible = TargetOf(arguments);
-  if (!visible.AvailabilityStatus) return Status::Refused;
-  return AnswerPair(arguments, visible.BoxSize.Width, visible.BoxSize.Height);
+  const BoxSize& size = TargetOf(arguments).BoxSize;
+  return AnswerPair(arguments, size.Width, size.Height);
 }
 
 Status SetPaletteRef(const Arguments& arguments) noexcept {

@@ -6,8 +6,9 @@
 #include <cstdio>
 #include <utility>
 
-#include "host/host.h"
-#include "presentation/presentation.h"
+#include "platform/canvases.h"
+#include "platform/clocks.h"
+#include "platform/running.h"
 
 namespace korvel {
 namespace {
@@ -18,9 +19,11 @@ constexpr std::uint32_t kMostLevels = 100;
 
 // What one key, timer expiry or start may cost: far beyond real content, and over in a moment.
 constexpr std::uint32_t kMostActions = 1'000'000;
-// What may still run once a close is pending, in number and in time: some actions are slow.
+// What may still run once a close is pending, in number and in time: some actions are slow. All the
+// work that is left shares this, so that a close takes less than a second even if the worker waits
+// half a second for a file when the request comes.
 constexpr std::uint32_t kMostActionsWhileClosing = 10'000;
-constexpr std::uint32_t kMostMillisecondsWhileClosing = 500;
+constexpr std::uint32_t kMostMillisecondsWhileClosing = 400;
 
 // State without a destructor: when the process ends other threads may have been stopped anywhere,
 // so nothing is released then; the worker has reset the core before.
@@ -39,12 +42,11 @@ void ReportLimit(const char* message) noexcept {
 
 void LimitAccountForClose(Core& core) noexcept {
   const std::uint32_t now = MillisecondsSinceProcessStart();
-  if (!core.isCloseAccountOpen) {
-    core.isCloseAccountOpen = true;
+  if (!core.closeNoticedAt) {
     core.closeNoticedAt = now;
     core.actionsLeft = std::min(core.actionsLeft, kMostActionsWhileClosing);
   }
-  if (now - core.closeNoticedAt > kMostMillisecondsWhileClosing) core.actionsLeft = 0;
+  if (now - *core.closeNoticedAt > kMostMillisecondsWhileClosing) core.actionsLeft = 0;
 }
 
 // The record's canvases belong to the presentation, which must get them back before the record
@@ -72,8 +74,7 @@ void ReleaseEndedGroups() noexcept {
 void BeginWork() noexcept {
   Core& core = TheCore();
   ReleaseEndedGroups();
-  core.actionsLeft = kMostActions;
-  core.isCloseAccountOpen = false;
+  if (!core.closeNoticedAt) core.actionsLeft = kMostActions;
   core.isOverLimit = false;
 }
 
@@ -97,6 +98,12 @@ bool TakeAction() noexcept {
   if (core.isOverLimit) return false;
   --core.actionsLeft;
   return true;
+}
+
+bool MayGoOn() noexcept {
+  if (!IsClosing()) return true;
+  LimitAccountForClose(TheCore());
+  return TheCore().actionsLeft > 0;
 }
 
 Application* CurrentApplication() noexcept { return TheCore().application; }

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "engine/engine.h"
 #include "engine/resident_programs.h"
@@ -53,9 +54,10 @@ struct Core {
   std::uint32_t busyCount = 0;
   std::uint32_t nestingLevel = 0;
   std::uint32_t actionsLeft = 0;
-  bool isCloseAccountOpen = false;
-  std::uint32_t closeNoticedAt = 0;  // milliseconds since the process started
-  bool isOverLimit = false;          // said once; everything unwinds until the work at hand is done
+  // Milliseconds since the process started. From then on nothing is added to what may be used.
+  std::optional<std::uint32_t> closeNoticedAt;
+  bool isOverLimit = false;  // said once; everything unwinds until the work at hand is done
+  std::uint32_t redrawHolds = 0;
 };
 
 [[nodiscard]] Core& TheCore() noexcept;

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "engine/resident_programs.h"
-#include "host/host.h"
+#include "platform/clocks.h"
 
 namespace korvel {
 namespace {

@@ -1,10 +1,10 @@
 // The display stack: the running application's ordered list of the visibles to be drawn,
-// bottom-most first. Entries borrow their visibles; a visible is in the stack at most once, because
-// whoever enters it takes it out before.
+// bottom-most first; and the requests to draw it. Entries borrow their visibles; a visible is in
+// the stack at most once, because every function that enters it removes it first.
 #include <cstdio>
 
 #include "engine/core.h"
-#include "presentation/presentation.h"
+#include "platform/screen.h"
 
 namespace korvel {
 namespace {
@@ -42,10 +42,19 @@ bool IsStackable(const Application* application, ItemType kind, const Visible& v
 
 Status RedrawIfRunning(Status status, const Visible& visible) noexcept {
   if (status == Status::Failure || !visible.RunningStatus) return status;
-  return Redraw() == Status::Failure ? Status::Failure : status;
+  return RequestRedraw() == Status::Failure ? Status::Failure : status;
 }
 
 }  // namespace
+
+Status RequestRedraw() noexcept {
+  if (TheCore().redrawHolds > 0) return Status::Done;
+  return Redraw() == Status::Failure ? Status::Failure : Status::Done;
+}
+
+HeldRedraws::HeldRedraws() noexcept { ++TheCore().redrawHolds; }
+
+HeldRedraws::~HeldRedraws() { --TheCore().redrawHolds; }
 
 Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible) noexcept {
   return Inserted(application.DisplayStack.Append({kind, &visible}), kNoMemory);

@@ -6,7 +6,6 @@
 #include <span>
 #include <string_view>
 
-#include "actions/actions.h"
 #include "objects/event_type.h"
 #include "objects/group.h"
 #include "objects/ingredients.h"
@@ -26,8 +25,8 @@ Status StartEngine(std::string_view path) noexcept;
 // Ends the scene and the application without starting anything.
 void CloseDown() noexcept;
 
-// Opens the account of one key, timer expiry or start: what its actions may cost. Releases ended
-// groups.
+// Opens the account of one key, timer expiry or start: what its actions may cost. Once a close is
+// pending, all work shares one account. Releases ended groups.
 void BeginWork() noexcept;
 
 // Gives everything back at the end of the worker: ended groups with their canvases, the persistent
@@ -42,6 +41,11 @@ Status RaiseOutsideEvent(std::int32_t sourceNumber, EventType type, std::int32_t
 // Null while none runs. Both may change in every call that can run actions: ask again after one.
 [[nodiscard]] Application* CurrentApplication() noexcept;
 [[nodiscard]] Scene* CurrentScene() noexcept;
+
+// Both together, for functions that decide by them without asking.
+[[nodiscard]] inline RunningGroups CurrentGroups() {
+  return {.application = CurrentApplication(), .scene = CurrentScene()};
+}
 
 Status Launch(std::string_view groupName) noexcept;
 Status Spawn(std::string_view groupName) noexcept;
@@ -94,12 +98,12 @@ class [[nodiscard]] NestingLevel {
 // return Failure.
 [[nodiscard]] bool TakeAction() noexcept;
 
-// ---- Names and files ----
+// Whether a loop whose length content decides may go on: false once the time that a pending close
+// leaves is over. Leave the loop then, with Failure where the function has one. Costs one look at a
+// flag while no close is pending.
+[[nodiscard]] bool MayGoOn() noexcept;
 
-// The name without its leading "~", which stands for the current directory and is not compared.
-[[nodiscard]] constexpr std::string_view WithoutTilde(std::string_view name) noexcept {
-  return name.substr(name.starts_with('~') ? 1 : 0);
-}
+// ---- Names and files ----
 
 // Reads the file that a group name or content reference means. Refused, after a pause, when it
 // cannot be had.
@@ -175,6 +179,22 @@ Status BringToFront(ItemType kind, Visible& visible) noexcept;
 Status SendToBack(ItemType kind, Visible& visible) noexcept;
 Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) noexcept;
 Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference) noexcept;
+
+// ---- Redraws ----
+
+// Asks for a redraw, unless redraws are held. The one way for actions and the engine to do so.
+// Failure, to be returned at once, when an event raised while drawing asked to stop.
+Status RequestRedraw() noexcept;
+
+// While one exists, requests for a redraw are dropped: a list group places its items one by one,
+// and they are shown together.
+class [[nodiscard]] HeldRedraws {
+ public:
+  HeldRedraws() noexcept;
+  ~HeldRedraws();
+  HeldRedraws(const HeldRedraws&) = delete;
+  HeldRedraws& operator=(const HeldRedraws&) = delete;
+};
 
 // ---- Timers ----
 

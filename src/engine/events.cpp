@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 
+#include "actions/actions.h"
 #include "engine/core.h"
 #include "engine/link_tables.h"
 #include "engine/outside_events.h"
@@ -63,7 +64,7 @@ LinkCollection Collect(EventType type, Predicate&& waits) noexcept {
   const LinkTable* table = TableOf(static_cast<std::int32_t>(type));
   if (table == nullptr) return collection;
   for (const LinkTableEntry& entry : *table) {
-    if (collection.Count == kMostLinks) break;
+    if (collection.Count == kMostLinks || !MayGoOn()) break;
     if (!waits(entry)) continue;
     collection.Links[collection.Count++] = {entry.Waiting, entry.Waiting->owner, entry.Context};
   }
@@ -122,6 +123,7 @@ Status RaiseEventByType(EventType type, EventData data) noexcept {
 Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) noexcept {
   Sequence<CollectedLink> links;
   for (const LinkTableEntry& entry : TheCore().inputTable) {
+    if (!MayGoOn()) return Status::Failure;
     Link& link = *entry.Waiting;
     if (!link.RunningStatus || link.Condition.EventSource.Number != sourceNumber ||
         link.Condition.EventType != static_cast<std::int32_t>(type) ||

@@ -4,7 +4,8 @@
 #include "engine/group_files.h"
 
 #include "engine/core.h"
-#include "host/host.h"
+#include "platform/files.h"
+#include "platform/running.h"
 
 namespace korvel {
 namespace {

@@ -2,11 +2,14 @@
 // the group's memory stays, and its life record says so.
 #include "engine/group_life.h"
 
+#include <utility>
+
+#include "actions/actions.h"
 #include "engine/core.h"
 #include "engine/link_tables.h"
 #include "engine/timers.h"
-#include "host/host.h"
 #include "objects/ber/ber.h"
+#include "platform/clocks.h"
 
 namespace korvel {
 namespace {
@@ -23,6 +26,7 @@ Status ActivateInitially(Group& group) noexcept {
     if (!items.Append({item.Type(), item.Record()})) return Status::Failure;
   }
   for (const ItemToStart& item : items) {
+    if (!MayGoOn()) return Status::Failure;
     const Status status = RunIngredient(item.Type, *item.Record);
     if (status == Status::Failure) return status;
     if (IsGone(group)) return Status::Replaced;
@@ -63,15 +67,11 @@ Status StartItemsAndGroup(Group& group, Scope scope) noexcept {
   return status;
 }
 
-bool IsCurrent(const Group& group) noexcept {
-  return TheCore().scene == &group || TheCore().application == &group;
-}
-
-// Takes everything of the group out of the registers of the engine and marks it ended. Its memory
-// stays until nothing that may still hold a part of it runs.
+// Removes everything that the group owns from the engine's registers, but for its links, which have
+// left before; and marks it ended. Its memory stays until nothing that may still hold a part of it
+// runs.
 void Bury(Group& group) noexcept {
   Core& core = TheCore();
-  RemoveLinks(group);
   group.AvailabilityStatus = false;
   group.RunningStatus = false;
   CancelAllTimers(group);
@@ -113,48 +113,35 @@ Status StartScene(Scene& scene) noexcept {
   return status == Status::Failure ? status : Status::Done;
 }
 
-Status EndGroup(Group& group) noexcept {
-  if (group.life.isDying) return Status::Done;
+Status EndGroup(Group* group) noexcept {
+  if (group == nullptr) return Status::Done;
+  // A link of its IsDeleted puts another in its place, which must find the registers without it.
+  if (std::exchange(group->life.isDying, true)) {
+    Bury(*group);
+    return Status::Done;
+  }
   const Busy busy;
-  group.life.isDying = true;
-  RemoveLinks(group);
-  const bool isStopped = RaiseEvent(group, EventType::IsDeleted) == Status::Failure;
-  // A link may have ended everything meanwhile, and left this group to us as it is ending already.
-  const bool isSuperseded = !IsCurrent(group);
-  if (isStopped && !isSuperseded) {
-    group.life.isDying = false;
+  RemoveLinks(*group);
+  const bool isStopped = RaiseEvent(*group, EventType::IsDeleted) == Status::Failure;
+  if (IsGone(*group)) return isStopped ? Status::Failure : Status::Replaced;
+  if (isStopped) {
+    group->life.isDying = false;
     return Status::Failure;
   }
-  const bool wasAvailable = group.AvailabilityStatus;
-  Bury(group);
-  if (isStopped) return Status::Failure;
-  if (isSuperseded) return Status::Replaced;
-  return wasAvailable ? Status::Done : Status::Refused;
+  Bury(*group);
+  return Status::Done;
 }
 
-Status EndScene() noexcept {
-  Scene* scene = CurrentScene();
-  if (scene == nullptr) return Status::Done;
-  const Status status = EndGroup(*scene);
-  if (status == Status::Failure || status == Status::Replaced) return status;
-  // A scene that was ending already has not been buried yet, but makes room for the next one.
-  if (CurrentScene() == scene) TheCore().scene = nullptr;
-  return CurrentScene() == nullptr ? Status::Done : Status::Replaced;
-}
+Status EndScene() noexcept { return EndGroup(CurrentScene()); }
 
 Status EndRunningGroups() noexcept {
-  Application* application = CurrentApplication();
   const Status status = EndScene();
-  if (status != Status::Done) return status;
-  if (CurrentApplication() != application) return Status::Replaced;
-  if (application == nullptr) return Status::Done;
-  if (EndGroup(*application) == Status::Failure) return Status::Failure;
-  if (CurrentApplication() == application) TheCore().application = nullptr;
-  return CurrentApplication() == nullptr ? Status::Done : Status::Replaced;
+  return status == Status::Done ? EndGroup(CurrentApplication()) : status;
 }
 
 void BuryRunningGroups() noexcept {
   Core& core = TheCore();
+  ClearLinkTables();
   if (core.scene != nullptr) Bury(*core.scene);
   if (core.application != nullptr) Bury(*core.application);
 }

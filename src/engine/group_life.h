@@ -16,21 +16,20 @@ Status StartApplication(Application& application) noexcept;
 // when a step failed; everything else is Done, a replacement included.
 Status StartScene(Scene& scene) noexcept;
 
-// Ends a group: takes its links out, raises IsDeleted, takes it out of every register, and leaves
-// its memory to be released once nothing runs. Failure when a link of IsDeleted stopped it; the
-// group then stays, without links, if it still runs. Refused when the group had not become
-// available and Replaced when a link of IsDeleted has ended everything itself; the group ends all
-// the same. A group that is ending already is left to whoever is ending it.
-Status EndGroup(Group& group) noexcept;
+// Ends a running group, unless it is null: removes its links, raises IsDeleted, removes everything
+// that it owns from the engine's registers, and leaves its memory to be released once nothing runs.
+// Failure when a link of IsDeleted has asked to stop; the group then stays, without its links.
+// Replaced when such a link has replaced the group; it has then left the registers before its
+// successor came.
+Status EndGroup(Group* group) noexcept;
 
-// Ends the scene and then the application. Replaced when links have put others in their place
-// meanwhile.
+// Ends the scene and then the application. Replaced when a link has put others in their place.
 Status EndRunningGroups() noexcept;
 
 // Ends the scene alone.
 Status EndScene() noexcept;
 
-// Ends what runs without events and messages, as a start from the beginning does.
+// Ends what runs without events and messages, and clears the link tables.
 void BuryRunningGroups() noexcept;
 
 // Makes a decoded group the current one of its kind; what was current has been ended before.

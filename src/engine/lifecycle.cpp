@@ -2,12 +2,14 @@
 // the close-down. The new group is fetched and decoded before anything running is touched.
 #include <cstdio>
 
+#include "actions/actions.h"
 #include "engine/core.h"
 #include "engine/group_files.h"
 #include "engine/group_life.h"
 #include "engine/link_tables.h"
-#include "host/host.h"
 #include "objects/ber/ber.h"
+#include "platform/clocks.h"
+#include "platform/running.h"
 
 namespace korvel {
 namespace {
@@ -91,12 +93,12 @@ Status QuitToParent(const ObjectReference& quitting) noexcept {
 }
 
 // What the application shows and runs for itself pauses with the scene it was shown in, unless it
-// is shared. Flags only: nothing is raised, and a visible keeps its place in the display stack.
+// is shared. Nothing is raised, and a visible keeps its place in the display stack.
 void StopUnsharedItems(Application& application) noexcept {
   for (const Item& item : application.Items) {
     const bool isStopped = item.Type() >= ItemType::Link && item.Type() <= ItemType::SwitchButton &&
                            !item.Record()->Shared;
-    if (isStopped) item.Record()->RunningStatus = false;
+    if (isStopped) StopSilently(item.Type(), *item.Record());
   }
 }
 
@@ -110,7 +112,6 @@ Status CopyName(std::string_view groupName, OctetString& name) noexcept {
 Status StartEngine(std::string_view path) noexcept {
   const NestingLevel level;
   BuryRunningGroups();
-  ClearLinkTables();
   EmptyApplicationStack();
   TheCore().currentDirectory.Clear();
   TheCore().random = SecondsNow();
@@ -190,18 +191,19 @@ Status TransitionTo(std::string_view groupName) noexcept {
 }
 
 void CloseDown() noexcept {
-  // A link of IsDeleted may ask for everything to stop; the end is then made without it.
-  if (EndRunningGroups() != Status::Done) BuryRunningGroups();
-  ClearLinkTables();
+  // A link of IsDeleted may have stopped the end or brought other groups; what runs after it ends
+  // without events.
+  static_cast<void>(EndRunningGroups());
+  BuryRunningGroups();
 }
 
 void ResetEngine() noexcept {
   BuryRunningGroups();
   ReleaseEndedGroups();
-  ClearLinkTables();
   EmptyApplicationStack();
   EmptyPersistentStore();
   TheCore().currentDirectory.Clear();
+  TheCore().closeNoticedAt.reset();
   ResetClassVariables();
 }
 

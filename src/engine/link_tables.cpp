@@ -2,6 +2,8 @@
 // is asked when an event is dispatched.
 #include "engine/link_tables.h"
 
+#include "actions/actions.h"
+
 #include <cstdio>
 
 namespace korvel {
@@ -60,7 +62,7 @@ LinkTable* TableOf(std::int32_t eventType) noexcept {
 Status AddLinks(Group& group, Scope context) noexcept {
   for (Item& item : group.Items) {
     if (item.Type() != ItemType::Link) continue;
-    if (AddLink(item.As<Link>(), context) == Status::Failure) return Status::Failure;
+    if (!MayGoOn() || AddLink(item.As<Link>(), context) == Status::Failure) return Status::Failure;
   }
   return Status::Done;
 }

@@ -15,6 +15,7 @@ bool HasName(const Root& object, std::string_view name, std::int32_t number) noe
 FoundObject FindInList(const List<Item>& items, std::string_view name,
                        std::int32_t number) noexcept {
   for (const Item& item : items) {
+    if (!MayGoOn()) break;
     if (IsFindable(item.Type()) && HasName(*item.Record(), name, number)) {
       return {item.Type(), item.Record()};
     }

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 
+#include "actions/actions.h"
 #include "engine/core.h"
 #include "engine/timers.h"
 

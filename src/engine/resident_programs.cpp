@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "actions/actions.h"
 #include "engine/engine.h"
 
 namespace korvel {

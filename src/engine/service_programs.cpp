@@ -3,7 +3,7 @@
 
 #include "engine/core.h"
 #include "engine/resident_programs.h"
-#include "host/host.h"
+#include "platform/running.h"
 
 namespace korvel {
 namespace {

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "engine/engine.h"
 #include "engine/resident_programs.h"
 
 namespace korvel {
@@ -19,9 +20,14 @@ std::size_t StartOf(std::int32_t start) noexcept {
 }
 
 // The index of the first occurrence at or after `start`, both from 0; npos when there is none. An
-// empty text is found where the search begins, up to the end of the text.
+// empty text is found where the search begins, up to the end of the text. Each place where the
+// wanted text may begin is a step, which compares as much as is alike.
 std::size_t Search(std::string_view text, std::size_t start, std::string_view wanted) noexcept {
-  return start > text.size() ? std::string_view::npos : text.find(wanted, start);
+  for (std::size_t at = start; at <= text.size() && MayGoOn(); ++at) {
+    if (!wanted.empty()) at = std::min(text.find(wanted.front(), at), text.size());
+    if (text.substr(at).starts_with(wanted)) return at;
+  }
+  return std::string_view::npos;
 }
 
 }  // namespace

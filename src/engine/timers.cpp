@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "engine/core.h"
-#include "host/host.h"
+#include "platform/timers.h"
 
 namespace korvel {
 namespace {
@@ -76,7 +76,10 @@ Status TakeFiredTimer(std::int32_t id, ObjectReference& owner) noexcept {
 }
 
 void CancelAllTimers(Group& group) noexcept {
-  for (const Timer& timer : group.Timers) KillWindowTimer(static_cast<std::uint32_t>(timer.Id));
+  for (const Timer& timer : group.Timers) {
+    if (!MayGoOn()) break;  // the window that closes takes the others with it
+    KillWindowTimer(static_cast<std::uint32_t>(timer.Id));
+  }
   group.Timers.Clear();
 }
 

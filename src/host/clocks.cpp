@@ -1,30 +1,45 @@
-// The clocks of the platform, as the engine core needs them.
+// The clocks of the platform, as the engine core needs them. Elapsed time never comes from the wall
+// clock: that one advances in steps of up to 16 ms, and anybody can set it.
 #include <windows.h>
 
+#include <chrono>
 #include <ctime>
 
-#include "host/host.h"
+#include "platform/clocks.h"
 
 namespace korvel {
 
 namespace {
 
-std::uint64_t InMilliseconds(const FILETIME& time) noexcept {
-  constexpr std::uint64_t kTicksPerMillisecond = 10'000;
+using SteadyClock = std::chrono::steady_clock;  // the performance counter of the platform
+
+using FileTimes = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
+
+FileTimes TimeOf(const FILETIME& time) noexcept {
   const std::uint64_t high = time.dwHighDateTime;
-  return (high << 32U | time.dwLowDateTime) / kTicksPerMillisecond;
+  return FileTimes(static_cast<std::int64_t>(high << 32U | time.dwLowDateTime));
 }
 
-}  // namespace
-
-// Not the C library's clock, which stops telling after 24 days.
-std::uint32_t MillisecondsSinceProcessStart() noexcept {
+// Not the C library's clock, which fails after 24 days.
+FileTimes AgeOfProcess() noexcept {
   FILETIME start = {};
   FILETIME unused = {};
   FILETIME now = {};
   GetProcessTimes(GetCurrentProcess(), &start, &unused, &unused, &unused);
   GetSystemTimeAsFileTime(&now);
-  return static_cast<std::uint32_t>(InMilliseconds(now) - InMilliseconds(start));
+  return TimeOf(now) - TimeOf(start);
+}
+
+// The platform reports the start of a process as a wall-clock time only. So that clock is read
+// once, as early as possible: when the library is loaded.
+const SteadyClock::time_point processStart = SteadyClock::now() - AgeOfProcess();
+
+}  // namespace
+
+std::uint32_t MillisecondsSinceProcessStart() noexcept {
+  using std::chrono::milliseconds;
+  const auto elapsed = std::chrono::duration_cast<milliseconds>(SteadyClock::now() - processStart);
+  return static_cast<std::uint32_t>(elapsed.count());
 }
 
 std::uint32_t SecondsNow() noexcept { return static_cast<std::uint32_t>(std::time(nullptr)); }

@@ -2,11 +2,9 @@
 // and wait, and leave all work to the engine's own threads.
 #include <cstdint>
 
-#include "host/engine_lifetime.h"
 #include "host/engine_thread.h"
 #include "host/host_object.h"
 #include "host/host_state.h"
-#include "host/running_state.h"
 #include "korvel.h"
 
 namespace korvel {
@@ -36,7 +34,7 @@ extern "C" {
 
 uint32_t KORVEL_CALL RunMHEG5Window(MHEG5Host* host, HWND hostWindow) {
   using namespace korvel;
-  if (host == nullptr || !ClaimStart()) return 1;
+  if (!IsUsable(host) || !ClaimStart()) return 1;
   if (!CreateEngineThread()) {
     AbandonStart();
     return 1;

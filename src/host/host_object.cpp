@@ -1,17 +1,43 @@
-// The engine's reference to the host object, and the callback by which the host can close the
-// engine through it.
+// The engine's reference to the host object, the callback by which the host can close the engine,
+// and the one way to read a broadcast file: the host object's reading function, called again while
+// the host has not received the file yet.
 #include "host/host_object.h"
 
+#include <cstdint>
+
 #include "host/host_state.h"
+#include "platform/files.h"
+#include "platform/running.h"
 
 namespace korvel {
+
 namespace {
 
 void KORVEL_CALL CloseOnExitCode(uint32_t code) {
   if (code == kMHEG5ExitCode) ExitMHEG5();
 }
 
+// How long the host is left alone after it has answered that the file is not there yet.
+constexpr std::uint32_t kRetryPeriodMs = 500;
+
+// Asks until the host knows. True when it has stored a buffer, which the caller must release.
+bool AskHost(MHEG5Host* host, const char* path, void** data, std::uint32_t* size) noexcept {
+  while (MayRun()) {
+    const std::uint32_t answer = host->table->ReadFile(host, path, data, size);
+    if (answer != kMHEG5FileNotYetAvailable) return answer == kMHEG5FileRead;
+    PauseUnlessClosing(kRetryPeriodMs);
+  }
+  return false;
+}
+
 }  // namespace
+
+bool IsUsable(const MHEG5Host* host) noexcept {
+  if (host == nullptr || host->table == nullptr) return false;
+  const MHEG5HostTable& table = *host->table;
+  return table.AddRef != nullptr && table.Release != nullptr && table.ReadFile != nullptr &&
+         table.FreeBuffer != nullptr && table.SetExitCallback != nullptr;
+}
 
 void StoreHostObject(MHEG5Host* host) noexcept {
   hostState.hostObject = host;
@@ -28,6 +54,25 @@ void WithdrawHostObject() noexcept {
   if (host == nullptr) return;
   host->table->SetExitCallback(host, nullptr, 0);
   host->table->Release(host);
+}
+
+Status FetchFile(std::string_view path, OctetString* bytes) noexcept {
+  OctetString terminatedPath;
+  MHEG5Host* host = hostState.hostObject;
+  if (host == nullptr || !terminatedPath.Assign(path)) return Status::Refused;
+  if (terminatedPath.TextView().empty()) return Status::Refused;
+
+  void* data = nullptr;
+  std::uint32_t size = 0;
+  if (!AskHost(host, terminatedPath.Text(), &data, bytes == nullptr ? nullptr : &size)) {
+    return Status::Refused;
+  }
+  // A host that reports bytes without saying where they are has not read the file.
+  const bool isReadable = data != nullptr || size == 0;
+  const bool isTaken =
+      bytes == nullptr || (isReadable && bytes->Assign({static_cast<const char*>(data), size}));
+  host->table->FreeBuffer(host, data);
+  return isTaken ? Status::Done : Status::Refused;
 }
 
 }  // namespace korvel

@@ -1,10 +1,13 @@
-// The host object's coming and going: the engine's reference to it and the exit callback that it
-// is given. Reading files through it stands apart.
+// The host object: the engine's reference to it and its exit callback. Reading broadcast files
+// through it is declared in platform/files.h.
 #pragma once
 
 #include "korvel.h"
 
 namespace korvel {
+
+// Whether the object is there and has every function that the engine calls.
+[[nodiscard]] bool IsUsable(const MHEG5Host* host) noexcept;
 
 // The thread that starts the engine: keeps the object, with a reference of the engine's own.
 void StoreHostObject(MHEG5Host* host) noexcept;

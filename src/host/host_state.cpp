@@ -1,8 +1,30 @@
-// The one instance of the platform folder's process-wide record.
+// The one instance of the record, the engine running flag and the request to close. The flag comes
+// and goes with restarts; the request stays until the engine has ended, and overrides the flag.
 #include "host/host_state.h"
+
+#include "platform/running.h"
 
 namespace korvel {
 
+namespace {}  // namespace
+
 constinit HostState hostState;
+
+void AllowRunning() noexcept { hostState.isRunning = true; }
+
+void StopRunning() noexcept { hostState.isRunning = false; }
+
+void StopForClose() noexcept {
+  hostState.isClosing = true;
+  StopRunning();
+}
+
+bool MayRun() noexcept { return hostState.isRunning && !hostState.isClosing; }
+
+bool IsClosing() noexcept { return hostState.isClosing; }
+
+void PauseUnlessClosing(std::uint32_t milliseconds) noexcept {
+  if (!IsClosing()) Sleep(milliseconds);
+}
 
 }  // namespace korvel

@@ -27,13 +27,20 @@ struct WindowState {
   bool isAltDown = false;
 };
 
+// A thread whose handle is closed. The system uses the numbers of ended threads again, so the time
+// of its creation is needed to find it.
+struct ThreadIdentity {
+  DWORD id = 0;
+  std::uint64_t creationTime = 0;
+};
+
 struct HostState {
   // Guards the four members below it and the window's end, so that a close request meets
   // the engine it is meant for. Never held across a call of the host, a wait or a drawing.
   SRWLOCK lock = SRWLOCK_INIT;
   Phase phase = Phase::Idle;
-  HANDLE engineThread = nullptr;  // owned; given up by the engine thread itself as its last act
-  HANDLE lastThread = nullptr;    // owned; the one before, which may not quite have ended
+  HANDLE engineThread = nullptr;  // owned; closed by the engine thread itself as its last act
+  ThreadIdentity lastThread;      // the one that has closed its handle; it may still be ending
   DWORD startingThreadId = 0;     // the caller of RunMHEG5Window while that is at work
 
   HMODULE library = nullptr;   // this library; the engine thread holds a reference to it
@@ -65,5 +72,14 @@ class [[nodiscard]] StateLocked {
   StateLocked(const StateLocked&) = delete;
   StateLocked& operator=(const StateLocked&) = delete;
 };
+
+// Sets the running flag; a close that has been asked for still wins.
+void AllowRunning() noexcept;
+
+// Clears the running flag: a waiting file fetch gives up, keys and timer expiries are dropped.
+void StopRunning() noexcept;
+
+// Clears the running flag for good: until the engine has ended nothing runs again.
+void StopForClose() noexcept;
 
 }  // namespace korvel

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "host/host.h"
+#include "platform/trace.h"
 
 namespace korvel {
 namespace {

@@ -116,4 +116,19 @@ struct Scene : Group {
   List<NextScene> NextScenes;
 };
 
+// The running application and scene, borrowed; null while none runs.
+struct RunningGroups {
+  Application* application = nullptr;
+  Scene* scene = nullptr;
+};
+
+// Which group is searched first when a reference is resolved. The numbers are those of the design.
+enum class Scope : std::uint8_t { SceneFirst = 0, ApplicationFirst = 1 };
+
+// The holder of an action list: the list, and the group whose end ends the list.
+struct ActionHolder {
+  const ActionList* Actions = nullptr;
+  Group* Holder = nullptr;
+};
+
 }  // namespace korvel

@@ -15,7 +15,7 @@ struct Ingredient : Root {
   std::int32_t ContentHOOK = 0;
   ContentBody OriginalContent;
   bool Shared = false;
-  ContentBody Content;
+  ContentBody Content = ContentBody::NotPrepared();
 
   Group* owner =
       nullptr;  // the group that holds it, directly or in a Stream; set when the group is adopted

@@ -74,6 +74,14 @@ struct ContentBody {
   bool IsReferenced = false;
   std::int32_t Size = 0;
   std::int32_t CachePriority = 127;
+
+  // The run-time content of an object that was never prepared. The default cache priority is that
+  // of decoded content only.
+  [[nodiscard]] static ContentBody NotPrepared() noexcept {
+    ContentBody content;
+    content.CachePriority = 0;
+    return content;
+  }
 };
 
 // A reference that need not be there. While it is not, nothing completes its group identifier.
@@ -110,5 +118,10 @@ using ActionList = List<ElementaryAction>;
 [[nodiscard]] bool Copy(const ContentReference& from, ContentReference& to) noexcept;
 [[nodiscard]] bool Copy(const ContentBody& from, ContentBody& to) noexcept;
 [[nodiscard]] bool Copy(const GenericValue& from, GenericValue& to) noexcept;
+
+// The name without its leading "~", which stands for the current directory and is not compared.
+[[nodiscard]] constexpr std::string_view WithoutTilde(std::string_view name) noexcept {
+  return name.substr(name.starts_with('~') ? 1 : 0);
+}
 
 }  // namespace korvel

@@ -1,7 +1,8 @@
 // Bitmaps: the content is fetched and decoded anew at every painting, and nothing of it is kept.
+#include "appearance/content_path.h"
+#include "appearance/geometry.h"
 #include "engine/engine.h"
-#include "host/host.h"
-#include "presentation/content_path.h"
+#include "platform/files.h"
 #include "presentation/drawings.h"
 #include "presentation/i_frame.h"
 #include "presentation/picture.h"
@@ -32,7 +33,7 @@ void SettleContentHook(Bitmap& bitmap) noexcept {
   return !bytes.empty();
 }
 
-Status PaintContent(const Bitmap& bitmap, std::string_view bytes, std::uint64_t mostNs) noexcept {
+Status PaintContent(const Bitmap& bitmap, std::string_view bytes) noexcept {
   const PicturePlacement placement{.Position = bitmap.Position,
                                    .BoxSize = bitmap.BoxSize,
                                    .Transparency = bitmap.Transparency,
@@ -40,22 +41,24 @@ Status PaintContent(const Bitmap& bitmap, std::string_view bytes, std::uint64_t 
                                    .ScaledSize = bitmap.ScaledSize};
   if (bitmap.ContentHOOK == kIFrameHook) {
     BitmapOwner frame;
-    if (!DecodeIFrame(bytes, mostNs, frame)) return Status::Refused;
+    if (!DecodeIFrame(bytes, frame)) return Status::Refused;
     return PaintPicture(frame, placement);
   }
   Picture picture;
-  if (!ReadPicture(bytes, mostNs, picture)) return Status::Refused;
+  if (!ReadPicture(bytes, picture)) return Status::Refused;
   return PaintPicture(picture.Image, placement);
 }
 
 }  // namespace
 
-Status Draw(Bitmap& bitmap, const PaintingTime& time) noexcept {
+// A box without area needs no picture, so that none can be missing in it.
+Status Draw(Bitmap& bitmap) noexcept {
+  if (!HasArea(bitmap.BoxSize)) return Status::Done;
   SettleContentHook(bitmap);
   OctetString file;
   std::string_view bytes;
   if (!ReadContent(bitmap, file, bytes)) return Status::Refused;
-  return PaintContent(bitmap, bytes, time.LeftNs());
+  return PaintContent(bitmap, bytes);
 }
 
 }  // namespace korvel

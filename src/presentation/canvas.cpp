@@ -3,20 +3,20 @@
 #include "presentation/canvas.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "appearance/clipping.h"
+#include "appearance/colours.h"
+#include "appearance/geometry.h"
+#include "objects/limits.h"
 #include "objects/owned.h"
-#include "presentation/clipping.h"
-#include "presentation/colours.h"
-#include "presentation/geometry.h"
+#include "objects/sequence.h"
+#include "platform/canvases.h"
 #include "presentation/line.h"
-#include "presentation/presentation.h"
 
 namespace korvel {
 
 namespace {
-
-// A canvas beyond this area is not worth its memory: 64 million pixels of 4 bytes.
-constexpr std::int64_t kLargestArea = std::int64_t{64} * 1024 * 1024;
 
 constexpr std::int32_t kFullTurn = 360;
 
@@ -68,15 +68,28 @@ void FillSector(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
                                        box.Height(), turn.Start, turn.Sweep));
 }
 
-}  // namespace
-
+// Dashed lines and polygons are cut at this distance from the origin, a little outside the canvas:
+// neither the cut nor the sharp corners of an outline, which reach five widths beyond their points,
+// are visible there.
 std::int64_t FarthestPoint(const Canvas& canvas, const LineAttributes& line) noexcept {
   const std::int64_t margin = 6 * std::int64_t{DrawnWidth(line)} + 2;
   return std::min(std::max(canvas.Width, canvas.Height) + margin, kFarthestCoordinate);
 }
 
+double LengthAround(std::span<const CanvasPoint> corners) noexcept {
+  double length = 0;
+  for (std::size_t corner = 0; corner < corners.size(); ++corner) {
+    const CanvasPoint& from = corners[corner];
+    const CanvasPoint& to = corners[(corner + 1) % corners.size()];
+    length += std::hypot(to.X - from.X, to.Y - from.Y);
+  }
+  return length;
+}
+
+}  // namespace
+
 Canvas* NewCanvas(std::int32_t width, std::int32_t height) noexcept {
-  if (width < 1 || height < 1 || std::int64_t{width} * height > kLargestArea) return nullptr;
+  if (width < 1 || height < 1 || std::int64_t{width} * height > kMostCanvasPixels) return nullptr;
   Owned<Canvas> canvas = Owned<Canvas>::New();
   if (!canvas) return nullptr;
   canvas->Width = canvas->ClipWidth = width;
@@ -153,6 +166,32 @@ Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::i
   if (form == ArcForm::Sector && IsSeen(fill)) {
     FillSector(canvas->Graphics, box, turn,
                (fill & ~kTransparencyByte) | (line.Ink & kTransparencyByte));
+  }
+  return Status::Done;
+}
+
+Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
+                     DrawnColour fill, Canvas* canvas) noexcept {
+  if (canvas == nullptr || points.size() > kMostCorners) return Status::Done;
+  // GDI+ knows no polygon of two corners.
+  if (points.size() == 2) return CanvasLine(points[0], points[1], line, canvas);
+  Sequence<CanvasPoint> clipped;
+  if (!ClipPolygon(points, FarthestPoint(*canvas, line), clipped) || clipped.Size() < 2) {
+    return Status::Done;
+  }
+  // A GDI+ point is the same two numbers.
+  static_assert(sizeof(CanvasPoint) == sizeof(Gdiplus::GpPoint));
+  const auto* corners = reinterpret_cast<const Gdiplus::GpPoint*>(clipped.begin());
+  const auto count = static_cast<INT>(clipped.Size());
+  PenOwner pen;
+  if (MakePen(line, LengthAround({clipped.begin(), clipped.Size()}), pen) &&
+      Succeeded(gdip::GdipSetPenMode(pen, Gdiplus::PenAlignmentInset))) {
+    static_cast<void>(gdip::GdipDrawPolygonI(canvas->Graphics, pen, corners, count));
+  }
+  SolidBrushOwner brush;
+  if (MakeBrush(fill, brush)) {
+    static_cast<void>(gdip::GdipFillPolygonI(canvas->Graphics, brush, corners, count,
+                                             Gdiplus::FillModeAlternate));
   }
   return Status::Done;
 }

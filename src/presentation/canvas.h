@@ -4,7 +4,6 @@
 #include <cstdint>
 
 #include "presentation/gdi_plus.h"
-#include "presentation/presentation.h"
 
 namespace korvel {
 
@@ -18,10 +17,5 @@ struct Canvas {
   std::int32_t ClipWidth = 0;
   std::int32_t ClipHeight = 0;
 };
-
-// Dashed lines and polygons are cut so far from the origin, a little outside of the canvas, where
-// neither the cut nor the points of a polygon's corners, which reach five widths beyond them, are
-// seen.
-[[nodiscard]] std::int64_t FarthestPoint(const Canvas& canvas, const LineAttributes& line) noexcept;
 
 }  // namespace korvel

@@ -4,31 +4,25 @@
 #include "presentation/device_update.h"
 
 #include <cstdint>
+#include <optional>
 
-#include "host/host.h"
 #include "objects/memory.h"
+#include "platform/clocks.h"
+#include "platform/screen.h"
+#include "platform/trace.h"
 #include "presentation/presentation.h"
-#include "presentation/surface.h"
+#include "presentation/state.h"
 
 namespace korvel {
 
 namespace {
-
-constexpr std::uint32_t kMillisecondsPerSecond = 1000;
-
-// The time of the last copy.
-struct UpdateStamp {
-  bool IsValid = false;
-  std::uint32_t Seconds = 0;
-  std::uint32_t Milliseconds = 0;  // 0 to 999
-};
 
 // All of it is touched under the screen lock only.
 struct Screen {
   HWND Window = nullptr;
   std::uint32_t* Pixels = nullptr;  // 0xXXRRGGBB, rows from the top; null when there are none
   bool HasPicture = false;
-  UpdateStamp LastUpdate;
+  std::optional<std::uint32_t> LastUpdateMs;  // absent: the next update is not skipped
 };
 
 CRITICAL_SECTION screenLock;
@@ -42,19 +36,6 @@ class [[nodiscard]] ScreenLock {
   ScreenLock& operator=(const ScreenLock&) = delete;
 };
 
-UpdateStamp Now() noexcept {
-  const std::uint32_t now = MillisecondsSinceProcessStart();
-  return {true, now / kMillisecondsPerSecond, now % kMillisecondsPerSecond};
-}
-
-// Whether less than a millisecond lies between the two.
-bool IsTooSoon(const UpdateStamp& last, const UpdateStamp& now) noexcept {
-  if (!last.IsValid) return false;
-  if (now.Seconds == last.Seconds) return now.Milliseconds <= last.Milliseconds;
-  return now.Seconds == last.Seconds + 1 &&
-         now.Milliseconds + kMillisecondsPerSecond <= last.Milliseconds;
-}
-
 void CopyBackBuffer() noexcept {
   const Gdiplus::Rect whole(0, 0, kSceneWidth, kSceneHeight);
   Gdiplus::BitmapData data{};
@@ -64,7 +45,7 @@ void CopyBackBuffer() noexcept {
   data.PixelFormat = PixelFormat32bppRGB;
   data.Scan0 = screen.Pixels;
   const UINT mode = Gdiplus::ImageLockModeRead | Gdiplus::ImageLockModeUserInputBuf;
-  Gdiplus::GpBitmap* picture = BackBuffer();
+  Gdiplus::GpBitmap* picture = State().backBuffer;
   if (!Succeeded(gdip::GdipBitmapLockBits(picture, &whole, mode, PixelFormat32bppRGB, &data))) {
     return;
   }
@@ -95,10 +76,11 @@ void ShowPicture() noexcept {
 HWND UpdateScreen() noexcept {
   const ScreenLock lock;
   Trace(">>>>>>>>DeviceUpdate !!\n");
-  if (screen.Pixels == nullptr || BackBuffer() == nullptr) return nullptr;
-  const UpdateStamp now = Now();
-  if (IsTooSoon(screen.LastUpdate, now)) return nullptr;
-  screen.LastUpdate = now;
+  if (screen.Pixels == nullptr || State().backBuffer == nullptr) return nullptr;
+  // The clock never runs backwards.
+  const std::uint32_t now = MillisecondsSinceProcessStart();
+  if (screen.LastUpdateMs == now) return nullptr;
+  screen.LastUpdateMs = now;
   CopyBackBuffer();
   if (screen.Window != nullptr) ShowPicture();
   return screen.Window;
@@ -140,7 +122,7 @@ Status DeviceUpdate() noexcept {
 
 void DiscardUpdateStamp() noexcept {
   const ScreenLock lock;
-  screen.LastUpdate = {};
+  screen.LastUpdateMs.reset();
 }
 
 }  // namespace korvel

@@ -1,17 +1,15 @@
 // How each visible class looks: one function per class, each in the file of its class, drawing a
-// running object into the back buffer. Done, or Refused when the picture to draw could not be had.
+// running object into the back buffer. Done, or Refused when the picture to draw is missing.
 // Without a back buffer nothing is drawn. Only the redraw calls them.
 #pragma once
 
 #include "objects/status.h"
 #include "objects/visibles.h"
-#include "presentation/painting_time.h"
 
 namespace korvel {
 
-// Sets the object's content hook from the application's when it has none. Pictures that could take
-// longer than what is left of the redraw's time are not to be had.
-Status Draw(Bitmap& bitmap, const PaintingTime& time) noexcept;
+// Sets the object's content hook from the application's when it has none.
+Status Draw(Bitmap& bitmap) noexcept;
 Status Draw(const Rectangle& rectangle) noexcept;
 Status Draw(const DynamicLineArt& lineArt) noexcept;
 // HyperText looks the same.

@@ -1,10 +1,12 @@
 // Dynamic line art: its frame, when it has one, and its canvas inside of that.
 #include <algorithm>
 
+#include "engine/engine.h"
+#include "platform/screen.h"
 #include "presentation/canvas.h"
 #include "presentation/drawings.h"
 #include "presentation/line.h"
-#include "presentation/surface.h"
+#include "presentation/state.h"
 
 namespace korvel {
 
@@ -31,11 +33,11 @@ Box VisiblePart(const Canvas& canvas, std::int64_t x, std::int64_t y) noexcept {
 void DrawCanvas(const Canvas& canvas, std::int64_t x, std::int64_t y) noexcept {
   const Box part = VisiblePart(canvas, x, y);
   ImageAttributesOwner attributes;
-  if (SurfaceGraphics() == nullptr || part.IsEmpty() || !MakeColourKey(attributes)) return;
+  if (State().graphics == nullptr || part.IsEmpty() || !MakeColourKey(attributes)) return;
   static_cast<void>(gdip::GdipDrawImageRectRectI(
-      SurfaceGraphics(), canvas.Picture, NearCoordinate(x + part.Left),
-      NearCoordinate(y + part.Top), part.Width(), part.Height(), part.Left, part.Top, part.Width(),
-      part.Height(), Gdiplus::UnitPixel, attributes, nullptr, nullptr));
+      State().graphics, canvas.Picture, NearCoordinate(x + part.Left), NearCoordinate(y + part.Top),
+      part.Width(), part.Height(), part.Left, part.Top, part.Width(), part.Height(),
+      Gdiplus::UnitPixel, attributes, nullptr, nullptr));
 }
 
 }  // namespace
@@ -44,7 +46,8 @@ Status Draw(const DynamicLineArt& lineArt) noexcept {
   const LineAttributes line = LineAttributesOf(lineArt);
   std::int64_t inset = 0;
   if (lineArt.BorderedBoundingBox) {
-    DrawBorderedRectangle(SurfaceGraphics(), BoxOf(lineArt), line, FillColourOf(lineArt));
+    DrawBorderedRectangle(State().graphics, BoxOf(lineArt), line,
+                          FillColourOf(lineArt, CurrentGroups()));
     inset = DrawnWidth(line);
   }
   if (lineArt.Canvas == nullptr) return Status::Done;

@@ -11,6 +11,8 @@
 
 #include <utility>
 
+#include "appearance/colours.h"
+
 namespace korvel {
 
 namespace gdip = Gdiplus::DllExports;
@@ -62,5 +64,16 @@ using FontFamilyOwner = GdiPlusOwner<Gdiplus::GpFontFamily, gdip::GdipDeleteFont
 using StringFormatOwner = GdiPlusOwner<Gdiplus::GpStringFormat, gdip::GdipDeleteStringFormat>;
 using ImageAttributesOwner =
     GdiPlusOwner<Gdiplus::GpImageAttributes, gdip::GdipDisposeImageAttributes>;
+
+// The colour as GDI+ takes it.
+[[nodiscard]] inline Gdiplus::ARGB ToGdiPlus(DrawnColour colour) noexcept {
+  const Gdiplus::ARGB alpha = 255 - (colour & kTransparencyByte);
+  return alpha << 24 | colour >> 8;
+}
+
+// A brush of the colour. False if the colour is invisible or the brush cannot be made.
+[[nodiscard]] inline bool MakeBrush(DrawnColour colour, SolidBrushOwner& brush) noexcept {
+  return IsSeen(colour) && Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(colour), brush.Slot()));
+}
 
 }  // namespace korvel

@@ -1,50 +1,67 @@
-// The way of an I-frame from its bytes to an image: a file that nobody changes meanwhile, the
-// host's decoder, and the colours.
+// From the bytes of an I-frame to an image: the temporary file, the host's decoder, and the
+// colours.
 #include "presentation/i_frame.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 
+#include "appearance/mpeg_file.h"
+#include "appearance/yuv.h"
 #include "objects/octet_string.h"
 #include "presentation/encoder.h"
-#include "presentation/mpeg_file.h"
-#include "presentation/picture_limits.h"
-#include "presentation/temporary_stream.h"
-#include "presentation/yuv.h"
+#include "presentation/state.h"
 
 namespace korvel {
 
 namespace {
 
-// What the host's library does: fills the buffer that `buffer` points to with the frame's planes.
-// Its result means nothing to us.
+// The number in the temporary file's name is never raised: each stream rewrites the same file.
+constexpr int kTemporaryFileNumber = 0;
+
+// The function of the host's library: fills the buffer that `buffer` points to with the frame's
+// planes. Its result has no meaning.
 using DecodeFrame = int(__cdecl*)(const char* path, std::uint8_t** buffer, int one);
 
-class DecoderLibrary {
- public:
-  DecoderLibrary() noexcept : module_(LoadLibraryA("MenuAPI")) {}
-  ~DecoderLibrary() {
-    if (module_ != nullptr) FreeLibrary(module_);
-  }
-  DecoderLibrary(const DecoderLibrary&) = delete;
-  DecoderLibrary& operator=(const DecoderLibrary&) = delete;
-  // Null when the library or the function is not there.
-  [[nodiscard]] DecodeFrame Function() const noexcept {
-    if (module_ == nullptr) return nullptr;
-    return reinterpret_cast<DecodeFrame>(
-        reinterpret_cast<void*>(GetProcAddress(module_, MAKEINTRESOURCEA(1))));
-  }
+// Calls the function with these arguments. On 32 bits it may be __cdecl or __stdcall, and nothing
+// says which: both take their arguments on the stack, but __stdcall functions remove them.
+// Restoring the stack pointer from the frame is right after both. The stack is aligned as in
+// compiled calls. The compiler must not change how it passes the arguments, as it may for a
+// function of this file. On 64 bits there is one convention.
+#ifdef _WIN64
+void Call(DecodeFrame decode, const char* path, std::uint8_t** buffer, int one) noexcept {
+  decode(path, buffer, one);
+}
+#else
+[[gnu::naked, gnu::noipa]] void __cdecl Call(DecodeFrame, const char*, std::uint8_t**,
+                                             int) noexcept {
+  asm("pushl %ebp\n\t"
+      "movl %esp, %ebp\n\t"
+      "andl $-16, %esp\n\t"
+      "subl $4, %esp\n\t"
+      "pushl 20(%ebp)\n\t"
+      "pushl 16(%ebp)\n\t"
+      "pushl 12(%ebp)\n\t"
+      "call *8(%ebp)\n\t"
+      "leave\n\t"
+      "ret");
+}
+#endif
 
- private:
-  HMODULE module_;
-};
+// Null when the library or the function is not there.
+[[nodiscard]] DecodeFrame FindDecoder() noexcept {
+  HMODULE& library = State().decoderLibrary;
+  if (library == nullptr) library = LoadLibraryA("MenuAPI");
+  if (library == nullptr) return nullptr;
+  return reinterpret_cast<DecodeFrame>(
+      reinterpret_cast<void*>(GetProcAddress(library, MAKEINTRESOURCEA(1))));
+}
 
 [[nodiscard]] bool DecodePlanes(const char* path, const PlanarFrame& frame) noexcept {
-  const DecoderLibrary library;
-  const DecodeFrame decode = library.Function();
-  if (decode == nullptr) return false;
+  const DecodeFrame decode = FindDecoder();
   std::uint8_t* buffer = frame.Bytes();
-  decode(path, &buffer, 1);
+  if (decode == nullptr || buffer == nullptr) return false;
+  Call(decode, path, &buffer, 1);
   return true;
 }
 
@@ -71,39 +88,60 @@ class DecoderLibrary {
   return true;
 }
 
-// Decodes the stream, which is what the held file has in it. A decoder that leaves the planes as
-// they were may have wanted the file for itself, and gets it so.
-[[nodiscard]] bool Decode(const char* path, HeldFile& file, std::string_view stream,
-                          std::uint64_t mostNs, BitmapOwner& image) noexcept {
+[[nodiscard]] bool DecodeFile(const char* path, std::string_view stream,
+                              BitmapOwner& image) noexcept {
   FrameSize size;
-  if (!FindFrameSize(stream, mostNs, size)) return false;
+  if (!FindFrameSize(stream, size)) return false;
   const PlanarFrame frame(size);
-  if (frame.Bytes() == nullptr || !DecodePlanes(path, frame)) return false;
-  if (frame.IsUntouched()) {
-    file.Release();
-    if (!DecodePlanes(path, frame)) return false;
-  }
-  return MakeImage(frame, image);
+  return DecodePlanes(path, frame) && MakeImage(frame, image);
+}
+
+[[nodiscard]] bool WriteStream(const char* path, std::string_view bytes) noexcept {
+  std::FILE* file = std::fopen(path, "wb");
+  if (file == nullptr) return false;
+  const bool isWritten = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+  return std::fclose(file) == 0 && isWritten;
+}
+
+[[nodiscard]] bool ReadStream(const char* path, OctetString& bytes) noexcept {
+  std::FILE* file = std::fopen(path, "rb");
+  if (file == nullptr) return false;
+  std::fseek(file, 0, SEEK_END);
+  const long size = std::ftell(file);
+  std::rewind(file);
+  const bool isRead = size >= 0 && bytes.AssignZeros(static_cast<std::size_t>(size)) &&
+                      std::fread(bytes.MutableBytes(), 1, bytes.Length(), file) == bytes.Length();
+  std::fclose(file);
+  return isRead;
 }
 
 }  // namespace
 
-bool DecodeIFrame(std::string_view stream, std::uint64_t mostNs, BitmapOwner& image) noexcept {
-  HeldFile file;
-  const char* path = HoldTemporaryStream(stream, file);
-  return path != nullptr && Decode(path, file, stream, mostNs, image);
-}
-
-bool DecodeIFrameFile(const char* path, std::uint64_t mostNs, BitmapOwner& image) noexcept {
-  HeldFile file;
-  OctetString stream;
-  return file.Hold(path) && file.Read(stream) && Decode(path, file, stream.View(), mostNs, image);
+bool DecodeIFrame(std::string_view stream, BitmapOwner& image) noexcept {
+  const char* path = State().temporaryPath.data();
+  return *path != '\0' && WriteStream(path, stream) && DecodeFile(path, stream, image);
 }
 
 bool ConvertIFrameToPng(const char* source, const char* target) noexcept {
+  OctetString stream;
   BitmapOwner image;
-  return DecodeIFrameFile(source, kLongestPicturesNs, image) &&
+  return ReadStream(source, stream) && DecodeFile(source, stream.View(), image) &&
          SaveImage(image, L"image/png", target);
+}
+
+void FindTemporaryFolder() noexcept {
+  std::array<char, kTemporaryFolderBytes> folder{};
+  TemporaryPath& path = State().temporaryPath;
+  path = {};
+  const DWORD length = GetTempPathA(kTemporaryFolderBytes, folder.data());
+  if (length == 0 || length >= folder.size()) return;
+  std::snprintf(path.data(), path.size(), "%s\\mheg_bmp_tmpfile%03d.m2v", folder.data(),
+                kTemporaryFileNumber);
+}
+
+void ReleaseDecoder() noexcept {
+  if (State().decoderLibrary != nullptr) FreeLibrary(State().decoderLibrary);
+  State().decoderLibrary = nullptr;
 }
 
 }  // namespace korvel

@@ -2,12 +2,8 @@
 // remembered too, so that it is not tried again at every painting.
 #include "presentation/image_cache.h"
 
-#include "objects/list.h"
-#include "objects/octet_string.h"
-#include "objects/owned.h"
-#include "presentation/picture.h"
-#include "presentation/picture_limits.h"
 #include "presentation/presentation.h"
+#include "presentation/state.h"
 
 namespace korvel {
 
@@ -19,26 +15,13 @@ constexpr std::size_t kLongestName = 100;
 constexpr WORD kPictureResource = 101;
 constexpr const char* kPictureType = "VIDEO_JPG";
 
-struct NamedPicture {
-  OctetString Name;
-  Picture Content;
-};
-
-struct ImageCache {
-  List<NamedPicture> Pictures;
-  List<GlobalBlock> KeptBlocks;  // of pictures that a restart has destroyed
-};
-
-// A plain pointer: when the process ends while the engine runs, no destructor may call GDI+.
-ImageCache* cache = nullptr;
-
 // The module that holds this code, whatever it is called: a library or a test.
 HMODULE OwnModule() noexcept {
   HMODULE module = nullptr;
   const DWORD flags =
       GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
   const bool isFound =
-      GetModuleHandleExA(flags, reinterpret_cast<LPCSTR>(&cache), &module) != FALSE;
+      GetModuleHandleExA(flags, reinterpret_cast<LPCSTR>(&State()), &module) != FALSE;
   return isFound ? module : nullptr;
 }
 
@@ -54,7 +37,7 @@ std::string_view PictureResource() noexcept {
 }
 
 [[nodiscard]] NamedPicture* FindPicture(std::string_view name) noexcept {
-  for (NamedPicture& picture : cache->Pictures) {
+  for (NamedPicture& picture : State().namedPictures) {
     if (picture.Name.View() == name) return &picture;
   }
   return nullptr;
@@ -64,15 +47,13 @@ std::string_view PictureResource() noexcept {
 [[nodiscard]] NamedPicture* AddPicture(std::string_view name) noexcept {
   NamedPicture picture;
   if (!picture.Name.Assign(name)) return nullptr;
-  static_cast<void>(ReadPicture(PictureResource(), kLongestPicturesNs, picture.Content));
-  return cache->Pictures.Append(std::move(picture));
+  static_cast<void>(ReadPicture(PictureResource(), picture.Content));
+  return State().namedPictures.Append(std::move(picture));
 }
 
 }  // namespace
 
 Gdiplus::GpImage* NamedImage(std::string_view name) noexcept {
-  if (cache == nullptr) cache = Owned<ImageCache>::New().Release();
-  if (cache == nullptr) return nullptr;
   name = name.substr(0, kLongestName);
   NamedPicture* picture = FindPicture(name);
   if (picture == nullptr) picture = AddPicture(name);
@@ -80,18 +61,12 @@ Gdiplus::GpImage* NamedImage(std::string_view name) noexcept {
 }
 
 void ClearImageCache() noexcept {
-  if (cache == nullptr) return;
-  for (NamedPicture& picture : cache->Pictures) {
+  for (NamedPicture& picture : State().namedPictures) {
     picture.Content.Image.Reset();
-    // Without memory for the note the block is given back at once.
-    static_cast<void>(cache->KeptBlocks.Append(std::move(picture.Content.Block)));
+    // Without memory for the entry the block is released at once.
+    static_cast<void>(State().keptBlocks.Append(std::move(picture.Content.Block)));
   }
-  cache->Pictures.Clear();
-}
-
-void ReleaseImageMemory() noexcept {
-  Owned<ImageCache>(cache).Reset();
-  cache = nullptr;
+  State().namedPictures.Clear();
 }
 
 }  // namespace korvel

@@ -1,5 +1,5 @@
 // The cache of the pictures that the library carries itself. They are decoded on first use and stay
-// until the engine restarts or ends.
+// until the engine restarts or closes.
 #pragma once
 
 #include <string_view>
@@ -10,8 +10,5 @@ namespace korvel {
 
 // The named picture; null when the library does not carry it.
 [[nodiscard]] Gdiplus::GpImage* NamedImage(std::string_view name) noexcept;
-
-// Gives back every picture, and the memory of those that ClearImageCache has destroyed.
-void ReleaseImageMemory() noexcept;
 
 }  // namespace korvel

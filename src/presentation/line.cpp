@@ -1,14 +1,15 @@
 // Pens, and the bordered rectangle that rectangles, sliders, entry fields and frames share.
 #include "presentation/line.h"
 
-#include "presentation/colours.h"
+#include "appearance/colours.h"
+#include "engine/engine.h"
 
 namespace korvel {
 
 namespace {
 
 Gdiplus::GpDashStyle DashStyleOf(const LineAttributes& line, double length) noexcept {
-  if (HasMoreDashes(line, length, kMostDashesForGdiPlus)) return Gdiplus::DashStyleSolid;
+  if (HasTooManyDashes(line, length)) return Gdiplus::DashStyleSolid;
   switch (DashesOf(line)) {
   case Dashes::Long: return Gdiplus::DashStyleDash;
   case Dashes::Short: return Gdiplus::DashStyleDot;
@@ -66,7 +67,7 @@ void DrawOutline(Gdiplus::GpGraphics* graphics, const Box& whole,
 }  // namespace
 
 LineAttributes LineAttributesOf(const LineArt& lineArt) noexcept {
-  return {lineArt.LineWidth, lineArt.LineStyle, LineColourOf(lineArt)};
+  return {lineArt.LineWidth, lineArt.LineStyle, LineColourOf(lineArt, CurrentGroups())};
 }
 
 bool MakePen(const LineAttributes& line, double length, PenOwner& pen) noexcept {

@@ -1,21 +1,17 @@
 // How lines and outlines are drawn, on the back buffer and on canvases alike.
 #pragma once
 
+#include "appearance/geometry.h"
+#include "appearance/line_attributes.h"
+#include "platform/canvases.h"
 #include "presentation/gdi_plus.h"
-#include "presentation/geometry.h"
-#include "presentation/line_attributes.h"
-#include "presentation/presentation.h"
 
 namespace korvel {
 
 // The attributes of a line art's lines as they are now.
 [[nodiscard]] LineAttributes LineAttributesOf(const LineArt& lineArt) noexcept;
 
-// GDI+ makes an outline of each dash and each dot, which takes a while. Around the whole scene run
-// fewer than these, and a line that has more gets a solid pen.
-inline constexpr double kMostDashesForGdiPlus = 3000;
-
-// The pen for a line or an outline that is so many pixels long, or somewhat shorter. False when the
+// The pen for a line or an outline of that length, in pixels, or somewhat shorter. False when the
 // line has no width, which GDI+ would draw one pixel wide, and when the pen could not be made.
 [[nodiscard]] bool MakePen(const LineAttributes& line, double length, PenOwner& pen) noexcept;
 

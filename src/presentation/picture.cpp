@@ -1,11 +1,13 @@
 // Pictures from bytes. Painting them is left to picture_painting.cpp, I-frames to i_frame.cpp.
 #include "presentation/picture.h"
 
+#include "appearance/picture_size.h"
+
 namespace korvel {
 
 namespace {
 
-// A stream over the block, given back with the last picture that reads from it.
+// A stream over the block, released with the last picture that reads from it.
 class BlockStream {
  public:
   explicit BlockStream(const GlobalBlock& block) noexcept {
@@ -22,29 +24,37 @@ class BlockStream {
   IStream* stream_ = nullptr;
 };
 
+// Metafiles are refused: they are programs for the graphics system, and content is hostile.
+[[nodiscard]] bool IsAllowed(Gdiplus::GpImage* image) noexcept {
+  Gdiplus::ImageType type = Gdiplus::ImageTypeUnknown;
+  UINT width = 0;
+  UINT height = 0;
+  return Succeeded(gdip::GdipGetImageType(image, &type)) && type == Gdiplus::ImageTypeBitmap &&
+         Succeeded(gdip::GdipGetImageWidth(image, &width)) &&
+         Succeeded(gdip::GdipGetImageHeight(image, &height)) && IsDecodableSize(width, height);
+}
+
 }  // namespace
 
-bool GlobalBlock::Assign(const FilePieces& pieces) noexcept {
-  std::size_t size = 0;
-  for (const std::string_view piece : pieces) size += piece.size();
+bool GlobalBlock::Assign(std::string_view bytes) noexcept {
   GlobalBlock made;
-  made.block_ = GlobalAlloc(GMEM_MOVEABLE, size);
+  made.block_ = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
   if (made.block_ == nullptr) return false;
-  auto* to = static_cast<char*>(GlobalLock(made.block_));
+  void* to = GlobalLock(made.block_);
   if (to == nullptr) return false;
-  for (const std::string_view piece : pieces) to += piece.copy(to, piece.size());
+  bytes.copy(static_cast<char*>(to), bytes.size());
   GlobalUnlock(made.block_);
   *this = std::move(made);
   return true;
 }
 
-bool ReadPicture(std::string_view bytes, std::uint64_t mostNs, Picture& picture) noexcept {
+bool ReadPicture(std::string_view bytes, Picture& picture) noexcept {
   Picture read;
-  FilePieces pieces;
-  if (!FindPicture(bytes, mostNs, pieces) || !read.Block.Assign(pieces)) return false;
+  if (!MayBeDecoded(bytes) || !read.Block.Assign(bytes)) return false;
   const BlockStream stream(read.Block);
   if (stream.Get() == nullptr ||
-      !Succeeded(gdip::GdipLoadImageFromStream(stream.Get(), read.Image.Slot()))) {
+      !Succeeded(gdip::GdipLoadImageFromStream(stream.Get(), read.Image.Slot())) ||
+      !IsAllowed(read.Image)) {
     return false;
   }
   // The order matters: the old image before the old block.

@@ -1,16 +1,14 @@
 // A picture read from bytes: what GDI+ made of them, and the memory that it reads from.
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 #include <utility>
 
 #include "presentation/gdi_plus.h"
-#include "presentation/picture_file.h"
 
 namespace korvel {
 
-// A block of global memory; GDI+ reads pictures from nothing else.
+// A block of global memory: the only kind that GDI+ reads pictures from.
 class GlobalBlock {
  public:
   GlobalBlock() noexcept = default;
@@ -25,23 +23,22 @@ class GlobalBlock {
     if (block_ != nullptr) GlobalFree(block_);
   }
 
-  // A movable block with a copy of the pieces, one behind the other. False when memory is out.
-  [[nodiscard]] bool Assign(const FilePieces& pieces) noexcept;
+  // A movable block with a copy of the bytes. False when memory is out.
+  [[nodiscard]] bool Assign(std::string_view bytes) noexcept;
   [[nodiscard]] HGLOBAL Get() const noexcept { return block_; }
 
  private:
   HGLOBAL block_ = nullptr;
 };
 
-// The image may read from the block as long as it lives, so it goes first.
+// The image may read from the block as long as it lives, so it is released first.
 struct Picture {
   GlobalBlock Block;
   ImageOwner Image;
 };
 
-// Reads a picture of any of the kinds of picture_file.h. False, and `picture` unchanged, when the
-// bytes are no picture, or one that could take more than `mostNs` nanoseconds to decode and paint.
-[[nodiscard]] bool ReadPicture(std::string_view bytes, std::uint64_t mostNs,
-                               Picture& picture) noexcept;
+// Reads a picture of any format that GDI+ knows, but no metafile. False, with `picture` unchanged,
+// when GDI+ cannot read the bytes or the picture is beyond the limits.
+[[nodiscard]] bool ReadPicture(std::string_view bytes, Picture& picture) noexcept;
 
 }  // namespace korvel

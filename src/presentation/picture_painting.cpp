@@ -2,8 +2,8 @@
 // so that scaling, tiling and cutting come from one fill.
 #include "presentation/picture_painting.h"
 
-#include "presentation/geometry.h"
-#include "presentation/surface.h"
+#include "appearance/geometry.h"
+#include "presentation/state.h"
 
 namespace korvel {
 
@@ -70,7 +70,7 @@ void FillBox(Gdiplus::GpGraphics* graphics, const Box& box, const Scale& scale,
 }  // namespace
 
 Status PaintPicture(Gdiplus::GpImage* image, const PicturePlacement& placement) noexcept {
-  Gdiplus::GpGraphics* graphics = SurfaceGraphics();
+  Gdiplus::GpGraphics* graphics = State().graphics;
   if (graphics == nullptr) return Status::Done;
   UINT width = 0;
   UINT height = 0;

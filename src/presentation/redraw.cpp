@@ -3,11 +3,12 @@
 #include <cstdint>
 
 #include "engine/engine.h"
-#include "host/host.h"
 #include "objects/sequence.h"
+#include "platform/running.h"
+#include "platform/screen.h"
 #include "presentation/drawings.h"
-#include "presentation/painting_time.h"
 #include "presentation/presentation.h"
+#include "presentation/state.h"
 
 namespace korvel {
 
@@ -16,26 +17,18 @@ namespace {
 // Four of every five requests are dropped: a cheap limit on how often content makes us paint.
 constexpr std::uint32_t kRequestsPerPainting = 5;
 
-// The datum of the EngineEvent that reports a picture that could not be had.
+// The datum of the EngineEvent that reports a missing picture.
 constexpr std::int32_t kMissingPicture = 3;
 
-struct RedrawState {
-  std::uint32_t Requests = 0;
-  bool IsPainting = false;
-  bool IsDueAgain = false;  // a request that was to paint came from an event of this painting
-};
-
-RedrawState state;
-
-// Refused when a picture was to be drawn and could not be had.
-Status DrawVisible(ItemType kind, Ingredient& visible, const PaintingTime& time) noexcept {
+// Refused when a picture is missing.
+Status DrawVisible(ItemType kind, Ingredient& visible) noexcept {
   if (kind == ItemType::Video) {
     const auto& video = static_cast<const Video&>(visible);
     return visible.RunningStatus ? Draw(video) : StopVideo(video);
   }
   if (!visible.RunningStatus) return Status::Done;
   switch (kind) {
-  case ItemType::Bitmap: return Draw(static_cast<Bitmap&>(visible), time);
+  case ItemType::Bitmap: return Draw(static_cast<Bitmap&>(visible));
   case ItemType::Rectangle: return Draw(static_cast<const Rectangle&>(visible));
   case ItemType::DynamicLineArt: return Draw(static_cast<const DynamicLineArt&>(visible));
   case ItemType::Text:
@@ -47,19 +40,16 @@ Status DrawVisible(ItemType kind, Ingredient& visible, const PaintingTime& time)
 }
 
 // Draws the entries that were in the stack when the walk began: the events of a missing picture may
-// rearrange or end anything. When the time is over, what lies above is left out. False when the
-// walk cannot go on; `result` then says why.
-[[nodiscard]] bool DrawStack(Application& application, const PaintingTime& time,
-                             Status& result) noexcept {
+// rearrange or end anything. False when the walk cannot go on; `result` then says why.
+[[nodiscard]] bool DrawStack(Application& application, Status& result) noexcept {
   Sequence<StackedVisible> entries;
   for (const StackedVisible& entry : application.DisplayStack) {
     if (!entries.Append(entry)) break;
   }
   for (const StackedVisible& entry : entries) {
     if (IsClosing()) return false;
-    if (time.IsOver()) break;
     if (IsGone(*entry.Visible)) continue;
-    if (DrawVisible(entry.Kind, *entry.Visible, time) != Status::Refused || IsClosing()) continue;
+    if (DrawVisible(entry.Kind, *entry.Visible) != Status::Refused || IsClosing()) continue;
     result = RaiseEvent(application, EventType::EngineEvent, EventData::Integer(kMissingPicture));
     if (result == Status::Failure) return false;
     result = Status::Done;
@@ -68,35 +58,35 @@ Status DrawVisible(ItemType kind, Ingredient& visible, const PaintingTime& time)
   return !IsClosing();
 }
 
-Status PaintScene(const PaintingTime& time) noexcept {
-  state.IsDueAgain = false;
+Status PaintScene() noexcept {
+  State().isPaintingDueAgain = false;
   ClearSurface();
   Application* application = CurrentApplication();
   if (application == nullptr) return Status::Done;
   Status result = Status::Done;
-  if (!DrawStack(*application, time, result)) return result;
+  if (!DrawStack(*application, result)) return result;
   return application->LockCount == 0 ? DeviceUpdate() : Status::Done;
 }
 
 }  // namespace
 
 Status Redraw() noexcept {
-  ++state.Requests;
-  if (state.Requests % kRequestsPerPainting != 1 || IsClosing()) return Status::Done;
-  if (state.IsPainting) {
-    state.IsDueAgain = true;
+  PresentationState& state = State();
+  ++state.redrawRequests;
+  if (state.redrawRequests % kRequestsPerPainting != 1 || IsClosing()) return Status::Done;
+  if (state.isPainting) {
+    state.isPaintingDueAgain = true;
     return Status::Done;
   }
   const Busy busy;
-  const PaintingTime time;
-  state.IsPainting = true;
-  Status result = PaintScene(time);
-  // Once, and not when time is over: content whose events always ask for more must not keep us.
-  if (state.IsDueAgain && result == Status::Done && !time.IsOver()) result = PaintScene(time);
-  state.IsPainting = false;
+  state.isPainting = true;
+  Status result = PaintScene();
+  // Only once: content whose events always ask for more must not keep the worker here.
+  if (state.isPaintingDueAgain && result == Status::Done) result = PaintScene();
+  state.isPainting = false;
   return result;
 }
 
-void ResetRedrawCounter() noexcept { state.Requests = 0; }
+void ResetRedrawCounter() noexcept { State().redrawRequests = 0; }
 
 }  // namespace korvel

@@ -1,4 +1,6 @@
 // The fixed screens that the viewer sees while no application runs.
+#include "platform/canvases.h"
+#include "platform/screen.h"
 #include "presentation/presentation.h"
 #include "presentation/text.h"
 

@@ -1,25 +1,21 @@
-// Sliders: the numbers above the box and the bar in it. The orientation names the side where the
-// bar begins; the bar ends where the value stands in the range.
-#include <algorithm>
+// Sliders: the numbers above the box and the bar in it.
 #include <array>
 #include <cstdio>
 
-#include "presentation/colours.h"
+#include "appearance/colours.h"
+#include "appearance/slider_bar.h"
+#include "engine/engine.h"
 #include "presentation/drawings.h"
 #include "presentation/line.h"
-#include "presentation/surface.h"
+#include "presentation/state.h"
 #include "presentation/text.h"
 
 namespace korvel {
 
 namespace {
 
-enum Orientation : std::int32_t { kRight = 2, kUp = 3, kDown = 4 };  // all else is left
-enum Style : std::int32_t { kThermometer = 2, kProportional = 3 };   // all else is normal
-
 constexpr std::int32_t kNumberWidth = 30;
 constexpr std::int32_t kNumberHeight = 15;
-constexpr std::int64_t kMarkerThickness = 3;
 
 void DrawNumber(std::int32_t number, std::int64_t x, std::int64_t y, DrawnColour colour) noexcept {
   std::array<char, 16> digits{};
@@ -42,83 +38,17 @@ void DrawNumbers(const Slider& slider, DrawnColour colour) noexcept {
   DrawNumber(slider.SliderValue, x, y, colour);
 }
 
-// The way along which the bar grows: from one edge of the box to the opposite one.
-class Track {
- public:
-  explicit Track(const Slider& slider) noexcept
-      : slider_(slider),
-        isUpright_(slider.Orientation == kUp || slider.Orientation == kDown),
-        beginsFar_(slider.Orientation == kRight || slider.Orientation == kDown),
-        near_(isUpright_ ? slider.Position.Y : slider.Position.X),
-        length_(isUpright_ ? slider.BoxSize.Height : slider.BoxSize.Width) {}
-
-  // Where a value stands, in scene pixels. The bar never reaches the box's last pixel.
-  [[nodiscard]] std::int64_t At(std::int64_t value) const noexcept {
-    const double range = static_cast<double>(slider_.MaxValue) - slider_.MinValue;
-    const double way = static_cast<double>(length_ - 1) / range * static_cast<double>(value);
-    const double place = static_cast<double>(Beginning()) + (beginsFar_ ? -way : way);
-    const std::int64_t first = beginsFar_ ? near_ + 1 : near_;
-    const double held = std::clamp(place, static_cast<double>(first),
-                                   static_cast<double>(first + std::max(length_ - 1, kNothing)));
-    return static_cast<std::int64_t>(held);
-  }
-
-  [[nodiscard]] std::int64_t Beginning() const noexcept {
-    return beginsFar_ ? near_ + length_ : near_;
-  }
-
-  // The place that lies so many pixels further on.
-  [[nodiscard]] std::int64_t Further(std::int64_t place, std::int64_t pixels) const noexcept {
-    return beginsFar_ ? place - pixels : place + pixels;
-  }
-
-  // The part of the box between two places, whichever comes first.
-  [[nodiscard]] Box Between(std::int64_t one, std::int64_t other) const noexcept {
-    const auto [from, to] = std::minmax({one, other});
-    Box box = BoxOf(slider_);
-    (isUpright_ ? box.Top : box.Left) = NearCoordinate(from);
-    (isUpright_ ? box.Bottom : box.Right) = NearCoordinate(to);
-    return box;
-  }
-
-  // A marker's thickness across the bar's end, inside the box also when the bar is shorter.
-  [[nodiscard]] Box MarkerAt(std::int64_t end) const noexcept {
-    const std::int64_t thickness = std::min(kMarkerThickness, std::max(length_, kNothing));
-    const std::int64_t from =
-        std::clamp(beginsFar_ ? end : end - thickness, near_, near_ + length_ - thickness);
-    return Between(from, from + thickness);
-  }
-
- private:
-  static constexpr std::int64_t kNothing = 0;
-
-  const Slider& slider_;
-  bool isUpright_;
-  bool beginsFar_;  // at the right or at the bottom
-  std::int64_t near_;
-  std::int64_t length_;
-};
-
 void DrawBar(const Slider& slider, DrawnColour colour) noexcept {
   const LineAttributes line{.Width = 1, .Style = 1, .Ink = colour};
-  const Track track(slider);
-  std::int64_t from = track.Beginning();
-  std::int64_t to = track.Further(from, 1);  // where there is no range: the shortest bar
-  if (slider.MaxValue != slider.MinValue) {
-    const std::int64_t value = slider.SliderValue;
-    const bool isProportional = slider.SliderStyle == kProportional;
-    if (isProportional) from = track.At(value);
-    to = track.At(isProportional ? value + slider.Portion : value);
-  }
-  DrawBorderedRectangle(SurfaceGraphics(), track.Between(from, to), line, kTransparentColour);
-  if (slider.SliderStyle != kThermometer) return;
-  DrawBorderedRectangle(SurfaceGraphics(), track.MarkerAt(to), line, colour);
+  const SliderBar bar = SliderBarOf(slider);
+  DrawBorderedRectangle(State().graphics, bar.bar, line, kTransparentColour);
+  DrawBorderedRectangle(State().graphics, bar.marker, line, colour);
 }
 
 }  // namespace
 
 Status Draw(const Slider& slider) noexcept {
-  const DrawnColour colour = SliderColourOf(slider);
+  const DrawnColour colour = SliderColourOf(slider, CurrentGroups());
   DrawNumbers(slider, colour);
   DrawBar(slider, colour);
   return Status::Done;

@@ -1,16 +1,12 @@
-// The start and end of GDI+ and the back buffer. What is drawn into it is left to the drawing
-// files, showing it to device_update.cpp.
-#include "presentation/surface.h"
+// The start and end of GDI+, and the back buffer. Showing it is left to device_update.cpp.
+#include <utility>
 
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-
-#include "objects/owned.h"
+#include "objects/never_destroyed.h"
+#include "platform/screen.h"
 #include "presentation/device_update.h"
-#include "presentation/image_cache.h"
+#include "presentation/i_frame.h"
 #include "presentation/presentation.h"
-#include "presentation/temporary_stream.h"
+#include "presentation/state.h"
 
 namespace korvel {
 
@@ -18,45 +14,31 @@ namespace {
 
 constexpr Gdiplus::ARGB kOpaqueBlack = 0xFF000000;
 
-// The members go in the opposite order: the graphics before the picture it draws on.
-struct Surface {
-  BitmapOwner Picture;
-  GraphicsOwner Graphics;
-};
-
-// Plain pointers, given up by ClosePresentation only: when the process ends while the engine runs,
-// no destructor may call GDI+.
-Surface* surface = nullptr;
-ULONG_PTR gdiPlusToken = 0;
-bool isGdiPlusStarted = false;
+NeverDestroyed<PresentationState> state;
 
 void StartGdiPlus() noexcept {
   const Gdiplus::GdiplusStartupInput input(nullptr, FALSE, FALSE);
-  isGdiPlusStarted = Succeeded(Gdiplus::GdiplusStartup(&gdiPlusToken, &input, nullptr));
+  State().isGdiPlusStarted =
+      Succeeded(Gdiplus::GdiplusStartup(&State().gdiPlusToken, &input, nullptr));
 }
 
 void OpenSurface() noexcept {
-  if (!isGdiPlusStarted) return;
-  Owned<Surface> made = Owned<Surface>::New();
-  if (!made) return;
-  if (!Succeeded(gdip::GdipCreateBitmapFromScan0(kSceneWidth, kSceneHeight, 0, PixelFormat32bppARGB,
-                                                 nullptr, made->Picture.Slot())) ||
-      !Succeeded(gdip::GdipGetImageGraphicsContext(made->Picture, made->Graphics.Slot()))) {
+  BitmapOwner picture;
+  GraphicsOwner graphics;
+  if (!State().isGdiPlusStarted ||
+      !Succeeded(gdip::GdipCreateBitmapFromScan0(kSceneWidth, kSceneHeight, 0, PixelFormat32bppARGB,
+                                                 nullptr, picture.Slot())) ||
+      !Succeeded(gdip::GdipGetImageGraphicsContext(picture, graphics.Slot()))) {
     return;
   }
-  surface = made.Release();
+  State().backBuffer = std::move(picture);
+  State().graphics = std::move(graphics);
   ClearSurface();
 }
 
 }  // namespace
 
-Gdiplus::GpBitmap* BackBuffer() noexcept {
-  return surface == nullptr ? nullptr : surface->Picture.Get();
-}
-
-Gdiplus::GpGraphics* SurfaceGraphics() noexcept {
-  return surface == nullptr ? nullptr : surface->Graphics.Get();
-}
+PresentationState& State() { return state.value; }
 
 void OpenPresentation(void* window) noexcept {
   FindTemporaryFolder();
@@ -65,31 +47,24 @@ void OpenPresentation(void* window) noexcept {
   OpenPicture(window);
 }
 
-void ClosePresentation() noexcept {
+void ReleasePictures() noexcept {
   ClosePicture();
-  ReleaseImageMemory();
-  Owned<Surface>(surface).Reset();
-  surface = nullptr;
-  if (isGdiPlusStarted) Gdiplus::GdiplusShutdown(gdiPlusToken);
-  isGdiPlusStarted = false;
+  ReleaseDecoder();
+  PresentationState released;  // all but GDI+ itself
+  released.isGdiPlusStarted = State().isGdiPlusStarted;
+  released.gdiPlusToken = State().gdiPlusToken;
+  State() = std::move(released);
 }
 
-// Every painting begins with this; GDI+'s own way to clear a picture can take most of its time.
+void ClosePresentation() noexcept {
+  if (State().isGdiPlusStarted) Gdiplus::GdiplusShutdown(State().gdiPlusToken);
+  State().isGdiPlusStarted = false;
+}
+
 void ClearSurface() noexcept {
-  if (surface == nullptr) return;
-  const Gdiplus::Rect whole(0, 0, kSceneWidth, kSceneHeight);
-  Gdiplus::BitmapData data{};
-  // A failure leaves the old picture, which is as good as any other answer.
-  if (!Succeeded(gdip::GdipBitmapLockBits(surface->Picture, &whole, Gdiplus::ImageLockModeWrite,
-                                          PixelFormat32bppARGB, &data))) {
-    return;
-  }
-  for (INT row = 0; row < kSceneHeight; ++row) {
-    auto* pixels = reinterpret_cast<Gdiplus::ARGB*>(static_cast<std::uint8_t*>(data.Scan0) +
-                                                    std::ptrdiff_t{row} * data.Stride);
-    std::fill_n(pixels, kSceneWidth, kOpaqueBlack);
-  }
-  static_cast<void>(gdip::GdipBitmapUnlockBits(surface->Picture, &data));
+  if (State().graphics == nullptr) return;
+  // A failure leaves the old picture, and nothing better can be done.
+  static_cast<void>(gdip::GdipGraphicsClear(State().graphics, kOpaqueBlack));
 }
 
 }  // namespace korvel

@@ -4,14 +4,16 @@
 
 #include <cstring>
 
+#include "appearance/colours.h"
+#include "appearance/control_sequences.h"
+#include "appearance/geometry.h"
+#include "engine/engine.h"
 #include "objects/memory.h"
-#include "presentation/colours.h"
-#include "presentation/control_sequences.h"
+#include "platform/screen.h"
 #include "presentation/drawings.h"
 #include "presentation/font_family.h"
-#include "presentation/geometry.h"
+#include "presentation/state.h"
 #include "presentation/string_format.h"
-#include "presentation/surface.h"
 
 namespace korvel {
 
@@ -39,6 +41,15 @@ class WideText {
   WideText(const WideText&) = delete;
   WideText& operator=(const WideText&) = delete;
   [[nodiscard]] const WCHAR* Units() const noexcept { return units_; }
+  // Puts a star in place of each character, of which some are two units. Line feeds stay.
+  void Obscure() noexcept {
+    if (units_ == nullptr) return;
+    WCHAR* to = units_;
+    for (const WCHAR* from = units_; *from != 0; ++from) {
+      if (!IS_LOW_SURROGATE(*from)) *to++ = *from == L'\n' ? *from : L'*';
+    }
+    *to = 0;
+  }
 
  private:
   void Limit() noexcept {
@@ -83,7 +94,8 @@ Gdiplus::RectF LayoutOf(const TextDrawing& drawing) noexcept {
   static_cast<void>(ReadLeadingColour(drawing.Content, ink));
   OctetString clean;
   if (!RemoveControlSequences(drawing.Content, clean)) return false;
-  const WideText wide(clean.Text());
+  WideText wide(clean.Text());
+  if (drawing.IsObscured) wide.Obscure();
   float resolution = 0;
   FontOwner font;
   StringFormatOwner format;
@@ -98,7 +110,7 @@ Gdiplus::RectF LayoutOf(const TextDrawing& drawing) noexcept {
 }  // namespace
 
 void DrawTextIn(const TextDrawing& drawing) noexcept {
-  Gdiplus::GpGraphics* graphics = SurfaceGraphics();
+  Gdiplus::GpGraphics* graphics = State().graphics;
   if (graphics == nullptr || drawing.Width < 1 || drawing.Height < 1) return;
   const Gdiplus::RectF layout = LayoutOf(drawing);
   if (!FillBackground(graphics, layout, drawing.Background)) return;
@@ -119,9 +131,9 @@ TextDrawing DrawingOf(const Text& text) noexcept {
           .Y = text.Position.Y,
           .Width = text.BoxSize.Width,
           .Height = text.BoxSize.Height,
-          .Font = FontAttributesOf(text),
-          .Ink = TextColourOf(text),
-          .Background = BackgroundColourOf(text),
+          .Font = FontAttributesOf(text, CurrentApplication()),
+          .Ink = TextColourOf(text, CurrentGroups()),
+          .Background = BackgroundColourOf(text, CurrentGroups()),
           .HorizontalJustification = text.HorizontalJustification,
           .VerticalJustification = text.VerticalJustification,
           .TextWrapping = text.TextWrapping};

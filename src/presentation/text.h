@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "presentation/font_attributes.h"
-#include "presentation/presentation.h"
+#include "appearance/font_attributes.h"
+#include "platform/canvases.h"
 
 namespace korvel {
 
@@ -23,6 +23,7 @@ struct TextDrawing {
   std::int32_t HorizontalJustification = 0;  // 1 start, 2 end, 3 centre; all else is start
   std::int32_t VerticalJustification = 0;
   bool TextWrapping = false;
+  bool IsObscured = false;  // a star is drawn in place of each character
 };
 
 // Fills the box with the background and lays the text out in it. A box without area draws nothing.

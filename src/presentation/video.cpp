@@ -1,12 +1,14 @@
 // Video: a fixed picture stands for broadcast video, which is not decoded here.
+#include "appearance/geometry.h"
+#include "platform/screen.h"
 #include "presentation/drawings.h"
 #include "presentation/image_cache.h"
 #include "presentation/picture_painting.h"
-#include "presentation/presentation.h"
 
 namespace korvel {
 
 Status Draw(const Video& video) noexcept {
+  if (!HasArea(video.BoxSize)) return Status::Done;
   return PaintPicture(
       NamedImage("video.jpg"),
       {.Position = video.Position, .BoxSize = video.BoxSize, .ScaledSize = video.ScaledSize});

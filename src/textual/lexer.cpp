@@ -2,10 +2,9 @@
 // moves on, so that no text is read beyond its end or for ever.
 #include "textual/lexer.h"
 
-#include <cstdio>
 #include <limits>
+#include <utility>
 
-#include "objects/octet_string.h"
 #include "textual/nearest_keyword.h"
 #include "textual/textual.h"
 
@@ -53,7 +52,15 @@ class Lexer {
     return position_ + distance < text_.size() ? text_[position_ + distance] : '\0';
   }
   LexResult Stop(LexResult result, const char* expected, const char* subject = "") noexcept {
-    stop_ = {static_cast<std::uint32_t>(position_), expected, subject};
+    stop_ = {static_cast<std::uint32_t>(position_), expected, subject, {}};
+    return result;
+  }
+  LexResult StopAt(OctetString unknownWord) noexcept {
+    const char* guess = NearestKeyword(unknownWord.View());
+    const LexResult result = guess == nullptr
+                                 ? Stop(LexResult::UnknownWord, "a keyword")
+                                 : Stop(LexResult::UnknownWord, "a keyword such as ", guess);
+    stop_.word = std::move(unknownWord);
     return result;
   }
   LexResult Add(const Token& token) noexcept {
@@ -112,12 +119,7 @@ class Lexer {
       if (*c >= 'a' && *c <= 'z') *c = static_cast<char>(*c - 32);
     }
     const std::uint16_t code = keywords_.Find(word.View());
-    if (code == 0) {
-      std::printf("Error string : %s\n", word.Text());
-      const char* guess = NearestKeyword(word.View());
-      return guess == nullptr ? Stop(LexResult::UnknownWord, "a keyword")
-                              : Stop(LexResult::UnknownWord, "a keyword such as ", guess);
-    }
+    if (code == 0) return StopAt(std::move(word));
     const LexResult result = AddSimple(code);
     position_ = end;
     return result;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "objects/octet_string.h"
 #include "objects/sequence.h"
 #include "textual/keywords.h"
 
@@ -40,6 +41,7 @@ struct LexStop {
   std::uint32_t offset = 0;
   const char* expected = "";
   const char* subject = "";  // what follows it, where it ends in a space
+  OctetString word;          // the unknown word in capitals; otherwise absent
 };
 
 LexResult Lex(std::string_view text, TokenList& list, LexStop& stop) noexcept;

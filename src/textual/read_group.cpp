@@ -1,6 +1,7 @@
 // The builders of objects, and the entry: a group's text becomes an application or, failing that, a
 // scene.
 #include <cstdio>
+#include <span>
 #include <type_traits>
 
 #include "objects/owned.h"
@@ -11,20 +12,27 @@
 namespace korvel {
 namespace {
 
-// What stands at the offset, up to the next space.
-std::string_view WordAt(std::string_view text, std::size_t offset) noexcept {
-  std::string_view word = text.substr(offset);
-  std::size_t length = 0;
-  while (length < word.size() && static_cast<unsigned char>(word[length]) > ' ') ++length;
-  return word.substr(0, length == 0 ? 1 : length);
+// What stands at the offset: a word, up to the next space, or a byte that cannot be shown.
+void ShowFound(std::string_view text, std::size_t offset, std::span<char> shown) noexcept {
+  if (offset >= text.size()) {
+    std::snprintf(shown.data(), shown.size(), "the end of the text");
+    return;
+  }
+  const auto first = static_cast<unsigned char>(text[offset]);
+  if (first <= ' ' || first > '~') {
+    std::snprintf(shown.data(), shown.size(), "byte %d", first);
+    return;
+  }
+  std::size_t end = offset;
+  while (end < text.size() && static_cast<unsigned char>(text[end]) > ' ') ++end;
+  std::snprintf(shown.data(), shown.size(), "%.*s", static_cast<int>(end - offset),
+                text.data() + offset);
 }
 
 void Explain(std::string_view text, std::size_t offset, const char* expected, const char* subject,
              Construct construct, TextError& error) noexcept {
   error.place = PlaceInText(text, offset);
-  const std::string_view word = offset < text.size() ? WordAt(text, offset) : "the end of the text";
-  std::snprintf(error.found.data(), error.found.size(), "%.*s", static_cast<int>(word.size()),
-                word.data());
+  ShowFound(text, offset, error.found);
   std::snprintf(error.expected.data(), error.expected.size(), "%s%s", expected, subject);
   std::snprintf(error.construct.data(), error.construct.size(), "%s%s%s", construct.owner,
                 *construct.part == 0 ? "" : " ", construct.part);
@@ -177,18 +185,28 @@ TextPlace PlaceInText(std::string_view text, std::size_t offset) noexcept {
 }
 
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication,
-                         TextError* error, List<MissingPart>* missing) noexcept {
+                         TextError& error, List<MissingPart>* missing) noexcept {
   TokenList list;
   LexStop stop;
   if (Lex(text, list, stop) != LexResult::Done) {
-    if (error != nullptr) Explain(text, stop.offset, stop.expected, stop.subject, {}, *error);
+    Explain(text, stop.offset, stop.expected, stop.subject, {}, error);
+    error.unknownWord = std::move(stop.word);
     return TextResult::Refused;
   }
   TextReader reader(list, missing);
   const TextResult result = BuildGroup(reader, group, isApplication);
-  if (result != TextResult::Done && error != nullptr) {
+  if (result != TextResult::Done) {
     Explain(text, reader.RefusedToken().offset, reader.Expected(), reader.Subject(),
-            reader.RefusedIn(), *error);
+            reader.RefusedIn(), error);
+  }
+  return result;
+}
+
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication) noexcept {
+  TextError error;
+  const TextResult result = ReadTextGroup(text, group, isApplication, error);
+  if (error.unknownWord.IsPresent()) {
+    std::printf("Error string : %s\n", error.unknownWord.Text());
   }
   return result;
 }

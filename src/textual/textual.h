@@ -39,6 +39,7 @@ struct TextError {
   std::array<char, 48> construct{};
   std::array<char, 48> found{};
   std::array<char, 96> expected{};
+  OctetString unknownWord;  // in capitals, when a word that is no keyword is why; otherwise absent
 };
 
 // Something an author must write and has not. The reader leaves the construction value or the
@@ -53,10 +54,13 @@ struct MissingPart {
 [[nodiscard]] TextPlace PlaceInText(std::string_view text, std::size_t offset) noexcept;
 
 // Reads a whole group. After a failure `group` and `isApplication` are as they were. A word that is
-// no keyword is also printed, as "Error string : " and the word. `error` and `missing`, when given,
-// receive what went wrong or was left out.
+// no keyword is printed, as "Error string : " and the word.
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication) noexcept;
+
+// The same for callers that report errors themselves: nothing is printed. `error` receives why the
+// text was refused, and `missing`, when given, what was left out.
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication,
-                         TextError* error = nullptr, List<MissingPart>* missing = nullptr) noexcept;
+                         TextError& error, List<MissingPart>* missing = nullptr) noexcept;
 
 // A value that the notation has no word for: the object that carries it and the attribute's
 // keyword.

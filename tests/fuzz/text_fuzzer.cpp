@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   bool isApplication = false;
   korvel::TextError error;
   korvel::List<korvel::MissingPart> missing;
-  if (korvel::ReadTextGroup(text, group, isApplication, &error, &missing) !=
+  if (korvel::ReadTextGroup(text, group, isApplication, error, &missing) !=
       korvel::TextResult::Done) {
     return 0;
   }

@@ -1,10 +1,11 @@
 #!/bin/sh
-# Fails unless the player tells its mistakes apart (2 for wrong use, 1 where no engine starts) and
-# takes a picture of the window on its own.
-# Usage: check_player.sh WINE korvel-player.exe
+# Fails unless the player tells its mistakes apart (2 for wrong use, 1 where no engine starts or a
+# picture does not become final in time) and takes a picture of the window on its own.
+# Usage: check_player.sh WINE korvel-player.exe mheg
 set -eu
 wine=$1
 player=$2
+mheg=$3
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
@@ -30,6 +31,29 @@ expect 2 "$player" carousel --script wrong_script
 expect 1 player_alone.exe carousel
 lines=0
 expect 0 "$player" --help
+
+# The key takes two seconds: half of one for each application that is not there.
+mkdir slow
+cat >slow.mheg <<'END'
+{:Application ("~/a" 0)
+  :Items (
+    {:Link 1 :EventSource 0 :EventType UserInput :EventData 100
+      :LinkEffect (
+        :Spawn(("~/nowhere" 0)) :Spawn(("~/nowhere" 0))
+        :Spawn(("~/nowhere" 0)) :Spawn(("~/nowhere" 0))
+      )
+    }
+  )
+}
+END
+"$mheg" compile slow.mheg -o slow/a
+printf 'key Red\nshot slow.png\nexit\n' >slow_script
+lines=1
+expect 1 "$player" slow --script slow_script --limit 1
+grep -q '^korvel-player: no final picture for slow.png within the limit' err || { cat err; exit 1; }
+[ -f slow.png ] || { echo "what was seen at the limit is not kept"; exit 1; }
+lines=0
+expect 0 "$player" slow --script slow_script
 
 # Without a script it takes one picture after the wait and closes.
 "$wine" "$player" carousel --screenshot shot.png --wait 200 --verbose >out 2>err

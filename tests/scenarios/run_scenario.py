@@ -2,18 +2,17 @@
 """Plays one scenario on the real library and checks what is seen.
 
 A scenario is a folder, named after the behaviour that it shows, with
-  carousel/          the broadcast: NAME.mheg is compiled to NAME, other files are copied
+  carousel/          the broadcast as an author writes it (scripts/make-carousel.sh)
   script             what korvel-player does (tools/player/script.h), after remarks that say in a
-                     sentence what must be seen; its `shot NAME.png` lines give the pictures
+                     sentence what must be seen; its `shot` and `catch` lines give the pictures
   pixels, expected/, tolerance
                      what must be seen in the pictures (checks.py)
   output             (optional) the lines that the engine prints, in order
   decoder            (optional) the decoder of I-frames that the player has in place of its own:
-                     the name of one that tests/windows builds
-A scenario without pixels, expected and output, or without the sentence, is an error. To be quick,
-wait for a pixel (`until`) rather than for a time, and for the one that comes last: a scene may be
-shown piece by piece. A busy machine may be late: a scenario that fails is played again with its
-waits 3 and then 8 times as long, and with a wait behind each `until`, before it counts as failed.
+                     the name of a folder of tests/decoders
+A scenario without pixels, expected and output, or without the sentence, is an error. It is played
+once: a fault that shows only now and then counts. The player takes a picture when it is final, so a
+script waits only for what content does later by itself.
 Pictures, and for a failure the wrong pixels, stay in the work folder; so does `result.json`, which
 says what came of it.
 """
@@ -28,8 +27,7 @@ import sys
 
 import checks
 
-PATIENCE = (1, 3, 8)
-LONGER_STILL_MS = 100  # behind an `until`, times the factor
+MAKE_CAROUSEL = pathlib.Path(__file__).resolve().parents[2] / "scripts" / "make-carousel.sh"
 RUN_LIMIT_S = 120
 
 
@@ -61,34 +59,22 @@ def lacks_of(scenario):
 
 
 def shots_of(scenario):
-    steps = [line.split(maxsplit=1) for line in checks.lines_of(scenario / "script")]
-    return list(dict.fromkeys(step[1] for step in steps if step[0] == "shot"))
-
-
-def prepare_carousel(source, target, compiler):
-    """Compiles the texts; what the compiler complains about."""
-    shutil.copytree(source, target)
-    texts = sorted(target.rglob("*.mheg"))
-    complaints = []
-    for folder in {text.parent for text in texts}:
-        inputs = [text for text in texts if text.parent == folder]
-        command = [compiler, "compile", *inputs, "-o", f"{folder}/"]
-        run = subprocess.run(command, capture_output=True, text=True)
-        if run.returncode != 0:
-            complaints += run.stderr.splitlines() or [f"the compiler ended with {run.returncode}"]
-    for text in texts:
-        text.unlink()
-    return complaints
-
-
-def slowed_script(scenario, factor):
-    lines = []
+    """The files that the script leaves, in order: what follows `shot` and `catch X Y #RRGGBB`."""
+    words_before = {"shot": 1, "catch": 4}
+    names = []
     for line in checks.lines_of(scenario / "script"):
-        words = line.split()
-        lines.append(f"wait {int(words[1]) * factor}" if words[0] == "wait" else line)
-        if words[0] == "until" and factor > 1:
-            lines.append(f"wait {LONGER_STILL_MS * factor}")
-    return "\n".join(lines) + "\n"
+        count = words_before.get(line.split()[0])
+        names += line.split(maxsplit=count)[count:] if count else []
+    return list(dict.fromkeys(names))
+
+
+def make_carousel(source, target, compiler):
+    """Makes the carousel as a demo's is made; what the compiler complains about."""
+    command = [MAKE_CAROUSEL, source, target, compiler]
+    run = subprocess.run(command, capture_output=True, text=True)
+    if run.returncode == 0:
+        return []
+    return run.stderr.splitlines() or [f"no carousel was made: status {run.returncode}"]
 
 
 def player_of(scenario, work, player):
@@ -105,13 +91,11 @@ def player_of(scenario, work, player):
     return copy / pathlib.Path(player).name
 
 
-def play(scenario, work, tools, factor):
-    (work / "script").write_text(slowed_script(scenario, factor))
-    for picture in work.glob("*.png"):
-        picture.unlink()
+def play(scenario, work, tools):
+    shutil.copy(scenario / "script", work)
     player = player_of(scenario, work, tools.player)
     command = [tools.wine, player, "carousel", "--script", "script", "--verbose"]
-    limit = dict(os.environ, KORVEL_WINE_LIMIT=str(RUN_LIMIT_S * factor))
+    limit = dict(os.environ, KORVEL_WINE_LIMIT=str(RUN_LIMIT_S))
     run = subprocess.run(command, cwd=work, capture_output=True, env=limit)
     (work / "output").write_bytes(run.stdout)
     (work / "log").write_bytes(run.stderr)
@@ -122,25 +106,16 @@ def play(scenario, work, tools, factor):
     return complaints or [f"the player ended with {run.returncode}"]
 
 
-def play_patiently(scenario, work, tools):
-    for factor in PATIENCE:
-        problems = play(scenario, work, tools, factor) + checks.problems_of(scenario, work)
-        if not problems:
-            break
-        print(f"{scenario.name}, with waits times {factor}:", *problems, sep="\n  ")
-    return problems
-
-
 def run(scenario, work, tools):
     """Compiles, plays and checks; leaves and returns what came of it."""
     shutil.rmtree(work, ignore_errors=True)
     work.mkdir(parents=True)
     problems = lacks_of(scenario)
-    problems += prepare_carousel(scenario / "carousel", work / "carousel", tools.mheg)
+    problems += make_carousel(scenario / "carousel", work / "carousel", tools.mheg)
+    if not problems:
+        problems = play(scenario, work, tools) + checks.problems_of(scenario, work)
     if problems:
-        print(f"{scenario.name} is not played:", *problems, sep="\n  ")
-    else:
-        problems = play_patiently(scenario, work, tools)
+        print(f"{scenario.name}:", *problems, sep="\n  ")
     result = {
         "name": scenario.name,
         "sentence": sentence_of(scenario),

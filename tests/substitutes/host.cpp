@@ -1,6 +1,11 @@
 // Stands in for the platform doorway in native tests.
 #include "host.h"
 
+#include "platform/clocks.h"
+#include "platform/files.h"
+#include "platform/running.h"
+#include "platform/timers.h"
+#include "platform/trace.h"
 #include "presentation/presentation.h"
 
 namespace korvel {
@@ -41,7 +46,9 @@ void RequestRestart(RestartReason reason) noexcept {
   TheHost().restarts.push_back(reason);
 }
 
-std::uint32_t MillisecondsSinceProcessStart() noexcept { return TheHost().milliseconds; }
+std::uint32_t MillisecondsSinceProcessStart() noexcept {
+  return TheHost().milliseconds += TheHost().millisecondsPerReading;
+}
 
 std::uint32_t SecondsNow() noexcept { return TheHost().seconds; }
 

@@ -8,7 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "host/host.h"
+#include "platform/clocks.h"
+#include "platform/running.h"
 
 namespace korvel::test {
 
@@ -17,6 +18,7 @@ struct FakeHost {
   bool mayRun = true;
   bool isClosing = false;
   std::uint32_t milliseconds = 0;
+  std::uint32_t millisecondsPerReading = 0;  // by which each reading moves the clock
   std::uint32_t seconds = 0;
   LocalTime localTime;
   bool hasLocalTime = true;

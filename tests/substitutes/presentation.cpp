@@ -22,19 +22,7 @@ Status DeviceUpdate() noexcept {
   return Status::Done;
 }
 
-// Colours are reduced without palettes: an index stands for itself.
 namespace {
-
-DrawnColour Reduced(const ColourValue& colour, DrawnColour unset) {
-  if (colour.Kind == ValueKind::Integer && colour.Index >= 0) {
-    return static_cast<DrawnColour>(colour.Index);
-  }
-  const std::string_view bytes = colour.Absolute.View();
-  if (colour.Kind != ValueKind::OctetString || bytes.size() != 4) return unset;
-  DrawnColour reduced = 0;
-  for (const char byte : bytes) reduced = reduced << 8 | static_cast<unsigned char>(byte);
-  return reduced;
-}
 
 struct Hex {
   DrawnColour colour;
@@ -79,18 +67,6 @@ struct Canvas {
   std::int32_t width = 0;
   std::int32_t height = 0;
 };
-
-DrawnColour LineColourOf(const LineArt& lineArt) noexcept {
-  return Reduced(lineArt.RefLineColour, 0);
-}
-
-DrawnColour FillColourOf(const LineArt& lineArt) noexcept {
-  return Reduced(lineArt.RefFillColour, kTransparentColour);
-}
-
-DrawnColour OriginalFillColourOf(const LineArt& lineArt) noexcept {
-  return Reduced(lineArt.OriginalRefFillColour, kTransparentColour);
-}
 
 Canvas* NewCanvas(std::int32_t width, std::int32_t height) noexcept {
   if (width < 1 || height < 1) return nullptr;

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/canvases.h"
+#include "platform/screen.h"
 #include "presentation/presentation.h"
 
 namespace korvel::test {

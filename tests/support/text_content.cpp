@@ -13,7 +13,7 @@ OwnedGroup Read(std::string_view text) {
   OwnedGroup group;
   bool isApplication = false;
   TextError error;
-  const TextResult result = ReadTextGroup(text, group, isApplication, &error);
+  const TextResult result = ReadTextGroup(text, group, isApplication, error);
   EXPECT_EQ(result, TextResult::Done)
       << "line " << error.place.line << ", column " << error.place.column << ": found \""
       << error.found.data() << "\", expected " << error.expected.data();

@@ -78,8 +78,10 @@ class Batch {
 }  // namespace
 
 void RunBatch(std::size_t count, unsigned jobs, const std::function<void(std::size_t)>& work) {
+  constexpr unsigned kMostThreads = 64;
   const unsigned processors = std::max(1U, std::thread::hardware_concurrency());
-  Batch(count, work).Run(std::min<std::size_t>(jobs == 0 ? processors : jobs, count));
+  const unsigned threads = std::min(jobs == 0 ? processors : jobs, kMostThreads);
+  Batch(count, work).Run(std::min<std::size_t>(threads, count));
 }
 
 }  // namespace mheg

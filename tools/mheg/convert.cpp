@@ -10,8 +10,6 @@
 namespace mheg {
 namespace {
 
-constexpr const char* kTextExtension = ".mheg";
-
 Outcome Failed(Outcome outcome, const std::filesystem::path& path, const std::string& reason) {
   outcome.messages.push_back(path.string() + ": " + reason);
   outcome.isGood = false;
@@ -27,19 +25,6 @@ Outcome Write(std::string_view bytes, const std::filesystem::path& output, Outco
 }
 
 }  // namespace
-
-std::filesystem::path OutputFor(const std::filesystem::path& input, const Options& options) {
-  const bool isFolder =
-      !options.output.has_filename() || std::filesystem::is_directory(options.output);
-  if (!isFolder) return options.output;
-  std::filesystem::path name = input.filename();
-  if (options.command == Command::Decompile) {
-    name += kTextExtension;
-  } else if (name.extension() == kTextExtension) {
-    name.replace_extension();
-  }
-  return options.output / name;
-}
 
 Outcome Compile(const std::filesystem::path& input, const std::filesystem::path& output) {
   GroupFile file = ReadGroupFile(input);

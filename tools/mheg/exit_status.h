@@ -3,7 +3,7 @@
 
 namespace mheg {
 
-inline constexpr int kBadInput = 1;  // a file that cannot be read, is no group, or has faults
+inline constexpr int kBadInput = 1;  // a file cannot be read or written, is no group, or has faults
 inline constexpr int kWrongUse = 2;  // wrong arguments
 
 }  // namespace mheg

@@ -1,9 +1,11 @@
 // Reading a group from a file, with messages that lead to the place of a fault.
 #include "mheg/group_file.h"
 
+#include <array>
 #include <fstream>
-#include <iterator>
 #include <span>
+#include <string_view>
+#include <system_error>
 
 #include "objects/ber/ber.h"
 #include "textual/textual.h"
@@ -21,30 +23,57 @@ std::string In(const std::string& construct) {
   return construct.empty() ? "" : "in " + construct + ": ";
 }
 
-void ReadText(GroupFile& file) {
+// Far more than a group can need, and little enough to be held by each of many threads.
+constexpr std::size_t kMaxFileSize = 128U << 20;
+
+// Reads the whole file. The reason why it cannot be used, or null.
+const char* ReadBytes(const std::filesystem::path& path, std::string& bytes) {
+  std::error_code ignored;
+  if (std::filesystem::is_directory(path, ignored)) return "is a folder";
+  std::ifstream stream(path, std::ios::binary);
+  std::array<char, 16384> chunk;
+  do {
+    stream.read(chunk.data(), chunk.size());
+    bytes.append(chunk.data(), static_cast<std::size_t>(stream.gcount()));
+    if (bytes.size() > kMaxFileSize) return "is longer than 128 MiB";
+  } while (stream);
+  return stream.eof() ? nullptr : "cannot be read";
+}
+
+// Editors put this mark before a text. The notation has no such bytes, so it is skipped here.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// The form, by the first bytes: BER begins with a tag whose number no text begins with.
+GroupForm FormOf(std::string_view bytes) {
+  constexpr unsigned char kFirstTag = 0x80;
+  const bool hasTag = !bytes.empty() && static_cast<unsigned char>(bytes.front()) >= kFirstTag;
+  return hasTag && !bytes.starts_with(kByteOrderMark) ? GroupForm::Ber : GroupForm::Text;
+}
+
+void ReadText(std::string_view text, GroupFile& file) {
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   bool isApplication = false;
   korvel::TextError error;
   korvel::List<korvel::MissingPart> missing;
   const korvel::TextResult result =
-      korvel::ReadTextGroup(file.bytes, file.group, isApplication, &error, &missing);
+      korvel::ReadTextGroup(text, file.group, isApplication, error, &missing);
   if (result != korvel::TextResult::Done) {
     file.messages.push_back(AtPlace(file, error.place) + In(error.construct.data()) + "found " +
                             error.found.data() + ", expected " + error.expected.data());
     return;
   }
   for (const korvel::MissingPart& part : missing) {
-    file.messages.push_back(AtPlace(file, korvel::PlaceInText(file.bytes, part.offset)) +
-                            part.owner + " lacks " + part.missing);
+    file.messages.push_back(AtPlace(file, korvel::PlaceInText(text, part.offset)) + part.owner +
+                            " lacks " + part.missing);
   }
   file.isComplete = missing.IsEmpty();
 }
 
-void ReadBer(GroupFile& file) {
+void ReadBer(std::string_view bytes, GroupFile& file) {
   bool isApplication = false;
   korvel::DecodeError error;
-  const std::span bytes(reinterpret_cast<const std::uint8_t*>(file.bytes.data()),
-                        file.bytes.size());
-  if (korvel::DecodeGroup(bytes, file.group, isApplication, &error) == korvel::Status::Done) {
+  const std::span octets(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+  if (korvel::DecodeGroup(octets, file.group, isApplication, &error) == korvel::Status::Done) {
     return;
   }
   const std::string part = *error.part == 0 ? "" : std::string(" ") + error.part;
@@ -55,23 +84,16 @@ void ReadBer(GroupFile& file) {
 
 }  // namespace
 
-GroupForm FormOf(std::string_view bytes) {
-  constexpr unsigned char kFirstTag = 0x80;
-  const bool isBer = !bytes.empty() && static_cast<unsigned char>(bytes.front()) >= kFirstTag;
-  return isBer ? GroupForm::Ber : GroupForm::Text;
-}
-
 GroupFile ReadGroupFile(const std::filesystem::path& path) {
   GroupFile file;
   file.path = path;
-  std::ifstream stream(path, std::ios::binary);
-  file.bytes.assign(std::istreambuf_iterator<char>(stream), {});
-  if (!stream) {
-    file.messages.push_back(path.string() + ": cannot be read");
+  std::string bytes;
+  if (const char* reason = ReadBytes(path, bytes)) {
+    file.messages.push_back(path.string() + ": " + reason);
     return file;
   }
-  file.form = FormOf(file.bytes);
-  file.form == GroupForm::Text ? ReadText(file) : ReadBer(file);
+  file.form = FormOf(bytes);
+  file.form == GroupForm::Text ? ReadText(bytes, file) : ReadBer(bytes, file);
   return file;
 }
 

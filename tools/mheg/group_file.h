@@ -15,7 +15,6 @@ enum class GroupForm { Text, Ber };
 
 struct GroupFile {
   std::filesystem::path path;
-  std::string bytes;
   GroupForm form = GroupForm::Text;
   korvel::OwnedGroup group;           // empty when the file could not be read
   std::vector<std::string> messages;  // each with the file and the place
@@ -24,9 +23,7 @@ struct GroupFile {
   [[nodiscard]] bool IsGood() const { return group && isComplete; }
 };
 
-// The form, by the first bytes: BER begins with a tag whose number no text begins with.
-[[nodiscard]] GroupForm FormOf(std::string_view bytes);
-
+// Text may begin with a UTF-8 byte order mark.
 [[nodiscard]] GroupFile ReadGroupFile(const std::filesystem::path& path);
 
 }  // namespace mheg

@@ -82,6 +82,13 @@ bool Run(const mheg::Options& options) {
   return false;
 }
 
+// Output that was lost must not pass as success.
+int StatusAfterOutput(int status) {
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+  std::fprintf(stderr, "mheg: the standard output cannot be written\n");
+  return mheg::kBadInput;
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -90,6 +97,8 @@ int main(int count, char** arguments) {
   _setmode(_fileno(stdout), _O_BINARY);
 #endif
   mheg::Options options;
-  if (const auto status = mheg::ReadCommandLine(count, arguments, options)) return *status;
-  return Run(options) ? 0 : mheg::kBadInput;
+  if (const auto status = mheg::ReadCommandLine(count, arguments, options)) {
+    return StatusAfterOutput(*status);
+  }
+  return StatusAfterOutput(Run(options) ? 0 : mheg::kBadInput);
 }

@@ -4,11 +4,17 @@
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
+#include <set>
+#include <system_error>
 
 #include "mheg/exit_status.h"
 
 namespace mheg {
 namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kTextExtension = ".mheg";
 
 CLI::App* AddCommand(CLI::App& app, Command command, const char* name, const char* description,
                      Options& options) {
@@ -34,16 +40,53 @@ void AddJobs(CLI::App& command, Options& options) {
       ->capture_default_str();
 }
 
-// Several inputs cannot go into one file.
-void RefuseOneFileForMany(const Options& options) {
-  const bool isFolder = options.output.empty() || !options.output.has_filename() ||
-                        std::filesystem::is_directory(options.output);
-  if (options.inputs.size() > 1 && !isFolder) {
+// An output that ends in a separator names a folder that may still have to be made.
+bool IsFolder(const fs::path& output) {
+  std::error_code ignored;
+  return !output.has_filename() || fs::is_directory(output, ignored);
+}
+
+// The same for every spelling of a path, as far as that can be found out.
+fs::path Identity(const fs::path& path) {
+  std::error_code problem;
+  const fs::path found = fs::weakly_canonical(path, problem);
+  return problem ? path.lexically_normal() : found;
+}
+
+// Every output is a file of its own and no input.
+void RefuseOutputsThatClash(const Options& options) {
+  if (options.inputs.size() > 1 && !IsFolder(options.output)) {
     throw CLI::ValidationError("--output", "must be a folder for several inputs");
+  }
+  std::set<fs::path> inputs;
+  for (const fs::path& input : options.inputs) inputs.insert(Identity(input));
+  std::set<fs::path> outputs;
+  for (const fs::path& input : options.inputs) {
+    const fs::path output = OutputFor(input, options);
+    const fs::path identity = Identity(output);
+    std::error_code ignored;
+    // Only the system knows about hard links, and names that differ in the case of letters.
+    if (inputs.contains(identity) || fs::equivalent(input, output, ignored)) {
+      throw CLI::ValidationError(output.string(), "is an input and would be overwritten");
+    }
+    if (!outputs.insert(identity).second) {
+      throw CLI::ValidationError(output.string(), "would be written twice");
+    }
   }
 }
 
 }  // namespace
+
+fs::path OutputFor(const fs::path& input, const Options& options) {
+  if (!IsFolder(options.output)) return options.output;
+  fs::path name = input.filename();
+  if (options.command == Command::Decompile) {
+    name += kTextExtension;
+  } else if (name.extension() == kTextExtension) {
+    name.replace_extension();
+  }
+  return options.output / name;
+}
 
 std::optional<int> ReadCommandLine(int count, const char* const* arguments, Options& options) {
   Options given;
@@ -72,7 +115,8 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
 
   try {
     app.parse(count, arguments);
-    RefuseOneFileForMany(given);
+    const bool hasOutputs = *compile || *decompile;
+    if (hasOutputs) RefuseOutputsThatClash(given);
   } catch (const CLI::Success& help) {
     return app.exit(help);
   } catch (const CLI::ParseError& mistake) {

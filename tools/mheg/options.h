@@ -16,6 +16,11 @@ struct Options {
   unsigned jobs = 0;             // files worked on at once; 0: as many as there are processors
 };
 
+// The file that an input is written to: the output itself, or in the folder that the output names,
+// under the input's name without ".mheg" (compiled) or with it (decompiled).
+[[nodiscard]] std::filesystem::path OutputFor(const std::filesystem::path& input,
+                                              const Options& options);
+
 // Reads the command line. An exit status when there is nothing more to do: after --help, or after a
 // message about wrong arguments.
 [[nodiscard]] std::optional<int> ReadCommandLine(int count, const char* const* arguments,

@@ -17,12 +17,15 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
       ->required()
       ->check(CLI::ExistingDirectory);
   app.add_option("--script", given.script,
-                 "File with a step a line: wait MS, until X Y #RRGGBB, until changed,\n"
-                 "key NAME, expose, shot FILE.png, exit")
+                 "File with a step a line: key NAME, shot FILE.png (when it is final), wait MS,\n"
+                 "until X Y #RRGGBB, catch X Y #RRGGBB FILE.png, expose, exit")
       ->check(CLI::ExistingFile);
   app.add_option("--screenshot", given.screenshot,
                  "Take a picture of the engine window after --wait, then close");
   app.add_option("--wait", given.waitMs, "Milliseconds before the screenshot")
+      ->capture_default_str();
+  app.add_option("--limit", given.limitS,
+                 "Seconds that the script waits for a picture before the run fails")
       ->capture_default_str();
   app.add_flag("--verbose", given.isVerbose, "Log each file read on standard error");
   try {

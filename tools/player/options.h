@@ -12,6 +12,7 @@ struct Options {
   std::filesystem::path script;      // empty: no script
   std::filesystem::path screenshot;  // empty: no screenshot at the end
   unsigned waitMs = 1500;            // before that screenshot
+  unsigned limitS = 30;              // of each wait of the script for a picture
   bool isVerbose = false;            // log each file read
 };
 

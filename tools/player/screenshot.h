@@ -1,4 +1,5 @@
-// Pictures of the engine window: its client pixels as a PNG file.
+// Pictures of the engine window: its client pixels as a PNG file. They all have the size of a
+// scene, also where the system's frame leaves the window a little less or more.
 #pragma once
 
 #include <cstdint>
@@ -9,15 +10,16 @@
 
 namespace player {
 
+constexpr unsigned kPictureWidth = 720;
+constexpr unsigned kPictureHeight = 576;
+
 struct Picture {
-  int width = 0;
-  int height = 0;
   std::vector<std::uint32_t> pixels;  // 0xXXRRGGBB, rows from the top
 
   bool operator==(const Picture&) const = default;
 };
 
-// What the window shows in its client area. False when the system refuses.
+// What the window shows in its client area, black beyond it. False when the system refuses.
 [[nodiscard]] bool Capture(HWND window, Picture& picture);
 
 // Keeps GDI+, which writes the files, started while it lives.

@@ -28,11 +28,13 @@ std::optional<unsigned> NumberIn(const std::string& text, int base = 10) {
   return number;
 }
 
-std::optional<Pixel> PixelIn(const std::string& text) {
+// The pixel at the start of the text; `rest` is what follows it.
+std::optional<Pixel> PixelIn(const std::string& text, std::string& rest) {
   std::istringstream words(text);
-  std::string x, y, colour, rest;
+  std::string x, y, colour;
   words >> x >> y >> colour;
-  if (colour.size() != 7 || colour.front() != '#' || words >> rest) return std::nullopt;
+  std::getline(words >> std::ws, rest);
+  if (colour.size() != 7 || colour.front() != '#') return std::nullopt;
   const auto column = NumberIn(x);
   const auto row = NumberIn(y);
   const auto value = NumberIn(colour.substr(1), 16);
@@ -42,13 +44,16 @@ std::optional<Pixel> PixelIn(const std::string& text) {
 
 // The step that a word and its argument ask for; nothing where they ask for none.
 std::optional<Step> StepOf(const std::string& word, const std::string& argument) {
+  std::string rest;
   if (word == "wait") {
     const auto milliseconds = NumberIn(argument);
     if (milliseconds) return Step{StepKind::Wait, *milliseconds, {}, {}};
   } else if (word == "until") {
-    if (argument == "changed") return Step{StepKind::UntilChanged, 0, {}, {}};
-    const auto pixel = PixelIn(argument);
-    if (pixel) return Step{StepKind::Until, 0, {}, *pixel};
+    const auto pixel = PixelIn(argument, rest);
+    if (pixel && rest.empty()) return Step{StepKind::Until, 0, {}, *pixel};
+  } else if (word == "catch") {
+    const auto pixel = PixelIn(argument, rest);
+    if (pixel && !rest.empty()) return Step{StepKind::Catch, 0, rest, *pixel};
   } else if (word == "key") {
     const auto virtualKey = VirtualKeyOf(argument);
     if (virtualKey) return Step{StepKind::Key, *virtualKey, {}, {}};

@@ -9,7 +9,7 @@
 
 namespace player {
 
-enum class StepKind { Wait, Until, UntilChanged, Key, Expose, Shot, Exit };
+enum class StepKind { Wait, Until, Key, Expose, Shot, Catch, Exit };
 
 struct Pixel {
   unsigned x = 0;
@@ -20,21 +20,25 @@ struct Pixel {
 struct Step {
   StepKind kind = StepKind::Exit;
   unsigned number = 0;  // Wait: milliseconds. Key: virtual-key code.
-  std::string file;     // Shot: where the picture goes
-  Pixel pixel;          // Until: what is waited for
+  std::string file;     // Shot, Catch: where the picture goes
+  Pixel pixel;          // Until, Catch: what is waited for
 };
 
 // Reads, a step a line:
-//   wait MS            lets the time pass
-//   until X Y #RRGGBB  lets time pass until this pixel has this colour and the picture stays as it
-//                      is; 10 seconds at most, then the run has failed
-//   until changed      the same, until the picture is another than the last one that was taken
 //   key NAME           presses a key
+//   shot FILE.png      takes a picture once it is final: every key is handled, nothing is queued,
+//                      being read or still to be painted, and the picture stays the same
+//   wait MS            lets time pass, for content that waits itself
+//   until X Y #RRGGBB  waits until a timer of the content has given this pixel this colour, after
+//                      every key is handled
+//   catch X Y #RRGGBB FILE.png
+//                      takes the first picture in which this pixel has this colour, for a picture
+//                      that does not last
 //   expose             wipes the window as if it had been covered, so that it must paint itself
-//   shot FILE.png      takes a picture
 //   exit               closes the engine
-// Blank lines and lines that begin with '#' are passed over. False, with the line and what is wrong
-// in `problem`, for anything else.
+// `shot`, `until` and `catch` wait for a limited time; then the run fails. Blank lines and lines
+// that begin with '#' are skipped. False, with the line and what is wrong in `problem`, for
+// anything else.
 [[nodiscard]] bool ReadScript(std::istream& text, std::vector<Step>& steps, std::string& problem);
 
 }  // namespace player

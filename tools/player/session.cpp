@@ -6,7 +6,9 @@
 #include <array>
 #include <cstdio>
 
+#include "player/engine_watch.h"
 #include "player/exit_status.h"
+#include "player/stillness.h"
 
 namespace player {
 namespace {
@@ -15,17 +17,20 @@ constexpr unsigned kWindowLimitMs = 20000;
 constexpr unsigned kCloseLimitMs = 30000;
 constexpr unsigned kCloseAgainMs = 100;  // a request made before there is a window is lost
 constexpr unsigned kLookAgainMs = 10;
-constexpr unsigned kPictureLimitMs = 10000;
-// A scene may be shown piece by piece while it starts; this long it does not pause.
-constexpr unsigned kStillMs = 100;
+constexpr unsigned kMsPerSecond = 1000;
 
 constexpr std::uint32_t kColourBits = 0xFFFFFF;
 
 bool IsColour(const Picture& picture, const Pixel& pixel) {
-  const auto width = static_cast<unsigned>(picture.width);
-  const auto height = static_cast<unsigned>(picture.height);
-  return pixel.x < width && pixel.y < height &&
-         (picture.pixels[pixel.y * width + pixel.x] & kColourBits) == pixel.colour;
+  return pixel.x < kPictureWidth && pixel.y < kPictureHeight &&
+         (picture.pixels[pixel.y * kPictureWidth + pixel.x] & kColourBits) == pixel.colour;
+}
+
+std::string NameOf(const Pixel& pixel) {
+  std::array<char, 64> name{};
+  std::snprintf(name.data(), name.size(), "#%06X at %u %u", static_cast<unsigned>(pixel.colour),
+                pixel.x, pixel.y);
+  return name.data();
 }
 
 int Fail(const char* problem) {
@@ -40,8 +45,10 @@ Session::~Session() {
 }
 
 int Session::Run(MHEG5Host& host, const std::vector<Step>& steps, const Options& options) {
+  limitMs_ = options.limitS * kMsPerSecond;
   hostWindow_ = CreateWindowExA(0, "STATIC", "korvel-player", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                 nullptr, nullptr);
+  if (!steps.empty() && !WatchWorker()) return Fail("the engine cannot be watched");
   if (hostWindow_ == nullptr || !engine_.Start(host, hostWindow_)) {
     return Fail("the engine refuses to start");
   }
@@ -49,7 +56,7 @@ int Session::Run(MHEG5Host& host, const std::vector<Step>& steps, const Options&
   bool isDone = engineWindow_ != nullptr && RunSteps(steps);
   if (isDone && !options.screenshot.empty() && !isCloseWanted_) {
     Pump(options.waitMs);
-    isDone = TakeShot(options.screenshot);
+    isDone = TakePicture(options.screenshot);
     isCloseWanted_ = true;
   }
   while (isDone && !isCloseWanted_ && !isEngineClosed_) Pump(kCloseLimitMs);
@@ -88,16 +95,23 @@ void Session::TakeMessages() {
 
 // False when a step could not be carried out, which the engine's end before it makes so.
 bool Session::RunSteps(const std::vector<Step>& steps) {
+  if (!steps.empty() && !WatchWindow(engineWindow_)) return false;
   for (const Step& step : steps) {
     if (isEngineClosed_) return false;
     switch (step.kind) {
     case StepKind::Wait: Pump(step.number); break;
-    case StepKind::Until: AwaitPixel(step.pixel); break;
-    case StepKind::UntilChanged: AwaitChange(); break;
+    case StepKind::Until:
+      AwaitFinalPicture(NameOf(step.pixel), [&] { return IsColour(picture_, step.pixel); });
+      break;
     case StepKind::Key: PressKey(step.number); break;
     case StepKind::Expose: WipeWindow(); break;
     case StepKind::Shot:
-      if (!TakeShot(step.file)) return false;
+      AwaitFinalPicture("final picture for " + step.file, [] { return true; });
+      if (!WritePicture(step.file)) return false;
+      break;
+    case StepKind::Catch:
+      CatchPicture(step.pixel);
+      if (!WritePicture(step.file)) return false;
       break;
     case StepKind::Exit: isCloseWanted_ = true; return true;
     }
@@ -105,35 +119,38 @@ bool Session::RunSteps(const std::vector<Step>& steps) {
   return true;
 }
 
-// Waits until the condition is met by a picture that stays as it is. Once something has not come,
-// the run is lost: it takes its other pictures without waiting.
+// Waits until the condition is met by the picture. Once one has not come in time, the run is lost:
+// it takes its other pictures without waiting.
 template <typename Condition>
-void Session::Await(const char* wanted, Condition isMet) {
-  Picture seen;
-  ULONGLONG seenSince = 0;
-  const bool hasCome = PumpUntil(isLost_ ? 0 : kPictureLimitMs, [&] {
+void Session::Await(const std::string& wanted, Condition hasCome) {
+  if (!isLost_ && (PumpUntil(limitMs_, hasCome) || isEngineClosed_)) return;
+  if (!isLost_) {
+    std::fprintf(stderr, "korvel-player: no %s within the limit\n", wanted.c_str());
+    isLost_ = true;
+  }
+  static_cast<void>(Capture(engineWindow_, picture_));
+}
+
+// For a picture that does not last: the first one that meets the condition is enough.
+void Session::CatchPicture(const Pixel& pixel) {
+  Await(NameOf(pixel),
+        [&] { return Capture(engineWindow_, picture_) && IsColour(picture_, pixel); });
+}
+
+// What was there before the keys that have been pressed may meet the condition as well, so only a
+// final picture is asked.
+template <typename Condition>
+void Session::AwaitFinalPicture(const std::string& wanted, Condition isMet) {
+  picture_ = {};
+  Stillness stillness(PostMark(engineWindow_));
+  Await(wanted, [&] {
+    if (!stillness.IsRoundOver(SightOfEngine(engineWindow_))) return false;
     Picture now;
     if (!Capture(engineWindow_, now)) return false;
-    if (now != seen) {
-      seen = std::move(now);
-      seenSince = GetTickCount64();
-    }
-    return isMet(seen) && GetTickCount64() - seenSince >= kStillMs;
+    const bool isUnchanged = now == picture_;
+    picture_ = std::move(now);
+    return stillness.EndRound(isUnchanged, PostMark(engineWindow_)) && isMet();
   });
-  if (hasCome || isLost_) return;
-  isLost_ = true;
-  std::fprintf(stderr, "korvel-player: %s has not come\n", wanted);
-}
-
-void Session::AwaitPixel(const Pixel& pixel) {
-  std::array<char, 64> wanted{};
-  std::snprintf(wanted.data(), wanted.size(), "#%06X at %u %u", static_cast<unsigned>(pixel.colour),
-                pixel.x, pixel.y);
-  Await(wanted.data(), [&](const Picture& seen) { return IsColour(seen, pixel); });
-}
-
-void Session::AwaitChange() {
-  Await("another picture", [this](const Picture& seen) { return seen != lastShot_; });
 }
 
 // Leaves a colour that no scene should have, so that it is seen whether the window is painted.
@@ -149,10 +166,12 @@ void Session::WipeWindow() const {
   InvalidateRect(engineWindow_, nullptr, TRUE);
 }
 
-bool Session::TakeShot(const std::filesystem::path& file) {
-  if (!isEngineClosed_ && Capture(engineWindow_, lastShot_) && pictures_.Write(lastShot_, file)) {
-    return true;
-  }
+bool Session::TakePicture(const std::filesystem::path& file) {
+  return Capture(engineWindow_, picture_) && WritePicture(file);
+}
+
+bool Session::WritePicture(const std::filesystem::path& file) {
+  if (!isEngineClosed_ && pictures_.Write(picture_, file)) return true;
   std::fprintf(stderr, "korvel-player: cannot write %s\n", file.string().c_str());
   return false;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <vector>
 
 #include "player/engine_library.h"
@@ -30,19 +31,22 @@ class Session {
   void TakeMessages();
   bool RunSteps(const std::vector<Step>& steps);
   template <typename Condition>
-  void Await(const char* wanted, Condition isMet);
-  void AwaitPixel(const Pixel& pixel);
-  void AwaitChange();
+  void Await(const std::string& wanted, Condition hasCome);
+  template <typename Condition>
+  void AwaitFinalPicture(const std::string& wanted, Condition isMet);
+  void CatchPicture(const Pixel& pixel);
   void WipeWindow() const;
-  bool TakeShot(const std::filesystem::path& file);
+  bool TakePicture(const std::filesystem::path& file);
+  bool WritePicture(const std::filesystem::path& file);
   void PressKey(unsigned virtualKey) const;
   bool Close();
 
   const EngineLibrary& engine_;
   PictureWriter pictures_;
-  Picture lastShot_;
+  Picture picture_;  // the last one that was looked at
   HWND hostWindow_ = nullptr;
   HWND engineWindow_ = nullptr;
+  unsigned limitMs_ = 0;
   bool isEngineClosed_ = false;
   bool isCloseWanted_ = false;
   bool isLost_ = false;  // what the script waited for has not come

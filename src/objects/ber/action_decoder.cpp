@@ -30,14 +30,15 @@ bool DecodeNext(BerReader& reader, KindSet kinds, Values& values) noexcept {
 }
 
 // Steps into the SEQUENCE that comes next, and stays in place when another element does: the
-// standard's nested form and the flat one are then read alike. `outside` moves behind what is read
-// from the result.
+// standard's nested form and the flat one are then read alike. `outside` moves to the end of what
+// is read.
 template <class ReadValues>
 bool ReadNestedOrFlat(BerReader& outside, ReadValues&& readValues) noexcept {
   if (!outside.NextIs(kSequence)) return readValues(outside);
   BerElement nested;
-  if (!outside.Next(nested) || !readValues(nested.content)) return false;
-  return SkipUnknown(nested.content);
+  if (!outside.Next(nested)) return false;
+  BerReader inside = nested.content.Knowing(IsValueTag);
+  return readValues(inside) && inside.Ends();
 }
 
 // A value whose type is told by its tag alone.
@@ -143,11 +144,11 @@ bool DecodePlace(Parameter place, BerReader& reader, Values& values) noexcept {
 // The values of an action, which may be wrapped in a SEQUENCE of their own.
 bool EnterValues(const BerElement& element, BerReader& values) noexcept {
   BerElement first;
-  values = element.content;
+  values = element.content.Knowing(IsValueTag);
   const bool isWrapped = values.Peek(first) && first.Is(kSequence) && !IsExternalReference(first);
   if (!isWrapped) return true;
   if (!values.Only(first)) return false;
-  values = first.content;
+  values = first.content.Knowing(IsValueTag);
   return true;
 }
 
@@ -163,7 +164,7 @@ bool DecodeValues(const BerElement& element, const ActionRow& row,
   for (const Parameter place : row.Syntax()) {
     if (!DecodePlace(place, reader, action.Parameters)) return false;
   }
-  return SkipUnknown(reader);
+  return reader.Ends();
 }
 
 // A primitive element has room for its target alone.
@@ -186,19 +187,20 @@ bool DecodeAction(const BerElement& element, ActionList& actions) noexcept {
   return actions.Append(std::move(action)) != nullptr || element.Refuse();
 }
 
-bool IsAction(Tag tag) noexcept {
-  return tag.number > kActionTagBase && tag.number <= kActionTagBase + kDecodedActionCount;
-}
-
 }  // namespace
 
+bool IsAction(Tag tag) noexcept {
+  return tag.tagClass == TagClass::Context && tag.number > kActionTagBase &&
+         tag.number <= kActionTagBase + kDecodedActionCount;
+}
+
 bool DecodeActions(const BerReader& reader, ActionList& actions) noexcept {
-  ListReader list(reader);
+  ListReader list(reader.Knowing(IsAction));
   BerElement element;
   while (list.HasMore()) {
     if (!list.Next(element)) return false;
-    if (element.tag.tagClass != TagClass::Context) return element.Refuse();
-    if (IsAction(element.tag) && !DecodeAction(element, actions)) return false;
+    if (!IsAction(element.tag)) return element.Refuse();
+    if (!DecodeAction(element, actions)) return false;
   }
   return true;
 }

@@ -71,15 +71,39 @@ bool BerReader::Next(BerElement& element) noexcept {
   read.start = cursor_;
   read.content = ahead;
   read.content.end_ = ahead.cursor_ + length;
+  read.content.known_ = nullptr;
   ++read.content.depth_;
   cursor_ = read.content.end_;
+  SkipUnknown();
   element = read;
   return true;
 }
 
+void BerReader::SkipUnknown() noexcept {
+  if (known_ == nullptr) return;
+  BerReader ahead = *this;
+  ahead.known_ = nullptr;
+  ahead.refusal_ = nullptr;
+  for (BerElement element; ahead.Next(element); cursor_ = ahead.cursor_) {
+    if (element.tag.tagClass != TagClass::Context || known_(element.tag)) return;
+  }
+}
+
+BerReader BerReader::Knowing(KnownTags tags) const noexcept {
+  BerReader reader = *this;
+  reader.known_ = tags;
+  reader.SkipUnknown();
+  return reader;
+}
+
+bool BerReader::Ends() noexcept {
+  BerElement element;
+  return AtEnd() || (Next(element) && element.Refuse());
+}
+
 bool BerReader::Only(BerElement& element) const noexcept {
   BerReader reader = *this;
-  return reader.Next(element) && (reader.AtEnd() || reader.Refuse());
+  return reader.Next(element) && reader.Ends();
 }
 
 bool BerReader::Peek(BerElement& element) const noexcept {
@@ -120,6 +144,7 @@ bool ListReader::HasMore() noexcept {
       if (open_ == 0) return false;
       reader_.end_ = ends_[--open_];
       --reader_.depth_;
+      reader_.SkipUnknown();
     } else if (reader_.Peek(wrapper) && wrapper.Is(kSequence)) {
       Enter(wrapper);
     } else {
@@ -130,7 +155,7 @@ bool ListReader::HasMore() noexcept {
 
 void ListReader::Enter(const BerElement& wrapper) noexcept {
   ends_[open_++] = reader_.end_;
-  reader_ = wrapper.content;
+  reader_ = wrapper.content.Knowing(reader_.known_);
 }
 
 }  // namespace korvel::ber

@@ -27,6 +27,11 @@ struct Refusal {
 
 struct BerElement;
 
+// The context tags that a decoder knows at a place.
+using KnownTags = bool (*)(Tag tag);
+
+constexpr bool NoTag(Tag /*tag*/) { return false; }
+
 // Some bytes, read element by element. Readers are cheap to copy; a copy goes on alone. The bytes
 // and the refusal are borrowed from whoever started the reading.
 class BerReader {
@@ -35,12 +40,18 @@ class BerReader {
   BerReader(std::span<const std::uint8_t> bytes, Refusal& refusal) noexcept
       : cursor_(bytes.data()), end_(bytes.data() + bytes.size()), refusal_(&refusal) {}
 
+  // The same elements, skipping those with other context tags, whatever they hold:
+  // later editions of the standard may add them anywhere.
+  [[nodiscard]] BerReader Knowing(KnownTags tags) const noexcept;
+
   [[nodiscard]] bool AtEnd() const noexcept { return cursor_ == end_; }
   // Reads one element and moves behind it. False at the end, and when its header or its length does
   // not fit.
   [[nodiscard]] bool Next(BerElement& element) noexcept;
-  // Reads the one element that there must be. False when there is none or something behind it.
+  // Reads the one element that there must be. False when there is none or another one after it.
   [[nodiscard]] bool Only(BerElement& element) const noexcept;
+  // Whether all has been read. Refuses the next element otherwise.
+  [[nodiscard]] bool Ends() noexcept;
   // Whether an element with that tag comes next. Refuses nothing.
   [[nodiscard]] bool NextIs(Tag tag) const noexcept;
   // As Next, but stays where it is and refuses nothing.
@@ -60,12 +71,14 @@ class BerReader {
   [[nodiscard]] bool ReadByte(std::uint8_t& byte) noexcept;
   [[nodiscard]] bool ReadTag(BerElement& element) noexcept;
   [[nodiscard]] bool ReadLength(std::uint32_t& length) noexcept;
+  void SkipUnknown() noexcept;
   bool RefuseAt(const std::uint8_t* place) const noexcept;
   bool RefuseHeader(bool isWhole) const noexcept;
 
   const std::uint8_t* cursor_ = nullptr;
   const std::uint8_t* end_ = nullptr;
   Refusal* refusal_ = nullptr;  // null: a look ahead, which refuses nothing
+  KnownTags known_ = nullptr;   // null: all; others are passed over before the cursor rests
   std::uint32_t depth_ = 0;
 };
 
@@ -76,11 +89,6 @@ struct BerElement {
   BerReader content;
 
   [[nodiscard]] bool Is(Tag other) const noexcept { return tag == other; }
-  [[nodiscard]] bool BeginsWith(Tag first) const noexcept { return content.NextIs(first); }
-  // Whether nothing stands behind it among the elements that `enclosing` reads.
-  [[nodiscard]] bool IsLastOf(const BerReader& enclosing) const noexcept {
-    return content.end_ == enclosing.end_;
-  }
   // The content as a two's-complement number, of which the low 32 bits are kept; 0 when there is no
   // content.
   [[nodiscard]] std::int32_t Integer() const noexcept;

@@ -30,7 +30,6 @@ bool DecodeElement(const BerElement& element, const Form& /*form*/,
 // A link's event data.
 bool DecodeElement(const BerElement& element, const Form& /*form*/, GenericValue& field) noexcept {
   using enum ValueKind;
-  if (element.tag.tagClass != TagClass::Universal) return element.Refuse();
   return DecodeGeneric(element, SetOfKinds(Boolean, Integer, OctetString), field);
 }
 bool DecodeElement(const BerElement& element, const Form& form, List<ActionSlot>& field) noexcept;
@@ -41,7 +40,8 @@ constexpr bool kMayBeMissing =
     std::is_same_v<Field, GenericValue> || std::is_same_v<Field, List<ActionSlot>>;
 
 template <IsSequence Record>
-bool DecodeSequence(BerReader reader, Record& record) noexcept {
+bool DecodeSequence(const BerReader& elements, Record& record) noexcept {
+  BerReader reader = elements.Knowing(NoTag);
   bool isRead = true;
   ForEachElement<Record>([&](const auto& description) {
     auto& field = record.*description.field;
@@ -50,13 +50,13 @@ bool DecodeSequence(BerReader reader, Record& record) noexcept {
     BerElement element;
     isRead = reader.Next(element) && DecodeElement(element, description.form, field);
   });
-  return isRead && SkipUnknown(reader);
+  return isRead && reader.Ends();
 }
 
 // ---- Entries of a SEQUENCE OF ----
 
 template <class T>
-bool DecodeEntries(BerReader reader, List<T>& list) noexcept;
+bool DecodeEntries(const BerReader& entries, List<T>& list) noexcept;
 
 bool DecodeEntry(const BerElement& element, std::int32_t& number) noexcept {
   return Decode(element, NumberType::Integer, number);
@@ -79,7 +79,8 @@ bool DecodeEntry(const BerElement& element, Record& entry) noexcept {
 }
 
 template <class T>
-bool DecodeEntries(BerReader reader, List<T>& list) noexcept {
+bool DecodeEntries(const BerReader& entries, List<T>& list) noexcept {
+  BerReader reader = entries.Knowing(NoTag);
   BerElement element;
   while (!reader.AtEnd()) {
     T entry{};
@@ -107,8 +108,8 @@ constexpr bool kBeginsWithReference<Record> = std::is_same_v<
 
 // The one SEQUENCE that is all an attribute's tag holds. False when the tag holds anything else.
 bool HoldsOneSequence(const BerElement& tagged, BerElement& sequence) noexcept {
-  return tagged.content.Peek(sequence) && sequence.Is(kSequence) &&
-         sequence.IsLastOf(tagged.content);
+  BerReader reader = tagged.content.Knowing(NoTag);
+  return reader.NextIs(kSequence) && reader.Next(sequence) && reader.AtEnd();
 }
 
 template <IsSequence Record>
@@ -120,12 +121,14 @@ BerReader ElementsOf(const BerElement& tagged) noexcept {
 }
 
 // A SEQUENCE alone may also be the only entry: then it does not hold something that could be an
-// entry.
+// entry. An action slot holds actions.
 template <class Entry>
 BerReader EntriesOf(const BerElement& tagged) noexcept {
+  constexpr KnownTags known = std::is_same_v<Entry, ActionSlot> ? IsAction : NoTag;
   BerElement wrapper;
   BerElement entry;
-  const bool holdsEntry = HoldsOneSequence(tagged, wrapper) && wrapper.content.Peek(entry) &&
+  const bool holdsEntry = HoldsOneSequence(tagged, wrapper) &&
+                          wrapper.content.Knowing(known).Peek(entry) &&
                           (entry.Is(kSequence) || entry.Is(kNull)) &&
                           !(kBeginsWithReference<Entry> && IsExternalReference(entry));
   return holdsEntry ? wrapper.content : tagged.content;

@@ -64,4 +64,10 @@ constexpr ValueKind AnnouncedKind(Tag tag) {
   return announces ? kAnnouncedKinds[place] : ValueKind::None;
 }
 
+// The context tags that a generic value may have.
+constexpr bool IsValueTag(Tag tag) {
+  return tag == kIndirectReference || tag == kContentReference ||
+         AnnouncedKind(tag) != ValueKind::None;
+}
+
 }  // namespace korvel::ber

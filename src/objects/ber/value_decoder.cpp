@@ -7,20 +7,23 @@
 namespace korvel::ber {
 namespace {
 
-// Behind the path: the size, then the cache priority, each of them plain or under its own tag, or
-// missing. Other context tags are passed over.
-bool DecodeReferencedContent(BerReader reader, ContentBody& content) noexcept {
+constexpr bool IsContentNumber(Tag tag) {
+  return tag == kContentSize || tag == kContentCachePriority;
+}
+
+// After the path: the size, then the cache priority, each of them plain or under its own tag, or
+// missing.
+bool DecodeReferencedContent(const BerElement& sequence, ContentBody& content) noexcept {
+  BerReader reader = sequence.content.Knowing(IsContentNumber);
   BerElement element;
   if (!reader.Next(element) || !Decode(element, content.Data)) return false;
   content.IsReferenced = true;
   std::int32_t* plain = &content.Size;
   while (!reader.AtEnd()) {
     if (!reader.Next(element)) return false;
-    if (element.Is(kContentSize) || element.Is(kContentCachePriority)) {
+    if (IsContentNumber(element.tag)) {
       plain = element.Is(kContentSize) ? &content.Size : &content.CachePriority;
       if (!Untag(element, kInteger, element)) return false;
-    } else if (element.tag.tagClass == TagClass::Context) {
-      continue;
     }
     if (plain == nullptr || !Decode(element, NumberType::Integer, *plain)) return element.Refuse();
     plain = plain == &content.Size ? &content.CachePriority : nullptr;
@@ -99,16 +102,7 @@ bool UntagReference(const BerElement& tagged, BerElement& value) noexcept {
 }
 
 bool IsExternalReference(const BerElement& element) noexcept {
-  return element.isConstructed && element.BeginsWith(kOctetString);
-}
-
-bool SkipUnknown(BerReader& reader) noexcept {
-  BerElement element;
-  while (!reader.AtEnd()) {
-    if (!reader.Next(element)) return false;
-    if (element.tag.tagClass != TagClass::Context) return element.Refuse();
-  }
-  return true;
+  return element.isConstructed && element.content.Knowing(IsValueTag).NextIs(kOctetString);
 }
 
 bool Decode(const BerElement& element, NumberType type, std::int32_t& value) noexcept {
@@ -134,7 +128,7 @@ bool Decode(const BerElement& element, ObjectReference& value) noexcept {
   if (element.Is(kInteger)) {
     reference.Number = element.Integer();
   } else if (element.Is(kSequence)) {
-    BerReader reader = element.content;
+    BerReader reader = element.content.Knowing(NoTag);
     BerElement group;
     BerElement number;
     if (!reader.Next(group) || !Decode(group, reference.GroupIdentifier)) return false;
@@ -167,7 +161,7 @@ bool Decode(const BerElement& element, FontBody& value) noexcept {
 
 bool Decode(const BerElement& element, ContentBody& value) noexcept {
   ContentBody content;
-  const bool isRead = element.Is(kSequence) ? DecodeReferencedContent(element.content, content)
+  const bool isRead = element.Is(kSequence) ? DecodeReferencedContent(element, content)
                                             : Decode(element, content.Data);
   if (!isRead) return false;
   value = std::move(content);

@@ -25,10 +25,6 @@ constexpr KindSet SetOfKinds(Kinds... kinds) {
 // something.
 [[nodiscard]] bool IsExternalReference(const BerElement& element) noexcept;
 
-// Passes over what may follow the known elements of a SEQUENCE: context tags of later editions, and
-// nothing else.
-[[nodiscard]] bool SkipUnknown(BerReader& reader) noexcept;
-
 enum class NumberType { Integer, Enumerated };
 
 // Each reads a universal element. False, with the place recorded, for another type and when memory

@@ -234,6 +234,23 @@ TEST_F(GroupsTest, the_layout_asks_for_one_redraw) {
   EXPECT_EQ(ThePresentation().redraws, before + 1);
 }
 
+TEST_F(GroupsTest, the_layout_holds_back_the_redraws_of_stacking_actions) {
+  for (const char* action :
+       {":BringToFront(7)", ":SendToBack(7)", ":PutBefore(7 8)", ":PutBehind(7 8)"}) {
+    Start("{:Rectangle 7 :OrigBoxSize 9 9} {:Rectangle 8 :OrigBoxSize 9 9}"
+          "{:Text 1 :InitiallyActive FALSE :OrigContent :ContentRef (\"~/none\") :OrigBoxSize 9 9}"
+          "{:ListGroup 50 :InitiallyActive FALSE :TokenGroupItems ((1)) :Positions ((0 0))}"
+          "{:Link 20 :EventSource 0 :EventType EngineEvent :LinkEffect (" +
+          std::string(action) + " :Append(900 \"told \"))}");
+    const int before = ThePresentation().redraws;
+    EXPECT_EQ(Run(":Run(50)"), Status::Done);
+    EXPECT_EQ(TakeLog(), "told");
+    EXPECT_EQ(ThePresentation().redraws, before + 1) << action;
+    EXPECT_EQ(Run(action), Status::Done);
+    EXPECT_EQ(ThePresentation().redraws, before + 2) << action << " after the layout";
+  }
+}
+
 TEST_F(GroupsTest, stopping_a_list_group_takes_its_items_off_the_screen) {
   StartList(3, 3);
   EXPECT_EQ(Run(":Stop(50)"), Status::Done);
@@ -432,6 +449,30 @@ TEST_F(GroupsTest, a_cell_is_moved_with_the_item_in_it) {
   EXPECT_EQ(Object<Rectangle>(1).Position.Y, 70);
   EXPECT_EQ(move(9, 6, 80), Status::Done);
   EXPECT_EQ(Object<Rectangle>(2).Position.Y, 80);
+}
+
+// A link of the group's stop runs it again: it goes on with its members, and its stop is not told.
+TEST_F(GroupsTest, a_token_group_that_is_run_again_as_it_stops_keeps_its_members) {
+  for (const char* event : {"10 :EventType TokenMovedFrom", "1 :EventType IsStopped"}) {
+    Start(Visibles(2) + "{:TokenGroup 10 :TokenGroupItems ((1) (2))}" + "{:Link 20 :EventSource " +
+          event + " :LinkEffect (:Run(10))}" + Watch(10, "IsStopped", "stopped"));
+    EXPECT_EQ(Run(":Stop(10)"), Status::Done);
+    EXPECT_TRUE(IsRunning(10)) << event;
+    EXPECT_TRUE(IsRunning(1)) << event;
+    EXPECT_TRUE(IsRunning(2)) << event;
+    EXPECT_EQ(TakeLog(), "") << event;
+  }
+}
+
+TEST_F(GroupsTest, a_list_group_that_is_run_again_as_it_stops_keeps_its_items) {
+  Start(Visibles(2) +
+        "{:ListGroup 50 :TokenGroupItems ((1) (2)) :Positions ((0 10) (0 20))}"
+        "{:Link 20 :EventSource 50 :EventType TokenMovedFrom :LinkEffect (:Run(50))}" +
+        Watch(50, "IsStopped", "stopped"));
+  EXPECT_EQ(Run(":Stop(50)"), Status::Done);
+  EXPECT_TRUE(IsRunning(50));
+  EXPECT_EQ(Cells(), "1:1 2:2");
+  EXPECT_EQ(TakeLog(), "");
 }
 
 TEST_F(GroupsTest, items_of_an_ended_scene_are_passed_over) {

@@ -6,9 +6,14 @@ namespace {
 
 class LineArtTest : public Stage {
  protected:
-  // A running dynamic line art 1 of 100 by 50 pixels, its line 2 wide in colour 7.
+  // A running dynamic line art 1 of 100 by 50 pixels, its line 2 wide in colour 7. In its palette
+  // each colour from 0 to 9 is its own index.
   static void StartDrawing(const std::string& attributes = ":BBBox FALSE") {
-    Start("{:DynamicLineArt 1 :OrigBoxSize 100 50 :OrigLineWidth 2 :OrigRefLineColour 7 " +
+    std::string palette;
+    for (char index = '0'; index <= '9'; ++index) palette += std::string("=00=00=00=0") + index;
+    Start("{:Palette 6 :OrigContent '" + palette + "'}" +
+          "{:DynamicLineArt 1 :OrigBoxSize 100 50 :OrigPaletteRef 6 :OrigLineWidth 2"
+          " :OrigRefLineColour 7 " +
           attributes +
           "} {:IntegerVar 2 :OrigValue 9} {:OStringVar 3 :OrigValue 'abcd'}"
           "{:BooleanVar 4 :OrigValue TRUE} {:Rectangle 5 :OrigBoxSize 9 9}");
@@ -100,6 +105,17 @@ TEST_F(LineArtTest, clearing_takes_the_fill_that_the_content_gave_and_keeps_the_
   EXPECT_EQ(Run(":SetFillColour(1 :NewColourIndex 4) :Clear(1)"), Status::Done);
   EXPECT_EQ(TakeDrawings(), "clear #00000003");
   EXPECT_EQ(Object<DynamicLineArt>(1).RefFillColour.Index, 4);
+}
+
+TEST_F(LineArtTest, clearing_takes_the_drawable_area_from_the_line_width_that_the_content_gave) {
+  StartDrawing("");
+  EXPECT_EQ(Run(":SetLineWidth(1 10) :DrawLine(1 1 2 3 4) :Clear(1) :DrawLine(1 1 2 3 4)"),
+            Status::Done);
+  const std::vector<std::string> expected = {
+      "new 100 50",      "clip 80 30", "line -9,-8 -7,-6 line 10/1#00000007", "clip 96 46",
+      "clear #ffffffff", "clip 80 30", "line -9,-8 -7,-6 line 10/1#00000007"};
+  EXPECT_EQ(ThePresentation().drawings, expected);
+  EXPECT_EQ(Object<DynamicLineArt>(1).LineWidth, 10) << "the current width stays";
 }
 
 TEST_F(LineArtTest, each_painting_asks_for_a_redraw) {

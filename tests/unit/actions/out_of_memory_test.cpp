@@ -2,6 +2,7 @@
 // up with its message, nothing is half written, and nothing is lost.
 #include <set>
 
+#include "actions/actions.h"
 #include "actions/interaction.h"
 #include "stage.h"
 #include "substitutes/memory.h"

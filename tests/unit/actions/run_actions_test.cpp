@@ -1,4 +1,5 @@
 // How the interpreter walks a list: what ends it, what is passed over, and what it returns.
+#include "actions/actions.h"
 #include "stage.h"
 #include "support/text_content.h"
 
@@ -156,6 +157,18 @@ TEST_F(RunActionsTest, a_transition_to_a_name_in_a_variable_is_followed) {
   EXPECT_EQ(Integer(3), 1);
 }
 
+TEST_F(RunActionsTest, a_transition_does_not_look_at_its_connection_and_its_effect) {
+  AddFile("text", "{:Scene (\"~/text\" 0)}");
+  for (const char* arguments : {":IndirectRef 77 1", "NULL :IndirectRef 77", ":IndirectRef 3"}) {
+    StartWithScene("{:ContentRefVar 3 :OrigValue :ContentRef \"~/text\"}", "");
+    AddScene("t", "");
+    TheHost().fetched.clear();
+    EXPECT_EQ(Run(std::string(R"(:TransitionTo(("~/t" 0) )") + arguments + ")"), Status::Replaced);
+    EXPECT_EQ(CurrentScene()->Reference.GroupIdentifier.View(), "~/t") << arguments;
+    EXPECT_EQ(TheHost().fetched, std::vector<std::string>{"t"}) << arguments;
+  }
+}
+
 TEST_F(RunActionsTest, a_refused_launch_ends_the_list_as_replaced) {
   AddScene("t", "");
   Start(kVariables);
@@ -170,10 +183,21 @@ TEST_F(RunActionsTest, a_launch_reads_an_indirect_name_from_an_octet_string_vari
   AddFile("b", R"({:Application ("~/b" 0)})");
   Start("{:OStringVar 1 :OrigValue \"~/b\"} {:ObjectRefVar 2 :OrigValue :ObjectRef (\"~/b\" 0)}"
         "{:IntegerVar 3 :OrigValue 0}");
-  EXPECT_EQ(Run(":Launch(:IndirectRef 2) :Add(3 1)"), Status::Done);
-  EXPECT_EQ(Integer(3), 1);
   EXPECT_EQ(Run(":Launch(:IndirectRef 1)"), Status::Replaced);
   EXPECT_EQ(CurrentApplication()->Reference.GroupIdentifier.View(), "~/b");
+}
+
+TEST_F(RunActionsTest, a_launch_whose_variable_holds_no_name_ends_the_list_without_a_name) {
+  Start("{:ObjectRefVar 2 :OrigValue :ObjectRef (\"~/b\" 0)} {:IntegerVar 3 :OrigValue 0}" +
+        Watch(0, "EngineEvent", "missing", "2"));
+  for (const char* variable : {"2", "3", "77"}) {
+    const Generations before = CurrentGenerations();
+    EXPECT_EQ(Run(":Launch(:IndirectRef " + std::string(variable) + ") :Add(3 1)"),
+              Status::Replaced);
+    EXPECT_EQ(Integer(3), 0);
+    EXPECT_EQ(TakeLog(), "missing");
+    EXPECT_EQ(CurrentGenerations().Application, static_cast<std::uint8_t>(before.Application + 1));
+  }
 }
 
 TEST_F(RunActionsTest, a_launch_that_fails_ends_the_list_as_failed) {
@@ -264,6 +288,17 @@ TEST_F(RunActionsTest, an_event_is_sent_as_if_it_came_from_its_source) {
   EXPECT_EQ(TakeLog(), "none");
   EXPECT_EQ(Run(R"(:SendEvent(("~/s" 0) 2 UserInput :GOctetString "6"))"), Status::Done);
   EXPECT_EQ(TakeLog(), "none");
+}
+
+TEST_F(RunActionsTest, an_event_whose_datum_cannot_be_read_is_not_sent) {
+  StartWithScene(std::string(kVariables) + "{:Text 50 :OrigContent \"\" :OrigBoxSize 9 9}" +
+                     Watch(2, "UserInput", "sent"),
+                 "");
+  EXPECT_EQ(Run(R"(:SendEvent(("~/s" 0) 2 UserInput :GInteger :IndirectRef 77))"), Status::Done);
+  EXPECT_EQ(Run(R"(:SendEvent(("~/s" 0) 2 UserInput :GInteger :IndirectRef 50))"), Status::Done);
+  EXPECT_EQ(TakeLog(), "");
+  EXPECT_EQ(Run(R"(:SendEvent(("~/s" 0) 2 UserInput :GInteger :IndirectRef 1))"), Status::Done);
+  EXPECT_EQ(TakeLog(), "sent");
 }
 
 TEST_F(RunActionsTest, cache_priorities_are_kept_by_both_groups) {

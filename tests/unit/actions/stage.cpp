@@ -1,5 +1,6 @@
 // Starting the engine on the stand-ins, and running actions in it.
 #include "stage.h"
+#include "actions/actions.h"
 
 #include <utility>
 

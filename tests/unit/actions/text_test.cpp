@@ -2,6 +2,7 @@
 // the anchors of hyper texts.
 #include "actions/interaction.h"
 #include "stage.h"
+#include "substitutes/memory.h"
 
 namespace korvel::test {
 namespace {
@@ -58,7 +59,22 @@ TEST_F(TextTest, referenced_content_is_fetched_and_a_failure_leaves_the_old_text
   EXPECT_EQ(Shown(), "fetched");
   EXPECT_EQ(Object<Text>(1).Content.Size, 7);
   EXPECT_EQ(Object<Text>(1).Content.CachePriority, 3);
-  EXPECT_EQ(TheHost().fetched, std::vector<std::string>{"t"});
+  const std::vector<std::string> expected = {"t", "t"};
+  EXPECT_EQ(TheHost().fetched, expected) << "for the variable, then for the text";
+}
+
+TEST_F(TextTest, a_variable_that_names_new_content_loads_it_first) {
+  TheHost().files["p"] = "picture";
+  Start("{:Bitmap 1 :OrigContent :ContentRef (\"~/o\") :OrigBoxSize 9 9}"
+        "{:ContentRefVar 2 :OrigValue :ContentRef \"~/p\"}");
+  TheHost().fetched.clear();
+  EXPECT_EQ(Run(":SetData(1 :NewRefContent (:IndirectRef 2))"), Status::Done);
+  EXPECT_EQ(TheHost().fetched, std::vector<std::string>{"p"});
+  EXPECT_EQ(Object<ContentRefVariable>(2).Content.Data.View(), "picture");
+  EXPECT_TRUE(Object<Bitmap>(1).Content.IsReferenced);
+  EXPECT_EQ(Object<Bitmap>(1).Content.Data.View(), "~/p") << "the object is given the path";
+  EXPECT_EQ(Run(":SetData(1 :NewRefContent (:IndirectRef 2))"), Status::Done);
+  EXPECT_EQ(TheHost().fetched, std::vector<std::string>{"p"}) << "loaded once";
 }
 
 TEST_F(TextTest, every_other_class_keeps_its_new_content) {
@@ -210,6 +226,23 @@ TEST_F(TextTest, overwriting_a_limited_field_behind_its_text_fills_the_gap_with_
   EXPECT_EQ(EntryPoint(), 4);
 }
 
+TEST_F(TextTest, a_character_far_beyond_the_text_takes_one_allocation) {
+  constexpr int kPlace = 15'000'000;
+  StartField(":MaxLength 16000000");
+  Enter("ab");
+  EXPECT_EQ(Run(":SetOverwriteMode(1 TRUE) :SetEntryPoint(1 " + std::to_string(kPlace) + ")"),
+            Status::Done);
+  FailAllocation(2);
+  Enter("x");
+  EXPECT_FALSE(HasFailedAllocation());
+  FailAllocation(0);
+  const std::string_view text = Object<EntryField>(1).TextData.View();
+  ASSERT_EQ(text.size(), kPlace + 1U);
+  EXPECT_EQ(text.substr(0, 2), "ab");
+  EXPECT_EQ(text.find_first_not_of('\0', 2), static_cast<std::size_t>(kPlace));
+  EXPECT_EQ(text.back(), 'x');
+}
+
 TEST_F(TextTest, a_gap_of_gigabytes_counts_as_out_of_memory) {
   StartField(":MaxLength 2147483647");
   EXPECT_EQ(Run(":SetOverwriteMode(1 TRUE) :SetEntryPoint(1 2147483646)"), Status::Done);
@@ -277,6 +310,29 @@ TEST_F(TextTest, keys_move_among_anchors_and_fire_them) {
   EXPECT_EQ(Octets(2), "one");
   EXPECT_EQ(Press(kCancel), Status::Done);
   EXPECT_EQ(TakeLog(), "fired fired fired done");
+}
+
+TEST_F(TextTest, new_data_forgets_the_chosen_anchor) {
+  Start(std::string(kHyperText) + Watch(1, "AnchorFired", "fired"));
+  EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)"), Status::Done);
+  EXPECT_EQ(Press(2), Status::Done);
+  EXPECT_EQ(Run(":SetData(1 '=1BA=05firsta=1Ba =1BA=04nextb=1Ba')"), Status::Done);
+  EXPECT_EQ(Press(kSelect), Status::Done);
+  EXPECT_EQ(Object<HyperText>(1).LastAnchorFired.View(), "first");
+  EXPECT_EQ(Press(2), Status::Done);
+  EXPECT_EQ(Run(":SetData(1 '=1BA=04onlyc=1Ba')"), Status::Done);
+  EXPECT_EQ(Press(kSelect), Status::Done) << "fewer anchors than before";
+  EXPECT_EQ(Object<HyperText>(1).LastAnchorFired.View(), "only");
+  EXPECT_EQ(TakeLog(), "fired fired");
+}
+
+TEST_F(TextTest, new_data_of_another_hyper_text_leaves_the_choice) {
+  Start(std::string(kHyperText) + "{:HyperText 4 :OrigBoxSize 9 9 :OrigContent \"\"}");
+  EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)"), Status::Done);
+  EXPECT_EQ(Press(2), Status::Done);
+  EXPECT_EQ(Run(":SetData(4 '=1BA=04onlyc=1Ba')"), Status::Done);
+  EXPECT_EQ(Press(kSelect), Status::Done);
+  EXPECT_EQ(Object<HyperText>(1).LastAnchorFired.View(), "two");
 }
 
 TEST_F(TextTest, a_cut_off_anchor_is_none) {

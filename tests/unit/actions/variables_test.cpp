@@ -1,6 +1,7 @@
 // What the actions on variables do to their values, and the events that tests raise.
 #include <limits>
 
+#include "actions/actions.h"
 #include "stage.h"
 #include "substitutes/memory.h"
 
@@ -224,6 +225,23 @@ TEST_F(VariablesTest, a_string_equals_its_beginning) {
   EXPECT_EQ(Test("3 1 :GOctetString \"\""), "-") << "without a length whole texts are compared";
   EXPECT_EQ(Test("5 1 :GContentRef :ContentRef \"~/\""), "+");
   EXPECT_EQ(Test("5 1 :GContentRef :ContentRef \"~/x\""), "-");
+}
+
+TEST_F(VariablesTest, a_path_read_from_a_variable_is_compared_as_a_whole) {
+  StartVariables();
+  const auto assign = [](int number, std::string_view path) {
+    EXPECT_TRUE(Object<ContentRefVariable>(number).Value.Path.Assign(path));
+  };
+  assign(5, "~/folder/file");
+  assign(15, "~/folder");
+  EXPECT_EQ(Test("5 1 :GContentRef :IndirectRef 15"), "-");
+  EXPECT_EQ(Test("5 2 :GContentRef :IndirectRef 15"), "+");
+  EXPECT_EQ(Test("5 1 :GContentRef :ContentRef \"~/folder\""), "+")
+      << "a path that is given directly has a length";
+  assign(15, "~/folder/file");
+  EXPECT_EQ(Test("5 1 :GContentRef :IndirectRef 15"), "+");
+  assign(15, std::string_view("~/folder/file\0", 14));
+  EXPECT_EQ(Test("5 1 :GContentRef :IndirectRef 15"), "+") << "the text ends at its zero";
 }
 
 TEST_F(VariablesTest, an_operand_of_another_kind_raises_nothing) {

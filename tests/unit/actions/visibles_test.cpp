@@ -68,6 +68,20 @@ TEST_F(VisiblesTest, two_answers_are_written_together_or_not_at_all) {
   EXPECT_EQ(Integer(6), 0);
 }
 
+TEST_F(VisiblesTest, position_and_box_are_read_also_while_a_visible_is_not_available) {
+  Start("{:Rectangle 1 :InitiallyActive FALSE :OrigBoxSize 9 9} {:IntegerVar 2 :OrigValue 77}"
+        "{:IntegerVar 3 :OrigValue 77}");
+  Object<Rectangle>(1).Position = {3, -4};
+  Object<Rectangle>(1).BoxSize = {50, 60};
+  EXPECT_EQ(Run(":GetPosition(1 2 3)"), Status::Done);
+  EXPECT_EQ(Integer(2), 3);
+  EXPECT_EQ(Integer(3), -4);
+  EXPECT_EQ(Run(":GetBoxSize(1 2 3)"), Status::Done);
+  EXPECT_EQ(Integer(2), 50);
+  EXPECT_EQ(Integer(3), 60);
+  EXPECT_FALSE(Object<Rectangle>(1).AvailabilityStatus) << "asking does not prepare";
+}
+
 TEST_F(VisiblesTest, nothing_changes_while_a_visible_is_not_available) {
   Start(kThree);
   EXPECT_EQ(Run(":SetPosition(4 1 1) :SetBoxSize(4 1 1) :SetPaletteRef(4 9)"), Status::Done);
@@ -93,6 +107,22 @@ TEST_F(VisiblesTest, a_bitmap_is_drawn_again_when_scaled_even_when_stopped) {
   const int before = ThePresentation().redraws;
   EXPECT_EQ(Run(":ScaleBitmap(1 1 1) :SetTransparency(1 5)"), Status::Done);
   EXPECT_EQ(ThePresentation().redraws, before + 1);
+}
+
+TEST_F(VisiblesTest, a_negative_scale_makes_a_video_unscaled_and_is_refused_for_a_bitmap) {
+  Start("{:Bitmap 1 :OrigContent :ContentRef (\"~/p\") :OrigBoxSize 9 9}"
+        "{:Stream 2 :Multiplex ({:Video 3 :ComponentTag 1 :OrigBoxSize 9 9})}");
+  const int before = ThePresentation().redraws;
+  EXPECT_EQ(Run(":ScaleVideo(3 30 40) :ScaleVideo(3 -1 40)"), Status::Done);
+  EXPECT_EQ(Object<Video>(3).ScaledSize.Width, -1);
+  EXPECT_EQ(Object<Video>(3).ScaledSize.Height, 40);
+  EXPECT_EQ(Run(":ScaleVideo(3 -7 -8)"), Status::Done);
+  EXPECT_EQ(Object<Video>(3).ScaledSize.Width, -7);
+  EXPECT_EQ(Object<Video>(3).ScaledSize.Height, -8);
+  EXPECT_EQ(ThePresentation().redraws, before + 3);
+  EXPECT_EQ(Run(":ScaleBitmap(1 30 40) :ScaleBitmap(1 -1 50) :ScaleBitmap(1 50 -1)"), Status::Done);
+  EXPECT_EQ(Object<Bitmap>(1).ScaledSize.Width, 30);
+  EXPECT_EQ(Object<Bitmap>(1).ScaledSize.Height, 40);
 }
 
 TEST_F(VisiblesTest, transparency_lies_between_0_and_100) {

@@ -19,13 +19,11 @@ std::string BytesOf(const fs::path& path) {
 }  // namespace
 
 void DemoTest::ServeDemo(const std::string& demo) {
-  for (const auto& entry : fs::directory_iterator(KORVEL_SOURCE_DIR "/examples/" + demo)) {
-    const fs::path& path = entry.path();
-    if (path.extension() == ".mheg") {
-      Serve(path.stem().string(), BytesOf(path));
-    } else {
-      TheHost().files[path.filename().string()] = BytesOf(path);
-    }
+  const fs::path carousel = fs::path(KORVEL_DEMOS_FOLDER) / demo;
+  for (const auto& entry : fs::recursive_directory_iterator(carousel)) {
+    if (!entry.is_regular_file()) continue;
+    const std::string name = entry.path().lexically_relative(carousel).generic_string();
+    TheHost().files[name] = BytesOf(entry.path());
   }
 }
 

@@ -1,5 +1,5 @@
-// The ground that the tests of the demos stand on: a folder of examples/ is served as it is
-// broadcast, keys are pressed, timers expire, and what texts say can be asked.
+// The ground that the tests of the demos stand on: the carousel that was made of a folder of
+// examples/ is served, keys are pressed, timers expire, and what texts say can be asked.
 #pragma once
 
 #include <string>

@@ -1,6 +1,7 @@
-// The quiz and the clock with memory that runs out: whatever then fails, nothing is left behind.
+// The demos with memory that runs out: whatever then fails, nothing is left behind.
 #include <vector>
 
+#include "objects/ber/ber.h"
 #include "unit/demos/demo.h"
 
 namespace korvel::test {
@@ -56,6 +57,67 @@ TEST_F(OutOfMemoryInDemos, the_quiz_leaves_nothing_behind) {
 TEST_F(OutOfMemoryInDemos, the_clock_leaves_nothing_behind) {
   ServeDemo("clock");
   FailNowAndThen(7, {kRed, kOK, kGreen, kOK, kYellow, kYellow, kRed});
+}
+
+class OutOfMemoryInWelcome : public DemoTest {
+ protected:
+  void SetUp() override {
+    DemoTest::SetUp();
+    ServeDemo("welcome");
+    ASSERT_EQ(TheHost().files.count("a"), 1U);
+  }
+
+  // The start, and keys through every scene: down, OK, blue, red three times, green, blue.
+  void PlayAll() {
+    static_cast<void>(Start());
+    for (const std::int32_t key : {2, 15, 103, 100, 100, 100, 100, 101, 103}) {
+      static_cast<void>(Press(key));
+    }
+    EndEngine();
+  }
+};
+
+TEST_F(OutOfMemoryInWelcome, decoding_is_refused_cleanly_whichever_allocation_fails) {
+  for (const char* name : {"a", "menu", "about", "counter"}) {
+    SCOPED_TRACE(name);
+    const std::string& file = TheHost().files[name];
+    const std::size_t blocks = LiveBlocks();
+    std::size_t failing = 0;
+    do {
+      FailAllocation(++failing);
+      OwnedGroup group;
+      bool isApplication = false;
+      const auto* bytes = reinterpret_cast<const std::uint8_t*>(file.data());
+      const Status status = DecodeGroup({bytes, file.size()}, group, isApplication);
+      ASSERT_EQ(status, HasFailedAllocation() ? Status::Refused : Status::Done);
+      group.Reset();
+      ASSERT_EQ(LiveBlocks(), blocks);
+    } while (HasFailedAllocation());
+    EXPECT_GT(failing, 5U);
+  }
+}
+
+TEST_F(OutOfMemoryInWelcome, starting_and_playing_leak_nothing_whichever_allocation_fails) {
+  PlayAll();
+  const std::size_t blocks = LiveBlocks();
+  TheHost().fetched.clear();
+  PlayAll();
+  const auto undisturbed = TheHost().fetched;
+  ASSERT_EQ(undisturbed,
+            (std::vector<std::string>{"a", "menu", "about", "menu", "counter", "menu"}));
+  std::size_t failing = 0;
+  do {
+    const auto files = TheHost().files;
+    TheHost() = {};
+    TheHost().files = files;
+    FailAllocation(++failing);
+    PlayAll();
+    ASSERT_EQ(LiveBlocks(), blocks) << "allocation " << failing;
+    static_cast<void>(Printed());
+  } while (HasFailedAllocation());
+  FailAllocation(0);
+  EXPECT_EQ(TheHost().fetched, undisturbed);
+  EXPECT_GT(failing, 200U);
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ inline OwnedGroup Read(const std::string& text) {
   OwnedGroup group;
   bool isApplication = false;
   TextError error;
-  EXPECT_EQ(ReadTextGroup(text, group, isApplication, &error), TextResult::Done)
+  EXPECT_EQ(ReadTextGroup(text, group, isApplication, error), TextResult::Done)
       << text << "\n"
       << error.place.line << ":" << error.place.column << " expected " << error.expected.data();
   return group;

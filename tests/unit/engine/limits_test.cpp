@@ -133,6 +133,56 @@ TEST_F(Limits, a_pending_close_leaves_less_than_a_second) {
   EXPECT_FALSE(isAllowed);
 }
 
+TEST_F(Limits, a_pending_close_has_one_account_for_all_work_that_is_left) {
+  constexpr int kFirst = 6'000;
+  EXPECT_EQ(Do([] {
+              TheHost().isClosing = true;
+              return TakeActions(kFirst);
+            }),
+            kFirst);
+  EXPECT_EQ(Do([] { return TakeActions(2 * kActionLimit); }), kActionsWhileClosing - kFirst);
+}
+
+TEST_F(Limits, a_pending_close_counts_the_time_of_all_work_that_is_left) {
+  constexpr std::uint32_t kPartMs = 300;
+  const auto work = [] {
+    TheHost().isClosing = true;
+    const bool isAllowed = TakeAction();
+    TheHost().milliseconds += kPartMs;
+    return isAllowed;
+  };
+  EXPECT_TRUE(Do(work));
+  EXPECT_TRUE(Do(work));
+  EXPECT_FALSE(Do(work));
+}
+
+TEST_F(Limits, a_pending_close_takes_less_than_a_second_with_the_wait_for_a_file_before_it) {
+  constexpr std::uint32_t kLongestWaitMs = 500;
+  constexpr std::uint32_t kStepMs = 10;
+  std::uint32_t takenMs = kLongestWaitMs;
+  for (int work = 0; work < 3; ++work) {
+    Do([&] {
+      TheHost().isClosing = true;
+      while (TakeAction()) {
+        TheHost().milliseconds += kStepMs;
+        takenMs += kStepMs;
+      }
+      return 0;
+    });
+  }
+  EXPECT_LT(takenMs, 1000U);
+}
+
+TEST_F(Limits, the_next_engine_has_an_account_of_its_own) {
+  Do([] {
+    TheHost().isClosing = true;
+    return TakeActions(2 * kActionLimit);
+  });
+  ResetEngine();
+  TheHost().isClosing = false;
+  EXPECT_EQ(Do([] { return TakeActions(kActionLimit); }), kActionLimit);
+}
+
 TEST_F(Limits, links_that_multiply_end_in_failure_said_once) {
   // Nine generations of five links each: two million runs, if nothing ended them.
   constexpr int kGenerations = 9;

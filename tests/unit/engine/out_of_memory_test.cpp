@@ -1,13 +1,8 @@
 // Memory that runs out at any moment: the start of an application and a scene, and work in them,
 // with the n-th allocation failing, for every n until nothing fails.
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <sstream>
 
-#include "objects/ber/ber.h"
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -122,72 +117,6 @@ TEST_F(OutOfMemory, an_event_that_cannot_be_collected_leaves_the_engine_whole) {
   TakeNotes();
   EXPECT_EQ(Press(100), Status::Done);
   EXPECT_EQ(Notes(), "t");
-}
-
-// The demo as it is broadcast.
-class OutOfMemoryInTheDemo : public EngineTest {
- protected:
-  void SetUp() override {
-    EngineTest::SetUp();
-    for (const auto& entry :
-         std::filesystem::directory_iterator(KORVEL_TESTS_FOLDER "/../examples/welcome")) {
-      if (entry.path().extension() != ".mheg") continue;
-      std::ifstream file(entry.path());
-      Serve(entry.path().stem().string(), std::string(std::istreambuf_iterator<char>(file), {}));
-    }
-    ASSERT_EQ(TheHost().files.count("a"), 1U);
-  }
-
-  // The start, and keys through every scene: down, OK, blue, red three times, green, blue.
-  void Play() {
-    static_cast<void>(Start());
-    for (const std::int32_t key : {2, 15, 103, 100, 100, 100, 100, 101, 103}) {
-      static_cast<void>(Press(key));
-    }
-    EndEngine();
-  }
-};
-
-TEST_F(OutOfMemoryInTheDemo, decoding_is_refused_cleanly_whichever_allocation_fails) {
-  for (const auto& [name, file] : TheHost().files) {
-    SCOPED_TRACE(name);
-    const std::size_t blocks = LiveBlocks();
-    std::size_t failing = 0;
-    do {
-      FailAllocation(++failing);
-      OwnedGroup group;
-      bool isApplication = false;
-      const auto* bytes = reinterpret_cast<const std::uint8_t*>(file.data());
-      const Status status = DecodeGroup({bytes, file.size()}, group, isApplication);
-      ASSERT_EQ(status, HasFailedAllocation() ? Status::Refused : Status::Done);
-      group.Reset();
-      ASSERT_EQ(LiveBlocks(), blocks);
-    } while (HasFailedAllocation());
-    EXPECT_GT(failing, 5U);
-  }
-}
-
-TEST_F(OutOfMemoryInTheDemo, starting_and_playing_leak_nothing_whichever_allocation_fails) {
-  Play();
-  const std::size_t blocks = LiveBlocks();
-  TheHost().fetched.clear();
-  Play();
-  const auto undisturbed = TheHost().fetched;
-  ASSERT_EQ(undisturbed,
-            (std::vector<std::string>{"a", "menu", "about", "menu", "counter", "menu"}));
-  std::size_t failing = 0;
-  do {
-    const auto files = TheHost().files;
-    TheHost() = {};
-    TheHost().files = files;
-    FailAllocation(++failing);
-    Play();
-    ASSERT_EQ(LiveBlocks(), blocks) << "allocation " << failing;
-    static_cast<void>(Printed());
-  } while (HasFailedAllocation());
-  FailAllocation(0);
-  EXPECT_EQ(TheHost().fetched, undisturbed);
-  EXPECT_GT(failing, 200U);
 }
 
 }  // namespace

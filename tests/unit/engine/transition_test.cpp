@@ -1,5 +1,6 @@
 // How a scene replaces another: what it starts, what stops and ends for it, and what happens when
 // it cannot be had.
+#include "actions/actions.h"
 #include "support/engine_fixture.h"
 
 namespace korvel::test {

@@ -4,6 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
+#include <mutex>
+#include <set>
+#include <thread>
 #include <vector>
 
 namespace mheg {
@@ -15,6 +19,18 @@ TEST(Batch, works_on_each_place_once_with_any_number_of_jobs) {
     RunBatch(calls.size(), jobs, [&calls](std::size_t place) { ++calls[place]; });
     for (const std::atomic<int>& count : calls) EXPECT_EQ(count, 1) << jobs;
   }
+}
+
+// More threads would not help, and a system that refuses one of them would end the tool.
+TEST(Batch, uses_at_most_64_threads) {
+  std::mutex guard;
+  std::set<std::thread::id> threads;
+  RunBatch(1000, 4000000000U, [&](std::size_t /*place*/) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    const std::lock_guard lock(guard);
+    threads.insert(std::this_thread::get_id());
+  });
+  EXPECT_LE(threads.size(), 64U);
 }
 
 TEST(Batch, of_nothing_is_done_at_once) {

@@ -2,10 +2,13 @@
 #include "mheg/check/check.h"
 
 #include <gtest/gtest.h>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <map>
 
 #include "mheg/convert.h"
 
@@ -55,6 +58,56 @@ class ScratchFolder {
   fs::path path_;
 };
 
+// Counts how often the files of a folder are opened while it exists.
+class OpenCounter {
+ public:
+  explicit OpenCounter(const fs::path& folder) : notices_(inotify_init1(IN_NONBLOCK)) {
+    // Two openings of a file one after the other are one notice, unless something is between them.
+    EXPECT_NE(inotify_add_watch(notices_, folder.c_str(), IN_OPEN | IN_CLOSE), -1);
+  }
+  ~OpenCounter() { close(notices_); }
+  OpenCounter(const OpenCounter&) = delete;
+  OpenCounter& operator=(const OpenCounter&) = delete;
+
+  std::map<std::string, int> Opened() const {
+    std::map<std::string, int> opened;
+    alignas(inotify_event) char notices[4096];
+    for (ssize_t length = read(notices_, notices, sizeof notices); length > 0;
+         length = read(notices_, notices, sizeof notices)) {
+      for (const char* place = notices; place < notices + length;) {
+        const auto* notice = reinterpret_cast<const inotify_event*>(place);
+        if ((notice->mask & IN_OPEN) != 0 && notice->len > 0) ++opened[notice->name];
+        place += sizeof *notice + notice->len;
+      }
+    }
+    return opened;
+  }
+
+ private:
+  int notices_;
+};
+
+TEST(Check, each_of_many_named_files_is_read_once) {
+  const ScratchFolder folder;
+  std::vector<fs::path> files;
+  for (const char* name : {"s1", "s2", "s3", "s4"}) {
+    const fs::path text = folder.Write(
+        std::string(name) + ".mheg",
+        "{:Scene 0 :OnStartUp (:TransitionTo((\"~/s1\" 0)) :TransitionTo((\"~/s2\" 0)))}");
+    files.push_back(text);
+    files.push_back(folder.Path() / (std::string("ber") + name));
+    ASSERT_TRUE(Compile(files[files.size() - 2], files.back()).isGood);
+  }
+  const OpenCounter counter(folder.Path());
+  EXPECT_EQ(Joined(Check(files, 2)), "");
+  const std::map<std::string, int> opened = counter.Opened();
+  EXPECT_EQ(opened.size(), 8U);
+  for (const auto& [name, count] : opened) {
+    // A file without ".mheg" is opened before for its first byte, which says whether it is a group.
+    EXPECT_EQ(count, name.ends_with(".mheg") ? 1 : 2) << name;
+  }
+}
+
 TEST(Check, the_faulty_folder_gives_exactly_the_expected_reports) {
   EXPECT_EQ(CheckedIn(kFaulty, kFaulty), FileText(kSource / "tests/unit/mheg/faulty.expected"));
 }
@@ -86,6 +139,44 @@ TEST(Check, a_visible_that_is_moved_may_begin_outside) {
                "{:Scene 0 :OnStartUp (:SetPosition(:IndirectRef 2 0 0)) :Items ({:Rectangle 1 "
                ":OrigBoxSize 9 9 :OrigPosition 900 0} {:ObjectRefVar 2 :OrigValue :ObjectRef 1})}");
   EXPECT_EQ(CheckedIn(folder.Path(), folder.Path()), "");
+}
+
+// A link that waits for a timer of the scene.
+std::string TimerLink(int number, const std::string& data) {
+  return "{:Link " + std::to_string(number) + " :EventSource 0 :EventType TimerFired " + data +
+         " :LinkEffect ()}";
+}
+
+TEST(Check, five_links_for_any_data_crowd_out_one_for_some_data_and_not_the_reverse) {
+  const ScratchFolder folder;
+  std::string anyFirst;
+  std::string anyLast;
+  for (int number = 1; number <= 5; ++number) {
+    anyFirst += TimerLink(number, "");
+    anyLast += TimerLink(number, ":EventData 7");
+  }
+  folder.Write("1.mheg", "{:Scene 0 :Items (" + anyFirst + TimerLink(6, ":EventData 7") + ")}");
+  folder.Write("2.mheg", "{:Scene 0 :Items (" + anyLast + TimerLink(6, "") + ")}");
+  folder.Write("3.mheg", "{:Scene 0 :Items (" + anyLast + TimerLink(6, ":EventData 8") + ")}");
+  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path()),
+            "1.mheg: object 6: never fires: five links before it wait for the same event\n");
+}
+
+TEST(Check, links_are_activated_by_their_group_or_application_and_an_applications_by_any_scene) {
+  const ScratchFolder folder;
+  const std::string link = "{:Link 1 :InitiallyActive FALSE :EventSource 0 :EventType IsRunning "
+                           ":LinkEffect ()}";
+  folder.Write("a.mheg",
+               "{:Application (\"~/a\" 0) :OnStartUp (:Activate((\"~/one\" 1))) :Items (" + link +
+                   ")}");
+  folder.Write("one.mheg", "{:Scene (\"~/one\" 0) :Items (" + link + ")}");
+  folder.Write("two.mheg", "{:Scene (\"~/two\" 0) :OnStartUp (:Activate((\"~/a\" 1)) "
+                           ":Activate((\"~/three\" 1))) :Items (" +
+                               link + ")}");
+  folder.Write("three.mheg", "{:Scene (\"~/three\" 0) :Items (" + link + ")}");
+  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path()),
+            "three.mheg: object 1: never fires: nothing activates it\n"
+            "two.mheg: object 1: never fires: nothing activates it\n");
 }
 
 TEST(Check, each_folder_with_a_start_up_application_is_a_carousel) {

@@ -28,10 +28,10 @@ class Tool : public testing::Test {
   }
   void TearDown() override { fs::remove_all(folder_); }
 
-  // Runs the tool in the scratch folder.
-  ToolOutcome Call(const std::string& arguments) const {
+  // Runs the tool in the scratch folder, by way of the program that `by` calls.
+  ToolOutcome Call(const std::string& arguments, const std::string& by = "") const {
     const std::string command =
-        "exec 2>&1; cd '" + folder_.string() + "' && '" KORVEL_TOOL "' " + arguments;
+        "exec 2>&1; cd '" + folder_.string() + "' && " + by + "'" KORVEL_TOOL "' " + arguments;
     ToolOutcome run;
     FILE* pipe = popen(command.c_str(), "r");
     for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) {

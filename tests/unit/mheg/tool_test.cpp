@@ -115,6 +115,20 @@ TEST_F(Tool, errors_go_to_the_standard_error_and_trees_to_the_standard_output) {
             "bad.mheg:1:2: found the end of the text, expected :Application or :Scene\n");
 }
 
+TEST_F(Tool, unknown_words_are_only_reported_in_its_own_messages) {
+  Write("bad.mheg", "{:Scene 0 :TextColor 1}");
+  EXPECT_EQ(Call("compile bad.mheg -o bad").output,
+            "bad.mheg:1:11: found :TextColor, expected a keyword such as :TEXTCOLOUR\n");
+}
+
+TEST_F(Tool, check_of_one_file_says_nothing_about_a_faulty_neighbour) {
+  Write("bad.mheg", "{:Scene 0 :TextColor 1}");
+  Write("good.mheg", kScene);
+  const ToolOutcome run = Call("check good.mheg");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output, "");
+}
+
 TEST_F(Tool, wrong_use_has_a_status_of_its_own) {
   Write("one.mheg", kScene);
   Write("two.mheg", kScene);

@@ -25,6 +25,15 @@ TEST(DecodeIngredient, starts_from_its_defaults) {
   EXPECT_FALSE(palette->AvailabilityStatus);
 }
 
+TEST(DecodeIngredient, only_the_original_cache_priority_starts_at_127) {
+  for (const Bytes& attribute : {Bytes(), Holding(58, Octets("hello"))}) {
+    const OneItem<Palette> palette(12, attribute);
+    ASSERT_TRUE(palette.IsDone());
+    EXPECT_EQ(palette->OriginalContent.CachePriority, 127);
+    EXPECT_EQ(palette->Content.CachePriority, 0) << "nothing has prepared the object yet";
+  }
+}
+
 TEST(DecodeIngredient, reads_the_common_attributes) {
   const OneItem<Palette> palette(12, Primitive(56, "\0"s) + Primitive(57, "\x08") +
                                          Primitive(59, "\x01"));
@@ -111,6 +120,12 @@ TEST(DecodeLink, condition_is_read_behind_an_explicit_tag_with_either_reference)
     EXPECT_EQ(link->Condition.EventSource.Number, 3);
     EXPECT_EQ(link->Condition.EventType, 6);
   }
+}
+
+TEST(DecodeLink, event_type_may_be_encoded_as_an_integer) {
+  const OneItem<Link> link(20, Holding(62, Integer(3) + Integer(6)));
+  ASSERT_TRUE(link.IsDone());
+  EXPECT_EQ(link->Condition.EventType, 6);
 }
 
 TEST(DecodeProgram, name_availability_and_connection) {
@@ -201,6 +216,7 @@ TEST(DecodeListGroup, adds_positions_and_flags_to_a_token_group) {
   const OneItem<ListGroup> plain(34, "");
   EXPECT_FALSE(plain->WrapAround);
   EXPECT_FALSE(plain->MultipleSelection);
+  EXPECT_EQ(plain->FirstItem, 1);
   for (const Bytes& attribute : {Holding(73, positions), Holding(73, Sequence(positions))}) {
     const OneItem<ListGroup> list(34, Holding(71, Sequence(Integer(1))) + attribute +
                                           Primitive(74, "\x01") + Primitive(75, "\x01"));
@@ -263,8 +279,28 @@ TEST(DecodeText, layout_attributes_and_their_defaults) {
   EXPECT_TRUE(text->TextWrapping);
 }
 
+TEST(DecodeText, enumeration_may_be_encoded_as_an_integer) {
+  const OneItem<Text> text(29, Holding(88, Integer(2)));
+  ASSERT_TRUE(text.IsDone());
+  EXPECT_EQ(text->VerticalJustification, 2);
+}
+
 TEST(DecodeText, an_unknown_number_of_an_enumeration_is_kept) {
   EXPECT_EQ(OneItem<Text>(29, Primitive(87, "\x63"))->HorizontalJustification, 99);
+}
+
+TEST(DecodeInteractible, attributes_left_out_have_their_defaults) {
+  const OneItem<EntryField> field(30, "");
+  ASSERT_TRUE(field.IsDone());
+  EXPECT_TRUE(field->EngineResp);
+  EXPECT_EQ(field->InputType, 3);  // any
+  EXPECT_TRUE(OneItem<HyperText>(31, "")->EngineResp);
+  EXPECT_TRUE(OneItem<SwitchButton>(27, "")->EngineResp);
+  const OneItem<Slider> slider(32, "");
+  ASSERT_TRUE(slider.IsDone());
+  EXPECT_TRUE(slider->EngineResp);
+  EXPECT_EQ(slider->StepSize, 1);
+  EXPECT_EQ(slider->SliderStyle, 1);  // normal
 }
 
 TEST(DecodeInteractible, entry_field_hyper_text_buttons_and_slider) {

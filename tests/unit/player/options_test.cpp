@@ -20,6 +20,7 @@ TEST(Options, a_folder_alone_is_enough) {
   EXPECT_TRUE(options.script.empty());
   EXPECT_TRUE(options.screenshot.empty());
   EXPECT_EQ(options.waitMs, 1500U);
+  EXPECT_EQ(options.limitS, 30U);
   EXPECT_FALSE(options.isVerbose);
 }
 
@@ -27,12 +28,13 @@ TEST(Options, all_options_are_taken) {
   const std::string script = testing::TempDir() + "options_test.script";
   std::ofstream(script) << "exit\n";
   player::Options options;
-  EXPECT_FALSE(
-      Read({"--script", script.c_str(), "--screenshot", "x.png", "--wait", "20", "--verbose", "."},
-           options));
+  EXPECT_FALSE(Read({"--script", script.c_str(), "--screenshot", "x.png", "--wait", "20", "--limit",
+                     "7", "--verbose", "."},
+                    options));
   EXPECT_EQ(options.script, script);
   EXPECT_EQ(options.screenshot, "x.png");
   EXPECT_EQ(options.waitMs, 20U);
+  EXPECT_EQ(options.limitS, 7U);
   EXPECT_TRUE(options.isVerbose);
 }
 
@@ -42,6 +44,7 @@ TEST(Options, every_mistake_is_one_line_and_status_2) {
       {"no such folder"},
       {".", "--wait", "soon"},
       {".", "--wait", "-5"},
+      {".", "--limit", "long"},
       {".", "--script", "no such file"},
       {".", "--loud"},
       {".", "second folder"},

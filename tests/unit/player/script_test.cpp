@@ -11,8 +11,8 @@ using player::Step;
 using player::StepKind;
 
 TEST(Script, gives_its_steps_in_order) {
-  std::istringstream text("wait 250\nkey Red\nuntil 719 0 #0a80FF\nuntil changed\nexpose\nshot "
-                          "pictures/first one.png\nexit\n");
+  std::istringstream text("wait 250\nkey Red\nuntil 719 0 #0a80FF\nexpose\nshot "
+                          "pictures/first one.png\ncatch 8 9 #123456 second one.png\nexit\n");
   std::vector<Step> steps;
   std::string problem;
   ASSERT_TRUE(player::ReadScript(text, steps, problem)) << problem;
@@ -25,10 +25,14 @@ TEST(Script, gives_its_steps_in_order) {
   EXPECT_EQ(steps[2].pixel.x, 719U);
   EXPECT_EQ(steps[2].pixel.y, 0U);
   EXPECT_EQ(steps[2].pixel.colour, 0x0A80FFU);
-  EXPECT_EQ(steps[3].kind, StepKind::UntilChanged);
-  EXPECT_EQ(steps[4].kind, StepKind::Expose);
-  EXPECT_EQ(steps[5].kind, StepKind::Shot);
-  EXPECT_EQ(steps[5].file, "pictures/first one.png");
+  EXPECT_EQ(steps[3].kind, StepKind::Expose);
+  EXPECT_EQ(steps[4].kind, StepKind::Shot);
+  EXPECT_EQ(steps[4].file, "pictures/first one.png");
+  EXPECT_EQ(steps[5].kind, StepKind::Catch);
+  EXPECT_EQ(steps[5].pixel.x, 8U);
+  EXPECT_EQ(steps[5].pixel.y, 9U);
+  EXPECT_EQ(steps[5].pixel.colour, 0x123456U);
+  EXPECT_EQ(steps[5].file, "second one.png");
   EXPECT_EQ(steps[6].kind, StepKind::Exit);
 }
 
@@ -42,10 +46,29 @@ TEST(Script, passes_over_blank_lines_remarks_and_line_ends_of_windows) {
 }
 
 TEST(Script, names_the_line_that_is_wrong_and_gives_no_steps) {
-  for (const char* wrong :
-       {"wait", "wait -1", "wait 1s", "wait 99999999999", "key", "key Purple", "shot", "exit now",
-        "expose 1", "until", "until 1 2", "until changed 1", "until 1 2 102030", "until 1 2 #10203",
-        "until 1 2 #10203g", "until -1 2 #102030", "until 1 2 #102030 4", "press Red", "Wait 5"}) {
+  for (const char* wrong : {"wait",
+                            "wait -1",
+                            "wait 1s",
+                            "wait 99999999999",
+                            "key",
+                            "key Purple",
+                            "shot",
+                            "exit now",
+                            "expose 1",
+                            "until",
+                            "until 1 2",
+                            "until changed",
+                            "until 1 2 102030",
+                            "until 1 2 #10203",
+                            "until 1 2 #10203g",
+                            "until -1 2 #102030",
+                            "until 1 2 #102030 4",
+                            "catch",
+                            "catch 1 2 a.png",
+                            "catch 1 2 #102030",
+                            "catch 1 2 #10203 a.png",
+                            "press Red",
+                            "Wait 5"}) {
     std::istringstream text("wait 1\n" + std::string(wrong) + "\nexit\n");
     std::vector<Step> steps;
     std::string problem;

@@ -39,7 +39,7 @@ TEST(AuthoringPage, every_example_is_a_whole_group_and_compiles) {
     bool isApplication = false;
     TextError error;
     List<MissingPart> missing;
-    EXPECT_EQ(ReadTextGroup(example, group, isApplication, &error, &missing), TextResult::Done)
+    EXPECT_EQ(ReadTextGroup(example, group, isApplication, error, &missing), TextResult::Done)
         << example << error.place.line << ":" << error.place.column << " found "
         << error.found.data() << ", expected " << error.expected.data();
     for (const MissingPart& part : missing)

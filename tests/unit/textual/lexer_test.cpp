@@ -164,10 +164,10 @@ TEST(Lexer, word_does_not_end_at_a_high_byte) {
   EXPECT_EQ(LexText(":Name\xC8 ").result, LexResult::UnknownWord);
 }
 
-TEST(Lexer, unknown_word_is_printed) {
-  testing::internal::CaptureStdout();
+TEST(Lexer, unknown_word_is_reported_in_capitals) {
   const Lexing lexing = LexText("TRUE :foo(");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "Error string : :FOO\n");
+  EXPECT_EQ(lexing.stop.word.View(), ":FOO");
+  EXPECT_FALSE(LexText("TRUE / FALSE").stop.word.IsPresent());
   EXPECT_EQ(lexing.result, LexResult::UnknownWord);
   EXPECT_EQ(lexing.stop.offset, 5U);
 }

@@ -21,7 +21,7 @@ struct Reading {
 Reading ReadText(const std::string& text) {
   Reading reading;
   reading.result =
-      ReadTextGroup(text, reading.group, reading.isApplication, &reading.error, &reading.missing);
+      ReadTextGroup(text, reading.group, reading.isApplication, reading.error, &reading.missing);
   return reading;
 }
 
@@ -312,6 +312,13 @@ TEST(TextReader, an_error_has_the_furthest_place_and_what_was_expected) {
   EXPECT_TRUE(IsRefusedAt(ReadText("{:Text 1}"), 1, 2, ":Text", ":Application or :Scene"));
 }
 
+TEST(TextReader, a_byte_that_cannot_be_shown_is_found_by_its_number) {
+  EXPECT_TRUE(IsRefusedAt(ReadText(std::string("{\0:Scene}", 9)), 1, 2, "byte 0",
+                          "a keyword, a value or a bracket"));
+  EXPECT_TRUE(IsRefusedAt(ReadText("\x1B[1m"), 1, 1, "byte 27", "a keyword, a value or a bracket"));
+  EXPECT_TRUE(IsRefusedAt(ReadText("\xC8x"), 1, 1, "byte 200", "a keyword, a value or a bracket"));
+}
+
 // The numbers are what a caller without our headers sees.
 TEST(TextReader, everything_that_cannot_be_read_has_the_result_1) {
   for (const std::string& text :
@@ -326,9 +333,19 @@ TEST(TextReader, everything_that_cannot_be_read_has_the_result_1) {
 }
 
 TEST(TextReader, a_word_that_is_no_keyword_is_printed) {
+  OwnedGroup group;
+  bool isApplication = false;
   testing::internal::CaptureStdout();
-  EXPECT_EQ(ReadText("{:Scene 0 :Foo}").result, TextResult::Refused);
+  const TextResult result = ReadTextGroup("{:Scene 0 :Foo}", group, isApplication);
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "Error string : :FOO}\n");
+  EXPECT_EQ(result, TextResult::Refused);
+}
+
+TEST(TextReader, a_caller_that_takes_the_error_prints_it_itself) {
+  testing::internal::CaptureStdout();
+  const Reading reading = ReadText("{:Scene 0 :Foo}");
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  EXPECT_EQ(reading.error.unknownWord.View(), ":FOO}");
 }
 
 TEST(TextReader, a_failure_leaves_nothing) {

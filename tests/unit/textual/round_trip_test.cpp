@@ -27,7 +27,7 @@ OwnedGroup Read(const OctetString& text) {
   OwnedGroup group;
   bool isApplication = false;
   TextError error;
-  EXPECT_EQ(ReadTextGroup(text.View(), group, isApplication, &error), TextResult::Done)
+  EXPECT_EQ(ReadTextGroup(text.View(), group, isApplication, error), TextResult::Done)
       << error.place.line << ":" << error.place.column << " found " << error.found.data()
       << ", expected " << error.expected.data() << "\n"
       << text.View();

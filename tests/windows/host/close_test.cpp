@@ -2,11 +2,14 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <memory>
 #include <optional>
+#include <thread>
 
-#include "host/host.h"
 #include "host/host_state.h"
-#include "host/window_messages.h"
+#include "host/window.h"
+#include "platform/running.h"
+#include "presentation/presentation.h"
 #include "windows/host/host_threads.h"
 
 namespace korvel::test {
@@ -185,6 +188,32 @@ TEST_F(Closing, is_over_for_a_late_wait_only_when_the_thread_has_gone) {
   }
 }
 
+// The system gives the number of a thread that is gone to another one.
+TEST_F(Closing, is_over_for_a_late_wait_when_another_thread_has_the_number) {
+  Start();
+  Close();
+  std::atomic<bool> mayEnd = false;
+  std::atomic<DWORD> otherId = 0;
+  std::thread other([&] {
+    otherId = GetCurrentThreadId();
+    EXPECT_TRUE(WaitUntil([&] { return mayEnd.load(); }));
+  });
+  EXPECT_TRUE(WaitUntil([&] { return otherId != 0; }));
+  {
+    const StateLocked locked;
+    hostState.lastThread.id = otherId;
+  }
+  std::atomic<bool> hasReturned = false;
+  std::thread waiter([&] {
+    MHEG5WaitForClose();
+    hasReturned = true;
+  });
+  EXPECT_TRUE(WaitUntil([&] { return hasReturned.load(); }, std::chrono::seconds(5)));
+  mayEnd = true;
+  other.join();
+  waiter.join();
+}
+
 TEST_F(Closing, skips_pauses_from_then_on) {
   Start();
   std::chrono::milliseconds paused{0};
@@ -255,11 +284,26 @@ TEST_F(Painting, happens_once_for_each_exposure) {
   Start();
   const HWND engineWindow = FindEngineWindow();
   EXPECT_TRUE(WaitUntil([&] { return GetUpdateRect(engineWindow, nullptr, FALSE) == 0; }));
+  SendMessageA(engineWindow, WM_NULL, 0, 0);  // answered after the painting that made it valid
   journal.Clear();
   InvalidateRect(engineWindow, nullptr, TRUE);
   WaitForLine("PaintWindow");
   FinishPosted();
   EXPECT_EQ(journal.CountOf("PaintWindow"), 1);
+}
+
+TEST_F(Painting, an_exposure_during_a_painting_is_painted_too) {
+  Start();
+  const HWND engineWindow = FindEngineWindow();
+  EXPECT_TRUE(WaitUntil([&] { return GetUpdateRect(engineWindow, nullptr, FALSE) == 0; }));
+  SendMessageA(engineWindow, WM_NULL, 0, 0);
+  journal.Clear();
+  const auto more = std::make_shared<std::atomic<int>>(2);
+  substitutes.onLine = [more, engineWindow](const std::string& line) {
+    if (line == "PaintWindow" && (*more)-- > 0) InvalidateRect(engineWindow, nullptr, TRUE);
+  };
+  InvalidateRect(engineWindow, nullptr, TRUE);
+  WaitForLine("PaintWindow", 3);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "engine/engine.h"
+#include "platform/screen.h"
 #include "presentation/presentation.h"
 
 namespace korvel {
@@ -53,6 +54,8 @@ void PaintWindow(void* /*deviceContext*/) noexcept { Note("PaintWindow"); }
 void OpenPresentation(void* window) noexcept {
   Note(window == nullptr ? "OpenPresentation without window" : "OpenPresentation");
 }
+
+void ReleasePictures() noexcept { Note("ReleasePictures"); }
 
 void ClosePresentation() noexcept { Note("ClosePresentation"); }
 

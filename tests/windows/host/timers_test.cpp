@@ -1,7 +1,7 @@
 // One-shot timers of the engine window, set and killed by the worker.
 #include <gmock/gmock.h>
 
-#include "host/host.h"
+#include "platform/timers.h"
 #include "windows/host/host_threads.h"
 
 namespace korvel::test {

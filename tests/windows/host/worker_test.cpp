@@ -4,8 +4,10 @@
 #include <filesystem>
 #include <fstream>
 
-#include "host/host.h"
-#include "host/window_messages.h"
+#include "host/window.h"
+#include "platform/running.h"
+#include "platform/screen.h"
+#include "presentation/presentation.h"
 #include "windows/host/host_threads.h"
 
 namespace korvel::test {
@@ -185,9 +187,9 @@ TEST_F(Worker, ends_by_closing_down_and_then_giving_everything_back) {
   journal.Clear();
   Close();
   EXPECT_THAT(WorkerLines(),
-              ElementsAre("BeginWork", "CloseDown", "DiscardUpdateStamp", "ResetEngine",
-                          "ClosePresentation", "host SetExitCallback null", "host Release",
-                          "CloseScreen"));
+              ElementsAre("BeginWork", "CloseDown", "DiscardUpdateStamp", "ReleasePictures",
+                          "host SetExitCallback null", "host Release", "ResetEngine",
+                          "ClosePresentation", "CloseScreen"));
 }
 
 }  // namespace

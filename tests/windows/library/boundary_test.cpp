@@ -33,6 +33,44 @@ TEST_F(Boundary, a_start_without_a_host_object_is_refused) {
   EXPECT_EQ(FindEngineWindow(), nullptr);
 }
 
+TEST_F(Boundary, a_start_without_a_table_of_functions_is_refused) {
+  const int threads = CountThreads();
+  MHEG5Host other = {nullptr};
+  EXPECT_EQ(library.Run(&other, window.Handle()), 1U);
+  EXPECT_EQ(CountThreads(), threads);
+  StartWaitingForFile();
+}
+
+TEST_F(Boundary, a_start_without_a_function_that_the_engine_calls_is_refused) {
+  using Removal = void (*)(MHEG5HostTable&);
+  constexpr Removal kRemovals[] = {[](MHEG5HostTable& table) { table.AddRef = nullptr; },
+                                   [](MHEG5HostTable& table) { table.Release = nullptr; },
+                                   [](MHEG5HostTable& table) { table.ReadFile = nullptr; },
+                                   [](MHEG5HostTable& table) { table.FreeBuffer = nullptr; },
+                                   [](MHEG5HostTable& table) { table.SetExitCallback = nullptr; }};
+  const int threads = CountThreads();
+  for (const Removal remove : kRemovals) {
+    RecordingHost other;
+    MHEG5HostTable table = *other.table;
+    remove(table);
+    other.table = &table;
+    ASSERT_EQ(library.Run(&other, window.Handle()), 1U);
+    EXPECT_TRUE(other.Calls().empty());
+    EXPECT_EQ(CountThreads(), threads);
+  }
+  StartWaitingForFile();
+}
+
+TEST_F(Boundary, a_start_without_the_functions_that_the_engine_never_calls_is_accepted) {
+  MHEG5HostTable table = *host.table;
+  table.QueryInterface = nullptr;
+  table.HostOwn3 = table.HostOwn4 = table.HostOwn5 = nullptr;
+  table.HostOwn8 = table.HostOwn9 = table.HostOwn10 = nullptr;
+  host.table = &table;
+  StartWaitingForFile();
+  Close();
+}
+
 TEST_F(Boundary, a_second_start_is_refused_while_an_engine_lives) {
   StartWaitingForFile();
   RecordingHost other;
@@ -238,6 +276,24 @@ TEST_F(Boundary, every_waiting_thread_returns_when_the_engine_has_closed) {
   library.Exit();
   for (std::thread& waiter : waiters) waiter.join();
   EXPECT_EQ(returned, 4);
+}
+
+// An ended thread can be opened by its number for as long as somebody holds a handle of it.
+TEST_F(Boundary, no_handle_of_the_threads_is_left_when_the_host_never_waits) {
+  StartWaitingForFile();
+  const DWORD engineThread = GetWindowThreadProcessId(engineWindow, nullptr);
+  const DWORD worker = host.Calls().back().thread;
+  const auto canBeOpened = [](DWORD id) {
+    HANDLE thread = OpenThread(SYNCHRONIZE, FALSE, id);
+    if (thread != nullptr) CloseHandle(thread);
+    return thread != nullptr;
+  };
+  EXPECT_TRUE(canBeOpened(engineThread));
+  EXPECT_TRUE(canBeOpened(worker));
+  library.Exit();
+  WaitForClosed();
+  EXPECT_TRUE(WaitUntil([&] { return !canBeOpened(worker); }));
+  EXPECT_TRUE(WaitUntil([&] { return !canBeOpened(engineThread); }));
 }
 
 // A copy under another name, so that this test holds the only reference of the program.

@@ -70,5 +70,25 @@ TEST_F(MissingPictureTest, shows_what_lies_below_the_video_and_raises_the_event)
   Close();
 }
 
+// As above, but nothing of the video could be seen: the lamp stays green.
+TEST_F(MissingPictureTest, is_not_missed_by_a_video_without_area) {
+  ASSERT_NE(library.Run, nullptr);
+  ServeScene(R"(
+    {:Stream 2 :OrigContent :ContentRef ("dvb://1") :Multiplex (
+      {:Video 3 :OrigBoxSize 0 576 :ComponentTag 1 :Termination disappear}
+      {:Video 8 :OrigBoxSize 720 0 :ComponentTag 2 :Termination disappear})}
+    {:Rectangle 4 :OrigBoxSize 40 40 :OrigPosition 600 400 :OrigLineWidth 0
+      :OrigRefFillColour '=00=FF=00=00'}
+    {:Link 5 :EventSource ("~/a" 0) :EventType EngineEvent :EventData 3
+      :LinkEffect (:SetFillColour(4 :NewAbsoluteColour '=FF=00=00=00'))}
+    {:Link 6 :EventSource 0 :EventType UserInput :EventData 100
+      :LinkEffect (:SetBoxSize(3 720 576))})");
+  Start();
+  WaitForColour(610, 410, kGreen);
+  PressKey('R');
+  WaitForColour(610, 410, kRed);
+  Close();
+}
+
 }  // namespace
 }  // namespace korvel::test

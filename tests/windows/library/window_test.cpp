@@ -5,6 +5,7 @@
 #include <atomic>
 
 #include "windows/library/engine_fixture.h"
+#include "windows/support/imports.h"
 
 namespace korvel::test {
 namespace {
@@ -41,6 +42,18 @@ class EngineWindowTest : public Engine {
     }
     ReleaseDC(engineWindow, deviceContext);
     return count;
+  }
+  // How far to the right those texts reach.
+  [[nodiscard]] int RightEndOfText() const {
+    HDC deviceContext = GetDC(engineWindow);
+    int end = 0;
+    for (int y = 50; y < 130; y += 2) {
+      for (int x = end; x < 720; ++x) {
+        if (GetPixel(deviceContext, x, y) == RGB(0, 255, 0)) end = x;
+      }
+    }
+    ReleaseDC(engineWindow, deviceContext);
+    return end;
   }
   // Somebody else's paint, which only a new copy of the picture takes away. Painted until it stays:
   // the window may have a copy of its own under way.
@@ -191,6 +204,25 @@ TEST_F(EngineWindowTest, shows_no_service_when_no_application_is_found) {
   Start();
   WaitForRead("startup", 2);
   EXPECT_TRUE(WaitUntil([this] { return CountTextPixels() > 50; }));
+}
+
+void WINAPI ReadStoppedWallClock(FILETIME* time) { *time = {0, 0x01DB'0000}; }
+
+// A start-up file that is no group fails within a tick of the wall clock.
+TEST_F(EngineWindowTest, shows_no_service_at_once_when_the_start_up_file_is_broken) {
+  host.Answer("a", kMHEG5FileNotYetAvailable);
+  Start();
+  EXPECT_TRUE(WaitUntil([this] { return CountTextPixels() > 50; }));
+  const int endOfPleaseWait = RightEndOfText();
+  Close();
+  host.ForgetAnswer("a");
+  host.Serve("a", "no group");
+  const ReplacedImport hook(GetModuleHandleA("korvel.dll"), "GetSystemTimeAsFileTime",
+                            ReadStoppedWallClock);
+  ASSERT_TRUE(hook.IsInPlace());
+  Start();
+  EXPECT_TRUE(WaitUntil([&] { return RightEndOfText() > endOfPleaseWait; }));
+  Close();
 }
 
 // The failed start has left the picture alone: the first key after it shows nothing either.

@@ -1,7 +1,9 @@
 // Dynamic line art: its canvas with each painting operation, and how the redraw shows it.
 #include "presentation/canvas.h"
 
+#include "platform/canvases.h"
 #include "presentation/presentation.h"
+#include "windows/presentation/processor_time.h"
 #include "windows/presentation/stage.h"
 
 namespace korvel::test {
@@ -156,6 +158,21 @@ TEST_F(CanvasTest, a_sector_whose_line_has_no_width_is_its_fill) {
   }
 }
 
+TEST_F(CanvasTest, a_line_without_width_leaves_no_mark) {
+  const CanvasPoint corners[] = {{10, 20}, {59, 20}, {40, 90}};
+  for (const int width : {0, -1}) {
+    red.Width = width;
+    EXPECT_EQ(CanvasLine({10, 20}, {59, 20}, red, lineArt.Canvas), Status::Done);
+    EXPECT_EQ(CanvasRectangle({10, 10}, {90, 90}, red, kTransparentColour, lineArt.Canvas),
+              Status::Done);
+    EXPECT_EQ(
+        CanvasArc({50, 0}, 100, 100, 0, 90, red, kTransparentColour, ArcForm::Arc, lineArt.Canvas),
+        Status::Done);
+    EXPECT_EQ(CanvasPolygon(corners, red, kTransparentColour, lineArt.Canvas), Status::Done);
+    EXPECT_EQ(Ink(), Area{}) << width;
+  }
+}
+
 TEST_F(CanvasTest, a_polygon_of_two_points_is_a_line) {
   const CanvasPoint corners[] = {{10, 20}, {59, 20}};
   EXPECT_EQ(CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
@@ -191,6 +208,22 @@ TEST_F(CanvasTest, a_polygon_with_far_corners_is_cut_without_bending) {
   EXPECT_NEAR(picture.Extent({280, 100, 281, 200}).top, 190, 2);
   EXPECT_EQ(picture.At(150, 180), kGreen);
   EXPECT_EQ(picture.At(250, 150), kBlack);
+}
+
+TEST_F(CanvasTest, a_polygon_of_a_thousand_corners_is_drawn_and_one_of_more_is_not) {
+  std::vector<CanvasPoint> corners;  // the upper side from pixel to pixel, there and back
+  for (std::int32_t round = 0; round < 10; ++round) {
+    for (std::int32_t x = 0; x < 50; ++x) corners.push_back({x, 0});
+    for (std::int32_t x = 50; x > 0; --x) corners.push_back({x, 0});
+  }
+  corners[500] = {25, 50};
+  ASSERT_EQ(corners.size(), 1000U);
+  EXPECT_EQ(CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(Ink().Height(), 51) << "the outline";
+  Clear();
+  corners.push_back({0, 0});
+  EXPECT_EQ(CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
+  EXPECT_EQ(Ink(), Area{});
 }
 
 TEST_F(CanvasTest, lines_of_style_2_are_dashed_and_of_style_3_dotted) {
@@ -359,7 +392,7 @@ TEST_F(CanvasTest, a_canvas_larger_than_the_scene_is_cut_at_its_edges) {
 TEST_F(CanvasTest, the_largest_numbers_take_no_time) {
   constexpr std::int32_t kLargest = 0x7FFFFFFF;
   constexpr std::int32_t kSmallest = -kLargest - 1;
-  const DWORD start = GetTickCount();
+  const std::uint64_t start = ProcessorMs();
   for (const std::int32_t style : {1, 2, 3}) {
     for (const std::int32_t width : {1, kLargest, kSmallest}) {
       red.Style = style;
@@ -380,7 +413,7 @@ TEST_F(CanvasTest, the_largest_numbers_take_no_time) {
       EXPECT_EQ(CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas), Status::Done);
     }
   }
-  EXPECT_LT(GetTickCount() - start, 54 * 250U) << "a quarter of a second an operation";
+  EXPECT_LT(ProcessorMs() - start, 54 * 250U) << "a quarter of a second an operation";
 }
 
 }  // namespace korvel::test

@@ -1,6 +1,7 @@
 // The reduction of colours: absolute, from palettes, and where they are not set.
-#include "presentation/colours.h"
+#include "appearance/colours.h"
 
+#include "presentation/gdi_plus.h"
 #include "windows/presentation/stage.h"
 
 namespace korvel::test {
@@ -33,39 +34,39 @@ class ColoursTest : public Stage {
 
 TEST_F(ColoursTest, three_bytes_are_opaque_and_a_fourth_is_the_transparency) {
   rectangle.RefFillColour = Absolute("\x12\x34\x56");
-  EXPECT_EQ(FillColourOf(rectangle), 0x12345600U);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x12345600U);
   rectangle.RefFillColour = Absolute("\x12\x34\x56\x78");
-  EXPECT_EQ(FillColourOf(rectangle), 0x12345678U);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x12345678U);
 }
 
 TEST_F(ColoursTest, strings_of_other_lengths_are_not_set) {
   for (const char* bytes : {"", "\x12", "\x12\x34", "\x12\x34\x56\x78\x9A"}) {
     rectangle.RefFillColour = Absolute(bytes);
-    EXPECT_EQ(FillColourOf(rectangle), kTransparentColour) << bytes;
+    EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), kTransparentColour) << bytes;
   }
 }
 
 TEST_F(ColoursTest, what_nobody_sets_has_a_value_of_its_own) {
-  EXPECT_EQ(LineColourOf(rectangle), 0x00000000U);
-  EXPECT_EQ(FillColourOf(rectangle), 0xFFFFFFFFU);
-  EXPECT_EQ(TextColourOf(text), 0xFFFFFF00U);
-  EXPECT_EQ(BackgroundColourOf(text), 0xFFFFFFFFU);
-  EXPECT_EQ(SliderColourOf(Slider()), 0xFFFFFF00U);
+  EXPECT_EQ(LineColourOf(rectangle, CurrentGroups()), 0x00000000U);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0xFFFFFFFFU);
+  EXPECT_EQ(TextColourOf(text, CurrentGroups()), 0xFFFFFF00U);
+  EXPECT_EQ(BackgroundColourOf(text, CurrentGroups()), 0xFFFFFFFFU);
+  EXPECT_EQ(SliderColourOf(Slider(), CurrentGroups()), 0xFFFFFF00U);
   TheEngine().application = nullptr;
-  EXPECT_EQ(TextColourOf(text), 0xFFFFFF00U);
+  EXPECT_EQ(TextColourOf(text, CurrentGroups()), 0xFFFFFF00U);
 }
 
 TEST_F(ColoursTest, what_the_object_does_not_set_comes_from_the_application) {
   App().Defaults.TextColour = Absolute(kRedBytes);
   App().Defaults.BackgroundColour = Absolute(kGreenBytes);
   App().Defaults.SliderRefColour = Absolute(kBlueBytes);
-  EXPECT_EQ(TextColourOf(text), 0xFF000000U);
-  EXPECT_EQ(BackgroundColourOf(text), 0x00FF0000U);
-  EXPECT_EQ(SliderColourOf(Slider()), 0x0000FF00U);
+  EXPECT_EQ(TextColourOf(text, CurrentGroups()), 0xFF000000U);
+  EXPECT_EQ(BackgroundColourOf(text, CurrentGroups()), 0x00FF0000U);
+  EXPECT_EQ(SliderColourOf(Slider(), CurrentGroups()), 0x0000FF00U);
   text.TextColour = Indexed(-1);
-  EXPECT_EQ(TextColourOf(text), 0xFF000000U);
+  EXPECT_EQ(TextColourOf(text, CurrentGroups()), 0xFF000000U);
   text.TextColour = Absolute(kBlueBytes);
-  EXPECT_EQ(TextColourOf(text), 0x0000FF00U);
+  EXPECT_EQ(TextColourOf(text, CurrentGroups()), 0x0000FF00U);
 }
 
 TEST_F(ColoursTest, an_index_selects_an_entry_of_the_palette_that_the_object_names) {
@@ -73,9 +74,9 @@ TEST_F(ColoursTest, an_index_selects_an_entry_of_the_palette_that_the_object_nam
   static_cast<void>(AddPalette(scene, 7, kEntries));
   NamePalette(rectangle, "~/scene", 7);
   rectangle.RefFillColour = Indexed(0);
-  EXPECT_EQ(FillColourOf(rectangle), 0x01020304U);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x01020304U);
   rectangle.RefFillColour = Indexed(1);
-  EXPECT_EQ(FillColourOf(rectangle), 0x11121314U);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x11121314U);
 }
 
 TEST_F(ColoursTest, a_palette_may_belong_to_the_application) {
@@ -83,7 +84,7 @@ TEST_F(ColoursTest, a_palette_may_belong_to_the_application) {
   static_cast<void>(AddPalette(App(), 7, kEntries));
   NamePalette(rectangle, "/app", 7);
   rectangle.RefFillColour = Indexed(1);
-  EXPECT_EQ(FillColourOf(rectangle), 0x11121314U);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x11121314U);
 }
 
 TEST_F(ColoursTest, a_reference_without_a_group_means_the_group_of_the_object) {
@@ -93,7 +94,7 @@ TEST_F(ColoursTest, a_reference_without_a_group_means_the_group_of_the_object) {
   rectangle.PaletteRef.IsPresent = true;
   rectangle.PaletteRef.Reference.Number = 7;
   rectangle.RefFillColour = Indexed(1);
-  EXPECT_EQ(FillColourOf(rectangle), 0x11121314U);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x11121314U);
 }
 
 TEST_F(ColoursTest, an_index_outside_the_palette_is_not_set) {
@@ -102,21 +103,21 @@ TEST_F(ColoursTest, an_index_outside_the_palette_is_not_set) {
   NamePalette(rectangle, "~/scene", 7);
   for (const int index : {-2, -1, 1, 2, 0x7FFFFFFF}) {
     rectangle.RefFillColour = Indexed(index);
-    EXPECT_EQ(FillColourOf(rectangle), kTransparentColour) << index;
+    EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), kTransparentColour) << index;
   }
 }
 
 TEST_F(ColoursTest, an_index_without_any_palette_is_not_set) {
   rectangle.RefFillColour = Indexed(0);
-  EXPECT_EQ(FillColourOf(rectangle), kTransparentColour);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), kTransparentColour);
   NamePalette(rectangle, "~/scene", 7);
-  EXPECT_EQ(FillColourOf(rectangle), kTransparentColour);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), kTransparentColour);
 }
 
 TEST_F(ColoursTest, an_object_that_names_no_palette_uses_the_first_of_the_application) {
   static_cast<void>(AddPalette(App(), 7, kEntries));
   rectangle.RefFillColour = Indexed(1);
-  EXPECT_EQ(FillColourOf(rectangle), 0x11121314U);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x11121314U);
 }
 
 TEST_F(ColoursTest, a_palette_whose_content_is_a_file_is_read) {
@@ -125,9 +126,48 @@ TEST_F(ColoursTest, a_palette_whose_content_is_a_file_is_read) {
   palette.OriginalContent.IsReferenced = true;
   NamePalette(rectangle, "~/app", 7);
   rectangle.RefFillColour = Indexed(1);
-  EXPECT_EQ(FillColourOf(rectangle), 0x11121314U);
-  TheHost().files.clear();
-  EXPECT_EQ(FillColourOf(rectangle), kTransparentColour);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x11121314U);
+}
+
+TEST_F(ColoursTest, the_file_of_a_palette_is_read_once) {
+  TheHost().files["colours\\p"] = kEntries;
+  Palette& palette = AddPalette(App(), 7, "~/colours/p");
+  palette.OriginalContent.IsReferenced = true;
+  for (const bool isPrepared : {false, true}) {
+    if (isPrepared) {
+      ASSERT_TRUE(Copy(palette.OriginalContent, palette.Content));
+    }
+    TheHost().fetched.clear();
+    for (int use = 0; use < 3; ++use) {
+      rectangle.RefFillColour = Indexed(0);
+      rectangle.RefLineColour = Indexed(1);
+      EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x01020304U);
+      EXPECT_EQ(LineColourOf(rectangle, CurrentGroups()), 0x11121314U);
+    }
+    EXPECT_EQ(TheHost().fetched, std::vector<std::string>{"colours\\p"}) << isPrepared;
+  }
+  EXPECT_EQ(palette.OriginalContent.Data.View(), "~/colours/p") << "what was decoded stays";
+}
+
+TEST_F(ColoursTest, each_palette_reads_its_own_file) {
+  TheHost().files["p"] = kEntries;
+  TheHost().files["q"] = "\x21\x22\x23\x24";
+  for (const int number : {7, 8}) {
+    AddPalette(App(), number, number == 7 ? "~/p" : "~/q").OriginalContent.IsReferenced = true;
+  }
+  rectangle.RefFillColour = Indexed(0);
+  NamePalette(rectangle, "~/app", 7);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x01020304U);
+  NamePalette(rectangle, "~/app", 8);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x21222324U);
+}
+
+TEST_F(ColoursTest, a_palette_whose_file_is_missing_is_asked_for_again) {
+  AddPalette(App(), 7, "~/p").OriginalContent.IsReferenced = true;
+  rectangle.RefFillColour = Indexed(0);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), kTransparentColour);
+  TheHost().files["p"] = kEntries;
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x01020304U);
 }
 
 TEST_F(ColoursTest, run_time_content_comes_before_the_original) {
@@ -135,7 +175,7 @@ TEST_F(ColoursTest, run_time_content_comes_before_the_original) {
   palette.Content.Data = Octets("\x21\x22\x23\x24");
   NamePalette(rectangle, "~/app", 7);
   rectangle.RefFillColour = Indexed(0);
-  EXPECT_EQ(FillColourOf(rectangle), 0x21222324U);
+  EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x21222324U);
 }
 
 TEST(Colours, the_transparency_becomes_its_opposite_the_alpha) {

@@ -6,7 +6,6 @@
 
 #include "presentation/encoder.h"
 #include "presentation/picture.h"
-#include "presentation/picture_limits.h"
 
 namespace korvel::test {
 
@@ -39,10 +38,8 @@ std::string Encoded(const std::string& bmp, const wchar_t* mimeType) {
   char folder[MAX_PATH] = {};
   GetTempPathA(MAX_PATH, folder);
   const std::string path = std::string(folder) + "korvel_presentation_test.picture";
-  constexpr std::uint64_t kAnyTime = 100 * kLongestPicturesNs;
   Picture picture;
-  if (!ReadPicture(bmp, kAnyTime, picture) || !SaveImage(picture.Image, mimeType, path.c_str()))
-    return {};
+  if (!ReadPicture(bmp, picture) || !SaveImage(picture.Image, mimeType, path.c_str())) return {};
   std::string bytes = FileBytes(path);
   DeleteFileA(path.c_str());
   return bytes;

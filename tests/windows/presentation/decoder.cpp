@@ -16,11 +16,11 @@ constexpr std::size_t kHeaderBytes = 7;
 
 Decoder::Decode* currentDecode = nullptr;
 
-HMODULE LoadDecoder() {
+HMODULE LoadDecoder(const char* name) {
   std::string path(MAX_PATH, '\0');
   path.resize(GetModuleFileNameA(nullptr, path.data(), MAX_PATH));
   path.resize(path.rfind('\\') + 1);
-  return LoadLibraryA((path + "recording_decoder\\MenuAPI.dll").c_str());
+  return LoadLibraryA((path + name + "\\MenuAPI.dll").c_str());
 }
 
 DecoderRecord* FindRecord(HMODULE library) {
@@ -36,7 +36,7 @@ int ByteAt(const std::string& stream, std::size_t offset) {
 
 }  // namespace
 
-Decoder::Decoder() : library_(LoadDecoder()), record_(FindRecord(library_)) {
+Decoder::Decoder(const char* name) : library_(LoadDecoder(name)), record_(FindRecord(library_)) {
   if (record_ == nullptr) throw std::runtime_error("the recording decoder cannot be loaded");
   *record_ = {};
 }

@@ -8,13 +8,13 @@
 #include <functional>
 #include <string>
 
-#include "windows/recording_decoder/record.h"
+#include "decoders/recording_decoder/record.h"
 
 namespace korvel::test {
 
 class Decoder {
  public:
-  Decoder();
+  explicit Decoder(const char* name = "recording_decoder");
   ~Decoder();
   Decoder(const Decoder&) = delete;
   Decoder& operator=(const Decoder&) = delete;

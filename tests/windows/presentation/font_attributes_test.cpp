@@ -1,5 +1,5 @@
 // Reading font attributes.
-#include "presentation/font_attributes.h"
+#include "appearance/font_attributes.h"
 
 #include "windows/presentation/stage.h"
 
@@ -37,16 +37,16 @@ class FontAttributesTest : public Stage {};
 
 TEST_F(FontAttributesTest, the_object_comes_before_the_application_and_the_default) {
   Text text;
-  EXPECT_TRUE(IsDefault(FontAttributesOf(text)));
+  EXPECT_TRUE(IsDefault(FontAttributesOf(text, CurrentApplication())));
   App().Defaults.FontAttributes = Octets("plain.30.33.0");
-  EXPECT_EQ(FontAttributesOf(text).Size, 30);
+  EXPECT_EQ(FontAttributesOf(text, CurrentApplication()).Size, 30);
   text.FontAttributes = Octets("bold.40.44.0");
-  EXPECT_EQ(FontAttributesOf(text).Size, 40);
+  EXPECT_EQ(FontAttributesOf(text, CurrentApplication()).Size, 40);
   text.FontAttributes = Octets("unreadable");
-  EXPECT_TRUE(IsDefault(FontAttributesOf(text)));
+  EXPECT_TRUE(IsDefault(FontAttributesOf(text, CurrentApplication())));
   TheEngine().application = nullptr;
   text.FontAttributes.Clear();
-  EXPECT_TRUE(IsDefault(FontAttributesOf(text)));
+  EXPECT_TRUE(IsDefault(FontAttributesOf(text, CurrentApplication())));
 }
 
 }  // namespace korvel::test

@@ -1,10 +1,13 @@
 // I-frames up to the host's decoder, and what becomes of what it answers.
 #include "presentation/i_frame.h"
 
+#include <algorithm>
 #include <fstream>
+#include <set>
 
 #include "presentation/encoder.h"
-#include "presentation/picture_limits.h"
+#include "presentation/presentation.h"
+#include "presentation/state.h"
 #include "windows/presentation/content.h"
 #include "windows/presentation/decoder.h"
 #include "windows/presentation/stage.h"
@@ -117,6 +120,45 @@ TEST_F(DecodedIFrameTest, the_decoders_result_is_not_looked_at) {
   EXPECT_TRUE(TheEngine().raised.empty());
 }
 
+TEST_F(DecodedIFrameTest, a_decoder_that_finds_a_larger_frame_stays_inside_the_buffer) {
+  decoder.DecodeBy([](const char* path, std::uint8_t* buffer) {
+    constexpr std::size_t kLargest = std::size_t{4096} * 4096 * 3 / 2;
+    std::fill_n(buffer, kLargest, std::uint8_t{128});
+    DecodeStream(FileBytes(path), buffer);
+  });
+  TheHost().files["frame"] = Stream(720, 576, 235);
+  for (int count = 0; count < 5; ++count) {
+    ASSERT_TRUE(Paint().IsAll(kWholeScene, 0xFEFEFE));
+  }
+}
+
+TEST_F(DecodedIFrameTest, the_decoder_opens_the_file_in_any_sharing_mode) {
+  TheHost().files["frame"] = Stream(720, 576, 235);
+  for (const DWORD shares : {DWORD{0}, DWORD{FILE_SHARE_READ}, DWORD{FILE_SHARE_WRITE}}) {
+    decoder.DecodeBy([shares](const char* path, std::uint8_t* buffer) {
+      HANDLE file = CreateFileA(path, GENERIC_READ | GENERIC_WRITE, shares, nullptr, OPEN_EXISTING,
+                                0, nullptr);
+      ASSERT_NE(file, INVALID_HANDLE_VALUE);
+      CloseHandle(file);
+      DecodeStream(FileBytes(path), buffer);
+    });
+    EXPECT_TRUE(Paint().IsAll(kWholeScene, 0xFEFEFE)) << shares;
+  }
+  EXPECT_EQ(decoder.Record().calls, 3) << "once each";
+}
+
+TEST_F(DecodedIFrameTest, the_decoder_is_loaded_once_and_kept_until_the_presentation_closes) {
+  static_cast<void>(PaintSamples(235, 128, 128));
+  HMODULE library = State().decoderLibrary;
+  EXPECT_EQ(library, GetModuleHandleA("MenuAPI"));
+  static_cast<void>(PaintSamples(235, 128, 128));
+  EXPECT_EQ(State().decoderLibrary, library);
+  ReleasePictures();
+  EXPECT_EQ(State().decoderLibrary, nullptr);
+  ClosePresentation();
+  OpenPresentation(Window());
+}
+
 TEST_F(DecodedIFrameTest, a_frame_is_converted_to_a_png_file) {
   decoder.Record().y = 235;
   std::ofstream(TemporaryPath() + "frame.m2v", std::ios::binary) << kSequence;
@@ -129,12 +171,43 @@ TEST_F(DecodedIFrameTest, a_frame_is_converted_to_a_png_file) {
   EXPECT_TRUE(Paint().IsAll(kWholeScene, 0xFEFEFE));
 }
 
+class DecoderConventionTest : public IFrameTest, public testing::WithParamInterface<const char*> {
+ protected:
+  Decoder decoder{GetParam()};
+};
+
+INSTANTIATE_TEST_SUITE_P(, DecoderConventionTest,
+                         testing::Values("recording_decoder", "stdcall_decoder"),
+                         [](const auto& name) { return std::string(name.param); });
+
+TEST_P(DecoderConventionTest, a_hundred_calls_leave_the_stack_and_the_locals_unchanged) {
+  constexpr int kCalls = 100;
+  std::set<const void*> frames;
+  decoder.DecodeBy([&frames](const char* path, std::uint8_t* buffer) {
+    frames.insert(__builtin_frame_address(0));
+    DecodeStream(FileBytes(path), buffer);
+  });
+  const std::string stream = Stream(16, 16, 235);
+  int decoded = 0;
+  for (int call = 0; call < kCalls; ++call) {
+    BitmapOwner image;
+    Gdiplus::ARGB colour = 0;
+    if (DecodeIFrame(stream, image) &&
+        Succeeded(gdip::GdipBitmapGetPixel(image, 15, 15, &colour)) && colour == 0xFFFEFEFE) {
+      ++decoded;
+    }
+  }
+  EXPECT_EQ(decoded, kCalls);
+  EXPECT_EQ(decoder.Record().calls, kCalls);
+  EXPECT_EQ(frames.size(), 1U) << "each call begins at the same address of the stack";
+  EXPECT_EQ(stream, Stream(16, 16, 235));
+}
+
 TEST_F(IFrameTest, a_sequence_without_area_or_cut_short_gives_no_image) {
   BitmapOwner image;
-  EXPECT_FALSE(DecodeIFrame(std::string_view("\x00\x00\x01\xB3\x00\x00\x00\x33", 8),
-                            kLongestPicturesNs, image));
-  EXPECT_FALSE(DecodeIFrame(kSequence.substr(0, 6), kLongestPicturesNs, image));
-  EXPECT_FALSE(DecodeIFrame("", kLongestPicturesNs, image));
+  EXPECT_FALSE(DecodeIFrame(std::string_view("\x00\x00\x01\xB3\x00\x00\x00\x33", 8), image));
+  EXPECT_FALSE(DecodeIFrame(kSequence.substr(0, 6), image));
+  EXPECT_FALSE(DecodeIFrame("", image));
   EXPECT_FALSE(ConvertIFrameToPng("no such file", "no target"));
   EXPECT_EQ(image.Get(), nullptr);
 }

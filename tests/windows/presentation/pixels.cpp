@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <ostream>
 
-#include "presentation/presentation.h"
-#include "presentation/surface.h"
+#include "platform/screen.h"
+#include "presentation/state.h"
 
 namespace korvel::test {
 
@@ -83,11 +83,11 @@ Pixels BackBufferPixels() {
   data.PixelFormat = PixelFormat32bppARGB;
   data.Scan0 = values.data();
   const UINT mode = Gdiplus::ImageLockModeRead | Gdiplus::ImageLockModeUserInputBuf;
-  if (!Succeeded(
-          gdip::GdipBitmapLockBits(BackBuffer(), &whole, mode, PixelFormat32bppARGB, &data))) {
+  if (!Succeeded(gdip::GdipBitmapLockBits(State().backBuffer, &whole, mode, PixelFormat32bppARGB,
+                                          &data))) {
     return Pixels({});
   }
-  static_cast<void>(gdip::GdipBitmapUnlockBits(BackBuffer(), &data));
+  static_cast<void>(gdip::GdipBitmapUnlockBits(State().backBuffer, &data));
   return Pixels(WithoutAlpha(std::move(values)));
 }
 

@@ -1,4 +1,4 @@
-// How long something takes this thread, in processor time: a busy machine changes nothing about it.
+// The processor time of this thread, which a busy machine does not change.
 #pragma once
 
 #include <windows.h>

@@ -2,7 +2,7 @@
 #include "windows/presentation/stage.h"
 
 #include "presentation/presentation.h"
-
+#include "windows/presentation/processor_time.h"
 namespace korvel::test {
 
 class RectangleTest : public Stage {
@@ -122,7 +122,7 @@ TEST_F(RectangleTest, a_box_no_larger_than_its_border_is_all_border) {
 
 TEST_F(RectangleTest, the_largest_numbers_neither_overflow_nor_take_long) {
   constexpr std::int32_t kLargest = 0x7FFFFFFF;
-  const DWORD start = GetTickCount();
+  const std::uint64_t start = ProcessorMs();
   for (const int style : {1, 2, 3}) {
     rectangle.LineStyle = style;
     for (const int width : {-kLargest - 1, -1, 1, kLargest}) {
@@ -135,7 +135,7 @@ TEST_F(RectangleTest, the_largest_numbers_neither_overflow_nor_take_long) {
       static_cast<void>(Paint());
     }
   }
-  EXPECT_LT(GetTickCount() - start, 18 * 1000U) << "half a second a painting";
+  EXPECT_LT(ProcessorMs() - start, 18 * 1000U) << "half a second a painting";
   rectangle.LineStyle = 1;
   rectangle.LineWidth = 2;
   EXPECT_TRUE(Paint().IsAll({0, 102, 720, 118}, kGreen));

@@ -1,8 +1,8 @@
 // Which redraw requests paint, what the walk of the display stack does, and what events raised on
 // the way may change.
-#include "windows/presentation/stage.h"
-
+#include "platform/screen.h"
 #include "presentation/presentation.h"
+#include "windows/presentation/stage.h"
 
 namespace korvel::test {
 
@@ -66,6 +66,17 @@ TEST_F(RedrawTest, the_head_of_the_stack_lies_at_the_bottom) {
   const Pixels picture = Paint();
   EXPECT_EQ(picture.At(119, 119), kRed);
   EXPECT_EQ(picture.At(130, 130), kGreen);
+}
+
+TEST_F(RedrawTest, every_visible_of_a_large_scene_is_drawn) {
+  std::vector<Rectangle> many(1000);
+  for (Rectangle& rectangle : many) {
+    Place(rectangle, 0, 0, 720, 576);
+    ShowFilled(rectangle, kRedBytes);
+  }
+  Fill(many.back(), kGreenBytes);
+  EXPECT_TRUE(Paint().IsAll(kWholeScene, kGreen));
+  EXPECT_TRUE(Shown().IsAll(kWholeScene, kGreen));
 }
 
 TEST_F(RedrawTest, what_does_not_run_is_not_drawn) {

@@ -1,6 +1,7 @@
 // The fixture's window and records.
 #include "windows/presentation/stage.h"
 
+#include "platform/screen.h"
 #include "presentation/presentation.h"
 
 namespace korvel::test {
@@ -27,6 +28,7 @@ Stage::Stage() : window_(OpenWindow()) {
 }
 
 Stage::~Stage() {
+  ReleasePictures();
   ClosePresentation();
   CloseScreen();
   DestroyWindow(window_);

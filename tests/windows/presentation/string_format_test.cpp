@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "presentation/surface.h"
+#include "presentation/state.h"
 #include "windows/presentation/stage.h"
 
 namespace korvel::test {
@@ -52,7 +52,7 @@ TEST_F(StringFormatTest, has_one_tab_stop_of_42_pixels_at_96_dots_per_inch) {
 
 TEST_F(StringFormatTest, the_picture_has_96_dots_per_inch) {
   float resolution = 0;
-  EXPECT_EQ(gdip::GdipGetDpiX(SurfaceGraphics(), &resolution), Gdiplus::Ok);
+  EXPECT_EQ(gdip::GdipGetDpiX(State().graphics, &resolution), Gdiplus::Ok);
   EXPECT_EQ(resolution, kResolution);
 }
 

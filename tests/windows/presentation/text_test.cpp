@@ -3,8 +3,10 @@
 #include "presentation/text.h"
 
 #include "presentation/font_family.h"
+#include "presentation/presentation.h"
+#include "presentation/state.h"
 #include "presentation/string_format.h"
-#include "presentation/surface.h"
+#include "windows/presentation/processor_time.h"
 #include "windows/presentation/stage.h"
 
 namespace korvel::test {
@@ -73,7 +75,7 @@ TEST_F(TextTest, a_size_of_24_is_an_em_of_18_pixels) {
   ASSERT_TRUE(Succeeded(gdip::GdipCreateFont(family, 18.0F, Gdiplus::FontStyleRegular,
                                              Gdiplus::UnitPixel, font.Slot())));
   float distance = 0;
-  ASSERT_TRUE(Succeeded(gdip::GdipGetFontHeight(font, SurfaceGraphics(), &distance)));
+  ASSERT_TRUE(Succeeded(gdip::GdipGetFontHeight(font, State().graphics, &distance)));
   text.FontAttributes = Octets("plain.24.28.0");
   const Area one = Ink("H");
   const Area two = Ink("H\rH");
@@ -234,9 +236,9 @@ TEST_F(TextTest, a_text_object_of_any_length_is_drawn_within_a_second) {
       std::string content;
       while (content.size() < length) content += word;
       text.TextData = Octets(content);
-      const DWORD start = GetTickCount();
+      const std::uint64_t start = ProcessorMs();
       static_cast<void>(Paint());
-      EXPECT_LT(GetTickCount() - start, 1000U) << length << " bytes of '" << word << "'";
+      EXPECT_LT(ProcessorMs() - start, 1000U) << length << " bytes of '" << word << "'";
     }
   }
 }
@@ -282,6 +284,55 @@ TEST_F(EntryFieldTest, draws_its_text_at_size_15_whatever_its_attributes_say) {
   field.FontAttributes = Octets("plain.40.28.0");
   Show(ItemType::EntryField, field);
   EXPECT_EQ(Paint(), expected);
+}
+
+class ObscuredInputTest : public Stage {
+ protected:
+  ObscuredInputTest() {
+    Place(field, 100, 100, 200, 60);
+    field.TextColour = Absolute(kWhiteBytes);
+    Show(ItemType::EntryField, field);
+  }
+  [[nodiscard]] Pixels Drawn(std::string_view content, bool isObscured) {
+    field.TextData = Octets(content);
+    field.ObsuredInput = isObscured;
+    Pixels picture = Paint();
+    EXPECT_EQ(field.TextData.View(), content) << "only the drawing is obscured";
+    return picture;
+  }
+  void ExpectSame(std::string_view content, std::string_view stars) {
+    EXPECT_EQ(Drawn(content, true), Drawn(stars, false)) << stars;
+  }
+
+  EntryField field;
+};
+
+TEST_F(ObscuredInputTest, draws_one_star_for_each_character) {
+  EXPECT_NE(Drawn("1234", false), Drawn("****", false));
+  ExpectSame("1234", "****");
+  ExpectSame("", "");
+  ExpectSame("a b", "***");
+}
+
+TEST_F(ObscuredInputTest, a_character_of_several_bytes_is_one_star) {
+  ExpectSame("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z", "****");
+}
+
+TEST_F(ObscuredInputTest, line_breaks_stay_and_control_sequences_are_no_characters) {
+  ExpectSame("12\r3\n4", "**\r*\n*");
+  ExpectSame("1\x1B\x42"
+             "2",
+             "**");
+  const std::string red("\x1B\x43\x04\xFF\x00\x00\x00", 7);
+  ExpectSame(red + "12", red + "**");
+  EXPECT_NE(Drawn(red + "12", true), Drawn("12", true)) << "the colour still counts";
+}
+
+TEST_F(ObscuredInputTest, what_follows_a_zero_is_not_drawn) {
+  ExpectSame(std::string_view("1\0"
+                              "23",
+                              4),
+             "*");
 }
 
 class ScreensTest : public Stage {};

@@ -92,6 +92,7 @@ void RecordingHost::Record(const std::string& name) {
 std::uint32_t RecordingHost::Read(const std::string& path, void** data, std::uint32_t* size) {
   const std::lock_guard lock(mutex_);
   if (path.empty() || data == nullptr) isMisused_ = true;
+  if (size == nullptr) ++readsWithoutSize_;
   if (const auto answer = answers_.find(path); answer != answers_.end()) return answer->second;
   const auto file = files_.find(path);
   if (file == files_.end()) return kNoSuchFile;

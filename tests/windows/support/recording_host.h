@@ -47,6 +47,8 @@ class RecordingHost : public MHEG5Host {
   // What the engine holds of the host's: references beyond the test's own, and buffers.
   [[nodiscard]] int HeldReferences() const { return references_; }
   [[nodiscard]] int HeldBuffers() const;
+  // How many readings only asked whether the file is there.
+  [[nodiscard]] int ReadsWithoutSize() const { return readsWithoutSize_; }
   // Whether a buffer was given back that was not held, or a reading got wrong arguments.
   [[nodiscard]] bool IsMisused() const { return isMisused_; }
   // The callback in force; null when it was withdrawn or never given.
@@ -65,6 +67,7 @@ class RecordingHost : public MHEG5Host {
   std::vector<HostCall> calls_;
   std::set<void*> buffers_;
   std::atomic<int> references_ = 0;
+  std::atomic<int> readsWithoutSize_ = 0;
   std::atomic<bool> isMisused_ = false;
   std::atomic<MHEG5ExitCallback> exitCallback_ = nullptr;
 };

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <system_error>
 
 namespace mheg {
 namespace {
@@ -12,10 +13,21 @@ namespace fs = std::filesystem;
 constexpr std::string_view kTextExtension = ".mheg";
 constexpr const char* kStartUpNames[] = {"a", "startup"};
 
+// A path that cannot be looked at, such as one that is too long, is no file.
+bool IsFile(const fs::path& path) {
+  std::error_code ignored;
+  return fs::is_regular_file(path, ignored);
+}
+
+bool IsFolder(const fs::path& path) {
+  std::error_code ignored;
+  return fs::is_directory(path, ignored);
+}
+
 bool HasFileOrText(const fs::path& path) {
   fs::path text = path;
   text += kTextExtension;
-  return fs::is_regular_file(path) || fs::is_regular_file(text);
+  return IsFile(path) || IsFile(text);
 }
 
 bool HasStartUpApplication(const fs::path& folder) {
@@ -23,12 +35,13 @@ bool HasStartUpApplication(const fs::path& folder) {
                      [&](const char* name) { return HasFileOrText(folder / name); });
 }
 
-// The first byte of a group in BER is the tag of an application or of a scene.
+// The first byte of a group in BER is the tag of an application or of a scene. A file that cannot
+// be read may be a group, and is reported when it is loaded.
 bool IsGroupFile(const fs::path& path) {
   if (path.extension() == kTextExtension) return true;
   std::ifstream stream(path, std::ios::binary);
   const int first = stream.get();
-  return first == 0xA0 || first == 0xA1;
+  return !stream.is_open() || stream.bad() || first == 0xA0 || first == 0xA1;
 }
 
 // The outermost folder on the way from `top` down to the file that has a start-up application.
@@ -44,14 +57,40 @@ fs::path RootFor(const fs::path& top, const fs::path& file) {
 // Whether a file is asked for, by the root of its carousel.
 using Files = std::map<fs::path, std::map<fs::path, bool>>;
 
-void AddFolder(const fs::path& folder, bool isAskedFor, Files& files) {
-  for (const fs::directory_entry& entry :
-       fs::recursive_directory_iterator(folder.empty() ? fs::path(".") : folder)) {
-    const fs::path file = folder.empty() ? entry.path().lexically_normal() : entry.path();
-    if (!entry.is_regular_file() || !IsGroupFile(file)) continue;
+// The groups of a folder and of those in it, except behind symbolic links to folders. Reports the
+// folders that cannot be read.
+std::vector<fs::path> GroupFilesBelow(const fs::path& top, std::vector<std::string>& messages) {
+  std::vector<fs::path> files;
+  std::vector<fs::path> folders{top};
+  while (!folders.empty()) {
+    const fs::path folder = folders.back();
+    folders.pop_back();
+    std::error_code problem;
+    fs::directory_iterator entry(folder, problem);
+    for (; !problem && entry != fs::directory_iterator(); entry.increment(problem)) {
+      std::error_code ignored;
+      if (entry->is_directory(ignored) && !entry->is_symlink(ignored)) {
+        folders.push_back(entry->path());
+      } else if (IsFile(entry->path()) && IsGroupFile(entry->path())) {
+        files.push_back(entry->path());
+      }
+    }
+    if (problem) messages.push_back(folder.string() + ": cannot be read");
+  }
+  return files;
+}
+
+void AddFolder(const fs::path& folder, bool isAskedFor, Files& files,
+               std::vector<std::string>& messages) {
+  const std::size_t reported = messages.size();
+  const auto found = GroupFilesBelow(folder.empty() ? fs::path(".") : folder, messages);
+  for (const fs::path& path : found) {
+    const fs::path file = folder.empty() ? path.lexically_normal() : path;
     bool& isFileAskedFor = files[RootFor(folder, file)][file];
     isFileAskedFor = isFileAskedFor || isAskedFor;
   }
+  const bool isEmpty = found.empty() && messages.size() == reported;
+  if (isEmpty && isAskedFor) messages.push_back(folder.string() + ": has no groups");
 }
 
 void AddObject(const korvel::Item& item, CheckedGroup& group) {
@@ -64,12 +103,6 @@ void AddObject(const korvel::Item& item, CheckedGroup& group) {
 
 }  // namespace
 
-bool IsSameName(std::string_view one, std::string_view other) {
-  if (one.starts_with('~')) one.remove_prefix(1);
-  if (other.starts_with('~')) other.remove_prefix(1);
-  return one == other;
-}
-
 korvel::ItemType CheckedGroup::ClassOf(std::int32_t number) const {
   if (number == Group().Reference.Number) return Group().Type;
   const auto found = objects.find(number);
@@ -80,6 +113,7 @@ void Carousel::Add(const fs::path& file, bool isAskedFor) {
   groups_.push_back(std::make_unique<CheckedGroup>());
   groups_.back()->file.path = file;
   groups_.back()->isAskedFor = isAskedFor;
+  groupsByPath_.emplace(file.lexically_normal().native(), groups_.back().get());
 }
 
 void Carousel::Load(std::size_t index) {
@@ -87,6 +121,11 @@ void Carousel::Load(std::size_t index) {
   group.file = ReadGroupFile(group.file.path);
   if (!group.file.group) return;
   for (const korvel::Item& item : group.Group().Items) AddObject(item, group);
+  group.deeds = DeedsOf(group.Group());
+}
+
+void Carousel::EndLoading() {
+  for (const auto& group : groups_) deeds_.Add(group->deeds);
 }
 
 // The prefix "~" or "DSM:" and its slashes do not count. What is left is looked for beside the
@@ -106,17 +145,14 @@ bool Carousel::HasFile(const CheckedGroup& from, std::string_view name) const {
 }
 
 const CheckedGroup* Carousel::GroupIn(const fs::path& file) const {
-  fs::path text = file;
-  text += kTextExtension;
-  for (const auto& group : groups_) {
-    const fs::path path = group->file.path.lexically_normal();
-    if (path == file.lexically_normal() || path == text.lexically_normal()) return group.get();
-  }
-  return nullptr;
+  fs::path path = file.lexically_normal();
+  auto found = groupsByPath_.find(path.native());
+  if (found == groupsByPath_.end()) found = groupsByPath_.find((path += kTextExtension).native());
+  return found == groupsByPath_.end() ? nullptr : found->second;
 }
 
 const CheckedGroup* Carousel::Find(const CheckedGroup& from, std::string_view name) const {
-  if (name.empty() || IsSameName(name, from.Name())) return &from;
+  if (name.empty() || BareName(name) == BareName(from.Name())) return &from;
   for (const fs::path& place : PlacesFor(from, name)) {
     const CheckedGroup* group = GroupIn(place);
     if (group != nullptr && group->file.group) return group;
@@ -134,12 +170,19 @@ const CheckedGroup* Carousel::ApplicationOf(const CheckedGroup& group) const {
   return nullptr;
 }
 
-std::vector<Carousel> FindCarousels(const std::vector<fs::path>& paths) {
-  Files files;
+std::vector<Carousel> FindCarousels(const std::vector<fs::path>& paths,
+                                    std::vector<std::string>& messages) {
+  std::map<fs::path, bool> folders;  // and whether all of it is asked for
   for (const fs::path& path : paths) {
-    const bool isFolder = fs::is_directory(path);
-    AddFolder(isFolder ? path : path.parent_path(), isFolder, files);
-    if (!isFolder) files[RootFor(path.parent_path(), path)][path] = true;
+    const bool isFolder = IsFolder(path);
+    bool& isAskedFor = folders[isFolder ? path : path.parent_path()];
+    isAskedFor = isAskedFor || isFolder;
+  }
+  Files files;
+  for (const auto& [folder, isAskedFor] : folders) AddFolder(folder, isAskedFor, files, messages);
+  std::sort(messages.begin(), messages.end());
+  for (const fs::path& path : paths) {
+    if (!IsFolder(path)) files[RootFor(path.parent_path(), path)][path] = true;
   }
   std::vector<Carousel> carousels;
   for (const auto& [root, members] : files) {

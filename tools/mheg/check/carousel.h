@@ -7,8 +7,10 @@
 #include <map>
 #include <memory>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
+#include "mheg/check/link_deeds.h"
 #include "mheg/group_file.h"
 #include "objects/objects.h"
 
@@ -25,6 +27,7 @@ struct CheckedGroup {
   GroupFile file;
   bool isAskedFor = true;  // else it is only there for others to refer to
   std::multimap<std::int32_t, CheckedObject> objects;  // by number
+  LinkDeeds deeds;
 
   [[nodiscard]] const korvel::Group& Group() const { return *file.group.Get(); }
   [[nodiscard]] std::string_view Name() const { return Group().Reference.GroupIdentifier.View(); }
@@ -40,6 +43,8 @@ class Carousel {
   [[nodiscard]] std::size_t Size() const { return groups_.size(); }
   // Reads the file of that place. Several may be read at once.
   void Load(std::size_t index);
+  // Sums up what has been read, once all is.
+  void EndLoading();
   [[nodiscard]] const CheckedGroup& At(std::size_t index) const { return *groups_[index]; }
 
   // Whether the name of a group or of a content leads a group to a file.
@@ -48,6 +53,8 @@ class Carousel {
   [[nodiscard]] const CheckedGroup* Find(const CheckedGroup& from, std::string_view name) const;
   // The start-up application of a group's folder or of the carousel, or null.
   [[nodiscard]] const CheckedGroup* ApplicationOf(const CheckedGroup& group) const;
+  // The deeds of all groups.
+  [[nodiscard]] const LinkDeeds& Deeds() const { return deeds_; }
 
  private:
   [[nodiscard]] std::vector<std::filesystem::path> PlacesFor(const CheckedGroup& from,
@@ -56,14 +63,15 @@ class Carousel {
 
   std::filesystem::path root_;
   std::vector<std::unique_ptr<CheckedGroup>> groups_;
+  std::unordered_map<std::filesystem::path::string_type, const CheckedGroup*> groupsByPath_;
+  LinkDeeds deeds_;
 };
-
-// Whether two group names mean the same group: a leading "~" does not count.
-[[nodiscard]] bool IsSameName(std::string_view one, std::string_view other);
 
 // The carousels of these files and folders: of the folders all groups are asked for, of the folder
 // of a file only that file. A folder with a start-up application is a carousel of its own; what
-// stands outside of any belongs to the folder given.
-[[nodiscard]] std::vector<Carousel> FindCarousels(const std::vector<std::filesystem::path>& paths);
+// stands outside of any belongs to the folder given. `messages` receives the folders that cannot be
+// read, or are asked for and have no groups.
+[[nodiscard]] std::vector<Carousel> FindCarousels(const std::vector<std::filesystem::path>& paths,
+                                                  std::vector<std::string>& messages);
 
 }  // namespace mheg

@@ -46,17 +46,18 @@ std::vector<std::string> CheckGroup(const Carousel& carousel, const CheckedGroup
 }  // namespace
 
 std::vector<std::string> Check(const std::vector<std::filesystem::path>& paths, unsigned jobs) {
-  std::vector<Carousel> carousels = FindCarousels(paths);
+  std::vector<std::string> all;
+  std::vector<Carousel> carousels = FindCarousels(paths, all);
   const std::vector<Place> places = AllGroups(carousels);
   RunBatch(places.size(), jobs,
            [&](std::size_t i) { carousels[places[i].carousel].Load(places[i].group); });
+  for (Carousel& carousel : carousels) carousel.EndLoading();
   std::vector<std::vector<std::string>> messages(places.size());
   RunBatch(places.size(), jobs, [&](std::size_t i) {
     const Carousel& carousel = carousels[places[i].carousel];
     const CheckedGroup& group = carousel.At(places[i].group);
     if (group.isAskedFor) messages[i] = CheckGroup(carousel, group);
   });
-  std::vector<std::string> all;
   for (const std::vector<std::string>& ofGroup : messages) {
     all.insert(all.end(), ofGroup.begin(), ofGroup.end());
   }

@@ -1,8 +1,7 @@
 // Links that can never fire: no source of theirs raises their event with their data, no key that
 // the scene lets through has their number, nothing ever activates them, or others come first.
-#include <algorithm>
-#include <set>
-#include <vector>
+#include <map>
+#include <tuple>
 
 #include "mheg/check/check.h"
 #include "mheg/check/class_names.h"
@@ -68,51 +67,6 @@ constexpr EventRule RuleOf(EventType event) {
   return {};
 }
 
-// What actions may do for the links of one group.
-class LinkHelp : public GroupVisitor {
- public:
-  explicit LinkHelp(const CheckedGroup& group) : group_(group) {}
-
-  // Takes in what the actions of a group do, be it this one or another.
-  void TakeIn(const CheckedGroup& acting) {
-    actingName_ = acting.Name();
-    Walk(acting.Group(), *this);
-  }
-
-  void VisitAction(const ElementaryAction& action) override {
-    switch (static_cast<Action>(action.ActionType)) {
-    case Action::Activate: return activated.TakeIn(action.Target, *this);
-    case Action::Deactivate: return deactivated.TakeIn(action.Target, *this);
-    case Action::SendEvent: sendsEvents = true; return;
-    default: return;
-    }
-  }
-
-  // The links that an action is done to.
-  struct Targets {
-    void TakeIn(const GenericValue& target, const LinkHelp& help) {
-      areAny = areAny || target.Kind == ValueKind::IndirectReference;
-      const OctetString& group = target.Reference.GroupIdentifier;
-      const std::string_view name = group.IsPresent() ? group.View() : help.actingName_;
-      if (IsSameName(name, help.group_.Name())) numbers.insert(target.Reference.Number);
-    }
-    [[nodiscard]] bool MayBe(std::int32_t number) const {
-      return areAny || numbers.contains(number);
-    }
-
-    std::set<std::int32_t> numbers;
-    bool areAny = false;  // a variable says which
-  };
-
-  Targets activated;
-  Targets deactivated;
-  bool sendsEvents = false;  // and so may raise an event that nothing else does
-
- private:
-  const CheckedGroup& group_;
-  std::string_view actingName_;
-};
-
 constexpr bool IsKey(std::int32_t number) {
   return (number >= 1 && number <= 17) || (number >= 100 && number <= 104);
 }
@@ -128,49 +82,63 @@ constexpr bool KeepsOut(std::int32_t inputRegister, std::int32_t key) {
   }
 }
 
+// An event as a link waits for it. Fields that do not count keep their defaults.
+struct Awaited {
+  std::int32_t event = 0;
+  const CheckedGroup* owner = nullptr;  // of the event's source
+  std::int32_t source = 0;
+  ValueKind kind = ValueKind::None;  // of the data; none waits for any
+  std::int32_t integer = 0;
+  bool boolean = false;
+
+  [[nodiscard]] auto Fields() const {
+    return std::tie(event, owner, source, kind, integer, boolean);
+  }
+  bool operator<(const Awaited& other) const { return Fields() < other.Fields(); }
+};
+
+constexpr bool HasSource(EventType event) {
+  return event != EventType::UserInput && event != EventType::EngineEvent;
+}
+
 class LinkCheck : public GroupVisitor {
  public:
-  LinkCheck(const Carousel& carousel, const CheckedGroup& group, const LinkHelp& help,
+  LinkCheck(const Carousel& carousel, const CheckedGroup& group, const LinkDeeds& deeds,
             Findings& findings)
-      : carousel_(carousel), group_(group), help_(help), findings_(findings) {}
+      : carousel_(carousel), group_(group), deeds_(deeds), findings_(findings) {}
 
   void VisitObject(ItemType type, const Ingredient& record) override {
     if (type != ItemType::Link) return;
     const auto& link = static_cast<const Link&>(record);
-    const bool isHelped = help_.activated.MayBe(currentObject);
-    if (!link.InitiallyActive && !isHelped) Report("nothing activates it");
-    if (!help_.sendsEvents) CheckCondition(link.Condition);
+    const bool isActivated = deeds_.activated.MayBe(group_.Name(), currentObject);
+    if (!link.InitiallyActive && !isActivated) Report("nothing activates it");
+    if (!deeds_.sendsEvents) CheckCondition(link.Condition);
     if (group_.Group().Type == ItemType::Scene) CheckCrowd(link);
   }
 
  private:
   // An event runs no more links than this, in the order in which they are written.
-  static constexpr std::ptrdiff_t kMostLinks = 5;
+  static constexpr int kMostLinks = 5;
 
   void CheckCrowd(const Link& link) {
-    const auto runsToo = [&](const LinkCondition* other) { return Meets(*other, link.Condition); };
-    if (std::count_if(alwaysActive_.begin(), alwaysActive_.end(), runsToo) >= kMostLinks) {
-      Report("five links before it wait for the same event");
+    const LinkCondition& condition = link.Condition;
+    Awaited awaited{.event = condition.EventType};
+    if (HasSource(static_cast<EventType>(condition.EventType))) {
+      awaited.owner = carousel_.Find(group_, condition.EventSource.GroupIdentifier.View());
+      awaited.source = condition.EventSource.Number;
+      if (awaited.owner == nullptr) return;
     }
-    if (link.InitiallyActive && !help_.deactivated.MayBe(currentObject)) {
-      alwaysActive_.push_back(&link.Condition);
+    int before = alwaysActive_[awaited];  // those that wait for any data
+    if (condition.EventData.Kind != ValueKind::None) {
+      awaited.kind = condition.EventData.Kind;
+      awaited.integer = condition.EventData.Integer;
+      awaited.boolean = condition.EventData.Boolean;
+      before += alwaysActive_[awaited];
     }
-  }
-  // Whether every event that one link waits for is one that the other waits for as well.
-  [[nodiscard]] bool Meets(const LinkCondition& other, const LinkCondition& one) const {
-    const auto event = static_cast<EventType>(one.EventType);
-    const bool hasSource = event != EventType::UserInput && event != EventType::EngineEvent;
-    const GenericValue& data = other.EventData;
-    const bool isSameData = data.Kind == one.EventData.Kind &&
-                            data.Integer == one.EventData.Integer &&
-                            data.Boolean == one.EventData.Boolean;
-    return other.EventType == one.EventType && (data.Kind == ValueKind::None || isSameData) &&
-           (!hasSource || IsSameObject(other.EventSource, one.EventSource));
-  }
-  [[nodiscard]] bool IsSameObject(const ObjectReference& one, const ObjectReference& other) const {
-    const CheckedGroup* owner = carousel_.Find(group_, one.GroupIdentifier.View());
-    return owner != nullptr && owner == carousel_.Find(group_, other.GroupIdentifier.View()) &&
-           one.Number == other.Number;
+    if (before >= kMostLinks) Report("five links before it wait for the same event");
+    if (link.InitiallyActive && !deeds_.deactivated.MayBe(group_.Name(), currentObject)) {
+      ++alwaysActive_[awaited];
+    }
   }
   void CheckCondition(const LinkCondition& condition) {
     const auto event = static_cast<EventType>(condition.EventType);
@@ -206,24 +174,20 @@ class LinkCheck : public GroupVisitor {
 
   const Carousel& carousel_;
   const CheckedGroup& group_;
-  const LinkHelp& help_;
+  const LinkDeeds& deeds_;  // of all groups whose actions reach the links
   Findings& findings_;
-  std::vector<const LinkCondition*> alwaysActive_;  // of the links before, those that nobody stops
+  std::map<Awaited, int> alwaysActive_;  // how many links before that nothing deactivates
 };
 
 }  // namespace
 
 void CheckLinks(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
   // A scene's links may be activated by its application, and an application's by any scene.
-  LinkHelp help(group);
-  help.TakeIn(group);
+  LinkDeeds deeds = group.deeds;
   const CheckedGroup* application = carousel.ApplicationOf(group);
-  if (application != nullptr) help.TakeIn(*application);
+  if (application != nullptr) deeds.Add(application->deeds);
   const bool isApplication = group.Group().Type == ItemType::Application;
-  for (std::size_t i = 0; isApplication && i < carousel.Size(); ++i) {
-    if (carousel.At(i).file.group) help.TakeIn(carousel.At(i));
-  }
-  LinkCheck check(carousel, group, help, findings);
+  LinkCheck check(carousel, group, isApplication ? carousel.Deeds() : deeds, findings);
   Walk(group.Group(), check);
 }
 

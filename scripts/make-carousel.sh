@@ -1,0 +1,24 @@
+#!/bin/sh
+# Makes a carousel, the folder that is broadcast, from the folder that its author writes: each text
+# NAME.mheg is compiled to NAME, and everything else is copied, subfolders too. Two files of the
+# folder itself are not broadcast and stay out: play.script, the keys that the player presses, and
+# README.md. A text with an error fails and leaves no carousel.
+# Usage: make-carousel.sh SOURCE TARGET MHEG, where MHEG is the compiler. TARGET is made anew.
+set -eu
+export source="${1%/}" target="${2%/}" mheg="$3"
+
+rm -rf "$target"
+mkdir -p "$(dirname "$target")"
+cp -RL "$source" "$target"
+rm -f "$target/play.script" "$target/README.md"
+find "$target" -name '*.mheg' -delete
+find -L "$source" -name '*.mheg' -exec sh -c '
+  status=0
+  for text; do
+    group=$target${text#"$source"}
+    "$mheg" compile "$text" -o "${group%.mheg}" || status=1
+  done
+  exit $status' sh {} + || {
+  rm -rf "$target"
+  exit 1
+}

@@ -1,0 +1,37 @@
+# To be sourced: Debian systems in folders of their own, for what must be seen on another system
+# than this one. The functions need root.
+
+# make_root SUITE ROOT: installs a minimal Debian in the folder ROOT, which must not exist yet, from
+# the mirror and through the proxy that this machine uses.
+make_root() {
+  mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' |
+    grep '/debian/$' | head -n 1)
+  mirror=${mirror:-http://deb.debian.org/debian/}
+  proxy=$(apt-config dump --format '%v%n' Acquire::http::Proxy)
+  http_proxy=$proxy debootstrap --variant=minbase "$1" "$2" "$mirror" || return 1
+  apt-config dump Acquire::http::Proxy Acquire::Check-Valid-Until Acquire::Check-Date \
+    >"$2/etc/apt/apt.conf.d/90machine"
+}
+
+# run_in_root ROOT FOLDER COMMAND...: runs the command in that system, in FOLDER, which the system
+# shares with this machine under the same absolute name. The mounts and all processes live in
+# namespaces of their own, so nothing of them is left when the command ends or is interrupted.
+run_in_root() {
+  unshare --mount --pid --fork --kill-child sh -ec '
+    root=$1 folder=$2
+    shift 2
+    mount -t proc proc "$root/proc"
+    mount --rbind /dev "$root/dev"
+    mount -t tmpfs tmpfs "$root/tmp"
+    mkdir -p "$root$folder"
+    mount --bind "$folder" "$root$folder"
+    exec env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LANG=C.UTF-8 \
+      chroot "$root" sh -c '\''cd "$0" && "$@"'\'' "$folder" "$@"
+  ' sh "$@" &
+  inside=$!
+  trap 'kill -KILL "$inside"; exit 130' INT TERM  # unshare heeds no other signal
+  wait "$inside"
+  set -- $?
+  trap - INT TERM
+  return "$1"
+}

@@ -1,0 +1,101 @@
+// Clipping against a square around the origin, worked in double precision: content may give any
+// 32-bit coordinates.
+#include "appearance/clipping.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "appearance/geometry.h"
+
+namespace korvel {
+
+namespace {
+
+// One side of the square: the points p with p.X * X + p.Y * Y <= Far lie inside of it.
+struct Side {
+  double X;
+  double Y;
+  double Far;
+};
+
+std::array<Side, 4> SidesOf(std::int64_t farthest) noexcept {
+  const auto far = static_cast<double>(farthest);
+  return {Side{1, 0, far}, Side{-1, 0, far}, Side{0, 1, far}, Side{0, -1, far}};
+}
+
+// How far a point lies outside of a side; not above 0 inside.
+double Outside(const CanvasPoint& point, const Side& side) noexcept {
+  return point.X * side.X + point.Y * side.Y - side.Far;
+}
+
+// Where the line from an inner to an outer point, or the other way, meets the side.
+CanvasPoint Meeting(const CanvasPoint& from, const CanvasPoint& to, const Side& side) noexcept {
+  const double before = Outside(from, side);
+  const double share = before / (before - Outside(to, side));
+  const auto between = [share](double start, double end) {
+    return static_cast<std::int32_t>(std::lround(start + (end - start) * share));
+  };
+  return {between(from.X, to.X), between(from.Y, to.Y)};
+}
+
+[[nodiscard]] bool ClipToSide(std::span<const CanvasPoint> points, const Side& side,
+                              Sequence<CanvasPoint>& clipped) noexcept {
+  for (std::size_t index = 0; index < points.size(); ++index) {
+    const CanvasPoint& here = points[index];
+    const CanvasPoint& next = points[(index + 1) % points.size()];
+    const bool isInside = Outside(here, side) <= 0;
+    if (isInside && !clipped.Append(here)) return false;
+    if (isInside == (Outside(next, side) <= 0)) continue;
+    if (!clipped.Append(Meeting(here, next, side))) return false;
+  }
+  return true;
+}
+
+// Narrows the shares of a line between which it lies inside of a side, given how far outside its
+// ends are.
+void NarrowToSide(double start, double end, double& first, double& last) noexcept {
+  if (start > 0 && end > 0) last = -1;
+  if ((start > 0) == (end > 0)) return;
+  const double share = start / (start - end);
+  if (start > 0) {
+    first = std::max(first, share);
+  } else {
+    last = std::min(last, share);
+  }
+}
+
+}  // namespace
+
+double LinePart::Length() const noexcept { return std::hypot(ToX - FromX, ToY - FromY); }
+
+bool ClipLine(const CanvasPoint& from, const CanvasPoint& to, std::int64_t farthest, double period,
+              LinePart& part) noexcept {
+  double first = 0;
+  double last = 1;
+  for (const Side& side : SidesOf(farthest)) {
+    NarrowToSide(Outside(from, side), Outside(to, side), first, last);
+  }
+  if (first > last) return false;
+  const double wayX = static_cast<double>(to.X) - from.X;
+  const double wayY = static_cast<double>(to.Y) - from.Y;
+  const double length = std::hypot(wayX, wayY);
+  if (first > 0 && period > 0) first = std::floor(first * length / period) * period / length;
+  part = {from.X + wayX * first, from.Y + wayY * first, from.X + wayX * last, from.Y + wayY * last};
+  return true;
+}
+
+bool ClipPolygon(std::span<const CanvasPoint> points, std::int64_t farthest,
+                 Sequence<CanvasPoint>& clipped) noexcept {
+  const std::array<Side, 4> sides = SidesOf(farthest);
+  Sequence<CanvasPoint> right;
+  Sequence<CanvasPoint> left;
+  Sequence<CanvasPoint> lower;
+  const auto all = [](const Sequence<CanvasPoint>& some) {
+    return std::span<const CanvasPoint>(some.begin(), some.Size());
+  };
+  return ClipToSide(points, sides[0], right) && ClipToSide(all(right), sides[1], left) &&
+         ClipToSide(all(left), sides[2], lower) && ClipToSide(all(lower), sides[3], clipped);
+}
+
+}  // namespace korvel

@@ -1,0 +1,143 @@
+// The reduction of every object's colour to red, green, blue and transparency. Palettes are looked
+// up here; what is drawn in a colour is left to the drawing files.
+#include "appearance/colours.h"
+
+#include <string_view>
+#include <utility>
+
+#include "appearance/content_path.h"
+#include "platform/canvases.h"
+#include "platform/files.h"
+
+namespace korvel {
+
+namespace {
+
+constexpr DrawnColour kWhite = 0xFFFFFF00;
+constexpr DrawnColour kBlack = 0x00000000;
+
+// A palette is a row of such entries: red, green, blue, transparency.
+constexpr std::size_t kPaletteEntryBytes = 4;
+
+DrawnColour Pack(std::string_view bytes) noexcept {
+  DrawnColour colour = 0;
+  for (const char byte : bytes) colour = colour << 8 | static_cast<unsigned char>(byte);
+  return colour;
+}
+
+// A palette outside the numbers that object lookup serves: it is looked for here.
+Palette* FindPalette(const Group* group, std::string_view name, std::int32_t number) noexcept {
+  if (group == nullptr) return nullptr;
+  if (WithoutTilde(group->Reference.GroupIdentifier.View()) != WithoutTilde(name)) return nullptr;
+  for (const Item& item : group->Items) {
+    if (item.Type() == ItemType::Palette && item.Record()->Reference.Number == number) {
+      return &item.As<Palette>();
+    }
+  }
+  return nullptr;
+}
+
+Palette* FirstPalette(const Application* application) noexcept {
+  if (application == nullptr) return nullptr;
+  for (const Item& item : application->Items) {
+    if (item.Type() == ItemType::Palette) return &item.As<Palette>();
+  }
+  return nullptr;
+}
+
+// The palette that the object names, or the application's when it names none.
+Palette* PaletteOf(const Visible& visible, const RunningGroups& groups) noexcept {
+  if (!visible.PaletteRef.IsPresent) return FirstPalette(groups.application);
+  const ObjectReference& reference = visible.PaletteRef.Reference;
+  std::string_view name = reference.GroupIdentifier.View();
+  if (!reference.GroupIdentifier.IsPresent() && visible.owner != nullptr) {
+    name = visible.owner->Reference.GroupIdentifier.View();
+  }
+  Palette* palette = FindPalette(groups.scene, name, reference.Number);
+  if (palette != nullptr) return palette;
+  return FindPalette(groups.application, name, reference.Number);
+}
+
+[[nodiscard]] bool ReadEntry(std::string_view entries, std::int32_t index,
+                             DrawnColour& colour) noexcept {
+  if (index < 0 || static_cast<std::size_t>(index) >= entries.size() / kPaletteEntryBytes) {
+    return false;
+  }
+  const std::size_t offset = static_cast<std::size_t>(index) * kPaletteEntryBytes;
+  colour = Pack(entries.substr(offset, kPaletteEntryBytes));
+  return true;
+}
+
+// The file is read when a colour is first looked up, and its bytes become the palette's run-time
+// content. A missing file is requested again. A palette that nothing has prepared still has
+// its original content.
+[[nodiscard]] bool ReadPalette(Palette& palette, std::int32_t index, DrawnColour& colour) noexcept {
+  const ContentBody& content =
+      palette.Content.Data.IsPresent() ? palette.Content : palette.OriginalContent;
+  if (!content.IsReferenced) return ReadEntry(content.Data.View(), index, colour);
+  OctetString path;
+  OctetString entries;
+  if (!ContentPath(content.Data.View(), path) || FetchFile(path.View(), &entries) != Status::Done) {
+    return false;
+  }
+  palette.Content.Data = std::move(entries);
+  palette.Content.IsReferenced = false;
+  return ReadEntry(palette.Content.Data.View(), index, colour);
+}
+
+// The one reduction. False when the colour is not set; `reduced` is then unchanged.
+[[nodiscard]] bool Reduce(const ColourValue& colour, const Visible& visible,
+                          const RunningGroups& groups, DrawnColour& reduced) noexcept {
+  if (colour.Kind == ValueKind::Integer) {
+    if (colour.Index < 0) return false;
+    Palette* palette = PaletteOf(visible, groups);
+    return palette != nullptr && ReadPalette(*palette, colour.Index, reduced);
+  }
+  if (colour.Kind != ValueKind::OctetString) return false;
+  const std::string_view bytes = colour.Absolute.View();
+  if (bytes.size() != 3 && bytes.size() != 4) return false;
+  reduced = bytes.size() == 4 ? Pack(bytes) : Pack(bytes) << 8;  // three bytes are opaque
+  return true;
+}
+
+DrawnColour ReduceOr(const ColourValue& colour, const Visible& visible, const RunningGroups& groups,
+                     DrawnColour unset) noexcept {
+  static_cast<void>(Reduce(colour, visible, groups, unset));
+  return unset;
+}
+
+DrawnColour ReduceOr(const ColourValue& colour, const Visible& visible, const RunningGroups& groups,
+                     ColourValue DefaultAttributes::*applications, DrawnColour unset) noexcept {
+  if (Reduce(colour, visible, groups, unset) || groups.application == nullptr) return unset;
+  return ReduceOr(groups.application->Defaults.*applications, visible, groups, unset);
+}
+
+}  // namespace
+
+DrawnColour TextColourOf(const Text& text, const RunningGroups& groups) noexcept {
+  return ReduceOr(text.TextColour, text, groups, &DefaultAttributes::TextColour, kWhite);
+}
+
+DrawnColour BackgroundColourOf(const Text& text, const RunningGroups& groups) noexcept {
+  return ReduceOr(text.BackgroundColour, text, groups, &DefaultAttributes::BackgroundColour,
+                  kTransparentColour);
+}
+
+DrawnColour SliderColourOf(const Slider& slider, const RunningGroups& groups) noexcept {
+  return ReduceOr(slider.SliderRefColour, slider, groups, &DefaultAttributes::SliderRefColour,
+                  kWhite);
+}
+
+DrawnColour LineColourOf(const LineArt& lineArt, const RunningGroups& groups) noexcept {
+  return ReduceOr(lineArt.RefLineColour, lineArt, groups, kBlack);
+}
+
+DrawnColour FillColourOf(const LineArt& lineArt, const RunningGroups& groups) noexcept {
+  return ReduceOr(lineArt.RefFillColour, lineArt, groups, kTransparentColour);
+}
+
+DrawnColour OriginalFillColourOf(const LineArt& lineArt, const RunningGroups& groups) noexcept {
+  return ReduceOr(lineArt.OriginalRefFillColour, lineArt, groups, kTransparentColour);
+}
+
+}  // namespace korvel

@@ -1,0 +1,39 @@
+// From the colours that objects carry to the one form that drawing uses. An object's colour may be
+// absolute, an index into a palette, or not set. A colour that is not set comes from the running
+// application, and if that does not set it either, each function says which one is used.
+#pragma once
+
+#include "objects/group.h"
+#include "objects/visibles.h"
+#include "platform/canvases.h"
+
+namespace korvel {
+
+// White if nothing sets it.
+[[nodiscard]] DrawnColour TextColourOf(const Text& text, const RunningGroups& groups) noexcept;
+// Transparent if nothing sets it.
+[[nodiscard]] DrawnColour BackgroundColourOf(const Text& text,
+                                             const RunningGroups& groups) noexcept;
+// White if nothing sets it.
+[[nodiscard]] DrawnColour SliderColourOf(const Slider& slider,
+                                         const RunningGroups& groups) noexcept;
+
+// The current colours of line art; black lines and no fill if the object does not set them. The
+// application has no such defaults.
+[[nodiscard]] DrawnColour LineColourOf(const LineArt& lineArt,
+                                       const RunningGroups& groups) noexcept;
+[[nodiscard]] DrawnColour FillColourOf(const LineArt& lineArt,
+                                       const RunningGroups& groups) noexcept;
+
+// The fill colour of the content, which actions do not change.
+[[nodiscard]] DrawnColour OriginalFillColourOf(const LineArt& lineArt,
+                                               const RunningGroups& groups) noexcept;
+
+inline constexpr DrawnColour kTransparencyByte = 0xFF;
+
+// Whether anything that is drawn in the colour can be seen.
+[[nodiscard]] constexpr bool IsSeen(DrawnColour colour) noexcept {
+  return (colour & kTransparencyByte) != kTransparencyByte;
+}
+
+}  // namespace korvel

@@ -1,0 +1,30 @@
+// Widths within bounds, and the lengths of dashes.
+#include "appearance/line_attributes.h"
+
+#include "appearance/geometry.h"
+#include "objects/limits.h"
+
+namespace korvel {
+
+std::int32_t DrawnWidth(const LineAttributes& line) noexcept {
+  return line.Width < 0 ? 0 : NearCoordinate(line.Width);
+}
+
+Dashes DashesOf(const LineAttributes& line) noexcept {
+  switch (line.Style) {
+  case 2: return Dashes::Long;
+  case 3: return Dashes::Short;
+  default: return Dashes::None;
+  }
+}
+
+std::int32_t DashPeriod(const LineAttributes& line) noexcept {
+  const Dashes dashes = DashesOf(line);
+  return dashes == Dashes::None ? 0 : (static_cast<std::int32_t>(dashes) + 1) * DrawnWidth(line);
+}
+
+bool HasTooManyDashes(const LineAttributes& line, double length) noexcept {
+  return DashPeriod(line) > 0 && length > kMostDashes * DashPeriod(line);
+}
+
+}  // namespace korvel

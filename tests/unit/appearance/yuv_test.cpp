@@ -1,0 +1,67 @@
+// The colours of planar frames, sides of one pixel and odd ones included.
+#include "appearance/yuv.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace korvel::test {
+
+std::uint32_t PixelAt(const PlanarFrame& frame, std::int32_t column, std::int32_t row) {
+  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(frame.Size().Width));
+  frame.ConvertRow(row, pixels.data());
+  return pixels[static_cast<std::size_t>(column)];
+}
+
+// The colour of a frame of one pair of rows whose samples are all the same.
+std::uint32_t ColourOf(std::uint8_t y, std::uint8_t u, std::uint8_t v) {
+  const PlanarFrame frame({2, 2});
+  std::uint8_t* bytes = frame.Bytes();
+  for (int luma = 0; luma < 4; ++luma) *bytes++ = y;
+  *bytes++ = u;
+  *bytes = v;
+  return PixelAt(frame, 1, 1);
+}
+
+TEST(PlanarFrame, luma_alone_is_grey_between_16_and_235) {
+  EXPECT_EQ(ColourOf(16, 128, 128), 0xFF000000U);
+  EXPECT_EQ(ColourOf(235, 128, 128), 0xFFFEFEFEU);
+  EXPECT_EQ(ColourOf(0, 128, 128), 0xFF000000U);
+  EXPECT_EQ(ColourOf(255, 128, 128), 0xFFFFFFFFU);
+}
+
+TEST(PlanarFrame, chroma_is_worked_in_fractions_and_cut_off) {
+  // 1.164 * 84 = 97.776; 1.596 * 10 = 15.96; 0.813 * 10 + 0.391 * 20 = 15.95; 2.018 * 20 = 40.36
+  EXPECT_EQ(ColourOf(100, 148, 138), 0xFF000000U | 113U << 16 | 81U << 8 | 138U);
+}
+
+TEST(PlanarFrame, the_last_row_and_column_of_an_odd_size_share_the_chroma_before_them) {
+  const PlanarFrame frame({3, 3});
+  for (int sample = 0; sample < 9; ++sample) frame.Bytes()[sample] = 126;
+  frame.Bytes()[9] = 128;
+  frame.Bytes()[10] = 255;
+  EXPECT_EQ(PixelAt(frame, 2, 2), PixelAt(frame, 0, 0));
+}
+
+TEST(PlanarFrame, there_is_room_for_the_largest_frame_of_a_sequence_header) {
+  const PlanarFrame frame({2, 2});
+  std::fill_n(frame.Bytes(), std::size_t{4096} * 4096 * 3 / 2, std::uint8_t{128});
+  EXPECT_EQ(PixelAt(frame, 1, 1), 0xFF828282U);
+}
+
+TEST(PlanarFrame, is_untouched_until_a_luma_sample_is_written) {
+  const PlanarFrame frame({4, 2});
+  EXPECT_TRUE(frame.IsUntouched());
+  frame.Bytes()[8] = 128;
+  EXPECT_TRUE(frame.IsUntouched()) << "chroma";
+  frame.Bytes()[7] = 16;
+  EXPECT_FALSE(frame.IsUntouched());
+}
+
+TEST(PlanarFrame, a_frame_of_one_pixel_is_survived) {
+  const PlanarFrame frame({1, 1});
+  EXPECT_EQ(PixelAt(frame, 0, 0) >> 24, 0xFFU);
+}
+
+}  // namespace korvel::test

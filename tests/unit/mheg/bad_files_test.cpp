@@ -1,0 +1,186 @@
+// Inputs and outputs that are not what the tool hopes for. Each ends in one message and an exit
+// status.
+#include <unistd.h>
+
+#include "unit/mheg/tool.h"
+
+namespace mheg {
+namespace {
+
+TEST_F(Tool, a_folder_is_no_input) {
+  fs::create_directory(folder_ / "menu");
+  for (const char* command : {"compile menu -o x", "decompile menu -o x", "dump menu"}) {
+    const ToolOutcome run = Call(command);
+    EXPECT_EQ(run.status, 1) << command;
+    EXPECT_EQ(run.output, "menu: is a folder\n") << command;
+  }
+  EXPECT_FALSE(Exists("x"));
+}
+
+// Address 0 of a process is not mapped, so reading its memory fails for every user.
+TEST_F(Tool, an_error_while_reading_is_reported) {
+  for (const char* arguments : {"compile /proc/self/mem -o x", "dump /proc/self/mem"}) {
+    const ToolOutcome run = Call(arguments);
+    EXPECT_EQ(run.status, 1) << arguments;
+    EXPECT_EQ(run.output, "/proc/self/mem: cannot be read\n") << arguments;
+  }
+}
+
+TEST_F(Tool, an_endless_file_is_refused) {
+  const ToolOutcome run = Call("dump /dev/zero");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.output, "/dev/zero: is longer than 128 MiB\n");
+}
+
+TEST_F(Tool, an_empty_file_is_refused) {
+  Write("s.mheg", "");
+  for (const char* command : {"compile s.mheg -o x", "decompile s.mheg -o x", "dump s.mheg"}) {
+    const ToolOutcome run = Call(command);
+    EXPECT_EQ(run.status, 1) << command;
+    EXPECT_EQ(run.output, "s.mheg:1:1: found the end of the text, expected {\n") << command;
+  }
+}
+
+TEST_F(Tool, a_file_of_100_megabytes_is_refused_for_its_form) {
+  Write("s.mheg", "");
+  fs::resize_file(folder_ / "s.mheg", 100000000);
+  ToolOutcome run = Call("compile s.mheg -o x");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.output.find("a text has at most 65535 bytes\n"), std::string::npos) << run.output;
+  Write("s", "\xA1\x84\x7F\xFF\xFF\xFF");  // a scene that is even longer
+  fs::resize_file(folder_ / "s", 100000000);
+  run = Call("decompile s -o x");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.output.rfind("s: byte ", 0), 0U) << run.output;
+}
+
+TEST_F(Tool, names_that_no_file_can_have_are_reported_by_check_as_missing) {
+  const std::string name = "~/" + std::string(300, 'x');
+  Write("s.mheg", "{:Scene 0 :Items ({:Bitmap 1 :OrigBoxSize 1 1 :OrigContent :ContentRef \"" +
+                      name + "\"}) :OnStartUp (:TransitionTo((\"" + name + "\" 0)))}");
+  const ToolOutcome run = Call("check s.mheg");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.output, "s.mheg: object 0: refers to the group " + name +
+                            ", which is not there\ns.mheg: object 1: takes content from " + name +
+                            ", which is not there\n");
+}
+
+TEST_F(Tool, check_skips_a_symbolic_link_to_itself) {
+  fs::create_symlink("loop", folder_ / "loop");
+  fs::create_symlink("loop.mheg", folder_ / "loop.mheg");
+  Write("s.mheg", kScene);
+  const ToolOutcome run = Call("check .");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output, "");
+}
+
+TEST_F(Tool, a_folder_without_groups_is_reported_by_check) {
+  fs::create_directory(folder_ / "empty");
+  Write("picture.png", "\x89PNG");
+  Write("notes", "text");
+  const ToolOutcome run = Call("check . empty");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.output, ".: has no groups\nempty: has no groups\n");
+}
+
+TEST_F(Tool, check_reports_files_it_may_not_read_and_checks_the_rest) {
+  fs::create_directories(folder_ / "closed");
+  Write("closed/t.mheg", kScene);
+  Write("ber", "\xA1");
+  Write("s.mheg", "{:Scene 0 :OnStartUp (:Run(5))}");
+  for (const char* name : {"closed", "ber"}) fs::permissions(folder_ / name, fs::perms::none);
+  // An administrator may read everything, unless this is taken away.
+  const std::string restricted =
+      geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search " : "";
+  const ToolOutcome run = Call("check .", restricted);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.output, "./closed: cannot be read\n./ber: cannot be read\n"
+                        "./s.mheg: object 0: refers to object 5, which does not exist\n");
+  EXPECT_EQ(Call("check closed", restricted).output, "closed: cannot be read\n");
+  fs::permissions(folder_ / "closed", fs::perms::owner_all);
+}
+
+TEST_F(Tool, the_input_is_never_the_output) {
+  Write("s", kScene);
+  Write("t.mheg", kScene);
+  fs::create_symlink("s", folder_ / "link");
+  fs::create_hard_link(folder_ / "s", folder_ / "twin");
+  for (const char* output : {"s", "./s", ".", "link", "twin"}) {
+    const ToolOutcome run = Call(std::string("compile s -o ") + output);
+    EXPECT_EQ(run.status, 2) << output;
+    EXPECT_NE(run.output.find("is an input and would be overwritten"), std::string::npos)
+        << run.output;
+    EXPECT_EQ(File("s"), kScene) << output;
+  }
+  ASSERT_EQ(Call("compile t.mheg -o ber").status, 0);
+  EXPECT_EQ(Call("decompile ber -o t.mheg").status, 0);
+  Write("t", File("ber"));
+  EXPECT_EQ(Call("decompile t t.mheg -o .").status, 2) << "the output of the one is the other";
+}
+
+TEST_F(Tool, two_inputs_are_not_written_to_one_file) {
+  Write("s", kScene);
+  Write("s.mheg", kScene);
+  const ToolOutcome run = Call("compile s s.mheg -o out/");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.output, "mheg: out/s: would be written twice\n");
+  EXPECT_FALSE(Exists("out/s"));
+}
+
+TEST_F(Tool, outputs_that_cannot_be_written_are_reported) {
+  Write("s.mheg", kScene);
+  Write("file", "");
+  const std::string longName(300, 'x');
+  for (const std::string& output :
+       {std::string("missing/s"), std::string("/dev/full"), std::string("file/s"), longName}) {
+    const ToolOutcome run = Call("compile s.mheg -o " + output);
+    EXPECT_EQ(run.status, 1) << output;
+    EXPECT_EQ(run.output, output + ": cannot be written\n");
+  }
+  for (const std::string& output : {std::string("file/"), longName + "/"}) {
+    const ToolOutcome run = Call("compile s.mheg -o " + output);
+    EXPECT_EQ(run.status, 1) << output;
+    EXPECT_EQ(run.output, output + ": cannot be made\n");
+  }
+  EXPECT_EQ(Call("compile s.mheg s.mheg -o " + longName).status, 2);
+}
+
+TEST_F(Tool, a_standard_output_that_is_closed_or_full_is_an_error) {
+  Write("s.mheg", kScene);
+  for (const char* output : {" >/dev/full", " >&-"}) {
+    for (const char* command : {"dump s.mheg", "--help", "check --help"}) {
+      const ToolOutcome run = Call(std::string(command) + output);
+      EXPECT_EQ(run.status, 1) << command << output;
+      EXPECT_EQ(run.output, "mheg: the standard output cannot be written\n") << command << output;
+    }
+    EXPECT_EQ(Call(std::string("compile s.mheg -o s") + output).status, 0) << "it prints nothing";
+  }
+}
+
+constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
+
+TEST_F(Tool, a_byte_order_mark_before_a_text_is_skipped) {
+  Write("plain.mheg", kScene);
+  Write("marked.mheg", std::string(kByteOrderMark) + kScene);
+  const ToolOutcome run = Call("compile plain.mheg marked.mheg -o out/");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output, "");
+  EXPECT_EQ(File("out/marked"), File("out/plain"));
+}
+
+TEST_F(Tool, columns_are_counted_after_a_byte_order_mark) {
+  Write("marked.mheg", std::string(kByteOrderMark) + "{:Scene 0 :Items ({:Text 1})}");
+  EXPECT_EQ(Call("compile marked.mheg -o x").output, "marked.mheg:1:19: Text lacks :OrigBoxSize\n");
+  Write("marked.mheg", std::string(kByteOrderMark) + "{:Scene }");
+  EXPECT_EQ(Call("compile marked.mheg -o x").output,
+            "marked.mheg:1:9: in Scene: found }, expected an object number or (group number)\n");
+}
+
+TEST_F(Tool, a_text_of_the_greatest_length_may_have_a_byte_order_mark) {
+  const std::string text = kScene;
+  Write("marked.mheg", kByteOrderMark + text + std::string(65535 - text.size(), ' '));
+  EXPECT_EQ(Call("compile marked.mheg -o x").output, "");
+}
+
+}  // namespace
+}  // namespace mheg

@@ -1,0 +1,31 @@
+// The functions of the system as one module of the process sees them.
+#pragma once
+
+#include <windows.h>
+
+#include <string_view>
+
+namespace korvel::test {
+
+// While it lives, calls of the module to an imported function go to another function of the same
+// signature. Other modules keep the system's own.
+class ReplacedImport {
+ public:
+  template <class Function>
+  ReplacedImport(HMODULE module, std::string_view name, Function* function)
+      : ReplacedImport(module, name, reinterpret_cast<ULONG_PTR>(function)) {}
+  ReplacedImport(const ReplacedImport&) = delete;
+  ReplacedImport& operator=(const ReplacedImport&) = delete;
+  ~ReplacedImport();
+
+  // Whether the module imports such a function at all.
+  [[nodiscard]] bool IsInPlace() const { return place_ != nullptr; }
+
+ private:
+  ReplacedImport(HMODULE module, std::string_view name, ULONG_PTR function);
+
+  ULONG_PTR* place_;
+  ULONG_PTR original_ = 0;
+};
+
+}  // namespace korvel::test

@@ -1,0 +1,65 @@
+// Collecting what actions do for links.
+#include "mheg/check/link_deeds.h"
+
+#include "mheg/check/walk.h"
+
+namespace mheg {
+namespace {
+
+using namespace korvel;
+
+class DeedCollector : public GroupVisitor {
+ public:
+  explicit DeedCollector(std::string_view groupName) : groupName_(groupName) {}
+
+  void VisitAction(const ElementaryAction& action) override {
+    switch (static_cast<Action>(action.ActionType)) {
+    case Action::Activate: return Add(action.Target, deeds.activated);
+    case Action::Deactivate: return Add(action.Target, deeds.deactivated);
+    case Action::SendEvent: deeds.sendsEvents = true; return;
+    default: return;
+    }
+  }
+
+  LinkDeeds deeds;
+
+ private:
+  void Add(const GenericValue& target, LinkTargets& targets) const {
+    targets.areAny = targets.areAny || target.Kind == ValueKind::IndirectReference;
+    const OctetString& group = target.Reference.GroupIdentifier;
+    targets.links.emplace(BareName(group.IsPresent() ? group.View() : groupName_),
+                          target.Reference.Number);
+  }
+
+  std::string_view groupName_;
+};
+
+}  // namespace
+
+void LinkTargets::Add(const LinkTargets& others) {
+  links.insert(others.links.begin(), others.links.end());
+  areAny = areAny || others.areAny;
+}
+
+bool LinkTargets::MayBe(std::string_view group, std::int32_t number) const {
+  return areAny || links.contains({BareName(group), number});
+}
+
+void LinkDeeds::Add(const LinkDeeds& others) {
+  activated.Add(others.activated);
+  deactivated.Add(others.deactivated);
+  sendsEvents = sendsEvents || others.sendsEvents;
+}
+
+LinkDeeds DeedsOf(const Group& group) {
+  DeedCollector collector(group.Reference.GroupIdentifier.View());
+  Walk(group, collector);
+  return std::move(collector.deeds);
+}
+
+std::string_view BareName(std::string_view name) {
+  if (name.starts_with('~')) name.remove_prefix(1);
+  return name;
+}
+
+}  // namespace mheg

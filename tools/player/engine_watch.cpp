@@ -1,0 +1,98 @@
+// The worker looks for queued work every 10 ms and sleeps in between. All reading, acting and
+// painting is done between two such sleeps, so counting them shows when it has nothing to do: the
+// library's import of Sleep is replaced by a function that counts. A hook of the window's thread
+// sees the messages. The engine notices neither.
+#include "player/engine_watch.h"
+
+#include <atomic>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+
+namespace player {
+namespace {
+
+constexpr DWORD kIdleSleepMs = 10;
+constexpr UINT kMarkMessage = WM_NULL;  // means nothing to a window
+constexpr unsigned kNoMark = 0;
+
+struct WatchState {
+  std::atomic<unsigned> lastMark = kNoMark;
+  std::atomic<unsigned> idleLooks = 0;
+  std::uintptr_t idleStack = 0;   // worker only: where its stack ends while it is idle
+  unsigned postedMark = kNoMark;  // host's thread only
+};
+
+WatchState watch;
+
+// Within its work the worker may sleep as long, for a file that another process holds. That is
+// deeper in its stack, which grows downwards, than the loop that looks for work.
+void WINAPI SleepAndCount(DWORD milliseconds) {
+  const auto stack = std::bit_cast<std::uintptr_t>(&milliseconds);
+  if (milliseconds == kIdleSleepMs && stack >= watch.idleStack) {
+    watch.idleStack = stack;
+    ++watch.idleLooks;
+  }
+  Sleep(milliseconds);
+}
+
+LRESULT CALLBACK SeeMessage(int code, WPARAM removal, LPARAM parameter) {
+  const MSG& message = *std::bit_cast<const MSG*>(parameter);
+  if (code == HC_ACTION && removal == PM_REMOVE && message.message == kMarkMessage &&
+      message.wParam != kNoMark) {
+    watch.lastMark = static_cast<unsigned>(message.wParam);
+  }
+  return CallNextHookEx(nullptr, code, removal, parameter);
+}
+
+template <typename Part>
+Part* PartOf(HMODULE library, std::size_t offset) {
+  return std::bit_cast<Part*>(std::bit_cast<std::byte*>(library) + offset);
+}
+
+// Where the library keeps the address of a function that it imports; null when it does not.
+FARPROC* FindImport(HMODULE library, FARPROC function) {
+  const auto start = PartOf<const IMAGE_DOS_HEADER>(library, 0)->e_lfanew;
+  const auto* headers = PartOf<const IMAGE_NT_HEADERS>(library, static_cast<std::size_t>(start));
+  const auto& imports = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+  const auto* from = PartOf<const IMAGE_IMPORT_DESCRIPTOR>(library, imports.VirtualAddress);
+  for (; from->FirstThunk != 0; ++from) {
+    for (auto* slot = PartOf<FARPROC>(library, from->FirstThunk); *slot != nullptr; ++slot) {
+      if (*slot == function) return slot;
+    }
+  }
+  return nullptr;
+}
+
+bool ReplaceImport(FARPROC& slot, FARPROC function) {
+  DWORD before = 0;
+  if (VirtualProtect(&slot, sizeof slot, PAGE_READWRITE, &before) == 0) return false;
+  slot = function;
+  return VirtualProtect(&slot, sizeof slot, before, &before) != 0;
+}
+
+}  // namespace
+
+bool WatchWorker() {
+  const HMODULE library = GetModuleHandleA("korvel.dll");
+  const HMODULE system = GetModuleHandleA("kernel32.dll");
+  if (library == nullptr || system == nullptr) return false;
+  FARPROC* const sleep = FindImport(library, GetProcAddress(system, "Sleep"));
+  return sleep != nullptr && ReplaceImport(*sleep, std::bit_cast<FARPROC>(&SleepAndCount));
+}
+
+bool WatchWindow(HWND engineWindow) {
+  const DWORD thread = GetWindowThreadProcessId(engineWindow, nullptr);
+  return SetWindowsHookExA(WH_GETMESSAGE, SeeMessage, nullptr, thread) != nullptr;
+}
+
+unsigned PostMark(HWND engineWindow) {
+  PostMessageA(engineWindow, kMarkMessage, ++watch.postedMark, 0);
+  return watch.postedMark;
+}
+
+EngineSight SightOfEngine(HWND engineWindow) {
+  return {watch.lastMark, watch.idleLooks, GetUpdateRect(engineWindow, nullptr, FALSE) == 0};
+}
+
+}  // namespace player

@@ -9,23 +9,23 @@ namespace {
 
 // The variable that a parameter names, when it is of the class; else null.
 template <class Variable>
-Variable* FindVariable(const Arguments& arguments, std::size_t place, ItemType type) noexcept {
+Variable* FindVariable(const Arguments& arguments, std::size_t place, ItemType type) {
   const FoundObject found = Find(arguments, arguments.Reference(place));
   return found.Type == type ? &found.As<Variable>() : nullptr;
 }
 
-IntegerVariable* FindInteger(const Arguments& arguments, std::size_t place) noexcept {
+IntegerVariable* FindInteger(const Arguments& arguments, std::size_t place) {
   return FindVariable<IntegerVariable>(arguments, place, ItemType::IntegerVariable);
 }
 
 }  // namespace
 
-Status RaiseFrom(const Ingredient& object, EventType type, EventData data) noexcept {
+Status RaiseFrom(const Ingredient& object, EventType type, EventData data) {
   if (RaiseEvent(object, type, data) == Status::Failure) return Status::Failure;
   return IsGone(object) ? Status::Replaced : Status::Done;
 }
 
-Status RaiseEngineEvent(std::int32_t number) noexcept {
+Status RaiseEngineEvent(std::int32_t number) {
   const Application* application = CurrentApplication();
   if (application == nullptr) return Status::Refused;
   const Status status =
@@ -33,55 +33,55 @@ Status RaiseEngineEvent(std::int32_t number) noexcept {
   return status == Status::Failure ? Status::Failure : Status::Done;
 }
 
-Status RedrawIfRunning(const Ingredient& object) noexcept {
+Status RedrawIfRunning(const Ingredient& object) {
   if (!object.RunningStatus) return Status::Done;
   if (RequestRedraw() == Status::Failure) return Status::Failure;
   return IsGone(object) ? Status::Replaced : Status::Done;
 }
 
-Status SetValue(BooleanVariable& variable, bool value) noexcept {
+Status SetValue(BooleanVariable& variable, bool value) {
   if (!variable.AvailabilityStatus) return Status::Refused;
   variable.Value = value;
   return Status::Done;
 }
 
-Status SetValue(IntegerVariable& variable, std::int32_t value) noexcept {
+Status SetValue(IntegerVariable& variable, std::int32_t value) {
   if (!variable.AvailabilityStatus) return Status::Refused;
   variable.Value = value;
   return Status::Done;
 }
 
-Status SetValue(OctetStringVariable& variable, OctetString value) noexcept {
+Status SetValue(OctetStringVariable& variable, OctetString value) {
   if (!variable.AvailabilityStatus) return Status::Refused;
   variable.Value = std::move(value);
   return Status::Done;
 }
 
-Status SetValue(ObjectRefVariable& variable, ObjectReference value) noexcept {
+Status SetValue(ObjectRefVariable& variable, ObjectReference value) {
   if (!variable.AvailabilityStatus) return Status::Refused;
   variable.Value = std::move(value);
   return Status::Done;
 }
 
-Status SetValue(ContentRefVariable& variable, OctetString path) noexcept {
+Status SetValue(ContentRefVariable& variable, OctetString path) {
   if (!variable.AvailabilityStatus) return Status::Refused;
   variable.Value.Path = std::move(path);
   variable.Content.Data.Clear();  // what was fetched belongs to the old path
   return Status::Done;
 }
 
-Status AnswerBoolean(const Arguments& arguments, std::size_t place, bool value) noexcept {
+Status AnswerBoolean(const Arguments& arguments, std::size_t place, bool value) {
   auto* variable = FindVariable<BooleanVariable>(arguments, place, ItemType::BooleanVariable);
   return variable == nullptr ? Status::Refused : SetValue(*variable, value);
 }
 
-Status AnswerInteger(const Arguments& arguments, std::size_t place, std::int32_t value) noexcept {
+Status AnswerInteger(const Arguments& arguments, std::size_t place, std::int32_t value) {
   IntegerVariable* variable = FindInteger(arguments, place);
   return variable == nullptr ? Status::Refused : SetValue(*variable, value);
 }
 
 Status AnswerOctets(const Arguments& arguments, std::size_t place, std::string_view value,
-                    const char* message) noexcept {
+                    const char* message) {
   auto* variable =
       FindVariable<OctetStringVariable>(arguments, place, ItemType::OctetStringVariable);
   if (variable == nullptr) return Status::Refused;
@@ -94,7 +94,7 @@ Status AnswerOctets(const Arguments& arguments, std::size_t place, std::string_v
 }
 
 Status AnswerReference(const Arguments& arguments, std::size_t place,
-                       const ObjectReference& value) noexcept {
+                       const ObjectReference& value) {
   auto* variable = FindVariable<ObjectRefVariable>(arguments, place, ItemType::ObjectRefVariable);
   if (variable == nullptr) return Status::Refused;
   ObjectReference copy;
@@ -102,7 +102,7 @@ Status AnswerReference(const Arguments& arguments, std::size_t place,
   return SetValue(*variable, std::move(copy));
 }
 
-Status AnswerPair(const Arguments& arguments, std::int32_t first, std::int32_t second) noexcept {
+Status AnswerPair(const Arguments& arguments, std::int32_t first, std::int32_t second) {
   IntegerVariable* const one = FindInteger(arguments, 0);
   IntegerVariable* const other = FindInteger(arguments, 1);
   if (one == nullptr || other == nullptr) return Status::Refused;

@@ -7,12 +7,12 @@ namespace {
 
 constexpr std::int32_t kMostTransparent = 100;  // per cent
 
-Bitmap& TargetOf(const Arguments& arguments) noexcept { return arguments.Target.As<Bitmap>(); }
+Bitmap& TargetOf(const Arguments& arguments) { return arguments.Target.As<Bitmap>(); }
 
 }  // namespace
 
 // Unlike the other actions it asks for a redraw whether or not the bitmap is running.
-Status ScaleBitmap(const Arguments& arguments) noexcept {
+Status ScaleBitmap(const Arguments& arguments) {
   Bitmap& bitmap = TargetOf(arguments);
   const BoxSize size{arguments.Integer(0), arguments.Integer(1)};
   if (!bitmap.AvailabilityStatus || size.Width < 0 || size.Height < 0) return Status::Refused;
@@ -20,7 +20,7 @@ Status ScaleBitmap(const Arguments& arguments) noexcept {
   return RequestRedraw();
 }
 
-Status SetTransparency(const Arguments& arguments) noexcept {
+Status SetTransparency(const Arguments& arguments) {
   Bitmap& bitmap = TargetOf(arguments);
   const std::int32_t transparency = arguments.Integer(0);
   const bool isInRange = transparency >= 0 && transparency <= kMostTransparent;
@@ -29,12 +29,12 @@ Status SetTransparency(const Arguments& arguments) noexcept {
   return RedrawIfRunning(bitmap);
 }
 
-Status GetBitmapDecodeOffset(const Arguments& arguments) noexcept {
+Status GetBitmapDecodeOffset(const Arguments& arguments) {
   const Position& offset = TargetOf(arguments).DecodeOffset;
   return AnswerPair(arguments, offset.X, offset.Y);
 }
 
-Status SetBitmapDecodeOffset(const Arguments& arguments) noexcept {
+Status SetBitmapDecodeOffset(const Arguments& arguments) {
   TargetOf(arguments).DecodeOffset = {arguments.Integer(0), arguments.Integer(1)};
   return Status::Done;
 }

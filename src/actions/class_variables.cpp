@@ -9,13 +9,13 @@
 namespace korvel {
 namespace {
 
-void ForgetIfIn(const Group& group, FoundObject& kept) noexcept {
+void ForgetIfIn(const Group& group, FoundObject& kept) {
   if (kept && kept.As<Ingredient>().owner == &group) kept = {};
 }
 
 }  // namespace
 
-ClassVariables& CurrentClassVariables() noexcept {
+ClassVariables& CurrentClassVariables() {
   // Never destroyed: the process may end while the engine runs, and then nothing may be touched any
   // more.
   alignas(ClassVariables) static std::byte storage[sizeof(ClassVariables)];
@@ -23,9 +23,9 @@ ClassVariables& CurrentClassVariables() noexcept {
   return *variables;
 }
 
-void ResetClassVariables() noexcept { CurrentClassVariables() = ClassVariables(); }
+void ResetClassVariables() { CurrentClassVariables() = ClassVariables(); }
 
-void ForgetGroup(const Group& group) noexcept {
+void ForgetGroup(const Group& group) {
   ForgetIfIn(group, CurrentClassVariables().HighlightedObject);
   ForgetIfIn(group, CurrentClassVariables().InteractingObject);
 }

@@ -14,6 +14,6 @@ struct ClassVariables {
   std::size_t chosenAnchor = 0;   // the anchor that an interacting hyper text stands at
 };
 
-[[nodiscard]] ClassVariables& CurrentClassVariables() noexcept;
+[[nodiscard]] ClassVariables& CurrentClassVariables();
 
 }  // namespace korvel

@@ -5,7 +5,7 @@
 
 namespace korvel {
 
-Status ReadColour(const Arguments& arguments, ColourValue& colour) noexcept {
+Status ReadColour(const Arguments& arguments, ColourValue& colour) {
   GenericValue value;
   const Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::Fetch, value);
   if (status != Status::Done) return status;

@@ -14,7 +14,7 @@ namespace {
 constexpr std::int32_t kContentError = 3;  // the engine event of content that cannot be fetched
 
 // An optional number behind a content reference.
-Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& number) noexcept {
+Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& number) {
   GenericValue value;
   const Status status =
       ReadValueOfKind(arguments, arguments.Given->At(place), ValueKind::Integer, value);
@@ -24,7 +24,7 @@ Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& n
 
 // What the action says about the new content. A content reference variable is loaded first, as by
 // every reading; the object is given its path.
-Status ReadContent(const Arguments& arguments, ContentBody& content) noexcept {
+Status ReadContent(const Arguments& arguments, ContentBody& content) {
   GenericValue value;
   Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::Fetch, value);
   if (status != Status::Done) return status;
@@ -36,7 +36,7 @@ Status ReadContent(const Arguments& arguments, ContentBody& content) noexcept {
   return status == Status::Done ? ReadNumber(arguments, 2, content.CachePriority) : status;
 }
 
-Status TakeIncludedText(Text& text) noexcept {
+Status TakeIncludedText(Text& text) {
   const OctetString& content = text.Content.Data;
   if (!text.TextData.Assign(content.View())) {
     std::fputs("Can't allocate memory for TextData\n", stdout);
@@ -44,7 +44,7 @@ Status TakeIncludedText(Text& text) noexcept {
   return Status::Done;
 }
 
-Status ShowText(Text& text) noexcept {
+Status ShowText(Text& text) {
   const Status status = text.Content.IsReferenced ? FetchText(text) : TakeIncludedText(text);
   if (status == Status::Failure) return status;
   if (IsGone(text)) return Status::Replaced;
@@ -53,7 +53,7 @@ Status ShowText(Text& text) noexcept {
 
 }  // namespace
 
-Status FetchText(Text& text) noexcept {
+Status FetchText(Text& text) {
   OctetString bytes;
   if (ResolveGroup(text.Content.Data.TextView(), bytes) != Status::Done) {
     return RaiseEngineEvent(kContentError);
@@ -62,7 +62,7 @@ Status FetchText(Text& text) noexcept {
   return Status::Done;
 }
 
-Status SetData(const Arguments& arguments) noexcept {
+Status SetData(const Arguments& arguments) {
   ContentBody content;
   const Status status = ReadContent(arguments, content);
   if (status != Status::Done) return status;

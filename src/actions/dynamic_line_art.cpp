@@ -14,11 +14,11 @@
 namespace korvel {
 namespace {
 
-DynamicLineArt& TargetOf(const Arguments& arguments) noexcept {
+DynamicLineArt& TargetOf(const Arguments& arguments) {
   return arguments.Target.As<DynamicLineArt>();
 }
 
-constexpr std::int32_t Narrow(std::int64_t number) noexcept {
+constexpr std::int32_t Narrow(std::int64_t number) {
   constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
   constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
   return static_cast<std::int32_t>(std::clamp(number, kLeast, kMost));
@@ -26,22 +26,22 @@ constexpr std::int32_t Narrow(std::int64_t number) noexcept {
 
 // How far a border of that line width pushes the drawable area, and with it the origin of what
 // content draws, into the box.
-std::int64_t BorderOf(const DynamicLineArt& lineArt, std::int32_t lineWidth) noexcept {
+std::int64_t BorderOf(const DynamicLineArt& lineArt, std::int32_t lineWidth) {
   return lineArt.BorderedBoundingBox ? std::max(lineWidth, 0) : 0;
 }
 
-CanvasPoint PointOf(const DynamicLineArt& lineArt, std::int32_t x, std::int32_t y) noexcept {
+CanvasPoint PointOf(const DynamicLineArt& lineArt, std::int32_t x, std::int32_t y) {
   const std::int64_t border = BorderOf(lineArt, lineArt.LineWidth);
   return {Narrow(x - border), Narrow(y - border)};
 }
 
-LineAttributes LineOf(const DynamicLineArt& lineArt) noexcept {
+LineAttributes LineOf(const DynamicLineArt& lineArt) {
   return {lineArt.LineWidth, lineArt.LineStyle, LineColourOf(lineArt, CurrentGroups())};
 }
 
 // The canvas, made when it is first drawn on, and limited to the drawable area inside of a border
 // of that line width. It keeps its size when the box changes.
-Canvas* CanvasOf(DynamicLineArt& lineArt, std::int32_t lineWidth) noexcept {
+Canvas* CanvasOf(DynamicLineArt& lineArt, std::int32_t lineWidth) {
   const BoxSize& size = lineArt.BoxSize;
   if (lineArt.Canvas == nullptr) lineArt.Canvas = NewCanvas(size.Width, size.Height);
   if (!lineArt.BorderedBoundingBox) return lineArt.Canvas;
@@ -52,14 +52,14 @@ Canvas* CanvasOf(DynamicLineArt& lineArt, std::int32_t lineWidth) noexcept {
 
 // Paints on a running object and shows the result.
 template <class Paint>
-Status Painted(const Arguments& arguments, Paint&& paint) noexcept {
+Status Painted(const Arguments& arguments, Paint&& paint) {
   DynamicLineArt& lineArt = TargetOf(arguments);
   if (!lineArt.AvailabilityStatus || !lineArt.RunningStatus) return Status::Refused;
   (void)paint(lineArt, CanvasOf(lineArt, lineArt.LineWidth));
   return RedrawIfRunning(lineArt);
 }
 
-Status PaintArc(const Arguments& arguments, ArcForm form) noexcept {
+Status PaintArc(const Arguments& arguments, ArcForm form) {
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
     const DrawnColour fill =
         form == ArcForm::Sector ? FillColourOf(lineArt, CurrentGroups()) : kTransparentColour;
@@ -70,7 +70,7 @@ Status PaintArc(const Arguments& arguments, ArcForm form) noexcept {
 }
 
 // Reads whole pairs of coordinates. An odd value at the end makes no point.
-Status ReadPoints(const Arguments& arguments, Sequence<CanvasPoint>& points) noexcept {
+Status ReadPoints(const Arguments& arguments, Sequence<CanvasPoint>& points) {
   bool hasX = false;
   std::int32_t x = 0;
   for (const GenericValue& given : *arguments.Given) {
@@ -88,7 +88,7 @@ Status ReadPoints(const Arguments& arguments, Sequence<CanvasPoint>& points) noe
   return Status::Done;
 }
 
-Status PaintPolygon(const Arguments& arguments) noexcept {
+Status PaintPolygon(const Arguments& arguments) {
   Sequence<CanvasPoint> points;
   const Status status = ReadPoints(arguments, points);
   if (status != Status::Done) return status;
@@ -102,7 +102,7 @@ Status PaintPolygon(const Arguments& arguments) noexcept {
 
 // The whole canvas becomes blank, with the fill colour and the line width that the content gave;
 // the current attributes stay as they are.
-Status ClearDrawing(const Arguments& arguments) noexcept {
+Status ClearDrawing(const Arguments& arguments) {
   DynamicLineArt& lineArt = TargetOf(arguments);
   if (!lineArt.AvailabilityStatus) return Status::Refused;
   (void)ClearCanvas(OriginalFillColourOf(lineArt, CurrentGroups()),
@@ -110,13 +110,11 @@ Status ClearDrawing(const Arguments& arguments) noexcept {
   return RedrawIfRunning(lineArt);
 }
 
-Status DrawArc(const Arguments& arguments) noexcept { return PaintArc(arguments, ArcForm::Arc); }
+Status DrawArc(const Arguments& arguments) { return PaintArc(arguments, ArcForm::Arc); }
 
-Status DrawSector(const Arguments& arguments) noexcept {
-  return PaintArc(arguments, ArcForm::Sector);
-}
+Status DrawSector(const Arguments& arguments) { return PaintArc(arguments, ArcForm::Sector); }
 
-Status DrawLine(const Arguments& arguments) noexcept {
+Status DrawLine(const Arguments& arguments) {
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
     return CanvasLine(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
                       PointOf(lineArt, arguments.Integer(2), arguments.Integer(3)), LineOf(lineArt),
@@ -124,7 +122,7 @@ Status DrawLine(const Arguments& arguments) noexcept {
   });
 }
 
-Status DrawRectangle(const Arguments& arguments) noexcept {
+Status DrawRectangle(const Arguments& arguments) {
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
     return CanvasRectangle(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
                            PointOf(lineArt, arguments.Integer(2), arguments.Integer(3)),
@@ -132,7 +130,7 @@ Status DrawRectangle(const Arguments& arguments) noexcept {
   });
 }
 
-Status DrawOval(const Arguments& arguments) noexcept {
+Status DrawOval(const Arguments& arguments) {
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
     return CanvasOval(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
                       arguments.Integer(2), arguments.Integer(3),
@@ -140,9 +138,9 @@ Status DrawOval(const Arguments& arguments) noexcept {
   });
 }
 
-Status DrawPolygon(const Arguments& arguments) noexcept { return PaintPolygon(arguments); }
+Status DrawPolygon(const Arguments& arguments) { return PaintPolygon(arguments); }
 
 // A polyline is closed and filled like a polygon.
-Status DrawPolyline(const Arguments& arguments) noexcept { return PaintPolygon(arguments); }
+Status DrawPolyline(const Arguments& arguments) { return PaintPolygon(arguments); }
 
 }  // namespace korvel

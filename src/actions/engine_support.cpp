@@ -57,7 +57,7 @@ struct Question {
 };
 
 // Takes one number from the front of `rest`. False when there is none.
-bool TakeNumber(std::string_view& rest, std::int32_t& number) noexcept {
+bool TakeNumber(std::string_view& rest, std::int32_t& number) {
   const char* const end = rest.data() + rest.size();
   const auto [next, error] = std::from_chars(rest.data(), end, number);
   if (error != std::errc()) return false;
@@ -66,7 +66,7 @@ bool TakeNumber(std::string_view& rest, std::int32_t& number) noexcept {
 }
 
 // False when the text is not written as a feature is.
-bool ReadQuestion(std::string_view text, Question& question) noexcept {
+bool ReadQuestion(std::string_view text, Question& question) {
   const std::size_t open = text.find('(');
   question.name = text.substr(0, open);
   if (open == std::string_view::npos) return true;
@@ -80,7 +80,7 @@ bool ReadQuestion(std::string_view text, Question& question) noexcept {
   return false;
 }
 
-bool IsSupported(Rule rule, const Question& question) noexcept {
+bool IsSupported(Rule rule, const Question& question) {
   const auto& [first, second, third] = question.numbers;
   switch (rule) {
   case Rule::Always: return question.count == 0;
@@ -95,7 +95,7 @@ bool IsSupported(Rule rule, const Question& question) noexcept {
   return false;
 }
 
-bool IsFeatureSupported(std::string_view text) noexcept {
+bool IsFeatureSupported(std::string_view text) {
   Question question;
   if (!ReadQuestion(text, question)) return false;
   for (const Feature& feature : kFeatures) {
@@ -108,7 +108,7 @@ bool IsFeatureSupported(std::string_view text) noexcept {
 
 }  // namespace
 
-Status GetEngineSupport(const Arguments& arguments) noexcept {
+Status GetEngineSupport(const Arguments& arguments) {
   return AnswerBoolean(arguments, 1, IsFeatureSupported(arguments.Octets(0)));
 }
 

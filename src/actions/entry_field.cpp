@@ -19,16 +19,14 @@ constexpr std::int32_t kListedInput = 4;
 // memory.
 constexpr std::size_t kLongestText = std::size_t{16} * 1024 * 1024;
 
-EntryField& TargetOf(const Arguments& arguments) noexcept {
-  return arguments.Target.As<EntryField>();
-}
+EntryField& TargetOf(const Arguments& arguments) { return arguments.Target.As<EntryField>(); }
 
-std::size_t EntryPlace(const EntryField& field) noexcept {
+std::size_t EntryPlace(const EntryField& field) {
   return static_cast<std::size_t>(field.EntryPoint);
 }
 
 // Where a character goes that has to follow the text without a gap.
-std::size_t PlaceInText(const EntryField& field) noexcept {
+std::size_t PlaceInText(const EntryField& field) {
   const std::size_t length = field.TextData.Length();
   return EntryPlace(field) < length ? EntryPlace(field) : length;
 }
@@ -37,7 +35,7 @@ std::size_t PlaceInText(const EntryField& field) noexcept {
 // place of `replaced` bytes (0 or 1). One allocation: the place may be millions of bytes away.
 // False when memory is out.
 bool MakeText(std::string_view text, std::size_t place, std::size_t replaced, char character,
-              OctetString& made) noexcept {
+              OctetString& made) {
   if (place >= kLongestText) return false;
   const std::string_view before = text.substr(0, place);
   const std::size_t next = place + replaced;
@@ -52,7 +50,7 @@ bool MakeText(std::string_view text, std::size_t place, std::size_t replaced, ch
 
 // Writes the character at `place` in place of `replaced` bytes (0 or 1) and moves the entry point
 // after it.
-Status Write(EntryField& field, std::size_t place, std::size_t replaced, char character) noexcept {
+Status Write(EntryField& field, std::size_t place, std::size_t replaced, char character) {
   const std::string_view text = field.TextData.View();
   OctetString made;
   if (!MakeText(text, place, replaced, character, made)) {
@@ -66,15 +64,13 @@ Status Write(EntryField& field, std::size_t place, std::size_t replaced, char ch
   return RedrawIfRunning(field);
 }
 
-Status Insert(EntryField& field, char character) noexcept {
+Status Insert(EntryField& field, char character) {
   return Write(field, PlaceInText(field), 0, character);
 }
 
-Status RefuseCharacter(EntryField& field) noexcept {
-  return RaiseFrom(field, EventType::EntryFieldFull);
-}
+Status RefuseCharacter(EntryField& field) { return RaiseFrom(field, EventType::EntryFieldFull); }
 
-Status EnterByInserting(EntryField& field, char character) noexcept {
+Status EnterByInserting(EntryField& field, char character) {
   if (field.MaxLength == 0) {
     const bool isLineEnd = character == '\r' || character == '\n';
     return isLineEnd ? EndInteraction(field, field) : Insert(field, character);
@@ -85,13 +81,13 @@ Status EnterByInserting(EntryField& field, char character) noexcept {
   return Insert(field, character);
 }
 
-Status EnterByOverwriting(EntryField& field, char character) noexcept {
+Status EnterByOverwriting(EntryField& field, char character) {
   if (field.MaxLength == 0) return Write(field, PlaceInText(field), 1, character);
   if (field.EntryPoint >= field.MaxLength) return RefuseCharacter(field);
   return Write(field, EntryPlace(field), 1, character);
 }
 
-bool TakesDigit(const EntryField& field, char digit) noexcept {
+bool TakesDigit(const EntryField& field, char digit) {
   switch (field.InputType) {
   case kAlphaInput: return false;
   case kListedInput: return field.CharList.View().find(digit) != std::string_view::npos;
@@ -100,7 +96,7 @@ bool TakesDigit(const EntryField& field, char digit) noexcept {
 }
 
 // Moves the entry point by one place within the text.
-Status MoveEntryPoint(EntryField& field, int step) noexcept {
+Status MoveEntryPoint(EntryField& field, int step) {
   const auto place = static_cast<std::int32_t>(PlaceInText(field));
   const auto length = static_cast<std::int32_t>(field.TextData.Length());
   const std::int32_t moved = place + step;
@@ -108,20 +104,20 @@ Status MoveEntryPoint(EntryField& field, int step) noexcept {
   return RedrawIfRunning(field);
 }
 
-Status Complete(EntryField& field) noexcept {
+Status Complete(EntryField& field) {
   const bool completesByCharacter = !field.OverwriteMode && field.MaxLength == 0;
   return completesByCharacter ? EnterCharacter(field, '\r') : EndInteraction(field, field);
 }
 
 }  // namespace
 
-Status EnterCharacter(EntryField& field, char character) noexcept {
+Status EnterCharacter(EntryField& field, char character) {
   if (field.MaxLength < 0) return Status::Refused;
   return field.OverwriteMode ? EnterByOverwriting(field, character)
                              : EnterByInserting(field, character);
 }
 
-bool TakeKey(EntryField& field, std::int32_t key, Status& result) noexcept {
+bool TakeKey(EntryField& field, std::int32_t key, Status& result) {
   if (key >= keys::kDigit0 && key <= keys::kDigit9) {
     const char digit = static_cast<char>('0' + (key - keys::kDigit0));
     if (!TakesDigit(field, digit)) return false;
@@ -137,22 +133,22 @@ bool TakeKey(EntryField& field, std::int32_t key, Status& result) noexcept {
   }
 }
 
-Status GetEntryPoint(const Arguments& arguments) noexcept {
+Status GetEntryPoint(const Arguments& arguments) {
   return AnswerInteger(arguments, 0, TargetOf(arguments).EntryPoint);
 }
 
 // How far the entry point may lie behind the text is not checked here.
-Status SetEntryPoint(const Arguments& arguments) noexcept {
+Status SetEntryPoint(const Arguments& arguments) {
   if (arguments.Integer(0) < 0) return Status::Refused;
   TargetOf(arguments).EntryPoint = arguments.Integer(0);
   return RedrawIfRunning(TargetOf(arguments));
 }
 
-Status GetOverwriteMode(const Arguments& arguments) noexcept {
+Status GetOverwriteMode(const Arguments& arguments) {
   return AnswerBoolean(arguments, 0, TargetOf(arguments).OverwriteMode);
 }
 
-Status SetOverwriteMode(const Arguments& arguments) noexcept {
+Status SetOverwriteMode(const Arguments& arguments) {
   TargetOf(arguments).OverwriteMode = arguments.Boolean(0);
   return Status::Done;
 }

@@ -9,7 +9,7 @@ namespace {
 // The group name that the target of Launch, Spawn or TransitionTo stands for: the group identifier
 // of a direct one, the value of an octet string variable that an indirect one names. False when
 // there is no such name.
-bool TakeGroupName(const Asker& asker, const GenericValue& target, OctetString& name) noexcept {
+bool TakeGroupName(const Asker& asker, const GenericValue& target, OctetString& name) {
   if (!IsIndirect(target)) {
     const OctetString& group = target.Reference.GroupIdentifier;
     return name.Assign(group.IsPresent() ? group.View() : asker.groupName);
@@ -20,8 +20,7 @@ bool TakeGroupName(const Asker& asker, const GenericValue& target, OctetString& 
 }
 
 // Spawn and TransitionTo also follow an object reference variable, as every other action does.
-bool TakeGroupNameOrReference(const Asker& asker, const GenericValue& target,
-                              OctetString& name) noexcept {
+bool TakeGroupNameOrReference(const Asker& asker, const GenericValue& target, OctetString& name) {
   if (TakeGroupName(asker, target, name)) return true;
   if (!IsIndirect(target)) return false;
   const FoundObject variable = Find(asker, target.Reference);
@@ -31,7 +30,7 @@ bool TakeGroupNameOrReference(const Asker& asker, const GenericValue& target,
 
 }  // namespace
 
-Status LaunchTarget(const Arguments& arguments, const GenericValue& target) noexcept {
+Status LaunchTarget(const Arguments& arguments, const GenericValue& target) {
   // A variable of another class gives the empty name, which no file has.
   OctetString name;
   static_cast<void>(TakeGroupName(arguments, target, name));
@@ -40,57 +39,57 @@ Status LaunchTarget(const Arguments& arguments, const GenericValue& target) noex
   return Launch(name.View()) == Status::Failure ? Status::Failure : Status::Replaced;
 }
 
-Status SpawnTarget(const Arguments& arguments, const GenericValue& target) noexcept {
+Status SpawnTarget(const Arguments& arguments, const GenericValue& target) {
   OctetString name;
   if (!TakeGroupNameOrReference(arguments, target, name)) return Status::Refused;
   const Status status = Spawn(name.View());
   return status == Status::Done ? Status::Replaced : status;
 }
 
-Status TransitionToTarget(const Arguments& arguments, const GenericValue& target) noexcept {
+Status TransitionToTarget(const Arguments& arguments, const GenericValue& target) {
   OctetString name;
   if (!TakeGroupNameOrReference(arguments, target, name)) return Status::Refused;
   ++CurrentGenerations().Scene;
   return TransitionTo(name.View());
 }
 
-Status QuitApplication() noexcept {
+Status QuitApplication() {
   const Status status = Quit();
   return status == Status::Done ? Status::Replaced : status;
 }
 
-Status LockScreen(const Arguments& arguments) noexcept {
+Status LockScreen(const Arguments& arguments) {
   ++arguments.Target.As<Application>().LockCount;
   return Status::Done;
 }
 
-Status UnlockScreen(const Arguments& arguments) noexcept {
+Status UnlockScreen(const Arguments& arguments) {
   std::int32_t& lockCount = arguments.Target.As<Application>().LockCount;
   if (lockCount == 0) return Status::Done;
   --lockCount;
   return lockCount == 0 ? RequestRedraw() : Status::Done;
 }
 
-Status SetCachePriority(const Arguments& arguments) noexcept {
+Status SetCachePriority(const Arguments& arguments) {
   arguments.Target.As<Group>().GroupCachePriority = arguments.Integer(0);
   return Status::Done;
 }
 
-Status SetGroupTimer(const Arguments& arguments) noexcept {
+Status SetGroupTimer(const Arguments& arguments) {
   const std::int32_t value = arguments.IsPresent(1) ? arguments.Integer(1) : kNoTimerValue;
   const std::int32_t given = arguments.Boolean(2) ? 1 : 0;
   return SetTimer(arguments.Target.As<Group>(), arguments.Integer(0), value,
                   arguments.IsPresent(2) ? given : kNotGiven);
 }
 
-Status SetInputRegister(const Arguments& arguments) noexcept {
+Status SetInputRegister(const Arguments& arguments) {
   auto& scene = arguments.Target.As<Scene>();
   if (!scene.AvailabilityStatus) return Status::Refused;
   scene.InputEventReg = arguments.Integer(0);
   return Status::Done;
 }
 
-Status SendEvent(const Arguments& arguments) noexcept {
+Status SendEvent(const Arguments& arguments) {
   EventData data;
   if (const GenericValue* given = arguments.Given->At(2); given != nullptr) {
     GenericValue value;

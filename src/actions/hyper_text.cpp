@@ -14,10 +14,10 @@ constexpr char kEscape = '\x1B';
 // Takes the anchors out of a text one after the other.
 class AnchorReader {
  public:
-  explicit AnchorReader(std::string_view text) noexcept : rest_(text) {}
+  explicit AnchorReader(std::string_view text) : rest_(text) {}
 
   // The label of the next anchor. False when there is none.
-  [[nodiscard]] bool Next(std::string_view& label) noexcept {
+  [[nodiscard]] bool Next(std::string_view& label) {
     for (;;) {
       const std::size_t escape = rest_.find(kEscape);
       if (escape == std::string_view::npos) return false;
@@ -35,7 +35,7 @@ class AnchorReader {
   std::string_view rest_;
 };
 
-std::size_t CountAnchors(const HyperText& text) noexcept {
+std::size_t CountAnchors(const HyperText& text) {
   AnchorReader reader(text.TextData.View());
   std::string_view label;
   std::size_t count = 0;
@@ -43,19 +43,19 @@ std::size_t CountAnchors(const HyperText& text) noexcept {
   return count;
 }
 
-Status MoveForward(const HyperText& text) noexcept {
+Status MoveForward(const HyperText& text) {
   std::size_t& chosen = CurrentClassVariables().chosenAnchor;
   if (chosen + 1 < CountAnchors(text)) ++chosen;
   return RedrawIfRunning(text);
 }
 
-Status MoveBack(const HyperText& text) noexcept {
+Status MoveBack(const HyperText& text) {
   std::size_t& chosen = CurrentClassVariables().chosenAnchor;
   if (chosen > 0) --chosen;
   return RedrawIfRunning(text);
 }
 
-Status FireChosenAnchor(HyperText& text) noexcept {
+Status FireChosenAnchor(HyperText& text) {
   AnchorReader reader(text.TextData.View());
   std::string_view label;
   for (std::size_t i = 0; i <= CurrentClassVariables().chosenAnchor; ++i) {
@@ -67,11 +67,11 @@ Status FireChosenAnchor(HyperText& text) noexcept {
 
 }  // namespace
 
-void ForgetChosenAnchor(const HyperText& text) noexcept {
+void ForgetChosenAnchor(const HyperText& text) {
   if (text.InteractionStatus) CurrentClassVariables().chosenAnchor = 0;
 }
 
-bool TakeKey(HyperText& text, std::int32_t key, Status& result) noexcept {
+bool TakeKey(HyperText& text, std::int32_t key, Status& result) {
   switch (key) {
   case keys::kUp:
   case keys::kLeft: result = MoveBack(text); return true;
@@ -83,7 +83,7 @@ bool TakeKey(HyperText& text, std::int32_t key, Status& result) noexcept {
   }
 }
 
-Status GetLastAnchorFired(const Arguments& arguments) noexcept {
+Status GetLastAnchorFired(const Arguments& arguments) {
   const auto& text = arguments.Target.As<HyperText>();
   if (!text.AvailabilityStatus) return Status::Refused;
   return AnswerOctets(arguments, 0, text.LastAnchorFired.View(),

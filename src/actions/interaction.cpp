@@ -10,17 +10,17 @@
 namespace korvel {
 namespace {
 
-void ForgetIf(const Ingredient& object, FoundObject& kept) noexcept {
+void ForgetIf(const Ingredient& object, FoundObject& kept) {
   if (kept.Object == &object) kept = {};
 }
 
-Status SwitchHighlightOn(const FoundObject& object) noexcept {
+Status SwitchHighlightOn(const FoundObject& object) {
   const Status status = RaiseFrom(object.As<Ingredient>(), EventType::HighlightOn);
   if (status == Status::Done) CurrentClassVariables().HighlightedObject = object;
   return status;
 }
 
-Status SwitchHighlightOff(const FoundObject& object) noexcept {
+Status SwitchHighlightOff(const FoundObject& object) {
   const auto& ingredient = object.As<Ingredient>();
   const Status status = RaiseFrom(ingredient, EventType::HighlightOff);
   if (status == Status::Done) ForgetIf(ingredient, CurrentClassVariables().HighlightedObject);
@@ -28,13 +28,11 @@ Status SwitchHighlightOff(const FoundObject& object) noexcept {
 }
 
 // The target of an action of this file, which accepts those three classes only.
-Interactible& TargetOf(const Arguments& arguments) noexcept {
-  return *InteractibleOf(arguments.Target);
-}
+Interactible& TargetOf(const Arguments& arguments) { return *InteractibleOf(arguments.Target); }
 
 }  // namespace
 
-Interactible* InteractibleOf(const FoundObject& object) noexcept {
+Interactible* InteractibleOf(const FoundObject& object) {
   switch (object.Type) {
   case ItemType::EntryField: return &object.As<EntryField>();
   case ItemType::HyperText: return &object.As<HyperText>();
@@ -43,7 +41,7 @@ Interactible* InteractibleOf(const FoundObject& object) noexcept {
   }
 }
 
-Status SetHighlightStatus(const Arguments& arguments) noexcept {
+Status SetHighlightStatus(const Arguments& arguments) {
   const auto& object = arguments.Target.As<Ingredient>();
   Interactible& interactible = TargetOf(arguments);
   const bool isOn = arguments.Boolean(0);
@@ -52,13 +50,13 @@ Status SetHighlightStatus(const Arguments& arguments) noexcept {
   return isOn ? SwitchHighlightOn(arguments.Target) : SwitchHighlightOff(arguments.Target);
 }
 
-Status GetHighlightStatus(const Arguments& arguments) noexcept {
+Status GetHighlightStatus(const Arguments& arguments) {
   if (!arguments.Target.Object->AvailabilityStatus) return Status::Refused;
   return AnswerBoolean(arguments, 0, TargetOf(arguments).HighlightStatus);
 }
 
 // Only the viewer ends an interaction, or the object's own stop: setting false does nothing.
-Status SetInteractionStatus(const Arguments& arguments) noexcept {
+Status SetInteractionStatus(const Arguments& arguments) {
   const auto& object = arguments.Target.As<Ingredient>();
   FoundObject& inProgress = CurrentClassVariables().InteractingObject;
   const bool canStart = object.AvailabilityStatus && object.RunningStatus && !inProgress;
@@ -69,19 +67,19 @@ Status SetInteractionStatus(const Arguments& arguments) noexcept {
   return Status::Done;
 }
 
-Status GetInteractionStatus(const Arguments& arguments) noexcept {
+Status GetInteractionStatus(const Arguments& arguments) {
   if (!arguments.Target.Object->AvailabilityStatus) return Status::Refused;
   return AnswerBoolean(arguments, 0, TargetOf(arguments).InteractionStatus);
 }
 
-Status EndInteraction(Ingredient& object, Interactible& interactible) noexcept {
+Status EndInteraction(Ingredient& object, Interactible& interactible) {
   if (!interactible.InteractionStatus) return Status::Done;
   interactible.InteractionStatus = false;
   ForgetIf(object, CurrentClassVariables().InteractingObject);
   return RaiseFrom(object, EventType::InteractionCompleted);
 }
 
-void StopSilently(ItemType type, Ingredient& ingredient) noexcept {
+void StopSilently(ItemType type, Ingredient& ingredient) {
   if (!ingredient.RunningStatus) return;
   ingredient.RunningStatus = false;
   Interactible* interactible = InteractibleOf({type, &ingredient});
@@ -92,7 +90,7 @@ void StopSilently(ItemType type, Ingredient& ingredient) noexcept {
   ForgetIf(ingredient, CurrentClassVariables().InteractingObject);
 }
 
-bool TakeInteractionKey(std::int32_t key, Status& result) noexcept {
+bool TakeInteractionKey(std::int32_t key, Status& result) {
   const FoundObject object = CurrentClassVariables().InteractingObject;
   if (!object || !object.Object->RunningStatus) return false;
   switch (object.Type) {

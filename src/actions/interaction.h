@@ -23,15 +23,15 @@ inline constexpr std::int32_t kCancel = 16;
 
 // Give a key to an object. False when the object does not use the key; else `result` is what it led
 // to.
-[[nodiscard]] bool TakeKey(EntryField& field, std::int32_t key, Status& result) noexcept;
-[[nodiscard]] bool TakeKey(HyperText& text, std::int32_t key, Status& result) noexcept;
-[[nodiscard]] bool TakeKey(Slider& slider, std::int32_t key, Status& result) noexcept;
+[[nodiscard]] bool TakeKey(EntryField& field, std::int32_t key, Status& result);
+[[nodiscard]] bool TakeKey(HyperText& text, std::int32_t key, Status& result);
+[[nodiscard]] bool TakeKey(Slider& slider, std::int32_t key, Status& result);
 
 // Enters one character into an entry field by the rules of its mode and maximum length.
-Status EnterCharacter(EntryField& field, char character) noexcept;
+Status EnterCharacter(EntryField& field, char character);
 
 // Goes back to the first anchor, as at the start of an interaction: new data replaces the anchor
 // that the viewer has chosen.
-void ForgetChosenAnchor(const HyperText& text) noexcept;
+void ForgetChosenAnchor(const HyperText& text);
 
 }  // namespace korvel

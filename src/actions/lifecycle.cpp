@@ -20,13 +20,13 @@ constexpr Change ChangeOf(Status status) {
   return status == Status::Failure ? Change::Failure : Change::Changed;
 }
 
-Change ActivateVisible(ItemType type, Ingredient& visible) noexcept {
+Change ActivateVisible(ItemType type, Ingredient& visible) {
   if (EnterDisplayStack(type, visible) == Status::Failure) return Change::Failure;
   visible.RunningStatus = true;
   return ChangeOf(RequestRedraw());
 }
 
-Change DeactivateVisible(ItemType type, Ingredient& visible) noexcept {
+Change DeactivateVisible(ItemType type, Ingredient& visible) {
   visible.RunningStatus = false;
   LeaveDisplayStack(type, visible);
   if (RequestRedraw() == Status::Failure) return Change::Failure;
@@ -36,16 +36,16 @@ Change DeactivateVisible(ItemType type, Ingredient& visible) noexcept {
                                  : ChangeOf(EndInteraction(visible, *interactible));
 }
 
-Status StartProgram(ItemType type, Program& program) noexcept {
+Status StartProgram(ItemType type, Program& program) {
   if (!program.InitiallyAvailable) return Status::Done;
   return Prepare(type, program) == Change::Failure ? Status::Failure : Status::Done;
 }
 
 }  // namespace
 
-bool IsVisibleClass(ItemType type) noexcept { return Contains(kVisibleClasses, type); }
+bool IsVisibleClass(ItemType type) { return Contains(kVisibleClasses, type); }
 
-Status EnterDisplayStack(ItemType type, Ingredient& visible) noexcept {
+Status EnterDisplayStack(ItemType type, Ingredient& visible) {
   Application* application = CurrentApplication();
   if (application == nullptr) return Status::Refused;
   // One that was stopped silently, by a transition, still has its entry.
@@ -53,13 +53,13 @@ Status EnterDisplayStack(ItemType type, Ingredient& visible) noexcept {
   return AppendOnTop(*application, type, visible);
 }
 
-void LeaveDisplayStack(ItemType type, Ingredient& visible) noexcept {
+void LeaveDisplayStack(ItemType type, Ingredient& visible) {
   Application* application = CurrentApplication();
   if (application == nullptr) return;
   (void)RemoveFromStack(*application, type, visible);  // not being there is as good
 }
 
-Change Activate(ItemType type, Ingredient& ingredient) noexcept {
+Change Activate(ItemType type, Ingredient& ingredient) {
   if (ingredient.RunningStatus) return Change::Nothing;
   switch (type) {
   case ItemType::Stream: return ActivateStream(static_cast<Stream&>(ingredient));
@@ -72,7 +72,7 @@ Change Activate(ItemType type, Ingredient& ingredient) noexcept {
   return Change::Changed;
 }
 
-Change Deactivate(ItemType type, Ingredient& ingredient) noexcept {
+Change Deactivate(ItemType type, Ingredient& ingredient) {
   if (!ingredient.RunningStatus) return Change::Nothing;
   switch (type) {
   case ItemType::Stream: return DeactivateStream(static_cast<Stream&>(ingredient));
@@ -85,7 +85,7 @@ Change Deactivate(ItemType type, Ingredient& ingredient) noexcept {
   return Change::Changed;
 }
 
-Status RunIngredient(ItemType type, Ingredient& ingredient) noexcept {
+Status RunIngredient(ItemType type, Ingredient& ingredient) {
   if (Contains(kProgramClasses, type)) {
     return StartProgram(type, static_cast<Program&>(ingredient));
   }
@@ -98,14 +98,14 @@ Status RunIngredient(ItemType type, Ingredient& ingredient) noexcept {
   return RaiseFrom(ingredient, EventType::IsRunning);
 }
 
-Status StopIngredient(ItemType type, Ingredient& ingredient) noexcept {
+Status StopIngredient(ItemType type, Ingredient& ingredient) {
   const Change change = Deactivate(type, ingredient);
   if (change == Change::Failure) return Status::Failure;
   if (IsGone(ingredient)) return Status::Replaced;
   return change == Change::Changed ? RaiseFrom(ingredient, EventType::IsStopped) : Status::Done;
 }
 
-Status PreloadTarget(const Arguments& arguments) noexcept {
+Status PreloadTarget(const Arguments& arguments) {
   auto& target = arguments.Target.As<Ingredient>();
   const Change change = Prepare(arguments.Target.Type, target);
   if (change == Change::Failure) return Status::Failure;
@@ -115,19 +115,19 @@ Status PreloadTarget(const Arguments& arguments) noexcept {
   return status == Status::Done ? RaiseFrom(target, EventType::ContentAvailable) : status;
 }
 
-Status RunTarget(const Arguments& arguments) noexcept {
+Status RunTarget(const Arguments& arguments) {
   return RunIngredient(arguments.Target.Type, arguments.Target.As<Ingredient>());
 }
 
-Status StopTarget(const Arguments& arguments) noexcept {
+Status StopTarget(const Arguments& arguments) {
   return StopIngredient(arguments.Target.Type, arguments.Target.As<Ingredient>());
 }
 
-Status GetAvailabilityStatus(const Arguments& arguments) noexcept {
+Status GetAvailabilityStatus(const Arguments& arguments) {
   return AnswerBoolean(arguments, 0, arguments.Target.Object->AvailabilityStatus);
 }
 
-Status GetRunningStatus(const Arguments& arguments) noexcept {
+Status GetRunningStatus(const Arguments& arguments) {
   return AnswerBoolean(arguments, 0, arguments.Target.Object->RunningStatus);
 }
 

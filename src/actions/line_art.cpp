@@ -9,22 +9,22 @@
 namespace korvel {
 namespace {
 
-LineArt& TargetOf(const Arguments& arguments) noexcept { return arguments.Target.As<LineArt>(); }
+LineArt& TargetOf(const Arguments& arguments) { return arguments.Target.As<LineArt>(); }
 
-Status SetColour(const Arguments& arguments, ColourValue& colour, const char* message) noexcept {
+Status SetColour(const Arguments& arguments, ColourValue& colour, const char* message) {
   if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
   const Status status = ReadColour(arguments, colour);
   if (status == Status::Refused) std::fputs(message, stdout);
   return status;
 }
 
-Status SetNumber(const Arguments& arguments, std::int32_t& attribute) noexcept {
+Status SetNumber(const Arguments& arguments, std::int32_t& attribute) {
   if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
   attribute = arguments.Integer(0);
   return Status::Done;
 }
 
-Status AnswerColour(const Arguments& arguments, const ColourValue& colour) noexcept {
+Status AnswerColour(const Arguments& arguments, const ColourValue& colour) {
   if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
   switch (colour.Kind) {
   case ValueKind::Integer: return AnswerInteger(arguments, 0, colour.Index);
@@ -35,44 +35,44 @@ Status AnswerColour(const Arguments& arguments, const ColourValue& colour) noexc
   }
 }
 
-Status AnswerNumber(const Arguments& arguments, std::int32_t attribute) noexcept {
+Status AnswerNumber(const Arguments& arguments, std::int32_t attribute) {
   if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
   return AnswerInteger(arguments, 0, attribute);
 }
 
 }  // namespace
 
-Status SetLineColour(const Arguments& arguments) noexcept {
+Status SetLineColour(const Arguments& arguments) {
   return SetColour(arguments, TargetOf(arguments).RefLineColour,
                    "MHEG_DYNAMICLINEART_SetLineColour Error\n");
 }
 
-Status SetFillColour(const Arguments& arguments) noexcept {
+Status SetFillColour(const Arguments& arguments) {
   return SetColour(arguments, TargetOf(arguments).RefFillColour,
                    "MHEG_DYNAMICLINEART_SetFillColour Error\n");
 }
 
-Status SetLineWidth(const Arguments& arguments) noexcept {
+Status SetLineWidth(const Arguments& arguments) {
   return SetNumber(arguments, TargetOf(arguments).LineWidth);
 }
 
-Status SetLineStyle(const Arguments& arguments) noexcept {
+Status SetLineStyle(const Arguments& arguments) {
   return SetNumber(arguments, TargetOf(arguments).LineStyle);
 }
 
-Status GetLineColour(const Arguments& arguments) noexcept {
+Status GetLineColour(const Arguments& arguments) {
   return AnswerColour(arguments, TargetOf(arguments).RefLineColour);
 }
 
-Status GetFillColour(const Arguments& arguments) noexcept {
+Status GetFillColour(const Arguments& arguments) {
   return AnswerColour(arguments, TargetOf(arguments).RefFillColour);
 }
 
-Status GetLineWidth(const Arguments& arguments) noexcept {
+Status GetLineWidth(const Arguments& arguments) {
   return AnswerNumber(arguments, TargetOf(arguments).LineWidth);
 }
 
-Status GetLineStyle(const Arguments& arguments) noexcept {
+Status GetLineStyle(const Arguments& arguments) {
   return AnswerNumber(arguments, TargetOf(arguments).LineStyle);
 }
 

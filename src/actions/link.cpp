@@ -4,7 +4,7 @@
 namespace korvel {
 
 // A program is called, without parameters; a link waits for its event from now on.
-Status ActivateTarget(const Arguments& arguments) noexcept {
+Status ActivateTarget(const Arguments& arguments) {
   auto& target = arguments.Target.As<Ingredient>();
   if (Activate(arguments.Target.Type, target) != Change::Changed) return Status::Refused;
   if (arguments.Target.Type != ItemType::ResidentProgram) return Status::Done;
@@ -12,7 +12,7 @@ Status ActivateTarget(const Arguments& arguments) noexcept {
                             arguments.groupName);
 }
 
-Status DeactivateTarget(const Arguments& arguments) noexcept {
+Status DeactivateTarget(const Arguments& arguments) {
   auto& target = arguments.Target.As<Ingredient>();
   return Deactivate(arguments.Target.Type, target) == Change::Changed ? Status::Done
                                                                       : Status::Refused;

@@ -10,9 +10,7 @@
 namespace korvel {
 namespace {
 
-ListGroup& TargetOf(const Arguments& arguments) noexcept {
-  return arguments.Target.As<ListGroup>();
-}
+ListGroup& TargetOf(const Arguments& arguments) { return arguments.Target.As<ListGroup>(); }
 
 // What the four events of a list change tell about.
 struct Outline {
@@ -22,7 +20,7 @@ struct Outline {
   std::int32_t tailItems = 0;
 };
 
-Outline OutlineOf(ListGroup& group) noexcept {
+Outline OutlineOf(ListGroup& group) {
   const std::int32_t count = ItemCount(group);
   const std::int32_t first = EffectiveFirstItem(group);
   Outline outline;
@@ -42,8 +40,7 @@ Outline OutlineOf(ListGroup& group) noexcept {
 }
 
 // Raises the events for what differs, in their fixed order.
-Status TellDifference(const ListGroup& group, const Outline& before,
-                      const Outline& after) noexcept {
+Status TellDifference(const ListGroup& group, const Outline& before, const Outline& after) {
   const auto tell = [&group](bool isDifferent, EventType type, EventData data) {
     return isDifferent ? RaiseFrom(group, type, data) : Status::Done;
   };
@@ -61,7 +58,7 @@ Status TellDifference(const ListGroup& group, const Outline& before,
 }
 
 // Lays the changed list out and tells what differs from `before`.
-Status FinishChange(ListGroup& group, const Outline& before) noexcept {
+Status FinishChange(ListGroup& group, const Outline& before) {
   const Status status = LayOut(group);
   if (status != Status::Done) return status;
   return TellDifference(group, before, OutlineOf(group));
@@ -69,14 +66,14 @@ Status FinishChange(ListGroup& group, const Outline& before) noexcept {
 
 // The item that a reference would become: it has to name a visible of a running group that the list
 // does not hold yet. False otherwise.
-bool MakeItem(const ListGroup& group, const FoundObject& object, ListItem& item) noexcept {
+bool MakeItem(const ListGroup& group, const FoundObject& object, ListItem& item) {
   return IsVisibleClass(object.Type) && PlaceOf(group, object.Object->Reference) == 0 &&
          Copy(object.Object->Reference, item.AVisible);
 }
 
 }  // namespace
 
-Status AddItem(const Arguments& arguments) noexcept {
+Status AddItem(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   const std::int32_t place = arguments.Integer(0);
   ListItem item;
@@ -91,7 +88,7 @@ Status AddItem(const Arguments& arguments) noexcept {
   return FinishChange(group, before);
 }
 
-Status DelItem(const Arguments& arguments) noexcept {
+Status DelItem(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   if (!group.RunningStatus) return Status::Refused;
   ObjectReference object;
@@ -108,7 +105,7 @@ Status DelItem(const Arguments& arguments) noexcept {
 }
 
 // Unlike SetFirstItem it raises none of the events of a list change.
-Status ScrollItems(const Arguments& arguments) noexcept {
+Status ScrollItems(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   if (!group.RunningStatus) return Status::Refused;
   group.FirstItem = static_cast<std::int32_t>(static_cast<std::uint32_t>(group.FirstItem) +
@@ -116,7 +113,7 @@ Status ScrollItems(const Arguments& arguments) noexcept {
   return LayOut(group);
 }
 
-Status SetFirstItem(const Arguments& arguments) noexcept {
+Status SetFirstItem(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   if (!group.RunningStatus) return Status::Refused;
   const Outline before = OutlineOf(group);
@@ -125,7 +122,7 @@ Status SetFirstItem(const Arguments& arguments) noexcept {
 }
 
 // A cell past the last one means the last one.
-Status SetCellPosition(const Arguments& arguments) noexcept {
+Status SetCellPosition(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   const std::int32_t cells = CellCount(group);
   if (cells == 0) return Status::Refused;
@@ -136,7 +133,7 @@ Status SetCellPosition(const Arguments& arguments) noexcept {
   return group.RunningStatus ? LayOut(group) : Status::Done;
 }
 
-Status GetCellItem(const Arguments& arguments) noexcept {
+Status GetCellItem(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   if (!group.RunningStatus) return Status::Refused;
   const Status status = AnswerReference(arguments, 1, {});
@@ -148,13 +145,13 @@ Status GetCellItem(const Arguments& arguments) noexcept {
   return item == nullptr ? Status::Done : AnswerReference(arguments, 1, item->AVisible);
 }
 
-Status GetFirstItem(const Arguments& arguments) noexcept {
+Status GetFirstItem(const Arguments& arguments) {
   const ListGroup& group = TargetOf(arguments);
   if (!group.RunningStatus) return Status::Refused;
   return AnswerInteger(arguments, 0, group.FirstItem);
 }
 
-Status GetListSize(const Arguments& arguments) noexcept {
+Status GetListSize(const Arguments& arguments) {
   const ListGroup& group = TargetOf(arguments);
   if (!group.RunningStatus) return Status::Refused;
   return AnswerInteger(arguments, 0, ItemCount(group));

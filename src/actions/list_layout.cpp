@@ -11,12 +11,10 @@ namespace korvel {
 namespace {
 
 // The first item to be given a cell. Items before the first one do not exist.
-std::int32_t StartItem(const ListGroup& group) noexcept {
-  return std::max(EffectiveFirstItem(group), 1);
-}
+std::int32_t StartItem(const ListGroup& group) { return std::max(EffectiveFirstItem(group), 1); }
 
 // Puts an item's visible into a cell.
-Status Place(ListGroup& group, ListItem& item, const Position& cell) noexcept {
+Status Place(ListGroup& group, ListItem& item, const Position& cell) {
   item.IsPresented = true;
   const FoundObject found = Find(AskerFor(group), item.AVisible);
   if (!IsVisibleClass(found.Type)) return Status::Done;
@@ -34,7 +32,7 @@ Status Place(ListGroup& group, ListItem& item, const Position& cell) noexcept {
   return status == Status::Failure ? status : Status::Done;
 }
 
-Status WithdrawUnplaced(ListGroup& group) noexcept {
+Status WithdrawUnplaced(ListGroup& group) {
   const std::int32_t count = ItemCount(group);
   const std::int32_t cells = CellCount(group);
   std::int32_t cell = 1 - StartItem(group);  // the first item's, counted from 0
@@ -48,7 +46,7 @@ Status WithdrawUnplaced(ListGroup& group) noexcept {
 }
 
 // The list is read anew for each cell: preparing a visible may run actions that change it.
-Status PlaceItems(ListGroup& group) noexcept {
+Status PlaceItems(ListGroup& group) {
   std::int32_t cell = 1;
   for (const Position& position : group.Positions) {
     if (!MayGoOn()) return Status::Failure;
@@ -66,19 +64,19 @@ constexpr Change ChangeOf(Status status) {
 
 }  // namespace
 
-std::int32_t ItemCount(const ListGroup& group) noexcept {
+std::int32_t ItemCount(const ListGroup& group) {
   return static_cast<std::int32_t>(group.ItemList.Size());
 }
 
-std::int32_t CellCount(const ListGroup& group) noexcept {
+std::int32_t CellCount(const ListGroup& group) {
   return static_cast<std::int32_t>(group.Positions.Size());
 }
 
-ListItem* ItemAt(ListGroup& group, std::int32_t place) noexcept {
+ListItem* ItemAt(ListGroup& group, std::int32_t place) {
   return place < 1 ? nullptr : group.ItemList.At(static_cast<std::size_t>(place) - 1);
 }
 
-std::int32_t PlaceOf(const ListGroup& group, const ObjectReference& object) noexcept {
+std::int32_t PlaceOf(const ListGroup& group, const ObjectReference& object) {
   std::int32_t place = 0;
   for (const ListItem& item : group.ItemList) {
     ++place;
@@ -91,14 +89,14 @@ std::int32_t PlaceOf(const ListGroup& group, const ObjectReference& object) noex
   return 0;
 }
 
-std::int32_t EffectiveFirstItem(const ListGroup& group) noexcept {
+std::int32_t EffectiveFirstItem(const ListGroup& group) {
   const std::int32_t count = ItemCount(group);
   if (!group.WrapAround || count == 0) return group.FirstItem;
   const std::int32_t first = group.FirstItem % count;
   return first == 0 ? count : first;
 }
 
-std::int32_t ItemInCell(const ListGroup& group, std::int32_t cell) noexcept {
+std::int32_t ItemInCell(const ListGroup& group, std::int32_t cell) {
   const std::int32_t count = ItemCount(group);
   if (cell < 1 || cell > count) return 0;
   const std::int64_t place = std::int64_t{StartItem(group)} + cell - 1;
@@ -106,7 +104,7 @@ std::int32_t ItemInCell(const ListGroup& group, std::int32_t cell) noexcept {
   return group.WrapAround ? static_cast<std::int32_t>(place - count) : 0;
 }
 
-Status LayOut(ListGroup& group) noexcept {
+Status LayOut(ListGroup& group) {
   if (group.Positions.IsEmpty()) return Status::Done;
   {
     const HeldRedraws held;
@@ -117,7 +115,7 @@ Status LayOut(ListGroup& group) noexcept {
   return RedrawIfRunning(group);
 }
 
-void Withdraw(const ListGroup& group, ListItem& item) noexcept {
+void Withdraw(const ListGroup& group, ListItem& item) {
   item.IsPresented = false;
   const FoundObject found = Find(AskerFor(group), item.AVisible);
   if (!IsVisibleClass(found.Type)) return;
@@ -125,7 +123,7 @@ void Withdraw(const ListGroup& group, ListItem& item) noexcept {
   LeaveDisplayStack(found.Type, found.As<Ingredient>());
 }
 
-Change ActivateListGroup(ListGroup& group) noexcept {
+Change ActivateListGroup(ListGroup& group) {
   group.RunningStatus = true;
   const Status status = LayOut(group);
   if (status != Status::Done) return ChangeOf(status);
@@ -133,7 +131,7 @@ Change ActivateListGroup(ListGroup& group) noexcept {
       RaiseFrom(group, EventType::TokenMovedTo, EventData::Integer(group.TokenPosition)));
 }
 
-Change DeactivateListGroup(ListGroup& group) noexcept {
+Change DeactivateListGroup(ListGroup& group) {
   group.RunningStatus = false;
   const Status status =
       RaiseFrom(group, EventType::TokenMovedFrom, EventData::Integer(group.TokenPosition));

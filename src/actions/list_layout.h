@@ -9,27 +9,27 @@
 
 namespace korvel {
 
-[[nodiscard]] std::int32_t ItemCount(const ListGroup& group) noexcept;
-[[nodiscard]] std::int32_t CellCount(const ListGroup& group) noexcept;
+[[nodiscard]] std::int32_t ItemCount(const ListGroup& group);
+[[nodiscard]] std::int32_t CellCount(const ListGroup& group);
 
 // The item at a place, or null.
-[[nodiscard]] ListItem* ItemAt(ListGroup& group, std::int32_t place) noexcept;
+[[nodiscard]] ListItem* ItemAt(ListGroup& group, std::int32_t place);
 
 // The place of the item that refers to the object, or 0.
-[[nodiscard]] std::int32_t PlaceOf(const ListGroup& group, const ObjectReference& object) noexcept;
+[[nodiscard]] std::int32_t PlaceOf(const ListGroup& group, const ObjectReference& object);
 
 // The place of the item that the layout puts into a cell, or 0.
-[[nodiscard]] std::int32_t ItemInCell(const ListGroup& group, std::int32_t cell) noexcept;
+[[nodiscard]] std::int32_t ItemInCell(const ListGroup& group, std::int32_t cell);
 
 // The first item as it counts: within the items when the list wraps around. May lie outside them
 // otherwise.
-[[nodiscard]] std::int32_t EffectiveFirstItem(const ListGroup& group) noexcept;
+[[nodiscard]] std::int32_t EffectiveFirstItem(const ListGroup& group);
 
 // Puts the items into the cells and takes the others off the screen, silently; then asks for a
 // redraw when the group is running. Failure and Replaced have to be handed up.
-Status LayOut(ListGroup& group) noexcept;
+Status LayOut(ListGroup& group);
 
 // Takes an item's visible off the screen, silently.
-void Withdraw(const ListGroup& group, ListItem& item) noexcept;
+void Withdraw(const ListGroup& group, ListItem& item);
 
 }  // namespace korvel

@@ -7,13 +7,11 @@
 namespace korvel {
 namespace {
 
-ListGroup& TargetOf(const Arguments& arguments) noexcept {
-  return arguments.Target.As<ListGroup>();
-}
+ListGroup& TargetOf(const Arguments& arguments) { return arguments.Target.As<ListGroup>(); }
 
 // The item that an action's index means; null when it means none. A list that wraps around counts
 // on from its other end, but an index far below it means the first item.
-ListItem* IndexedItem(ListGroup& group, std::int32_t index) noexcept {
+ListItem* IndexedItem(ListGroup& group, std::int32_t index) {
   const std::int32_t count = ItemCount(group);
   if (count == 0) return nullptr;
   if (!group.WrapAround) return ItemAt(group, index);
@@ -23,18 +21,18 @@ ListItem* IndexedItem(ListGroup& group, std::int32_t index) noexcept {
 }
 
 // The item that the action's first parameter means, while the group is running.
-ListItem* TargetItem(const Arguments& arguments) noexcept {
+ListItem* TargetItem(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   return group.RunningStatus ? IndexedItem(group, arguments.Integer(0)) : nullptr;
 }
 
 // The item that holds the token: what Select and Deselect mean, which name none.
-ListItem* TokenItem(const Arguments& arguments) noexcept {
+ListItem* TokenItem(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   return group.RunningStatus ? ItemAt(group, group.TokenPosition) : nullptr;
 }
 
-Status DeselectListItem(ListGroup& group, ListItem& item) noexcept {
+Status DeselectListItem(ListGroup& group, ListItem& item) {
   if (!item.IsSelected) return Status::Refused;
   item.IsSelected = false;
   return RaiseFrom(group, EventType::ItemDeselected,
@@ -42,7 +40,7 @@ Status DeselectListItem(ListGroup& group, ListItem& item) noexcept {
 }
 
 // The references of all selected items, in their order. False when memory or time is out.
-bool CollectSelected(const ListGroup& group, List<ObjectReference>& selected) noexcept {
+bool CollectSelected(const ListGroup& group, List<ObjectReference>& selected) {
   for (const ListItem& item : group.ItemList) {
     ObjectReference reference;
     if (!MayGoOn()) return false;
@@ -53,7 +51,7 @@ bool CollectSelected(const ListGroup& group, List<ObjectReference>& selected) no
   return true;
 }
 
-Status DeselectAll(ListGroup& group, const List<ObjectReference>& selected) noexcept {
+Status DeselectAll(ListGroup& group, const List<ObjectReference>& selected) {
   for (const ObjectReference& reference : selected) {
     if (!MayGoOn()) return Status::Failure;
     ListItem* item = ItemAt(group, PlaceOf(group, reference));
@@ -64,7 +62,7 @@ Status DeselectAll(ListGroup& group, const List<ObjectReference>& selected) noex
   return Status::Done;
 }
 
-Status SelectListItem(ListGroup& group, ListItem& item) noexcept {
+Status SelectListItem(ListGroup& group, ListItem& item) {
   if (item.IsSelected) return Status::Refused;
   ObjectReference chosen;
   List<ObjectReference> others;
@@ -81,39 +79,39 @@ Status SelectListItem(ListGroup& group, ListItem& item) noexcept {
 
 }  // namespace
 
-Status Select(const Arguments& arguments) noexcept {
+Status Select(const Arguments& arguments) {
   ListItem* item = TokenItem(arguments);
   return item == nullptr ? Status::Refused : SelectListItem(TargetOf(arguments), *item);
 }
 
-Status Deselect(const Arguments& arguments) noexcept {
+Status Deselect(const Arguments& arguments) {
   ListItem* item = TokenItem(arguments);
   return item == nullptr ? Status::Refused : DeselectListItem(TargetOf(arguments), *item);
 }
 
-Status SelectItem(const Arguments& arguments) noexcept {
+Status SelectItem(const Arguments& arguments) {
   ListItem* item = TargetItem(arguments);
   return item == nullptr ? Status::Refused : SelectListItem(TargetOf(arguments), *item);
 }
 
-Status DeselectItem(const Arguments& arguments) noexcept {
+Status DeselectItem(const Arguments& arguments) {
   ListItem* item = TargetItem(arguments);
   return item == nullptr ? Status::Refused : DeselectListItem(TargetOf(arguments), *item);
 }
 
-Status ToggleItem(const Arguments& arguments) noexcept {
+Status ToggleItem(const Arguments& arguments) {
   ListItem* item = TargetItem(arguments);
   if (item == nullptr) return Status::Refused;
   ListGroup& group = TargetOf(arguments);
   return item->IsSelected ? DeselectListItem(group, *item) : SelectListItem(group, *item);
 }
 
-Status GetItemStatus(const Arguments& arguments) noexcept {
+Status GetItemStatus(const Arguments& arguments) {
   const ListItem* item = TargetItem(arguments);
   return item == nullptr ? Status::Refused : AnswerBoolean(arguments, 1, item->IsSelected);
 }
 
-Status GetListItem(const Arguments& arguments) noexcept {
+Status GetListItem(const Arguments& arguments) {
   const ListItem* item = TargetItem(arguments);
   return item == nullptr ? Status::Refused : AnswerReference(arguments, 1, item->AVisible);
 }

@@ -8,15 +8,15 @@ namespace korvel {
 namespace {
 
 // The copy of what cannot be copied is empty; the action proceeds with that.
-void CopyOctets(const OctetString& from, OctetString& to) noexcept {
+void CopyOctets(const OctetString& from, OctetString& to) {
   if (!to.CopyFrom(from)) std::fputs("Can't allocate memory for CharVal\n", stdout);
 }
 
-void CopyReference(const ObjectReference& from, ObjectReference& to) noexcept {
+void CopyReference(const ObjectReference& from, ObjectReference& to) {
   if (!Copy(from, to)) std::fputs("Can't allocate memory for ObjectRefVal\n", stdout);
 }
 
-void CopyValue(const GenericValue& from, GenericValue& to) noexcept {
+void CopyValue(const GenericValue& from, GenericValue& to) {
   to.Kind = from.Kind;
   to.Boolean = from.Boolean;
   to.Integer = from.Integer;
@@ -25,7 +25,7 @@ void CopyValue(const GenericValue& from, GenericValue& to) noexcept {
 }
 
 // A content that cannot be had now is asked for again at the next reading.
-void LoadContent(ContentRefVariable& variable) noexcept {
+void LoadContent(ContentRefVariable& variable) {
   if (variable.Content.Data.IsPresent() || variable.Value.Path.TextView().empty()) return;
   OctetString bytes;
   if (ResolveGroup(variable.Value.Path.TextView(), bytes) == Status::Done) {
@@ -33,7 +33,7 @@ void LoadContent(ContentRefVariable& variable) noexcept {
   }
 }
 
-void CopyVariable(const FoundObject& found, GenericValue& value) noexcept {
+void CopyVariable(const FoundObject& found, GenericValue& value) {
   switch (found.Type) {
   case ItemType::BooleanVariable:
     value.Kind = ValueKind::Boolean;
@@ -62,25 +62,25 @@ void CopyVariable(const FoundObject& found, GenericValue& value) noexcept {
 // Walks an action's parameters as its syntax asks for them, one value after the other.
 class Evaluation {
  public:
-  explicit Evaluation(Arguments& arguments) noexcept
+  explicit Evaluation(Arguments& arguments)
       : arguments_(arguments), next_(arguments.Given->begin()) {}
 
-  [[nodiscard]] bool IsAtEnd() const noexcept { return next_ == arguments_.Given->end(); }
+  [[nodiscard]] bool IsAtEnd() const { return next_ == arguments_.Given->end(); }
 
-  Status Take(ValueKind kind) noexcept {
+  Status Take(ValueKind kind) {
     const GenericValue* given = IsAtEnd() ? nullptr : &*next_;
     if (given != nullptr) ++next_;
     return ReadValueOfKind(arguments_, given, kind, arguments_.Values[taken_++]);
   }
 
   // A place that stands for two values of which the second may be absent.
-  Status TakePair(ValueKind first, ValueKind second) noexcept {
+  Status TakePair(ValueKind first, ValueKind second) {
     const Status status = Take(first);
     return status == Status::Done ? Take(second) : status;
   }
 
   // How many of the leading places are evaluated; a behaviour reads the others in its own way.
-  [[nodiscard]] std::size_t Taken() const noexcept { return taken_; }
+  [[nodiscard]] std::size_t Taken() const { return taken_; }
 
  private:
   Arguments& arguments_;
@@ -109,7 +109,7 @@ constexpr bool IsList(Parameter parameter) {
          parameter == Parameter::Points;
 }
 
-Status TakePlace(Parameter parameter, Evaluation& evaluation) noexcept {
+Status TakePlace(Parameter parameter, Evaluation& evaluation) {
   switch (parameter) {
   case Parameter::Integer:
   case Parameter::EventNumber: return evaluation.Take(ValueKind::Integer);
@@ -124,20 +124,20 @@ Status TakePlace(Parameter parameter, Evaluation& evaluation) noexcept {
 
 }  // namespace
 
-Asker AskerFor(const Ingredient& ingredient) noexcept {
+Asker AskerFor(const Ingredient& ingredient) {
   const bool isApplications =
       ingredient.owner != nullptr && ingredient.owner->Type == ItemType::Application;
   return {isApplications ? Scope::ApplicationFirst : Scope::SceneFirst,
           ingredient.Reference.GroupIdentifier.View()};
 }
 
-FoundObject Find(const Asker& asker, const ObjectReference& reference) noexcept {
+FoundObject Find(const Asker& asker, const ObjectReference& reference) {
   const OctetString& group = reference.GroupIdentifier;
   return FindObject(asker.scope, group.IsPresent() ? group.View() : asker.groupName,
                     reference.Number);
 }
 
-FoundObject FindTarget(const Asker& asker, const GenericValue& target) noexcept {
+FoundObject FindTarget(const Asker& asker, const GenericValue& target) {
   if (!IsIndirect(target)) return Find(asker, target.Reference);
   const FoundObject variable = Find(asker, target.Reference);
   if (variable.Type != ItemType::ObjectRefVariable) return {};
@@ -145,7 +145,7 @@ FoundObject FindTarget(const Asker& asker, const GenericValue& target) noexcept 
 }
 
 Status ReadVariable(const Asker& asker, const ObjectReference& reference, ContentLoading loading,
-                    GenericValue& value) noexcept {
+                    GenericValue& value) {
   const FoundObject found = Find(asker, reference);
   if (found.Type == ItemType::ContentRefVariable && loading == ContentLoading::Fetch) {
     LoadContent(found.As<ContentRefVariable>());
@@ -155,7 +155,7 @@ Status ReadVariable(const Asker& asker, const ObjectReference& reference, Conten
 }
 
 Status ReadValue(const Asker& asker, const GenericValue& given, ContentLoading loading,
-                 GenericValue& value) noexcept {
+                 GenericValue& value) {
   if (!IsIndirect(given)) {
     CopyValue(given, value);
     return value.Kind == ValueKind::None ? Status::Refused : Status::Done;
@@ -166,7 +166,7 @@ Status ReadValue(const Asker& asker, const GenericValue& given, ContentLoading l
 }
 
 Status ReadValueOfKind(const Asker& asker, const GenericValue* given, ValueKind kind,
-                       GenericValue& value) noexcept {
+                       GenericValue& value) {
   if (given == nullptr || given->Kind == ValueKind::None) return Status::Done;
   if (given->Kind == kind) {
     CopyValue(*given, value);
@@ -181,7 +181,7 @@ Status ReadValueOfKind(const Asker& asker, const GenericValue* given, ValueKind 
   return Status::Done;
 }
 
-Status EvaluateParameters(const ActionRow& row, Arguments& arguments) noexcept {
+Status EvaluateParameters(const ActionRow& row, Arguments& arguments) {
   Evaluation evaluation(arguments);
   std::size_t place = 0;
   for (const Parameter parameter : row.Syntax()) {

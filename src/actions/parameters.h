@@ -23,7 +23,7 @@ struct Asker {
 };
 
 // The asker that speaks for an ingredient: its own group comes first and completes its references.
-[[nodiscard]] Asker AskerFor(const Ingredient& ingredient) noexcept;
+[[nodiscard]] Asker AskerFor(const Ingredient& ingredient);
 
 // What an action is carried out with.
 struct Arguments : Asker {
@@ -34,17 +34,15 @@ struct Arguments : Asker {
   std::array<GenericValue, kMostParameters> Values;
   const List<GenericValue>* Given = nullptr;  // the parameters as the action holds them
 
-  [[nodiscard]] std::int32_t Integer(std::size_t place) const noexcept {
-    return Values[place].Integer;
-  }
-  [[nodiscard]] bool Boolean(std::size_t place) const noexcept { return Values[place].Boolean; }
-  [[nodiscard]] std::string_view Octets(std::size_t place) const noexcept {
+  [[nodiscard]] std::int32_t Integer(std::size_t place) const { return Values[place].Integer; }
+  [[nodiscard]] bool Boolean(std::size_t place) const { return Values[place].Boolean; }
+  [[nodiscard]] std::string_view Octets(std::size_t place) const {
     return Values[place].Octets.View();
   }
-  [[nodiscard]] const ObjectReference& Reference(std::size_t place) const noexcept {
+  [[nodiscard]] const ObjectReference& Reference(std::size_t place) const {
     return Values[place].Reference;
   }
-  [[nodiscard]] bool IsPresent(std::size_t place) const noexcept {
+  [[nodiscard]] bool IsPresent(std::size_t place) const {
     return Values[place].Kind != ValueKind::None;
   }
 };
@@ -54,34 +52,34 @@ struct Arguments : Asker {
 enum class ContentLoading : std::uint8_t { Fetch, LeaveOut };
 
 // The object that a reference names.
-[[nodiscard]] FoundObject Find(const Asker& asker, const ObjectReference& reference) noexcept;
+[[nodiscard]] FoundObject Find(const Asker& asker, const ObjectReference& reference);
 
 // The object that an action's target names: directly, or through an object reference variable.
-[[nodiscard]] FoundObject FindTarget(const Asker& asker, const GenericValue& target) noexcept;
+[[nodiscard]] FoundObject FindTarget(const Asker& asker, const GenericValue& target);
 
 // Copies the value of the variable that `reference` names; the kind of `value` says which class it
 // was, None that it was no variable. Failure when the action list has to stop.
 Status ReadVariable(const Asker& asker, const ObjectReference& reference, ContentLoading loading,
-                    GenericValue& value) noexcept;
+                    GenericValue& value);
 
 // Whether the value stands in a variable that has to be read.
-[[nodiscard]] constexpr bool IsIndirect(const GenericValue& given) noexcept {
+[[nodiscard]] constexpr bool IsIndirect(const GenericValue& given) {
   return given.Kind == ValueKind::IndirectReference;
 }
 
 // A value of any kind: copied when it is given directly, else read from the variable. Refused when
 // it cannot be had.
 Status ReadValue(const Asker& asker, const GenericValue& given, ContentLoading loading,
-                 GenericValue& value) noexcept;
+                 GenericValue& value);
 
 // A value that has to be of one kind. An absent value stays None. A boolean, integer or octet
 // string may also be given as a plain reference to its variable. Refused when the variable is not
 // of the kind's class.
 Status ReadValueOfKind(const Asker& asker, const GenericValue* given, ValueKind kind,
-                       GenericValue& value) noexcept;
+                       GenericValue& value);
 
 // Fills `arguments.Values` by the action's syntax. Refused when a required parameter is missing or
 // cannot be had.
-Status EvaluateParameters(const ActionRow& row, Arguments& arguments) noexcept;
+Status EvaluateParameters(const ActionRow& row, Arguments& arguments);
 
 }  // namespace korvel

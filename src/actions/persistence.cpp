@@ -21,12 +21,12 @@ struct PersistentArguments {
 };
 
 // Everything is looked for in the application first, whoever asks.
-Asker PersistentAsker(const Arguments& arguments) noexcept {
+Asker PersistentAsker(const Arguments& arguments) {
   return {Scope::ApplicationFirst, arguments.groupName};
 }
 
 // Refused when the action is to do nothing at all.
-Status ReadArguments(const Arguments& arguments, PersistentArguments& read) noexcept {
+Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
   const Asker asker = PersistentAsker(arguments);
   const FoundObject success = Find(asker, arguments.Reference(0));
   if (success.Type != ItemType::BooleanVariable) return Status::Refused;
@@ -48,7 +48,7 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) noex
 }
 
 // Adds values to an entry. Each returns false when memory is out.
-[[nodiscard]] bool AddNumber(OctetString& data, std::uint32_t number) noexcept {
+[[nodiscard]] bool AddNumber(OctetString& data, std::uint32_t number) {
   char bytes[kNumberBytes];
   for (char& byte : bytes) {
     byte = static_cast<char>(number & 0xFF);
@@ -57,12 +57,12 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) noex
   return data.Append({bytes, sizeof bytes});
 }
 
-[[nodiscard]] bool AddOctets(OctetString& data, const OctetString& octets) noexcept {
+[[nodiscard]] bool AddOctets(OctetString& data, const OctetString& octets) {
   return AddNumber(data, static_cast<std::uint32_t>(octets.Length())) && data.Append(octets.View());
 }
 
 // Adds a variable's value. Refused when the object is no variable.
-Status AddVariable(OctetString& data, const FoundObject& variable) noexcept {
+Status AddVariable(OctetString& data, const FoundObject& variable) {
   bool isAdded = false;
   switch (variable.Type) {
   case ItemType::BooleanVariable: {
@@ -93,9 +93,9 @@ Status AddVariable(OctetString& data, const FoundObject& variable) noexcept {
 // Reads an entry. What lies beyond its end is 0, empty, or false, and so is everything after that.
 class EntryReader {
  public:
-  explicit EntryReader(std::string_view data) noexcept : rest_(data) {}
+  explicit EntryReader(std::string_view data) : rest_(data) {}
 
-  [[nodiscard]] std::string_view Bytes(std::size_t count) noexcept {
+  [[nodiscard]] std::string_view Bytes(std::size_t count) {
     if (count > rest_.size()) {
       rest_ = {};
       isShort_ = true;
@@ -106,7 +106,7 @@ class EntryReader {
     return bytes;
   }
 
-  [[nodiscard]] std::uint32_t Number() noexcept {
+  [[nodiscard]] std::uint32_t Number() {
     std::uint32_t number = 0;
     std::uint32_t shift = 0;
     for (const char byte : Bytes(kNumberBytes)) {
@@ -116,16 +116,16 @@ class EntryReader {
     return number;
   }
 
-  [[nodiscard]] std::string_view Octets() noexcept { return Bytes(Number()); }
+  [[nodiscard]] std::string_view Octets() { return Bytes(Number()); }
 
-  [[nodiscard]] bool IsShort() const noexcept { return isShort_; }
+  [[nodiscard]] bool IsShort() const { return isShort_; }
 
  private:
   std::string_view rest_;
   bool isShort_ = false;
 };
 
-Status TakeReference(EntryReader& reader, ObjectRefVariable& variable) noexcept {
+Status TakeReference(EntryReader& reader, ObjectRefVariable& variable) {
   ObjectReference reference;
   const std::string_view group = reader.Octets();
   reference.Number = static_cast<std::int32_t>(reader.Number());
@@ -139,7 +139,7 @@ Status TakeReference(EntryReader& reader, ObjectRefVariable& variable) noexcept 
 
 // Gives a variable its value from an entry. Refused when the object is no variable. One that is not
 // available keeps its value, and the entry's value is passed over.
-Status TakeVariable(EntryReader& reader, const FoundObject& variable) noexcept {
+Status TakeVariable(EntryReader& reader, const FoundObject& variable) {
   OctetString octets;
   switch (variable.Type) {
   case ItemType::BooleanVariable: {
@@ -165,7 +165,7 @@ Status TakeVariable(EntryReader& reader, const FoundObject& variable) noexcept {
 
 }  // namespace
 
-Status StorePersistent(const Arguments& arguments) noexcept {
+Status StorePersistent(const Arguments& arguments) {
   PersistentArguments read;
   Status status = ReadArguments(arguments, read);
   if (status != Status::Done) return status;
@@ -186,7 +186,7 @@ Status StorePersistent(const Arguments& arguments) noexcept {
 
 // Reading takes the entry out of the store. An entry that was never stored is no error: the
 // variables are reset.
-Status ReadPersistent(const Arguments& arguments) noexcept {
+Status ReadPersistent(const Arguments& arguments) {
   PersistentArguments read;
   Status status = ReadArguments(arguments, read);
   if (status != Status::Done) return status;

@@ -6,12 +6,12 @@
 namespace korvel {
 namespace {
 
-ResidentProgram& TargetOf(const Arguments& arguments) noexcept {
+ResidentProgram& TargetOf(const Arguments& arguments) {
   return arguments.Target.As<ResidentProgram>();
 }
 
 // Runs the target with the parameters behind the success variable, which tells how that went.
-Status RunTargetProgram(const Arguments& arguments) noexcept {
+Status RunTargetProgram(const Arguments& arguments) {
   const FoundObject success = Find(arguments, arguments.Reference(0));
   if (success.Type != ItemType::BooleanVariable) return Status::Refused;
   Sequence<const GenericValue*> parameters;
@@ -28,9 +28,9 @@ Status RunTargetProgram(const Arguments& arguments) noexcept {
 
 }  // namespace
 
-Status CallProgram(const Arguments& arguments) noexcept { return RunTargetProgram(arguments); }
+Status CallProgram(const Arguments& arguments) { return RunTargetProgram(arguments); }
 
-Status ForkProgram(const Arguments& arguments) noexcept {
+Status ForkProgram(const Arguments& arguments) {
   const Status status = RunTargetProgram(arguments);
   return status == Status::Done ? RaiseFrom(TargetOf(arguments), EventType::AsynchStopped) : status;
 }

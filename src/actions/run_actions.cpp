@@ -11,7 +11,7 @@ namespace korvel {
 namespace {
 
 // One line per action, in numeric order. The compiler names an action that is missing.
-Status Perform(Action action, const Arguments& arguments, const GenericValue& target) noexcept {
+Status Perform(Action action, const Arguments& arguments, const GenericValue& target) {
   switch (action) {
   case Action::Activate: return ActivateTarget(arguments);
   case Action::Add: return Add(arguments);
@@ -138,8 +138,7 @@ Status Perform(Action action, const Arguments& arguments, const GenericValue& ta
 
 // An action whose parameters cannot be had, whose target is not found or of a class that it does
 // not work on is passed over silently. Actions that accept no class need no target.
-Status PerformOne(const Asker& asker, const ActionRow& row,
-                  const ElementaryAction& action) noexcept {
+Status PerformOne(const Asker& asker, const ActionRow& row, const ElementaryAction& action) {
   Arguments arguments{asker, {}, {}, &action.Parameters};
   const Status status = EvaluateParameters(row, arguments);
   if (status != Status::Done) return status;
@@ -153,7 +152,7 @@ Status PerformOne(const Asker& asker, const ActionRow& row,
 }  // namespace
 
 Status RunActions(Scope scope, const ActionHolder& owner, std::int32_t /*reserved*/,
-                  std::string_view groupName) noexcept {
+                  std::string_view groupName) {
   if (owner.Actions == nullptr || owner.Actions->IsEmpty()) return Status::Done;
   const NestingLevel level;
   OctetString name;

@@ -9,24 +9,24 @@ namespace {
 
 constexpr std::int32_t kProportional = 3;  // the slider style that has a portion
 
-Slider& TargetOf(const Arguments& arguments) noexcept { return arguments.Target.As<Slider>(); }
+Slider& TargetOf(const Arguments& arguments) { return arguments.Target.As<Slider>(); }
 
-bool IsProportional(const Slider& slider) noexcept { return slider.SliderStyle == kProportional; }
+bool IsProportional(const Slider& slider) { return slider.SliderStyle == kProportional; }
 
 // Content may give any numbers: sums and products of them are worked in 64 bits.
-constexpr std::int64_t Wide(std::int32_t number) noexcept { return number; }
+constexpr std::int64_t Wide(std::int32_t number) { return number; }
 
 // Only a proportional slider has a portion; every action on the others' values makes it 0.
-void DropUnusedPortion(Slider& slider) noexcept {
+void DropUnusedPortion(Slider& slider) {
   if (!IsProportional(slider)) slider.Portion = 0;
 }
 
-Status ShowChange(Slider& slider) noexcept {
+Status ShowChange(Slider& slider) {
   const Status status = RedrawIfRunning(slider);
   return status == Status::Done ? RaiseFrom(slider, EventType::InteractionCompleted) : status;
 }
 
-Status Step(Slider& slider, std::int32_t steps) noexcept {
+Status Step(Slider& slider, std::int32_t steps) {
   if (!slider.AvailabilityStatus) return Status::Refused;
   DropUnusedPortion(slider);
   const std::int64_t value = Wide(steps) * slider.StepSize + slider.SliderValue;
@@ -41,7 +41,7 @@ struct StepKeys {
   std::int32_t Down = 0;
 };
 
-constexpr StepKeys KeysOf(std::int32_t orientation) noexcept {
+constexpr StepKeys KeysOf(std::int32_t orientation) {
   switch (orientation) {
   case 1: return {keys::kRight, keys::kLeft};
   case 2: return {keys::kLeft, keys::kRight};
@@ -53,7 +53,7 @@ constexpr StepKeys KeysOf(std::int32_t orientation) noexcept {
 
 }  // namespace
 
-bool TakeKey(Slider& slider, std::int32_t key, Status& result) noexcept {
+bool TakeKey(Slider& slider, std::int32_t key, Status& result) {
   const StepKeys steps = KeysOf(slider.Orientation);
   if (key == keys::kSelect || key == keys::kCancel) {
     result = EndInteraction(slider, slider);
@@ -67,11 +67,11 @@ bool TakeKey(Slider& slider, std::int32_t key, Status& result) noexcept {
   return true;
 }
 
-Status StepSlider(const Arguments& arguments) noexcept {
+Status StepSlider(const Arguments& arguments) {
   return Step(TargetOf(arguments), arguments.Integer(0));
 }
 
-Status SetSliderValue(const Arguments& arguments) noexcept {
+Status SetSliderValue(const Arguments& arguments) {
   Slider& slider = TargetOf(arguments);
   if (!slider.AvailabilityStatus) return Status::Refused;
   DropUnusedPortion(slider);
@@ -86,14 +86,14 @@ Status SetSliderValue(const Arguments& arguments) noexcept {
   return ShowChange(slider);
 }
 
-Status GetSliderValue(const Arguments& arguments) noexcept {
+Status GetSliderValue(const Arguments& arguments) {
   const Slider& slider = TargetOf(arguments);
   if (!slider.AvailabilityStatus) return Status::Refused;
   return AnswerInteger(arguments, 0, slider.SliderValue);
 }
 
 // There is no lower bound.
-Status SetPortion(const Arguments& arguments) noexcept {
+Status SetPortion(const Arguments& arguments) {
   Slider& slider = TargetOf(arguments);
   if (!slider.AvailabilityStatus) return Status::Refused;
   DropUnusedPortion(slider);
@@ -104,7 +104,7 @@ Status SetPortion(const Arguments& arguments) noexcept {
   return ShowChange(slider);
 }
 
-Status GetPortion(const Arguments& arguments) noexcept {
+Status GetPortion(const Arguments& arguments) {
   const Slider& slider = TargetOf(arguments);
   if (!slider.AvailabilityStatus || !IsProportional(slider)) return Status::Refused;
   return AnswerInteger(arguments, 0, slider.Portion);

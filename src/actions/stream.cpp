@@ -11,7 +11,7 @@ constexpr std::int32_t kAbsentPosition = -1;
 
 // Runs or stops components in their order. Done as long as the stream is there to go on with.
 template <class Selects, class Handle>
-Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) noexcept {
+Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) {
   for (const Item& component : stream.Multiplex) {
     if (!MayGoOn()) return Status::Failure;
     if (!selects(*component.Record())) continue;
@@ -23,7 +23,7 @@ Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) noexcep
 }
 
 // Has the presentation show the videos that have come to run.
-Status StartVideos(const Stream& stream) noexcept {
+Status StartVideos(const Stream& stream) {
   for (const Item& component : stream.Multiplex) {
     if (!MayGoOn()) return Status::Failure;
     if (component.Type() != ItemType::Video || !component.Record()->RunningStatus) continue;
@@ -35,7 +35,7 @@ Status StartVideos(const Stream& stream) noexcept {
 }
 
 // Takes the stream itself to its new status, unless an event of a component has done so already.
-Change FinishChange(Stream& stream, Status components, bool isRunning) noexcept {
+Change FinishChange(Stream& stream, Status components, bool isRunning) {
   if (components == Status::Failure) return Change::Failure;
   if (components == Status::Replaced) return Change::Changed;
   if (stream.RunningStatus == isRunning) return Change::Nothing;
@@ -45,14 +45,14 @@ Change FinishChange(Stream& stream, Status components, bool isRunning) noexcept 
 
 }  // namespace
 
-Change ActivateStream(Stream& stream) noexcept {
+Change ActivateStream(Stream& stream) {
   Status status = ForComponents(
       stream, [](const Ingredient& component) { return component.InitiallyActive; }, RunIngredient);
   if (status == Status::Done) status = StartVideos(stream);
   return FinishChange(stream, status, true);
 }
 
-Change DeactivateStream(Stream& stream) noexcept {
+Change DeactivateStream(Stream& stream) {
   Status status = ForComponents(
       stream, [](const Ingredient&) { return true; }, StopIngredient);
   if (status == Status::Done) status = EndStream(stream);
@@ -60,7 +60,7 @@ Change DeactivateStream(Stream& stream) noexcept {
 }
 
 // The absent position takes an existing trigger away, but is entered like any other for a new one.
-Status SetCounterTrigger(const Arguments& arguments) noexcept {
+Status SetCounterTrigger(const Arguments& arguments) {
   List<CounterTrigger>& triggers = arguments.Target.As<Stream>().CounterTriggers;
   const std::int32_t identifier = arguments.Integer(0);
   const std::int32_t position = arguments.IsPresent(1) ? arguments.Integer(1) : kAbsentPosition;
@@ -76,29 +76,29 @@ Status SetCounterTrigger(const Arguments& arguments) noexcept {
   return triggers.Append({identifier, position}) == nullptr ? Status::Failure : Status::Done;
 }
 
-Status SetVolume(const Arguments& arguments) noexcept {
+Status SetVolume(const Arguments& arguments) {
   arguments.Target.As<Audio>().Volume = arguments.Integer(0);
   return Status::Done;
 }
 
-Status GetVolume(const Arguments& arguments) noexcept {
+Status GetVolume(const Arguments& arguments) {
   return AnswerInteger(arguments, 0, arguments.Target.As<Audio>().Volume);
 }
 
 // A negative size makes the video unscaled in that direction; a bitmap refuses one.
-Status ScaleVideo(const Arguments& arguments) noexcept {
+Status ScaleVideo(const Arguments& arguments) {
   auto& video = arguments.Target.As<Video>();
   if (!video.AvailabilityStatus) return Status::Refused;
   video.ScaledSize = {arguments.Integer(0), arguments.Integer(1)};
   return RedrawIfRunning(video);
 }
 
-Status SetVideoDecodeOffset(const Arguments& arguments) noexcept {
+Status SetVideoDecodeOffset(const Arguments& arguments) {
   arguments.Target.As<Video>().DecodeOffset = {arguments.Integer(0), arguments.Integer(1)};
   return Status::Done;
 }
 
-Status GetVideoDecodeOffset(const Arguments& arguments) noexcept {
+Status GetVideoDecodeOffset(const Arguments& arguments) {
   const Position& offset = arguments.Target.As<Video>().DecodeOffset;
   return AnswerPair(arguments, offset.X, offset.Y);
 }

@@ -11,17 +11,17 @@ namespace {
 
 constexpr char kNoMemory[] = "Can't allocate memory for TextContentVar\n";
 
-Text& TargetOf(const Arguments& arguments) noexcept { return arguments.Target.As<Text>(); }
+Text& TargetOf(const Arguments& arguments) { return arguments.Target.As<Text>(); }
 
 }  // namespace
 
 // The content as decoded, whatever the object shows by now.
-Status GetTextContent(const Arguments& arguments) noexcept {
+Status GetTextContent(const Arguments& arguments) {
   return AnswerOctets(arguments, 0, TargetOf(arguments).OriginalContent.Data.TextView(), kNoMemory);
 }
 
 // What the object shows. Every reading leaves its length on the standard output.
-Status GetTextData(const Arguments& arguments) noexcept {
+Status GetTextData(const Arguments& arguments) {
   const FoundObject variable = Find(arguments, arguments.Reference(0));
   if (variable.Type != ItemType::OctetStringVariable) return Status::Refused;
   const std::string_view text = TargetOf(arguments).TextData.View();
@@ -30,7 +30,7 @@ Status GetTextData(const Arguments& arguments) noexcept {
 }
 
 // A font name, or a Font object.
-Status SetFontRef(const Arguments& arguments) noexcept {
+Status SetFontRef(const Arguments& arguments) {
   GenericValue value;
   const Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::Fetch, value);
   if (status != Status::Done) return status;
@@ -44,16 +44,16 @@ Status SetFontRef(const Arguments& arguments) noexcept {
   return Status::Done;
 }
 
-Status SetFontAttributes(const Arguments& arguments) noexcept {
+Status SetFontAttributes(const Arguments& arguments) {
   return TargetOf(arguments).FontAttributes.Assign(arguments.Octets(0)) ? Status::Done
                                                                         : Status::Failure;
 }
 
-Status SetTextColour(const Arguments& arguments) noexcept {
+Status SetTextColour(const Arguments& arguments) {
   return ReadColour(arguments, TargetOf(arguments).TextColour);
 }
 
-Status SetBackgroundColour(const Arguments& arguments) noexcept {
+Status SetBackgroundColour(const Arguments& arguments) {
   return ReadColour(arguments, TargetOf(arguments).BackgroundColour);
 }
 

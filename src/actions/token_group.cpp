@@ -9,17 +9,15 @@
 namespace korvel {
 namespace {
 
-TokenGroup& TargetOf(const Arguments& arguments) noexcept {
-  return arguments.Target.As<TokenGroup>();
-}
+TokenGroup& TargetOf(const Arguments& arguments) { return arguments.Target.As<TokenGroup>(); }
 
 // The value at a 1-based place; null below and past the list.
 template <class T>
-const T* AtPlace(const List<T>& list, std::int32_t place) noexcept {
+const T* AtPlace(const List<T>& list, std::int32_t place) {
   return place < 1 ? nullptr : list.At(static_cast<std::size_t>(place) - 1);
 }
 
-Status MoveTokenTo(TokenGroup& group, std::int32_t position) noexcept {
+Status MoveTokenTo(TokenGroup& group, std::int32_t position) {
   if (position == group.TokenPosition) return Status::Refused;
   const Status status =
       RaiseFrom(group, EventType::TokenMovedFrom, EventData::Integer(group.TokenPosition));
@@ -31,7 +29,7 @@ Status MoveTokenTo(TokenGroup& group, std::int32_t position) noexcept {
 // Hands each member that is a visible to `handle`. Done as long as the group is there to go on
 // with.
 template <class Handle>
-Status ForMembers(TokenGroup& group, const char* message, Handle&& handle) noexcept {
+Status ForMembers(TokenGroup& group, const char* message, Handle&& handle) {
   for (const TokenGroupItem& item : group.TokenGroupItems) {
     if (!MayGoOn()) return Status::Failure;
     const FoundObject member = Find(AskerFor(group), item.AVisible);
@@ -52,7 +50,7 @@ constexpr Change ChangeOf(Status status) {
 
 }  // namespace
 
-Change ActivateTokenGroup(TokenGroup& group) noexcept {
+Change ActivateTokenGroup(TokenGroup& group) {
   const Status status = ForMembers(group, "TokenGroup Activation Error\n", RunIngredient);
   if (status != Status::Done) return ChangeOf(status);
   if (group.RunningStatus) return Change::Nothing;  // an event of a member has run it already
@@ -62,7 +60,7 @@ Change ActivateTokenGroup(TokenGroup& group) noexcept {
 }
 
 // A link of the events may run the group again; the members then stay as that has left them.
-Change DeactivateTokenGroup(TokenGroup& group) noexcept {
+Change DeactivateTokenGroup(TokenGroup& group) {
   group.RunningStatus = false;
   Status status =
       RaiseFrom(group, EventType::TokenMovedFrom, EventData::Integer(group.TokenPosition));
@@ -74,7 +72,7 @@ Change DeactivateTokenGroup(TokenGroup& group) noexcept {
   return isRunAgain ? Change::Nothing : ChangeOf(status);
 }
 
-Status Move(const Arguments& arguments) noexcept {
+Status Move(const Arguments& arguments) {
   TokenGroup& group = TargetOf(arguments);
   if (!group.RunningStatus) return Status::Refused;
   const Movement* movement = AtPlace(group.MovementTable, arguments.Integer(0));
@@ -92,19 +90,19 @@ Status Move(const Arguments& arguments) noexcept {
 }
 
 // The position need not be one of a member.
-Status MoveTo(const Arguments& arguments) noexcept {
+Status MoveTo(const Arguments& arguments) {
   TokenGroup& group = TargetOf(arguments);
   if (!group.RunningStatus) return Status::Refused;
   return MoveTokenTo(group, arguments.Integer(0));
 }
 
-Status GetTokenPosition(const Arguments& arguments) noexcept {
+Status GetTokenPosition(const Arguments& arguments) {
   const TokenGroup& group = TargetOf(arguments);
   if (!group.RunningStatus) return Status::Refused;
   return AnswerInteger(arguments, 0, group.TokenPosition);
 }
 
-Status CallActionSlot(const Arguments& arguments) noexcept {
+Status CallActionSlot(const Arguments& arguments) {
   const TokenGroup& group = TargetOf(arguments);
   if (!group.RunningStatus) return Status::Refused;
   const List<ActionSlot>* slots = &group.NoTokenActionSlots;

@@ -16,16 +16,12 @@ namespace {
 constexpr std::size_t kLongestValue = std::size_t{16} * 1024 * 1024;
 
 // Two's complement arithmetic that wraps.
-constexpr std::int32_t Wrapped(std::uint32_t value) noexcept {
-  return static_cast<std::int32_t>(value);
-}
-constexpr std::uint32_t Bits(std::int32_t value) noexcept {
-  return static_cast<std::uint32_t>(value);
-}
+constexpr std::int32_t Wrapped(std::uint32_t value) { return static_cast<std::int32_t>(value); }
+constexpr std::uint32_t Bits(std::int32_t value) { return static_cast<std::uint32_t>(value); }
 
 // The number that a text begins with: an optional sign and digits; 0 when there is none. A number
 // that is too large becomes the largest.
-std::int32_t LeadingNumber(std::string_view text) noexcept {
+std::int32_t LeadingNumber(std::string_view text) {
   std::size_t at = 0;
   const bool isNegative = text.starts_with('-');
   if (isNegative || text.starts_with('+')) ++at;
@@ -40,13 +36,13 @@ std::int32_t LeadingNumber(std::string_view text) noexcept {
 }
 
 // Writes the number as decimal text. False when memory is out.
-bool WriteDecimal(std::int32_t number, OctetString& text) noexcept {
+bool WriteDecimal(std::int32_t number, OctetString& text) {
   char digits[12] = {};
   const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
   return text.Assign({digits, static_cast<std::size_t>(end - digits)});
 }
 
-Status SetInteger(IntegerVariable& variable, const GenericValue& value) noexcept {
+Status SetInteger(IntegerVariable& variable, const GenericValue& value) {
   switch (value.Kind) {
   case ValueKind::Integer: return SetValue(variable, value.Integer);
   case ValueKind::OctetString: return SetValue(variable, LeadingNumber(value.Octets.View()));
@@ -55,7 +51,7 @@ Status SetInteger(IntegerVariable& variable, const GenericValue& value) noexcept
 }
 
 // A number is written as text only when it comes from a variable.
-Status SetOctets(OctetStringVariable& variable, GenericValue value, bool isIndirect) noexcept {
+Status SetOctets(OctetStringVariable& variable, GenericValue value, bool isIndirect) {
   if (value.Kind == ValueKind::Integer && isIndirect) {
     if (!WriteDecimal(value.Integer, value.Octets)) {
       std::fputs("Can't allocate memory for CharVal\n", stdout);
@@ -67,15 +63,14 @@ Status SetOctets(OctetStringVariable& variable, GenericValue value, bool isIndir
 }
 
 // Counts the zero after a path that comes as text without a length. Empty when memory is out.
-void CountEndingZero(OctetString& path) noexcept {
+void CountEndingZero(OctetString& path) {
   if (path.Assign({path.Text(), path.TextView().size() + 1})) return;
   std::fputs("Can't allocate memory for CharVal\n", stdout);
   path.Clear();
 }
 
 // A path given directly keeps its length. One read from a variable has none.
-Status SetContentReference(ContentRefVariable& variable, GenericValue value,
-                           bool isIndirect) noexcept {
+Status SetContentReference(ContentRefVariable& variable, GenericValue value, bool isIndirect) {
   const bool isPath = value.Kind == ValueKind::ContentReference ||
                       (value.Kind == ValueKind::OctetString && !isIndirect);
   if (!isPath) return Status::Refused;
@@ -86,17 +81,17 @@ Status SetContentReference(ContentRefVariable& variable, GenericValue value,
 
 // Replaces the value of the integer variable that is the target.
 template <class Calculate>
-Status Calculated(const Arguments& arguments, Calculate&& calculate) noexcept {
+Status Calculated(const Arguments& arguments, Calculate&& calculate) {
   auto& variable = arguments.Target.As<IntegerVariable>();
   return SetValue(variable, calculate(variable.Value, arguments.Integer(0)));
 }
 
 // What Divide and Modulo cannot calculate on any processor.
-constexpr bool OverflowsDivision(std::int32_t dividend, std::int32_t divisor) noexcept {
+constexpr bool OverflowsDivision(std::int32_t dividend, std::int32_t divisor) {
   return dividend == std::numeric_limits<std::int32_t>::min() && divisor == -1;
 }
 
-bool CompareIntegers(std::int32_t comparison, std::int32_t value, std::int32_t operand) noexcept {
+bool CompareIntegers(std::int32_t comparison, std::int32_t value, std::int32_t operand) {
   switch (comparison) {
   case 1: return value == operand;
   case 2: return value != operand;
@@ -109,7 +104,7 @@ bool CompareIntegers(std::int32_t comparison, std::int32_t value, std::int32_t o
 
 // An operand with a length is compared with as many leading bytes; behind the value's end there is
 // a zero byte.
-bool BeginsWith(const OctetString& value, const OctetString& operand) noexcept {
+bool BeginsWith(const OctetString& value, const OctetString& operand) {
   if (operand.IsEmpty()) return value.TextView().empty();
   const std::string_view bytes = value.View();
   const std::string_view wanted = operand.View();
@@ -118,7 +113,7 @@ bool BeginsWith(const OctetString& value, const OctetString& operand) noexcept {
          wanted.substr(bytes.size()).find_first_not_of('\0') == std::string_view::npos;
 }
 
-bool IsSameReference(const ObjectReference& one, const ObjectReference& other) noexcept {
+bool IsSameReference(const ObjectReference& one, const ObjectReference& other) {
   return one.Number == other.Number && one.GroupIdentifier.View() == other.GroupIdentifier.View();
 }
 
@@ -129,7 +124,7 @@ constexpr bool IsPathKind(ValueKind kind) {
 // Compares the target with the operand. False when the target's class does not take an operand of
 // this kind.
 bool Compare(const FoundObject& target, std::int32_t comparison, const GenericValue& operand,
-             bool& result) noexcept {
+             bool& result) {
   const auto asComparison = [comparison](bool isEqual) {
     return comparison == 1 ? isEqual : !isEqual;
   };
@@ -155,7 +150,7 @@ bool Compare(const FoundObject& target, std::int32_t comparison, const GenericVa
 
 }  // namespace
 
-Status SetVariable(const Arguments& arguments) noexcept {
+Status SetVariable(const Arguments& arguments) {
   const FoundObject& target = arguments.Target;
   const GenericValue& given = *arguments.Given->At(0);
   // One content reference is set from another without fetching what it names.
@@ -182,7 +177,7 @@ Status SetVariable(const Arguments& arguments) noexcept {
   }
 }
 
-Status TestVariable(const Arguments& arguments) noexcept {
+Status TestVariable(const Arguments& arguments) {
   const GenericValue& given = *arguments.Given->At(1);
   GenericValue operand;
   const Status status = ReadValue(arguments, given, ContentLoading::Fetch, operand);
@@ -197,39 +192,39 @@ Status TestVariable(const Arguments& arguments) noexcept {
                    EventData::Boolean(result));
 }
 
-Status Add(const Arguments& arguments) noexcept {
+Status Add(const Arguments& arguments) {
   return Calculated(arguments, [](std::int32_t value, std::int32_t operand) {
     return Wrapped(Bits(value) + Bits(operand));
   });
 }
 
-Status Subtract(const Arguments& arguments) noexcept {
+Status Subtract(const Arguments& arguments) {
   return Calculated(arguments, [](std::int32_t value, std::int32_t operand) {
     return Wrapped(Bits(value) - Bits(operand));
   });
 }
 
-Status Multiply(const Arguments& arguments) noexcept {
+Status Multiply(const Arguments& arguments) {
   return Calculated(arguments, [](std::int32_t value, std::int32_t operand) {
     return Wrapped(Bits(value) * Bits(operand));
   });
 }
 
-Status Divide(const Arguments& arguments) noexcept {
+Status Divide(const Arguments& arguments) {
   if (arguments.Integer(0) == 0) return Status::Refused;
   return Calculated(arguments, [](std::int32_t value, std::int32_t operand) {
     return OverflowsDivision(value, operand) ? value : value / operand;
   });
 }
 
-Status Modulo(const Arguments& arguments) noexcept {
+Status Modulo(const Arguments& arguments) {
   if (arguments.Integer(0) == 0) return Status::Refused;
   return Calculated(arguments, [](std::int32_t value, std::int32_t operand) {
     return OverflowsDivision(value, operand) ? 0 : value % operand;
   });
 }
 
-Status Append(const Arguments& arguments) noexcept {
+Status Append(const Arguments& arguments) {
   auto& variable = arguments.Target.As<OctetStringVariable>();
   if (!variable.AvailabilityStatus) return Status::Refused;
   const std::string_view added = arguments.Octets(0);

@@ -7,49 +7,49 @@
 namespace korvel {
 namespace {
 
-Visible& TargetOf(const Arguments& arguments) noexcept { return arguments.Target.As<Visible>(); }
+Visible& TargetOf(const Arguments& arguments) { return arguments.Target.As<Visible>(); }
 
 // The object that a stacking action names besides its target; null when it is no ingredient.
-const Ingredient* FindReference(const Arguments& arguments) noexcept {
+const Ingredient* FindReference(const Arguments& arguments) {
   const FoundObject found = Find(arguments, arguments.Reference(0));
   return found.Type < ItemType::Link ? nullptr : &found.As<Ingredient>();
 }
 
 }  // namespace
 
-Status BringTargetToFront(const Arguments& arguments) noexcept {
+Status BringTargetToFront(const Arguments& arguments) {
   return BringToFront(arguments.Target.Type, TargetOf(arguments));
 }
 
-Status SendTargetToBack(const Arguments& arguments) noexcept {
+Status SendTargetToBack(const Arguments& arguments) {
   return SendToBack(arguments.Target.Type, TargetOf(arguments));
 }
 
-Status PutTargetBefore(const Arguments& arguments) noexcept {
+Status PutTargetBefore(const Arguments& arguments) {
   const Ingredient* reference = FindReference(arguments);
   if (reference == nullptr) return Status::Refused;
   return PutBefore(arguments.Target.Type, TargetOf(arguments), *reference);
 }
 
-Status PutTargetBehind(const Arguments& arguments) noexcept {
+Status PutTargetBehind(const Arguments& arguments) {
   const Ingredient* reference = FindReference(arguments);
   if (reference == nullptr) return Status::Refused;
   return PutBehind(arguments.Target.Type, TargetOf(arguments), *reference);
 }
 
-Status SetPosition(const Arguments& arguments) noexcept {
+Status SetPosition(const Arguments& arguments) {
   Visible& visible = TargetOf(arguments);
   if (!visible.AvailabilityStatus) return Status::Refused;
   visible.Position = {arguments.Integer(0), arguments.Integer(1)};
   return RedrawIfRunning(visible);
 }
 
-Status GetPosition(const Arguments& arguments) noexcept {
+Status GetPosition(const Arguments& arguments) {
   const Position& position = TargetOf(arguments).Position;
   return AnswerPair(arguments, position.X, position.Y);
 }
 
-Status SetBoxSize(const Arguments& arguments) noexcept {
+Status SetBoxSize(const Arguments& arguments) {
   Visible& visible = TargetOf(arguments);
   const BoxSize size{arguments.Integer(0), arguments.Integer(1)};
   if (!visible.AvailabilityStatus || size.Width < 0 || size.Height < 0) return Status::Refused;
@@ -57,12 +57,12 @@ Status SetBoxSize(const Arguments& arguments) noexcept {
   return RedrawIfRunning(visible);
 }
 
-Status GetBoxSize(const Arguments& arguments) noexcept {
+Status GetBoxSize(const Arguments& arguments) {
   const BoxSize& size = TargetOf(arguments).BoxSize;
   return AnswerPair(arguments, size.Width, size.Height);
 }
 
-Status SetPaletteRef(const Arguments& arguments) noexcept {
+Status SetPaletteRef(const Arguments& arguments) {
   Visible& visible = TargetOf(arguments);
   if (!visible.AvailabilityStatus) return Status::Refused;
   OptionalReference palette;

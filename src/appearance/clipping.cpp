@@ -19,18 +19,18 @@ struct Side {
   double Far;
 };
 
-std::array<Side, 4> SidesOf(std::int64_t farthest) noexcept {
+std::array<Side, 4> SidesOf(std::int64_t farthest) {
   const auto far = static_cast<double>(farthest);
   return {Side{1, 0, far}, Side{-1, 0, far}, Side{0, 1, far}, Side{0, -1, far}};
 }
 
 // How far a point lies outside of a side; not above 0 inside.
-double Outside(const CanvasPoint& point, const Side& side) noexcept {
+double Outside(const CanvasPoint& point, const Side& side) {
   return point.X * side.X + point.Y * side.Y - side.Far;
 }
 
 // Where the line from an inner to an outer point, or the other way, meets the side.
-CanvasPoint Meeting(const CanvasPoint& from, const CanvasPoint& to, const Side& side) noexcept {
+CanvasPoint Meeting(const CanvasPoint& from, const CanvasPoint& to, const Side& side) {
   const double before = Outside(from, side);
   const double share = before / (before - Outside(to, side));
   const auto between = [share](double start, double end) {
@@ -40,7 +40,7 @@ CanvasPoint Meeting(const CanvasPoint& from, const CanvasPoint& to, const Side& 
 }
 
 [[nodiscard]] bool ClipToSide(std::span<const CanvasPoint> points, const Side& side,
-                              Sequence<CanvasPoint>& clipped) noexcept {
+                              Sequence<CanvasPoint>& clipped) {
   for (std::size_t index = 0; index < points.size(); ++index) {
     const CanvasPoint& here = points[index];
     const CanvasPoint& next = points[(index + 1) % points.size()];
@@ -54,7 +54,7 @@ CanvasPoint Meeting(const CanvasPoint& from, const CanvasPoint& to, const Side& 
 
 // Narrows the shares of a line between which it lies inside of a side, given how far outside its
 // ends are.
-void NarrowToSide(double start, double end, double& first, double& last) noexcept {
+void NarrowToSide(double start, double end, double& first, double& last) {
   if (start > 0 && end > 0) last = -1;
   if ((start > 0) == (end > 0)) return;
   const double share = start / (start - end);
@@ -67,10 +67,10 @@ void NarrowToSide(double start, double end, double& first, double& last) noexcep
 
 }  // namespace
 
-double LinePart::Length() const noexcept { return std::hypot(ToX - FromX, ToY - FromY); }
+double LinePart::Length() const { return std::hypot(ToX - FromX, ToY - FromY); }
 
 bool ClipLine(const CanvasPoint& from, const CanvasPoint& to, std::int64_t farthest, double period,
-              LinePart& part) noexcept {
+              LinePart& part) {
   double first = 0;
   double last = 1;
   for (const Side& side : SidesOf(farthest)) {
@@ -86,7 +86,7 @@ bool ClipLine(const CanvasPoint& from, const CanvasPoint& to, std::int64_t farth
 }
 
 bool ClipPolygon(std::span<const CanvasPoint> points, std::int64_t farthest,
-                 Sequence<CanvasPoint>& clipped) noexcept {
+                 Sequence<CanvasPoint>& clipped) {
   const std::array<Side, 4> sides = SidesOf(farthest);
   Sequence<CanvasPoint> right;
   Sequence<CanvasPoint> left;

@@ -19,14 +19,14 @@ constexpr DrawnColour kBlack = 0x00000000;
 // A palette is a row of such entries: red, green, blue, transparency.
 constexpr std::size_t kPaletteEntryBytes = 4;
 
-DrawnColour Pack(std::string_view bytes) noexcept {
+DrawnColour Pack(std::string_view bytes) {
   DrawnColour colour = 0;
   for (const char byte : bytes) colour = colour << 8 | static_cast<unsigned char>(byte);
   return colour;
 }
 
 // A palette outside the numbers that object lookup serves: it is looked for here.
-Palette* FindPalette(const Group* group, std::string_view name, std::int32_t number) noexcept {
+Palette* FindPalette(const Group* group, std::string_view name, std::int32_t number) {
   if (group == nullptr) return nullptr;
   if (WithoutTilde(group->Reference.GroupIdentifier.View()) != WithoutTilde(name)) return nullptr;
   for (const Item& item : group->Items) {
@@ -37,7 +37,7 @@ Palette* FindPalette(const Group* group, std::string_view name, std::int32_t num
   return nullptr;
 }
 
-Palette* FirstPalette(const Application* application) noexcept {
+Palette* FirstPalette(const Application* application) {
   if (application == nullptr) return nullptr;
   for (const Item& item : application->Items) {
     if (item.Type() == ItemType::Palette) return &item.As<Palette>();
@@ -46,7 +46,7 @@ Palette* FirstPalette(const Application* application) noexcept {
 }
 
 // The palette that the object names, or the application's when it names none.
-Palette* PaletteOf(const Visible& visible, const RunningGroups& groups) noexcept {
+Palette* PaletteOf(const Visible& visible, const RunningGroups& groups) {
   if (!visible.PaletteRef.IsPresent) return FirstPalette(groups.application);
   const ObjectReference& reference = visible.PaletteRef.Reference;
   std::string_view name = reference.GroupIdentifier.View();
@@ -58,8 +58,7 @@ Palette* PaletteOf(const Visible& visible, const RunningGroups& groups) noexcept
   return FindPalette(groups.application, name, reference.Number);
 }
 
-[[nodiscard]] bool ReadEntry(std::string_view entries, std::int32_t index,
-                             DrawnColour& colour) noexcept {
+[[nodiscard]] bool ReadEntry(std::string_view entries, std::int32_t index, DrawnColour& colour) {
   if (index < 0 || static_cast<std::size_t>(index) >= entries.size() / kPaletteEntryBytes) {
     return false;
   }
@@ -71,7 +70,7 @@ Palette* PaletteOf(const Visible& visible, const RunningGroups& groups) noexcept
 // The file is read when a colour is first looked up, and its bytes become the palette's run-time
 // content. A missing file is requested again. A palette that nothing has prepared still has
 // its original content.
-[[nodiscard]] bool ReadPalette(Palette& palette, std::int32_t index, DrawnColour& colour) noexcept {
+[[nodiscard]] bool ReadPalette(Palette& palette, std::int32_t index, DrawnColour& colour) {
   const ContentBody& content =
       palette.Content.Data.IsPresent() ? palette.Content : palette.OriginalContent;
   if (!content.IsReferenced) return ReadEntry(content.Data.View(), index, colour);
@@ -87,7 +86,7 @@ Palette* PaletteOf(const Visible& visible, const RunningGroups& groups) noexcept
 
 // The one reduction. False when the colour is not set; `reduced` is then unchanged.
 [[nodiscard]] bool Reduce(const ColourValue& colour, const Visible& visible,
-                          const RunningGroups& groups, DrawnColour& reduced) noexcept {
+                          const RunningGroups& groups, DrawnColour& reduced) {
   if (colour.Kind == ValueKind::Integer) {
     if (colour.Index < 0) return false;
     Palette* palette = PaletteOf(visible, groups);
@@ -101,42 +100,42 @@ Palette* PaletteOf(const Visible& visible, const RunningGroups& groups) noexcept
 }
 
 DrawnColour ReduceOr(const ColourValue& colour, const Visible& visible, const RunningGroups& groups,
-                     DrawnColour unset) noexcept {
+                     DrawnColour unset) {
   static_cast<void>(Reduce(colour, visible, groups, unset));
   return unset;
 }
 
 DrawnColour ReduceOr(const ColourValue& colour, const Visible& visible, const RunningGroups& groups,
-                     ColourValue DefaultAttributes::*applications, DrawnColour unset) noexcept {
+                     ColourValue DefaultAttributes::*applications, DrawnColour unset) {
   if (Reduce(colour, visible, groups, unset) || groups.application == nullptr) return unset;
   return ReduceOr(groups.application->Defaults.*applications, visible, groups, unset);
 }
 
 }  // namespace
 
-DrawnColour TextColourOf(const Text& text, const RunningGroups& groups) noexcept {
+DrawnColour TextColourOf(const Text& text, const RunningGroups& groups) {
   return ReduceOr(text.TextColour, text, groups, &DefaultAttributes::TextColour, kWhite);
 }
 
-DrawnColour BackgroundColourOf(const Text& text, const RunningGroups& groups) noexcept {
+DrawnColour BackgroundColourOf(const Text& text, const RunningGroups& groups) {
   return ReduceOr(text.BackgroundColour, text, groups, &DefaultAttributes::BackgroundColour,
                   kTransparentColour);
 }
 
-DrawnColour SliderColourOf(const Slider& slider, const RunningGroups& groups) noexcept {
+DrawnColour SliderColourOf(const Slider& slider, const RunningGroups& groups) {
   return ReduceOr(slider.SliderRefColour, slider, groups, &DefaultAttributes::SliderRefColour,
                   kWhite);
 }
 
-DrawnColour LineColourOf(const LineArt& lineArt, const RunningGroups& groups) noexcept {
+DrawnColour LineColourOf(const LineArt& lineArt, const RunningGroups& groups) {
   return ReduceOr(lineArt.RefLineColour, lineArt, groups, kBlack);
 }
 
-DrawnColour FillColourOf(const LineArt& lineArt, const RunningGroups& groups) noexcept {
+DrawnColour FillColourOf(const LineArt& lineArt, const RunningGroups& groups) {
   return ReduceOr(lineArt.RefFillColour, lineArt, groups, kTransparentColour);
 }
 
-DrawnColour OriginalFillColourOf(const LineArt& lineArt, const RunningGroups& groups) noexcept {
+DrawnColour OriginalFillColourOf(const LineArt& lineArt, const RunningGroups& groups) {
   return ReduceOr(lineArt.OriginalRefFillColour, lineArt, groups, kTransparentColour);
 }
 

@@ -10,29 +10,24 @@
 namespace korvel {
 
 // White if nothing sets it.
-[[nodiscard]] DrawnColour TextColourOf(const Text& text, const RunningGroups& groups) noexcept;
+[[nodiscard]] DrawnColour TextColourOf(const Text& text, const RunningGroups& groups);
 // Transparent if nothing sets it.
-[[nodiscard]] DrawnColour BackgroundColourOf(const Text& text,
-                                             const RunningGroups& groups) noexcept;
+[[nodiscard]] DrawnColour BackgroundColourOf(const Text& text, const RunningGroups& groups);
 // White if nothing sets it.
-[[nodiscard]] DrawnColour SliderColourOf(const Slider& slider,
-                                         const RunningGroups& groups) noexcept;
+[[nodiscard]] DrawnColour SliderColourOf(const Slider& slider, const RunningGroups& groups);
 
 // The current colours of line art; black lines and no fill if the object does not set them. The
 // application has no such defaults.
-[[nodiscard]] DrawnColour LineColourOf(const LineArt& lineArt,
-                                       const RunningGroups& groups) noexcept;
-[[nodiscard]] DrawnColour FillColourOf(const LineArt& lineArt,
-                                       const RunningGroups& groups) noexcept;
+[[nodiscard]] DrawnColour LineColourOf(const LineArt& lineArt, const RunningGroups& groups);
+[[nodiscard]] DrawnColour FillColourOf(const LineArt& lineArt, const RunningGroups& groups);
 
 // The fill colour of the content, which actions do not change.
-[[nodiscard]] DrawnColour OriginalFillColourOf(const LineArt& lineArt,
-                                               const RunningGroups& groups) noexcept;
+[[nodiscard]] DrawnColour OriginalFillColourOf(const LineArt& lineArt, const RunningGroups& groups);
 
 inline constexpr DrawnColour kTransparencyByte = 0xFF;
 
 // Whether anything that is drawn in the colour can be seen.
-[[nodiscard]] constexpr bool IsSeen(DrawnColour colour) noexcept {
+[[nodiscard]] constexpr bool IsSeen(DrawnColour colour) {
   return (colour & kTransparencyByte) != kTransparencyByte;
 }
 

@@ -3,7 +3,7 @@
 
 namespace korvel {
 
-bool ContentPath(std::string_view reference, OctetString& path) noexcept {
+bool ContentPath(std::string_view reference, OctetString& path) {
   const std::size_t slash = reference.find('/');
   if (!path.Assign(slash == std::string_view::npos ? reference : reference.substr(slash + 1))) {
     return false;

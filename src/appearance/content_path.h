@@ -10,6 +10,6 @@ namespace korvel {
 
 // Everything up to and including the first '/' goes ("~/", "DSM:/"), and the other '/' become '\'.
 // False when memory is out.
-[[nodiscard]] bool ContentPath(std::string_view reference, OctetString& path) noexcept;
+[[nodiscard]] bool ContentPath(std::string_view reference, OctetString& path);
 
 }  // namespace korvel

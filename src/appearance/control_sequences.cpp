@@ -17,7 +17,7 @@ constexpr std::size_t kColourBytes = 4;
 
 }  // namespace
 
-bool ReadLeadingColour(std::string_view text, DrawnColour& colour) noexcept {
+bool ReadLeadingColour(std::string_view text, DrawnColour& colour) {
   if (text.size() <= kColourSequenceBytes || text[0] != kEscape || text[1] != kColour) {
     return false;
   }
@@ -28,7 +28,7 @@ bool ReadLeadingColour(std::string_view text, DrawnColour& colour) noexcept {
   return true;
 }
 
-bool RemoveControlSequences(std::string_view text, OctetString& clean) noexcept {
+bool RemoveControlSequences(std::string_view text, OctetString& clean) {
   if (!clean.Assign(text)) return false;
   char* to = clean.MutableBytes();
   std::size_t index = 0;

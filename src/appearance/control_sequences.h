@@ -11,10 +11,10 @@ namespace korvel {
 
 // Reads the colour sequence that a text begins with; it holds for the whole text. False, and
 // `colour` unchanged, when there is none or nothing follows it.
-[[nodiscard]] bool ReadLeadingColour(std::string_view text, DrawnColour& colour) noexcept;
+[[nodiscard]] bool ReadLeadingColour(std::string_view text, DrawnColour& colour);
 
 // Copies the text without its control sequences and with CR turned to LF, as far as its first zero
 // byte means anything. False when memory is out.
-[[nodiscard]] bool RemoveControlSequences(std::string_view text, OctetString& clean) noexcept;
+[[nodiscard]] bool RemoveControlSequences(std::string_view text, OctetString& clean);
 
 }  // namespace korvel

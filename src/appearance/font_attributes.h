@@ -20,10 +20,9 @@ struct FontAttributes {
 };
 
 // Reads the written form: a style word and three numbers. What cannot be read is the default.
-[[nodiscard]] FontAttributes ReadFontAttributes(std::string_view written) noexcept;
+[[nodiscard]] FontAttributes ReadFontAttributes(std::string_view written);
 
 // The text's own attributes, or else the application's, or else the default.
-[[nodiscard]] FontAttributes FontAttributesOf(const Text& text,
-                                              const Application* application) noexcept;
+[[nodiscard]] FontAttributes FontAttributesOf(const Text& text, const Application* application);
 
 }  // namespace korvel

@@ -11,13 +11,13 @@ namespace korvel {
 
 inline constexpr std::int64_t kFarthestCoordinate = 32000;
 
-[[nodiscard]] constexpr std::int32_t NearCoordinate(std::int64_t coordinate) noexcept {
+[[nodiscard]] constexpr std::int32_t NearCoordinate(std::int64_t coordinate) {
   return static_cast<std::int32_t>(
       std::clamp(coordinate, -kFarthestCoordinate, kFarthestCoordinate));
 }
 
 // Whether a box of that size has any pixels.
-[[nodiscard]] constexpr bool HasArea(const BoxSize& size) noexcept {
+[[nodiscard]] constexpr bool HasArea(const BoxSize& size) {
   return size.Width >= 1 && size.Height >= 1;
 }
 
@@ -29,22 +29,22 @@ struct Box {
   std::int32_t Right = 0;
   std::int32_t Bottom = 0;
 
-  [[nodiscard]] constexpr std::int32_t Width() const noexcept { return Right - Left; }
-  [[nodiscard]] constexpr std::int32_t Height() const noexcept { return Bottom - Top; }
-  [[nodiscard]] constexpr bool IsEmpty() const noexcept { return Right <= Left || Bottom <= Top; }
+  [[nodiscard]] constexpr std::int32_t Width() const { return Right - Left; }
+  [[nodiscard]] constexpr std::int32_t Height() const { return Bottom - Top; }
+  [[nodiscard]] constexpr bool IsEmpty() const { return Right <= Left || Bottom <= Top; }
 };
 
 [[nodiscard]] constexpr Box BoxBetween(std::int64_t left, std::int64_t top, std::int64_t right,
-                                       std::int64_t bottom) noexcept {
+                                       std::int64_t bottom) {
   return {NearCoordinate(left), NearCoordinate(top), NearCoordinate(right), NearCoordinate(bottom)};
 }
 
 [[nodiscard]] constexpr Box BoxAt(std::int64_t x, std::int64_t y, std::int64_t width,
-                                  std::int64_t height) noexcept {
+                                  std::int64_t height) {
   return BoxBetween(x, y, x + width, y + height);
 }
 
-[[nodiscard]] constexpr Box BoxOf(const Visible& visible) noexcept {
+[[nodiscard]] constexpr Box BoxOf(const Visible& visible) {
   return BoxAt(visible.Position.X, visible.Position.Y, visible.BoxSize.Width,
                visible.BoxSize.Height);
 }

@@ -6,11 +6,11 @@
 
 namespace korvel {
 
-std::int32_t DrawnWidth(const LineAttributes& line) noexcept {
+std::int32_t DrawnWidth(const LineAttributes& line) {
   return line.Width < 0 ? 0 : NearCoordinate(line.Width);
 }
 
-Dashes DashesOf(const LineAttributes& line) noexcept {
+Dashes DashesOf(const LineAttributes& line) {
   switch (line.Style) {
   case 2: return Dashes::Long;
   case 3: return Dashes::Short;
@@ -18,12 +18,12 @@ Dashes DashesOf(const LineAttributes& line) noexcept {
   }
 }
 
-std::int32_t DashPeriod(const LineAttributes& line) noexcept {
+std::int32_t DashPeriod(const LineAttributes& line) {
   const Dashes dashes = DashesOf(line);
   return dashes == Dashes::None ? 0 : (static_cast<std::int32_t>(dashes) + 1) * DrawnWidth(line);
 }
 
-bool HasTooManyDashes(const LineAttributes& line, double length) noexcept {
+bool HasTooManyDashes(const LineAttributes& line, double length) {
   return DashPeriod(line) > 0 && length > kMostDashes * DashPeriod(line);
 }
 

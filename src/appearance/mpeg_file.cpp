@@ -15,19 +15,19 @@ constexpr std::string_view kExtension("\x00\x00\x01\xB5", 4);
 constexpr int kSequenceExtension = 1;
 
 // 0 where the stream has ended.
-int ByteAt(std::string_view stream, std::size_t offset) noexcept {
+int ByteAt(std::string_view stream, std::size_t offset) {
   return offset < stream.size() ? static_cast<std::uint8_t>(stream[offset]) : 0;
 }
 
 // An extension begins with its kind (4 bits). That of a sequence goes on with 11 bits of no
 // interest here, and two bits each that stand before those of the width and the height.
-bool AddsToSize(std::string_view stream, std::size_t extension) noexcept {
+bool AddsToSize(std::string_view stream, std::size_t extension) {
   const std::size_t payload = extension + kExtension.size();
   if (ByteAt(stream, payload) >> 4 != kSequenceExtension) return false;
   return (ByteAt(stream, payload + 1) & 0x01) != 0 || (ByteAt(stream, payload + 2) & 0xE0) != 0;
 }
 
-bool HasLargerFrames(std::string_view stream) noexcept {
+bool HasLargerFrames(std::string_view stream) {
   std::size_t at = stream.find(kExtension);
   while (at != std::string_view::npos && !AddsToSize(stream, at)) {
     at = stream.find(kExtension, at + kExtension.size());
@@ -37,7 +37,7 @@ bool HasLargerFrames(std::string_view stream) noexcept {
 
 }  // namespace
 
-bool FindFrameSize(std::string_view stream, FrameSize& size) noexcept {
+bool FindFrameSize(std::string_view stream, FrameSize& size) {
   constexpr std::size_t kHeaderAndSize = 7;
   if (stream.size() < kHeaderAndSize || stream.size() > kMostPictureBytes ||
       !stream.starts_with(kSequenceHeader)) {

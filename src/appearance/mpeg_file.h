@@ -11,6 +11,6 @@ namespace korvel {
 // The size in the sequence header that the stream begins with. False, with `size` unchanged, when
 // it begins with none, when the stream or the frame is beyond the limits on pictures, and when an
 // extension adds to the size: a decoder would write a frame larger than the header says.
-[[nodiscard]] bool FindFrameSize(std::string_view stream, FrameSize& size) noexcept;
+[[nodiscard]] bool FindFrameSize(std::string_view stream, FrameSize& size);
 
 }  // namespace korvel

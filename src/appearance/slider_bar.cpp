@@ -15,7 +15,7 @@ constexpr std::int64_t kMarkerThickness = 3;
 // The way along which the bar grows: from one edge of the box to the opposite one.
 class Track {
  public:
-  explicit Track(const Slider& slider) noexcept
+  explicit Track(const Slider& slider)
       : slider_(slider),
         isUpright_(slider.Orientation == kUp || slider.Orientation == kDown),
         beginsFar_(slider.Orientation == kRight || slider.Orientation == kDown),
@@ -23,7 +23,7 @@ class Track {
         length_(isUpright_ ? slider.BoxSize.Height : slider.BoxSize.Width) {}
 
   // The position of a value, in scene pixels. The bar never reaches the box's last pixel.
-  [[nodiscard]] std::int64_t At(std::int64_t value) const noexcept {
+  [[nodiscard]] std::int64_t At(std::int64_t value) const {
     const double range = static_cast<double>(slider_.MaxValue) - slider_.MinValue;
     const double way = static_cast<double>(length_ - 1) / range * static_cast<double>(value);
     const double place = static_cast<double>(Beginning()) + (beginsFar_ ? -way : way);
@@ -33,17 +33,15 @@ class Track {
     return static_cast<std::int64_t>(held);
   }
 
-  [[nodiscard]] std::int64_t Beginning() const noexcept {
-    return beginsFar_ ? near_ + length_ : near_;
-  }
+  [[nodiscard]] std::int64_t Beginning() const { return beginsFar_ ? near_ + length_ : near_; }
 
   // The position that many pixels further on.
-  [[nodiscard]] std::int64_t Further(std::int64_t place, std::int64_t pixels) const noexcept {
+  [[nodiscard]] std::int64_t Further(std::int64_t place, std::int64_t pixels) const {
     return beginsFar_ ? place - pixels : place + pixels;
   }
 
   // The part of the box between two positions, in either order.
-  [[nodiscard]] Box Between(std::int64_t one, std::int64_t other) const noexcept {
+  [[nodiscard]] Box Between(std::int64_t one, std::int64_t other) const {
     const auto [from, to] = std::minmax({one, other});
     Box box = BoxOf(slider_);
     (isUpright_ ? box.Top : box.Left) = NearCoordinate(from);
@@ -52,7 +50,7 @@ class Track {
   }
 
   // A marker's thickness across the bar's end, inside the box also when the bar is shorter.
-  [[nodiscard]] Box MarkerAt(std::int64_t end) const noexcept {
+  [[nodiscard]] Box MarkerAt(std::int64_t end) const {
     const std::int64_t thickness = std::min(kMarkerThickness, std::max(length_, kNothing));
     const std::int64_t from =
         std::clamp(beginsFar_ ? end : end - thickness, near_, near_ + length_ - thickness);

@@ -12,15 +12,15 @@ constexpr std::int32_t kLargestSide = 4096;
 constexpr double kBlack = 16;
 constexpr double kChromaZero = 128;
 
-std::size_t Area(std::int32_t width, std::int32_t height) noexcept {
+std::size_t Area(std::int32_t width, std::int32_t height) {
   return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
 }
 
-std::uint32_t Level(double value) noexcept {
+std::uint32_t Level(double value) {
   return static_cast<std::uint32_t>(std::clamp(static_cast<int>(value), 0, 255));
 }
 
-std::uint32_t Colour(std::uint8_t y, std::uint8_t u, std::uint8_t v) noexcept {
+std::uint32_t Colour(std::uint8_t y, std::uint8_t u, std::uint8_t v) {
   const double luma = 1.164 * (y - kBlack);
   const double blueness = u - kChromaZero;
   const double redness = v - kChromaZero;
@@ -32,17 +32,17 @@ std::uint32_t Colour(std::uint8_t y, std::uint8_t u, std::uint8_t v) noexcept {
 
 }  // namespace
 
-PlanarFrame::PlanarFrame(FrameSize size) noexcept
+PlanarFrame::PlanarFrame(FrameSize size)
     : size_(size),
       bytes_(static_cast<std::uint8_t*>(AllocateZeroed(Area(kLargestSide, kLargestSide) * 3 / 2))) {
 }
 
-bool PlanarFrame::IsUntouched() const noexcept {
+bool PlanarFrame::IsUntouched() const {
   return std::all_of(bytes_, bytes_ + Area(size_.Width, size_.Height),
                      [](std::uint8_t sample) { return sample == 0; });
 }
 
-void PlanarFrame::ConvertRow(std::int32_t row, std::uint32_t* pixels) const noexcept {
+void PlanarFrame::ConvertRow(std::int32_t row, std::uint32_t* pixels) const {
   const std::int32_t chromaWidth = size_.Width / 2;
   const std::int32_t chromaHeight = size_.Height / 2;
   // The last column and row of an odd size have no chroma of their own.

@@ -20,19 +20,19 @@ struct FrameSize {
 class PlanarFrame {
  public:
   // Bytes() is null when memory is out. The sides are above 0.
-  explicit PlanarFrame(FrameSize size) noexcept;
+  explicit PlanarFrame(FrameSize size);
   ~PlanarFrame() { ReleaseMemory(bytes_); }
   PlanarFrame(const PlanarFrame&) = delete;
   PlanarFrame& operator=(const PlanarFrame&) = delete;
 
-  [[nodiscard]] FrameSize Size() const noexcept { return size_; }
-  [[nodiscard]] std::uint8_t* Bytes() const noexcept { return bytes_; }
+  [[nodiscard]] FrameSize Size() const { return size_; }
+  [[nodiscard]] std::uint8_t* Bytes() const { return bytes_; }
 
   // Whether the luma samples are all as they were at first. No decoder makes them so: black is 16.
-  [[nodiscard]] bool IsUntouched() const noexcept;
+  [[nodiscard]] bool IsUntouched() const;
 
   // The opaque colours of a row's pixels, 0xAARRGGBB; there is room for all of them.
-  void ConvertRow(std::int32_t row, std::uint32_t* pixels) const noexcept;
+  void ConvertRow(std::int32_t row, std::uint32_t* pixels) const;
 
  private:
   FrameSize size_;

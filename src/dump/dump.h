@@ -9,7 +9,7 @@
 namespace korvel {
 
 // Every line stands behind `depth` copies of "|   " and one "|---", its parts deeper.
-void DumpApplication(const Application& application, int depth, std::FILE* stream) noexcept;
-void DumpScene(const Scene& scene, int depth, std::FILE* stream) noexcept;
+void DumpApplication(const Application& application, int depth, std::FILE* stream);
+void DumpScene(const Scene& scene, int depth, std::FILE* stream);
 
 }  // namespace korvel

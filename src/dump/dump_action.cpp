@@ -9,7 +9,7 @@ namespace {
 constexpr auto kLinkCondition = static_cast<ValueKind>(7);
 
 // The name, of which one has always lacked its colon.
-void DumpName(const Tree& tree, std::uint8_t number) noexcept {
+void DumpName(const Tree& tree, std::uint8_t number) {
   const ActionRow* row = FindAction(number);
   if (row == nullptr || number > kDecodedActionCount) {
     return tree.Line("Not define function type: %d", number);
@@ -18,16 +18,16 @@ void DumpName(const Tree& tree, std::uint8_t number) noexcept {
 }
 
 // The reference of a value, which has no colon as that of a record does.
-void DumpReference(const Tree& tree, const char* label, const ObjectReference& value) noexcept {
+void DumpReference(const Tree& tree, const char* label, const ObjectReference& value) {
   tree.Line("%s(%s %d)", label, TextOrNull(value.GroupIdentifier), value.Number);
 }
 
-void DumpQuoted(const Tree& tree, const char* label, const OctetString& value) noexcept {
+void DumpQuoted(const Tree& tree, const char* label, const OctetString& value) {
   if (!value.IsPresent()) return tree.Line("%s: NULL", label);
   tree.Line("%s: \"%s\"", label, value.Text());
 }
 
-void DumpAction(const Tree& tree, const ElementaryAction& action) noexcept {
+void DumpAction(const Tree& tree, const ElementaryAction& action) {
   DumpName(tree, action.ActionType);
   DumpParameter(tree.Deeper(), action.Target);
   if (action.Parameters.IsEmpty()) tree.Deeper().Line("No parameters");
@@ -36,12 +36,12 @@ void DumpAction(const Tree& tree, const ElementaryAction& action) noexcept {
 
 }  // namespace
 
-void Dump(const Tree& tree, const ActionList& actions) noexcept {
+void Dump(const Tree& tree, const ActionList& actions) {
   if (actions.IsEmpty()) tree.Line("No Action Class");
   for (const ElementaryAction& action : actions) DumpAction(tree, action);
 }
 
-void DumpParameter(const Tree& tree, const GenericValue& value) noexcept {
+void DumpParameter(const Tree& tree, const GenericValue& value) {
   if (value.Kind == kLinkCondition) return tree.Line("LinkCondition:");
   switch (value.Kind) {
   case ValueKind::None: break;

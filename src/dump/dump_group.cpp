@@ -6,12 +6,12 @@
 namespace korvel {
 namespace {
 
-void DumpItems(const Tree& tree, const List<Item>& items) noexcept {
+void DumpItems(const Tree& tree, const List<Item>& items) {
   if (items.IsEmpty()) tree.Line("No Items");
   for (const Item& item : items) DumpItem(tree, item);
 }
 
-void DumpGroup(const Tree& tree, const Group& group) noexcept {
+void DumpGroup(const Tree& tree, const Group& group) {
   DumpBase<Root>(tree, "Root:", group);
   tree.Number("JointIsoItuIdentifier", group.Standard.JointIsoItuIdentifier);
   tree.Number("MHEGStandardIdentifier", group.Standard.MHEGStandardIdentifier);
@@ -27,7 +27,7 @@ void DumpGroup(const Tree& tree, const Group& group) noexcept {
   DumpItems(tree.Deeper(), group.Items);
 }
 
-void DumpDefaults(const Tree& tree, const DefaultAttributes& defaults) noexcept {
+void DumpDefaults(const Tree& tree, const DefaultAttributes& defaults) {
   tree.Number("CharacterSet", defaults.CharacterSet);
   tree.Colour("BackgroundColour", defaults.BackgroundColour);
   tree.Colour("TextColour", defaults.TextColour);
@@ -43,7 +43,7 @@ void DumpDefaults(const Tree& tree, const DefaultAttributes& defaults) noexcept 
   tree.Colour("SliderRefColour", defaults.SliderRefColour);
 }
 
-void DumpNextScenes(const Tree& tree, const List<NextScene>& scenes) noexcept {
+void DumpNextScenes(const Tree& tree, const List<NextScene>& scenes) {
   if (scenes.IsEmpty()) tree.Line("No next Scenes");
   for (const NextScene& scene : scenes) {
     tree.Line("Scene Ref: %s, weight %d", TextOrNull(scene.SceneReference), scene.Weight);
@@ -52,13 +52,13 @@ void DumpNextScenes(const Tree& tree, const List<NextScene>& scenes) noexcept {
 
 }  // namespace
 
-void Dump(const Tree& tree, const Root& root) noexcept {
+void Dump(const Tree& tree, const Root& root) {
   tree.ReferenceLine(root.Reference);
   tree.Boolean("AvailabilityStatus", root.AvailabilityStatus);
   tree.Boolean("RunningStatus", root.RunningStatus);
 }
 
-void DumpApplication(const Application& application, int depth, std::FILE* stream) noexcept {
+void DumpApplication(const Application& application, int depth, std::FILE* stream) {
   const Tree tree(depth, stream);
   tree.Line("Application:");
   DumpGroup(tree.Deeper(), application);
@@ -74,7 +74,7 @@ void DumpApplication(const Application& application, int depth, std::FILE* strea
   }
 }
 
-void DumpScene(const Scene& scene, int depth, std::FILE* stream) noexcept {
+void DumpScene(const Scene& scene, int depth, std::FILE* stream) {
   const Tree tree(depth, stream);
   tree.Line("SCene:");
   DumpGroup(tree.Deeper(), scene);

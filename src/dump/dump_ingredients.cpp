@@ -6,7 +6,7 @@ namespace korvel {
 namespace {
 
 // The dump knows no name for IsAvailable, and spells IsRunning in its own way.
-const char* EventName(std::int32_t type) noexcept {
+const char* EventName(std::int32_t type) {
   const bool hasWord = type > static_cast<std::int32_t>(EventType::IsAvailable) &&
                        static_cast<std::size_t>(type) <= kEventWords.size();
   if (!hasWord) return nullptr;
@@ -15,7 +15,7 @@ const char* EventName(std::int32_t type) noexcept {
              : kEventWords[static_cast<std::size_t>(type) - 1];
 }
 
-void DumpEventData(const Tree& tree, const GenericValue& data) noexcept {
+void DumpEventData(const Tree& tree, const GenericValue& data) {
   switch (data.Kind) {
   case ValueKind::Boolean: return tree.Boolean("Boolean", data.Boolean);
   case ValueKind::Integer: return tree.Number("Integer", data.Integer);
@@ -26,7 +26,7 @@ void DumpEventData(const Tree& tree, const GenericValue& data) noexcept {
   }
 }
 
-void DumpCondition(const Tree& tree, const LinkCondition& condition) noexcept {
+void DumpCondition(const Tree& tree, const LinkCondition& condition) {
   tree.Line("Event SourceType:%d", static_cast<int>(ValueKind::ObjectReference));
   tree.Reference("Event Source", condition.EventSource);
   const char* name = EventName(condition.EventType);
@@ -39,7 +39,7 @@ void DumpCondition(const Tree& tree, const LinkCondition& condition) noexcept {
   DumpEventData(tree.Deeper(), condition.EventData);
 }
 
-void DumpSlots(const Tree& tree, const char* heading, const List<ActionSlot>& slots) noexcept {
+void DumpSlots(const Tree& tree, const char* heading, const List<ActionSlot>& slots) {
   tree.Line("%s", heading);
   if (slots.IsEmpty()) tree.Deeper().Line("No ActionSlots");
   for (const ActionSlot& slot : slots) {
@@ -49,7 +49,7 @@ void DumpSlots(const Tree& tree, const char* heading, const List<ActionSlot>& sl
   }
 }
 
-void DumpMovementTable(const Tree& tree, const List<Movement>& table) noexcept {
+void DumpMovementTable(const Tree& tree, const List<Movement>& table) {
   if (table.IsEmpty()) return tree.Line("No MovementTable");
   tree.Line("MovementTable:");
   for (const Movement& movement : table) {
@@ -60,7 +60,7 @@ void DumpMovementTable(const Tree& tree, const List<Movement>& table) noexcept {
   }
 }
 
-void DumpMembers(const Tree& tree, const List<TokenGroupItem>& members) noexcept {
+void DumpMembers(const Tree& tree, const List<TokenGroupItem>& members) {
   tree.Line("TokenGroupItems:");
   if (members.IsEmpty()) tree.Deeper().Line("No TokenGroupItems");
   for (const TokenGroupItem& member : members) {
@@ -70,7 +70,7 @@ void DumpMembers(const Tree& tree, const List<TokenGroupItem>& members) noexcept
   }
 }
 
-void DumpTriggers(const Tree& tree, const List<CounterTrigger>& triggers) noexcept {
+void DumpTriggers(const Tree& tree, const List<CounterTrigger>& triggers) {
   if (triggers.IsEmpty()) return tree.Line("CounterTriggers: NULL");
   tree.Line("CounterTriggers:");
   for (const CounterTrigger& trigger : triggers) {
@@ -80,7 +80,7 @@ void DumpTriggers(const Tree& tree, const List<CounterTrigger>& triggers) noexce
 
 // A variable's original value and its value, each with the same line.
 template <class Variable, class DumpValue>
-void DumpValues(const Ingredient& ingredient, DumpValue&& dumpValue) noexcept {
+void DumpValues(const Ingredient& ingredient, DumpValue&& dumpValue) {
   const auto& variable = static_cast<const Variable&>(ingredient);
   dumpValue("OriginalValue", variable.OriginalValue);
   dumpValue("Value", variable.Value);
@@ -88,7 +88,7 @@ void DumpValues(const Ingredient& ingredient, DumpValue&& dumpValue) noexcept {
 
 }  // namespace
 
-void Dump(const Tree& tree, const Ingredient& ingredient) noexcept {
+void Dump(const Tree& tree, const Ingredient& ingredient) {
   DumpBase<Root>(tree, "Root", ingredient);
   tree.Boolean("InitiallyActive", ingredient.InitiallyActive);
   tree.Number("ContentHOOK", ingredient.ContentHOOK);
@@ -101,11 +101,11 @@ void Dump(const Tree& tree, const Ingredient& ingredient) noexcept {
   tree.Number("ContentCachePriority", ingredient.Content.CachePriority);
 }
 
-void DumpPresentable(const Tree& tree, const Ingredient& ingredient) noexcept {
+void DumpPresentable(const Tree& tree, const Ingredient& ingredient) {
   DumpBase<Ingredient>(tree, "Ingredient:", ingredient);
 }
 
-void Dump(const Tree& tree, const Link& link) noexcept {
+void Dump(const Tree& tree, const Link& link) {
   DumpBase<Ingredient>(tree, "Ingredient:", link);
   tree.Line("Link Condition:");
   DumpCondition(tree.Deeper(), link.Condition);
@@ -113,13 +113,13 @@ void Dump(const Tree& tree, const Link& link) noexcept {
   Dump(tree.Deeper(), link.LinkEffect);
 }
 
-void Dump(const Tree& tree, const Program& program) noexcept {
+void Dump(const Tree& tree, const Program& program) {
   DumpBase<Ingredient>(tree, "Ingredient:", program);
   tree.String("Name", program.Name);
   tree.Boolean("InitiallyAvailable", program.InitiallyAvailable);
 }
 
-void DumpVariable(const Tree& tree, ItemType type, const Ingredient& variable) noexcept {
+void DumpVariable(const Tree& tree, ItemType type, const Ingredient& variable) {
   DumpBase(tree, "Ingredient:", variable);
   switch (type) {
   case ItemType::BooleanVariable:
@@ -145,7 +145,7 @@ void DumpVariable(const Tree& tree, ItemType type, const Ingredient& variable) n
   }
 }
 
-void Dump(const Tree& tree, const TokenGroup& group) noexcept {
+void Dump(const Tree& tree, const TokenGroup& group) {
   tree.Deeper().Line("Presentable:");
   DumpPresentable(tree.Deeper(), group);
   tree.Deeper().Line("TokenManager:");
@@ -155,7 +155,7 @@ void Dump(const Tree& tree, const TokenGroup& group) noexcept {
   DumpSlots(tree, "NoTokenActionSlots:", group.NoTokenActionSlots);
 }
 
-void Dump(const Tree& tree, const ListGroup& group) noexcept {
+void Dump(const Tree& tree, const ListGroup& group) {
   DumpBase<TokenGroup>(tree, "TokenGroup:", group);
   tree.Line("Positions:");
   if (group.Positions.IsEmpty()) tree.Deeper().Line("No Position");
@@ -169,7 +169,7 @@ void Dump(const Tree& tree, const ListGroup& group) noexcept {
   tree.Number("FirstItem", group.FirstItem);
 }
 
-void Dump(const Tree& tree, const Stream& stream) noexcept {
+void Dump(const Tree& tree, const Stream& stream) {
   tree.Deeper().Line("Presentable:");
   DumpPresentable(tree.Deeper(), stream);
   tree.Line("Multiplex:");

@@ -5,32 +5,31 @@ namespace korvel {
 namespace {
 
 template <class Record>
-void DumpAs(const Tree& tree, const char* heading, const Item& item) noexcept {
+void DumpAs(const Tree& tree, const char* heading, const Item& item) {
   tree.Line("%s", heading);
   Dump(tree, static_cast<const Record&>(item.As<Record>()));
 }
 
 // A class that adds nothing to another one.
 template <class Record>
-void DumpKindOf(const Tree& tree, const char* heading, const char* baseHeading,
-                const Item& item) noexcept {
+void DumpKindOf(const Tree& tree, const char* heading, const char* baseHeading, const Item& item) {
   tree.Line("%s", heading);
   DumpBase(tree, baseHeading, static_cast<const Record&>(item.As<Record>()));
 }
 
-void DumpRemoteProgram(const Tree& tree, const Item& item) noexcept {
+void DumpRemoteProgram(const Tree& tree, const Item& item) {
   DumpKindOf<Program>(tree, "RemoteProgram:", "Program:", item);
   tree.Number("ProgramConnectionTag", item.As<RemoteProgram>().ProgramConnectionTag);
 }
 
-void DumpVariableItem(const Tree& tree, const char* heading, const Item& item) noexcept {
+void DumpVariableItem(const Tree& tree, const char* heading, const Item& item) {
   tree.Line("%s", heading);
   tree.Deeper().Line("Variable:");
   DumpVariable(tree.Deeper(), item.Type(), *item.Record());
 }
 
 template <class Component>
-void DumpVisibleComponent(const Tree& tree, const char* heading, const Item& item) noexcept {
+void DumpVisibleComponent(const Tree& tree, const char* heading, const Item& item) {
   const auto& component = item.As<Component>();
   tree.Line("%s", heading);
   DumpBase<Visible>(tree, "Visible:", component);
@@ -39,7 +38,7 @@ void DumpVisibleComponent(const Tree& tree, const char* heading, const Item& ite
   tree.Number("ComponentTag", component.ComponentTag);
 }
 
-void DumpAudio(const Tree& tree, const Item& item) noexcept {
+void DumpAudio(const Tree& tree, const Item& item) {
   const auto& audio = item.As<Audio>();
   tree.Line("Audio:");
   tree.Deeper().Line("Presentable:");
@@ -51,7 +50,7 @@ void DumpAudio(const Tree& tree, const Item& item) noexcept {
 
 }  // namespace
 
-void DumpItem(const Tree& tree, const Item& item) noexcept {
+void DumpItem(const Tree& tree, const Item& item) {
   switch (item.Type()) {
   case ItemType::Link: return DumpAs<Link>(tree, "Link:", item);
   case ItemType::ResidentProgram:
@@ -93,7 +92,7 @@ void DumpItem(const Tree& tree, const Item& item) noexcept {
   tree.Line("Not define %d", static_cast<int>(item.Type()));
 }
 
-void DumpComponent(const Tree& tree, const Item& component) noexcept {
+void DumpComponent(const Tree& tree, const Item& component) {
   switch (component.Type()) {
   case ItemType::Audio: return DumpAudio(tree, component);
   case ItemType::Video: return DumpVisibleComponent<Video>(tree, "Video:", component);

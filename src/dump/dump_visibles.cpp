@@ -4,7 +4,7 @@
 namespace korvel {
 namespace {
 
-void DumpOriginalPalette(const Tree& tree, const OptionalReference& palette) noexcept {
+void DumpOriginalPalette(const Tree& tree, const OptionalReference& palette) {
   tree.Line("OriginalPaletteRef");
   if (!palette.IsPresent) return tree.Deeper().Line("ObjectReference: NULL");
   tree.Deeper().ReferenceLine(palette.Reference);
@@ -12,18 +12,18 @@ void DumpOriginalPalette(const Tree& tree, const OptionalReference& palette) noe
 
 // "Label: word", or the same label with the words for an unknown number.
 void DumpWordOrNone(const Tree& tree, const char* label, std::int32_t value,
-                    std::initializer_list<const char*> words) noexcept {
+                    std::initializer_list<const char*> words) {
   const bool hasWord = value >= 1 && static_cast<std::size_t>(value) <= words.size();
   tree.Line("%s: %s", label, hasWord ? words.begin()[value - 1] : "Not Define");
 }
 
-void DumpJustification(const Tree& tree, const char* label, std::int32_t value) noexcept {
+void DumpJustification(const Tree& tree, const char* label, std::int32_t value) {
   DumpWordOrNone(tree, label, value, {"Start", "End", "Centre", "Justified"});
 }
 
 }  // namespace
 
-void Dump(const Tree& tree, const Visible& visible) noexcept {
+void Dump(const Tree& tree, const Visible& visible) {
   tree.Deeper().Line("Presentable:");
   DumpPresentable(tree.Deeper(), visible);
   tree.Size("OriginalBoxSize", visible.OriginalBoxSize);
@@ -34,21 +34,21 @@ void Dump(const Tree& tree, const Visible& visible) noexcept {
   tree.Line("PaletteRef: %s", visible.PaletteRef.IsPresent ? "Not Define Struct" : "NULL");
 }
 
-void Dump(const Tree& tree, const Interactible& interactible) noexcept {
+void Dump(const Tree& tree, const Interactible& interactible) {
   tree.Boolean("EngineResp", interactible.EngineResp);
   tree.Colour("HighlightRefColour", interactible.HighlightRefColour);
   tree.Boolean("HighlightStatus", interactible.HighlightStatus);
   tree.Boolean("InteractionStatus", interactible.InteractionStatus);
 }
 
-void Dump(const Tree& tree, const Bitmap& bitmap) noexcept {
+void Dump(const Tree& tree, const Bitmap& bitmap) {
   DumpBase<Visible>(tree, "Visible:", bitmap);
   tree.Boolean("Tiling", bitmap.Tiling);
   tree.Number("OriginalTransparency", bitmap.OriginalTransparency);
   tree.Number("Transparency", bitmap.Transparency);
 }
 
-void Dump(const Tree& tree, const LineArt& lineArt) noexcept {
+void Dump(const Tree& tree, const LineArt& lineArt) {
   DumpBase<Visible>(tree, "Visible:", lineArt);
   tree.Boolean("BorderedBoundingBox", lineArt.BorderedBoundingBox);
   tree.Number("OriginalLineWidth", lineArt.OriginalLineWidth);
@@ -61,7 +61,7 @@ void Dump(const Tree& tree, const LineArt& lineArt) noexcept {
   tree.Colour("RefLineColour", lineArt.RefLineColour);
 }
 
-void Dump(const Tree& tree, const Text& text) noexcept {
+void Dump(const Tree& tree, const Text& text) {
   DumpBase<Visible>(tree, "Visible:", text);
   tree.Font("OriginalFont", text.OriginalFont);
   tree.String("FontAttributes", text.FontAttributes);
@@ -78,7 +78,7 @@ void Dump(const Tree& tree, const Text& text) noexcept {
   tree.Font("Font", text.Font);
 }
 
-void Dump(const Tree& tree, const EntryField& field) noexcept {
+void Dump(const Tree& tree, const EntryField& field) {
   DumpBase<Text>(tree, "Text:", field);
   DumpBase<Interactible>(tree, "Interactible:", field);
   tree.Word("InputType", field.InputType, {"alpha", "numeric", "any", "listed"},
@@ -90,34 +90,34 @@ void Dump(const Tree& tree, const EntryField& field) noexcept {
   tree.Boolean("OverwriteMode", field.OverwriteMode);
 }
 
-void Dump(const Tree& tree, const HyperText& text) noexcept {
+void Dump(const Tree& tree, const HyperText& text) {
   DumpBase<Text>(tree, "Text:", text);
   DumpBase<Interactible>(tree, "Interactible:", text);
   tree.String("LastAnchorFired", text.LastAnchorFired);
 }
 
-void Dump(const Tree& tree, const Button& button) noexcept {
+void Dump(const Tree& tree, const Button& button) {
   DumpBase<Visible>(tree, "Visible:", button);
   DumpBase<Interactible>(tree, "Interactible:", button);
   tree.Colour("ButtonRefColour", button.ButtonRefColour);
   tree.Boolean("SelectionStatus", button.SelectionStatus);
 }
 
-void Dump(const Tree& tree, const PushButton& button) noexcept {
+void Dump(const Tree& tree, const PushButton& button) {
   DumpBase<Button>(tree, "Button:", button);
   tree.String("OriginalLabel", button.OriginalLabel);
   tree.String("Label", button.Label);
   tree.Number("CharacterSet", button.CharacterSet);
 }
 
-void Dump(const Tree& tree, const SwitchButton& button) noexcept {
+void Dump(const Tree& tree, const SwitchButton& button) {
   DumpBase<PushButton>(tree, "PushButton:", button);
   tree.Word("ButtonStyle", button.ButtonStyle, {"PushButton", "RadioButton", "CheckButton"},
             "Not define Button style value: ");
 }
 
 // The style's label is the orientation's.
-void Dump(const Tree& tree, const Slider& slider) noexcept {
+void Dump(const Tree& tree, const Slider& slider) {
   DumpBase<Visible>(tree, "Visible:", slider);
   DumpBase<Interactible>(tree, "Interactible:", slider);
   tree.Word("Orientation", slider.Orientation, {"left", "right", "up", "down"},

@@ -5,16 +5,16 @@
 
 namespace korvel {
 
-const char* TextOrNull(const OctetString& value) noexcept {
+const char* TextOrNull(const OctetString& value) {
   return value.IsPresent() ? value.Text() : "NULL";
 }
 
-void Tree::Prefix() const noexcept {
+void Tree::Prefix() const {
   for (int i = 0; i < depth_; ++i) std::fputs("|   ", stream_);
   std::fputs("|---", stream_);
 }
 
-void Tree::Line(const char* format, ...) const noexcept {
+void Tree::Line(const char* format, ...) const {
   Prefix();
   va_list values;
   va_start(values, format);
@@ -23,29 +23,27 @@ void Tree::Line(const char* format, ...) const noexcept {
   std::fputc('\n', stream_);
 }
 
-void Tree::Number(const char* label, std::int32_t value) const noexcept {
-  Line("%s: %d", label, value);
-}
+void Tree::Number(const char* label, std::int32_t value) const { Line("%s: %d", label, value); }
 
-void Tree::Boolean(const char* label, bool value) const noexcept {
+void Tree::Boolean(const char* label, bool value) const {
   Line("%s: %s", label, value ? "TRUE" : "FALSE");
 }
 
-void Tree::String(const char* label, const OctetString& value) const noexcept {
+void Tree::String(const char* label, const OctetString& value) const {
   Line("%s: %s", label, TextOrNull(value));
 }
 
 void Tree::Word(const char* label, std::int32_t value, std::initializer_list<const char*> words,
-                const char* otherwise) const noexcept {
+                const char* otherwise) const {
   const bool hasWord = value >= 1 && static_cast<std::size_t>(value) <= words.size();
   hasWord ? Line("%s: %s", label, words.begin()[value - 1]) : Line("%s%d", otherwise, value);
 }
 
-void Tree::ReferenceLine(const ObjectReference& value) const noexcept {
+void Tree::ReferenceLine(const ObjectReference& value) const {
   Line("ObjectReference:(%s %d)", TextOrNull(value.GroupIdentifier), value.Number);
 }
 
-void Tree::OctetsLine(const OctetString& value) const noexcept {
+void Tree::OctetsLine(const OctetString& value) const {
   Prefix();
   std::fprintf(stream_, "OctetString: length(%d) data(%s) hex(", static_cast<int>(value.Length()),
                TextOrNull(value));
@@ -55,37 +53,35 @@ void Tree::OctetsLine(const OctetString& value) const noexcept {
   std::fputs(")\n", stream_);
 }
 
-void Tree::Reference(const char* label, const ObjectReference& value) const noexcept {
+void Tree::Reference(const char* label, const ObjectReference& value) const {
   Line("%s:", label);
   Deeper().ReferenceLine(value);
 }
 
-void Tree::Colour(const char* label, const ColourValue& value) const noexcept {
+void Tree::Colour(const char* label, const ColourValue& value) const {
   Line("%s:", label);
   if (value.Kind == ValueKind::None) return Deeper().Line("None %d", 0);
   if (value.Kind == ValueKind::Integer) return Deeper().Number("Integer", value.Index);
   Deeper().OctetsLine(value.Absolute);
 }
 
-void Tree::Font(const char* label, const FontBody& value) const noexcept {
+void Tree::Font(const char* label, const FontBody& value) const {
   Line("%s:", label);
   if (value.Kind == ValueKind::None) return Deeper().Line("None %d", 0);
   if (value.Kind == ValueKind::OctetString) return Deeper().OctetsLine(value.Name);
   Deeper().ReferenceLine(value.Reference);
 }
 
-void Tree::Pair(const char* label, std::int32_t x, std::int32_t y) const noexcept {
+void Tree::Pair(const char* label, std::int32_t x, std::int32_t y) const {
   Line("%s:", label);
   Deeper().Number("X", x);
   Deeper().Number("Y", y);
 }
 
-void Tree::Size(const char* label, const BoxSize& value) const noexcept {
+void Tree::Size(const char* label, const BoxSize& value) const {
   Pair(label, value.Width, value.Height);
 }
 
-void Tree::Place(const char* label, const Position& value) const noexcept {
-  Pair(label, value.X, value.Y);
-}
+void Tree::Place(const char* label, const Position& value) const { Pair(label, value.X, value.Y); }
 
 }  // namespace korvel

@@ -12,41 +12,41 @@ namespace korvel {
 
 class Tree {
  public:
-  Tree(int depth, std::FILE* stream) noexcept : depth_(depth), stream_(stream) {}
+  Tree(int depth, std::FILE* stream) : depth_(depth), stream_(stream) {}
 
-  [[nodiscard]] Tree Deeper() const noexcept { return {depth_ + 1, stream_}; }
+  [[nodiscard]] Tree Deeper() const { return {depth_ + 1, stream_}; }
 
   // A whole line, as printf formats it; the line end is added.
-  [[gnu::format(printf, 2, 3)]] void Line(const char* format, ...) const noexcept;
+  [[gnu::format(printf, 2, 3)]] void Line(const char* format, ...) const;
 
   // "Label: value". An absent string is NULL.
-  void Number(const char* label, std::int32_t value) const noexcept;
-  void Boolean(const char* label, bool value) const noexcept;
-  void String(const char* label, const OctetString& value) const noexcept;
+  void Number(const char* label, std::int32_t value) const;
+  void Boolean(const char* label, bool value) const;
+  void String(const char* label, const OctetString& value) const;
   // "Label: word", or the other line, which ends in "%d", for a number without a word.
   void Word(const char* label, std::int32_t value, std::initializer_list<const char*> words,
-            const char* otherwise) const noexcept;
+            const char* otherwise) const;
 
   // "Label:", and the value one level deeper.
-  void Reference(const char* label, const ObjectReference& value) const noexcept;
-  void Colour(const char* label, const ColourValue& value) const noexcept;
-  void Font(const char* label, const FontBody& value) const noexcept;
-  void Size(const char* label, const BoxSize& value) const noexcept;
-  void Place(const char* label, const Position& value) const noexcept;
+  void Reference(const char* label, const ObjectReference& value) const;
+  void Colour(const char* label, const ColourValue& value) const;
+  void Font(const char* label, const FontBody& value) const;
+  void Size(const char* label, const BoxSize& value) const;
+  void Place(const char* label, const Position& value) const;
 
   // Lines of their own.
-  void ReferenceLine(const ObjectReference& value) const noexcept;
-  void OctetsLine(const OctetString& value) const noexcept;
+  void ReferenceLine(const ObjectReference& value) const;
+  void OctetsLine(const OctetString& value) const;
 
  private:
-  void Prefix() const noexcept;
-  void Pair(const char* label, std::int32_t x, std::int32_t y) const noexcept;
+  void Prefix() const;
+  void Pair(const char* label, std::int32_t x, std::int32_t y) const;
 
   int depth_;
   std::FILE* stream_;
 };
 
 // The text of a string, or NULL for one that is absent.
-[[nodiscard]] const char* TextOrNull(const OctetString& value) noexcept;
+[[nodiscard]] const char* TextOrNull(const OctetString& value);
 
 }  // namespace korvel

@@ -29,18 +29,18 @@ constexpr std::uint32_t kMostMillisecondsWhileClosing = 400;
 // so nothing is released then; the worker has reset the core before.
 union Immortal {
   Core core;
-  constexpr Immortal() noexcept : core() {}
+  constexpr Immortal() : core() {}
   // A defaulted destructor would be deleted.  NOLINTNEXTLINE(modernize-use-equals-default)
   ~Immortal() {}
 };
 Immortal immortal;
 
-void ReportLimit(const char* message) noexcept {
+void ReportLimit(const char* message) {
   if (std::exchange(TheCore().isOverLimit, true)) return;
   std::fputs(message, stdout);
 }
 
-void LimitAccountForClose(Core& core) noexcept {
+void LimitAccountForClose(Core& core) {
   const std::uint32_t now = MillisecondsSinceProcessStart();
   if (!core.closeNoticedAt) {
     core.closeNoticedAt = now;
@@ -51,7 +51,7 @@ void LimitAccountForClose(Core& core) noexcept {
 
 // The record's canvases belong to the presentation, which must get them back before the record
 // goes.
-void GiveCanvasesBack(const Group& group) noexcept {
+void GiveCanvasesBack(const Group& group) {
   for (const Item& item : group.Items) {
     if (item.Type() != ItemType::DynamicLineArt) continue;
     DestroyCanvas(std::exchange(item.As<DynamicLineArt>().Canvas, nullptr));
@@ -60,9 +60,9 @@ void GiveCanvasesBack(const Group& group) noexcept {
 
 }  // namespace
 
-Core& TheCore() noexcept { return immortal.core; }
+Core& TheCore() { return immortal.core; }
 
-void ReleaseEndedGroups() noexcept {
+void ReleaseEndedGroups() {
   Core& core = TheCore();
   if (core.busyCount > 0) return;
   while (core.ended != nullptr) {
@@ -71,18 +71,18 @@ void ReleaseEndedGroups() noexcept {
   }
 }
 
-void BeginWork() noexcept {
+void BeginWork() {
   Core& core = TheCore();
   ReleaseEndedGroups();
   if (!core.closeNoticedAt) core.actionsLeft = kMostActions;
   core.isOverLimit = false;
 }
 
-Busy::Busy() noexcept { ++TheCore().busyCount; }
+Busy::Busy() { ++TheCore().busyCount; }
 
 Busy::~Busy() { --TheCore().busyCount; }
 
-NestingLevel::NestingLevel() noexcept {
+NestingLevel::NestingLevel() {
   Core& core = TheCore();
   ++core.nestingLevel;
   if (core.nestingLevel > kMostLevels) ReportLimit("Event nesting too deep\n");
@@ -91,7 +91,7 @@ NestingLevel::NestingLevel() noexcept {
 
 NestingLevel::~NestingLevel() { --TheCore().nestingLevel; }
 
-bool TakeAction() noexcept {
+bool TakeAction() {
   Core& core = TheCore();
   if (IsClosing()) LimitAccountForClose(core);
   if (core.actionsLeft == 0) ReportLimit("Too many actions\n");
@@ -100,19 +100,19 @@ bool TakeAction() noexcept {
   return true;
 }
 
-bool MayGoOn() noexcept {
+bool MayGoOn() {
   if (!IsClosing()) return true;
   LimitAccountForClose(TheCore());
   return TheCore().actionsLeft > 0;
 }
 
-Application* CurrentApplication() noexcept { return TheCore().application; }
+Application* CurrentApplication() { return TheCore().application; }
 
-Scene* CurrentScene() noexcept { return TheCore().scene; }
+Scene* CurrentScene() { return TheCore().scene; }
 
-Generations& CurrentGenerations() noexcept { return TheCore().generations; }
+Generations& CurrentGenerations() { return TheCore().generations; }
 
-std::uint32_t NextRandom() noexcept {
+std::uint32_t NextRandom() {
   // A linear congruential generator modulo 2^31; its high bits are mixed in, so that small moduli
   // vary as well.
   constexpr std::uint32_t kMask = 0x7FFFFFFF;

@@ -60,14 +60,14 @@ struct Core {
   std::uint32_t redrawHolds = 0;
 };
 
-[[nodiscard]] Core& TheCore() noexcept;
+[[nodiscard]] Core& TheCore();
 
 // The name of a group: its own group identifier as decoded; empty when it has none.
-[[nodiscard]] inline std::string_view NameOf(const Group& group) noexcept {
+[[nodiscard]] inline std::string_view NameOf(const Group& group) {
   return group.Reference.GroupIdentifier.View();
 }
 
 // Releases every ended group, unless something that may still hold one is at work.
-void ReleaseEndedGroups() noexcept;
+void ReleaseEndedGroups();
 
 }  // namespace korvel

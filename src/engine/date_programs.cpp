@@ -25,7 +25,7 @@ constexpr int DaysOfMonth(std::int64_t year, int month) {
 
 // The date of a day number. Days before the first one of the calendar are an error and count as
 // that first day.
-Date DateOf(std::int32_t dayNumber) noexcept {
+Date DateOf(std::int32_t dayNumber) {
   if (dayNumber < 0) {
     std::fputs("Month error\n", stdout);
     return {};
@@ -47,7 +47,7 @@ Date DateOf(std::int32_t dayNumber) noexcept {
 }
 
 // The day number by the formula of digital broadcasting.
-std::int32_t DayNumberOf(const LocalTime& now) noexcept {
+std::int32_t DayNumberOf(const LocalTime& now) {
   const int l = now.Month <= 2 ? 1 : 0;
   const int y = now.Year - 1900;
   return 14956 + now.Day + static_cast<int>((y - l) * 365.25) +
@@ -99,7 +99,7 @@ int WriteField(char code, const Date& date, std::int32_t time, char* text, std::
 
 }  // namespace
 
-bool GetCurrentDate(ProgramValues& values) noexcept {
+bool GetCurrentDate(ProgramValues& values) {
   LocalTime now;
   if (!GetLocalClock(now)) return true;  // both results stay 0
   values[0].Integer = DayNumberOf(now);
@@ -107,7 +107,7 @@ bool GetCurrentDate(ProgramValues& values) noexcept {
   return true;
 }
 
-bool FormatDate(ProgramValues& values) noexcept {
+bool FormatDate(ProgramValues& values) {
   const std::string_view format = values[0].Octets.View();
   const Date date = DateOf(values[1].Integer);
   OctetString& text = values[3].Octets;
@@ -125,7 +125,7 @@ bool FormatDate(ProgramValues& values) noexcept {
   return true;
 }
 
-bool GetDayOfWeek(ProgramValues& values) noexcept {
+bool GetDayOfWeek(ProgramValues& values) {
   values[1].Integer = static_cast<std::int32_t>((std::int64_t{values[0].Integer} + 2) % 7 + 1);
   return true;
 }

@@ -15,7 +15,7 @@ auto IsEntry(ItemType kind, const Ingredient& visible) {
   };
 }
 
-Status Inserted(const StackedVisible* entry, const char* message) noexcept {
+Status Inserted(const StackedVisible* entry, const char* message) {
   if (entry != nullptr) return Status::Done;
   std::fputs(message, stdout);
   return Status::Failure;
@@ -25,7 +25,7 @@ constexpr const char* kNoMemory = "Can't allocate memory for DisplayStack\n";
 constexpr const char* kNoMemoryForItem = "Can't allocate memory for DisplayStack item\n";
 
 // The 0-based place of the first entry of a visible, or the number of entries when it has none.
-std::size_t PlaceOf(const Application& application, const Ingredient& visible) noexcept {
+std::size_t PlaceOf(const Application& application, const Ingredient& visible) {
   std::size_t place = 0;
   for (const StackedVisible& entry : application.DisplayStack) {
     if (entry.Visible == &visible) break;
@@ -35,39 +35,39 @@ std::size_t PlaceOf(const Application& application, const Ingredient& visible) n
 }
 
 // What every stacking action asks first: an available visible that is in the stack under its class.
-bool IsStackable(const Application* application, ItemType kind, const Visible& visible) noexcept {
+bool IsStackable(const Application* application, ItemType kind, const Visible& visible) {
   return application != nullptr && visible.AvailabilityStatus &&
          StackContains(*application, kind, visible) == Status::Done;
 }
 
-Status RedrawIfRunning(Status status, const Visible& visible) noexcept {
+Status RedrawIfRunning(Status status, const Visible& visible) {
   if (status == Status::Failure || !visible.RunningStatus) return status;
   return RequestRedraw() == Status::Failure ? Status::Failure : status;
 }
 
 }  // namespace
 
-Status RequestRedraw() noexcept {
+Status RequestRedraw() {
   if (TheCore().redrawHolds > 0) return Status::Done;
   return Redraw() == Status::Failure ? Status::Failure : Status::Done;
 }
 
-HeldRedraws::HeldRedraws() noexcept { ++TheCore().redrawHolds; }
+HeldRedraws::HeldRedraws() { ++TheCore().redrawHolds; }
 
 HeldRedraws::~HeldRedraws() { --TheCore().redrawHolds; }
 
-Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible) noexcept {
+Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible) {
   return Inserted(application.DisplayStack.Append({kind, &visible}), kNoMemory);
 }
 
 Status InsertAtPosition(Application& application, std::int32_t position, ItemType kind,
-                        Ingredient& visible) noexcept {
+                        Ingredient& visible) {
   const auto place = position < 1 ? std::size_t{0} : static_cast<std::size_t>(position - 1);
   return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}), kNoMemory);
 }
 
 Status EntryAtPosition(const Application& application, std::int32_t position,
-                       StackedVisible& entry) noexcept {
+                       StackedVisible& entry) {
   if (position < 1) return Status::Refused;
   const auto* found = application.DisplayStack.At(static_cast<std::size_t>(position - 1));
   if (found == nullptr) return Status::Refused;
@@ -75,21 +75,19 @@ Status EntryAtPosition(const Application& application, std::int32_t position,
   return Status::Done;
 }
 
-Status RemoveTop(Application& application, StackedVisible& entry) noexcept {
+Status RemoveTop(Application& application, StackedVisible& entry) {
   const StackedVisible* top = application.DisplayStack.Last();
   const bool isRemoved = application.DisplayStack.RemoveFirst(
       [top](const StackedVisible& candidate) { return &candidate == top; }, &entry);
   return isRemoved ? Status::Done : Status::Refused;
 }
 
-Status RemoveFromStack(Application& application, ItemType kind,
-                       const Ingredient& visible) noexcept {
+Status RemoveFromStack(Application& application, ItemType kind, const Ingredient& visible) {
   const bool isRemoved = application.DisplayStack.RemoveFirst(IsEntry(kind, visible));
   return isRemoved ? Status::Done : Status::Refused;
 }
 
-Status StackContains(const Application& application, ItemType kind,
-                     const Ingredient& visible) noexcept {
+Status StackContains(const Application& application, ItemType kind, const Ingredient& visible) {
   const auto isEntry = IsEntry(kind, visible);
   for (const StackedVisible& entry : application.DisplayStack) {
     if (isEntry(entry)) return Status::Done;
@@ -97,40 +95,40 @@ Status StackContains(const Application& application, ItemType kind,
   return Status::Refused;
 }
 
-Status InsertAtBottom(Application& application, ItemType kind, Ingredient& visible) noexcept {
+Status InsertAtBottom(Application& application, ItemType kind, Ingredient& visible) {
   return Inserted(application.DisplayStack.InsertAt(0, {kind, &visible}), kNoMemoryForItem);
 }
 
 Status InsertBelow(Application& application, ItemType kind, Ingredient& visible,
-                   const Ingredient& reference) noexcept {
+                   const Ingredient& reference) {
   const std::size_t place = PlaceOf(application, reference);
   return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}), kNoMemoryForItem);
 }
 
 Status InsertAbove(Application& application, ItemType kind, Ingredient& visible,
-                   const Ingredient& reference) noexcept {
+                   const Ingredient& reference) {
   if (StackContains(application, ItemType::None, reference) != Status::Done) return Status::Refused;
   const std::size_t place = PlaceOf(application, reference) + 1;
   return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}), kNoMemoryForItem);
 }
 
-void ClearStack(Application& application) noexcept { application.DisplayStack.Clear(); }
+void ClearStack(Application& application) { application.DisplayStack.Clear(); }
 
-Status BringToFront(ItemType kind, Visible& visible) noexcept {
+Status BringToFront(ItemType kind, Visible& visible) {
   Application* application = CurrentApplication();
   if (!IsStackable(application, kind, visible)) return Status::Refused;
   if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
   return RedrawIfRunning(AppendOnTop(*application, kind, visible), visible);
 }
 
-Status SendToBack(ItemType kind, Visible& visible) noexcept {
+Status SendToBack(ItemType kind, Visible& visible) {
   Application* application = CurrentApplication();
   if (!IsStackable(application, kind, visible)) return Status::Refused;
   if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
   return RedrawIfRunning(InsertAtBottom(*application, kind, visible), visible);
 }
 
-Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) noexcept {
+Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) {
   Application* application = CurrentApplication();
   if (!IsStackable(application, kind, visible)) return Status::Refused;
   if (StackContains(*application, ItemType::None, reference) != Status::Done)
@@ -141,7 +139,7 @@ Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) n
   return RedrawIfRunning(InsertAbove(*application, kind, visible, reference), visible);
 }
 
-Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference) noexcept {
+Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference) {
   Application* application = CurrentApplication();
   if (!IsStackable(application, kind, visible)) return Status::Refused;
   if (StackContains(*application, ItemType::None, reference) != Status::Done)

@@ -27,7 +27,7 @@ struct LinkCollection {
   std::size_t Count = 0;
 };
 
-bool MatchesData(const GenericValue& waitedFor, EventData data) noexcept {
+bool MatchesData(const GenericValue& waitedFor, EventData data) {
   if (waitedFor.Kind == ValueKind::None) return true;
   if (waitedFor.Kind != data.Kind) return false;
   if (data.Kind == ValueKind::Integer) return waitedFor.Integer == data.Value;
@@ -35,13 +35,13 @@ bool MatchesData(const GenericValue& waitedFor, EventData data) noexcept {
   return false;
 }
 
-bool MatchesEvent(const Link& link, EventType type, EventData data) noexcept {
+bool MatchesEvent(const Link& link, EventType type, EventData data) {
   return link.Condition.EventType == static_cast<std::int32_t>(type) &&
          MatchesData(link.Condition.EventData, data) && link.RunningStatus;
 }
 
 bool MatchesSource(const LinkCondition& condition, std::string_view sourceGroup,
-                   std::int32_t sourceNumber) noexcept {
+                   std::int32_t sourceNumber) {
   return condition.EventSource.Number == sourceNumber &&
          WithoutTilde(condition.EventSource.GroupIdentifier.View()) == WithoutTilde(sourceGroup);
 }
@@ -49,7 +49,7 @@ bool MatchesSource(const LinkCondition& condition, std::string_view sourceGroup,
 enum class SceneName { AsStored, WithoutTilde };
 
 // A link of a scene waits only while that scene is the current one.
-bool IsInContext(const LinkTableEntry& entry, SceneName comparison) noexcept {
+bool IsInContext(const LinkTableEntry& entry, SceneName comparison) {
   if (entry.Context == Scope::ApplicationFirst) return true;
   const Scene* scene = CurrentScene();
   if (scene == nullptr) return false;
@@ -59,7 +59,7 @@ bool IsInContext(const LinkTableEntry& entry, SceneName comparison) noexcept {
 }
 
 template <class Predicate>
-LinkCollection Collect(EventType type, Predicate&& waits) noexcept {
+LinkCollection Collect(EventType type, Predicate&& waits) {
   LinkCollection collection;
   const LinkTable* table = TableOf(static_cast<std::int32_t>(type));
   if (table == nullptr) return collection;
@@ -72,22 +72,22 @@ LinkCollection Collect(EventType type, Predicate&& waits) noexcept {
 }
 
 // The reserved integer that a link's actions are run with.
-std::int32_t ActionValue(EventData data) noexcept {
+std::int32_t ActionValue(EventData data) {
   return data.Kind == ValueKind::Integer || data.Kind == ValueKind::Boolean ? data.Value : -1;
 }
 
-Status RunLink(const CollectedLink& link, EventData data) noexcept {
+Status RunLink(const CollectedLink& link, EventData data) {
   const ActionHolder effect{&link.Collected->LinkEffect, link.Owner};
   return RunActions(link.Context, effect, ActionValue(data),
                     link.Collected->Reference.GroupIdentifier.View());
 }
 
-bool StopsDispatch(Status status) noexcept {
+bool StopsDispatch(Status status) {
   return status == Status::Failure || status == Status::Replaced;
 }
 
 template <class Links>
-Status RunLinks(const Links& links, EventData data) noexcept {
+Status RunLinks(const Links& links, EventData data) {
   const Busy busy;
   Status status = Status::Done;
   for (const CollectedLink& link : links) {
@@ -101,7 +101,7 @@ Status RunLinks(const Links& links, EventData data) noexcept {
 }  // namespace
 
 Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
-                  EventData data) noexcept {
+                  EventData data) {
   const LinkCollection collection = Collect(type, [&](const LinkTableEntry& entry) {
     return MatchesSource(entry.Waiting->Condition, sourceGroup, sourceNumber) &&
            MatchesEvent(*entry.Waiting, type, data) && IsInContext(entry, SceneName::AsStored);
@@ -109,18 +109,18 @@ Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, Event
   return RunLinks(collection.Links, data);
 }
 
-Status RaiseEvent(const Root& source, EventType type, EventData data) noexcept {
+Status RaiseEvent(const Root& source, EventType type, EventData data) {
   return RaiseEvent(source.Reference.GroupIdentifier.View(), source.Reference.Number, type, data);
 }
 
-Status RaiseEventByType(EventType type, EventData data) noexcept {
+Status RaiseEventByType(EventType type, EventData data) {
   const LinkCollection collection = Collect(type, [&](const LinkTableEntry& entry) {
     return MatchesEvent(*entry.Waiting, type, data) && IsInContext(entry, SceneName::WithoutTilde);
   });
   return RunLinks(collection.Links, data);
 }
 
-Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) noexcept {
+Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) {
   Sequence<CollectedLink> links;
   for (const LinkTableEntry& entry : TheCore().inputTable) {
     if (!MayGoOn()) return Status::Failure;

@@ -17,24 +17,24 @@ constexpr std::string_view kParentStep = "/../";
 constexpr std::string_view kRootPrefix = "DSM:";
 
 // `directory` and `name` in one string; false when memory is out.
-bool Join(std::string_view directory, std::string_view name, OctetString& joined) noexcept {
+bool Join(std::string_view directory, std::string_view name, OctetString& joined) {
   OctetString path;
   if (!path.Assign(directory) || !path.Append(name)) return false;
   joined = std::move(path);
   return true;
 }
 
-Status FetchIn(std::string_view directory, std::string_view name, OctetString& bytes) noexcept {
+Status FetchIn(std::string_view directory, std::string_view name, OctetString& bytes) {
   OctetString path;
   return Join(directory, name, path) ? FetchFile(path.View(), &bytes) : Status::Refused;
 }
 
-Status FetchStartUpNames(std::string_view directory, OctetString& bytes) noexcept {
+Status FetchStartUpNames(std::string_view directory, OctetString& bytes) {
   if (FetchIn(directory, "a", bytes) == Status::Done) return Status::Done;
   return FetchIn(directory, "startup", bytes);
 }
 
-Status FetchStartUpAt(std::string_view path, OctetString& bytes) noexcept {
+Status FetchStartUpAt(std::string_view path, OctetString& bytes) {
   if (FetchFile(path, &bytes) == Status::Done) return Status::Done;
   OctetString& directory = TheCore().currentDirectory;
   if (!Join(path, path.ends_with('/') ? "" : "/", directory)) return Status::Refused;
@@ -46,7 +46,7 @@ Status FetchStartUpAt(std::string_view path, OctetString& bytes) noexcept {
 // Takes each "/../" out together with the component before it. Kept as content expects it: no slash
 // is put back between the two pieces, so that x/y/../z becomes xz. One walk from left to right, for
 // names may be long: what is kept never outgrows what has been read.
-bool RemoveParentSteps(OctetString& path) noexcept {
+bool RemoveParentSteps(OctetString& path) {
   char* bytes = path.MutableBytes();
   std::size_t kept = 0;
   for (std::size_t read = 0; read < path.Length(); ++read) {
@@ -66,7 +66,7 @@ struct PathParts {
   bool mayLeaveDirectory = false;
 };
 
-PathParts SplitName(std::string_view name) noexcept {
+PathParts SplitName(std::string_view name) {
   const std::size_t slash = name.size() > 1 ? name.find('/') : kNone;
   const std::size_t start = slash == kNone ? 0 : slash + 1;
   if (start >= name.size()) return {{}, name, true};
@@ -77,7 +77,7 @@ PathParts SplitName(std::string_view name) noexcept {
 
 }  // namespace
 
-Status FetchStartUp(std::string_view path, OctetString& bytes) noexcept {
+Status FetchStartUp(std::string_view path, OctetString& bytes) {
   for (int pass = 0; pass < kStartUpPasses; ++pass) {
     const Status status = path.empty() ? FetchStartUpNames({}, bytes) : FetchStartUpAt(path, bytes);
     if (status == Status::Done) return Status::Done;
@@ -86,7 +86,7 @@ Status FetchStartUp(std::string_view path, OctetString& bytes) noexcept {
   return Status::Refused;
 }
 
-Status MakeFileName(std::string_view groupName, OctetString& fileName) noexcept {
+Status MakeFileName(std::string_view groupName, OctetString& fileName) {
   if (groupName.starts_with("CI:")) return Status::Refused;
   const PathParts parts = SplitName(groupName);
   if (!parts.mayLeaveDirectory && parts.rest.starts_with("..")) return Status::Refused;
@@ -94,7 +94,7 @@ Status MakeFileName(std::string_view groupName, OctetString& fileName) noexcept 
   return isMade ? Status::Done : Status::Refused;
 }
 
-Status ResolveGroup(std::string_view groupName, OctetString& bytes) noexcept {
+Status ResolveGroup(std::string_view groupName, OctetString& bytes) {
   OctetString fileName;
   if (MakeFileName(groupName, fileName) != Status::Done) return Status::Refused;
   if (FetchFile(fileName.View(), &bytes) == Status::Done) return Status::Done;
@@ -102,7 +102,7 @@ Status ResolveGroup(std::string_view groupName, OctetString& bytes) noexcept {
   return Status::Refused;
 }
 
-Status SetDirectoryOfLaunched(std::string_view groupName) noexcept {
+Status SetDirectoryOfLaunched(std::string_view groupName) {
   OctetString& directory = TheCore().currentDirectory;
   if (groupName.starts_with(kRootPrefix)) {
     std::string_view path = groupName.substr(kRootPrefix.size());
@@ -121,7 +121,7 @@ Status SetDirectoryOfLaunched(std::string_view groupName) noexcept {
   return isSet ? Status::Done : Status::Failure;
 }
 
-Status SetDirectoryOfSpawned(std::string_view groupName) noexcept {
+Status SetDirectoryOfSpawned(std::string_view groupName) {
   const std::size_t last = groupName.rfind('/');
   if (last == kNone || last < 2) return Status::Done;
   // The name is taken to begin with "~/"; the directory is kept without a slash at its end.

@@ -19,7 +19,7 @@ struct ItemToStart {
   Ingredient* Record;
 };
 
-Status ActivateInitially(Group& group) noexcept {
+Status ActivateInitially(Group& group) {
   Sequence<ItemToStart> items;
   for (const Item& item : group.Items) {
     if (!item.Record()->InitiallyActive) continue;
@@ -34,17 +34,17 @@ Status ActivateInitially(Group& group) noexcept {
   return Status::Done;
 }
 
-Status RunOnStartUp(Group& group, Scope scope) noexcept {
+Status RunOnStartUp(Group& group, Scope scope) {
   return RunActions(scope, {&group.OnStartUp, &group}, -1, NameOf(group));
 }
 
 // Raises an event of the group itself. Done as long as the group is there to go on with.
-Status RaiseOf(Group& group, EventType type) noexcept {
+Status RaiseOf(Group& group, EventType type) {
   if (RaiseEvent(group, type) == Status::Failure) return Status::Failure;
   return IsGone(group) ? Status::Replaced : Status::Done;
 }
 
-Status PrepareGroup(Group& group) noexcept {
+Status PrepareGroup(Group& group) {
   group.AvailabilityStatus = true;
   const Status status = RaiseOf(group, EventType::IsAvailable);
   return status == Status::Done ? RaiseOf(group, EventType::ContentAvailable) : status;
@@ -52,14 +52,14 @@ Status PrepareGroup(Group& group) noexcept {
 
 // The group's OnStartUp runs with its links in place. An application whose scene was replaced by it
 // goes on.
-Status ActivateGroup(Group& group, Scope scope) noexcept {
+Status ActivateGroup(Group& group, Scope scope) {
   if (group.RunningStatus) return Status::Done;
   group.RunningStatus = true;
   if (RunOnStartUp(group, scope) == Status::Failure) return Status::Failure;
   return IsGone(group) ? Status::Replaced : RaiseOf(group, EventType::IsRunning);
 }
 
-Status StartItemsAndGroup(Group& group, Scope scope) noexcept {
+Status StartItemsAndGroup(Group& group, Scope scope) {
   Status status = AddLinks(group, scope);
   if (status == Status::Done) status = ActivateInitially(group);
   if (status == Status::Done) status = PrepareGroup(group);
@@ -70,7 +70,7 @@ Status StartItemsAndGroup(Group& group, Scope scope) noexcept {
 // Removes everything that the group owns from the engine's registers, but for its links, which have
 // left before; and marks it ended. Its memory stays until nothing that may still hold a part of it
 // runs.
-void Bury(Group& group) noexcept {
+void Bury(Group& group) {
   Core& core = TheCore();
   group.AvailabilityStatus = false;
   group.RunningStatus = false;
@@ -87,7 +87,7 @@ void Bury(Group& group) noexcept {
   core.ended = &group;
 }
 
-void Adopt(Group& group) noexcept {
+void Adopt(Group& group) {
   for (const Item& item : group.Items) {
     item.Record()->owner = &group;
     if (item.Type() != ItemType::Stream) continue;
@@ -97,7 +97,7 @@ void Adopt(Group& group) noexcept {
 
 }  // namespace
 
-Status StartApplication(Application& application) noexcept {
+Status StartApplication(Application& application) {
   if (CompleteReferences(NameOf(application), application) != Status::Done) return Status::Failure;
   // This first run comes before the links: nothing of the application sees its events yet.
   const Status status = RunOnStartUp(application, Scope::ApplicationFirst);
@@ -106,14 +106,14 @@ Status StartApplication(Application& application) noexcept {
   return StartItemsAndGroup(application, Scope::ApplicationFirst);
 }
 
-Status StartScene(Scene& scene) noexcept {
+Status StartScene(Scene& scene) {
   if (CompleteReferences(NameOf(scene), scene) != Status::Done) return Status::Failure;
   TheCore().sceneStartTime = MillisecondsSinceProcessStart();
   const Status status = StartItemsAndGroup(scene, Scope::SceneFirst);
   return status == Status::Failure ? status : Status::Done;
 }
 
-Status EndGroup(Group* group) noexcept {
+Status EndGroup(Group* group) {
   if (group == nullptr) return Status::Done;
   // A link of its IsDeleted puts another in its place, which must find the registers without it.
   if (std::exchange(group->life.isDying, true)) {
@@ -132,28 +132,28 @@ Status EndGroup(Group* group) noexcept {
   return Status::Done;
 }
 
-Status EndScene() noexcept { return EndGroup(CurrentScene()); }
+Status EndScene() { return EndGroup(CurrentScene()); }
 
-Status EndRunningGroups() noexcept {
+Status EndRunningGroups() {
   const Status status = EndScene();
   return status == Status::Done ? EndGroup(CurrentApplication()) : status;
 }
 
-void BuryRunningGroups() noexcept {
+void BuryRunningGroups() {
   Core& core = TheCore();
   ClearLinkTables();
   if (core.scene != nullptr) Bury(*core.scene);
   if (core.application != nullptr) Bury(*core.application);
 }
 
-Application& AdoptApplication(OwnedGroup&& group) noexcept {
+Application& AdoptApplication(OwnedGroup&& group) {
   auto* application = static_cast<Application*>(group.Release());
   Adopt(*application);
   TheCore().application = application;
   return *application;
 }
 
-Scene& AdoptScene(OwnedGroup&& group) noexcept {
+Scene& AdoptScene(OwnedGroup&& group) {
   auto* scene = static_cast<Scene*>(group.Release());
   Adopt(*scene);
   TheCore().scene = scene;

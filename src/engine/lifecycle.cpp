@@ -17,18 +17,18 @@ namespace {
 // The engine event that tells an application that a group it named cannot be read.
 constexpr std::int32_t kGroupReferenceError = 2;
 
-Status Refuse(const char* message) noexcept {
+Status Refuse(const char* message) {
   std::fputs(message, stdout);
   return Status::Refused;
 }
 
-Status Decode(const OctetString& bytes, OwnedGroup& group) noexcept {
+Status Decode(const OctetString& bytes, OwnedGroup& group) {
   const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.Text());
   bool isApplication = false;
   return DecodeGroup({first, bytes.Length()}, group, isApplication);
 }
 
-Status RaiseReferenceError(const ObjectReference& source) noexcept {
+Status RaiseReferenceError(const ObjectReference& source) {
   const Status status =
       RaiseEvent(source.GroupIdentifier.View(), source.Number, EventType::EngineEvent,
                  EventData::Integer(kGroupReferenceError));
@@ -37,15 +37,14 @@ Status RaiseReferenceError(const ObjectReference& source) noexcept {
 
 // Reads the file of a group that an action names. When it cannot be had, the running application is
 // told.
-Status FetchNamedGroup(std::string_view groupName, OctetString& bytes) noexcept {
+Status FetchNamedGroup(std::string_view groupName, OctetString& bytes) {
   if (ResolveGroup(groupName, bytes) == Status::Done) return Status::Done;
   const Application* application = CurrentApplication();
   return application == nullptr ? Status::Refused : RaiseReferenceError(application->Reference);
 }
 
 // Fetches and decodes what must be an application.
-Status ReadApplication(std::string_view groupName, const char* message,
-                       OwnedGroup& group) noexcept {
+Status ReadApplication(std::string_view groupName, const char* message, OwnedGroup& group) {
   OctetString bytes;
   const Status status = FetchNamedGroup(groupName, bytes);
   if (status != Status::Done) return status;
@@ -53,9 +52,9 @@ Status ReadApplication(std::string_view groupName, const char* message,
   return group.IsApplication() ? Status::Done : Refuse(message);
 }
 
-ApplicationStack& TheStack() noexcept { return TheCore().applicationStack; }
+ApplicationStack& TheStack() { return TheCore().applicationStack; }
 
-Status PushCurrentApplication() noexcept {
+Status PushCurrentApplication() {
   ApplicationStack& stack = TheStack();
   const Application* application = CurrentApplication();
   const std::string_view name = application == nullptr ? std::string_view{} : NameOf(*application);
@@ -64,12 +63,12 @@ Status PushCurrentApplication() noexcept {
   return Status::Done;
 }
 
-void EmptyApplicationStack() noexcept {
+void EmptyApplicationStack() {
   for (OctetString& name : TheStack().Names) name.Clear();
   TheStack().Count = 0;
 }
 
-Status QuitToNothing() noexcept {
+Status QuitToNothing() {
   ClearLinkTables();
   EmptyPersistentStore();
   RequestRestart(RestartReason::QuitWithoutParent);
@@ -78,7 +77,7 @@ Status QuitToNothing() noexcept {
 
 // The application on top of the stack becomes current again. It is not started anew: its OnStartUp
 // does not run and its links wait for nothing.
-Status QuitToParent(const ObjectReference& quitting) noexcept {
+Status QuitToParent(const ObjectReference& quitting) {
   ApplicationStack& stack = TheStack();
   OctetString bytes;
   if (ResolveGroup(stack.Names[stack.Count - 1].View(), bytes) != Status::Done) {
@@ -94,7 +93,7 @@ Status QuitToParent(const ObjectReference& quitting) noexcept {
 
 // What the application shows and runs for itself pauses with the scene it was shown in, unless it
 // is shared. Nothing is raised, and a visible keeps its place in the display stack.
-void StopUnsharedItems(Application& application) noexcept {
+void StopUnsharedItems(Application& application) {
   for (const Item& item : application.Items) {
     const bool isStopped = item.Type() >= ItemType::Link && item.Type() <= ItemType::SwitchButton &&
                            !item.Record()->Shared;
@@ -103,13 +102,13 @@ void StopUnsharedItems(Application& application) noexcept {
 }
 
 // `groupName` may belong to a group that the operation ends.
-Status CopyName(std::string_view groupName, OctetString& name) noexcept {
+Status CopyName(std::string_view groupName, OctetString& name) {
   return name.Assign(groupName) ? Status::Done : Status::Failure;
 }
 
 }  // namespace
 
-Status StartEngine(std::string_view path) noexcept {
+Status StartEngine(std::string_view path) {
   const NestingLevel level;
   BuryRunningGroups();
   EmptyApplicationStack();
@@ -126,7 +125,7 @@ Status StartEngine(std::string_view path) noexcept {
   return StartApplication(AdoptApplication(std::move(group)));
 }
 
-Status Launch(std::string_view groupName) noexcept {
+Status Launch(std::string_view groupName) {
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
   OctetString name;
@@ -140,7 +139,7 @@ Status Launch(std::string_view groupName) noexcept {
   return status == Status::Done ? StartApplication(application) : status;
 }
 
-Status Spawn(std::string_view groupName) noexcept {
+Status Spawn(std::string_view groupName) {
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
   if (TheStack().Count == ApplicationStack::kCapacity) return Status::Refused;
@@ -156,7 +155,7 @@ Status Spawn(std::string_view groupName) noexcept {
   return status == Status::Done ? StartApplication(application) : status;
 }
 
-Status Quit() noexcept {
+Status Quit() {
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
   ObjectReference quitting;
@@ -167,7 +166,7 @@ Status Quit() noexcept {
   return TheStack().Count == 0 ? QuitToNothing() : QuitToParent(quitting);
 }
 
-Status TransitionTo(std::string_view groupName) noexcept {
+Status TransitionTo(std::string_view groupName) {
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
   const Scene* scene = CurrentScene();
@@ -190,14 +189,14 @@ Status TransitionTo(std::string_view groupName) noexcept {
   return status == Status::Done ? StartScene(AdoptScene(std::move(group))) : status;
 }
 
-void CloseDown() noexcept {
+void CloseDown() {
   // A link of IsDeleted may have stopped the end or brought other groups; what runs after it ends
   // without events.
   static_cast<void>(EndRunningGroups());
   BuryRunningGroups();
 }
 
-void ResetEngine() noexcept {
+void ResetEngine() {
   BuryRunningGroups();
   ReleaseEndedGroups();
   EmptyApplicationStack();

@@ -9,7 +9,7 @@
 namespace korvel {
 namespace {
 
-Status AddLink(Link& link, Scope context) noexcept {
+Status AddLink(Link& link, Scope context) {
   if (Prepare(ItemType::Link, link) == Change::Failure) return Status::Failure;
   if (link.InitiallyActive && Activate(ItemType::Link, link) == Change::Failure) {
     return Status::Failure;
@@ -22,7 +22,7 @@ Status AddLink(Link& link, Scope context) noexcept {
 
 }  // namespace
 
-LinkTable* TableOf(std::int32_t eventType) noexcept {
+LinkTable* TableOf(std::int32_t eventType) {
   switch (static_cast<EventType>(eventType)) {
   case EventType::IsAvailable:
   case EventType::ContentAvailable:
@@ -59,7 +59,7 @@ LinkTable* TableOf(std::int32_t eventType) noexcept {
   return nullptr;
 }
 
-Status AddLinks(Group& group, Scope context) noexcept {
+Status AddLinks(Group& group, Scope context) {
   for (Item& item : group.Items) {
     if (item.Type() != ItemType::Link) continue;
     if (!MayGoOn() || AddLink(item.As<Link>(), context) == Status::Failure) return Status::Failure;
@@ -67,7 +67,7 @@ Status AddLinks(Group& group, Scope context) noexcept {
   return Status::Done;
 }
 
-void RemoveLinks(const Group& group) noexcept {
+void RemoveLinks(const Group& group) {
   const std::string_view name = WithoutTilde(NameOf(group));
   const auto belongsToGroup = [&group, name](const LinkTableEntry& entry) {
     return entry.Waiting->owner == &group ||
@@ -77,7 +77,7 @@ void RemoveLinks(const Group& group) noexcept {
   TheCore().inputTable.RemoveAll(belongsToGroup);
 }
 
-void ClearLinkTables() noexcept {
+void ClearLinkTables() {
   TheCore().stateTable.Clear();
   TheCore().inputTable.Clear();
 }

@@ -9,16 +9,16 @@ namespace korvel {
 // The table that holds links waiting for the type, by its number. Null for numbers that name no
 // event: a link waiting for one is entered nowhere and never fires. The split between the tables is
 // fixed, not the standard's split into synchronous and asynchronous events.
-[[nodiscard]] LinkTable* TableOf(std::int32_t eventType) noexcept;
+[[nodiscard]] LinkTable* TableOf(std::int32_t eventType);
 
 // Prepares the group's links, activates those that are initially active, and enters all of them in
 // their tables.
-Status AddLinks(Group& group, Scope context) noexcept;
+Status AddLinks(Group& group, Scope context);
 
 // Takes the links of a group out of both tables: those named after the group, and those it owns
 // under whatever name.
-void RemoveLinks(const Group& group) noexcept;
+void RemoveLinks(const Group& group);
 
-void ClearLinkTables() noexcept;
+void ClearLinkTables();
 
 }  // namespace korvel

@@ -5,15 +5,14 @@ namespace korvel {
 namespace {
 
 // Palettes, programs of other kinds, fonts and cursor shapes are no targets of actions.
-bool IsFindable(ItemType type) noexcept { return type <= ItemType::SwitchButton; }
+bool IsFindable(ItemType type) { return type <= ItemType::SwitchButton; }
 
-bool HasName(const Root& object, std::string_view name, std::int32_t number) noexcept {
+bool HasName(const Root& object, std::string_view name, std::int32_t number) {
   return object.Reference.Number == number &&
          WithoutTilde(object.Reference.GroupIdentifier.View()) == name;
 }
 
-FoundObject FindInList(const List<Item>& items, std::string_view name,
-                       std::int32_t number) noexcept {
+FoundObject FindInList(const List<Item>& items, std::string_view name, std::int32_t number) {
   for (const Item& item : items) {
     if (!MayGoOn()) break;
     if (IsFindable(item.Type()) && HasName(*item.Record(), name, number)) {
@@ -27,18 +26,17 @@ FoundObject FindInList(const List<Item>& items, std::string_view name,
   return {};
 }
 
-FoundObject FindInGroup(const Group* group, std::string_view name, std::int32_t number) noexcept {
+FoundObject FindInGroup(const Group* group, std::string_view name, std::int32_t number) {
   return group == nullptr ? FoundObject{} : FindInList(group->Items, name, number);
 }
 
-bool IsItself(const Group* group, std::string_view name, std::int32_t number) noexcept {
+bool IsItself(const Group* group, std::string_view name, std::int32_t number) {
   return group != nullptr && number == 0 && WithoutTilde(NameOf(*group)) == name;
 }
 
 }  // namespace
 
-FoundObject FindObject(Scope scope, std::string_view groupIdentifier,
-                       std::int32_t number) noexcept {
+FoundObject FindObject(Scope scope, std::string_view groupIdentifier, std::int32_t number) {
   const std::string_view name = WithoutTilde(groupIdentifier);
   Application* application = CurrentApplication();
   Scene* scene = CurrentScene();

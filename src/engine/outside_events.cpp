@@ -34,7 +34,7 @@ constexpr bool IsWithin(std::int32_t key, std::int32_t first, std::int32_t last)
   return key >= first && key <= last;
 }
 
-bool IsBlocked(std::int32_t inputRegister, std::int32_t key) noexcept {
+bool IsBlocked(std::int32_t inputRegister, std::int32_t key) {
   const bool isOutsideAll = IsWithin(key, kFirstOther, kLastOther) || key > kText;
   switch (inputRegister) {
   case 3: return isOutsideAll || IsWithin(key, kFirstArrow, kSelect);
@@ -45,7 +45,7 @@ bool IsBlocked(std::int32_t inputRegister, std::int32_t key) noexcept {
 }
 
 // The keys that the engine itself reports, before the scene may see them.
-Status RaiseEngineEvent(std::int32_t key) noexcept {
+Status RaiseEngineEvent(std::int32_t key) {
   if (key == kText) {
     return RaiseEventByType(EventType::EngineEvent, EventData::Integer(kTextEngineEvent));
   }
@@ -55,7 +55,7 @@ Status RaiseEngineEvent(std::int32_t key) noexcept {
   return Status::Done;
 }
 
-Status RaiseUserInput(std::int32_t key) noexcept {
+Status RaiseUserInput(std::int32_t key) {
   if (RaiseEngineEvent(key) == Status::Failure) return Status::Failure;
   Status taken = Status::Done;
   if (TakeInteractionKey(key, taken)) return taken;
@@ -67,7 +67,7 @@ Status RaiseUserInput(std::int32_t key) noexcept {
   return RaiseEventByType(EventType::UserInput, EventData::Integer(key));
 }
 
-Status RaiseTimerFired(std::int32_t id) noexcept {
+Status RaiseTimerFired(std::int32_t id) {
   ObjectReference owner;
   if (TakeFiredTimer(id, owner) != Status::Done) return Status::Refused;
   const std::string_view ownerName = owner.GroupIdentifier.View();
@@ -80,7 +80,7 @@ Status RaiseTimerFired(std::int32_t id) noexcept {
 
 }  // namespace
 
-Status RaiseOutsideEvent(std::int32_t sourceNumber, EventType type, std::int32_t value) noexcept {
+Status RaiseOutsideEvent(std::int32_t sourceNumber, EventType type, std::int32_t value) {
   const Busy busy;
   if (type == EventType::TimerFired) return RaiseTimerFired(value);
   if (type == EventType::UserInput) return RaiseUserInput(value);

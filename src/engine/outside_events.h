@@ -10,6 +10,6 @@ namespace korvel {
 
 // Runs every active link of the input table that waits for this source number, type and value,
 // without a limit on their number.
-Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) noexcept;
+Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value);
 
 }  // namespace korvel

@@ -13,7 +13,7 @@ auto HasName(std::string_view name) {
 
 }  // namespace
 
-Status AppendPersistent(std::string_view name, OctetString&& data) noexcept {
+Status AppendPersistent(std::string_view name, OctetString&& data) {
   PersistentEntry entry;
   if (!entry.Name.Assign(name)) {
     std::fputs("Can't allocate memory for Persistent FileName\n", stdout);
@@ -28,17 +28,17 @@ Status AppendPersistent(std::string_view name, OctetString&& data) noexcept {
   return Status::Done;
 }
 
-Status TakePersistent(std::string_view name, OctetString& data) noexcept {
+Status TakePersistent(std::string_view name, OctetString& data) {
   PersistentEntry taken;
   if (!TheCore().persistentStore.RemoveFirst(HasName(name), &taken)) return Status::Refused;
   data = std::move(taken.Data);
   return Status::Done;
 }
 
-Status RemovePersistent(std::string_view name) noexcept {
+Status RemovePersistent(std::string_view name) {
   return TheCore().persistentStore.RemoveFirst(HasName(name)) ? Status::Done : Status::Refused;
 }
 
-void EmptyPersistentStore() noexcept { TheCore().persistentStore.Clear(); }
+void EmptyPersistentStore() { TheCore().persistentStore.Clear(); }
 
 }  // namespace korvel

@@ -14,47 +14,47 @@ constexpr std::int32_t kDisplayAspectRatio = 1;
 }  // namespace
 
 // From 0 up to and including the given number.
-bool GetRandomNumber(ProgramValues& values) noexcept {
+bool GetRandomNumber(ProgramValues& values) {
   const std::int64_t count = std::int64_t{values[0].Integer} + 1;
   values[1].Integer = count <= 0 ? 0 : static_cast<std::int32_t>(NextRandom() % count);
   return true;
 }
 
-bool GetBootInfo(ProgramValues& values) noexcept {
+bool GetBootInfo(ProgramValues& values) {
   values[0].Boolean = false;
   return values[1].Octets.Assign({});
 }
 
-bool CheckContentReference(ProgramValues& values) noexcept {
+bool CheckContentReference(ProgramValues& values) {
   values[1].Boolean = true;
   return values[2].Octets.Assign(values[0].Octets.View());
 }
 
-bool CheckGroupReference(ProgramValues& values) noexcept {
+bool CheckGroupReference(ProgramValues& values) {
   values[1].Boolean = true;
   return Copy(values[0].Reference, values[2].Reference);
 }
 
-bool SetWidescreenAlignment(ProgramValues& values) noexcept {
+bool SetWidescreenAlignment(ProgramValues& values) {
   TheCore().programSettings.WidescreenAlignment = values[0].Integer;
   return true;
 }
 
-bool GetDisplayAspectRatio(ProgramValues& values) noexcept {
+bool GetDisplayAspectRatio(ProgramValues& values) {
   values[0].Integer = kDisplayAspectRatio;
   return true;
 }
 
-bool SetSubtitleMode(ProgramValues& values) noexcept {
+bool SetSubtitleMode(ProgramValues& values) {
   TheCore().programSettings.SubtitleMode = values[0].Boolean;
   return true;
 }
 
-bool WhoAmI(ProgramValues& values) noexcept {
+bool WhoAmI(ProgramValues& values) {
   return values[0].Octets.Assign("QXZ001100 MHGQXZ001 DSMQXZ000");
 }
 
-bool DoNothing(ProgramValues& values) noexcept {
+bool DoNothing(ProgramValues& values) {
   static_cast<void>(values);
   return true;
 }

@@ -29,7 +29,7 @@ enum class Slot : std::uint8_t {
 struct ProgramRow {
   std::string_view name;
   std::array<Slot, kMostProgramParameters> slots;
-  bool (*run)(ProgramValues& values) noexcept;
+  bool (*run)(ProgramValues& values);
 };
 
 using enum Slot;
@@ -63,14 +63,14 @@ constexpr ProgramRow kPrograms[] = {
     {"DBG", {}, DoNothing},
 };
 
-const ProgramRow* FindProgram(std::string_view name) noexcept {
+const ProgramRow* FindProgram(std::string_view name) {
   for (const ProgramRow& row : kPrograms) {
     if (row.name == name) return &row;
   }
   return nullptr;
 }
 
-Status ReportType() noexcept {
+Status ReportType() {
   std::fputs("GetItemType Error\n", stdout);
   return Status::Failure;
 }
@@ -111,11 +111,11 @@ constexpr ValueKind KindOf(Slot slot) {
 // its outputs.
 class ProgramCall {
  public:
-  ProgramCall(ProgramParameters given, std::string_view groupName) noexcept
+  ProgramCall(ProgramParameters given, std::string_view groupName)
       : given_(given), groupName_(groupName) {}
 
   // Reads the inputs and finds the outputs.
-  Status Open(const ProgramRow& row) noexcept {
+  Status Open(const ProgramRow& row) {
     for (std::size_t place = 0; place < row.slots.size() && row.slots[place] != None; ++place) {
       if (place >= given_.size()) return Status::Refused;
       const Status status = IsInput(row.slots[place]) ? Read(row.slots[place], place)
@@ -125,10 +125,10 @@ class ProgramCall {
     return Status::Done;
   }
 
-  [[nodiscard]] ProgramValues& Values() noexcept { return values_; }
+  [[nodiscard]] ProgramValues& Values() { return values_; }
 
   // Writes the results. A variable that is not available keeps its value.
-  void Write() noexcept {
+  void Write() {
     for (std::size_t place = 0; place < outputs_.size(); ++place) {
       GenericValue& value = values_[place];
       const FoundObject& output = outputs_[place];
@@ -155,7 +155,7 @@ class ProgramCall {
 
  private:
   // Variables of programs are looked for in the application first, whoever calls.
-  [[nodiscard]] FoundObject FindVariable(std::size_t place) const noexcept {
+  [[nodiscard]] FoundObject FindVariable(std::size_t place) const {
     const GenericValue& given = *given_[place];
     const bool isReference =
         given.Kind == ValueKind::ObjectReference || given.Kind == ValueKind::IndirectReference;
@@ -165,7 +165,7 @@ class ProgramCall {
                       given.Reference.Number);
   }
 
-  Status Read(Slot slot, std::size_t place) noexcept {
+  Status Read(Slot slot, std::size_t place) {
     GenericValue& value = values_[place];
     if (given_[place]->Kind == KindOf(slot)) {
       return Copy(*given_[place], value) ? Status::Done : Status::Failure;
@@ -175,7 +175,7 @@ class ProgramCall {
     return ReadFrom(variable, value) ? Status::Done : Status::Failure;
   }
 
-  static bool ReadFrom(const FoundObject& variable, GenericValue& value) noexcept {
+  static bool ReadFrom(const FoundObject& variable, GenericValue& value) {
     switch (variable.Type) {
     case ItemType::BooleanVariable:
       value.Boolean = variable.As<BooleanVariable>().Value;
@@ -189,7 +189,7 @@ class ProgramCall {
     }
   }
 
-  Status FindOutput(Slot slot, std::size_t place) noexcept {
+  Status FindOutput(Slot slot, std::size_t place) {
     const FoundObject variable = FindVariable(place);
     if (!variable) return Status::Refused;
     if (variable.Type != ClassOf(slot)) return ReportType();
@@ -206,7 +206,7 @@ class ProgramCall {
 }  // namespace
 
 Status RunResidentProgram(std::string_view name, ProgramParameters parameters,
-                          std::string_view groupName) noexcept {
+                          std::string_view groupName) {
   const ProgramRow* row = FindProgram(name);
   if (row == nullptr) return ReportType();
   ProgramCall call(parameters, groupName);

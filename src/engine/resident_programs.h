@@ -27,33 +27,33 @@ struct ProgramSettings {
 // Each returns false when memory is out.
 
 // ---- date_programs.cpp ----
-[[nodiscard]] bool GetCurrentDate(ProgramValues& values) noexcept;
-[[nodiscard]] bool FormatDate(ProgramValues& values) noexcept;
-[[nodiscard]] bool GetDayOfWeek(ProgramValues& values) noexcept;
+[[nodiscard]] bool GetCurrentDate(ProgramValues& values);
+[[nodiscard]] bool FormatDate(ProgramValues& values);
+[[nodiscard]] bool GetDayOfWeek(ProgramValues& values);
 
 // ---- text_programs.cpp ----
-[[nodiscard]] bool GetStringLength(ProgramValues& values) noexcept;
-[[nodiscard]] bool GetSubstring(ProgramValues& values) noexcept;
-[[nodiscard]] bool SearchSubstring(ProgramValues& values) noexcept;
-[[nodiscard]] bool SearchAndExtractSubstring(ProgramValues& values) noexcept;
-[[nodiscard]] bool CastToContentReference(ProgramValues& values) noexcept;
-[[nodiscard]] bool CastToObjectReference(ProgramValues& values) noexcept;
+[[nodiscard]] bool GetStringLength(ProgramValues& values);
+[[nodiscard]] bool GetSubstring(ProgramValues& values);
+[[nodiscard]] bool SearchSubstring(ProgramValues& values);
+[[nodiscard]] bool SearchAndExtractSubstring(ProgramValues& values);
+[[nodiscard]] bool CastToContentReference(ProgramValues& values);
+[[nodiscard]] bool CastToObjectReference(ProgramValues& values);
 
 // ---- service_programs.cpp ----
-[[nodiscard]] bool GetServiceIndex(ProgramValues& values) noexcept;
-[[nodiscard]] bool GetBasicServiceInformation(ProgramValues& values) noexcept;
-[[nodiscard]] bool TuneToIndex(ProgramValues& values) noexcept;
-[[nodiscard]] bool SetTuneInfo(ProgramValues& values) noexcept;
+[[nodiscard]] bool GetServiceIndex(ProgramValues& values);
+[[nodiscard]] bool GetBasicServiceInformation(ProgramValues& values);
+[[nodiscard]] bool TuneToIndex(ProgramValues& values);
+[[nodiscard]] bool SetTuneInfo(ProgramValues& values);
 
 // ---- receiver_programs.cpp ----
-[[nodiscard]] bool GetRandomNumber(ProgramValues& values) noexcept;
-[[nodiscard]] bool GetBootInfo(ProgramValues& values) noexcept;
-[[nodiscard]] bool CheckContentReference(ProgramValues& values) noexcept;
-[[nodiscard]] bool CheckGroupReference(ProgramValues& values) noexcept;
-[[nodiscard]] bool SetWidescreenAlignment(ProgramValues& values) noexcept;
-[[nodiscard]] bool GetDisplayAspectRatio(ProgramValues& values) noexcept;
-[[nodiscard]] bool SetSubtitleMode(ProgramValues& values) noexcept;
-[[nodiscard]] bool WhoAmI(ProgramValues& values) noexcept;
-[[nodiscard]] bool DoNothing(ProgramValues& values) noexcept;
+[[nodiscard]] bool GetRandomNumber(ProgramValues& values);
+[[nodiscard]] bool GetBootInfo(ProgramValues& values);
+[[nodiscard]] bool CheckContentReference(ProgramValues& values);
+[[nodiscard]] bool CheckGroupReference(ProgramValues& values);
+[[nodiscard]] bool SetWidescreenAlignment(ProgramValues& values);
+[[nodiscard]] bool GetDisplayAspectRatio(ProgramValues& values);
+[[nodiscard]] bool SetSubtitleMode(ProgramValues& values);
+[[nodiscard]] bool WhoAmI(ProgramValues& values);
+[[nodiscard]] bool DoNothing(ProgramValues& values);
 
 }  // namespace korvel

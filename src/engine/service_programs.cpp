@@ -20,7 +20,7 @@ constexpr Service kServices[] = {{"104d", 0x104D}, {"108d", 0x108D}, {"10ff", 0x
                                  {"113f", 0x113F}, {"117f", 0x117F}, {"123f", 0x123F}};
 
 // Takes the text before the next dot away from `rest`. False when there is no dot.
-bool TakeField(std::string_view& rest, std::string_view& field) noexcept {
+bool TakeField(std::string_view& rest, std::string_view& field) {
   const std::size_t dot = rest.find('.');
   if (dot == std::string_view::npos) return false;
   field = rest.substr(0, dot);
@@ -30,7 +30,7 @@ bool TakeField(std::string_view& rest, std::string_view& field) noexcept {
 
 // The index of a service reference, from 1; -1 when it names none of the services. The comparison
 // is exact, and the transport stream does not count.
-std::int32_t IndexOf(std::string_view reference) noexcept {
+std::int32_t IndexOf(std::string_view reference) {
   constexpr std::string_view kPrefix = "dvb://";
   if (!reference.starts_with(kPrefix)) return -1;
   std::string_view rest = reference.substr(kPrefix.size());
@@ -47,12 +47,12 @@ std::int32_t IndexOf(std::string_view reference) noexcept {
 
 }  // namespace
 
-bool GetServiceIndex(ProgramValues& values) noexcept {
+bool GetServiceIndex(ProgramValues& values) {
   values[1].Integer = IndexOf(values[0].Octets.View());
   return true;
 }
 
-bool GetBasicServiceInformation(ProgramValues& values) noexcept {
+bool GetBasicServiceInformation(ProgramValues& values) {
   const std::int32_t index = values[0].Integer;
   const bool isKnown = index >= 1 && index <= static_cast<std::int32_t>(std::size(kServices));
   values[1].Integer = isKnown ? kNetworkId : -1;
@@ -63,12 +63,12 @@ bool GetBasicServiceInformation(ProgramValues& values) noexcept {
 }
 
 // The engine starts again from the start-up search of the new service.
-bool TuneToIndex(ProgramValues& values) noexcept {
+bool TuneToIndex(ProgramValues& values) {
   if (values[0].Integer > 0) RequestRestart(RestartReason::Tune);
   return true;
 }
 
-bool SetTuneInfo(ProgramValues& values) noexcept {
+bool SetTuneInfo(ProgramValues& values) {
   TheCore().programSettings.TuneInfo = values[0].Integer;
   return true;
 }

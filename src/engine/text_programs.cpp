@@ -10,19 +10,17 @@
 namespace korvel {
 namespace {
 
-std::int32_t LengthOf(std::string_view text) noexcept {
-  return static_cast<std::int32_t>(text.size());
-}
+std::int32_t LengthOf(std::string_view text) { return static_cast<std::int32_t>(text.size()); }
 
 // Where the search begins: a start before the text means its beginning.
-std::size_t StartOf(std::int32_t start) noexcept {
+std::size_t StartOf(std::int32_t start) {
   return start < 1 ? 0 : static_cast<std::size_t>(start) - 1;
 }
 
 // The index of the first occurrence at or after `start`, both from 0; npos when there is none. An
 // empty text is found where the search begins, up to the end of the text. Each place where the
 // wanted text may begin is a step, which compares as much as is alike.
-std::size_t Search(std::string_view text, std::size_t start, std::string_view wanted) noexcept {
+std::size_t Search(std::string_view text, std::size_t start, std::string_view wanted) {
   for (std::size_t at = start; at <= text.size() && MayGoOn(); ++at) {
     if (!wanted.empty()) at = std::min(text.find(wanted.front(), at), text.size());
     if (text.substr(at).starts_with(wanted)) return at;
@@ -32,12 +30,12 @@ std::size_t Search(std::string_view text, std::size_t start, std::string_view wa
 
 }  // namespace
 
-bool GetStringLength(ProgramValues& values) noexcept {
+bool GetStringLength(ProgramValues& values) {
   values[1].Integer = LengthOf(values[0].Octets.View());
   return true;
 }
 
-bool GetSubstring(ProgramValues& values) noexcept {
+bool GetSubstring(ProgramValues& values) {
   const std::string_view text = values[0].Octets.View();
   const std::int32_t begin = std::max(values[1].Integer, 1);
   const std::int32_t end = std::min(values[2].Integer, LengthOf(text));
@@ -46,7 +44,7 @@ bool GetSubstring(ProgramValues& values) noexcept {
   return values[3].Octets.Assign(text.substr(first, static_cast<std::size_t>(end) - first));
 }
 
-bool SearchSubstring(ProgramValues& values) noexcept {
+bool SearchSubstring(ProgramValues& values) {
   const std::size_t found =
       Search(values[0].Octets.View(), StartOf(values[1].Integer), values[2].Octets.View());
   values[3].Integer = found == std::string_view::npos ? -1 : static_cast<std::int32_t>(found) + 1;
@@ -55,7 +53,7 @@ bool SearchSubstring(ProgramValues& values) noexcept {
 
 // Extracts what stands before the text that is searched for and tells the place behind it, so that
 // repeated calls walk through a list of words.
-bool SearchAndExtractSubstring(ProgramValues& values) noexcept {
+bool SearchAndExtractSubstring(ProgramValues& values) {
   const std::string_view text = values[0].Octets.View();
   const std::string_view wanted = values[2].Octets.View();
   const std::size_t start = StartOf(values[1].Integer);
@@ -68,11 +66,11 @@ bool SearchAndExtractSubstring(ProgramValues& values) noexcept {
   return values[3].Octets.Assign(text.substr(start, found - start));
 }
 
-bool CastToContentReference(ProgramValues& values) noexcept {
+bool CastToContentReference(ProgramValues& values) {
   return values[1].Octets.Assign(values[0].Octets.View());
 }
 
-bool CastToObjectReference(ProgramValues& values) noexcept {
+bool CastToObjectReference(ProgramValues& values) {
   values[2].Reference.Number = values[1].Integer;
   return values[2].Reference.GroupIdentifier.Assign(values[0].Octets.View());
 }

@@ -21,14 +21,14 @@ auto HasId(std::int32_t id) {
   return [id](const Timer& timer) { return timer.Id == id; };
 }
 
-Timer* FindTimer(Group& group, std::int32_t id) noexcept {
+Timer* FindTimer(Group& group, std::int32_t id) {
   for (Timer& timer : group.Timers) {
     if (timer.Id == id) return &timer;
   }
   return nullptr;
 }
 
-Timer* AddTimer(Group& group, std::int32_t id, bool isAbsolute) noexcept {
+Timer* AddTimer(Group& group, std::int32_t id, bool isAbsolute) {
   Timer timer;
   timer.Id = id;
   timer.IsAbsolute = isAbsolute;
@@ -39,20 +39,20 @@ Timer* AddTimer(Group& group, std::int32_t id, bool isAbsolute) noexcept {
 }
 
 // An absolute value before the start of the scene makes a period so long that it does not fire.
-std::uint32_t PeriodOf(const Timer& timer) noexcept {
+std::uint32_t PeriodOf(const Timer& timer) {
   const auto value = static_cast<std::uint32_t>(timer.Value);
   const std::uint32_t period = timer.IsAbsolute ? value - TheCore().sceneStartTime : value;
   return std::min(period, kLongestPeriodMs);
 }
 
-Status CancelTimer(Group& group, std::int32_t id) noexcept {
+Status CancelTimer(Group& group, std::int32_t id) {
   if (group.Timers.RemoveFirst(HasId(id))) KillWindowTimer(static_cast<std::uint32_t>(id));
   return Status::Done;
 }
 
 }  // namespace
 
-Status SetTimer(Group& group, std::int32_t id, std::int32_t value, std::int32_t absolute) noexcept {
+Status SetTimer(Group& group, std::int32_t id, std::int32_t value, std::int32_t absolute) {
   if (value == kNoTimerValue) return CancelTimer(group, id);
   Timer* timer = FindTimer(group, id);
   if (timer != nullptr) {
@@ -67,7 +67,7 @@ Status SetTimer(Group& group, std::int32_t id, std::int32_t value, std::int32_t 
   return Status::Done;
 }
 
-Status TakeFiredTimer(std::int32_t id, ObjectReference& owner) noexcept {
+Status TakeFiredTimer(std::int32_t id, ObjectReference& owner) {
   Scene* scene = CurrentScene();
   Timer taken;
   if (scene == nullptr || !scene->Timers.RemoveFirst(HasId(id), &taken)) return Status::Refused;
@@ -75,7 +75,7 @@ Status TakeFiredTimer(std::int32_t id, ObjectReference& owner) noexcept {
   return Status::Done;
 }
 
-void CancelAllTimers(Group& group) noexcept {
+void CancelAllTimers(Group& group) {
   for (const Timer& timer : group.Timers) {
     if (!MayGoOn()) break;  // the window that closes takes the others with it
     KillWindowTimer(static_cast<std::uint32_t>(timer.Id));

@@ -12,9 +12,9 @@ namespace korvel {
 // Takes the record of a timer that has fired out of the current scene's list and hands out its
 // owner. Refused when no scene runs or the scene has no such timer; a timer of the application
 // never has.
-Status TakeFiredTimer(std::int32_t id, ObjectReference& owner) noexcept;
+Status TakeFiredTimer(std::int32_t id, ObjectReference& owner);
 
 // Kills every pending timer of a group that ends.
-void CancelAllTimers(Group& group) noexcept;
+void CancelAllTimers(Group& group);
 
 }  // namespace korvel

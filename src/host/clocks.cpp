@@ -15,13 +15,13 @@ using SteadyClock = std::chrono::steady_clock;  // the performance counter of th
 
 using FileTimes = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
 
-FileTimes TimeOf(const FILETIME& time) noexcept {
+FileTimes TimeOf(const FILETIME& time) {
   const std::uint64_t high = time.dwHighDateTime;
   return FileTimes(static_cast<std::int64_t>(high << 32U | time.dwLowDateTime));
 }
 
 // Not the C library's clock, which fails after 24 days.
-FileTimes AgeOfProcess() noexcept {
+FileTimes AgeOfProcess() {
   FILETIME start = {};
   FILETIME unused = {};
   FILETIME now = {};
@@ -36,15 +36,15 @@ const SteadyClock::time_point processStart = SteadyClock::now() - AgeOfProcess()
 
 }  // namespace
 
-std::uint32_t MillisecondsSinceProcessStart() noexcept {
+std::uint32_t MillisecondsSinceProcessStart() {
   using std::chrono::milliseconds;
   const auto elapsed = std::chrono::duration_cast<milliseconds>(SteadyClock::now() - processStart);
   return static_cast<std::uint32_t>(elapsed.count());
 }
 
-std::uint32_t SecondsNow() noexcept { return static_cast<std::uint32_t>(std::time(nullptr)); }
+std::uint32_t SecondsNow() { return static_cast<std::uint32_t>(std::time(nullptr)); }
 
-bool GetLocalClock(LocalTime& now) noexcept {
+bool GetLocalClock(LocalTime& now) {
   SYSTEMTIME time;
   ::GetLocalTime(&time);
   now = {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond};

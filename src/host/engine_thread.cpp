@@ -20,7 +20,7 @@ namespace korvel {
 namespace {
 
 // Looking for a message is what has the sent ones answered. Of the posted ones none is asked for.
-void AnswerSentMessages() noexcept {
+void AnswerSentMessages() {
   MSG message;
   PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
 }
@@ -29,7 +29,7 @@ void AnswerSentMessages() noexcept {
 // thread then is a few calls.
 constexpr DWORD kEpilogueLimitMs = 5000;
 
-std::uint64_t CreationTime(HANDLE thread) noexcept {
+std::uint64_t CreationTime(HANDLE thread) {
   FILETIME created = {};
   FILETIME unused = {};
   GetThreadTimes(thread, &created, &unused, &unused, &unused);
@@ -38,7 +38,7 @@ std::uint64_t CreationTime(HANDLE thread) noexcept {
 }
 
 // For these two the caller holds the state lock, and closes the handle afterwards.
-HANDLE DuplicateEngineThread() noexcept {
+HANDLE DuplicateEngineThread() {
   HANDLE duplicate = nullptr;
   DuplicateHandle(GetCurrentProcess(), hostState.engineThread, GetCurrentProcess(), &duplicate,
                   SYNCHRONIZE, FALSE, 0);
@@ -46,7 +46,7 @@ HANDLE DuplicateEngineThread() noexcept {
 }
 
 // Null when the thread is gone.
-HANDLE OpenLastThread() noexcept {
+HANDLE OpenLastThread() {
   const ThreadIdentity& last = hostState.lastThread;
   HANDLE thread = OpenThread(SYNCHRONIZE | THREAD_QUERY_LIMITED_INFORMATION, FALSE, last.id);
   if (thread == nullptr || CreationTime(thread) == last.creationTime) return thread;
@@ -54,7 +54,7 @@ HANDLE OpenLastThread() noexcept {
   return nullptr;
 }
 
-bool ClaimIfIdle() noexcept {
+bool ClaimIfIdle() {
   const StateLocked locked;
   if (hostState.phase != Phase::Idle) return false;
   hostState.phase = Phase::Starting;
@@ -65,12 +65,12 @@ bool ClaimIfIdle() noexcept {
   return true;
 }
 
-HANDLE DuplicateEndingThread() noexcept {
+HANDLE DuplicateEndingThread() {
   const StateLocked locked;
   return hostState.phase == Phase::Epilogue ? DuplicateEngineThread() : nullptr;
 }
 
-HANDLE OpenThreadToWaitFor() noexcept {
+HANDLE OpenThreadToWaitFor() {
   const StateLocked locked;
   const DWORD caller = GetCurrentThreadId();
   const bool isOwn = caller == hostState.engineThreadId || caller == hostState.workerThreadId ||
@@ -81,19 +81,19 @@ HANDLE OpenThreadToWaitFor() noexcept {
 
 // The library must not be unloaded under its own thread, whatever the host does when it hears of
 // the close; the thread gives this reference back as it ends.
-HMODULE ReferToThisLibrary() noexcept {
+HMODULE ReferToThisLibrary() {
   HMODULE library = nullptr;
   GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
                      reinterpret_cast<LPCSTR>(&ReferToThisLibrary), &library);
   return library;
 }
 
-void PassStartGate() noexcept {
+void PassStartGate() {
   WaitForSingleObject(hostState.startGate, INFINITE);
   CloseHandle(std::exchange(hostState.startGate, nullptr));
 }
 
-void RunMessageLoop() noexcept {
+void RunMessageLoop() {
   MSG message;
   while (GetMessageA(&message, nullptr, 0, 0) > 0) {
     TranslateMessage(&message);
@@ -102,7 +102,7 @@ void RunMessageLoop() noexcept {
 }
 
 // Runs the engine in its window until the window has gone and the worker has ended.
-void RunInWindow() noexcept {
+void RunInWindow() {
   if (!CreateEngineWindow()) return;
   if (CreateWorker()) {
     ShowEngineWindow();
@@ -113,20 +113,20 @@ void RunInWindow() noexcept {
 
 // The thread's last act: closes its own handle and accepts a new start. Waits still find the
 // thread.
-void LeaveEngineThread() noexcept {
+void LeaveEngineThread() {
   const StateLocked locked;
   hostState.lastThread = {GetCurrentThreadId(), CreationTime(GetCurrentThread())};
   CloseHandle(std::exchange(hostState.engineThread, nullptr));
   hostState.phase = Phase::Idle;
 }
 
-void EnterEpilogue() noexcept {
+void EnterEpilogue() {
   const StateLocked locked;
   hostState.phase = Phase::Epilogue;
 }
 
 // From the first call on, a start is accepted: it waits for the thread's end.
-void TellHostOfClose() noexcept {
+void TellHostOfClose() {
   EnterEpilogue();
   HWND hostWindow = hostState.hostWindow;
   if (hostWindow != nullptr) PostMessageA(hostWindow, kMHEG5ClosedMessage, 0, 0);
@@ -151,13 +151,13 @@ DWORD WINAPI EngineThread(void*) {
   FreeLibraryAndExitThread(library, 0);
 }
 
-void EnterEngineThread(HANDLE thread, DWORD id) noexcept {
+void EnterEngineThread(HANDLE thread, DWORD id) {
   const StateLocked locked;
   hostState.engineThread = thread;
   hostState.engineThreadId = id;
 }
 
-bool MakeThread() noexcept {
+bool MakeThread() {
   DWORD id = 0;
   HANDLE thread = CreateThread(nullptr, 0, EngineThread, nullptr, 0, &id);
   if (thread != nullptr) EnterEngineThread(thread, id);
@@ -166,7 +166,7 @@ bool MakeThread() noexcept {
 
 }  // namespace
 
-void WaitAnsweringSentMessages(HANDLE object, DWORD limitMs) noexcept {
+void WaitAnsweringSentMessages(HANDLE object, DWORD limitMs) {
   const ULONGLONG start = GetTickCount64();
   for (DWORD remaining = limitMs;;) {
     if (MsgWaitForMultipleObjects(1, &object, FALSE, remaining, QS_SENDMESSAGE) !=
@@ -181,7 +181,7 @@ void WaitAnsweringSentMessages(HANDLE object, DWORD limitMs) noexcept {
   }
 }
 
-bool ClaimStart() noexcept {
+bool ClaimStart() {
   if (HANDLE ending = DuplicateEndingThread(); ending != nullptr) {
     WaitAnsweringSentMessages(ending, kEpilogueLimitMs);
     CloseHandle(ending);
@@ -189,26 +189,26 @@ bool ClaimStart() noexcept {
   return ClaimIfIdle();
 }
 
-void AbandonStart() noexcept {
+void AbandonStart() {
   const StateLocked locked;
   hostState.startingThreadId = 0;
   hostState.phase = Phase::Idle;
 }
 
-void CompleteStart() noexcept {
+void CompleteStart() {
   const StateLocked locked;
   hostState.startingThreadId = 0;
   hostState.phase = Phase::Alive;
 }
 
-void WaitForEngineThread() noexcept {
+void WaitForEngineThread() {
   HANDLE thread = OpenThreadToWaitFor();
   if (thread == nullptr) return;
   WaitAnsweringSentMessages(thread, INFINITE);
   CloseHandle(thread);
 }
 
-bool CreateEngineThread() noexcept {
+bool CreateEngineThread() {
   hostState.library = ReferToThisLibrary();
   hostState.startGate = CreateEventA(nullptr, TRUE, FALSE, nullptr);
   if (hostState.library != nullptr && hostState.startGate != nullptr && MakeThread()) return true;
@@ -217,6 +217,6 @@ bool CreateEngineThread() noexcept {
   return false;
 }
 
-void OpenStartGate() noexcept { SetEvent(hostState.startGate); }
+void OpenStartGate() { SetEvent(hostState.startGate); }
 
 }  // namespace korvel

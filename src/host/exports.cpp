@@ -13,7 +13,7 @@ namespace {
 enum class WindowTest { Tested, NotTested };
 
 // The window ends only under the same lock, so that the close reaches this engine or none.
-void AskToClose(WindowTest test) noexcept {
+void AskToClose(WindowTest test) {
   const StateLocked locked;
   HWND window = hostState.engineWindow;
   if (hostState.engineThread == nullptr) return;

@@ -21,7 +21,7 @@ void KORVEL_CALL CloseOnExitCode(uint32_t code) {
 constexpr std::uint32_t kRetryPeriodMs = 500;
 
 // Asks until the host knows. True when it has stored a buffer, which the caller must release.
-bool AskHost(MHEG5Host* host, const char* path, void** data, std::uint32_t* size) noexcept {
+bool AskHost(MHEG5Host* host, const char* path, void** data, std::uint32_t* size) {
   while (MayRun()) {
     const std::uint32_t answer = host->table->ReadFile(host, path, data, size);
     if (answer != kMHEG5FileNotYetAvailable) return answer == kMHEG5FileRead;
@@ -32,31 +32,31 @@ bool AskHost(MHEG5Host* host, const char* path, void** data, std::uint32_t* size
 
 }  // namespace
 
-bool IsUsable(const MHEG5Host* host) noexcept {
+bool IsUsable(const MHEG5Host* host) {
   if (host == nullptr || host->table == nullptr) return false;
   const MHEG5HostTable& table = *host->table;
   return table.AddRef != nullptr && table.Release != nullptr && table.ReadFile != nullptr &&
          table.FreeBuffer != nullptr && table.SetExitCallback != nullptr;
 }
 
-void StoreHostObject(MHEG5Host* host) noexcept {
+void StoreHostObject(MHEG5Host* host) {
   hostState.hostObject = host;
   host->table->AddRef(host);
 }
 
-void GiveExitCallback() noexcept {
+void GiveExitCallback() {
   MHEG5Host* host = hostState.hostObject;
   host->table->SetExitCallback(host, CloseOnExitCode, 0);
 }
 
-void WithdrawHostObject() noexcept {
+void WithdrawHostObject() {
   MHEG5Host* host = hostState.hostObject.exchange(nullptr);
   if (host == nullptr) return;
   host->table->SetExitCallback(host, nullptr, 0);
   host->table->Release(host);
 }
 
-Status FetchFile(std::string_view path, OctetString* bytes) noexcept {
+Status FetchFile(std::string_view path, OctetString* bytes) {
   OctetString terminatedPath;
   MHEG5Host* host = hostState.hostObject;
   if (host == nullptr || !terminatedPath.Assign(path)) return Status::Refused;

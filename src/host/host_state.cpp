@@ -10,20 +10,20 @@ namespace {}  // namespace
 
 constinit HostState hostState;
 
-void AllowRunning() noexcept { hostState.isRunning = true; }
+void AllowRunning() { hostState.isRunning = true; }
 
-void StopRunning() noexcept { hostState.isRunning = false; }
+void StopRunning() { hostState.isRunning = false; }
 
-void StopForClose() noexcept {
+void StopForClose() {
   hostState.isClosing = true;
   StopRunning();
 }
 
-bool MayRun() noexcept { return hostState.isRunning && !hostState.isClosing; }
+bool MayRun() { return hostState.isRunning && !hostState.isClosing; }
 
-bool IsClosing() noexcept { return hostState.isClosing; }
+bool IsClosing() { return hostState.isClosing; }
 
-void PauseUnlessClosing(std::uint32_t milliseconds) noexcept {
+void PauseUnlessClosing(std::uint32_t milliseconds) {
   if (!IsClosing()) Sleep(milliseconds);
 }
 

@@ -67,19 +67,19 @@ extern HostState hostState;
 // Held in the scope that reads or changes what HostState::lock guards.
 class [[nodiscard]] StateLocked {
  public:
-  StateLocked() noexcept { AcquireSRWLockExclusive(&hostState.lock); }
+  StateLocked() { AcquireSRWLockExclusive(&hostState.lock); }
   ~StateLocked() { ReleaseSRWLockExclusive(&hostState.lock); }
   StateLocked(const StateLocked&) = delete;
   StateLocked& operator=(const StateLocked&) = delete;
 };
 
 // Sets the running flag; a close that has been asked for still wins.
-void AllowRunning() noexcept;
+void AllowRunning();
 
 // Clears the running flag: a waiting file fetch gives up, keys and timer expiries are dropped.
-void StopRunning() noexcept;
+void StopRunning();
 
 // Clears the running flag for good: until the engine has ended nothing runs again.
-void StopForClose() noexcept;
+void StopForClose();
 
 }  // namespace korvel

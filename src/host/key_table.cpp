@@ -32,7 +32,7 @@ constexpr std::array<KeyRange, 14> kKeys = {{
 
 }  // namespace
 
-std::int32_t UserInputKey(std::uint32_t virtualKey) noexcept {
+std::int32_t UserInputKey(std::uint32_t virtualKey) {
   for (const KeyRange& keys : kKeys) {
     if (virtualKey < keys.First || virtualKey > keys.Last) continue;
     return keys.UserInput + static_cast<std::int32_t>(virtualKey - keys.First);

@@ -27,7 +27,7 @@ constinit MessageQueues queues = {};
 
 // The queue's order is that of the window's messages; a timer's expiry may be taken from the
 // middle of it.
-void Unlink(Record* before, Record* record) noexcept {
+void Unlink(Record* before, Record* record) {
   (before == nullptr ? queues.head : before->next) = record->next;
   if (queues.tail == record) queues.tail = before;
   ReleaseMemory(record);
@@ -35,23 +35,23 @@ void Unlink(Record* before, Record* record) noexcept {
 
 }  // namespace
 
-QueuesLocked::QueuesLocked() noexcept { EnterCriticalSection(&queues.lock); }
+QueuesLocked::QueuesLocked() { EnterCriticalSection(&queues.lock); }
 
 QueuesLocked::~QueuesLocked() { LeaveCriticalSection(&queues.lock); }
 
-void OpenMessageQueues() noexcept { InitializeCriticalSection(&queues.lock); }
+void OpenMessageQueues() { InitializeCriticalSection(&queues.lock); }
 
-void CloseMessageQueues() noexcept {
+void CloseMessageQueues() {
   DrainMessageQueues();
   DeleteCriticalSection(&queues.lock);
 }
 
-void QueueClose() noexcept {
+void QueueClose() {
   const QueuesLocked locked;
   ++queues.closes;
 }
 
-void QueueInput(const QueuedMessage& message) noexcept {
+void QueueInput(const QueuedMessage& message) {
   const QueuesLocked locked;
   void* block = AllocateZeroed(sizeof(Record));
   if (block == nullptr) return;
@@ -60,7 +60,7 @@ void QueueInput(const QueuedMessage& message) noexcept {
   queues.tail = record;
 }
 
-bool TakeQueuedMessage(QueuedMessage& message) noexcept {
+bool TakeQueuedMessage(QueuedMessage& message) {
   const QueuesLocked locked;
   if (queues.closes > 0) {
     --queues.closes;
@@ -73,7 +73,7 @@ bool TakeQueuedMessage(QueuedMessage& message) noexcept {
   return true;
 }
 
-void RemoveQueuedExpiries(std::uint32_t id) noexcept {
+void RemoveQueuedExpiries(std::uint32_t id) {
   const QueuesLocked locked;
   Record* before = nullptr;
   for (Record* record = queues.head; record != nullptr;) {
@@ -87,7 +87,7 @@ void RemoveQueuedExpiries(std::uint32_t id) noexcept {
   }
 }
 
-void DrainMessageQueues() noexcept {
+void DrainMessageQueues() {
   const QueuesLocked locked;
   queues.closes = 0;
   while (queues.head != nullptr) Unlink(nullptr, queues.head);

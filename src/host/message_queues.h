@@ -15,29 +15,29 @@ struct QueuedMessage {
 };
 
 // Engine thread: before the window is made, and after the worker has ended.
-void OpenMessageQueues() noexcept;
-void CloseMessageQueues() noexcept;
+void OpenMessageQueues();
+void CloseMessageQueues();
 
 // Engine thread: adds a close. Cannot fail.
-void QueueClose() noexcept;
+void QueueClose();
 
 // Engine thread: adds a message at the end of the input queue; without memory it is lost.
-void QueueInput(const QueuedMessage& message) noexcept;
+void QueueInput(const QueuedMessage& message);
 
 // Worker: takes the next message, a close before any other. False when there is none.
-[[nodiscard]] bool TakeQueuedMessage(QueuedMessage& message) noexcept;
+[[nodiscard]] bool TakeQueuedMessage(QueuedMessage& message);
 
 // Worker: takes out the queued expiries of the timer `id`.
-void RemoveQueuedExpiries(std::uint32_t id) noexcept;
+void RemoveQueuedExpiries(std::uint32_t id);
 
 // Worker: frees every message that is left.
-void DrainMessageQueues() noexcept;
+void DrainMessageQueues();
 
 // The queue lock, for a scope that does several of the above, or sets a timer, as one step. All
 // the functions take it themselves, which the scope's own thread may do again.
 class [[nodiscard]] QueuesLocked {
  public:
-  QueuesLocked() noexcept;
+  QueuesLocked();
   ~QueuesLocked();
   QueuesLocked(const QueuesLocked&) = delete;
   QueuesLocked& operator=(const QueuesLocked&) = delete;

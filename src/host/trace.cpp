@@ -13,14 +13,14 @@ constinit std::FILE* traceStream = nullptr;
 
 }  // namespace
 
-void SetTraceStream(std::FILE* stream) noexcept { traceStream = stream; }
+void SetTraceStream(std::FILE* stream) { traceStream = stream; }
 
-void Trace(const char* line) noexcept {
+void Trace(const char* line) {
   if (traceStream == nullptr) return;
   std::fputs(line, traceStream);
   std::fflush(traceStream);
 }
 
-void DeleteOldTraceFile() noexcept { DeleteFileA("debug.txt"); }
+void DeleteOldTraceFile() { DeleteFileA("debug.txt"); }
 
 }  // namespace korvel

@@ -8,9 +8,9 @@ namespace korvel {
 
 // Opens the trace: lines go to `stream`, borrowed until another one or null is set. For whoever
 // debugs the threads, before the engine starts.
-void SetTraceStream(std::FILE* stream) noexcept;
+void SetTraceStream(std::FILE* stream);
 
 // Worker thread: deletes the trace file that an earlier run left in the current directory.
-void DeleteOldTraceFile() noexcept;
+void DeleteOldTraceFile();
 
 }  // namespace korvel

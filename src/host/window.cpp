@@ -33,7 +33,7 @@ constexpr int kTop = 50;
 constexpr int kOuterWidth = 726;
 constexpr int kOuterHeight = 607;
 
-void EndWorker() noexcept {
+void EndWorker() {
   WindowState& window = hostState.window;
   if (window.worker == nullptr) return;
   {
@@ -49,7 +49,7 @@ void EndWorker() noexcept {
 
 // From here on a close request finds no window, and never another program's that the number has
 // passed to.
-HWND TakeEngineWindow() noexcept {
+HWND TakeEngineWindow() {
   const StateLocked locked;
   return hostState.engineWindow.exchange(nullptr);
 }
@@ -57,26 +57,26 @@ HWND TakeEngineWindow() noexcept {
 // Above it, older systems fire at once instead of late.
 constexpr std::uint32_t kLongestPeriodMs = 0x7FFFFFFF;
 
-bool IsWorkerThere() noexcept { return hostState.window.worker != nullptr; }
+bool IsWorkerThere() { return hostState.window.worker != nullptr; }
 
-void QueueForWorker(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+void QueueForWorker(UINT message, WPARAM wParam, LPARAM lParam) {
   if (!IsWorkerThere()) return;
   Trace("thread1 enter CS !!\n");
   QueueInput({message, static_cast<std::uint32_t>(wParam), static_cast<std::uint32_t>(lParam)});
   Trace("thread1 leave CS !!\n");
 }
 
-LRESULT DefaultResult(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+LRESULT DefaultResult(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   return IsWindow(window) ? DefWindowProcA(window, message, wParam, lParam) : 0;
 }
 
-void NoteModifier(WPARAM virtualKey, bool isDown) noexcept {
+void NoteModifier(WPARAM virtualKey, bool isDown) {
   if (virtualKey == VK_CONTROL) hostState.window.isCtrlDown = isDown;
   if (virtualKey == VK_MENU) hostState.window.isAltDown = isDown;
 }
 
 // Together, Ctrl and Alt mean that the keys are for somebody else.
-void TakeKey(WPARAM virtualKey, LPARAM lParam) noexcept {
+void TakeKey(WPARAM virtualKey, LPARAM lParam) {
   NoteModifier(virtualKey, true);
   if (hostState.window.isCtrlDown && hostState.window.isAltDown) return;
   QueueForWorker(WM_KEYDOWN, virtualKey, lParam);
@@ -85,7 +85,7 @@ void TakeKey(WPARAM virtualKey, LPARAM lParam) noexcept {
 // The region is made valid first: the black of its erasing must not come over the picture, and a
 // region that stayed invalid would be painted again and again. Default processing would make it
 // valid once more, and with it what was exposed meanwhile. False while nothing may be shown.
-[[nodiscard]] bool Paint(HWND window) noexcept {
+[[nodiscard]] bool Paint(HWND window) {
   if (!MayRun()) return false;
   PAINTSTRUCT paint;
   BeginPaint(window, &paint);
@@ -99,19 +99,19 @@ void TakeKey(WPARAM virtualKey, LPARAM lParam) noexcept {
 }
 
 // A second close while the first waits for the worker would destroy the window twice.
-void Close() noexcept {
+void Close() {
   if (!hostState.window.isWaitingForWorker) EndWorkerAndWindow();
 }
 
 // Every timer of the engine fires once.
-void TakeTimerExpiry(HWND window, std::uint32_t id) noexcept {
+void TakeTimerExpiry(HWND window, std::uint32_t id) {
   const QueuesLocked locked;
   KillTimer(window, id);
   if (IsWorkerThere()) QueueInput({WM_TIMER, id, 0});
 }
 
 // Sets a timer that the platform has refused to set from the worker.
-void SetRequestedTimer(HWND window, std::uint32_t id, std::uint32_t periodMs) noexcept {
+void SetRequestedTimer(HWND window, std::uint32_t id, std::uint32_t periodMs) {
   SetTimer(window, id, periodMs, nullptr);
 }
 
@@ -144,7 +144,7 @@ LRESULT CALLBACK EngineWindowProcedure(HWND window, UINT message, WPARAM wParam,
 
 }  // namespace
 
-bool RegisterEngineWindowClass() noexcept {
+bool RegisterEngineWindowClass() {
   WNDCLASSEXA windowClass = {};
   windowClass.cbSize = sizeof(windowClass);
   windowClass.style = CS_HREDRAW | CS_VREDRAW;
@@ -158,26 +158,26 @@ bool RegisterEngineWindowClass() noexcept {
   return RegisterClassExA(&windowClass) != 0;
 }
 
-void UnregisterEngineWindowClass() noexcept { UnregisterClassA(kClassName, hostState.library); }
+void UnregisterEngineWindowClass() { UnregisterClassA(kClassName, hostState.library); }
 
-bool CreateEngineWindow() noexcept {
+bool CreateEngineWindow() {
   HWND window = CreateWindowExA(0, kClassName, kTitle, kStyle, kLeft, kTop, kOuterWidth,
                                 kOuterHeight, nullptr, nullptr, nullptr, nullptr);
   hostState.engineWindow = window;
   return window != nullptr;
 }
 
-void ShowEngineWindow() noexcept {
+void ShowEngineWindow() {
   ShowWindow(hostState.engineWindow, SW_SHOWDEFAULT);
   UpdateWindow(hostState.engineWindow);
 }
 
-void EndWorkerAndWindow() noexcept {
+void EndWorkerAndWindow() {
   EndWorker();
   if (HWND window = TakeEngineWindow(); window != nullptr) DestroyWindow(window);
 }
 
-void SetWindowTimer(std::uint32_t id, std::uint32_t periodMs) noexcept {
+void SetWindowTimer(std::uint32_t id, std::uint32_t periodMs) {
   HWND window = hostState.engineWindow;
   const std::uint32_t period = std::min(periodMs, kLongestPeriodMs);
   const QueuesLocked locked;
@@ -188,7 +188,7 @@ void SetWindowTimer(std::uint32_t id, std::uint32_t periodMs) noexcept {
   }
 }
 
-void KillWindowTimer(std::uint32_t id) noexcept {
+void KillWindowTimer(std::uint32_t id) {
   const QueuesLocked locked;
   KillTimer(hostState.engineWindow, id);
   RemoveQueuedExpiries(id);

@@ -14,15 +14,15 @@ inline constexpr UINT kRestartAfterTune = 0x8003;  // the running application is
 // thread sets it itself. Timer id and period in milliseconds.
 inline constexpr UINT kSetWindowTimer = 0x8010;
 
-[[nodiscard]] bool RegisterEngineWindowClass() noexcept;
-void UnregisterEngineWindowClass() noexcept;
+[[nodiscard]] bool RegisterEngineWindowClass();
+void UnregisterEngineWindowClass();
 
 // Makes the window, hidden, and keeps its handle as the engine window.
-[[nodiscard]] bool CreateEngineWindow() noexcept;
+[[nodiscard]] bool CreateEngineWindow();
 
-void ShowEngineWindow() noexcept;
+void ShowEngineWindow();
 
 // Has the worker end if there is one, waits for it, and destroys the window if it is still there.
-void EndWorkerAndWindow() noexcept;
+void EndWorkerAndWindow();
 
 }  // namespace korvel

@@ -25,14 +25,14 @@ constexpr std::int32_t kNoSource = 0;
 
 // A change may have been drawn within the last copy's millisecond or just after a painting
 // request: what the viewer has asked for is shown all the same.
-void RedrawAtOnce() noexcept {
+void RedrawAtOnce() {
   DiscardUpdateStamp();
   ResetRedrawCounter();
   static_cast<void>(Redraw());
 }
 
 // The results of events are ignored: the actions that had to stop have stopped.
-void HandleTimer(std::uint32_t id) noexcept {
+void HandleTimer(std::uint32_t id) {
   if (!MayRun()) return;
   static_cast<void>(
       RaiseOutsideEvent(kNoSource, EventType::TimerFired, static_cast<std::int32_t>(id)));
@@ -41,7 +41,7 @@ void HandleTimer(std::uint32_t id) noexcept {
 
 // The counter is reset before the key as well, so that the first redraw that its actions ask for
 // paints.
-void HandleKey(std::uint32_t virtualKey) noexcept {
+void HandleKey(std::uint32_t virtualKey) {
   if (!MayRun()) return;
   ResetRedrawCounter();
   if (const std::int32_t key = UserInputKey(virtualKey); key != kNoUserInput) {
@@ -52,7 +52,7 @@ void HandleKey(std::uint32_t virtualKey) noexcept {
 
 // Starts the engine from the start-up search and shows what it has drawn. False when no application
 // could be started; the running flag is then the caller's to clear.
-[[nodiscard]] bool StartAndShow() noexcept {
+[[nodiscard]] bool StartAndShow() {
   BeginWork();
   ResetRedrawCounter();
   if (StartEngine({}) == Status::Refused) return false;
@@ -62,13 +62,13 @@ void HandleKey(std::uint32_t virtualKey) noexcept {
   return true;
 }
 
-void Restart() noexcept {
+void Restart() {
   ClearImageCache();
   AllowRunning();
   if (!StartAndShow()) StopRunning();
 }
 
-void HandleMessage(const QueuedMessage& message) noexcept {
+void HandleMessage(const QueuedMessage& message) {
   BeginWork();
   switch (message.Number) {
   case WM_TIMER: return HandleTimer(message.WParam);
@@ -81,7 +81,7 @@ void HandleMessage(const QueuedMessage& message) noexcept {
 }
 
 // Handles queued messages until a close has been handled.
-void RunWorkerLoop() noexcept {
+void RunWorkerLoop() {
   for (QueuedMessage message; message.Number != WM_CLOSE;) {
     if (TakeQueuedMessage(message)) {
       HandleMessage(message);
@@ -91,13 +91,13 @@ void RunWorkerLoop() noexcept {
   }
 }
 
-void ShowScreenText(std::string_view text) noexcept {
+void ShowScreenText(std::string_view text) {
   ClearSurface();
   DrawScreenText(text);
   static_cast<void>(DeviceUpdate());
 }
 
-void OpenWorker() noexcept {
+void OpenWorker() {
   hostState.workerThreadId = GetCurrentThreadId();
   OpenPresentation(hostState.engineWindow);
   DeleteOldTraceFile();
@@ -105,7 +105,7 @@ void OpenWorker() noexcept {
   AllowRunning();
 }
 
-void StartFirstTime() noexcept {
+void StartFirstTime() {
   ShowScreenText("Please Wait");
   if (StartAndShow()) return;
   StopRunning();
@@ -113,7 +113,7 @@ void StartFirstTime() noexcept {
 }
 
 // GDI+ goes last: the engine's canvases need it too.
-void CloseWorker() noexcept {
+void CloseWorker() {
   DrainMessageQueues();
   DiscardUpdateStamp();
   ReleasePictures();
@@ -133,12 +133,12 @@ DWORD WINAPI WorkerThread(void*) {
 
 }  // namespace
 
-bool CreateWorker() noexcept {
+bool CreateWorker() {
   hostState.window.worker = CreateThread(nullptr, 0, WorkerThread, nullptr, 0, nullptr);
   return hostState.window.worker != nullptr;
 }
 
-void RequestRestart(RestartReason reason) noexcept {
+void RequestRestart(RestartReason reason) {
   const UINT message =
       reason == RestartReason::QuitWithoutParent ? kRestartAfterQuit : kRestartAfterTune;
   ClearSurface();

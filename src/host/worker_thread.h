@@ -4,6 +4,6 @@
 namespace korvel {
 
 // Engine thread: makes the worker, which begins at once. False when that cannot be done.
-[[nodiscard]] bool CreateWorker() noexcept;
+[[nodiscard]] bool CreateWorker();
 
 }  // namespace korvel

@@ -208,11 +208,11 @@ bool IsSameWord(const char* one, const char* other) {
 
 }  // namespace
 
-const ActionRow* FindAction(std::uint8_t number) noexcept {
+const ActionRow* FindAction(std::uint8_t number) {
   return number >= 1 && number <= kActionCount ? &kActions[number - 1U] : nullptr;
 }
 
-const ActionRow* FindActionByName(const char* name) noexcept {
+const ActionRow* FindActionByName(const char* name) {
   for (std::size_t i = 0; i < kDecodedActionCount; ++i) {
     if (IsSameWord(kActions[i].name, name)) return &kActions[i];
   }

@@ -187,10 +187,10 @@ struct ActionRow {
 };
 
 // The row of an action number, or null for 0 and numbers above 119.
-[[nodiscard]] const ActionRow* FindAction(std::uint8_t number) noexcept;
+[[nodiscard]] const ActionRow* FindAction(std::uint8_t number);
 
 // The row of an action name such as "SetData", in any case of letters, among the 110 that content
 // can hold; or null.
-[[nodiscard]] const ActionRow* FindActionByName(const char* name) noexcept;
+[[nodiscard]] const ActionRow* FindActionByName(const char* name);
 
 }  // namespace korvel

@@ -11,8 +11,8 @@ namespace korvel {
 // Owns one Application or Scene, released as what it is. Empty when nothing was built.
 class OwnedGroup {
  public:
-  OwnedGroup() noexcept = default;
-  explicit OwnedGroup(Group* group) noexcept : group_(group) {}
+  OwnedGroup() = default;
+  explicit OwnedGroup(Group* group) : group_(group) {}
   OwnedGroup(OwnedGroup&& other) noexcept : group_(std::exchange(other.group_, nullptr)) {}
   OwnedGroup& operator=(OwnedGroup&& other) noexcept {
     if (this != &other) Reset(std::exchange(other.group_, nullptr));
@@ -22,7 +22,7 @@ class OwnedGroup {
   OwnedGroup& operator=(const OwnedGroup&) = delete;
   ~OwnedGroup() { Reset(); }
 
-  void Reset(Group* group = nullptr) noexcept {
+  void Reset(Group* group = nullptr) {
     Group* old = std::exchange(group_, group);
     if (old == nullptr) return;
     if (old->Type == ItemType::Application) {
@@ -32,17 +32,15 @@ class OwnedGroup {
     }
   }
 
-  [[nodiscard]] Group* Get() const noexcept { return group_; }
-  [[nodiscard]] Group* Release() noexcept { return std::exchange(group_, nullptr); }
-  [[nodiscard]] bool IsApplication() const noexcept {
+  [[nodiscard]] Group* Get() const { return group_; }
+  [[nodiscard]] Group* Release() { return std::exchange(group_, nullptr); }
+  [[nodiscard]] bool IsApplication() const {
     return group_ != nullptr && group_->Type == ItemType::Application;
   }
-  [[nodiscard]] Application& AsApplication() const noexcept {
-    return *static_cast<Application*>(group_);
-  }
-  [[nodiscard]] Scene& AsScene() const noexcept { return *static_cast<Scene*>(group_); }
-  Group* operator->() const noexcept { return group_; }
-  explicit operator bool() const noexcept { return group_ != nullptr; }
+  [[nodiscard]] Application& AsApplication() const { return *static_cast<Application*>(group_); }
+  [[nodiscard]] Scene& AsScene() const { return *static_cast<Scene*>(group_); }
+  Group* operator->() const { return group_; }
+  explicit operator bool() const { return group_ != nullptr; }
 
  private:
   Group* group_ = nullptr;

@@ -11,37 +11,37 @@
 
 namespace korvel {
 
-inline bool IsSame(bool one, bool other) noexcept { return one == other; }
-inline bool IsSame(std::int32_t one, std::int32_t other) noexcept { return one == other; }
+inline bool IsSame(bool one, bool other) { return one == other; }
+inline bool IsSame(std::int32_t one, std::int32_t other) { return one == other; }
 // An absent string differs from an empty one.
-[[nodiscard]] bool IsSame(const OctetString& one, const OctetString& other) noexcept;
-[[nodiscard]] bool IsSame(const ObjectReference& one, const ObjectReference& other) noexcept;
-[[nodiscard]] bool IsSame(const OptionalReference& one, const OptionalReference& other) noexcept;
+[[nodiscard]] bool IsSame(const OctetString& one, const OctetString& other);
+[[nodiscard]] bool IsSame(const ObjectReference& one, const ObjectReference& other);
+[[nodiscard]] bool IsSame(const OptionalReference& one, const OptionalReference& other);
 // Of values that have a kind, only the field that goes with the kind counts.
-[[nodiscard]] bool IsSame(const GenericValue& one, const GenericValue& other) noexcept;
-[[nodiscard]] bool IsSame(const ColourValue& one, const ColourValue& other) noexcept;
-[[nodiscard]] bool IsSame(const FontBody& one, const FontBody& other) noexcept;
-[[nodiscard]] bool IsSame(const ContentReference& one, const ContentReference& other) noexcept;
-[[nodiscard]] bool IsSame(const ContentBody& one, const ContentBody& other) noexcept;
-[[nodiscard]] bool IsSame(const ElementaryAction& one, const ElementaryAction& other) noexcept;
-[[nodiscard]] bool IsSame(const ActionSlot& one, const ActionSlot& other) noexcept;
-[[nodiscard]] bool IsSame(const Movement& one, const Movement& other) noexcept;
+[[nodiscard]] bool IsSame(const GenericValue& one, const GenericValue& other);
+[[nodiscard]] bool IsSame(const ColourValue& one, const ColourValue& other);
+[[nodiscard]] bool IsSame(const FontBody& one, const FontBody& other);
+[[nodiscard]] bool IsSame(const ContentReference& one, const ContentReference& other);
+[[nodiscard]] bool IsSame(const ContentBody& one, const ContentBody& other);
+[[nodiscard]] bool IsSame(const ElementaryAction& one, const ElementaryAction& other);
+[[nodiscard]] bool IsSame(const ActionSlot& one, const ActionSlot& other);
+[[nodiscard]] bool IsSame(const Movement& one, const Movement& other);
 // The same class, and the same own reference and attributes.
-[[nodiscard]] bool IsSame(const Item& one, const Item& other) noexcept;
+[[nodiscard]] bool IsSame(const Item& one, const Item& other);
 // The same kind of group, and the same own reference and attributes, items included.
-[[nodiscard]] bool IsSame(const Group& one, const Group& other) noexcept;
+[[nodiscard]] bool IsSame(const Group& one, const Group& other);
 
 template <class T>
-[[nodiscard]] bool IsSame(const List<T>& one, const List<T>& other) noexcept;
+[[nodiscard]] bool IsSame(const List<T>& one, const List<T>& other);
 template <IsSequence Record>
-[[nodiscard]] bool IsSame(const Record& one, const Record& other) noexcept;
+[[nodiscard]] bool IsSame(const Record& one, const Record& other);
 
 // Whether all attributes that the class has hold the same.
 template <IsDescribed Record>
-[[nodiscard]] bool HasSameAttributes(const Record& one, const Record& other) noexcept;
+[[nodiscard]] bool HasSameAttributes(const Record& one, const Record& other);
 
 template <class T>
-bool IsSame(const List<T>& one, const List<T>& other) noexcept {
+bool IsSame(const List<T>& one, const List<T>& other) {
   auto place = one.begin();
   auto otherPlace = other.begin();
   for (; place != one.end() && otherPlace != other.end(); ++place, ++otherPlace) {
@@ -51,7 +51,7 @@ bool IsSame(const List<T>& one, const List<T>& other) noexcept {
 }
 
 template <IsSequence Record>
-bool IsSame(const Record& one, const Record& other) noexcept {
+bool IsSame(const Record& one, const Record& other) {
   bool isSame = true;
   ForEachElement<Record>([&](const auto& element) {
     isSame = isSame && IsSame(one.*element.field, other.*element.field);
@@ -60,7 +60,7 @@ bool IsSame(const Record& one, const Record& other) noexcept {
 }
 
 template <IsDescribed Record>
-bool HasSameAttributes(const Record& one, const Record& other) noexcept {
+bool HasSameAttributes(const Record& one, const Record& other) {
   bool isSame = true;
   ForEachAttribute<Record>([&](const auto& attribute) {
     const auto& value = one.*attribute.field;

@@ -39,7 +39,7 @@ struct Timer {
 };
 
 struct Group : Root {
-  explicit Group(ItemType type) noexcept : Type(type) {}
+  explicit Group(ItemType type) : Type(type) {}
 
   ItemType Type;  // Application or Scene
   StandardIdentifier Standard;
@@ -80,7 +80,7 @@ struct StackedVisible {
 };
 
 struct Application : Group {
-  Application() noexcept : Group(ItemType::Application) {}
+  Application() : Group(ItemType::Application) {}
 
   ActionList OnSpawnCloseDown;
   ActionList OnRestart;
@@ -107,7 +107,7 @@ struct AspectRatio {
 };
 
 struct Scene : Group {
-  Scene() noexcept : Group(ItemType::Scene) {}
+  Scene() : Group(ItemType::Scene) {}
 
   std::int32_t InputEventReg = 0;
   SceneCoordinateSystem SceneCS;

@@ -8,7 +8,7 @@
 
 namespace korvel {
 
-Item Item::New(ItemType type) noexcept {
+Item Item::New(ItemType type) {
   Item item;
   VisitIngredientClass(type, [&]<class Record>() {
     Ingredient* record = Owned<Record>::New().Release();
@@ -26,7 +26,7 @@ Item& Item::operator=(Item&& other) noexcept {
   return *this;
 }
 
-void Item::Reset() noexcept {
+void Item::Reset() {
   Ingredient* record = std::exchange(record_, nullptr);
   if (record == nullptr) return;
   const bool isKnown = VisitIngredientClass(

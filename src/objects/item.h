@@ -12,8 +12,8 @@ struct Ingredient;
 
 class Item {
  public:
-  Item() noexcept = default;
-  Item(ItemType type, Ingredient* record) noexcept : type_(type), record_(record) {}
+  Item() = default;
+  Item(ItemType type, Ingredient* record) : type_(type), record_(record) {}
   Item(Item&& other) noexcept
       : type_(std::exchange(other.type_, ItemType::None)),
         record_(std::exchange(other.record_, nullptr)) {}
@@ -24,19 +24,19 @@ class Item {
 
   // A record of the class with its construction values. Without a record when memory is out or the
   // number names no ingredient class.
-  [[nodiscard]] static Item New(ItemType type) noexcept;
+  [[nodiscard]] static Item New(ItemType type);
 
-  [[nodiscard]] ItemType Type() const noexcept { return type_; }
+  [[nodiscard]] ItemType Type() const { return type_; }
   // The record, to be used as the class that Type() names.
-  [[nodiscard]] Ingredient* Record() const noexcept { return record_; }
+  [[nodiscard]] Ingredient* Record() const { return record_; }
   template <class T>
-  [[nodiscard]] T& As() const noexcept {
+  [[nodiscard]] T& As() const {
     return *static_cast<T*>(record_);
   }
-  explicit operator bool() const noexcept { return record_ != nullptr; }
+  explicit operator bool() const { return record_ != nullptr; }
 
  private:
-  void Reset() noexcept;
+  void Reset();
 
   ItemType type_ = ItemType::None;
   Ingredient* record_ = nullptr;

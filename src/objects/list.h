@@ -14,7 +14,7 @@ namespace korvel {
 template <class T>
 class List {
   struct Node {
-    explicit Node(T&& initial) noexcept : value(std::move(initial)) {}
+    explicit Node(T&& initial) : value(std::move(initial)) {}
     T value;
     Node* next = nullptr;
   };
@@ -22,21 +22,21 @@ class List {
   template <class Value, class NodePointer>
   class Walk {
    public:
-    explicit Walk(NodePointer node) noexcept : node_(node) {}
-    Value& operator*() const noexcept { return node_->value; }
-    Value* operator->() const noexcept { return &node_->value; }
-    Walk& operator++() noexcept {
+    explicit Walk(NodePointer node) : node_(node) {}
+    Value& operator*() const { return node_->value; }
+    Value* operator->() const { return &node_->value; }
+    Walk& operator++() {
       node_ = node_->next;
       return *this;
     }
-    bool operator==(const Walk& other) const noexcept { return node_ == other.node_; }
+    bool operator==(const Walk& other) const { return node_ == other.node_; }
 
    private:
     NodePointer node_;
   };
 
  public:
-  List() noexcept = default;
+  List() = default;
   List(List&& other) noexcept
       : head_(std::exchange(other.head_, nullptr)), tail_(std::exchange(other.tail_, nullptr)) {}
   List& operator=(List&& other) noexcept {
@@ -51,33 +51,31 @@ class List {
   List& operator=(const List&) = delete;
   ~List() { Clear(); }
 
-  auto begin() noexcept { return Walk<T, Node*>(head_); }
-  auto end() noexcept { return Walk<T, Node*>(nullptr); }
-  auto begin() const noexcept { return Walk<const T, const Node*>(head_); }
-  auto end() const noexcept { return Walk<const T, const Node*>(nullptr); }
+  auto begin() { return Walk<T, Node*>(head_); }
+  auto end() { return Walk<T, Node*>(nullptr); }
+  auto begin() const { return Walk<const T, const Node*>(head_); }
+  auto end() const { return Walk<const T, const Node*>(nullptr); }
 
-  [[nodiscard]] bool IsEmpty() const noexcept { return head_ == nullptr; }
-  [[nodiscard]] std::size_t Size() const noexcept {
+  [[nodiscard]] bool IsEmpty() const { return head_ == nullptr; }
+  [[nodiscard]] std::size_t Size() const {
     std::size_t count = 0;
     for (const Node* node = head_; node != nullptr; node = node->next) ++count;
     return count;
   }
   // The value at a 0-based place, or null past the end.
-  [[nodiscard]] T* At(std::size_t index) noexcept {
+  [[nodiscard]] T* At(std::size_t index) {
     Node* node = head_;
     for (; node != nullptr && index > 0; --index) node = node->next;
     return node == nullptr ? nullptr : &node->value;
   }
-  [[nodiscard]] const T* At(std::size_t index) const noexcept {
-    return const_cast<List*>(this)->At(index);
-  }
-  [[nodiscard]] T* Last() noexcept { return tail_ == nullptr ? nullptr : &tail_->value; }
+  [[nodiscard]] const T* At(std::size_t index) const { return const_cast<List*>(this)->At(index); }
+  [[nodiscard]] T* Last() { return tail_ == nullptr ? nullptr : &tail_->value; }
 
   // Takes `value` in at the end and returns where it now stands; null, with `value` untouched, when
   // memory is out.
-  [[nodiscard]] T* Append(T&& value) noexcept { return Link(tail_, std::move(value)); }
+  [[nodiscard]] T* Append(T&& value) { return Link(tail_, std::move(value)); }
   // Takes `value` in as the entry at a 0-based place; a place past the end means the end.
-  [[nodiscard]] T* InsertAt(std::size_t index, T&& value) noexcept {
+  [[nodiscard]] T* InsertAt(std::size_t index, T&& value) {
     Node* before = nullptr;
     for (Node* node = head_; node != nullptr && index > 0; node = node->next, --index)
       before = node;
@@ -87,7 +85,7 @@ class List {
   // Takes the first value that `matches` out and moves it to `taken` (may be null). False when
   // there is none.
   template <class Predicate>
-  bool RemoveFirst(Predicate&& matches, T* taken = nullptr) noexcept {
+  bool RemoveFirst(Predicate&& matches, T* taken = nullptr) {
     Node* before = nullptr;
     for (Node* node = head_; node != nullptr; before = node, node = node->next) {
       if (!matches(node->value)) continue;
@@ -98,7 +96,7 @@ class List {
   }
   // Takes every value that `matches` out.
   template <class Predicate>
-  void RemoveAll(Predicate&& matches) noexcept {
+  void RemoveAll(Predicate&& matches) {
     Node* before = nullptr;
     for (Node* node = head_; node != nullptr;) {
       Node* next = node->next;
@@ -111,7 +109,7 @@ class List {
     }
   }
 
-  void Clear() noexcept {
+  void Clear() {
     tail_ = nullptr;
     while (head_ != nullptr) {
       Node* node = std::exchange(head_, head_->next);
@@ -120,7 +118,7 @@ class List {
   }
 
  private:
-  T* Link(Node* before, T&& value) noexcept {
+  T* Link(Node* before, T&& value) {
     void* block = AllocateZeroed(sizeof(Node));
     if (block == nullptr) return nullptr;
     Node* node = new (block) Node(std::move(value));
@@ -130,13 +128,13 @@ class List {
     if (node->next == nullptr) tail_ = node;
     return &node->value;
   }
-  void Unlink(Node* before, Node* node, T* taken) noexcept {
+  void Unlink(Node* before, Node* node, T* taken) {
     (before == nullptr ? head_ : before->next) = node->next;
     if (tail_ == node) tail_ = before;
     if (taken != nullptr) *taken = std::move(node->value);
     Destroy(node);
   }
-  static void Destroy(Node* node) noexcept {
+  static void Destroy(Node* node) {
     node->~Node();
     ReleaseMemory(node);
   }

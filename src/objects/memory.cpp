@@ -5,8 +5,8 @@
 
 namespace korvel {
 
-void* AllocateZeroed(std::size_t bytes) noexcept { return std::calloc(1, bytes == 0 ? 1 : bytes); }
+void* AllocateZeroed(std::size_t bytes) { return std::calloc(1, bytes == 0 ? 1 : bytes); }
 
-void ReleaseMemory(void* block) noexcept { std::free(block); }
+void ReleaseMemory(void* block) { std::free(block); }
 
 }  // namespace korvel

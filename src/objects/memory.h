@@ -9,9 +9,9 @@ namespace korvel {
 
 // A zero-filled block aligned for any record, or null. A size of 0 gives a block that may be
 // released.
-[[nodiscard]] void* AllocateZeroed(std::size_t bytes) noexcept;
+[[nodiscard]] void* AllocateZeroed(std::size_t bytes);
 
 // Gives a block back. Null is allowed.
-void ReleaseMemory(void* block) noexcept;
+void ReleaseMemory(void* block);
 
 }  // namespace korvel

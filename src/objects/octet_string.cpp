@@ -10,12 +10,12 @@ namespace korvel {
 namespace {
 
 // So many zeros and the one behind them, or null.
-char* Zeros(std::size_t length) noexcept {
+char* Zeros(std::size_t length) {
   return length + 1 == 0 ? nullptr : static_cast<char*>(AllocateZeroed(length + 1));
 }
 
 // The two pieces joined in a fresh zero-terminated block, or null.
-char* Join(std::string_view first, std::string_view second) noexcept {
+char* Join(std::string_view first, std::string_view second) {
   const std::size_t length = first.size() + second.size();
   char* block = length < first.size() ? nullptr : Zeros(length);
   if (block == nullptr) return nullptr;
@@ -35,23 +35,21 @@ OctetString& OctetString::operator=(OctetString&& other) noexcept {
   return *this;
 }
 
-bool OctetString::Assign(std::string_view bytes) noexcept {
-  return Take(Join(bytes, {}), bytes.size());
-}
+bool OctetString::Assign(std::string_view bytes) { return Take(Join(bytes, {}), bytes.size()); }
 
-bool OctetString::AssignZeros(std::size_t length) noexcept { return Take(Zeros(length), length); }
+bool OctetString::AssignZeros(std::size_t length) { return Take(Zeros(length), length); }
 
-bool OctetString::CopyFrom(const OctetString& other) noexcept {
+bool OctetString::CopyFrom(const OctetString& other) {
   if (other.IsPresent()) return Assign(other.View());
   Clear();
   return true;
 }
 
-bool OctetString::Append(std::string_view bytes) noexcept {
+bool OctetString::Append(std::string_view bytes) {
   return Take(Join(View(), bytes), length_ + bytes.size());
 }
 
-bool OctetString::Take(char* block, std::size_t length) noexcept {
+bool OctetString::Take(char* block, std::size_t length) {
   if (block == nullptr) return false;
   Clear();
   bytes_ = block;
@@ -59,7 +57,7 @@ bool OctetString::Take(char* block, std::size_t length) noexcept {
   return true;
 }
 
-void OctetString::Clear() noexcept {
+void OctetString::Clear() {
   ReleaseMemory(bytes_);
   bytes_ = nullptr;
   length_ = 0;

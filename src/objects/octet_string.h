@@ -13,7 +13,7 @@ namespace korvel {
 // An absent octet string (never given) differs from an empty one (given, of length 0).
 class OctetString {
  public:
-  OctetString() noexcept = default;
+  OctetString() = default;
   OctetString(OctetString&& other) noexcept
       : bytes_(std::exchange(other.bytes_, nullptr)), length_(std::exchange(other.length_, 0)) {}
   OctetString& operator=(OctetString&& other) noexcept;
@@ -23,32 +23,32 @@ class OctetString {
 
   // Copies `bytes`, which may point into this very string. False, and unchanged, when memory is
   // out.
-  [[nodiscard]] bool Assign(std::string_view bytes) noexcept;
+  [[nodiscard]] bool Assign(std::string_view bytes);
   // Makes the string so many zeros, to be written over. False, and unchanged, when memory is out.
-  [[nodiscard]] bool AssignZeros(std::size_t length) noexcept;
+  [[nodiscard]] bool AssignZeros(std::size_t length);
   // As Assign, and an absent string makes this one absent.
-  [[nodiscard]] bool CopyFrom(const OctetString& other) noexcept;
+  [[nodiscard]] bool CopyFrom(const OctetString& other);
   // Adds `bytes`, which may point into this very string, at the end. False, and unchanged, when
   // memory is out.
-  [[nodiscard]] bool Append(std::string_view bytes) noexcept;
+  [[nodiscard]] bool Append(std::string_view bytes);
   // Makes the string absent.
-  void Clear() noexcept;
+  void Clear();
 
-  [[nodiscard]] bool IsPresent() const noexcept { return bytes_ != nullptr; }
-  [[nodiscard]] bool IsEmpty() const noexcept { return length_ == 0; }
-  [[nodiscard]] std::size_t Length() const noexcept { return length_; }
+  [[nodiscard]] bool IsPresent() const { return bytes_ != nullptr; }
+  [[nodiscard]] bool IsEmpty() const { return length_ == 0; }
+  [[nodiscard]] std::size_t Length() const { return length_; }
   // The bytes, valid until the string is changed; empty when absent.
-  [[nodiscard]] std::string_view View() const noexcept { return {Text(), length_}; }
+  [[nodiscard]] std::string_view View() const { return {Text(), length_}; }
   // The bytes up to their first zero byte: what code that reads them as text sees.
-  [[nodiscard]] std::string_view TextView() const noexcept { return {Text()}; }
+  [[nodiscard]] std::string_view TextView() const { return {Text()}; }
   // The bytes with the zero behind them; "" when absent.
-  [[nodiscard]] const char* Text() const noexcept { return bytes_ == nullptr ? "" : bytes_; }
+  [[nodiscard]] const char* Text() const { return bytes_ == nullptr ? "" : bytes_; }
   // The bytes to change in place, Length() of them; null when absent.
-  [[nodiscard]] char* MutableBytes() noexcept { return bytes_; }
+  [[nodiscard]] char* MutableBytes() { return bytes_; }
 
  private:
   // Owns the block, unless it is null, in place of what was there.
-  [[nodiscard]] bool Take(char* block, std::size_t length) noexcept;
+  [[nodiscard]] bool Take(char* block, std::size_t length);
 
   char* bytes_ = nullptr;
   std::size_t length_ = 0;

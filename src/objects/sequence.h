@@ -16,7 +16,7 @@ class Sequence {
   static_assert(std::is_trivially_copyable_v<T>, "values are moved as bytes");
 
  public:
-  Sequence() noexcept = default;
+  Sequence() = default;
   Sequence(Sequence&& other) noexcept
       : values_(std::exchange(other.values_, nullptr)),
         size_(std::exchange(other.size_, 0)),
@@ -27,27 +27,27 @@ class Sequence {
   ~Sequence() { ReleaseMemory(values_); }
 
   // False, and unchanged, when memory is out.
-  [[nodiscard]] bool Append(const T& value) noexcept {
+  [[nodiscard]] bool Append(const T& value) {
     if (size_ == capacity_ && !Grow()) return false;
     values_[size_++] = value;
     return true;
   }
 
-  [[nodiscard]] std::size_t Size() const noexcept { return size_; }
-  [[nodiscard]] bool IsEmpty() const noexcept { return size_ == 0; }
-  [[nodiscard]] T* begin() noexcept { return values_; }
-  [[nodiscard]] T* end() noexcept { return values_ + size_; }
-  [[nodiscard]] const T* begin() const noexcept { return values_; }
-  [[nodiscard]] const T* end() const noexcept { return values_ + size_; }
-  T& operator[](std::size_t index) noexcept { return values_[index]; }
-  const T& operator[](std::size_t index) const noexcept { return values_[index]; }
+  [[nodiscard]] std::size_t Size() const { return size_; }
+  [[nodiscard]] bool IsEmpty() const { return size_ == 0; }
+  [[nodiscard]] T* begin() { return values_; }
+  [[nodiscard]] T* end() { return values_ + size_; }
+  [[nodiscard]] const T* begin() const { return values_; }
+  [[nodiscard]] const T* end() const { return values_ + size_; }
+  T& operator[](std::size_t index) { return values_[index]; }
+  const T& operator[](std::size_t index) const { return values_[index]; }
 
  private:
   static constexpr std::size_t kFirstCapacity = 8;
   // A value may well be a pointer.  NOLINTNEXTLINE(bugprone-sizeof-expression)
   static constexpr std::size_t kValueSize = sizeof(T);
 
-  [[nodiscard]] bool Grow() noexcept {
+  [[nodiscard]] bool Grow() {
     const std::size_t capacity = capacity_ == 0 ? kFirstCapacity : capacity_ * 2;
     auto* values = static_cast<T*>(AllocateZeroed(capacity * kValueSize));
     if (values == nullptr) return false;

@@ -6,7 +6,7 @@
 
 namespace korvel {
 
-bool Copy(const ObjectReference& from, ObjectReference& to) noexcept {
+bool Copy(const ObjectReference& from, ObjectReference& to) {
   ObjectReference copy;
   copy.Number = from.Number;
   if (!copy.GroupIdentifier.CopyFrom(from.GroupIdentifier)) return false;
@@ -14,20 +14,20 @@ bool Copy(const ObjectReference& from, ObjectReference& to) noexcept {
   return true;
 }
 
-bool Copy(const OptionalReference& from, OptionalReference& to) noexcept {
+bool Copy(const OptionalReference& from, OptionalReference& to) {
   if (!Copy(from.Reference, to.Reference)) return false;
   to.IsPresent = from.IsPresent;
   return true;
 }
 
-bool Copy(const ColourValue& from, ColourValue& to) noexcept {
+bool Copy(const ColourValue& from, ColourValue& to) {
   if (!to.Absolute.CopyFrom(from.Absolute)) return false;
   to.Kind = from.Kind;
   to.Index = from.Index;
   return true;
 }
 
-bool Copy(const FontBody& from, FontBody& to) noexcept {
+bool Copy(const FontBody& from, FontBody& to) {
   FontBody copy;
   copy.Kind = from.Kind;
   if (!copy.Name.CopyFrom(from.Name) || !Copy(from.Reference, copy.Reference)) return false;
@@ -35,11 +35,11 @@ bool Copy(const FontBody& from, FontBody& to) noexcept {
   return true;
 }
 
-bool Copy(const ContentReference& from, ContentReference& to) noexcept {
+bool Copy(const ContentReference& from, ContentReference& to) {
   return to.Path.CopyFrom(from.Path);
 }
 
-bool Copy(const ContentBody& from, ContentBody& to) noexcept {
+bool Copy(const ContentBody& from, ContentBody& to) {
   if (!to.Data.CopyFrom(from.Data)) return false;
   to.IsReferenced = from.IsReferenced;
   to.Size = from.Size;
@@ -47,7 +47,7 @@ bool Copy(const ContentBody& from, ContentBody& to) noexcept {
   return true;
 }
 
-bool Copy(const GenericValue& from, GenericValue& to) noexcept {
+bool Copy(const GenericValue& from, GenericValue& to) {
   GenericValue copy;
   copy.Kind = from.Kind;
   copy.Boolean = from.Boolean;

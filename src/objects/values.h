@@ -47,7 +47,7 @@ struct ColourValue {
   std::int32_t Index = 0;
   OctetString Absolute;
 
-  [[nodiscard]] static ColourValue NotSet() noexcept {
+  [[nodiscard]] static ColourValue NotSet() {
     ColourValue colour;
     colour.Kind = ValueKind::Integer;
     colour.Index = -1;
@@ -77,7 +77,7 @@ struct ContentBody {
 
   // The run-time content of an object that was never prepared. The default cache priority is that
   // of decoded content only.
-  [[nodiscard]] static ContentBody NotPrepared() noexcept {
+  [[nodiscard]] static ContentBody NotPrepared() {
     ContentBody content;
     content.CachePriority = 0;
     return content;
@@ -111,16 +111,16 @@ struct ElementaryAction {
 using ActionList = List<ElementaryAction>;
 
 // Deep copies. False when memory is out; `to` is then unchanged.
-[[nodiscard]] bool Copy(const ObjectReference& from, ObjectReference& to) noexcept;
-[[nodiscard]] bool Copy(const OptionalReference& from, OptionalReference& to) noexcept;
-[[nodiscard]] bool Copy(const ColourValue& from, ColourValue& to) noexcept;
-[[nodiscard]] bool Copy(const FontBody& from, FontBody& to) noexcept;
-[[nodiscard]] bool Copy(const ContentReference& from, ContentReference& to) noexcept;
-[[nodiscard]] bool Copy(const ContentBody& from, ContentBody& to) noexcept;
-[[nodiscard]] bool Copy(const GenericValue& from, GenericValue& to) noexcept;
+[[nodiscard]] bool Copy(const ObjectReference& from, ObjectReference& to);
+[[nodiscard]] bool Copy(const OptionalReference& from, OptionalReference& to);
+[[nodiscard]] bool Copy(const ColourValue& from, ColourValue& to);
+[[nodiscard]] bool Copy(const FontBody& from, FontBody& to);
+[[nodiscard]] bool Copy(const ContentReference& from, ContentReference& to);
+[[nodiscard]] bool Copy(const ContentBody& from, ContentBody& to);
+[[nodiscard]] bool Copy(const GenericValue& from, GenericValue& to);
 
 // The name without its leading "~", which stands for the current directory and is not compared.
-[[nodiscard]] constexpr std::string_view WithoutTilde(std::string_view name) noexcept {
+[[nodiscard]] constexpr std::string_view WithoutTilde(std::string_view name) {
   return name.substr(name.starts_with('~') ? 1 : 0);
 }
 

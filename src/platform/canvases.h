@@ -32,36 +32,35 @@ enum class ArcForm { Arc, Sector };
 
 // A canvas of that size, transparent everywhere. Null when a side is below 1, when it would be too
 // large, and when memory is out.
-[[nodiscard]] Canvas* NewCanvas(std::int32_t width, std::int32_t height) noexcept;
+[[nodiscard]] Canvas* NewCanvas(std::int32_t width, std::int32_t height);
 
 // Gives a canvas back. Null is allowed.
-void DestroyCanvas(Canvas* canvas) noexcept;
+void DestroyCanvas(Canvas* canvas);
 
 // Limits what is drawn from now on to the top-left part of that size, the drawable area.
-Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) noexcept;
+Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas);
 
 // Makes the whole canvas transparent, then fills its drawable area.
-Status ClearCanvas(DrawnColour fill, Canvas* canvas) noexcept;
+Status ClearCanvas(DrawnColour fill, Canvas* canvas);
 
-Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
-                  Canvas* canvas) noexcept;
+Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Canvas* canvas);
 
 // An outline inside the rectangle between the two corners, and the fill inside of the outline.
 Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
-                       DrawnColour fill, Canvas* canvas) noexcept;
+                       DrawnColour fill, Canvas* canvas);
 
 // The fill only: an oval's outline is not drawn.
 Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
-                  Canvas* canvas) noexcept;
+                  Canvas* canvas);
 
 // Angles are degrees; the start angle is measured clockwise from the right, a positive arc angle
 // runs counter-clockwise. A sector's fill is as transparent as its line.
 Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
                  std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
-                 Canvas* canvas) noexcept;
+                 Canvas* canvas);
 
 // Closed and filled, for polylines too. Two points are a line; fewer draw nothing.
 Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
-                     DrawnColour fill, Canvas* canvas) noexcept;
+                     DrawnColour fill, Canvas* canvas);
 
 }  // namespace korvel

@@ -7,10 +7,10 @@ namespace korvel {
 
 // Milliseconds since the process started, by a clock that nobody can set. For absolute timers, and
 // for what is limited in time.
-[[nodiscard]] std::uint32_t MillisecondsSinceProcessStart() noexcept;
+[[nodiscard]] std::uint32_t MillisecondsSinceProcessStart();
 
 // The wall clock in seconds since 1970, for the seed of the random generator.
-[[nodiscard]] std::uint32_t SecondsNow() noexcept;
+[[nodiscard]] std::uint32_t SecondsNow();
 
 struct LocalTime {
   std::int32_t Year = 0;   // in full
@@ -22,6 +22,6 @@ struct LocalTime {
 };
 
 // The local time of day. False when the platform cannot tell.
-[[nodiscard]] bool GetLocalClock(LocalTime& now) noexcept;
+[[nodiscard]] bool GetLocalClock(LocalTime& now);
 
 }  // namespace korvel

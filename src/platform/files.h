@@ -13,6 +13,6 @@ namespace korvel {
 // `bytes`; Refused, with `bytes` untouched, for an empty path, without a host object, on any other
 // answer of the host, when the engine may not run, and when memory is out. A null `bytes` only asks
 // whether the file is there.
-Status FetchFile(std::string_view path, OctetString* bytes) noexcept;
+Status FetchFile(std::string_view path, OctetString* bytes);
 
 }  // namespace korvel

@@ -18,7 +18,7 @@ inline constexpr std::int32_t kSceneHeight = 576;
 // A request to draw the scene again. Only the 1st, 6th, 11th ... request since the counter was
 // reset paints; the others cost nothing, so that callers may ask freely. While a close is asked
 // for, requests only count. Failure when an event raised while drawing asked to stop.
-Status Redraw() noexcept;
+Status Redraw();
 
 // ---- Broadcast streams ----
 // They are not decoded here: a picture stands for video, and what would control a decoder does
@@ -26,9 +26,9 @@ Status Redraw() noexcept;
 
 // The stream has begun to run with this video in that box.
 Status StartVideo(const Stream& stream, std::int32_t componentTag, const Position& at,
-                  const BoxSize& size) noexcept;
+                  const BoxSize& size);
 
 // The stream runs no longer, nor does any of its components.
-Status EndStream(const Stream& stream) noexcept;
+Status EndStream(const Stream& stream);
 
 }  // namespace korvel

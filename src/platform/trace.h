@@ -5,6 +5,6 @@ namespace korvel {
 
 // Any thread: writes the line, as it stands, to the trace stream and flushes it if it is open. No
 // part of the engine opens it.
-void Trace(const char* line) noexcept;
+void Trace(const char* line);
 
 }  // namespace korvel

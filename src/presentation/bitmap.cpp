@@ -15,15 +15,14 @@ namespace {
 // The content hook of MPEG-2 I-frames. All other content is recognised by its bytes.
 constexpr std::int32_t kIFrameHook = 2;
 
-void SettleContentHook(Bitmap& bitmap) noexcept {
+void SettleContentHook(Bitmap& bitmap) {
   const Application* application = CurrentApplication();
   if (bitmap.ContentHOOK >= 1 || application == nullptr) return;
   bitmap.ContentHOOK = application->Defaults.BitmapContentHook;
 }
 
 // The bytes of the picture: included ones are borrowed from the object, others read into `file`.
-[[nodiscard]] bool ReadContent(const Bitmap& bitmap, OctetString& file,
-                               std::string_view& bytes) noexcept {
+[[nodiscard]] bool ReadContent(const Bitmap& bitmap, OctetString& file, std::string_view& bytes) {
   bytes = bitmap.Content.Data.View();
   if (bitmap.Content.IsReferenced) {
     OctetString path;
@@ -33,7 +32,7 @@ void SettleContentHook(Bitmap& bitmap) noexcept {
   return !bytes.empty();
 }
 
-Status PaintContent(const Bitmap& bitmap, std::string_view bytes) noexcept {
+Status PaintContent(const Bitmap& bitmap, std::string_view bytes) {
   const PicturePlacement placement{.Position = bitmap.Position,
                                    .BoxSize = bitmap.BoxSize,
                                    .Transparency = bitmap.Transparency,
@@ -52,7 +51,7 @@ Status PaintContent(const Bitmap& bitmap, std::string_view bytes) noexcept {
 }  // namespace
 
 // A box without area needs no picture, so that none can be missing in it.
-Status Draw(Bitmap& bitmap) noexcept {
+Status Draw(Bitmap& bitmap) {
   if (!HasArea(bitmap.BoxSize)) return Status::Done;
   SettleContentHook(bitmap);
   OctetString file;

@@ -26,8 +26,7 @@ constexpr std::int64_t kFarthestCurve = 8000;
 constexpr Gdiplus::ARGB kTransparentBlack = 0;
 
 // The box of a curve, `shrink` pixels smaller on every side.
-Box CurveBox(CanvasPoint at, std::int64_t width, std::int64_t height,
-             std::int64_t shrink) noexcept {
+Box CurveBox(CanvasPoint at, std::int64_t width, std::int64_t height, std::int64_t shrink) {
   const auto held = [](std::int64_t place) {
     return std::clamp(place, -kFarthestCurve, kFarthestCurve);
   };
@@ -37,7 +36,7 @@ Box CurveBox(CanvasPoint at, std::int64_t width, std::int64_t height,
                     held(top + height - 2 * shrink));
 }
 
-[[nodiscard]] bool MakePicture(Canvas& canvas) noexcept {
+[[nodiscard]] bool MakePicture(Canvas& canvas) {
   return Succeeded(gdip::GdipCreateBitmapFromScan0(canvas.Width, canvas.Height, 0,
                                                    PixelFormat32bppARGB, nullptr,
                                                    canvas.Picture.Slot())) &&
@@ -52,7 +51,7 @@ struct Turn {
 };
 
 void DrawCurve(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
-               const LineAttributes& line, ArcForm form) noexcept {
+               const LineAttributes& line, ArcForm form) {
   PenOwner pen;
   if (!MakePen(line, 2.0 * (box.Width() + box.Height()), pen)) return;
   const auto draw = form == ArcForm::Arc ? gdip::GdipDrawArcI : gdip::GdipDrawPieI;
@@ -61,7 +60,7 @@ void DrawCurve(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
 }
 
 void FillSector(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
-                DrawnColour colour) noexcept {
+                DrawnColour colour) {
   SolidBrushOwner brush;
   if (!MakeBrush(colour, brush)) return;
   static_cast<void>(gdip::GdipFillPieI(graphics, brush, box.Left, box.Top, box.Width(),
@@ -71,12 +70,12 @@ void FillSector(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
 // Dashed lines and polygons are cut at this distance from the origin, a little outside the canvas:
 // neither the cut nor the sharp corners of an outline, which reach five widths beyond their points,
 // are visible there.
-std::int64_t FarthestPoint(const Canvas& canvas, const LineAttributes& line) noexcept {
+std::int64_t FarthestPoint(const Canvas& canvas, const LineAttributes& line) {
   const std::int64_t margin = 6 * std::int64_t{DrawnWidth(line)} + 2;
   return std::min(std::max(canvas.Width, canvas.Height) + margin, kFarthestCoordinate);
 }
 
-double LengthAround(std::span<const CanvasPoint> corners) noexcept {
+double LengthAround(std::span<const CanvasPoint> corners) {
   double length = 0;
   for (std::size_t corner = 0; corner < corners.size(); ++corner) {
     const CanvasPoint& from = corners[corner];
@@ -88,7 +87,7 @@ double LengthAround(std::span<const CanvasPoint> corners) noexcept {
 
 }  // namespace
 
-Canvas* NewCanvas(std::int32_t width, std::int32_t height) noexcept {
+Canvas* NewCanvas(std::int32_t width, std::int32_t height) {
   if (width < 1 || height < 1 || std::int64_t{width} * height > kMostCanvasPixels) return nullptr;
   Owned<Canvas> canvas = Owned<Canvas>::New();
   if (!canvas) return nullptr;
@@ -97,9 +96,9 @@ Canvas* NewCanvas(std::int32_t width, std::int32_t height) noexcept {
   return MakePicture(*canvas) ? canvas.Release() : nullptr;
 }
 
-void DestroyCanvas(Canvas* canvas) noexcept { Owned<Canvas>(canvas).Reset(); }
+void DestroyCanvas(Canvas* canvas) { Owned<Canvas>(canvas).Reset(); }
 
-Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) noexcept {
+Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) {
   if (canvas == nullptr) return Status::Done;
   canvas->ClipWidth = std::clamp<std::int32_t>(width, 0, canvas->Width);
   canvas->ClipHeight = std::clamp<std::int32_t>(height, 0, canvas->Height);
@@ -108,7 +107,7 @@ Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) noexc
   return Status::Done;
 }
 
-Status ClearCanvas(DrawnColour fill, Canvas* canvas) noexcept {
+Status ClearCanvas(DrawnColour fill, Canvas* canvas) {
   if (canvas == nullptr) return Status::Done;
   static_cast<void>(gdip::GdipResetClip(canvas->Graphics));
   static_cast<void>(gdip::GdipGraphicsClear(canvas->Graphics, kTransparentBlack));
@@ -121,8 +120,7 @@ Status ClearCanvas(DrawnColour fill, Canvas* canvas) noexcept {
   return Status::Done;
 }
 
-Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
-                  Canvas* canvas) noexcept {
+Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Canvas* canvas) {
   if (canvas == nullptr) return Status::Done;
   const std::int32_t period = DashPeriod(line);
   const std::int64_t farthest = period > 0 ? FarthestPoint(*canvas, line) : kFarthestCoordinate;
@@ -138,14 +136,14 @@ Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
 }
 
 Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
-                       DrawnColour fill, Canvas* canvas) noexcept {
+                       DrawnColour fill, Canvas* canvas) {
   if (canvas == nullptr) return Status::Done;
   DrawBorderedRectangle(canvas->Graphics, BoxBetween(from.X, from.Y, to.X, to.Y), line, fill);
   return Status::Done;
 }
 
 Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
-                  Canvas* canvas) noexcept {
+                  Canvas* canvas) {
   const Box box = CurveBox(at, width, height, 0);
   SolidBrushOwner brush;
   if (canvas == nullptr || box.IsEmpty() || !MakeBrush(fill, brush)) return Status::Done;
@@ -156,7 +154,7 @@ Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, Drawn
 
 Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
                  std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
-                 Canvas* canvas) noexcept {
+                 Canvas* canvas) {
   const Box box = CurveBox(at, width, height, DrawnWidth(line));
   if (canvas == nullptr || box.IsEmpty()) return Status::Done;
   const Turn turn{static_cast<float>(startAngle % kFullTurn),
@@ -171,7 +169,7 @@ Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::i
 }
 
 Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
-                     DrawnColour fill, Canvas* canvas) noexcept {
+                     DrawnColour fill, Canvas* canvas) {
   if (canvas == nullptr || points.size() > kMostCorners) return Status::Done;
   // GDI+ knows no polygon of two corners.
   if (points.size() == 2) return CanvasLine(points[0], points[1], line, canvas);

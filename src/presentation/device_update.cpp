@@ -30,13 +30,13 @@ Screen screen;
 
 class [[nodiscard]] ScreenLock {
  public:
-  ScreenLock() noexcept { EnterCriticalSection(&screenLock); }
+  ScreenLock() { EnterCriticalSection(&screenLock); }
   ~ScreenLock() { LeaveCriticalSection(&screenLock); }
   ScreenLock(const ScreenLock&) = delete;
   ScreenLock& operator=(const ScreenLock&) = delete;
 };
 
-void CopyBackBuffer() noexcept {
+void CopyBackBuffer() {
   const Gdiplus::Rect whole(0, 0, kSceneWidth, kSceneHeight);
   Gdiplus::BitmapData data{};
   data.Width = kSceneWidth;
@@ -52,7 +52,7 @@ void CopyBackBuffer() noexcept {
   screen.HasPicture = Succeeded(gdip::GdipBitmapUnlockBits(picture, &data));
 }
 
-void PaintPicture(HDC deviceContext) noexcept {
+void PaintPicture(HDC deviceContext) {
   if (!screen.HasPicture) return;
   BITMAPINFO format{};
   format.bmiHeader.biSize = sizeof(format.bmiHeader);
@@ -65,7 +65,7 @@ void PaintPicture(HDC deviceContext) noexcept {
                     screen.Pixels, &format, DIB_RGB_COLORS);
 }
 
-void ShowPicture() noexcept {
+void ShowPicture() {
   HDC deviceContext = GetDC(screen.Window);
   if (deviceContext == nullptr) return;
   PaintPicture(deviceContext);
@@ -73,7 +73,7 @@ void ShowPicture() noexcept {
 }
 
 // Copies and shows the picture under the lock. The window when it was shown, else null.
-HWND UpdateScreen() noexcept {
+HWND UpdateScreen() {
   const ScreenLock lock;
   Trace(">>>>>>>>DeviceUpdate !!\n");
   if (screen.Pixels == nullptr || State().backBuffer == nullptr) return nullptr;
@@ -88,11 +88,11 @@ HWND UpdateScreen() noexcept {
 
 }  // namespace
 
-void OpenScreen() noexcept { InitializeCriticalSection(&screenLock); }
+void OpenScreen() { InitializeCriticalSection(&screenLock); }
 
-void CloseScreen() noexcept { DeleteCriticalSection(&screenLock); }
+void CloseScreen() { DeleteCriticalSection(&screenLock); }
 
-void OpenPicture(void* window) noexcept {
+void OpenPicture(void* window) {
   const ScreenLock lock;
   screen = {};
   screen.Window = static_cast<HWND>(window);
@@ -100,18 +100,18 @@ void OpenPicture(void* window) noexcept {
       AllocateZeroed(sizeof(std::uint32_t) * kSceneWidth * kSceneHeight));
 }
 
-void ClosePicture() noexcept {
+void ClosePicture() {
   const ScreenLock lock;
   ReleaseMemory(screen.Pixels);
   screen = {};
 }
 
-void PaintWindow(void* deviceContext) noexcept {
+void PaintWindow(void* deviceContext) {
   const ScreenLock lock;
   PaintPicture(static_cast<HDC>(deviceContext));
 }
 
-Status DeviceUpdate() noexcept {
+Status DeviceUpdate() {
   // Outside the lock: the engine thread paints what was uncovered meanwhile, and takes it for that.
   HWND window = UpdateScreen();
   if (window == nullptr) return Status::Done;
@@ -120,7 +120,7 @@ Status DeviceUpdate() noexcept {
   return Status::Done;
 }
 
-void DiscardUpdateStamp() noexcept {
+void DiscardUpdateStamp() {
   const ScreenLock lock;
   screen.LastUpdateMs.reset();
 }

@@ -5,9 +5,9 @@
 namespace korvel {
 
 // Makes room for the picture; it is shown in `window`, which may be null.
-void OpenPicture(void* window) noexcept;
+void OpenPicture(void* window);
 
 // Gives the picture up; the window is no longer painted from it.
-void ClosePicture() noexcept;
+void ClosePicture();
 
 }  // namespace korvel

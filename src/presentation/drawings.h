@@ -9,17 +9,17 @@
 namespace korvel {
 
 // Sets the object's content hook from the application's when it has none.
-Status Draw(Bitmap& bitmap) noexcept;
-Status Draw(const Rectangle& rectangle) noexcept;
-Status Draw(const DynamicLineArt& lineArt) noexcept;
+Status Draw(Bitmap& bitmap);
+Status Draw(const Rectangle& rectangle);
+Status Draw(const DynamicLineArt& lineArt);
 // HyperText looks the same.
-Status Draw(const Text& text) noexcept;
-Status Draw(const EntryField& entryField) noexcept;
-Status Draw(const Slider& slider) noexcept;
-Status Draw(const Video& video) noexcept;
+Status Draw(const Text& text);
+Status Draw(const EntryField& entryField);
+Status Draw(const Slider& slider);
+Status Draw(const Video& video);
 
 // Ends the presentation of a video that runs no longer. There is nothing to end: what is not drawn
 // again is gone.
-Status StopVideo(const Video& video) noexcept;
+Status StopVideo(const Video& video);
 
 }  // namespace korvel

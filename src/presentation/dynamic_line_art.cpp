@@ -15,14 +15,14 @@ namespace {
 // Black is transparent: the colour key takes it, drawn black no less than what was never drawn.
 constexpr Gdiplus::ARGB kColourKey = 0;
 
-[[nodiscard]] bool MakeColourKey(ImageAttributesOwner& attributes) noexcept {
+[[nodiscard]] bool MakeColourKey(ImageAttributesOwner& attributes) {
   return Succeeded(gdip::GdipCreateImageAttributes(attributes.Slot())) &&
          Succeeded(gdip::GdipSetImageAttributesColorKeys(attributes, Gdiplus::ColorAdjustTypeBitmap,
                                                          TRUE, kColourKey, kColourKey));
 }
 
 // The part of the canvas that lies in the scene: a canvas may be far larger than that.
-Box VisiblePart(const Canvas& canvas, std::int64_t x, std::int64_t y) noexcept {
+Box VisiblePart(const Canvas& canvas, std::int64_t x, std::int64_t y) {
   const auto within = [](std::int64_t place, std::int32_t size) {
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(place, 0, size));
   };
@@ -30,7 +30,7 @@ Box VisiblePart(const Canvas& canvas, std::int64_t x, std::int64_t y) noexcept {
           within(kSceneWidth - x, canvas.Width), within(kSceneHeight - y, canvas.Height)};
 }
 
-void DrawCanvas(const Canvas& canvas, std::int64_t x, std::int64_t y) noexcept {
+void DrawCanvas(const Canvas& canvas, std::int64_t x, std::int64_t y) {
   const Box part = VisiblePart(canvas, x, y);
   ImageAttributesOwner attributes;
   if (State().graphics == nullptr || part.IsEmpty() || !MakeColourKey(attributes)) return;
@@ -42,7 +42,7 @@ void DrawCanvas(const Canvas& canvas, std::int64_t x, std::int64_t y) noexcept {
 
 }  // namespace
 
-Status Draw(const DynamicLineArt& lineArt) noexcept {
+Status Draw(const DynamicLineArt& lineArt) {
   const LineAttributes line = LineAttributesOf(lineArt);
   std::int64_t inset = 0;
   if (lineArt.BorderedBoundingBox) {

@@ -13,7 +13,7 @@ namespace {
 // The list of encoders, followed by the texts that it points to.
 class EncoderList {
  public:
-  EncoderList() noexcept {
+  EncoderList() {
     UINT bytes = 0;
     if (!Succeeded(gdip::GdipGetImageEncodersSize(&count_, &bytes))) count_ = 0;
     encoders_ = static_cast<Gdiplus::ImageCodecInfo*>(AllocateZeroed(bytes));
@@ -24,8 +24,8 @@ class EncoderList {
   ~EncoderList() { ReleaseMemory(encoders_); }
   EncoderList(const EncoderList&) = delete;
   EncoderList& operator=(const EncoderList&) = delete;
-  [[nodiscard]] const Gdiplus::ImageCodecInfo* begin() const noexcept { return encoders_; }
-  [[nodiscard]] const Gdiplus::ImageCodecInfo* end() const noexcept { return encoders_ + count_; }
+  [[nodiscard]] const Gdiplus::ImageCodecInfo* begin() const { return encoders_; }
+  [[nodiscard]] const Gdiplus::ImageCodecInfo* end() const { return encoders_ + count_; }
 
  private:
   UINT count_ = 0;
@@ -34,7 +34,7 @@ class EncoderList {
 
 }  // namespace
 
-bool FindEncoder(const WCHAR* mimeType, CLSID& encoder) noexcept {
+bool FindEncoder(const WCHAR* mimeType, CLSID& encoder) {
   for (const Gdiplus::ImageCodecInfo& candidate : EncoderList()) {
     if (std::wcscmp(candidate.MimeType, mimeType) != 0) continue;
     encoder = candidate.Clsid;
@@ -43,7 +43,7 @@ bool FindEncoder(const WCHAR* mimeType, CLSID& encoder) noexcept {
   return false;
 }
 
-bool SaveImage(Gdiplus::GpImage* image, const WCHAR* mimeType, const char* path) noexcept {
+bool SaveImage(Gdiplus::GpImage* image, const WCHAR* mimeType, const char* path) {
   std::array<WCHAR, MAX_PATH> widePath{};
   CLSID encoder;
   return MultiByteToWideChar(CP_ACP, 0, path, -1, widePath.data(), MAX_PATH) > 0 &&

@@ -7,9 +7,8 @@ namespace korvel {
 
 // The class of the GDI+ encoder for a MIME type ("image/png", "image/bmp"). False when there is
 // none.
-[[nodiscard]] bool FindEncoder(const WCHAR* mimeType, CLSID& encoder) noexcept;
+[[nodiscard]] bool FindEncoder(const WCHAR* mimeType, CLSID& encoder);
 
-[[nodiscard]] bool SaveImage(Gdiplus::GpImage* image, const WCHAR* mimeType,
-                             const char* path) noexcept;
+[[nodiscard]] bool SaveImage(Gdiplus::GpImage* image, const WCHAR* mimeType, const char* path);
 
 }  // namespace korvel

@@ -7,7 +7,7 @@
 
 namespace korvel {
 
-Status Draw(const EntryField& entryField) noexcept {
+Status Draw(const EntryField& entryField) {
   constexpr LineAttributes kBorder{.Width = 2, .Style = 1, .Ink = 0x00000000};
   constexpr FontAttributes kFont{
       .Style = FontStyle::Plain, .Size = 15, .LineSpacing = 1, .LetterSpacing = 2};

@@ -13,7 +13,7 @@ namespace {
 // The families that the system has. They are its own and are not given back.
 class InstalledFamilies {
  public:
-  InstalledFamilies() noexcept {
+  InstalledFamilies() {
     Gdiplus::GpFontCollection* installed = nullptr;
     INT count = 0;
     if (!Succeeded(gdip::GdipNewInstalledFontCollection(&installed)) ||
@@ -30,22 +30,22 @@ class InstalledFamilies {
   ~InstalledFamilies() { ReleaseMemory(families_); }
   InstalledFamilies(const InstalledFamilies&) = delete;
   InstalledFamilies& operator=(const InstalledFamilies&) = delete;
-  [[nodiscard]] Gdiplus::GpFontFamily** begin() const noexcept { return families_; }
-  [[nodiscard]] Gdiplus::GpFontFamily** end() const noexcept { return families_ + count_; }
+  [[nodiscard]] Gdiplus::GpFontFamily** begin() const { return families_; }
+  [[nodiscard]] Gdiplus::GpFontFamily** end() const { return families_ + count_; }
 
  private:
   Gdiplus::GpFontFamily** families_ = nullptr;
   INT count_ = 0;
 };
 
-[[nodiscard]] bool IsCalledSans(const Gdiplus::GpFontFamily* family) noexcept {
+[[nodiscard]] bool IsCalledSans(const Gdiplus::GpFontFamily* family) {
   std::array<WCHAR, LF_FACESIZE> name{};
   return Succeeded(gdip::GdipGetFamilyName(family, name.data(), LANG_NEUTRAL)) &&
          std::wstring_view(name.data()).ends_with(L"Sans");
 }
 
 // The first installed family whose name says that it has no serifs, else the first of all.
-[[nodiscard]] bool FindAnyFamily(FontFamilyOwner& family) noexcept {
+[[nodiscard]] bool FindAnyFamily(FontFamilyOwner& family) {
   Gdiplus::GpFontFamily* chosen = nullptr;
   for (Gdiplus::GpFontFamily* candidate : InstalledFamilies()) {
     if (chosen == nullptr) chosen = candidate;
@@ -58,7 +58,7 @@ class InstalledFamilies {
 
 }  // namespace
 
-bool FindFontFamily(FontFamilyOwner& family) noexcept {
+bool FindFontFamily(FontFamilyOwner& family) {
   return Succeeded(gdip::GdipCreateFontFamilyFromName(L"Trebuchet MS", nullptr, family.Slot())) ||
          Succeeded(gdip::GdipGetGenericFontFamilySansSerif(family.Slot())) || FindAnyFamily(family);
 }

@@ -7,6 +7,6 @@ namespace korvel {
 
 // "Trebuchet MS", or what comes nearest to it: there is always some text to see. False only when
 // no font is installed at all.
-[[nodiscard]] bool FindFontFamily(FontFamilyOwner& family) noexcept;
+[[nodiscard]] bool FindFontFamily(FontFamilyOwner& family);
 
 }  // namespace korvel

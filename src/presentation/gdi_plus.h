@@ -18,15 +18,13 @@ namespace korvel {
 namespace gdip = Gdiplus::DllExports;
 
 // Whether a GDI+ call did what it was asked for.
-[[nodiscard]] inline bool Succeeded(Gdiplus::GpStatus status) noexcept {
-  return status == Gdiplus::Ok;
-}
+[[nodiscard]] inline bool Succeeded(Gdiplus::GpStatus status) { return status == Gdiplus::Ok; }
 
 // Owns one GDI+ object; converts to the pointer that the functions take.
 template <class Object, auto Release>
 class GdiPlusOwner {
  public:
-  GdiPlusOwner() noexcept = default;
+  GdiPlusOwner() = default;
   GdiPlusOwner(GdiPlusOwner&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   GdiPlusOwner& operator=(GdiPlusOwner&& other) noexcept {
     std::swap(object_, other.object_);
@@ -37,17 +35,17 @@ class GdiPlusOwner {
   ~GdiPlusOwner() { Reset(); }
 
   // Where a creating function is to leave the object; an earlier one is given back.
-  [[nodiscard]] Object** Slot() noexcept {
+  [[nodiscard]] Object** Slot() {
     Reset();
     return &object_;
   }
   // Releasing can only fail for objects that are in use elsewhere, and none of ours is.
-  void Reset() noexcept {
+  void Reset() {
     Object* object = std::exchange(object_, nullptr);
     if (object != nullptr) static_cast<void>(Release(object));
   }
-  [[nodiscard]] Object* Get() const noexcept { return object_; }
-  operator Object*() const noexcept { return object_; }
+  [[nodiscard]] Object* Get() const { return object_; }
+  operator Object*() const { return object_; }
 
  private:
   Object* object_ = nullptr;
@@ -66,13 +64,13 @@ using ImageAttributesOwner =
     GdiPlusOwner<Gdiplus::GpImageAttributes, gdip::GdipDisposeImageAttributes>;
 
 // The colour as GDI+ takes it.
-[[nodiscard]] inline Gdiplus::ARGB ToGdiPlus(DrawnColour colour) noexcept {
+[[nodiscard]] inline Gdiplus::ARGB ToGdiPlus(DrawnColour colour) {
   const Gdiplus::ARGB alpha = 255 - (colour & kTransparencyByte);
   return alpha << 24 | colour >> 8;
 }
 
 // A brush of the colour. False if the colour is invisible or the brush cannot be made.
-[[nodiscard]] inline bool MakeBrush(DrawnColour colour, SolidBrushOwner& brush) noexcept {
+[[nodiscard]] inline bool MakeBrush(DrawnColour colour, SolidBrushOwner& brush) {
   return IsSeen(colour) && Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(colour), brush.Slot()));
 }
 

@@ -29,12 +29,11 @@ using DecodeFrame = int(__cdecl*)(const char* path, std::uint8_t** buffer, int o
 // compiled calls. The compiler must not change how it passes the arguments, as it may for a
 // function of this file. On 64 bits there is one convention.
 #ifdef _WIN64
-void Call(DecodeFrame decode, const char* path, std::uint8_t** buffer, int one) noexcept {
+void Call(DecodeFrame decode, const char* path, std::uint8_t** buffer, int one) {
   decode(path, buffer, one);
 }
 #else
-[[gnu::naked, gnu::noipa]] void __cdecl Call(DecodeFrame, const char*, std::uint8_t**,
-                                             int) noexcept {
+[[gnu::naked, gnu::noipa]] void __cdecl Call(DecodeFrame, const char*, std::uint8_t**, int) {
   asm("pushl %ebp\n\t"
       "movl %esp, %ebp\n\t"
       "andl $-16, %esp\n\t"
@@ -49,7 +48,7 @@ void Call(DecodeFrame decode, const char* path, std::uint8_t** buffer, int one) 
 #endif
 
 // Null when the library or the function is not there.
-[[nodiscard]] DecodeFrame FindDecoder() noexcept {
+[[nodiscard]] DecodeFrame FindDecoder() {
   HMODULE& library = State().decoderLibrary;
   if (library == nullptr) library = LoadLibraryA("MenuAPI");
   if (library == nullptr) return nullptr;
@@ -57,7 +56,7 @@ void Call(DecodeFrame decode, const char* path, std::uint8_t** buffer, int one) 
       reinterpret_cast<void*>(GetProcAddress(library, MAKEINTRESOURCEA(1))));
 }
 
-[[nodiscard]] bool DecodePlanes(const char* path, const PlanarFrame& frame) noexcept {
+[[nodiscard]] bool DecodePlanes(const char* path, const PlanarFrame& frame) {
   const DecodeFrame decode = FindDecoder();
   std::uint8_t* buffer = frame.Bytes();
   if (decode == nullptr || buffer == nullptr) return false;
@@ -65,7 +64,7 @@ void Call(DecodeFrame decode, const char* path, std::uint8_t** buffer, int one) 
   return true;
 }
 
-[[nodiscard]] bool MakeImage(const PlanarFrame& frame, BitmapOwner& image) noexcept {
+[[nodiscard]] bool MakeImage(const PlanarFrame& frame, BitmapOwner& image) {
   const FrameSize size = frame.Size();
   BitmapOwner made;
   if (!Succeeded(gdip::GdipCreateBitmapFromScan0(size.Width, size.Height, 0, PixelFormat32bppARGB,
@@ -88,22 +87,21 @@ void Call(DecodeFrame decode, const char* path, std::uint8_t** buffer, int one) 
   return true;
 }
 
-[[nodiscard]] bool DecodeFile(const char* path, std::string_view stream,
-                              BitmapOwner& image) noexcept {
+[[nodiscard]] bool DecodeFile(const char* path, std::string_view stream, BitmapOwner& image) {
   FrameSize size;
   if (!FindFrameSize(stream, size)) return false;
   const PlanarFrame frame(size);
   return DecodePlanes(path, frame) && MakeImage(frame, image);
 }
 
-[[nodiscard]] bool WriteStream(const char* path, std::string_view bytes) noexcept {
+[[nodiscard]] bool WriteStream(const char* path, std::string_view bytes) {
   std::FILE* file = std::fopen(path, "wb");
   if (file == nullptr) return false;
   const bool isWritten = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
   return std::fclose(file) == 0 && isWritten;
 }
 
-[[nodiscard]] bool ReadStream(const char* path, OctetString& bytes) noexcept {
+[[nodiscard]] bool ReadStream(const char* path, OctetString& bytes) {
   std::FILE* file = std::fopen(path, "rb");
   if (file == nullptr) return false;
   std::fseek(file, 0, SEEK_END);
@@ -117,19 +115,19 @@ void Call(DecodeFrame decode, const char* path, std::uint8_t** buffer, int one) 
 
 }  // namespace
 
-bool DecodeIFrame(std::string_view stream, BitmapOwner& image) noexcept {
+bool DecodeIFrame(std::string_view stream, BitmapOwner& image) {
   const char* path = State().temporaryPath.data();
   return *path != '\0' && WriteStream(path, stream) && DecodeFile(path, stream, image);
 }
 
-bool ConvertIFrameToPng(const char* source, const char* target) noexcept {
+bool ConvertIFrameToPng(const char* source, const char* target) {
   OctetString stream;
   BitmapOwner image;
   return ReadStream(source, stream) && DecodeFile(source, stream.View(), image) &&
          SaveImage(image, L"image/png", target);
 }
 
-void FindTemporaryFolder() noexcept {
+void FindTemporaryFolder() {
   std::array<char, kTemporaryFolderBytes> folder{};
   TemporaryPath& path = State().temporaryPath;
   path = {};
@@ -139,7 +137,7 @@ void FindTemporaryFolder() noexcept {
                 kTemporaryFileNumber);
 }
 
-void ReleaseDecoder() noexcept {
+void ReleaseDecoder() {
   if (State().decoderLibrary != nullptr) FreeLibrary(State().decoderLibrary);
   State().decoderLibrary = nullptr;
 }

@@ -16,7 +16,7 @@ constexpr WORD kPictureResource = 101;
 constexpr const char* kPictureType = "VIDEO_JPG";
 
 // The module that holds this code, whatever it is called: a library or a test.
-HMODULE OwnModule() noexcept {
+HMODULE OwnModule() {
   HMODULE module = nullptr;
   const DWORD flags =
       GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
@@ -26,7 +26,7 @@ HMODULE OwnModule() noexcept {
 }
 
 // The bytes of the resource, which stay as long as the module; empty when it has none.
-std::string_view PictureResource() noexcept {
+std::string_view PictureResource() {
   HMODULE module = OwnModule();
   HRSRC place = FindResourceA(module, MAKEINTRESOURCEA(kPictureResource), kPictureType);
   if (place == nullptr) return {};
@@ -36,7 +36,7 @@ std::string_view PictureResource() noexcept {
   return {static_cast<const char*>(bytes), SizeofResource(module, place)};
 }
 
-[[nodiscard]] NamedPicture* FindPicture(std::string_view name) noexcept {
+[[nodiscard]] NamedPicture* FindPicture(std::string_view name) {
   for (NamedPicture& picture : State().namedPictures) {
     if (picture.Name.View() == name) return &picture;
   }
@@ -44,7 +44,7 @@ std::string_view PictureResource() noexcept {
 }
 
 // Null when memory is out.
-[[nodiscard]] NamedPicture* AddPicture(std::string_view name) noexcept {
+[[nodiscard]] NamedPicture* AddPicture(std::string_view name) {
   NamedPicture picture;
   if (!picture.Name.Assign(name)) return nullptr;
   static_cast<void>(ReadPicture(PictureResource(), picture.Content));
@@ -53,14 +53,14 @@ std::string_view PictureResource() noexcept {
 
 }  // namespace
 
-Gdiplus::GpImage* NamedImage(std::string_view name) noexcept {
+Gdiplus::GpImage* NamedImage(std::string_view name) {
   name = name.substr(0, kLongestName);
   NamedPicture* picture = FindPicture(name);
   if (picture == nullptr) picture = AddPicture(name);
   return picture == nullptr ? nullptr : picture->Content.Image.Get();
 }
 
-void ClearImageCache() noexcept {
+void ClearImageCache() {
   for (NamedPicture& picture : State().namedPictures) {
     picture.Content.Image.Reset();
     // Without memory for the entry the block is released at once.

@@ -9,6 +9,6 @@
 namespace korvel {
 
 // The named picture; null when the library does not carry it.
-[[nodiscard]] Gdiplus::GpImage* NamedImage(std::string_view name) noexcept;
+[[nodiscard]] Gdiplus::GpImage* NamedImage(std::string_view name);
 
 }  // namespace korvel

@@ -8,7 +8,7 @@ namespace korvel {
 
 namespace {
 
-Gdiplus::GpDashStyle DashStyleOf(const LineAttributes& line, double length) noexcept {
+Gdiplus::GpDashStyle DashStyleOf(const LineAttributes& line, double length) {
   if (HasTooManyDashes(line, length)) return Gdiplus::DashStyleSolid;
   switch (DashesOf(line)) {
   case Dashes::Long: return Gdiplus::DashStyleDash;
@@ -18,7 +18,7 @@ Gdiplus::GpDashStyle DashStyleOf(const LineAttributes& line, double length) noex
   return Gdiplus::DashStyleSolid;
 }
 
-void Fill(Gdiplus::GpGraphics* graphics, const Box& box, DrawnColour colour) noexcept {
+void Fill(Gdiplus::GpGraphics* graphics, const Box& box, DrawnColour colour) {
   SolidBrushOwner brush;
   if (box.IsEmpty() || !MakeBrush(colour, brush)) return;
   // What cannot be filled stays as it was.
@@ -28,15 +28,14 @@ void Fill(Gdiplus::GpGraphics* graphics, const Box& box, DrawnColour colour) noe
 
 // Moves an edge that lies outside of the range nearer to it by whole periods, which leaves the
 // dashes of the other edges where they are.
-std::int32_t Nearer(std::int32_t edge, std::int32_t least, std::int32_t most,
-                    std::int32_t period) noexcept {
+std::int32_t Nearer(std::int32_t edge, std::int32_t least, std::int32_t most, std::int32_t period) {
   if (edge < least) return edge + (least - edge) / period * period;
   if (edge > most) return edge - (edge - most) / period * period;
   return edge;
 }
 
 // A box whose dashed outline looks the same where it is drawn, and is not much longer than that.
-Box OutlineBox(Gdiplus::GpGraphics* graphics, const Box& box, const LineAttributes& line) noexcept {
+Box OutlineBox(Gdiplus::GpGraphics* graphics, const Box& box, const LineAttributes& line) {
   const std::int32_t period = DashPeriod(line);
   Gdiplus::Rect drawn;
   if (period == 0 || !Succeeded(gdip::GdipGetVisibleClipBoundsI(graphics, &drawn))) return box;
@@ -51,8 +50,7 @@ Box OutlineBox(Gdiplus::GpGraphics* graphics, const Box& box, const LineAttribut
 
 // The pen's middle runs half a width inside the box, so that its outer side is the box's edge. A
 // line of one pixel has no half: between two pixels GDI+ may round it out of the box.
-void DrawOutline(Gdiplus::GpGraphics* graphics, const Box& whole,
-                 const LineAttributes& line) noexcept {
+void DrawOutline(Gdiplus::GpGraphics* graphics, const Box& whole, const LineAttributes& line) {
   const Box box = OutlineBox(graphics, whole, line);
   PenOwner pen;
   if (box.IsEmpty() || !MakePen(line, 2.0 * (box.Width() + box.Height()), pen)) return;
@@ -66,11 +64,11 @@ void DrawOutline(Gdiplus::GpGraphics* graphics, const Box& whole,
 
 }  // namespace
 
-LineAttributes LineAttributesOf(const LineArt& lineArt) noexcept {
+LineAttributes LineAttributesOf(const LineArt& lineArt) {
   return {lineArt.LineWidth, lineArt.LineStyle, LineColourOf(lineArt, CurrentGroups())};
 }
 
-bool MakePen(const LineAttributes& line, double length, PenOwner& pen) noexcept {
+bool MakePen(const LineAttributes& line, double length, PenOwner& pen) {
   return DrawnWidth(line) > 0 &&
          Succeeded(gdip::GdipCreatePen1(ToGdiPlus(line.Ink), static_cast<float>(DrawnWidth(line)),
                                         Gdiplus::UnitWorld, pen.Slot())) &&
@@ -78,7 +76,7 @@ bool MakePen(const LineAttributes& line, double length, PenOwner& pen) noexcept 
 }
 
 void DrawBorderedRectangle(Gdiplus::GpGraphics* graphics, const Box& box,
-                           const LineAttributes& line, DrawnColour fill) noexcept {
+                           const LineAttributes& line, DrawnColour fill) {
   if (graphics == nullptr || box.IsEmpty()) return;
   const std::int32_t width = DrawnWidth(line);
   if (box.Width() <= width || box.Height() <= width) {

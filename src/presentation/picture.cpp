@@ -10,7 +10,7 @@ namespace {
 // A stream over the block, released with the last picture that reads from it.
 class BlockStream {
  public:
-  explicit BlockStream(const GlobalBlock& block) noexcept {
+  explicit BlockStream(const GlobalBlock& block) {
     if (CreateStreamOnHGlobal(block.Get(), FALSE, &stream_) != S_OK) stream_ = nullptr;
   }
   ~BlockStream() {
@@ -18,14 +18,14 @@ class BlockStream {
   }
   BlockStream(const BlockStream&) = delete;
   BlockStream& operator=(const BlockStream&) = delete;
-  [[nodiscard]] IStream* Get() const noexcept { return stream_; }
+  [[nodiscard]] IStream* Get() const { return stream_; }
 
  private:
   IStream* stream_ = nullptr;
 };
 
 // Metafiles are refused: they are programs for the graphics system, and content is hostile.
-[[nodiscard]] bool IsAllowed(Gdiplus::GpImage* image) noexcept {
+[[nodiscard]] bool IsAllowed(Gdiplus::GpImage* image) {
   Gdiplus::ImageType type = Gdiplus::ImageTypeUnknown;
   UINT width = 0;
   UINT height = 0;
@@ -36,7 +36,7 @@ class BlockStream {
 
 }  // namespace
 
-bool GlobalBlock::Assign(std::string_view bytes) noexcept {
+bool GlobalBlock::Assign(std::string_view bytes) {
   GlobalBlock made;
   made.block_ = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
   if (made.block_ == nullptr) return false;
@@ -48,7 +48,7 @@ bool GlobalBlock::Assign(std::string_view bytes) noexcept {
   return true;
 }
 
-bool ReadPicture(std::string_view bytes, Picture& picture) noexcept {
+bool ReadPicture(std::string_view bytes, Picture& picture) {
   Picture read;
   if (!MayBeDecoded(bytes) || !read.Block.Assign(bytes)) return false;
   const BlockStream stream(read.Block);

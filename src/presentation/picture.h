@@ -11,7 +11,7 @@ namespace korvel {
 // A block of global memory: the only kind that GDI+ reads pictures from.
 class GlobalBlock {
  public:
-  GlobalBlock() noexcept = default;
+  GlobalBlock() = default;
   GlobalBlock(GlobalBlock&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
   GlobalBlock& operator=(GlobalBlock&& other) noexcept {
     std::swap(block_, other.block_);
@@ -24,8 +24,8 @@ class GlobalBlock {
   }
 
   // A movable block with a copy of the bytes. False when memory is out.
-  [[nodiscard]] bool Assign(std::string_view bytes) noexcept;
-  [[nodiscard]] HGLOBAL Get() const noexcept { return block_; }
+  [[nodiscard]] bool Assign(std::string_view bytes);
+  [[nodiscard]] HGLOBAL Get() const { return block_; }
 
  private:
   HGLOBAL block_ = nullptr;
@@ -39,6 +39,6 @@ struct Picture {
 
 // Reads a picture of any format that GDI+ knows, but no metafile. False, with `picture` unchanged,
 // when GDI+ cannot read the bytes or the picture is beyond the limits.
-[[nodiscard]] bool ReadPicture(std::string_view bytes, Picture& picture) noexcept;
+[[nodiscard]] bool ReadPicture(std::string_view bytes, Picture& picture);
 
 }  // namespace korvel

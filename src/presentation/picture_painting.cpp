@@ -14,13 +14,13 @@ struct Scale {
   double Y = 1.0;
 };
 
-double FactorOf(std::int32_t scaled, UINT own) noexcept {
+double FactorOf(std::int32_t scaled, UINT own) {
   const double factor = static_cast<double>(scaled) / static_cast<double>(own);
   return factor < 0 ? 1.0 : factor;  // a negative size means not scaled
 }
 
 // Everything as it is but the alpha, which the transparency takes from.
-Gdiplus::ColorMatrix MatrixOf(std::int32_t transparency) noexcept {
+Gdiplus::ColorMatrix MatrixOf(std::int32_t transparency) {
   Gdiplus::ColorMatrix matrix{};
   for (int place = 0; place < 5; ++place) matrix.m[place][place] = 1.0F;
   matrix.m[3][3] = 1.0F - static_cast<float>(transparency) / 100.0F;
@@ -28,7 +28,7 @@ Gdiplus::ColorMatrix MatrixOf(std::int32_t transparency) noexcept {
 }
 
 [[nodiscard]] bool MakeAttributes(const PicturePlacement& placement,
-                                  ImageAttributesOwner& attributes) noexcept {
+                                  ImageAttributesOwner& attributes) {
   const Gdiplus::ColorMatrix matrix = MatrixOf(placement.Transparency);
   return Succeeded(gdip::GdipCreateImageAttributes(attributes.Slot())) &&
          Succeeded(gdip::GdipSetImageAttributesColorMatrix(
@@ -39,7 +39,7 @@ Gdiplus::ColorMatrix MatrixOf(std::int32_t transparency) noexcept {
 }
 
 [[nodiscard]] bool MakeTexture(Gdiplus::GpImage* image, UINT width, UINT height,
-                               const PicturePlacement& placement, TextureOwner& texture) noexcept {
+                               const PicturePlacement& placement, TextureOwner& texture) {
   ImageAttributesOwner attributes;
   return MakeAttributes(placement, attributes) &&
          Succeeded(gdip::GdipCreateTextureIA(image, attributes, 0.0F, 0.0F,
@@ -50,7 +50,7 @@ Gdiplus::ColorMatrix MatrixOf(std::int32_t transparency) noexcept {
 }
 
 void FillBox(Gdiplus::GpGraphics* graphics, const Box& box, const Scale& scale,
-             Gdiplus::GpTexture* texture) noexcept {
+             Gdiplus::GpTexture* texture) {
   const Gdiplus::RectF destination(static_cast<float>(box.Left), static_cast<float>(box.Top),
                                    static_cast<float>(box.Width()),
                                    static_cast<float>(box.Height()));
@@ -69,7 +69,7 @@ void FillBox(Gdiplus::GpGraphics* graphics, const Box& box, const Scale& scale,
 
 }  // namespace
 
-Status PaintPicture(Gdiplus::GpImage* image, const PicturePlacement& placement) noexcept {
+Status PaintPicture(Gdiplus::GpImage* image, const PicturePlacement& placement) {
   Gdiplus::GpGraphics* graphics = State().graphics;
   if (graphics == nullptr) return Status::Done;
   UINT width = 0;

@@ -17,6 +17,6 @@ struct PicturePlacement {
 
 // Paints the picture from the box's top-left corner on, cut to the box. Refused when there is no
 // picture in it; Done when it is drawn, and when the box or the scale leaves nothing to draw.
-Status PaintPicture(Gdiplus::GpImage* image, const PicturePlacement& placement) noexcept;
+Status PaintPicture(Gdiplus::GpImage* image, const PicturePlacement& placement);
 
 }  // namespace korvel

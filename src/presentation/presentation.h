@@ -13,44 +13,44 @@ namespace korvel {
 // ---- The screen: the last finished picture and the lock around it ----
 
 // Engine thread, before it creates its window: makes the screen lock.
-void OpenScreen() noexcept;
+void OpenScreen();
 
 // Engine thread, once its window is gone and the worker has ended.
-void CloseScreen() noexcept;
+void CloseScreen();
 
 // Engine thread, between the two: paints the window from the last finished picture. Draws nothing
 // while there is none. Takes a device context of the window, as the platform's handle.
-void PaintWindow(void* deviceContext) noexcept;
+void PaintWindow(void* deviceContext);
 
 // ---- The picture ----
 
 // Finds the folder for temporary files, starts GDI+ and makes the back buffer, opaque black, and
 // the screen's picture, which is shown in `window` (the platform's handle; may be null). What
 // cannot be made stays absent, and everything that draws then does nothing.
-void OpenPresentation(void* window) noexcept;
+void OpenPresentation(void* window);
 
 // Gives up the pictures and every cached image.
-void ReleasePictures() noexcept;
+void ReleasePictures();
 
 // Ends GDI+, after ReleasePictures. No canvas may be left.
-void ClosePresentation() noexcept;
+void ClosePresentation();
 
 // Fills the back buffer with opaque black.
-void ClearSurface() noexcept;
+void ClearSurface();
 
 // Draws the text of a fixed screen ("Please Wait", "No MHEG5 Service") into the back buffer.
-void DrawScreenText(std::string_view text) noexcept;
+void DrawScreenText(std::string_view text);
 
 // Makes the next Redraw paint.
-void ResetRedrawCounter() noexcept;
+void ResetRedrawCounter();
 
 // Copies the back buffer to the window, unless the last copy was made within the same millisecond.
-Status DeviceUpdate() noexcept;
+Status DeviceUpdate();
 
 // Makes the next DeviceUpdate copy, whenever the last one was.
-void DiscardUpdateStamp() noexcept;
+void DiscardUpdateStamp();
 
 // Destroys the cached images, as a restart does.
-void ClearImageCache() noexcept;
+void ClearImageCache();
 
 }  // namespace korvel

@@ -6,7 +6,7 @@
 
 namespace korvel {
 
-Status Draw(const Rectangle& rectangle) noexcept {
+Status Draw(const Rectangle& rectangle) {
   DrawBorderedRectangle(State().graphics, BoxOf(rectangle), LineAttributesOf(rectangle),
                         FillColourOf(rectangle, CurrentGroups()));
   return Status::Done;

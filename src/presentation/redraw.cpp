@@ -21,7 +21,7 @@ constexpr std::uint32_t kRequestsPerPainting = 5;
 constexpr std::int32_t kMissingPicture = 3;
 
 // Refused when a picture is missing.
-Status DrawVisible(ItemType kind, Ingredient& visible) noexcept {
+Status DrawVisible(ItemType kind, Ingredient& visible) {
   if (kind == ItemType::Video) {
     const auto& video = static_cast<const Video&>(visible);
     return visible.RunningStatus ? Draw(video) : StopVideo(video);
@@ -41,7 +41,7 @@ Status DrawVisible(ItemType kind, Ingredient& visible) noexcept {
 
 // Draws the entries that were in the stack when the walk began: the events of a missing picture may
 // rearrange or end anything. False when the walk cannot go on; `result` then says why.
-[[nodiscard]] bool DrawStack(Application& application, Status& result) noexcept {
+[[nodiscard]] bool DrawStack(Application& application, Status& result) {
   Sequence<StackedVisible> entries;
   for (const StackedVisible& entry : application.DisplayStack) {
     if (!entries.Append(entry)) break;
@@ -58,7 +58,7 @@ Status DrawVisible(ItemType kind, Ingredient& visible) noexcept {
   return !IsClosing();
 }
 
-Status PaintScene() noexcept {
+Status PaintScene() {
   State().isPaintingDueAgain = false;
   ClearSurface();
   Application* application = CurrentApplication();
@@ -70,7 +70,7 @@ Status PaintScene() noexcept {
 
 }  // namespace
 
-Status Redraw() noexcept {
+Status Redraw() {
   PresentationState& state = State();
   ++state.redrawRequests;
   if (state.redrawRequests % kRequestsPerPainting != 1 || IsClosing()) return Status::Done;
@@ -87,6 +87,6 @@ Status Redraw() noexcept {
   return result;
 }
 
-void ResetRedrawCounter() noexcept { State().redrawRequests = 0; }
+void ResetRedrawCounter() { State().redrawRequests = 0; }
 
 }  // namespace korvel

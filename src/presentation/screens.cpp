@@ -6,7 +6,7 @@
 
 namespace korvel {
 
-void DrawScreenText(std::string_view text) noexcept {
+void DrawScreenText(std::string_view text) {
   constexpr std::int32_t kMargin = 50;
   constexpr std::int32_t kFontSize = 50;
   constexpr DrawnColour kGreen = 0x00FF0000;

@@ -17,7 +17,7 @@ namespace {
 constexpr std::int32_t kNumberWidth = 30;
 constexpr std::int32_t kNumberHeight = 15;
 
-void DrawNumber(std::int32_t number, std::int64_t x, std::int64_t y, DrawnColour colour) noexcept {
+void DrawNumber(std::int32_t number, std::int64_t x, std::int64_t y, DrawnColour colour) {
   std::array<char, 16> digits{};
   const int length = std::snprintf(digits.data(), digits.size(), "%d", number);
   DrawTextIn({.Content = {digits.data(), static_cast<std::size_t>(length)},
@@ -29,7 +29,7 @@ void DrawNumber(std::int32_t number, std::int64_t x, std::int64_t y, DrawnColour
               .Ink = colour});
 }
 
-void DrawNumbers(const Slider& slider, DrawnColour colour) noexcept {
+void DrawNumbers(const Slider& slider, DrawnColour colour) {
   constexpr std::int64_t kOverhang = 15;
   const std::int64_t x = slider.Position.X;
   const std::int64_t y = std::int64_t{slider.Position.Y} - kNumberHeight;
@@ -38,7 +38,7 @@ void DrawNumbers(const Slider& slider, DrawnColour colour) noexcept {
   DrawNumber(slider.SliderValue, x, y, colour);
 }
 
-void DrawBar(const Slider& slider, DrawnColour colour) noexcept {
+void DrawBar(const Slider& slider, DrawnColour colour) {
   const LineAttributes line{.Width = 1, .Style = 1, .Ink = colour};
   const SliderBar bar = SliderBarOf(slider);
   DrawBorderedRectangle(State().graphics, bar.bar, line, kTransparentColour);
@@ -47,7 +47,7 @@ void DrawBar(const Slider& slider, DrawnColour colour) noexcept {
 
 }  // namespace
 
-Status Draw(const Slider& slider) noexcept {
+Status Draw(const Slider& slider) {
   const DrawnColour colour = SliderColourOf(slider, CurrentGroups());
   DrawNumbers(slider, colour);
   DrawBar(slider, colour);

@@ -8,7 +8,7 @@ namespace {
 // One tab stop, which GDI+ repeats along the line: 42 pixels where an inch has 96 dots.
 constexpr float kTabStop = 4032.0F;
 
-Gdiplus::StringAlignment AlignmentOf(std::int32_t justification) noexcept {
+Gdiplus::StringAlignment AlignmentOf(std::int32_t justification) {
   switch (justification) {
   case 2: return Gdiplus::StringAlignmentFar;
   case 3: return Gdiplus::StringAlignmentCenter;
@@ -18,8 +18,7 @@ Gdiplus::StringAlignment AlignmentOf(std::int32_t justification) noexcept {
 
 }  // namespace
 
-bool MakeStringFormat(const TextDrawing& drawing, float resolution,
-                      StringFormatOwner& format) noexcept {
+bool MakeStringFormat(const TextDrawing& drawing, float resolution, StringFormatOwner& format) {
   const INT flags = drawing.TextWrapping ? 0 : Gdiplus::StringFormatFlagsNoWrap;
   const float tabStop = kTabStop / resolution;
   return Succeeded(gdip::GdipCreateStringFormat(flags, LANG_NEUTRAL, format.Slot())) &&

@@ -9,6 +9,6 @@ namespace korvel {
 
 // The format of a text that is drawn with so many dots per inch. False when it could not be made.
 [[nodiscard]] bool MakeStringFormat(const TextDrawing& drawing, float resolution,
-                                    StringFormatOwner& format) noexcept;
+                                    StringFormatOwner& format);
 
 }  // namespace korvel

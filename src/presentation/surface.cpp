@@ -16,13 +16,13 @@ constexpr Gdiplus::ARGB kOpaqueBlack = 0xFF000000;
 
 NeverDestroyed<PresentationState> state;
 
-void StartGdiPlus() noexcept {
+void StartGdiPlus() {
   const Gdiplus::GdiplusStartupInput input(nullptr, FALSE, FALSE);
   State().isGdiPlusStarted =
       Succeeded(Gdiplus::GdiplusStartup(&State().gdiPlusToken, &input, nullptr));
 }
 
-void OpenSurface() noexcept {
+void OpenSurface() {
   BitmapOwner picture;
   GraphicsOwner graphics;
   if (!State().isGdiPlusStarted ||
@@ -40,14 +40,14 @@ void OpenSurface() noexcept {
 
 PresentationState& State() { return state.value; }
 
-void OpenPresentation(void* window) noexcept {
+void OpenPresentation(void* window) {
   FindTemporaryFolder();
   StartGdiPlus();
   OpenSurface();
   OpenPicture(window);
 }
 
-void ReleasePictures() noexcept {
+void ReleasePictures() {
   ClosePicture();
   ReleaseDecoder();
   PresentationState released;  // all but GDI+ itself
@@ -56,12 +56,12 @@ void ReleasePictures() noexcept {
   State() = std::move(released);
 }
 
-void ClosePresentation() noexcept {
+void ClosePresentation() {
   if (State().isGdiPlusStarted) Gdiplus::GdiplusShutdown(State().gdiPlusToken);
   State().isGdiPlusStarted = false;
 }
 
-void ClearSurface() noexcept {
+void ClearSurface() {
   if (State().graphics == nullptr) return;
   // A failure leaves the old picture, and nothing better can be done.
   static_cast<void>(gdip::GdipGraphicsClear(State().graphics, kOpaqueBlack));

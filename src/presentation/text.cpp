@@ -29,7 +29,7 @@ constexpr std::size_t kMostLines = kSceneHeight;
 // UTF-16 as GDI+ takes it, ended by a zero.
 class WideText {
  public:
-  explicit WideText(const char* utf8) noexcept {
+  explicit WideText(const char* utf8) {
     const std::size_t bytes = std::strlen(utf8);
     units_ = static_cast<WCHAR*>(AllocateZeroed(2 * bytes + 2));
     if (units_ == nullptr) return;
@@ -40,9 +40,9 @@ class WideText {
   ~WideText() { ReleaseMemory(units_); }
   WideText(const WideText&) = delete;
   WideText& operator=(const WideText&) = delete;
-  [[nodiscard]] const WCHAR* Units() const noexcept { return units_; }
+  [[nodiscard]] const WCHAR* Units() const { return units_; }
   // Puts a star in place of each character, of which some are two units. Line feeds stay.
-  void Obscure() noexcept {
+  void Obscure() {
     if (units_ == nullptr) return;
     WCHAR* to = units_;
     for (const WCHAR* from = units_; *from != 0; ++from) {
@@ -52,7 +52,7 @@ class WideText {
   }
 
  private:
-  void Limit() noexcept {
+  void Limit() {
     std::size_t lines = 0;
     for (std::size_t index = 0; units_[index] != 0; ++index) {
       if (units_[index] == L'\n') ++lines;
@@ -65,7 +65,7 @@ class WideText {
 
 // The size is turned from points to pixels although it is given in pixels already: 24 is an em of
 // 18 pixels at 96 dots per inch. The broadcasts' layouts count on it.
-[[nodiscard]] bool MakeFont(std::int32_t size, float resolution, FontOwner& font) noexcept {
+[[nodiscard]] bool MakeFont(std::int32_t size, float resolution, FontOwner& font) {
   const float em = (size == 0 ? kDefaultSize : static_cast<float>(size)) * kPointsPerInch;
   FontFamilyOwner family;
   return FindFontFamily(family) &&
@@ -73,14 +73,14 @@ class WideText {
                                         Gdiplus::UnitPixel, font.Slot()));
 }
 
-Gdiplus::RectF LayoutOf(const TextDrawing& drawing) noexcept {
+Gdiplus::RectF LayoutOf(const TextDrawing& drawing) {
   const Box box = BoxAt(drawing.X, drawing.Y, drawing.Width, drawing.Height);
   return {static_cast<float>(box.Left), static_cast<float>(box.Top),
           static_cast<float>(box.Width()), static_cast<float>(box.Height())};
 }
 
 [[nodiscard]] bool FillBackground(Gdiplus::GpGraphics* graphics, const Gdiplus::RectF& layout,
-                                  DrawnColour background) noexcept {
+                                  DrawnColour background) {
   SolidBrushOwner brush;
   return Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(background), brush.Slot())) &&
          Succeeded(gdip::GdipFillRectangle(graphics, brush, layout.X, layout.Y, layout.Width,
@@ -89,7 +89,7 @@ Gdiplus::RectF LayoutOf(const TextDrawing& drawing) noexcept {
 
 // False when GDI+ could not do it: there is no text to see then.
 [[nodiscard]] bool DrawLines(Gdiplus::GpGraphics* graphics, const Gdiplus::RectF& layout,
-                             const TextDrawing& drawing) noexcept {
+                             const TextDrawing& drawing) {
   DrawnColour ink = drawing.Ink;
   static_cast<void>(ReadLeadingColour(drawing.Content, ink));
   OctetString clean;
@@ -109,7 +109,7 @@ Gdiplus::RectF LayoutOf(const TextDrawing& drawing) noexcept {
 
 }  // namespace
 
-void DrawTextIn(const TextDrawing& drawing) noexcept {
+void DrawTextIn(const TextDrawing& drawing) {
   Gdiplus::GpGraphics* graphics = State().graphics;
   if (graphics == nullptr || drawing.Width < 1 || drawing.Height < 1) return;
   const Gdiplus::RectF layout = LayoutOf(drawing);
@@ -125,7 +125,7 @@ void DrawTextIn(const TextDrawing& drawing) noexcept {
   static_cast<void>(gdip::GdipResetClip(graphics));
 }
 
-TextDrawing DrawingOf(const Text& text) noexcept {
+TextDrawing DrawingOf(const Text& text) {
   return {.Content = text.TextData.View(),
           .X = text.Position.X,
           .Y = text.Position.Y,
@@ -139,7 +139,7 @@ TextDrawing DrawingOf(const Text& text) noexcept {
           .TextWrapping = text.TextWrapping};
 }
 
-Status Draw(const Text& text) noexcept {
+Status Draw(const Text& text) {
   DrawTextIn(DrawingOf(text));
   return Status::Done;
 }

@@ -27,9 +27,9 @@ struct TextDrawing {
 };
 
 // Fills the box with the background and lays the text out in it. A box without area draws nothing.
-void DrawTextIn(const TextDrawing& drawing) noexcept;
+void DrawTextIn(const TextDrawing& drawing);
 
 // A text object's drawing as its attributes say it.
-[[nodiscard]] TextDrawing DrawingOf(const Text& text) noexcept;
+[[nodiscard]] TextDrawing DrawingOf(const Text& text);
 
 }  // namespace korvel

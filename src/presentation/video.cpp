@@ -7,20 +7,20 @@
 
 namespace korvel {
 
-Status Draw(const Video& video) noexcept {
+Status Draw(const Video& video) {
   if (!HasArea(video.BoxSize)) return Status::Done;
   return PaintPicture(
       NamedImage("video.jpg"),
       {.Position = video.Position, .BoxSize = video.BoxSize, .ScaledSize = video.ScaledSize});
 }
 
-Status StopVideo(const Video& /*video*/) noexcept { return Status::Done; }
+Status StopVideo(const Video& /*video*/) { return Status::Done; }
 
 Status StartVideo(const Stream& /*stream*/, std::int32_t /*componentTag*/, const Position& /*at*/,
-                  const BoxSize& /*size*/) noexcept {
+                  const BoxSize& /*size*/) {
   return Status::Done;
 }
 
-Status EndStream(const Stream& /*stream*/) noexcept { return Status::Done; }
+Status EndStream(const Stream& /*stream*/) { return Status::Done; }
 
 }  // namespace korvel

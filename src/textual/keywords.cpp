@@ -67,22 +67,22 @@ constexpr char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<cha
 
 }  // namespace
 
-const char* KeywordText(std::uint16_t code) noexcept { return kKeywords[code - 1U]; }
+const char* KeywordText(std::uint16_t code) { return kKeywords[code - 1U]; }
 
-bool IsSameWord(const char* one, const char* other) noexcept {
+bool IsSameWord(const char* one, const char* other) {
   for (; UpperCase(*one) == UpperCase(*other); ++one, ++other) {
     if (*one == 0) return true;
   }
   return false;
 }
 
-std::size_t KeywordTable::Bucket(std::string_view word) noexcept {
+std::size_t KeywordTable::Bucket(std::string_view word) {
   std::int32_t sum = 0;
   for (const char byte : word) sum += static_cast<signed char>(byte);
   return static_cast<std::uint16_t>(sum) % kBucketCount;
 }
 
-bool KeywordTable::Build() noexcept {
+bool KeywordTable::Build() {
   for (std::uint16_t code = 1; code <= kKeywordCount; ++code) {
     Entry entry;
     entry.code = code;
@@ -93,7 +93,7 @@ bool KeywordTable::Build() noexcept {
   return true;
 }
 
-std::uint16_t KeywordTable::Find(std::string_view word) const noexcept {
+std::uint16_t KeywordTable::Find(std::string_view word) const {
   for (const Entry& entry : buckets_[Bucket(word)]) {
     if (entry.word.View() == word) return entry.code;
   }

@@ -29,23 +29,23 @@ constexpr bool IsKeyword(std::uint16_t code) { return code >= 1 && code <= kKeyw
 
 // The keyword of a code from 1 to 300, in upper case; a keyword that names an attribute, a class or
 // an action begins with its colon.
-[[nodiscard]] const char* KeywordText(std::uint16_t code) noexcept;
+[[nodiscard]] const char* KeywordText(std::uint16_t code);
 
 // Whether both are the same word in any case of letters.
-[[nodiscard]] bool IsSameWord(const char* one, const char* other) noexcept;
+[[nodiscard]] bool IsSameWord(const char* one, const char* other);
 
 // Words to codes. Built for each text that is read.
 class KeywordTable {
  public:
   // Enters all keywords. False when memory is out.
-  [[nodiscard]] bool Build() noexcept;
+  [[nodiscard]] bool Build();
   // The code of an upper-case word, or 0 when it is no keyword.
-  [[nodiscard]] std::uint16_t Find(std::string_view word) const noexcept;
+  [[nodiscard]] std::uint16_t Find(std::string_view word) const;
 
   static constexpr std::size_t kBucketCount = 101;
   // The sum of the bytes, taken as signed and kept to 16 bits without a sign, so that bytes from
   // 128 on also give a bucket.
-  [[nodiscard]] static std::size_t Bucket(std::string_view word) noexcept;
+  [[nodiscard]] static std::size_t Bucket(std::string_view word);
 
  private:
   struct Entry {

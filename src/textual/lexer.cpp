@@ -28,10 +28,10 @@ constexpr int HexadecimalDigit(char c) {
 
 class Lexer {
  public:
-  Lexer(std::string_view text, TokenList& list, LexStop& stop) noexcept
+  Lexer(std::string_view text, TokenList& list, LexStop& stop)
       : text_(text), list_(list), stop_(stop) {}
 
-  LexResult Run() noexcept {
+  LexResult Run() {
     if (text_.size() > kMaxTextSize) {
       position_ = kMaxTextSize;
       return Stop(LexResult::BadText, "the end: a text has at most 65535 bytes");
@@ -45,17 +45,17 @@ class Lexer {
   }
 
  private:
-  [[nodiscard]] bool IsAtEnd() const noexcept { return position_ >= text_.size(); }
-  [[nodiscard]] char Here() const noexcept { return text_[position_]; }
+  [[nodiscard]] bool IsAtEnd() const { return position_ >= text_.size(); }
+  [[nodiscard]] char Here() const { return text_[position_]; }
   // The byte so far ahead; 0 beyond the end.
-  [[nodiscard]] char Ahead(std::size_t distance) const noexcept {
+  [[nodiscard]] char Ahead(std::size_t distance) const {
     return position_ + distance < text_.size() ? text_[position_ + distance] : '\0';
   }
-  LexResult Stop(LexResult result, const char* expected, const char* subject = "") noexcept {
+  LexResult Stop(LexResult result, const char* expected, const char* subject = "") {
     stop_ = {static_cast<std::uint32_t>(position_), expected, subject, {}};
     return result;
   }
-  LexResult StopAt(OctetString unknownWord) noexcept {
+  LexResult StopAt(OctetString unknownWord) {
     const char* guess = NearestKeyword(unknownWord.View());
     const LexResult result = guess == nullptr
                                  ? Stop(LexResult::UnknownWord, "a keyword")
@@ -63,19 +63,19 @@ class Lexer {
     stop_.word = std::move(unknownWord);
     return result;
   }
-  LexResult Add(const Token& token) noexcept {
+  LexResult Add(const Token& token) {
     return list_.tokens.Append(token) ? LexResult::Done : LexResult::NoMemory;
   }
-  LexResult AddSimple(std::uint16_t code) noexcept {
+  LexResult AddSimple(std::uint16_t code) {
     return Add({code, 0, static_cast<std::uint32_t>(position_), 0, 0});
   }
-  LexResult AddBracket(std::uint16_t code) noexcept {
+  LexResult AddBracket(std::uint16_t code) {
     const LexResult result = AddSimple(code);
     ++position_;
     return result;
   }
 
-  LexResult ReadToken() noexcept {
+  LexResult ReadToken() {
     const char c = Here();
     switch (c) {
     case 9:
@@ -100,14 +100,14 @@ class Lexer {
     return ReadWord('}', ')');
   }
 
-  LexResult SkipByte() noexcept {
+  LexResult SkipByte() {
     ++position_;
     return LexResult::Done;
   }
 
   // A keyword, which runs until a byte that ends words or one of two brackets: the opening ones
   // behind a word with a colon, the closing ones behind a word without.
-  LexResult ReadWord(char bracket, char otherBracket) noexcept {
+  LexResult ReadWord(char bracket, char otherBracket) {
     std::size_t end = position_;
     while (end < text_.size() && !EndsWord(text_[end]) &&
            (end == position_ || (text_[end] != bracket && text_[end] != otherBracket))) {
@@ -125,7 +125,7 @@ class Lexer {
     return result;
   }
 
-  LexResult SkipComment() noexcept {
+  LexResult SkipComment() {
     if (Ahead(1) != '/') return Stop(LexResult::UnknownWord, "a second \"/\"");
     while (!IsAtEnd() && !EndsLine(Here())) ++position_;
     if (!IsAtEnd()) ++position_;
@@ -133,8 +133,8 @@ class Lexer {
   }
 
   // In double quotes a backslash makes the next byte an ordinary one.
-  LexResult ReadQuoted() noexcept {
-    return ReadString('"', [this](char& byte) noexcept {
+  LexResult ReadQuoted() {
+    return ReadString('"', [this](char& byte) {
       if (Here() == '\\') ++position_;
       if (IsAtEnd()) return false;
       byte = text_[position_++];
@@ -143,8 +143,8 @@ class Lexer {
   }
 
   // In single quotes "=" and two hexadecimal digits are one byte.
-  LexResult ReadQuotedPrintable() noexcept {
-    return ReadString('\'', [this](char& byte) noexcept {
+  LexResult ReadQuotedPrintable() {
+    return ReadString('\'', [this](char& byte) {
       const int high = HexadecimalDigit(Ahead(1));
       const int low = HexadecimalDigit(Ahead(2));
       const bool isCoded = Here() == '=' && high >= 0 && low >= 0;
@@ -155,7 +155,7 @@ class Lexer {
   }
 
   template <class ReadByte>
-  LexResult ReadString(char quote, ReadByte&& readByte) noexcept {
+  LexResult ReadString(char quote, ReadByte&& readByte) {
     const std::size_t begin = position_++;
     const std::size_t start = list_.stringBytes.Size();
     while (!IsAtEnd() && Here() != quote) {
@@ -174,7 +174,7 @@ class Lexer {
 
   // A minus or a digit and the digits behind it. A leading zero is a number by itself, and
   // hexadecimal numbers are no part of the notation.
-  LexResult ReadNumber() noexcept {
+  LexResult ReadNumber() {
     const std::size_t begin = position_;
     const bool isNegative = Here() == '-';
     if (isNegative && !IsDigit(Ahead(1))) {
@@ -195,7 +195,7 @@ class Lexer {
     }
     return AddNumber(begin, end, static_cast<std::int32_t>(isNegative ? -value : value));
   }
-  LexResult AddNumber(std::size_t begin, std::size_t end, std::int32_t value) noexcept {
+  LexResult AddNumber(std::size_t begin, std::size_t end, std::int32_t value) {
     position_ = end;
     return Add({kInteger, value, static_cast<std::uint32_t>(begin), 0, 0});
   }
@@ -211,7 +211,7 @@ class Lexer {
 
 }  // namespace
 
-LexResult Lex(std::string_view text, TokenList& list, LexStop& stop) noexcept {
+LexResult Lex(std::string_view text, TokenList& list, LexStop& stop) {
   return Lexer(text, list, stop).Run();
 }
 

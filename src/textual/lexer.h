@@ -24,7 +24,7 @@ struct TokenList {
   Sequence<Token> tokens;
   Sequence<char> stringBytes;
 
-  [[nodiscard]] std::string_view String(const Token& token) const noexcept {
+  [[nodiscard]] std::string_view String(const Token& token) const {
     return {stringBytes.begin() + token.stringStart, token.stringLength};
   }
 };
@@ -44,6 +44,6 @@ struct LexStop {
   OctetString word;          // the unknown word in capitals; otherwise absent
 };
 
-LexResult Lex(std::string_view text, TokenList& list, LexStop& stop) noexcept;
+LexResult Lex(std::string_view text, TokenList& list, LexStop& stop);
 
 }  // namespace korvel

@@ -15,7 +15,7 @@ constexpr std::size_t kLongestWord = 40;
 
 // How many letters have to be put in, left out or changed. Neither word is longer than
 // kLongestWord.
-std::size_t Distance(std::string_view one, std::string_view other) noexcept {
+std::size_t Distance(std::string_view one, std::string_view other) {
   // The distances of the part of `one` that has been looked at from all beginnings of `other`.
   std::array<std::size_t, kLongestWord + 1> row{};
   for (std::size_t k = 0; k <= other.size(); ++k) row[k] = k;
@@ -33,7 +33,7 @@ std::size_t Distance(std::string_view one, std::string_view other) noexcept {
 
 }  // namespace
 
-const char* NearestKeyword(std::string_view word) noexcept {
+const char* NearestKeyword(std::string_view word) {
   if (word.size() > kLongestWord) return nullptr;
   std::size_t nearest = std::max<std::size_t>(word.size() / 4, 1) + 1;
   const char* found = nullptr;

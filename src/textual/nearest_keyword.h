@@ -8,6 +8,6 @@ namespace korvel {
 // The keyword that takes the fewest letters put in, left out or changed to become this upper-case
 // word; the first of several. Null when none comes near: a word of up to seven bytes may differ by
 // one letter, longer ones by one for every four bytes.
-[[nodiscard]] const char* NearestKeyword(std::string_view word) noexcept;
+[[nodiscard]] const char* NearestKeyword(std::string_view word);
 
 }  // namespace korvel

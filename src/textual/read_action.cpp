@@ -10,26 +10,26 @@ namespace {
 
 using Parameters = List<GenericValue>;
 
-bool Add(TextReader& reader, GenericValue&& value, Parameters& parameters) noexcept {
+bool Add(TextReader& reader, GenericValue&& value, Parameters& parameters) {
   return parameters.Append(std::move(value)) != nullptr || reader.RefuseForMemory();
 }
 
-bool AddGeneric(TextReader& reader, ValueKind kind, Parameters& parameters) noexcept {
+bool AddGeneric(TextReader& reader, ValueKind kind, Parameters& parameters) {
   GenericValue value;
   return ReadGeneric(reader, kind, value) && Add(reader, std::move(value), parameters);
 }
 
-bool AddIntegerOrNull(TextReader& reader, Parameters& parameters) noexcept {
+bool AddIntegerOrNull(TextReader& reader, Parameters& parameters) {
   if (reader.Take(kNullWord)) return Add(reader, GenericValue{}, parameters);
   return AddGeneric(reader, ValueKind::Integer, parameters);
 }
 
 // What may still stand before the closing parenthesis.
-bool AddOptional(TextReader& reader, ValueKind kind, Parameters& parameters) noexcept {
+bool AddOptional(TextReader& reader, ValueKind kind, Parameters& parameters) {
   return reader.IsAt(kCloseParenthesis) || AddGeneric(reader, kind, parameters);
 }
 
-bool AddTyped(TextReader& reader, Parameters& parameters) noexcept {
+bool AddTyped(TextReader& reader, Parameters& parameters) {
   if (reader.TakeKeyword(":GInteger")) return AddGeneric(reader, ValueKind::Integer, parameters);
   if (reader.TakeKeyword(":GBoolean")) return AddGeneric(reader, ValueKind::Boolean, parameters);
   if (reader.TakeKeyword(":GOctetString")) {
@@ -44,14 +44,14 @@ bool AddTyped(TextReader& reader, Parameters& parameters) noexcept {
   return reader.Refuse("a value with its type, such as :GInteger");
 }
 
-bool AddTypedList(TextReader& reader, Parameters& parameters) noexcept {
+bool AddTypedList(TextReader& reader, Parameters& parameters) {
   while (!reader.IsAt(kCloseParenthesis)) {
     if (!AddTyped(reader, parameters)) return false;
   }
   return true;
 }
 
-bool AddReferences(TextReader& reader, Parameters& parameters) noexcept {
+bool AddReferences(TextReader& reader, Parameters& parameters) {
   if (!reader.Expect(kOpenParenthesis, "(")) return false;
   while (!reader.Take(kCloseParenthesis)) {
     if (!AddGeneric(reader, ValueKind::ObjectReference, parameters)) return false;
@@ -60,7 +60,7 @@ bool AddReferences(TextReader& reader, Parameters& parameters) noexcept {
 }
 
 // A point without its second coordinate is read, because BER can hold one.
-bool AddPoint(TextReader& reader, Parameters& parameters) noexcept {
+bool AddPoint(TextReader& reader, Parameters& parameters) {
   const Token begin = reader.Next();
   if (!reader.Expect(kOpenParenthesis, "(") ||
       !AddGeneric(reader, ValueKind::Integer, parameters)) {
@@ -72,7 +72,7 @@ bool AddPoint(TextReader& reader, Parameters& parameters) noexcept {
   return isTaken && reader.Expect(kCloseParenthesis, ")");
 }
 
-bool AddPoints(TextReader& reader, Parameters& parameters) noexcept {
+bool AddPoints(TextReader& reader, Parameters& parameters) {
   if (!reader.Expect(kOpenParenthesis, "(")) return false;
   while (!reader.Take(kCloseParenthesis)) {
     if (!AddPoint(reader, parameters)) return false;
@@ -80,7 +80,7 @@ bool AddPoints(TextReader& reader, Parameters& parameters) noexcept {
   return true;
 }
 
-bool AddColour(TextReader& reader, Parameters& parameters) noexcept {
+bool AddColour(TextReader& reader, Parameters& parameters) {
   if (reader.TakeKeyword(":NewColourIndex")) {
     return AddGeneric(reader, ValueKind::Integer, parameters);
   }
@@ -92,7 +92,7 @@ bool AddColour(TextReader& reader, Parameters& parameters) noexcept {
 
 // A cache priority has its place behind the size, so that a size that is not written is there as
 // none.
-bool AddNewContent(TextReader& reader, Parameters& parameters) noexcept {
+bool AddNewContent(TextReader& reader, Parameters& parameters) {
   if (!reader.TakeKeyword(":NewRefContent")) {
     return AddGeneric(reader, ValueKind::OctetString, parameters);
   }
@@ -109,13 +109,13 @@ bool AddNewContent(TextReader& reader, Parameters& parameters) noexcept {
   return reader.Expect(kCloseParenthesis, ")");
 }
 
-bool AddNewTimer(TextReader& reader, Parameters& parameters) noexcept {
+bool AddNewTimer(TextReader& reader, Parameters& parameters) {
   return AddGeneric(reader, ValueKind::Integer, parameters) &&
          (!reader.TakeKeyword(":AbsoluteTime") ||
           AddGeneric(reader, ValueKind::Boolean, parameters));
 }
 
-bool AddEventNumber(TextReader& reader, Parameters& parameters) noexcept {
+bool AddEventNumber(TextReader& reader, Parameters& parameters) {
   if (reader.IsAt(kInteger) || reader.IsAtKeyword(":IndirectRef")) {
     return AddGeneric(reader, ValueKind::Integer, parameters);
   }
@@ -124,7 +124,7 @@ bool AddEventNumber(TextReader& reader, Parameters& parameters) noexcept {
   return ReadWord(reader, kEventWords, event.Integer) && Add(reader, std::move(event), parameters);
 }
 
-bool AddParameter(TextReader& reader, Parameter parameter, Parameters& parameters) noexcept {
+bool AddParameter(TextReader& reader, Parameter parameter, Parameters& parameters) {
   switch (parameter) {
   case Parameter::Integer: return AddGeneric(reader, ValueKind::Integer, parameters);
   case Parameter::IntegerOrNull: return AddIntegerOrNull(reader, parameters);
@@ -150,20 +150,20 @@ bool AddParameter(TextReader& reader, Parameter parameter, Parameters& parameter
   return false;
 }
 
-const ActionRow* ActionAt(const TextReader& reader) noexcept {
+const ActionRow* ActionAt(const TextReader& reader) {
   const std::uint16_t code = reader.Next().code;
   if (!IsKeyword(code) || KeywordText(code)[0] != ':') return nullptr;
   return FindActionByName(KeywordText(code) + 1);
 }
 
 // A new colour may be left out of its action; that means none.
-bool IsAnyMissing(const ActionRow& row, std::size_t given) noexcept {
+bool IsAnyMissing(const ActionRow& row, std::size_t given) {
   return given < row.requiredCount && row.parameters[given] != Parameter::Colour;
 }
 
 }  // namespace
 
-bool ReadEntry(TextReader& reader, ElementaryAction& action) noexcept {
+bool ReadEntry(TextReader& reader, ElementaryAction& action) {
   const ActionRow* row = ActionAt(reader);
   if (row == nullptr) return reader.Refuse("an action");
   const Token begin = reader.Next();

@@ -13,7 +13,7 @@ namespace korvel {
 namespace {
 
 // What stands at the offset: a word, up to the next space, or a byte that cannot be shown.
-void ShowFound(std::string_view text, std::size_t offset, std::span<char> shown) noexcept {
+void ShowFound(std::string_view text, std::size_t offset, std::span<char> shown) {
   if (offset >= text.size()) {
     std::snprintf(shown.data(), shown.size(), "the end of the text");
     return;
@@ -30,7 +30,7 @@ void ShowFound(std::string_view text, std::size_t offset, std::span<char> shown)
 }
 
 void Explain(std::string_view text, std::size_t offset, const char* expected, const char* subject,
-             Construct construct, TextError& error) noexcept {
+             Construct construct, TextError& error) {
   error.place = PlaceInText(text, offset);
   ShowFound(text, offset, error.found);
   std::snprintf(error.expected.data(), error.expected.size(), "%s%s", expected, subject);
@@ -39,16 +39,16 @@ void Explain(std::string_view text, std::size_t offset, const char* expected, co
 }
 
 template <class HeldClasses>
-bool ReadObjects(TextReader& reader, List<Item>& list) noexcept;
+bool ReadObjects(TextReader& reader, List<Item>& list);
 
 // Builds one object: its attributes stand in any order, each at most once.
 template <class Record>
 class ObjectBuilder {
  public:
-  ObjectBuilder(TextReader& reader, Record& record) noexcept : reader_(reader), record_(record) {}
+  ObjectBuilder(TextReader& reader, Record& record) : reader_(reader), record_(record) {}
 
   // From the opening brace to the closing one.
-  [[nodiscard]] bool Build() noexcept {
+  [[nodiscard]] bool Build() {
     const Token begin = reader_.Next();
     if (!reader_.Expect(kOpenBrace, "{")) return false;
     // The builder of an item is only called at its keyword.
@@ -65,7 +65,7 @@ class ObjectBuilder {
  private:
   static constexpr const ClassHeading& kHeading = Description<Record>::heading;
 
-  [[nodiscard]] bool ReadAttribute() noexcept {
+  [[nodiscard]] bool ReadAttribute() {
     bool isKnown = false;
     bool isRead = false;
     std::uint64_t place = 1;
@@ -82,7 +82,7 @@ class ObjectBuilder {
 
   template <class Field>
   [[nodiscard]] bool ReadOnce(std::uint64_t place, const char* keyword, Field& field,
-                              const Form& form) noexcept {
+                              const Form& form) {
     if ((written_ & place) != 0) return reader_.Refuse("an attribute that is not written yet");
     written_ |= place;
     reader_.Skip();
@@ -93,7 +93,7 @@ class ObjectBuilder {
   }
 
   template <class Field>
-  [[nodiscard]] bool ReadField(Field& field, const Form& form) noexcept {
+  [[nodiscard]] bool ReadField(Field& field, const Form& form) {
     if (form.innerKeyword != nullptr && !reader_.ExpectKeyword(form.innerKeyword)) return false;
     if constexpr (std::is_same_v<Field, List<Item>>) {
       return ReadObjects<MemberClasses<Record>>(reader_, field);
@@ -102,7 +102,7 @@ class ObjectBuilder {
     }
   }
 
-  [[nodiscard]] bool NoteMissing(const Token& begin) noexcept {
+  [[nodiscard]] bool NoteMissing(const Token& begin) {
     bool isNoted = true;
     std::uint64_t place = 1;
     const auto noteIfLeftOut = [&](const char* keyword, const Form& form) {
@@ -120,7 +120,7 @@ class ObjectBuilder {
   std::uint64_t written_ = 0;  // a bit for each attribute
 };
 
-bool ReadObject(TextReader& reader, auto heldClasses, Item& item) noexcept {
+bool ReadObject(TextReader& reader, auto heldClasses, Item& item) {
   bool isKnown = false;
   bool isRead = false;
   ForEachClass(heldClasses, [&]<class Record>() {
@@ -135,7 +135,7 @@ bool ReadObject(TextReader& reader, auto heldClasses, Item& item) noexcept {
 
 // Objects in parentheses, of the classes that the list holds.
 template <class HeldClasses>
-bool ReadObjects(TextReader& reader, List<Item>& list) noexcept {
+bool ReadObjects(TextReader& reader, List<Item>& list) {
   if (!reader.Expect(kOpenParenthesis, "(")) return false;
   while (!reader.Take(kCloseParenthesis)) {
     Item item;
@@ -147,7 +147,7 @@ bool ReadObjects(TextReader& reader, List<Item>& list) noexcept {
 
 // The whole text as one group of that class. All tokens are put back when it is none.
 template <class Record>
-bool ReadWhole(TextReader& reader, Record& record) noexcept {
+bool ReadWhole(TextReader& reader, Record& record) {
   const std::size_t place = reader.Place();
   if (ObjectBuilder<Record>(reader, record).Build() &&
       (reader.IsAt(kEndOfText) || reader.Refuse("the end of the text"))) {
@@ -158,7 +158,7 @@ bool ReadWhole(TextReader& reader, Record& record) noexcept {
   return false;
 }
 
-TextResult BuildGroup(TextReader& reader, OwnedGroup& group, bool& isApplication) noexcept {
+TextResult BuildGroup(TextReader& reader, OwnedGroup& group, bool& isApplication) {
   auto application = Owned<Application>::New();
   if (!application) return TextResult::NoMemory;
   if (ReadWhole(reader, *application)) {
@@ -176,7 +176,7 @@ TextResult BuildGroup(TextReader& reader, OwnedGroup& group, bool& isApplication
 
 }  // namespace
 
-TextPlace PlaceInText(std::string_view text, std::size_t offset) noexcept {
+TextPlace PlaceInText(std::string_view text, std::size_t offset) {
   TextPlace place{1, 1};
   for (const char c : text.substr(0, offset)) {
     place = c == '\n' ? TextPlace{place.line + 1, 1} : TextPlace{place.line, place.column + 1};
@@ -185,7 +185,7 @@ TextPlace PlaceInText(std::string_view text, std::size_t offset) noexcept {
 }
 
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication,
-                         TextError& error, List<MissingPart>* missing) noexcept {
+                         TextError& error, List<MissingPart>* missing) {
   TokenList list;
   LexStop stop;
   if (Lex(text, list, stop) != LexResult::Done) {
@@ -202,7 +202,7 @@ TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isAppli
   return result;
 }
 
-TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication) noexcept {
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication) {
   TextError error;
   const TextResult result = ReadTextGroup(text, group, isApplication, error);
   if (error.unknownWord.IsPresent()) {

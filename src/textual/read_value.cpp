@@ -4,7 +4,7 @@
 namespace korvel {
 namespace {
 
-bool ReadReferencedContent(TextReader& reader, ContentBody& value) noexcept {
+bool ReadReferencedContent(TextReader& reader, ContentBody& value) {
   const bool isBracketed = reader.Take(kOpenParenthesis);
   if (!Read(reader, value.Data)) return false;
   value.IsReferenced = true;
@@ -13,7 +13,7 @@ bool ReadReferencedContent(TextReader& reader, ContentBody& value) noexcept {
   return !isBracketed || reader.Expect(kCloseParenthesis, ")");
 }
 
-bool ReadLiteral(TextReader& reader, ValueKind kind, GenericValue& value) noexcept {
+bool ReadLiteral(TextReader& reader, ValueKind kind, GenericValue& value) {
   switch (kind) {
   case ValueKind::None: break;
   case ValueKind::Boolean: return Read(reader, value.Boolean);
@@ -33,14 +33,14 @@ bool ReadLiteral(TextReader& reader, ValueKind kind, GenericValue& value) noexce
 
 }  // namespace
 
-bool Read(TextReader& reader, bool& value, const Form& /*form*/) noexcept {
+bool Read(TextReader& reader, bool& value, const Form& /*form*/) {
   if (!reader.IsAt(kTrueWord) && !reader.IsAt(kFalseWord)) return reader.Refuse("TRUE or FALSE");
   value = reader.IsAt(kTrueWord);
   reader.Skip();
   return true;
 }
 
-bool ReadWord(TextReader& reader, Words words, std::int32_t& value) noexcept {
+bool ReadWord(TextReader& reader, Words words, std::int32_t& value) {
   for (std::size_t i = 0; i < words.size(); ++i) {
     if (!reader.TakeKeyword(words[i])) continue;
     value = static_cast<std::int32_t>(i + 1);
@@ -49,7 +49,7 @@ bool ReadWord(TextReader& reader, Words words, std::int32_t& value) noexcept {
   return reader.Refuse("a word such as ", words.front());
 }
 
-bool Read(TextReader& reader, std::int32_t& value, const Form& form) noexcept {
+bool Read(TextReader& reader, std::int32_t& value, const Form& form) {
   if (!form.words.empty()) return ReadWord(reader, form.words, value);
   if (!reader.IsAt(kInteger)) return reader.Refuse("an integer");
   value = reader.Next().number;
@@ -57,14 +57,14 @@ bool Read(TextReader& reader, std::int32_t& value, const Form& form) noexcept {
   return true;
 }
 
-bool Read(TextReader& reader, OctetString& value, const Form& /*form*/) noexcept {
+bool Read(TextReader& reader, OctetString& value, const Form& /*form*/) {
   if (!reader.IsAt(kString)) return reader.Refuse("a string");
   if (!value.Assign(reader.String(reader.Next()))) return reader.RefuseForMemory();
   reader.Skip();
   return true;
 }
 
-bool Read(TextReader& reader, ObjectReference& value, const Form& /*form*/) noexcept {
+bool Read(TextReader& reader, ObjectReference& value, const Form& /*form*/) {
   if (!reader.Take(kOpenParenthesis)) {
     return reader.IsAt(kInteger) ? Read(reader, value.Number)
                                  : reader.Refuse("an object number or (group number)");
@@ -73,13 +73,13 @@ bool Read(TextReader& reader, ObjectReference& value, const Form& /*form*/) noex
          reader.Expect(kCloseParenthesis, ")");
 }
 
-bool Read(TextReader& reader, OptionalReference& value, const Form& /*form*/) noexcept {
+bool Read(TextReader& reader, OptionalReference& value, const Form& /*form*/) {
   if (!Read(reader, value.Reference)) return false;
   value.IsPresent = true;
   return true;
 }
 
-bool Read(TextReader& reader, ColourValue& value, const Form& /*form*/) noexcept {
+bool Read(TextReader& reader, ColourValue& value, const Form& /*form*/) {
   const bool isAbsolute = reader.IsAt(kString);
   if (!isAbsolute && !reader.IsAt(kInteger)) {
     return reader.Refuse("a colour: a string or an index");
@@ -88,23 +88,23 @@ bool Read(TextReader& reader, ColourValue& value, const Form& /*form*/) noexcept
   return isAbsolute ? Read(reader, value.Absolute) : Read(reader, value.Index);
 }
 
-bool Read(TextReader& reader, FontBody& value, const Form& /*form*/) noexcept {
+bool Read(TextReader& reader, FontBody& value, const Form& /*form*/) {
   const bool isName = reader.IsAt(kString);
   value.Kind = isName ? ValueKind::OctetString : ValueKind::ObjectReference;
   return isName ? Read(reader, value.Name) : Read(reader, value.Reference);
 }
 
-bool Read(TextReader& reader, ContentBody& value, const Form& /*form*/) noexcept {
+bool Read(TextReader& reader, ContentBody& value, const Form& /*form*/) {
   return reader.TakeKeyword(":ContentRef") ? ReadReferencedContent(reader, value)
                                            : Read(reader, value.Data);
 }
 
-bool Read(TextReader& reader, ContentReference& value, const Form& /*form*/) noexcept {
+bool Read(TextReader& reader, ContentReference& value, const Form& /*form*/) {
   const bool isBracketed = reader.Take(kOpenParenthesis);
   return Read(reader, value.Path) && (!isBracketed || reader.Expect(kCloseParenthesis, ")"));
 }
 
-bool Read(TextReader& reader, GenericValue& value, const Form& /*form*/) noexcept {
+bool Read(TextReader& reader, GenericValue& value, const Form& /*form*/) {
   if (reader.IsAt(kInteger)) {
     value.Kind = ValueKind::Integer;
   } else if (reader.IsAt(kString)) {
@@ -117,16 +117,14 @@ bool Read(TextReader& reader, GenericValue& value, const Form& /*form*/) noexcep
   return ReadLiteral(reader, value.Kind, value);
 }
 
-bool ReadGeneric(TextReader& reader, ValueKind kind, GenericValue& value) noexcept {
+bool ReadGeneric(TextReader& reader, ValueKind kind, GenericValue& value) {
   value.Kind = reader.TakeKeyword(":IndirectRef") ? ValueKind::IndirectReference : kind;
   return ReadLiteral(reader, value.Kind, value);
 }
 
-bool ReadEntry(TextReader& reader, Movement& movement) noexcept {
-  return Read(reader, movement.Targets);
-}
+bool ReadEntry(TextReader& reader, Movement& movement) { return Read(reader, movement.Targets); }
 
-bool ReadEntry(TextReader& reader, ActionSlot& slot) noexcept {
+bool ReadEntry(TextReader& reader, ActionSlot& slot) {
   slot.IsNull = reader.Take(kNullWord);
   return slot.IsNull || Read(reader, slot.Actions);
 }

@@ -12,31 +12,29 @@
 
 namespace korvel {
 
-[[nodiscard]] bool Read(TextReader& reader, bool& value, const Form& form = {}) noexcept;
+[[nodiscard]] bool Read(TextReader& reader, bool& value, const Form& form = {});
 // An integer; a word when the form has words.
-[[nodiscard]] bool Read(TextReader& reader, std::int32_t& value, const Form& form = {}) noexcept;
-[[nodiscard]] bool Read(TextReader& reader, OctetString& value, const Form& form = {}) noexcept;
-[[nodiscard]] bool Read(TextReader& reader, ObjectReference& value, const Form& form = {}) noexcept;
-[[nodiscard]] bool Read(TextReader& reader, OptionalReference& value,
-                        const Form& form = {}) noexcept;
-[[nodiscard]] bool Read(TextReader& reader, ColourValue& value, const Form& form = {}) noexcept;
-[[nodiscard]] bool Read(TextReader& reader, FontBody& value, const Form& form = {}) noexcept;
-[[nodiscard]] bool Read(TextReader& reader, ContentBody& value, const Form& form = {}) noexcept;
+[[nodiscard]] bool Read(TextReader& reader, std::int32_t& value, const Form& form = {});
+[[nodiscard]] bool Read(TextReader& reader, OctetString& value, const Form& form = {});
+[[nodiscard]] bool Read(TextReader& reader, ObjectReference& value, const Form& form = {});
+[[nodiscard]] bool Read(TextReader& reader, OptionalReference& value, const Form& form = {});
+[[nodiscard]] bool Read(TextReader& reader, ColourValue& value, const Form& form = {});
+[[nodiscard]] bool Read(TextReader& reader, FontBody& value, const Form& form = {});
+[[nodiscard]] bool Read(TextReader& reader, ContentBody& value, const Form& form = {});
 // A path, with or without parentheses.
-[[nodiscard]] bool Read(TextReader& reader, ContentReference& value,
-                        const Form& form = {}) noexcept;
+[[nodiscard]] bool Read(TextReader& reader, ContentReference& value, const Form& form = {});
 // An event's data: a boolean, an integer or a string.
-[[nodiscard]] bool Read(TextReader& reader, GenericValue& value, const Form& form = {}) noexcept;
+[[nodiscard]] bool Read(TextReader& reader, GenericValue& value, const Form& form = {});
 
 // A parameter or target: a literal of that kind, or ":IndirectRef" and the variable that holds one.
-[[nodiscard]] bool ReadGeneric(TextReader& reader, ValueKind kind, GenericValue& value) noexcept;
+[[nodiscard]] bool ReadGeneric(TextReader& reader, ValueKind kind, GenericValue& value);
 
 // The number of a word, from 1 on.
-[[nodiscard]] bool ReadWord(TextReader& reader, Words words, std::int32_t& value) noexcept;
+[[nodiscard]] bool ReadWord(TextReader& reader, Words words, std::int32_t& value);
 
 // A structure's elements in their order, those with a keyword only where it stands.
 template <IsSequence Record>
-[[nodiscard]] bool Read(TextReader& reader, Record& record, const Form& /*form*/ = {}) noexcept {
+[[nodiscard]] bool Read(TextReader& reader, Record& record, const Form& /*form*/ = {}) {
   bool isRead = true;
   ForEachElement<Record>([&](const auto& element) {
     if (!isRead) return;
@@ -48,21 +46,21 @@ template <IsSequence Record>
 
 // One entry of a list. A structure stands in parentheses there.
 template <class Entry>
-[[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) noexcept {
+[[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) {
   return Read(reader, entry);
 }
 template <IsSequence Entry>
-[[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) noexcept {
+[[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) {
   return reader.Expect(kOpenParenthesis, "(") && Read(reader, entry) &&
          reader.Expect(kCloseParenthesis, ")");
 }
-[[nodiscard]] bool ReadEntry(TextReader& reader, Movement& movement) noexcept;
-[[nodiscard]] bool ReadEntry(TextReader& reader, ActionSlot& slot) noexcept;
-[[nodiscard]] bool ReadEntry(TextReader& reader, ElementaryAction& action) noexcept;
+[[nodiscard]] bool ReadEntry(TextReader& reader, Movement& movement);
+[[nodiscard]] bool ReadEntry(TextReader& reader, ActionSlot& slot);
+[[nodiscard]] bool ReadEntry(TextReader& reader, ElementaryAction& action);
 
 // Entries in parentheses.
 template <class Entry>
-[[nodiscard]] bool Read(TextReader& reader, List<Entry>& list, const Form& /*form*/ = {}) noexcept {
+[[nodiscard]] bool Read(TextReader& reader, List<Entry>& list, const Form& /*form*/ = {}) {
   if (!reader.Expect(kOpenParenthesis, "(")) return false;
   while (!reader.Take(kCloseParenthesis)) {
     Entry entry{};

@@ -3,7 +3,7 @@
 
 namespace korvel {
 
-bool TextReader::Refuse(const char* expected, const char* subject) noexcept {
+bool TextReader::Refuse(const char* expected, const char* subject) {
   if (place_ > refusedPlace_ || *expected_ == 0) {
     refusedPlace_ = place_;
     expected_ = expected;
@@ -13,7 +13,7 @@ bool TextReader::Refuse(const char* expected, const char* subject) noexcept {
   return false;
 }
 
-bool TextReader::NoteMissing(const Token& begin, const char* owner, const char* missing) noexcept {
+bool TextReader::NoteMissing(const Token& begin, const char* owner, const char* missing) {
   if (missing_ == nullptr) return true;
   return missing_->Append({begin.offset, owner, missing}) != nullptr || RefuseForMemory();
 }

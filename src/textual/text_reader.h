@@ -19,64 +19,60 @@ struct Construct {
 class TextReader {
  public:
   // Both are borrowed. `missing` may be null.
-  TextReader(const TokenList& list, List<MissingPart>* missing) noexcept
-      : list_(list), missing_(missing) {}
+  TextReader(const TokenList& list, List<MissingPart>* missing) : list_(list), missing_(missing) {}
 
-  [[nodiscard]] const Token& Next() const noexcept { return list_.tokens[place_]; }
-  [[nodiscard]] std::string_view String(const Token& token) const noexcept {
-    return list_.String(token);
-  }
-  [[nodiscard]] bool IsAt(std::uint16_t code) const noexcept { return Next().code == code; }
+  [[nodiscard]] const Token& Next() const { return list_.tokens[place_]; }
+  [[nodiscard]] std::string_view String(const Token& token) const { return list_.String(token); }
+  [[nodiscard]] bool IsAt(std::uint16_t code) const { return Next().code == code; }
   // `keyword` in any case of letters.
-  [[nodiscard]] bool IsAtKeyword(const char* keyword) const noexcept {
+  [[nodiscard]] bool IsAtKeyword(const char* keyword) const {
     return IsKeyword(Next().code) && IsSameWord(KeywordText(Next().code), keyword);
   }
   // Whether an object with that keyword begins here: a brace and the keyword behind it.
-  [[nodiscard]] bool IsAtObject(const char* keyword) const noexcept {
+  [[nodiscard]] bool IsAtObject(const char* keyword) const {
     if (!IsAt(kOpenBrace)) return false;
     const std::uint16_t code = list_.tokens[place_ + 1].code;
     return IsKeyword(code) && IsSameWord(KeywordText(code), keyword);
   }
 
   // Takes the next token, which is not the end of the text.
-  void Skip() noexcept { ++place_; }
+  void Skip() { ++place_; }
   // Takes the next token if it is this one.
-  bool Take(std::uint16_t code) noexcept { return IsAt(code) && TakeNext(); }
-  bool TakeKeyword(const char* keyword) noexcept { return IsAtKeyword(keyword) && TakeNext(); }
+  bool Take(std::uint16_t code) { return IsAt(code) && TakeNext(); }
+  bool TakeKeyword(const char* keyword) { return IsAtKeyword(keyword) && TakeNext(); }
   // Takes the next token, which must be this one.
-  [[nodiscard]] bool Expect(std::uint16_t code, const char* expected) noexcept {
+  [[nodiscard]] bool Expect(std::uint16_t code, const char* expected) {
     return Take(code) || Refuse(expected);
   }
-  [[nodiscard]] bool ExpectKeyword(const char* keyword) noexcept {
+  [[nodiscard]] bool ExpectKeyword(const char* keyword) {
     return TakeKeyword(keyword) || Refuse(keyword);
   }
 
   // The place of the next token, and the way back to it.
-  [[nodiscard]] std::size_t Place() const noexcept { return place_; }
-  void PutBackTo(std::size_t place) noexcept { place_ = place; }
+  [[nodiscard]] std::size_t Place() const { return place_; }
+  void PutBackTo(std::size_t place) { place_ = place; }
 
   // Says what is read from here on, and returns what was read before, for the caller to go back to.
   // After a refusal nobody needs to: it has been noted with the innermost.
-  Construct Enter(Construct construct) noexcept { return std::exchange(construct_, construct); }
+  Construct Enter(Construct construct) { return std::exchange(construct_, construct); }
 
   // Notes what could have stood at the next token; `subject` is added to it. Always false, for the
   // caller to return.
-  bool Refuse(const char* expected, const char* subject = "") noexcept;
+  bool Refuse(const char* expected, const char* subject = "");
   // The same for an allocation that failed.
-  bool RefuseForMemory() noexcept { return Refuse("more memory"); }
+  bool RefuseForMemory() { return Refuse("more memory"); }
 
   // Notes a part that an author has to write.
-  [[nodiscard]] bool NoteMissing(const Token& begin, const char* owner,
-                                 const char* missing) noexcept;
+  [[nodiscard]] bool NoteMissing(const Token& begin, const char* owner, const char* missing);
 
   // The furthest refusal.
-  [[nodiscard]] const Token& RefusedToken() const noexcept { return list_.tokens[refusedPlace_]; }
-  [[nodiscard]] const char* Expected() const noexcept { return expected_; }
-  [[nodiscard]] const char* Subject() const noexcept { return subject_; }
-  [[nodiscard]] Construct RefusedIn() const noexcept { return refusedIn_; }
+  [[nodiscard]] const Token& RefusedToken() const { return list_.tokens[refusedPlace_]; }
+  [[nodiscard]] const char* Expected() const { return expected_; }
+  [[nodiscard]] const char* Subject() const { return subject_; }
+  [[nodiscard]] Construct RefusedIn() const { return refusedIn_; }
 
  private:
-  bool TakeNext() noexcept {
+  bool TakeNext() {
     ++place_;
     return true;
   }

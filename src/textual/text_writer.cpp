@@ -8,7 +8,7 @@ namespace korvel {
 namespace {
 
 // How many bytes a UTF-8 character has by its first byte; 0 for a byte that begins none.
-std::size_t CharacterLength(char first) noexcept {
+std::size_t CharacterLength(char first) {
   const auto byte = static_cast<unsigned char>(first);
   if (byte < 0x80) return 1;
   if (byte >= 0xC2 && byte < 0xE0) return 2;
@@ -16,11 +16,11 @@ std::size_t CharacterLength(char first) noexcept {
   return byte >= 0xF0 && byte < 0xF5 ? 4 : 0;
 }
 
-bool IsContinuation(char c) noexcept { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
-bool IsControl(char c) noexcept { return static_cast<unsigned char>(c) < 32 || c == 127; }
+bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+bool IsControl(char c) { return static_cast<unsigned char>(c) < 32 || c == 127; }
 
 // Whether an editor shows the bytes as they are: characters of UTF-8 and no control bytes.
-bool IsPlainText(std::string_view bytes) noexcept {
+bool IsPlainText(std::string_view bytes) {
   for (std::size_t i = 0; i < bytes.size();) {
     const std::size_t length = CharacterLength(bytes[i]);
     if (length == 0 || length > bytes.size() - i || IsControl(bytes[i])) return false;
@@ -33,38 +33,38 @@ bool IsPlainText(std::string_view bytes) noexcept {
 }
 
 // Whether a byte stands for itself in single quotes.
-bool IsUncoded(char c) noexcept {
+bool IsUncoded(char c) {
   const auto byte = static_cast<unsigned char>(c);
   return byte >= 32 && byte < 127 && c != '\'' && c != '=';
 }
 
 }  // namespace
 
-void TextWriter::Add(char byte) noexcept {
+void TextWriter::Add(char byte) {
   if (!hasFailed_ && !text_.Append(byte)) hasFailed_ = true;
 }
 
-void TextWriter::Add(std::string_view bytes) noexcept {
+void TextWriter::Add(std::string_view bytes) {
   for (const char byte : bytes) Add(byte);
 }
 
-void TextWriter::Separate() noexcept {
+void TextWriter::Separate() {
   if (isSpaceDue_) Add(' ');
   isSpaceDue_ = true;
 }
 
-void TextWriter::Word(std::string_view word) noexcept {
+void TextWriter::Word(std::string_view word) {
   Separate();
   Add(word);
 }
 
-void TextWriter::Number(std::int32_t number) noexcept {
+void TextWriter::Number(std::int32_t number) {
   char digits[16];
   const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
   Word({digits, static_cast<std::size_t>(end - digits)});
 }
 
-void TextWriter::AddCoded(char byte) noexcept {
+void TextWriter::AddCoded(char byte) {
   constexpr const char* kDigits = "0123456789ABCDEF";
   const auto value = static_cast<unsigned char>(byte);
   Add('=');
@@ -72,7 +72,7 @@ void TextWriter::AddCoded(char byte) noexcept {
   Add(kDigits[value & 15]);
 }
 
-void TextWriter::String(std::string_view bytes) noexcept {
+void TextWriter::String(std::string_view bytes) {
   Separate();
   const bool isPlain = IsPlainText(bytes);
   Add(isPlain ? '"' : '\'');
@@ -83,35 +83,35 @@ void TextWriter::String(std::string_view bytes) noexcept {
   Add(isPlain ? '"' : '\'');
 }
 
-void TextWriter::CodedString(std::string_view bytes) noexcept {
+void TextWriter::CodedString(std::string_view bytes) {
   Separate();
   Add('\'');
   for (const char byte : bytes) AddCoded(byte);
   Add('\'');
 }
 
-void TextWriter::Open(char bracket) noexcept {
+void TextWriter::Open(char bracket) {
   Separate();
   OpenBehindWord(bracket);
 }
 
-void TextWriter::OpenBehindWord(char bracket) noexcept {
+void TextWriter::OpenBehindWord(char bracket) {
   Add(bracket);
   isSpaceDue_ = false;
 }
 
-void TextWriter::Close(char bracket) noexcept {
+void TextWriter::Close(char bracket) {
   Add(bracket);
   isSpaceDue_ = true;
 }
 
-void TextWriter::NewLine() noexcept {
+void TextWriter::NewLine() {
   Add('\n');
   for (std::size_t i = 0; i < depth_; ++i) Add("  ");
   isSpaceDue_ = false;
 }
 
-void TextWriter::FailForWord(std::int32_t number) noexcept {
+void TextWriter::FailForWord(std::int32_t number) {
   if (hasFailed_) return;
   hasFailed_ = true;
   wordless_ = place_;

@@ -14,41 +14,39 @@ namespace korvel {
 class TextWriter {
  public:
   // A word or a number, a space before it unless a bracket or the line has just been opened.
-  void Word(std::string_view word) noexcept;
+  void Word(std::string_view word);
   // More of the same word.
-  void Behind(std::string_view rest) noexcept { Add(rest); }
-  void Number(std::int32_t number) noexcept;
+  void Behind(std::string_view rest) { Add(rest); }
+  void Number(std::int32_t number);
   // A string in the quotes that suit its bytes: double ones for text, single ones where bytes have
   // to be coded.
-  void String(std::string_view bytes) noexcept;
+  void String(std::string_view bytes);
   // A string with every byte coded, as colours are written.
-  void CodedString(std::string_view bytes) noexcept;
+  void CodedString(std::string_view bytes);
 
-  void Open(char bracket) noexcept;            // stands apart from the word before it
-  void OpenBehindWord(char bracket) noexcept;  // stands at the word before it
-  void Close(char bracket) noexcept;
+  void Open(char bracket);            // stands apart from the word before it
+  void OpenBehindWord(char bracket);  // stands at the word before it
+  void Close(char bracket);
 
   // Between an opening and a closing bracket, each line one level deeper.
-  void Indent() noexcept { ++depth_; }
-  void Outdent() noexcept { --depth_; }
-  void NewLine() noexcept;
+  void Indent() { ++depth_; }
+  void Outdent() { --depth_; }
+  void NewLine();
 
   // What is being written, for the message about a value without a word.
-  void SetPlace(std::int32_t object, const char* keyword) noexcept {
-    place_ = {object, keyword, 0};
-  }
-  void FailForWord(std::int32_t number) noexcept;
+  void SetPlace(std::int32_t object, const char* keyword) { place_ = {object, keyword, 0}; }
+  void FailForWord(std::int32_t number);
 
-  [[nodiscard]] bool HasFailed() const noexcept { return hasFailed_; }
+  [[nodiscard]] bool HasFailed() const { return hasFailed_; }
   // Empty when memory ran out.
-  [[nodiscard]] const WordlessValue& Wordless() const noexcept { return wordless_; }
-  [[nodiscard]] std::string_view Text() const noexcept { return {text_.begin(), text_.Size()}; }
+  [[nodiscard]] const WordlessValue& Wordless() const { return wordless_; }
+  [[nodiscard]] std::string_view Text() const { return {text_.begin(), text_.Size()}; }
 
  private:
-  void Add(char byte) noexcept;
-  void Add(std::string_view bytes) noexcept;
-  void AddCoded(char byte) noexcept;
-  void Separate() noexcept;
+  void Add(char byte);
+  void Add(std::string_view bytes);
+  void AddCoded(char byte);
+  void Separate();
 
   Sequence<char> text_;
   std::size_t depth_ = 0;

@@ -51,16 +51,16 @@ struct MissingPart {
 };
 
 // The line and column of an offset.
-[[nodiscard]] TextPlace PlaceInText(std::string_view text, std::size_t offset) noexcept;
+[[nodiscard]] TextPlace PlaceInText(std::string_view text, std::size_t offset);
 
 // Reads a whole group. After a failure `group` and `isApplication` are as they were. A word that is
 // no keyword is printed, as "Error string : " and the word.
-TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication) noexcept;
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication);
 
 // The same for callers that report errors themselves: nothing is printed. `error` receives why the
 // text was refused, and `missing`, when given, what was left out.
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication,
-                         TextError& error, List<MissingPart>* missing = nullptr) noexcept;
+                         TextError& error, List<MissingPart>* missing = nullptr);
 
 // A value that the notation has no word for: the object that carries it and the attribute's
 // keyword.
@@ -74,7 +74,6 @@ struct WordlessValue {
 // their construction values left out unless an author must write them. Reading the text gives equal
 // records. Refused, with `text` untouched, for a value without a word, which `wordless` then
 // receives, and when memory runs out.
-Status WriteTextGroup(const Group& group, OctetString& text,
-                      WordlessValue* wordless = nullptr) noexcept;
+Status WriteTextGroup(const Group& group, OctetString& text, WordlessValue* wordless = nullptr);
 
 }  // namespace korvel

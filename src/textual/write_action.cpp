@@ -12,19 +12,19 @@ namespace {
 // The values of an action that are not written yet.
 class Values {
  public:
-  explicit Values(const List<GenericValue>& list) noexcept
+  explicit Values(const List<GenericValue>& list)
       : place_(list.begin()), end_(list.end()), left_(list.Size()) {}
 
-  [[nodiscard]] std::size_t Left() const noexcept { return left_; }
-  [[nodiscard]] const GenericValue& Next() const noexcept { return *place_; }
-  const GenericValue& Take() noexcept {
+  [[nodiscard]] std::size_t Left() const { return left_; }
+  [[nodiscard]] const GenericValue& Next() const { return *place_; }
+  const GenericValue& Take() {
     const GenericValue& value = *place_;
     ++place_;
     --left_;
     return value;
   }
   // The kind of the last value.
-  [[nodiscard]] ValueKind LastKind() const noexcept {
+  [[nodiscard]] ValueKind LastKind() const {
     ValueKind kind = ValueKind::None;
     for (auto place = place_; !(place == end_); ++place) kind = place->Kind;
     return kind;
@@ -39,7 +39,7 @@ class Values {
 
 // The word that announces the type of a value. What a variable will hold is not known when the
 // value is read from one; an integer then stands for any type.
-const char* TypeWord(ValueKind kind) noexcept {
+const char* TypeWord(ValueKind kind) {
   switch (kind) {
   case ValueKind::Boolean: return ":GBoolean";
   case ValueKind::OctetString: return ":GOctetString";
@@ -52,12 +52,12 @@ const char* TypeWord(ValueKind kind) noexcept {
   return ":GInteger";
 }
 
-void WriteTyped(TextWriter& writer, Values& values) noexcept {
+void WriteTyped(TextWriter& writer, Values& values) {
   writer.Word(TypeWord(values.Next().Kind));
   Write(writer, values.Take());
 }
 
-void WriteReferences(TextWriter& writer, Values& values) noexcept {
+void WriteReferences(TextWriter& writer, Values& values) {
   const ValueKind last = values.LastKind();
   const bool isNamed = last == ValueKind::OctetString || last == ValueKind::IndirectReference;
   writer.Open('(');
@@ -65,7 +65,7 @@ void WriteReferences(TextWriter& writer, Values& values) noexcept {
   writer.Close(')');
 }
 
-void WritePoints(TextWriter& writer, Values& values) noexcept {
+void WritePoints(TextWriter& writer, Values& values) {
   writer.Open('(');
   while (values.Left() > 0) {
     writer.Open('(');
@@ -76,14 +76,14 @@ void WritePoints(TextWriter& writer, Values& values) noexcept {
   writer.Close(')');
 }
 
-void WriteColour(TextWriter& writer, Values& values) noexcept {
+void WriteColour(TextWriter& writer, Values& values) {
   const GenericValue& colour = values.Take();
   writer.Word(colour.Kind == ValueKind::Integer ? ":NewColourIndex" : ":NewAbsoluteColour");
   if (colour.Kind == ValueKind::OctetString) return writer.CodedString(colour.Octets.View());
   Write(writer, colour);
 }
 
-void WriteNewContent(TextWriter& writer, Values& values) noexcept {
+void WriteNewContent(TextWriter& writer, Values& values) {
   const bool isReferenced = values.Next().Kind == ValueKind::ContentReference || values.Left() > 1;
   if (!isReferenced) return Write(writer, values.Take());
   writer.Word(":NewRefContent");
@@ -97,14 +97,14 @@ void WriteNewContent(TextWriter& writer, Values& values) noexcept {
   writer.Close(')');
 }
 
-void WriteNewTimer(TextWriter& writer, Values& values) noexcept {
+void WriteNewTimer(TextWriter& writer, Values& values) {
   Write(writer, values.Take());
   if (values.Left() == 0) return;
   writer.Word(":AbsoluteTime");
   Write(writer, values.Take());
 }
 
-void WriteEventNumber(TextWriter& writer, Values& values) noexcept {
+void WriteEventNumber(TextWriter& writer, Values& values) {
   const GenericValue& event = values.Take();
   const bool hasWord = event.Kind == ValueKind::Integer && event.Integer >= 1 &&
                        static_cast<std::size_t>(event.Integer) <= kEventWords.size();
@@ -112,7 +112,7 @@ void WriteEventNumber(TextWriter& writer, Values& values) noexcept {
   writer.Word(kEventWords[static_cast<std::size_t>(event.Integer) - 1]);
 }
 
-void WriteParameter(TextWriter& writer, Parameter parameter, Values& values) noexcept {
+void WriteParameter(TextWriter& writer, Parameter parameter, Values& values) {
   switch (parameter) {
   case Parameter::Integer:
   case Parameter::IntegerOrNull:
@@ -138,7 +138,7 @@ void WriteParameter(TextWriter& writer, Parameter parameter, Values& values) noe
 
 }  // namespace
 
-void WriteEntry(TextWriter& writer, const ElementaryAction& action) noexcept {
+void WriteEntry(TextWriter& writer, const ElementaryAction& action) {
   const ActionRow* row = FindAction(action.ActionType);
   if (row == nullptr || action.ActionType > kDecodedActionCount) {
     return writer.FailForWord(action.ActionType);

@@ -8,7 +8,7 @@ namespace korvel {
 namespace {
 
 template <class Record>
-void WriteObject(TextWriter& writer, const Record& record) noexcept {
+void WriteObject(TextWriter& writer, const Record& record) {
   const Record construction{};
   bool hasAttributes = false;
   writer.Open('{');
@@ -34,13 +34,13 @@ void WriteObject(TextWriter& writer, const Record& record) noexcept {
 
 }  // namespace
 
-void WriteEntry(TextWriter& writer, const Item& item) noexcept {
+void WriteEntry(TextWriter& writer, const Item& item) {
   VisitIngredientClass(item.Type(), [&]<class Record>() {
     WriteObject(writer, static_cast<const Record&>(item.As<Record>()));
   });
 }
 
-Status WriteTextGroup(const Group& group, OctetString& text, WordlessValue* wordless) noexcept {
+Status WriteTextGroup(const Group& group, OctetString& text, WordlessValue* wordless) {
   TextWriter writer;
   if (group.Type == ItemType::Application) {
     WriteObject(writer, static_cast<const Application&>(group));

@@ -3,19 +3,15 @@
 
 namespace korvel {
 
-bool IsGiven(std::int32_t value, const Form& form) noexcept {
-  return form.words.empty() || value != 0;
-}
-bool IsGiven(const OctetString& value, const Form& /*form*/) noexcept { return value.IsPresent(); }
-bool IsGiven(const ContentReference& value, const Form& /*form*/) noexcept {
-  return value.Path.IsPresent();
-}
+bool IsGiven(std::int32_t value, const Form& form) { return form.words.empty() || value != 0; }
+bool IsGiven(const OctetString& value, const Form& /*form*/) { return value.IsPresent(); }
+bool IsGiven(const ContentReference& value, const Form& /*form*/) { return value.Path.IsPresent(); }
 
-void Write(TextWriter& writer, bool value, const Form& /*form*/) noexcept {
+void Write(TextWriter& writer, bool value, const Form& /*form*/) {
   writer.Word(value ? "TRUE" : "FALSE");
 }
 
-void Write(TextWriter& writer, std::int32_t value, const Form& form) noexcept {
+void Write(TextWriter& writer, std::int32_t value, const Form& form) {
   if (form.words.empty()) return writer.Number(value);
   if (value < 1 || static_cast<std::size_t>(value) > form.words.size()) {
     return writer.FailForWord(value);
@@ -23,11 +19,11 @@ void Write(TextWriter& writer, std::int32_t value, const Form& form) noexcept {
   writer.Word(form.words[static_cast<std::size_t>(value) - 1]);
 }
 
-void Write(TextWriter& writer, const OctetString& value, const Form& /*form*/) noexcept {
+void Write(TextWriter& writer, const OctetString& value, const Form& /*form*/) {
   writer.String(value.View());
 }
 
-void Write(TextWriter& writer, const ObjectReference& value, const Form& /*form*/) noexcept {
+void Write(TextWriter& writer, const ObjectReference& value, const Form& /*form*/) {
   if (!value.GroupIdentifier.IsPresent()) return writer.Number(value.Number);
   writer.Open('(');
   writer.String(value.GroupIdentifier.View());
@@ -35,21 +31,21 @@ void Write(TextWriter& writer, const ObjectReference& value, const Form& /*form*
   writer.Close(')');
 }
 
-void Write(TextWriter& writer, const OptionalReference& value, const Form& /*form*/) noexcept {
+void Write(TextWriter& writer, const OptionalReference& value, const Form& /*form*/) {
   Write(writer, value.Reference);
 }
 
-void Write(TextWriter& writer, const ColourValue& value, const Form& /*form*/) noexcept {
+void Write(TextWriter& writer, const ColourValue& value, const Form& /*form*/) {
   if (value.Kind == ValueKind::Integer) return writer.Number(value.Index);
   writer.CodedString(value.Absolute.View());
 }
 
-void Write(TextWriter& writer, const FontBody& value, const Form& /*form*/) noexcept {
+void Write(TextWriter& writer, const FontBody& value, const Form& /*form*/) {
   if (value.Kind == ValueKind::OctetString) return writer.String(value.Name.View());
   Write(writer, value.Reference);
 }
 
-void Write(TextWriter& writer, const ContentBody& value, const Form& /*form*/) noexcept {
+void Write(TextWriter& writer, const ContentBody& value, const Form& /*form*/) {
   if (!value.IsReferenced) return writer.String(value.Data.View());
   const ContentBody construction;
   writer.Word(":ContentRef");
@@ -66,11 +62,11 @@ void Write(TextWriter& writer, const ContentBody& value, const Form& /*form*/) n
   writer.Close(')');
 }
 
-void Write(TextWriter& writer, const ContentReference& value, const Form& /*form*/) noexcept {
+void Write(TextWriter& writer, const ContentReference& value, const Form& /*form*/) {
   writer.String(value.Path.View());
 }
 
-void Write(TextWriter& writer, const GenericValue& value, const Form& /*form*/) noexcept {
+void Write(TextWriter& writer, const GenericValue& value, const Form& /*form*/) {
   switch (value.Kind) {
   case ValueKind::None: return writer.Word("NULL");
   case ValueKind::Boolean: return Write(writer, value.Boolean);
@@ -84,11 +80,9 @@ void Write(TextWriter& writer, const GenericValue& value, const Form& /*form*/) 
   }
 }
 
-void WriteEntry(TextWriter& writer, const Movement& movement) noexcept {
-  Write(writer, movement.Targets);
-}
+void WriteEntry(TextWriter& writer, const Movement& movement) { Write(writer, movement.Targets); }
 
-void WriteEntry(TextWriter& writer, const ActionSlot& slot) noexcept {
+void WriteEntry(TextWriter& writer, const ActionSlot& slot) {
   slot.IsNull ? writer.Word("NULL") : Write(writer, slot.Actions);
 }
 

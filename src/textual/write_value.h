@@ -9,31 +9,31 @@
 
 namespace korvel {
 
-void Write(TextWriter& writer, bool value, const Form& form = {}) noexcept;
-void Write(TextWriter& writer, std::int32_t value, const Form& form = {}) noexcept;
-void Write(TextWriter& writer, const OctetString& value, const Form& form = {}) noexcept;
-void Write(TextWriter& writer, const ObjectReference& value, const Form& form = {}) noexcept;
-void Write(TextWriter& writer, const OptionalReference& value, const Form& form = {}) noexcept;
-void Write(TextWriter& writer, const ColourValue& value, const Form& form = {}) noexcept;
-void Write(TextWriter& writer, const FontBody& value, const Form& form = {}) noexcept;
-void Write(TextWriter& writer, const ContentBody& value, const Form& form = {}) noexcept;
-void Write(TextWriter& writer, const ContentReference& value, const Form& form = {}) noexcept;
+void Write(TextWriter& writer, bool value, const Form& form = {});
+void Write(TextWriter& writer, std::int32_t value, const Form& form = {});
+void Write(TextWriter& writer, const OctetString& value, const Form& form = {});
+void Write(TextWriter& writer, const ObjectReference& value, const Form& form = {});
+void Write(TextWriter& writer, const OptionalReference& value, const Form& form = {});
+void Write(TextWriter& writer, const ColourValue& value, const Form& form = {});
+void Write(TextWriter& writer, const FontBody& value, const Form& form = {});
+void Write(TextWriter& writer, const ContentBody& value, const Form& form = {});
+void Write(TextWriter& writer, const ContentReference& value, const Form& form = {});
 // A value as an action or an event carries it, without the type that some parameters are announced
 // with.
-void Write(TextWriter& writer, const GenericValue& value, const Form& form = {}) noexcept;
+void Write(TextWriter& writer, const GenericValue& value, const Form& form = {});
 
 // Whether there is a value that could be written. An attribute that an author must write has none
 // when its string is absent or when no word was ever set.
 template <class Value>
-[[nodiscard]] bool IsGiven(const Value& /*value*/, const Form& /*form*/) noexcept {
+[[nodiscard]] bool IsGiven(const Value& /*value*/, const Form& /*form*/) {
   return true;
 }
-[[nodiscard]] bool IsGiven(std::int32_t value, const Form& form) noexcept;
-[[nodiscard]] bool IsGiven(const OctetString& value, const Form& form) noexcept;
-[[nodiscard]] bool IsGiven(const ContentReference& value, const Form& form) noexcept;
+[[nodiscard]] bool IsGiven(std::int32_t value, const Form& form);
+[[nodiscard]] bool IsGiven(const OctetString& value, const Form& form);
+[[nodiscard]] bool IsGiven(const ContentReference& value, const Form& form);
 
 template <IsSequence Record>
-void Write(TextWriter& writer, const Record& record, const Form& /*form*/ = {}) noexcept {
+void Write(TextWriter& writer, const Record& record, const Form& /*form*/ = {}) {
   const Record construction{};
   ForEachElement<Record>([&](const auto& element) {
     const auto& field = record.*element.field;
@@ -47,19 +47,19 @@ void Write(TextWriter& writer, const Record& record, const Form& /*form*/ = {}) 
 
 // One entry of a list. A structure stands in parentheses there.
 template <class Entry>
-void WriteEntry(TextWriter& writer, const Entry& entry) noexcept {
+void WriteEntry(TextWriter& writer, const Entry& entry) {
   Write(writer, entry);
 }
 template <IsSequence Entry>
-void WriteEntry(TextWriter& writer, const Entry& entry) noexcept {
+void WriteEntry(TextWriter& writer, const Entry& entry) {
   writer.Open('(');
   Write(writer, entry);
   writer.Close(')');
 }
-void WriteEntry(TextWriter& writer, const Movement& movement) noexcept;
-void WriteEntry(TextWriter& writer, const ActionSlot& slot) noexcept;
-void WriteEntry(TextWriter& writer, const ElementaryAction& action) noexcept;
-void WriteEntry(TextWriter& writer, const Item& item) noexcept;
+void WriteEntry(TextWriter& writer, const Movement& movement);
+void WriteEntry(TextWriter& writer, const ActionSlot& slot);
+void WriteEntry(TextWriter& writer, const ElementaryAction& action);
+void WriteEntry(TextWriter& writer, const Item& item);
 
 // Entries that are too long to stand side by side.
 template <class Entry>
@@ -68,7 +68,7 @@ inline constexpr bool kHasLinesOfItsOwn =
     std::is_same_v<Entry, TokenGroupItem> || std::is_same_v<Entry, ActionSlot>;
 
 template <class Entry>
-void Write(TextWriter& writer, const List<Entry>& list, const Form& /*form*/ = {}) noexcept {
+void Write(TextWriter& writer, const List<Entry>& list, const Form& /*form*/ = {}) {
   constexpr bool kIsBlock = kHasLinesOfItsOwn<Entry>;
   writer.Open('(');
   writer.Indent();

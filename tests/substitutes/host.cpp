@@ -12,7 +12,7 @@ namespace korvel {
 
 using test::TheHost;
 
-Status FetchFile(std::string_view path, OctetString* bytes) noexcept {
+Status FetchFile(std::string_view path, OctetString* bytes) {
   TheHost().fetched.emplace_back(path);
   if (path.empty() || !MayRun()) return Status::Refused;
   const auto file = TheHost().files.find(std::string(path));
@@ -21,43 +21,41 @@ Status FetchFile(std::string_view path, OctetString* bytes) noexcept {
   return bytes->Assign(file->second) ? Status::Done : Status::Refused;
 }
 
-bool MayRun() noexcept { return TheHost().mayRun && !TheHost().isClosing; }
+bool MayRun() { return TheHost().mayRun && !TheHost().isClosing; }
 
-bool IsClosing() noexcept { return TheHost().isClosing; }
+bool IsClosing() { return TheHost().isClosing; }
 
-void PauseUnlessClosing(std::uint32_t milliseconds) noexcept {
+void PauseUnlessClosing(std::uint32_t milliseconds) {
   if (IsClosing()) return;
   TheHost().pausedMs += milliseconds;
   if (TheHost().onPause) TheHost().onPause();
 }
 
-void SetWindowTimer(std::uint32_t id, std::uint32_t periodMs) noexcept {
-  TheHost().timers[id] = periodMs;
-}
+void SetWindowTimer(std::uint32_t id, std::uint32_t periodMs) { TheHost().timers[id] = periodMs; }
 
-void KillWindowTimer(std::uint32_t id) noexcept {
+void KillWindowTimer(std::uint32_t id) {
   TheHost().timers.erase(id);
   TheHost().killedTimers.push_back(id);
 }
 
-void RequestRestart(RestartReason reason) noexcept {
+void RequestRestart(RestartReason reason) {
   ClearSurface();
   TheHost().mayRun = false;
   TheHost().restarts.push_back(reason);
 }
 
-std::uint32_t MillisecondsSinceProcessStart() noexcept {
+std::uint32_t MillisecondsSinceProcessStart() {
   return TheHost().milliseconds += TheHost().millisecondsPerReading;
 }
 
-std::uint32_t SecondsNow() noexcept { return TheHost().seconds; }
+std::uint32_t SecondsNow() { return TheHost().seconds; }
 
-bool GetLocalClock(LocalTime& now) noexcept {
+bool GetLocalClock(LocalTime& now) {
   if (TheHost().hasLocalTime) now = TheHost().localTime;
   return TheHost().hasLocalTime;
 }
 
-void Trace(const char* line) noexcept { TheHost().traced.emplace_back(line); }
+void Trace(const char* line) { TheHost().traced.emplace_back(line); }
 
 namespace test {
 

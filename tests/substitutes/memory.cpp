@@ -14,7 +14,7 @@ std::size_t liveBlocks = 0;
 
 }  // namespace
 
-void* AllocateZeroed(std::size_t bytes) noexcept {
+void* AllocateZeroed(std::size_t bytes) {
   if (allocationsUntilFailure > 0 && --allocationsUntilFailure == 0) {
     hasFailed = true;
     return nullptr;
@@ -24,7 +24,7 @@ void* AllocateZeroed(std::size_t bytes) noexcept {
   return block;
 }
 
-void ReleaseMemory(void* block) noexcept {
+void ReleaseMemory(void* block) {
   if (block != nullptr) --liveBlocks;
   std::free(block);
 }

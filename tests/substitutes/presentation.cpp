@@ -10,14 +10,14 @@ namespace korvel {
 
 using test::ThePresentation;
 
-void ClearSurface() noexcept { ++ThePresentation().clears; }
+void ClearSurface() { ++ThePresentation().clears; }
 
-Status Redraw() noexcept {
+Status Redraw() {
   ++ThePresentation().redraws;
   return ThePresentation().onRedraw ? ThePresentation().onRedraw() : Status::Done;
 }
 
-Status DeviceUpdate() noexcept {
+Status DeviceUpdate() {
   ++ThePresentation().updates;
   return Status::Done;
 }
@@ -50,7 +50,7 @@ Status Draw(const Canvas* canvas, const char* what, const Parts&... parts) {
 }  // namespace
 
 Status StartVideo(const Stream& stream, std::int32_t componentTag, const Position& at,
-                  const BoxSize& size) noexcept {
+                  const BoxSize& size) {
   std::ostringstream line;
   line << "start " << stream.Reference.Number << " video " << componentTag << " at " << at.X << ','
        << at.Y << ' ' << size.Width << ' ' << size.Height;
@@ -58,7 +58,7 @@ Status StartVideo(const Stream& stream, std::int32_t componentTag, const Positio
   return Status::Done;
 }
 
-Status EndStream(const Stream& stream) noexcept {
+Status EndStream(const Stream& stream) {
   ThePresentation().streams.push_back("end " + std::to_string(stream.Reference.Number));
   return Status::Done;
 }
@@ -68,7 +68,7 @@ struct Canvas {
   std::int32_t height = 0;
 };
 
-Canvas* NewCanvas(std::int32_t width, std::int32_t height) noexcept {
+Canvas* NewCanvas(std::int32_t width, std::int32_t height) {
   if (width < 1 || height < 1) return nullptr;
   auto* canvas = new Canvas{width, height};
   ++ThePresentation().canvases;
@@ -76,44 +76,41 @@ Canvas* NewCanvas(std::int32_t width, std::int32_t height) noexcept {
   return canvas;
 }
 
-void DestroyCanvas(Canvas* canvas) noexcept {
+void DestroyCanvas(Canvas* canvas) {
   if (canvas == nullptr) return;
   --ThePresentation().canvases;
   delete canvas;
 }
 
-Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) noexcept {
+Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) {
   return Draw(canvas, "clip", width, height);
 }
 
-Status ClearCanvas(DrawnColour fill, Canvas* canvas) noexcept {
-  return Draw(canvas, "clear", Hex{fill});
-}
+Status ClearCanvas(DrawnColour fill, Canvas* canvas) { return Draw(canvas, "clear", Hex{fill}); }
 
-Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
-                  Canvas* canvas) noexcept {
+Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Canvas* canvas) {
   return Draw(canvas, "line", from, to, line);
 }
 
 Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
-                       DrawnColour fill, Canvas* canvas) noexcept {
+                       DrawnColour fill, Canvas* canvas) {
   return Draw(canvas, "rectangle", from, to, line, Hex{fill});
 }
 
 Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
-                  Canvas* canvas) noexcept {
+                  Canvas* canvas) {
   return Draw(canvas, "oval", at, width, height, Hex{fill});
 }
 
 Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
                  std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
-                 Canvas* canvas) noexcept {
+                 Canvas* canvas) {
   return Draw(canvas, form == ArcForm::Arc ? "arc" : "sector", at, width, height, startAngle,
               arcAngle, line, Hex{fill});
 }
 
 Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
-                     DrawnColour fill, Canvas* canvas) noexcept {
+                     DrawnColour fill, Canvas* canvas) {
   std::ostringstream corners;
   for (const CanvasPoint& point : points) corners << point << ';';
   return Draw(canvas, "polygon", corners.str(), line, Hex{fill});

@@ -16,14 +16,14 @@ using Values = List<GenericValue>;
 constexpr KindSet kAnyTyped =
     SetOfKinds(Boolean, Integer, OctetString, ObjectReference, ContentReference);
 
-bool DecodeValue(const BerElement& element, KindSet kinds, Values& values) noexcept {
+bool DecodeValue(const BerElement& element, KindSet kinds, Values& values) {
   GenericValue value;
   if (!DecodeGeneric(element, kinds, value)) return false;
   return values.Append(std::move(value)) != nullptr || element.Refuse();
 }
 
 // Reads one value, or none where the encoding ends early.
-bool DecodeNext(BerReader& reader, KindSet kinds, Values& values) noexcept {
+bool DecodeNext(BerReader& reader, KindSet kinds, Values& values) {
   if (reader.AtEnd()) return true;
   BerElement element;
   return reader.Next(element) && DecodeValue(element, kinds, values);
@@ -33,7 +33,7 @@ bool DecodeNext(BerReader& reader, KindSet kinds, Values& values) noexcept {
 // standard's nested form and the flat one are then read alike. `outside` moves to the end of what
 // is read.
 template <class ReadValues>
-bool ReadNestedOrFlat(BerReader& outside, ReadValues&& readValues) noexcept {
+bool ReadNestedOrFlat(BerReader& outside, ReadValues&& readValues) {
   if (!outside.NextIs(kSequence)) return readValues(outside);
   BerElement nested;
   if (!outside.Next(nested)) return false;
@@ -42,12 +42,12 @@ bool ReadNestedOrFlat(BerReader& outside, ReadValues&& readValues) noexcept {
 }
 
 // A value whose type is told by its tag alone.
-bool DecodeTyped(const BerElement& element, Values& values) noexcept {
+bool DecodeTyped(const BerElement& element, Values& values) {
   const bool isTyped = element.Is(kIndirectReference) || AnnouncedKind(element.tag) != None;
   return isTyped ? DecodeValue(element, kAnyTyped, values) : element.Refuse();
 }
 
-bool DecodeTypedList(BerReader& reader, Values& values) noexcept {
+bool DecodeTypedList(BerReader& reader, Values& values) {
   ListReader list(reader);
   BerElement element;
   while (list.HasMore()) {
@@ -57,7 +57,7 @@ bool DecodeTypedList(BerReader& reader, Values& values) noexcept {
   return true;
 }
 
-bool DecodePoints(BerReader& reader, Values& values) noexcept {
+bool DecodePoints(BerReader& reader, Values& values) {
   ListReader list(reader);
   BerElement element;
   while (list.HasMore()) {
@@ -70,7 +70,7 @@ bool DecodePoints(BerReader& reader, Values& values) noexcept {
 
 // The list ends with its SEQUENCE or, without one, before the octet string that follows it in the
 // syntax.
-bool DecodeReferences(BerReader& reader, Values& values) noexcept {
+bool DecodeReferences(BerReader& reader, Values& values) {
   const auto readReferences = [&values](BerReader& list) {
     BerElement next;
     while (!list.AtEnd()) {
@@ -87,13 +87,13 @@ bool DecodeReferences(BerReader& reader, Values& values) noexcept {
 }
 
 // A size or cache priority. One that is left out before a later one becomes a value of kind None.
-bool DecodeContentNumber(BerReader& reader, Tag own, Tag later, Values& values) noexcept {
+bool DecodeContentNumber(BerReader& reader, Tag own, Tag later, Values& values) {
   const KindSet kinds = SetOfKinds(Integer, None);
   if (!reader.NextIs(later) || own == later) return DecodeNext(reader, kinds, values);
   return values.Append(GenericValue{}) != nullptr || reader.Refuse();
 }
 
-bool DecodeNewContent(BerReader& reader, Values& values) noexcept {
+bool DecodeNewContent(BerReader& reader, Values& values) {
   const KindSet kinds = SetOfKinds(OctetString, ContentReference);
   return ReadNestedOrFlat(reader, [&values](BerReader& content) {
     if (!DecodeNext(content, kinds, values)) return false;
@@ -105,20 +105,20 @@ bool DecodeNewContent(BerReader& reader, Values& values) noexcept {
   });
 }
 
-bool DecodeTwo(BerReader& reader, KindSet first, KindSet second, Values& values) noexcept {
+bool DecodeTwo(BerReader& reader, KindSet first, KindSet second, Values& values) {
   return ReadNestedOrFlat(reader, [&](BerReader& pair) {
     return DecodeNext(pair, first, values) && DecodeNext(pair, second, values);
   });
 }
 
-bool DecodeNextTyped(BerReader& reader, Values& values) noexcept {
+bool DecodeNextTyped(BerReader& reader, Values& values) {
   if (reader.AtEnd()) return true;
   BerElement element;
   return reader.Next(element) && DecodeTyped(element, values);
 }
 
 // Reads what stands at one place of an action's syntax.
-bool DecodePlace(Parameter place, BerReader& reader, Values& values) noexcept {
+bool DecodePlace(Parameter place, BerReader& reader, Values& values) {
   switch (place) {
   case Parameter::Integer:
   case Parameter::EventNumber: return DecodeNext(reader, SetOfKinds(Integer), values);
@@ -142,7 +142,7 @@ bool DecodePlace(Parameter place, BerReader& reader, Values& values) noexcept {
 }
 
 // The values of an action, which may be wrapped in a SEQUENCE of their own.
-bool EnterValues(const BerElement& element, BerReader& values) noexcept {
+bool EnterValues(const BerElement& element, BerReader& values) {
   BerElement first;
   values = element.content.Knowing(IsValueTag);
   const bool isWrapped = values.Peek(first) && first.Is(kSequence) && !IsExternalReference(first);
@@ -152,13 +152,12 @@ bool EnterValues(const BerElement& element, BerReader& values) noexcept {
   return true;
 }
 
-bool DecodeTarget(BerReader& reader, GenericValue& target) noexcept {
+bool DecodeTarget(BerReader& reader, GenericValue& target) {
   BerElement element;
   return reader.Next(element) && DecodeGeneric(element, SetOfKinds(ObjectReference), target);
 }
 
-bool DecodeValues(const BerElement& element, const ActionRow& row,
-                  ElementaryAction& action) noexcept {
+bool DecodeValues(const BerElement& element, const ActionRow& row, ElementaryAction& action) {
   BerReader reader;
   if (!EnterValues(element, reader) || !DecodeTarget(reader, action.Target)) return false;
   for (const Parameter place : row.Syntax()) {
@@ -168,13 +167,13 @@ bool DecodeValues(const BerElement& element, const ActionRow& row,
 }
 
 // A primitive element has room for its target alone.
-bool DecodeImplicitTarget(const BerElement& element, GenericValue& target) noexcept {
+bool DecodeImplicitTarget(const BerElement& element, GenericValue& target) {
   BerElement number = element;
   number.tag = kInteger;
   return DecodeGeneric(number, SetOfKinds(ObjectReference), target);
 }
 
-bool DecodeAction(const BerElement& element, ActionList& actions) noexcept {
+bool DecodeAction(const BerElement& element, ActionList& actions) {
   ElementaryAction action;
   action.ActionType = static_cast<std::uint8_t>(element.tag.number - kActionTagBase);
   const ActionRow& row = *FindAction(action.ActionType);
@@ -189,12 +188,12 @@ bool DecodeAction(const BerElement& element, ActionList& actions) noexcept {
 
 }  // namespace
 
-bool IsAction(Tag tag) noexcept {
+bool IsAction(Tag tag) {
   return tag.tagClass == TagClass::Context && tag.number > kActionTagBase &&
          tag.number <= kActionTagBase + kDecodedActionCount;
 }
 
-bool DecodeActions(const BerReader& reader, ActionList& actions) noexcept {
+bool DecodeActions(const BerReader& reader, ActionList& actions) {
   ListReader list(reader.Knowing(IsAction));
   BerElement element;
   while (list.HasMore()) {

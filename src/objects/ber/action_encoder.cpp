@@ -13,19 +13,19 @@ namespace {
 // The values of an action that are still to be written.
 class Values {
  public:
-  explicit Values(const List<GenericValue>& values) noexcept
+  explicit Values(const List<GenericValue>& values)
       : next_(values.begin()), end_(values.end()), left_(values.Size()) {}
 
-  [[nodiscard]] std::size_t Left() const noexcept { return left_; }
-  [[nodiscard]] bool IsEmpty() const noexcept { return left_ == 0; }
-  [[nodiscard]] const GenericValue& Next() const noexcept { return *next_; }
-  const GenericValue& Take() noexcept {
+  [[nodiscard]] std::size_t Left() const { return left_; }
+  [[nodiscard]] bool IsEmpty() const { return left_ == 0; }
+  [[nodiscard]] const GenericValue& Next() const { return *next_; }
+  const GenericValue& Take() {
     const GenericValue& value = *next_;
     ++next_;
     --left_;
     return value;
   }
-  [[nodiscard]] const GenericValue& Last() const noexcept {
+  [[nodiscard]] const GenericValue& Last() const {
     auto last = next_;
     for (auto place = next_; place != end_; ++place) last = place;
     return *last;
@@ -38,12 +38,12 @@ class Values {
   std::size_t left_;
 };
 
-void EncodeUnder(BerWriter& writer, Tag tag, const GenericValue& value) noexcept {
+void EncodeUnder(BerWriter& writer, Tag tag, const GenericValue& value) {
   writer.Constructed(tag, [&] { Encode(writer, value); });
 }
 
 // The tag that announces a value's kind. An indirect value does not tell what its variable holds.
-Tag TypedTag(ValueKind kind) noexcept {
+Tag TypedTag(ValueKind kind) {
   switch (kind) {
   case ValueKind::Boolean: return kNewBoolean;
   case ValueKind::Integer: return kNewInteger;
@@ -56,34 +56,34 @@ Tag TypedTag(ValueKind kind) noexcept {
   return kNewObjectReference;
 }
 
-void EncodeTyped(BerWriter& writer, const GenericValue& value) noexcept {
+void EncodeTyped(BerWriter& writer, const GenericValue& value) {
   EncodeUnder(writer, TypedTag(value.Kind), value);
 }
 
 // An indirect colour is taken for an absolute one: receivers need not know palettes.
-void EncodeColour(BerWriter& writer, const GenericValue& value) noexcept {
+void EncodeColour(BerWriter& writer, const GenericValue& value) {
   const bool isIndex = value.Kind == ValueKind::Integer;
   EncodeUnder(writer, isIndex ? kNewColourIndex : kNewAbsoluteColour, value);
 }
 
 // An indirect font is taken for a name: receivers need not know Font objects.
-void EncodeFont(BerWriter& writer, const GenericValue& value) noexcept {
+void EncodeFont(BerWriter& writer, const GenericValue& value) {
   const bool isReference = value.Kind == ValueKind::ObjectReference;
   EncodeUnder(writer, isReference ? kNewFontReference : kNewFontName, value);
 }
 
-void EncodeEventNumber(BerWriter& writer, const GenericValue& value) noexcept {
+void EncodeEventNumber(BerWriter& writer, const GenericValue& value) {
   if (value.Kind != ValueKind::Integer) return Encode(writer, value);
   writer.Integer(kEnumerated, value.Integer);
 }
 
-void EncodeTypedList(BerWriter& writer, Values& values) noexcept {
+void EncodeTypedList(BerWriter& writer, Values& values) {
   writer.Constructed(kSequence, [&] {
     while (!values.IsEmpty()) EncodeTyped(writer, values.Take());
   });
 }
 
-void EncodePoints(BerWriter& writer, Values& values) noexcept {
+void EncodePoints(BerWriter& writer, Values& values) {
   writer.Constructed(kSequence, [&] {
     while (!values.IsEmpty()) {
       writer.Constructed(kSequence, [&] {
@@ -96,7 +96,7 @@ void EncodePoints(BerWriter& writer, Values& values) noexcept {
 
 // The last value is the file name, which an octet string or a variable gives; without one all are
 // references.
-void EncodeReferences(BerWriter& writer, Values& values) noexcept {
+void EncodeReferences(BerWriter& writer, Values& values) {
   const ValueKind last = values.Last().Kind;
   const bool hasName = last == ValueKind::OctetString || last == ValueKind::IndirectReference;
   writer.Constructed(kSequence, [&] {
@@ -106,7 +106,7 @@ void EncodeReferences(BerWriter& writer, Values& values) noexcept {
 
 // One value of its own is content included in the action, directly or by a variable; a path stands
 // with its size and cache priority in a SEQUENCE.
-void EncodeNewContent(BerWriter& writer, Values& values) noexcept {
+void EncodeNewContent(BerWriter& writer, Values& values) {
   const bool isPath = values.Next().Kind == ValueKind::ContentReference;
   if (values.Left() == 1 && !isPath) return Encode(writer, values.Take());
   writer.Constructed(kSequence, [&] {
@@ -123,14 +123,14 @@ void EncodeNewContent(BerWriter& writer, Values& values) noexcept {
   });
 }
 
-void EncodeRest(BerWriter& writer, Values& values) noexcept {
+void EncodeRest(BerWriter& writer, Values& values) {
   writer.Constructed(kSequence, [&] {
     while (!values.IsEmpty()) Encode(writer, values.Take());
   });
 }
 
 // Writes what stands at one place of an action's syntax, for which there is at least one value.
-void EncodePlace(BerWriter& writer, Parameter place, Values& values) noexcept {
+void EncodePlace(BerWriter& writer, Parameter place, Values& values) {
   switch (place) {
   case Parameter::Integer:
   case Parameter::IntegerOrNull:
@@ -150,7 +150,7 @@ void EncodePlace(BerWriter& writer, Parameter place, Values& values) noexcept {
   }
 }
 
-void EncodeAction(BerWriter& writer, const ElementaryAction& action) noexcept {
+void EncodeAction(BerWriter& writer, const ElementaryAction& action) {
   const ActionRow* row = FindAction(action.ActionType);
   if (row == nullptr || action.ActionType > kDecodedActionCount) return writer.Fail();
   writer.Constructed(Context(kActionTagBase + action.ActionType), [&] {
@@ -164,7 +164,7 @@ void EncodeAction(BerWriter& writer, const ElementaryAction& action) noexcept {
 
 }  // namespace
 
-void EncodeActions(BerWriter& writer, const ActionList& actions) noexcept {
+void EncodeActions(BerWriter& writer, const ActionList& actions) {
   for (const ElementaryAction& action : actions) EncodeAction(writer, action);
 }
 

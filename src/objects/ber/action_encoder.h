@@ -10,6 +10,6 @@ namespace korvel::ber {
 // Writes the elements of an action list, which the caller puts into a SEQUENCE or under an
 // attribute's tag. The extensions that only run have no tag: an action of theirs makes the writer
 // fail.
-void EncodeActions(BerWriter& writer, const ActionList& actions) noexcept;
+void EncodeActions(BerWriter& writer, const ActionList& actions);
 
 }  // namespace korvel::ber

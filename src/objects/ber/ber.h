@@ -28,16 +28,16 @@ struct DecodeError {
 // wrong the group is empty and the flag 0. `error`, when given, receives why a file was refused.
 // Worker thread; tools: any one.
 Status DecodeGroup(std::span<const std::uint8_t> bytes, OwnedGroup& group, bool& isApplication,
-                   DecodeError* error = nullptr) noexcept;
+                   DecodeError* error = nullptr);
 
 // Writes a group in the standard's BER form. Attributes at their construction values are left out,
 // unless the class must have them. Refused, with `bytes` untouched, when memory runs out and for an
 // action that the form has no tag for (those above 110).
-Status EncodeGroup(const Group& group, OctetString& bytes) noexcept;
+Status EncodeGroup(const Group& group, OctetString& bytes);
 
 // Gives every reference of the group and its items that has no group identifier a copy of
 // `groupName`, after which a reference means the same wherever it is read. Failure, with a message
 // naming the reference, when memory runs out.
-Status CompleteReferences(std::string_view groupName, Group& group) noexcept;
+Status CompleteReferences(std::string_view groupName, Group& group);
 
 }  // namespace korvel

@@ -11,29 +11,29 @@ constexpr std::uint8_t kLowBits = 0x7F;
 
 }  // namespace
 
-bool BerReader::RefuseAt(const std::uint8_t* place) const noexcept {
+bool BerReader::RefuseAt(const std::uint8_t* place) const {
   if (refusal_ != nullptr && refusal_->place == nullptr) refusal_->place = place;
   return false;
 }
 
-bool BerReader::Explain(const char* Refusal::*what, const char* text) const noexcept {
+bool BerReader::Explain(const char* Refusal::*what, const char* text) const {
   if (refusal_ != nullptr && refusal_->*what == nullptr) refusal_->*what = text;
   return false;
 }
 
-bool BerReader::RefuseHeader(bool isWhole) const noexcept {
+bool BerReader::RefuseHeader(bool isWhole) const {
   Refuse();
   return Explain(&Refusal::expected, isWhole ? "elements that are not nested so deep"
                                              : "an element that ends within what encloses it");
 }
 
-bool BerReader::ReadByte(std::uint8_t& byte) noexcept {
+bool BerReader::ReadByte(std::uint8_t& byte) {
   if (cursor_ == end_) return false;
   byte = *cursor_++;
   return true;
 }
 
-bool BerReader::ReadTag(BerElement& element) noexcept {
+bool BerReader::ReadTag(BerElement& element) {
   std::uint8_t byte = 0;
   if (!ReadByte(byte)) return false;
   element.isConstructed = (byte & kConstructedBit) != 0;
@@ -48,7 +48,7 @@ bool BerReader::ReadTag(BerElement& element) noexcept {
 }
 
 // The indefinite form is not supported: its 0x80 announces no length bytes and so reads as 0.
-bool BerReader::ReadLength(std::uint32_t& length) noexcept {
+bool BerReader::ReadLength(std::uint32_t& length) {
   std::uint8_t byte = 0;
   if (!ReadByte(byte)) return false;
   length = byte;
@@ -61,7 +61,7 @@ bool BerReader::ReadLength(std::uint32_t& length) noexcept {
   return true;
 }
 
-bool BerReader::Next(BerElement& element) noexcept {
+bool BerReader::Next(BerElement& element) {
   BerReader ahead = *this;
   BerElement read;
   std::uint32_t length = 0;
@@ -79,7 +79,7 @@ bool BerReader::Next(BerElement& element) noexcept {
   return true;
 }
 
-void BerReader::SkipUnknown() noexcept {
+void BerReader::SkipUnknown() {
   if (known_ == nullptr) return;
   BerReader ahead = *this;
   ahead.known_ = nullptr;
@@ -89,24 +89,24 @@ void BerReader::SkipUnknown() noexcept {
   }
 }
 
-BerReader BerReader::Knowing(KnownTags tags) const noexcept {
+BerReader BerReader::Knowing(KnownTags tags) const {
   BerReader reader = *this;
   reader.known_ = tags;
   reader.SkipUnknown();
   return reader;
 }
 
-bool BerReader::Ends() noexcept {
+bool BerReader::Ends() {
   BerElement element;
   return AtEnd() || (Next(element) && element.Refuse());
 }
 
-bool BerReader::Only(BerElement& element) const noexcept {
+bool BerReader::Only(BerElement& element) const {
   BerReader reader = *this;
   return reader.Next(element) && reader.Ends();
 }
 
-bool BerReader::Peek(BerElement& element) const noexcept {
+bool BerReader::Peek(BerElement& element) const {
   BerReader reader = *this;
   reader.refusal_ = nullptr;
   if (!reader.Next(element)) return false;
@@ -114,16 +114,16 @@ bool BerReader::Peek(BerElement& element) const noexcept {
   return true;
 }
 
-bool BerReader::NextIs(Tag tag) const noexcept {
+bool BerReader::NextIs(Tag tag) const {
   BerElement element;
   return Peek(element) && element.Is(tag);
 }
 
-std::uint32_t BerElement::Length() const noexcept {
+std::uint32_t BerElement::Length() const {
   return static_cast<std::uint32_t>(content.end_ - content.cursor_);
 }
 
-std::int32_t BerElement::Integer() const noexcept {
+std::int32_t BerElement::Integer() const {
   if (content.AtEnd()) return 0;
   const bool isNegative = (FirstByte() & kMoreBit) != 0;
   std::uint32_t value = isNegative ? ~std::uint32_t{0} : 0;
@@ -133,11 +133,11 @@ std::int32_t BerElement::Integer() const noexcept {
   return static_cast<std::int32_t>(value);
 }
 
-std::string_view BerElement::Bytes() const noexcept {
+std::string_view BerElement::Bytes() const {
   return {reinterpret_cast<const char*>(content.cursor_), Length()};
 }
 
-bool ListReader::HasMore() noexcept {
+bool ListReader::HasMore() {
   BerElement wrapper;
   for (;;) {
     if (reader_.AtEnd()) {
@@ -153,7 +153,7 @@ bool ListReader::HasMore() noexcept {
   }
 }
 
-void ListReader::Enter(const BerElement& wrapper) noexcept {
+void ListReader::Enter(const BerElement& wrapper) {
   ends_[open_++] = reader_.end_;
   reader_ = wrapper.content.Knowing(reader_.known_);
 }

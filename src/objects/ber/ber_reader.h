@@ -36,44 +36,44 @@ constexpr bool NoTag(Tag /*tag*/) { return false; }
 // and the refusal are borrowed from whoever started the reading.
 class BerReader {
  public:
-  BerReader() noexcept = default;
-  BerReader(std::span<const std::uint8_t> bytes, Refusal& refusal) noexcept
+  BerReader() = default;
+  BerReader(std::span<const std::uint8_t> bytes, Refusal& refusal)
       : cursor_(bytes.data()), end_(bytes.data() + bytes.size()), refusal_(&refusal) {}
 
   // The same elements, skipping those with other context tags, whatever they hold:
   // later editions of the standard may add them anywhere.
-  [[nodiscard]] BerReader Knowing(KnownTags tags) const noexcept;
+  [[nodiscard]] BerReader Knowing(KnownTags tags) const;
 
-  [[nodiscard]] bool AtEnd() const noexcept { return cursor_ == end_; }
+  [[nodiscard]] bool AtEnd() const { return cursor_ == end_; }
   // Reads one element and moves behind it. False at the end, and when its header or its length does
   // not fit.
-  [[nodiscard]] bool Next(BerElement& element) noexcept;
+  [[nodiscard]] bool Next(BerElement& element);
   // Reads the one element that there must be. False when there is none or another one after it.
-  [[nodiscard]] bool Only(BerElement& element) const noexcept;
+  [[nodiscard]] bool Only(BerElement& element) const;
   // Whether all has been read. Refuses the next element otherwise.
-  [[nodiscard]] bool Ends() noexcept;
+  [[nodiscard]] bool Ends();
   // Whether an element with that tag comes next. Refuses nothing.
-  [[nodiscard]] bool NextIs(Tag tag) const noexcept;
+  [[nodiscard]] bool NextIs(Tag tag) const;
   // As Next, but stays where it is and refuses nothing.
-  [[nodiscard]] bool Peek(BerElement& element) const noexcept;
+  [[nodiscard]] bool Peek(BerElement& element) const;
   // Moves to the end.
-  void SkipAll() noexcept { cursor_ = end_; }
+  void SkipAll() { cursor_ = end_; }
 
   // Records that reading stops here, unless it has stopped before. False, for the caller to return.
-  bool Refuse() const noexcept { return RefuseAt(cursor_); }
+  bool Refuse() const { return RefuseAt(cursor_); }
   // Adds to a refusal what is not known of it yet. False, for the caller to return.
-  bool Explain(const char* Refusal::*what, const char* text) const noexcept;
+  bool Explain(const char* Refusal::*what, const char* text) const;
 
  private:
   friend class ListReader;
   friend struct BerElement;
 
-  [[nodiscard]] bool ReadByte(std::uint8_t& byte) noexcept;
-  [[nodiscard]] bool ReadTag(BerElement& element) noexcept;
-  [[nodiscard]] bool ReadLength(std::uint32_t& length) noexcept;
-  void SkipUnknown() noexcept;
-  bool RefuseAt(const std::uint8_t* place) const noexcept;
-  bool RefuseHeader(bool isWhole) const noexcept;
+  [[nodiscard]] bool ReadByte(std::uint8_t& byte);
+  [[nodiscard]] bool ReadTag(BerElement& element);
+  [[nodiscard]] bool ReadLength(std::uint32_t& length);
+  void SkipUnknown();
+  bool RefuseAt(const std::uint8_t* place) const;
+  bool RefuseHeader(bool isWhole) const;
 
   const std::uint8_t* cursor_ = nullptr;
   const std::uint8_t* end_ = nullptr;
@@ -88,17 +88,17 @@ struct BerElement {
   bool isConstructed = false;
   BerReader content;
 
-  [[nodiscard]] bool Is(Tag other) const noexcept { return tag == other; }
+  [[nodiscard]] bool Is(Tag other) const { return tag == other; }
   // The content as a two's-complement number, of which the low 32 bits are kept; 0 when there is no
   // content.
-  [[nodiscard]] std::int32_t Integer() const noexcept;
-  [[nodiscard]] std::uint32_t Length() const noexcept;
+  [[nodiscard]] std::int32_t Integer() const;
+  [[nodiscard]] std::uint32_t Length() const;
   // The first byte of the content, which must not be empty.
-  [[nodiscard]] std::uint8_t FirstByte() const noexcept { return *content.cursor_; }
+  [[nodiscard]] std::uint8_t FirstByte() const { return *content.cursor_; }
   // The content as it is. Borrowed from the file.
-  [[nodiscard]] std::string_view Bytes() const noexcept;
+  [[nodiscard]] std::string_view Bytes() const;
   // Records that this element cannot be taken. False, for the caller to return.
-  bool Refuse() const noexcept { return content.RefuseAt(start); }
+  bool Refuse() const { return content.RefuseAt(start); }
 
   const std::uint8_t* start = nullptr;  // its first byte
 };
@@ -107,15 +107,15 @@ struct BerElement {
 // often, without recursion, and the elements come out as if it were not there.
 class ListReader {
  public:
-  explicit ListReader(const BerReader& reader) noexcept : reader_(reader) {}
+  explicit ListReader(const BerReader& reader) : reader_(reader) {}
 
   // Whether Next has something to read, be it only something to refuse.
-  [[nodiscard]] bool HasMore() noexcept;
+  [[nodiscard]] bool HasMore();
   // The next element that is no wrapper.
-  [[nodiscard]] bool Next(BerElement& element) noexcept { return reader_.Next(element); }
+  [[nodiscard]] bool Next(BerElement& element) { return reader_.Next(element); }
 
  private:
-  void Enter(const BerElement& wrapper) noexcept;
+  void Enter(const BerElement& wrapper);
 
   BerReader reader_;                                       // of the innermost open wrapper
   std::array<const std::uint8_t*, kDeepestNesting> ends_;  // of what encloses each open wrapper

@@ -12,14 +12,14 @@ constexpr std::uint32_t kMoreBit = 0x80;
 constexpr std::uint8_t kTrue = 0xFF;
 
 // How many bytes of seven bits a tag number takes.
-int CountTagBytes(std::uint32_t number) noexcept {
+int CountTagBytes(std::uint32_t number) {
   int count = 1;
   while ((number >>= 7) != 0) ++count;
   return count;
 }
 
 // How many bytes a length takes behind the byte that counts them; 0 when it needs none.
-std::size_t CountLengthBytes(std::size_t length) noexcept {
+std::size_t CountLengthBytes(std::size_t length) {
   if (length < kMoreBit) return 0;
   std::size_t count = 1;
   while ((length >>= 8) != 0) ++count;
@@ -28,11 +28,11 @@ std::size_t CountLengthBytes(std::size_t length) noexcept {
 
 }  // namespace
 
-void BerWriter::Byte(std::uint32_t value) noexcept {
+void BerWriter::Byte(std::uint32_t value) {
   if (!bytes_.Append(static_cast<char>(value & 0xFF))) hasFailed_ = true;
 }
 
-void BerWriter::Header(Tag tag, bool isConstructed) noexcept {
+void BerWriter::Header(Tag tag, bool isConstructed) {
   const std::uint32_t leading =
       static_cast<std::uint32_t>(tag.tagClass) << 6 | (isConstructed ? kConstructedBit : 0);
   if (tag.number < kHighTagNumber) return Byte(leading | tag.number);
@@ -43,7 +43,7 @@ void BerWriter::Header(Tag tag, bool isConstructed) noexcept {
   }
 }
 
-void BerWriter::Length(std::size_t length) noexcept {
+void BerWriter::Length(std::size_t length) {
   const std::size_t count = CountLengthBytes(length);
   Byte(static_cast<std::uint32_t>(count == 0 ? length : kMoreBit | count));
   for (std::size_t left = count; left > 0; --left) {
@@ -51,13 +51,13 @@ void BerWriter::Length(std::size_t length) noexcept {
   }
 }
 
-void BerWriter::Boolean(Tag tag, bool value) noexcept {
+void BerWriter::Boolean(Tag tag, bool value) {
   Header(tag, false);
   Length(1);
   Byte(value ? kTrue : 0);
 }
 
-void BerWriter::Integer(Tag tag, std::int32_t value) noexcept {
+void BerWriter::Integer(Tag tag, std::int32_t value) {
   Header(tag, false);
   // A byte is needed until those below it say the whole number, sign included.
   int count = 1;
@@ -68,31 +68,31 @@ void BerWriter::Integer(Tag tag, std::int32_t value) noexcept {
   }
 }
 
-void BerWriter::Octets(Tag tag, std::string_view bytes) noexcept {
+void BerWriter::Octets(Tag tag, std::string_view bytes) {
   Header(tag, false);
   Length(bytes.size());
   for (const char byte : bytes) Byte(static_cast<std::uint8_t>(byte));
 }
 
-void BerWriter::Null() noexcept {
+void BerWriter::Null() {
   Header(kNull, false);
   Length(0);
 }
 
-std::size_t BerWriter::BeginConstructed(Tag tag) noexcept {
+std::size_t BerWriter::BeginConstructed(Tag tag) {
   Header(tag, true);
   return bytes_.Size();
 }
 
 // The length is known only now: it is written behind the content and then moved before it.
-void BerWriter::EndConstructed(std::size_t begin) noexcept {
+void BerWriter::EndConstructed(std::size_t begin) {
   const std::size_t end = bytes_.Size();
   Length(end - begin);
   if (hasFailed_) return;
   std::rotate(bytes_.begin() + begin, bytes_.begin() + end, bytes_.end());
 }
 
-bool BerWriter::Finish(OctetString& bytes) const noexcept {
+bool BerWriter::Finish(OctetString& bytes) const {
   return !hasFailed_ && bytes.Assign({bytes_.begin(), bytes_.Size()});
 }
 

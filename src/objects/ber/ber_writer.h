@@ -16,30 +16,30 @@ namespace korvel::ber {
 // so.
 class BerWriter {
  public:
-  void Boolean(Tag tag, bool value) noexcept;
-  void Integer(Tag tag, std::int32_t value) noexcept;
-  void Octets(Tag tag, std::string_view bytes) noexcept;
-  void Null() noexcept;
+  void Boolean(Tag tag, bool value);
+  void Integer(Tag tag, std::int32_t value);
+  void Octets(Tag tag, std::string_view bytes);
+  void Null();
   // An element that holds what writeContent writes.
   template <class WriteContent>
-  void Constructed(Tag tag, WriteContent&& writeContent) noexcept {
+  void Constructed(Tag tag, WriteContent&& writeContent) {
     const std::size_t begin = BeginConstructed(tag);
     writeContent();
     EndConstructed(begin);
   }
 
   // Gives up: there is something that the form has no place for.
-  void Fail() noexcept { hasFailed_ = true; }
+  void Fail() { hasFailed_ = true; }
   // Copies everything written to `bytes`. False, with `bytes` untouched, when the writer has failed
   // or memory is out.
-  [[nodiscard]] bool Finish(OctetString& bytes) const noexcept;
+  [[nodiscard]] bool Finish(OctetString& bytes) const;
 
  private:
-  void Byte(std::uint32_t value) noexcept;
-  void Header(Tag tag, bool isConstructed) noexcept;
-  void Length(std::size_t length) noexcept;
-  [[nodiscard]] std::size_t BeginConstructed(Tag tag) noexcept;
-  void EndConstructed(std::size_t begin) noexcept;
+  void Byte(std::uint32_t value);
+  void Header(Tag tag, bool isConstructed);
+  void Length(std::size_t length);
+  [[nodiscard]] std::size_t BeginConstructed(Tag tag);
+  void EndConstructed(std::size_t begin);
 
   Sequence<char> bytes_;
   bool hasFailed_ = false;

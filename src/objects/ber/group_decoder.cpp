@@ -17,22 +17,21 @@ namespace {
 
 // ---- Elements of a SEQUENCE: universal, told apart by their place ----
 
-bool DecodeElement(const BerElement& element, const Form& form, std::int32_t& field) noexcept {
+bool DecodeElement(const BerElement& element, const Form& form, std::int32_t& field) {
   return Decode(element, form.words.empty() ? NumberType::Integer : NumberType::Enumerated, field);
 }
-bool DecodeElement(const BerElement& element, const Form& /*form*/, OctetString& field) noexcept {
+bool DecodeElement(const BerElement& element, const Form& /*form*/, OctetString& field) {
   return Decode(element, field);
 }
-bool DecodeElement(const BerElement& element, const Form& /*form*/,
-                   ObjectReference& field) noexcept {
+bool DecodeElement(const BerElement& element, const Form& /*form*/, ObjectReference& field) {
   return Decode(element, field);
 }
 // A link's event data.
-bool DecodeElement(const BerElement& element, const Form& /*form*/, GenericValue& field) noexcept {
+bool DecodeElement(const BerElement& element, const Form& /*form*/, GenericValue& field) {
   using enum ValueKind;
   return DecodeGeneric(element, SetOfKinds(Boolean, Integer, OctetString), field);
 }
-bool DecodeElement(const BerElement& element, const Form& form, List<ActionSlot>& field) noexcept;
+bool DecodeElement(const BerElement& element, const Form& form, List<ActionSlot>& field);
 
 // Fields of these types may be missing at the end of a SEQUENCE.
 template <class Field>
@@ -40,7 +39,7 @@ constexpr bool kMayBeMissing =
     std::is_same_v<Field, GenericValue> || std::is_same_v<Field, List<ActionSlot>>;
 
 template <IsSequence Record>
-bool DecodeSequence(const BerReader& elements, Record& record) noexcept {
+bool DecodeSequence(const BerReader& elements, Record& record) {
   BerReader reader = elements.Knowing(NoTag);
   bool isRead = true;
   ForEachElement<Record>([&](const auto& description) {
@@ -56,30 +55,30 @@ bool DecodeSequence(const BerReader& elements, Record& record) noexcept {
 // ---- Entries of a SEQUENCE OF ----
 
 template <class T>
-bool DecodeEntries(const BerReader& entries, List<T>& list) noexcept;
+bool DecodeEntries(const BerReader& entries, List<T>& list);
 
-bool DecodeEntry(const BerElement& element, std::int32_t& number) noexcept {
+bool DecodeEntry(const BerElement& element, std::int32_t& number) {
   return Decode(element, NumberType::Integer, number);
 }
 
-bool DecodeEntry(const BerElement& element, ActionSlot& slot) noexcept {
+bool DecodeEntry(const BerElement& element, ActionSlot& slot) {
   slot.IsNull = element.Is(kNull);
   if (slot.IsNull) return true;
   return element.Is(kSequence) ? DecodeActions(element.content, slot.Actions) : element.Refuse();
 }
 
-bool DecodeEntry(const BerElement& element, Movement& movement) noexcept {
+bool DecodeEntry(const BerElement& element, Movement& movement) {
   return element.Is(kSequence) ? DecodeEntries(element.content, movement.Targets)
                                : element.Refuse();
 }
 
 template <IsSequence Record>
-bool DecodeEntry(const BerElement& element, Record& entry) noexcept {
+bool DecodeEntry(const BerElement& element, Record& entry) {
   return element.Is(kSequence) ? DecodeSequence(element.content, entry) : element.Refuse();
 }
 
 template <class T>
-bool DecodeEntries(const BerReader& entries, List<T>& list) noexcept {
+bool DecodeEntries(const BerReader& entries, List<T>& list) {
   BerReader reader = entries.Knowing(NoTag);
   BerElement element;
   while (!reader.AtEnd()) {
@@ -90,8 +89,7 @@ bool DecodeEntries(const BerReader& entries, List<T>& list) noexcept {
   return true;
 }
 
-bool DecodeElement(const BerElement& element, const Form& /*form*/,
-                   List<ActionSlot>& field) noexcept {
+bool DecodeElement(const BerElement& element, const Form& /*form*/, List<ActionSlot>& field) {
   return element.Is(kSequence) ? DecodeEntries(element.content, field) : element.Refuse();
 }
 
@@ -107,13 +105,13 @@ constexpr bool kBeginsWithReference<Record> = std::is_same_v<
     ObjectReference>;
 
 // The one SEQUENCE that is all an attribute's tag holds. False when the tag holds anything else.
-bool HoldsOneSequence(const BerElement& tagged, BerElement& sequence) noexcept {
+bool HoldsOneSequence(const BerElement& tagged, BerElement& sequence) {
   BerReader reader = tagged.content.Knowing(NoTag);
   return reader.NextIs(kSequence) && reader.Next(sequence) && reader.AtEnd();
 }
 
 template <IsSequence Record>
-BerReader ElementsOf(const BerElement& tagged) noexcept {
+BerReader ElementsOf(const BerElement& tagged) {
   BerElement wrapper;
   const bool isExplicit = HoldsOneSequence(tagged, wrapper) &&
                           !(kBeginsWithReference<Record> && IsExternalReference(wrapper));
@@ -123,7 +121,7 @@ BerReader ElementsOf(const BerElement& tagged) noexcept {
 // A SEQUENCE alone may also be the only entry: then it does not hold something that could be an
 // entry. An action slot holds actions.
 template <class Entry>
-BerReader EntriesOf(const BerElement& tagged) noexcept {
+BerReader EntriesOf(const BerElement& tagged) {
   constexpr KnownTags known = std::is_same_v<Entry, ActionSlot> ? IsAction : NoTag;
   BerElement wrapper;
   BerElement entry;
@@ -136,62 +134,62 @@ BerReader EntriesOf(const BerElement& tagged) noexcept {
 
 // ---- Attributes: under a context tag ----
 
-bool DecodeField(const BerElement& tagged, const Form& form, std::int32_t& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& form, std::int32_t& field) {
   BerElement element;
   return Untag(tagged, kInteger, element) && DecodeElement(element, form, field);
 }
 
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, bool& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, bool& field) {
   BerElement element;
   return Untag(tagged, kBoolean, element) && Decode(element, field);
 }
 
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, OctetString& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, OctetString& field) {
   BerElement element;
   return Untag(tagged, kOctetString, element) && Decode(element, field);
 }
 
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, ObjectReference& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, ObjectReference& field) {
   BerElement element;
   return UntagReference(tagged, element) && Decode(element, field);
 }
 
-bool DecodeField(const BerElement& tagged, const Form& form, OptionalReference& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& form, OptionalReference& field) {
   if (!DecodeField(tagged, form, field.Reference)) return false;
   field.IsPresent = true;
   return true;
 }
 
-bool DecodeField(const BerElement& tagged, const Form& form, ContentReference& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& form, ContentReference& field) {
   return DecodeField(tagged, form, field.Path);
 }
 
 // What a primitive tag holds cannot be told to be one of a colour's or a font's types: it is
 // refused.
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, ColourValue& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, ColourValue& field) {
   BerElement element;
   return Untag(tagged, kNull, element) && Decode(element, field);
 }
 
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, FontBody& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, FontBody& field) {
   BerElement element;
   return Untag(tagged, kNull, element) && Decode(element, field);
 }
 
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, ContentBody& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, ContentBody& field) {
   BerElement element;
   return Untag(tagged, kOctetString, element) && Decode(element, field);
 }
 
 template <IsSequence Record>
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field) {
   Record record;
   if (!DecodeSequence(ElementsOf<Record>(tagged), record)) return false;
   field = std::move(record);
   return true;
 }
 
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, ActionList& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, ActionList& field) {
   ActionList actions;
   if (!DecodeActions(tagged.content, actions)) return false;
   field = std::move(actions);
@@ -199,7 +197,7 @@ bool DecodeField(const BerElement& tagged, const Form& /*form*/, ActionList& fie
 }
 
 template <class T>
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, List<T>& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, List<T>& field) {
   List<T> list;
   if (!DecodeEntries(EntriesOf<T>(tagged), list)) return false;
   field = std::move(list);
@@ -207,11 +205,11 @@ bool DecodeField(const BerElement& tagged, const Form& /*form*/, List<T>& field)
 }
 
 template <IsDescribed Record>
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field) noexcept;
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field);
 
 // Some attributes stand under a second tag that tells their type.
 template <class Field>
-bool DecodeTaggedField(const BerElement& tagged, const Form& form, Field& field) noexcept {
+bool DecodeTaggedField(const BerElement& tagged, const Form& form, Field& field) {
   if (form.innerTag == 0) return DecodeField(tagged, form, field);
   BerElement inner;
   if (!Untag(tagged, kNull, inner)) return false;
@@ -219,16 +217,15 @@ bool DecodeTaggedField(const BerElement& tagged, const Form& form, Field& field)
 }
 
 template <class... Records>
-bool DecodeItems(Classes<Records...> classes, const BerElement& tagged, List<Item>& field) noexcept;
+bool DecodeItems(Classes<Records...> classes, const BerElement& tagged, List<Item>& field);
 
 // What a refusal in an attribute or in an object has to say, unless it is known by then.
-bool ExplainAttribute(const BerElement& element, const char* keyword,
-                      const char* expected) noexcept {
+bool ExplainAttribute(const BerElement& element, const char* keyword, const char* expected) {
   element.content.Explain(&Refusal::part, keyword);
   return element.content.Explain(&Refusal::expected, expected);
 }
 template <class Record>
-bool ExplainObject(const BerElement& element) noexcept {
+bool ExplainObject(const BerElement& element) {
   element.content.Explain(&Refusal::owner, Description<Record>::heading.name);
   element.content.Explain(&Refusal::part, "");
   return element.content.Explain(&Refusal::expected, "an attribute");
@@ -237,7 +234,7 @@ bool ExplainObject(const BerElement& element) noexcept {
 // Reads the attribute that the element's tag names; one that the class does not have is passed
 // over.
 template <IsDescribed Record>
-bool DecodeAttribute(const BerElement& element, Record& record) noexcept {
+bool DecodeAttribute(const BerElement& element, Record& record) {
   bool isRead = true;
   ForEachAttribute<Record>([&](const auto& attribute) {
     if (attribute.tag != element.tag.number) return;
@@ -254,7 +251,7 @@ bool DecodeAttribute(const BerElement& element, Record& record) noexcept {
 
 // Attributes in a list of their own.
 template <IsDescribed Record>
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field) noexcept {
+bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field) {
   ListReader list(tagged.content);
   BerElement element;
   while (list.HasMore()) {
@@ -267,14 +264,14 @@ bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field) 
 
 // ---- Objects ----
 
-bool DecodeUniversal(const BerElement& element, Root& record) noexcept {
+bool DecodeUniversal(const BerElement& element, Root& record) {
   const bool isReference = element.Is(kInteger) || element.Is(kSequence);
   return !isReference || Decode(element, record.Reference);
 }
 
 // An object's body: its own reference and its attributes, in any order.
 template <IsDescribed Record>
-bool DecodeBody(BerReader reader, Record& record) noexcept {
+bool DecodeBody(BerReader reader, Record& record) {
   BerElement element;
   while (!reader.AtEnd()) {
     if (!reader.Next(element)) return false;
@@ -288,7 +285,7 @@ bool DecodeBody(BerReader reader, Record& record) noexcept {
 }
 
 template <class Record>
-bool DecodeObject(const BerElement& element, List<Item>& list) noexcept {
+bool DecodeObject(const BerElement& element, List<Item>& list) {
   auto record = Owned<Record>::New();
   if (!record) return element.Refuse();
   Record& object = *record;
@@ -299,7 +296,7 @@ bool DecodeObject(const BerElement& element, List<Item>& list) noexcept {
 
 // Reads the object that the element's tag names; one of none of the classes is passed over.
 template <class... Records>
-bool DecodeItem(Classes<Records...> classes, const BerElement& element, List<Item>& list) noexcept {
+bool DecodeItem(Classes<Records...> classes, const BerElement& element, List<Item>& list) {
   bool isRead = true;
   ForEachClass(classes, [&]<class Record>() {
     if (Description<Record>::heading.tag != element.tag.number) return;
@@ -309,8 +306,7 @@ bool DecodeItem(Classes<Records...> classes, const BerElement& element, List<Ite
 }
 
 template <class... Records>
-bool DecodeItems(Classes<Records...> classes, const BerElement& tagged,
-                 List<Item>& field) noexcept {
+bool DecodeItems(Classes<Records...> classes, const BerElement& tagged, List<Item>& field) {
   List<Item> items;
   ListReader list(tagged.content);
   BerElement element;
@@ -325,7 +321,7 @@ bool DecodeItems(Classes<Records...> classes, const BerElement& tagged,
 
 // Hands the record out before its contents are read, so that the caller has it whatever happens.
 template <class Record>
-bool DecodeGroupBody(const BerElement& element, OwnedGroup& group) noexcept {
+bool DecodeGroupBody(const BerElement& element, OwnedGroup& group) {
   auto record = Owned<Record>::New();
   if (!record) return element.Refuse();
   Record& body = *record;
@@ -333,7 +329,7 @@ bool DecodeGroupBody(const BerElement& element, OwnedGroup& group) noexcept {
   return DecodeBody(element.content, body) || ExplainObject<Record>(element);
 }
 
-bool DecodeFile(BerReader reader, OwnedGroup& group) noexcept {
+bool DecodeFile(BerReader reader, OwnedGroup& group) {
   BerElement element;
   if (!reader.Next(element)) return false;
   if (element.Is(Context(Description<Application>::heading.tag))) {
@@ -345,7 +341,7 @@ bool DecodeFile(BerReader reader, OwnedGroup& group) noexcept {
   return element.Refuse();
 }
 
-DecodeError ErrorOf(const Refusal& refusal, const std::uint8_t* begin) noexcept {
+DecodeError ErrorOf(const Refusal& refusal, const std::uint8_t* begin) {
   const auto orNone = [](const char* text, const char* none) {
     return text == nullptr ? none : text;
   };
@@ -357,7 +353,7 @@ DecodeError ErrorOf(const Refusal& refusal, const std::uint8_t* begin) noexcept 
 }  // namespace ber
 
 Status DecodeGroup(std::span<const std::uint8_t> bytes, OwnedGroup& group, bool& isApplication,
-                   DecodeError* error) noexcept {
+                   DecodeError* error) {
   ber::Refusal refusal;
   group.Reset();
   const bool isRead = ber::DecodeFile(ber::BerReader(bytes, refusal), group);

@@ -14,87 +14,82 @@ namespace {
 
 // ---- Contents of fields that are a SEQUENCE or a list ----
 
-void EncodeContent(BerWriter& writer, const ActionList& actions) noexcept {
-  EncodeActions(writer, actions);
-}
+void EncodeContent(BerWriter& writer, const ActionList& actions) { EncodeActions(writer, actions); }
 
 template <IsSequence Record>
-void EncodeContent(BerWriter& writer, const Record& record) noexcept;
+void EncodeContent(BerWriter& writer, const Record& record);
 template <class T>
-void EncodeContent(BerWriter& writer, const List<T>& list) noexcept;
+void EncodeContent(BerWriter& writer, const List<T>& list);
 
 // ---- Fields under a tag of their own, which an attribute gives ----
 
-void EncodeUnder(BerWriter& writer, Tag tag, bool field) noexcept { writer.Boolean(tag, field); }
-void EncodeUnder(BerWriter& writer, Tag tag, std::int32_t field) noexcept {
-  writer.Integer(tag, field);
-}
-void EncodeUnder(BerWriter& writer, Tag tag, const OctetString& field) noexcept {
+void EncodeUnder(BerWriter& writer, Tag tag, bool field) { writer.Boolean(tag, field); }
+void EncodeUnder(BerWriter& writer, Tag tag, std::int32_t field) { writer.Integer(tag, field); }
+void EncodeUnder(BerWriter& writer, Tag tag, const OctetString& field) {
   writer.Octets(tag, field.View());
 }
-void EncodeUnder(BerWriter& writer, Tag tag, const ContentReference& field) noexcept {
+void EncodeUnder(BerWriter& writer, Tag tag, const ContentReference& field) {
   writer.Octets(tag, field.Path.View());
 }
 template <IsChoice Field>
-void EncodeUnder(BerWriter& writer, Tag tag, const Field& field) noexcept {
+void EncodeUnder(BerWriter& writer, Tag tag, const Field& field) {
   writer.Constructed(tag, [&] { Encode(writer, field); });
 }
 template <class Field>
-void EncodeUnder(BerWriter& writer, Tag tag, const Field& field) noexcept {
+void EncodeUnder(BerWriter& writer, Tag tag, const Field& field) {
   writer.Constructed(tag, [&] { EncodeContent(writer, field); });
 }
 
 // ---- Fields under the tag of their type ----
 
-void EncodeElement(BerWriter& writer, const Form& form, const Item& item) noexcept;
-void EncodeElement(BerWriter& writer, const Form& /*form*/, bool field) noexcept {
+void EncodeElement(BerWriter& writer, const Form& form, const Item& item);
+void EncodeElement(BerWriter& writer, const Form& /*form*/, bool field) {
   writer.Boolean(kBoolean, field);
 }
-void EncodeElement(BerWriter& writer, const Form& form, std::int32_t field) noexcept {
+void EncodeElement(BerWriter& writer, const Form& form, std::int32_t field) {
   writer.Integer(form.words.empty() ? kInteger : kEnumerated, field);
 }
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const OctetString& field) noexcept {
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const OctetString& field) {
   writer.Octets(kOctetString, field.View());
 }
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const ActionSlot& slot) noexcept {
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const ActionSlot& slot) {
   if (slot.IsNull) return writer.Null();
   writer.Constructed(kSequence, [&] { EncodeActions(writer, slot.Actions); });
 }
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const Movement& movement) noexcept {
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const Movement& movement) {
   EncodeUnder(writer, kSequence, movement.Targets);
 }
-void EncodeElement(BerWriter& writer, const Form& /*form*/,
-                   const ContentReference& field) noexcept {
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const ContentReference& field) {
   writer.Octets(kOctetString, field.Path.View());
 }
 template <IsChoice Field>
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const Field& field) noexcept {
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const Field& field) {
   if (IsPresent(field)) Encode(writer, field);
 }
 template <IsSequence Record>
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const Record& record) noexcept {
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const Record& record) {
   EncodeUnder(writer, kSequence, record);
 }
 template <class T>
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const List<T>& list) noexcept {
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const List<T>& list) {
   if (!list.IsEmpty()) EncodeUnder(writer, kSequence, list);
 }
 
 template <IsSequence Record>
-void EncodeContent(BerWriter& writer, const Record& record) noexcept {
+void EncodeContent(BerWriter& writer, const Record& record) {
   ForEachElement<Record>(
       [&](const auto& element) { EncodeElement(writer, element.form, record.*element.field); });
 }
 
 template <class T>
-void EncodeContent(BerWriter& writer, const List<T>& list) noexcept {
+void EncodeContent(BerWriter& writer, const List<T>& list) {
   for (const T& entry : list) EncodeElement(writer, Form{}, entry);
 }
 
 // ---- Attributes ----
 
 template <class Field>
-void EncodeAttribute(BerWriter& writer, Tag tag, const Form& form, const Field& field) noexcept {
+void EncodeAttribute(BerWriter& writer, Tag tag, const Form& form, const Field& field) {
   if (form.innerTag != 0) {
     writer.Constructed(tag, [&] { EncodeUnder(writer, Context(form.innerTag), field); });
   } else if (form.isChoice) {
@@ -107,7 +102,7 @@ void EncodeAttribute(BerWriter& writer, Tag tag, const Form& form, const Field& 
 // Every attribute that the class must have, and of the others those that differ from a fresh
 // record's.
 template <IsDescribed Record>
-void EncodeAttributes(BerWriter& writer, const Record& record) noexcept {
+void EncodeAttributes(BerWriter& writer, const Record& record) {
   const Record fresh;
   ForEachAttribute<Record>([&](const auto& attribute) {
     const auto& field = record.*attribute.field;
@@ -126,14 +121,14 @@ void EncodeAttributes(BerWriter& writer, const Record& record) noexcept {
 // ---- Objects ----
 
 template <class Record>
-void EncodeObject(BerWriter& writer, const Record& record) noexcept {
+void EncodeObject(BerWriter& writer, const Record& record) {
   writer.Constructed(Context(Description<Record>::heading.tag), [&] {
     Encode(writer, record.Reference);
     EncodeAttributes(writer, record);
   });
 }
 
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const Item& item) noexcept {
+void EncodeElement(BerWriter& writer, const Form& /*form*/, const Item& item) {
   VisitIngredientClass(item.Type(),
                        [&]<class Record>() { EncodeObject(writer, item.As<Record>()); });
 }
@@ -141,7 +136,7 @@ void EncodeElement(BerWriter& writer, const Form& /*form*/, const Item& item) no
 }  // namespace
 }  // namespace ber
 
-Status EncodeGroup(const Group& group, OctetString& bytes) noexcept {
+Status EncodeGroup(const Group& group, OctetString& bytes) {
   ber::BerWriter writer;
   if (group.Type == ItemType::Application) {
     ber::EncodeObject(writer, static_cast<const Application&>(group));

@@ -19,17 +19,17 @@ struct Subject {
 // One pass over a group. Each step is false when memory is out, once that has been said.
 class Completion {
  public:
-  explicit Completion(std::string_view groupName) noexcept : groupName_(groupName) {}
+  explicit Completion(std::string_view groupName) : groupName_(groupName) {}
 
   template <class Record>
-  [[nodiscard]] bool CompleteObject(Record& record, const Subject& subject) noexcept {
+  [[nodiscard]] bool CompleteObject(Record& record, const Subject& subject) {
     return Complete(record.Reference, subject) &&
            CompleteAttributes(record, Description<Record>::heading.name);
   }
 
  private:
   template <IsDescribed Record>
-  [[nodiscard]] bool CompleteAttributes(Record& record, const char* className) noexcept {
+  [[nodiscard]] bool CompleteAttributes(Record& record, const char* className) {
     bool isDone = true;
     ForEachAttribute<Record>([&](const auto& attribute) {
       auto& field = record.*attribute.field;
@@ -43,40 +43,40 @@ class Completion {
     return isDone;
   }
 
-  [[nodiscard]] bool Complete(ObjectReference& reference, const Subject& subject) noexcept {
+  [[nodiscard]] bool Complete(ObjectReference& reference, const Subject& subject) {
     if (SetGroup(reference)) return true;
     const char* space = *subject.name == 0 ? "" : " ";
     std::printf("Can't allocate memory for %s%s%s GroupIdentifier\n", subject.className, space,
                 subject.name);
     return false;
   }
-  [[nodiscard]] bool Complete(OptionalReference& value, const Subject& subject) noexcept {
+  [[nodiscard]] bool Complete(OptionalReference& value, const Subject& subject) {
     return !value.IsPresent || Complete(value.Reference, subject);
   }
-  [[nodiscard]] bool Complete(FontBody& value, const Subject& subject) noexcept {
+  [[nodiscard]] bool Complete(FontBody& value, const Subject& subject) {
     return value.Kind != ValueKind::ObjectReference || Complete(value.Reference, subject);
   }
 
-  [[nodiscard]] bool CompleteParameter(GenericValue& value) noexcept {
+  [[nodiscard]] bool CompleteParameter(GenericValue& value) {
     const bool isReference =
         value.Kind == ValueKind::ObjectReference || value.Kind == ValueKind::IndirectReference;
     if (!isReference || SetGroup(value.Reference)) return true;
     std::fputs("Can't allocate memory for GroupId in Parameter\n", stdout);
     return false;
   }
-  [[nodiscard]] bool Complete(ElementaryAction& action, const Subject& /*subject*/) noexcept {
+  [[nodiscard]] bool Complete(ElementaryAction& action, const Subject& /*subject*/) {
     if (!CompleteParameter(action.Target)) return false;
     for (GenericValue& value : action.Parameters) {
       if (!CompleteParameter(value)) return false;
     }
     return true;
   }
-  [[nodiscard]] bool Complete(ActionSlot& slot, const Subject& subject) noexcept {
+  [[nodiscard]] bool Complete(ActionSlot& slot, const Subject& subject) {
     return Complete(slot.Actions, subject);
   }
 
   // A stream's components are named behind their class: "Stream Video".
-  [[nodiscard]] bool Complete(Item& item, const Subject& subject) noexcept {
+  [[nodiscard]] bool Complete(Item& item, const Subject& subject) {
     bool isDone = true;
     VisitIngredientClass(item.Type(), [&]<class Record>() {
       const char* name = Description<Record>::heading.name;
@@ -88,14 +88,14 @@ class Completion {
   }
 
   template <class T>
-  [[nodiscard]] bool Complete(List<T>& list, const Subject& subject) noexcept {
+  [[nodiscard]] bool Complete(List<T>& list, const Subject& subject) {
     for (T& entry : list) {
       if (!Complete(entry, subject)) return false;
     }
     return true;
   }
   template <IsSequence Record>
-  [[nodiscard]] bool Complete(Record& record, const Subject& subject) noexcept {
+  [[nodiscard]] bool Complete(Record& record, const Subject& subject) {
     bool isDone = true;
     ForEachElement<Record>([&](const auto& element) {
       isDone =
@@ -106,11 +106,11 @@ class Completion {
 
   // What holds no reference.
   template <class Value>
-  [[nodiscard]] bool Complete(Value& /*value*/, const Subject& /*subject*/) noexcept {
+  [[nodiscard]] bool Complete(Value& /*value*/, const Subject& /*subject*/) {
     return true;
   }
 
-  [[nodiscard]] bool SetGroup(ObjectReference& reference) noexcept {
+  [[nodiscard]] bool SetGroup(ObjectReference& reference) {
     return reference.GroupIdentifier.IsPresent() || reference.GroupIdentifier.Assign(groupName_);
   }
 
@@ -119,7 +119,7 @@ class Completion {
 
 }  // namespace
 
-Status CompleteReferences(std::string_view groupName, Group& group) noexcept {
+Status CompleteReferences(std::string_view groupName, Group& group) {
   Completion completion(groupName);
   const char* name = group.Type == ItemType::Application ? Description<Application>::heading.name
                                                          : Description<Scene>::heading.name;

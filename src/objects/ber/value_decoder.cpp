@@ -13,7 +13,7 @@ constexpr bool IsContentNumber(Tag tag) {
 
 // After the path: the size, then the cache priority, each of them plain or under its own tag, or
 // missing.
-bool DecodeReferencedContent(const BerElement& sequence, ContentBody& content) noexcept {
+bool DecodeReferencedContent(const BerElement& sequence, ContentBody& content) {
   BerReader reader = sequence.content.Knowing(IsContentNumber);
   BerElement element;
   if (!reader.Next(element) || !Decode(element, content.Data)) return false;
@@ -31,7 +31,7 @@ bool DecodeReferencedContent(const BerElement& sequence, ContentBody& content) n
   return true;
 }
 
-bool DecodeIndirect(const BerElement& element, GenericValue& value) noexcept {
+bool DecodeIndirect(const BerElement& element, GenericValue& value) {
   BerElement reference;
   GenericValue indirect;
   indirect.Kind = ValueKind::IndirectReference;
@@ -41,7 +41,7 @@ bool DecodeIndirect(const BerElement& element, GenericValue& value) noexcept {
 }
 
 // The kind that an element without an announcing tag has at a place where these kinds may stand.
-ValueKind KindOf(const BerElement& element, KindSet kinds) noexcept {
+ValueKind KindOf(const BerElement& element, KindSet kinds) {
   const auto allows = [kinds](ValueKind kind) { return (kinds & SetOfKinds(kind)) != 0; };
   const bool isNumber = element.Is(kInteger) || element.Is(kEnumerated);
   if (isNumber && allows(ValueKind::Integer)) return ValueKind::Integer;
@@ -54,12 +54,12 @@ ValueKind KindOf(const BerElement& element, KindSet kinds) noexcept {
                                                           : ValueKind::None;
 }
 
-bool DecodeContentPath(const BerElement& element, OctetString& path) noexcept {
+bool DecodeContentPath(const BerElement& element, OctetString& path) {
   BerElement octets;
   return Untag(element, kOctetString, octets) && Decode(octets, path);
 }
 
-bool DecodeDirect(const BerElement& element, KindSet kinds, GenericValue& value) noexcept {
+bool DecodeDirect(const BerElement& element, KindSet kinds, GenericValue& value) {
   GenericValue direct;
   direct.Kind = KindOf(element, kinds);
   bool isRead = false;
@@ -79,7 +79,7 @@ bool DecodeDirect(const BerElement& element, KindSet kinds, GenericValue& value)
   return true;
 }
 
-Tag TypeOf(ValueKind kind) noexcept {
+Tag TypeOf(ValueKind kind) {
   if (kind == ValueKind::Boolean) return kBoolean;
   if (kind == ValueKind::Integer) return kInteger;
   return kind == ValueKind::ContentReference ? kContentReference : kOctetString;
@@ -87,43 +87,43 @@ Tag TypeOf(ValueKind kind) noexcept {
 
 }  // namespace
 
-bool Untag(const BerElement& tagged, Tag implied, BerElement& value) noexcept {
+bool Untag(const BerElement& tagged, Tag implied, BerElement& value) {
   if (tagged.isConstructed) return tagged.content.Only(value);
   value = tagged;
   value.tag = implied;
   return true;
 }
 
-bool UntagReference(const BerElement& tagged, BerElement& value) noexcept {
+bool UntagReference(const BerElement& tagged, BerElement& value) {
   if (!IsExternalReference(tagged)) return Untag(tagged, kInteger, value);
   value = tagged;
   value.tag = kSequence;
   return true;
 }
 
-bool IsExternalReference(const BerElement& element) noexcept {
+bool IsExternalReference(const BerElement& element) {
   return element.isConstructed && element.content.Knowing(IsValueTag).NextIs(kOctetString);
 }
 
-bool Decode(const BerElement& element, NumberType type, std::int32_t& value) noexcept {
+bool Decode(const BerElement& element, NumberType type, std::int32_t& value) {
   const bool isEnumerated = element.Is(kEnumerated) && type == NumberType::Enumerated;
   if (!element.Is(kInteger) && !isEnumerated) return element.Refuse();
   value = element.Integer();
   return true;
 }
 
-bool Decode(const BerElement& element, bool& value) noexcept {
+bool Decode(const BerElement& element, bool& value) {
   if (!element.Is(kBoolean) || element.Length() != 1) return element.Refuse();
   value = element.FirstByte() != 0;
   return true;
 }
 
-bool Decode(const BerElement& element, OctetString& value) noexcept {
+bool Decode(const BerElement& element, OctetString& value) {
   if (!element.Is(kOctetString) || !value.Assign(element.Bytes())) return element.Refuse();
   return true;
 }
 
-bool Decode(const BerElement& element, ObjectReference& value) noexcept {
+bool Decode(const BerElement& element, ObjectReference& value) {
   ObjectReference reference;
   if (element.Is(kInteger)) {
     reference.Number = element.Integer();
@@ -139,7 +139,7 @@ bool Decode(const BerElement& element, ObjectReference& value) noexcept {
   return true;
 }
 
-bool Decode(const BerElement& element, ColourValue& value) noexcept {
+bool Decode(const BerElement& element, ColourValue& value) {
   ColourValue colour;
   colour.Kind = element.Is(kInteger) ? ValueKind::Integer : ValueKind::OctetString;
   const bool isRead = element.Is(kInteger) ? Decode(element, NumberType::Integer, colour.Index)
@@ -149,7 +149,7 @@ bool Decode(const BerElement& element, ColourValue& value) noexcept {
   return true;
 }
 
-bool Decode(const BerElement& element, FontBody& value) noexcept {
+bool Decode(const BerElement& element, FontBody& value) {
   FontBody font;
   const bool isReference = element.Is(kInteger) || element.Is(kSequence);
   font.Kind = isReference ? ValueKind::ObjectReference : ValueKind::OctetString;
@@ -159,7 +159,7 @@ bool Decode(const BerElement& element, FontBody& value) noexcept {
   return true;
 }
 
-bool Decode(const BerElement& element, ContentBody& value) noexcept {
+bool Decode(const BerElement& element, ContentBody& value) {
   ContentBody content;
   const bool isRead = element.Is(kSequence) ? DecodeReferencedContent(element, content)
                                             : Decode(element, content.Data);
@@ -168,7 +168,7 @@ bool Decode(const BerElement& element, ContentBody& value) noexcept {
   return true;
 }
 
-bool DecodeGeneric(const BerElement& element, KindSet kinds, GenericValue& value) noexcept {
+bool DecodeGeneric(const BerElement& element, KindSet kinds, GenericValue& value) {
   if (element.Is(kIndirectReference)) return DecodeIndirect(element, value);
   const ValueKind announced = AnnouncedKind(element.tag);
   if (announced == ValueKind::None) return DecodeDirect(element, kinds, value);

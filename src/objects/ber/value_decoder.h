@@ -18,29 +18,28 @@ constexpr KindSet SetOfKinds(Kinds... kinds) {
 
 // The universal element that `tagged` stands for. A primitive one is the value itself, of the type
 // `implied`; a constructed one holds exactly one universal element.
-[[nodiscard]] bool Untag(const BerElement& tagged, Tag implied, BerElement& value) noexcept;
+[[nodiscard]] bool Untag(const BerElement& tagged, Tag implied, BerElement& value);
 // The same for a reference, whose two forms also show themselves by what the tag holds.
-[[nodiscard]] bool UntagReference(const BerElement& tagged, BerElement& value) noexcept;
+[[nodiscard]] bool UntagReference(const BerElement& tagged, BerElement& value);
 // Whether an element is the reference to an object of a named group, and not a SEQUENCE that wraps
 // something.
-[[nodiscard]] bool IsExternalReference(const BerElement& element) noexcept;
+[[nodiscard]] bool IsExternalReference(const BerElement& element);
 
 enum class NumberType { Integer, Enumerated };
 
 // Each reads a universal element. False, with the place recorded, for another type and when memory
 // is out.
-[[nodiscard]] bool Decode(const BerElement& element, NumberType type, std::int32_t& value) noexcept;
-[[nodiscard]] bool Decode(const BerElement& element, bool& value) noexcept;
-[[nodiscard]] bool Decode(const BerElement& element, OctetString& value) noexcept;
+[[nodiscard]] bool Decode(const BerElement& element, NumberType type, std::int32_t& value);
+[[nodiscard]] bool Decode(const BerElement& element, bool& value);
+[[nodiscard]] bool Decode(const BerElement& element, OctetString& value);
 // An element that is no reference leaves the reference empty; that is no failure.
-[[nodiscard]] bool Decode(const BerElement& element, ObjectReference& value) noexcept;
-[[nodiscard]] bool Decode(const BerElement& element, ColourValue& value) noexcept;
-[[nodiscard]] bool Decode(const BerElement& element, FontBody& value) noexcept;
-[[nodiscard]] bool Decode(const BerElement& element, ContentBody& value) noexcept;
+[[nodiscard]] bool Decode(const BerElement& element, ObjectReference& value);
+[[nodiscard]] bool Decode(const BerElement& element, ColourValue& value);
+[[nodiscard]] bool Decode(const BerElement& element, FontBody& value);
+[[nodiscard]] bool Decode(const BerElement& element, ContentBody& value);
 
 // Reads a generic value of one of these kinds: in itself, under the context tag that announces its
 // kind, or, always allowed, as an indirect reference.
-[[nodiscard]] bool DecodeGeneric(const BerElement& element, KindSet kinds,
-                                 GenericValue& value) noexcept;
+[[nodiscard]] bool DecodeGeneric(const BerElement& element, KindSet kinds, GenericValue& value);
 
 }  // namespace korvel::ber

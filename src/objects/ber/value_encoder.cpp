@@ -3,7 +3,7 @@
 
 namespace korvel::ber {
 
-void Encode(BerWriter& writer, const ObjectReference& value) noexcept {
+void Encode(BerWriter& writer, const ObjectReference& value) {
   if (!value.GroupIdentifier.IsPresent()) return writer.Integer(kInteger, value.Number);
   writer.Constructed(kSequence, [&] {
     writer.Octets(kOctetString, value.GroupIdentifier.View());
@@ -11,21 +11,21 @@ void Encode(BerWriter& writer, const ObjectReference& value) noexcept {
   });
 }
 
-void Encode(BerWriter& writer, const OptionalReference& value) noexcept {
+void Encode(BerWriter& writer, const OptionalReference& value) {
   if (value.IsPresent) Encode(writer, value.Reference);
 }
 
-void Encode(BerWriter& writer, const ColourValue& value) noexcept {
+void Encode(BerWriter& writer, const ColourValue& value) {
   if (value.Kind == ValueKind::Integer) writer.Integer(kInteger, value.Index);
   if (value.Kind == ValueKind::OctetString) writer.Octets(kOctetString, value.Absolute.View());
 }
 
-void Encode(BerWriter& writer, const FontBody& value) noexcept {
+void Encode(BerWriter& writer, const FontBody& value) {
   if (value.Kind == ValueKind::OctetString) writer.Octets(kOctetString, value.Name.View());
   if (value.Kind == ValueKind::ObjectReference) Encode(writer, value.Reference);
 }
 
-void Encode(BerWriter& writer, const ContentBody& value) noexcept {
+void Encode(BerWriter& writer, const ContentBody& value) {
   if (!value.IsReferenced) return writer.Octets(kOctetString, value.Data.View());
   const ContentBody usual;
   writer.Constructed(kSequence, [&] {
@@ -37,7 +37,7 @@ void Encode(BerWriter& writer, const ContentBody& value) noexcept {
   });
 }
 
-void Encode(BerWriter& writer, const GenericValue& value) noexcept {
+void Encode(BerWriter& writer, const GenericValue& value) {
   switch (value.Kind) {
   case ValueKind::None: return writer.Null();
   case ValueKind::Boolean: return writer.Boolean(kBoolean, value.Boolean);

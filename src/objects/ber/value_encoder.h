@@ -16,24 +16,24 @@ concept IsChoice = std::same_as<T, ObjectReference> || std::same_as<T, OptionalR
     std::same_as<T, GenericValue>;
 
 // Each writes one element, or nothing for a value that is absent.
-void Encode(BerWriter& writer, const ObjectReference& value) noexcept;
-void Encode(BerWriter& writer, const OptionalReference& value) noexcept;
-void Encode(BerWriter& writer, const ColourValue& value) noexcept;
-void Encode(BerWriter& writer, const FontBody& value) noexcept;
-void Encode(BerWriter& writer, const ContentBody& value) noexcept;
+void Encode(BerWriter& writer, const ObjectReference& value);
+void Encode(BerWriter& writer, const OptionalReference& value);
+void Encode(BerWriter& writer, const ColourValue& value);
+void Encode(BerWriter& writer, const FontBody& value);
+void Encode(BerWriter& writer, const ContentBody& value);
 // A value of kind None is written as NULL.
-void Encode(BerWriter& writer, const GenericValue& value) noexcept;
+void Encode(BerWriter& writer, const GenericValue& value);
 
 // Whether there is a value to write at all.
-inline bool IsPresent(const OctetString& value) noexcept { return value.IsPresent(); }
-inline bool IsPresent(const ContentReference& value) noexcept { return value.Path.IsPresent(); }
-inline bool IsPresent(const OptionalReference& value) noexcept { return value.IsPresent; }
-inline bool IsPresent(const ColourValue& value) noexcept { return value.Kind != ValueKind::None; }
-inline bool IsPresent(const FontBody& value) noexcept { return value.Kind != ValueKind::None; }
-inline bool IsPresent(const ContentBody& value) noexcept { return value.Data.IsPresent(); }
-inline bool IsPresent(const GenericValue& value) noexcept { return value.Kind != ValueKind::None; }
+inline bool IsPresent(const OctetString& value) { return value.IsPresent(); }
+inline bool IsPresent(const ContentReference& value) { return value.Path.IsPresent(); }
+inline bool IsPresent(const OptionalReference& value) { return value.IsPresent; }
+inline bool IsPresent(const ColourValue& value) { return value.Kind != ValueKind::None; }
+inline bool IsPresent(const FontBody& value) { return value.Kind != ValueKind::None; }
+inline bool IsPresent(const ContentBody& value) { return value.Data.IsPresent(); }
+inline bool IsPresent(const GenericValue& value) { return value.Kind != ValueKind::None; }
 template <class T>
-bool IsPresent(const T& /*value*/) noexcept {
+bool IsPresent(const T& /*value*/) {
   return true;
 }
 

@@ -23,61 +23,61 @@ void Note(const std::string& line) {
 
 // ---- The engine core ----
 
-Status StartEngine(std::string_view path) noexcept {
+Status StartEngine(std::string_view path) {
   Note("StartEngine " + std::string(path));
   return TheSubstitutes().onStartEngine ? TheSubstitutes().onStartEngine() : Status::Done;
 }
 
-void CloseDown() noexcept { Note("CloseDown"); }
+void CloseDown() { Note("CloseDown"); }
 
-void BeginWork() noexcept { Note("BeginWork"); }
+void BeginWork() { Note("BeginWork"); }
 
-void ResetEngine() noexcept { Note("ResetEngine"); }
+void ResetEngine() { Note("ResetEngine"); }
 
-Status RaiseOutsideEvent(std::int32_t sourceNumber, EventType type, std::int32_t value) noexcept {
+Status RaiseOutsideEvent(std::int32_t sourceNumber, EventType type, std::int32_t value) {
   Note("Raise " + std::to_string(sourceNumber) + " " +
        std::to_string(static_cast<std::int32_t>(type)) + " " + std::to_string(value));
   if (TheSubstitutes().onRaise) TheSubstitutes().onRaise(value);
   return Status::Done;
 }
 
-void EmptyPersistentStore() noexcept { Note("EmptyPersistentStore"); }
+void EmptyPersistentStore() { Note("EmptyPersistentStore"); }
 
 // ---- The presentation ----
 
-void OpenScreen() noexcept { Note("OpenScreen"); }
+void OpenScreen() { Note("OpenScreen"); }
 
-void CloseScreen() noexcept { Note("CloseScreen"); }
+void CloseScreen() { Note("CloseScreen"); }
 
-void PaintWindow(void* /*deviceContext*/) noexcept { Note("PaintWindow"); }
+void PaintWindow(void* /*deviceContext*/) { Note("PaintWindow"); }
 
-void OpenPresentation(void* window) noexcept {
+void OpenPresentation(void* window) {
   Note(window == nullptr ? "OpenPresentation without window" : "OpenPresentation");
 }
 
-void ReleasePictures() noexcept { Note("ReleasePictures"); }
+void ReleasePictures() { Note("ReleasePictures"); }
 
-void ClosePresentation() noexcept { Note("ClosePresentation"); }
+void ClosePresentation() { Note("ClosePresentation"); }
 
-void ClearSurface() noexcept { Note("ClearSurface"); }
+void ClearSurface() { Note("ClearSurface"); }
 
-void DrawScreenText(std::string_view text) noexcept { Note("DrawScreenText " + std::string(text)); }
+void DrawScreenText(std::string_view text) { Note("DrawScreenText " + std::string(text)); }
 
-Status Redraw() noexcept {
+Status Redraw() {
   Note("Redraw");
   return Status::Done;
 }
 
-void ResetRedrawCounter() noexcept { Note("ResetRedrawCounter"); }
+void ResetRedrawCounter() { Note("ResetRedrawCounter"); }
 
-Status DeviceUpdate() noexcept {
+Status DeviceUpdate() {
   Note("DeviceUpdate");
   return Status::Done;
 }
 
-void DiscardUpdateStamp() noexcept { Note("DiscardUpdateStamp"); }
+void DiscardUpdateStamp() { Note("DiscardUpdateStamp"); }
 
-void ClearImageCache() noexcept { Note("ClearImageCache"); }
+void ClearImageCache() { Note("ClearImageCache"); }
 
 namespace test {
 

@@ -5,18 +5,18 @@ namespace korvel {
 
 using test::TheEngine;
 
-Application* CurrentApplication() noexcept { return TheEngine().application; }
+Application* CurrentApplication() { return TheEngine().application; }
 
-Scene* CurrentScene() noexcept { return TheEngine().scene; }
+Scene* CurrentScene() { return TheEngine().scene; }
 
-Status RaiseEvent(const Root& source, EventType type, EventData data) noexcept {
+Status RaiseEvent(const Root& source, EventType type, EventData data) {
   const ObjectReference& reference = source.Reference;
   TheEngine().raised.push_back(
       {std::string(reference.GroupIdentifier.View()), reference.Number, type, data});
   return TheEngine().onRaise ? TheEngine().onRaise() : Status::Done;
 }
 
-Busy::Busy() noexcept { ++TheEngine().busy; }
+Busy::Busy() { ++TheEngine().busy; }
 
 Busy::~Busy() { --TheEngine().busy; }
 

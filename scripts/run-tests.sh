@@ -19,11 +19,13 @@ count_tests() {
   ctest --preset "$1" | tee "$log"
   counts=$(sed -n 's/.* \([0-9]*\) tests failed out of \([0-9]*\)$/\1 \2/p' "$log")
   [ -n "$counts" ] || { fail "$1: the tests did not run"; return; }
+  awk '/ Test +#/ { shows = /\*\*\*/ } /^( +Start |[0-9]+% tests)/ { shows = 0 } shows' "$log" >>build/failures
   failed=$((failed + ${counts% *}))
   passed=$((passed + ${counts#* } - ${counts% *}))
 }
 
 mkdir -p build
+: >build/failures
 trap stop_wine EXIT
 start_wine || fail "Wine does not start"
 for preset; do
@@ -42,5 +44,7 @@ for preset; do
   fi
 done
 
+# Once more at the end, where they are not lost among what passed.
+cat build/failures
 echo "$passed passed, $failed failed" | tee build/summary
 [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]

@@ -15,52 +15,34 @@ cd "$(dirname "$0")/.."
 [ "$(id -u)" -eq 0 ] || { echo "$0: needs root, to make and enter a root file system" >&2; exit 2; }
 [ $# -gt 0 ] || set -- play dll mheg demos gallery test check fuzz
 scripts/install-packages.sh fresh
+. scripts/root.sh
 
 fresh=$PWD/build/fresh
-suite=bookworm
 job=""
-
-# The sources by which this machine reaches the suite, one a line as in sources.list.
-sources() {
-  apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' 'Identifier: Packages' |
-    grep -E " $suite(-updates|-security)? main\$" ||
-    echo "deb http://deb.debian.org/debian $suite main"
-}
 
 make_base() {
   [ ! -d "$fresh/base" ] || return 0
   echo "Making a bare machine, once: $fresh/base"
-  mirror=$(sources | awk -v suite="$suite" '$3 == suite { print $2; exit }')
   rm -rf "$fresh/base.part"
-  unshare --mount debootstrap --variant=minbase --include=ca-certificates,make,git \
-    --cache-dir="$fresh/packages" "$suite" "$fresh/base.part" "$mirror" >"$fresh/base.log" 2>&1 || {
+  make_root bookworm "$fresh/base.part" --include=ca-certificates,make,git \
+    --cache-dir="$fresh/packages" >"$fresh/base.log" 2>&1 || {
     echo "debootstrap failed, see $fresh/base.log" >&2
     exit 1
   }
+  echo "Dir::Cache::archives \"$fresh/packages\";" >"$fresh/base.part/etc/apt/apt.conf.d/91packages"
   mv "$fresh/base.part" "$fresh/base"
 }
 
-# Copies the bare machine, gives it this machine's way to the packages, and clones the project.
 make_machine() {
   rm -rf "$1"
   cp -a "$fresh/base" "$1"
   cp -L /etc/resolv.conf /etc/hosts "$1/etc/"
-  sources >"$1/etc/apt/sources.list"
-  apt-config dump | grep '^Acquire::' >"$1/etc/apt/apt.conf.d/00acquire"
   git clone -q . "$1/root/korvel"
 }
 
-# Runs a target in a machine. Mounts and processes are in namespaces of their own, so the kernel
-# removes them however this ends.
 run_target() {
-  exec timeout --kill-after=5 "${LIMIT:-7200}" unshare --mount --pid --fork --kill-child sh -euc '
-    mount -t proc proc "$1/proc"
-    mount --rbind /dev "$1/dev"
-    mount -t tmpfs tmpfs "$1/tmp"
-    mount --bind "$3" "$1/var/cache/apt/archives"
-    exec chroot "$1" env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin SECONDS="${SECONDS:-60}" \
-      ${http_proxy:+http_proxy="$http_proxy"} make -C /root/korvel "$2"
-    ' sh "$1" "$2" "$fresh/packages"
+  run_in_root "$1" "$fresh/packages" env SECONDS="${SECONDS:-60}" \
+    timeout --kill-after=5 "${LIMIT:-7200}" make -C /root/korvel "$2"
 }
 
 packages_in() { dpkg-query --admindir="$1/var/lib/dpkg" -W | wc -l; }

@@ -1,16 +1,27 @@
 # To be sourced: Debian systems in folders of their own, for what must be seen on another system
 # than this one. The functions need root.
 
-# make_root SUITE ROOT: installs a minimal Debian in the folder ROOT, which must not exist yet, from
-# the mirror and through the proxy that this machine uses.
+# sources_of SUITE: the package sources of the suite that this machine uses, one a line as in
+# sources.list.
+sources_of() {
+  format='deb $(REPO_URI) $(RELEASE) $(COMPONENT)'
+  apt-get indextargets --format "$format" 'Identifier: Packages' |
+    grep -E " $1(-updates|-security)? main\$" && return
+  mirror=$(apt-get indextargets --format '$(REPO_URI)' | grep '/debian/$' | head -n 1)
+  echo "deb ${mirror:-http://deb.debian.org/debian} $1 main"
+}
+
+# make_root SUITE ROOT [OPTION...]: installs a minimal Debian in the folder ROOT, which must not
+# exist yet, from the mirror and through the proxy that this machine uses. Options are debootstrap's.
 make_root() {
-  mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' |
-    grep '/debian/$' | head -n 1)
-  mirror=${mirror:-http://deb.debian.org/debian/}
+  suite=$1 root=$2
+  shift 2
+  mirror=$(sources_of "$suite" | awk -v suite="$suite" '$3 == suite { print $2; exit }')
   proxy=$(apt-config dump --format '%v%n' Acquire::http::Proxy)
-  http_proxy=$proxy debootstrap --variant=minbase "$1" "$2" "$mirror" || return 1
-  apt-config dump Acquire::http::Proxy Acquire::Check-Valid-Until Acquire::Check-Date \
-    >"$2/etc/apt/apt.conf.d/90machine"
+  http_proxy=$proxy unshare --mount debootstrap --variant=minbase "$@" "$suite" "$root" "$mirror" ||
+    return 1
+  sources_of "$suite" >"$root/etc/apt/sources.list"
+  apt-config dump | grep '^Acquire::' >"$root/etc/apt/apt.conf.d/90machine"
 }
 
 # run_in_root ROOT FOLDER COMMAND...: runs the command in that system, in FOLDER, which the system

@@ -1,8 +1,8 @@
 #!/bin/sh
-# Fails when clang-tidy finds fault with a source file. Usage: check-tidy.sh BUILD_FOLDER
-# Tests are left to the compiler's warnings: checking them takes longer than running them.
-# Of a Windows build only the Windows sources are looked at; the others are the native build's, and
-# what that one has compiled is left out.
+# Fails if clang-tidy reports an error in a source file. Usage: check-tidy.sh BUILD_FOLDER
+# Tests are not checked: that takes longer than running them, and the compiler warns about them.
+# For a Windows build only the Windows sources are checked, because the native build checks the
+# others.
 set -eu
 build=$1
 cd "$(dirname "$0")/.."

@@ -1,15 +1,14 @@
 #!/bin/sh
-# Runs make targets as the first command on a bare machine: a Debian 12 that has only make and git,
-# with a fresh clone of this checkout's last commit. Prints a line for each target: whether it
-# worked, how long it took, and how many packages it installed. Exits with 1 if one failed. Run it
-# before a release.
+# Runs make targets as the first command in a new Debian 12 system that has only make and git, with
+# a fresh clone of this checkout's last commit. Prints one line per target: the result, the time and
+# the number of packages it installed. Exits with 1 if a target failed. Run it before a release.
 # Usage, as root: [NAME=VALUE] fresh-machine.sh [TARGET...]
-#   TARGET       all that users start with, unless named
+#   TARGET       default: all targets that users begin with
 #   SECONDS=60   how long `fuzz` runs each reader
 #   LIMIT=7200   how many seconds a target may take
-#   KEEP=1       keeps the machines of targets that worked; one that failed is always kept
-# Everything is in build/fresh/: the bare machine, downloaded packages (so the time of a target does
-# not always include their download), and for each target TARGET.log and its machine.
+#   KEEP=1       keeps the systems of targets that passed; those of failed targets are always kept
+# Everything is in build/fresh/: the new system, the downloaded packages (so the time of a target
+# does not always include the download), and for each target its system and TARGET.log.
 set -eu
 cd "$(dirname "$0")/.."
 [ "$(id -u)" -eq 0 ] || { echo "$0: needs root, to make and enter a root file system" >&2; exit 2; }

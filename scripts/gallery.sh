@@ -1,5 +1,6 @@
 #!/bin/sh
-# Plays all demos and picture tests and shows them in one page. Fails when one of them failed.
+# Plays all demos and picture tests and collects the pictures in one page. Fails if one of them
+# fails.
 set -eu
 cd "$(dirname "$0")/.."
 . scripts/wine-server.sh

@@ -1,6 +1,7 @@
 #!/bin/sh
-# Installs the Debian packages that a task needs and that are missing, saying which. Quick when
-# nothing is missing. Usage: install-packages.sh TASK ..., with the tasks below.
+# Installs the missing Debian packages of the given tasks and lists them. Quick if nothing is
+# missing.
+# Usage: install-packages.sh TASK ..., with the tasks below.
 set -eu
 
 packages=""

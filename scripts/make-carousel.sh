@@ -1,9 +1,9 @@
 #!/bin/sh
-# Makes a carousel, the folder that is broadcast, from the folder that its author writes: each text
-# NAME.mheg is compiled to NAME, and everything else is copied, subfolders too. Two files of the
-# folder itself are not broadcast and stay out: play.script, the keys that the player presses, and
-# README.md. A text with an error fails and leaves no carousel.
-# Usage: make-carousel.sh SOURCE TARGET MHEG, where MHEG is the compiler. TARGET is made anew.
+# Builds a carousel, the folder that is broadcast, from an author's folder: each text NAME.mheg is
+# compiled to NAME, and all other files are copied, including subfolders. Two files of the folder
+# itself are not broadcast: play.script, the keys that the player presses, and README.md. If a text
+# has an error, the script fails and leaves no carousel.
+# Usage: make-carousel.sh SOURCE TARGET MHEG, where MHEG is the compiler. TARGET is replaced.
 set -eu
 export source="${1%/}" target="${2%/}" mheg="$3"
 

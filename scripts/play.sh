@@ -1,7 +1,7 @@
 #!/bin/sh
-# Plays a demo, or the carousel in a folder: in a window where there is a display, else on a virtual
-# one, leaving the screenshots that its play.script takes. Wine's prefix for it is apart from the
-# tests' one.
+# Plays a demo, or the carousel in a folder: in a window if there is a display, otherwise on a
+# virtual one with the screenshots of its play.script. It uses a Wine prefix of its own, not that of
+# the tests.
 set -eu
 cd "$(dirname "$0")/.."
 

@@ -1,5 +1,5 @@
-# To be sourced: Debian systems in folders of their own, for what must be seen on another system
-# than this one. The functions need root.
+# To be sourced: creates and enters Debian systems in folders, for tests on another system than this
+# one. The functions need root.
 
 # sources_of SUITE: the package sources of the suite that this machine uses, one a line as in
 # sources.list.
@@ -12,7 +12,8 @@ sources_of() {
 }
 
 # make_root SUITE ROOT [OPTION...]: installs a minimal Debian in the folder ROOT, which must not
-# exist yet, from the mirror and through the proxy that this machine uses. Options are debootstrap's.
+# exist yet, from the mirror and through the proxy that this machine uses. Options are
+# debootstrap's.
 make_root() {
   suite=$1 root=$2
   shift 2

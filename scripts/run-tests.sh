@@ -1,6 +1,7 @@
 #!/bin/sh
-# Builds presets and runs every test of them, natively and under Wine. The last line counts them:
-# "N passed, N failed", also left in build/summary. What cannot be built counts as one failure.
+# Builds presets and runs all their tests, natively and under Wine. The last line is
+# "N passed, N failed", also written to build/summary. A preset that cannot be built counts as one
+# failure.
 # Usage: run-tests.sh PRESET ...
 set -u
 cd "$(dirname "$0")/.." || exit 1
@@ -19,7 +20,8 @@ count_tests() {
   ctest --preset "$1" | tee "$log"
   counts=$(sed -n 's/.* \([0-9]*\) tests failed out of \([0-9]*\)$/\1 \2/p' "$log")
   [ -n "$counts" ] || { fail "$1: the tests did not run"; return; }
-  awk '/ Test +#/ { shows = /\*\*\*/ } /^( +Start |[0-9]+% tests)/ { shows = 0 } shows' "$log" >>build/failures
+  awk '/ Test +#/ { shows = /\*\*\*/ } /^( +Start |[0-9]+% tests)/ { shows = 0 } shows' "$log" \
+    >>build/failures
   failed=$((failed + ${counts% *}))
   passed=$((passed + ${counts#* } - ${counts% *}))
 }
@@ -29,8 +31,8 @@ mkdir -p build
 trap stop_wine EXIT
 start_wine || fail "Wine does not start"
 for preset; do
-  # That every header compiles alone is seen once natively and once for Windows. The native preset
-  # is optimised: it has the tests of speed, and no others.
+  # One native and one Windows build check that every header compiles alone. The native preset is
+  # optimised and has only the speed tests.
   tests=KORVEL_TESTS headers=all_verify_interface_header_sets
   case $preset in
   native) tests=KORVEL_SPEED_TESTS headers= ;;
@@ -44,7 +46,7 @@ for preset; do
   fi
 done
 
-# Once more at the end, where they are not lost among what passed.
+# Repeats the output of failed tests, which is hard to find among the passed ones.
 cat build/failures
 echo "$passed passed, $failed failed" | tee build/summary
 [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]

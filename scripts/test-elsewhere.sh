@@ -1,8 +1,8 @@
 #!/bin/sh
-# Runs the Windows tests and the scenarios where `make test` does not: the 32-bit products under a
-# Wine for 32 bits, and the 64-bit ones under a newer Wine. Each Wine is in a Debian of its own in
-# build/elsewhere, which is installed once; programs are built on this machine. The last lines count
-# the tests of both. Needs root.
+# Runs the Windows tests and the scenarios on systems that `make test` does not use: the 32-bit
+# products under a 32-bit Wine, and the 64-bit ones under a newer Wine. Each Wine is in a Debian
+# system of its own in build/elsewhere, installed once; the programs are built on this machine. The
+# last lines count the tests of both. Needs root.
 set -u
 cd "$(dirname "$0")/.." || exit 1
 [ "$(id -u)" -eq 0 ] || { echo "$0: needs root, to run tests in other systems" >&2; exit 1; }
@@ -25,9 +25,9 @@ install_system() {
     touch "$root/installed"
 }
 
-# run_tests BUILD_FOLDER ROOT: CTest finds the tests with a module of the CMake that has configured
-# the folder, and the system has another version of it. Tests that only look at files are left to
-# `make test`: they need the cross compiler's tools.
+# run_tests BUILD_FOLDER ROOT: CTest needs a module of the CMake that configured the folder, and the
+# system has another version, so the module is copied. Tests that only examine files are excluded:
+# they need the cross compiler's tools, and `make test` runs them.
 run_tests() {
   modules=$(sed -n 's/^CMAKE_ROOT:INTERNAL=//p' "$1/CMakeCache.txt")
   mkdir -p "$2$modules" && cp -r "$modules/." "$2$modules" &&

@@ -1,6 +1,6 @@
-# To be sourced, in the project's folder: Wine for the tests, with the prefix of the build folder
-# and without a display. Its server stays, and one program runs before the others: each of them then
-# starts in a moment.
+# To be sourced, in the project's folder: starts Wine for the tests, with a prefix in the build
+# folder and without a display. The server keeps running and has run one program, so that each test
+# program starts quickly.
 unset DISPLAY
 export WINEPREFIX="$PWD/build/wine"
 

@@ -1,5 +1,5 @@
-// Any bytes as a video stream: decoding ends, stays inside the stream and the frame, leaks nothing,
-// and what is refused is black.
+// Decodes any bytes as a video stream: decoding must end, stay within the stream and the frame and
+// leak nothing, and rejected streams produce a black frame.
 #include <algorithm>
 #include <cstdlib>
 #include <vector>
@@ -8,7 +8,8 @@
 
 namespace {
 
-// A larger frame takes longer to allocate than its stream to decode. The tallest one is not larger.
+// A larger frame takes longer to allocate than its stream takes to decode. The tallest possible
+// frame is within this limit.
 constexpr int kMaxArea = 32 * 4096;
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Any bytes as a picture file: looking at its header ends and stays inside the file. Bytes as a
-// stream of I-frames have a size that is decoded, or none.
+// Reads the size of any bytes as a picture file, which must end and stay within the file, and as a
+// stream of I-frames, which has a size that can be decoded or none.
 #include <cstdint>
 #include <cstdlib>
 

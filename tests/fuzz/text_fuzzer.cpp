@@ -1,5 +1,5 @@
-// Any bytes as a group in text: reading ends, stays inside, leaks nothing, and what it accepts can
-// be written and read again.
+// Reads any bytes as a group in text: reading must end, stay within the input and leak nothing, and
+// accepted groups can be written and read again.
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Fails unless the library exports exactly these functions by plain names and imports system
+# Fails unless the library exports exactly these functions by undecorated names and imports system
 # libraries only. Usage: check_library.sh OBJDUMP LIBRARY FUNCTION ...
 set -eu
 listing=$(mktemp)

@@ -1,6 +1,7 @@
 #!/bin/sh
-# Fails unless the Windows tool writes the bytes that the native one writes, says what it says, and
-# ends with its status: compiled and decompiled groups, dumps, reports, messages about faulty files.
+# Fails unless the Windows tool writes the same bytes, prints the same output and returns the same
+# status as the native one: compiled and decompiled groups, dumps, reports, messages about faulty
+# files.
 # Usage: check_mheg.sh WINE mheg.exe mheg SOURCE_FOLDER
 set -eu
 wine=$1
@@ -13,11 +14,11 @@ trap 'rm -rf "$work"' EXIT
 cp -r "$source"/examples/welcome "$work/texts"
 cp "$source"/tests/golden/dump/*.mheg "$work/texts"
 cp -r "$source"/tests/unit/mheg/faulty "$work/faulty"
-# These leave out what an author must write.
+# These omit required attributes.
 rm "$work/texts/programs_variables.mheg" "$work/texts/links.mheg" "$work/texts/token_groups.mheg"
 
-# Runs both tools with these arguments, in folders of their own, and compares all that comes of it.
-# Standard error has the line ends and the separators of its system.
+# Runs both tools with these arguments, in folders of their own, and compares all their output.
+# Standard error has the line ends and the separators of the system.
 both() {
   status=$1
   shift

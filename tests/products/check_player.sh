@@ -1,6 +1,6 @@
 #!/bin/sh
-# Fails unless the player tells its mistakes apart (2 for wrong use, 1 where no engine starts or a
-# picture does not become final in time) and takes a picture of the window on its own.
+# Fails unless the player returns the right status (2 for wrong use, 1 if no engine starts or a
+# picture does not become final in time) and takes a picture of the window without a script.
 # Usage: check_player.sh WINE korvel-player.exe mheg
 set -eu
 wine=$1
@@ -32,7 +32,7 @@ expect 1 player_alone.exe carousel
 lines=0
 expect 0 "$player" --help
 
-# The key takes two seconds: half of one for each application that is not there.
+# The key takes two seconds: half a second for each missing application.
 mkdir slow
 cat >slow.mheg <<'END'
 {:Application ("~/a" 0)

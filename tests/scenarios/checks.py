@@ -1,4 +1,4 @@
-"""What must be seen in the pictures of a scenario, and what is wrong with them.
+"""The checks of a scenario's pictures, and the reports of what is wrong with them.
 
 The file `pixels` holds what follows from the rules, a check a line. Areas are X Y WIDTH HEIGHT in
 pixels of the picture; RANGE is A..B, both included, or one number.
@@ -8,17 +8,17 @@ pixels of the picture; RANGE is A..B, both included, or one number.
   NAME.png X Y [WIDTH HEIGHT] !#RRGGBB
       At least one pixel has another colour.
   frame NAME.png X Y WIDTH HEIGHT THICKNESS #RRGGBB
-      The area's border, that thick and inside the area, has this colour; what it encloses is not
-      looked at.
+      The area's border, that thick and inside the area, has this colour; the pixels inside the
+      border are not checked.
   same NAME.png X Y WIDTH HEIGHT OTHER.png [X Y]
       The area looks exactly like the area of the other picture, or of the same one elsewhere.
   changed NAME.png X Y WIDTH HEIGHT OTHER.png
       At least one pixel of the area differs from the other picture.
   ink NAME.png X Y WIDTH HEIGHT #BACKGROUND [left|right|top|bottom|width|height|lines RANGE] ...
       [colour #RRGGBB]
-      Ink is what differs from the background, and there must be some. Its outermost columns and
-      rows, as places in the picture, lie in these ranges, and so do their distances. Lines are
-      runs of rows with ink, so use letters without accents, dots and descenders to count them.
+      Ink is every pixel that differs from the background; there must be some. The positions of its
+      outermost columns and rows, and its width and height, lie in these ranges. Lines are runs of
+      rows with ink, so use letters without accents, dots and descenders to count them.
       With a colour, each pixel of the ink lies between the background and that colour, and one is
       at least halfway there.
 
@@ -27,8 +27,8 @@ pixels of the picture; RANGE is A..B, both included, or one number.
   NAME.png|* X Y WIDTH HEIGHT glyphs COUNT    up to COUNT pixels may differ there
   NAME.png|* X Y WIDTH HEIGHT within D        each channel may differ there by up to D
 
-Lines that begin with "# " are remarks. For each picture with something wrong, the work folder then
-holds difference_NAME.png: the wrong pixels in white on black.
+Lines that begin with "# " are comments. For each wrong picture the work folder then contains
+difference_NAME.png: the wrong pixels in white on black.
 """
 
 import numpy
@@ -47,11 +47,11 @@ def load(path):
 
 
 class Mistake(ValueError):
-    """A check that cannot be made as it is written."""
+    """A check that cannot be carried out as it is written."""
 
 
 class Area:
-    """A part of a taken picture, through which the wrong pixels are marked."""
+    """A part of a picture, which marks the wrong pixels."""
 
     def __init__(self, taken, name, numbers):
         x, y, width, height = numbers
@@ -66,7 +66,7 @@ class Area:
 
 
 class Taken:
-    """The pictures that a run has left, and which of their pixels have been found wrong."""
+    """The pictures of a run, and which of their pixels are wrong."""
 
     def __init__(self, folder):
         self.folder = folder
@@ -159,12 +159,12 @@ def check_changed(taken, words):
 
 
 def runs_of(flags):
-    """How many runs of true there are."""
+    """The number of runs of true values."""
     return int(flags[0]) + int((flags[1:] & ~flags[:-1]).sum())
 
 
 def is_mixed_of(ink, background, colour):
-    """Whether each pixel is background with more or less of the colour over it, and one enough."""
+    """Whether each pixel is a blend of background and colour, and at least one is mostly colour."""
     rounding = 3
     way = colour - background
     share = ((ink - background) @ way) / max(way @ way, 1)
@@ -224,7 +224,7 @@ def wrong_pixels(scenario, taken):
 
 
 def excuse(differences, scenario, name):
-    """Takes out of `differences` (a channel's distance each) what the tolerance permits."""
+    """Removes the differences (distances of each channel) that the tolerance permits."""
     problems = []
     for line in lines_of(scenario / "tolerance"):
         picture, *numbers, kind, limit = line.split()
@@ -243,7 +243,7 @@ def excuse(differences, scenario, name):
 
 
 def wrong_picture(scenario, name, taken):
-    """How a picture differs from the stored one of that name."""
+    """The differences of a picture from the stored one of the same name."""
     try:
         seen = taken.picture(name)
     except Mistake as mistake:
@@ -275,7 +275,7 @@ def wrong_output(scenario, work):
 
 
 def problems_of(scenario, work):
-    """Everything that is not as the scenario wants it, a line each; leaves difference pictures."""
+    """All failed checks, one line each; writes difference pictures."""
     taken = Taken(work)
     problems = wrong_pixels(scenario, taken) + wrong_pictures(scenario, taken)
     taken.write_differences()

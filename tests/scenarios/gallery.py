@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Plays all scenarios and shows in one page what was seen and, where one failed, what is wrong.
+"""Plays all scenarios and collects their pictures, and the faults of failed ones, in one page.
 
 The scenarios are the folders beside this file and are played as the tests play them; demos are
 seen through the scenario that links to their texts, and one that has none counts as failed. The
@@ -32,7 +32,7 @@ def demos_without_scenario(demos, played):
 
 
 def play_all(played, work, tools):
-    """Results in the order of the scenarios, which are played on all processors."""
+    """Results in the order of the scenarios, which are played in parallel."""
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         return list(pool.map(lambda one: run_scenario.run(one, work / one.name, tools), played))
 
@@ -42,7 +42,7 @@ def words_of(name):
 
 
 def keep(picture, folder):
-    """Copies a picture beside the page; its address there, or nothing where there is none."""
+    """Copies a picture beside the page and returns its address; None if there is no picture."""
     if not picture.exists():
         return None
     folder.mkdir(parents=True, exist_ok=True)
@@ -51,7 +51,7 @@ def keep(picture, folder):
 
 
 def card_of(result, scenario, work, page_folder):
-    """What the page says about one scenario."""
+    """The entry of the page for one scenario."""
     folder = page_folder / result["name"]
     stored_folder = page_folder / f"{result['name']}.expected"
     pictures = []

@@ -1,4 +1,4 @@
-"""The page of the gallery says what the scenarios' results say, and shows what they have left."""
+"""The gallery's page shows the results and the pictures of the scenarios."""
 
 import pathlib
 import tempfile

@@ -1,20 +1,20 @@
 #!/usr/bin/env python3
-"""Plays one scenario on the real library and checks what is seen.
+"""Plays one scenario on the real library and checks its pictures and output.
 
 A scenario is a folder, named after the behaviour that it shows, with
   carousel/          the broadcast as an author writes it (scripts/make-carousel.sh)
-  script             what korvel-player does (tools/player/script.h), after remarks that say in a
-                     sentence what must be seen; its `shot` and `catch` lines give the pictures
+  script             the steps of korvel-player (tools/player/script.h), after comments that
+                     describe the expected result; its `shot` and `catch` steps take pictures
   pixels, expected/, tolerance
-                     what must be seen in the pictures (checks.py)
+                     the checks of the pictures (checks.py)
   output             (optional) the lines that the engine prints, in order
-  decoder            (optional) the decoder of I-frames that the player has in place of its own:
+  decoder            (optional) the decoder of I-frames that the player uses instead of its own:
                      the name of a folder of tests/decoders
 A scenario without pixels, expected and output, or without the sentence, is an error. It is played
-once: a fault that shows only now and then counts. The player takes a picture when it is final, so a
-script waits only for what content does later by itself.
-Pictures, and for a failure the wrong pixels, stay in the work folder; so does `result.json`, which
-says what came of it.
+once, so that a fault that shows only sometimes is not hidden. The player takes pictures when they
+are final, so a script waits only for timers of the content.
+The pictures, the wrong pixels of a failure, and `result.json` with the result stay in the work
+folder.
 """
 
 import argparse
@@ -32,15 +32,15 @@ RUN_LIMIT_S = 120
 
 
 def add_tool_options(parser):
-    """What every run needs, for this script and for those that play many scenarios."""
-    parser.add_argument("--work", type=pathlib.Path, required=True, help="folder for what is made")
+    """The options of this script and of those that play many scenarios."""
+    parser.add_argument("--work", type=pathlib.Path, required=True, help="folder for all output")
     parser.add_argument("--wine", required=True, help="program that runs Windows programs")
     parser.add_argument("--player", required=True)
     parser.add_argument("--mheg", required=True, help="compiler of textual groups")
 
 
 def sentence_of(scenario):
-    """The remarks before the first step of the script."""
+    """The comments before the first step of the script."""
     words = []
     for line in (scenario / "script").read_text().splitlines():
         if not line.startswith("#"):
@@ -59,7 +59,7 @@ def lacks_of(scenario):
 
 
 def shots_of(scenario):
-    """The files that the script leaves, in order: what follows `shot` and `catch X Y #RRGGBB`."""
+    """The files that the script writes, in order: from `shot` and `catch X Y #RRGGBB`."""
     words_before = {"shot": 1, "catch": 4}
     names = []
     for line in checks.lines_of(scenario / "script"):
@@ -69,7 +69,7 @@ def shots_of(scenario):
 
 
 def make_carousel(source, target, compiler):
-    """Makes the carousel as a demo's is made; what the compiler complains about."""
+    """Builds the carousel with the script for demos; returns the compiler's errors."""
     command = [MAKE_CAROUSEL, source, target, compiler]
     run = subprocess.run(command, capture_output=True, text=True)
     if run.returncode == 0:
@@ -78,7 +78,7 @@ def make_carousel(source, target, compiler):
 
 
 def player_of(scenario, work, player):
-    """The player, or a copy that finds the scenario's own decoder of I-frames beside itself."""
+    """The player, or a copy of it beside the scenario's own decoder of I-frames."""
     if not (scenario / "decoder").exists():
         return player
     programs = pathlib.Path(player).parent
@@ -107,7 +107,7 @@ def play(scenario, work, tools):
 
 
 def run(scenario, work, tools):
-    """Compiles, plays and checks; leaves and returns what came of it."""
+    """Compiles, plays and checks; writes and returns the result."""
     shutil.rmtree(work, ignore_errors=True)
     work.mkdir(parents=True)
     problems = lacks_of(scenario)

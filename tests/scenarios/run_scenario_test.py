@@ -1,4 +1,4 @@
-"""Playing a scenario, with a shell script for a player: one play, complaints, results."""
+"""Plays scenarios with a shell script as the player: one play each, errors, results."""
 
 import contextlib
 import io

@@ -1,5 +1,6 @@
 #!/bin/sh
-# Builds the carousel of a made-up demo by the rules of examples/, with a compiler that only copies.
+# Builds the carousel of an invented demo by the rules of examples/, with a compiler that only
+# copies.
 set -eu
 project=$(readlink -f "$(dirname "$0")/../..")
 work=$(mktemp -d)

@@ -1,6 +1,6 @@
 #!/bin/sh
-# The pictures in docs/ show what the demos look like today: each is the same file as a stored
-# picture of a scenario, and none is in docs/ without its line here.
+# The pictures in docs/ show the current demos: each is the same file as a stored picture of a
+# scenario. A picture in docs/ without a line in this table fails.
 set -eu
 cd "$(dirname "$0")/../.."
 

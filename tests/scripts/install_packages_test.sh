@@ -1,6 +1,6 @@
 #!/bin/sh
-# Runs install-packages.sh with programs in place of those of Debian: no package is installed, and
-# the exit statuses of `apt-get update` and `apt-get install` are as the test says.
+# Runs install-packages.sh with stand-ins for Debian's programs: no package is installed, and each
+# test sets the exit statuses of `apt-get update` and `apt-get install`.
 set -eu
 install=$(dirname "$(readlink -f "$0")")/../../scripts/install-packages.sh
 work=$(mktemp -d)

@@ -1,6 +1,7 @@
-// How long the check of a carousel takes. Four times the groups may not take much more than four
-// times the time, however they are given and whatever they refer to. Of several runs the best
-// counts, and in each the processor's time, so that a busy machine does not matter.
+// The time that checking a carousel takes. Four times the groups may take little more than four
+// times as long, whether they are given as a folder or as files, and whatever they refer to. The
+// test measures processor time and uses the fastest of several runs, so that other load does not
+// matter.
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -22,7 +23,8 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr int kGroups = 400;
 constexpr Milliseconds kLimit{1000};
-// Four times the groups take sixteen times as long where each is compared with every other.
+// Comparing every group with every other would take sixteen times as long for four times the
+// groups.
 constexpr double kMostGrowth = 8;
 constexpr int kRuns = 5;
 

@@ -1,7 +1,7 @@
-// How long the reader of the textual notation takes. A scene of 60 KB, which is about as long as a
-// text may be, must be read in well under 50 ms, and twice the text may not take much more than
-// twice the time. Of several readings the best counts, and in each the processor's time, so that a
-// busy machine does not matter.
+// The time that the reader of the textual notation takes. A scene of 60 KB, close to the longest
+// text, must be read in well under 50 ms, and twice the text may take little more than twice as
+// long. The test measures processor time and uses the fastest of several runs, so that other load
+// does not matter.
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -18,12 +18,12 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr std::size_t kLength = 60000;  // bytes
 constexpr Milliseconds kLimit{25};
-// Four times the text takes four times as long, and sixteen times as long where something is gone
-// through again for each piece.
+// Four times the text takes four times as long; a reader that walks something again for each part
+// would take sixteen times as long.
 constexpr double kMostGrowth = 8;
 constexpr std::size_t kReadings = 25;
 
-// Scenes of one kind of content, repeated: what is before it, the content, what is behind it.
+// Scenes of one repeated piece of content: the text before it, the piece, the text after it.
 struct Shape {
   const char* name;
   const char* before;
@@ -49,7 +49,7 @@ std::string SceneOf(const Shape& shape, std::size_t length) {
   return text + shape.behind;
 }
 
-// The processor's time for reading the text once; none when the text is refused.
+// The processor time for reading the text once; nothing if the text is rejected.
 std::optional<Milliseconds> TimeToRead(const std::string& text) {
   korvel::OwnedGroup group;
   bool isApplication = false;
@@ -58,8 +58,8 @@ std::optional<Milliseconds> TimeToRead(const std::string& text) {
   return Milliseconds(1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
 }
 
-// The shortest times for texts of a quarter, half and all of the length, read in turns, so that a
-// while in which the machine is slow meets them all.
+// The shortest times for texts of a quarter, half and all of the length. They are read in turns, so
+// that a slow period of the machine affects all of them.
 bool IsQuick(const Shape& shape) {
   const std::string texts[] = {SceneOf(shape, kLength / 4), SceneOf(shape, kLength / 2),
                                SceneOf(shape, kLength)};

@@ -1,5 +1,5 @@
-// What tests may ask of the stand-in for the platform: files in memory, a clock that stands still
-// until it is moved, and a record of what the engine asked the platform for.
+// The interface of the platform's stand-in for tests: files in memory, a clock that tests set, and
+// a record of the engine's requests.
 #pragma once
 
 #include <cstdint>

@@ -37,7 +37,7 @@ std::ostream& operator<<(std::ostream& out, const LineAttributes& line) {
   return out << "line " << line.Width << '/' << line.Style << Hex{line.Ink};
 }
 
-// Notes a call, unless it is for an absent canvas.
+// Records a call, unless the canvas is null.
 template <class... Parts>
 Status Draw(const Canvas* canvas, const char* what, const Parts&... parts) {
   std::ostringstream line;

@@ -1,5 +1,5 @@
-// What tests may ask of the stand-in for the presentation: how often it was asked to draw, and what
-// the next redraw reports.
+// The interface of the presentation's stand-in for tests: it counts requests to draw, and tests set
+// the result of the next redraw.
 #pragma once
 
 #include <functional>

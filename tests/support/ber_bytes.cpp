@@ -1,4 +1,4 @@
-// Spelling out elements, and handing bytes to the decoder.
+// Writing elements by hand, and decoding them.
 #include "support/ber_bytes.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
-// BER elements spelled out by hand, for tests: what a reader is given, without asking the writer
-// that the same tests examine. Elements stand behind each other by `+`.
+// BER elements written by hand, as input for tests of the reader that must not depend on the
+// writer.
+// `+` concatenates elements.
 #pragma once
 
 #include <cstdint>
@@ -38,7 +39,7 @@ Bytes SceneFile(const Bytes& attributes);
 // A scene whose list of items holds these elements.
 Bytes FileWithItems(const Bytes& items);
 
-// What decoding gave.
+// The result of decoding.
 struct Decoded {
   Status status = Status::Refused;
   OwnedGroup group;
@@ -53,10 +54,10 @@ struct Decoded {
   }
 };
 
-// Decodes from a block of exactly these bytes, so that a sanitizer sees every step beyond them.
+// Decodes from a block of exactly these bytes, so that a sanitizer reports every read past the end.
 Decoded Decode(const Bytes& bytes);
 
-// A scene decoded whose only item, of number 7, is an object of that tag with these attributes.
+// Decodes a scene with one item, number 7, of the class with that tag and with these attributes.
 template <class Record>
 struct OneItem {
   OneItem(std::uint32_t tag, const Bytes& attributes)
@@ -67,7 +68,7 @@ struct OneItem {
   Decoded decoded;
 };
 
-// The bytes that the writer makes of a group; empty when it fails.
+// The bytes that the writer produces for a group; empty if it fails.
 Bytes Encode(const Group& group);
 
 // The bytes in hexadecimal, for messages.

@@ -1,7 +1,7 @@
-// The ground that tests of the engine core stand on: content written as text and served as files,
-// keys and timer expiries from outside, what the engine printed, and the values of the running
-// application's variables. Most tests let content say what happened: links note marks in a
-// variable, and the test compares the marks in their order.
+// The fixture for tests of the engine core: it serves content written as text as files, sends keys
+// and timer expiries, and captures the engine's output and the values of the running application's
+// variables. In most tests the content records what happened: links append marks to a variable, and
+// the test compares the sequence of marks.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ inline void PrintTo(ItemType type, std::ostream* out) {
 
 namespace test {
 
-// The variable that notes are taken in; every application and scene written with the phrases below
+// The variable that collects the notes; every application and scene built with the phrases below
 // has one.
 inline constexpr std::int32_t kNotes = 99;
 
@@ -61,7 +61,7 @@ inline std::string LinkOn(std::int32_t number, std::string_view source, std::str
          std::string(effect) + ")} ";
 }
 
-// A link on a key; whatever group it stands in, the key reaches it.
+// A link on a key. The key reaches it in the application and in the scene.
 inline std::string LinkOnKey(std::int32_t number, std::int32_t key, std::string_view effect,
                              std::string_view attributes = "") {
   return LinkOn(number, "0", "UserInput :EventData " + std::to_string(key), effect, attributes);
@@ -91,7 +91,7 @@ inline std::string SceneText(std::string_view name, std::string_view items,
   return GroupText("Scene", name, items, attributes);
 }
 
-// ---- The engine at work ----
+// ---- Running the engine ----
 
 // Runs `work` and adds what it printed to `printed`.
 template <class Work>
@@ -140,13 +140,13 @@ class EngineTest : public testing::Test {
     Serve(file, SceneText("~/" + file, items, attributes));
   }
 
-  // One piece of work of the worker: ended groups are released before it, not after it.
+  // One key or timer of the worker. Ended groups are released before it, not after it.
   template <class Work>
   auto Do(Work&& work) {
     BeginWork();
     return GoOn(work);
   }
-  // More of the piece of work that was begun last.
+  // Continues the key or timer that was begun last.
   template <class Work>
   auto GoOn(Work&& work) {
     return WithOutputIn(printed_, work);
@@ -154,7 +154,7 @@ class EngineTest : public testing::Test {
   Status Start(std::string_view path = "") {
     return Do([&] { return StartEngine(path); });
   }
-  // Starts the engine and brings a scene up.
+  // Starts the engine and enters a scene.
   void StartWithScene(std::string_view scene) {
     ASSERT_EQ(Start(), Status::Done);
     ASSERT_EQ(GoTo(scene), Status::Done);
@@ -166,7 +166,7 @@ class EngineTest : public testing::Test {
   Status Press(std::int32_t key) {
     return Do([&] { return RaiseOutsideEvent(0, EventType::UserInput, key); });
   }
-  // The platform's timer has fired, and is no more.
+  // Removes the platform's timer, as if it had fired.
   Status Expire(std::int32_t timer) {
     TheHost().timers.erase(static_cast<std::uint32_t>(timer));
     return Do([&] { return RaiseOutsideEvent(0, EventType::TimerFired, timer); });

@@ -1,4 +1,4 @@
-// Filling records attribute by attribute along the tables.
+// Fills records attribute by attribute as the tables list them.
 #include "support/sample_groups.h"
 
 #include <array>
@@ -44,7 +44,7 @@ class GroupMaker {
     return group;
   }
 
-  // For a complete group, something else than the attribute's construction value.
+  // For a complete group, a value different from the attribute's default.
   template <class Record>
   void FillAttributes(Record& record) {
     const Record fresh;
@@ -84,7 +84,8 @@ class GroupMaker {
       field = Below(2) == 0 ? edges[Below(edges.size())] : static_cast<std::int32_t>(random_());
     }
   }
-  // Any bytes, zeros among them, or text; now and then none at all, or enough for a longer length.
+  // Any bytes, including zeros, or text; sometimes empty, sometimes long enough for a longer length
+  // field.
   void Fill(OctetString& field, const Form& /*form*/) {
     std::string bytes(Below(20) == 0 ? 300 : Below(9), ' ');
     const bool isText = Below(2) == 0;
@@ -250,7 +251,7 @@ class GroupMaker {
   static void Add(List<T>& list, T&& value) {
     Require(list.Append(std::move(value)) != nullptr);
   }
-  // These groups are made while no allocation is made to fail.
+  // No allocation fails while these groups are generated.
   static void Require(bool isDone) {
     if (!isDone) std::abort();
   }

@@ -1,5 +1,5 @@
-// Groups made from the tables, for tests that must meet every class, attribute and action: what a
-// table gains, these groups gain by themselves.
+// Groups generated from the tables, for tests that must cover every class, attribute and action.
+// New rows of a table appear in these groups automatically.
 #pragma once
 
 #include <cstdint>
@@ -8,18 +8,17 @@
 
 namespace korvel::test {
 
-// An application or a scene with an item of every class, every attribute set to something else than
-// its construction value, and every action that content can hold, once with direct and once with
-// indirect values.
+// An application or a scene with an item of every class, every attribute different from its default
+// value, and every action that content can hold, once with direct and once with indirect values.
 OwnedGroup MakeCompleteGroup(ItemType type);
 
-// A group that depends on nothing but `seed`: some attributes, some items, some actions, some
-// parameters left out. An even number gives an application, an odd one a scene.
+// A group that depends only on `seed`, with a random selection of attributes, items, actions and
+// parameters. Even seeds produce an application, odd ones a scene.
 OwnedGroup MakeRandomGroup(std::uint32_t seed);
 
-// The groups of so many seeds, from 0 on, show each attribute of each class written and left out,
-// each place of each action's syntax with a direct and with an indirect value, and every byte in
-// strings.
+// The number of seeds, from 0 on, whose groups together contain each attribute of each class
+// present and absent, each parameter of each action with a direct and with an indirect value, and
+// every byte in strings.
 inline constexpr std::uint32_t kEnoughRandomGroups = 1500;
 
 }  // namespace korvel::test

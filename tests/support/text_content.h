@@ -1,6 +1,6 @@
 // Content written as text, for tests: a group in the textual notation becomes its records or its
-// BER bytes. A text that cannot be read fails the running test with the place and what was expected
-// there.
+// BER bytes. A text that cannot be read fails the current test and reports the position and what
+// was expected there.
 #pragma once
 
 #include <string>

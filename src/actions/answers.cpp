@@ -1,7 +1,7 @@
 // The one place where behaviours raise events, ask for redraws and write variables.
 #include "actions/answers.h"
+#include "objects/messages.h"
 
-#include <cstdio>
 #include <utility>
 
 namespace korvel {
@@ -81,13 +81,13 @@ Status AnswerInteger(const Arguments& arguments, std::size_t place, std::int32_t
 }
 
 Status AnswerOctets(const Arguments& arguments, std::size_t place, std::string_view value,
-                    const char* message) {
+                    Message message) {
   auto* variable =
       FindVariable<OctetStringVariable>(arguments, place, ItemType::OctetStringVariable);
   if (variable == nullptr) return Status::Refused;
   OctetString copy;
   if (!copy.Assign(value)) {
-    std::fputs(message, stdout);
+    Say(message);
     return Status::Failure;
   }
   return SetValue(*variable, std::move(copy));

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "actions/parameters.h"
+#include "objects/messages.h"
 
 namespace korvel {
 
@@ -27,7 +28,7 @@ Status AnswerBoolean(const Arguments& arguments, std::size_t place, bool value);
 Status AnswerInteger(const Arguments& arguments, std::size_t place, std::int32_t value);
 // `message` is printed when memory is out, and the list stops.
 Status AnswerOctets(const Arguments& arguments, std::size_t place, std::string_view value,
-                    const char* message);
+                    Message message);
 Status AnswerReference(const Arguments& arguments, std::size_t place, const ObjectReference& value);
 // Writes both numbers or, when one of the two variables is of another class, neither.
 Status AnswerPair(const Arguments& arguments, std::int32_t first, std::int32_t second);

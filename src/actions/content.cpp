@@ -1,12 +1,12 @@
 // New content for an ingredient: included in the action, or named by it. Text is taken from it at
 // once; a bitmap is drawn from it at the next redraw.
-#include <cstdio>
 #include <utility>
 
 #include "actions/answers.h"
 #include "actions/behaviours.h"
 #include "actions/interaction.h"
 #include "actions/lifecycle.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -39,7 +39,7 @@ Status ReadContent(const Arguments& arguments, ContentBody& content) {
 Status TakeIncludedText(Text& text) {
   const OctetString& content = text.Content.Data;
   if (!text.TextData.Assign(content.View())) {
-    std::fputs("Can't allocate memory for TextData\n", stdout);
+    Say(Message::NoMemoryForTextData);
   }
   return Status::Done;
 }

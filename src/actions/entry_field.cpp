@@ -1,12 +1,12 @@
 // Entry fields: the entry point, the overwrite mode, and what the viewer's keys enter.
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 #include "actions/answers.h"
 #include "actions/behaviours.h"
 #include "actions/interaction.h"
 #include "actions/lifecycle.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -54,9 +54,7 @@ Status Write(EntryField& field, std::size_t place, std::size_t replaced, char ch
   const std::string_view text = field.TextData.View();
   OctetString made;
   if (!MakeText(text, place, replaced, character, made)) {
-    std::fputs(text.empty() ? "Can't allocate memory for TextData\n"
-                            : "Can't allocate memory for NewStr\n",
-               stdout);
+    Say(text.empty() ? Message::NoMemoryForTextData : Message::NoMemoryForLongerText);
     return Status::Failure;
   }
   field.TextData = std::move(made);

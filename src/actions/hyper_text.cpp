@@ -5,6 +5,7 @@
 #include "actions/class_variables.h"
 #include "actions/interaction.h"
 #include "actions/lifecycle.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -87,7 +88,7 @@ Status GetLastAnchorFired(const Arguments& arguments) {
   const auto& text = arguments.Target.As<HyperText>();
   if (!text.AvailabilityStatus) return Status::Refused;
   return AnswerOctets(arguments, 0, text.LastAnchorFired.View(),
-                      "Can't allocate memory for LastAnchorFiredVar\n");
+                      Message::NoMemoryForAnchorVariable);
 }
 
 }  // namespace korvel

@@ -1,20 +1,20 @@
 // The attributes with which line art is drawn. Setting one does not redraw: it holds for what is
 // painted later.
-#include <cstdio>
 
 #include "actions/answers.h"
 #include "actions/behaviours.h"
 #include "actions/colours.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
 
 LineArt& TargetOf(const Arguments& arguments) { return arguments.Target.As<LineArt>(); }
 
-Status SetColour(const Arguments& arguments, ColourValue& colour, const char* message) {
+Status SetColour(const Arguments& arguments, ColourValue& colour, Message message) {
   if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
   const Status status = ReadColour(arguments, colour);
-  if (status == Status::Refused) std::fputs(message, stdout);
+  if (status == Status::Refused) Say(message);
   return status;
 }
 
@@ -29,8 +29,7 @@ Status AnswerColour(const Arguments& arguments, const ColourValue& colour) {
   switch (colour.Kind) {
   case ValueKind::Integer: return AnswerInteger(arguments, 0, colour.Index);
   case ValueKind::OctetString:
-    return AnswerOctets(arguments, 0, colour.Absolute.View(),
-                        "Can't allocate memory for CharVal\n");
+    return AnswerOctets(arguments, 0, colour.Absolute.View(), Message::NoMemoryForOctets);
   default: return Status::Refused;
   }
 }
@@ -43,13 +42,11 @@ Status AnswerNumber(const Arguments& arguments, std::int32_t attribute) {
 }  // namespace
 
 Status SetLineColour(const Arguments& arguments) {
-  return SetColour(arguments, TargetOf(arguments).RefLineColour,
-                   "MHEG_DYNAMICLINEART_SetLineColour Error\n");
+  return SetColour(arguments, TargetOf(arguments).RefLineColour, Message::SetLineColourError);
 }
 
 Status SetFillColour(const Arguments& arguments) {
-  return SetColour(arguments, TargetOf(arguments).RefFillColour,
-                   "MHEG_DYNAMICLINEART_SetFillColour Error\n");
+  return SetColour(arguments, TargetOf(arguments).RefFillColour, Message::SetFillColourError);
 }
 
 Status SetLineWidth(const Arguments& arguments) {

@@ -1,19 +1,18 @@
 // Evaluation of parameters by the syntax of the action table, and the reading of variables that it
 // rests on.
 #include "actions/parameters.h"
-
-#include <cstdio>
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
 
 // The copy of what cannot be copied is empty; the action proceeds with that.
 void CopyOctets(const OctetString& from, OctetString& to) {
-  if (!to.CopyFrom(from)) std::fputs("Can't allocate memory for CharVal\n", stdout);
+  if (!to.CopyFrom(from)) Say(Message::NoMemoryForOctets);
 }
 
 void CopyReference(const ObjectReference& from, ObjectReference& to) {
-  if (!Copy(from, to)) std::fputs("Can't allocate memory for ObjectRefVal\n", stdout);
+  if (!Copy(from, to)) Say(Message::NoMemoryForReference);
 }
 
 void CopyValue(const GenericValue& from, GenericValue& to) {

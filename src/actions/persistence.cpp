@@ -1,12 +1,12 @@
 // Keeping variables in the persistent store and reading them back. An entry is the values in the
 // order of the action's list, with no header and no count: whoever reads has to ask for the same
 // classes. An entry that is too short for what is asked for yields reset values from there on.
-#include <cstdio>
 #include <cstring>
 #include <utility>
 
 #include "actions/answers.h"
 #include "actions/behaviours.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -175,7 +175,7 @@ Status StorePersistent(const Arguments& arguments) {
     status = AddVariable(data, variable);
     if (status == Status::Refused) return status;
     if (status == Status::Failure) {
-      std::fputs("Can't allocate memory for Persistent\n", stdout);
+      Say(Message::NoMemoryForPersistent);
       break;
     }
   }

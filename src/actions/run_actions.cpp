@@ -1,11 +1,11 @@
 // The interpreter of action lists: for each action it evaluates the parameters, resolves the
 // target, sees that the target's class is accepted, and calls the behaviour. What the behaviours do
 // stands in the files that behaviours.h names.
-#include <cstdio>
 
 #include "actions/actions.h"
 #include "actions/behaviours.h"
 #include "engine/engine.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -164,7 +164,7 @@ Status RunActions(Scope scope, const ActionHolder& owner, std::int32_t /*reserve
     if (!TakeAction()) return Status::Failure;
     const ActionRow* row = FindAction(action.ActionType);
     if (row == nullptr) {
-      std::printf("RunActions error ActionIndex %d\n", action.ActionType);
+      Say(Message::UnknownAction, action.ActionType);
       result = Status::Refused;
       continue;
     }

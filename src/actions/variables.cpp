@@ -1,12 +1,12 @@
 // Setting, calculating with, appending to and testing variables. A value of a kind that a
 // variable's class does not take is passed over: nothing changes and no event is raised.
 #include <charconv>
-#include <cstdio>
 #include <limits>
 #include <utility>
 
 #include "actions/answers.h"
 #include "actions/behaviours.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -54,7 +54,7 @@ Status SetInteger(IntegerVariable& variable, const GenericValue& value) {
 Status SetOctets(OctetStringVariable& variable, GenericValue value, bool isIndirect) {
   if (value.Kind == ValueKind::Integer && isIndirect) {
     if (!WriteDecimal(value.Integer, value.Octets)) {
-      std::fputs("Can't allocate memory for CharVal\n", stdout);
+      Say(Message::NoMemoryForOctets);
     }
   } else if (value.Kind != ValueKind::OctetString) {
     return Status::Refused;
@@ -65,7 +65,7 @@ Status SetOctets(OctetStringVariable& variable, GenericValue value, bool isIndir
 // Counts the zero after a path that comes as text without a length. Empty when memory is out.
 void CountEndingZero(OctetString& path) {
   if (path.Assign({path.Text(), path.TextView().size() + 1})) return;
-  std::fputs("Can't allocate memory for CharVal\n", stdout);
+  Say(Message::NoMemoryForOctets);
   path.Clear();
 }
 
@@ -230,7 +230,7 @@ Status Append(const Arguments& arguments) {
   const std::string_view added = arguments.Octets(0);
   const bool isTooLong = added.size() + variable.Value.Length() > kLongestValue;
   if (isTooLong || !variable.Value.Append(added)) {
-    std::fputs("Can't allocate memory for NewVariableValue\n", stdout);
+    Say(Message::NoMemoryForAppended);
   }
   return Status::Done;
 }

@@ -3,9 +3,9 @@
 #include "engine/core.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
+#include "objects/messages.h"
 #include "platform/canvases.h"
 #include "platform/clocks.h"
 #include "platform/running.h"
@@ -35,9 +35,8 @@ union Immortal {
 };
 Immortal immortal;
 
-void ReportLimit(const char* message) {
-  if (std::exchange(TheCore().isOverLimit, true)) return;
-  std::fputs(message, stdout);
+void ReportLimit(Message message) {
+  if (!std::exchange(TheCore().isOverLimit, true)) Say(message);
 }
 
 void LimitAccountForClose(Core& core) {
@@ -85,7 +84,7 @@ Busy::~Busy() { --TheCore().busyCount; }
 NestingLevel::NestingLevel() {
   Core& core = TheCore();
   ++core.nestingLevel;
-  if (core.nestingLevel > kMostLevels) ReportLimit("Event nesting too deep\n");
+  if (core.nestingLevel > kMostLevels) ReportLimit(Message::NestingTooDeep);
   isAllowed_ = !core.isOverLimit;
 }
 
@@ -94,7 +93,7 @@ NestingLevel::~NestingLevel() { --TheCore().nestingLevel; }
 bool TakeAction() {
   Core& core = TheCore();
   if (IsClosing()) LimitAccountForClose(core);
-  if (core.actionsLeft == 0) ReportLimit("Too many actions\n");
+  if (core.actionsLeft == 0) ReportLimit(Message::TooManyActions);
   if (core.isOverLimit) return false;
   --core.actionsLeft;
   return true;

@@ -1,9 +1,9 @@
 // The display stack: the running application's ordered list of the visibles to be drawn,
 // bottom-most first; and the requests to draw it. Entries borrow their visibles; a visible is in
 // the stack at most once, because every function that enters it removes it first.
-#include <cstdio>
 
 #include "engine/core.h"
+#include "objects/messages.h"
 #include "platform/screen.h"
 
 namespace korvel {
@@ -15,14 +15,11 @@ auto IsEntry(ItemType kind, const Ingredient& visible) {
   };
 }
 
-Status Inserted(const StackedVisible* entry, const char* message) {
+Status Inserted(const StackedVisible* entry, Message message) {
   if (entry != nullptr) return Status::Done;
-  std::fputs(message, stdout);
+  Say(message);
   return Status::Failure;
 }
-
-constexpr const char* kNoMemory = "Can't allocate memory for DisplayStack\n";
-constexpr const char* kNoMemoryForItem = "Can't allocate memory for DisplayStack item\n";
 
 // The 0-based place of the first entry of a visible, or the number of entries when it has none.
 std::size_t PlaceOf(const Application& application, const Ingredient& visible) {
@@ -57,13 +54,15 @@ HeldRedraws::HeldRedraws() { ++TheCore().redrawHolds; }
 HeldRedraws::~HeldRedraws() { --TheCore().redrawHolds; }
 
 Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible) {
-  return Inserted(application.DisplayStack.Append({kind, &visible}), kNoMemory);
+  return Inserted(application.DisplayStack.Append({kind, &visible}),
+                  Message::NoMemoryForDisplayStack);
 }
 
 Status InsertAtPosition(Application& application, std::int32_t position, ItemType kind,
                         Ingredient& visible) {
   const auto place = position < 1 ? std::size_t{0} : static_cast<std::size_t>(position - 1);
-  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}), kNoMemory);
+  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}),
+                  Message::NoMemoryForDisplayStack);
 }
 
 Status EntryAtPosition(const Application& application, std::int32_t position,
@@ -96,20 +95,23 @@ Status StackContains(const Application& application, ItemType kind, const Ingred
 }
 
 Status InsertAtBottom(Application& application, ItemType kind, Ingredient& visible) {
-  return Inserted(application.DisplayStack.InsertAt(0, {kind, &visible}), kNoMemoryForItem);
+  return Inserted(application.DisplayStack.InsertAt(0, {kind, &visible}),
+                  Message::NoMemoryForDisplayStackItem);
 }
 
 Status InsertBelow(Application& application, ItemType kind, Ingredient& visible,
                    const Ingredient& reference) {
   const std::size_t place = PlaceOf(application, reference);
-  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}), kNoMemoryForItem);
+  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}),
+                  Message::NoMemoryForDisplayStackItem);
 }
 
 Status InsertAbove(Application& application, ItemType kind, Ingredient& visible,
                    const Ingredient& reference) {
   if (StackContains(application, ItemType::None, reference) != Status::Done) return Status::Refused;
   const std::size_t place = PlaceOf(application, reference) + 1;
-  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}), kNoMemoryForItem);
+  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}),
+                  Message::NoMemoryForDisplayStackItem);
 }
 
 void ClearStack(Application& application) { application.DisplayStack.Clear(); }

@@ -1,6 +1,5 @@
 // The operations that replace what runs: Launch, Spawn, Quit, TransitionTo, the engine start and
 // the close-down. The new group is fetched and decoded before anything running is touched.
-#include <cstdio>
 
 #include "actions/actions.h"
 #include "engine/core.h"
@@ -8,6 +7,7 @@
 #include "engine/group_life.h"
 #include "engine/link_tables.h"
 #include "objects/ber/ber.h"
+#include "objects/messages.h"
 #include "platform/clocks.h"
 #include "platform/running.h"
 
@@ -17,8 +17,8 @@ namespace {
 // The engine event that tells an application that a group it named cannot be read.
 constexpr std::int32_t kGroupReferenceError = 2;
 
-Status Refuse(const char* message) {
-  std::fputs(message, stdout);
+Status Refuse(Message message) {
+  Say(message);
   return Status::Refused;
 }
 
@@ -44,7 +44,7 @@ Status FetchNamedGroup(std::string_view groupName, OctetString& bytes) {
 }
 
 // Fetches and decodes what must be an application.
-Status ReadApplication(std::string_view groupName, const char* message, OwnedGroup& group) {
+Status ReadApplication(std::string_view groupName, Message message, OwnedGroup& group) {
   OctetString bytes;
   const Status status = FetchNamedGroup(groupName, bytes);
   if (status != Status::Done) return status;
@@ -86,7 +86,7 @@ Status QuitToParent(const ObjectReference& quitting) {
   stack.Names[--stack.Count].Clear();
   OwnedGroup group;
   if (Decode(bytes, group) != Status::Done) return Status::Failure;
-  if (!group.IsApplication()) return Refuse("Spawn error\n");
+  if (!group.IsApplication()) return Refuse(Message::SpawnError);
   AdoptApplication(std::move(group));
   return Status::Done;
 }
@@ -120,8 +120,8 @@ Status StartEngine(std::string_view path) {
   OctetString bytes;
   if (FetchStartUp(path, bytes) != Status::Done) return Status::Refused;
   OwnedGroup group;
-  if (Decode(bytes, group) != Status::Done) return Refuse("Parser failed\n");
-  if (!group.IsApplication()) return Refuse("startup error\n");
+  if (Decode(bytes, group) != Status::Done) return Refuse(Message::ParserFailed);
+  if (!group.IsApplication()) return Refuse(Message::StartupError);
   return StartApplication(AdoptApplication(std::move(group)));
 }
 
@@ -131,7 +131,7 @@ Status Launch(std::string_view groupName) {
   OctetString name;
   OwnedGroup group;
   Status status = CopyName(groupName, name);
-  if (status == Status::Done) status = ReadApplication(name.View(), "Launch error\n", group);
+  if (status == Status::Done) status = ReadApplication(name.View(), Message::LaunchError, group);
   if (status == Status::Done) status = EndRunningGroups();
   if (status != Status::Done) return status;
   Application& application = AdoptApplication(std::move(group));
@@ -147,7 +147,7 @@ Status Spawn(std::string_view groupName) {
   OwnedGroup group;
   Status status = CopyName(groupName, name);
   if (status == Status::Done) status = PushCurrentApplication();
-  if (status == Status::Done) status = ReadApplication(name.View(), "Spawn error\n", group);
+  if (status == Status::Done) status = ReadApplication(name.View(), Message::SpawnError, group);
   if (status == Status::Done) status = EndRunningGroups();
   if (status != Status::Done) return status;
   Application& application = AdoptApplication(std::move(group));
@@ -179,10 +179,10 @@ Status TransitionTo(std::string_view groupName) {
   if (status != Status::Done) return status;
   OwnedGroup group;
   if (Decode(bytes, group) != Status::Done) {
-    std::fputs("Parse error\n", stdout);
+    Say(Message::ParseError);
     return Status::Failure;
   }
-  if (group.IsApplication()) return Refuse("TransitionTo error\n");
+  if (group.IsApplication()) return Refuse(Message::TransitionToError);
 
   if (CurrentApplication() != nullptr) StopUnsharedItems(*CurrentApplication());
   status = EndScene();

@@ -3,8 +3,7 @@
 #include "engine/link_tables.h"
 
 #include "actions/actions.h"
-
-#include <cstdio>
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -16,7 +15,7 @@ Status AddLink(Link& link, Scope context) {
   }
   LinkTable* table = TableOf(link.Condition.EventType);
   if (table == nullptr || table->Append({&link, context}) != nullptr) return Status::Done;
-  std::fputs("Can't allocate memory for new event\n", stdout);
+  Say(Message::NoMemoryForEvent);
   return Status::Failure;
 }
 

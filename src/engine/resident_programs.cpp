@@ -2,12 +2,12 @@
 // every output before the program runs, so that a call that cannot be served writes nothing.
 #include "engine/resident_programs.h"
 
-#include <cstdio>
 #include <string_view>
 #include <utility>
 
 #include "actions/actions.h"
 #include "engine/engine.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -71,7 +71,7 @@ const ProgramRow* FindProgram(std::string_view name) {
 }
 
 Status ReportType() {
-  std::fputs("GetItemType Error\n", stdout);
+  Say(Message::GetItemTypeError);
   return Status::Failure;
 }
 

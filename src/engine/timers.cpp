@@ -4,10 +4,10 @@
 #include "engine/timers.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 #include "engine/core.h"
+#include "objects/messages.h"
 #include "platform/timers.h"
 
 namespace korvel {
@@ -34,7 +34,7 @@ Timer* AddTimer(Group& group, std::int32_t id, bool isAbsolute) {
   timer.IsAbsolute = isAbsolute;
   Timer* added =
       Copy(group.Reference, timer.Owner) ? group.Timers.Append(std::move(timer)) : nullptr;
-  if (added == nullptr) std::fputs("Can't allocate memory for new event\n", stdout);
+  if (added == nullptr) Say(Message::NoMemoryForEvent);
   return added;
 }
 

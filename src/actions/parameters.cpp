@@ -32,30 +32,11 @@ void LoadContent(ContentRefVariable& variable) {
   }
 }
 
+// The copy of a value that cannot be copied is empty; the action proceeds with that.
 void CopyVariable(const FoundObject& found, GenericValue& value) {
-  switch (found.Type) {
-  case ItemType::BooleanVariable:
-    value.Kind = ValueKind::Boolean;
-    value.Boolean = found.As<BooleanVariable>().Value;
-    break;
-  case ItemType::IntegerVariable:
-    value.Kind = ValueKind::Integer;
-    value.Integer = found.As<IntegerVariable>().Value;
-    break;
-  case ItemType::OctetStringVariable:
-    value.Kind = ValueKind::OctetString;
-    CopyOctets(found.As<OctetStringVariable>().Value, value.Octets);
-    break;
-  case ItemType::ObjectRefVariable:
-    value.Kind = ValueKind::ObjectReference;
-    CopyReference(found.As<ObjectRefVariable>().Value, value.Reference);
-    break;
-  case ItemType::ContentRefVariable:
-    value.Kind = ValueKind::ContentReference;
-    CopyOctets(found.As<ContentRefVariable>().Value.Path, value.Octets);
-    break;
-  default: break;
-  }
+  if (CopyValue(found, value)) return;
+  Say(found.Type == ItemType::ObjectRefVariable ? Message::NoMemoryForReference
+                                                : Message::NoMemoryForOctets);
 }
 
 // Walks an action's parameters as its syntax asks for them, one value after the other.

@@ -122,6 +122,20 @@ struct FoundObject {
   }
 };
 
+// Calls `visit` with the variable as a record of its own class and returns its result. Returns
+// `otherwise` when the object is not a variable.
+template <class Result, class Visit>
+Result VisitVariable(const FoundObject& found, Result otherwise, Visit&& visit) {
+  switch (found.Type) {
+  case ItemType::BooleanVariable: return visit(found.As<BooleanVariable>());
+  case ItemType::IntegerVariable: return visit(found.As<IntegerVariable>());
+  case ItemType::OctetStringVariable: return visit(found.As<OctetStringVariable>());
+  case ItemType::ObjectRefVariable: return visit(found.As<ObjectRefVariable>());
+  case ItemType::ContentRefVariable: return visit(found.As<ContentRefVariable>());
+  default: return otherwise;
+  }
+}
+
 // Finds an object of the running groups by group identifier (a leading "~" is dropped) and number.
 // Classes 1 to 27 are found, the components of streams among them.
 [[nodiscard]] FoundObject FindObject(Scope scope, std::string_view groupIdentifier,

@@ -15,12 +15,11 @@ namespace korvel {
 struct FoundObject;
 
 // Runs an action list. `groupName` is the group that references without a group identifier mean; it
-// is copied, so it may belong to a group that the actions end. The integer is reserved. Returns
-// Done; Refused when an unknown action number was met (the rest has run); Failure when a behaviour,
-// a raised event or the limits on nesting and work ask everything to stop; Replaced when the
-// application or scene was replaced.
-Status RunActions(Scope scope, const ActionHolder& owner, std::int32_t reserved,
-                  std::string_view groupName);
+// is copied, so it may belong to a group that the actions end. Returns Done; Refused when an
+// unknown action number was met (the rest has run); Failure when a behaviour, a raised event or the
+// limits on nesting and work ask everything to stop; Replaced when the application or scene was
+// replaced.
+Status RunActions(Scope scope, const ActionHolder& owner, std::string_view groupName);
 
 // Prepares an ingredient: sets its run-time values up from the original ones, takes its text, makes
 // it available.

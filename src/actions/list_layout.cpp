@@ -25,8 +25,8 @@ Status Place(ListGroup& group, ListItem& item, const Position& cell) {
   visible.Position = cell;
   visible.RunningStatus = true;
   const Application* application = CurrentApplication();
-  const bool isEntered = application != nullptr &&
-                         StackContains(*application, ItemType::None, visible) == Status::Done;
+  const bool isEntered =
+      application != nullptr && StackContains(*application, ItemType::None, visible);
   if (isEntered) return Status::Done;
   const Status status = EnterDisplayStack(found.Type, visible);
   return status == Status::Failure ? status : Status::Done;

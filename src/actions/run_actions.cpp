@@ -151,8 +151,7 @@ Status PerformOne(const Asker& asker, const ActionRow& row, const ElementaryActi
 
 }  // namespace
 
-Status RunActions(Scope scope, const ActionHolder& owner, std::int32_t /*reserved*/,
-                  std::string_view groupName) {
+Status RunActions(Scope scope, const ActionHolder& owner, std::string_view groupName) {
   if (owner.Actions == nullptr || owner.Actions->IsEmpty()) return Status::Done;
   const NestingLevel level;
   OctetString name;

@@ -118,7 +118,7 @@ Status CallActionSlot(const Arguments& arguments) {
   const ActionSlot* slot = AtPlace(*slots, index < 1 ? 1 : index);
   if (slot == nullptr || slot->IsNull) return Status::Refused;
   const Asker asker = AskerFor(group);
-  return RunActions(asker.scope, {&slot->Actions, group.owner}, -1, asker.groupName);
+  return RunActions(asker.scope, {&slot->Actions, group.owner}, asker.groupName);
 }
 
 }  // namespace korvel

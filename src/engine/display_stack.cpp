@@ -34,7 +34,7 @@ std::size_t PlaceOf(const Application& application, const Ingredient& visible) {
 // What every stacking action asks first: an available visible that is in the stack under its class.
 bool IsStackable(const Application* application, ItemType kind, const Visible& visible) {
   return application != nullptr && visible.AvailabilityStatus &&
-         StackContains(*application, kind, visible) == Status::Done;
+         StackContains(*application, kind, visible);
 }
 
 Status RedrawIfRunning(Status status, const Visible& visible) {
@@ -86,12 +86,12 @@ Status RemoveFromStack(Application& application, ItemType kind, const Ingredient
   return isRemoved ? Status::Done : Status::Refused;
 }
 
-Status StackContains(const Application& application, ItemType kind, const Ingredient& visible) {
+bool StackContains(const Application& application, ItemType kind, const Ingredient& visible) {
   const auto isEntry = IsEntry(kind, visible);
   for (const StackedVisible& entry : application.DisplayStack) {
-    if (isEntry(entry)) return Status::Done;
+    if (isEntry(entry)) return true;
   }
-  return Status::Refused;
+  return false;
 }
 
 Status InsertAtBottom(Application& application, ItemType kind, Ingredient& visible) {
@@ -108,7 +108,7 @@ Status InsertBelow(Application& application, ItemType kind, Ingredient& visible,
 
 Status InsertAbove(Application& application, ItemType kind, Ingredient& visible,
                    const Ingredient& reference) {
-  if (StackContains(application, ItemType::None, reference) != Status::Done) return Status::Refused;
+  if (!StackContains(application, ItemType::None, reference)) return Status::Refused;
   const std::size_t place = PlaceOf(application, reference) + 1;
   return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}),
                   Message::NoMemoryForDisplayStackItem);
@@ -133,8 +133,7 @@ Status SendToBack(ItemType kind, Visible& visible) {
 Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) {
   Application* application = CurrentApplication();
   if (!IsStackable(application, kind, visible)) return Status::Refused;
-  if (StackContains(*application, ItemType::None, reference) != Status::Done)
-    return Status::Refused;
+  if (!StackContains(*application, ItemType::None, reference)) return Status::Refused;
   // Taken out, a visible could not be found again as its own reference.
   if (&visible == &reference) return Status::Refused;
   if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
@@ -144,8 +143,7 @@ Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) {
 Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference) {
   Application* application = CurrentApplication();
   if (!IsStackable(application, kind, visible)) return Status::Refused;
-  if (StackContains(*application, ItemType::None, reference) != Status::Done)
-    return Status::Refused;
+  if (!StackContains(*application, ItemType::None, reference)) return Status::Refused;
   if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
   return RedrawIfRunning(InsertBelow(*application, kind, visible, reference), visible);
 }

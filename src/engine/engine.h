@@ -175,7 +175,8 @@ Status EntryAtPosition(const Application& application, std::int32_t position,
 Status RemoveTop(Application& application, StackedVisible& entry);
 Status RemoveFromStack(Application& application, ItemType kind, const Ingredient& visible);
 // Kind None means any.
-Status StackContains(const Application& application, ItemType kind, const Ingredient& visible);
+[[nodiscard]] bool StackContains(const Application& application, ItemType kind,
+                                 const Ingredient& visible);
 Status InsertAtBottom(Application& application, ItemType kind, Ingredient& visible);
 Status InsertBelow(Application& application, ItemType kind, Ingredient& visible,
                    const Ingredient& reference);
@@ -207,11 +208,11 @@ class [[nodiscard]] HeldRedraws {
 
 // ---- Timers ----
 
-// Sets a timer of the group, or cancels it when `value` is kNoTimerValue. `absolute` is 0, 1 or
-// kNotGiven.
+// Sets a timer of the group, in milliseconds. An absolute value is a time since the start of the
+// process, and its period counts from the start of the scene. kNoTimerValue cancels the timer. A
+// pending timer that is set again keeps its kind of time.
 inline constexpr std::int32_t kNoTimerValue = -1;
-inline constexpr std::int32_t kNotGiven = 2;
-Status SetTimer(Group& group, std::int32_t id, std::int32_t value, std::int32_t absolute);
+Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolute);
 
 // ---- The persistent store: named blocks of bytes, in memory for as long as the engine runs ----
 

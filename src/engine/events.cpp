@@ -71,15 +71,9 @@ LinkCollection Collect(EventType type, Predicate&& waits) {
   return collection;
 }
 
-// The reserved integer that a link's actions are run with.
-std::int32_t ActionValue(EventData data) {
-  return data.Kind == ValueKind::Integer || data.Kind == ValueKind::Boolean ? data.Value : -1;
-}
-
-Status RunLink(const CollectedLink& link, EventData data) {
+Status RunLink(const CollectedLink& link) {
   const ActionHolder effect{&link.Collected->LinkEffect, link.Owner};
-  return RunActions(link.Context, effect, ActionValue(data),
-                    link.Collected->Reference.GroupIdentifier.View());
+  return RunActions(link.Context, effect, link.Collected->Reference.GroupIdentifier.View());
 }
 
 bool StopsDispatch(Status status) {
@@ -87,12 +81,12 @@ bool StopsDispatch(Status status) {
 }
 
 template <class Links>
-Status RunLinks(const Links& links, EventData data) {
+Status RunLinks(const Links& links) {
   const Busy busy;
   Status status = Status::Done;
   for (const CollectedLink& link : links) {
     if (link.Collected == nullptr || IsGone(*link.Owner)) continue;
-    status = RunLink(link, data);
+    status = RunLink(link);
     if (StopsDispatch(status)) break;
   }
   return status;
@@ -106,7 +100,7 @@ Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, Event
     return MatchesSource(entry.Waiting->Condition, sourceGroup, sourceNumber) &&
            MatchesEvent(*entry.Waiting, type, data) && IsInContext(entry, SceneName::AsStored);
   });
-  return RunLinks(collection.Links, data);
+  return RunLinks(collection.Links);
 }
 
 Status RaiseEvent(const Root& source, EventType type, EventData data) {
@@ -117,7 +111,7 @@ Status RaiseEventByType(EventType type, EventData data) {
   const LinkCollection collection = Collect(type, [&](const LinkTableEntry& entry) {
     return MatchesEvent(*entry.Waiting, type, data) && IsInContext(entry, SceneName::WithoutTilde);
   });
-  return RunLinks(collection.Links, data);
+  return RunLinks(collection.Links);
 }
 
 Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) {
@@ -132,7 +126,7 @@ Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t
     }
     if (!links.Append({&link, link.owner, entry.Context})) return Status::Failure;
   }
-  return RunLinks(links, EventData::Integer(value));
+  return RunLinks(links);
 }
 
 }  // namespace korvel

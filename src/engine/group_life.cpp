@@ -35,7 +35,7 @@ Status ActivateInitially(Group& group) {
 }
 
 Status RunOnStartUp(Group& group, Scope scope) {
-  return RunActions(scope, {&group.OnStartUp, &group}, -1, NameOf(group));
+  return RunActions(scope, {&group.OnStartUp, &group}, NameOf(group));
 }
 
 // Raises an event of the group itself. Done as long as the group is there to go on with.

@@ -52,14 +52,14 @@ Status CancelTimer(Group& group, std::int32_t id) {
 
 }  // namespace
 
-Status SetTimer(Group& group, std::int32_t id, std::int32_t value, std::int32_t absolute) {
+Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolute) {
   if (value == kNoTimerValue) return CancelTimer(group, id);
   Timer* timer = FindTimer(group, id);
   if (timer != nullptr) {
     // Setting a pending timer anew keeps its owner and its kind of time.
     KillWindowTimer(static_cast<std::uint32_t>(id));
   } else {
-    timer = AddTimer(group, id, absolute == 1);
+    timer = AddTimer(group, id, isAbsolute);
     if (timer == nullptr) return Status::Failure;
   }
   timer->Value = value;

@@ -79,7 +79,7 @@ Status Stage::Run(const std::string& actions, Scope scope) {
   const OwnedGroup group =
       ParseText("{:Application (\"" + name + "\" 0) :OnCloseDown (" + actions + ")}");
   if (!group) return Status::Blocked;
-  return RunActions(scope, {&group->OnCloseDown, holder}, -1, name);
+  return RunActions(scope, {&group->OnCloseDown, holder}, name);
 }
 
 Status Stage::RunOne(Action action, int target, List<GenericValue> parameters) {
@@ -89,7 +89,7 @@ Status Stage::RunOne(Action action, int target, List<GenericValue> parameters) {
   one.Parameters = std::move(parameters);
   ActionList list;
   EXPECT_NE(list.Append(std::move(one)), nullptr);
-  return RunActions(Scope::ApplicationFirst, {&list, CurrentApplication()}, -1, "~/a");
+  return RunActions(Scope::ApplicationFirst, {&list, CurrentApplication()}, "~/a");
 }
 
 std::string Stage::TakeLog() {

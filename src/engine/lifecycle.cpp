@@ -22,10 +22,10 @@ Status Refuse(Message message) {
   return Status::Refused;
 }
 
-Status Decode(const OctetString& bytes, OwnedGroup& group) {
+bool Decode(const OctetString& bytes, OwnedGroup& group) {
   const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.Text());
   bool isApplication = false;
-  return DecodeGroup({first, bytes.Length()}, group, isApplication);
+  return DecodeGroup({first, bytes.Length()}, group, isApplication) == Status::Done;
 }
 
 Status RaiseReferenceError(const ObjectReference& source) {
@@ -48,19 +48,19 @@ Status ReadApplication(std::string_view groupName, Message message, OwnedGroup& 
   OctetString bytes;
   const Status status = FetchNamedGroup(groupName, bytes);
   if (status != Status::Done) return status;
-  if (Decode(bytes, group) != Status::Done) return Status::Failure;
+  if (!Decode(bytes, group)) return Status::Failure;
   return group.IsApplication() ? Status::Done : Refuse(message);
 }
 
 ApplicationStack& TheStack() { return TheCore().applicationStack; }
 
-Status PushCurrentApplication() {
+bool PushCurrentApplication() {
   ApplicationStack& stack = TheStack();
   const Application* application = CurrentApplication();
   const std::string_view name = application == nullptr ? std::string_view{} : NameOf(*application);
-  if (!stack.Names[stack.Count].Assign(name)) return Status::Failure;
+  if (!stack.Names[stack.Count].Assign(name)) return false;
   ++stack.Count;
-  return Status::Done;
+  return true;
 }
 
 void EmptyApplicationStack() {
@@ -85,7 +85,7 @@ Status QuitToParent(const ObjectReference& quitting) {
   }
   stack.Names[--stack.Count].Clear();
   OwnedGroup group;
-  if (Decode(bytes, group) != Status::Done) return Status::Failure;
+  if (!Decode(bytes, group)) return Status::Failure;
   if (!group.IsApplication()) return Refuse(Message::SpawnError);
   AdoptApplication(std::move(group));
   return Status::Done;
@@ -101,9 +101,16 @@ void StopUnsharedItems(Application& application) {
   }
 }
 
-// `groupName` may belong to a group that the operation ends.
-Status CopyName(std::string_view groupName, OctetString& name) {
-  return name.Assign(groupName) ? Status::Done : Status::Failure;
+// Ends the running groups and starts the application of that name, which must not belong to one of
+// them.
+Status Replace(const OctetString& name, Message message,
+               bool (*setDirectory)(std::string_view groupName)) {
+  OwnedGroup group;
+  Status status = ReadApplication(name.View(), message, group);
+  if (status == Status::Done) status = EndRunningGroups();
+  if (status != Status::Done) return status;
+  Application& application = AdoptApplication(std::move(group));
+  return setDirectory(name.View()) ? StartApplication(application) : Status::Failure;
 }
 
 }  // namespace
@@ -118,9 +125,9 @@ Status StartEngine(std::string_view path) {
   ResetClassVariables();
 
   OctetString bytes;
-  if (FetchStartUp(path, bytes) != Status::Done) return Status::Refused;
+  if (!FetchStartUp(path, bytes)) return Status::Refused;
   OwnedGroup group;
-  if (Decode(bytes, group) != Status::Done) return Refuse(Message::ParserFailed);
+  if (!Decode(bytes, group)) return Refuse(Message::ParserFailed);
   if (!group.IsApplication()) return Refuse(Message::StartupError);
   return StartApplication(AdoptApplication(std::move(group)));
 }
@@ -129,14 +136,8 @@ Status Launch(std::string_view groupName) {
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
   OctetString name;
-  OwnedGroup group;
-  Status status = CopyName(groupName, name);
-  if (status == Status::Done) status = ReadApplication(name.View(), Message::LaunchError, group);
-  if (status == Status::Done) status = EndRunningGroups();
-  if (status != Status::Done) return status;
-  Application& application = AdoptApplication(std::move(group));
-  status = SetDirectoryOfLaunched(name.View());
-  return status == Status::Done ? StartApplication(application) : status;
+  if (!name.Assign(groupName)) return Status::Failure;
+  return Replace(name, Message::LaunchError, SetDirectoryOfLaunched);
 }
 
 Status Spawn(std::string_view groupName) {
@@ -144,15 +145,8 @@ Status Spawn(std::string_view groupName) {
   if (!level.IsAllowed()) return Status::Failure;
   if (TheStack().Count == ApplicationStack::kCapacity) return Status::Refused;
   OctetString name;
-  OwnedGroup group;
-  Status status = CopyName(groupName, name);
-  if (status == Status::Done) status = PushCurrentApplication();
-  if (status == Status::Done) status = ReadApplication(name.View(), Message::SpawnError, group);
-  if (status == Status::Done) status = EndRunningGroups();
-  if (status != Status::Done) return status;
-  Application& application = AdoptApplication(std::move(group));
-  status = SetDirectoryOfSpawned(name.View());
-  return status == Status::Done ? StartApplication(application) : status;
+  if (!name.Assign(groupName) || !PushCurrentApplication()) return Status::Failure;
+  return Replace(name, Message::SpawnError, SetDirectoryOfSpawned);
 }
 
 Status Quit() {
@@ -173,12 +167,12 @@ Status TransitionTo(std::string_view groupName) {
   if (groupName.empty() || (scene != nullptr && NameOf(*scene) == groupName))
     return Status::Refused;
   OctetString name;
+  if (!name.Assign(groupName)) return Status::Failure;
   OctetString bytes;
-  Status status = CopyName(groupName, name);
-  if (status == Status::Done) status = FetchNamedGroup(name.View(), bytes);
+  Status status = FetchNamedGroup(name.View(), bytes);
   if (status != Status::Done) return status;
   OwnedGroup group;
-  if (Decode(bytes, group) != Status::Done) {
+  if (!Decode(bytes, group)) {
     Say(Message::ParseError);
     return Status::Failure;
   }

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "objects/ingredients.h"
-#include "objects/item_type.h"
 #include "objects/status.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 

@@ -39,10 +39,6 @@ Status ForMembers(TokenGroup& group, Handle&& handle) {
   return Status::Done;
 }
 
-constexpr Change ChangeOf(Status status) {
-  return status == Status::Failure ? Change::Failure : Change::Changed;
-}
-
 }  // namespace
 
 Change ActivateTokenGroup(TokenGroup& group) {

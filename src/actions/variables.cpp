@@ -6,14 +6,11 @@
 
 #include "actions/answers.h"
 #include "actions/behaviours.h"
+#include "objects/limits.h"
 #include "objects/messages.h"
 
 namespace korvel {
 namespace {
-
-// An octet string that content lets grow beyond this counts as out of memory: doubling it a few
-// times more would take the host down with it.
-constexpr std::size_t kLongestValue = std::size_t{16} * 1024 * 1024;
 
 // Two's complement arithmetic that wraps.
 constexpr std::int32_t Wrapped(std::uint32_t value) { return static_cast<std::int32_t>(value); }
@@ -123,18 +120,20 @@ bool IsEqual(const ObjectReference& value, const GenericValue& operand) {
 // Only integers have an order: for other values every comparison but the first asks for a
 // difference.
 template <class Value>
-bool IsTrue(const Value& value, std::int32_t comparison, const GenericValue& operand) {
-  return IsEqual(value, operand) == (comparison == 1);
+bool IsTrue(const Value& value, Comparison comparison, const GenericValue& operand) {
+  return IsEqual(value, operand) == (comparison == Comparison::Equal);
 }
-bool IsTrue(std::int32_t value, std::int32_t comparison, const GenericValue& operand) {
+// A number without a name compares like the last one.
+bool IsTrue(std::int32_t value, Comparison comparison, const GenericValue& operand) {
   switch (comparison) {
-  case 1: return value == operand.Integer;
-  case 2: return value != operand.Integer;
-  case 3: return value < operand.Integer;
-  case 4: return value <= operand.Integer;
-  case 5: return value > operand.Integer;
-  default: return value >= operand.Integer;
+  case Comparison::Equal: return value == operand.Integer;
+  case Comparison::NotEqual: return value != operand.Integer;
+  case Comparison::Less: return value < operand.Integer;
+  case Comparison::LessOrEqual: return value <= operand.Integer;
+  case Comparison::Greater: return value > operand.Integer;
+  case Comparison::GreaterOrEqual: break;
   }
+  return value >= operand.Integer;
 }
 
 // Whether a variable of the class is compared with an operand of the kind. A path may be given as
@@ -187,7 +186,7 @@ Status TestVariable(const Arguments& arguments) {
   }
   if (!ComparesWith(arguments.Target.Type, operand.Kind)) return Status::Refused;
   const bool result = VisitVariable(arguments.Target, false, [&](const auto& variable) {
-    return IsTrue(ValueOf(variable), arguments.Integer(0), operand);
+    return IsTrue(ValueOf(variable), static_cast<Comparison>(arguments.Integer(0)), operand);
   });
   return RaiseFrom(arguments.Target.As<Ingredient>(), EventType::TestEvent,
                    EventData::Boolean(result));
@@ -229,7 +228,7 @@ Status Append(const Arguments& arguments) {
   auto& variable = arguments.Target.As<OctetStringVariable>();
   if (!variable.AvailabilityStatus) return Status::Refused;
   const std::string_view added = arguments.Octets(0);
-  const bool isTooLong = added.size() + variable.Value.Length() > kLongestValue;
+  const bool isTooLong = added.size() + variable.Value.Length() > kLongestString;
   if (isTooLong || !variable.Value.Append(added)) {
     Say(Message::NoMemoryForAppended);
   }

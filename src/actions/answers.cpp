@@ -1,5 +1,5 @@
 // The one place where behaviours raise events, ask for redraws and write variables.
-#include "actions/answers.h"
+#include "actions/behaviours.h"
 #include "objects/messages.h"
 
 #include <utility>

@@ -2,10 +2,7 @@
 // once; a bitmap is drawn from it at the next redraw.
 #include <utility>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/interaction.h"
-#include "actions/lifecycle.h"
 #include "objects/messages.h"
 
 namespace korvel {

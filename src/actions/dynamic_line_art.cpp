@@ -5,7 +5,6 @@
 #include <limits>
 #include <span>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
 #include "appearance/colours.h"
 #include "objects/messages.h"

@@ -2,10 +2,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/interaction.h"
-#include "actions/lifecycle.h"
 #include "objects/limits.h"
 #include "objects/messages.h"
 

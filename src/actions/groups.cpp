@@ -1,6 +1,5 @@
 // The actions on applications and scenes: replacing them, locking the screen, and what the running
 // ones keep.
-#include "actions/answers.h"
 #include "actions/behaviours.h"
 
 namespace korvel {

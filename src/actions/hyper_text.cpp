@@ -1,10 +1,6 @@
 // Hyper texts: the anchors in their text, and the keys that walk and fire them. An anchor is ESC
 // "A", a length byte and as many bytes of label; the text that it marks follows, up to ESC "a".
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/class_variables.h"
-#include "actions/interaction.h"
-#include "actions/lifecycle.h"
 #include "objects/messages.h"
 
 namespace korvel {

@@ -1,9 +1,9 @@
 // The attributes with which line art is drawn. Setting one does not redraw: it holds for what is
 // painted later.
 
-#include "actions/answers.h"
+#include <utility>
+
 #include "actions/behaviours.h"
-#include "actions/colours.h"
 #include "objects/messages.h"
 
 namespace korvel {
@@ -41,6 +41,19 @@ Status AnswerNumber(const Arguments& arguments, std::int32_t attribute) {
 }
 
 }  // namespace
+
+Status ReadColour(const Arguments& arguments, ColourValue& colour) {
+  GenericValue value;
+  const Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::Fetch, value);
+  if (status != Status::Done) return status;
+  if (value.Kind != ValueKind::Integer && value.Kind != ValueKind::OctetString) {
+    return Status::Refused;
+  }
+  colour.Kind = value.Kind;
+  colour.Index = value.Integer;
+  colour.Absolute = std::move(value.Octets);
+  return Status::Done;
+}
 
 Status SetLineColour(const Arguments& arguments) {
   return SetColour(arguments, TargetOf(arguments).RefLineColour, Message::SetLineColourError);

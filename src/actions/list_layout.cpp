@@ -1,11 +1,8 @@
 // The layout of list groups, and their coming to life. Items are known by reference and looked up
 // at each use: what they refer to may belong to a scene that has ended, and is then passed over.
-#include "actions/list_layout.h"
+#include "actions/behaviours.h"
 
 #include <algorithm>
-
-#include "actions/answers.h"
-#include "actions/lifecycle.h"
 
 namespace korvel {
 namespace {

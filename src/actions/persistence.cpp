@@ -4,7 +4,6 @@
 #include <type_traits>
 #include <utility>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
 #include "objects/messages.h"
 

@@ -1,8 +1,5 @@
 // Sliders: stepping, setting and asking for their value and portion, by actions and by keys.
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/interaction.h"
-#include "actions/lifecycle.h"
 
 namespace korvel {
 namespace {

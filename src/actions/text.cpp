@@ -1,9 +1,7 @@
 // Reading the text of text objects, and the attributes with which it is drawn.
 #include <utility>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/colours.h"
 #include "objects/messages.h"
 
 namespace korvel {

@@ -1,9 +1,7 @@
 // Token groups: running and stopping their members, moving the token, and the action slots that go
 // with its place. A list group moves its token in the same way.
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/lifecycle.h"
 #include "objects/messages.h"
 
 namespace korvel {

@@ -4,7 +4,6 @@
 #include <limits>
 #include <utility>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
 #include "objects/limits.h"
 #include "objects/messages.h"

@@ -7,8 +7,6 @@
 
 #include "actions/actions.h"
 #include "engine/core.h"
-#include "engine/link_tables.h"
-#include "engine/outside_events.h"
 #include "objects/limits.h"
 
 namespace korvel {

@@ -1,7 +1,6 @@
 // The path rules of the broadcast file system. "DSM:" or "~" with its slash leads a name; what
 // follows is taken in the current directory, or from the root when "DSM:" is followed by two
 // slashes.
-#include "engine/group_files.h"
 
 #include "engine/core.h"
 #include "platform/files.h"

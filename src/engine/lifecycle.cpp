@@ -3,9 +3,6 @@
 
 #include "actions/actions.h"
 #include "engine/core.h"
-#include "engine/group_files.h"
-#include "engine/group_life.h"
-#include "engine/link_tables.h"
 #include "objects/ber/ber.h"
 #include "objects/messages.h"
 #include "platform/clocks.h"

@@ -1,6 +1,6 @@
 // Entering and removing links. A link stays in its table while it is inactive; whether it is active
 // is asked when an event is dispatched.
-#include "engine/link_tables.h"
+#include "engine/core.h"
 
 #include "actions/actions.h"
 #include "objects/messages.h"

@@ -1,12 +1,10 @@
 // What comes in from outside the content: keys, filtered by the scene's input event register, and
 // timer expiries.
-#include "engine/outside_events.h"
 
 #include <cstdio>
 
 #include "actions/actions.h"
 #include "engine/core.h"
-#include "engine/timers.h"
 
 namespace korvel {
 namespace {
@@ -36,7 +34,7 @@ Status RaiseUserInput(std::int32_t key) {
 
 Status RaiseTimerFired(std::int32_t id) {
   ObjectReference owner;
-  if (TakeFiredTimer(id, owner) != Status::Done) return Status::Refused;
+  if (!RemoveFiredTimer(id, owner)) return Status::Refused;
   const std::string_view ownerName = owner.GroupIdentifier.View();
   const Scene* scene = CurrentScene();
   if (scene == nullptr || !IsSameGroup(ownerName, NameOf(*scene))) {

@@ -1,7 +1,6 @@
 // The timers of groups. A group keeps a record of each pending timer; the expiry is a one-shot
 // platform timer of the same id, so a timer of the scene replaces one of the application with its
 // id, and only the scene's fire.
-#include "engine/timers.h"
 
 #include <algorithm>
 #include <utility>
@@ -64,12 +63,12 @@ Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolu
   return Status::Done;
 }
 
-Status TakeFiredTimer(std::int32_t id, ObjectReference& owner) {
+bool RemoveFiredTimer(std::int32_t id, ObjectReference& owner) {
   Scene* scene = CurrentScene();
-  Timer taken;
-  if (scene == nullptr || !scene->Timers.RemoveFirst(HasId(id), &taken)) return Status::Refused;
-  owner = std::move(taken.Owner);
-  return Status::Done;
+  Timer fired;
+  if (scene == nullptr || !scene->Timers.RemoveFirst(HasId(id), &fired)) return false;
+  owner = std::move(fired.Owner);
+  return true;
 }
 
 void CancelAllTimers(Group& group) {

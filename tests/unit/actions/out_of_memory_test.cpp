@@ -3,7 +3,7 @@
 #include <set>
 
 #include "actions/actions.h"
-#include "actions/interaction.h"
+#include "actions/behaviours.h"
 #include "stage.h"
 #include "substitutes/memory.h"
 

@@ -1,6 +1,6 @@
 // Text objects: new content, reading it back, attributes, what viewers enter into entry fields, and
 // the anchors of hyper texts.
-#include "actions/interaction.h"
+#include "actions/behaviours.h"
 #include "stage.h"
 #include "substitutes/memory.h"
 

@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "substitutes/memory.h"
 #include "support/text_content.h"
 
 namespace korvel::test {
@@ -13,18 +12,6 @@ namespace {
 constexpr int kLog = 900;
 
 }  // namespace
-
-void Stage::SetUp() {
-  TheHost() = {};
-  ThePresentation() = {};
-  BeginWork();
-}
-
-void Stage::TearDown() {
-  CloseDown();
-  ResetEngine();
-  EXPECT_EQ(ThePresentation().canvases, 0);
-}
 
 void Stage::AddFile(const std::string& path, const std::string& text) {
   TheHost().files[path] = CompileText(text);

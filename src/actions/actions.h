@@ -4,20 +4,22 @@
 
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 #include "objects/ingredients.h"
-#include "objects/item_type.h"
 #include "objects/status.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 
+struct FoundObject;
+
 // Runs an action list. `groupName` is the group that references without a group identifier mean; it
-// is copied, so it may belong to a group that the actions end. The integer is reserved. Returns
-// Done; Refused when an unknown action number was met (the rest has run); Failure when a behaviour,
-// a raised event or the limits on nesting and work ask everything to stop; Replaced when the
-// application or scene was replaced.
-Status RunActions(Scope scope, const ActionHolder& owner, std::int32_t reserved,
-                  std::string_view groupName);
+// is copied, so it may belong to a group that the actions end. Returns Done; Refused when an
+// unknown action number was met (the rest has run); Failure when a behaviour, a raised event or the
+// limits on nesting and work ask everything to stop; Replaced when the application or scene was
+// replaced.
+Status RunActions(Scope scope, const ActionHolder& owner, std::string_view groupName);
 
 // Prepares an ingredient: sets its run-time values up from the original ones, takes its text, makes
 // it available.
@@ -40,12 +42,53 @@ Status StopIngredient(ItemType type, Ingredient& ingredient);
 // end. A visible keeps its place in the display stack.
 void StopSilently(ItemType type, Ingredient& ingredient);
 
+// The value of a variable; of a content reference variable the path.
+template <class Variable>
+auto& ValueOf(Variable& variable) {
+  if constexpr (requires { variable.Value.Path; }) {
+    return variable.Value.Path;
+  } else {
+    return variable.Value;
+  }
+}
+
 // Sets a variable's value. Refused, with the value as it was, while the variable is not available.
-Status SetValue(BooleanVariable& variable, bool value);
-Status SetValue(IntegerVariable& variable, std::int32_t value);
-Status SetValue(OctetStringVariable& variable, OctetString value);
-Status SetValue(ObjectRefVariable& variable, ObjectReference value);
-Status SetValue(ContentRefVariable& variable, OctetString path);
+template <class Variable, class Value>
+Status SetValue(Variable& variable, Value value) {
+  if (!variable.AvailabilityStatus) return Status::Refused;
+  ValueOf(variable) = std::move(value);
+  // Content that has been fetched belongs to the old path.
+  if constexpr (requires { variable.Value.Path; }) variable.Content.Data.Clear();
+  return Status::Done;
+}
+
+// The field of a generic value that holds values of that type.
+inline bool& FieldOf(GenericValue& value, const bool& /*type*/) { return value.Boolean; }
+inline std::int32_t& FieldOf(GenericValue& value, const std::int32_t& /*type*/) {
+  return value.Integer;
+}
+inline OctetString& FieldOf(GenericValue& value, const OctetString& /*type*/) {
+  return value.Octets;
+}
+inline ObjectReference& FieldOf(GenericValue& value, const ObjectReference& /*type*/) {
+  return value.Reference;
+}
+
+// The kind of the values of a class of variables; None for every other class.
+[[nodiscard]] constexpr ValueKind KindOf(ItemType type) {
+  switch (type) {
+  case ItemType::BooleanVariable: return ValueKind::Boolean;
+  case ItemType::IntegerVariable: return ValueKind::Integer;
+  case ItemType::OctetStringVariable: return ValueKind::OctetString;
+  case ItemType::ObjectRefVariable: return ValueKind::ObjectReference;
+  case ItemType::ContentRefVariable: return ValueKind::ContentReference;
+  default: return ValueKind::None;
+  }
+}
+
+// Copies the value and the kind of a variable; the kind is None if the object is not a variable.
+// False when memory is out: the field of the value is then empty.
+[[nodiscard]] bool CopyValue(const FoundObject& found, GenericValue& value);
 
 // Whether the key is one that the interaction in progress uses. If so the key is given to it, with
 // its result in `result`, and goes nowhere else.

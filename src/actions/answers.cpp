@@ -1,7 +1,7 @@
 // The one place where behaviours raise events, ask for redraws and write variables.
-#include "actions/answers.h"
+#include "actions/behaviours.h"
+#include "objects/messages.h"
 
-#include <cstdio>
 #include <utility>
 
 namespace korvel {
@@ -39,37 +39,6 @@ Status RedrawIfRunning(const Ingredient& object) {
   return IsGone(object) ? Status::Replaced : Status::Done;
 }
 
-Status SetValue(BooleanVariable& variable, bool value) {
-  if (!variable.AvailabilityStatus) return Status::Refused;
-  variable.Value = value;
-  return Status::Done;
-}
-
-Status SetValue(IntegerVariable& variable, std::int32_t value) {
-  if (!variable.AvailabilityStatus) return Status::Refused;
-  variable.Value = value;
-  return Status::Done;
-}
-
-Status SetValue(OctetStringVariable& variable, OctetString value) {
-  if (!variable.AvailabilityStatus) return Status::Refused;
-  variable.Value = std::move(value);
-  return Status::Done;
-}
-
-Status SetValue(ObjectRefVariable& variable, ObjectReference value) {
-  if (!variable.AvailabilityStatus) return Status::Refused;
-  variable.Value = std::move(value);
-  return Status::Done;
-}
-
-Status SetValue(ContentRefVariable& variable, OctetString path) {
-  if (!variable.AvailabilityStatus) return Status::Refused;
-  variable.Value.Path = std::move(path);
-  variable.Content.Data.Clear();  // what was fetched belongs to the old path
-  return Status::Done;
-}
-
 Status AnswerBoolean(const Arguments& arguments, std::size_t place, bool value) {
   auto* variable = FindVariable<BooleanVariable>(arguments, place, ItemType::BooleanVariable);
   return variable == nullptr ? Status::Refused : SetValue(*variable, value);
@@ -81,13 +50,13 @@ Status AnswerInteger(const Arguments& arguments, std::size_t place, std::int32_t
 }
 
 Status AnswerOctets(const Arguments& arguments, std::size_t place, std::string_view value,
-                    const char* message) {
+                    Message message) {
   auto* variable =
       FindVariable<OctetStringVariable>(arguments, place, ItemType::OctetStringVariable);
   if (variable == nullptr) return Status::Refused;
   OctetString copy;
   if (!copy.Assign(value)) {
-    std::fputs(message, stdout);
+    Say(message);
     return Status::Failure;
   }
   return SetValue(*variable, std::move(copy));

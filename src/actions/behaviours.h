@@ -1,20 +1,143 @@
-// What every elementary action does to its target: one function for each action, declared under the
-// file that holds it. The interpreter calls them with an existing target of an accepted class and
-// with evaluated parameters. They return Failure or Replaced to end the action list, and anything
-// else to go on.
+// The behaviour of each class: first what the behaviours share, then one function for each
+// elementary action, listed under the file that holds it. The interpreter calls these functions
+// with an existing target of an accepted class and with evaluated parameters. They return Failure
+// or Replaced to end the action list, and anything else to go on.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "actions/actions.h"
 #include "actions/parameters.h"
+#include "objects/messages.h"
+#include "objects/visibles.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 
-// ---- link.cpp and programs.cpp: links and resident programs ----
-Status ActivateTarget(const Arguments& arguments);
-Status DeactivateTarget(const Arguments& arguments);
+// ---- answers.cpp: events, redraws and answers ----
+
+// Raises an event of the object. Callers must return Failure and Replaced immediately: after
+// Replaced the object itself has ended. Done in every other case, also when other groups were
+// replaced.
+Status RaiseFrom(const Ingredient& object, EventType type, EventData data = {});
+
+// Raises an EngineEvent of the running application. Callers must return Failure immediately.
+Status RaiseEngineEvent(std::int32_t number);
+
+// Requests a redraw if the object is running. Callers must return Failure and Replaced immediately,
+// as for RaiseFrom.
+Status RedrawIfRunning(const Ingredient& object);
+
+// Write an answer into the variable that the parameter at `place` names. Refused if the variable is
+// not of the class.
+Status AnswerBoolean(const Arguments& arguments, std::size_t place, bool value);
+Status AnswerInteger(const Arguments& arguments, std::size_t place, std::int32_t value);
+// Prints `message` and stops the list when memory is out.
+Status AnswerOctets(const Arguments& arguments, std::size_t place, std::string_view value,
+                    Message message);
+Status AnswerReference(const Arguments& arguments, std::size_t place, const ObjectReference& value);
+// Writes both numbers or, if one of the two variables is of another class, neither.
+Status AnswerPair(const Arguments& arguments, std::int32_t first, std::int32_t second);
+
+// ---- lifecycle.cpp: preparing, activating and stopping ----
+
+// Whether objects of the class are in the display stack while they run.
+[[nodiscard]] constexpr bool IsVisibleClass(ItemType type) {
+  return Contains(kVisibles | kButtons, type);
+}
+
+// Puts a visible on top of the application's display stack, or removes it. Failure when memory is
+// out.
+Status EnterDisplayStack(ItemType type, Ingredient& visible);
+void LeaveDisplayStack(ItemType type, Ingredient& visible);
+
+// The parts of Activate and Deactivate that are more than a flag and the display stack, each in the
+// file of its class.
+Change ActivateStream(Stream& stream);
+Change DeactivateStream(Stream& stream);
+Change ActivateTokenGroup(TokenGroup& group);
+Change DeactivateTokenGroup(TokenGroup& group);
+Change ActivateListGroup(ListGroup& group);
+Change DeactivateListGroup(ListGroup& group);
+
+// Fetches the text that the object's content names. If the file cannot be read, the text stays as
+// it was and the application gets EngineEvent 3. Callers must return Failure immediately.
+Status FetchText(Text& text);
+
+// ---- interaction.cpp: highlight and interaction ----
+
+// Engine-wide state of the classes. An engine start resets it, and a group that ends removes its
+// own objects.
+struct ClassVariables {
+  FoundObject HighlightedObject;  // the object that was highlighted last
+  FoundObject InteractingObject;  // the interaction in progress, one at a time
+  std::size_t chosenAnchor = 0;   // the current anchor of an interacting hyper text
+};
+[[nodiscard]] ClassVariables& CurrentClassVariables();
+
+// The part of an entry field, hyper text or slider that can be highlighted and interacted with.
+// Null for every other class.
+[[nodiscard]] Interactible* InteractibleOf(const FoundObject& object);
+
+// Ends the interaction of an object that stops: clears its flag and raises InteractionCompleted.
+Status EndInteraction(Ingredient& object, Interactible& interactible);
+
+// Ends the highlight and the interaction of an object without events.
+void ClearInteraction(const FoundObject& object);
+
+// Offer a key to an object; each class lists its keys in its own file. False if the object does not
+// use the key, which then goes on to the scene; otherwise `result` is the result of the key.
+[[nodiscard]] bool TakeKey(EntryField& field, std::int32_t key, Status& result);
+[[nodiscard]] bool TakeKey(HyperText& text, std::int32_t key, Status& result);
+[[nodiscard]] bool TakeKey(Slider& slider, std::int32_t key, Status& result);
+
+// Enters one character into an entry field by the rules of its mode and maximum length.
+Status EnterCharacter(EntryField& field, char character);
+
+// Goes back to the first anchor, as at the start of an interaction: new data replaces the anchor
+// that the viewer has chosen.
+void ForgetChosenAnchor(const HyperText& text);
+
+// ---- line_art.cpp: colours ----
+
+// Reads the action's first parameter as a colour: an index or an absolute colour, given directly or
+// held by an integer or octet string variable. Refused, with `colour` unchanged, if it is neither.
+Status ReadColour(const Arguments& arguments, ColourValue& colour);
+
+// ---- list_layout.cpp: the items in the cells of a list group ----
+// Places of items and cells count from 1; 0 means none.
+
+[[nodiscard]] std::int32_t ItemCount(const ListGroup& group);
+[[nodiscard]] std::int32_t CellCount(const ListGroup& group);
+
+// The item at a place, or null.
+[[nodiscard]] ListItem* ItemAt(ListGroup& group, std::int32_t place);
+
+// The place of the item that refers to the object, or 0.
+[[nodiscard]] std::int32_t PlaceOf(const ListGroup& group, const ObjectReference& object);
+
+// The place of the item that the layout puts into a cell, or 0.
+[[nodiscard]] std::int32_t ItemInCell(const ListGroup& group, std::int32_t cell);
+
+// The first item: within the items if the list wraps around, and possibly outside them otherwise.
+[[nodiscard]] std::int32_t EffectiveFirstItem(const ListGroup& group);
+
+// Puts the items into the cells and removes the others from the screen, without events; then
+// requests a redraw if the group is running. Callers must return Failure and Replaced immediately.
+Status LayOut(ListGroup& group);
+
+// Removes an item's visible from the screen, without events.
+void Withdraw(const ListGroup& group, ListItem& item);
+
+// ---- programs.cpp ----
 Status CallProgram(const Arguments& arguments);
 Status ForkProgram(const Arguments& arguments);
 
 // ---- lifecycle.cpp ----
+Status ActivateTarget(const Arguments& arguments);
+Status DeactivateTarget(const Arguments& arguments);
 Status PreloadTarget(const Arguments& arguments);
 Status RunTarget(const Arguments& arguments);
 Status StopTarget(const Arguments& arguments);
@@ -32,6 +155,8 @@ Status SetCachePriority(const Arguments& arguments);
 Status SetGroupTimer(const Arguments& arguments);
 Status SetInputRegister(const Arguments& arguments);
 Status SendEvent(const Arguments& arguments);
+
+// ---- engine_support.cpp ----
 Status GetEngineSupport(const Arguments& arguments);
 
 // ---- persistence.cpp ----
@@ -83,15 +208,13 @@ Status GetPosition(const Arguments& arguments);
 Status SetBoxSize(const Arguments& arguments);
 Status GetBoxSize(const Arguments& arguments);
 Status SetPaletteRef(const Arguments& arguments);
-
-// ---- content.cpp ----
-Status SetData(const Arguments& arguments);
-
-// ---- bitmap.cpp ----
 Status ScaleBitmap(const Arguments& arguments);
 Status SetTransparency(const Arguments& arguments);
 Status GetBitmapDecodeOffset(const Arguments& arguments);
 Status SetBitmapDecodeOffset(const Arguments& arguments);
+
+// ---- content.cpp ----
+Status SetData(const Arguments& arguments);
 
 // ---- stream.cpp: streams and their components ----
 Status SetCounterTrigger(const Arguments& arguments);

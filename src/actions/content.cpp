@@ -1,17 +1,12 @@
 // New content for an ingredient: included in the action, or named by it. Text is taken from it at
 // once; a bitmap is drawn from it at the next redraw.
-#include <cstdio>
 #include <utility>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/interaction.h"
-#include "actions/lifecycle.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
-
-constexpr std::int32_t kContentError = 3;  // the engine event of content that cannot be fetched
 
 // An optional number behind a content reference.
 Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& number) {
@@ -39,7 +34,7 @@ Status ReadContent(const Arguments& arguments, ContentBody& content) {
 Status TakeIncludedText(Text& text) {
   const OctetString& content = text.Content.Data;
   if (!text.TextData.Assign(content.View())) {
-    std::fputs("Can't allocate memory for TextData\n", stdout);
+    Say(Message::NoMemoryForTextData);
   }
   return Status::Done;
 }
@@ -56,7 +51,7 @@ Status ShowText(Text& text) {
 Status FetchText(Text& text) {
   OctetString bytes;
   if (ResolveGroup(text.Content.Data.TextView(), bytes) != Status::Done) {
-    return RaiseEngineEvent(kContentError);
+    return RaiseEngineEvent(engineEvents::kContentReferenceError);
   }
   text.TextData = std::move(bytes);
   return Status::Done;

@@ -2,13 +2,12 @@
 // attributes that the object has at that moment, and asks for a redraw; nothing else remembers what
 // was drawn.
 #include <algorithm>
-#include <cstdio>
 #include <limits>
 #include <span>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
 #include "appearance/colours.h"
+#include "objects/messages.h"
 #include "platform/canvases.h"
 
 namespace korvel {
@@ -81,7 +80,7 @@ Status ReadPoints(const Arguments& arguments, Sequence<CanvasPoint>& points) {
     if (hasX) {
       x = value.Integer;
     } else if (!points.Append(PointOf(TargetOf(arguments), x, value.Integer))) {
-      std::fputs("Can't allocate memory for Points\n", stdout);
+      Say(Message::NoMemoryForPoints);
       return Status::Refused;
     }
   }

@@ -3,7 +3,6 @@
 #include <charconv>
 #include <string_view>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
 
 namespace korvel {

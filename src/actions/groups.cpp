@@ -1,6 +1,5 @@
 // The actions on applications and scenes: replacing them, locking the screen, and what the running
 // ones keep.
-#include "actions/answers.h"
 #include "actions/behaviours.h"
 
 namespace korvel {
@@ -77,9 +76,7 @@ Status SetCachePriority(const Arguments& arguments) {
 
 Status SetGroupTimer(const Arguments& arguments) {
   const std::int32_t value = arguments.IsPresent(1) ? arguments.Integer(1) : kNoTimerValue;
-  const std::int32_t given = arguments.Boolean(2) ? 1 : 0;
-  return SetTimer(arguments.Target.As<Group>(), arguments.Integer(0), value,
-                  arguments.IsPresent(2) ? given : kNotGiven);
+  return SetTimer(arguments.Target.As<Group>(), arguments.Integer(0), value, arguments.Boolean(2));
 }
 
 Status SetInputRegister(const Arguments& arguments) {

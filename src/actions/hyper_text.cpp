@@ -1,10 +1,7 @@
 // Hyper texts: the anchors in their text, and the keys that walk and fire them. An anchor is ESC
 // "A", a length byte and as many bytes of label; the text that it marks follows, up to ESC "a".
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/class_variables.h"
-#include "actions/interaction.h"
-#include "actions/lifecycle.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -87,7 +84,7 @@ Status GetLastAnchorFired(const Arguments& arguments) {
   const auto& text = arguments.Target.As<HyperText>();
   if (!text.AvailabilityStatus) return Status::Refused;
   return AnswerOctets(arguments, 0, text.LastAnchorFired.View(),
-                      "Can't allocate memory for LastAnchorFiredVar\n");
+                      Message::NoMemoryForAnchorVariable);
 }
 
 }  // namespace korvel

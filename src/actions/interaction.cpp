@@ -1,14 +1,17 @@
 // The highlight and the interaction of entry fields, hyper texts and sliders. One interaction is in
 // progress at a time in the whole engine; keys go to it first.
-#include "actions/interaction.h"
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/class_variables.h"
-#include "actions/lifecycle.h"
+#include "objects/never_destroyed.h"
 
 namespace korvel {
 namespace {
+
+NeverDestroyed<ClassVariables> classVariables;
+
+void ForgetIfIn(const Group& group, FoundObject& kept) {
+  if (kept && kept.As<Ingredient>().owner == &group) kept = {};
+}
 
 void ForgetIf(const Ingredient& object, FoundObject& kept) {
   if (kept.Object == &object) kept = {};
@@ -31,6 +34,15 @@ Status SwitchHighlightOff(const FoundObject& object) {
 Interactible& TargetOf(const Arguments& arguments) { return *InteractibleOf(arguments.Target); }
 
 }  // namespace
+
+ClassVariables& CurrentClassVariables() { return classVariables.value; }
+
+void ResetClassVariables() { CurrentClassVariables() = ClassVariables(); }
+
+void ForgetGroup(const Group& group) {
+  ForgetIfIn(group, CurrentClassVariables().HighlightedObject);
+  ForgetIfIn(group, CurrentClassVariables().InteractingObject);
+}
 
 Interactible* InteractibleOf(const FoundObject& object) {
   switch (object.Type) {
@@ -79,15 +91,13 @@ Status EndInteraction(Ingredient& object, Interactible& interactible) {
   return RaiseFrom(object, EventType::InteractionCompleted);
 }
 
-void StopSilently(ItemType type, Ingredient& ingredient) {
-  if (!ingredient.RunningStatus) return;
-  ingredient.RunningStatus = false;
-  Interactible* interactible = InteractibleOf({type, &ingredient});
+void ClearInteraction(const FoundObject& object) {
+  Interactible* interactible = InteractibleOf(object);
   if (interactible == nullptr) return;
   interactible->HighlightStatus = false;
   interactible->InteractionStatus = false;
-  ForgetIf(ingredient, CurrentClassVariables().HighlightedObject);
-  ForgetIf(ingredient, CurrentClassVariables().InteractingObject);
+  ForgetIf(object.As<Ingredient>(), CurrentClassVariables().HighlightedObject);
+  ForgetIf(object.As<Ingredient>(), CurrentClassVariables().InteractingObject);
 }
 
 bool TakeInteractionKey(std::int32_t key, Status& result) {

@@ -1,23 +1,98 @@
-// Ingredients coming to life and going: activation and deactivation, the Run, Stop and Preload
-// actions with the events that report them, and the two status queries.
-#include "actions/lifecycle.h"
-
-#include "actions/answers.h"
+// The life of an ingredient: prepared, activated, deactivated, stopped; with the actions that ask
+// for it and the events that report it. Every run-time value is set from its original one when an
+// ingredient is prepared. Bitmaps fetch their content when they are drawn, not here.
 #include "actions/behaviours.h"
+#include "objects/class_tables.h"
 
 namespace korvel {
 namespace {
 
-constexpr ClassSet kVisibleClasses =
-    SetOf(ItemType::Bitmap, ItemType::Rectangle, ItemType::DynamicLineArt, ItemType::Text,
-          ItemType::Video, ItemType::Slider, ItemType::EntryField, ItemType::HyperText,
-          ItemType::PushButton, ItemType::LineArt, ItemType::HotSpot, ItemType::SwitchButton);
-// A group's start makes programs available; they run when they are called.
-constexpr ClassSet kProgramClasses =
-    SetOf(ItemType::ResidentProgram, ItemType::RemoteProgram, ItemType::InterchangedProgram);
+// For each class the function of its nearest ancestor that has run-time values. False when memory
+// or time is out.
+bool SetUp(Ingredient& ingredient) { return Copy(ingredient.OriginalContent, ingredient.Content); }
 
-constexpr Change ChangeOf(Status status) {
-  return status == Status::Failure ? Change::Failure : Change::Changed;
+bool SetUp(BooleanVariable& variable) {
+  variable.Value = variable.OriginalValue;
+  return true;
+}
+bool SetUp(IntegerVariable& variable) {
+  variable.Value = variable.OriginalValue;
+  return true;
+}
+bool SetUp(OctetStringVariable& variable) {
+  return variable.Value.CopyFrom(variable.OriginalValue);
+}
+bool SetUp(ObjectRefVariable& variable) { return Copy(variable.OriginalValue, variable.Value); }
+bool SetUp(ContentRefVariable& variable) { return Copy(variable.OriginalValue, variable.Value); }
+
+bool SetUp(TokenGroup& group) {
+  group.TokenPosition = group.TokenGroupItems.IsEmpty() ? 0 : 1;
+  return true;
+}
+bool SetUp(ListGroup& group) {
+  List<ListItem> items;
+  for (const TokenGroupItem& member : group.TokenGroupItems) {
+    ListItem item;
+    if (!MayGoOn() || !Copy(member.AVisible, item.AVisible)) return false;
+    if (items.Append(std::move(item)) == nullptr) return false;
+  }
+  group.ItemList = std::move(items);
+  group.FirstItem = 1;
+  return SetUp(static_cast<TokenGroup&>(group));
+}
+
+bool SetUp(Visible& visible) {
+  visible.BoxSize = visible.OriginalBoxSize;
+  visible.Position = visible.OriginalPosition;
+  return Copy(visible.OriginalPaletteRef, visible.PaletteRef) &&
+         SetUp(static_cast<Ingredient&>(visible));
+}
+bool SetUp(Bitmap& bitmap) {
+  bitmap.Transparency = bitmap.OriginalTransparency;
+  bitmap.ScaledSize = {kNotScaled, kNotScaled};
+  bitmap.DecodeOffset = {};
+  return SetUp(static_cast<Visible&>(bitmap));
+}
+bool SetUp(LineArt& lineArt) {
+  lineArt.LineWidth = lineArt.OriginalLineWidth;
+  lineArt.LineStyle = lineArt.OriginalLineStyle;
+  return Copy(lineArt.OriginalRefLineColour, lineArt.RefLineColour) &&
+         Copy(lineArt.OriginalRefFillColour, lineArt.RefFillColour) &&
+         SetUp(static_cast<Visible&>(lineArt));
+}
+bool SetUp(Text& text) {
+  const OctetString& content = text.OriginalContent.Data;
+  const bool isIncluded = !text.OriginalContent.IsReferenced;
+  text.TextData.Clear();
+  return (!isIncluded || text.TextData.CopyFrom(content)) && Copy(text.OriginalFont, text.Font) &&
+         SetUp(static_cast<Visible&>(text));
+}
+bool SetUp(EntryField& field) {
+  field.EntryPoint = 0;
+  field.OverwriteMode = false;
+  return SetUp(static_cast<Text&>(field));
+}
+bool SetUp(HyperText& text) {
+  text.LastAnchorFired.Clear();
+  return SetUp(static_cast<Text&>(text));
+}
+bool SetUp(PushButton& button) {
+  return button.Label.CopyFrom(button.OriginalLabel) && SetUp(static_cast<Visible&>(button));
+}
+bool SetUp(Slider& slider) {
+  slider.SliderValue = slider.InitialValue;
+  slider.Portion = slider.InitialPortion;
+  return SetUp(static_cast<Visible&>(slider));
+}
+
+bool SetUp(Audio& audio) {
+  audio.Volume = audio.OriginalVolume;
+  return true;
+}
+bool SetUp(Video& video) {
+  video.ScaledSize = {kNotScaled, kNotScaled};
+  video.DecodeOffset = {};
+  return SetUp(static_cast<Visible&>(video));
 }
 
 Change ActivateVisible(ItemType type, Ingredient& visible) {
@@ -43,7 +118,19 @@ Status StartProgram(ItemType type, Program& program) {
 
 }  // namespace
 
-bool IsVisibleClass(ItemType type) { return Contains(kVisibleClasses, type); }
+Change Prepare(ItemType type, Ingredient& ingredient) {
+  if (ingredient.AvailabilityStatus) return Change::Nothing;
+  bool isSetUp = true;
+  VisitIngredientClass(type,
+                       [&]<class Record>() { isSetUp = SetUp(static_cast<Record&>(ingredient)); });
+  if (!isSetUp) return Change::Failure;
+  ingredient.AvailabilityStatus = true;
+  if (Contains(kTexts, type) && ingredient.Content.IsReferenced &&
+      FetchText(static_cast<Text&>(ingredient)) == Status::Failure) {
+    return Change::Failure;
+  }
+  return Change::Changed;
+}
 
 Status EnterDisplayStack(ItemType type, Ingredient& visible) {
   Application* application = CurrentApplication();
@@ -85,8 +172,15 @@ Change Deactivate(ItemType type, Ingredient& ingredient) {
   return Change::Changed;
 }
 
+void StopSilently(ItemType type, Ingredient& ingredient) {
+  if (!ingredient.RunningStatus) return;
+  ingredient.RunningStatus = false;
+  ClearInteraction({type, &ingredient});
+}
+
 Status RunIngredient(ItemType type, Ingredient& ingredient) {
-  if (Contains(kProgramClasses, type)) {
+  // A group's start makes programs available; they run when they are called.
+  if (Contains(kPrograms, type)) {
     return StartProgram(type, static_cast<Program&>(ingredient));
   }
   if (Prepare(type, ingredient) == Change::Failure) return Status::Failure;
@@ -121,6 +215,21 @@ Status RunTarget(const Arguments& arguments) {
 
 Status StopTarget(const Arguments& arguments) {
   return StopIngredient(arguments.Target.Type, arguments.Target.As<Ingredient>());
+}
+
+// A program is called, without parameters; a link waits for its event from now on.
+Status ActivateTarget(const Arguments& arguments) {
+  auto& target = arguments.Target.As<Ingredient>();
+  if (Activate(arguments.Target.Type, target) != Change::Changed) return Status::Refused;
+  if (arguments.Target.Type != ItemType::ResidentProgram) return Status::Done;
+  return RunResidentProgram(arguments.Target.As<ResidentProgram>().Name.View(), {},
+                            arguments.groupName);
+}
+
+Status DeactivateTarget(const Arguments& arguments) {
+  auto& target = arguments.Target.As<Ingredient>();
+  return Deactivate(arguments.Target.Type, target) == Change::Changed ? Status::Done
+                                                                      : Status::Refused;
 }
 
 Status GetAvailabilityStatus(const Arguments& arguments) {

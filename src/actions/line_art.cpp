@@ -1,26 +1,27 @@
 // The attributes with which line art is drawn. Setting one does not redraw: it holds for what is
 // painted later.
-#include <cstdio>
 
-#include "actions/answers.h"
+#include <utility>
+
 #include "actions/behaviours.h"
-#include "actions/colours.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
 
 LineArt& TargetOf(const Arguments& arguments) { return arguments.Target.As<LineArt>(); }
 
-Status SetColour(const Arguments& arguments, ColourValue& colour, const char* message) {
+Status SetColour(const Arguments& arguments, ColourValue& colour, Message message) {
   if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
   const Status status = ReadColour(arguments, colour);
-  if (status == Status::Refused) std::fputs(message, stdout);
+  if (status == Status::Refused) Say(message);
   return status;
 }
 
-Status SetNumber(const Arguments& arguments, std::int32_t& attribute) {
+template <class Number>
+Status SetNumber(const Arguments& arguments, Number& attribute) {
   if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
-  attribute = arguments.Integer(0);
+  attribute = static_cast<Number>(arguments.Integer(0));
   return Status::Done;
 }
 
@@ -29,8 +30,7 @@ Status AnswerColour(const Arguments& arguments, const ColourValue& colour) {
   switch (colour.Kind) {
   case ValueKind::Integer: return AnswerInteger(arguments, 0, colour.Index);
   case ValueKind::OctetString:
-    return AnswerOctets(arguments, 0, colour.Absolute.View(),
-                        "Can't allocate memory for CharVal\n");
+    return AnswerOctets(arguments, 0, colour.Absolute.View(), Message::NoMemoryForOctets);
   default: return Status::Refused;
   }
 }
@@ -42,14 +42,25 @@ Status AnswerNumber(const Arguments& arguments, std::int32_t attribute) {
 
 }  // namespace
 
+Status ReadColour(const Arguments& arguments, ColourValue& colour) {
+  GenericValue value;
+  const Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::Fetch, value);
+  if (status != Status::Done) return status;
+  if (value.Kind != ValueKind::Integer && value.Kind != ValueKind::OctetString) {
+    return Status::Refused;
+  }
+  colour.Kind = value.Kind;
+  colour.Index = value.Integer;
+  colour.Absolute = std::move(value.Octets);
+  return Status::Done;
+}
+
 Status SetLineColour(const Arguments& arguments) {
-  return SetColour(arguments, TargetOf(arguments).RefLineColour,
-                   "MHEG_DYNAMICLINEART_SetLineColour Error\n");
+  return SetColour(arguments, TargetOf(arguments).RefLineColour, Message::SetLineColourError);
 }
 
 Status SetFillColour(const Arguments& arguments) {
-  return SetColour(arguments, TargetOf(arguments).RefFillColour,
-                   "MHEG_DYNAMICLINEART_SetFillColour Error\n");
+  return SetColour(arguments, TargetOf(arguments).RefFillColour, Message::SetFillColourError);
 }
 
 Status SetLineWidth(const Arguments& arguments) {
@@ -73,7 +84,7 @@ Status GetLineWidth(const Arguments& arguments) {
 }
 
 Status GetLineStyle(const Arguments& arguments) {
-  return AnswerNumber(arguments, TargetOf(arguments).LineStyle);
+  return AnswerNumber(arguments, static_cast<std::int32_t>(TargetOf(arguments).LineStyle));
 }
 
 }  // namespace korvel

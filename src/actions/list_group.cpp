@@ -2,10 +2,7 @@
 // presented changes.
 #include <utility>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/lifecycle.h"
-#include "actions/list_layout.h"
 
 namespace korvel {
 namespace {

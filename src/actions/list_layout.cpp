@@ -1,11 +1,8 @@
 // The layout of list groups, and their coming to life. Items are known by reference and looked up
 // at each use: what they refer to may belong to a scene that has ended, and is then passed over.
-#include "actions/list_layout.h"
+#include "actions/behaviours.h"
 
 #include <algorithm>
-
-#include "actions/answers.h"
-#include "actions/lifecycle.h"
 
 namespace korvel {
 namespace {
@@ -25,8 +22,8 @@ Status Place(ListGroup& group, ListItem& item, const Position& cell) {
   visible.Position = cell;
   visible.RunningStatus = true;
   const Application* application = CurrentApplication();
-  const bool isEntered = application != nullptr &&
-                         StackContains(*application, ItemType::None, visible) == Status::Done;
+  const bool isEntered =
+      application != nullptr && StackContains(*application, ItemType::None, visible);
   if (isEntered) return Status::Done;
   const Status status = EnterDisplayStack(found.Type, visible);
   return status == Status::Failure ? status : Status::Done;
@@ -58,10 +55,6 @@ Status PlaceItems(ListGroup& group) {
   return Status::Done;
 }
 
-constexpr Change ChangeOf(Status status) {
-  return status == Status::Failure ? Change::Failure : Change::Changed;
-}
-
 }  // namespace
 
 std::int32_t ItemCount(const ListGroup& group) {
@@ -81,8 +74,7 @@ std::int32_t PlaceOf(const ListGroup& group, const ObjectReference& object) {
   for (const ListItem& item : group.ItemList) {
     ++place;
     if (item.AVisible.Number == object.Number &&
-        WithoutTilde(item.AVisible.GroupIdentifier.View()) ==
-            WithoutTilde(object.GroupIdentifier.View())) {
+        IsSameGroup(item.AVisible.GroupIdentifier.View(), object.GroupIdentifier.View())) {
       return place;
     }
   }

@@ -1,8 +1,6 @@
 // Selecting the items of list groups. Every event may change the list, so items are known by
 // reference and their places are counted anew when they are told.
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/list_layout.h"
 
 namespace korvel {
 namespace {

@@ -1,19 +1,20 @@
 // Evaluation of parameters by the syntax of the action table, and the reading of variables that it
 // rests on.
 #include "actions/parameters.h"
+#include "objects/messages.h"
 
-#include <cstdio>
+#include "objects/action_values.h"
 
 namespace korvel {
 namespace {
 
 // The copy of what cannot be copied is empty; the action proceeds with that.
 void CopyOctets(const OctetString& from, OctetString& to) {
-  if (!to.CopyFrom(from)) std::fputs("Can't allocate memory for CharVal\n", stdout);
+  if (!to.CopyFrom(from)) Say(Message::NoMemoryForOctets);
 }
 
 void CopyReference(const ObjectReference& from, ObjectReference& to) {
-  if (!Copy(from, to)) std::fputs("Can't allocate memory for ObjectRefVal\n", stdout);
+  if (!Copy(from, to)) Say(Message::NoMemoryForReference);
 }
 
 void CopyValue(const GenericValue& from, GenericValue& to) {
@@ -33,65 +34,29 @@ void LoadContent(ContentRefVariable& variable) {
   }
 }
 
+// The copy of a value that cannot be copied is empty; the action proceeds with that.
 void CopyVariable(const FoundObject& found, GenericValue& value) {
-  switch (found.Type) {
-  case ItemType::BooleanVariable:
-    value.Kind = ValueKind::Boolean;
-    value.Boolean = found.As<BooleanVariable>().Value;
-    break;
-  case ItemType::IntegerVariable:
-    value.Kind = ValueKind::Integer;
-    value.Integer = found.As<IntegerVariable>().Value;
-    break;
-  case ItemType::OctetStringVariable:
-    value.Kind = ValueKind::OctetString;
-    CopyOctets(found.As<OctetStringVariable>().Value, value.Octets);
-    break;
-  case ItemType::ObjectRefVariable:
-    value.Kind = ValueKind::ObjectReference;
-    CopyReference(found.As<ObjectRefVariable>().Value, value.Reference);
-    break;
-  case ItemType::ContentRefVariable:
-    value.Kind = ValueKind::ContentReference;
-    CopyOctets(found.As<ContentRefVariable>().Value.Path, value.Octets);
-    break;
-  default: break;
-  }
+  if (CopyValue(found, value)) return;
+  Say(found.Type == ItemType::ObjectRefVariable ? Message::NoMemoryForReference
+                                                : Message::NoMemoryForOctets);
 }
 
-// Walks an action's parameters as its syntax asks for them, one value after the other.
-class Evaluation {
- public:
-  explicit Evaluation(Arguments& arguments)
-      : arguments_(arguments), next_(arguments.Given->begin()) {}
-
-  [[nodiscard]] bool IsAtEnd() const { return next_ == arguments_.Given->end(); }
-
-  Status Take(ValueKind kind) {
-    const GenericValue* given = IsAtEnd() ? nullptr : &*next_;
-    if (given != nullptr) ++next_;
-    return ReadValueOfKind(arguments_, given, kind, arguments_.Values[taken_++]);
-  }
-
-  // A place that stands for two values of which the second may be absent.
-  Status TakePair(ValueKind first, ValueKind second) {
-    const Status status = Take(first);
-    return status == Status::Done ? Take(second) : status;
-  }
-
-  // How many of the leading places are evaluated; a behaviour reads the others in its own way.
-  [[nodiscard]] std::size_t Taken() const { return taken_; }
-
- private:
-  Arguments& arguments_;
-  decltype(std::declval<const List<GenericValue>&>().begin()) next_;
-  std::size_t taken_ = 0;
+// The kinds that the values at a place must have. None: behaviours read this place and the later
+// ones themselves. A transition reads neither its connection nor its effect.
+struct EvaluatedKinds {
+  ValueKind First = ValueKind::None;
+  ValueKind Second = ValueKind::None;  // None: one value
 };
 
-// Whether behaviours read this parameter themselves. A transition reads neither its
-// connection nor its effect.
-constexpr bool IsReadByBehaviour(Parameter parameter) {
-  switch (parameter) {
+constexpr EvaluatedKinds KindsAt(Parameter place) {
+  switch (place) {
+  case Parameter::Integer:
+  case Parameter::EventNumber: return {ValueKind::Integer};
+  case Parameter::Boolean: return {ValueKind::Boolean};
+  case Parameter::Octets: return {ValueKind::OctetString};
+  case Parameter::Reference: return {ValueKind::ObjectReference};
+  case Parameter::NewTimer: return {ValueKind::Integer, ValueKind::Boolean};
+  case Parameter::Speed: return {ValueKind::Integer, ValueKind::Integer};
   case Parameter::IntegerOrNull:
   case Parameter::Typed:
   case Parameter::TypedList:
@@ -99,27 +64,19 @@ constexpr bool IsReadByBehaviour(Parameter parameter) {
   case Parameter::Points:
   case Parameter::Colour:
   case Parameter::FontChoice:
-  case Parameter::NewContent: return true;
-  default: return false;
+  case Parameter::NewContent: break;
   }
+  return {};
 }
 
-constexpr bool IsList(Parameter parameter) {
-  return parameter == Parameter::TypedList || parameter == Parameter::References ||
-         parameter == Parameter::Points;
+constexpr bool IsList(Parameter place) {
+  return place == Parameter::TypedList || place == Parameter::References ||
+         place == Parameter::Points;
 }
 
-Status TakePlace(Parameter parameter, Evaluation& evaluation) {
-  switch (parameter) {
-  case Parameter::Integer:
-  case Parameter::EventNumber: return evaluation.Take(ValueKind::Integer);
-  case Parameter::Boolean: return evaluation.Take(ValueKind::Boolean);
-  case Parameter::Octets: return evaluation.Take(ValueKind::OctetString);
-  case Parameter::Reference: return evaluation.Take(ValueKind::ObjectReference);
-  case Parameter::NewTimer: return evaluation.TakePair(ValueKind::Integer, ValueKind::Boolean);
-  case Parameter::Speed: return evaluation.TakePair(ValueKind::Integer, ValueKind::Integer);
-  default: return Status::Done;
-  }
+// The evaluated value is absent if the action does not give it.
+Status EvaluateNext(const Asker& asker, ActionValues& given, ValueKind kind, GenericValue& value) {
+  return given.IsEmpty() ? Status::Done : ReadValueOfKind(asker, &given.Take(), kind, value);
 }
 
 }  // namespace
@@ -182,16 +139,22 @@ Status ReadValueOfKind(const Asker& asker, const GenericValue* given, ValueKind 
 }
 
 Status EvaluateParameters(const ActionRow& row, Arguments& arguments) {
-  Evaluation evaluation(arguments);
+  ActionValues given(*arguments.Given);
   std::size_t place = 0;
+  std::size_t evaluated = 0;
   for (const Parameter parameter : row.Syntax()) {
     const bool isRequired = place < row.requiredCount;
-    if (IsReadByBehaviour(parameter)) {
-      const bool isMissing = isRequired && !IsList(parameter) && evaluation.IsAtEnd();
+    const EvaluatedKinds kinds = KindsAt(parameter);
+    if (kinds.First == ValueKind::None) {
+      const bool isMissing = isRequired && !IsList(parameter) && given.IsEmpty();
       return isMissing ? Status::Refused : Status::Done;
     }
-    const Status status = TakePlace(parameter, evaluation);
-    if (status != Status::Done) return status;
+    ActionValues values = given.TakePlace(parameter);
+    for (const ValueKind kind : {kinds.First, kinds.Second}) {
+      if (kind == ValueKind::None) break;
+      const Status status = EvaluateNext(arguments, values, kind, arguments.Values[evaluated++]);
+      if (status != Status::Done) return status;
+    }
     if (isRequired && !arguments.IsPresent(place)) return Status::Refused;
     ++place;
   }

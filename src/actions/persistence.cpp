@@ -1,12 +1,11 @@
 // Keeping variables in the persistent store and reading them back. An entry is the values in the
 // order of the action's list, with no header and no count: whoever reads has to ask for the same
 // classes. An entry that is too short for what is asked for yields reset values from there on.
-#include <cstdio>
-#include <cstring>
+#include <type_traits>
 #include <utility>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -48,7 +47,13 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
 }
 
 // Adds values to an entry. Each returns false when memory is out.
-[[nodiscard]] bool AddNumber(OctetString& data, std::uint32_t number) {
+[[nodiscard]] bool Add(OctetString& data, bool value) {
+  const char byte = value ? '\1' : '\0';
+  return data.Append({&byte, 1});
+}
+
+[[nodiscard]] bool Add(OctetString& data, std::int32_t value) {
+  auto number = static_cast<std::uint32_t>(value);
   char bytes[kNumberBytes];
   for (char& byte : bytes) {
     byte = static_cast<char>(number & 0xFF);
@@ -57,37 +62,19 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
   return data.Append({bytes, sizeof bytes});
 }
 
-[[nodiscard]] bool AddOctets(OctetString& data, const OctetString& octets) {
-  return AddNumber(data, static_cast<std::uint32_t>(octets.Length())) && data.Append(octets.View());
+[[nodiscard]] bool Add(OctetString& data, const OctetString& value) {
+  return Add(data, static_cast<std::int32_t>(value.Length())) && data.Append(value.View());
+}
+
+[[nodiscard]] bool Add(OctetString& data, const ObjectReference& value) {
+  return Add(data, value.GroupIdentifier) && Add(data, value.Number);
 }
 
 // Adds a variable's value. Refused when the object is no variable.
-Status AddVariable(OctetString& data, const FoundObject& variable) {
-  bool isAdded = false;
-  switch (variable.Type) {
-  case ItemType::BooleanVariable: {
-    const char byte = variable.As<BooleanVariable>().Value ? '\1' : '\0';
-    isAdded = data.Append({&byte, 1});
-    break;
-  }
-  case ItemType::IntegerVariable:
-    isAdded = AddNumber(data, static_cast<std::uint32_t>(variable.As<IntegerVariable>().Value));
-    break;
-  case ItemType::OctetStringVariable:
-    isAdded = AddOctets(data, variable.As<OctetStringVariable>().Value);
-    break;
-  case ItemType::ObjectRefVariable: {
-    const ObjectReference& value = variable.As<ObjectRefVariable>().Value;
-    isAdded = AddOctets(data, value.GroupIdentifier) &&
-              AddNumber(data, static_cast<std::uint32_t>(value.Number));
-    break;
-  }
-  case ItemType::ContentRefVariable:
-    isAdded = AddOctets(data, variable.As<ContentRefVariable>().Value.Path);
-    break;
-  default: return Status::Refused;
-  }
-  return isAdded ? Status::Done : Status::Failure;
+Status AddVariable(OctetString& data, const FoundObject& found) {
+  return VisitVariable(found, Status::Refused, [&data](const auto& variable) {
+    return Add(data, ValueOf(variable)) ? Status::Done : Status::Failure;
+  });
 }
 
 // Reads an entry. What lies beyond its end is 0, empty, or false, and so is everything after that.
@@ -125,42 +112,38 @@ class EntryReader {
   bool isShort_ = false;
 };
 
-Status TakeReference(EntryReader& reader, ObjectRefVariable& variable) {
-  ObjectReference reference;
-  const std::string_view group = reader.Octets();
-  reference.Number = static_cast<std::int32_t>(reader.Number());
-  // A reference that is cut off within its number is reset as a whole.
-  if (!reference.GroupIdentifier.Assign(reader.IsShort() ? std::string_view{} : group)) {
-    return Status::Failure;
-  }
-  (void)SetValue(variable, std::move(reference));
-  return Status::Done;
+// Read the next value of an entry. Each returns false when memory is out.
+[[nodiscard]] bool Read(EntryReader& reader, bool& value) {
+  const std::string_view byte = reader.Bytes(1);
+  value = !byte.empty() && byte.front() != '\0';
+  return true;
 }
 
-// Gives a variable its value from an entry. Refused when the object is no variable. One that is not
-// available keeps its value, and the entry's value is passed over.
-Status TakeVariable(EntryReader& reader, const FoundObject& variable) {
-  OctetString octets;
-  switch (variable.Type) {
-  case ItemType::BooleanVariable: {
-    const std::string_view byte = reader.Bytes(1);
-    (void)SetValue(variable.As<BooleanVariable>(), !byte.empty() && byte.front() != '\0');
+[[nodiscard]] bool Read(EntryReader& reader, std::int32_t& value) {
+  value = static_cast<std::int32_t>(reader.Number());
+  return true;
+}
+
+[[nodiscard]] bool Read(EntryReader& reader, OctetString& value) {
+  return value.Assign(reader.Octets());
+}
+
+[[nodiscard]] bool Read(EntryReader& reader, ObjectReference& value) {
+  const std::string_view group = reader.Octets();
+  value.Number = static_cast<std::int32_t>(reader.Number());
+  // A reference that is cut off within its number is reset as a whole.
+  return value.GroupIdentifier.Assign(reader.IsShort() ? std::string_view{} : group);
+}
+
+// Sets a variable to the next value of an entry. Refused when the object is no variable. A variable
+// that is not available keeps its value, and the entry's value is skipped.
+Status ReadVariable(EntryReader& reader, const FoundObject& found) {
+  return VisitVariable(found, Status::Refused, [&reader](auto& variable) {
+    std::remove_cvref_t<decltype(ValueOf(variable))> value{};
+    if (!Read(reader, value)) return Status::Failure;
+    (void)SetValue(variable, std::move(value));
     return Status::Done;
-  }
-  case ItemType::IntegerVariable:
-    (void)SetValue(variable.As<IntegerVariable>(), static_cast<std::int32_t>(reader.Number()));
-    return Status::Done;
-  case ItemType::OctetStringVariable:
-    if (!octets.Assign(reader.Octets())) return Status::Failure;
-    (void)SetValue(variable.As<OctetStringVariable>(), std::move(octets));
-    return Status::Done;
-  case ItemType::ObjectRefVariable: return TakeReference(reader, variable.As<ObjectRefVariable>());
-  case ItemType::ContentRefVariable:
-    if (!octets.Assign(reader.Octets())) return Status::Failure;
-    (void)SetValue(variable.As<ContentRefVariable>(), std::move(octets));
-    return Status::Done;
-  default: return Status::Refused;
-  }
+  });
 }
 
 }  // namespace
@@ -175,7 +158,7 @@ Status StorePersistent(const Arguments& arguments) {
     status = AddVariable(data, variable);
     if (status == Status::Refused) return status;
     if (status == Status::Failure) {
-      std::fputs("Can't allocate memory for Persistent\n", stdout);
+      Say(Message::NoMemoryForPersistent);
       break;
     }
   }
@@ -194,7 +177,7 @@ Status ReadPersistent(const Arguments& arguments) {
   (void)TakePersistent(read.name.View(), data);
   EntryReader reader(data.View());
   for (const FoundObject& variable : read.variables) {
-    status = TakeVariable(reader, variable);
+    status = ReadVariable(reader, variable);
     if (status != Status::Done) return status;
   }
   return SetValue(*read.success, true);

@@ -1,6 +1,5 @@
 // Calling resident programs. A call is over when the action is: a forked program has run as well,
 // and only tells so.
-#include "actions/answers.h"
 #include "actions/behaviours.h"
 
 namespace korvel {

@@ -1,11 +1,11 @@
 // The interpreter of action lists: for each action it evaluates the parameters, resolves the
 // target, sees that the target's class is accepted, and calls the behaviour. What the behaviours do
 // stands in the files that behaviours.h names.
-#include <cstdio>
 
 #include "actions/actions.h"
 #include "actions/behaviours.h"
 #include "engine/engine.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -151,8 +151,7 @@ Status PerformOne(const Asker& asker, const ActionRow& row, const ElementaryActi
 
 }  // namespace
 
-Status RunActions(Scope scope, const ActionHolder& owner, std::int32_t /*reserved*/,
-                  std::string_view groupName) {
+Status RunActions(Scope scope, const ActionHolder& owner, std::string_view groupName) {
   if (owner.Actions == nullptr || owner.Actions->IsEmpty()) return Status::Done;
   const NestingLevel level;
   OctetString name;
@@ -164,7 +163,7 @@ Status RunActions(Scope scope, const ActionHolder& owner, std::int32_t /*reserve
     if (!TakeAction()) return Status::Failure;
     const ActionRow* row = FindAction(action.ActionType);
     if (row == nullptr) {
-      std::printf("RunActions error ActionIndex %d\n", action.ActionType);
+      Say(Message::UnknownAction, action.ActionType);
       result = Status::Refused;
       continue;
     }

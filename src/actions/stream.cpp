@@ -1,7 +1,5 @@
 // Streams, which run and stop together with their components, and the actions on audio and video.
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/lifecycle.h"
 #include "platform/screen.h"
 
 namespace korvel {

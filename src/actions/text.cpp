@@ -1,15 +1,11 @@
 // Reading the text of text objects, and the attributes with which it is drawn.
-#include <cstdio>
 #include <utility>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/colours.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
-
-constexpr char kNoMemory[] = "Can't allocate memory for TextContentVar\n";
 
 Text& TargetOf(const Arguments& arguments) { return arguments.Target.As<Text>(); }
 
@@ -17,7 +13,8 @@ Text& TargetOf(const Arguments& arguments) { return arguments.Target.As<Text>();
 
 // The content as decoded, whatever the object shows by now.
 Status GetTextContent(const Arguments& arguments) {
-  return AnswerOctets(arguments, 0, TargetOf(arguments).OriginalContent.Data.TextView(), kNoMemory);
+  return AnswerOctets(arguments, 0, TargetOf(arguments).OriginalContent.Data.TextView(),
+                      Message::NoMemoryForTextVariable);
 }
 
 // What the object shows. Every reading leaves its length on the standard output.
@@ -25,8 +22,8 @@ Status GetTextData(const Arguments& arguments) {
   const FoundObject variable = Find(arguments, arguments.Reference(0));
   if (variable.Type != ItemType::OctetStringVariable) return Status::Refused;
   const std::string_view text = TargetOf(arguments).TextData.View();
-  std::printf("%d\n", static_cast<int>(text.size()));
-  return AnswerOctets(arguments, 0, text, kNoMemory);
+  Say(Message::TextLength, static_cast<int>(text.size()));
+  return AnswerOctets(arguments, 0, text, Message::NoMemoryForTextVariable);
 }
 
 // A font name, or a Font object.

@@ -1,10 +1,8 @@
 // Token groups: running and stopping their members, moving the token, and the action slots that go
 // with its place. A list group moves its token in the same way.
-#include <cstdio>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
-#include "actions/lifecycle.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -26,32 +24,27 @@ Status MoveTokenTo(TokenGroup& group, std::int32_t position) {
   return RaiseFrom(group, EventType::TokenMovedTo, EventData::Integer(position));
 }
 
-// Hands each member that is a visible to `handle`. Done as long as the group is there to go on
-// with.
+// Runs or stops the members in their order. Done while the group is there to go on with.
 template <class Handle>
-Status ForMembers(TokenGroup& group, const char* message, Handle&& handle) {
+Status ForMembers(TokenGroup& group, Handle&& handle) {
   for (const TokenGroupItem& item : group.TokenGroupItems) {
     if (!MayGoOn()) return Status::Failure;
     const FoundObject member = Find(AskerFor(group), item.AVisible);
-    if (!IsVisibleClass(member.Type)) {
-      std::fputs(message, stdout);
-      continue;
-    }
-    const Status status = handle(member.Type, member.As<Ingredient>());
+    const Status status = handle(member);
     if (status == Status::Failure) return status;
     if (IsGone(group)) return Status::Replaced;
   }
   return Status::Done;
 }
 
-constexpr Change ChangeOf(Status status) {
-  return status == Status::Failure ? Change::Failure : Change::Changed;
-}
-
 }  // namespace
 
 Change ActivateTokenGroup(TokenGroup& group) {
-  const Status status = ForMembers(group, "TokenGroup Activation Error\n", RunIngredient);
+  const Status status = ForMembers(group, [](const FoundObject& member) {
+    if (IsVisibleClass(member.Type)) return RunIngredient(member.Type, member.As<Ingredient>());
+    Say(Message::TokenGroupActivationError);
+    return Status::Done;
+  });
   if (status != Status::Done) return ChangeOf(status);
   if (group.RunningStatus) return Change::Nothing;  // an event of a member has run it already
   group.RunningStatus = true;
@@ -65,8 +58,9 @@ Change DeactivateTokenGroup(TokenGroup& group) {
   Status status =
       RaiseFrom(group, EventType::TokenMovedFrom, EventData::Integer(group.TokenPosition));
   if (status != Status::Done) return ChangeOf(status);
-  status = ForMembers(group, "", [&group](ItemType type, Ingredient& member) {
-    return group.RunningStatus ? Status::Done : StopIngredient(type, member);
+  status = ForMembers(group, [&group](const FoundObject& member) {
+    if (group.RunningStatus || !IsVisibleClass(member.Type)) return Status::Done;
+    return StopIngredient(member.Type, member.As<Ingredient>());
   });
   const bool isRunAgain = status == Status::Done && group.RunningStatus;
   return isRunAgain ? Change::Nothing : ChangeOf(status);
@@ -77,13 +71,13 @@ Status Move(const Arguments& arguments) {
   if (!group.RunningStatus) return Status::Refused;
   const Movement* movement = AtPlace(group.MovementTable, arguments.Integer(0));
   if (movement == nullptr) {
-    std::fputs("MovementIdentifier Error\n", stdout);
+    Say(Message::MovementIdentifierError);
     return Status::Refused;
   }
   if (group.TokenPosition < 1) return Status::Refused;
   const std::int32_t* position = AtPlace(movement->Targets, group.TokenPosition);
   if (position == nullptr) {
-    std::fputs("Element Error\n", stdout);
+    Say(Message::ElementError);
     return Status::Failure;
   }
   return MoveTokenTo(group, *position);
@@ -109,7 +103,7 @@ Status CallActionSlot(const Arguments& arguments) {
   if (group.TokenPosition > 0) {
     const TokenGroupItem* member = AtPlace(group.TokenGroupItems, group.TokenPosition);
     if (member == nullptr) {
-      std::fputs("TokenGroupItem Error\n", stdout);
+      Say(Message::TokenGroupItemError);
       return Status::Failure;
     }
     slots = &member->ActionSlots;
@@ -118,7 +112,7 @@ Status CallActionSlot(const Arguments& arguments) {
   const ActionSlot* slot = AtPlace(*slots, index < 1 ? 1 : index);
   if (slot == nullptr || slot->IsNull) return Status::Refused;
   const Asker asker = AskerFor(group);
-  return RunActions(asker.scope, {&slot->Actions, group.owner}, -1, asker.groupName);
+  return RunActions(asker.scope, {&slot->Actions, group.owner}, asker.groupName);
 }
 
 }  // namespace korvel

@@ -1,19 +1,15 @@
 // Setting, calculating with, appending to and testing variables. A value of a kind that a
 // variable's class does not take is passed over: nothing changes and no event is raised.
 #include <charconv>
-#include <cstdio>
 #include <limits>
 #include <utility>
 
-#include "actions/answers.h"
 #include "actions/behaviours.h"
+#include "objects/limits.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
-
-// An octet string that content lets grow beyond this counts as out of memory: doubling it a few
-// times more would take the host down with it.
-constexpr std::size_t kLongestValue = std::size_t{16} * 1024 * 1024;
 
 // Two's complement arithmetic that wraps.
 constexpr std::int32_t Wrapped(std::uint32_t value) { return static_cast<std::int32_t>(value); }
@@ -42,7 +38,13 @@ bool WriteDecimal(std::int32_t number, OctetString& text) {
   return text.Assign({digits, static_cast<std::size_t>(end - digits)});
 }
 
-Status SetInteger(IntegerVariable& variable, const GenericValue& value) {
+// Set a variable to a value of any kind. Refused when its class does not take the kind.
+// `isIndirect`: the value was read from a variable.
+Status Set(BooleanVariable& variable, const GenericValue& value, bool /*isIndirect*/) {
+  return value.Kind == ValueKind::Boolean ? SetValue(variable, value.Boolean) : Status::Refused;
+}
+
+Status Set(IntegerVariable& variable, const GenericValue& value, bool /*isIndirect*/) {
   switch (value.Kind) {
   case ValueKind::Integer: return SetValue(variable, value.Integer);
   case ValueKind::OctetString: return SetValue(variable, LeadingNumber(value.Octets.View()));
@@ -51,32 +53,34 @@ Status SetInteger(IntegerVariable& variable, const GenericValue& value) {
 }
 
 // A number is written as text only when it comes from a variable.
-Status SetOctets(OctetStringVariable& variable, GenericValue value, bool isIndirect) {
+Status Set(OctetStringVariable& variable, GenericValue& value, bool isIndirect) {
   if (value.Kind == ValueKind::Integer && isIndirect) {
-    if (!WriteDecimal(value.Integer, value.Octets)) {
-      std::fputs("Can't allocate memory for CharVal\n", stdout);
-    }
+    if (!WriteDecimal(value.Integer, value.Octets)) Say(Message::NoMemoryForOctets);
   } else if (value.Kind != ValueKind::OctetString) {
     return Status::Refused;
   }
   return SetValue(variable, std::move(value.Octets));
 }
 
+Status Set(ObjectRefVariable& variable, GenericValue& value, bool /*isIndirect*/) {
+  if (value.Kind != ValueKind::ObjectReference) return Status::Refused;
+  return SetValue(variable, std::move(value.Reference));
+}
+
 // Counts the zero after a path that comes as text without a length. Empty when memory is out.
 void CountEndingZero(OctetString& path) {
   if (path.Assign({path.Text(), path.TextView().size() + 1})) return;
-  std::fputs("Can't allocate memory for CharVal\n", stdout);
+  Say(Message::NoMemoryForOctets);
   path.Clear();
 }
 
 // A path given directly keeps its length. One read from a variable has none.
-Status SetContentReference(ContentRefVariable& variable, GenericValue value, bool isIndirect) {
+Status Set(ContentRefVariable& variable, GenericValue& value, bool isIndirect) {
   const bool isPath = value.Kind == ValueKind::ContentReference ||
                       (value.Kind == ValueKind::OctetString && !isIndirect);
   if (!isPath) return Status::Refused;
-  OctetString path = std::move(value.Octets);
-  if (isIndirect || path.IsEmpty()) CountEndingZero(path);
-  return SetValue(variable, std::move(path));
+  if (isIndirect || value.Octets.IsEmpty()) CountEndingZero(value.Octets);
+  return SetValue(variable, std::move(value.Octets));
 }
 
 // Replaces the value of the integer variable that is the target.
@@ -91,17 +95,6 @@ constexpr bool OverflowsDivision(std::int32_t dividend, std::int32_t divisor) {
   return dividend == std::numeric_limits<std::int32_t>::min() && divisor == -1;
 }
 
-bool CompareIntegers(std::int32_t comparison, std::int32_t value, std::int32_t operand) {
-  switch (comparison) {
-  case 1: return value == operand;
-  case 2: return value != operand;
-  case 3: return value < operand;
-  case 4: return value <= operand;
-  case 5: return value > operand;
-  default: return value >= operand;
-  }
-}
-
 // An operand with a length is compared with as many leading bytes; behind the value's end there is
 // a zero byte.
 bool BeginsWith(const OctetString& value, const OctetString& operand) {
@@ -113,42 +106,59 @@ bool BeginsWith(const OctetString& value, const OctetString& operand) {
          wanted.substr(bytes.size()).find_first_not_of('\0') == std::string_view::npos;
 }
 
-bool IsSameReference(const ObjectReference& one, const ObjectReference& other) {
-  return one.Number == other.Number && one.GroupIdentifier.View() == other.GroupIdentifier.View();
+bool IsEqual(bool value, const GenericValue& operand) { return value == operand.Boolean; }
+bool IsEqual(const OctetString& value, const GenericValue& operand) {
+  return BeginsWith(value, operand.Octets);
+}
+bool IsEqual(const ObjectReference& value, const GenericValue& operand) {
+  const ObjectReference& other = operand.Reference;
+  return value.Number == other.Number &&
+         value.GroupIdentifier.View() == other.GroupIdentifier.View();
 }
 
-constexpr bool IsPathKind(ValueKind kind) {
-  return kind == ValueKind::ContentReference || kind == ValueKind::OctetString;
+// Only integers have an order: for other values every comparison but the first asks for a
+// difference.
+template <class Value>
+bool IsTrue(const Value& value, Comparison comparison, const GenericValue& operand) {
+  return IsEqual(value, operand) == (comparison == Comparison::Equal);
 }
-
-// Compares the target with the operand. False when the target's class does not take an operand of
-// this kind.
-bool Compare(const FoundObject& target, std::int32_t comparison, const GenericValue& operand,
-             bool& result) {
-  const auto asComparison = [comparison](bool isEqual) {
-    return comparison == 1 ? isEqual : !isEqual;
-  };
-  switch (target.Type) {
-  case ItemType::BooleanVariable:
-    result = asComparison(target.As<BooleanVariable>().Value == operand.Boolean);
-    return operand.Kind == ValueKind::Boolean;
-  case ItemType::IntegerVariable:
-    result = CompareIntegers(comparison, target.As<IntegerVariable>().Value, operand.Integer);
-    return operand.Kind == ValueKind::Integer;
-  case ItemType::OctetStringVariable:
-    result = asComparison(BeginsWith(target.As<OctetStringVariable>().Value, operand.Octets));
-    return operand.Kind == ValueKind::OctetString;
-  case ItemType::ObjectRefVariable:
-    result = asComparison(IsSameReference(target.As<ObjectRefVariable>().Value, operand.Reference));
-    return operand.Kind == ValueKind::ObjectReference;
-  case ItemType::ContentRefVariable:
-    result = asComparison(BeginsWith(target.As<ContentRefVariable>().Value.Path, operand.Octets));
-    return IsPathKind(operand.Kind);
-  default: return false;
+// A number without a name compares like the last one.
+bool IsTrue(std::int32_t value, Comparison comparison, const GenericValue& operand) {
+  switch (comparison) {
+  case Comparison::Equal: return value == operand.Integer;
+  case Comparison::NotEqual: return value != operand.Integer;
+  case Comparison::Less: return value < operand.Integer;
+  case Comparison::LessOrEqual: return value <= operand.Integer;
+  case Comparison::Greater: return value > operand.Integer;
+  case Comparison::GreaterOrEqual: break;
   }
+  return value >= operand.Integer;
+}
+
+// Whether a variable of the class is compared with an operand of the kind. A path may be given as
+// text.
+constexpr bool ComparesWith(ItemType type, ValueKind kind) {
+  const bool isPathAsText = type == ItemType::ContentRefVariable && kind == ValueKind::OctetString;
+  return kind == KindOf(type) || isPathAsText;
 }
 
 }  // namespace
+
+bool CopyValue(const FoundObject& found, GenericValue& value) {
+  value.Kind = KindOf(found.Type);
+  return VisitVariable(found, true, [&value](const auto& variable) {
+    const auto& from = ValueOf(variable);
+    auto& to = FieldOf(value, from);
+    if constexpr (requires { to.CopyFrom(from); }) {
+      return to.CopyFrom(from);
+    } else if constexpr (requires { Copy(from, to); }) {
+      return Copy(from, to);
+    } else {
+      to = from;
+      return true;
+    }
+  });
+}
 
 Status SetVariable(const Arguments& arguments) {
   const FoundObject& target = arguments.Target;
@@ -160,21 +170,8 @@ Status SetVariable(const Arguments& arguments) {
   GenericValue value;
   const Status status = ReadValue(arguments, given, loading, value);
   if (status != Status::Done) return status;
-  const bool isIndirect = IsIndirect(given);
-  switch (target.Type) {
-  case ItemType::BooleanVariable:
-    if (value.Kind != ValueKind::Boolean) return Status::Refused;
-    return SetValue(target.As<BooleanVariable>(), value.Boolean);
-  case ItemType::IntegerVariable: return SetInteger(target.As<IntegerVariable>(), value);
-  case ItemType::OctetStringVariable:
-    return SetOctets(target.As<OctetStringVariable>(), std::move(value), isIndirect);
-  case ItemType::ObjectRefVariable:
-    if (value.Kind != ValueKind::ObjectReference) return Status::Refused;
-    return SetValue(target.As<ObjectRefVariable>(), std::move(value.Reference));
-  case ItemType::ContentRefVariable:
-    return SetContentReference(target.As<ContentRefVariable>(), std::move(value), isIndirect);
-  default: return Status::Refused;
-  }
+  return VisitVariable(target, Status::Refused,
+                       [&](auto& variable) { return Set(variable, value, IsIndirect(given)); });
 }
 
 Status TestVariable(const Arguments& arguments) {
@@ -186,8 +183,10 @@ Status TestVariable(const Arguments& arguments) {
   if (IsIndirect(given) && operand.Kind == ValueKind::ContentReference) {
     CountEndingZero(operand.Octets);
   }
-  bool result = false;
-  if (!Compare(arguments.Target, arguments.Integer(0), operand, result)) return Status::Refused;
+  if (!ComparesWith(arguments.Target.Type, operand.Kind)) return Status::Refused;
+  const bool result = VisitVariable(arguments.Target, false, [&](const auto& variable) {
+    return IsTrue(ValueOf(variable), static_cast<Comparison>(arguments.Integer(0)), operand);
+  });
   return RaiseFrom(arguments.Target.As<Ingredient>(), EventType::TestEvent,
                    EventData::Boolean(result));
 }
@@ -228,9 +227,9 @@ Status Append(const Arguments& arguments) {
   auto& variable = arguments.Target.As<OctetStringVariable>();
   if (!variable.AvailabilityStatus) return Status::Refused;
   const std::string_view added = arguments.Octets(0);
-  const bool isTooLong = added.size() + variable.Value.Length() > kLongestValue;
+  const bool isTooLong = added.size() + variable.Value.Length() > kLongestString;
   if (isTooLong || !variable.Value.Append(added)) {
-    std::fputs("Can't allocate memory for NewVariableValue\n", stdout);
+    Say(Message::NoMemoryForAppended);
   }
   return Status::Done;
 }

@@ -1,7 +1,6 @@
-// The actions that every visible knows: its place in the stack, its position, box and palette. None
-// of them changes anything while the visible is not available, but its position and box can be
-// read.
-#include "actions/answers.h"
+// The actions on visibles: their place in the display stack, position, box and palette, and the
+// attributes of bitmaps. A visible that is not available cannot be changed, but its position and
+// box can be read.
 #include "actions/behaviours.h"
 
 namespace korvel {
@@ -14,6 +13,10 @@ const Ingredient* FindReference(const Arguments& arguments) {
   const FoundObject found = Find(arguments, arguments.Reference(0));
   return found.Type < ItemType::Link ? nullptr : &found.As<Ingredient>();
 }
+
+constexpr std::int32_t kMostTransparent = 100;  // per cent
+
+Bitmap& BitmapOf(const Arguments& arguments) { return arguments.Target.As<Bitmap>(); }
 
 }  // namespace
 
@@ -70,6 +73,34 @@ Status SetPaletteRef(const Arguments& arguments) {
   if (!Copy(arguments.Reference(0), palette.Reference)) return Status::Failure;
   visible.PaletteRef = std::move(palette);
   return RedrawIfRunning(visible);
+}
+
+// Unlike the other actions it asks for a redraw whether or not the bitmap is running.
+Status ScaleBitmap(const Arguments& arguments) {
+  Bitmap& bitmap = BitmapOf(arguments);
+  const BoxSize size{arguments.Integer(0), arguments.Integer(1)};
+  if (!bitmap.AvailabilityStatus || size.Width < 0 || size.Height < 0) return Status::Refused;
+  bitmap.ScaledSize = size;
+  return RequestRedraw();
+}
+
+Status SetTransparency(const Arguments& arguments) {
+  Bitmap& bitmap = BitmapOf(arguments);
+  const std::int32_t transparency = arguments.Integer(0);
+  const bool isInRange = transparency >= 0 && transparency <= kMostTransparent;
+  if (!bitmap.AvailabilityStatus || !isInRange) return Status::Refused;
+  bitmap.Transparency = transparency;
+  return RedrawIfRunning(bitmap);
+}
+
+Status GetBitmapDecodeOffset(const Arguments& arguments) {
+  const Position& offset = BitmapOf(arguments).DecodeOffset;
+  return AnswerPair(arguments, offset.X, offset.Y);
+}
+
+Status SetBitmapDecodeOffset(const Arguments& arguments) {
+  BitmapOf(arguments).DecodeOffset = {arguments.Integer(0), arguments.Integer(1)};
+  return Status::Done;
 }
 
 }  // namespace korvel

@@ -28,7 +28,7 @@ DrawnColour Pack(std::string_view bytes) {
 // A palette outside the numbers that object lookup serves: it is looked for here.
 Palette* FindPalette(const Group* group, std::string_view name, std::int32_t number) {
   if (group == nullptr) return nullptr;
-  if (WithoutTilde(group->Reference.GroupIdentifier.View()) != WithoutTilde(name)) return nullptr;
+  if (!IsSameGroup(group->Reference.GroupIdentifier.View(), name)) return nullptr;
   for (const Item& item : group->Items) {
     if (item.Type() == ItemType::Palette && item.Record()->Reference.Number == number) {
       return &item.As<Palette>();

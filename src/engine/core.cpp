@@ -3,27 +3,16 @@
 #include "engine/core.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
+#include "objects/limits.h"
+#include "objects/messages.h"
 #include "platform/canvases.h"
 #include "platform/clocks.h"
 #include "platform/running.h"
 
 namespace korvel {
 namespace {
-
-// Deep enough for any content that means to end, shallow enough for the worker's default stack, and
-// below 256, so that the 8-bit generation counters cannot come round inside one nest.
-constexpr std::uint32_t kMostLevels = 100;
-
-// What one key, timer expiry or start may cost: far beyond real content, and over in a moment.
-constexpr std::uint32_t kMostActions = 1'000'000;
-// What may still run once a close is pending, in number and in time: some actions are slow. All the
-// work that is left shares this, so that a close takes less than a second even if the worker waits
-// half a second for a file when the request comes.
-constexpr std::uint32_t kMostActionsWhileClosing = 10'000;
-constexpr std::uint32_t kMostMillisecondsWhileClosing = 400;
 
 // State without a destructor: when the process ends other threads may have been stopped anywhere,
 // so nothing is released then; the worker has reset the core before.
@@ -35,9 +24,8 @@ union Immortal {
 };
 Immortal immortal;
 
-void ReportLimit(const char* message) {
-  if (std::exchange(TheCore().isOverLimit, true)) return;
-  std::fputs(message, stdout);
+void ReportLimit(Message message) {
+  if (!std::exchange(TheCore().isOverLimit, true)) Say(message);
 }
 
 void LimitAccountForClose(Core& core) {
@@ -85,7 +73,7 @@ Busy::~Busy() { --TheCore().busyCount; }
 NestingLevel::NestingLevel() {
   Core& core = TheCore();
   ++core.nestingLevel;
-  if (core.nestingLevel > kMostLevels) ReportLimit("Event nesting too deep\n");
+  if (core.nestingLevel > kMostLevels) ReportLimit(Message::NestingTooDeep);
   isAllowed_ = !core.isOverLimit;
 }
 
@@ -94,7 +82,7 @@ NestingLevel::~NestingLevel() { --TheCore().nestingLevel; }
 bool TakeAction() {
   Core& core = TheCore();
   if (IsClosing()) LimitAccountForClose(core);
-  if (core.actionsLeft == 0) ReportLimit("Too many actions\n");
+  if (core.actionsLeft == 0) ReportLimit(Message::TooManyActions);
   if (core.isOverLimit) return false;
   --core.actionsLeft;
   return true;

@@ -1,5 +1,5 @@
-// The engine core's own state, one record: which groups run, the links that wait, what has ended
-// and waits for its release. Private to the engine folder.
+// What the files of the engine core share: its state, one record, and the steps of starting and
+// ending groups. Private to the engine folder.
 #pragma once
 
 #include <array>
@@ -67,7 +67,84 @@ struct Core {
   return group.Reference.GroupIdentifier.View();
 }
 
+// ---- core.cpp ----
+
 // Releases every ended group, unless something that may still hold one is at work.
 void ReleaseEndedGroups();
+
+// ---- group_files.cpp: group names as file names ----
+
+// Reads the start-up application: "a", else "startup", in two passes. With a path, the path itself,
+// else the two names in the directory that the path names, else the two names. False when every
+// pass has failed.
+[[nodiscard]] bool FetchStartUp(std::string_view path, OctetString& bytes);
+
+// Set the current directory after a Launch and after a Spawn of the name; the two differ. False
+// when memory is out.
+[[nodiscard]] bool SetDirectoryOfLaunched(std::string_view groupName);
+[[nodiscard]] bool SetDirectoryOfSpawned(std::string_view groupName);
+
+// ---- group_life.cpp: how a decoded group starts and a running group ends ----
+
+// Starts the application that has just been made current: its references, OnStartUp, links, items,
+// itself. Failure when a step failed; Replaced when the first OnStartUp or the items replaced the
+// running groups.
+Status StartApplication(Application& application);
+
+// Starts the scene that has just been made current: its references, links, items, itself. Failure
+// when a step failed; everything else is Done, a replacement included.
+Status StartScene(Scene& scene);
+
+// Ends a running group, unless it is null: removes its links, raises IsDeleted, removes everything
+// that it owns from the engine's registers, and keeps its memory until nothing runs. Failure when a
+// link of IsDeleted has asked to stop; the group then stays, without its links. Replaced when such
+// a link has replaced the group, which has then left the registers before its successor came.
+Status EndGroup(Group* group);
+
+// Ends the scene and then the application. Replaced when a link has replaced them by others.
+Status EndRunningGroups();
+
+// Ends the scene alone.
+Status EndScene();
+
+// Ends the running groups without events and messages, and clears the link tables.
+void BuryRunningGroups();
+
+// Makes a decoded group the current one of its kind, after the current one has ended.
+Application& AdoptApplication(OwnedGroup&& group);
+Scene& AdoptScene(OwnedGroup&& group);
+
+// ---- link_tables.cpp ----
+
+// The table that holds links waiting for the type, or null for a number without a name: a link
+// waiting for one is entered nowhere and never fires. The split between the tables is fixed, not
+// the standard's split into synchronous and asynchronous events.
+[[nodiscard]] LinkTable* TableOf(EventType type);
+
+// Prepares the group's links, activates those that are initially active, and enters all of them in
+// their tables.
+Status AddLinks(Group& group, Scope context);
+
+// Removes the links of a group from both tables: those named after the group, and those it owns
+// under any other name.
+void RemoveLinks(const Group& group);
+
+void ClearLinkTables();
+
+// ---- events.cpp ----
+
+// Handles the rare outside events that are neither keys nor timers: runs every active link of the
+// input table that waits for this source number, type and value, without a limit on their number.
+Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value);
+
+// ---- timers.cpp ----
+
+// Removes the record of a timer that has fired from the current scene's list and returns its owner.
+// False when no scene runs or the scene has no such timer; a timer of the application is never
+// found.
+[[nodiscard]] bool RemoveFiredTimer(std::int32_t id, ObjectReference& owner);
+
+// Kills every pending timer of a group that ends.
+void CancelAllTimers(Group& group);
 
 }  // namespace korvel

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "engine/resident_programs.h"
+#include "objects/messages.h"
 #include "platform/clocks.h"
 
 namespace korvel {
@@ -27,7 +28,7 @@ constexpr int DaysOfMonth(std::int64_t year, int month) {
 // that first day.
 Date DateOf(std::int32_t dayNumber) {
   if (dayNumber < 0) {
-    std::fputs("Month error\n", stdout);
+    Say(Message::MonthError);
     return {};
   }
   constexpr int kFirstDayOfYear = 320;  // 17 November comes so many days after 1 January 1858

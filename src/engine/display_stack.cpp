@@ -1,9 +1,9 @@
 // The display stack: the running application's ordered list of the visibles to be drawn,
 // bottom-most first; and the requests to draw it. Entries borrow their visibles; a visible is in
 // the stack at most once, because every function that enters it removes it first.
-#include <cstdio>
 
 #include "engine/core.h"
+#include "objects/messages.h"
 #include "platform/screen.h"
 
 namespace korvel {
@@ -15,14 +15,11 @@ auto IsEntry(ItemType kind, const Ingredient& visible) {
   };
 }
 
-Status Inserted(const StackedVisible* entry, const char* message) {
+Status Inserted(const StackedVisible* entry, Message message) {
   if (entry != nullptr) return Status::Done;
-  std::fputs(message, stdout);
+  Say(message);
   return Status::Failure;
 }
-
-constexpr const char* kNoMemory = "Can't allocate memory for DisplayStack\n";
-constexpr const char* kNoMemoryForItem = "Can't allocate memory for DisplayStack item\n";
 
 // The 0-based place of the first entry of a visible, or the number of entries when it has none.
 std::size_t PlaceOf(const Application& application, const Ingredient& visible) {
@@ -37,7 +34,7 @@ std::size_t PlaceOf(const Application& application, const Ingredient& visible) {
 // What every stacking action asks first: an available visible that is in the stack under its class.
 bool IsStackable(const Application* application, ItemType kind, const Visible& visible) {
   return application != nullptr && visible.AvailabilityStatus &&
-         StackContains(*application, kind, visible) == Status::Done;
+         StackContains(*application, kind, visible);
 }
 
 Status RedrawIfRunning(Status status, const Visible& visible) {
@@ -57,13 +54,15 @@ HeldRedraws::HeldRedraws() { ++TheCore().redrawHolds; }
 HeldRedraws::~HeldRedraws() { --TheCore().redrawHolds; }
 
 Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible) {
-  return Inserted(application.DisplayStack.Append({kind, &visible}), kNoMemory);
+  return Inserted(application.DisplayStack.Append({kind, &visible}),
+                  Message::NoMemoryForDisplayStack);
 }
 
 Status InsertAtPosition(Application& application, std::int32_t position, ItemType kind,
                         Ingredient& visible) {
   const auto place = position < 1 ? std::size_t{0} : static_cast<std::size_t>(position - 1);
-  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}), kNoMemory);
+  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}),
+                  Message::NoMemoryForDisplayStack);
 }
 
 Status EntryAtPosition(const Application& application, std::int32_t position,
@@ -87,29 +86,32 @@ Status RemoveFromStack(Application& application, ItemType kind, const Ingredient
   return isRemoved ? Status::Done : Status::Refused;
 }
 
-Status StackContains(const Application& application, ItemType kind, const Ingredient& visible) {
+bool StackContains(const Application& application, ItemType kind, const Ingredient& visible) {
   const auto isEntry = IsEntry(kind, visible);
   for (const StackedVisible& entry : application.DisplayStack) {
-    if (isEntry(entry)) return Status::Done;
+    if (isEntry(entry)) return true;
   }
-  return Status::Refused;
+  return false;
 }
 
 Status InsertAtBottom(Application& application, ItemType kind, Ingredient& visible) {
-  return Inserted(application.DisplayStack.InsertAt(0, {kind, &visible}), kNoMemoryForItem);
+  return Inserted(application.DisplayStack.InsertAt(0, {kind, &visible}),
+                  Message::NoMemoryForDisplayStackItem);
 }
 
 Status InsertBelow(Application& application, ItemType kind, Ingredient& visible,
                    const Ingredient& reference) {
   const std::size_t place = PlaceOf(application, reference);
-  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}), kNoMemoryForItem);
+  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}),
+                  Message::NoMemoryForDisplayStackItem);
 }
 
 Status InsertAbove(Application& application, ItemType kind, Ingredient& visible,
                    const Ingredient& reference) {
-  if (StackContains(application, ItemType::None, reference) != Status::Done) return Status::Refused;
+  if (!StackContains(application, ItemType::None, reference)) return Status::Refused;
   const std::size_t place = PlaceOf(application, reference) + 1;
-  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}), kNoMemoryForItem);
+  return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}),
+                  Message::NoMemoryForDisplayStackItem);
 }
 
 void ClearStack(Application& application) { application.DisplayStack.Clear(); }
@@ -131,8 +133,7 @@ Status SendToBack(ItemType kind, Visible& visible) {
 Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) {
   Application* application = CurrentApplication();
   if (!IsStackable(application, kind, visible)) return Status::Refused;
-  if (StackContains(*application, ItemType::None, reference) != Status::Done)
-    return Status::Refused;
+  if (!StackContains(*application, ItemType::None, reference)) return Status::Refused;
   // Taken out, a visible could not be found again as its own reference.
   if (&visible == &reference) return Status::Refused;
   if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
@@ -142,8 +143,7 @@ Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) {
 Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference) {
   Application* application = CurrentApplication();
   if (!IsStackable(application, kind, visible)) return Status::Refused;
-  if (StackContains(*application, ItemType::None, reference) != Status::Done)
-    return Status::Refused;
+  if (!StackContains(*application, ItemType::None, reference)) return Status::Refused;
   if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
   return RedrawIfRunning(InsertBelow(*application, kind, visible, reference), visible);
 }

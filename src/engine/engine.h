@@ -6,12 +6,12 @@
 #include <span>
 #include <string_view>
 
-#include "objects/event_type.h"
 #include "objects/group.h"
 #include "objects/ingredients.h"
 #include "objects/sequence.h"
 #include "objects/status.h"
 #include "objects/visibles.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 
@@ -122,6 +122,20 @@ struct FoundObject {
   }
 };
 
+// Calls `visit` with the variable as a record of its own class and returns its result. Returns
+// `otherwise` when the object is not a variable.
+template <class Result, class Visit>
+Result VisitVariable(const FoundObject& found, Result otherwise, Visit&& visit) {
+  switch (found.Type) {
+  case ItemType::BooleanVariable: return visit(found.As<BooleanVariable>());
+  case ItemType::IntegerVariable: return visit(found.As<IntegerVariable>());
+  case ItemType::OctetStringVariable: return visit(found.As<OctetStringVariable>());
+  case ItemType::ObjectRefVariable: return visit(found.As<ObjectRefVariable>());
+  case ItemType::ContentRefVariable: return visit(found.As<ContentRefVariable>());
+  default: return otherwise;
+  }
+}
+
 // Finds an object of the running groups by group identifier (a leading "~" is dropped) and number.
 // Classes 1 to 27 are found, the components of streams among them.
 [[nodiscard]] FoundObject FindObject(Scope scope, std::string_view groupIdentifier,
@@ -161,7 +175,8 @@ Status EntryAtPosition(const Application& application, std::int32_t position,
 Status RemoveTop(Application& application, StackedVisible& entry);
 Status RemoveFromStack(Application& application, ItemType kind, const Ingredient& visible);
 // Kind None means any.
-Status StackContains(const Application& application, ItemType kind, const Ingredient& visible);
+[[nodiscard]] bool StackContains(const Application& application, ItemType kind,
+                                 const Ingredient& visible);
 Status InsertAtBottom(Application& application, ItemType kind, Ingredient& visible);
 Status InsertBelow(Application& application, ItemType kind, Ingredient& visible,
                    const Ingredient& reference);
@@ -193,11 +208,11 @@ class [[nodiscard]] HeldRedraws {
 
 // ---- Timers ----
 
-// Sets a timer of the group, or cancels it when `value` is kNoTimerValue. `absolute` is 0, 1 or
-// kNotGiven.
+// Sets a timer of the group, in milliseconds. An absolute value is a time since the start of the
+// process, and its period counts from the start of the scene. kNoTimerValue cancels the timer. A
+// pending timer that is set again keeps its kind of time.
 inline constexpr std::int32_t kNoTimerValue = -1;
-inline constexpr std::int32_t kNotGiven = 2;
-Status SetTimer(Group& group, std::int32_t id, std::int32_t value, std::int32_t absolute);
+Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolute);
 
 // ---- The persistent store: named blocks of bytes, in memory for as long as the engine runs ----
 

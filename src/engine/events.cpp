@@ -7,14 +7,10 @@
 
 #include "actions/actions.h"
 #include "engine/core.h"
-#include "engine/link_tables.h"
-#include "engine/outside_events.h"
+#include "objects/limits.h"
 
 namespace korvel {
 namespace {
-
-// One event runs no more links than this; further ones that match stay out.
-constexpr std::size_t kMostLinks = 5;
 
 struct CollectedLink {
   Link* Collected = nullptr;
@@ -23,7 +19,7 @@ struct CollectedLink {
 };
 
 struct LinkCollection {
-  std::array<CollectedLink, kMostLinks> Links;
+  std::array<CollectedLink, kMostLinksOfEvent> Links;
   std::size_t Count = 0;
 };
 
@@ -36,14 +32,14 @@ bool MatchesData(const GenericValue& waitedFor, EventData data) {
 }
 
 bool MatchesEvent(const Link& link, EventType type, EventData data) {
-  return link.Condition.EventType == static_cast<std::int32_t>(type) &&
-         MatchesData(link.Condition.EventData, data) && link.RunningStatus;
+  return link.Condition.EventType == type && MatchesData(link.Condition.EventData, data) &&
+         link.RunningStatus;
 }
 
 bool MatchesSource(const LinkCondition& condition, std::string_view sourceGroup,
                    std::int32_t sourceNumber) {
   return condition.EventSource.Number == sourceNumber &&
-         WithoutTilde(condition.EventSource.GroupIdentifier.View()) == WithoutTilde(sourceGroup);
+         IsSameGroup(condition.EventSource.GroupIdentifier.View(), sourceGroup);
 }
 
 enum class SceneName { AsStored, WithoutTilde };
@@ -55,31 +51,25 @@ bool IsInContext(const LinkTableEntry& entry, SceneName comparison) {
   if (scene == nullptr) return false;
   const std::string_view linkGroup = entry.Waiting->Reference.GroupIdentifier.View();
   if (comparison == SceneName::AsStored) return linkGroup == NameOf(*scene);
-  return WithoutTilde(linkGroup) == WithoutTilde(NameOf(*scene));
+  return IsSameGroup(linkGroup, NameOf(*scene));
 }
 
 template <class Predicate>
 LinkCollection Collect(EventType type, Predicate&& waits) {
   LinkCollection collection;
-  const LinkTable* table = TableOf(static_cast<std::int32_t>(type));
+  const LinkTable* table = TableOf(type);
   if (table == nullptr) return collection;
   for (const LinkTableEntry& entry : *table) {
-    if (collection.Count == kMostLinks || !MayGoOn()) break;
+    if (collection.Count == kMostLinksOfEvent || !MayGoOn()) break;
     if (!waits(entry)) continue;
     collection.Links[collection.Count++] = {entry.Waiting, entry.Waiting->owner, entry.Context};
   }
   return collection;
 }
 
-// The reserved integer that a link's actions are run with.
-std::int32_t ActionValue(EventData data) {
-  return data.Kind == ValueKind::Integer || data.Kind == ValueKind::Boolean ? data.Value : -1;
-}
-
-Status RunLink(const CollectedLink& link, EventData data) {
+Status RunLink(const CollectedLink& link) {
   const ActionHolder effect{&link.Collected->LinkEffect, link.Owner};
-  return RunActions(link.Context, effect, ActionValue(data),
-                    link.Collected->Reference.GroupIdentifier.View());
+  return RunActions(link.Context, effect, link.Collected->Reference.GroupIdentifier.View());
 }
 
 bool StopsDispatch(Status status) {
@@ -87,12 +77,12 @@ bool StopsDispatch(Status status) {
 }
 
 template <class Links>
-Status RunLinks(const Links& links, EventData data) {
+Status RunLinks(const Links& links) {
   const Busy busy;
   Status status = Status::Done;
   for (const CollectedLink& link : links) {
     if (link.Collected == nullptr || IsGone(*link.Owner)) continue;
-    status = RunLink(link, data);
+    status = RunLink(link);
     if (StopsDispatch(status)) break;
   }
   return status;
@@ -106,7 +96,7 @@ Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, Event
     return MatchesSource(entry.Waiting->Condition, sourceGroup, sourceNumber) &&
            MatchesEvent(*entry.Waiting, type, data) && IsInContext(entry, SceneName::AsStored);
   });
-  return RunLinks(collection.Links, data);
+  return RunLinks(collection.Links);
 }
 
 Status RaiseEvent(const Root& source, EventType type, EventData data) {
@@ -117,7 +107,7 @@ Status RaiseEventByType(EventType type, EventData data) {
   const LinkCollection collection = Collect(type, [&](const LinkTableEntry& entry) {
     return MatchesEvent(*entry.Waiting, type, data) && IsInContext(entry, SceneName::WithoutTilde);
   });
-  return RunLinks(collection.Links, data);
+  return RunLinks(collection.Links);
 }
 
 Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) {
@@ -126,13 +116,12 @@ Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t
     if (!MayGoOn()) return Status::Failure;
     Link& link = *entry.Waiting;
     if (!link.RunningStatus || link.Condition.EventSource.Number != sourceNumber ||
-        link.Condition.EventType != static_cast<std::int32_t>(type) ||
-        link.Condition.EventData.Integer != value) {
+        link.Condition.EventType != type || link.Condition.EventData.Integer != value) {
       continue;
     }
     if (!links.Append({&link, link.owner, entry.Context})) return Status::Failure;
   }
-  return RunLinks(links, EventData::Integer(value));
+  return RunLinks(links);
 }
 
 }  // namespace korvel

@@ -1,7 +1,6 @@
 // The path rules of the broadcast file system. "DSM:" or "~" with its slash leads a name; what
 // follows is taken in the current directory, or from the root when "DSM:" is followed by two
 // slashes.
-#include "engine/group_files.h"
 
 #include "engine/core.h"
 #include "platform/files.h"
@@ -24,21 +23,20 @@ bool Join(std::string_view directory, std::string_view name, OctetString& joined
   return true;
 }
 
-Status FetchIn(std::string_view directory, std::string_view name, OctetString& bytes) {
+bool FetchIn(std::string_view directory, std::string_view name, OctetString& bytes) {
   OctetString path;
-  return Join(directory, name, path) ? FetchFile(path.View(), &bytes) : Status::Refused;
+  return Join(directory, name, path) && FetchFile(path.View(), &bytes) == Status::Done;
 }
 
-Status FetchStartUpNames(std::string_view directory, OctetString& bytes) {
-  if (FetchIn(directory, "a", bytes) == Status::Done) return Status::Done;
-  return FetchIn(directory, "startup", bytes);
+bool FetchStartUpNames(std::string_view directory, OctetString& bytes) {
+  return FetchIn(directory, "a", bytes) || FetchIn(directory, "startup", bytes);
 }
 
-Status FetchStartUpAt(std::string_view path, OctetString& bytes) {
-  if (FetchFile(path, &bytes) == Status::Done) return Status::Done;
+bool FetchStartUpAt(std::string_view path, OctetString& bytes) {
+  if (FetchFile(path, &bytes) == Status::Done) return true;
   OctetString& directory = TheCore().currentDirectory;
-  if (!Join(path, path.ends_with('/') ? "" : "/", directory)) return Status::Refused;
-  if (FetchStartUpNames(directory.View(), bytes) == Status::Done) return Status::Done;
+  if (!Join(path, path.ends_with('/') ? "" : "/", directory)) return false;
+  if (FetchStartUpNames(directory.View(), bytes)) return true;
   directory.Clear();
   return FetchStartUpNames({}, bytes);
 }
@@ -75,58 +73,55 @@ PathParts SplitName(std::string_view name) {
   return {directory, name.substr(start), !directory.empty()};
 }
 
-}  // namespace
-
-Status FetchStartUp(std::string_view path, OctetString& bytes) {
-  for (int pass = 0; pass < kStartUpPasses; ++pass) {
-    const Status status = path.empty() ? FetchStartUpNames({}, bytes) : FetchStartUpAt(path, bytes);
-    if (status == Status::Done) return Status::Done;
-    PauseUnlessClosing(kPauseMs);
-  }
-  return Status::Refused;
+// The file name that a group name means. False for names that lead out of the carousel or to a
+// common interface module, and when memory is out.
+bool MakeFileName(std::string_view groupName, OctetString& fileName) {
+  if (groupName.starts_with("CI:")) return false;
+  const PathParts parts = SplitName(groupName);
+  if (!parts.mayLeaveDirectory && parts.rest.starts_with("..")) return false;
+  return Join(parts.directory, parts.rest, fileName) && RemoveParentSteps(fileName);
 }
 
-Status MakeFileName(std::string_view groupName, OctetString& fileName) {
-  if (groupName.starts_with("CI:")) return Status::Refused;
-  const PathParts parts = SplitName(groupName);
-  if (!parts.mayLeaveDirectory && parts.rest.starts_with("..")) return Status::Refused;
-  const bool isMade = Join(parts.directory, parts.rest, fileName) && RemoveParentSteps(fileName);
-  return isMade ? Status::Done : Status::Refused;
+}  // namespace
+
+bool FetchStartUp(std::string_view path, OctetString& bytes) {
+  for (int pass = 0; pass < kStartUpPasses; ++pass) {
+    if (path.empty() ? FetchStartUpNames({}, bytes) : FetchStartUpAt(path, bytes)) return true;
+    PauseUnlessClosing(kPauseMs);
+  }
+  return false;
 }
 
 Status ResolveGroup(std::string_view groupName, OctetString& bytes) {
   OctetString fileName;
-  if (MakeFileName(groupName, fileName) != Status::Done) return Status::Refused;
+  if (!MakeFileName(groupName, fileName)) return Status::Refused;
   if (FetchFile(fileName.View(), &bytes) == Status::Done) return Status::Done;
   PauseUnlessClosing(kPauseMs);
   return Status::Refused;
 }
 
-Status SetDirectoryOfLaunched(std::string_view groupName) {
+bool SetDirectoryOfLaunched(std::string_view groupName) {
   OctetString& directory = TheCore().currentDirectory;
   if (groupName.starts_with(kRootPrefix)) {
     std::string_view path = groupName.substr(kRootPrefix.size());
     for (int slashes = 0; slashes < 2 && path.starts_with('/'); ++slashes) path.remove_prefix(1);
     // Deeper components are not kept.
     const std::size_t slash = path.find('/');
-    const bool isSet = directory.Assign(path.substr(0, slash == kNone ? 0 : slash + 1));
-    return isSet ? Status::Done : Status::Failure;
+    return directory.Assign(path.substr(0, slash == kNone ? 0 : slash + 1));
   }
   const std::size_t last = groupName.rfind('/');
-  if (last == kNone || last < 2) return Status::Done;
+  if (last == kNone || last < 2) return true;
   const std::size_t first = groupName.find('/');
   const std::size_t start = groupName.substr(first + 1).starts_with('/') ? first + 2 : first + 1;
   const std::size_t length = start <= last ? last + 1 - start : 0;
-  const bool isSet = directory.Assign(groupName.substr(start, length));
-  return isSet ? Status::Done : Status::Failure;
+  return directory.Assign(groupName.substr(start, length));
 }
 
-Status SetDirectoryOfSpawned(std::string_view groupName) {
+bool SetDirectoryOfSpawned(std::string_view groupName) {
   const std::size_t last = groupName.rfind('/');
-  if (last == kNone || last < 2) return Status::Done;
+  if (last == kNone || last < 2) return true;
   // The name is taken to begin with "~/"; the directory is kept without a slash at its end.
-  const bool isSet = TheCore().currentDirectory.Assign(groupName.substr(2, last - 2));
-  return isSet ? Status::Done : Status::Failure;
+  return TheCore().currentDirectory.Assign(groupName.substr(2, last - 2));
 }
 
 }  // namespace korvel

@@ -1,13 +1,10 @@
 // The start and the end of groups. Every call that can run actions may end the very group at hand;
 // the group's memory stays, and its life record says so.
-#include "engine/group_life.h"
 
 #include <utility>
 
 #include "actions/actions.h"
 #include "engine/core.h"
-#include "engine/link_tables.h"
-#include "engine/timers.h"
 #include "objects/ber/ber.h"
 #include "platform/clocks.h"
 
@@ -35,7 +32,7 @@ Status ActivateInitially(Group& group) {
 }
 
 Status RunOnStartUp(Group& group, Scope scope) {
-  return RunActions(scope, {&group.OnStartUp, &group}, -1, NameOf(group));
+  return RunActions(scope, {&group.OnStartUp, &group}, NameOf(group));
 }
 
 // Raises an event of the group itself. Done as long as the group is there to go on with.

@@ -1,37 +1,31 @@
 // The operations that replace what runs: Launch, Spawn, Quit, TransitionTo, the engine start and
 // the close-down. The new group is fetched and decoded before anything running is touched.
-#include <cstdio>
 
 #include "actions/actions.h"
 #include "engine/core.h"
-#include "engine/group_files.h"
-#include "engine/group_life.h"
-#include "engine/link_tables.h"
 #include "objects/ber/ber.h"
+#include "objects/messages.h"
 #include "platform/clocks.h"
 #include "platform/running.h"
 
 namespace korvel {
 namespace {
 
-// The engine event that tells an application that a group it named cannot be read.
-constexpr std::int32_t kGroupReferenceError = 2;
-
-Status Refuse(const char* message) {
-  std::fputs(message, stdout);
+Status Refuse(Message message) {
+  Say(message);
   return Status::Refused;
 }
 
-Status Decode(const OctetString& bytes, OwnedGroup& group) {
+bool Decode(const OctetString& bytes, OwnedGroup& group) {
   const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.Text());
   bool isApplication = false;
-  return DecodeGroup({first, bytes.Length()}, group, isApplication);
+  return DecodeGroup({first, bytes.Length()}, group, isApplication) == Status::Done;
 }
 
 Status RaiseReferenceError(const ObjectReference& source) {
   const Status status =
       RaiseEvent(source.GroupIdentifier.View(), source.Number, EventType::EngineEvent,
-                 EventData::Integer(kGroupReferenceError));
+                 EventData::Integer(engineEvents::kGroupReferenceError));
   return status == Status::Failure ? Status::Failure : Status::Refused;
 }
 
@@ -44,23 +38,23 @@ Status FetchNamedGroup(std::string_view groupName, OctetString& bytes) {
 }
 
 // Fetches and decodes what must be an application.
-Status ReadApplication(std::string_view groupName, const char* message, OwnedGroup& group) {
+Status ReadApplication(std::string_view groupName, Message message, OwnedGroup& group) {
   OctetString bytes;
   const Status status = FetchNamedGroup(groupName, bytes);
   if (status != Status::Done) return status;
-  if (Decode(bytes, group) != Status::Done) return Status::Failure;
+  if (!Decode(bytes, group)) return Status::Failure;
   return group.IsApplication() ? Status::Done : Refuse(message);
 }
 
 ApplicationStack& TheStack() { return TheCore().applicationStack; }
 
-Status PushCurrentApplication() {
+bool PushCurrentApplication() {
   ApplicationStack& stack = TheStack();
   const Application* application = CurrentApplication();
   const std::string_view name = application == nullptr ? std::string_view{} : NameOf(*application);
-  if (!stack.Names[stack.Count].Assign(name)) return Status::Failure;
+  if (!stack.Names[stack.Count].Assign(name)) return false;
   ++stack.Count;
-  return Status::Done;
+  return true;
 }
 
 void EmptyApplicationStack() {
@@ -85,8 +79,8 @@ Status QuitToParent(const ObjectReference& quitting) {
   }
   stack.Names[--stack.Count].Clear();
   OwnedGroup group;
-  if (Decode(bytes, group) != Status::Done) return Status::Failure;
-  if (!group.IsApplication()) return Refuse("Spawn error\n");
+  if (!Decode(bytes, group)) return Status::Failure;
+  if (!group.IsApplication()) return Refuse(Message::SpawnError);
   AdoptApplication(std::move(group));
   return Status::Done;
 }
@@ -101,9 +95,16 @@ void StopUnsharedItems(Application& application) {
   }
 }
 
-// `groupName` may belong to a group that the operation ends.
-Status CopyName(std::string_view groupName, OctetString& name) {
-  return name.Assign(groupName) ? Status::Done : Status::Failure;
+// Ends the running groups and starts the application of that name, which must not belong to one of
+// them.
+Status Replace(const OctetString& name, Message message,
+               bool (*setDirectory)(std::string_view groupName)) {
+  OwnedGroup group;
+  Status status = ReadApplication(name.View(), message, group);
+  if (status == Status::Done) status = EndRunningGroups();
+  if (status != Status::Done) return status;
+  Application& application = AdoptApplication(std::move(group));
+  return setDirectory(name.View()) ? StartApplication(application) : Status::Failure;
 }
 
 }  // namespace
@@ -118,10 +119,10 @@ Status StartEngine(std::string_view path) {
   ResetClassVariables();
 
   OctetString bytes;
-  if (FetchStartUp(path, bytes) != Status::Done) return Status::Refused;
+  if (!FetchStartUp(path, bytes)) return Status::Refused;
   OwnedGroup group;
-  if (Decode(bytes, group) != Status::Done) return Refuse("Parser failed\n");
-  if (!group.IsApplication()) return Refuse("startup error\n");
+  if (!Decode(bytes, group)) return Refuse(Message::ParserFailed);
+  if (!group.IsApplication()) return Refuse(Message::StartupError);
   return StartApplication(AdoptApplication(std::move(group)));
 }
 
@@ -129,14 +130,8 @@ Status Launch(std::string_view groupName) {
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
   OctetString name;
-  OwnedGroup group;
-  Status status = CopyName(groupName, name);
-  if (status == Status::Done) status = ReadApplication(name.View(), "Launch error\n", group);
-  if (status == Status::Done) status = EndRunningGroups();
-  if (status != Status::Done) return status;
-  Application& application = AdoptApplication(std::move(group));
-  status = SetDirectoryOfLaunched(name.View());
-  return status == Status::Done ? StartApplication(application) : status;
+  if (!name.Assign(groupName)) return Status::Failure;
+  return Replace(name, Message::LaunchError, SetDirectoryOfLaunched);
 }
 
 Status Spawn(std::string_view groupName) {
@@ -144,15 +139,8 @@ Status Spawn(std::string_view groupName) {
   if (!level.IsAllowed()) return Status::Failure;
   if (TheStack().Count == ApplicationStack::kCapacity) return Status::Refused;
   OctetString name;
-  OwnedGroup group;
-  Status status = CopyName(groupName, name);
-  if (status == Status::Done) status = PushCurrentApplication();
-  if (status == Status::Done) status = ReadApplication(name.View(), "Spawn error\n", group);
-  if (status == Status::Done) status = EndRunningGroups();
-  if (status != Status::Done) return status;
-  Application& application = AdoptApplication(std::move(group));
-  status = SetDirectoryOfSpawned(name.View());
-  return status == Status::Done ? StartApplication(application) : status;
+  if (!name.Assign(groupName) || !PushCurrentApplication()) return Status::Failure;
+  return Replace(name, Message::SpawnError, SetDirectoryOfSpawned);
 }
 
 Status Quit() {
@@ -173,16 +161,16 @@ Status TransitionTo(std::string_view groupName) {
   if (groupName.empty() || (scene != nullptr && NameOf(*scene) == groupName))
     return Status::Refused;
   OctetString name;
+  if (!name.Assign(groupName)) return Status::Failure;
   OctetString bytes;
-  Status status = CopyName(groupName, name);
-  if (status == Status::Done) status = FetchNamedGroup(name.View(), bytes);
+  Status status = FetchNamedGroup(name.View(), bytes);
   if (status != Status::Done) return status;
   OwnedGroup group;
-  if (Decode(bytes, group) != Status::Done) {
-    std::fputs("Parse error\n", stdout);
+  if (!Decode(bytes, group)) {
+    Say(Message::ParseError);
     return Status::Failure;
   }
-  if (group.IsApplication()) return Refuse("TransitionTo error\n");
+  if (group.IsApplication()) return Refuse(Message::TransitionToError);
 
   if (CurrentApplication() != nullptr) StopUnsharedItems(*CurrentApplication());
   status = EndScene();

@@ -1,10 +1,9 @@
 // Entering and removing links. A link stays in its table while it is inactive; whether it is active
 // is asked when an event is dispatched.
-#include "engine/link_tables.h"
+#include "engine/core.h"
 
 #include "actions/actions.h"
-
-#include <cstdio>
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -16,14 +15,14 @@ Status AddLink(Link& link, Scope context) {
   }
   LinkTable* table = TableOf(link.Condition.EventType);
   if (table == nullptr || table->Append({&link, context}) != nullptr) return Status::Done;
-  std::fputs("Can't allocate memory for new event\n", stdout);
+  Say(Message::NoMemoryForEvent);
   return Status::Failure;
 }
 
 }  // namespace
 
-LinkTable* TableOf(std::int32_t eventType) {
-  switch (static_cast<EventType>(eventType)) {
+LinkTable* TableOf(EventType type) {
+  switch (type) {
   case EventType::IsAvailable:
   case EventType::ContentAvailable:
   case EventType::IsDeleted:
@@ -68,10 +67,9 @@ Status AddLinks(Group& group, Scope context) {
 }
 
 void RemoveLinks(const Group& group) {
-  const std::string_view name = WithoutTilde(NameOf(group));
-  const auto belongsToGroup = [&group, name](const LinkTableEntry& entry) {
+  const auto belongsToGroup = [&group](const LinkTableEntry& entry) {
     return entry.Waiting->owner == &group ||
-           WithoutTilde(entry.Waiting->Reference.GroupIdentifier.View()) == name;
+           IsSameGroup(entry.Waiting->Reference.GroupIdentifier.View(), NameOf(group));
   };
   TheCore().stateTable.RemoveAll(belongsToGroup);
   TheCore().inputTable.RemoveAll(belongsToGroup);

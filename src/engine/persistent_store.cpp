@@ -1,8 +1,8 @@
 // The persistent store: named blocks of bytes in memory, in the order in which they were stored.
-#include <cstdio>
 #include <utility>
 
 #include "engine/core.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -16,12 +16,12 @@ auto HasName(std::string_view name) {
 Status AppendPersistent(std::string_view name, OctetString&& data) {
   PersistentEntry entry;
   if (!entry.Name.Assign(name)) {
-    std::fputs("Can't allocate memory for Persistent FileName\n", stdout);
+    Say(Message::NoMemoryForPersistentName);
     return Status::Failure;
   }
   PersistentEntry* stored = TheCore().persistentStore.Append(std::move(entry));
   if (stored == nullptr) {
-    std::fputs("Can't allocate memory for Persistent\n", stdout);
+    Say(Message::NoMemoryForPersistent);
     return Status::Failure;
   }
   stored->Data = std::move(data);

@@ -2,12 +2,12 @@
 // every output before the program runs, so that a call that cannot be served writes nothing.
 #include "engine/resident_programs.h"
 
-#include <cstdio>
 #include <string_view>
 #include <utility>
 
 #include "actions/actions.h"
 #include "engine/engine.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -71,7 +71,7 @@ const ProgramRow* FindProgram(std::string_view name) {
 }
 
 Status ReportType() {
-  std::fputs("GetItemType Error\n", stdout);
+  Say(Message::GetItemTypeError);
   return Status::Failure;
 }
 
@@ -94,17 +94,6 @@ constexpr ItemType ClassOf(Slot slot) {
   case None: break;
   }
   return ItemType::None;
-}
-
-// The kind of an input that is given directly.
-constexpr ValueKind KindOf(Slot slot) {
-  switch (slot) {
-  case BooleanIn: return ValueKind::Boolean;
-  case IntegerIn: return ValueKind::Integer;
-  case TextIn: return ValueKind::OctetString;
-  case ReferenceIn: return ValueKind::ObjectReference;
-  default: return ValueKind::None;
-  }
 }
 
 // One call: the program's parameters as given, the values that it works on, and the variables of
@@ -130,26 +119,10 @@ class ProgramCall {
   // Writes the results. A variable that is not available keeps its value.
   void Write() {
     for (std::size_t place = 0; place < outputs_.size(); ++place) {
-      GenericValue& value = values_[place];
-      const FoundObject& output = outputs_[place];
-      switch (output.Type) {
-      case ItemType::BooleanVariable:
-        (void)SetValue(output.As<BooleanVariable>(), value.Boolean);
-        break;
-      case ItemType::IntegerVariable:
-        (void)SetValue(output.As<IntegerVariable>(), value.Integer);
-        break;
-      case ItemType::OctetStringVariable:
-        (void)SetValue(output.As<OctetStringVariable>(), std::move(value.Octets));
-        break;
-      case ItemType::ObjectRefVariable:
-        (void)SetValue(output.As<ObjectRefVariable>(), std::move(value.Reference));
-        break;
-      case ItemType::ContentRefVariable:
-        (void)SetValue(output.As<ContentRefVariable>(), std::move(value.Octets));
-        break;
-      default: break;
-      }
+      (void)VisitVariable(outputs_[place], Status::Refused, [&](auto& variable) {
+        auto& result = FieldOf(values_[place], ValueOf(variable));
+        return SetValue(variable, std::move(result));
+      });
     }
   }
 
@@ -167,26 +140,12 @@ class ProgramCall {
 
   Status Read(Slot slot, std::size_t place) {
     GenericValue& value = values_[place];
-    if (given_[place]->Kind == KindOf(slot)) {
+    if (given_[place]->Kind == KindOf(ClassOf(slot))) {
       return Copy(*given_[place], value) ? Status::Done : Status::Failure;
     }
     const FoundObject variable = FindVariable(place);
     if (variable.Type != ClassOf(slot)) return Status::Refused;
-    return ReadFrom(variable, value) ? Status::Done : Status::Failure;
-  }
-
-  static bool ReadFrom(const FoundObject& variable, GenericValue& value) {
-    switch (variable.Type) {
-    case ItemType::BooleanVariable:
-      value.Boolean = variable.As<BooleanVariable>().Value;
-      return true;
-    case ItemType::IntegerVariable:
-      value.Integer = variable.As<IntegerVariable>().Value;
-      return true;
-    case ItemType::OctetStringVariable:
-      return value.Octets.CopyFrom(variable.As<OctetStringVariable>().Value);
-    default: return Copy(variable.As<ObjectRefVariable>().Value, value.Reference);
-    }
+    return CopyValue(variable, value) ? Status::Done : Status::Failure;
   }
 
   Status FindOutput(Slot slot, std::size_t place) {

@@ -39,12 +39,6 @@ struct ProgramSettings {
 [[nodiscard]] bool CastToContentReference(ProgramValues& values);
 [[nodiscard]] bool CastToObjectReference(ProgramValues& values);
 
-// ---- service_programs.cpp ----
-[[nodiscard]] bool GetServiceIndex(ProgramValues& values);
-[[nodiscard]] bool GetBasicServiceInformation(ProgramValues& values);
-[[nodiscard]] bool TuneToIndex(ProgramValues& values);
-[[nodiscard]] bool SetTuneInfo(ProgramValues& values);
-
 // ---- receiver_programs.cpp ----
 [[nodiscard]] bool GetRandomNumber(ProgramValues& values);
 [[nodiscard]] bool GetBootInfo(ProgramValues& values);
@@ -54,6 +48,10 @@ struct ProgramSettings {
 [[nodiscard]] bool GetDisplayAspectRatio(ProgramValues& values);
 [[nodiscard]] bool SetSubtitleMode(ProgramValues& values);
 [[nodiscard]] bool WhoAmI(ProgramValues& values);
+[[nodiscard]] bool GetServiceIndex(ProgramValues& values);
+[[nodiscard]] bool GetBasicServiceInformation(ProgramValues& values);
+[[nodiscard]] bool TuneToIndex(ProgramValues& values);
+[[nodiscard]] bool SetTuneInfo(ProgramValues& values);
 [[nodiscard]] bool DoNothing(ProgramValues& values);
 
 }  // namespace korvel

@@ -1,21 +1,17 @@
 // The timers of groups. A group keeps a record of each pending timer; the expiry is a one-shot
 // platform timer of the same id, so a timer of the scene replaces one of the application with its
 // id, and only the scene's fire.
-#include "engine/timers.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 #include "engine/core.h"
+#include "objects/limits.h"
+#include "objects/messages.h"
 #include "platform/timers.h"
 
 namespace korvel {
 namespace {
-
-// The longest period that every version of the platform takes for what it is; longer ones would
-// fire at once.
-constexpr std::uint32_t kLongestPeriodMs = 0x7FFFFFFF;
 
 auto HasId(std::int32_t id) {
   return [id](const Timer& timer) { return timer.Id == id; };
@@ -34,7 +30,7 @@ Timer* AddTimer(Group& group, std::int32_t id, bool isAbsolute) {
   timer.IsAbsolute = isAbsolute;
   Timer* added =
       Copy(group.Reference, timer.Owner) ? group.Timers.Append(std::move(timer)) : nullptr;
-  if (added == nullptr) std::fputs("Can't allocate memory for new event\n", stdout);
+  if (added == nullptr) Say(Message::NoMemoryForEvent);
   return added;
 }
 
@@ -52,14 +48,14 @@ Status CancelTimer(Group& group, std::int32_t id) {
 
 }  // namespace
 
-Status SetTimer(Group& group, std::int32_t id, std::int32_t value, std::int32_t absolute) {
+Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolute) {
   if (value == kNoTimerValue) return CancelTimer(group, id);
   Timer* timer = FindTimer(group, id);
   if (timer != nullptr) {
     // Setting a pending timer anew keeps its owner and its kind of time.
     KillWindowTimer(static_cast<std::uint32_t>(id));
   } else {
-    timer = AddTimer(group, id, absolute == 1);
+    timer = AddTimer(group, id, isAbsolute);
     if (timer == nullptr) return Status::Failure;
   }
   timer->Value = value;
@@ -67,12 +63,12 @@ Status SetTimer(Group& group, std::int32_t id, std::int32_t value, std::int32_t 
   return Status::Done;
 }
 
-Status TakeFiredTimer(std::int32_t id, ObjectReference& owner) {
+bool RemoveFiredTimer(std::int32_t id, ObjectReference& owner) {
   Scene* scene = CurrentScene();
-  Timer taken;
-  if (scene == nullptr || !scene->Timers.RemoveFirst(HasId(id), &taken)) return Status::Refused;
-  owner = std::move(taken.Owner);
-  return Status::Done;
+  Timer fired;
+  if (scene == nullptr || !scene->Timers.RemoveFirst(HasId(id), &fired)) return false;
+  owner = std::move(fired.Owner);
+  return true;
 }
 
 void CancelAllTimers(Group& group) {

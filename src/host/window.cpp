@@ -12,6 +12,7 @@
 #include "host/host_state.h"
 #include "host/message_queues.h"
 #include "host/trace.h"
+#include "objects/limits.h"
 #include "platform/running.h"
 #include "platform/timers.h"
 #include "platform/trace.h"
@@ -53,9 +54,6 @@ HWND TakeEngineWindow() {
   const StateLocked locked;
   return hostState.engineWindow.exchange(nullptr);
 }
-
-// Above it, older systems fire at once instead of late.
-constexpr std::uint32_t kLongestPeriodMs = 0x7FFFFFFF;
 
 bool IsWorkerThere() { return hostState.window.worker != nullptr; }
 

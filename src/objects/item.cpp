@@ -1,9 +1,8 @@
 // Making and releasing records by class number, for every class that the class tables list.
 #include "objects/item.h"
 
-#include <cstdio>
-
 #include "objects/class_tables.h"
+#include "objects/messages.h"
 #include "objects/owned.h"
 
 namespace korvel {
@@ -32,7 +31,7 @@ void Item::Reset() {
   const bool isKnown = VisitIngredientClass(
       type_, [record]<class Record>() { Owned<Record>(static_cast<Record*>(record)).Reset(); });
   // A record whose class nobody knows cannot be released: its destructor is unknown too.
-  if (!isKnown) std::fputs("Unknown ItemType\n", stdout);
+  if (!isKnown) Say(Message::UnknownItemType);
   type_ = ItemType::None;
 }
 

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "objects/status.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 
@@ -18,8 +19,8 @@ using DrawnColour = std::uint32_t;
 inline constexpr DrawnColour kTransparentColour = 0xFFFFFFFF;
 
 struct LineAttributes {
-  std::int32_t Width = 1;  // pixels
-  std::int32_t Style = 1;  // 1 solid, 2 dashed, 3 dotted; any other is solid
+  std::int32_t Width = 1;              // pixels
+  LineStyle Style = LineStyle::Solid;  // drawn solid if the number has no name
   DrawnColour Ink = 0;
 };
 

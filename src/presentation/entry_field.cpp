@@ -8,7 +8,7 @@
 namespace korvel {
 
 Status Draw(const EntryField& entryField) {
-  constexpr LineAttributes kBorder{.Width = 2, .Style = 1, .Ink = 0x00000000};
+  constexpr LineAttributes kBorder{.Width = 2, .Style = LineStyle::Solid, .Ink = 0x00000000};
   constexpr FontAttributes kFont{
       .Style = FontStyle::Plain, .Size = 15, .LineSpacing = 1, .LetterSpacing = 2};
   DrawBorderedRectangle(State().graphics, BoxOf(entryField), kBorder, kTransparentColour);

@@ -17,9 +17,6 @@ namespace {
 // Four of every five requests are dropped: a cheap limit on how often content makes us paint.
 constexpr std::uint32_t kRequestsPerPainting = 5;
 
-// The datum of the EngineEvent that reports a missing picture.
-constexpr std::int32_t kMissingPicture = 3;
-
 // Refused when a picture is missing.
 Status DrawVisible(ItemType kind, Ingredient& visible) {
   if (kind == ItemType::Video) {
@@ -50,7 +47,8 @@ Status DrawVisible(ItemType kind, Ingredient& visible) {
     if (IsClosing()) return false;
     if (IsGone(*entry.Visible)) continue;
     if (DrawVisible(entry.Kind, *entry.Visible) != Status::Refused || IsClosing()) continue;
-    result = RaiseEvent(application, EventType::EngineEvent, EventData::Integer(kMissingPicture));
+    result = RaiseEvent(application, EventType::EngineEvent,
+                        EventData::Integer(engineEvents::kContentReferenceError));
     if (result == Status::Failure) return false;
     result = Status::Done;
     if (CurrentApplication() != &application || IsGone(application)) return false;

@@ -39,7 +39,7 @@ void DrawNumbers(const Slider& slider, DrawnColour colour) {
 }
 
 void DrawBar(const Slider& slider, DrawnColour colour) {
-  const LineAttributes line{.Width = 1, .Style = 1, .Ink = colour};
+  const LineAttributes line{.Width = 1, .Style = LineStyle::Solid, .Ink = colour};
   const SliderBar bar = SliderBarOf(slider);
   DrawBorderedRectangle(State().graphics, bar.bar, line, kTransparentColour);
   DrawBorderedRectangle(State().graphics, bar.marker, line, colour);

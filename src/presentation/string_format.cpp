@@ -8,10 +8,10 @@ namespace {
 // One tab stop, which GDI+ repeats along the line: 42 pixels where an inch has 96 dots.
 constexpr float kTabStop = 4032.0F;
 
-Gdiplus::StringAlignment AlignmentOf(std::int32_t justification) {
+Gdiplus::StringAlignment AlignmentOf(Justification justification) {
   switch (justification) {
-  case 2: return Gdiplus::StringAlignmentFar;
-  case 3: return Gdiplus::StringAlignmentCenter;
+  case Justification::End: return Gdiplus::StringAlignmentFar;
+  case Justification::Centre: return Gdiplus::StringAlignmentCenter;
   default: return Gdiplus::StringAlignmentNear;  // justified text too
   }
 }

@@ -8,6 +8,7 @@
 #include "appearance/control_sequences.h"
 #include "appearance/geometry.h"
 #include "engine/engine.h"
+#include "objects/limits.h"
 #include "objects/memory.h"
 #include "platform/screen.h"
 #include "presentation/drawings.h"
@@ -21,9 +22,7 @@ namespace {
 
 constexpr float kDefaultSize = 24.0F;
 constexpr float kPointsPerInch = 72.0F;
-constexpr std::int32_t kLargestSize = 10000;
-// More than any picture shows. GDI+ lays out what lies beyond the box too, and takes its time.
-constexpr std::size_t kMostCharacters = 20000;
+// More lines than pixel rows are in no picture.
 constexpr std::size_t kMostLines = kSceneHeight;
 
 // UTF-16 as GDI+ takes it, ended by a zero.
@@ -114,7 +113,7 @@ void DrawTextIn(const TextDrawing& drawing) {
   if (graphics == nullptr || drawing.Width < 1 || drawing.Height < 1) return;
   const Gdiplus::RectF layout = LayoutOf(drawing);
   if (!FillBackground(graphics, layout, drawing.Background)) return;
-  if (drawing.Font.Size < 0 || drawing.Font.Size > kLargestSize) return;
+  if (drawing.Font.Size < 0 || drawing.Font.Size > kLargestFontSize) return;
   // The box cuts the text. GDI+ does so too, but not all of them to the pixel.
   if (!Succeeded(gdip::GdipSetClipRect(graphics, layout.X, layout.Y, layout.Width, layout.Height,
                                        Gdiplus::CombineModeReplace))) {

@@ -20,8 +20,8 @@ struct TextDrawing {
   FontAttributes Font;  // size 0 means 24
   DrawnColour Ink = kTransparentColour;
   DrawnColour Background = kTransparentColour;
-  std::int32_t HorizontalJustification = 0;  // 1 start, 2 end, 3 centre; all else is start
-  std::int32_t VerticalJustification = 0;
+  Justification HorizontalJustification{};  // drawn as start, but for end and centre
+  Justification VerticalJustification{};
   bool TextWrapping = false;
   bool IsObscured = false;  // a star is drawn in place of each character
 };

@@ -4,6 +4,7 @@
 #include <span>
 #include <type_traits>
 
+#include "objects/messages.h"
 #include "objects/owned.h"
 #include "textual/read_value.h"
 #include "textual/textual.h"
@@ -206,7 +207,7 @@ TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isAppli
   TextError error;
   const TextResult result = ReadTextGroup(text, group, isApplication, error);
   if (error.unknownWord.IsPresent()) {
-    std::printf("Error string : %s\n", error.unknownWord.Text());
+    Say(Message::UnknownWord, error.unknownWord.Text());
   }
   return result;
 }

@@ -115,7 +115,8 @@ class EngineTest : public testing::Test {
 
   void TearDown() override {
     EndEngine();
-    EXPECT_EQ(LiveBlocks(), blocksBefore_) << "memory was not given back";
+    EXPECT_EQ(LiveBlocks(), blocksBefore_) << "memory was not released";
+    EXPECT_EQ(ThePresentation().canvases, 0) << "canvases were not released";
   }
 
   // Ends the engine as the worker does.

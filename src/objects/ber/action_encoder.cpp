@@ -2,41 +2,13 @@
 // choice is made here: the result reads back as the same record.
 #include "objects/ber/action_encoder.h"
 
-#include <utility>
-
-#include "objects/action_table.h"
+#include "objects/action_values.h"
 #include "objects/ber/value_encoder.h"
 
 namespace korvel::ber {
 namespace {
 
-// The values of an action that are still to be written.
-class Values {
- public:
-  explicit Values(const List<GenericValue>& values)
-      : next_(values.begin()), end_(values.end()), left_(values.Size()) {}
-
-  [[nodiscard]] std::size_t Left() const { return left_; }
-  [[nodiscard]] bool IsEmpty() const { return left_ == 0; }
-  [[nodiscard]] const GenericValue& Next() const { return *next_; }
-  const GenericValue& Take() {
-    const GenericValue& value = *next_;
-    ++next_;
-    --left_;
-    return value;
-  }
-  [[nodiscard]] const GenericValue& Last() const {
-    auto last = next_;
-    for (auto place = next_; place != end_; ++place) last = place;
-    return *last;
-  }
-
- private:
-  using Place = decltype(std::declval<const List<GenericValue>&>().begin());
-  Place next_;
-  Place end_;
-  std::size_t left_;
-};
+void EncodeValue(BerWriter& writer, const GenericValue& value) { Encode(writer, value); }
 
 void EncodeUnder(BerWriter& writer, Tag tag, const GenericValue& value) {
   writer.Constructed(tag, [&] { Encode(writer, value); });
@@ -77,36 +49,23 @@ void EncodeEventNumber(BerWriter& writer, const GenericValue& value) {
   writer.Integer(kEnumerated, value.Integer);
 }
 
-void EncodeTypedList(BerWriter& writer, Values& values) {
+// The values in a SEQUENCE, each written by `encode`.
+template <class EncodeValue>
+void EncodeRow(BerWriter& writer, ActionValues values, EncodeValue&& encode) {
   writer.Constructed(kSequence, [&] {
-    while (!values.IsEmpty()) EncodeTyped(writer, values.Take());
+    while (!values.IsEmpty()) encode(writer, values.Take());
   });
 }
 
-void EncodePoints(BerWriter& writer, Values& values) {
+void EncodePoints(BerWriter& writer, ActionValues values) {
   writer.Constructed(kSequence, [&] {
-    while (!values.IsEmpty()) {
-      writer.Constructed(kSequence, [&] {
-        Encode(writer, values.Take());
-        if (!values.IsEmpty()) Encode(writer, values.Take());
-      });
-    }
+    while (!values.IsEmpty()) EncodeRow(writer, values.TakePlace(Parameter::Speed), EncodeValue);
   });
 }
 
-// The last value is the file name, which an octet string or a variable gives; without one all are
-// references.
-void EncodeReferences(BerWriter& writer, Values& values) {
-  const ValueKind last = values.Last().Kind;
-  const bool hasName = last == ValueKind::OctetString || last == ValueKind::IndirectReference;
-  writer.Constructed(kSequence, [&] {
-    while (values.Left() > (hasName ? 1U : 0U)) Encode(writer, values.Take());
-  });
-}
-
-// One value of its own is content included in the action, directly or by a variable; a path stands
-// with its size and cache priority in a SEQUENCE.
-void EncodeNewContent(BerWriter& writer, Values& values) {
+// One value of its own is content included in the action, directly or by a variable; a path is in a
+// SEQUENCE with its size and cache priority.
+void EncodeNewContent(BerWriter& writer, ActionValues values) {
   const bool isPath = values.Next().Kind == ValueKind::ContentReference;
   if (values.Left() == 1 && !isPath) return Encode(writer, values.Take());
   writer.Constructed(kSequence, [&] {
@@ -114,23 +73,13 @@ void EncodeNewContent(BerWriter& writer, Values& values) {
     for (const Tag tag : {kNewContentSize, kNewContentCachePriority}) {
       if (values.IsEmpty()) return;
       const GenericValue& number = values.Take();
-      if (IsPresent(number)) {
-        EncodeUnder(writer, tag, number);
-      } else {
-        writer.Null();
-      }
+      IsPresent(number) ? EncodeUnder(writer, tag, number) : writer.Null();
     }
   });
 }
 
-void EncodeRest(BerWriter& writer, Values& values) {
-  writer.Constructed(kSequence, [&] {
-    while (!values.IsEmpty()) Encode(writer, values.Take());
-  });
-}
-
-// Writes what stands at one place of an action's syntax, for which there is at least one value.
-void EncodePlace(BerWriter& writer, Parameter place, Values& values) {
+// Writes the values at one place of an action's syntax.
+void EncodePlace(BerWriter& writer, Parameter place, ActionValues values) {
   switch (place) {
   case Parameter::Integer:
   case Parameter::IntegerOrNull:
@@ -138,14 +87,14 @@ void EncodePlace(BerWriter& writer, Parameter place, Values& values) {
   case Parameter::Octets:
   case Parameter::Reference: return Encode(writer, values.Take());
   case Parameter::Typed: return EncodeTyped(writer, values.Take());
-  case Parameter::TypedList: return EncodeTypedList(writer, values);
-  case Parameter::References: return EncodeReferences(writer, values);
+  case Parameter::TypedList: return EncodeRow(writer, values, EncodeTyped);
+  case Parameter::References:
+  case Parameter::NewTimer:
+  case Parameter::Speed: return EncodeRow(writer, values, EncodeValue);
   case Parameter::Points: return EncodePoints(writer, values);
   case Parameter::Colour: return EncodeColour(writer, values.Take());
   case Parameter::FontChoice: return EncodeFont(writer, values.Take());
   case Parameter::NewContent: return EncodeNewContent(writer, values);
-  case Parameter::NewTimer:
-  case Parameter::Speed: return EncodeRest(writer, values);
   case Parameter::EventNumber: return EncodeEventNumber(writer, values.Take());
   }
 }
@@ -155,9 +104,9 @@ void EncodeAction(BerWriter& writer, const ElementaryAction& action) {
   if (row == nullptr || action.ActionType > kDecodedActionCount) return writer.Fail();
   writer.Constructed(Context(kActionTagBase + action.ActionType), [&] {
     Encode(writer, action.Target);
-    Values values(action.Parameters);
+    ActionValues values(action.Parameters);
     for (const Parameter place : row->Syntax()) {
-      if (!values.IsEmpty()) EncodePlace(writer, place, values);
+      if (!values.IsEmpty()) EncodePlace(writer, place, values.TakePlace(place));
     }
   });
 }

@@ -1,10 +1,10 @@
 // Completing references: a pass over the class tables that gives every reference without a group
 // identifier a copy of the group's name.
-#include <cstdio>
 #include <type_traits>
 
 #include "objects/ber/ber.h"
 #include "objects/class_tables.h"
+#include "objects/messages.h"
 
 namespace korvel {
 namespace {
@@ -46,8 +46,7 @@ class Completion {
   [[nodiscard]] bool Complete(ObjectReference& reference, const Subject& subject) {
     if (SetGroup(reference)) return true;
     const char* space = *subject.name == 0 ? "" : " ";
-    std::printf("Can't allocate memory for %s%s%s GroupIdentifier\n", subject.className, space,
-                subject.name);
+    Say(Message::NoMemoryForGroup, subject.className, space, subject.name);
     return false;
   }
   [[nodiscard]] bool Complete(OptionalReference& value, const Subject& subject) {
@@ -61,7 +60,7 @@ class Completion {
     const bool isReference =
         value.Kind == ValueKind::ObjectReference || value.Kind == ValueKind::IndirectReference;
     if (!isReference || SetGroup(value.Reference)) return true;
-    std::fputs("Can't allocate memory for GroupId in Parameter\n", stdout);
+    Say(Message::NoMemoryForParameterGroup);
     return false;
   }
   [[nodiscard]] bool Complete(ElementaryAction& action, const Subject& /*subject*/) {

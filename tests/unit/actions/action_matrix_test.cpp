@@ -238,7 +238,10 @@ constexpr char kObjects[] = R"(
 class ActionMatrixTest : public Stage {
  protected:
   void StartObjects() {
-    SetUp();
+    EndEngine();
+    TheHost() = {};
+    ThePresentation() = {};
+    BeginWork();
     std::string links;
     for (int number = 5; number <= 9; ++number) links += Watch(number, "TestEvent", "test");
     Start(kObjects + links);

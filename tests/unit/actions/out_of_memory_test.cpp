@@ -3,7 +3,7 @@
 #include <set>
 
 #include "actions/actions.h"
-#include "actions/interaction.h"
+#include "actions/behaviours.h"
 #include "stage.h"
 #include "substitutes/memory.h"
 
@@ -49,7 +49,7 @@ class CompiledActions {
     EXPECT_NE(list_.Append(std::move(one)), nullptr);
   }
   Status Run() {
-    return RunActions(Scope::ApplicationFirst, {&list_, CurrentApplication()}, -1, "~/a");
+    return RunActions(Scope::ApplicationFirst, {&list_, CurrentApplication()}, "~/a");
   }
 
  private:

@@ -18,9 +18,9 @@ constexpr char kVariables[] = "{:IntegerVar 1 :OrigValue 0} {:IntegerVar 2 :Orig
 TEST_F(RunActionsTest, an_empty_list_and_no_list_do_nothing) {
   Start(kVariables);
   const ActionList empty;
-  EXPECT_EQ(RunActions(Scope::ApplicationFirst, {&empty, CurrentApplication()}, -1, "~/a"),
+  EXPECT_EQ(RunActions(Scope::ApplicationFirst, {&empty, CurrentApplication()}, "~/a"),
             Status::Done);
-  EXPECT_EQ(RunActions(Scope::ApplicationFirst, {}, -1, "~/a"), Status::Done);
+  EXPECT_EQ(RunActions(Scope::ApplicationFirst, {}, "~/a"), Status::Done);
 }
 
 TEST_F(RunActionsTest, quit_ends_the_list_and_asks_for_a_restart) {
@@ -37,9 +37,8 @@ TEST_F(RunActionsTest, an_action_after_quit_is_not_run) {
   EXPECT_EQ(Run(R"(:Spawn(("~/b" 0)))"), Status::Replaced);
   const OwnedGroup list = ParseText(R"({:Application ("~/b" 0) :OnCloseDown (:Add(1 1) :Quit(0)
                     :SetCachePriority(("~/a" 0) 5))})");
-  EXPECT_EQ(
-      RunActions(Scope::ApplicationFirst, {&list->OnCloseDown, CurrentApplication()}, -1, "~/b"),
-      Status::Replaced);
+  EXPECT_EQ(RunActions(Scope::ApplicationFirst, {&list->OnCloseDown, CurrentApplication()}, "~/b"),
+            Status::Replaced);
   ASSERT_NE(CurrentApplication(), nullptr);
   EXPECT_EQ(CurrentApplication()->Reference.GroupIdentifier.View(), "~/a");
   EXPECT_EQ(CurrentApplication()->GroupCachePriority, 127);
@@ -58,7 +57,7 @@ TEST_F(RunActionsTest, an_unknown_number_is_told_and_the_rest_runs) {
   add.Parameters = ParametersOf(IntegerValue(3));
   ASSERT_NE(list.Append(std::move(add)), nullptr);
   testing::internal::CaptureStdout();
-  EXPECT_EQ(RunActions(Scope::ApplicationFirst, {&list, CurrentApplication()}, -1, "~/a"),
+  EXPECT_EQ(RunActions(Scope::ApplicationFirst, {&list, CurrentApplication()}, "~/a"),
             Status::Refused);
   EXPECT_EQ(testing::internal::GetCapturedStdout(),
             "RunActions error ActionIndex 0\nRunActions error ActionIndex 120\n");
@@ -267,7 +266,7 @@ TEST_F(RunActionsTest, the_input_register_is_kept_by_a_scene_that_is_available) 
     action.Parameters = ParametersOf(IntegerValue(value));
     ActionList list;
     EXPECT_NE(list.Append(std::move(action)), nullptr);
-    return RunActions(Scope::SceneFirst, {&list, CurrentScene()}, -1, "~/s");
+    return RunActions(Scope::SceneFirst, {&list, CurrentScene()}, "~/s");
   };
   EXPECT_EQ(set(3), Status::Done);
   EXPECT_EQ(CurrentScene()->InputEventReg, 3);

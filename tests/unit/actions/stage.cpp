@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "substitutes/memory.h"
 #include "support/text_content.h"
 
 namespace korvel::test {
@@ -13,18 +12,6 @@ namespace {
 constexpr int kLog = 900;
 
 }  // namespace
-
-void Stage::SetUp() {
-  TheHost() = {};
-  ThePresentation() = {};
-  BeginWork();
-}
-
-void Stage::TearDown() {
-  CloseDown();
-  ResetEngine();
-  EXPECT_EQ(ThePresentation().canvases, 0);
-}
 
 void Stage::AddFile(const std::string& path, const std::string& text) {
   TheHost().files[path] = CompileText(text);
@@ -79,7 +66,7 @@ Status Stage::Run(const std::string& actions, Scope scope) {
   const OwnedGroup group =
       ParseText("{:Application (\"" + name + "\" 0) :OnCloseDown (" + actions + ")}");
   if (!group) return Status::Blocked;
-  return RunActions(scope, {&group->OnCloseDown, holder}, -1, name);
+  return RunActions(scope, {&group->OnCloseDown, holder}, name);
 }
 
 Status Stage::RunOne(Action action, int target, List<GenericValue> parameters) {
@@ -89,7 +76,7 @@ Status Stage::RunOne(Action action, int target, List<GenericValue> parameters) {
   one.Parameters = std::move(parameters);
   ActionList list;
   EXPECT_NE(list.Append(std::move(one)), nullptr);
-  return RunActions(Scope::ApplicationFirst, {&list, CurrentApplication()}, -1, "~/a");
+  return RunActions(Scope::ApplicationFirst, {&list, CurrentApplication()}, "~/a");
 }
 
 std::string Stage::TakeLog() {

@@ -2,22 +2,20 @@
 // scenes beside it, and a log that links of the application keep of the events that a test watches.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <string>
 #include <string_view>
 
-#include "engine/engine.h"
 #include "objects/objects.h"
-#include "substitutes/host.h"
-#include "substitutes/presentation.h"
+#include "support/engine_fixture.h"
 
 namespace korvel::test {
 
-class Stage : public testing::Test {
+class Stage : public EngineTest {
  protected:
-  void SetUp() override;
-  void TearDown() override;
+  void SetUp() override {
+    EngineTest::SetUp();
+    BeginWork();
+  }
 
   // Puts a group written as text into the carousel.
   static void AddFile(const std::string& path, const std::string& text);
@@ -64,6 +62,15 @@ class Stage : public testing::Test {
  private:
   int nextLink_ = 1001;
 };
+
+// Rectangles 1 to `count` that do not start with their group.
+inline std::string StoppedRectangles(int count) {
+  std::string items;
+  for (int number = 1; number <= count; ++number) {
+    items += "{:Rectangle " + std::to_string(number) + " :InitiallyActive FALSE :OrigBoxSize 9 9} ";
+  }
+  return items;
+}
 
 // A value of one kind, for actions that are built by hand.
 GenericValue IntegerValue(std::int32_t number);

@@ -13,10 +13,6 @@ class TimerTest : public Stage {
                    " :LinkEffect (:Append((\"~/a\" 1) \"fired \"))}");
   }
   static Status RunInScene(const std::string& actions) { return Run(actions, Scope::SceneFirst); }
-  static Status Expire(std::int32_t id) {
-    TheHost().timers.erase(static_cast<std::uint32_t>(id));
-    return RaiseOutsideEvent(0, EventType::TimerFired, id);
-  }
   static std::string Fired() {
     return std::string(
         FindObject(Scope::ApplicationFirst, "~/a", 1).As<OctetStringVariable>().Value.View());

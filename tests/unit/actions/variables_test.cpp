@@ -271,7 +271,7 @@ std::string SetWithoutMemory(int variable, GenericValue value) {
   EXPECT_NE(list.Append(std::move(action)), nullptr);
   testing::internal::CaptureStdout();
   FailAllocation(2);  // the first one is the copy of the group's name
-  EXPECT_EQ(RunActions(Scope::ApplicationFirst, {&list, CurrentApplication()}, -1, "~/a"),
+  EXPECT_EQ(RunActions(Scope::ApplicationFirst, {&list, CurrentApplication()}, "~/a"),
             Status::Done);
   EXPECT_TRUE(HasFailedAllocation());
   FailAllocation(0);

@@ -8,20 +8,6 @@
 
 namespace korvel::test {
 
-namespace keys {
-inline constexpr std::int32_t kUp = 1;
-inline constexpr std::int32_t kDown = 2;
-inline constexpr std::int32_t kLeft = 3;
-inline constexpr std::int32_t kRight = 4;
-inline constexpr std::int32_t kDigit0 = 5;
-inline constexpr std::int32_t kOK = 15;
-inline constexpr std::int32_t kCancel = 16;
-inline constexpr std::int32_t kRed = 100;
-inline constexpr std::int32_t kGreen = 101;
-inline constexpr std::int32_t kYellow = 102;
-inline constexpr std::int32_t kBlue = 103;
-}  // namespace keys
-
 class DemoTest : public EngineTest {
  protected:
   // Serves the carousel, as files of the host.

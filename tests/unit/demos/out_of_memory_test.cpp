@@ -16,7 +16,7 @@ class OutOfMemoryInDemos : public DemoTest {
     static_cast<void>(Start());
     for (const std::int32_t key : pressed) {
       static_cast<void>(Press(key));
-      if (key != kOK) continue;
+      if (key != kSelect) continue;
       const auto timers = TheHost().timers;
       for (const auto& [timer, period] : timers) {
         static_cast<void>(Expire(static_cast<std::int32_t>(timer)));
@@ -49,14 +49,14 @@ class OutOfMemoryInDemos : public DemoTest {
 // A subject, two questions, a year that is not finished, the time, the help.
 TEST_F(OutOfMemoryInDemos, the_quiz_leaves_nothing_behind) {
   ServeDemo("quiz");
-  FailNowAndThen(29, {kRed,   kDown, kOK,         kGreen,      kRight, kOK,    kOK,  kDown,
-                      kOK,    kOK,   kDigit0 + 1, kDigit0 + 9, kLeft,  kOK,    kRed, kGreen,
-                      kRight, kOK,   kBlue,       kDown,       kOK,    kCancel});
+  FailNowAndThen(29, {kRed,    kDown,   kSelect,     kGreen,      kRight,  kSelect, kSelect, kDown,
+                      kSelect, kSelect, kDigit0 + 1, kDigit0 + 9, kLeft,   kSelect, kRed,    kGreen,
+                      kRight,  kSelect, kBlue,       kDown,       kSelect, kCancel});
 }
 
 TEST_F(OutOfMemoryInDemos, the_clock_leaves_nothing_behind) {
   ServeDemo("clock");
-  FailNowAndThen(7, {kRed, kOK, kGreen, kOK, kYellow, kYellow, kRed});
+  FailNowAndThen(7, {kRed, kSelect, kGreen, kSelect, kYellow, kYellow, kRed});
 }
 
 class OutOfMemoryInWelcome : public DemoTest {

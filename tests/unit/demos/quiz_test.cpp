@@ -36,7 +36,7 @@ class Quiz : public DemoTest {
     if (number > 2) PressAll({kDown});
     if (number % 2 == 0) PressAll({kRight});
     EXPECT_EQ(Find<TokenGroup>(kToken, SceneName()).TokenPosition, number);
-    PressAll({kOK});
+    PressAll({kSelect});
   }
   void Type(std::int32_t year) {
     for (const char digit : std::to_string(year)) PressAll({kDigit0 + (digit - '0')});
@@ -50,7 +50,7 @@ class Quiz : public DemoTest {
          --turns) {
       PressAll({kDown});
     }
-    PressAll({kOK});
+    PressAll({kSelect});
     EXPECT_EQ(IntegerOf(kChosen), subject);
     PressAll({kGreen});
     ASSERT_EQ(SceneName(), "~/question");
@@ -67,15 +67,15 @@ TEST_F(Quiz, each_subject_is_won_by_right_answers) {
       Answer(RightAnswer());
       EXPECT_EQ(Says(kVerdict), "That is right!");
       EXPECT_TRUE(Says(kRemark).ends_with(".")) << Says(kRemark);
-      PressAll({kOK});
+      PressAll({kSelect});
     }
     ASSERT_EQ(SceneName(), "~/year");
     EXPECT_TRUE(Says(2).ends_with("?")) << Says(2);
     Type(RightAnswer());
-    PressAll({kOK});
+    PressAll({kSelect});
     EXPECT_EQ(Says(kVerdict), "That is right!");
     EXPECT_TRUE(Says(kRemark).ends_with(".")) << Says(kRemark);
-    PressAll({kOK});
+    PressAll({kSelect});
     ASSERT_EQ(SceneName(), "~/result");
     EXPECT_EQ(Says(4), "3 of 3");
     PressAll({kRed});
@@ -86,14 +86,14 @@ TEST_F(Quiz, wrong_answers_win_nothing_and_are_told) {
   Begin(3);
   Answer(RightAnswer() % 4 + 1);
   EXPECT_EQ(Says(kVerdict), "No, it is the green one.");
-  PressAll({kOK});
+  PressAll({kSelect});
   Answer(RightAnswer() % 4 + 1);
-  PressAll({kOK});
+  PressAll({kSelect});
   const std::int32_t year = RightAnswer();
   Type(year - 1);
-  PressAll({kOK});
+  PressAll({kSelect});
   EXPECT_EQ(Says(kVerdict), "No, it was " + std::to_string(year) + ".");
-  PressAll({kOK});
+  PressAll({kSelect});
   EXPECT_EQ(Says(4), "0 of 3");
 }
 
@@ -112,14 +112,14 @@ TEST_F(Quiz, a_question_without_an_answer_is_over_after_its_seconds) {
   PressAll({kUp, kLeft, kDown, kRight});
   EXPECT_EQ(Find<TokenGroup>(kToken, SceneName()).TokenPosition, RightAnswer());
   EXPECT_EQ(IntegerOf(kScore), 0);
-  PressAll({kOK});
+  PressAll({kSelect});
   EXPECT_EQ(SaidBy("~/a", 24), "2 of 3");
   EXPECT_TRUE(IsPending(kCountdown)) << "the next question has its own time";
 }
 
 TEST_F(Quiz, a_year_without_an_answer_is_over_after_its_seconds) {
   Begin(1);
-  PressAll({kOK, kOK, kOK, kOK, kDigit0 + 1});
+  PressAll({kSelect, kSelect, kSelect, kSelect, kDigit0 + 1});
   ASSERT_EQ(SceneName(), "~/year");
   const std::int32_t score = IntegerOf(kScore);
   for (std::int32_t left = IntegerOf(kSeconds); left > 0; --left) {
@@ -130,7 +130,7 @@ TEST_F(Quiz, a_year_without_an_answer_is_over_after_its_seconds) {
   PressAll({kDigit0 + 9, kCancel});
   EXPECT_EQ(Says(kVerdict), "Time is up.");
   EXPECT_EQ(IntegerOf(kScore), score);
-  PressAll({kOK});
+  PressAll({kSelect});
   EXPECT_EQ(SceneName(), "~/result");
 }
 
@@ -139,7 +139,7 @@ TEST_F(Quiz, an_answer_or_leaving_stops_the_time) {
   EXPECT_TRUE(IsPending(kCountdown));
   Answer(1);
   EXPECT_FALSE(IsPending(kCountdown));
-  PressAll({kOK});
+  PressAll({kSelect});
   EXPECT_TRUE(IsPending(kCountdown));
   PressAll({kRed});
   EXPECT_EQ(SceneName(), "~/welcome");
@@ -151,9 +151,9 @@ TEST_F(Quiz, without_a_limit_no_time_runs) {
   ASSERT_EQ(SceneName(), "~/time");
   for (std::int32_t steps = 0; steps < 10; ++steps) PressAll({kLeft});
   EXPECT_EQ(Says(2), "No limit");
-  PressAll({kOK});
+  PressAll({kSelect});
   EXPECT_EQ(Says(7), "No limit");
-  PressAll({kOK});
+  PressAll({kSelect});
   ASSERT_EQ(SceneName(), "~/question");
   EXPECT_TRUE(TheHost().timers.empty());
   EXPECT_FALSE(Find<Slider>(41, SceneName()).RunningStatus);
@@ -161,10 +161,10 @@ TEST_F(Quiz, without_a_limit_no_time_runs) {
 
 TEST_F(Quiz, a_year_needs_four_digits_and_can_be_corrected) {
   Begin(1);
-  PressAll({kOK, kOK, kOK, kOK});
+  PressAll({kSelect, kSelect, kSelect, kSelect});
   ASSERT_EQ(SceneName(), "~/year");
   Type(17);
-  PressAll({kOK});
+  PressAll({kSelect});
   EXPECT_EQ(Says(kVerdict), "A year has four digits.");
   Type(685);
   EXPECT_EQ(Says(kVerdict), "A year has four digits.") << "there were five";
@@ -183,7 +183,7 @@ TEST_F(Quiz, the_help_explains_each_anchor) {
   ASSERT_EQ(SceneName(), "~/help");
   for (const char* label : {"Answering ", "The clock ", "The score ", "The keys  "}) {
     const std::string before = Says(4);
-    PressAll({kOK});
+    PressAll({kSelect});
     EXPECT_EQ(Says(3), label);
     EXPECT_NE(Says(4), before);
     PressAll({kDown});

@@ -22,11 +22,11 @@ class Timers : public EngineTest {
     TakeNotes();
   }
 
-  Status Set(Group* group, std::int32_t id, std::int32_t value, std::int32_t absolute = kNotGiven) {
-    return Do([&] { return SetTimer(*group, id, value, absolute); });
+  Status Set(Group* group, std::int32_t id, std::int32_t value, bool isAbsolute = false) {
+    return Do([&] { return SetTimer(*group, id, value, isAbsolute); });
   }
-  Status SetInScene(std::int32_t id, std::int32_t value, std::int32_t absolute = kNotGiven) {
-    return Set(CurrentScene(), id, value, absolute);
+  Status SetInScene(std::int32_t id, std::int32_t value, bool isAbsolute = false) {
+    return Set(CurrentScene(), id, value, isAbsolute);
   }
 
   std::string moreItems_;
@@ -44,27 +44,27 @@ class TimerActions : public Timers {
 };
 
 TEST_F(Timers, a_relative_timer_starts_the_platform_timer_of_its_id) {
-  EXPECT_EQ(SetInScene(5, 700, 0), Status::Done);
+  EXPECT_EQ(SetInScene(5, 700, false), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 700}}));
   ASSERT_EQ(CurrentScene()->Timers.Size(), 1U);
   EXPECT_EQ(CurrentScene()->Timers.At(0)->Id, 5);
   EXPECT_EQ(CurrentScene()->Timers.At(0)->Value, 700);
 }
 
-TEST_F(Timers, a_timer_without_an_absolute_flag_is_relative) {
-  EXPECT_EQ(SetInScene(5, 700, kNotGiven), Status::Done);
+TEST_F(TimerActions, a_timer_without_an_absolute_flag_is_relative) {
+  EXPECT_EQ(Press(100), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 700}}));
   EXPECT_FALSE(CurrentScene()->Timers.At(0)->IsAbsolute);
 }
 
 TEST_F(Timers, an_absolute_timer_counts_from_the_entry_into_the_scene) {
-  EXPECT_EQ(SetInScene(5, 4000, 1), Status::Done);
+  EXPECT_EQ(SetInScene(5, 4000, true), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 3000}}));
   EXPECT_TRUE(CurrentScene()->Timers.At(0)->IsAbsolute);
 }
 
 TEST_F(Timers, an_absolute_time_before_the_scene_does_not_come_in_practice) {
-  EXPECT_EQ(SetInScene(5, 999, 1), Status::Done);
+  EXPECT_EQ(SetInScene(5, 999, true), Status::Done);
   ASSERT_EQ(TheHost().timers.count(5), 1U);
   EXPECT_GE(TheHost().timers[5], 0x7FFFFFFFU);
 }
@@ -72,7 +72,7 @@ TEST_F(Timers, an_absolute_time_before_the_scene_does_not_come_in_practice) {
 TEST_F(Timers, each_scene_has_its_own_time_of_entry) {
   TheHost().milliseconds = 2500;
   ASSERT_EQ(GoTo("~/next"), Status::Done);
-  EXPECT_EQ(SetInScene(5, 4000, 1), Status::Done);
+  EXPECT_EQ(SetInScene(5, 4000, true), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 1500}}));
 }
 
@@ -110,11 +110,11 @@ TEST_F(Timers, setting_a_timer_again_restarts_it_with_the_second_value) {
 }
 
 TEST_F(Timers, setting_a_timer_again_keeps_its_first_absolute_flag) {
-  EXPECT_EQ(SetInScene(5, 4000, 1), Status::Done);
-  EXPECT_EQ(SetInScene(5, 6000, 0), Status::Done);
+  EXPECT_EQ(SetInScene(5, 4000, true), Status::Done);
+  EXPECT_EQ(SetInScene(5, 6000, false), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 5000}})) << "still counted from the entry";
-  EXPECT_EQ(SetInScene(6, 4000, 0), Status::Done);
-  EXPECT_EQ(SetInScene(6, 6000, 1), Status::Done);
+  EXPECT_EQ(SetInScene(6, 4000, false), Status::Done);
+  EXPECT_EQ(SetInScene(6, 6000, true), Status::Done);
   EXPECT_EQ(TheHost().timers[6], 6000U);
 }
 
@@ -138,9 +138,9 @@ TEST_F(Timers, cancelling_a_timer_that_was_never_set_does_nothing) {
 }
 
 TEST_F(Timers, a_cancelled_timer_may_take_another_absolute_flag) {
-  EXPECT_EQ(SetInScene(5, 4000, 1), Status::Done);
+  EXPECT_EQ(SetInScene(5, 4000, true), Status::Done);
   EXPECT_EQ(SetInScene(5, kNoTimerValue), Status::Done);
-  EXPECT_EQ(SetInScene(5, 4000, 0), Status::Done);
+  EXPECT_EQ(SetInScene(5, 4000, false), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 4000}}));
 }
 
@@ -190,7 +190,7 @@ TEST_F(Timers, without_memory_no_timer_starts_and_it_is_said) {
   for (const std::size_t failing : {1U, 2U}) {  // the name of the owner and the record
     const Status result = Do([&] {
       FailAllocation(failing);
-      const Status status = SetTimer(*CurrentScene(), 5, 700, 0);
+      const Status status = SetTimer(*CurrentScene(), 5, 700, false);
       FailAllocation(0);
       return status;
     });

@@ -31,7 +31,7 @@ class CanvasTest : public Stage {
   void Clear() { EXPECT_EQ(ClearCanvas(kTransparentColour, lineArt.Canvas), Status::Done); }
 
   DynamicLineArt lineArt;
-  LineAttributes red{.Width = 1, .Style = 1, .Ink = kOpaqueRed};
+  LineAttributes red{.Width = 1, .Style = LineStyle::Solid, .Ink = kOpaqueRed};
 };
 
 TEST_F(CanvasTest, a_new_canvas_shows_what_lies_below) {
@@ -229,7 +229,7 @@ TEST_F(CanvasTest, a_polygon_of_a_thousand_corners_is_drawn_and_one_of_more_is_n
 TEST_F(CanvasTest, lines_of_style_2_are_dashed_and_of_style_3_dotted) {
   const auto inkOf = [this](std::int32_t style) {
     Clear();
-    red.Style = style;
+    red.Style = LineStyle{style};
     EXPECT_EQ(CanvasLine({0, 50}, {199, 50}, red, lineArt.Canvas), Status::Done);
     return Paint().Count(kWholeScene, kRed);
   };
@@ -258,7 +258,7 @@ TEST_F(CanvasTest, dashes_of_lines_that_leave_the_canvas_stay_dashes_in_their_pl
   for (const auto& [nearby, distant] : pairs) {
     for (const std::int32_t style : {1, 2, 3}) {
       for (const std::int32_t width : {1, 4}) {
-        red.Style = style;
+        red.Style = LineStyle{style};
         red.Width = width;
         Clear();
         EXPECT_EQ(CanvasLine(nearby.from, nearby.to, red, lineArt.Canvas), Status::Done);
@@ -275,7 +275,7 @@ TEST_F(CanvasTest, dashes_of_lines_that_leave_the_canvas_stay_dashes_in_their_pl
 TEST_F(CanvasTest, dashes_of_rectangles_that_leave_the_canvas_stay_dashes_in_their_places) {
   for (const std::int32_t style : {2, 3}) {
     for (const std::int32_t width : {1, 4}) {
-      red.Style = style;
+      red.Style = LineStyle{style};
       red.Width = width;
       const auto inkOf = [this](CanvasPoint from, CanvasPoint to) {
         Clear();
@@ -395,7 +395,7 @@ TEST_F(CanvasTest, the_largest_numbers_take_no_time) {
   const std::uint64_t start = ProcessorMs();
   for (const std::int32_t style : {1, 2, 3}) {
     for (const std::int32_t width : {1, kLargest, kSmallest}) {
-      red.Style = style;
+      red.Style = LineStyle{style};
       red.Width = width;
       const CanvasPoint corners[] = {{kSmallest, kLargest}, {kLargest, 5}, {3, kSmallest}};
       EXPECT_EQ(CanvasLine({kSmallest, 3}, {kLargest, 4}, red, lineArt.Canvas), Status::Done);

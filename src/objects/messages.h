@@ -1,0 +1,57 @@
+// The fixed messages that the engine prints to standard output. They are the only diagnostics that
+// an application's author sees, so their texts never change.
+#pragma once
+
+#include <cstdint>
+
+namespace korvel {
+
+enum class Message : std::uint8_t {
+  // Starting and replacing groups.
+  ParserFailed,
+  StartupError,
+  LaunchError,
+  SpawnError,
+  ParseError,
+  TransitionToError,
+  // Action lists and their limits.
+  UnknownAction,  // its number, an int
+  NestingTooDeep,
+  TooManyActions,
+  // Objects, actions and resident programs.
+  UnknownItemType,
+  GetItemTypeError,
+  MonthError,
+  MovementIdentifierError,
+  ElementError,
+  TokenGroupItemError,
+  TokenGroupActivationError,
+  SetLineColourError,
+  SetFillColourError,
+  TextLength,   // GetTextData reports the length of the text, an int
+  UnknownWord,  // of the textual notation: the word
+  // Memory is out.
+  NoMemoryForEvent,
+  NoMemoryForDisplayStack,
+  NoMemoryForDisplayStackItem,
+  NoMemoryForPersistent,
+  NoMemoryForPersistentName,
+  NoMemoryForOctets,
+  NoMemoryForReference,
+  NoMemoryForAppended,
+  NoMemoryForTextData,
+  NoMemoryForLongerText,
+  NoMemoryForTextVariable,
+  NoMemoryForAnchorVariable,
+  NoMemoryForPoints,
+  NoMemoryForParameterGroup,
+  NoMemoryForGroup,  // the class; a space, or nothing without an attribute; the attribute
+};
+
+// The text of a message as printf formats it, with its line end.
+[[nodiscard]] const char* TextOf(Message message);
+
+// Prints a message. The values are those that the list above names, in that order.
+void Say(Message message, ...);
+
+}  // namespace korvel

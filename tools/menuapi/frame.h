@@ -8,8 +8,8 @@
 #include <span>
 #include <vector>
 
-#include "player/menuapi/inverse_dct.h"
-#include "player/menuapi/picture.h"
+#include "menuapi/inverse_dct.h"
+#include "menuapi/picture.h"
 
 namespace menuapi {
 

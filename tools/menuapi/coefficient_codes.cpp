@@ -1,6 +1,6 @@
 // The tables B.14 (zero) and B.15 (one), sorted by run and level. Table zero has another code for
 // run 0 and level 1 at the begin of a block, but only of one that is not intra coded.
-#include "player/menuapi/coefficient_codes.h"
+#include "menuapi/coefficient_codes.h"
 
 namespace menuapi {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <span>
 
-#include "player/menuapi/frame.h"
+#include "menuapi/frame.h"
 
 namespace menuapi {
 

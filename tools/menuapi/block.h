@@ -2,9 +2,9 @@
 // 7.4, for intra blocks.
 #pragma once
 
-#include "player/menuapi/bit_reader.h"
-#include "player/menuapi/inverse_dct.h"
-#include "player/menuapi/picture.h"
+#include "menuapi/bit_reader.h"
+#include "menuapi/inverse_dct.h"
+#include "menuapi/picture.h"
 
 namespace menuapi {
 

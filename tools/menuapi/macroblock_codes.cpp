@@ -1,6 +1,6 @@
 // The rows, each table sorted by what the codes stand for. Tables are built on first use and stay
 // until the library is unloaded.
-#include "player/menuapi/macroblock_codes.h"
+#include "menuapi/macroblock_codes.h"
 
 namespace menuapi {
 namespace {

@@ -2,9 +2,9 @@
 // of each mean is said in sequence.h and picture.h.
 #pragma once
 
-#include "player/menuapi/picture.h"
-#include "player/menuapi/sequence.h"
-#include "player/menuapi/start_codes.h"
+#include "menuapi/picture.h"
+#include "menuapi/sequence.h"
+#include "menuapi/start_codes.h"
 
 namespace menuapi {
 

@@ -1,6 +1,6 @@
 // The formula itself, in double precision, once along the rows and once along the columns. Most
 // coefficients are 0 and are passed over, which is worth more than a faster algorithm.
-#include "player/menuapi/inverse_dct.h"
+#include "menuapi/inverse_dct.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 // The fields in their order, those without bearing on an intra picture passed over. Marker bits are
 // not looked at: nothing depends on them.
-#include "player/menuapi/picture.h"
+#include "menuapi/picture.h"
 
 #include <algorithm>
 

@@ -4,10 +4,10 @@
 
 #include <array>
 
-#include "player/menuapi/bit_reader.h"
-#include "player/menuapi/coefficient_codes.h"
-#include "player/menuapi/quantiser.h"
-#include "player/menuapi/sequence.h"
+#include "menuapi/bit_reader.h"
+#include "menuapi/coefficient_codes.h"
+#include "menuapi/quantiser.h"
+#include "menuapi/sequence.h"
 
 namespace menuapi {
 

@@ -1,9 +1,9 @@
 // From headers to slices, for one picture or two fields. A picture's slices end at the first unit
 // that is none.
-#include "player/menuapi/decoder.h"
+#include "menuapi/decoder.h"
 
-#include "player/menuapi/header_reader.h"
-#include "player/menuapi/slice.h"
+#include "menuapi/header_reader.h"
+#include "menuapi/slice.h"
 
 namespace menuapi {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "player/menuapi/code_table.h"
+#include "menuapi/code_table.h"
 
 namespace menuapi {
 

@@ -1,6 +1,6 @@
 // Reads the file as a whole and decodes it. The file's size is not asked for beforehand: it is read
 // until there is no more.
-#include "player/menuapi/stream_file.h"
+#include "menuapi/stream_file.h"
 
 #include <cstdio>
 #include <memory>

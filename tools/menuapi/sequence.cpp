@@ -1,6 +1,6 @@
 // The fields in their order. What has no bearing on a single picture (rates, buffers, the shape of
 // pixels) is passed over.
-#include "player/menuapi/sequence.h"
+#include "menuapi/sequence.h"
 
 namespace menuapi {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <exception>
 
-#include "player/menuapi/stream_file.h"
+#include "menuapi/stream_file.h"
 
 // Ordinal 1. Decodes the frame in the file at `path` into the buffer that `buffer` points to, of
 // width x height x 3 / 2 bytes, as planes of Y, U and V. The number is always 1. Returns 0 when the

@@ -1,8 +1,8 @@
 // The syntax of slices and macroblocks, and the places of their blocks. What is wrong ends the
 // slice; what has been decoded of it until then stays.
-#include "player/menuapi/slice.h"
+#include "menuapi/slice.h"
 
-#include "player/menuapi/macroblock_codes.h"
+#include "menuapi/macroblock_codes.h"
 
 namespace menuapi {
 namespace {

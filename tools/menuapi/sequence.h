@@ -2,8 +2,8 @@
 // quantiser matrix is here too, although an extension of a picture may change it.
 #pragma once
 
-#include "player/menuapi/bit_reader.h"
-#include "player/menuapi/quantiser.h"
+#include "menuapi/bit_reader.h"
+#include "menuapi/quantiser.h"
 
 namespace menuapi {
 

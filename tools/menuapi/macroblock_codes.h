@@ -2,7 +2,7 @@
 // pictures), B.10, B.12 and B.13.
 #pragma once
 
-#include "player/menuapi/code_table.h"
+#include "menuapi/code_table.h"
 
 namespace menuapi {
 

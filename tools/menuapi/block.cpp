@@ -1,6 +1,6 @@
 // The rules for coefficients, as they come: the DC coefficient, the others up to the end of the
 // block, and the last one's correction.
-#include "player/menuapi/block.h"
+#include "menuapi/block.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,6 +1,6 @@
 // Planes and the places of lines in them. A field is the same plane with steps of two
 // lines, so that all that follows need not know of fields.
-#include "player/menuapi/frame.h"
+#include "menuapi/frame.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // The headers' order, and which extensions count. An extension belongs to the header before it,
 // which is why their order matters.
-#include "player/menuapi/header_reader.h"
+#include "menuapi/header_reader.h"
 
 namespace menuapi {
 namespace {

@@ -1,6 +1,6 @@
 // The two orders, each number a place in the block: row x 8 + column. Eight places a line here, as
 // they come in the stream.
-#include "player/menuapi/scan_order.h"
+#include "menuapi/scan_order.h"
 
 namespace menuapi {
 namespace {

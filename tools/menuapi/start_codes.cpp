@@ -1,6 +1,6 @@
 // The search for prefixes. No other bytes of a unit can look like one, which is the standard's
 // promise: so a damaged unit ends at the next prefix whatever it holds.
-#include "player/menuapi/start_codes.h"
+#include "menuapi/start_codes.h"
 
 #include <algorithm>
 

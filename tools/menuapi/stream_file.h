@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "player/menuapi/decoder.h"
+#include "menuapi/decoder.h"
 
 namespace menuapi {
 

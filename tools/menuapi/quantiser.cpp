@@ -1,6 +1,6 @@
 // The default matrix, the table of the non-linear scale (7-6), and the reading of a matrix, whose
 // weights come in zigzag order whatever the picture's scan is.
-#include "player/menuapi/quantiser.h"
+#include "menuapi/quantiser.h"
 
 #include <algorithm>
 

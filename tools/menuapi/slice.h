@@ -5,9 +5,9 @@
 #include <array>
 #include <vector>
 
-#include "player/menuapi/block.h"
-#include "player/menuapi/frame.h"
-#include "player/menuapi/start_codes.h"
+#include "menuapi/block.h"
+#include "menuapi/frame.h"
+#include "menuapi/start_codes.h"
 
 namespace menuapi {
 

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "player/menuapi/bit_reader.h"
+#include "menuapi/bit_reader.h"
 
 namespace menuapi {
 

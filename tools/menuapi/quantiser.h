@@ -5,8 +5,8 @@
 #include <array>
 #include <cstdint>
 
-#include "player/menuapi/bit_reader.h"
-#include "player/menuapi/scan_order.h"
+#include "menuapi/bit_reader.h"
+#include "menuapi/scan_order.h"
 
 namespace menuapi {
 

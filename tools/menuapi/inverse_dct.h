@@ -5,7 +5,7 @@
 #include <array>
 #include <cstdint>
 
-#include "player/menuapi/scan_order.h"
+#include "menuapi/scan_order.h"
 
 namespace menuapi {
 

@@ -26,7 +26,8 @@ bool Join(std::string_view directory, std::string_view name, OctetString& joined
 
 Status FetchIn(std::string_view directory, std::string_view name, OctetString& bytes) {
   OctetString path;
-  return Join(directory, name, path) ? FetchFile(path.View(), &bytes) : Status::Refused;
+  const bool isRead = Join(directory, name, path) && FetchFile(path.View(), &bytes);
+  return isRead ? Status::Done : Status::Refused;
 }
 
 Status FetchStartUpNames(std::string_view directory, OctetString& bytes) {
@@ -35,7 +36,7 @@ Status FetchStartUpNames(std::string_view directory, OctetString& bytes) {
 }
 
 Status FetchStartUpAt(std::string_view path, OctetString& bytes) {
-  if (FetchFile(path, &bytes) == Status::Done) return Status::Done;
+  if (FetchFile(path, &bytes)) return Status::Done;
   OctetString& directory = TheCore().currentDirectory;
   if (!Join(path, path.ends_with('/') ? "" : "/", directory)) return Status::Refused;
   if (FetchStartUpNames(directory.View(), bytes) == Status::Done) return Status::Done;
@@ -97,7 +98,7 @@ Status MakeFileName(std::string_view groupName, OctetString& fileName) {
 Status ResolveGroup(std::string_view groupName, OctetString& bytes) {
   OctetString fileName;
   if (MakeFileName(groupName, fileName) != Status::Done) return Status::Refused;
-  if (FetchFile(fileName.View(), &bytes) == Status::Done) return Status::Done;
+  if (FetchFile(fileName.View(), &bytes)) return Status::Done;
   PauseUnlessClosing(kPauseMs);
   return Status::Refused;
 }

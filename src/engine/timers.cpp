@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "engine/core.h"
-#include "platform/timers.h"
+#include "platform/clocks.h"
 
 namespace korvel {
 namespace {

@@ -56,23 +56,23 @@ void WithdrawHostObject() {
   host->table->Release(host);
 }
 
-Status FetchFile(std::string_view path, OctetString* bytes) {
+bool FetchFile(std::string_view path, OctetString* bytes) {
   OctetString terminatedPath;
   MHEG5Host* host = hostState.hostObject;
-  if (host == nullptr || !terminatedPath.Assign(path)) return Status::Refused;
-  if (terminatedPath.TextView().empty()) return Status::Refused;
+  if (host == nullptr || !terminatedPath.Assign(path)) return false;
+  if (terminatedPath.TextView().empty()) return false;
 
   void* data = nullptr;
   std::uint32_t size = 0;
   if (!AskHost(host, terminatedPath.Text(), &data, bytes == nullptr ? nullptr : &size)) {
-    return Status::Refused;
+    return false;
   }
-  // A host that reports bytes without saying where they are has not read the file.
+  // A host that reports bytes without their address has not read the file.
   const bool isReadable = data != nullptr || size == 0;
-  const bool isTaken =
+  const bool isFetched =
       bytes == nullptr || (isReadable && bytes->Assign({static_cast<const char*>(data), size}));
   host->table->FreeBuffer(host, data);
-  return isTaken ? Status::Done : Status::Refused;
+  return isFetched;
 }
 
 }  // namespace korvel

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "platform/trace.h"
+#include "platform/running.h"
 
 namespace korvel {
 namespace {

@@ -12,9 +12,8 @@
 #include "host/host_state.h"
 #include "host/message_queues.h"
 #include "host/trace.h"
+#include "platform/clocks.h"
 #include "platform/running.h"
-#include "platform/timers.h"
-#include "platform/trace.h"
 #include "presentation/presentation.h"
 
 namespace korvel {

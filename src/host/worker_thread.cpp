@@ -57,7 +57,7 @@ void HandleKey(std::uint32_t virtualKey) {
   ResetRedrawCounter();
   if (StartEngine({}) == Status::Refused) return false;
   RedrawAtOnce();
-  static_cast<void>(DeviceUpdate());
+  DeviceUpdate();
   AllowRunning();
   return true;
 }
@@ -94,7 +94,7 @@ void RunWorkerLoop() {
 void ShowScreenText(std::string_view text) {
   ClearSurface();
   DrawScreenText(text);
-  static_cast<void>(DeviceUpdate());
+  DeviceUpdate();
 }
 
 void OpenWorker() {

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "presentation/encoder.h"
+#include "presentation/i_frame.h"
 #include "presentation/picture.h"
 
 namespace korvel::test {

@@ -1,18 +1,18 @@
-// Clipping against a square around the origin, worked in double precision: content may give any
-// 32-bit coordinates.
-#include "appearance/clipping.h"
+// Line attributes, and clipping against a square around the origin. Clipping calculates in double
+// precision: content may give any 32-bit coordinates.
+#include "appearance/geometry.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 
-#include "appearance/geometry.h"
+#include "objects/limits.h"
 
 namespace korvel {
 
 namespace {
 
-// One side of the square: the points p with p.X * X + p.Y * Y <= Far lie inside of it.
+// One side of the square: a point p is inside if p.X * X + p.Y * Y <= Far.
 struct Side {
   double X;
   double Y;
@@ -24,13 +24,13 @@ std::array<Side, 4> SidesOf(std::int64_t farthest) {
   return {Side{1, 0, far}, Side{-1, 0, far}, Side{0, 1, far}, Side{0, -1, far}};
 }
 
-// How far a point lies outside of a side; not above 0 inside.
+// The distance of a point outside a side; 0 or less inside.
 double Outside(const CanvasPoint& point, const Side& side) {
   return point.X * side.X + point.Y * side.Y - side.Far;
 }
 
-// Where the line from an inner to an outer point, or the other way, meets the side.
-CanvasPoint Meeting(const CanvasPoint& from, const CanvasPoint& to, const Side& side) {
+// The point where the line between an inner and an outer point crosses the side.
+CanvasPoint Crossing(const CanvasPoint& from, const CanvasPoint& to, const Side& side) {
   const double before = Outside(from, side);
   const double share = before / (before - Outside(to, side));
   const auto between = [share](double start, double end) {
@@ -47,13 +47,13 @@ CanvasPoint Meeting(const CanvasPoint& from, const CanvasPoint& to, const Side& 
     const bool isInside = Outside(here, side) <= 0;
     if (isInside && !clipped.Append(here)) return false;
     if (isInside == (Outside(next, side) <= 0)) continue;
-    if (!clipped.Append(Meeting(here, next, side))) return false;
+    if (!clipped.Append(Crossing(here, next, side))) return false;
   }
   return true;
 }
 
-// Narrows the shares of a line between which it lies inside of a side, given how far outside its
-// ends are.
+// Narrows the range of shares, from `first` to `last`, in which a line is inside a side. `start`
+// and `end` are the distances of its ends outside that side.
 void NarrowToSide(double start, double end, double& first, double& last) {
   if (start > 0 && end > 0) last = -1;
   if ((start > 0) == (end > 0)) return;
@@ -66,6 +66,27 @@ void NarrowToSide(double start, double end, double& first, double& last) {
 }
 
 }  // namespace
+
+std::int32_t DrawnWidth(const LineAttributes& line) {
+  return line.Width < 0 ? 0 : NearCoordinate(line.Width);
+}
+
+Dashes DashesOf(const LineAttributes& line) {
+  switch (line.Style) {
+  case 2: return Dashes::Long;
+  case 3: return Dashes::Short;
+  default: return Dashes::None;
+  }
+}
+
+std::int32_t DashPeriod(const LineAttributes& line) {
+  const Dashes dashes = DashesOf(line);
+  return dashes == Dashes::None ? 0 : (static_cast<std::int32_t>(dashes) + 1) * DrawnWidth(line);
+}
+
+bool HasTooManyDashes(const LineAttributes& line, double length) {
+  return DashPeriod(line) > 0 && length > kMostDashes * DashPeriod(line);
+}
 
 double LinePart::Length() const { return std::hypot(ToX - FromX, ToY - FromY); }
 
@@ -88,14 +109,11 @@ bool ClipLine(const CanvasPoint& from, const CanvasPoint& to, std::int64_t farth
 bool ClipPolygon(std::span<const CanvasPoint> points, std::int64_t farthest,
                  Sequence<CanvasPoint>& clipped) {
   const std::array<Side, 4> sides = SidesOf(farthest);
-  Sequence<CanvasPoint> right;
-  Sequence<CanvasPoint> left;
-  Sequence<CanvasPoint> lower;
-  const auto all = [](const Sequence<CanvasPoint>& some) {
-    return std::span<const CanvasPoint>(some.begin(), some.Size());
-  };
-  return ClipToSide(points, sides[0], right) && ClipToSide(all(right), sides[1], left) &&
-         ClipToSide(all(left), sides[2], lower) && ClipToSide(all(lower), sides[3], clipped);
+  Sequence<CanvasPoint> first;
+  Sequence<CanvasPoint> second;
+  Sequence<CanvasPoint> third;
+  return ClipToSide(points, sides[0], first) && ClipToSide(first, sides[1], second) &&
+         ClipToSide(second, sides[2], third) && ClipToSide(third, sides[3], clipped);
 }
 
 }  // namespace korvel

@@ -1,24 +1,15 @@
-// The limits on picture files: what is given to a decoder and what is not.
-#include "appearance/picture_size.h"
+// Paths of content, and which picture files and streams are decoded.
+#include "appearance/content_file.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
+#include "support/number_bytes.h"
+
 namespace korvel::test {
 
 namespace {
-
-std::string Number(std::uint32_t number, int bytes, bool isBigFirst) {
-  std::string text;
-  for (int byte = 0; byte < bytes; ++byte) {
-    text += static_cast<char>(number >> 8 * (isBigFirst ? bytes - 1 - byte : byte));
-  }
-  return text;
-}
-
-std::string Big(std::uint32_t number, int bytes) { return Number(number, bytes, true); }
-std::string Little(std::uint32_t number, int bytes) { return Number(number, bytes, false); }
 
 std::string Png(std::uint32_t width, std::uint32_t height) {
   return "\x89PNG\r\n\x1A\n" + Big(13, 4) + "IHDR" + Big(width, 4) + Big(height, 4);
@@ -120,13 +111,13 @@ TEST(PictureSize, pixels_times_scans_of_a_jpeg_file_are_limited) {
   EXPECT_FALSE(MayBeDecoded(Jpeg(1024, 1024) + Scans(257)));
 }
 
-TEST(PictureSize, every_frame_of_a_jpeg_file_is_looked_at) {
+TEST(PictureSize, every_frame_of_a_jpeg_file_is_examined) {
   EXPECT_FALSE(MayBeDecoded(Jpeg(8, 8) + JpegFrame(60000, 60000)));
   EXPECT_FALSE(MayBeDecoded(Jpeg(60000, 60000) + JpegFrame(8, 8)));
   EXPECT_FALSE(MayBeDecoded("\xFF\xD8" + Scans(1))) << "no frame";
 }
 
-TEST(PictureSize, segments_and_data_of_a_jpeg_file_are_no_markers) {
+TEST(PictureSize, markers_inside_segments_and_data_of_a_jpeg_file_do_not_count) {
   const std::string hidden = JpegFrame(60000, 60000);
   const std::string segment =
       "\xFF\xE0" + Big(static_cast<std::uint32_t>(2 + hidden.size()), 2) + hidden;
@@ -143,7 +134,7 @@ TEST(PictureSize, a_header_that_is_cut_short_claims_no_size) {
   }
 }
 
-TEST(PictureSize, files_of_other_formats_are_not_looked_into) {
+TEST(PictureSize, files_of_other_formats_are_not_examined) {
   for (const char* file : {"", "B", "II+", "RIFF....WEBP", "PNG"}) {
     EXPECT_TRUE(MayBeDecoded(file)) << file;
   }
@@ -154,6 +145,106 @@ TEST(PictureSize, a_file_of_more_than_64_mebibytes_is_refused) {
   file.resize(std::size_t{64} * 1024 * 1024);
   EXPECT_TRUE(MayBeDecoded(file));
   EXPECT_FALSE(MayBeDecoded(file + '.'));
+}
+
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::string_view kHeader = "\x00\x00\x01\xB3\x2D\x02\x40\x33"sv;  // 720 x 576
+constexpr std::string_view kPlain = "\x00\x00\x01\xB5\x14\x8A\x00\x01\x00\x00"sv;
+
+bool IsSized(const std::string& stream) {
+  FrameSize size;
+  return FindFrameSize(stream, size);
+}
+
+std::string operator+(std::string_view left, std::string_view right) {
+  return std::string(left) + std::string(right);
+}
+
+}  // namespace
+
+TEST(FrameSizeTest, the_size_is_in_the_sequence_header) {
+  FrameSize size;
+  ASSERT_TRUE(FindFrameSize(kHeader, size));
+  EXPECT_EQ(size.Width, 720);
+  EXPECT_EQ(size.Height, 576);
+  ASSERT_TRUE(FindFrameSize("\x00\x00\x01\xB3\x00\x1F\x01"sv, size)) << "7 bytes are enough";
+  EXPECT_EQ(size.Width, 1);
+  EXPECT_EQ(size.Height, 0xF01);
+}
+
+TEST(FrameSizeTest, a_stream_that_does_not_begin_with_a_whole_header_has_no_size) {
+  for (std::size_t length = 0; length < 7; ++length) {
+    EXPECT_FALSE(IsSized(std::string(kHeader.substr(0, length)))) << length;
+  }
+  EXPECT_FALSE(IsSized("\x01"sv + kHeader));
+  EXPECT_FALSE(IsSized("\x00\x00\x01\xB8\x2D\x02\x40"sv + kHeader));
+}
+
+TEST(FrameSizeTest, a_failure_leaves_the_size_unchanged) {
+  FrameSize size{.Width = 3, .Height = 4};
+  EXPECT_FALSE(FindFrameSize("\x00\x00\x01\xB3\x00\x00\x40"sv, size)) << "no width";
+  EXPECT_FALSE(FindFrameSize("\x00\x00\x01\xB3\x2D\x00\x00"sv, size)) << "no height";
+  EXPECT_EQ(size.Width, 3);
+  EXPECT_EQ(size.Height, 4);
+}
+
+TEST(FrameSizeTest, the_largest_size_of_a_header_is_decoded) {
+  constexpr std::string_view kLargest = "\x00\x00\x01\xB3\xFF\xFF\xFF"sv;
+  FrameSize size;
+  ASSERT_TRUE(FindFrameSize(kLargest, size));
+  EXPECT_EQ(size.Width, 4095);
+  EXPECT_EQ(size.Height, 4095);
+}
+
+TEST(FrameSizeTest, a_stream_longer_than_any_picture_is_not_decoded) {
+  std::string stream(kHeader);
+  stream.resize(kMostPictureBytes);
+  EXPECT_TRUE(IsSized(stream));
+  EXPECT_FALSE(IsSized(stream + '.'));
+}
+
+TEST(FrameSizeTest, an_extension_that_does_not_add_to_the_size_is_allowed) {
+  EXPECT_TRUE(IsSized(kHeader + kPlain));
+  EXPECT_TRUE(IsSized(kHeader + "\x00\x00\x01\xB5"sv)) << "cut short";
+  EXPECT_TRUE(IsSized(kHeader + "\x00\x00\x01\xB5\x8F\xFF\xFF\xFF"sv)) << "of a picture";
+}
+
+TEST(FrameSizeTest, a_stream_with_an_extension_to_a_larger_size_is_not_decoded) {
+  const std::string_view wider = "\x00\x00\x01\xB5\x14\x8B\x00\x01\x00\x00"sv;
+  const std::string_view muchWider = "\x00\x00\x01\xB5\x14\x8A\x80\x01\x00\x00"sv;
+  const std::string_view higher = "\x00\x00\x01\xB5\x14\x8A\x20\x01\x00\x00"sv;
+  const std::string_view muchHigher = "\x00\x00\x01\xB5\x14\x8A\x40\x01\x00\x00"sv;
+  for (const std::string_view extension : {wider, muchWider, higher, muchHigher}) {
+    EXPECT_FALSE(IsSized(kHeader + extension));
+    EXPECT_FALSE(IsSized(kHeader + (kPlain + extension))) << "after another one";
+    EXPECT_FALSE(IsSized(kHeader + extension.substr(0, 7)));
+  }
+}
+
+std::string PathOf(std::string_view reference) {
+  OctetString path;
+  EXPECT_TRUE(ContentPath(reference, path));
+  return std::string(path.View());
+}
+
+TEST(ContentPath, everything_up_to_the_first_slash_is_removed) {
+  EXPECT_EQ(PathOf("~/a.png"), "a.png");
+  EXPECT_EQ(PathOf("DSM:/a.png"), "a.png");
+  EXPECT_EQ(PathOf("dir/a.png"), "a.png");
+}
+
+TEST(ContentPath, other_slashes_become_backslashes) {
+  EXPECT_EQ(PathOf("~/a/b.png"), "a\\b.png");
+  EXPECT_EQ(PathOf("DSM://a/b"), "\\a\\b");
+}
+
+TEST(ContentPath, a_reference_without_a_slash_is_unchanged) {
+  EXPECT_EQ(PathOf("b.png"), "b.png");
+  EXPECT_EQ(PathOf("~b.png"), "~b.png");
+  EXPECT_EQ(PathOf(""), "");
 }
 
 }  // namespace korvel::test

@@ -1,16 +1,28 @@
-// Reading font attributes. What drawing does with them is left to text.cpp.
-#include "appearance/font_attributes.h"
+// Control sequences and font attributes. The bytes come from content and may be cut short anywhere.
+#include "appearance/text_attributes.h"
 
 #include <array>
 #include <charconv>
+
+#include "appearance/colours.h"
 
 namespace korvel {
 
 namespace {
 
+constexpr char kEscape = 27;
+constexpr char kColour = 'C';
+constexpr char kCarriageReturn = 13;
+constexpr char kLineFeed = 10;
+
+constexpr std::size_t kColourSequenceBytes = 7;
+constexpr std::size_t kOtherSequenceBytes = 2;
+constexpr std::size_t kColourOffset = 3;
+constexpr std::size_t kColourBytes = 4;
+
 constexpr std::array<std::string_view, 4> kStyleWords = {"plain", "italic", "bold", "bold-italic"};
 
-// Takes the part up to the next '.' off the front.
+// Removes and returns the part up to the next '.'.
 std::string_view TakePart(std::string_view& written) {
   const std::size_t dot = written.find('.');
   const std::string_view part = written.substr(0, dot);
@@ -34,6 +46,31 @@ std::string_view TakePart(std::string_view& written) {
 }
 
 }  // namespace
+
+bool ReadLeadingColour(std::string_view text, DrawnColour& colour) {
+  if (text.size() <= kColourSequenceBytes || text[0] != kEscape || text[1] != kColour) {
+    return false;
+  }
+  colour = PackColour(text.substr(kColourOffset, kColourBytes));
+  return true;
+}
+
+bool RemoveControlSequences(std::string_view text, OctetString& clean) {
+  if (!clean.Assign(text)) return false;
+  char* to = clean.MutableBytes();
+  std::size_t index = 0;
+  while (index < text.size()) {
+    if (text[index] == kEscape) {
+      const bool isColour = index + 1 < text.size() && text[index + 1] == kColour;
+      index += isColour ? kColourSequenceBytes : kOtherSequenceBytes;
+      continue;
+    }
+    *to++ = text[index] == kCarriageReturn ? kLineFeed : text[index];
+    ++index;
+  }
+  *to = 0;
+  return true;
+}
 
 FontAttributes ReadFontAttributes(std::string_view written) {
   FontAttributes read;

@@ -1,6 +1,6 @@
-// Control sequences in text, cut short at every byte: each text stands in a heap block of exactly
-// its size, so that one byte read too many is seen.
-#include "appearance/control_sequences.h"
+// Control sequences, cut short at every byte, and font attributes. Each text is in a heap block of
+// exactly its size, so that the sanitizer sees one byte read too many.
+#include "appearance/text_attributes.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 
 namespace korvel::test {
 
-// The text in a block of its own without a byte behind it.
+// The text in a block of its own, without a byte after it.
 class ExactText {
  public:
   explicit ExactText(std::string_view text)
@@ -57,7 +57,7 @@ TEST(ControlSequences, a_leading_colour_is_red_green_blue_and_transparency) {
             "01020364");
 }
 
-TEST(ControlSequences, a_colour_with_nothing_behind_it_is_none) {
+TEST(ControlSequences, a_colour_with_no_text_after_it_is_none) {
   for (std::size_t length = 0; length <= kRed.size(); ++length) {
     EXPECT_EQ(ColourOf(kRed.substr(0, length)), "none") << length;
   }
@@ -67,7 +67,7 @@ TEST(ControlSequences, a_colour_later_in_the_text_is_none) {
   EXPECT_EQ(ColourOf("x" + std::string(kRed) + "Hi"), "none");
 }
 
-TEST(ControlSequences, sequences_leave_the_text) {
+TEST(ControlSequences, sequences_are_removed_from_the_text) {
   EXPECT_EQ(Cleaned(std::string(kRed) + "Hi"), "Hi");
   EXPECT_EQ(Cleaned("one" + std::string(kRed) + "two"), "onetwo");
   EXPECT_EQ(Cleaned("one\x1B"
@@ -106,6 +106,48 @@ TEST(ControlSequences, any_bytes_are_read_within_their_bounds) {
     }
     ASSERT_EQ(Cleaned(text), wanted.substr(0, wanted.find('\0'))) << round;
   }
+}
+
+bool IsDefault(const FontAttributes& font) {
+  return font.Style == FontStyle::Plain && font.Size == 24 && font.LineSpacing == 28 &&
+         font.LetterSpacing == 0;
+}
+
+TEST(FontAttributes, all_four_parts_are_read) {
+  const FontAttributes font = ReadFontAttributes("bold-italic.36.40.-2");
+  EXPECT_EQ(font.Style, FontStyle::BoldItalic);
+  EXPECT_EQ(font.Size, 36);
+  EXPECT_EQ(font.LineSpacing, 40);
+  EXPECT_EQ(font.LetterSpacing, -2);
+}
+
+TEST(FontAttributes, every_style_has_its_word) {
+  EXPECT_EQ(ReadFontAttributes("plain.1.1.1").Style, FontStyle::Plain);
+  EXPECT_EQ(ReadFontAttributes("italic.1.1.1").Style, FontStyle::Italic);
+  EXPECT_EQ(ReadFontAttributes("bold.1.1.1").Style, FontStyle::Bold);
+  EXPECT_EQ(ReadFontAttributes("bold-italic.1.1.1").Style, FontStyle::BoldItalic);
+}
+
+TEST(FontAttributes, the_default_replaces_unreadable_attributes) {
+  for (const char* written :
+       {"", "plain", "plain.30", "plain.30.30", "plain.30.30.", "thin.30.30.0", "plain.x.30.0",
+        "plain.30.30.0.1", "plain.30 .30.0", "plain.99999999999.30.0", "...", "PLAIN.30.30.0"}) {
+    EXPECT_TRUE(IsDefault(ReadFontAttributes(written))) << written;
+  }
+}
+
+TEST(FontAttributes, the_object_comes_before_the_application_and_the_default) {
+  Text text;
+  Application application;
+  EXPECT_TRUE(IsDefault(FontAttributesOf(text, &application)));
+  ASSERT_TRUE(application.Defaults.FontAttributes.Assign("plain.30.33.0"));
+  EXPECT_EQ(FontAttributesOf(text, &application).Size, 30);
+  ASSERT_TRUE(text.FontAttributes.Assign("bold.40.44.0"));
+  EXPECT_EQ(FontAttributesOf(text, &application).Size, 40);
+  ASSERT_TRUE(text.FontAttributes.Assign("unreadable"));
+  EXPECT_TRUE(IsDefault(FontAttributesOf(text, &application)));
+  text.FontAttributes.Clear();
+  EXPECT_TRUE(IsDefault(FontAttributesOf(text, nullptr)));
 }
 
 }  // namespace korvel::test

@@ -1,14 +1,12 @@
-// Lines and polygons of any coordinates, cut to those that are drawn: what lies within them is
-// neither moved nor bent.
-#include "appearance/clipping.h"
+// Line attributes, and the clipping of lines and polygons: the parts inside are neither moved nor
+// bent.
+#include "appearance/geometry.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <random>
 #include <vector>
-
-#include "appearance/geometry.h"
 
 namespace korvel::test {
 
@@ -24,16 +22,16 @@ double Turn(const CanvasPoint& a, const CanvasPoint& b, const CanvasPoint& c) {
          (static_cast<double>(b.Y) - a.Y) * (static_cast<double>(c.X) - a.X);
 }
 
-// How far a place lies from the line through a and b.
+// The distance of a point from the line through a and b.
 double Distance(const CanvasPoint& a, const CanvasPoint& b, double x, double y) {
-  const double wayX = static_cast<double>(b.X) - a.X;
-  const double wayY = static_cast<double>(b.Y) - a.Y;
-  const double length = std::hypot(wayX, wayY);
+  const double alongX = static_cast<double>(b.X) - a.X;
+  const double alongY = static_cast<double>(b.Y) - a.Y;
+  const double length = std::hypot(alongX, alongY);
   return length == 0 ? std::hypot(x - a.X, y - a.Y)
-                     : std::abs(wayX * (y - a.Y) - wayY * (x - a.X)) / length;
+                     : std::abs(alongX * (y - a.Y) - alongY * (x - a.X)) / length;
 }
 
-// Points all over the numbers, one in four of them within the drawn square.
+// Points anywhere in 32 bits, one in four of them inside the drawn square.
 class RandomPoints {
  public:
   CanvasPoint Next() {
@@ -50,7 +48,7 @@ class RandomPoints {
   std::mt19937 random_{1};  // NOLINT: the same points every time
 };
 
-TEST(Clipping, a_line_within_stays_and_a_line_beside_is_none) {
+TEST(Clipping, a_line_inside_is_unchanged_and_a_line_outside_is_not_drawn) {
   LinePart part;
   EXPECT_TRUE(ClipLine({-kFar, 0}, {kFar, 7}, kFar, 0, part));
   EXPECT_EQ(part.FromX, -kFar);
@@ -59,7 +57,7 @@ TEST(Clipping, a_line_within_stays_and_a_line_beside_is_none) {
   EXPECT_EQ(part.ToY, 7);
   EXPECT_FALSE(ClipLine({kFar + 1, 0}, {kFar + 9, 5}, kFar, 0, part));
   EXPECT_FALSE(ClipLine({0, 150}, {150, 0}, 70, 0, part)) << "past the corner";
-  EXPECT_EQ(part.ToY, 7);
+  EXPECT_EQ(part.ToY, 7) << "unchanged";
 }
 
 TEST(Clipping, a_line_is_cut_and_not_bent) {
@@ -102,7 +100,7 @@ TEST(Clipping, a_line_loses_whole_dashes_at_its_beginning) {
   EXPECT_EQ(part.FromX, 50);
 }
 
-// Whether the point lies in a polygon that turns one way only, and how near it is to the outline.
+// Whether the point is in a convex polygon, and its distance from the outline.
 struct Place {
   bool isInside;
   double distance;
@@ -121,7 +119,7 @@ Place PlaceIn(const std::vector<CanvasPoint>& corners, const CanvasPoint& point)
   return {!corners.empty() && isLeft != isRight, nearest};
 }
 
-TEST(Clipping, what_a_triangle_covers_within_the_square_stays_covered) {
+TEST(Clipping, a_triangle_covers_the_same_points_of_the_square_as_before) {
   RandomPoints random;
   int covered = 0;
   for (int round = 0; round < 2000; ++round) {
@@ -141,10 +139,41 @@ TEST(Clipping, what_a_triangle_covers_within_the_square_stays_covered) {
   EXPECT_GT(covered, 500);
 }
 
-TEST(Clipping, a_polygon_of_no_points_stays_empty) {
+TEST(Clipping, a_polygon_without_points_is_clipped_to_nothing) {
   Sequence<CanvasPoint> cut;
   EXPECT_TRUE(ClipPolygon({}, kFarthestCoordinate, cut));
   EXPECT_EQ(cut.Size(), 0U);
+}
+
+TEST(LineAttributes, a_width_is_limited_to_between_0_and_the_farthest_coordinate) {
+  EXPECT_EQ(DrawnWidth({.Width = 7}), 7);
+  EXPECT_EQ(DrawnWidth({.Width = 0}), 0);
+  EXPECT_EQ(DrawnWidth({.Width = -1}), 0);
+  EXPECT_EQ(DrawnWidth({.Width = 0x7FFFFFFF}), 32000);
+}
+
+TEST(LineAttributes, style_2_is_dashed_and_style_3_dotted) {
+  EXPECT_EQ(DashesOf({.Style = 1}), Dashes::None);
+  EXPECT_EQ(DashesOf({.Style = 2}), Dashes::Long);
+  EXPECT_EQ(DashesOf({.Style = 3}), Dashes::Short);
+  EXPECT_EQ(DashesOf({.Style = 0}), Dashes::None);
+  EXPECT_EQ(DashesOf({.Style = 4}), Dashes::None);
+}
+
+TEST(LineAttributes, a_dash_is_three_widths_long_a_dot_one_and_a_gap_one) {
+  EXPECT_EQ(DashPeriod({.Width = 5, .Style = 1}), 0);
+  EXPECT_EQ(DashPeriod({.Width = 5, .Style = 2}), 20);
+  EXPECT_EQ(DashPeriod({.Width = 5, .Style = 3}), 10);
+  EXPECT_EQ(DashPeriod({.Width = -5, .Style = 3}), 0);
+}
+
+TEST(LineAttributes, dashes_are_counted_with_their_gaps) {
+  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = 3}, 30'000));
+  EXPECT_TRUE(HasTooManyDashes({.Width = 5, .Style = 3}, 30'001));
+  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = 2}, 60'000));
+  EXPECT_TRUE(HasTooManyDashes({.Width = 5, .Style = 2}, 60'001));
+  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = 1}, 60'001));
+  EXPECT_FALSE(HasTooManyDashes({.Width = 0, .Style = 2}, 60'001));
 }
 
 }  // namespace korvel::test

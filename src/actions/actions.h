@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "objects/ingredients.h"
-#include "objects/item_type.h"
 #include "objects/status.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 

@@ -11,8 +11,6 @@
 namespace korvel {
 namespace {
 
-constexpr std::int32_t kContentError = 3;  // the engine event of content that cannot be fetched
-
 // An optional number behind a content reference.
 Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& number) {
   GenericValue value;
@@ -56,7 +54,7 @@ Status ShowText(Text& text) {
 Status FetchText(Text& text) {
   OctetString bytes;
   if (ResolveGroup(text.Content.Data.TextView(), bytes) != Status::Done) {
-    return RaiseEngineEvent(kContentError);
+    return RaiseEngineEvent(engineEvents::kContentReferenceError);
   }
   text.TextData = std::move(bytes);
   return Status::Done;

@@ -7,17 +7,10 @@
 #include "actions/behaviours.h"
 #include "actions/interaction.h"
 #include "actions/lifecycle.h"
+#include "objects/limits.h"
 
 namespace korvel {
 namespace {
-
-// The numbers of the field's input types; any other type takes digits as well.
-constexpr std::int32_t kAlphaInput = 1;
-constexpr std::int32_t kListedInput = 4;
-
-// Content that asks for a text longer than this, by an entry point far beyond its end, is out of
-// memory.
-constexpr std::size_t kLongestText = std::size_t{16} * 1024 * 1024;
 
 EntryField& TargetOf(const Arguments& arguments) { return arguments.Target.As<EntryField>(); }
 
@@ -36,7 +29,7 @@ std::size_t PlaceInText(const EntryField& field) {
 // False when memory is out.
 bool MakeText(std::string_view text, std::size_t place, std::size_t replaced, char character,
               OctetString& made) {
-  if (place >= kLongestText) return false;
+  if (place >= kLongestString) return false;
   const std::string_view before = text.substr(0, place);
   const std::size_t next = place + replaced;
   const std::string_view after = next < text.size() ? text.substr(next) : std::string_view{};
@@ -89,9 +82,9 @@ Status EnterByOverwriting(EntryField& field, char character) {
 
 bool TakesDigit(const EntryField& field, char digit) {
   switch (field.InputType) {
-  case kAlphaInput: return false;
-  case kListedInput: return field.CharList.View().find(digit) != std::string_view::npos;
-  default: return true;
+  case InputType::Alpha: return false;
+  case InputType::Listed: return field.CharList.View().find(digit) != std::string_view::npos;
+  default: return true;  // also a number without a name
   }
 }
 
@@ -118,7 +111,7 @@ Status EnterCharacter(EntryField& field, char character) {
 }
 
 bool TakeKey(EntryField& field, std::int32_t key, Status& result) {
-  if (key >= keys::kDigit0 && key <= keys::kDigit9) {
+  if (IsDigitKey(key)) {
     const char digit = static_cast<char>('0' + (key - keys::kDigit0));
     if (!TakesDigit(field, digit)) return false;
     result = EnterCharacter(field, digit);

@@ -9,18 +9,6 @@
 
 namespace korvel {
 
-// The numbers of the keys that interactions use.
-namespace keys {
-inline constexpr std::int32_t kUp = 1;
-inline constexpr std::int32_t kDown = 2;
-inline constexpr std::int32_t kLeft = 3;
-inline constexpr std::int32_t kRight = 4;
-inline constexpr std::int32_t kDigit0 = 5;
-inline constexpr std::int32_t kDigit9 = 14;
-inline constexpr std::int32_t kSelect = 15;
-inline constexpr std::int32_t kCancel = 16;
-}  // namespace keys
-
 // Give a key to an object. False when the object does not use the key; else `result` is what it led
 // to.
 [[nodiscard]] bool TakeKey(EntryField& field, std::int32_t key, Status& result);

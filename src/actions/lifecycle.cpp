@@ -8,18 +8,6 @@
 namespace korvel {
 namespace {
 
-constexpr ClassSet kVisibleClasses =
-    SetOf(ItemType::Bitmap, ItemType::Rectangle, ItemType::DynamicLineArt, ItemType::Text,
-          ItemType::Video, ItemType::Slider, ItemType::EntryField, ItemType::HyperText,
-          ItemType::PushButton, ItemType::LineArt, ItemType::HotSpot, ItemType::SwitchButton);
-// A group's start makes programs available; they run when they are called.
-constexpr ClassSet kProgramClasses =
-    SetOf(ItemType::ResidentProgram, ItemType::RemoteProgram, ItemType::InterchangedProgram);
-
-constexpr Change ChangeOf(Status status) {
-  return status == Status::Failure ? Change::Failure : Change::Changed;
-}
-
 Change ActivateVisible(ItemType type, Ingredient& visible) {
   if (EnterDisplayStack(type, visible) == Status::Failure) return Change::Failure;
   visible.RunningStatus = true;
@@ -43,7 +31,7 @@ Status StartProgram(ItemType type, Program& program) {
 
 }  // namespace
 
-bool IsVisibleClass(ItemType type) { return Contains(kVisibleClasses, type); }
+bool IsVisibleClass(ItemType type) { return Contains(kVisibles | kButtons, type); }
 
 Status EnterDisplayStack(ItemType type, Ingredient& visible) {
   Application* application = CurrentApplication();
@@ -86,7 +74,8 @@ Change Deactivate(ItemType type, Ingredient& ingredient) {
 }
 
 Status RunIngredient(ItemType type, Ingredient& ingredient) {
-  if (Contains(kProgramClasses, type)) {
+  // A group's start makes programs available; they run when they are called.
+  if (Contains(kPrograms, type)) {
     return StartProgram(type, static_cast<Program&>(ingredient));
   }
   if (Prepare(type, ingredient) == Change::Failure) return Status::Failure;

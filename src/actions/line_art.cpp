@@ -18,9 +18,10 @@ Status SetColour(const Arguments& arguments, ColourValue& colour, const char* me
   return status;
 }
 
-Status SetNumber(const Arguments& arguments, std::int32_t& attribute) {
+template <class Number>
+Status SetNumber(const Arguments& arguments, Number& attribute) {
   if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
-  attribute = arguments.Integer(0);
+  attribute = static_cast<Number>(arguments.Integer(0));
   return Status::Done;
 }
 
@@ -73,7 +74,7 @@ Status GetLineWidth(const Arguments& arguments) {
 }
 
 Status GetLineStyle(const Arguments& arguments) {
-  return AnswerNumber(arguments, TargetOf(arguments).LineStyle);
+  return AnswerNumber(arguments, static_cast<std::int32_t>(TargetOf(arguments).LineStyle));
 }
 
 }  // namespace korvel

@@ -58,10 +58,6 @@ Status PlaceItems(ListGroup& group) {
   return Status::Done;
 }
 
-constexpr Change ChangeOf(Status status) {
-  return status == Status::Failure ? Change::Failure : Change::Changed;
-}
-
 }  // namespace
 
 std::int32_t ItemCount(const ListGroup& group) {
@@ -81,8 +77,7 @@ std::int32_t PlaceOf(const ListGroup& group, const ObjectReference& object) {
   for (const ListItem& item : group.ItemList) {
     ++place;
     if (item.AVisible.Number == object.Number &&
-        WithoutTilde(item.AVisible.GroupIdentifier.View()) ==
-            WithoutTilde(object.GroupIdentifier.View())) {
+        IsSameGroup(item.AVisible.GroupIdentifier.View(), object.GroupIdentifier.View())) {
       return place;
     }
   }

@@ -97,10 +97,6 @@ bool SetUp(Video& video) {
   return SetUp(static_cast<Visible&>(video));
 }
 
-constexpr bool IsTextClass(ItemType type) {
-  return type == ItemType::Text || type == ItemType::EntryField || type == ItemType::HyperText;
-}
-
 }  // namespace
 
 Change Prepare(ItemType type, Ingredient& ingredient) {
@@ -110,7 +106,7 @@ Change Prepare(ItemType type, Ingredient& ingredient) {
                        [&]<class Record>() { isSetUp = SetUp(static_cast<Record&>(ingredient)); });
   if (!isSetUp) return Change::Failure;
   ingredient.AvailabilityStatus = true;
-  if (IsTextClass(type) && ingredient.Content.IsReferenced &&
+  if (Contains(kTexts, type) && ingredient.Content.IsReferenced &&
       FetchText(static_cast<Text&>(ingredient)) == Status::Failure) {
     return Change::Failure;
   }

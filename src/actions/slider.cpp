@@ -7,11 +7,11 @@
 namespace korvel {
 namespace {
 
-constexpr std::int32_t kProportional = 3;  // the slider style that has a portion
-
 Slider& TargetOf(const Arguments& arguments) { return arguments.Target.As<Slider>(); }
 
-bool IsProportional(const Slider& slider) { return slider.SliderStyle == kProportional; }
+bool IsProportional(const Slider& slider) {
+  return slider.SliderStyle == SliderStyle::Proportional;
+}
 
 // Content may give any numbers: sums and products of them are worked in 64 bits.
 constexpr std::int64_t Wide(std::int32_t number) { return number; }
@@ -41,14 +41,14 @@ struct StepKeys {
   std::int32_t Down = 0;
 };
 
-constexpr StepKeys KeysOf(std::int32_t orientation) {
+constexpr StepKeys KeysOf(Orientation orientation) {
   switch (orientation) {
-  case 1: return {keys::kRight, keys::kLeft};
-  case 2: return {keys::kLeft, keys::kRight};
-  case 3: return {keys::kDown, keys::kUp};
-  case 4: return {keys::kUp, keys::kDown};
-  default: return {};
+  case Orientation::Left: return {keys::kRight, keys::kLeft};
+  case Orientation::Right: return {keys::kLeft, keys::kRight};
+  case Orientation::Up: return {keys::kDown, keys::kUp};
+  case Orientation::Down: return {keys::kUp, keys::kDown};
   }
+  return {};
 }
 
 }  // namespace

@@ -44,10 +44,6 @@ Status ForMembers(TokenGroup& group, const char* message, Handle&& handle) {
   return Status::Done;
 }
 
-constexpr Change ChangeOf(Status status) {
-  return status == Status::Failure ? Change::Failure : Change::Changed;
-}
-
 }  // namespace
 
 Change ActivateTokenGroup(TokenGroup& group) {

@@ -7,13 +7,10 @@
 
 #include "actions/answers.h"
 #include "actions/behaviours.h"
+#include "objects/limits.h"
 
 namespace korvel {
 namespace {
-
-// An octet string that content lets grow beyond this counts as out of memory: doubling it a few
-// times more would take the host down with it.
-constexpr std::size_t kLongestValue = std::size_t{16} * 1024 * 1024;
 
 // Two's complement arithmetic that wraps.
 constexpr std::int32_t Wrapped(std::uint32_t value) { return static_cast<std::int32_t>(value); }
@@ -91,15 +88,17 @@ constexpr bool OverflowsDivision(std::int32_t dividend, std::int32_t divisor) {
   return dividend == std::numeric_limits<std::int32_t>::min() && divisor == -1;
 }
 
-bool CompareIntegers(std::int32_t comparison, std::int32_t value, std::int32_t operand) {
+// A number without a name compares like the last one.
+bool CompareIntegers(Comparison comparison, std::int32_t value, std::int32_t operand) {
   switch (comparison) {
-  case 1: return value == operand;
-  case 2: return value != operand;
-  case 3: return value < operand;
-  case 4: return value <= operand;
-  case 5: return value > operand;
-  default: return value >= operand;
+  case Comparison::Equal: return value == operand;
+  case Comparison::NotEqual: return value != operand;
+  case Comparison::Less: return value < operand;
+  case Comparison::LessOrEqual: return value <= operand;
+  case Comparison::Greater: return value > operand;
+  case Comparison::GreaterOrEqual: break;
   }
+  return value >= operand;
 }
 
 // An operand with a length is compared with as many leading bytes; behind the value's end there is
@@ -123,10 +122,10 @@ constexpr bool IsPathKind(ValueKind kind) {
 
 // Compares the target with the operand. False when the target's class does not take an operand of
 // this kind.
-bool Compare(const FoundObject& target, std::int32_t comparison, const GenericValue& operand,
+bool Compare(const FoundObject& target, Comparison comparison, const GenericValue& operand,
              bool& result) {
   const auto asComparison = [comparison](bool isEqual) {
-    return comparison == 1 ? isEqual : !isEqual;
+    return comparison == Comparison::Equal ? isEqual : !isEqual;
   };
   switch (target.Type) {
   case ItemType::BooleanVariable:
@@ -187,7 +186,8 @@ Status TestVariable(const Arguments& arguments) {
     CountEndingZero(operand.Octets);
   }
   bool result = false;
-  if (!Compare(arguments.Target, arguments.Integer(0), operand, result)) return Status::Refused;
+  const auto comparison = static_cast<Comparison>(arguments.Integer(0));
+  if (!Compare(arguments.Target, comparison, operand, result)) return Status::Refused;
   return RaiseFrom(arguments.Target.As<Ingredient>(), EventType::TestEvent,
                    EventData::Boolean(result));
 }
@@ -228,7 +228,7 @@ Status Append(const Arguments& arguments) {
   auto& variable = arguments.Target.As<OctetStringVariable>();
   if (!variable.AvailabilityStatus) return Status::Refused;
   const std::string_view added = arguments.Octets(0);
-  const bool isTooLong = added.size() + variable.Value.Length() > kLongestValue;
+  const bool isTooLong = added.size() + variable.Value.Length() > kLongestString;
   if (isTooLong || !variable.Value.Append(added)) {
     std::fputs("Can't allocate memory for NewVariableValue\n", stdout);
   }

@@ -21,7 +21,7 @@ constexpr std::size_t kPaletteEntryBytes = 4;
 // Object lookup does not find palettes.
 Palette* FindPalette(const Group* group, std::string_view name, std::int32_t number) {
   if (group == nullptr) return nullptr;
-  if (WithoutTilde(group->Reference.GroupIdentifier.View()) != WithoutTilde(name)) return nullptr;
+  if (!IsSameGroup(group->Reference.GroupIdentifier.View(), name)) return nullptr;
   for (const Item& item : group->Items) {
     if (item.Type() == ItemType::Palette && item.Record()->Reference.Number == number) {
       return &item.As<Palette>();

@@ -73,10 +73,11 @@ std::int32_t DrawnWidth(const LineAttributes& line) {
 
 Dashes DashesOf(const LineAttributes& line) {
   switch (line.Style) {
-  case 2: return Dashes::Long;
-  case 3: return Dashes::Short;
-  default: return Dashes::None;
+  case LineStyle::Dashed: return Dashes::Long;
+  case LineStyle::Dotted: return Dashes::Short;
+  case LineStyle::Solid: break;
   }
+  return Dashes::None;
 }
 
 std::int32_t DashPeriod(const LineAttributes& line) {

@@ -7,9 +7,6 @@ namespace korvel {
 
 namespace {
 
-enum Orientation : std::int32_t { kRight = 2, kUp = 3, kDown = 4 };  // all else is left
-enum Style : std::int32_t { kThermometer = 2, kProportional = 3 };   // all else is normal
-
 constexpr std::int64_t kMarkerThickness = 3;
 
 // The direction in which the bar grows: from one edge of the box to the opposite one.
@@ -17,8 +14,10 @@ class Track {
  public:
   explicit Track(const Slider& slider)
       : slider_(slider),
-        isUpright_(slider.Orientation == kUp || slider.Orientation == kDown),
-        beginsFar_(slider.Orientation == kRight || slider.Orientation == kDown),
+        isUpright_(slider.Orientation == Orientation::Up ||
+                   slider.Orientation == Orientation::Down),
+        beginsFar_(slider.Orientation == Orientation::Right ||
+                   slider.Orientation == Orientation::Down),
         near_(isUpright_ ? slider.Position.Y : slider.Position.X),
         length_(isUpright_ ? slider.BoxSize.Height : slider.BoxSize.Width) {}
 
@@ -75,12 +74,12 @@ SliderBar SliderBarOf(const Slider& slider) {
   std::int64_t to = track.Further(from, 1);
   if (slider.MaxValue != slider.MinValue) {
     const std::int64_t value = slider.SliderValue;
-    const bool isProportional = slider.SliderStyle == kProportional;
+    const bool isProportional = slider.SliderStyle == SliderStyle::Proportional;
     if (isProportional) from = track.At(value);
     to = track.At(isProportional ? value + slider.Portion : value);
   }
   SliderBar bar{.bar = track.Between(from, to), .marker = {}};
-  if (slider.SliderStyle == kThermometer) bar.marker = track.MarkerAt(to);
+  if (slider.SliderStyle == SliderStyle::Thermometer) bar.marker = track.MarkerAt(to);
   return bar;
 }
 

@@ -1,18 +1,14 @@
 // The printers of ingredients that are not seen.
 #include "dump/printers.h"
-#include "objects/event_type.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 namespace {
 
 // The dump knows no name for IsAvailable, and spells IsRunning in its own way.
-const char* EventName(std::int32_t type) {
-  const bool hasWord = type > static_cast<std::int32_t>(EventType::IsAvailable) &&
-                       static_cast<std::size_t>(type) <= kEventWords.size();
-  if (!hasWord) return nullptr;
-  return type == static_cast<std::int32_t>(EventType::IsRunning)
-             ? "IsRuning"
-             : kEventWords[static_cast<std::size_t>(type) - 1];
+const char* EventName(EventType type) {
+  if (type == EventType::IsAvailable) return nullptr;
+  return type == EventType::IsRunning ? "IsRuning" : WordOf(type);
 }
 
 void DumpEventData(const Tree& tree, const GenericValue& data) {
@@ -33,7 +29,8 @@ void DumpCondition(const Tree& tree, const LinkCondition& condition) {
   if (name != nullptr) {
     tree.Line("Event Type: %s", name);
   } else {
-    tree.Line("Event Type: Not define event type %d", condition.EventType);
+    tree.Line("Event Type: Not define event type %d",
+              static_cast<std::int32_t>(condition.EventType));
   }
   tree.Line("Event Data:");
   DumpEventData(tree.Deeper(), condition.EventData);
@@ -174,7 +171,7 @@ void Dump(const Tree& tree, const Stream& stream) {
   DumpPresentable(tree.Deeper(), stream);
   tree.Line("Multiplex:");
   for (const Item& component : stream.Multiplex) DumpComponent(tree.Deeper(), component);
-  tree.Word("Storage", stream.Storage, {"memory", "stream"}, "Not define Stroage type: ");
+  tree.Word("Storage", stream.Storage, WordOf(stream.Storage), "Not define Stroage type: ");
   tree.Number("Looping", stream.Looping);
   tree.Line("Speed: (%d, %d)", stream.Speed.Numerator, stream.Speed.Denominator);
   tree.Number("CounterPosition", stream.CounterPosition);

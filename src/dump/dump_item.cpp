@@ -33,7 +33,8 @@ void DumpVisibleComponent(const Tree& tree, const char* heading, const Item& ite
   const auto& component = item.As<Component>();
   tree.Line("%s", heading);
   DumpBase<Visible>(tree, "Visible:", component);
-  tree.Word("Termination", component.Termination, {"Freeze", "Disappear"},
+  tree.Word("Termination", component.Termination,
+            WordAmong({"Freeze", "Disappear"}, component.Termination),
             "Not define termination value: ");
   tree.Number("ComponentTag", component.ComponentTag);
 }

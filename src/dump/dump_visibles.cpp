@@ -11,14 +11,12 @@ void DumpOriginalPalette(const Tree& tree, const OptionalReference& palette) {
 }
 
 // "Label: word", or the same label with the words for an unknown number.
-void DumpWordOrNone(const Tree& tree, const char* label, std::int32_t value,
-                    std::initializer_list<const char*> words) {
-  const bool hasWord = value >= 1 && static_cast<std::size_t>(value) <= words.size();
-  tree.Line("%s: %s", label, hasWord ? words.begin()[value - 1] : "Not Define");
+void DumpWordOrNone(const Tree& tree, const char* label, const char* word) {
+  tree.Line("%s: %s", label, word != nullptr ? word : "Not Define");
 }
 
-void DumpJustification(const Tree& tree, const char* label, std::int32_t value) {
-  DumpWordOrNone(tree, label, value, {"Start", "End", "Centre", "Justified"});
+void DumpJustification(const Tree& tree, const char* label, Justification value) {
+  DumpWordOrNone(tree, label, WordAmong({"Start", "End", "Centre", "Justified"}, value));
 }
 
 }  // namespace
@@ -52,11 +50,11 @@ void Dump(const Tree& tree, const LineArt& lineArt) {
   DumpBase<Visible>(tree, "Visible:", lineArt);
   tree.Boolean("BorderedBoundingBox", lineArt.BorderedBoundingBox);
   tree.Number("OriginalLineWidth", lineArt.OriginalLineWidth);
-  tree.Number("OriginalLineStyle", lineArt.OriginalLineStyle);
+  tree.Number("OriginalLineStyle", static_cast<std::int32_t>(lineArt.OriginalLineStyle));
   tree.Colour("OriginalRefFillColour", lineArt.OriginalRefFillColour);
   tree.Colour("OriginalRefLineColour", lineArt.OriginalRefLineColour);
   tree.Number("LineWidth", lineArt.LineWidth);
-  tree.Number("LineStyle", lineArt.LineStyle);
+  tree.Number("LineStyle", static_cast<std::int32_t>(lineArt.LineStyle));
   tree.Colour("RefFillColour", lineArt.RefFillColour);
   tree.Colour("RefLineColour", lineArt.RefLineColour);
 }
@@ -70,9 +68,11 @@ void Dump(const Tree& tree, const Text& text) {
   tree.Number("CharacterSet", text.CharacterSet);
   DumpJustification(tree, "HorizontalJustification", text.HorizontalJustification);
   DumpJustification(tree, "VerticalJustification", text.VerticalJustification);
-  DumpWordOrNone(tree, "LineOrientation", text.LineOrientation, {"Vertical", "Horizontal"});
-  DumpWordOrNone(tree, "StartCorner", text.StartCorner,
-                 {"upper_left", "upper_right", "lower_left", "lower_right"});
+  DumpWordOrNone(tree, "LineOrientation",
+                 WordAmong({"Vertical", "Horizontal"}, text.LineOrientation));
+  DumpWordOrNone(
+      tree, "StartCorner",
+      WordAmong({"upper_left", "upper_right", "lower_left", "lower_right"}, text.StartCorner));
   tree.Boolean("TextWrapping", text.TextWrapping);
   tree.String("TextData", text.TextData);
   tree.Font("Font", text.Font);
@@ -81,8 +81,7 @@ void Dump(const Tree& tree, const Text& text) {
 void Dump(const Tree& tree, const EntryField& field) {
   DumpBase<Text>(tree, "Text:", field);
   DumpBase<Interactible>(tree, "Interactible:", field);
-  tree.Word("InputType", field.InputType, {"alpha", "numeric", "any", "listed"},
-            "Not define InputType value: ");
+  tree.Word("InputType", field.InputType, WordOf(field.InputType), "Not define InputType value: ");
   tree.String("CharList", field.CharList);
   tree.Boolean("ObsuredInput", field.ObsuredInput);
   tree.Number("MaxLength", field.MaxLength);
@@ -112,7 +111,8 @@ void Dump(const Tree& tree, const PushButton& button) {
 
 void Dump(const Tree& tree, const SwitchButton& button) {
   DumpBase<PushButton>(tree, "PushButton:", button);
-  tree.Word("ButtonStyle", button.ButtonStyle, {"PushButton", "RadioButton", "CheckButton"},
+  tree.Word("ButtonStyle", button.ButtonStyle,
+            WordAmong({"PushButton", "RadioButton", "CheckButton"}, button.ButtonStyle),
             "Not define Button style value: ");
 }
 
@@ -120,14 +120,14 @@ void Dump(const Tree& tree, const SwitchButton& button) {
 void Dump(const Tree& tree, const Slider& slider) {
   DumpBase<Visible>(tree, "Visible:", slider);
   DumpBase<Interactible>(tree, "Interactible:", slider);
-  tree.Word("Orientation", slider.Orientation, {"left", "right", "up", "down"},
+  tree.Word("Orientation", slider.Orientation, WordOf(slider.Orientation),
             "Not define orientation type value: ");
   tree.Number("InitialValue", slider.InitialValue);
   tree.Number("MinValue", slider.MinValue);
   tree.Number("MaxValue", slider.MaxValue);
   tree.Number("InitialPortion", slider.InitialPortion);
   tree.Number("StepSize", slider.StepSize);
-  tree.Word("Orientation", slider.SliderStyle, {"normal", "thermometer", "proportional"},
+  tree.Word("Orientation", slider.SliderStyle, WordOf(slider.SliderStyle),
             "Not define slider style type value: ");
   tree.Colour("SliderRefColour", slider.SliderRefColour);
   tree.Number("SliderValue", slider.SliderValue);

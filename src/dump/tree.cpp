@@ -33,12 +33,6 @@ void Tree::String(const char* label, const OctetString& value) const {
   Line("%s: %s", label, TextOrNull(value));
 }
 
-void Tree::Word(const char* label, std::int32_t value, std::initializer_list<const char*> words,
-                const char* otherwise) const {
-  const bool hasWord = value >= 1 && static_cast<std::size_t>(value) <= words.size();
-  hasWord ? Line("%s: %s", label, words.begin()[value - 1]) : Line("%s%d", otherwise, value);
-}
-
 void Tree::ReferenceLine(const ObjectReference& value) const {
   Line("ObjectReference:(%s %d)", TextOrNull(value.GroupIdentifier), value.Number);
 }

@@ -5,8 +5,10 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <initializer_list>
 
 #include "objects/values.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 
@@ -24,8 +26,11 @@ class Tree {
   void Boolean(const char* label, bool value) const;
   void String(const char* label, const OctetString& value) const;
   // "Label: word", or the other line, which ends in "%d", for a number without a word.
-  void Word(const char* label, std::int32_t value, std::initializer_list<const char*> words,
-            const char* otherwise) const;
+  template <IsEnumeration Enumeration>
+  void Word(const char* label, Enumeration value, const char* word, const char* otherwise) const {
+    word != nullptr ? Line("%s: %s", label, word)
+                    : Line("%s%d", otherwise, static_cast<std::int32_t>(value));
+  }
 
   // "Label:", and the value one level deeper.
   void Reference(const char* label, const ObjectReference& value) const;
@@ -45,6 +50,13 @@ class Tree {
   int depth_;
   std::FILE* stream_;
 };
+
+// The word of an enumeration in the dump's own spelling, from the word of 1 on; or null.
+template <IsEnumeration Enumeration>
+[[nodiscard]] const char* WordAmong(std::initializer_list<const char*> words, Enumeration value) {
+  const auto place = static_cast<std::size_t>(static_cast<std::int64_t>(value) - 1);
+  return place < words.size() ? words.begin()[place] : nullptr;
+}
 
 // The text of a string, or NULL for one that is absent.
 [[nodiscard]] const char* TextOrNull(const OctetString& value);

@@ -6,24 +6,13 @@
 #include <cstdio>
 #include <utility>
 
+#include "objects/limits.h"
 #include "platform/canvases.h"
 #include "platform/clocks.h"
 #include "platform/running.h"
 
 namespace korvel {
 namespace {
-
-// Deep enough for any content that means to end, shallow enough for the worker's default stack, and
-// below 256, so that the 8-bit generation counters cannot come round inside one nest.
-constexpr std::uint32_t kMostLevels = 100;
-
-// What one key, timer expiry or start may cost: far beyond real content, and over in a moment.
-constexpr std::uint32_t kMostActions = 1'000'000;
-// What may still run once a close is pending, in number and in time: some actions are slow. All the
-// work that is left shares this, so that a close takes less than a second even if the worker waits
-// half a second for a file when the request comes.
-constexpr std::uint32_t kMostActionsWhileClosing = 10'000;
-constexpr std::uint32_t kMostMillisecondsWhileClosing = 400;
 
 // State without a destructor: when the process ends other threads may have been stopped anywhere,
 // so nothing is released then; the worker has reset the core before.

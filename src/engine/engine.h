@@ -6,12 +6,12 @@
 #include <span>
 #include <string_view>
 
-#include "objects/event_type.h"
 #include "objects/group.h"
 #include "objects/ingredients.h"
 #include "objects/sequence.h"
 #include "objects/status.h"
 #include "objects/visibles.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 

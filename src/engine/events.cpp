@@ -9,12 +9,10 @@
 #include "engine/core.h"
 #include "engine/link_tables.h"
 #include "engine/outside_events.h"
+#include "objects/limits.h"
 
 namespace korvel {
 namespace {
-
-// One event runs no more links than this; further ones that match stay out.
-constexpr std::size_t kMostLinks = 5;
 
 struct CollectedLink {
   Link* Collected = nullptr;
@@ -23,7 +21,7 @@ struct CollectedLink {
 };
 
 struct LinkCollection {
-  std::array<CollectedLink, kMostLinks> Links;
+  std::array<CollectedLink, kMostLinksOfEvent> Links;
   std::size_t Count = 0;
 };
 
@@ -36,14 +34,14 @@ bool MatchesData(const GenericValue& waitedFor, EventData data) {
 }
 
 bool MatchesEvent(const Link& link, EventType type, EventData data) {
-  return link.Condition.EventType == static_cast<std::int32_t>(type) &&
-         MatchesData(link.Condition.EventData, data) && link.RunningStatus;
+  return link.Condition.EventType == type && MatchesData(link.Condition.EventData, data) &&
+         link.RunningStatus;
 }
 
 bool MatchesSource(const LinkCondition& condition, std::string_view sourceGroup,
                    std::int32_t sourceNumber) {
   return condition.EventSource.Number == sourceNumber &&
-         WithoutTilde(condition.EventSource.GroupIdentifier.View()) == WithoutTilde(sourceGroup);
+         IsSameGroup(condition.EventSource.GroupIdentifier.View(), sourceGroup);
 }
 
 enum class SceneName { AsStored, WithoutTilde };
@@ -55,16 +53,16 @@ bool IsInContext(const LinkTableEntry& entry, SceneName comparison) {
   if (scene == nullptr) return false;
   const std::string_view linkGroup = entry.Waiting->Reference.GroupIdentifier.View();
   if (comparison == SceneName::AsStored) return linkGroup == NameOf(*scene);
-  return WithoutTilde(linkGroup) == WithoutTilde(NameOf(*scene));
+  return IsSameGroup(linkGroup, NameOf(*scene));
 }
 
 template <class Predicate>
 LinkCollection Collect(EventType type, Predicate&& waits) {
   LinkCollection collection;
-  const LinkTable* table = TableOf(static_cast<std::int32_t>(type));
+  const LinkTable* table = TableOf(type);
   if (table == nullptr) return collection;
   for (const LinkTableEntry& entry : *table) {
-    if (collection.Count == kMostLinks || !MayGoOn()) break;
+    if (collection.Count == kMostLinksOfEvent || !MayGoOn()) break;
     if (!waits(entry)) continue;
     collection.Links[collection.Count++] = {entry.Waiting, entry.Waiting->owner, entry.Context};
   }
@@ -126,8 +124,7 @@ Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t
     if (!MayGoOn()) return Status::Failure;
     Link& link = *entry.Waiting;
     if (!link.RunningStatus || link.Condition.EventSource.Number != sourceNumber ||
-        link.Condition.EventType != static_cast<std::int32_t>(type) ||
-        link.Condition.EventData.Integer != value) {
+        link.Condition.EventType != type || link.Condition.EventData.Integer != value) {
       continue;
     }
     if (!links.Append({&link, link.owner, entry.Context})) return Status::Failure;

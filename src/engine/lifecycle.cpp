@@ -14,9 +14,6 @@
 namespace korvel {
 namespace {
 
-// The engine event that tells an application that a group it named cannot be read.
-constexpr std::int32_t kGroupReferenceError = 2;
-
 Status Refuse(const char* message) {
   std::fputs(message, stdout);
   return Status::Refused;
@@ -31,7 +28,7 @@ Status Decode(const OctetString& bytes, OwnedGroup& group) {
 Status RaiseReferenceError(const ObjectReference& source) {
   const Status status =
       RaiseEvent(source.GroupIdentifier.View(), source.Number, EventType::EngineEvent,
-                 EventData::Integer(kGroupReferenceError));
+                 EventData::Integer(engineEvents::kGroupReferenceError));
   return status == Status::Failure ? Status::Failure : Status::Refused;
 }
 

@@ -22,8 +22,8 @@ Status AddLink(Link& link, Scope context) {
 
 }  // namespace
 
-LinkTable* TableOf(std::int32_t eventType) {
-  switch (static_cast<EventType>(eventType)) {
+LinkTable* TableOf(EventType type) {
+  switch (type) {
   case EventType::IsAvailable:
   case EventType::ContentAvailable:
   case EventType::IsDeleted:
@@ -68,10 +68,9 @@ Status AddLinks(Group& group, Scope context) {
 }
 
 void RemoveLinks(const Group& group) {
-  const std::string_view name = WithoutTilde(NameOf(group));
-  const auto belongsToGroup = [&group, name](const LinkTableEntry& entry) {
+  const auto belongsToGroup = [&group](const LinkTableEntry& entry) {
     return entry.Waiting->owner == &group ||
-           WithoutTilde(entry.Waiting->Reference.GroupIdentifier.View()) == name;
+           IsSameGroup(entry.Waiting->Reference.GroupIdentifier.View(), NameOf(group));
   };
   TheCore().stateTable.RemoveAll(belongsToGroup);
   TheCore().inputTable.RemoveAll(belongsToGroup);

@@ -6,10 +6,10 @@
 
 namespace korvel {
 
-// The table that holds links waiting for the type, by its number. Null for numbers that name no
-// event: a link waiting for one is entered nowhere and never fires. The split between the tables is
+// The table that holds links waiting for the type, or null for a number without a
+// name: a link waiting for one is entered nowhere and never fires. The split between the tables is
 // fixed, not the standard's split into synchronous and asynchronous events.
-[[nodiscard]] LinkTable* TableOf(std::int32_t eventType);
+[[nodiscard]] LinkTable* TableOf(EventType type);
 
 // Prepares the group's links, activates those that are initially active, and enters all of them in
 // their tables.

@@ -9,7 +9,7 @@ bool IsFindable(ItemType type) { return type <= ItemType::SwitchButton; }
 
 bool HasName(const Root& object, std::string_view name, std::int32_t number) {
   return object.Reference.Number == number &&
-         WithoutTilde(object.Reference.GroupIdentifier.View()) == name;
+         IsSameGroup(object.Reference.GroupIdentifier.View(), name);
 }
 
 FoundObject FindInList(const List<Item>& items, std::string_view name, std::int32_t number) {
@@ -31,13 +31,12 @@ FoundObject FindInGroup(const Group* group, std::string_view name, std::int32_t 
 }
 
 bool IsItself(const Group* group, std::string_view name, std::int32_t number) {
-  return group != nullptr && number == 0 && WithoutTilde(NameOf(*group)) == name;
+  return group != nullptr && number == 0 && IsSameGroup(NameOf(*group), name);
 }
 
 }  // namespace
 
-FoundObject FindObject(Scope scope, std::string_view groupIdentifier, std::int32_t number) {
-  const std::string_view name = WithoutTilde(groupIdentifier);
+FoundObject FindObject(Scope scope, std::string_view name, std::int32_t number) {
   Application* application = CurrentApplication();
   Scene* scene = CurrentScene();
   if (IsItself(application, name, number)) return {ItemType::Application, application};

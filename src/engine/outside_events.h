@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "objects/event_type.h"
 #include "objects/status.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 

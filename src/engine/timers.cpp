@@ -8,14 +8,11 @@
 #include <utility>
 
 #include "engine/core.h"
+#include "objects/limits.h"
 #include "platform/clocks.h"
 
 namespace korvel {
 namespace {
-
-// The longest period that every version of the platform takes for what it is; longer ones would
-// fire at once.
-constexpr std::uint32_t kLongestPeriodMs = 0x7FFFFFFF;
 
 auto HasId(std::int32_t id) {
   return [id](const Timer& timer) { return timer.Id == id; };

@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "objects/vocabulary.h"
+
 namespace korvel {
 namespace {
 
@@ -14,28 +16,28 @@ struct KeyRange {
 };
 
 constexpr std::array<KeyRange, 14> kKeys = {{
-    {13, 13, 15},     // Enter: Select
-    {27, 27, 16},     // Escape: Cancel
-    {37, 37, 3},      // Left
-    {38, 38, 1},      // Up
-    {39, 39, 4},      // Right
-    {40, 40, 2},      // Down
-    {'0', '9', 5},    // digits
-    {'B', 'B', 103},  // Blue
-    {'G', 'G', 101},  // Green
-    {'I', 'I', 17},
-    {'R', 'R', 100},  // Red
-    {'T', 'T', 104},  // Text
-    {'Y', 'Y', 102},  // Yellow
-    {96, 105, 5},     // digits of the keypad
+    {13, 13, keys::kSelect},  // Enter
+    {27, 27, keys::kCancel},  // Escape
+    {37, 37, keys::kLeft},
+    {38, 38, keys::kUp},
+    {39, 39, keys::kRight},
+    {40, 40, keys::kDown},
+    {'0', '9', keys::kDigit0},
+    {'B', 'B', keys::kBlue},
+    {'G', 'G', keys::kGreen},
+    {'I', 'I', keys::kInfo},
+    {'R', 'R', keys::kRed},
+    {'T', 'T', keys::kText},
+    {'Y', 'Y', keys::kYellow},
+    {96, 105, keys::kDigit0},  // the keypad
 }};
 
 }  // namespace
 
 std::int32_t UserInputKey(std::uint32_t virtualKey) {
-  for (const KeyRange& keys : kKeys) {
-    if (virtualKey < keys.First || virtualKey > keys.Last) continue;
-    return keys.UserInput + static_cast<std::int32_t>(virtualKey - keys.First);
+  for (const KeyRange& range : kKeys) {
+    if (virtualKey < range.First || virtualKey > range.Last) continue;
+    return range.UserInput + static_cast<std::int32_t>(virtualKey - range.First);
   }
   return kNoUserInput;
 }

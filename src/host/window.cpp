@@ -12,6 +12,7 @@
 #include "host/host_state.h"
 #include "host/message_queues.h"
 #include "host/trace.h"
+#include "objects/limits.h"
 #include "platform/clocks.h"
 #include "platform/running.h"
 #include "presentation/presentation.h"
@@ -52,9 +53,6 @@ HWND TakeEngineWindow() {
   const StateLocked locked;
   return hostState.engineWindow.exchange(nullptr);
 }
-
-// Above it, older systems fire at once instead of late.
-constexpr std::uint32_t kLongestPeriodMs = 0x7FFFFFFF;
 
 bool IsWorkerThere() { return hostState.window.worker != nullptr; }
 

@@ -7,19 +7,7 @@ namespace korvel {
 namespace {
 
 constexpr ClassSet kNone = 0;
-constexpr ClassSet kGroups = SetOf(ItemType::Application, ItemType::Scene);
 constexpr ClassSet kLinkOrProgram = SetOf(ItemType::Link, ItemType::ResidentProgram);
-constexpr ClassSet kVariables =
-    SetOf(ItemType::BooleanVariable, ItemType::IntegerVariable, ItemType::OctetStringVariable,
-          ItemType::ObjectRefVariable, ItemType::ContentRefVariable);
-constexpr ClassSet kTokenGroups = SetOf(ItemType::TokenGroup, ItemType::ListGroup);
-constexpr ClassSet kTexts = SetOf(ItemType::Text, ItemType::EntryField, ItemType::HyperText);
-constexpr ClassSet kLineArts =
-    SetOf(ItemType::Rectangle, ItemType::DynamicLineArt, ItemType::LineArt);
-constexpr ClassSet kInteractibles =
-    SetOf(ItemType::EntryField, ItemType::HyperText, ItemType::Slider);
-constexpr ClassSet kVisibles =
-    kTexts | kLineArts | SetOf(ItemType::Bitmap, ItemType::Slider, ItemType::Video);
 constexpr ClassSet kRunnable = kVisibles | kTokenGroups | SetOf(ItemType::Audio, ItemType::Stream);
 
 // The classes whose numbers lie from `first` to `last`.

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <span>
 
-#include "objects/item_type.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 
@@ -158,17 +158,6 @@ enum class Parameter : std::uint8_t {
   Speed,          // Integer numerator, then optionally Integer denominator
   EventNumber,    // Integer; an event type, written as its word
 };
-
-// A set of classes, one bit for each ItemType.
-using ClassSet = std::uint64_t;
-
-template <class... Types>
-constexpr ClassSet SetOf(Types... types) {
-  return (ClassSet{0} | ... | (ClassSet{1} << static_cast<unsigned>(types)));
-}
-constexpr bool Contains(ClassSet set, ItemType type) {
-  return ((set >> static_cast<unsigned>(type)) & 1U) != 0;
-}
 
 inline constexpr std::size_t kMostParameters = 6;
 

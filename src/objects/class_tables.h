@@ -9,23 +9,12 @@
 #include <type_traits>
 
 #include "objects/description.h"
-#include "objects/event_type.h"
 #include "objects/group.h"
 #include "objects/ingredients.h"
 #include "objects/visibles.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
-
-inline constexpr std::array kJustificationWords = {"start", "end", "centre", "justified"};
-inline constexpr std::array kLineOrientationWords = {"vertical", "horizontal"};
-inline constexpr std::array kStartCornerWords = {"upper-left", "upper-right", "lower-left",
-                                                 "lower-right"};
-inline constexpr std::array kInputTypeWords = {"alpha", "numeric", "any", "listed"};
-inline constexpr std::array kButtonStyleWords = {"pushbutton", "radiobutton", "checkbox"};
-inline constexpr std::array kSliderOrientationWords = {"left", "right", "up", "down"};
-inline constexpr std::array kSliderStyleWords = {"normal", "thermometer", "proportional"};
-inline constexpr std::array kStorageWords = {"memory", "stream"};
-inline constexpr std::array kTerminationWords = {"freeze", "disappear"};
 
 inline constexpr Form kRequired{.isRequired = true};
 inline constexpr Form kOriginalValue{.isRequired = true, .isChoice = true};
@@ -68,8 +57,7 @@ struct SequenceDescription<LinkCondition> {
   static constexpr auto elements =
       std::tuple{Element{":EventSource", &LinkCondition::EventSource,
                          Form{.name = "EventSource", .isRequired = true}},
-                 Element{":EventType", &LinkCondition::EventType,
-                         Form{.words = kEventWords, .isRequired = true}},
+                 Element{":EventType", &LinkCondition::EventType, kRequired},
                  Element{":EventData", &LinkCondition::EventData}};
 };
 template <>
@@ -343,30 +331,27 @@ template <>
 struct Description<Text> {
   using Parents = Classes<Visible>;
   static constexpr ClassHeading heading{ItemType::Text, 29, "Text", ":Text"};
-  static constexpr auto attributes = std::tuple{
-      Attribute{86, ":OrigFont", &Text::OriginalFont, Form{.name = "Font"}},
-      Attribute{43, ":FontAttributes", &Text::FontAttributes},
-      Attribute{41, ":TextColour", &Text::TextColour},
-      Attribute{39, ":BackgroundColour", &Text::BackgroundColour},
-      Attribute{38, ":CharacterSet", &Text::CharacterSet},
-      Attribute{87, ":HJustification", &Text::HorizontalJustification,
-                Form{.words = kJustificationWords}},
-      Attribute{88, ":VJustification", &Text::VerticalJustification,
-                Form{.words = kJustificationWords}},
-      Attribute{89, ":LineOrientation", &Text::LineOrientation,
-                Form{.words = kLineOrientationWords}},
-      Attribute{90, ":StartCorner", &Text::StartCorner, Form{.words = kStartCornerWords}},
-      Attribute{91, ":TextWrapping", &Text::TextWrapping}};
+  static constexpr auto attributes =
+      std::tuple{Attribute{86, ":OrigFont", &Text::OriginalFont, Form{.name = "Font"}},
+                 Attribute{43, ":FontAttributes", &Text::FontAttributes},
+                 Attribute{41, ":TextColour", &Text::TextColour},
+                 Attribute{39, ":BackgroundColour", &Text::BackgroundColour},
+                 Attribute{38, ":CharacterSet", &Text::CharacterSet},
+                 Attribute{87, ":HJustification", &Text::HorizontalJustification},
+                 Attribute{88, ":VJustification", &Text::VerticalJustification},
+                 Attribute{89, ":LineOrientation", &Text::LineOrientation},
+                 Attribute{90, ":StartCorner", &Text::StartCorner},
+                 Attribute{91, ":TextWrapping", &Text::TextWrapping}};
 };
 template <>
 struct Description<EntryField> {
   using Parents = Classes<Text, Interactible>;
   static constexpr ClassHeading heading{ItemType::EntryField, 30, "EntryField", ":EntryField"};
-  static constexpr auto attributes = std::tuple{
-      Attribute{109, ":InputType", &EntryField::InputType, Form{.words = kInputTypeWords}},
-      Attribute{110, ":CharList", &EntryField::CharList},
-      Attribute{111, ":ObscuredInput", &EntryField::ObsuredInput},
-      Attribute{112, ":MaxLength", &EntryField::MaxLength}};
+  static constexpr auto attributes =
+      std::tuple{Attribute{109, ":InputType", &EntryField::InputType},
+                 Attribute{110, ":CharList", &EntryField::CharList},
+                 Attribute{111, ":ObscuredInput", &EntryField::ObsuredInput},
+                 Attribute{112, ":MaxLength", &EntryField::MaxLength}};
 };
 template <>
 struct Description<HyperText> {
@@ -403,8 +388,8 @@ struct Description<SwitchButton> {
   static constexpr ClassHeading heading{ItemType::SwitchButton, 27, "SwitchButton",
                                         ":SwitchButton"};
   static constexpr auto omitted = kContentTags;
-  static constexpr auto attributes = std::tuple{
-      Attribute{114, ":ButtonStyle", &SwitchButton::ButtonStyle, Form{.words = kButtonStyleWords}}};
+  static constexpr auto attributes =
+      std::tuple{Attribute{114, ":ButtonStyle", &SwitchButton::ButtonStyle}};
 };
 
 template <>
@@ -412,15 +397,15 @@ struct Description<Slider> {
   using Parents = Classes<Visible, Interactible>;
   static constexpr ClassHeading heading{ItemType::Slider, 32, "Slider", ":Slider"};
   static constexpr auto omitted = kContentTags;
-  static constexpr auto attributes = std::tuple{
-      Attribute{102, ":Orientation", &Slider::Orientation, Form{.words = kSliderOrientationWords}},
-      Attribute{103, ":MaxValue", &Slider::MaxValue},
-      Attribute{104, ":MinValue", &Slider::MinValue},
-      Attribute{105, ":InitialValue", &Slider::InitialValue},
-      Attribute{106, ":InitialPortion", &Slider::InitialPortion},
-      Attribute{107, ":StepSize", &Slider::StepSize},
-      Attribute{108, ":SliderStyle", &Slider::SliderStyle, Form{.words = kSliderStyleWords}},
-      Attribute{50, ":SliderRefColour", &Slider::SliderRefColour}};
+  static constexpr auto attributes =
+      std::tuple{Attribute{102, ":Orientation", &Slider::Orientation},
+                 Attribute{103, ":MaxValue", &Slider::MaxValue},
+                 Attribute{104, ":MinValue", &Slider::MinValue},
+                 Attribute{105, ":InitialValue", &Slider::InitialValue},
+                 Attribute{106, ":InitialPortion", &Slider::InitialPortion},
+                 Attribute{107, ":StepSize", &Slider::StepSize},
+                 Attribute{108, ":SliderStyle", &Slider::SliderStyle},
+                 Attribute{50, ":SliderRefColour", &Slider::SliderRefColour}};
 };
 
 // ---- Streams ----
@@ -429,10 +414,9 @@ template <>
 struct Description<Stream> {
   using Parents = Classes<Ingredient>;
   static constexpr ClassHeading heading{ItemType::Stream, 21, "Stream", ":Stream"};
-  static constexpr auto attributes =
-      std::tuple{Attribute{92, ":Multiplex", &Stream::Multiplex, kRequired},
-                 Attribute{93, ":Storage", &Stream::Storage, Form{.words = kStorageWords}},
-                 Attribute{94, ":Looping", &Stream::Looping}};
+  static constexpr auto attributes = std::tuple{
+      Attribute{92, ":Multiplex", &Stream::Multiplex, kRequired},
+      Attribute{93, ":Storage", &Stream::Storage}, Attribute{94, ":Looping", &Stream::Looping}};
 };
 template <>
 struct Description<Audio> {
@@ -449,18 +433,18 @@ struct Description<Video> {
   static constexpr ClassHeading heading{ItemType::Video, 96, "Video", ":Video"};
   static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag,
                                          kOriginalPaletteRefTag};
-  static constexpr auto attributes = std::tuple{
-      Attribute{98, ":ComponentTag", &Video::ComponentTag, kRequired},
-      Attribute{100, ":Termination", &Video::Termination, Form{.words = kTerminationWords}}};
+  static constexpr auto attributes =
+      std::tuple{Attribute{98, ":ComponentTag", &Video::ComponentTag, kRequired},
+                 Attribute{100, ":Termination", &Video::Termination}};
 };
 template <>
 struct Description<RTGraphics> {
   using Parents = Classes<Visible>;
   static constexpr ClassHeading heading{ItemType::RTGraphics, 97, "RTGraphics", ":RTGraphics"};
   static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag};
-  static constexpr auto attributes = std::tuple{
-      Attribute{98, ":ComponentTag", &RTGraphics::ComponentTag, kRequired},
-      Attribute{100, ":Termination", &RTGraphics::Termination, Form{.words = kTerminationWords}}};
+  static constexpr auto attributes =
+      std::tuple{Attribute{98, ":ComponentTag", &RTGraphics::ComponentTag, kRequired},
+                 Attribute{100, ":Termination", &RTGraphics::Termination}};
 };
 
 // ---- The classes that lists of objects hold ----

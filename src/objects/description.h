@@ -5,19 +5,14 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <tuple>
 
-#include "objects/item_type.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 
-// The words of an enumeration; the first word stands for 1.
-using Words = std::span<const char* const>;
-
 // What the passes need to know about a field beyond its type.
 struct Form {
-  Words words{};               // the field is an enumeration with these words
   std::uint32_t innerTag = 0;  // the value stands under this context tag inside the attribute's own
   const char* innerKeyword = nullptr;  // and behind this keyword in the textual notation
   const char* name = "";               // names a reference in messages: "Link EventSource"

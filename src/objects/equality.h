@@ -13,6 +13,10 @@ namespace korvel {
 
 inline bool IsSame(bool one, bool other) { return one == other; }
 inline bool IsSame(std::int32_t one, std::int32_t other) { return one == other; }
+template <IsEnumeration Enumeration>
+bool IsSame(Enumeration one, Enumeration other) {
+  return one == other;
+}
 // An absent string differs from an empty one.
 [[nodiscard]] bool IsSame(const OctetString& one, const OctetString& other);
 [[nodiscard]] bool IsSame(const ObjectReference& one, const ObjectReference& other);

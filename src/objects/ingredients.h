@@ -23,8 +23,8 @@ struct Ingredient : Root {
 
 struct LinkCondition {
   ObjectReference EventSource;
-  std::int32_t EventType = 0;  // kept as encoded; numbers outside EventType's never fire
-  GenericValue EventData;      // None, Boolean, Integer or OctetString
+  korvel::EventType EventType{};  // a number without a name never fires
+  GenericValue EventData;         // None, Boolean, Integer or OctetString
 };
 
 struct Link : Ingredient {

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "objects/item_type.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 

@@ -4,10 +4,10 @@
 #include "objects/action_table.h"   // IWYU pragma: export
 #include "objects/class_tables.h"   // IWYU pragma: export
 #include "objects/decoded_group.h"  // IWYU pragma: export
-#include "objects/event_type.h"     // IWYU pragma: export
 #include "objects/group.h"          // IWYU pragma: export
 #include "objects/ingredients.h"    // IWYU pragma: export
 #include "objects/owned.h"          // IWYU pragma: export
 #include "objects/sequence.h"       // IWYU pragma: export
 #include "objects/status.h"         // IWYU pragma: export
 #include "objects/visibles.h"       // IWYU pragma: export
+#include "objects/vocabulary.h"     // IWYU pragma: export

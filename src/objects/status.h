@@ -26,4 +26,9 @@ enum class [[nodiscard]] Change : std::uint32_t{
     Failure = 2,  // stop the action list
 };
 
+// The change of an operation whose only other result is a failure.
+constexpr Change ChangeOf(Status status) {
+  return status == Status::Failure ? Change::Failure : Change::Changed;
+}
+
 }  // namespace korvel

@@ -123,5 +123,9 @@ using ActionList = List<ElementaryAction>;
 [[nodiscard]] constexpr std::string_view WithoutTilde(std::string_view name) {
   return name.substr(name.starts_with('~') ? 1 : 0);
 }
+// Whether both names mean the same group.
+[[nodiscard]] constexpr bool IsSameGroup(std::string_view one, std::string_view other) {
+  return WithoutTilde(one) == WithoutTilde(other);
+}
 
 }  // namespace korvel

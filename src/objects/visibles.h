@@ -34,11 +34,11 @@ struct Bitmap : Visible {
 struct LineArt : Visible {
   bool BorderedBoundingBox = true;
   std::int32_t OriginalLineWidth = 1;
-  std::int32_t OriginalLineStyle = 1;  // 1 solid, 2 dashed, 3 dotted
+  korvel::LineStyle OriginalLineStyle = korvel::LineStyle::Solid;
   ColourValue OriginalRefLineColour = ColourValue::NotSet();
   ColourValue OriginalRefFillColour = ColourValue::NotSet();
   std::int32_t LineWidth = 1;
-  std::int32_t LineStyle = 1;
+  korvel::LineStyle LineStyle = korvel::LineStyle::Solid;
   ColourValue RefLineColour = ColourValue::NotSet();
   ColourValue RefFillColour = ColourValue::NotSet();
 };
@@ -54,10 +54,10 @@ struct Text : Visible {
   ColourValue TextColour;
   ColourValue BackgroundColour;
   std::int32_t CharacterSet = 0;
-  std::int32_t HorizontalJustification = 1;  // 1 start, 2 end, 3 centre, 4 justified
-  std::int32_t VerticalJustification = 1;
-  std::int32_t LineOrientation = 2;  // 1 vertical, 2 horizontal
-  std::int32_t StartCorner = 1;      // 1 upper-left, 2 upper-right, 3 lower-left, 4 lower-right
+  Justification HorizontalJustification = Justification::Start;
+  Justification VerticalJustification = Justification::Start;
+  korvel::LineOrientation LineOrientation = korvel::LineOrientation::Horizontal;
+  korvel::StartCorner StartCorner = korvel::StartCorner::UpperLeft;
   bool TextWrapping = false;
 
   OctetString TextData;  // what is shown
@@ -73,7 +73,7 @@ struct Interactible {
 };
 
 struct EntryField : Text, Interactible {
-  std::int32_t InputType = 3;  // 1 alpha, 2 numeric, 3 any, 4 listed
+  korvel::InputType InputType = korvel::InputType::Any;
   OctetString CharList;
   bool ObsuredInput = false;
   std::int32_t MaxLength = 0;  // 0: no limit
@@ -96,17 +96,17 @@ struct PushButton : Button {
   std::int32_t CharacterSet = 0;
 };
 struct SwitchButton : PushButton {
-  std::int32_t ButtonStyle = 0;  // 1 push button, 2 radio button, 3 check box
+  korvel::ButtonStyle ButtonStyle{};
 };
 
 struct Slider : Visible, Interactible {
-  std::int32_t Orientation = 0;  // where the bar begins: 1 left, 2 right, 3 up, 4 down
+  korvel::Orientation Orientation{};
   std::int32_t MaxValue = 0;
   std::int32_t MinValue = 0;
   std::int32_t InitialValue = 0;
   std::int32_t InitialPortion = 0;
   std::int32_t StepSize = 1;
-  std::int32_t SliderStyle = 1;  // 1 normal, 2 thermometer, 3 proportional
+  korvel::SliderStyle SliderStyle = korvel::SliderStyle::Normal;
   ColourValue SliderRefColour;
   std::int32_t SliderValue = 0;
   std::int32_t Portion = 0;
@@ -120,13 +120,13 @@ struct Audio : Ingredient {
 };
 struct Video : Visible {
   std::int32_t ComponentTag = 0;
-  std::int32_t Termination = 2;  // 1 freeze, 2 disappear
+  korvel::Termination Termination = korvel::Termination::Disappear;
   korvel::BoxSize ScaledSize{kNotScaled, kNotScaled};
   korvel::Position DecodeOffset;
 };
 struct RTGraphics : Visible {
   std::int32_t ComponentTag = 0;
-  std::int32_t Termination = 2;
+  korvel::Termination Termination = korvel::Termination::Disappear;
 };
 
 struct Rational {
@@ -141,8 +141,8 @@ struct CounterTrigger {
 };
 
 struct Stream : Ingredient {
-  List<Item> Multiplex;      // Audio, Video and RTGraphics
-  std::int32_t Storage = 2;  // 1 memory, 2 stream
+  List<Item> Multiplex;  // Audio, Video and RTGraphics
+  korvel::Storage Storage = korvel::Storage::Stream;
   std::int32_t Looping = 1;
   Rational Speed;
   std::int32_t CounterPosition = 0;

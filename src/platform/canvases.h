@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <span>
 
+#include "objects/vocabulary.h"
+
 namespace korvel {
 
 struct Canvas;
@@ -16,8 +18,8 @@ using DrawnColour = std::uint32_t;
 inline constexpr DrawnColour kTransparentColour = 0xFFFFFFFF;
 
 struct LineAttributes {
-  std::int32_t Width = 1;  // pixels
-  std::int32_t Style = 1;  // 1 solid, 2 dashed, 3 dotted; any other is solid
+  std::int32_t Width = 1;              // pixels
+  LineStyle Style = LineStyle::Solid;  // drawn solid if the number has no name
   DrawnColour Ink = 0;
 };
 

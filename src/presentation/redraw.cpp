@@ -17,9 +17,6 @@ namespace {
 // Four of every five requests are dropped: a cheap limit on how often content makes us paint.
 constexpr std::uint32_t kRequestsPerPainting = 5;
 
-// The datum of the EngineEvent that reports a missing picture.
-constexpr std::int32_t kMissingPicture = 3;
-
 // False if a picture is missing.
 [[nodiscard]] bool DrawVisible(ItemType kind, Ingredient& visible) {
   if (!visible.RunningStatus) return true;
@@ -49,7 +46,8 @@ constexpr std::int32_t kMissingPicture = 3;
     if (IsClosing()) return false;
     if (IsGone(*entry.Visible)) continue;
     if (DrawVisible(entry.Kind, *entry.Visible) || IsClosing()) continue;
-    result = RaiseEvent(application, EventType::EngineEvent, EventData::Integer(kMissingPicture));
+    result = RaiseEvent(application, EventType::EngineEvent,
+                        EventData::Integer(engineEvents::kContentReferenceError));
     if (result == Status::Failure) return false;
     result = Status::Done;
     if (CurrentApplication() != &application || IsGone(application)) return false;

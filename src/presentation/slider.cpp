@@ -37,7 +37,7 @@ void DrawNumbers(const Slider& slider, DrawnColour colour) {
 }
 
 void DrawBar(const Slider& slider, DrawnColour colour) {
-  const LineAttributes line{.Width = 1, .Style = 1, .Ink = colour};
+  const LineAttributes line{.Width = 1, .Ink = colour};
   const SliderBar bar = SliderBarOf(slider);
   DrawBorderedRectangle(State().graphics, bar.bar, line, kTransparentColour);
   DrawBorderedRectangle(State().graphics, bar.marker, line, colour);

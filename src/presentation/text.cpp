@@ -9,6 +9,7 @@
 #include "appearance/colours.h"
 #include "appearance/geometry.h"
 #include "engine/engine.h"
+#include "objects/limits.h"
 #include "objects/memory.h"
 #include "objects/sequence.h"
 #include "platform/screen.h"
@@ -62,10 +63,10 @@ namespace {
 // One tab stop, which GDI+ repeats along the line: 42 pixels at 96 dots per inch.
 constexpr float kTabStop = 4032.0F;
 
-Gdiplus::StringAlignment AlignmentOf(std::int32_t justification) {
+Gdiplus::StringAlignment AlignmentOf(Justification justification) {
   switch (justification) {
-  case 2: return Gdiplus::StringAlignmentFar;
-  case 3: return Gdiplus::StringAlignmentCenter;
+  case Justification::End: return Gdiplus::StringAlignmentFar;
+  case Justification::Centre: return Gdiplus::StringAlignmentCenter;
   default: return Gdiplus::StringAlignmentNear;  // justified text too
   }
 }
@@ -74,9 +75,7 @@ Gdiplus::StringAlignment AlignmentOf(std::int32_t justification) {
 
 constexpr float kDefaultSize = 24.0F;
 constexpr float kPointsPerInch = 72.0F;
-constexpr std::int32_t kLargestSize = 10000;
-// More than any picture shows. GDI+ also lays out the text beyond the box, which takes long.
-constexpr std::size_t kMostCharacters = 20000;
+// No picture has more lines than pixel rows.
 constexpr std::size_t kMostLines = kSceneHeight;
 
 // The UTF-16 text for GDI+, terminated by a zero.
@@ -176,7 +175,7 @@ void DrawTextIn(const TextDrawing& drawing) {
   if (graphics == nullptr || !HasArea(drawing.BoxSize)) return;
   const Gdiplus::RectF layout = ToGdiPlus(BoxAt(drawing.Position, drawing.BoxSize));
   if (!FillBackground(graphics, layout, drawing.Background)) return;
-  if (drawing.Font.Size < 0 || drawing.Font.Size > kLargestSize) return;
+  if (drawing.Font.Size < 0 || drawing.Font.Size > kLargestFontSize) return;
   // The box cuts the text exactly; the layout alone does not do that everywhere.
   if (!Succeeded(gdip::GdipSetClipRect(graphics, layout.X, layout.Y, layout.Width, layout.Height,
                                        Gdiplus::CombineModeReplace))) {
@@ -204,7 +203,7 @@ void Draw(const Text& text) { DrawTextIn(DrawingOf(text)); }
 // The border and the font size are fixed, whatever the font attributes of the object say. Obscured
 // input is drawn as stars; the text itself does not change.
 void Draw(const EntryField& entryField) {
-  constexpr LineAttributes kBorder{.Width = 2, .Style = 1, .Ink = 0x00000000};
+  constexpr LineAttributes kBorder{.Width = 2};
   constexpr FontAttributes kFont{
       .Style = FontStyle::Plain, .Size = 15, .LineSpacing = 1, .LetterSpacing = 2};
   DrawBorderedRectangle(State().graphics, BoxOf(entryField), kBorder, kTransparentColour);

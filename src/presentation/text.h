@@ -19,8 +19,8 @@ struct TextDrawing {
   FontAttributes Font;  // size 0 means 24
   DrawnColour Ink = kTransparentColour;
   DrawnColour Background = kTransparentColour;
-  std::int32_t HorizontalJustification = 0;  // 2 end, 3 centre; any other number is start
-  std::int32_t VerticalJustification = 0;
+  Justification HorizontalJustification{};  // all but end and centre are drawn as start
+  Justification VerticalJustification{};
   bool TextWrapping = false;
   bool IsObscured = false;  // each character is drawn as a star
 };

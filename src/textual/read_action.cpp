@@ -2,7 +2,7 @@
 // parameter is read into several values, one after the other, as the decoder of the BER form leaves
 // them.
 #include "objects/action_table.h"
-#include "objects/event_type.h"
+#include "objects/vocabulary.h"
 #include "textual/read_value.h"
 
 namespace korvel {
@@ -121,7 +121,8 @@ bool AddEventNumber(TextReader& reader, Parameters& parameters) {
   }
   GenericValue event;
   event.Kind = ValueKind::Integer;
-  return ReadWord(reader, kEventWords, event.Integer) && Add(reader, std::move(event), parameters);
+  return ReadWord(reader, kWords<EventType>, event.Integer) &&
+         Add(reader, std::move(event), parameters);
 }
 
 bool AddParameter(TextReader& reader, Parameter parameter, Parameters& parameters) {

@@ -49,8 +49,7 @@ bool ReadWord(TextReader& reader, Words words, std::int32_t& value) {
   return reader.Refuse("a word such as ", words.front());
 }
 
-bool Read(TextReader& reader, std::int32_t& value, const Form& form) {
-  if (!form.words.empty()) return ReadWord(reader, form.words, value);
+bool Read(TextReader& reader, std::int32_t& value, const Form& /*form*/) {
   if (!reader.IsAt(kInteger)) return reader.Refuse("an integer");
   value = reader.Next().number;
   reader.Skip();

@@ -13,7 +13,6 @@
 namespace korvel {
 
 [[nodiscard]] bool Read(TextReader& reader, bool& value, const Form& form = {});
-// An integer; a word when the form has words.
 [[nodiscard]] bool Read(TextReader& reader, std::int32_t& value, const Form& form = {});
 [[nodiscard]] bool Read(TextReader& reader, OctetString& value, const Form& form = {});
 [[nodiscard]] bool Read(TextReader& reader, ObjectReference& value, const Form& form = {});
@@ -31,6 +30,17 @@ namespace korvel {
 
 // The number of a word, from 1 on.
 [[nodiscard]] bool ReadWord(TextReader& reader, Words words, std::int32_t& value);
+
+// A word, or the number of an enumeration without words.
+template <IsEnumeration Enumeration>
+[[nodiscard]] bool Read(TextReader& reader, Enumeration& value, const Form& /*form*/ = {}) {
+  constexpr Words kItsWords{kWords<Enumeration>};
+  std::int32_t number = 0;
+  const bool isRead =
+      kItsWords.empty() ? Read(reader, number) : ReadWord(reader, kItsWords, number);
+  if (isRead) value = static_cast<Enumeration>(number);
+  return isRead;
+}
 
 // A structure's elements in their order, those with a keyword only where it stands.
 template <IsSequence Record>

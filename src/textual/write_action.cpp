@@ -3,7 +3,7 @@
 #include <iterator>
 
 #include "objects/action_table.h"
-#include "objects/event_type.h"
+#include "objects/vocabulary.h"
 #include "textual/write_value.h"
 
 namespace korvel {
@@ -106,10 +106,9 @@ void WriteNewTimer(TextWriter& writer, Values& values) {
 
 void WriteEventNumber(TextWriter& writer, Values& values) {
   const GenericValue& event = values.Take();
-  const bool hasWord = event.Kind == ValueKind::Integer && event.Integer >= 1 &&
-                       static_cast<std::size_t>(event.Integer) <= kEventWords.size();
-  if (!hasWord) return Write(writer, event);
-  writer.Word(kEventWords[static_cast<std::size_t>(event.Integer) - 1]);
+  const char* word =
+      event.Kind == ValueKind::Integer ? WordOf(static_cast<EventType>(event.Integer)) : nullptr;
+  word == nullptr ? Write(writer, event) : writer.Word(word);
 }
 
 void WriteParameter(TextWriter& writer, Parameter parameter, Values& values) {

@@ -3,7 +3,6 @@
 
 namespace korvel {
 
-bool IsGiven(std::int32_t value, const Form& form) { return form.words.empty() || value != 0; }
 bool IsGiven(const OctetString& value, const Form& /*form*/) { return value.IsPresent(); }
 bool IsGiven(const ContentReference& value, const Form& /*form*/) { return value.Path.IsPresent(); }
 
@@ -11,13 +10,7 @@ void Write(TextWriter& writer, bool value, const Form& /*form*/) {
   writer.Word(value ? "TRUE" : "FALSE");
 }
 
-void Write(TextWriter& writer, std::int32_t value, const Form& form) {
-  if (form.words.empty()) return writer.Number(value);
-  if (value < 1 || static_cast<std::size_t>(value) > form.words.size()) {
-    return writer.FailForWord(value);
-  }
-  writer.Word(form.words[static_cast<std::size_t>(value) - 1]);
-}
+void Write(TextWriter& writer, std::int32_t value, const Form& /*form*/) { writer.Number(value); }
 
 void Write(TextWriter& writer, const OctetString& value, const Form& /*form*/) {
   writer.String(value.View());

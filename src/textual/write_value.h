@@ -28,9 +28,20 @@ template <class Value>
 [[nodiscard]] bool IsGiven(const Value& /*value*/, const Form& /*form*/) {
   return true;
 }
-[[nodiscard]] bool IsGiven(std::int32_t value, const Form& form);
+template <IsEnumeration Enumeration>
+[[nodiscard]] bool IsGiven(const Enumeration& value, const Form& /*form*/) {
+  return kWords<Enumeration>.empty() || value != Enumeration{};
+}
 [[nodiscard]] bool IsGiven(const OctetString& value, const Form& form);
 [[nodiscard]] bool IsGiven(const ContentReference& value, const Form& form);
+
+template <IsEnumeration Enumeration>
+void Write(TextWriter& writer, Enumeration value, const Form& /*form*/ = {}) {
+  const auto number = static_cast<std::int32_t>(value);
+  if (kWords<Enumeration>.empty()) return writer.Number(number);
+  const char* word = WordOf(value);
+  word == nullptr ? writer.FailForWord(number) : writer.Word(word);
+}
 
 template <IsSequence Record>
 void Write(TextWriter& writer, const Record& record, const Form& /*form*/ = {}) {

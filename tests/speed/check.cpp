@@ -67,7 +67,7 @@ void WriteLinks(const fs::path& folder, int count) {
     korvel::Item item = korvel::Item::New(korvel::ItemType::Link);
     item.Record()->Reference.Number = i + 1;
     korvel::LinkCondition& condition = item.As<korvel::Link>().Condition;
-    condition.EventType = static_cast<std::int32_t>(korvel::EventType::TimerFired);
+    condition.EventType = korvel::EventType::TimerFired;
     condition.EventData.Kind = korvel::ValueKind::Integer;
     condition.EventData.Integer = i;
     static_cast<void>(scene.Items.Append(std::move(item)));

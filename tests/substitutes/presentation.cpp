@@ -31,7 +31,8 @@ std::ostream& operator<<(std::ostream& out, CanvasPoint point) {
   return out << point.X << ',' << point.Y;
 }
 std::ostream& operator<<(std::ostream& out, const LineAttributes& line) {
-  return out << "line " << line.Width << '/' << line.Style << Hex{line.Ink};
+  return out << "line " << line.Width << '/' << static_cast<std::int32_t>(line.Style)
+             << Hex{line.Ink};
 }
 
 // Notes a call, unless it is for an absent canvas.

@@ -75,14 +75,21 @@ class GroupMaker {
   }
 
   void Fill(bool& field, const Form& /*form*/) { field = Below(2) == 0; }
-  void Fill(std::int32_t& field, const Form& form) {
+  void Fill(std::int32_t& field, const Form& /*form*/) {
     constexpr std::array<std::int32_t, 12> edges = {0,    1,   -1,    127,    128,       -128,
                                                     -129, 255, 32768, -32769, INT32_MAX, INT32_MIN};
-    if (!form.words.empty()) {
-      field = static_cast<std::int32_t>(1 + Below(static_cast<std::uint32_t>(form.words.size())));
+    field = Below(2) == 0 ? edges[Below(edges.size())] : static_cast<std::int32_t>(random_());
+  }
+  template <IsEnumeration Enumeration>
+  void Fill(Enumeration& field, const Form& form) {
+    std::int32_t number = 0;
+    if (kWords<Enumeration>.empty()) {
+      Fill(number, form);
     } else {
-      field = Below(2) == 0 ? edges[Below(edges.size())] : static_cast<std::int32_t>(random_());
+      number = static_cast<std::int32_t>(
+          1 + Below(static_cast<std::uint32_t>(kWords<Enumeration>.size())));
     }
+    field = static_cast<Enumeration>(number);
   }
   // Any bytes, zeros among them, or text; now and then none at all, or enough for a longer length.
   void Fill(OctetString& field, const Form& /*form*/) {

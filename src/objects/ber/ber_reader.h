@@ -9,12 +9,9 @@
 #include <string_view>
 
 #include "objects/ber/tags.h"
+#include "objects/limits.h"
 
 namespace korvel::ber {
-
-// Far beyond what the classes can nest, and little enough for any stack and for a list's record of
-// open wrappers.
-inline constexpr std::uint32_t kDeepestNesting = 64;
 
 // Where reading was first refused: the first byte of the element that could not be taken. The rest
 // is added on the way out, by whoever knows it first.

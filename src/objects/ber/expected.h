@@ -7,8 +7,12 @@
 namespace korvel::ber {
 
 inline const char* ExpectedFor(const bool& /*field*/, const Form& /*form*/) { return "a BOOLEAN"; }
-inline const char* ExpectedFor(const std::int32_t& /*field*/, const Form& form) {
-  return form.words.empty() ? "an INTEGER" : "an ENUMERATED";
+inline const char* ExpectedFor(const std::int32_t& /*field*/, const Form& /*form*/) {
+  return "an INTEGER";
+}
+template <IsEnumeration Enumeration>
+const char* ExpectedFor(const Enumeration& /*field*/, const Form& /*form*/) {
+  return kWords<Enumeration>.empty() ? "an INTEGER" : "an ENUMERATED";
 }
 inline const char* ExpectedFor(const OctetString& /*field*/, const Form& /*form*/) {
   return "an OCTET STRING";

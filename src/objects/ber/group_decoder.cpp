@@ -17,8 +17,16 @@ namespace {
 
 // ---- Elements of a SEQUENCE: universal, told apart by their place ----
 
-bool DecodeElement(const BerElement& element, const Form& form, std::int32_t& field) {
-  return Decode(element, form.words.empty() ? NumberType::Integer : NumberType::Enumerated, field);
+bool DecodeElement(const BerElement& element, const Form& /*form*/, std::int32_t& field) {
+  return Decode(element, NumberType::Integer, field);
+}
+template <IsEnumeration Enumeration>
+bool DecodeElement(const BerElement& element, const Form& /*form*/, Enumeration& field) {
+  constexpr auto kType = kWords<Enumeration>.empty() ? NumberType::Integer : NumberType::Enumerated;
+  std::int32_t number = 0;
+  if (!Decode(element, kType, number)) return false;
+  field = static_cast<Enumeration>(number);
+  return true;
 }
 bool DecodeElement(const BerElement& element, const Form& /*form*/, OctetString& field) {
   return Decode(element, field);
@@ -134,7 +142,10 @@ BerReader EntriesOf(const BerElement& tagged) {
 
 // ---- Attributes: under a context tag ----
 
-bool DecodeField(const BerElement& tagged, const Form& form, std::int32_t& field) {
+template <class Number>
+requires(std::is_same_v<Number, std::int32_t> ||
+         IsEnumeration<Number>) bool DecodeField(const BerElement& tagged, const Form& form,
+                                                 Number& field) {
   BerElement element;
   return Untag(tagged, kInteger, element) && DecodeElement(element, form, field);
 }

@@ -25,6 +25,10 @@ void EncodeContent(BerWriter& writer, const List<T>& list);
 
 void EncodeUnder(BerWriter& writer, Tag tag, bool field) { writer.Boolean(tag, field); }
 void EncodeUnder(BerWriter& writer, Tag tag, std::int32_t field) { writer.Integer(tag, field); }
+template <IsEnumeration Enumeration>
+void EncodeUnder(BerWriter& writer, Tag tag, const Enumeration& field) {
+  writer.Integer(tag, static_cast<std::int32_t>(field));
+}
 void EncodeUnder(BerWriter& writer, Tag tag, const OctetString& field) {
   writer.Octets(tag, field.View());
 }
@@ -46,8 +50,12 @@ void EncodeElement(BerWriter& writer, const Form& form, const Item& item);
 void EncodeElement(BerWriter& writer, const Form& /*form*/, bool field) {
   writer.Boolean(kBoolean, field);
 }
-void EncodeElement(BerWriter& writer, const Form& form, std::int32_t field) {
-  writer.Integer(form.words.empty() ? kInteger : kEnumerated, field);
+void EncodeElement(BerWriter& writer, const Form& /*form*/, std::int32_t field) {
+  writer.Integer(kInteger, field);
+}
+template <IsEnumeration Enumeration>
+void EncodeElement(BerWriter& writer, const Form& /*form*/, Enumeration field) {
+  EncodeUnder(writer, kWords<Enumeration>.empty() ? kInteger : kEnumerated, field);
 }
 void EncodeElement(BerWriter& writer, const Form& /*form*/, const OctetString& field) {
   writer.Octets(kOctetString, field.View());

@@ -86,7 +86,7 @@ class ValueLines {
       Add("PaletteRef", record.PaletteRef);
     }
     if constexpr (std::is_base_of_v<LineArt, Record>) {
-      Add("Line", record.LineWidth, record.LineStyle);
+      Add("Line", record.LineWidth, static_cast<std::int32_t>(record.LineStyle));
       Add("RefLineColour", record.RefLineColour);
       Add("RefFillColour", record.RefFillColour);
     }

@@ -153,27 +153,27 @@ TEST(LineAttributes, a_width_is_limited_to_between_0_and_the_farthest_coordinate
 }
 
 TEST(LineAttributes, style_2_is_dashed_and_style_3_dotted) {
-  EXPECT_EQ(DashesOf({.Style = 1}), Dashes::None);
-  EXPECT_EQ(DashesOf({.Style = 2}), Dashes::Long);
-  EXPECT_EQ(DashesOf({.Style = 3}), Dashes::Short);
-  EXPECT_EQ(DashesOf({.Style = 0}), Dashes::None);
-  EXPECT_EQ(DashesOf({.Style = 4}), Dashes::None);
+  EXPECT_EQ(DashesOf({.Style = LineStyle{1}}), Dashes::None);
+  EXPECT_EQ(DashesOf({.Style = LineStyle{2}}), Dashes::Long);
+  EXPECT_EQ(DashesOf({.Style = LineStyle{3}}), Dashes::Short);
+  EXPECT_EQ(DashesOf({.Style = LineStyle{0}}), Dashes::None);
+  EXPECT_EQ(DashesOf({.Style = LineStyle{4}}), Dashes::None);
 }
 
 TEST(LineAttributes, a_dash_is_three_widths_long_a_dot_one_and_a_gap_one) {
-  EXPECT_EQ(DashPeriod({.Width = 5, .Style = 1}), 0);
-  EXPECT_EQ(DashPeriod({.Width = 5, .Style = 2}), 20);
-  EXPECT_EQ(DashPeriod({.Width = 5, .Style = 3}), 10);
-  EXPECT_EQ(DashPeriod({.Width = -5, .Style = 3}), 0);
+  EXPECT_EQ(DashPeriod({.Width = 5, .Style = LineStyle{1}}), 0);
+  EXPECT_EQ(DashPeriod({.Width = 5, .Style = LineStyle{2}}), 20);
+  EXPECT_EQ(DashPeriod({.Width = 5, .Style = LineStyle{3}}), 10);
+  EXPECT_EQ(DashPeriod({.Width = -5, .Style = LineStyle{3}}), 0);
 }
 
 TEST(LineAttributes, dashes_are_counted_with_their_gaps) {
-  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = 3}, 30'000));
-  EXPECT_TRUE(HasTooManyDashes({.Width = 5, .Style = 3}, 30'001));
-  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = 2}, 60'000));
-  EXPECT_TRUE(HasTooManyDashes({.Width = 5, .Style = 2}, 60'001));
-  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = 1}, 60'001));
-  EXPECT_FALSE(HasTooManyDashes({.Width = 0, .Style = 2}, 60'001));
+  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = LineStyle{3}}, 30'000));
+  EXPECT_TRUE(HasTooManyDashes({.Width = 5, .Style = LineStyle{3}}, 30'001));
+  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = LineStyle{2}}, 60'000));
+  EXPECT_TRUE(HasTooManyDashes({.Width = 5, .Style = LineStyle{2}}, 60'001));
+  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = LineStyle{1}}, 60'001));
+  EXPECT_FALSE(HasTooManyDashes({.Width = 0, .Style = LineStyle{2}}, 60'001));
 }
 
 }  // namespace korvel::test

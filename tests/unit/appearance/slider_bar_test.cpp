@@ -17,8 +17,8 @@ Slider SliderAt(std::int32_t value, std::int32_t orientation, std::int32_t style
   slider.BoxSize = {101, 51};
   slider.MaxValue = 100;
   slider.SliderValue = value;
-  slider.Orientation = orientation;
-  slider.SliderStyle = style;
+  slider.Orientation = Orientation{orientation};
+  slider.SliderStyle = SliderStyle{style};
   return slider;
 }
 

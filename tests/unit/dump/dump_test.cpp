@@ -69,7 +69,7 @@ TEST(Dump, odd_spellings_belong_to_the_format) {
   EXPECT_TRUE(Has(DumpOfLink("IsRunning"), "|---Event Type: IsRuning\n"));
   EXPECT_TRUE(Has(DumpOfItem("{:EntryField 1}"), "|---ObsuredInput: FALSE\n"));
   const OwnedGroup group = Read("{:Scene 0 :Items ({:Stream 1})}");
-  group->Items.At(0)->As<Stream>().Storage = 7;
+  group->Items.At(0)->As<Stream>().Storage = Storage{7};
   EXPECT_TRUE(Has(DumpOf(group), "|---Not define Stroage type: 7\n"));
 }
 

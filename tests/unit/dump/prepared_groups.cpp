@@ -52,7 +52,7 @@ void RunBitmap(Bitmap& bitmap) {
 
 void RunLineArt(LineArt& lineArt) {
   lineArt.LineWidth = 4;
-  lineArt.LineStyle = 3;
+  lineArt.LineStyle = LineStyle{3};
   lineArt.RefFillColour.Index = 5;
   lineArt.RefLineColour.Kind = ValueKind::OctetString;
   Set(lineArt.RefLineColour.Absolute, "ABCD");
@@ -161,20 +161,20 @@ void MakeUnknown(Group& group) {
   }
   Add(group.OnCloseDown, ActionWithoutValues());
   auto& link = At<Link>(group, 1);
-  link.Condition.EventType = 32;
+  link.Condition.EventType = EventType{32};
   link.Condition.EventData.Kind = ValueKind::ObjectReference;
   auto& text = At<Text>(group, 2);
-  text.HorizontalJustification = 0;
-  text.VerticalJustification = 5;
-  text.LineOrientation = 3;
-  text.StartCorner = 5;
-  At<EntryField>(group, 3).InputType = 5;
-  At<SwitchButton>(group, 4).ButtonStyle = 4;
-  At<Slider>(group, 5).Orientation = 5;
-  At<Slider>(group, 5).SliderStyle = 4;
+  text.HorizontalJustification = Justification{0};
+  text.VerticalJustification = Justification{5};
+  text.LineOrientation = LineOrientation{3};
+  text.StartCorner = StartCorner{5};
+  At<EntryField>(group, 3).InputType = InputType{5};
+  At<SwitchButton>(group, 4).ButtonStyle = ButtonStyle{4};
+  At<Slider>(group, 5).Orientation = Orientation{5};
+  At<Slider>(group, 5).SliderStyle = SliderStyle{4};
   auto& stream = At<Stream>(group, 6);
-  stream.Storage = 3;
-  stream.Multiplex.At(0)->As<Video>().Termination = 3;
+  stream.Storage = Storage{3};
+  stream.Multiplex.At(0)->As<Video>().Termination = Termination{3};
   Add(stream.Multiplex, Item(kNoClass, &foreign));
   Add(group.Items, Item(kNoClass, &foreign));
 }

@@ -148,10 +148,10 @@ TEST_F(Events, an_object_as_the_source_is_the_object_the_links_name) {
 
 TEST_F(Events, every_event_type_finds_its_links) {
   std::string links;
-  for (std::size_t type = 1; type <= kEventWords.size(); ++type) {
-    links +=
-        LinkOn(static_cast<std::int32_t>(type), "50",
-               std::string(kEventWords[type - 1]) + " :EventData 700", Note(std::to_string(type)));
+  for (std::size_t type = 1; type <= kWords<EventType>.size(); ++type) {
+    links += LinkOn(static_cast<std::int32_t>(type), "50",
+                    std::string(kWords<EventType>[type - 1]) + " :EventData 700",
+                    Note(std::to_string(type)));
   }
   StartWith(links);
   for (std::int32_t type = 1; type <= 31; ++type) {
@@ -169,8 +169,8 @@ TEST_F(Events, links_on_numbers_that_are_no_event_types_never_run) {
   OwnedGroup group = ParseText(ApplicationText(
       "~/a", LinkOn(1, "0", "StreamEvent", Note("x")) + LinkOn(2, "0", "StreamEvent", Note("y"))));
   ASSERT_TRUE(group);
-  group->Items.At(1)->As<Link>().Condition.EventType = 0;
-  group->Items.At(2)->As<Link>().Condition.EventType = 32;
+  group->Items.At(1)->As<Link>().Condition.EventType = EventType{0};
+  group->Items.At(2)->As<Link>().Condition.EventType = EventType{32};
   OctetString bytes;
   ASSERT_EQ(EncodeGroup(*group.Get(), bytes), Status::Done);
   TheHost().files["a"] = std::string(bytes.View());

@@ -211,9 +211,9 @@ TEST_F(OutsideEvents, other_types_run_every_link_of_the_input_table_with_number_
 
 TEST_F(OutsideEvents, only_links_on_input_types_wait_in_the_input_table) {
   std::string links;
-  for (std::size_t type = 1; type <= kEventWords.size(); ++type) {
+  for (std::size_t type = 1; type <= kWords<EventType>.size(); ++type) {
     links += LinkOn(static_cast<std::int32_t>(type), "50",
-                    std::string(kEventWords[type - 1]) + " :EventData 3", Note("x"));
+                    std::string(kWords<EventType>[type - 1]) + " :EventData 3", Note("x"));
   }
   ServeApplication(links);
   ASSERT_EQ(Start(), Status::Done);

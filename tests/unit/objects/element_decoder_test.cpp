@@ -39,7 +39,7 @@ TEST(DecodeReference, another_type_where_a_reference_stands_leaves_it_empty) {
   ASSERT_TRUE(link.IsDone());
   EXPECT_FALSE(link->Condition.EventSource.GroupIdentifier.IsPresent());
   EXPECT_EQ(link->Condition.EventSource.Number, 0);
-  EXPECT_EQ(link->Condition.EventType, 6);
+  EXPECT_EQ(link->Condition.EventType, EventType{6});
 }
 
 TEST(DecodeReference, a_sequence_must_hold_an_octet_string_and_an_integer) {

@@ -298,7 +298,7 @@ TEST(DecodeItems, rectangle_and_dynamic_line_art_are_read_as_line_art) {
     ASSERT_TRUE(art.IsDone());
     EXPECT_FALSE(art->BorderedBoundingBox);
     EXPECT_EQ(art->OriginalLineWidth, 3);
-    EXPECT_EQ(art->OriginalLineStyle, 2);
+    EXPECT_EQ(art->OriginalLineStyle, LineStyle{2});
     EXPECT_EQ(art->OriginalRefLineColour.Kind, ValueKind::OctetString);
     EXPECT_EQ(art->OriginalRefLineColour.Absolute.View(), "\x01\x02\x03");
     EXPECT_EQ(art->OriginalRefFillColour.Kind, ValueKind::Integer);

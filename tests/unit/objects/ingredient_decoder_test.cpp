@@ -94,7 +94,7 @@ TEST(DecodeLink, condition_and_effect) {
   ASSERT_TRUE(link.IsDone());
   EXPECT_EQ(link->Condition.EventSource.GroupIdentifier.View(), "~/a");
   EXPECT_EQ(link->Condition.EventSource.Number, 3);
-  EXPECT_EQ(link->Condition.EventType, 7);
+  EXPECT_EQ(link->Condition.EventType, EventType{7});
   EXPECT_EQ(link->Condition.EventData.Kind, ValueKind::Integer);
   EXPECT_EQ(link->Condition.EventData.Integer, 15);
   EXPECT_EQ(link->LinkEffect.Size(), 2U);
@@ -118,14 +118,14 @@ TEST(DecodeLink, condition_is_read_behind_an_explicit_tag_with_either_reference)
     const OneItem<Link> link(20, Holding(62, Sequence(condition)));
     ASSERT_TRUE(link.IsDone());
     EXPECT_EQ(link->Condition.EventSource.Number, 3);
-    EXPECT_EQ(link->Condition.EventType, 6);
+    EXPECT_EQ(link->Condition.EventType, EventType{6});
   }
 }
 
 TEST(DecodeLink, event_type_may_be_encoded_as_an_integer) {
   const OneItem<Link> link(20, Holding(62, Integer(3) + Integer(6)));
   ASSERT_TRUE(link.IsDone());
-  EXPECT_EQ(link->Condition.EventType, 6);
+  EXPECT_EQ(link->Condition.EventType, EventType{6});
 }
 
 TEST(DecodeProgram, name_availability_and_connection) {
@@ -252,17 +252,17 @@ TEST(DecodeLineArt, without_attributes_has_its_defaults) {
   const OneItem<LineArt> art(23, "");
   EXPECT_TRUE(art->BorderedBoundingBox);
   EXPECT_EQ(art->OriginalLineWidth, 1);
-  EXPECT_EQ(art->OriginalLineStyle, 1);
+  EXPECT_EQ(art->OriginalLineStyle, LineStyle{1});
   EXPECT_TRUE(IsNotSet(art->OriginalRefLineColour));
   EXPECT_TRUE(IsNotSet(art->OriginalRefFillColour));
 }
 
 TEST(DecodeText, layout_attributes_and_their_defaults) {
   const OneItem<Text> plain(29, "");
-  EXPECT_EQ(plain->HorizontalJustification, 1);
-  EXPECT_EQ(plain->VerticalJustification, 1);
-  EXPECT_EQ(plain->LineOrientation, 2);
-  EXPECT_EQ(plain->StartCorner, 1);
+  EXPECT_EQ(plain->HorizontalJustification, Justification{1});
+  EXPECT_EQ(plain->VerticalJustification, Justification{1});
+  EXPECT_EQ(plain->LineOrientation, LineOrientation{2});
+  EXPECT_EQ(plain->StartCorner, StartCorner{1});
   EXPECT_FALSE(plain->TextWrapping);
   EXPECT_EQ(plain->TextColour.Kind, ValueKind::None);
   const OneItem<Text> text(29, Primitive(38, "\x0A") + Primitive(43, "plain") +
@@ -272,35 +272,35 @@ TEST(DecodeText, layout_attributes_and_their_defaults) {
   ASSERT_TRUE(text.IsDone());
   EXPECT_EQ(text->CharacterSet, 10);
   EXPECT_EQ(text->FontAttributes.View(), "plain");
-  EXPECT_EQ(text->HorizontalJustification, 3);
-  EXPECT_EQ(text->VerticalJustification, 2);
-  EXPECT_EQ(text->LineOrientation, 1);
-  EXPECT_EQ(text->StartCorner, 4);
+  EXPECT_EQ(text->HorizontalJustification, Justification{3});
+  EXPECT_EQ(text->VerticalJustification, Justification{2});
+  EXPECT_EQ(text->LineOrientation, LineOrientation{1});
+  EXPECT_EQ(text->StartCorner, StartCorner{4});
   EXPECT_TRUE(text->TextWrapping);
 }
 
 TEST(DecodeText, enumeration_may_be_encoded_as_an_integer) {
   const OneItem<Text> text(29, Holding(88, Integer(2)));
   ASSERT_TRUE(text.IsDone());
-  EXPECT_EQ(text->VerticalJustification, 2);
+  EXPECT_EQ(text->VerticalJustification, Justification{2});
 }
 
 TEST(DecodeText, an_unknown_number_of_an_enumeration_is_kept) {
-  EXPECT_EQ(OneItem<Text>(29, Primitive(87, "\x63"))->HorizontalJustification, 99);
+  EXPECT_EQ(OneItem<Text>(29, Primitive(87, "\x63"))->HorizontalJustification, Justification{99});
 }
 
 TEST(DecodeInteractible, attributes_left_out_have_their_defaults) {
   const OneItem<EntryField> field(30, "");
   ASSERT_TRUE(field.IsDone());
   EXPECT_TRUE(field->EngineResp);
-  EXPECT_EQ(field->InputType, 3);  // any
+  EXPECT_EQ(field->InputType, InputType{3});  // any
   EXPECT_TRUE(OneItem<HyperText>(31, "")->EngineResp);
   EXPECT_TRUE(OneItem<SwitchButton>(27, "")->EngineResp);
   const OneItem<Slider> slider(32, "");
   ASSERT_TRUE(slider.IsDone());
   EXPECT_TRUE(slider->EngineResp);
   EXPECT_EQ(slider->StepSize, 1);
-  EXPECT_EQ(slider->SliderStyle, 1);  // normal
+  EXPECT_EQ(slider->SliderStyle, SliderStyle{1});  // normal
 }
 
 TEST(DecodeInteractible, entry_field_hyper_text_buttons_and_slider) {
@@ -311,7 +311,7 @@ TEST(DecodeInteractible, entry_field_hyper_text_buttons_and_slider) {
   ASSERT_TRUE(field.IsDone());
   EXPECT_FALSE(field->EngineResp);
   EXPECT_EQ(field->HighlightRefColour.Index, 2);
-  EXPECT_EQ(field->InputType, 2);
+  EXPECT_EQ(field->InputType, InputType{2});
   EXPECT_EQ(field->CharList.View(), "0123");
   EXPECT_TRUE(field->ObsuredInput);
   EXPECT_EQ(field->MaxLength, 12);
@@ -323,19 +323,19 @@ TEST(DecodeInteractible, entry_field_hyper_text_buttons_and_slider) {
   EXPECT_EQ(button->ButtonRefColour.Index, 3);
   EXPECT_EQ(button->OriginalLabel.View(), "label");
   EXPECT_EQ(button->CharacterSet, 10);
-  EXPECT_EQ(button->ButtonStyle, 3);
+  EXPECT_EQ(button->ButtonStyle, ButtonStyle{3});
   const OneItem<Slider> slider(32, interactible + Primitive(102, "\x04") + Primitive(103, "\x0A") +
                                        Primitive(104, "\xFF") + Primitive(105, "\x05") +
                                        Primitive(106, "\x02") + Primitive(107, "\x03") +
                                        Primitive(108, "\x02") + Holding(50, Integer(6)));
   ASSERT_TRUE(slider.IsDone());
-  EXPECT_EQ(slider->Orientation, 4);
+  EXPECT_EQ(slider->Orientation, Orientation{4});
   EXPECT_EQ(slider->MaxValue, 10);
   EXPECT_EQ(slider->MinValue, -1);
   EXPECT_EQ(slider->InitialValue, 5);
   EXPECT_EQ(slider->InitialPortion, 2);
   EXPECT_EQ(slider->StepSize, 3);
-  EXPECT_EQ(slider->SliderStyle, 2);
+  EXPECT_EQ(slider->SliderStyle, SliderStyle{2});
   EXPECT_EQ(slider->SliderRefColour.Index, 6);
 }
 
@@ -357,11 +357,11 @@ TEST(DecodeStream, components_belong_to_the_stream_and_not_to_the_items) {
     EXPECT_EQ(stream->Multiplex.At(1)->Type(), ItemType::Video);
     EXPECT_EQ(stream->Multiplex.At(1)->As<Video>().Reference.Number, 12);
     EXPECT_EQ(stream->Multiplex.At(1)->As<Video>().OriginalBoxSize.Width, 720);
-    EXPECT_EQ(stream->Multiplex.At(1)->As<Video>().Termination, 1);
+    EXPECT_EQ(stream->Multiplex.At(1)->As<Video>().Termination, Termination{1});
     EXPECT_FALSE(stream->Multiplex.At(1)->As<Video>().InitiallyActive);
     EXPECT_EQ(stream->Multiplex.At(2)->Type(), ItemType::RTGraphics);
     EXPECT_TRUE(stream->Multiplex.At(2)->As<RTGraphics>().OriginalPaletteRef.IsPresent);
-    EXPECT_EQ(stream->Storage, 1);
+    EXPECT_EQ(stream->Storage, Storage{1});
     EXPECT_EQ(stream->Looping, 0);
   }
 }
@@ -369,14 +369,14 @@ TEST(DecodeStream, components_belong_to_the_stream_and_not_to_the_items) {
 TEST(DecodeStream, starts_from_its_defaults) {
   const OneItem<Stream> stream(21, Holding(92, Holding(96, Integer(1)) + Holding(95, Integer(2))));
   ASSERT_TRUE(stream.IsDone());
-  EXPECT_EQ(stream->Storage, 2);
+  EXPECT_EQ(stream->Storage, Storage{2});
   EXPECT_EQ(stream->Looping, 1);
   EXPECT_EQ(stream->Speed.Numerator, 1);
   EXPECT_EQ(stream->Speed.Denominator, 1);
   EXPECT_EQ(stream->CounterPosition, 0);
   EXPECT_EQ(stream->CounterEndPosition, -1);
   EXPECT_TRUE(stream->CounterTriggers.IsEmpty());
-  EXPECT_EQ(stream->Multiplex.At(0)->As<Video>().Termination, 2);
+  EXPECT_EQ(stream->Multiplex.At(0)->As<Video>().Termination, Termination{2});
   EXPECT_EQ(stream->Multiplex.At(1)->As<Audio>().OriginalVolume, 0);
 }
 

@@ -52,10 +52,10 @@ TEST(TextReader, a_scene_becomes_its_records) {
   EXPECT_EQ(scene.InputEventReg, 4);
   ASSERT_EQ(scene.Items.Size(), 5U);
   const auto& text = scene.Items.At(1)->As<Text>();
-  EXPECT_EQ(text.HorizontalJustification, 3);
+  EXPECT_EQ(text.HorizontalJustification, Justification{3});
   EXPECT_EQ(text.OriginalPosition.Y, 90);
   const auto& link = scene.Items.At(3)->As<Link>();
-  EXPECT_EQ(link.Condition.EventType, 23);
+  EXPECT_EQ(link.Condition.EventType, EventType{23});
   EXPECT_EQ(link.Condition.EventData.Kind, ValueKind::Boolean);
   ASSERT_EQ(link.LinkEffect.Size(), 2U);
   const ElementaryAction& setPosition = *link.LinkEffect.At(1);
@@ -210,9 +210,9 @@ TEST(TextReader, a_stream_has_components_and_no_items) {
   const auto& stream = Only<Stream>(reading);
   ASSERT_EQ(stream.Multiplex.Size(), 3U);
   EXPECT_EQ(stream.Multiplex.At(0)->As<Audio>().OriginalVolume, 3);
-  EXPECT_EQ(stream.Multiplex.At(1)->As<Video>().Termination, 1);
+  EXPECT_EQ(stream.Multiplex.At(1)->As<Video>().Termination, Termination{1});
   EXPECT_EQ(stream.Multiplex.At(2)->Type(), ItemType::RTGraphics);
-  EXPECT_EQ(stream.Storage, 1);
+  EXPECT_EQ(stream.Storage, Storage{1});
   EXPECT_EQ(ReadItems("{:Audio 2 :ComponentTag 5}").result, TextResult::Refused);
   EXPECT_EQ(ReadItems("{:Stream 1 :Multiplex ({:Text 2 :OrigBoxSize 1 1})}").result,
             TextResult::Refused);
@@ -223,10 +223,10 @@ TEST(TextReader, words_of_enumerations_count_from_one) {
       "{:EntryField 1 :OrigBoxSize 1 1 :StartCorner lower-right :LineOrientation Vertical "
       ":VJustification JUSTIFIED :InputType listed}");
   const auto& field = Only<EntryField>(reading);
-  EXPECT_EQ(field.StartCorner, 4);
-  EXPECT_EQ(field.LineOrientation, 1);
-  EXPECT_EQ(field.VerticalJustification, 4);
-  EXPECT_EQ(field.InputType, 4);
+  EXPECT_EQ(field.StartCorner, StartCorner{4});
+  EXPECT_EQ(field.LineOrientation, LineOrientation{1});
+  EXPECT_EQ(field.VerticalJustification, Justification{4});
+  EXPECT_EQ(field.InputType, InputType{4});
   EXPECT_EQ(ReadItems("{:Slider 1 :OrigBoxSize 1 1 :Orientation centre}").result,
             TextResult::Refused)
       << "a word of another enumeration";

@@ -32,7 +32,12 @@ class Words300 {
 void MeetForm(Words300& words, const char* keyword, const Form& form) {
   words.Meet(keyword);
   if (form.innerKeyword != nullptr) words.Meet(form.innerKeyword);
-  for (const char* word : form.words) words.Meet(word);
+}
+template <class Field>
+void MeetWords(Words300& /*words*/, const Field& /*field*/) {}
+template <IsEnumeration Enumeration>
+void MeetWords(Words300& words, const Enumeration& /*field*/) {
+  for (const char* word : kWords<Enumeration>) words.Meet(word);
 }
 
 template <class Record>
@@ -40,9 +45,10 @@ void MeetClass(Words300& words) {
   words.Meet(Description<Record>::heading.keyword);
   Record record{};
   ForEachWrittenAttribute<Record>(
-      [&](const char* keyword, const Form& form, auto& /*field*/) {
+      [&](const char* keyword, const Form& form, auto& field) {
         ASSERT_NE(keyword, nullptr);
         MeetForm(words, keyword, form);
+        MeetWords(words, field);
       },
       record);
 }
@@ -81,7 +87,7 @@ TEST(TableKeywords, action_keywords_follow_the_actions_numbers_but_for_stop_and_
 
 TEST(TableKeywords, event_keywords_follow_the_event_types) {
   for (std::uint16_t code = 40; code <= 70; ++code) {
-    EXPECT_TRUE(IsSameWord(KeywordText(code), kEventWords[code - 40U])) << code;
+    EXPECT_TRUE(IsSameWord(KeywordText(code), kWords<EventType>[code - 40U])) << code;
   }
 }
 

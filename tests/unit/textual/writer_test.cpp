@@ -101,7 +101,7 @@ TEST(TextWriter, colours_are_coded_byte_by_byte) {
 
 TEST(TextWriter, a_value_without_a_word_is_refused_with_its_place) {
   const OwnedGroup group = Read("{:Scene 0 :Items ({:Palette 1} {:Text 5 :OrigBoxSize 1 1})}");
-  group->Items.At(1)->As<Text>().StartCorner = 9;
+  group->Items.At(1)->As<Text>().StartCorner = StartCorner{9};
   OctetString written;
   ASSERT_TRUE(written.Assign("before"));
   WordlessValue wordless;
@@ -115,7 +115,7 @@ TEST(TextWriter, a_value_without_a_word_is_refused_with_its_place) {
 TEST(TextWriter, an_event_type_without_a_word_is_refused) {
   const OwnedGroup group =
       Read("{:Scene 0 :Items ({:Link 8 :EventSource 0 :EventType IsRunning :LinkEffect ()})}");
-  group->Items.At(0)->As<Link>().Condition.EventType = 32;
+  group->Items.At(0)->As<Link>().Condition.EventType = EventType{32};
   OctetString written;
   WordlessValue wordless;
   EXPECT_EQ(WriteTextGroup(*group.Get(), written, &wordless), Status::Refused);

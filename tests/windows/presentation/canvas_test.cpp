@@ -31,7 +31,7 @@ class CanvasTest : public Stage {
   void Clear() { ClearCanvas(kTransparentColour, lineArt.Canvas); }
 
   DynamicLineArt lineArt;
-  LineAttributes red{.Width = 1, .Style = 1, .Ink = kOpaqueRed};
+  LineAttributes red{.Width = 1, .Style = LineStyle::Solid, .Ink = kOpaqueRed};
 };
 
 TEST_F(CanvasTest, a_new_canvas_shows_what_lies_below) {

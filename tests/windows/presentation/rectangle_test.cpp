@@ -74,12 +74,12 @@ TEST_F(RectangleTest, dashes_and_dots_leave_gaps_and_other_styles_do_not) {
   rectangle.RefFillColour = ColourValue::NotSet();
   const int whole = 200 * 100 - 196 * 96;
   for (const int style : {1, 0, 4, 9, -1}) {
-    rectangle.LineStyle = style;
+    rectangle.LineStyle = LineStyle{style};
     EXPECT_EQ(Paint().Count(kWholeScene, kRed), whole) << style;
   }
-  rectangle.LineStyle = 2;
+  rectangle.LineStyle = LineStyle{2};
   const int dashed = Paint().Count(kWholeScene, kRed);
-  rectangle.LineStyle = 3;
+  rectangle.LineStyle = LineStyle{3};
   const int dotted = Paint().Count(kWholeScene, kRed);
   EXPECT_GT(dashed, whole / 2) << "a dash is three times as long as a gap";
   EXPECT_LT(dashed, whole);
@@ -124,7 +124,7 @@ TEST_F(RectangleTest, the_largest_numbers_neither_overflow_nor_take_long) {
   constexpr std::int32_t kLargest = 0x7FFFFFFF;
   const std::uint64_t start = ProcessorMs();
   for (const int style : {1, 2, 3}) {
-    rectangle.LineStyle = style;
+    rectangle.LineStyle = LineStyle{style};
     for (const int width : {-kLargest - 1, -1, 1, kLargest}) {
       rectangle.LineWidth = width;
       Place(rectangle, -kLargest - 1, -100, kLargest, kLargest);
@@ -136,7 +136,7 @@ TEST_F(RectangleTest, the_largest_numbers_neither_overflow_nor_take_long) {
     }
   }
   EXPECT_LT(ProcessorMs() - start, 18 * 1000U) << "half a second a painting";
-  rectangle.LineStyle = 1;
+  rectangle.LineStyle = LineStyle{1};
   rectangle.LineWidth = 2;
   EXPECT_TRUE(Paint().IsAll({0, 102, 720, 118}, kGreen));
 }

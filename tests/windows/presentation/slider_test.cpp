@@ -20,7 +20,7 @@ class SliderTest : public Stage {
     return Paint().Extent(box);
   }
   [[nodiscard]] Area BarIn(std::int32_t orientation) {
-    slider.Orientation = orientation;
+    slider.Orientation = Orientation{orientation};
     return Bar();
   }
 
@@ -40,7 +40,7 @@ TEST_F(SliderTest, half_the_range_from_the_bottom_ends_at_151) {
 }
 
 TEST_F(SliderTest, the_bar_is_an_outline_of_one_pixel_without_a_fill) {
-  slider.Orientation = 4;
+  slider.Orientation = Orientation{4};
   const Pixels picture = Paint();
   EXPECT_TRUE(picture.IsAll({100, 171, 201, 172}, kRed));
   EXPECT_TRUE(picture.IsAll({101, 172, 200, 200}, kBlack));
@@ -83,26 +83,26 @@ TEST_F(SliderTest, without_a_range_the_bar_is_the_shortest) {
 }
 
 TEST_F(SliderTest, a_thermometer_has_a_filled_marker_of_3_pixels_at_the_end) {
-  slider.SliderStyle = 2;
-  slider.Orientation = 4;
+  slider.SliderStyle = SliderStyle{2};
+  slider.Orientation = Orientation{4};
   Pixels picture = Paint();
   EXPECT_TRUE(picture.IsAll({100, 171, 201, 174}, kRed));
   EXPECT_TRUE(picture.IsAll({101, 174, 200, 200}, kBlack));
-  slider.Orientation = 1;
+  slider.Orientation = Orientation{1};
   picture = Paint();
   EXPECT_TRUE(picture.IsAll({127, 100, 130, 201}, kRed));
   EXPECT_TRUE(picture.IsAll({101, 101, 127, 200}, kBlack));
 }
 
 TEST_F(SliderTest, the_marker_stays_inside_the_box) {
-  slider.SliderStyle = 2;
+  slider.SliderStyle = SliderStyle{2};
   slider.SliderValue = 0;
   EXPECT_EQ(BarIn(1), (Area{100, 100, 103, 201}));
   EXPECT_EQ(BarIn(4), (Area{100, 198, 201, 201}));
 }
 
 TEST_F(SliderTest, a_proportional_bar_reaches_from_the_value_over_the_portion) {
-  slider.SliderStyle = 3;
+  slider.SliderStyle = SliderStyle{3};
   slider.Portion = 4;
   EXPECT_EQ(BarIn(1), (Area{130, 100, 170, 201}));
   EXPECT_EQ(BarIn(2), (Area{131, 100, 171, 201}));
@@ -116,8 +116,8 @@ TEST_F(SliderTest, extreme_numbers_are_drawn_somehow_and_never_overflow) {
   for (const std::int32_t extreme : {kLargest, kSmallest}) {
     for (const int orientation : {1, 2, 3, 4}) {
       for (const int style : {1, 2, 3}) {
-        slider.Orientation = orientation;
-        slider.SliderStyle = style;
+        slider.Orientation = Orientation{orientation};
+        slider.SliderStyle = SliderStyle{style};
         slider.MinValue = kSmallest;
         slider.MaxValue = kLargest;
         slider.SliderValue = extreme;
@@ -147,7 +147,7 @@ TEST_F(SliderTest, the_numbers_stand_above_the_box) {
 
 TEST_F(SliderTest, is_white_where_no_colour_is_set) {
   slider.SliderRefColour = {};
-  slider.Orientation = 4;
+  slider.Orientation = Orientation{4};
   EXPECT_TRUE(Paint().IsAll({100, 171, 201, 172}, kWhite));
 }
 

@@ -74,14 +74,14 @@ TEST_F(StringFormatTest, start_end_and_centre_are_near_far_and_centre_and_all_el
        {Case{0, Gdiplus::StringAlignmentNear}, Case{1, Gdiplus::StringAlignmentNear},
         Case{2, Gdiplus::StringAlignmentFar}, Case{3, Gdiplus::StringAlignmentCenter},
         Case{4, Gdiplus::StringAlignmentNear}, Case{5, Gdiplus::StringAlignmentNear}}) {
-    drawing.HorizontalJustification = known.justification;
-    drawing.VerticalJustification = 0;
+    drawing.HorizontalJustification = Justification{known.justification};
+    drawing.VerticalJustification = Justification{0};
     Gdiplus::StringAlignment alignment{};
     Gdiplus::StringAlignment lineAlignment{};
     EXPECT_EQ(gdip::GdipGetStringFormatAlign(Made(), &alignment), Gdiplus::Ok);
     EXPECT_EQ(alignment, known.alignment) << known.justification;
-    drawing.HorizontalJustification = 0;
-    drawing.VerticalJustification = known.justification;
+    drawing.HorizontalJustification = Justification{0};
+    drawing.VerticalJustification = Justification{known.justification};
     EXPECT_EQ(gdip::GdipGetStringFormatLineAlign(Made(), &lineAlignment), Gdiplus::Ok);
     EXPECT_EQ(lineAlignment, known.alignment) << known.justification;
   }

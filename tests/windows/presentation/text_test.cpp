@@ -146,11 +146,11 @@ TEST_F(TextTest, with_wrapping_lines_break_between_words_within_the_box) {
 
 TEST_F(TextTest, justification_places_the_text_in_the_box) {
   const Area start = Ink("Hi");
-  text.HorizontalJustification = 2;
-  text.VerticalJustification = 2;
+  text.HorizontalJustification = Justification{2};
+  text.VerticalJustification = Justification{2};
   const Area end = Ink("Hi");
-  text.HorizontalJustification = 3;
-  text.VerticalJustification = 3;
+  text.HorizontalJustification = Justification{3};
+  text.VerticalJustification = Justification{3};
   const Area centre = Ink("Hi");
   EXPECT_LT(start.left - kBox.left, 10);
   EXPECT_LT(start.top - kBox.top, 12);
@@ -163,16 +163,16 @@ TEST_F(TextTest, justification_places_the_text_in_the_box) {
 TEST_F(TextTest, justified_text_lies_as_at_the_start) {
   const Pixels start = Draw("Hi");
   for (const int justification : {4, 0, 5, -1}) {
-    text.HorizontalJustification = justification;
-    text.VerticalJustification = justification;
+    text.HorizontalJustification = Justification{justification};
+    text.VerticalJustification = Justification{justification};
     EXPECT_EQ(Draw("Hi"), start) << justification;
   }
 }
 
 TEST_F(TextTest, orientation_and_start_corner_have_no_effect) {
   const Pixels plain = Draw("Hi");
-  text.LineOrientation = 1;
-  text.StartCorner = 4;
+  text.LineOrientation = LineOrientation{1};
+  text.StartCorner = StartCorner{4};
   EXPECT_EQ(Draw("Hi"), plain);
 }
 

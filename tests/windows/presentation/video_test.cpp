@@ -58,7 +58,7 @@ TEST_F(VideoTest, scaled_to_half_its_size_the_box_shows_the_whole_picture) {
 
 TEST_F(VideoTest, a_stopped_video_leaves_no_trace_whatever_its_termination) {
   for (const int termination : {1, 2}) {
-    video.Termination = termination;
+    video.Termination = Termination{termination};
     video.RunningStatus = true;
     EXPECT_FALSE(Paint().IsAll(kWholeScene, kBlack));
     video.RunningStatus = false;

@@ -152,7 +152,7 @@ const CheckedGroup* Carousel::GroupIn(const fs::path& file) const {
 }
 
 const CheckedGroup* Carousel::Find(const CheckedGroup& from, std::string_view name) const {
-  if (name.empty() || BareName(name) == BareName(from.Name())) return &from;
+  if (name.empty() || korvel::IsSameGroup(name, from.Name())) return &from;
   for (const fs::path& place : PlacesFor(from, name)) {
     const CheckedGroup* group = GroupIn(place);
     if (group != nullptr && group->file.group) return group;

@@ -6,6 +6,7 @@
 #include "mheg/check/check.h"
 #include "mheg/check/class_names.h"
 #include "mheg/check/walk.h"
+#include "objects/limits.h"
 
 namespace mheg {
 namespace {
@@ -13,16 +14,6 @@ namespace {
 using namespace korvel;
 
 constexpr ClassSet kAnything = ~ClassSet{0};
-constexpr ClassSet kVariables =
-    SetOf(ItemType::BooleanVariable, ItemType::IntegerVariable, ItemType::OctetStringVariable,
-          ItemType::ObjectRefVariable, ItemType::ContentRefVariable);
-constexpr ClassSet kTokenGroups = SetOf(ItemType::TokenGroup, ItemType::ListGroup);
-constexpr ClassSet kButtons =
-    SetOf(ItemType::HotSpot, ItemType::PushButton, ItemType::SwitchButton);
-constexpr ClassSet kInteractibles =
-    kButtons | SetOf(ItemType::EntryField, ItemType::HyperText, ItemType::Slider);
-constexpr ClassSet kPrograms =
-    SetOf(ItemType::ResidentProgram, ItemType::RemoteProgram, ItemType::InterchangedProgram);
 
 // Which classes raise an event, and the kind of data that goes with it.
 struct EventRule {
@@ -52,7 +43,7 @@ constexpr EventRule RuleOf(EventType event) {
   case EventType::HighlightOn:
   case EventType::HighlightOff:
   case EventType::CursorEnter:
-  case EventType::CursorLeave: return {kInteractibles, ValueKind::None};
+  case EventType::CursorLeave: return {kInteractibles | kButtons, ValueKind::None};
   case EventType::IsSelected:
   case EventType::IsDeselected: return {kButtons, ValueKind::None};
   case EventType::TestEvent: return {kVariables, ValueKind::Boolean};
@@ -67,24 +58,9 @@ constexpr EventRule RuleOf(EventType event) {
   return {};
 }
 
-constexpr bool IsKey(std::int32_t number) {
-  return (number >= 1 && number <= 17) || (number >= 100 && number <= 104);
-}
-
-// Whether the input event register of a scene keeps a key from it.
-constexpr bool KeepsOut(std::int32_t inputRegister, std::int32_t key) {
-  const bool isArrowOrSelect = key <= 4 || key == 15;
-  switch (inputRegister) {
-  case 3: return key <= 15 || key == 17;
-  case 4: return key == 17;
-  case 5: return key == 17 || (key <= 15 && !isArrowOrSelect);
-  default: return false;
-  }
-}
-
 // An event as a link waits for it. Fields that do not count keep their defaults.
 struct Awaited {
-  std::int32_t event = 0;
+  EventType event{};
   const CheckedGroup* owner = nullptr;  // of the event's source
   std::int32_t source = 0;
   ValueKind kind = ValueKind::None;  // of the data; none waits for any
@@ -117,36 +93,33 @@ class LinkCheck : public GroupVisitor {
   }
 
  private:
-  // An event runs no more links than this, in the order in which they are written.
-  static constexpr int kMostLinks = 5;
-
   void CheckCrowd(const Link& link) {
     const LinkCondition& condition = link.Condition;
     Awaited awaited{.event = condition.EventType};
-    if (HasSource(static_cast<EventType>(condition.EventType))) {
+    if (HasSource(condition.EventType)) {
       awaited.owner = carousel_.Find(group_, condition.EventSource.GroupIdentifier.View());
       awaited.source = condition.EventSource.Number;
       if (awaited.owner == nullptr) return;
     }
-    int before = alwaysActive_[awaited];  // those that wait for any data
+    std::size_t before = alwaysActive_[awaited];  // those that wait for any data
     if (condition.EventData.Kind != ValueKind::None) {
       awaited.kind = condition.EventData.Kind;
       awaited.integer = condition.EventData.Integer;
       awaited.boolean = condition.EventData.Boolean;
       before += alwaysActive_[awaited];
     }
-    if (before >= kMostLinks) Report("five links before it wait for the same event");
+    if (before >= kMostLinksOfEvent) Report("five links before it wait for the same event");
     if (link.InitiallyActive && !deeds_.deactivated.MayBe(group_.Name(), currentObject)) {
       ++alwaysActive_[awaited];
     }
   }
   void CheckCondition(const LinkCondition& condition) {
-    const auto event = static_cast<EventType>(condition.EventType);
+    const EventType event = condition.EventType;
     const EventRule rule = RuleOf(event);
     if (rule.sources == 0) {
-      return Report("there is no event " + std::to_string(condition.EventType));
+      return Report("there is no event " + std::to_string(static_cast<std::int32_t>(event)));
     }
-    const std::string word = kEventWords[static_cast<std::size_t>(condition.EventType) - 1];
+    const std::string word = WordOf(event);
     CheckSource(condition.EventSource, word, rule.sources);
     const ValueKind data = condition.EventData.Kind;
     if (data != ValueKind::None && data != rule.data) Report(word + " has no such data");
@@ -164,7 +137,7 @@ class LinkCheck : public GroupVisitor {
     if (!IsKey(key)) return Report("no key has the number " + std::to_string(key));
     if (group_.Group().Type != ItemType::Scene) return;
     const std::int32_t inputRegister = static_cast<const Scene&>(group_.Group()).InputEventReg;
-    if (!KeepsOut(inputRegister, key)) return;
+    if (!IsKeptOut(inputRegister, key)) return;
     Report("input event register " + std::to_string(inputRegister) + " keeps out key " +
            std::to_string(key));
   }
@@ -176,7 +149,7 @@ class LinkCheck : public GroupVisitor {
   const CheckedGroup& group_;
   const LinkDeeds& deeds_;  // of all groups whose actions reach the links
   Findings& findings_;
-  std::map<Awaited, int> alwaysActive_;  // how many links before that nothing deactivates
+  std::map<Awaited, std::size_t> alwaysActive_;  // how many links before that nothing deactivates
 };
 
 }  // namespace

@@ -12,10 +12,8 @@ using namespace korvel;
 // Whether the construction value is one that content may well ask for: a boolean, a number or a
 // reference.
 template <class Field>
-bool IsUsable(const Field& /*field*/, const Form& /*form*/) {
-  return std::is_same_v<Field, bool> || std::is_same_v<Field, ObjectReference>;
-}
-bool IsUsable(std::int32_t /*field*/, const Form& form) { return form.words.empty(); }
+constexpr bool kIsUsable = std::is_same_v<Field, bool> || std::is_same_v<Field, std::int32_t> ||
+                           std::is_same_v<Field, ObjectReference>;
 
 class MissingCheck {
  public:
@@ -41,7 +39,7 @@ class MissingCheck {
  private:
   template <class Field>
   void Check(const char* keyword, const Form& form, const Field& field, const Field& constructed) {
-    if (!form.isRequired || IsUsable(field, form) || !IsSame(field, constructed)) return;
+    if (!form.isRequired || kIsUsable<Field> || !IsSame(field, constructed)) return;
     findings_.push_back({object_, std::string(className_) + " lacks " + keyword});
   }
 

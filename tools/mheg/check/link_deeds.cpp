@@ -27,7 +27,7 @@ class DeedCollector : public GroupVisitor {
   void Add(const GenericValue& target, LinkTargets& targets) const {
     targets.areAny = targets.areAny || target.Kind == ValueKind::IndirectReference;
     const OctetString& group = target.Reference.GroupIdentifier;
-    targets.links.emplace(BareName(group.IsPresent() ? group.View() : groupName_),
+    targets.links.emplace(WithoutTilde(group.IsPresent() ? group.View() : groupName_),
                           target.Reference.Number);
   }
 
@@ -42,7 +42,7 @@ void LinkTargets::Add(const LinkTargets& others) {
 }
 
 bool LinkTargets::MayBe(std::string_view group, std::int32_t number) const {
-  return areAny || links.contains({BareName(group), number});
+  return areAny || links.contains({WithoutTilde(group), number});
 }
 
 void LinkDeeds::Add(const LinkDeeds& others) {
@@ -55,11 +55,6 @@ LinkDeeds DeedsOf(const Group& group) {
   DeedCollector collector(group.Reference.GroupIdentifier.View());
   Walk(group, collector);
   return std::move(collector.deeds);
-}
-
-std::string_view BareName(std::string_view name) {
-  if (name.starts_with('~')) name.remove_prefix(1);
-  return name;
 }
 
 }  // namespace mheg

@@ -30,7 +30,4 @@ struct LinkDeeds {
 
 [[nodiscard]] LinkDeeds DeedsOf(const korvel::Group& group);
 
-// A group's name without the leading "~", which does not count.
-[[nodiscard]] std::string_view BareName(std::string_view name);
-
 }  // namespace mheg

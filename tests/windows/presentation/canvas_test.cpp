@@ -216,7 +216,7 @@ TEST_F(CanvasTest, a_polygon_of_a_thousand_corners_is_drawn_and_one_of_more_is_n
 TEST_F(CanvasTest, lines_of_style_2_are_dashed_and_of_style_3_dotted) {
   const auto inkOf = [this](std::int32_t style) {
     Clear();
-    red.Style = style;
+    red.Style = LineStyle{style};
     CanvasLine({0, 50}, {199, 50}, red, lineArt.Canvas);
     return Paint().Count(kWholeScene, kRed);
   };
@@ -245,7 +245,7 @@ TEST_F(CanvasTest, dashes_of_lines_that_leave_the_canvas_stay_dashes_in_their_pl
   for (const auto& [nearby, distant] : pairs) {
     for (const std::int32_t style : {1, 2, 3}) {
       for (const std::int32_t width : {1, 4}) {
-        red.Style = style;
+        red.Style = LineStyle{style};
         red.Width = width;
         Clear();
         CanvasLine(nearby.from, nearby.to, red, lineArt.Canvas);
@@ -262,7 +262,7 @@ TEST_F(CanvasTest, dashes_of_lines_that_leave_the_canvas_stay_dashes_in_their_pl
 TEST_F(CanvasTest, dashes_of_rectangles_that_leave_the_canvas_stay_dashes_in_their_places) {
   for (const std::int32_t style : {2, 3}) {
     for (const std::int32_t width : {1, 4}) {
-      red.Style = style;
+      red.Style = LineStyle{style};
       red.Width = width;
       const auto inkOf = [this](CanvasPoint from, CanvasPoint to) {
         Clear();
@@ -381,7 +381,7 @@ TEST_F(CanvasTest, the_largest_numbers_take_no_time) {
   const std::uint64_t start = ProcessorMs();
   for (const std::int32_t style : {1, 2, 3}) {
     for (const std::int32_t width : {1, kLargest, kSmallest}) {
-      red.Style = style;
+      red.Style = LineStyle{style};
       red.Width = width;
       const CanvasPoint corners[] = {{kSmallest, kLargest}, {kLargest, 5}, {3, kSmallest}};
       CanvasLine({kSmallest, 3}, {kLargest, 4}, red, lineArt.Canvas);

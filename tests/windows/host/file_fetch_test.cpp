@@ -15,10 +15,9 @@ using namespace std::chrono_literals;
 
 class FileFetch : public HostThreads {
  protected:
-  // Fetches inside the engine start; what came of it stays in the members below.
+  // Fetches inside the engine start; the members below hold the result.
   void FetchOnWorker(std::string_view path, bool isWanted = true) {
     substitutes.onStartEngine = [=, this] {
-      before = std::chrono::steady_clock::now();
       isFetched = FetchFile(path, isWanted ? &bytes : nullptr);
       return Status::Done;
     };
@@ -32,7 +31,6 @@ class FileFetch : public HostThreads {
     return names;
   }
 
-  std::chrono::steady_clock::time_point before;
   std::optional<bool> isFetched;
   OctetString bytes;
 };
@@ -75,7 +73,6 @@ TEST_F(FileFetch, fails_at_once_on_any_other_answer) {
     EXPECT_EQ(isFetched, false) << answer;
     EXPECT_FALSE(bytes.IsPresent());
     EXPECT_EQ(host.CountOf("FreeBuffer"), 0);
-    EXPECT_LT(host.Calls().back().time - before, 400ms);
     Close();
     journal.Clear();
   }
@@ -105,7 +102,6 @@ TEST_F(FileFetch, asks_again_every_half_second_until_the_file_is_there) {
   ASSERT_EQ(times.size(), 3U);
   EXPECT_GE(times[1] - times[0], 480ms);
   EXPECT_GE(times[2] - times[1], 480ms);
-  EXPECT_LT(times[2] - times[0], 5000ms);
 }
 
 TEST_F(FileFetch, gives_up_when_the_engine_may_not_run) {

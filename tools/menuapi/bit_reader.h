@@ -1,6 +1,6 @@
-// Bits of one unit of the stream, most significant first. All content is read through this: past
-// the unit's end there are zeros, and no read leaves the unit. It is in the header whole because
-// everything that costs time passes through it.
+// The bits of one unit of the stream, most significant first. The only code that reads content.
+// Past the end of the unit the bits are zeros, and no read leaves the unit. Entirely in the header
+// because nearly all decoding time passes through it.
 #pragma once
 
 #include <algorithm>
@@ -13,10 +13,10 @@ namespace menuapi {
 
 class BitReader {
  public:
-  // Borrows the bytes for as long as it lives.
+  // Borrows the bytes.
   explicit BitReader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
 
-  // The next 1 to 32 bits, which stay unread.
+  // The next 1 to 32 bits, without reading them.
   [[nodiscard]] std::uint32_t Peek(int count) const {
     const std::size_t first = position_ / 8;
     const bool isInside = first + kWordBytes <= bytes_.size();
@@ -30,13 +30,14 @@ class BitReader {
     return bits;
   }
   bool ReadFlag() { return Read(1) != 0; }
-  // Whether some of what has been read was not there.
+  // Whether bits past the end were read.
   [[nodiscard]] bool HasPassedEnd() const { return position_ > bytes_.size() * 8; }
 
  private:
-  static constexpr std::size_t kWordBytes = 8;  // the bits of a begun byte, and 32 more, fit
+  static constexpr std::size_t kWordBytes =
+      8;  // enough for the bits of a partly read byte, and 32 more
 
-  // Written out like this, compilers make one load of it.
+  // Written like this, compilers make one load of it.
   static std::uint64_t WordAt(const std::uint8_t* bytes) {
     return std::uint64_t{bytes[0]} << 56 | std::uint64_t{bytes[1]} << 48 |
            std::uint64_t{bytes[2]} << 40 | std::uint64_t{bytes[3]} << 32 |

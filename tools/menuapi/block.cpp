@@ -1,5 +1,5 @@
-// The rules for coefficients, as they come: the DC coefficient, the others up to the end of the
-// block, and the last one's correction.
+// The coefficients of a block in stream order: the DC coefficient, the others up to the end of the
+// block, and the correction of the last one.
 #include "menuapi/block.h"
 
 #include <algorithm>
@@ -12,13 +12,13 @@ constexpr int kMinCoefficient = -2048;
 constexpr int kMaxCoefficient = 2047;
 constexpr int kForbiddenLevel = -2048;
 
-// What the code of a coefficient says, with its sign.
+// The signed level of a coefficient.
 struct Step {
   int run = 0;
   int level = 0;
 };
 
-// A difference of so many bits: those below half the range are the negative ones.
+// A difference of `bits` bits; values below half the range are negative.
 int ReadDifference(BitReader& reader, int bits) {
   if (bits == 0) return 0;
   const int value = static_cast<int>(reader.Read(bits));
@@ -26,7 +26,8 @@ int ReadDifference(BitReader& reader, int bits) {
   return value >= half ? value : value + 1 - 2 * half;
 }
 
-// Behind an escape: 6 bits and a signed number of 12 bits, two of which mean nothing.
+// An escape is followed by 6 bits and a signed number of 12 bits, two values of which are
+// forbidden.
 bool ReadEscaped(BitReader& reader, Step& step) {
   step.run = static_cast<int>(reader.Read(6));
   const int level = static_cast<int>(reader.Read(12));
@@ -41,8 +42,8 @@ bool ReadStep(BitReader& reader, const RunLevel& code, Step& step) {
   return true;
 }
 
-// Decoders that round differently would drift apart where all coefficients are even: then the last
-// one is made odd, or even.
+// The last coefficient is made odd or even so that the sum is odd. Otherwise decoders that round
+// differently would drift apart.
 void ControlMismatch(Coefficients& block) {
   const int sum = std::accumulate(block.begin(), block.end(), 0);
   if (sum % 2 == 0) block.back() ^= 1;

@@ -1,5 +1,5 @@
-// A block's coefficients: read, put in their places and multiplied out. ISO/IEC 13818-2, 7.2 to
-// 7.4, for intra blocks.
+// A block's coefficients: reads them, puts them in their positions and multiplies them. ISO/IEC
+// 13818-2, 7.2 to 7.4, for intra blocks.
 #pragma once
 
 #include "menuapi/bit_reader.h"
@@ -13,11 +13,11 @@ class BlockReader {
  public:
   BlockReader(const Sequence& sequence, const Picture& picture);
 
-  // What the first DC coefficient of a slice is a difference to.
+  // The predictor of the first DC coefficient of a slice.
   [[nodiscard]] int InitialDc() const { return 1 << (7 + dcPrecision_); }
 
-  // Reads a block. The DC coefficient is coded as the difference to `dc`, which it then becomes.
-  // False when the bits are none of a block's.
+  // Reads a block. The DC coefficient is coded as the difference to `dc`, which is updated. False
+  // if the bits are not a block.
   [[nodiscard]] bool Read(BitReader& reader, const CodeTable<int>& dcSizes, int scale, int& dc,
                           Coefficients& block) const;
 

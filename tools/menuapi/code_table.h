@@ -13,7 +13,7 @@
 
 namespace menuapi {
 
-// One row: the code's bits as "0" and "1", and what it stands for.
+// One row: the bits of the code as "0" and "1", and its value.
 template <typename Value>
 struct Code {
   std::string_view bits;
@@ -25,7 +25,7 @@ class CodeTable {
  public:
   using Rows = std::span<const Code<Value>>;
 
-  // The rows of all parts. They are not needed any longer afterwards.
+  // The rows of all parts. The table does not keep them.
   CodeTable(std::initializer_list<Rows> parts) {
     for (const Rows rows : parts) {
       for (const Code<Value>& row : rows) bits_ = std::max(bits_, Length(row));
@@ -37,8 +37,8 @@ class CodeTable {
     }
   }
 
-  // Reads a code. Null, with nothing read, when no code begins with the next bits. The value stays
-  // the table's.
+  // Reads a code. Null, with nothing read, if no code matches the next bits. The table owns the
+  // value.
   [[nodiscard]] const Value* Read(BitReader& reader) const {
     const std::uint32_t next = reader.Peek(bits_);
     const Entry* entry = &short_[bits_ > kShortBits ? next >> (bits_ - kShortBits) : next];
@@ -54,12 +54,12 @@ class CodeTable {
 
   struct Entry {
     Value value{};
-    std::uint8_t length = 0;  // 0: no code begins so
+    std::uint8_t length = 0;  // 0: no code begins like this
   };
 
   static int Length(const Code<Value>& row) { return static_cast<int>(row.bits.size()); }
 
-  // Every number that begins with the code leads to it.
+  // Every number that begins with the code is an entry for it.
   static void Fill(std::vector<Entry>& entries, int bits, const Code<Value>& row) {
     std::size_t first = 0;
     for (const char bit : row.bits) first = first * 2 + (bit == '1' ? 1 : 0);

@@ -1,5 +1,5 @@
 // The tables B.14 (zero) and B.15 (one), sorted by run and level. Table zero has another code for
-// run 0 and level 1 at the begin of a block, but only of one that is not intra coded.
+// run 0 and level 1 at the beginning of a block, but not for intra coded blocks.
 #include "menuapi/coefficient_codes.h"
 
 namespace menuapi {
@@ -68,7 +68,7 @@ constexpr Code<RunLevel> kTableOne[] = {
     {"000000101", {14, 1}}, {"000000111", {15, 1}}, {"0000001101", {16, 1}},
 };
 
-// What is rare has the same code in both.
+// Rare coefficients have the same code in both tables.
 constexpr Code<RunLevel> kBothTables[] = {
     {"00000000011111", {0, 16}},   {"00000000011110", {0, 17}},   {"00000000011101", {0, 18}},
     {"00000000011100", {0, 19}},   {"00000000011011", {0, 20}},   {"00000000011010", {0, 21}},

@@ -1,5 +1,4 @@
-// The codes of a block's AC coefficients: ISO/IEC 13818-2, tables B.14 and B.15. What becomes of
-// the coefficients is the block's matter.
+// The codes of a block's AC coefficients: ISO/IEC 13818-2, tables B.14 and B.15.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +7,7 @@
 
 namespace menuapi {
 
-// So many coefficients of zero, then one of this size, whose sign is the bit behind the code.
+// A run of zero coefficients, then one of this level. The bit after the code is its sign.
 struct RunLevel {
   std::int16_t run = 0;
   std::int16_t level = 0;  // one of the two below, or more than 0

@@ -1,5 +1,5 @@
-// From headers to slices, for one picture or two fields. A picture's slices end at the first unit
-// that is none.
+// Reads headers, then slices, for one picture or two fields. A picture's slices end at the first
+// unit that is not a slice.
 #include "menuapi/decoder.h"
 
 #include "menuapi/header_reader.h"
@@ -8,7 +8,8 @@
 namespace menuapi {
 namespace {
 
-// Decodes the slices at hand into the frame. False when some of the picture is missing.
+// Decodes the slices of the current picture into the frame. False if part of the picture is
+// missing.
 bool DecodePicture(StartCodes& units, const HeaderReader& headers, Frame& frame) {
   SliceDecoder slices(headers.CurrentSequence(), headers.CurrentPicture(), frame);
   for (; units.Current().IsSlice(); units.Advance()) slices.Decode(units.Current());
@@ -19,7 +20,7 @@ bool IsOtherField(PictureStructure one, PictureStructure other) {
   return other != PictureStructure::Frame && other != one;
 }
 
-// False when there is such a field, and some of it is missing.
+// False if there is a second field and part of it is missing.
 bool DecodeSecondField(StartCodes& units, HeaderReader& headers, Frame& frame) {
   const PictureStructure first = headers.CurrentPicture().structure;
   if (headers.ReadToSlices(units) && IsOtherField(first, headers.CurrentPicture().structure)) {

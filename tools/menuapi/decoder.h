@@ -1,5 +1,5 @@
-// An MPEG-2 video stream that begins with an intra coded frame, to the samples of that frame. This
-// is all that the rest of the player needs to know of the decoder, whose parts lie beside it.
+// Decodes the first frame of an MPEG-2 video stream, if it is intra coded, to samples. The doorway
+// of this folder.
 #pragma once
 
 #include <cstdint>
@@ -12,20 +12,20 @@ namespace menuapi {
 enum class Result {
   Done,
   Damaged,  // some macroblocks could not be decoded and are black
-  Refused,  // it is no such stream
+  Refused,  // the stream is not one that is decoded
 };
 
-// The size in the sequence header with which the stream must begin. False when it does not, or the
-// size has no area.
+// Reads the size in the sequence header at the start of the stream. False if there is none, or if
+// the size has no area.
 [[nodiscard]] bool ReadFrameSize(std::span<const std::uint8_t> stream, FrameSize& size);
 
 // Decodes the first frame into `planes`: luma, then blue and red chroma, PlanesBytes of the
-// stream's size. What is beyond that is untouched, and all is when there is less room.
+// stream's size. Bytes after those are unchanged; if there is less room, all bytes are.
 //
-// A frame is one picture, or two fields. Where only the first field is intra coded or there at all,
-// its lines are doubled: half the detail of a still picture is more than none. A frame that is
-// refused is black. MPEG-1, other chroma formats, scalable streams, sizes of which the sequence
-// header holds only a part and first pictures of other kinds are refused.
+// A frame is one picture or two fields. If only the first field exists or is intra coded, its lines
+// are doubled: half the detail of a still picture is better than none. A refused frame is black.
+// Refused are MPEG-1, chroma formats other than 4:2:0, scalable streams, sizes that do not fit in
+// the sequence header, and streams whose first picture is of another kind.
 [[nodiscard]] Result DecodeFrame(std::span<const std::uint8_t> stream,
                                  std::span<std::uint8_t> planes);
 

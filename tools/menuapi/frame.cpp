@@ -1,5 +1,5 @@
-// Planes and the places of lines in them. A field is the same plane with steps of two
-// lines, so that all that follows need not know of fields.
+// Planes and the positions of lines in them. A field is the same plane with steps of two lines, so
+// the rest of the decoder does not handle fields separately.
 #include "menuapi/frame.h"
 
 #include <algorithm>

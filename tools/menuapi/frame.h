@@ -13,7 +13,7 @@
 
 namespace menuapi {
 
-// Where a block's first sample is, and how far it is from one of its lines to the next.
+// The position of a block's first sample, and the distance between its lines.
 struct BlockPlace {
   std::uint8_t* first = nullptr;
   std::ptrdiff_t step = 0;
@@ -33,11 +33,11 @@ class Plane {
  public:
   Plane(int width, int height, std::uint8_t level);
 
-  // The lines of a picture in the frame. They are the plane's.
+  // The lines of a picture in the frame. The plane owns them.
   [[nodiscard]] PlaneLines Lines(PictureStructure structure);
   // Copies each line of the field over its neighbour of the other field.
   void DoubleLines(PictureStructure field);
-  // Copies the upper left corner, as much as the target holds at this width.
+  // Copies as much of the upper left corner as fits in the target at this width.
   void CopyTo(int width, std::span<std::uint8_t> target) const;
 
  private:
@@ -49,14 +49,14 @@ enum Component { kLuma, kChromaBlue, kChromaRed, kComponents };
 
 class Frame {
  public:
-  // Black, so large that all pictures of the sequence fit.
+  // Black, and large enough for all pictures of the sequence.
   explicit Frame(const Sequence& sequence);
 
   [[nodiscard]] PlaneLines Lines(Component component, PictureStructure structure) {
     return planes_[component].Lines(structure);
   }
   void DoubleLines(PictureStructure field);
-  // Copies the frame without what the macroblocks have beyond its size: luma, blue and red chroma.
+  // Copies the frame without the parts of macroblocks beyond its size: luma, blue and red chroma.
   void CopyTo(FrameSize size, std::span<std::uint8_t> planes) const;
 
  private:

@@ -1,5 +1,5 @@
-// The headers' order, and which extensions count. An extension belongs to the header before it,
-// which is why their order matters.
+// The order of the headers, and the extensions that matter. An extension belongs to the header
+// before it.
 #include "menuapi/header_reader.h"
 
 namespace menuapi {
@@ -30,11 +30,11 @@ bool HeaderReader::Take(const Unit& unit) {
   case kExtension: return TakeExtension(reader);
   case kPictureStart: return TakePictureHeader(reader);
   case kSequenceEnd: return false;
-  default: return true;  // groups of pictures and user data mean nothing to a single picture
+  default: return true;  // groups of pictures and user data do not matter for a single picture
   }
 }
 
-// The header may be repeated, but the caller's buffer is of the first one's size.
+// The header may be repeated, but the caller's buffer has the size of the first one.
 bool HeaderReader::TakeSequenceHeader(BitReader& reader) {
   const FrameSize known = sequence_.size;
   const bool isFirst = stage_ == Stage::Nothing;

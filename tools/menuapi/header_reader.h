@@ -1,5 +1,5 @@
-// The headers before a picture's slices, in the order in which they have to come. What the fields
-// of each mean is said in sequence.h and picture.h.
+// The headers before the slices of a picture, in the order that the standard requires. Their fields
+// are described in sequence.h and picture.h.
 #pragma once
 
 #include "menuapi/picture.h"
@@ -10,15 +10,15 @@ namespace menuapi {
 
 class HeaderReader {
  public:
-  // Reads on, from the unit at hand to the first slice of the next picture. False when there is
-  // none, or it cannot be decoded: no MPEG-2, not intra coded, not 4:2:0, scalable.
+  // Reads from the current unit to the first slice of the next picture. False if there is none, or
+  // if it cannot be decoded: not MPEG-2, not intra coded, not 4:2:0, or scalable.
   [[nodiscard]] bool ReadToSlices(StartCodes& units);
 
   [[nodiscard]] const Sequence& CurrentSequence() const { return sequence_; }
   [[nodiscard]] const Picture& CurrentPicture() const { return picture_; }
 
  private:
-  // What has been read last of what must not be missing.
+  // The last one read of the required headers.
   enum class Stage { Nothing, SequenceHeader, Sequence, PictureHeader, Picture };
 
   [[nodiscard]] bool Take(const Unit& unit);

@@ -1,5 +1,5 @@
-// From a block's coefficients to its samples: ISO/IEC 13818-2, annex A. The result is that of the
-// formula in exact numbers but for rounding where two levels are equally near.
+// Converts a block's coefficients to samples: ISO/IEC 13818-2, annex A. The result is that of the
+// formula in exact numbers, except for rounding if two levels are equally near.
 #pragma once
 
 #include <array>

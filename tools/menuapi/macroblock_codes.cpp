@@ -1,4 +1,4 @@
-// The rows, each table sorted by what the codes stand for. Tables are built on first use and stay
+// The rows, each table sorted by the values of the codes. Tables are built on first use and kept
 // until the library is unloaded.
 #include "menuapi/macroblock_codes.h"
 

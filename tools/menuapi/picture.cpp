@@ -1,5 +1,5 @@
-// The fields in their order, those without bearing on an intra picture passed over. Marker bits are
-// not looked at: nothing depends on them.
+// Reads the fields in their order, and skips those that do not matter for an intra picture. Marker
+// bits are not checked: nothing depends on them.
 #include "menuapi/picture.h"
 
 #include <algorithm>
@@ -10,8 +10,8 @@ namespace {
 constexpr std::uint32_t kIntraCoded = 1;
 constexpr int kMaxVectorSizeCode = 9;
 
-// The size codes of forward and backward vectors. Only the first pair can be used by an intra
-// picture, and has to make sense only where it is.
+// The size codes of forward and backward vectors. An intra picture uses at most the first pair, so
+// only that one must be valid, and only if it is used.
 void ReadVectorSizes(BitReader& reader, std::array<int, 2>& restBits) {
   for (int& bits : restBits) bits = static_cast<int>(reader.Read(4)) - 1;
   reader.Skip(4 + 4);

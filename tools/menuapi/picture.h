@@ -1,5 +1,5 @@
-// What a picture header and its coding extension say: ISO/IEC 13818-2, 6.2.3, as far as intra
-// coded pictures are concerned; and how many macroblocks a picture has.
+// The fields of a picture header and its coding extension that matter for intra coded pictures,
+// ISO/IEC 13818-2, 6.2.3; and the number of macroblocks in a picture.
 #pragma once
 
 #include <array>
@@ -20,8 +20,8 @@ struct Picture {
   PictureStructure structure = PictureStructure::Frame;
   int dcPrecision = 0;       // bits of DC coefficients beyond 8
   bool hasDctTypes = false;  // macroblocks say whether their blocks hold lines of one field
-  bool hasVectors = false;   // macroblocks bring vectors to conceal the loss of their neighbours
-  std::array<int, 2> vectorRestBits{};  // across and down: bits of a vector behind its code
+  bool hasVectors = false;   // macroblocks have vectors to conceal the loss of their neighbours
+  std::array<int, 2> vectorRestBits{};  // across and down: the bits of a vector after its code
   ScaleType scaleType = ScaleType::Linear;
   CoefficientTable coefficientTable = CoefficientTable::Zero;
   bool usesAlternateScan = false;
@@ -32,12 +32,12 @@ struct Picture {
 // Reads the picture header. False when the picture is not intra coded.
 [[nodiscard]] bool ReadPictureHeader(BitReader& reader);
 
-// Reads the picture coding extension, behind its identifier. False when it contradicts itself or
-// the sequence.
+// Reads the picture coding extension, after its identifier. False if it contradicts itself or the
+// sequence.
 [[nodiscard]] bool ReadPictureCodingExtension(BitReader& reader, const Sequence& sequence,
                                               Picture& picture);
 
-// How many macroblocks lie side by side, and above each other in one picture.
+// The number of macroblocks in a row, and in a column of one picture.
 [[nodiscard]] int MacroblockColumns(const Sequence& sequence);
 [[nodiscard]] int MacroblockRows(const Sequence& sequence, const Picture& picture);
 

@@ -1,4 +1,4 @@
-// The default matrix, the table of the non-linear scale (7-6), and the reading of a matrix, whose
+// The default matrix, the table of the non-linear scale (7-6), and the reading of a matrix. The
 // weights come in zigzag order whatever the picture's scan is.
 #include "menuapi/quantiser.h"
 

@@ -1,5 +1,4 @@
-// The two orders, each number a place in the block: row x 8 + column. Eight places a line here, as
-// they come in the stream.
+// The two orders. Each number is a position in the block: row x 8 + column.
 #include "menuapi/scan_order.h"
 
 namespace menuapi {

@@ -1,5 +1,5 @@
-// In which order a block's coefficients are sent. ISO/IEC 13818-2, figures 7-2 and 7-3. Pictures
-// choose between the two; quantiser matrices always come in the first.
+// The order in which a block's coefficients are sent: ISO/IEC 13818-2, figures 7-2 and 7-3.
+// Pictures choose one of the two; quantiser matrices always use the first.
 #pragma once
 
 #include <array>
@@ -10,12 +10,12 @@ namespace menuapi {
 inline constexpr int kBlockSide = 8;
 inline constexpr int kBlockSize = kBlockSide * kBlockSide;
 
-// For each place in the stream the place in the block, counted row by row.
+// For each position in the stream the position in the block, counted row by row.
 using ScanOrder = std::array<std::uint8_t, kBlockSize>;
 
 // Along the diagonals, for progressive pictures and for quantiser matrices.
 [[nodiscard]] const ScanOrder& ZigzagScan();
-// Rather down than across, for interlaced pictures, whose lines differ more.
+// Down rather than across, for interlaced pictures, whose lines differ more.
 [[nodiscard]] const ScanOrder& AlternateScan();
 
 }  // namespace menuapi

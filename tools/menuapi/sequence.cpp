@@ -1,5 +1,5 @@
-// The fields in their order. What has no bearing on a single picture (rates, buffers, the shape of
-// pixels) is passed over.
+// Reads the fields in their order, and skips those that do not matter for a single picture (rates,
+// buffers, the shape of pixels).
 #include "menuapi/sequence.h"
 
 namespace menuapi {
@@ -21,7 +21,7 @@ bool ReadSequenceHeader(BitReader& reader, Sequence& sequence) {
   reader.Skip(4 + 4);        // aspect ratio, frame rate
   reader.Skip(18 + 1 + 10);  // bit rate, marker, buffer size
   reader.Skip(1);            // constrained parameters
-  // The matrix for other than intra blocks is of no interest.
+  // The matrix for non-intra blocks does not matter.
   return ReadIntraMatrix(reader, DefaultIntraMatrix(), sequence.intraMatrix) &&
          !reader.HasPassedEnd() && sequence.size.width > 0 && sequence.size.height > 0;
 }

@@ -1,5 +1,5 @@
-// What a sequence header and its extension say of all pictures: ISO/IEC 13818-2, 6.2.2. The
-// quantiser matrix is here too, although an extension of a picture may change it.
+// The fields of a sequence header and its extension, which apply to all pictures: ISO/IEC 13818-2,
+// 6.2.2. The quantiser matrix is included, although an extension of a picture may change it.
 #pragma once
 
 #include "menuapi/bit_reader.h"
@@ -20,14 +20,14 @@ struct Sequence {
   QuantiserMatrix intraMatrix{};
 };
 
-// Reads the sequence header. False when the size is 0 or the matrix is none.
+// Reads the sequence header. False if the size is 0 or the matrix is invalid.
 [[nodiscard]] bool ReadSequenceHeader(BitReader& reader, Sequence& sequence);
 
-// Reads the sequence extension, behind its identifier. False for anything but 4:2:0, and for sizes
-// above 4095, of which the header, and so the caller's buffer, knows only a part.
+// Reads the sequence extension, after its identifier. False for anything but 4:2:0, and for sizes
+// above 4095: the header, and so the caller's buffer, covers only part of those.
 [[nodiscard]] bool ReadSequenceExtension(BitReader& reader, Sequence& sequence);
 
-// Reads the quantiser matrix extension, behind its identifier. False when the matrix is none.
+// Reads the quantiser matrix extension, after its identifier. False if the matrix is invalid.
 [[nodiscard]] bool ReadMatrixExtension(BitReader& reader, Sequence& sequence);
 
 }  // namespace menuapi

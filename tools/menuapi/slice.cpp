@@ -1,5 +1,5 @@
-// The syntax of slices and macroblocks, and the places of their blocks. What is wrong ends the
-// slice; what has been decoded of it until then stays.
+// The syntax of slices and macroblocks, and the positions of their blocks. An error ends the slice;
+// the macroblocks decoded so far are kept.
 #include "menuapi/slice.h"
 
 #include "menuapi/macroblock_codes.h"
@@ -8,16 +8,15 @@ namespace menuapi {
 namespace {
 
 constexpr int kLumaBlocks = 4;
-constexpr int kTallHeight = 2800;  // above this, slices say more about their row
-constexpr int kSliceEndBits = 23;  // so many zeros can only be the next start code's
+constexpr int kTallHeight = 2800;  // above this, slices have more bits for their row
+constexpr int kSliceEndBits = 23;  // this many zeros can only be those of the next start code
 
-// Extra information is a byte behind each bit of 1. The first such byte is of flags.
+// Extra information: each bit of 1 is followed by a byte. The first such byte holds flags.
 void SkipExtraInformation(BitReader& reader) {
   while (reader.ReadFlag()) reader.Skip(8);
 }
 
-// How many macroblocks on the next one is. False when the bits say nothing of the kind, or more
-// than a row has.
+// The distance to the next macroblock. False if the bits are not one, or if it is more than a row.
 bool ReadIncrement(BitReader& reader, int limit, int& increment) {
   increment = 0;
   while (increment < limit) {
@@ -48,7 +47,7 @@ SliceDecoder::SliceDecoder(const Sequence& sequence, const Picture& picture, Fra
       blocks_(sequence, picture),
       columns_(MacroblockColumns(sequence)),
       rows_(MacroblockRows(sequence, picture)),
-      isTaken_(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_)) {}
+      isDecoded_(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_)) {}
 
 void SliceDecoder::Decode(const Unit& slice) {
   BitReader reader(slice.payload);
@@ -74,7 +73,7 @@ bool SliceDecoder::ReadScale(BitReader& reader, Progress& at) const {
   return at.scale != 0;
 }
 
-// Goes on to the next macroblock. In an intra picture none is left out but before the first.
+// Moves to the next macroblock. An intra picture may skip macroblocks only before the first one.
 bool SliceDecoder::TakeNext(BitReader& reader, Progress& at) {
   const int limit = at.column < 0 ? columns_ : 1;
   int increment = 0;
@@ -83,8 +82,8 @@ bool SliceDecoder::TakeNext(BitReader& reader, Progress& at) {
   if (at.column >= columns_) return false;
   const auto index = static_cast<std::size_t>(at.row) * static_cast<std::size_t>(columns_) +
                      static_cast<std::size_t>(at.column);
-  if (isTaken_[index]) return false;
-  isTaken_[index] = true;
+  if (isDecoded_[index]) return false;
+  isDecoded_[index] = true;
   return true;
 }
 
@@ -128,7 +127,7 @@ BlockPlace SliceDecoder::LumaPlace(const Progress& at, int block, bool isFieldDc
   return {lines.At(x, y + lower * kBlockSide), lines.step};
 }
 
-// Chroma has but one block a macroblock, which is never split into fields.
+// Chroma has only one block per macroblock, which is never split into fields.
 BlockPlace SliceDecoder::ChromaPlace(const Progress& at, Component component) {
   const PlaneLines lines = frame_.Lines(component, picture_.structure);
   return {lines.At(at.column * kBlockSide, at.row * kBlockSide), lines.step};

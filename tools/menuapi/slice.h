@@ -16,15 +16,15 @@ class SliceDecoder {
   // For one picture. Borrows all three.
   SliceDecoder(const Sequence& sequence, const Picture& picture, Frame& frame);
 
-  // Decodes what is sound of a slice, which may not touch what others have decoded: however often
-  // a stream repeats itself, no macroblock costs time twice.
+  // Decodes the intact part of a slice. Macroblocks that are decoded already are not decoded again,
+  // so that a stream that repeats itself costs no extra time.
   void Decode(const Unit& slice);
 
   // Whether every macroblock of the picture has been decoded.
-  [[nodiscard]] bool IsWhole() const { return decoded_ == isTaken_.size(); }
+  [[nodiscard]] bool IsWhole() const { return decoded_ == isDecoded_.size(); }
 
  private:
-  // What macroblocks hand on to the next one of the slice.
+  // The values that a macroblock passes to the next one of the slice.
   struct Progress {
     int row = 0;
     int column = -1;
@@ -46,7 +46,7 @@ class SliceDecoder {
   BlockReader blocks_;
   int columns_;
   int rows_;
-  std::vector<bool> isTaken_;  // by a slice, row by row
+  std::vector<bool> isDecoded_;  // decoded already, row by row
   std::size_t decoded_ = 0;
 };
 

@@ -1,5 +1,5 @@
-// The search for prefixes. No other bytes of a unit can look like one, which is the standard's
-// promise: so a damaged unit ends at the next prefix whatever it holds.
+// The search for prefixes. The standard guarantees that no other bytes of a unit look like one, so
+// a damaged unit ends at the next prefix whatever it contains.
 #include "menuapi/start_codes.h"
 
 #include <algorithm>
@@ -28,7 +28,7 @@ void StartCodes::Advance() {
 }
 
 std::size_t StartCodes::NextPrefix(std::size_t offset) const {
-  // The third byte tells how far a prefix can still be away.
+  // The third byte determines the smallest distance to the next prefix.
   while (offset + kPrefixBytes <= stream_.size()) {
     const std::uint8_t third = stream_[offset + 2];
     if (third == 1 && stream_[offset] == 0 && stream_[offset + 1] == 0) return offset;

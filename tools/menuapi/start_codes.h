@@ -1,5 +1,5 @@
-// A video stream as its units: each begins with the bytes 00 00 01 and a code, and goes on to the
-// next such prefix. What a unit means is left to others.
+// A video stream as its units: each begins with the bytes 00 00 01 and a code, and ends at the next
+// such prefix.
 #pragma once
 
 #include <cstddef>
@@ -20,27 +20,27 @@ enum StartCode : std::uint8_t {
 
 struct Unit {
   std::uint8_t code = kSequenceEnd;
-  std::span<const std::uint8_t> payload;  // behind the code; borrowed from the stream
+  std::span<const std::uint8_t> payload;  // after the code; borrowed from the stream
 
   [[nodiscard]] bool IsSlice() const { return code >= kFirstSlice && code <= kLastSlice; }
 };
 
 class StartCodes {
  public:
-  // Stands at the stream's first unit. Borrows the stream for as long as it lives.
+  // Starts at the stream's first unit. Borrows the stream.
   explicit StartCodes(std::span<const std::uint8_t> stream);
 
-  // The unit that it stands at; behind the last one, a sequence end without end.
+  // The current unit; after the last one, always a sequence end.
   [[nodiscard]] const Unit& Current() const { return current_; }
   [[nodiscard]] bool IsAtEnd() const { return isAtEnd_; }
   void Advance();
 
  private:
-  // Where the next prefix begins, from an offset on; the stream's size when there is none.
+  // The offset of the next prefix at or after an offset; the stream's size if there is none.
   [[nodiscard]] std::size_t NextPrefix(std::size_t offset) const;
 
   std::span<const std::uint8_t> stream_;
-  std::size_t next_ = 0;  // the prefix of the unit behind the current one
+  std::size_t next_ = 0;  // the prefix of the unit after the current one
   Unit current_;
   bool isAtEnd_ = false;
 };

@@ -1,5 +1,4 @@
-// Reads the file as a whole and decodes it. The file's size is not asked for beforehand: it is read
-// until there is no more.
+// Reads the whole file and decodes it. The size of the file is not queried first.
 #include "menuapi/stream_file.h"
 
 #include <cstdio>
@@ -9,8 +8,8 @@
 namespace menuapi {
 namespace {
 
-// More than a frame of 4095 x 4095 needs whose samples are noise, finely quantised. Of a longer
-// file only so much is read, which bounds memory and time.
+// More than a frame of 4095 x 4095 samples of finely quantised noise needs. Only this much of a
+// longer file is read, which bounds memory and time.
 constexpr std::size_t kMaxStreamBytes = std::size_t{32} << 20;
 
 struct CloseFile {

@@ -23,23 +23,13 @@ function(files_in variable pattern)
   set(${variable} ${found} PARENT_SCOPE)
 endfunction()
 
-# korvel_library(<name> <STATIC|OBJECT> <source>...): a library of our own code. Without a source
-# it becomes an empty interface library, so that others can link it all the same.
+# korvel_library(<name> <STATIC|OBJECT> <source>...): a library of our own code.
 function(korvel_library name kind)
-  if(ARGN)
-    add_library(${name} ${kind} ${ARGN})
-    target_link_libraries(${name} PUBLIC korvel_options)
-  else()
-    add_library(${name} INTERFACE)
-    target_link_libraries(${name} INTERFACE korvel_options)
-  endif()
+  add_library(${name} ${kind} ${ARGN})
+  target_link_libraries(${name} PUBLIC korvel_options)
 endfunction()
 
 # korvel_headers(<library> <header>...): the build compiles each of these headers alone.
 function(korvel_headers name)
-  get_target_property(kind ${name} TYPE)
-  if(ARGN AND NOT kind STREQUAL "INTERFACE_LIBRARY")
-    target_sources(${name} PUBLIC
-      FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${ARGN})
-  endif()
+  target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${ARGN})
 endfunction()

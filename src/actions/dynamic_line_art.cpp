@@ -45,7 +45,7 @@ Canvas* CanvasOf(DynamicLineArt& lineArt, std::int32_t lineWidth) {
   if (lineArt.Canvas == nullptr) lineArt.Canvas = NewCanvas(size.Width, size.Height);
   if (!lineArt.BorderedBoundingBox) return lineArt.Canvas;
   const std::int64_t borders = 2 * BorderOf(lineArt, lineWidth);
-  (void)ClipCanvas(Narrow(size.Width - borders), Narrow(size.Height - borders), lineArt.Canvas);
+  ClipCanvas(Narrow(size.Width - borders), Narrow(size.Height - borders), lineArt.Canvas);
   return lineArt.Canvas;
 }
 
@@ -54,7 +54,7 @@ template <class Paint>
 Status Painted(const Arguments& arguments, Paint&& paint) {
   DynamicLineArt& lineArt = TargetOf(arguments);
   if (!lineArt.AvailabilityStatus || !lineArt.RunningStatus) return Status::Refused;
-  (void)paint(lineArt, CanvasOf(lineArt, lineArt.LineWidth));
+  paint(lineArt, CanvasOf(lineArt, lineArt.LineWidth));
   return RedrawIfRunning(lineArt);
 }
 
@@ -104,8 +104,8 @@ Status PaintPolygon(const Arguments& arguments) {
 Status ClearDrawing(const Arguments& arguments) {
   DynamicLineArt& lineArt = TargetOf(arguments);
   if (!lineArt.AvailabilityStatus) return Status::Refused;
-  (void)ClearCanvas(OriginalFillColourOf(lineArt, CurrentGroups()),
-                    CanvasOf(lineArt, lineArt.OriginalLineWidth));
+  ClearCanvas(OriginalFillColourOf(lineArt, CurrentGroups()),
+              CanvasOf(lineArt, lineArt.OriginalLineWidth));
   return RedrawIfRunning(lineArt);
 }
 

@@ -1,11 +1,10 @@
-// The reduction of every object's colour to red, green, blue and transparency. Palettes are looked
-// up here; what is drawn in a colour is left to the drawing files.
+// Converts every object's colour to red, green, blue and transparency, and looks up palettes.
 #include "appearance/colours.h"
 
 #include <string_view>
 #include <utility>
 
-#include "appearance/content_path.h"
+#include "appearance/content_file.h"
 #include "platform/canvases.h"
 #include "platform/files.h"
 
@@ -19,13 +18,7 @@ constexpr DrawnColour kBlack = 0x00000000;
 // A palette is a row of such entries: red, green, blue, transparency.
 constexpr std::size_t kPaletteEntryBytes = 4;
 
-DrawnColour Pack(std::string_view bytes) {
-  DrawnColour colour = 0;
-  for (const char byte : bytes) colour = colour << 8 | static_cast<unsigned char>(byte);
-  return colour;
-}
-
-// A palette outside the numbers that object lookup serves: it is looked for here.
+// Object lookup does not find palettes.
 Palette* FindPalette(const Group* group, std::string_view name, std::int32_t number) {
   if (group == nullptr) return nullptr;
   if (!IsSameGroup(group->Reference.GroupIdentifier.View(), name)) return nullptr;
@@ -45,7 +38,7 @@ Palette* FirstPalette(const Application* application) {
   return nullptr;
 }
 
-// The palette that the object names, or the application's when it names none.
+// The palette that the object names, or the application's first one if it names none.
 Palette* PaletteOf(const Visible& visible, const RunningGroups& groups) {
   if (!visible.PaletteRef.IsPresent) return FirstPalette(groups.application);
   const ObjectReference& reference = visible.PaletteRef.Reference;
@@ -63,28 +56,26 @@ Palette* PaletteOf(const Visible& visible, const RunningGroups& groups) {
     return false;
   }
   const std::size_t offset = static_cast<std::size_t>(index) * kPaletteEntryBytes;
-  colour = Pack(entries.substr(offset, kPaletteEntryBytes));
+  colour = PackColour(entries.substr(offset, kPaletteEntryBytes));
   return true;
 }
 
 // The file is read when a colour is first looked up, and its bytes become the palette's run-time
-// content. A missing file is requested again. A palette that nothing has prepared still has
-// its original content.
+// content. A missing file is requested again each time. An unprepared palette has only its original
+// content.
 [[nodiscard]] bool ReadPalette(Palette& palette, std::int32_t index, DrawnColour& colour) {
   const ContentBody& content =
       palette.Content.Data.IsPresent() ? palette.Content : palette.OriginalContent;
   if (!content.IsReferenced) return ReadEntry(content.Data.View(), index, colour);
   OctetString path;
   OctetString entries;
-  if (!ContentPath(content.Data.View(), path) || FetchFile(path.View(), &entries) != Status::Done) {
-    return false;
-  }
+  if (!ContentPath(content.Data.View(), path) || !FetchFile(path.View(), &entries)) return false;
   palette.Content.Data = std::move(entries);
   palette.Content.IsReferenced = false;
   return ReadEntry(palette.Content.Data.View(), index, colour);
 }
 
-// The one reduction. False when the colour is not set; `reduced` is then unchanged.
+// False, with `reduced` unchanged, if the colour is not set.
 [[nodiscard]] bool Reduce(const ColourValue& colour, const Visible& visible,
                           const RunningGroups& groups, DrawnColour& reduced) {
   if (colour.Kind == ValueKind::Integer) {
@@ -95,7 +86,8 @@ Palette* PaletteOf(const Visible& visible, const RunningGroups& groups) {
   if (colour.Kind != ValueKind::OctetString) return false;
   const std::string_view bytes = colour.Absolute.View();
   if (bytes.size() != 3 && bytes.size() != 4) return false;
-  reduced = bytes.size() == 4 ? Pack(bytes) : Pack(bytes) << 8;  // three bytes are opaque
+  reduced =
+      bytes.size() == 4 ? PackColour(bytes) : PackColour(bytes) << 8;  // three bytes are opaque
   return true;
 }
 

@@ -1,7 +1,9 @@
-// From the colours that objects carry to the one form that drawing uses. An object's colour may be
+// Converts the colours of objects to the form that drawing uses. An object's colour may be
 // absolute, an index into a palette, or not set. A colour that is not set comes from the running
-// application, and if that does not set it either, each function says which one is used.
+// application, and if that does not set it either, each function names the default.
 #pragma once
+
+#include <string_view>
 
 #include "objects/group.h"
 #include "objects/visibles.h"
@@ -24,9 +26,16 @@ namespace korvel {
 // The fill colour of the content, which actions do not change.
 [[nodiscard]] DrawnColour OriginalFillColourOf(const LineArt& lineArt, const RunningGroups& groups);
 
+// The colour whose bytes are given, the most significant first.
+[[nodiscard]] constexpr DrawnColour PackColour(std::string_view bytes) {
+  DrawnColour colour = 0;
+  for (const char byte : bytes) colour = colour << 8 | static_cast<unsigned char>(byte);
+  return colour;
+}
+
 inline constexpr DrawnColour kTransparencyByte = 0xFF;
 
-// Whether anything that is drawn in the colour can be seen.
+// Whether the colour is visible at all.
 [[nodiscard]] constexpr bool IsSeen(DrawnColour colour) {
   return (colour & kTransparencyByte) != kTransparencyByte;
 }

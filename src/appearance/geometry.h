@@ -1,11 +1,15 @@
-// Places in scene pixels, made safe for drawing: sums are worked in 64 bits and kept within bounds
-// far outside the scene, where GDI+ neither overflows nor follows a dashed line for minutes.
+// Boxes and lines in pixels, made safe to draw whatever numbers content gives. Sums are calculated
+// in 64 bits and limited to bounds far outside the scene: beyond them GDI+ overflows, and under
+// Wine it follows a dashed line for minutes.
 #pragma once
 
 #include <algorithm>
 #include <cstdint>
+#include <span>
 
+#include "objects/sequence.h"
 #include "objects/visibles.h"
+#include "platform/canvases.h"
 
 namespace korvel {
 
@@ -16,13 +20,15 @@ inline constexpr std::int64_t kFarthestCoordinate = 32000;
       std::clamp(coordinate, -kFarthestCoordinate, kFarthestCoordinate));
 }
 
+// ---- Boxes ----
+
 // Whether a box of that size has any pixels.
 [[nodiscard]] constexpr bool HasArea(const BoxSize& size) {
   return size.Width >= 1 && size.Height >= 1;
 }
 
-// A rectangle by its edges; the right and bottom edges lie one past the last pixel. Empty when an
-// edge does not lie beyond its opposite.
+// A rectangle by its edges; the right and bottom edges are one past the last pixel. Empty unless
+// each edge is beyond its opposite.
 struct Box {
   std::int32_t Left = 0;
   std::int32_t Top = 0;
@@ -39,14 +45,53 @@ struct Box {
   return {NearCoordinate(left), NearCoordinate(top), NearCoordinate(right), NearCoordinate(bottom)};
 }
 
-[[nodiscard]] constexpr Box BoxAt(std::int64_t x, std::int64_t y, std::int64_t width,
-                                  std::int64_t height) {
-  return BoxBetween(x, y, x + width, y + height);
+[[nodiscard]] constexpr Box BoxAt(const Position& position, const BoxSize& size) {
+  return BoxBetween(position.X, position.Y, std::int64_t{position.X} + size.Width,
+                    std::int64_t{position.Y} + size.Height);
 }
 
 [[nodiscard]] constexpr Box BoxOf(const Visible& visible) {
-  return BoxAt(visible.Position.X, visible.Position.Y, visible.BoxSize.Width,
-               visible.BoxSize.Height);
+  return BoxAt(visible.Position, visible.BoxSize);
 }
+
+// ---- Line attributes ----
+
+// The width to draw, 0 or more: content may give any number.
+[[nodiscard]] std::int32_t DrawnWidth(const LineAttributes& line);
+
+// The length of a dash or dot in line widths. The gaps between them are one width long.
+enum class Dashes : std::int32_t { None = 0, Short = 1, Long = 3 };
+[[nodiscard]] Dashes DashesOf(const LineAttributes& line);
+
+// The distance in pixels from the start of one dash or dot to the start of the next; 0 for solid
+// lines.
+[[nodiscard]] std::int32_t DashPeriod(const LineAttributes& line);
+
+// Whether a line of that length, in pixels, has too many dashes or dots and is drawn solid.
+[[nodiscard]] bool HasTooManyDashes(const LineAttributes& line, double length);
+
+// ---- Clipping ----
+
+// A part of a line; it may begin and end between pixels.
+struct LinePart {
+  double FromX = 0;
+  double FromY = 0;
+  double ToX = 0;
+  double ToY = 0;
+
+  [[nodiscard]] double Length() const;
+};
+
+// Cuts a line to the square that reaches `farthest` from the origin in each direction. A dashed
+// line loses a whole number of its `period` at its beginning, so that the remaining dashes do not
+// move; up to one period of it may begin outside the square. A period of 0 is a solid line. False,
+// with `part` unchanged, when the line does not meet the square.
+[[nodiscard]] bool ClipLine(const CanvasPoint& from, const CanvasPoint& to, std::int64_t farthest,
+                            double period, LinePart& part);
+
+// Adds to `clipped` the outline of the part of a polygon that lies in the same square, which may be
+// nothing. False when memory is out.
+[[nodiscard]] bool ClipPolygon(std::span<const CanvasPoint> points, std::int64_t farthest,
+                               Sequence<CanvasPoint>& clipped);
 
 }  // namespace korvel

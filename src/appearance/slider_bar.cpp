@@ -1,4 +1,4 @@
-// The arithmetic of a slider's track, in double precision as the picture's layout needs it.
+// The arithmetic of a slider's track, in double precision.
 #include "appearance/slider_bar.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::int64_t kMarkerThickness = 3;
 
-// The way along which the bar grows: from one edge of the box to the opposite one.
+// The direction in which the bar grows: from one edge of the box to the opposite one.
 class Track {
  public:
   explicit Track(const Slider& slider)
@@ -24,19 +24,19 @@ class Track {
   // The position of a value, in scene pixels. The bar never reaches the box's last pixel.
   [[nodiscard]] std::int64_t At(std::int64_t value) const {
     const double range = static_cast<double>(slider_.MaxValue) - slider_.MinValue;
-    const double way = static_cast<double>(length_ - 1) / range * static_cast<double>(value);
-    const double place = static_cast<double>(Beginning()) + (beginsFar_ ? -way : way);
+    const double distance = static_cast<double>(length_ - 1) / range * static_cast<double>(value);
+    const double position = static_cast<double>(Beginning()) + (beginsFar_ ? -distance : distance);
     const std::int64_t first = beginsFar_ ? near_ + 1 : near_;
-    const double held = std::clamp(place, static_cast<double>(first),
-                                   static_cast<double>(first + std::max(length_ - 1, kNothing)));
-    return static_cast<std::int64_t>(held);
+    const double limited = std::clamp(position, static_cast<double>(first),
+                                      static_cast<double>(first + std::max(length_ - 1, kNothing)));
+    return static_cast<std::int64_t>(limited);
   }
 
   [[nodiscard]] std::int64_t Beginning() const { return beginsFar_ ? near_ + length_ : near_; }
 
-  // The position that many pixels further on.
-  [[nodiscard]] std::int64_t Further(std::int64_t place, std::int64_t pixels) const {
-    return beginsFar_ ? place - pixels : place + pixels;
+  // The position `pixels` further on.
+  [[nodiscard]] std::int64_t Further(std::int64_t position, std::int64_t pixels) const {
+    return beginsFar_ ? position - pixels : position + pixels;
   }
 
   // The part of the box between two positions, in either order.
@@ -48,7 +48,7 @@ class Track {
     return box;
   }
 
-  // A marker's thickness across the bar's end, inside the box also when the bar is shorter.
+  // The marker across the bar's end, moved into the box if the bar is shorter than the marker.
   [[nodiscard]] Box MarkerAt(std::int64_t end) const {
     const std::int64_t thickness = std::min(kMarkerThickness, std::max(length_, kNothing));
     const std::int64_t from =

@@ -12,7 +12,7 @@ struct SliderBar {
   Box marker;  // across the bar's end; empty if the style has none
 };
 
-// A slider whose limits are equal has the shortest bar.
+// A slider whose limits are equal has a bar of one pixel.
 [[nodiscard]] SliderBar SliderBarOf(const Slider& slider);
 
 }  // namespace korvel

@@ -1,4 +1,4 @@
-// Planar YUV to colours.
+// Converts planar YUV to colours.
 #include "appearance/yuv.h"
 
 #include <algorithm>
@@ -35,11 +35,6 @@ std::uint32_t Colour(std::uint8_t y, std::uint8_t u, std::uint8_t v) {
 PlanarFrame::PlanarFrame(FrameSize size)
     : size_(size),
       bytes_(static_cast<std::uint8_t*>(AllocateZeroed(Area(kLargestSide, kLargestSide) * 3 / 2))) {
-}
-
-bool PlanarFrame::IsUntouched() const {
-  return std::all_of(bytes_, bytes_ + Area(size_.Width, size_.Height),
-                     [](std::uint8_t sample) { return sample == 0; });
 }
 
 void PlanarFrame::ConvertRow(std::int32_t row, std::uint32_t* pixels) const {

@@ -25,7 +25,7 @@ bool Join(std::string_view directory, std::string_view name, OctetString& joined
 
 bool FetchIn(std::string_view directory, std::string_view name, OctetString& bytes) {
   OctetString path;
-  return Join(directory, name, path) && FetchFile(path.View(), &bytes) == Status::Done;
+  return Join(directory, name, path) && FetchFile(path.View(), &bytes);
 }
 
 bool FetchStartUpNames(std::string_view directory, OctetString& bytes) {
@@ -33,7 +33,7 @@ bool FetchStartUpNames(std::string_view directory, OctetString& bytes) {
 }
 
 bool FetchStartUpAt(std::string_view path, OctetString& bytes) {
-  if (FetchFile(path, &bytes) == Status::Done) return true;
+  if (FetchFile(path, &bytes)) return true;
   OctetString& directory = TheCore().currentDirectory;
   if (!Join(path, path.ends_with('/') ? "" : "/", directory)) return false;
   if (FetchStartUpNames(directory.View(), bytes)) return true;
@@ -95,7 +95,7 @@ bool FetchStartUp(std::string_view path, OctetString& bytes) {
 Status ResolveGroup(std::string_view groupName, OctetString& bytes) {
   OctetString fileName;
   if (!MakeFileName(groupName, fileName)) return Status::Refused;
-  if (FetchFile(fileName.View(), &bytes) == Status::Done) return Status::Done;
+  if (FetchFile(fileName.View(), &bytes)) return Status::Done;
   PauseUnlessClosing(kPauseMs);
   return Status::Refused;
 }

@@ -8,7 +8,7 @@
 #include "engine/core.h"
 #include "objects/limits.h"
 #include "objects/messages.h"
-#include "platform/timers.h"
+#include "platform/clocks.h"
 
 namespace korvel {
 namespace {

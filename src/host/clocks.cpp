@@ -1,5 +1,5 @@
-// The clocks of the platform, as the engine core needs them. Elapsed time never comes from the wall
-// clock: that one advances in steps of up to 16 ms, and anybody can set it.
+// The clocks of the platform. Elapsed time never comes from the wall clock, which advances in steps
+// of up to 16 ms and can be set by anyone.
 #include <windows.h>
 
 #include <chrono>
@@ -30,7 +30,7 @@ FileTimes AgeOfProcess() {
   return TimeOf(now) - TimeOf(start);
 }
 
-// The platform reports the start of a process as a wall-clock time only. So that clock is read
+// The platform reports the start of a process only as a wall-clock time. So the wall clock is read
 // once, as early as possible: when the library is loaded.
 const SteadyClock::time_point processStart = SteadyClock::now() - AgeOfProcess();
 

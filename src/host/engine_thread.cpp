@@ -1,32 +1,33 @@
-// The engine thread from the start gate to its end. It closes its own handle, because the host need
-// not wait for it; so a wait uses a duplicate. A wait that begins later still has to last until the
-// thread is gone: hosts go on to end the process, and under Wine that can crash while a thread is
-// ending. Such a wait finds the thread by its number.
-#include "host/engine_thread.h"
-
+// The engine thread from its start to its end, and the four functions that the library exports.
+// These run on the host's threads: they only start, post and wait, and leave all work to the
+// engine's own threads. The engine thread closes its own handle, because the host need not wait for
+// it, so a wait uses a duplicate. A wait that begins after that must still last until the thread is
+// gone: hosts end the process next, and under Wine that can crash while a thread is ending. Such a
+// wait finds the thread by its number.
 #include <windows.h>
 
+#include <cstdint>
 #include <utility>
 
 #include "host/host_object.h"
 #include "host/host_state.h"
 #include "host/message_queues.h"
-#include "host/window.h"
-#include "host/worker_thread.h"
+#include "host/threads.h"
+#include "korvel.h"
 #include "presentation/presentation.h"
 
 namespace korvel {
 
 namespace {
 
-// Looking for a message is what has the sent ones answered. Of the posted ones none is asked for.
+// Looking for a message answers the sent ones. The filter excludes all posted ones.
 void AnswerSentMessages() {
   MSG message;
   PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
 }
 
-// How long a start waits for an engine that has reported its close; what is left of that engine's
-// thread then is a few calls.
+// How long a start waits for an engine that has reported its close; that engine's thread has only a
+// few calls left then.
 constexpr DWORD kEpilogueLimitMs = 5000;
 
 std::uint64_t CreationTime(HANDLE thread) {
@@ -37,7 +38,7 @@ std::uint64_t CreationTime(HANDLE thread) {
   return high << 32U | created.dwLowDateTime;
 }
 
-// For these two the caller holds the state lock, and closes the handle afterwards.
+// For the next two functions the caller holds the state lock, and closes the handle afterwards.
 HANDLE DuplicateEngineThread() {
   HANDLE duplicate = nullptr;
   DuplicateHandle(GetCurrentProcess(), hostState.engineThread, GetCurrentProcess(), &duplicate,
@@ -45,7 +46,7 @@ HANDLE DuplicateEngineThread() {
   return duplicate;
 }
 
-// Null when the thread is gone.
+// Null if the thread is gone.
 HANDLE OpenLastThread() {
   const ThreadIdentity& last = hostState.lastThread;
   HANDLE thread = OpenThread(SYNCHRONIZE | THREAD_QUERY_LIMITED_INFORMATION, FALSE, last.id);
@@ -79,8 +80,8 @@ HANDLE OpenThreadToWaitFor() {
   return hostState.engineThread == nullptr ? OpenLastThread() : DuplicateEngineThread();
 }
 
-// The library must not be unloaded under its own thread, whatever the host does when it hears of
-// the close; the thread gives this reference back as it ends.
+// The host may unload the library as soon as it is notified of the close, but the code of a running
+// thread must stay loaded: the thread releases this reference as it ends.
 HMODULE ReferToThisLibrary() {
   HMODULE library = nullptr;
   GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
@@ -101,7 +102,7 @@ void RunMessageLoop() {
   }
 }
 
-// Runs the engine in its window until the window has gone and the worker has ended.
+// Runs the engine in its window until the window is gone and the worker has ended.
 void RunInWindow() {
   if (!CreateEngineWindow()) return;
   if (CreateWorker()) {
@@ -111,7 +112,7 @@ void RunInWindow() {
   EndWorkerAndWindow();
 }
 
-// The thread's last act: closes its own handle and accepts a new start. Waits still find the
+// The last step of the thread: closes its own handle and allows a new start. Waits still find the
 // thread.
 void LeaveEngineThread() {
   const StateLocked locked;
@@ -120,17 +121,15 @@ void LeaveEngineThread() {
   hostState.phase = Phase::Idle;
 }
 
+// After this a start is accepted; it waits for the thread's end.
 void EnterEpilogue() {
   const StateLocked locked;
   hostState.phase = Phase::Epilogue;
 }
 
-// From the first call on, a start is accepted: it waits for the thread's end.
-void TellHostOfClose() {
-  EnterEpilogue();
-  HWND hostWindow = hostState.hostWindow;
+void NotifyHostOfClose() {
+  HWND hostWindow = hostState.hostWindow.exchange(nullptr);
   if (hostWindow != nullptr) PostMessageA(hostWindow, kMHEG5ClosedMessage, 0, 0);
-  hostState.hostWindow = nullptr;
 }
 
 DWORD WINAPI EngineThread(void*) {
@@ -141,9 +140,10 @@ DWORD WINAPI EngineThread(void*) {
     RunInWindow();
     UnregisterEngineWindowClass();
   }
-  WithdrawHostObject();  // done by the worker, unless there was none
+  ReleaseHostObject();  // the worker has done it, unless there was none
   hostState.engineThreadId = 0;
-  TellHostOfClose();
+  EnterEpilogue();
+  NotifyHostOfClose();
   CloseScreen();
   CloseMessageQueues();
   HMODULE library = hostState.library;
@@ -164,6 +164,54 @@ bool MakeThread() {
   return thread != nullptr;
 }
 
+// ---- Start and wait, on the host's threads ----
+
+// Claims the start for the caller. False if an engine exists. If the host has been notified of the
+// close but the engine thread has not quite ended, waits for that first: hosts restart from the
+// handler of the closed message.
+[[nodiscard]] bool ClaimStart() {
+  if (HANDLE ending = DuplicateEndingThread(); ending != nullptr) {
+    WaitAnsweringSentMessages(ending, kEpilogueLimitMs);
+    CloseHandle(ending);
+  }
+  return ClaimIfIdle();
+}
+
+// Ends the claim: with the engine alive, or with nothing kept.
+void EndStart(Phase phase) {
+  const StateLocked locked;
+  hostState.startingThreadId = 0;
+  hostState.phase = phase;
+}
+
+// Creates the engine thread, which waits at the start gate. False, with nothing kept, if that
+// fails.
+[[nodiscard]] bool CreateEngineThread() {
+  hostState.library = ReferToThisLibrary();
+  hostState.startGate = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+  if (hostState.library != nullptr && hostState.startGate != nullptr && MakeThread()) return true;
+  if (hostState.startGate != nullptr) CloseHandle(std::exchange(hostState.startGate, nullptr));
+  if (hostState.library != nullptr) FreeLibrary(std::exchange(hostState.library, nullptr));
+  return false;
+}
+
+enum class WindowTest { Tested, NotTested };
+
+// The window is destroyed under the same lock, so that the close reaches this engine or none.
+void AskToClose(WindowTest test) {
+  const StateLocked locked;
+  HWND window = hostState.engineWindow;
+  if (hostState.engineThread == nullptr) return;
+  if (window != nullptr) {
+    StopForClose();
+  } else if (test == WindowTest::Tested) {
+    return;
+  } else {
+    StopRunning();
+  }
+  PostMessageA(window, WM_CLOSE, 0, 0);
+}
+
 }  // namespace
 
 void WaitAnsweringSentMessages(HANDLE object, DWORD limitMs) {
@@ -181,42 +229,42 @@ void WaitAnsweringSentMessages(HANDLE object, DWORD limitMs) {
   }
 }
 
-bool ClaimStart() {
-  if (HANDLE ending = DuplicateEndingThread(); ending != nullptr) {
-    WaitAnsweringSentMessages(ending, kEpilogueLimitMs);
-    CloseHandle(ending);
-  }
-  return ClaimIfIdle();
-}
-
-void AbandonStart() {
-  const StateLocked locked;
-  hostState.startingThreadId = 0;
-  hostState.phase = Phase::Idle;
-}
-
-void CompleteStart() {
-  const StateLocked locked;
-  hostState.startingThreadId = 0;
-  hostState.phase = Phase::Alive;
-}
-
-void WaitForEngineThread() {
-  HANDLE thread = OpenThreadToWaitFor();
-  if (thread == nullptr) return;
-  WaitAnsweringSentMessages(thread, INFINITE);
-  CloseHandle(thread);
-}
-
-bool CreateEngineThread() {
-  hostState.library = ReferToThisLibrary();
-  hostState.startGate = CreateEventA(nullptr, TRUE, FALSE, nullptr);
-  if (hostState.library != nullptr && hostState.startGate != nullptr && MakeThread()) return true;
-  if (hostState.startGate != nullptr) CloseHandle(std::exchange(hostState.startGate, nullptr));
-  if (hostState.library != nullptr) FreeLibrary(std::exchange(hostState.library, nullptr));
-  return false;
-}
-
-void OpenStartGate() { SetEvent(hostState.startGate); }
-
 }  // namespace korvel
+
+extern "C" {
+
+uint32_t KORVEL_CALL RunMHEG5Window(MHEG5Host* host, HWND hostWindow) {
+  using namespace korvel;
+  if (!IsUsable(host) || !ClaimStart()) return 1;
+  if (!CreateEngineThread()) {
+    EndStart(Phase::Idle);
+    return 1;
+  }
+  hostState.hostWindow = hostWindow;
+  KeepHostObject(host);
+  EndStart(Phase::Alive);
+  SetEvent(hostState.startGate);
+  return 0;
+}
+
+uint32_t KORVEL_CALL ExitMHEG5(void) {
+  korvel::AskToClose(korvel::WindowTest::Tested);
+  return 0;
+}
+
+uint32_t KORVEL_CALL MHEG5ReStart(void) {
+  korvel::AskToClose(korvel::WindowTest::NotTested);
+  return 0;
+}
+
+// Waits also for the thread's last calls: hosts unload the library or end the process next. The
+// engine's own threads and the thread that is starting the engine would wait for themselves.
+uint32_t KORVEL_CALL MHEG5WaitForClose(void) {
+  HANDLE thread = korvel::OpenThreadToWaitFor();
+  if (thread == nullptr) return 0;
+  korvel::WaitAnsweringSentMessages(thread, INFINITE);
+  CloseHandle(thread);
+  return 0;
+}
+
+}  // extern "C"

@@ -1,6 +1,6 @@
 // The engine's reference to the host object, the callback by which the host can close the engine,
-// and the one way to read a broadcast file: the host object's reading function, called again while
-// the host has not received the file yet.
+// and the reading of broadcast files: the host object's function is called again while the host has
+// not received the file yet.
 #include "host/host_object.h"
 
 #include <cstdint>
@@ -17,10 +17,11 @@ void KORVEL_CALL CloseOnExitCode(uint32_t code) {
   if (code == kMHEG5ExitCode) ExitMHEG5();
 }
 
-// How long the host is left alone after it has answered that the file is not there yet.
+// The pause after the host has answered that the file is not there yet.
 constexpr std::uint32_t kRetryPeriodMs = 500;
 
-// Asks until the host knows. True when it has stored a buffer, which the caller must release.
+// Asks until the answer is final. True if the host has stored a buffer, which the caller must
+// release.
 bool AskHost(MHEG5Host* host, const char* path, void** data, std::uint32_t* size) {
   while (MayRun()) {
     const std::uint32_t answer = host->table->ReadFile(host, path, data, size);
@@ -39,40 +40,36 @@ bool IsUsable(const MHEG5Host* host) {
          table.FreeBuffer != nullptr && table.SetExitCallback != nullptr;
 }
 
-void StoreHostObject(MHEG5Host* host) {
+void KeepHostObject(MHEG5Host* host) {
   hostState.hostObject = host;
   host->table->AddRef(host);
-}
-
-void GiveExitCallback() {
-  MHEG5Host* host = hostState.hostObject;
   host->table->SetExitCallback(host, CloseOnExitCode, 0);
 }
 
-void WithdrawHostObject() {
+void ReleaseHostObject() {
   MHEG5Host* host = hostState.hostObject.exchange(nullptr);
   if (host == nullptr) return;
   host->table->SetExitCallback(host, nullptr, 0);
   host->table->Release(host);
 }
 
-Status FetchFile(std::string_view path, OctetString* bytes) {
+bool FetchFile(std::string_view path, OctetString* bytes) {
   OctetString terminatedPath;
   MHEG5Host* host = hostState.hostObject;
-  if (host == nullptr || !terminatedPath.Assign(path)) return Status::Refused;
-  if (terminatedPath.TextView().empty()) return Status::Refused;
+  if (host == nullptr || !terminatedPath.Assign(path)) return false;
+  if (terminatedPath.TextView().empty()) return false;
 
   void* data = nullptr;
   std::uint32_t size = 0;
   if (!AskHost(host, terminatedPath.Text(), &data, bytes == nullptr ? nullptr : &size)) {
-    return Status::Refused;
+    return false;
   }
-  // A host that reports bytes without saying where they are has not read the file.
+  // A host that reports bytes without their address has not read the file.
   const bool isReadable = data != nullptr || size == 0;
-  const bool isTaken =
+  const bool isFetched =
       bytes == nullptr || (isReadable && bytes->Assign({static_cast<const char*>(data), size}));
   host->table->FreeBuffer(host, data);
-  return isTaken ? Status::Done : Status::Refused;
+  return isFetched;
 }
 
 }  // namespace korvel

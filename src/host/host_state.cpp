@@ -1,12 +1,16 @@
-// The one instance of the record, the engine running flag and the request to close. The flag comes
-// and goes with restarts; the request stays until the engine has ended, and overrides the flag.
+// The one instance of the record, the engine running flag, the request to close, and the trace. The
+// flag changes with restarts; the request lasts until the engine has ended, and overrides the flag.
 #include "host/host_state.h"
 
 #include "platform/running.h"
 
 namespace korvel {
 
-namespace {}  // namespace
+namespace {
+
+constinit std::FILE* traceStream = nullptr;
+
+}  // namespace
 
 constinit HostState hostState;
 
@@ -25,6 +29,14 @@ bool IsClosing() { return hostState.isClosing; }
 
 void PauseUnlessClosing(std::uint32_t milliseconds) {
   if (!IsClosing()) Sleep(milliseconds);
+}
+
+void SetTraceStream(std::FILE* stream) { traceStream = stream; }
+
+void Trace(const char* line) {
+  if (traceStream == nullptr) return;
+  std::fputs(line, traceStream);
+  std::fflush(traceStream);
 }
 
 }  // namespace korvel

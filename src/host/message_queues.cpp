@@ -15,18 +15,17 @@ struct Record {
   Record* next = nullptr;
 };
 
-// Plain pointers and no destructor: nothing may be freed while the process ends.
+// Plain pointers and no destructor: nothing may be released while the process ends.
 struct MessageQueues {
   CRITICAL_SECTION lock;
-  unsigned closes = 0;  // a close carries nothing, so that its queue is a count and cannot fail
+  unsigned closes = 0;  // closes have no parameters, so a count is enough and cannot fail
   Record* head = nullptr;
   Record* tail = nullptr;
 };
 
 constinit MessageQueues queues = {};
 
-// The queue's order is that of the window's messages; a timer's expiry may be taken from the
-// middle of it.
+// The queue is in the order of the window's messages, but an expiry may be removed from its middle.
 void Unlink(Record* before, Record* record) {
   (before == nullptr ? queues.head : before->next) = record->next;
   if (queues.tail == record) queues.tail = before;
@@ -64,7 +63,7 @@ bool TakeQueuedMessage(QueuedMessage& message) {
   const QueuesLocked locked;
   if (queues.closes > 0) {
     --queues.closes;
-    message = {WM_CLOSE, 0, 0};
+    message = {WM_CLOSE, 0};
     return true;
   }
   if (queues.head == nullptr) return false;

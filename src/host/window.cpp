@@ -1,21 +1,16 @@
 // The engine window. Its procedure turns messages into records for the worker and does no MHEG-5
-// work itself. The worker sets and kills the one-shot timers, the engine thread sees them expire;
-// both do so under the queue lock, so that an expiry that is under way can neither kill the timer
-// that replaces it nor fire in its place.
-#include "host/window.h"
-
+// work itself. The worker sets and kills the one-shot timers, and the engine thread receives their
+// expiries; both hold the queue lock meanwhile, so that an expiry on its way can neither kill the
+// timer that replaces it nor fire in its place.
 #include <algorithm>
 #include <cstdint>
-#include <utility>
 
-#include "host/engine_thread.h"
 #include "host/host_state.h"
 #include "host/message_queues.h"
-#include "host/trace.h"
+#include "host/threads.h"
 #include "objects/limits.h"
+#include "platform/clocks.h"
 #include "platform/running.h"
-#include "platform/timers.h"
-#include "platform/trace.h"
 #include "presentation/presentation.h"
 
 namespace korvel {
@@ -34,33 +29,19 @@ constexpr int kTop = 50;
 constexpr int kOuterWidth = 726;
 constexpr int kOuterHeight = 607;
 
-void EndWorker() {
-  WindowState& window = hostState.window;
-  if (window.worker == nullptr) return;
-  {
-    const QueuesLocked locked;
-    QueueClose();
-    StopForClose();
-  }
-  window.isWaitingForWorker = true;
-  WaitAnsweringSentMessages(window.worker, INFINITE);
-  window.isWaitingForWorker = false;
-  CloseHandle(std::exchange(window.worker, nullptr));
-}
-
-// From here on a close request finds no window, and never another program's that the number has
-// passed to.
-HWND TakeEngineWindow() {
+// Afterwards a close request finds no window, so it never reaches another program's window with the
+// same handle.
+HWND ForgetEngineWindow() {
   const StateLocked locked;
   return hostState.engineWindow.exchange(nullptr);
 }
 
-bool IsWorkerThere() { return hostState.window.worker != nullptr; }
+bool HasWorker() { return hostState.window.worker != nullptr; }
 
-void QueueForWorker(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (!IsWorkerThere()) return;
+void QueueForWorker(UINT message, WPARAM wParam) {
+  if (!HasWorker()) return;
   Trace("thread1 enter CS !!\n");
-  QueueInput({message, static_cast<std::uint32_t>(wParam), static_cast<std::uint32_t>(lParam)});
+  QueueInput({message, static_cast<std::uint32_t>(wParam)});
   Trace("thread1 leave CS !!\n");
 }
 
@@ -73,16 +54,16 @@ void NoteModifier(WPARAM virtualKey, bool isDown) {
   if (virtualKey == VK_MENU) hostState.window.isAltDown = isDown;
 }
 
-// Together, Ctrl and Alt mean that the keys are for somebody else.
-void TakeKey(WPARAM virtualKey, LPARAM lParam) {
+// Keys that are pressed with both Ctrl and Alt down are not for the engine.
+void HandleKeyDown(WPARAM virtualKey) {
   NoteModifier(virtualKey, true);
   if (hostState.window.isCtrlDown && hostState.window.isAltDown) return;
-  QueueForWorker(WM_KEYDOWN, virtualKey, lParam);
+  QueueForWorker(WM_KEYDOWN, virtualKey);
 }
 
-// The region is made valid first: the black of its erasing must not come over the picture, and a
-// region that stayed invalid would be painted again and again. Default processing would make it
-// valid once more, and with it what was exposed meanwhile. False while nothing may be shown.
+// Validates the region first: erasing it to black must not overwrite the picture, and a region that
+// stayed invalid would be painted again and again. Default processing would validate it once more,
+// and with it the parts that were uncovered meanwhile. False if nothing may be shown.
 [[nodiscard]] bool Paint(HWND window) {
   if (!MayRun()) return false;
   PAINTSTRUCT paint;
@@ -96,21 +77,16 @@ void TakeKey(WPARAM virtualKey, LPARAM lParam) {
   return true;
 }
 
-// A second close while the first waits for the worker would destroy the window twice.
+// A second close while the first one waits for the worker must not destroy the window too.
 void Close() {
   if (!hostState.window.isWaitingForWorker) EndWorkerAndWindow();
 }
 
 // Every timer of the engine fires once.
-void TakeTimerExpiry(HWND window, std::uint32_t id) {
+void HandleExpiry(HWND window, std::uint32_t id) {
   const QueuesLocked locked;
   KillTimer(window, id);
-  if (IsWorkerThere()) QueueInput({WM_TIMER, id, 0});
-}
-
-// Sets a timer that the platform has refused to set from the worker.
-void SetRequestedTimer(HWND window, std::uint32_t id, std::uint32_t periodMs) {
-  SetTimer(window, id, periodMs, nullptr);
+  if (HasWorker()) QueueInput({WM_TIMER, id});
 }
 
 LRESULT CALLBACK EngineWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -122,20 +98,17 @@ LRESULT CALLBACK EngineWindowProcedure(HWND window, UINT message, WPARAM wParam,
     return 0;
   case WM_PAINT: return Paint(window) ? 0 : DefaultResult(window, message, wParam, lParam);
   case WM_CLOSE: Close(); return 0;
-  case WM_KEYDOWN: TakeKey(wParam, lParam); return 0;
+  case WM_KEYDOWN: HandleKeyDown(wParam); return 0;
   case WM_KEYUP: NoteModifier(wParam, false); return 0;
   case WM_SYSKEYDOWN:
   case WM_SYSKEYUP:
-    // Alt alone arrives here and not as a plain key. The system goes on to use it for its menu.
+    // Alt alone arrives here and not as a plain key. The system also uses it for its menu.
     if (wParam == VK_MENU) NoteModifier(wParam, message == WM_SYSKEYDOWN);
     return DefaultResult(window, message, wParam, lParam);
-  case WM_TIMER: TakeTimerExpiry(window, static_cast<std::uint32_t>(wParam)); return 0;
-  case kSetWindowTimer:
-    SetRequestedTimer(window, static_cast<std::uint32_t>(wParam),
-                      static_cast<std::uint32_t>(lParam));
-    return 0;
+  case WM_TIMER: HandleExpiry(window, static_cast<std::uint32_t>(wParam)); return 0;
+  case kSetWindowTimer: SetTimer(window, wParam, static_cast<UINT>(lParam), nullptr); return 0;
   case kRestartAfterQuit:
-  case kRestartAfterTune: QueueForWorker(message, wParam, lParam); return 0;
+  case kRestartAfterTune: QueueForWorker(message, wParam); return 0;
   default: return DefaultResult(window, message, wParam, lParam);
   }
 }
@@ -172,7 +145,7 @@ void ShowEngineWindow() {
 
 void EndWorkerAndWindow() {
   EndWorker();
-  if (HWND window = TakeEngineWindow(); window != nullptr) DestroyWindow(window);
+  if (HWND window = ForgetEngineWindow(); window != nullptr) DestroyWindow(window);
 }
 
 void SetWindowTimer(std::uint32_t id, std::uint32_t periodMs) {

@@ -1,17 +1,18 @@
-// The worker thread from the opening of the presentation to its closing, and its loop over the
-// queued messages: keys and timer expiries become events, restarts start the engine again, a close
-// ends what runs.
-#include "host/worker_thread.h"
-
+// The worker thread, from the opening of the presentation to its closing, and its loop over the
+// queued messages: keys and timer expiries become events, restarts start the engine again, and a
+// close ends the running groups.
 #include <windows.h>
+
+#include <array>
+#include <cstdint>
+#include <utility>
 
 #include "engine/engine.h"
 #include "host/host_object.h"
 #include "host/host_state.h"
-#include "host/key_table.h"
 #include "host/message_queues.h"
-#include "host/trace.h"
-#include "host/window.h"
+#include "host/threads.h"
+#include "objects/vocabulary.h"
 #include "platform/running.h"
 #include "platform/screen.h"
 #include "presentation/presentation.h"
@@ -23,15 +24,40 @@ namespace {
 constexpr DWORD kPollPeriodMs = 10;
 constexpr std::int32_t kNoSource = 0;
 
-// A change may have been drawn within the last copy's millisecond or just after a painting
-// request: what the viewer has asked for is shown all the same.
+// Keys with consecutive codes and consecutive UserInput numbers. The colour keys and the Text key
+// of a remote control are letters.
+struct KeyRange {
+  std::uint32_t First;
+  std::uint32_t Last;
+  std::int32_t UserInput;  // of the first
+};
+
+constexpr std::array<KeyRange, 14> kKeys = {{
+    {13, 13, keys::kSelect},  // Enter
+    {27, 27, keys::kCancel},  // Escape
+    {37, 37, keys::kLeft},
+    {38, 38, keys::kUp},
+    {39, 39, keys::kRight},
+    {40, 40, keys::kDown},
+    {'0', '9', keys::kDigit0},
+    {'B', 'B', keys::kBlue},
+    {'G', 'G', keys::kGreen},
+    {'I', 'I', keys::kInfo},
+    {'R', 'R', keys::kRed},
+    {'T', 'T', keys::kText},
+    {'Y', 'Y', keys::kYellow},
+    {96, 105, keys::kDigit0},  // the keypad
+}};
+
+// Shows the result of the viewer's input even if the last copy was made in the same millisecond, or
+// if the last request to paint came just before the change.
 void RedrawAtOnce() {
   DiscardUpdateStamp();
   ResetRedrawCounter();
   static_cast<void>(Redraw());
 }
 
-// The results of events are ignored: the actions that had to stop have stopped.
+// The results of events are ignored: they only tell action lists to stop.
 void HandleTimer(std::uint32_t id) {
   if (!MayRun()) return;
   static_cast<void>(
@@ -39,7 +65,7 @@ void HandleTimer(std::uint32_t id) {
   RedrawAtOnce();
 }
 
-// The counter is reset before the key as well, so that the first redraw that its actions ask for
+// The counter is also reset before the key, so that the first redraw that its actions request
 // paints.
 void HandleKey(std::uint32_t virtualKey) {
   if (!MayRun()) return;
@@ -50,14 +76,14 @@ void HandleKey(std::uint32_t virtualKey) {
   RedrawAtOnce();
 }
 
-// Starts the engine from the start-up search and shows what it has drawn. False when no application
-// could be started; the running flag is then the caller's to clear.
+// Starts the engine from the start-up search and shows the result. False if no application could be
+// started; the caller then clears the running flag.
 [[nodiscard]] bool StartAndShow() {
   BeginWork();
   ResetRedrawCounter();
   if (StartEngine({}) == Status::Refused) return false;
   RedrawAtOnce();
-  static_cast<void>(DeviceUpdate());
+  DeviceUpdate();
   AllowRunning();
   return true;
 }
@@ -94,13 +120,13 @@ void RunWorkerLoop() {
 void ShowScreenText(std::string_view text) {
   ClearSurface();
   DrawScreenText(text);
-  static_cast<void>(DeviceUpdate());
+  DeviceUpdate();
 }
 
 void OpenWorker() {
   hostState.workerThreadId = GetCurrentThreadId();
   OpenPresentation(hostState.engineWindow);
-  DeleteOldTraceFile();
+  DeleteFileA("debug.txt");  // the trace file of an earlier run
   EmptyPersistentStore();
   AllowRunning();
 }
@@ -112,12 +138,12 @@ void StartFirstTime() {
   ShowScreenText("No MHEG5 Service");
 }
 
-// GDI+ goes last: the engine's canvases need it too.
+// GDI+ ends last, because the engine's canvases need it.
 void CloseWorker() {
   DrainMessageQueues();
   DiscardUpdateStamp();
   ReleasePictures();
-  WithdrawHostObject();
+  ReleaseHostObject();
   ResetEngine();
   hostState.workerThreadId = 0;
   ClosePresentation();
@@ -136,6 +162,28 @@ DWORD WINAPI WorkerThread(void*) {
 bool CreateWorker() {
   hostState.window.worker = CreateThread(nullptr, 0, WorkerThread, nullptr, 0, nullptr);
   return hostState.window.worker != nullptr;
+}
+
+void EndWorker() {
+  WindowState& window = hostState.window;
+  if (window.worker == nullptr) return;
+  {
+    const QueuesLocked locked;
+    QueueClose();
+    StopForClose();
+  }
+  window.isWaitingForWorker = true;
+  WaitAnsweringSentMessages(window.worker, INFINITE);
+  window.isWaitingForWorker = false;
+  CloseHandle(std::exchange(window.worker, nullptr));
+}
+
+std::int32_t UserInputKey(std::uint32_t virtualKey) {
+  for (const KeyRange& range : kKeys) {
+    if (virtualKey < range.First || virtualKey > range.Last) continue;
+    return range.UserInput + static_cast<std::int32_t>(virtualKey - range.First);
+  }
+  return kNoUserInput;
 }
 
 void RequestRestart(RestartReason reason) {

@@ -1,19 +1,20 @@
-// The clocks: elapsed time, and the time of day. Worker thread only.
+// The clocks, elapsed time and the time of day, and the one-shot timers of the engine window.
+// Worker thread only.
 #pragma once
 
 #include <cstdint>
 
 namespace korvel {
 
-// Milliseconds since the process started, by a clock that nobody can set. For absolute timers, and
-// for what is limited in time.
+// Milliseconds since the process started, from a clock that nobody can set. Used for absolute
+// timers and for limits in time.
 [[nodiscard]] std::uint32_t MillisecondsSinceProcessStart();
 
 // The wall clock in seconds since 1970, for the seed of the random generator.
 [[nodiscard]] std::uint32_t SecondsNow();
 
 struct LocalTime {
-  std::int32_t Year = 0;   // in full
+  std::int32_t Year = 0;   // all digits
   std::int32_t Month = 0;  // 1 to 12
   std::int32_t Day = 0;
   std::int32_t Hour = 0;
@@ -21,7 +22,14 @@ struct LocalTime {
   std::int32_t Second = 0;
 };
 
-// The local time of day. False when the platform cannot tell.
+// The local time of day. False if the platform cannot report it.
 [[nodiscard]] bool GetLocalClock(LocalTime& now);
+
+// Starts the one-shot timer `id` of the engine window, replacing a pending one. Its expiry arrives
+// as an outside event of type TimerFired. Removes expiries of the id that are already queued.
+void SetWindowTimer(std::uint32_t id, std::uint32_t periodMs);
+
+// Stops the timer `id` and removes its expiries that are already queued.
+void KillWindowTimer(std::uint32_t id);
 
 }  // namespace korvel

@@ -1,27 +1,30 @@
-// Whether the engine may work: the running flag, the request to close, and the request to restart.
-// Worker thread only.
+// Whether the engine may work: the running flag, the request to close, and the request to restart;
+// and the trace of the threads. Worker thread only, except Trace.
 #pragma once
 
 #include <cstdint>
 
 namespace korvel {
 
-// Whether MHEG-5 work may be done: the engine running flag is set and no close has been asked for.
+// Whether MHEG-5 work may be done: the engine running flag is set and no close was requested.
 [[nodiscard]] bool MayRun();
 
-// Whether a close has been asked for. Once true it stays so until the engine has ended.
+// Whether a close was requested. Once true it stays true until the engine has ended.
 [[nodiscard]] bool IsClosing();
 
-// Waits, but not once a close has been asked for.
+// Waits, unless a close was requested.
 void PauseUnlessClosing(std::uint32_t milliseconds);
 
 enum class RestartReason {
-  QuitWithoutParent,  // the application has quit and none is left to return to
+  QuitWithoutParent,  // the application has quit and there is none to return to
   Tune,               // a resident program asks for another service
 };
 
-// Asks for the engine to be started again from the start-up search once the current work is done:
-// clears the surface, clears the running flag, and posts the request to the engine window.
+// Asks for a new start from the start-up search after the current work: clears the surface and the
+// running flag, and posts the request to the engine window.
 void RequestRestart(RestartReason reason);
+
+// Any thread: if the trace stream is open, writes the line to it unchanged and flushes it.
+void Trace(const char* line);
 
 }  // namespace korvel

@@ -15,20 +15,21 @@ struct Stream;
 inline constexpr std::int32_t kSceneWidth = 720;
 inline constexpr std::int32_t kSceneHeight = 576;
 
-// A request to draw the scene again. Only the 1st, 6th, 11th ... request since the counter was
-// reset paints; the others cost nothing, so that callers may ask freely. While a close is asked
-// for, requests only count. Failure when an event raised while drawing asked to stop.
+// Requests that the scene is drawn again. Only the 1st, 6th, 11th ... request since the counter was
+// reset paints; the others cost nothing, so callers may ask freely. After a request to close,
+// redraw requests are only counted. Failure if an event that was raised while drawing asked to
+// stop.
 Status Redraw();
 
 // ---- Broadcast streams ----
-// They are not decoded here: a picture stands for video, and what would control a decoder does
-// nothing and is Done.
+// They are not decoded here: a fixed picture replaces video, and these functions do nothing and
+// return Done.
 
-// The stream has begun to run with this video in that box.
+// The stream has started to run with this video in that box.
 Status StartVideo(const Stream& stream, std::int32_t componentTag, const Position& at,
                   const BoxSize& size);
 
-// The stream runs no longer, nor does any of its components.
+// The stream and all its components have stopped.
 Status EndStream(const Stream& stream);
 
 }  // namespace korvel

@@ -1,12 +1,11 @@
-// Bitmaps: the content is fetched and decoded anew at every painting, and nothing of it is kept.
-#include "appearance/content_path.h"
+// Bitmaps. The content is fetched and decoded at every painting, and nothing is cached.
+#include "appearance/content_file.h"
 #include "appearance/geometry.h"
 #include "engine/engine.h"
 #include "platform/files.h"
 #include "presentation/drawings.h"
 #include "presentation/i_frame.h"
 #include "presentation/picture.h"
-#include "presentation/picture_painting.h"
 
 namespace korvel {
 
@@ -21,18 +20,19 @@ void SettleContentHook(Bitmap& bitmap) {
   bitmap.ContentHOOK = application->Defaults.BitmapContentHook;
 }
 
-// The bytes of the picture: included ones are borrowed from the object, others read into `file`.
+// The bytes of the picture: included content is borrowed from the object, referenced content is
+// read into `file`. False if there are none.
 [[nodiscard]] bool ReadContent(const Bitmap& bitmap, OctetString& file, std::string_view& bytes) {
   bytes = bitmap.Content.Data.View();
   if (bitmap.Content.IsReferenced) {
     OctetString path;
-    if (!ContentPath(bytes, path) || FetchFile(path.View(), &file) != Status::Done) return false;
+    if (!ContentPath(bytes, path) || !FetchFile(path.View(), &file)) return false;
     bytes = file.View();
   }
   return !bytes.empty();
 }
 
-Status PaintContent(const Bitmap& bitmap, std::string_view bytes) {
+[[nodiscard]] bool PaintContent(const Bitmap& bitmap, std::string_view bytes) {
   const PicturePlacement placement{.Position = bitmap.Position,
                                    .BoxSize = bitmap.BoxSize,
                                    .Transparency = bitmap.Transparency,
@@ -40,24 +40,20 @@ Status PaintContent(const Bitmap& bitmap, std::string_view bytes) {
                                    .ScaledSize = bitmap.ScaledSize};
   if (bitmap.ContentHOOK == kIFrameHook) {
     BitmapOwner frame;
-    if (!DecodeIFrame(bytes, frame)) return Status::Refused;
-    return PaintPicture(frame, placement);
+    return DecodeIFrame(bytes, frame) && PaintPicture(frame, placement);
   }
   Picture picture;
-  if (!ReadPicture(bytes, picture)) return Status::Refused;
-  return PaintPicture(picture.Image, placement);
+  return ReadPicture(bytes, picture) && PaintPicture(picture.Image, placement);
 }
 
 }  // namespace
 
-// A box without area needs no picture, so that none can be missing in it.
-Status Draw(Bitmap& bitmap) {
-  if (!HasArea(bitmap.BoxSize)) return Status::Done;
+bool Draw(Bitmap& bitmap) {
+  if (!HasArea(bitmap.BoxSize)) return true;
   SettleContentHook(bitmap);
   OctetString file;
   std::string_view bytes;
-  if (!ReadContent(bitmap, file, bytes)) return Status::Refused;
-  return PaintContent(bitmap, bytes);
+  return ReadContent(bitmap, file, bytes) && PaintContent(bitmap, bytes);
 }
 
 }  // namespace korvel

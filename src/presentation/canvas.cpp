@@ -1,18 +1,15 @@
-// The canvases' life and the painting of each drawing action. What a canvas shows stays until it is
-// cleared; nothing is recorded beside it.
-#include "presentation/canvas.h"
+// Creates canvases and carries out the drawing actions on them. A canvas keeps its pixels until it
+// is cleared; the drawing actions are not recorded.
+#include "presentation/line_art.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "appearance/clipping.h"
 #include "appearance/colours.h"
 #include "appearance/geometry.h"
 #include "objects/limits.h"
 #include "objects/owned.h"
 #include "objects/sequence.h"
-#include "platform/canvases.h"
-#include "presentation/line.h"
 
 namespace korvel {
 
@@ -20,31 +17,30 @@ namespace {
 
 constexpr std::int32_t kFullTurn = 360;
 
-// GDI+ turns curves to lines in single precision; much further out than this it never ends.
+// GDI+ converts curves to lines in single precision. Under Wine it never finishes if they are much
+// further out than this.
 constexpr std::int64_t kFarthestCurve = 8000;
 
 constexpr Gdiplus::ARGB kTransparentBlack = 0;
 
 // The box of a curve, `shrink` pixels smaller on every side.
 Box CurveBox(CanvasPoint at, std::int64_t width, std::int64_t height, std::int64_t shrink) {
-  const auto held = [](std::int64_t place) {
-    return std::clamp(place, -kFarthestCurve, kFarthestCurve);
+  const auto limited = [](std::int64_t coordinate) {
+    return std::clamp(coordinate, -kFarthestCurve, kFarthestCurve);
   };
   const std::int64_t left = at.X + shrink;
   const std::int64_t top = at.Y + shrink;
-  return BoxBetween(held(left), held(top), held(left + width - 2 * shrink),
-                    held(top + height - 2 * shrink));
+  return BoxBetween(limited(left), limited(top), limited(left + width - 2 * shrink),
+                    limited(top + height - 2 * shrink));
 }
 
 [[nodiscard]] bool MakePicture(Canvas& canvas) {
-  return Succeeded(gdip::GdipCreateBitmapFromScan0(canvas.Width, canvas.Height, 0,
-                                                   PixelFormat32bppARGB, nullptr,
-                                                   canvas.Picture.Slot())) &&
+  return MakeBitmap(canvas.Width, canvas.Height, canvas.Picture) &&
          Succeeded(gdip::GdipGetImageGraphicsContext(canvas.Picture, canvas.Graphics.Slot())) &&
          Succeeded(gdip::GdipGraphicsClear(canvas.Graphics, kTransparentBlack));
 }
 
-// From where an arc runs and how far, in degrees, clockwise as GDI+ takes them.
+// The start of an arc and its extent, in degrees, clockwise as in GDI+.
 struct Turn {
   float Start;
   float Sweep;
@@ -67,9 +63,9 @@ void FillSector(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
                                        box.Height(), turn.Start, turn.Sweep));
 }
 
-// Dashed lines and polygons are cut at this distance from the origin, a little outside the canvas:
-// neither the cut nor the sharp corners of an outline, which reach five widths beyond their points,
-// are visible there.
+// Dashed lines and polygons are cut at this distance from the origin. It is far enough outside the
+// canvas to hide the cut, and the sharp corners of an outline, which reach up to five widths beyond
+// their points.
 std::int64_t FarthestPoint(const Canvas& canvas, const LineAttributes& line) {
   const std::int64_t margin = 6 * std::int64_t{DrawnWidth(line)} + 2;
   return std::min(std::max(canvas.Width, canvas.Height) + margin, kFarthestCoordinate);
@@ -98,91 +94,85 @@ Canvas* NewCanvas(std::int32_t width, std::int32_t height) {
 
 void DestroyCanvas(Canvas* canvas) { Owned<Canvas>(canvas).Reset(); }
 
-Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) {
-  if (canvas == nullptr) return Status::Done;
+void ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) {
+  if (canvas == nullptr) return;
   canvas->ClipWidth = std::clamp<std::int32_t>(width, 0, canvas->Width);
   canvas->ClipHeight = std::clamp<std::int32_t>(height, 0, canvas->Height);
   static_cast<void>(gdip::GdipSetClipRectI(canvas->Graphics, 0, 0, canvas->ClipWidth,
                                            canvas->ClipHeight, Gdiplus::CombineModeReplace));
-  return Status::Done;
 }
 
-Status ClearCanvas(DrawnColour fill, Canvas* canvas) {
-  if (canvas == nullptr) return Status::Done;
+void ClearCanvas(DrawnColour fill, Canvas* canvas) {
+  if (canvas == nullptr) return;
   static_cast<void>(gdip::GdipResetClip(canvas->Graphics));
   static_cast<void>(gdip::GdipGraphicsClear(canvas->Graphics, kTransparentBlack));
-  static_cast<void>(ClipCanvas(canvas->ClipWidth, canvas->ClipHeight, canvas));
+  ClipCanvas(canvas->ClipWidth, canvas->ClipHeight, canvas);
   SolidBrushOwner brush;
   if (MakeBrush(fill, brush)) {
     static_cast<void>(
         gdip::GdipFillRectangleI(canvas->Graphics, brush, 0, 0, canvas->Width, canvas->Height));
   }
-  return Status::Done;
 }
 
-Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Canvas* canvas) {
-  if (canvas == nullptr) return Status::Done;
+void CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Canvas* canvas) {
+  if (canvas == nullptr) return;
   const std::int32_t period = DashPeriod(line);
   const std::int64_t farthest = period > 0 ? FarthestPoint(*canvas, line) : kFarthestCoordinate;
   LinePart part;
   PenOwner pen;
   if (!ClipLine(from, to, farthest, period, part) || !MakePen(line, part.Length(), pen)) {
-    return Status::Done;
+    return;
   }
   static_cast<void>(gdip::GdipDrawLine(canvas->Graphics, pen, static_cast<float>(part.FromX),
                                        static_cast<float>(part.FromY), static_cast<float>(part.ToX),
                                        static_cast<float>(part.ToY)));
-  return Status::Done;
 }
 
-Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
-                       DrawnColour fill, Canvas* canvas) {
-  if (canvas == nullptr) return Status::Done;
+void CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line, DrawnColour fill,
+                     Canvas* canvas) {
+  if (canvas == nullptr) return;
   DrawBorderedRectangle(canvas->Graphics, BoxBetween(from.X, from.Y, to.X, to.Y), line, fill);
-  return Status::Done;
 }
 
-Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
-                  Canvas* canvas) {
+void CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
+                Canvas* canvas) {
   const Box box = CurveBox(at, width, height, 0);
   SolidBrushOwner brush;
-  if (canvas == nullptr || box.IsEmpty() || !MakeBrush(fill, brush)) return Status::Done;
+  if (canvas == nullptr || box.IsEmpty() || !MakeBrush(fill, brush)) return;
   static_cast<void>(gdip::GdipFillEllipseI(canvas->Graphics, brush, box.Left, box.Top, box.Width(),
                                            box.Height()));
-  return Status::Done;
 }
 
-Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
-                 std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
-                 Canvas* canvas) {
+void CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
+               std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
+               Canvas* canvas) {
   const Box box = CurveBox(at, width, height, DrawnWidth(line));
-  if (canvas == nullptr || box.IsEmpty()) return Status::Done;
+  if (canvas == nullptr || box.IsEmpty()) return;
   const Turn turn{static_cast<float>(startAngle % kFullTurn),
                   static_cast<float>(std::clamp(arcAngle, -kFullTurn, kFullTurn)) * -1.0F};
   DrawCurve(canvas->Graphics, box, turn, line, form);
-  // As transparent as the line; none at all where the fill's own colour is wholly transparent.
+  // As transparent as the line, unless the fill's own colour is invisible.
   if (form == ArcForm::Sector && IsSeen(fill)) {
     FillSector(canvas->Graphics, box, turn,
                (fill & ~kTransparencyByte) | (line.Ink & kTransparencyByte));
   }
-  return Status::Done;
 }
 
-Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
-                     DrawnColour fill, Canvas* canvas) {
-  if (canvas == nullptr || points.size() > kMostCorners) return Status::Done;
-  // GDI+ knows no polygon of two corners.
+void CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
+                   DrawnColour fill, Canvas* canvas) {
+  if (canvas == nullptr || points.size() > kMostCorners) return;
+  // GDI+ rejects polygons of two corners.
   if (points.size() == 2) return CanvasLine(points[0], points[1], line, canvas);
   Sequence<CanvasPoint> clipped;
   if (!ClipPolygon(points, FarthestPoint(*canvas, line), clipped) || clipped.Size() < 2) {
-    return Status::Done;
+    return;
   }
-  // A GDI+ point is the same two numbers.
+  // A GDI+ point has the same layout.
   static_assert(sizeof(CanvasPoint) == sizeof(Gdiplus::GpPoint));
   const auto* corners = reinterpret_cast<const Gdiplus::GpPoint*>(clipped.begin());
   const auto count = static_cast<INT>(clipped.Size());
   PenOwner pen;
-  if (MakePen(line, LengthAround({clipped.begin(), clipped.Size()}), pen) &&
+  if (MakePen(line, LengthAround(clipped), pen) &&
       Succeeded(gdip::GdipSetPenMode(pen, Gdiplus::PenAlignmentInset))) {
     static_cast<void>(gdip::GdipDrawPolygonI(canvas->Graphics, pen, corners, count));
   }
@@ -191,7 +181,6 @@ Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& 
     static_cast<void>(gdip::GdipFillPolygonI(canvas->Graphics, brush, corners, count,
                                              Gdiplus::FillModeAlternate));
   }
-  return Status::Done;
 }
 
 }  // namespace korvel

@@ -1,6 +1,6 @@
 // GDI+ as the drawing files use it: its flat functions, each of which returns a status that the
-// caller looks at, and owners that give its objects back. An object lives no longer than the call
-// that draws with it, unless it stands in the surface, a canvas or the image cache.
+// caller checks, and owners that release its objects. An object exists only during the call that
+// draws with it, except in the presentation's state and in canvases.
 #pragma once
 
 #include <windows.h>
@@ -12,12 +12,12 @@
 #include <utility>
 
 #include "appearance/colours.h"
+#include "appearance/geometry.h"
 
 namespace korvel {
 
 namespace gdip = Gdiplus::DllExports;
 
-// Whether a GDI+ call did what it was asked for.
 [[nodiscard]] inline bool Succeeded(Gdiplus::GpStatus status) { return status == Gdiplus::Ok; }
 
 // Owns one GDI+ object; converts to the pointer that the functions take.
@@ -34,12 +34,12 @@ class GdiPlusOwner {
   GdiPlusOwner& operator=(const GdiPlusOwner&) = delete;
   ~GdiPlusOwner() { Reset(); }
 
-  // Where a creating function is to leave the object; an earlier one is given back.
+  // Output slot for a create function. Releases any object held so far.
   [[nodiscard]] Object** Slot() {
     Reset();
     return &object_;
   }
-  // Releasing can only fail for objects that are in use elsewhere, and none of ours is.
+  // Releasing fails only for objects that are in use elsewhere, and none of ours is.
   void Reset() {
     Object* object = std::exchange(object_, nullptr);
     if (object != nullptr) static_cast<void>(Release(object));
@@ -63,10 +63,21 @@ using StringFormatOwner = GdiPlusOwner<Gdiplus::GpStringFormat, gdip::GdipDelete
 using ImageAttributesOwner =
     GdiPlusOwner<Gdiplus::GpImageAttributes, gdip::GdipDisposeImageAttributes>;
 
-// The colour as GDI+ takes it.
+// The colour in the form of GDI+.
 [[nodiscard]] inline Gdiplus::ARGB ToGdiPlus(DrawnColour colour) {
   const Gdiplus::ARGB alpha = 255 - (colour & kTransparencyByte);
   return alpha << 24 | colour >> 8;
+}
+
+[[nodiscard]] inline Gdiplus::RectF ToGdiPlus(const Box& box) {
+  return {static_cast<float>(box.Left), static_cast<float>(box.Top),
+          static_cast<float>(box.Width()), static_cast<float>(box.Height())};
+}
+
+// A bitmap of that size, 32 bits per pixel with alpha. False if it cannot be made.
+[[nodiscard]] inline bool MakeBitmap(std::int32_t width, std::int32_t height, BitmapOwner& bitmap) {
+  return Succeeded(gdip::GdipCreateBitmapFromScan0(width, height, 0, PixelFormat32bppARGB, nullptr,
+                                                   bitmap.Slot()));
 }
 
 // A brush of the colour. False if the colour is invisible or the brush cannot be made.

@@ -1,26 +1,25 @@
-// From the bytes of an I-frame to an image: the temporary file, the host's decoder, and the
-// colours.
+// Converts the bytes of an I-frame to an image by way of the temporary file and the host's decoder,
+// and saves images as files by way of GDI+'s encoders.
 #include "presentation/i_frame.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cwchar>
+#include <span>
 
-#include "appearance/mpeg_file.h"
+#include "appearance/content_file.h"
 #include "appearance/yuv.h"
 #include "objects/octet_string.h"
-#include "presentation/encoder.h"
 #include "presentation/state.h"
 
 namespace korvel {
 
 namespace {
 
-// The number in the temporary file's name is never raised: each stream rewrites the same file.
-constexpr int kTemporaryFileNumber = 0;
-
-// The function of the host's library: fills the buffer that `buffer` points to with the frame's
-// planes. Its result has no meaning.
+// The function of the host's library. Fills the buffer that `buffer` points to with the frame's
+// planes; the result has no meaning.
 using DecodeFrame = int(__cdecl*)(const char* path, std::uint8_t** buffer, int one);
 
 // Calls the function with these arguments. On 32 bits it may be __cdecl or __stdcall, and nothing
@@ -47,7 +46,7 @@ void Call(DecodeFrame decode, const char* path, std::uint8_t** buffer, int one) 
 }
 #endif
 
-// Null when the library or the function is not there.
+// Null if the library or the function is missing.
 [[nodiscard]] DecodeFrame FindDecoder() {
   HMODULE& library = State().decoderLibrary;
   if (library == nullptr) library = LoadLibraryA("MenuAPI");
@@ -67,10 +66,7 @@ void Call(DecodeFrame decode, const char* path, std::uint8_t** buffer, int one) 
 [[nodiscard]] bool MakeImage(const PlanarFrame& frame, BitmapOwner& image) {
   const FrameSize size = frame.Size();
   BitmapOwner made;
-  if (!Succeeded(gdip::GdipCreateBitmapFromScan0(size.Width, size.Height, 0, PixelFormat32bppARGB,
-                                                 nullptr, made.Slot()))) {
-    return false;
-  }
+  if (!MakeBitmap(size.Width, size.Height, made)) return false;
   const Gdiplus::Rect whole(0, 0, size.Width, size.Height);
   Gdiplus::BitmapData data{};
   if (!Succeeded(gdip::GdipBitmapLockBits(made, &whole, Gdiplus::ImageLockModeWrite,
@@ -133,13 +129,37 @@ void FindTemporaryFolder() {
   path = {};
   const DWORD length = GetTempPathA(kTemporaryFolderBytes, folder.data());
   if (length == 0 || length >= folder.size()) return;
-  std::snprintf(path.data(), path.size(), "%s\\mheg_bmp_tmpfile%03d.m2v", folder.data(),
-                kTemporaryFileNumber);
+  std::snprintf(path.data(), path.size(), "%s\\mheg_bmp_tmpfile000.m2v", folder.data());
 }
 
 void ReleaseDecoder() {
   if (State().decoderLibrary != nullptr) FreeLibrary(State().decoderLibrary);
   State().decoderLibrary = nullptr;
+}
+
+bool FindEncoder(const WCHAR* mimeType, CLSID& encoder) {
+  UINT count = 0;
+  UINT bytes = 0;
+  OctetString list;  // followed by the texts that it points to
+  if (!Succeeded(gdip::GdipGetImageEncodersSize(&count, &bytes)) || !list.AssignZeros(bytes)) {
+    return false;
+  }
+  auto* encoders = reinterpret_cast<Gdiplus::ImageCodecInfo*>(list.MutableBytes());
+  if (!Succeeded(gdip::GdipGetImageEncoders(count, bytes, encoders))) return false;
+  for (const Gdiplus::ImageCodecInfo& candidate : std::span(encoders, count)) {
+    if (std::wcscmp(candidate.MimeType, mimeType) != 0) continue;
+    encoder = candidate.Clsid;
+    return true;
+  }
+  return false;
+}
+
+bool SaveImage(Gdiplus::GpImage* image, const WCHAR* mimeType, const char* path) {
+  std::array<WCHAR, MAX_PATH> widePath{};
+  CLSID encoder;
+  return MultiByteToWideChar(CP_ACP, 0, path, -1, widePath.data(), MAX_PATH) > 0 &&
+         FindEncoder(mimeType, encoder) &&
+         Succeeded(gdip::GdipSaveImageToFile(image, widePath.data(), &encoder, nullptr));
 }
 
 }  // namespace korvel

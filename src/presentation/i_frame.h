@@ -1,5 +1,5 @@
-// Pictures that are MPEG-2 I-frames. The frame itself is decoded by the host's library MenuAPI,
-// which reads the stream from a file. Worker thread only.
+// Pictures that are MPEG-2 I-frames. The host's library MenuAPI decodes the frame; it reads the
+// stream from a file. Worker thread only.
 #pragma once
 
 #include <string_view>
@@ -8,18 +8,25 @@
 
 namespace korvel {
 
-// Decodes a stream in memory by way of the temporary file, which is rewritten for each. False, with
-// `image` unchanged, when there is no image.
+// Decodes a stream in memory by way of the temporary file, which each call overwrites. False, with
+// `image` unchanged, if there is no image.
 [[nodiscard]] bool DecodeIFrame(std::string_view stream, BitmapOwner& image);
 
-// Decodes the stream in a file and saves the picture as a PNG file. False when it could not be.
-// Nothing in the engine calls it: it is there for preparing bitmaps ahead.
-[[nodiscard]] bool ConvertIFrameToPng(const char* source, const char* target);
-
-// Finds the folder for temporary files; called as the presentation opens.
+// Determines the path of the temporary file, when the presentation opens.
 void FindTemporaryFolder();
 
-// Unloads the host's library if it was needed; called as the presentation closes.
+// Unloads the host's library if it was loaded, when the presentation closes.
 void ReleaseDecoder();
+
+// ---- Saving pictures. Nothing in the engine calls these: they prepare bitmaps in advance. ----
+
+// Decodes the stream in a file and saves the picture as a PNG file.
+[[nodiscard]] bool ConvertIFrameToPng(const char* source, const char* target);
+
+// Finds the class of the GDI+ encoder for a MIME type ("image/png", "image/bmp"). False if there is
+// none.
+[[nodiscard]] bool FindEncoder(const WCHAR* mimeType, CLSID& encoder);
+
+[[nodiscard]] bool SaveImage(Gdiplus::GpImage* image, const WCHAR* mimeType, const char* path);
 
 }  // namespace korvel

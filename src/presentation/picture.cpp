@@ -1,7 +1,9 @@
-// Pictures from bytes. Painting them is left to picture_painting.cpp, I-frames to i_frame.cpp.
+// Reads pictures from bytes, and paints them with a texture brush. I-frames are in i_frame.cpp.
 #include "presentation/picture.h"
 
-#include "appearance/picture_size.h"
+#include "appearance/content_file.h"
+#include "appearance/geometry.h"
+#include "presentation/state.h"
 
 namespace korvel {
 
@@ -34,6 +36,64 @@ class BlockStream {
          Succeeded(gdip::GdipGetImageHeight(image, &height)) && IsDecodableSize(width, height);
 }
 
+struct Scale {
+  double X = 1.0;
+  double Y = 1.0;
+};
+
+double FactorOf(std::int32_t scaled, UINT own) {
+  const double factor = static_cast<double>(scaled) / static_cast<double>(own);
+  return factor < 0 ? 1.0 : factor;  // a negative size means not scaled
+}
+
+// Scales the alpha by the opacity and changes nothing else.
+Gdiplus::ColorMatrix MatrixOf(std::int32_t transparency) {
+  Gdiplus::ColorMatrix matrix{};
+  for (int index = 0; index < 5; ++index) matrix.m[index][index] = 1.0F;
+  matrix.m[3][3] = 1.0F - static_cast<float>(transparency) / 100.0F;
+  return matrix;
+}
+
+[[nodiscard]] bool MakeAttributes(const PicturePlacement& placement,
+                                  ImageAttributesOwner& attributes) {
+  const Gdiplus::ColorMatrix matrix = MatrixOf(placement.Transparency);
+  return Succeeded(gdip::GdipCreateImageAttributes(attributes.Slot())) &&
+         Succeeded(gdip::GdipSetImageAttributesColorMatrix(
+             attributes, Gdiplus::ColorAdjustTypeBitmap, TRUE, &matrix, nullptr,
+             Gdiplus::ColorMatrixFlagsDefault)) &&
+         (!placement.Tiling || Succeeded(gdip::GdipSetImageAttributesWrapMode(
+                                   attributes, Gdiplus::WrapModeTile, 0, FALSE)));
+}
+
+[[nodiscard]] bool MakeTexture(Gdiplus::GpImage* image, UINT width, UINT height,
+                               const PicturePlacement& placement, TextureOwner& texture) {
+  ImageAttributesOwner attributes;
+  return MakeAttributes(placement, attributes) &&
+         Succeeded(gdip::GdipCreateTextureIA(image, attributes, 0.0F, 0.0F,
+                                             static_cast<float>(width), static_cast<float>(height),
+                                             texture.Slot())) &&
+         Succeeded(
+             gdip::GdipScaleTextureTransform(texture, 1.0F, 1.0F, Gdiplus::MatrixOrderAppend));
+}
+
+// Fills the box with the texture. A container maps the coordinates of the unscaled picture to the
+// box, so that one fill scales, tiles and cuts it.
+void FillBox(Gdiplus::GpGraphics* graphics, const Box& box, const Scale& scale,
+             Gdiplus::GpTexture* texture) {
+  const Gdiplus::RectF destination = ToGdiPlus(box);
+  const Gdiplus::RectF source(0.0F, 0.0F, static_cast<float>(box.Width() / scale.X),
+                              static_cast<float>(box.Height() / scale.Y));
+  Gdiplus::GraphicsContainer container = 0;
+  if (!Succeeded(gdip::GdipBeginContainer(graphics, &destination, &source, Gdiplus::UnitPixel,
+                                          &container))) {
+    return;
+  }
+  // The container must be closed even if the fill fails.
+  static_cast<void>(
+      gdip::GdipFillRectangle(graphics, texture, source.X, source.Y, source.Width, source.Height));
+  static_cast<void>(gdip::GdipEndContainer(graphics, container));
+}
+
 }  // namespace
 
 bool GlobalBlock::Assign(std::string_view bytes) {
@@ -57,9 +117,28 @@ bool ReadPicture(std::string_view bytes, Picture& picture) {
       !IsAllowed(read.Image)) {
     return false;
   }
-  // The order matters: the old image before the old block.
+  // The old image is released before the old block, which it may read from.
   picture.Image = std::move(read.Image);
   picture.Block = std::move(read.Block);
+  return true;
+}
+
+bool PaintPicture(Gdiplus::GpImage* image, const PicturePlacement& placement) {
+  Gdiplus::GpGraphics* graphics = State().graphics;
+  if (graphics == nullptr) return true;
+  UINT width = 0;
+  UINT height = 0;
+  if (image == nullptr || !Succeeded(gdip::GdipGetImageWidth(image, &width)) ||
+      !Succeeded(gdip::GdipGetImageHeight(image, &height)) || width == 0 || height == 0) {
+    return false;
+  }
+  const Scale scale{FactorOf(placement.ScaledSize.Width, width),
+                    FactorOf(placement.ScaledSize.Height, height)};
+  const Box box = BoxAt(placement.Position, placement.BoxSize);
+  if (box.IsEmpty() || scale.X == 0 || scale.Y == 0) return true;
+  TextureOwner texture;
+  if (!MakeTexture(image, width, height, placement, texture)) return false;
+  FillBox(graphics, box, scale, texture);
   return true;
 }
 

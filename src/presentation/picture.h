@@ -1,14 +1,15 @@
-// A picture read from bytes: what GDI+ made of them, and the memory that it reads from.
+// Pictures: read from bytes or from the library's resources, and painted into a box.
 #pragma once
 
 #include <string_view>
 #include <utility>
 
+#include "objects/visibles.h"
 #include "presentation/gdi_plus.h"
 
 namespace korvel {
 
-// A block of global memory: the only kind that GDI+ reads pictures from.
+// A block of global memory, the only kind of memory that GDI+ reads pictures from.
 class GlobalBlock {
  public:
   GlobalBlock() = default;
@@ -31,7 +32,7 @@ class GlobalBlock {
   HGLOBAL block_ = nullptr;
 };
 
-// The image may read from the block as long as it lives, so it is released first.
+// GDI+ may read from the block while the image exists, so the image is released first.
 struct Picture {
   GlobalBlock Block;
   ImageOwner Image;
@@ -40,5 +41,21 @@ struct Picture {
 // Reads a picture of any format that GDI+ knows, but no metafile. False, with `picture` unchanged,
 // when GDI+ cannot read the bytes or the picture is beyond the limits.
 [[nodiscard]] bool ReadPicture(std::string_view bytes, Picture& picture);
+
+// The named picture of the library's resources. It is decoded on first use, and kept until the
+// engine restarts or closes. Null if the library does not have it.
+[[nodiscard]] Gdiplus::GpImage* NamedImage(std::string_view name);
+
+struct PicturePlacement {
+  korvel::Position Position;
+  korvel::BoxSize BoxSize;
+  std::int32_t Transparency = 0;  // per cent
+  bool Tiling = false;
+  korvel::BoxSize ScaledSize{kNotScaled, kNotScaled};  // of the whole picture
+};
+
+// Paints the picture from the box's top-left corner on, cut to the box. False if there is no
+// picture; true if it was painted, or if the box or the scale leaves nothing to paint.
+[[nodiscard]] bool PaintPicture(Gdiplus::GpImage* image, const PicturePlacement& placement);
 
 }  // namespace korvel

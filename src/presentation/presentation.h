@@ -1,38 +1,35 @@
 // The doorway of the presentation, for the host's folder: the off-screen picture of the scene and
-// its way to the engine window. What the core asks of the presentation is in platform/screen.h and
-// platform/canvases.h. Worker thread only, but for the three functions of the screen that say
-// otherwise.
+// its copy in the engine window. The core's requests to the presentation are in platform/screen.h
+// and platform/canvases.h. Worker thread only, except the three functions of the screen.
 #pragma once
 
 #include <string_view>
-
-#include "objects/status.h"
 
 namespace korvel {
 
 // ---- The screen: the last finished picture and the lock around it ----
 
-// Engine thread, before it creates its window: makes the screen lock.
+// Engine thread, before it creates its window: creates the screen lock.
 void OpenScreen();
 
-// Engine thread, once its window is gone and the worker has ended.
+// Engine thread, after its window is gone and the worker has ended: deletes the lock.
 void CloseScreen();
 
-// Engine thread, between the two: paints the window from the last finished picture. Draws nothing
-// while there is none. Takes a device context of the window, as the platform's handle.
+// Engine thread, between the two: paints the window from the last finished picture, if there is
+// one. `deviceContext` is the platform's handle of a device context of the window.
 void PaintWindow(void* deviceContext);
 
 // ---- The picture ----
 
-// Finds the folder for temporary files, starts GDI+ and makes the back buffer, opaque black, and
-// the screen's picture, which is shown in `window` (the platform's handle; may be null). What
-// cannot be made stays absent, and everything that draws then does nothing.
+// Finds the folder for temporary files, starts GDI+, and creates the back buffer, opaque black, and
+// the screen's picture, which is shown in `window` (the platform's handle; may be null). If the
+// back buffer cannot be created, everything that draws does nothing.
 void OpenPresentation(void* window);
 
-// Gives up the pictures and every cached image.
+// Releases the pictures and every cached image.
 void ReleasePictures();
 
-// Ends GDI+, after ReleasePictures. No canvas may be left.
+// Ends GDI+, after ReleasePictures and after every canvas has been destroyed.
 void ClosePresentation();
 
 // Fills the back buffer with opaque black.
@@ -44,10 +41,10 @@ void DrawScreenText(std::string_view text);
 // Makes the next Redraw paint.
 void ResetRedrawCounter();
 
-// Copies the back buffer to the window, unless the last copy was made within the same millisecond.
-Status DeviceUpdate();
+// Copies the back buffer to the window, unless the last copy was made in the same millisecond.
+void DeviceUpdate();
 
-// Makes the next DeviceUpdate copy, whenever the last one was.
+// Makes the next DeviceUpdate copy even in the same millisecond.
 void DiscardUpdateStamp();
 
 // Destroys the cached images, as a restart does.

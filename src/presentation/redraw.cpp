@@ -1,5 +1,5 @@
-// The redraw of the scene: which requests paint, and the walk of the display stack from the bottom
-// to the top. How each class looks is left to its own drawing file.
+// The redraw of the scene: which requests paint, and the walk over the display stack from the
+// bottom to the top. Each class is drawn by its own file.
 #include <cstdint>
 
 #include "engine/engine.h"
@@ -17,27 +17,26 @@ namespace {
 // Four of every five requests are dropped: a cheap limit on how often content makes us paint.
 constexpr std::uint32_t kRequestsPerPainting = 5;
 
-// Refused when a picture is missing.
-Status DrawVisible(ItemType kind, Ingredient& visible) {
-  if (kind == ItemType::Video) {
-    const auto& video = static_cast<const Video&>(visible);
-    return visible.RunningStatus ? Draw(video) : StopVideo(video);
-  }
-  if (!visible.RunningStatus) return Status::Done;
+// False if a picture is missing.
+[[nodiscard]] bool DrawVisible(ItemType kind, Ingredient& visible) {
+  if (!visible.RunningStatus) return true;
   switch (kind) {
   case ItemType::Bitmap: return Draw(static_cast<Bitmap&>(visible));
-  case ItemType::Rectangle: return Draw(static_cast<const Rectangle&>(visible));
-  case ItemType::DynamicLineArt: return Draw(static_cast<const DynamicLineArt&>(visible));
+  case ItemType::Video: return Draw(static_cast<const Video&>(visible));
+  case ItemType::Rectangle: Draw(static_cast<const Rectangle&>(visible)); break;
+  case ItemType::DynamicLineArt: Draw(static_cast<const DynamicLineArt&>(visible)); break;
   case ItemType::Text:
-  case ItemType::HyperText: return Draw(static_cast<const Text&>(visible));
-  case ItemType::Slider: return Draw(static_cast<const Slider&>(visible));
-  case ItemType::EntryField: return Draw(static_cast<const EntryField&>(visible));
-  default: return Status::Done;  // the other classes have no looks of their own
+  case ItemType::HyperText: Draw(static_cast<const Text&>(visible)); break;
+  case ItemType::Slider: Draw(static_cast<const Slider&>(visible)); break;
+  case ItemType::EntryField: Draw(static_cast<const EntryField&>(visible)); break;
+  default: break;  // the other classes are not drawn
   }
+  return true;
 }
 
-// Draws the entries that were in the stack when the walk began: the events of a missing picture may
-// rearrange or end anything. False when the walk cannot go on; `result` then says why.
+// Draws the entries that were in the stack when the walk began, because the events of a missing
+// picture may rearrange or end anything. False if the walk cannot continue; `result` is then
+// Failure if an event asked to stop.
 [[nodiscard]] bool DrawStack(Application& application, Status& result) {
   Sequence<StackedVisible> entries;
   for (const StackedVisible& entry : application.DisplayStack) {
@@ -46,7 +45,7 @@ Status DrawVisible(ItemType kind, Ingredient& visible) {
   for (const StackedVisible& entry : entries) {
     if (IsClosing()) return false;
     if (IsGone(*entry.Visible)) continue;
-    if (DrawVisible(entry.Kind, *entry.Visible) != Status::Refused || IsClosing()) continue;
+    if (DrawVisible(entry.Kind, *entry.Visible) || IsClosing()) continue;
     result = RaiseEvent(application, EventType::EngineEvent,
                         EventData::Integer(engineEvents::kContentReferenceError));
     if (result == Status::Failure) return false;
@@ -63,7 +62,8 @@ Status PaintScene() {
   if (application == nullptr) return Status::Done;
   Status result = Status::Done;
   if (!DrawStack(*application, result)) return result;
-  return application->LockCount == 0 ? DeviceUpdate() : Status::Done;
+  if (application->LockCount == 0) DeviceUpdate();
+  return Status::Done;
 }
 
 }  // namespace
@@ -79,7 +79,7 @@ Status Redraw() {
   const Busy busy;
   state.isPainting = true;
   Status result = PaintScene();
-  // Only once: content whose events always ask for more must not keep the worker here.
+  // Only once: content whose events always request a painting must not keep the worker here.
   if (state.isPaintingDueAgain && result == Status::Done) result = PaintScene();
   state.isPainting = false;
   return result;

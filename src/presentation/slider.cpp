@@ -6,7 +6,7 @@
 #include "appearance/slider_bar.h"
 #include "engine/engine.h"
 #include "presentation/drawings.h"
-#include "presentation/line.h"
+#include "presentation/line_art.h"
 #include "presentation/state.h"
 #include "presentation/text.h"
 
@@ -21,10 +21,8 @@ void DrawNumber(std::int32_t number, std::int64_t x, std::int64_t y, DrawnColour
   std::array<char, 16> digits{};
   const int length = std::snprintf(digits.data(), digits.size(), "%d", number);
   DrawTextIn({.Content = {digits.data(), static_cast<std::size_t>(length)},
-              .X = NearCoordinate(x),
-              .Y = NearCoordinate(y),
-              .Width = kNumberWidth,
-              .Height = kNumberHeight,
+              .Position = {NearCoordinate(x), NearCoordinate(y)},
+              .BoxSize = {kNumberWidth, kNumberHeight},
               .Font = {.Size = 0},
               .Ink = colour});
 }
@@ -39,7 +37,7 @@ void DrawNumbers(const Slider& slider, DrawnColour colour) {
 }
 
 void DrawBar(const Slider& slider, DrawnColour colour) {
-  const LineAttributes line{.Width = 1, .Style = LineStyle::Solid, .Ink = colour};
+  const LineAttributes line{.Width = 1, .Ink = colour};
   const SliderBar bar = SliderBarOf(slider);
   DrawBorderedRectangle(State().graphics, bar.bar, line, kTransparentColour);
   DrawBorderedRectangle(State().graphics, bar.marker, line, colour);
@@ -47,11 +45,10 @@ void DrawBar(const Slider& slider, DrawnColour colour) {
 
 }  // namespace
 
-Status Draw(const Slider& slider) {
+void Draw(const Slider& slider) {
   const DrawnColour colour = SliderColourOf(slider, CurrentGroups());
   DrawNumbers(slider, colour);
   DrawBar(slider, colour);
-  return Status::Done;
 }
 
 }  // namespace korvel

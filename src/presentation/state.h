@@ -1,6 +1,6 @@
-// What the presentation keeps between calls, one record for the process. OpenPresentation fills it
-// and ClosePresentation empties it, on the worker thread, which alone uses it. The picture that
-// both threads paint the window from is apart, under its lock: device_update.cpp.
+// The state of the presentation between calls, one record for the process. OpenPresentation fills
+// it and ClosePresentation empties it; only the worker thread uses it. The picture that both
+// threads paint the window from is separate, with its lock, in surface.cpp.
 #pragma once
 
 #include <array>
@@ -13,13 +13,13 @@
 
 namespace korvel {
 
-// A picture that the library carries itself, with its image when it could be read.
+// A picture of the library's resources; its image is null if it could not be read.
 struct NamedPicture {
   OctetString Name;
   Picture Content;
 };
 
-// The path of the file through which I-frames reach the host's decoder; empty without a folder.
+// The path of the file that passes I-frames to the host's decoder; empty if there is no folder.
 inline constexpr std::size_t kTemporaryFolderBytes = 255;
 using TemporaryPath = std::array<char, kTemporaryFolderBytes + 64>;
 
@@ -28,14 +28,14 @@ struct PresentationState {
   ULONG_PTR gdiPlusToken = 0;
 
   // The one off-screen picture that everything visible is drawn into, 720 x 576, 32 bits per pixel
-  // with alpha, and what draws on it, which is released first. Null while there are none: a drawing
-  // function then draws nothing.
+  // with alpha, and the graphics that draws on it, which is released first. While they are null,
+  // drawing functions do nothing.
   BitmapOwner backBuffer;
   GraphicsOwner graphics;
 
   // Decoded on first use, and kept until the engine restarts or closes.
   List<NamedPicture> namedPictures;
-  // The memory of pictures that a restart has destroyed.
+  // The memory of pictures that a restart has destroyed, kept until the engine closes.
   List<GlobalBlock> keptBlocks;
 
   HMODULE decoderLibrary = nullptr;  // the host's; loaded when the first I-frame is drawn
@@ -43,7 +43,7 @@ struct PresentationState {
 
   std::uint32_t redrawRequests = 0;
   bool isPainting = false;
-  bool isPaintingDueAgain = false;  // a request that was to paint came from an event of a painting
+  bool isPaintingDueAgain = false;  // an event of a painting has requested a painting
 };
 
 [[nodiscard]] PresentationState& State();

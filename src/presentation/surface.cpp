@@ -1,12 +1,20 @@
-// The start and end of GDI+, and the back buffer. Showing it is left to device_update.cpp.
+// The start and end of GDI+, the back buffer with the fixed screens, and the copy of the back
+// buffer in the window. The worker copies the back buffer to plain pixels under the screen lock,
+// and both threads paint the window from those with GDI. So a window that is uncovered never shows
+// a picture that is half drawn, and the engine thread never touches GDI+.
+#include <cstdint>
+#include <optional>
 #include <utility>
 
+#include "objects/memory.h"
 #include "objects/never_destroyed.h"
+#include "platform/clocks.h"
+#include "platform/running.h"
 #include "platform/screen.h"
-#include "presentation/device_update.h"
 #include "presentation/i_frame.h"
 #include "presentation/presentation.h"
 #include "presentation/state.h"
+#include "presentation/text.h"
 
 namespace korvel {
 
@@ -25,15 +33,98 @@ void StartGdiPlus() {
 void OpenSurface() {
   BitmapOwner picture;
   GraphicsOwner graphics;
-  if (!State().isGdiPlusStarted ||
-      !Succeeded(gdip::GdipCreateBitmapFromScan0(kSceneWidth, kSceneHeight, 0, PixelFormat32bppARGB,
-                                                 nullptr, picture.Slot())) ||
+  if (!State().isGdiPlusStarted || !MakeBitmap(kSceneWidth, kSceneHeight, picture) ||
       !Succeeded(gdip::GdipGetImageGraphicsContext(picture, graphics.Slot()))) {
     return;
   }
   State().backBuffer = std::move(picture);
   State().graphics = std::move(graphics);
   ClearSurface();
+}
+
+// ---- The copy of the back buffer ----
+
+// Used only under the screen lock.
+struct Screen {
+  HWND Window = nullptr;
+  std::uint32_t* Pixels = nullptr;  // 0xXXRRGGBB, rows from the top; null if there is none
+  bool HasPicture = false;
+  std::optional<std::uint32_t> LastUpdateMs;  // absent: the next update is not skipped
+};
+
+CRITICAL_SECTION screenLock;
+Screen screen;
+
+class [[nodiscard]] ScreenLock {
+ public:
+  ScreenLock() { EnterCriticalSection(&screenLock); }
+  ~ScreenLock() { LeaveCriticalSection(&screenLock); }
+  ScreenLock(const ScreenLock&) = delete;
+  ScreenLock& operator=(const ScreenLock&) = delete;
+};
+
+void CopyBackBuffer() {
+  const Gdiplus::Rect whole(0, 0, kSceneWidth, kSceneHeight);
+  Gdiplus::BitmapData data{};
+  data.Width = kSceneWidth;
+  data.Height = kSceneHeight;
+  data.Stride = kSceneWidth * static_cast<INT>(sizeof(std::uint32_t));
+  data.PixelFormat = PixelFormat32bppRGB;
+  data.Scan0 = screen.Pixels;
+  const UINT mode = Gdiplus::ImageLockModeRead | Gdiplus::ImageLockModeUserInputBuf;
+  Gdiplus::GpBitmap* picture = State().backBuffer;
+  if (!Succeeded(gdip::GdipBitmapLockBits(picture, &whole, mode, PixelFormat32bppRGB, &data))) {
+    return;
+  }
+  screen.HasPicture = Succeeded(gdip::GdipBitmapUnlockBits(picture, &data));
+}
+
+void PaintPicture(HDC deviceContext) {
+  if (!screen.HasPicture) return;
+  BITMAPINFO format{};
+  format.bmiHeader.biSize = sizeof(format.bmiHeader);
+  format.bmiHeader.biWidth = kSceneWidth;
+  format.bmiHeader.biHeight = -kSceneHeight;  // negative: rows from the top
+  format.bmiHeader.biPlanes = 1;
+  format.bmiHeader.biBitCount = 32;
+  format.bmiHeader.biCompression = BI_RGB;
+  SetDIBitsToDevice(deviceContext, 0, 0, kSceneWidth, kSceneHeight, 0, 0, 0, kSceneHeight,
+                    screen.Pixels, &format, DIB_RGB_COLORS);
+}
+
+void OpenPicture(HWND window) {
+  const ScreenLock lock;
+  screen = {};
+  screen.Window = window;
+  screen.Pixels = static_cast<std::uint32_t*>(
+      AllocateZeroed(sizeof(std::uint32_t) * kSceneWidth * kSceneHeight));
+}
+
+void ClosePicture() {
+  const ScreenLock lock;
+  ReleaseMemory(screen.Pixels);
+  screen = {};
+}
+
+void ShowPicture() {
+  HDC deviceContext = GetDC(screen.Window);
+  if (deviceContext == nullptr) return;
+  PaintPicture(deviceContext);
+  ReleaseDC(screen.Window, deviceContext);
+}
+
+// Copies and shows the picture under the lock. Returns the window if it was shown, else null.
+HWND UpdateScreen() {
+  const ScreenLock lock;
+  Trace(">>>>>>>>DeviceUpdate !!\n");
+  if (screen.Pixels == nullptr || State().backBuffer == nullptr) return nullptr;
+  // The clock never runs backwards.
+  const std::uint32_t now = MillisecondsSinceProcessStart();
+  if (screen.LastUpdateMs == now) return nullptr;
+  screen.LastUpdateMs = now;
+  CopyBackBuffer();
+  if (screen.Window != nullptr) ShowPicture();
+  return screen.Window;
 }
 
 }  // namespace
@@ -44,7 +135,7 @@ void OpenPresentation(void* window) {
   FindTemporaryFolder();
   StartGdiPlus();
   OpenSurface();
-  OpenPicture(window);
+  OpenPicture(static_cast<HWND>(window));
 }
 
 void ReleasePictures() {
@@ -63,8 +154,42 @@ void ClosePresentation() {
 
 void ClearSurface() {
   if (State().graphics == nullptr) return;
-  // A failure leaves the old picture, and nothing better can be done.
+  // A failure leaves the old picture, and there is nothing better to do.
   static_cast<void>(gdip::GdipGraphicsClear(State().graphics, kOpaqueBlack));
+}
+
+void DrawScreenText(std::string_view text) {
+  constexpr Position kTopLeft{50, 50};
+  constexpr BoxSize kSize{kSceneWidth, kSceneHeight};
+  constexpr std::int32_t kFontSize = 50;
+  constexpr DrawnColour kGreen = 0x00FF0000;
+  DrawTextIn({.Content = text,
+              .Position = kTopLeft,
+              .BoxSize = kSize,
+              .Font = {.Size = kFontSize},
+              .Ink = kGreen});
+}
+
+void OpenScreen() { InitializeCriticalSection(&screenLock); }
+
+void CloseScreen() { DeleteCriticalSection(&screenLock); }
+
+void PaintWindow(void* deviceContext) {
+  const ScreenLock lock;
+  PaintPicture(static_cast<HDC>(deviceContext));
+}
+
+void DeviceUpdate() {
+  HWND window = UpdateScreen();
+  if (window == nullptr) return;
+  Trace(">>>>>>>>DeviceUpdate END!!\n");
+  // Outside the lock, which the engine thread needs to paint what was uncovered meanwhile.
+  UpdateWindow(window);
+}
+
+void DiscardUpdateStamp() {
+  const ScreenLock lock;
+  screen.LastUpdateMs.reset();
 }
 
 }  // namespace korvel

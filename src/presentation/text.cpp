@@ -1,31 +1,84 @@
-// Text objects and the text routine. GDI+ breaks the lines and places them; the colours and the
-// font that it is given are settled here, the modes in string_format.cpp.
+// Text objects, entry fields and the text routine. GDI+ breaks the lines and places them; this file
+// decides the colours, the font and the modes that it gets.
 #include "presentation/text.h"
 
+#include <array>
 #include <cstring>
+#include <string_view>
 
 #include "appearance/colours.h"
-#include "appearance/control_sequences.h"
 #include "appearance/geometry.h"
 #include "engine/engine.h"
 #include "objects/limits.h"
 #include "objects/memory.h"
+#include "objects/sequence.h"
 #include "platform/screen.h"
 #include "presentation/drawings.h"
-#include "presentation/font_family.h"
+#include "presentation/line_art.h"
 #include "presentation/state.h"
-#include "presentation/string_format.h"
 
 namespace korvel {
 
 namespace {
 
+// ---- Fonts ----
+
+// The families belong to the system and are not released.
+[[nodiscard]] bool ListInstalledFamilies(Sequence<Gdiplus::GpFontFamily*>& families) {
+  Gdiplus::GpFontCollection* installed = nullptr;
+  INT count = 0;
+  if (!Succeeded(gdip::GdipNewInstalledFontCollection(&installed)) ||
+      !Succeeded(gdip::GdipGetFontCollectionFamilyCount(installed, &count))) {
+    return false;
+  }
+  for (INT added = 0; added < count; ++added) {
+    if (!families.Append(nullptr)) return false;
+  }
+  return Succeeded(
+      gdip::GdipGetFontCollectionFamilyList(installed, count, families.begin(), &count));
+}
+
+[[nodiscard]] bool IsCalledSans(const Gdiplus::GpFontFamily* family) {
+  std::array<WCHAR, LF_FACESIZE> name{};
+  return Succeeded(gdip::GdipGetFamilyName(family, name.data(), LANG_NEUTRAL)) &&
+         std::wstring_view(name.data()).ends_with(L"Sans");
+}
+
+// The first installed family whose name says that it has no serifs, else the first of all.
+[[nodiscard]] bool FindAnyFamily(FontFamilyOwner& family) {
+  Sequence<Gdiplus::GpFontFamily*> families;
+  if (!ListInstalledFamilies(families)) return false;
+  Gdiplus::GpFontFamily* chosen = nullptr;
+  for (Gdiplus::GpFontFamily* candidate : families) {
+    if (chosen == nullptr) chosen = candidate;
+    if (!IsCalledSans(candidate)) continue;
+    chosen = candidate;
+    break;
+  }
+  return chosen != nullptr && Succeeded(gdip::GdipCloneFontFamily(chosen, family.Slot()));
+}
+
+// ---- Layout ----
+
+// One tab stop, which GDI+ repeats along the line: 42 pixels at 96 dots per inch.
+constexpr float kTabStop = 4032.0F;
+
+Gdiplus::StringAlignment AlignmentOf(Justification justification) {
+  switch (justification) {
+  case Justification::End: return Gdiplus::StringAlignmentFar;
+  case Justification::Centre: return Gdiplus::StringAlignmentCenter;
+  default: return Gdiplus::StringAlignmentNear;  // justified text too
+  }
+}
+
+// ---- Drawing ----
+
 constexpr float kDefaultSize = 24.0F;
 constexpr float kPointsPerInch = 72.0F;
-// More lines than pixel rows are in no picture.
+// No picture has more lines than pixel rows.
 constexpr std::size_t kMostLines = kSceneHeight;
 
-// UTF-16 as GDI+ takes it, ended by a zero.
+// The UTF-16 text for GDI+, terminated by a zero.
 class WideText {
  public:
   explicit WideText(const char* utf8) {
@@ -40,7 +93,7 @@ class WideText {
   WideText(const WideText&) = delete;
   WideText& operator=(const WideText&) = delete;
   [[nodiscard]] const WCHAR* Units() const { return units_; }
-  // Puts a star in place of each character, of which some are two units. Line feeds stay.
+  // Replaces each character by a star, except line feeds. Some characters are two units.
   void Obscure() {
     if (units_ == nullptr) return;
     WCHAR* to = units_;
@@ -62,20 +115,14 @@ class WideText {
   WCHAR* units_ = nullptr;
 };
 
-// The size is turned from points to pixels although it is given in pixels already: 24 is an em of
-// 18 pixels at 96 dots per inch. The broadcasts' layouts count on it.
+// The size is converted from points to pixels although it is in pixels already: size 24 gives an em
+// of 18 pixels at 96 dots per inch. The layouts of broadcasts depend on it.
 [[nodiscard]] bool MakeFont(std::int32_t size, float resolution, FontOwner& font) {
   const float em = (size == 0 ? kDefaultSize : static_cast<float>(size)) * kPointsPerInch;
   FontFamilyOwner family;
   return FindFontFamily(family) &&
          Succeeded(gdip::GdipCreateFont(family, em / resolution, Gdiplus::FontStyleRegular,
                                         Gdiplus::UnitPixel, font.Slot()));
-}
-
-Gdiplus::RectF LayoutOf(const TextDrawing& drawing) {
-  const Box box = BoxAt(drawing.X, drawing.Y, drawing.Width, drawing.Height);
-  return {static_cast<float>(box.Left), static_cast<float>(box.Top),
-          static_cast<float>(box.Width()), static_cast<float>(box.Height())};
 }
 
 [[nodiscard]] bool FillBackground(Gdiplus::GpGraphics* graphics, const Gdiplus::RectF& layout,
@@ -86,7 +133,6 @@ Gdiplus::RectF LayoutOf(const TextDrawing& drawing) {
                                            layout.Height));
 }
 
-// False when GDI+ could not do it: there is no text to see then.
 [[nodiscard]] bool DrawLines(Gdiplus::GpGraphics* graphics, const Gdiplus::RectF& layout,
                              const TextDrawing& drawing) {
   DrawnColour ink = drawing.Ink;
@@ -108,28 +154,42 @@ Gdiplus::RectF LayoutOf(const TextDrawing& drawing) {
 
 }  // namespace
 
+bool FindFontFamily(FontFamilyOwner& family) {
+  return Succeeded(gdip::GdipCreateFontFamilyFromName(L"Trebuchet MS", nullptr, family.Slot())) ||
+         Succeeded(gdip::GdipGetGenericFontFamilySansSerif(family.Slot())) || FindAnyFamily(family);
+}
+
+bool MakeStringFormat(const TextDrawing& drawing, float resolution, StringFormatOwner& format) {
+  const INT flags = drawing.TextWrapping ? 0 : Gdiplus::StringFormatFlagsNoWrap;
+  const float tabStop = kTabStop / resolution;
+  return Succeeded(gdip::GdipCreateStringFormat(flags, LANG_NEUTRAL, format.Slot())) &&
+         Succeeded(gdip::GdipSetStringFormatAlign(format,
+                                                  AlignmentOf(drawing.HorizontalJustification))) &&
+         Succeeded(gdip::GdipSetStringFormatLineAlign(
+             format, AlignmentOf(drawing.VerticalJustification))) &&
+         Succeeded(gdip::GdipSetStringFormatTabStops(format, 0.0F, 1, &tabStop));
+}
+
 void DrawTextIn(const TextDrawing& drawing) {
   Gdiplus::GpGraphics* graphics = State().graphics;
-  if (graphics == nullptr || drawing.Width < 1 || drawing.Height < 1) return;
-  const Gdiplus::RectF layout = LayoutOf(drawing);
+  if (graphics == nullptr || !HasArea(drawing.BoxSize)) return;
+  const Gdiplus::RectF layout = ToGdiPlus(BoxAt(drawing.Position, drawing.BoxSize));
   if (!FillBackground(graphics, layout, drawing.Background)) return;
   if (drawing.Font.Size < 0 || drawing.Font.Size > kLargestFontSize) return;
-  // The box cuts the text. GDI+ does so too, but not all of them to the pixel.
+  // The box cuts the text exactly; the layout alone does not do that everywhere.
   if (!Succeeded(gdip::GdipSetClipRect(graphics, layout.X, layout.Y, layout.Width, layout.Height,
                                        Gdiplus::CombineModeReplace))) {
     return;
   }
-  // What cannot be drawn is left out; there is nobody to tell.
+  // Text that cannot be drawn is skipped: there is no one to report it to.
   static_cast<void>(DrawLines(graphics, layout, drawing));
   static_cast<void>(gdip::GdipResetClip(graphics));
 }
 
 TextDrawing DrawingOf(const Text& text) {
   return {.Content = text.TextData.View(),
-          .X = text.Position.X,
-          .Y = text.Position.Y,
-          .Width = text.BoxSize.Width,
-          .Height = text.BoxSize.Height,
+          .Position = text.Position,
+          .BoxSize = text.BoxSize,
           .Font = FontAttributesOf(text, CurrentApplication()),
           .Ink = TextColourOf(text, CurrentGroups()),
           .Background = BackgroundColourOf(text, CurrentGroups()),
@@ -138,9 +198,19 @@ TextDrawing DrawingOf(const Text& text) {
           .TextWrapping = text.TextWrapping};
 }
 
-Status Draw(const Text& text) {
-  DrawTextIn(DrawingOf(text));
-  return Status::Done;
+void Draw(const Text& text) { DrawTextIn(DrawingOf(text)); }
+
+// The border and the font size are fixed, whatever the font attributes of the object say. Obscured
+// input is drawn as stars; the text itself does not change.
+void Draw(const EntryField& entryField) {
+  constexpr LineAttributes kBorder{.Width = 2};
+  constexpr FontAttributes kFont{
+      .Style = FontStyle::Plain, .Size = 15, .LineSpacing = 1, .LetterSpacing = 2};
+  DrawBorderedRectangle(State().graphics, BoxOf(entryField), kBorder, kTransparentColour);
+  TextDrawing drawing = DrawingOf(entryField);
+  drawing.Font = kFont;
+  drawing.IsObscured = entryField.ObsuredInput;
+  DrawTextIn(drawing);
 }
 
 }  // namespace korvel

@@ -1,35 +1,44 @@
-// The one routine that draws text, for objects, slider numbers and the fixed screens alike.
+// The one routine that draws text: for objects, the numbers of sliders and the fixed screens.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
 
-#include "appearance/font_attributes.h"
+#include "appearance/text_attributes.h"
 #include "platform/canvases.h"
+#include "presentation/gdi_plus.h"
 
 namespace korvel {
 
-// A text and how it is to look. The family is always the same, and the style and the spacings of
-// the font attributes are accepted without effect.
+// A text and how it looks. All text has the same font family; the style and the spacings of the
+// font attributes are accepted without effect.
 struct TextDrawing {
-  std::string_view Content;  // UTF-8 with control sequences
-  std::int32_t X = 0;        // the box, in scene pixels
-  std::int32_t Y = 0;
-  std::int32_t Width = 0;
-  std::int32_t Height = 0;
+  std::string_view Content;   // UTF-8 with control sequences
+  korvel::Position Position;  // of the box, in scene pixels
+  korvel::BoxSize BoxSize;
   FontAttributes Font;  // size 0 means 24
   DrawnColour Ink = kTransparentColour;
   DrawnColour Background = kTransparentColour;
-  Justification HorizontalJustification{};  // drawn as start, but for end and centre
+  Justification HorizontalJustification{};  // all but end and centre are drawn as start
   Justification VerticalJustification{};
   bool TextWrapping = false;
-  bool IsObscured = false;  // a star is drawn in place of each character
+  bool IsObscured = false;  // each character is drawn as a star
 };
 
-// Fills the box with the background and lays the text out in it. A box without area draws nothing.
+// Fills the box with the background and lays out the text in it. Draws nothing if the box has no
+// area.
 void DrawTextIn(const TextDrawing& drawing);
 
-// A text object's drawing as its attributes say it.
+// The drawing that a text object's attributes describe.
 [[nodiscard]] TextDrawing DrawingOf(const Text& text);
+
+// The font family of all text: "Trebuchet MS", or the nearest one, so that there is always some
+// text. False only if no font is installed at all.
+[[nodiscard]] bool FindFontFamily(FontFamilyOwner& family);
+
+// The layout of a text in its box at that resolution, in dots per inch: its justifications, its
+// wrapping, and its tab stops. False if it cannot be made.
+[[nodiscard]] bool MakeStringFormat(const TextDrawing& drawing, float resolution,
+                                    StringFormatOwner& format);
 
 }  // namespace korvel

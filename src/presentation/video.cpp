@@ -1,20 +1,83 @@
-// Video: a fixed picture stands for broadcast video, which is not decoded here.
+// Video: a fixed picture replaces broadcast video, which is not decoded here. The picture is read
+// once from the library's resources. A name that cannot be read is kept too, so that it is not
+// tried again at every painting.
 #include "appearance/geometry.h"
 #include "platform/screen.h"
 #include "presentation/drawings.h"
-#include "presentation/image_cache.h"
-#include "presentation/picture_painting.h"
+#include "presentation/picture.h"
+#include "presentation/presentation.h"
+#include "presentation/state.h"
 
 namespace korvel {
 
-Status Draw(const Video& video) {
-  if (!HasArea(video.BoxSize)) return Status::Done;
+namespace {
+
+// Only the first bytes of a name are compared.
+constexpr std::size_t kLongestName = 100;
+
+constexpr WORD kPictureResource = 101;
+constexpr const char* kPictureType = "VIDEO_JPG";
+
+// The module that contains this code: the library or a test.
+HMODULE OwnModule() {
+  HMODULE module = nullptr;
+  const DWORD flags =
+      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+  const bool isFound =
+      GetModuleHandleExA(flags, reinterpret_cast<LPCSTR>(&State()), &module) != FALSE;
+  return isFound ? module : nullptr;
+}
+
+// The bytes of the resource, valid while the module is loaded; empty if there is none.
+std::string_view PictureResource() {
+  HMODULE module = OwnModule();
+  HRSRC place = FindResourceA(module, MAKEINTRESOURCEA(kPictureResource), kPictureType);
+  if (place == nullptr) return {};
+  HGLOBAL loaded = LoadResource(module, place);
+  const void* bytes = loaded == nullptr ? nullptr : LockResource(loaded);
+  if (bytes == nullptr) return {};
+  return {static_cast<const char*>(bytes), SizeofResource(module, place)};
+}
+
+[[nodiscard]] NamedPicture* FindPicture(std::string_view name) {
+  for (NamedPicture& picture : State().namedPictures) {
+    if (picture.Name.View() == name) return &picture;
+  }
+  return nullptr;
+}
+
+// Null when memory is out.
+[[nodiscard]] NamedPicture* AddPicture(std::string_view name) {
+  NamedPicture picture;
+  if (!picture.Name.Assign(name)) return nullptr;
+  static_cast<void>(ReadPicture(PictureResource(), picture.Content));
+  return State().namedPictures.Append(std::move(picture));
+}
+
+}  // namespace
+
+Gdiplus::GpImage* NamedImage(std::string_view name) {
+  name = name.substr(0, kLongestName);
+  NamedPicture* picture = FindPicture(name);
+  if (picture == nullptr) picture = AddPicture(name);
+  return picture == nullptr ? nullptr : picture->Content.Image.Get();
+}
+
+void ClearImageCache() {
+  for (NamedPicture& picture : State().namedPictures) {
+    picture.Content.Image.Reset();
+    // If there is no memory for the entry, the block is released now.
+    static_cast<void>(State().keptBlocks.Append(std::move(picture.Content.Block)));
+  }
+  State().namedPictures.Clear();
+}
+
+bool Draw(const Video& video) {
+  if (!HasArea(video.BoxSize)) return true;
   return PaintPicture(
       NamedImage("video.jpg"),
       {.Position = video.Position, .BoxSize = video.BoxSize, .ScaledSize = video.ScaledSize});
 }
-
-Status StopVideo(const Video& /*video*/) { return Status::Done; }
 
 Status StartVideo(const Stream& /*stream*/, std::int32_t /*componentTag*/, const Position& /*at*/,
                   const BoxSize& /*size*/) {

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <vector>
 
-#include "player/menuapi/decoder.h"
+#include "menuapi/decoder.h"
 
 namespace {
 

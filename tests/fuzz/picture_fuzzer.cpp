@@ -3,8 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "appearance/mpeg_file.h"
-#include "appearance/picture_size.h"
+#include "appearance/content_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   const std::string_view file(reinterpret_cast<const char*>(bytes), size);

@@ -4,21 +4,18 @@
 #include "platform/clocks.h"
 #include "platform/files.h"
 #include "platform/running.h"
-#include "platform/timers.h"
-#include "platform/trace.h"
 #include "presentation/presentation.h"
 
 namespace korvel {
 
 using test::TheHost;
 
-Status FetchFile(std::string_view path, OctetString* bytes) {
+bool FetchFile(std::string_view path, OctetString* bytes) {
   TheHost().fetched.emplace_back(path);
-  if (path.empty() || !MayRun()) return Status::Refused;
+  if (path.empty() || !MayRun()) return false;
   const auto file = TheHost().files.find(std::string(path));
-  if (file == TheHost().files.end()) return Status::Refused;
-  if (bytes == nullptr) return Status::Done;
-  return bytes->Assign(file->second) ? Status::Done : Status::Refused;
+  if (file == TheHost().files.end()) return false;
+  return bytes == nullptr || bytes->Assign(file->second);
 }
 
 bool MayRun() { return TheHost().mayRun && !TheHost().isClosing; }

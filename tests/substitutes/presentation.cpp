@@ -17,10 +17,7 @@ Status Redraw() {
   return ThePresentation().onRedraw ? ThePresentation().onRedraw() : Status::Done;
 }
 
-Status DeviceUpdate() {
-  ++ThePresentation().updates;
-  return Status::Done;
-}
+void DeviceUpdate() { ++ThePresentation().updates; }
 
 namespace {
 
@@ -40,12 +37,11 @@ std::ostream& operator<<(std::ostream& out, const LineAttributes& line) {
 
 // Records a call, unless the canvas is null.
 template <class... Parts>
-Status Draw(const Canvas* canvas, const char* what, const Parts&... parts) {
+void Draw(const Canvas* canvas, const char* what, const Parts&... parts) {
   std::ostringstream line;
   line << what;
   ((line << ' ' << parts), ...);
   if (canvas != nullptr) ThePresentation().drawings.push_back(line.str());
-  return Status::Done;
 }
 
 }  // namespace
@@ -73,7 +69,7 @@ Canvas* NewCanvas(std::int32_t width, std::int32_t height) {
   if (width < 1 || height < 1) return nullptr;
   auto* canvas = new Canvas{width, height};
   ++ThePresentation().canvases;
-  static_cast<void>(Draw(canvas, "new", width, height));
+  Draw(canvas, "new", width, height);
   return canvas;
 }
 
@@ -83,38 +79,38 @@ void DestroyCanvas(Canvas* canvas) {
   delete canvas;
 }
 
-Status ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) {
-  return Draw(canvas, "clip", width, height);
+void ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) {
+  Draw(canvas, "clip", width, height);
 }
 
-Status ClearCanvas(DrawnColour fill, Canvas* canvas) { return Draw(canvas, "clear", Hex{fill}); }
+void ClearCanvas(DrawnColour fill, Canvas* canvas) { Draw(canvas, "clear", Hex{fill}); }
 
-Status CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Canvas* canvas) {
-  return Draw(canvas, "line", from, to, line);
+void CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Canvas* canvas) {
+  Draw(canvas, "line", from, to, line);
 }
 
-Status CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line,
-                       DrawnColour fill, Canvas* canvas) {
-  return Draw(canvas, "rectangle", from, to, line, Hex{fill});
+void CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line, DrawnColour fill,
+                     Canvas* canvas) {
+  Draw(canvas, "rectangle", from, to, line, Hex{fill});
 }
 
-Status CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
-                  Canvas* canvas) {
-  return Draw(canvas, "oval", at, width, height, Hex{fill});
+void CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
+                Canvas* canvas) {
+  Draw(canvas, "oval", at, width, height, Hex{fill});
 }
 
-Status CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
-                 std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
-                 Canvas* canvas) {
-  return Draw(canvas, form == ArcForm::Arc ? "arc" : "sector", at, width, height, startAngle,
-              arcAngle, line, Hex{fill});
+void CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int32_t startAngle,
+               std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
+               Canvas* canvas) {
+  Draw(canvas, form == ArcForm::Arc ? "arc" : "sector", at, width, height, startAngle, arcAngle,
+       line, Hex{fill});
 }
 
-Status CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
-                     DrawnColour fill, Canvas* canvas) {
+void CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
+                   DrawnColour fill, Canvas* canvas) {
   std::ostringstream corners;
   for (const CanvasPoint& point : points) corners << point << ';';
-  return Draw(canvas, "polygon", corners.str(), line, Hex{fill});
+  Draw(canvas, "polygon", corners.str(), line, Hex{fill});
 }
 
 namespace test {

@@ -16,7 +16,7 @@ struct FakePresentation {
   int redraws = 0;
   int clears = 0;
   int updates = 0;
-  int canvases = 0;                   // made and not given back
+  int canvases = 0;                   // made and not released
   std::vector<std::string> drawings;  // what was done to canvases, one line for each call
   std::vector<std::string> streams;   // what streams were started and ended, likewise
   std::function<Status()> onRedraw;   // when set, gives Redraw's result

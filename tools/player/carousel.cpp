@@ -1,5 +1,5 @@
-// Paths are judged by their parts before the file system sees them, so that what is refused does
-// not depend on the platform or on which files exist.
+// Checks the parts of a path before the file system sees them, so that a refusal does not depend on
+// the platform or on which files exist.
 #include "player/carousel.h"
 
 #include <algorithm>
@@ -16,7 +16,8 @@ bool IsPlainName(std::string_view part) {
          part.back() != '.' && part.back() != ' ';
 }
 
-// Adds one part to the parts so far. False when it leads outside or is no plain name.
+// Appends one part to the parts so far. False if it leads outside the folder or is not a plain
+// name.
 bool Follow(std::string_view part, std::vector<std::string_view>& parts) {
   if (part.empty() || part == ".") return true;
   if (part == "..") {

@@ -1,5 +1,5 @@
-// A folder that stands for the broadcast file system: resolves the paths that the engine asks for
-// and reads the files. Portable; knows nothing of the host object that uses it.
+// A folder that plays the broadcast file system: resolves the paths that the engine asks for and
+// reads the files. Portable; independent of the host object that uses it.
 #pragma once
 
 #include <filesystem>
@@ -13,11 +13,11 @@ class Carousel {
  public:
   explicit Carousel(std::filesystem::path root) : root_(std::move(root)) {}
 
-  // The file that a broadcast path means, below the folder; nothing for a path that would leave
-  // it, or that names no file. '\\' and '/' separate alike, and a leading one changes nothing.
+  // The file below the folder for a broadcast path; nothing if the path leaves the folder or names
+  // no file. '\\' and '/' are both separators, and a leading one is ignored.
   [[nodiscard]] std::optional<std::filesystem::path> Resolve(std::string_view path) const;
 
-  // The bytes of a file, which may be none; nothing when there is no such file. Any thread.
+  // The bytes of a file, which may be empty; nothing if there is no such file. Any thread.
   [[nodiscard]] std::optional<std::vector<char>> Read(std::string_view path) const;
 
  private:

@@ -1,4 +1,4 @@
-// The library stays loaded until the process ends: nothing is gained by unloading it earlier.
+// The library stays loaded until the process ends: unloading it earlier has no benefit.
 #include "player/engine_library.h"
 
 #include <bit>
@@ -12,7 +12,7 @@ bool Find(HMODULE library, const char* name, Function& function) {
   return function != nullptr;
 }
 
-// Stores the window and ends the search when it is the engine's, in this process: players of
+// Stores the window and ends the search if it is the engine's window in this process: players in
 // other processes have windows of the same class.
 BOOL CALLBACK TakeEngineWindow(HWND window, LPARAM found) {
   char name[32] = {};

@@ -1,5 +1,5 @@
-// korvel.dll as the player sees it: loaded at run time from the player's own folder, so that a
-// missing or unfit library is a message and not a failure of the loader.
+// korvel.dll, loaded at run time from the player's own folder, so that a missing or unsuitable
+// library gives a message and not a failure of the loader.
 #pragma once
 
 #include "korvel.h"
@@ -8,10 +8,10 @@ namespace player {
 
 class EngineLibrary {
  public:
-  // Loads the library and finds its functions. False when there is none, or one is missing.
+  // Loads the library and finds its functions. False if the library or a function is missing.
   [[nodiscard]] bool Load();
 
-  // What korvel.h says of RunMHEG5Window, ExitMHEG5 and MHEG5WaitForClose. Only after Load.
+  // RunMHEG5Window, ExitMHEG5 and MHEG5WaitForClose as korvel.h describes them. Only after Load.
   [[nodiscard]] bool Start(MHEG5Host& host, HWND hostWindow) const;
   void RequestClose() const;
   void WaitForClose() const;
@@ -22,7 +22,7 @@ class EngineLibrary {
   decltype(&MHEG5WaitForClose) wait_ = nullptr;
 };
 
-// The engine's window in this process; null while there is none.
+// The engine's window in this process; null if there is none.
 [[nodiscard]] HWND FindEngineWindow();
 
 }  // namespace player

@@ -1,7 +1,7 @@
-// The worker looks for queued work every 10 ms and sleeps in between. All reading, acting and
-// painting is done between two such sleeps, so counting them shows when it has nothing to do: the
-// library's import of Sleep is replaced by a function that counts. A hook of the window's thread
-// sees the messages. The engine notices neither.
+// The worker looks for queued work every 10 ms and sleeps in between. It does all reading, acting
+// and painting between two such sleeps, so counting them shows when it has nothing to do: the
+// library's import of Sleep is replaced by a function that counts. A hook on the window's thread
+// sees the messages. Neither affects the engine.
 #include "player/engine_watch.h"
 
 #include <atomic>
@@ -19,14 +19,14 @@ constexpr unsigned kNoMark = 0;
 struct WatchState {
   std::atomic<unsigned> lastMark = kNoMark;
   std::atomic<unsigned> idleLooks = 0;
-  std::uintptr_t idleStack = 0;   // worker only: where its stack ends while it is idle
+  std::uintptr_t idleStack = 0;   // worker only: the end of its stack while it is idle
   unsigned postedMark = kNoMark;  // host's thread only
 };
 
 WatchState watch;
 
-// Within its work the worker may sleep as long, for a file that another process holds. That is
-// deeper in its stack, which grows downwards, than the loop that looks for work.
+// The worker may also sleep as long during its work, for a file that another process holds. It is
+// then deeper in its stack, which grows downwards, than in the loop that looks for work.
 void WINAPI SleepAndCount(DWORD milliseconds) {
   const auto stack = std::bit_cast<std::uintptr_t>(&milliseconds);
   if (milliseconds == kIdleSleepMs && stack >= watch.idleStack) {
@@ -50,7 +50,8 @@ Part* PartOf(HMODULE library, std::size_t offset) {
   return std::bit_cast<Part*>(std::bit_cast<std::byte*>(library) + offset);
 }
 
-// Where the library keeps the address of a function that it imports; null when it does not.
+// The place where the library keeps the address of an imported function; null if it does not import
+// it.
 FARPROC* FindImport(HMODULE library, FARPROC function) {
   const auto start = PartOf<const IMAGE_DOS_HEADER>(library, 0)->e_lfanew;
   const auto* headers = PartOf<const IMAGE_NT_HEADERS>(library, static_cast<std::size_t>(start));

@@ -1,4 +1,4 @@
-// The exit statuses of the host application; 0 is a run that ended as asked.
+// The exit statuses of the host application; 0 means that the run ended as requested.
 #pragma once
 
 namespace player {

@@ -1,5 +1,5 @@
-// The functions of the host object. A file that is not in the folder will not appear later either,
-// so it is answered with a failure and never with "not yet available".
+// The functions of the host object. A file that is not in the folder will not appear later, so the
+// answer is a failure and never "not yet available".
 #include "player/host_object.h"
 
 #include <algorithm>
@@ -52,7 +52,7 @@ void KORVEL_CALL FreeBuffer(MHEG5Host* host, void* data) {
   --Self(host).buffers;
 }
 
-// The player closes the engine by ExitMHEG5 and has no use for the callback.
+// The player closes the engine with ExitMHEG5 and does not need the callback.
 void KORVEL_CALL SetExitCallback(MHEG5Host* /*host*/, MHEG5ExitCallback /*callback*/,
                                  std::uintptr_t /*context*/) {}
 

@@ -1,5 +1,5 @@
-// The object that the engine reads the broadcast through: a carousel folder behind the table of
-// functions that korvel.h describes. It counts what the engine holds, so that a run can be judged.
+// The object through which the engine reads the broadcast: a carousel folder with the table of
+// functions that korvel.h describes. It counts what the engine holds, so that a run can be checked.
 #pragma once
 
 #include <atomic>
@@ -9,15 +9,15 @@
 
 namespace player {
 
-// Outlives the engine that uses it; lives on the stack of the program, so a count of 0 frees
-// nothing. The engine calls it from a thread of its own.
+// Outlives the engine that uses it, and is on the stack of the program, so a count of 0 frees
+// nothing. The engine calls it on a thread of its own.
 struct HostObject : MHEG5Host {
   HostObject(const Carousel& files, bool isLoggingReads);
   HostObject(const HostObject&) = delete;
   HostObject& operator=(const HostObject&) = delete;
   ~HostObject() = default;
 
-  // Whether the engine has given back every reference and every buffer.
+  // Whether the engine has released every reference and every buffer.
   [[nodiscard]] bool IsGivenBack() const { return references == 1 && buffers == 0; }
 
   const Carousel& carousel;

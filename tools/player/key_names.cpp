@@ -1,5 +1,5 @@
-// A name loses its case and the words that only say what kind of key it is; what is left is
-// looked up, or is a single character that is its own virtual key.
+// The case of a name and the words for the kind of key are removed. The rest is looked up, or is a
+// single character that is its own virtual key.
 #include "player/key_names.h"
 
 #include <algorithm>

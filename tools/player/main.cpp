@@ -1,5 +1,5 @@
 // korvel-player: a complete host application for the engine. It serves a folder as the broadcast,
-// and can press keys and take pictures by a script, which is how the engine is tested as a whole.
+// and a script can make it press keys and take pictures, which is how the whole engine is tested.
 #include <fcntl.h>
 #include <io.h>
 
@@ -28,7 +28,7 @@ bool LoadScript(const std::filesystem::path& file, std::vector<player::Step>& st
 }  // namespace
 
 int main(int count, char** arguments) {
-  // The engine prints plain line ends; its text is the same on every platform this way.
+  // The engine prints plain line ends; this keeps its text the same on every platform.
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);
 

@@ -1,5 +1,5 @@
-// What the command line of the host application asks for. Reading it is CLI11's work; this page
-// names the options and turns every mistake into one line and an exit status.
+// The command line of the host application. CLI11 reads it; this file describes the options and
+// turns every mistake into one line and an exit status.
 #pragma once
 
 #include <filesystem>
@@ -16,8 +16,8 @@ struct Options {
   bool isVerbose = false;            // log each file read
 };
 
-// Reads the command line into `options`. Returns the status to exit with where the program has
-// nothing more to do: 0 after help was asked for, 2 after a mistake, which it reports.
+// Reads the command line into `options`. Returns the exit status if the program must end: 0 after
+// help was requested, 2 after a mistake, which it reports.
 [[nodiscard]] std::optional<int> ReadCommandLine(int count, const char* const* arguments,
                                                  Options& options);
 

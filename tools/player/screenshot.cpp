@@ -1,4 +1,4 @@
-// The pixels come from the window's own device context, into which the engine copies its picture.
+// The pixels come from the window's own device context, to which the engine copies its picture.
 #include "player/screenshot.h"
 
 #include <algorithm>
@@ -6,7 +6,7 @@
 #include <utility>
 
 #include <objidl.h>
-// GDI+ after the interfaces it builds on.
+// GDI+ needs the interfaces that are included before it.
 #include <gdiplus.h>
 
 namespace player {
@@ -36,8 +36,8 @@ BITMAPINFO PictureFormat() {
 bool Capture(HWND window, Picture& picture) {
   RECT client = {};
   if (GetClientRect(window, &client) == 0 || IsRectEmpty(&client) != 0) return false;
-  Picture taken;
-  taken.pixels.resize(std::size_t{kPictureWidth} * kPictureHeight);
+  Picture screenshot;
+  screenshot.pixels.resize(std::size_t{kPictureWidth} * kPictureHeight);
   BITMAPINFO format = PictureFormat();
   const HDC source = GetDC(window);
   const HDC copy = CreateCompatibleDC(source);
@@ -47,12 +47,12 @@ bool Capture(HWND window, Picture& picture) {
   const bool isCopied = BitBlt(copy, 0, 0, std::min<int>(client.right, kWidth),
                                std::min<int>(client.bottom, kHeight), source, 0, 0, SRCCOPY) != 0;
   SelectObject(copy, before);
-  const bool isRead = GetDIBits(copy, bitmap, 0, kPictureHeight, taken.pixels.data(), &format,
+  const bool isRead = GetDIBits(copy, bitmap, 0, kPictureHeight, screenshot.pixels.data(), &format,
                                 DIB_RGB_COLORS) == kHeight;
   DeleteObject(bitmap);
   DeleteDC(copy);
   ReleaseDC(window, source);
-  if (isCopied && isRead) picture = std::move(taken);
+  if (isCopied && isRead) picture = std::move(screenshot);
   return isCopied && isRead;
 }
 

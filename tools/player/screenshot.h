@@ -1,5 +1,5 @@
 // Pictures of the engine window: its client pixels as a PNG file. They all have the size of a
-// scene, also where the system's frame leaves the window a little less or more.
+// scene, even if the system's frame makes the window slightly smaller or larger.
 #pragma once
 
 #include <cstdint>
@@ -19,10 +19,10 @@ struct Picture {
   bool operator==(const Picture&) const = default;
 };
 
-// What the window shows in its client area, black beyond it. False when the system refuses.
+// The window's client area, black beyond it. False if the system refuses.
 [[nodiscard]] bool Capture(HWND window, Picture& picture);
 
-// Keeps GDI+, which writes the files, started while it lives.
+// Keeps GDI+ running, which writes the files.
 class PictureWriter {
  public:
   PictureWriter();
@@ -30,7 +30,7 @@ class PictureWriter {
   PictureWriter& operator=(const PictureWriter&) = delete;
   ~PictureWriter();
 
-  // False when the file cannot be written.
+  // False if the file cannot be written.
   [[nodiscard]] bool Write(Picture& picture, const std::filesystem::path& file) const;
 
  private:

@@ -1,4 +1,4 @@
-// One line is a word and the rest of the line, which may hold blanks (names of keys and files).
+// A line is a word and the rest of the line, which may contain blanks (names of keys and files).
 #include "player/script.h"
 
 #include <algorithm>
@@ -42,7 +42,7 @@ std::optional<Pixel> PixelIn(const std::string& text, std::string& rest) {
   return Pixel{*column, *row, *value};
 }
 
-// The step that a word and its argument ask for; nothing where they ask for none.
+// The step for a word and its argument; nothing if they are not a step.
 std::optional<Step> StepOf(const std::string& word, const std::string& argument) {
   std::string rest;
   if (word == "wait") {

@@ -1,5 +1,5 @@
-// A script of the host application: what to do in the engine window, a step a line. Reading is
-// portable and done before the engine starts, so that a mistake is found at once.
+// A script of the host application: the steps to carry out in the engine window, one per line.
+// Reading is portable and is done before the engine starts, so that a mistake is found at once.
 #pragma once
 
 #include <cstdint>
@@ -20,11 +20,11 @@ struct Pixel {
 struct Step {
   StepKind kind = StepKind::Exit;
   unsigned number = 0;  // Wait: milliseconds. Key: virtual-key code.
-  std::string file;     // Shot, Catch: where the picture goes
-  Pixel pixel;          // Until, Catch: what is waited for
+  std::string file;     // Shot, Catch: the path of the picture
+  Pixel pixel;          // Until, Catch: the pixel to wait for
 };
 
-// Reads, a step a line:
+// Reads one step per line:
 //   key NAME           presses a key
 //   shot FILE.png      takes a picture once it is final: every key is handled, nothing is queued,
 //                      being read or still to be painted, and the picture stays the same

@@ -1,5 +1,5 @@
-// The engine tells of its close by a message to the host window, so every wait serves messages and
-// ends early when that one has come.
+// The engine reports its close by a message to the host window, so every wait serves messages and
+// ends early when that one arrives.
 #include "player/session.h"
 
 #include <algorithm>
@@ -65,7 +65,7 @@ int Session::Run(MHEG5Host& host, const std::vector<Step>& steps, const Options&
   return isLost_ ? kRunFailed : 0;
 }
 
-// Serves messages until the condition is met (true), or the engine has closed or the time is over.
+// Serves messages until the condition is met (true), the engine has closed, or the time is over.
 template <typename Condition>
 bool Session::PumpUntil(unsigned limitMs, Condition isMet) {
   const ULONGLONG end = GetTickCount64() + limitMs;
@@ -93,7 +93,7 @@ void Session::TakeMessages() {
   }
 }
 
-// False when a step could not be carried out, which the engine's end before it makes so.
+// False if a step could not be carried out, for example because the engine has ended.
 bool Session::RunSteps(const std::vector<Step>& steps) {
   if (!steps.empty() && !WatchWindow(engineWindow_)) return false;
   for (const Step& step : steps) {
@@ -119,8 +119,8 @@ bool Session::RunSteps(const std::vector<Step>& steps) {
   return true;
 }
 
-// Waits until the condition is met by the picture. Once one has not come in time, the run is lost:
-// it takes its other pictures without waiting.
+// Waits until the picture meets the condition. After the first timeout the run is lost: it takes
+// its other pictures without waiting.
 template <typename Condition>
 void Session::Await(const std::string& wanted, Condition hasCome) {
   if (!isLost_ && (PumpUntil(limitMs_, hasCome) || isEngineClosed_)) return;
@@ -137,8 +137,8 @@ void Session::CatchPicture(const Pixel& pixel) {
         [&] { return Capture(engineWindow_, picture_) && IsColour(picture_, pixel); });
 }
 
-// What was there before the keys that have been pressed may meet the condition as well, so only a
-// final picture is asked.
+// The picture before the pressed keys may meet the condition too, so only a final picture is
+// checked.
 template <typename Condition>
 void Session::AwaitFinalPicture(const std::string& wanted, Condition isMet) {
   picture_ = {};
@@ -153,7 +153,7 @@ void Session::AwaitFinalPicture(const std::string& wanted, Condition isMet) {
   });
 }
 
-// Leaves a colour that no scene should have, so that it is seen whether the window is painted.
+// Leaves a colour that no scene should have, so that a missing painting is visible.
 void Session::WipeWindow() const {
   constexpr COLORREF kMagenta = RGB(255, 0, 255);
   RECT client = {};

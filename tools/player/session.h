@@ -1,5 +1,5 @@
-// One run of the engine: starts it, carries out the script, takes the last picture, and sees it
-// closed. Everything happens on the thread that made the session, which serves its messages.
+// One run of the engine: starts it, carries out the script, takes the last picture, and waits for
+// its close. Everything happens on the thread that created the session, which serves its messages.
 #pragma once
 
 #include <filesystem>
@@ -20,8 +20,8 @@ class Session {
   Session& operator=(const Session&) = delete;
   ~Session();
 
-  // Runs from start to close; 0 or the status to exit with, after a message. With neither a script
-  // that exits nor a screenshot, the run lasts until the engine window is closed.
+  // Runs from start to close. Returns 0, or the status to exit with after a message. Without a
+  // screenshot and without a script that exits, the run lasts until the engine window is closed.
   [[nodiscard]] int Run(MHEG5Host& host, const std::vector<Step>& steps, const Options& options);
 
  private:
@@ -43,13 +43,13 @@ class Session {
 
   const EngineLibrary& engine_;
   PictureWriter pictures_;
-  Picture picture_;  // the last one that was looked at
+  Picture picture_;  // the last one that was examined
   HWND hostWindow_ = nullptr;
   HWND engineWindow_ = nullptr;
   unsigned limitMs_ = 0;
   bool isEngineClosed_ = false;
   bool isCloseWanted_ = false;
-  bool isLost_ = false;  // what the script waited for has not come
+  bool isLost_ = false;  // the script has waited in vain
 };
 
 }  // namespace player

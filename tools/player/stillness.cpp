@@ -1,10 +1,10 @@
-// Numbers only; differences of counts stay right when the counts overflow.
+// Only compares numbers; differences of counts stay right when the counts overflow.
 #include "player/stillness.h"
 
 namespace player {
 namespace {
 
-// The first look may have been made before the mark came out: only its sleep began after it.
+// The first look may have begun before the mark was received; only the sleep after it counts.
 constexpr unsigned kIdleLooks = 2;
 
 constexpr unsigned kRoundsUnchanged = 2;

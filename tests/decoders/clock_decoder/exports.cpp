@@ -1,11 +1,10 @@
-// A decoder of I-frames by which a scenario stops the clock of the library for good. The frame
-// itself is white.
+// A decoder of I-frames that stops the clock of the library permanently, for a scenario. The frame
+// is white.
 #include <windows.h>
 
-#include <algorithm>
 #include <cstdint>
-#include <cstdio>
 
+#include "decoders/frame.h"
 #include "windows/support/imports.h"
 
 namespace {
@@ -13,7 +12,7 @@ namespace {
 constexpr std::uint8_t kWhite = 235;
 constexpr std::uint8_t kNoChroma = 128;
 
-// Both are touched by the engine's worker thread only.
+// Only the engine's worker thread uses these.
 bool isStopped = false;
 LARGE_INTEGER stopTime;
 
@@ -34,7 +33,7 @@ void StopClock() {
   isStopped = stopped->IsInPlace();
 }
 
-// The engine gives a decoder up after each frame; the function in place of the clock must stay.
+// The engine unloads the decoder when it closes; the function that replaces the clock must stay.
 void StayLoaded() {
   HMODULE library = nullptr;
   GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
@@ -44,15 +43,8 @@ void StayLoaded() {
 }  // namespace
 
 extern "C" int Decode(const char* path, std::uint8_t** buffer, int /*one*/) {
-  std::uint8_t header[7] = {};
-  if (std::FILE* file = std::fopen(path, "rb"); file != nullptr) {
-    if (std::fread(header, 1, sizeof header, file) != sizeof header) header[4] = 0;
-    std::fclose(file);
-  }
-  const int width = header[4] * 16 + header[5] / 16;
-  const int height = header[5] % 16 * 256 + header[6];
-  std::fill_n(*buffer, width * height, kWhite);
-  std::fill_n(*buffer + width * height, width * height / 2, kNoChroma);
+  korvel::test::FillPlanes(korvel::test::PlaneSizesInFile(path), kWhite, kNoChroma, kNoChroma,
+                           *buffer);
   if (!isStopped) {
     StayLoaded();
     StopClock();

@@ -1,4 +1,4 @@
-// What the recording decoder is asked for and what it answers, shared with the tests that load it.
+// The arguments and results of the recording decoder, shared with the tests that load it.
 #pragma once
 
 #include <cstdint>
@@ -10,14 +10,14 @@ struct DecoderRecord {
   // Of the last call.
   char path[300] = {};
   int one = 0;
-  bool isZeroFilled = false;  // the buffer, as the decoder got it
+  bool isZeroFilled = false;  // the buffer, as the decoder received it
 
   // The samples that it fills the frame with, and its result.
   std::uint8_t y = 0;
   std::uint8_t u = 128;
   std::uint8_t v = 128;
   int result = 0;
-  // When there is one, it looks at the file and fills the buffer instead.
+  // If not null, it reads the file and fills the buffer instead.
   void (*decode)(const char* path, std::uint8_t* buffer) = nullptr;
 };
 

@@ -50,18 +50,11 @@ TEST(PlanarFrame, there_is_room_for_the_largest_frame_of_a_sequence_header) {
   EXPECT_EQ(PixelAt(frame, 1, 1), 0xFF828282U);
 }
 
-TEST(PlanarFrame, is_untouched_until_a_luma_sample_is_written) {
-  const PlanarFrame frame({4, 2});
-  EXPECT_TRUE(frame.IsUntouched());
-  frame.Bytes()[8] = 128;
-  EXPECT_TRUE(frame.IsUntouched()) << "chroma";
-  frame.Bytes()[7] = 16;
-  EXPECT_FALSE(frame.IsUntouched());
-}
-
-TEST(PlanarFrame, a_frame_of_one_pixel_is_survived) {
+TEST(PlanarFrame, a_frame_of_one_pixel_takes_its_chroma_from_after_the_luma) {
   const PlanarFrame frame({1, 1});
-  EXPECT_EQ(PixelAt(frame, 0, 0) >> 24, 0xFFU);
+  frame.Bytes()[0] = 235;
+  frame.Bytes()[1] = 128;
+  EXPECT_EQ(PixelAt(frame, 0, 0), 0xFFFEFEFEU);
 }
 
 }  // namespace korvel::test

@@ -1,12 +1,12 @@
 // Coefficients: their places, their size, and what makes their sum odd. Blocks that are damaged are
 // in damage_test.cpp.
-#include "player/menuapi/block.h"
+#include "menuapi/block.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 
-#include "player/menuapi/macroblock_codes.h"
+#include "menuapi/macroblock_codes.h"
 #include "unit/menuapi/bit_writer.h"
 
 namespace menuapi::test {

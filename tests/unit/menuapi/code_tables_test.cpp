@@ -5,8 +5,8 @@
 #include <map>
 #include <set>
 
-#include "player/menuapi/coefficient_codes.h"
-#include "player/menuapi/macroblock_codes.h"
+#include "menuapi/coefficient_codes.h"
+#include "menuapi/macroblock_codes.h"
 #include "unit/menuapi/bit_writer.h"
 
 namespace menuapi::test {

@@ -1,6 +1,6 @@
 // The inverse transform against its formula, written out with four loops, for blocks of ordinary
 // pictures and for coefficients of any size.
-#include "player/menuapi/inverse_dct.h"
+#include "menuapi/inverse_dct.h"
 
 #include <gtest/gtest.h>
 

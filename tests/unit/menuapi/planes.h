@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "player/menuapi/decoder.h"
+#include "menuapi/decoder.h"
 
 namespace menuapi::test {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "player/menuapi/sequence.h"
+#include "menuapi/sequence.h"
 
 namespace menuapi::test {
 

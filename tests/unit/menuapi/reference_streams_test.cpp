@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "player/menuapi/header_reader.h"
+#include "menuapi/header_reader.h"
 #include "unit/menuapi/planes.h"
 #include "unit/menuapi/reference.h"
 

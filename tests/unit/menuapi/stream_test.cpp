@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "player/menuapi/start_codes.h"
-#include "player/menuapi/stream_file.h"
+#include "menuapi/start_codes.h"
+#include "menuapi/stream_file.h"
 #include "unit/menuapi/planes.h"
 #include "unit/menuapi/stream_writer.h"
 

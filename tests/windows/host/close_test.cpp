@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "host/host_state.h"
-#include "host/window.h"
+#include "host/threads.h"
 #include "platform/running.h"
 #include "presentation/presentation.h"
 #include "windows/host/host_threads.h"

@@ -1,7 +1,7 @@
 // The fixture of the tests of the host's threads.
 #include "windows/host/host_threads.h"
 
-#include "host/window.h"
+#include "host/threads.h"
 
 namespace korvel::test {
 

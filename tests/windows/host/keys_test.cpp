@@ -5,8 +5,8 @@
 #include <map>
 #include <string>
 
-#include "host/key_table.h"
-#include "host/trace.h"
+#include "host/host_state.h"
+#include "host/threads.h"
 #include "windows/host/host_threads.h"
 
 namespace korvel::test {

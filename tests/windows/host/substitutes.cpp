@@ -70,10 +70,7 @@ Status Redraw() {
 
 void ResetRedrawCounter() { Note("ResetRedrawCounter"); }
 
-Status DeviceUpdate() {
-  Note("DeviceUpdate");
-  return Status::Done;
-}
+void DeviceUpdate() { Note("DeviceUpdate"); }
 
 void DiscardUpdateStamp() { Note("DiscardUpdateStamp"); }
 

@@ -1,7 +1,7 @@
 // One-shot timers of the engine window, set and killed by the worker.
 #include <gmock/gmock.h>
 
-#include "platform/timers.h"
+#include "platform/clocks.h"
 #include "windows/host/host_threads.h"
 
 namespace korvel::test {

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "host/window.h"
+#include "host/threads.h"
 #include "platform/running.h"
 #include "platform/screen.h"
 #include "presentation/presentation.h"

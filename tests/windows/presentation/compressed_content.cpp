@@ -1,22 +1,14 @@
-// Picture files of few bytes for any size: PNG and GIF, written by hand so that they can claim and
-// hold what no encoder writes.
+// Short PNG and GIF files of any size, written by hand so that they can claim sizes and hold data
+// that no encoder writes.
 #include <algorithm>
 #include <array>
 
+#include "support/number_bytes.h"
 #include "windows/presentation/content.h"
 
 namespace korvel::test {
 
 namespace {
-
-std::string Big32(std::uint32_t number) {
-  return {static_cast<char>(number >> 24), static_cast<char>(number >> 16),
-          static_cast<char>(number >> 8), static_cast<char>(number)};
-}
-
-std::string Little16(std::uint16_t number) {
-  return {static_cast<char>(number & 0xFF), static_cast<char>(number >> 8)};
-}
 
 std::uint32_t Crc(const std::string& bytes) {
   std::uint32_t crc = 0xFFFFFFFF;
@@ -44,8 +36,8 @@ class BitWriter {
   int filled_ = 0;
 };
 
-// So many zero bytes as zlib has them: one literal, repetitions of 258 bytes from one byte back,
-// and single literals for the rest, in the fixed codes.
+// `count` zero bytes in zlib's fixed codes: one literal, repetitions of 258 bytes from one byte
+// back, and single literals for the rest.
 std::string CompressedZeros(std::uint64_t count) {
   constexpr std::uint64_t kLongest = 258;
   BitWriter writer;
@@ -62,21 +54,21 @@ std::string CompressedZeros(std::uint64_t count) {
 
 std::string ZlibOfZeros(std::uint64_t count) {
   const auto checksum = static_cast<std::uint32_t>(count % 65521) << 16 | 1;
-  return "\x78\x01" + CompressedZeros(count) + Big32(checksum);
+  return "\x78\x01" + CompressedZeros(count) + Big(checksum, 4);
 }
 
 std::string PngChunk(const std::string& name, const std::string& data) {
-  return Big32(static_cast<std::uint32_t>(data.size())) + name + data + Big32(Crc(name + data));
+  return Big(static_cast<std::uint32_t>(data.size()), 4) + name + data + Big(Crc(name + data), 4);
 }
 
 std::string FlatPngWith(std::uint32_t width, std::uint32_t height, std::uint32_t colour,
                         const std::string& chunks) {
   // One bit a pixel, an index into a palette of one colour; a byte before each row.
-  const std::string header = Big32(width) + Big32(height) + std::string("\x01\x03\0\0\0", 5);
+  const std::string header = Big(width, 4) + Big(height, 4) + std::string("\x01\x03\0\0\0", 5);
   const std::uint64_t bytes = (std::uint64_t{width} + 7) / 8 + 1;
   return "\x89PNG\r\n\x1A\n" + PngChunk("IHDR", header) + chunks +
-         PngChunk("PLTE", Big32(colour).substr(1)) + PngChunk("IDAT", ZlibOfZeros(bytes * height)) +
-         PngChunk("IEND", "");
+         PngChunk("PLTE", Big(colour, 4).substr(1)) +
+         PngChunk("IDAT", ZlibOfZeros(bytes * height)) + PngChunk("IEND", "");
 }
 
 std::string FlatPng(std::uint32_t width, std::uint32_t height, std::uint32_t colour) {
@@ -85,7 +77,7 @@ std::string FlatPng(std::uint32_t width, std::uint32_t height, std::uint32_t col
 
 std::string GifFile(int frames, std::uint16_t width, std::uint16_t height) {
   std::string bytes =
-      "GIF89a" + Little16(width) + Little16(height) + std::string("\x80\0\0\0\xFF\0\0\0\0", 9);
+      "GIF89a" + Little(width, 2) + Little(height, 2) + std::string("\x80\0\0\0\xFF\0\0\0\0", 9);
   const std::string frame("\x2C\0\0\0\0\x01\0\x01\0\0\x02\x02\x44\x01\0", 15);
   for (int count = 0; count < frames; ++count) bytes += frame;
   return bytes + ';';

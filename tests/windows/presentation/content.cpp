@@ -1,23 +1,14 @@
-// Making picture files.
+// Writes picture files.
 #include "windows/presentation/content.h"
 
 #include <fstream>
 #include <iterator>
 
-#include "presentation/encoder.h"
+#include "presentation/i_frame.h"
 #include "presentation/picture.h"
+#include "support/number_bytes.h"
 
 namespace korvel::test {
-
-namespace {
-
-void AppendNumber(std::string& bytes, std::uint32_t number, int count) {
-  for (int byte = 0; byte < count; ++byte) {
-    bytes += static_cast<char>(number >> (8 * byte) & 0xFF);
-  }
-}
-
-}  // namespace
 
 std::string BmpFile(int width, int height, const std::function<std::uint32_t(int, int)>& colourAt) {
   constexpr std::uint32_t kHeaderBytes = 54;
@@ -26,10 +17,10 @@ std::string BmpFile(int width, int height, const std::function<std::uint32_t(int
   for (const std::uint32_t number :
        {kHeaderBytes + area * 4, 0U, kHeaderBytes, 40U, static_cast<std::uint32_t>(width),
         static_cast<std::uint32_t>(-height), 0x00200001U, 0U, area * 4, 0U, 0U, 0U, 0U}) {
-    AppendNumber(bytes, number, 4);
+    bytes += Little(number, 4);
   }
   for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) AppendNumber(bytes, colourAt(x, y) | 0xFF000000, 4);
+    for (int x = 0; x < width; ++x) bytes += Little(colourAt(x, y) | 0xFF000000, 4);
   }
   return bytes;
 }

@@ -1,18 +1,17 @@
-// The library lies where the engine does not look. It is found by its plain name because it has
-// been loaded already.
+// The library is in a folder that the engine does not search. The engine finds it by its plain name
+// because it is loaded already.
 #include "windows/presentation/decoder.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <stdexcept>
 #include <utility>
+
+#include "decoders/frame.h"
 
 namespace korvel::test {
 
 namespace {
-
-constexpr std::size_t kHeaderBytes = 7;
 
 Decoder::Decode* currentDecode = nullptr;
 
@@ -28,10 +27,6 @@ DecoderRecord* FindRecord(HMODULE library) {
   const auto find =
       reinterpret_cast<GetRecord>(reinterpret_cast<void*>(GetProcAddress(library, "Record")));
   return find == nullptr ? nullptr : find();
-}
-
-int ByteAt(const std::string& stream, std::size_t offset) {
-  return static_cast<std::uint8_t>(stream.at(offset));
 }
 
 }  // namespace
@@ -62,12 +57,10 @@ std::string Stream(int width, int height, std::uint8_t luma) {
 }
 
 void DecodeStream(const std::string& stream, std::uint8_t* buffer) {
-  if (stream.size() <= kHeaderBytes) return;
-  const int width = ByteAt(stream, 4) << 4 | ByteAt(stream, 5) >> 4;
-  const int height = (ByteAt(stream, 5) & 15) << 8 | ByteAt(stream, 6);
+  if (stream.size() <= kSequenceHeaderBytes) return;
   constexpr std::uint8_t kNoChroma = 128;
-  std::fill_n(buffer, width * height, static_cast<std::uint8_t>(stream[kHeaderBytes]));
-  std::fill_n(buffer + width * height, width * height / 2, kNoChroma);
+  const auto* bytes = reinterpret_cast<const std::uint8_t*>(stream.data());
+  FillPlanes(PlaneSizesIn(bytes), bytes[kSequenceHeaderBytes], kNoChroma, kNoChroma, buffer);
 }
 
 }  // namespace korvel::test

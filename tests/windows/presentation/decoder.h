@@ -1,5 +1,5 @@
-// A decoder of I-frames for the tests that want one. While it lives, the engine finds the recording
-// decoder under the name of the host's.
+// A decoder of I-frames for tests. While the object exists, the engine finds the recording decoder
+// under the name of the host's.
 #pragma once
 
 #include <windows.h>
@@ -19,10 +19,10 @@ class Decoder {
   Decoder(const Decoder&) = delete;
   Decoder& operator=(const Decoder&) = delete;
 
-  // What it was asked for, and what it answers.
+  // The arguments that it received, and its results.
   [[nodiscard]] DecoderRecord& Record() { return *record_; }
 
-  // From now on the function decodes, as any maker's might: it gets the path and the buffer.
+  // Makes `decode` decode all further frames.
   using Decode = std::function<void(const char* path, std::uint8_t* buffer)>;
   void DecodeBy(Decode decode);
 
@@ -32,10 +32,10 @@ class Decoder {
   Decode decode_;
 };
 
-// A stream of that size; the byte behind the size says how light the frame is.
+// A stream of that size; the byte after the size is the luma of the frame.
 [[nodiscard]] std::string Stream(int width, int height, std::uint8_t luma);
 
-// What a maker's decoder does with such bytes: it takes the size from them, and fills as much.
+// Decodes such a stream as a real decoder does: reads the size from it and fills that frame.
 void DecodeStream(const std::string& stream, std::uint8_t* buffer);
 
 }  // namespace korvel::test

@@ -1,22 +1,15 @@
-// Pictures that are made to fill the memory, to run programs or to confuse a decoder. Pictures
-// beyond the limits are missing, and missing pictures are reported.
+// Pictures that are made to use up memory, to run programs or to confuse a decoder. Pictures beyond
+// the limits are missing, and missing pictures are reported.
 #include <random>
 
 #include "presentation/picture.h"
+#include "support/number_bytes.h"
 #include "windows/presentation/content.h"
 #include "windows/presentation/picture_stage.h"
 
 namespace korvel::test {
 
 namespace {
-
-std::string Number(std::uint32_t number, int bytes, bool isBigFirst) {
-  std::string text;
-  for (int byte = 0; byte < bytes; ++byte) {
-    text += static_cast<char>(number >> 8 * (isBigFirst ? bytes - 1 - byte : byte));
-  }
-  return text;
-}
 
 // The library's own picture, which is a progressive JPEG.
 std::string ProgressiveJpeg() {
@@ -25,7 +18,7 @@ std::string ProgressiveJpeg() {
           SizeofResource(nullptr, place)};
 }
 
-// The part of a JPEG file that begins with its last scan, without the end of the picture.
+// The last scan of a JPEG file, without the end of the picture.
 std::string LastScan(const std::string& jpeg) {
   const std::size_t start = jpeg.rfind("\xFF\xDA");
   return jpeg.substr(start, jpeg.rfind("\xFF\xD9") - start);
@@ -78,7 +71,7 @@ TEST_F(HostilePictureTest, larger_pictures_of_few_bytes_are_missing) {
 }
 
 TEST_F(HostilePictureTest, a_size_that_only_the_decoder_finds_has_the_same_limit) {
-  // A TIFF file is not looked into before GDI+ reads it.
+  // The header of a TIFF file is not examined before GDI+ reads it.
   const auto tiff = [](int side) {
     return Encoded(BmpFile(side, side, [](int, int) { return kGreen; }), L"image/tiff");
   };
@@ -90,7 +83,7 @@ TEST_F(HostilePictureTest, a_size_that_only_the_decoder_finds_has_the_same_limit
     std::size_t at = large.find(tag);
     if (at == std::string::npos) at = large.find(std::string(tag).replace(2, 1, 1, '\3'));
     ASSERT_NE(at, std::string::npos);
-    large.replace(at + 8, 4, Number(30000, 4, false));
+    large.replace(at + 8, 4, Little(30000, 4));
   }
   ExpectMissing(large, "30,000 x 30,000");
 }
@@ -113,24 +106,22 @@ TEST_F(HostilePictureTest, a_picture_that_claims_no_size_or_any_size_is_missing)
   ASSERT_NE(frame, std::string::npos);
   for (const std::uint32_t side : {0U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU, 0x0000FFFFU}) {
     std::string png = FlatPng(8, 8, kGreen);
-    png.replace(16, 8, Number(side, 4, true) + Number(side, 4, true));
+    png.replace(16, 8, Big(side, 4) + Big(side, 4));
     ExpectMissing(png, "PNG");
     std::string bmp = BmpFile(8, 8, [](int, int) { return kGreen; });
-    bmp.replace(18, 8, Number(side, 4, false) + Number(side, 4, false));
+    bmp.replace(18, 8, Little(side, 4) + Little(side, 4));
     ExpectMissing(bmp, "BMP");
     std::string gif = GifFile(1);
-    gif.replace(24, 4, Number(side, 2, false) + Number(side, 2, false));
+    gif.replace(24, 4, Little(side, 2) + Little(side, 2));
     if ((side & 0xFFFF) != 0 || side == 0) ExpectMissing(gif, "GIF");
-    jpeg.replace(frame + 5, 4, Number(side, 2, true) + Number(side, 2, true));
+    jpeg.replace(frame + 5, 4, Big(side, 2) + Big(side, 2));
     ExpectMissing(jpeg, "JPEG");
   }
 }
 
 TEST_F(HostilePictureTest, run_lengths_in_a_picture_that_claims_to_be_huge_are_not_followed) {
   std::string bmp = BmpFile(1, 1, [](int, int) { return kGreen; });
-  bmp.replace(18, 16,
-              Number(30000, 4, false) + Number(30000, 4, false) + Number(0x00080001, 4, false) +
-                  Number(1, 4, false));
+  bmp.replace(18, 16, Little(30000, 4) + Little(30000, 4) + Little(0x00080001, 4) + Little(1, 4));
   ExpectMissing(bmp, "8 bits with run lengths");
 }
 
@@ -140,10 +131,9 @@ TEST_F(HostilePictureTest, after_pixels_and_colours_outside_the_file_the_next_pi
     std::size_t at;
     std::string bytes;
   };
-  for (const Change& change :
-       {Change{10, Number(0x75000036, 4, false)}, Change{10, Number(0xFFFFFFF0, 4, false)},
-        Change{14, Number(13, 4, false)}, Change{28, Number(64, 2, false)},
-        Change{28, Number(8, 2, false) + std::string(16, '\0') + Number(257, 4, false)}}) {
+  for (const Change& change : {Change{10, Little(0x75000036, 4)}, Change{10, Little(0xFFFFFFF0, 4)},
+                               Change{14, Little(13, 4)}, Change{28, Little(64, 2)},
+                               Change{28, Little(8, 2) + std::string(16, '\0') + Little(257, 4)}}) {
     std::string wrong = bmp;
     wrong.replace(change.at, change.bytes.size(), change.bytes);
     Redraw(wrong);
@@ -182,7 +172,7 @@ TEST_F(HostilePictureTest, after_pictures_with_wrong_bytes_the_next_good_one_is_
   const std::string bmp = BmpFile(
       16, 16, [](int x, int y) { return static_cast<std::uint32_t>(x * 16 << 16 | y * 16); });
   std::string runs = bmp;
-  runs.replace(28, 6, Number(8, 2, false) + Number(1, 4, false));
+  runs.replace(28, 6, Little(8, 2) + Little(1, 4));
   std::minstd_rand random;
   for (const std::string& whole :
        {bmp, runs, Encoded(bmp, L"image/png"), Encoded(bmp, L"image/jpeg"),

@@ -5,7 +5,6 @@
 #include <fstream>
 #include <set>
 
-#include "presentation/encoder.h"
 #include "presentation/presentation.h"
 #include "presentation/state.h"
 #include "windows/presentation/content.h"

@@ -1,5 +1,5 @@
 // The modes that GDI+ is given for a text, and the tabs that come of them.
-#include "presentation/string_format.h"
+#include "presentation/text.h"
 
 #include <array>
 

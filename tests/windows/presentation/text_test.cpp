@@ -2,10 +2,8 @@
 // the font's affair, so nothing here counts their pixels.
 #include "presentation/text.h"
 
-#include "presentation/font_family.h"
 #include "presentation/presentation.h"
 #include "presentation/state.h"
-#include "presentation/string_format.h"
 #include "windows/presentation/processor_time.h"
 #include "windows/presentation/stage.h"
 

@@ -1,6 +1,6 @@
 // The placeholder for broadcast video, and the cache that holds it.
 #include "platform/screen.h"
-#include "presentation/image_cache.h"
+#include "presentation/picture.h"
 #include "presentation/presentation.h"
 #include "windows/presentation/stage.h"
 

@@ -1,0 +1,120 @@
+// Line attributes, and clipping against a square around the origin. Clipping calculates in double
+// precision: content may give any 32-bit coordinates.
+#include "appearance/geometry.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "objects/limits.h"
+
+namespace korvel {
+
+namespace {
+
+// One side of the square: a point p is inside if p.X * X + p.Y * Y <= Far.
+struct Side {
+  double X;
+  double Y;
+  double Far;
+};
+
+std::array<Side, 4> SidesOf(std::int64_t farthest) {
+  const auto far = static_cast<double>(farthest);
+  return {Side{1, 0, far}, Side{-1, 0, far}, Side{0, 1, far}, Side{0, -1, far}};
+}
+
+// The distance of a point outside a side; 0 or less inside.
+double Outside(const CanvasPoint& point, const Side& side) {
+  return point.X * side.X + point.Y * side.Y - side.Far;
+}
+
+// The point where the line between an inner and an outer point crosses the side.
+CanvasPoint Crossing(const CanvasPoint& from, const CanvasPoint& to, const Side& side) {
+  const double before = Outside(from, side);
+  const double share = before / (before - Outside(to, side));
+  const auto between = [share](double start, double end) {
+    return static_cast<std::int32_t>(std::lround(start + (end - start) * share));
+  };
+  return {between(from.X, to.X), between(from.Y, to.Y)};
+}
+
+[[nodiscard]] bool ClipToSide(std::span<const CanvasPoint> points, const Side& side,
+                              Sequence<CanvasPoint>& clipped) {
+  for (std::size_t index = 0; index < points.size(); ++index) {
+    const CanvasPoint& here = points[index];
+    const CanvasPoint& next = points[(index + 1) % points.size()];
+    const bool isInside = Outside(here, side) <= 0;
+    if (isInside && !clipped.Append(here)) return false;
+    if (isInside == (Outside(next, side) <= 0)) continue;
+    if (!clipped.Append(Crossing(here, next, side))) return false;
+  }
+  return true;
+}
+
+// Narrows the range of shares, from `first` to `last`, in which a line is inside a side. `start`
+// and `end` are the distances of its ends outside that side.
+void NarrowToSide(double start, double end, double& first, double& last) {
+  if (start > 0 && end > 0) last = -1;
+  if ((start > 0) == (end > 0)) return;
+  const double share = start / (start - end);
+  if (start > 0) {
+    first = std::max(first, share);
+  } else {
+    last = std::min(last, share);
+  }
+}
+
+}  // namespace
+
+std::int32_t DrawnWidth(const LineAttributes& line) {
+  return line.Width < 0 ? 0 : NearCoordinate(line.Width);
+}
+
+Dashes DashesOf(const LineAttributes& line) {
+  switch (line.Style) {
+  case LineStyle::Dashed: return Dashes::Long;
+  case LineStyle::Dotted: return Dashes::Short;
+  case LineStyle::Solid: break;
+  }
+  return Dashes::None;
+}
+
+std::int32_t DashPeriod(const LineAttributes& line) {
+  const Dashes dashes = DashesOf(line);
+  return dashes == Dashes::None ? 0 : (static_cast<std::int32_t>(dashes) + 1) * DrawnWidth(line);
+}
+
+bool HasTooManyDashes(const LineAttributes& line, double length) {
+  return DashPeriod(line) > 0 && length > kMostDashes * DashPeriod(line);
+}
+
+double LinePart::Length() const { return std::hypot(ToX - FromX, ToY - FromY); }
+
+bool ClipLine(const CanvasPoint& from, const CanvasPoint& to, std::int64_t farthest, double period,
+              LinePart& part) {
+  double first = 0;
+  double last = 1;
+  for (const Side& side : SidesOf(farthest)) {
+    NarrowToSide(Outside(from, side), Outside(to, side), first, last);
+  }
+  if (first > last) return false;
+  const double wayX = static_cast<double>(to.X) - from.X;
+  const double wayY = static_cast<double>(to.Y) - from.Y;
+  const double length = std::hypot(wayX, wayY);
+  if (first > 0 && period > 0) first = std::floor(first * length / period) * period / length;
+  part = {from.X + wayX * first, from.Y + wayY * first, from.X + wayX * last, from.Y + wayY * last};
+  return true;
+}
+
+bool ClipPolygon(std::span<const CanvasPoint> points, std::int64_t farthest,
+                 Sequence<CanvasPoint>& clipped) {
+  const std::array<Side, 4> sides = SidesOf(farthest);
+  Sequence<CanvasPoint> first;
+  Sequence<CanvasPoint> second;
+  Sequence<CanvasPoint> third;
+  return ClipToSide(points, sides[0], first) && ClipToSide(first, sides[1], second) &&
+         ClipToSide(second, sides[2], third) && ClipToSide(third, sides[3], clipped);
+}
+
+}  // namespace korvel

@@ -1,0 +1,45 @@
+// The attributes of text that are written in text: control sequences, and font attributes in their
+// form "style.size.linespacing.letterspacing".
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "objects/group.h"
+#include "objects/octet_string.h"
+#include "objects/visibles.h"
+#include "platform/canvases.h"
+
+namespace korvel {
+
+// ---- Control sequences ----
+// A colour is ESC 'C', a length byte and four bytes red, green, blue and transparency. Every other
+// sequence is ESC and one more byte.
+
+// Reads the colour sequence at the start of a text; it applies to the whole text. False, with
+// `colour` unchanged, if there is none or if nothing follows it.
+[[nodiscard]] bool ReadLeadingColour(std::string_view text, DrawnColour& colour);
+
+// Copies the text without its control sequences and with each CR replaced by LF. A zero byte ends
+// the result; the bytes after it have no meaning. False when memory is out.
+[[nodiscard]] bool RemoveControlSequences(std::string_view text, OctetString& clean);
+
+// ---- Font attributes ----
+
+enum class FontStyle : std::uint32_t { Plain = 0, Italic = 1, Bold = 2, BoldItalic = 3 };
+
+// The default is "plain.24.28.0".
+struct FontAttributes {
+  FontStyle Style = FontStyle::Plain;
+  std::int32_t Size = 24;
+  std::int32_t LineSpacing = 28;
+  std::int32_t LetterSpacing = 0;
+};
+
+// Reads the written form: a style word and three numbers. Returns the default if it cannot be read.
+[[nodiscard]] FontAttributes ReadFontAttributes(std::string_view written);
+
+// The text's own attributes, or else the application's, or else the default.
+[[nodiscard]] FontAttributes FontAttributesOf(const Text& text, const Application* application);
+
+}  // namespace korvel

@@ -1,0 +1,36 @@
+// How lines, outlines and canvases are drawn, on the back buffer and on canvases.
+#pragma once
+
+#include <cstdint>
+
+#include "appearance/geometry.h"
+#include "platform/canvases.h"
+#include "presentation/gdi_plus.h"
+
+namespace korvel {
+
+// A picture of its own, transparent where nothing was drawn. The graphics that draws on it is
+// released first.
+struct Canvas {
+  BitmapOwner Picture;
+  GraphicsOwner Graphics;
+  std::int32_t Width = 0;
+  std::int32_t Height = 0;
+  // The drawable area, from the top-left corner.
+  std::int32_t ClipWidth = 0;
+  std::int32_t ClipHeight = 0;
+};
+
+// The current attributes of a line art's lines.
+[[nodiscard]] LineAttributes LineAttributesOf(const LineArt& lineArt);
+
+// Makes the pen for a line or an outline of up to that length in pixels. False if the line has no
+// width, which GDI+ would draw one pixel wide, or if the pen cannot be made.
+[[nodiscard]] bool MakePen(const LineAttributes& line, double length, PenOwner& pen);
+
+// Draws an outline that is entirely inside the box, and the fill inside the outline. If the box is
+// no larger than its border, it is filled with the border's colour.
+void DrawBorderedRectangle(Gdiplus::GpGraphics* graphics, const Box& box,
+                           const LineAttributes& line, DrawnColour fill);
+
+}  // namespace korvel

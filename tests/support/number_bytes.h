@@ -1,0 +1,22 @@
+// Numbers as the bytes of files that tests write.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace korvel::test {
+
+// The lowest `bytes` bytes of the number, the highest of them first.
+inline std::string Big(std::uint32_t number, int bytes) {
+  std::string text;
+  for (int byte = bytes - 1; byte >= 0; --byte) text += static_cast<char>(number >> 8 * byte);
+  return text;
+}
+
+// The same bytes, the lowest first.
+inline std::string Little(std::uint32_t number, int bytes) {
+  const std::string text = Big(number, bytes);
+  return {text.rbegin(), text.rend()};
+}
+
+}  // namespace korvel::test

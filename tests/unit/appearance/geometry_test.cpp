@@ -1,0 +1,179 @@
+// Line attributes, and the clipping of lines and polygons: the parts inside are neither moved nor
+// bent.
+#include "appearance/geometry.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+#include <vector>
+
+namespace korvel::test {
+
+constexpr std::int32_t kFar = 32000;
+
+bool IsDrawn(const CanvasPoint& point) {
+  return std::abs(point.X) <= kFar && std::abs(point.Y) <= kFar;
+}
+
+// Twice the area of the triangle a, b, c, above 0 when they turn left.
+double Turn(const CanvasPoint& a, const CanvasPoint& b, const CanvasPoint& c) {
+  return (static_cast<double>(b.X) - a.X) * (static_cast<double>(c.Y) - a.Y) -
+         (static_cast<double>(b.Y) - a.Y) * (static_cast<double>(c.X) - a.X);
+}
+
+// The distance of a point from the line through a and b.
+double Distance(const CanvasPoint& a, const CanvasPoint& b, double x, double y) {
+  const double alongX = static_cast<double>(b.X) - a.X;
+  const double alongY = static_cast<double>(b.Y) - a.Y;
+  const double length = std::hypot(alongX, alongY);
+  return length == 0 ? std::hypot(x - a.X, y - a.Y)
+                     : std::abs(alongX * (y - a.Y) - alongY * (x - a.X)) / length;
+}
+
+// Points anywhere in 32 bits, one in four of them inside the drawn square.
+class RandomPoints {
+ public:
+  CanvasPoint Next() {
+    const bool isNear = random_() % 4 == 0;
+    return {Coordinate(isNear), Coordinate(isNear)};
+  }
+  CanvasPoint Near() { return {Coordinate(true), Coordinate(true)}; }
+
+ private:
+  std::int32_t Coordinate(bool isNear) {
+    const auto any = static_cast<std::int32_t>(random_());
+    return isNear ? any % (kFar + 1) : any >> random_() % 16;
+  }
+  std::mt19937 random_{1};  // NOLINT: the same points every time
+};
+
+TEST(Clipping, a_line_inside_is_unchanged_and_a_line_outside_is_not_drawn) {
+  LinePart part;
+  EXPECT_TRUE(ClipLine({-kFar, 0}, {kFar, 7}, kFar, 0, part));
+  EXPECT_EQ(part.FromX, -kFar);
+  EXPECT_EQ(part.FromY, 0);
+  EXPECT_EQ(part.ToX, kFar);
+  EXPECT_EQ(part.ToY, 7);
+  EXPECT_FALSE(ClipLine({kFar + 1, 0}, {kFar + 9, 5}, kFar, 0, part));
+  EXPECT_FALSE(ClipLine({0, 150}, {150, 0}, 70, 0, part)) << "past the corner";
+  EXPECT_EQ(part.ToY, 7) << "unchanged";
+}
+
+TEST(Clipping, a_line_is_cut_and_not_bent) {
+  constexpr double kRounding = 0.001;
+  RandomPoints random;
+  for (int round = 0; round < 5000; ++round) {
+    const CanvasPoint from = random.Next();
+    const CanvasPoint to = random.Next();
+    LinePart part;
+    if (!ClipLine(from, to, kFar, 0, part)) {
+      EXPECT_FALSE(IsDrawn(from) || IsDrawn(to));
+      continue;
+    }
+    for (const double place : {part.FromX, part.FromY, part.ToX, part.ToY}) {
+      ASSERT_LE(std::abs(place), kFar + kRounding) << round;
+    }
+    ASSERT_LE(Distance(from, to, part.FromX, part.FromY), kRounding) << round;
+    ASSERT_LE(Distance(from, to, part.ToX, part.ToY), kRounding) << round;
+    if (IsDrawn(from)) {
+      ASSERT_EQ(part.FromX, from.X);
+      ASSERT_EQ(part.FromY, from.Y);
+    }
+    if (IsDrawn(to)) {
+      ASSERT_NEAR(part.ToX, to.X, kRounding);
+    }
+  }
+}
+
+TEST(Clipping, a_line_loses_whole_dashes_at_its_beginning) {
+  constexpr double kPeriod = 12;
+  LinePart part;
+  ASSERT_TRUE(ClipLine({-1000, 0}, {5000, 0}, 100, kPeriod, part));
+  EXPECT_DOUBLE_EQ(part.FromX, -1000 + 75 * kPeriod) << "the last one that begins outside";
+  EXPECT_DOUBLE_EQ(part.ToX, 100);
+  ASSERT_TRUE(ClipLine({-3000, -4000}, {3000, 4000}, 100, kPeriod, part));
+  const double lost = std::hypot(part.FromX + 3000, part.FromY + 4000) / kPeriod;
+  EXPECT_NEAR(lost, std::round(lost), 1e-9);
+  EXPECT_NEAR(lost * kPeriod, 5000 - 125, kPeriod);
+  ASSERT_TRUE(ClipLine({50, 0}, {5000, 0}, 100, kPeriod, part));
+  EXPECT_EQ(part.FromX, 50);
+}
+
+// Whether the point is in a convex polygon, and its distance from the outline.
+struct Place {
+  bool isInside;
+  double distance;
+};
+Place PlaceIn(const std::vector<CanvasPoint>& corners, const CanvasPoint& point) {
+  bool isLeft = false;
+  bool isRight = false;
+  double nearest = 1e300;
+  for (std::size_t i = 0; i < corners.size(); ++i) {
+    const CanvasPoint& next = corners[(i + 1) % corners.size()];
+    const double turn = Turn(corners[i], next, point);
+    isLeft = isLeft || turn > 0;
+    isRight = isRight || turn < 0;
+    nearest = std::min(nearest, Distance(corners[i], next, point.X, point.Y));
+  }
+  return {!corners.empty() && isLeft != isRight, nearest};
+}
+
+TEST(Clipping, a_triangle_covers_the_same_points_of_the_square_as_before) {
+  RandomPoints random;
+  int covered = 0;
+  for (int round = 0; round < 2000; ++round) {
+    const std::vector<CanvasPoint> triangle = {random.Next(), random.Next(), random.Next()};
+    Sequence<CanvasPoint> cut;
+    ASSERT_TRUE(ClipPolygon(triangle, kFarthestCoordinate, cut));
+    const std::vector<CanvasPoint> clipped(cut.begin(), cut.end());
+    for (const CanvasPoint& corner : clipped) ASSERT_TRUE(IsDrawn(corner));
+    for (int sample = 0; sample < 10; ++sample) {
+      const CanvasPoint point = random.Near();
+      const Place wanted = PlaceIn(triangle, point);
+      if (wanted.distance < 4) continue;
+      covered += wanted.isInside ? 1 : 0;
+      ASSERT_EQ(PlaceIn(clipped, point).isInside, wanted.isInside) << round;
+    }
+  }
+  EXPECT_GT(covered, 500);
+}
+
+TEST(Clipping, a_polygon_without_points_is_clipped_to_nothing) {
+  Sequence<CanvasPoint> cut;
+  EXPECT_TRUE(ClipPolygon({}, kFarthestCoordinate, cut));
+  EXPECT_EQ(cut.Size(), 0U);
+}
+
+TEST(LineAttributes, a_width_is_limited_to_between_0_and_the_farthest_coordinate) {
+  EXPECT_EQ(DrawnWidth({.Width = 7}), 7);
+  EXPECT_EQ(DrawnWidth({.Width = 0}), 0);
+  EXPECT_EQ(DrawnWidth({.Width = -1}), 0);
+  EXPECT_EQ(DrawnWidth({.Width = 0x7FFFFFFF}), 32000);
+}
+
+TEST(LineAttributes, style_2_is_dashed_and_style_3_dotted) {
+  EXPECT_EQ(DashesOf({.Style = LineStyle{1}}), Dashes::None);
+  EXPECT_EQ(DashesOf({.Style = LineStyle{2}}), Dashes::Long);
+  EXPECT_EQ(DashesOf({.Style = LineStyle{3}}), Dashes::Short);
+  EXPECT_EQ(DashesOf({.Style = LineStyle{0}}), Dashes::None);
+  EXPECT_EQ(DashesOf({.Style = LineStyle{4}}), Dashes::None);
+}
+
+TEST(LineAttributes, a_dash_is_three_widths_long_a_dot_one_and_a_gap_one) {
+  EXPECT_EQ(DashPeriod({.Width = 5, .Style = LineStyle{1}}), 0);
+  EXPECT_EQ(DashPeriod({.Width = 5, .Style = LineStyle{2}}), 20);
+  EXPECT_EQ(DashPeriod({.Width = 5, .Style = LineStyle{3}}), 10);
+  EXPECT_EQ(DashPeriod({.Width = -5, .Style = LineStyle{3}}), 0);
+}
+
+TEST(LineAttributes, dashes_are_counted_with_their_gaps) {
+  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = LineStyle{3}}, 30'000));
+  EXPECT_TRUE(HasTooManyDashes({.Width = 5, .Style = LineStyle{3}}, 30'001));
+  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = LineStyle{2}}, 60'000));
+  EXPECT_TRUE(HasTooManyDashes({.Width = 5, .Style = LineStyle{2}}, 60'001));
+  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = LineStyle{1}}, 60'001));
+  EXPECT_FALSE(HasTooManyDashes({.Width = 0, .Style = LineStyle{2}}, 60'001));
+}
+
+}  // namespace korvel::test

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Makes the Wine prefix named by WINEPREFIX if it is not there yet, once, whoever comes first.
+# Makes the Wine prefix named by WINEPREFIX if it does not exist yet. Several processes may call it.
 # Its settings give the engine window a client area of exactly 720 x 576, let windows be made
 # without a display, and end a crashed program at once instead of asking a person.
 ready="$WINEPREFIX/korvel-ready"

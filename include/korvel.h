@@ -1,4 +1,4 @@
-/* The whole outside face of korvel.dll, an MHEG-5 presentation engine for Windows, for hosts in C
+/* The public interface of korvel.dll, an MHEG-5 presentation engine for Windows, for hosts in C
  * and C++: four functions, the object through which the host serves the broadcast file system, and
  * the message that tells the host that the engine has closed. One engine runs per process.
  * docs/embedding.md shows a host step by step; tools/player is a complete one. */
@@ -15,7 +15,7 @@ extern "C" {
 #endif
 
 enum {
-  /* The one code that the exit callback acts upon: the engine closes. */
+  /* The only code that the exit callback accepts: the engine closes. */
   kMHEG5ExitCode = 1000,
 
   /* Posted to the host window, both parameters 0, once the engine has closed. Nothing else is
@@ -24,13 +24,13 @@ enum {
   kMHEG5ClosedMessage = 8024
 };
 
-/* What MHEG5HostTable.ReadFile answers. Any other value means that the file cannot be read. */
+/* The results of MHEG5HostTable.ReadFile. Any other value means that the file cannot be read. */
 enum {
   kMHEG5FileRead = 0,
   kMHEG5FileNotYetAvailable = 1 /* asked again every 500 ms until answered otherwise or closed */
 };
 
-/* Given to the host so that it can close the engine without holding the library's functions:
+/* With this the host can close the engine without holding the library's functions:
  * kMHEG5ExitCode does what ExitMHEG5 does, any other code nothing. May be called on any thread. */
 typedef void(KORVEL_CALL* MHEG5ExitCallback)(uint32_t code);
 
@@ -69,7 +69,7 @@ typedef struct MHEG5HostTable {
    * follows a success all the same. It does not follow any other answer. */
   uint32_t(KORVEL_CALL* ReadFile)(MHEG5Host* host, const char* path, void** data, uint32_t* size);
 
-  /* Slot 7: gives a buffer of ReadFile back, exactly once for each success. */
+  /* Slot 7: releases a buffer of ReadFile, exactly once for each success. */
   void(KORVEL_CALL* FreeBuffer)(MHEG5Host* host, void* data);
 
   void(KORVEL_CALL* HostOwn8)(MHEG5Host* host);
@@ -77,7 +77,7 @@ typedef struct MHEG5HostTable {
   void(KORVEL_CALL* HostOwn10)(MHEG5Host* host);
 
   /* Slot 11: receives the exit callback and the context 0 at the start, and null and 0 as the
-   * engine closes. The host must not use the callback after it was withdrawn. */
+   * engine closes. The host must not use the callback after that. */
   void(KORVEL_CALL* SetExitCallback)(MHEG5Host* host, MHEG5ExitCallback callback,
                                      uintptr_t context);
 } MHEG5HostTable;
@@ -86,27 +86,27 @@ typedef struct MHEG5HostTable {
  * ending needs the lock that DllMain holds. */
 
 /* Starts the engine, which opens its window, looks for the start-up application and runs on
- * threads of its own. Returns 0 without waiting for any of that. Returns 1, with nothing called
- * and nothing kept, if `host` or its table is null, if a function that the engine calls is missing,
- * if an engine lives or is still closing, or if the thread cannot be made. `hostWindow` receives
- * kMHEG5ClosedMessage; it may be null. An application that cannot be found is no failure here: the
- * engine says so in its window and waits to be closed. */
+ * threads of its own. Returns 0 without waiting for any of that. Returns 1, with nothing called and
+ * nothing kept, if `host` or its table is null, if a function that the engine calls is missing,
+ * if an engine exists or is still closing, or if the thread cannot be created. `hostWindow`
+ * receives kMHEG5ClosedMessage; it may be null. It is not a failure if the application cannot be
+ * found: the engine then reports that in its window and waits to be closed. */
 uint32_t KORVEL_CALL RunMHEG5Window(MHEG5Host* host, HWND hostWindow);
 
-/* Asks the engine to close and returns 0 at once. Does nothing while no engine lives or while its
- * window does not exist yet: a host that must close at that moment asks again. The close takes at
- * most a second and one call of the host object. */
+/* Asks the engine to close and returns 0 immediately. Does nothing while there is no engine or
+ * while its window does not exist yet: a host that must close at that moment asks again. The close
+ * takes at most a second and one call of the host object. */
 uint32_t KORVEL_CALL ExitMHEG5(void);
 
-/* The same request as ExitMHEG5, except that it does not look whether the window exists yet; made
- * too early it is lost. The restart itself is the host's: RunMHEG5Window once the engine has
- * closed. Returns 0. */
+/* The same request as ExitMHEG5, except that it does not check whether the window exists yet; a
+ * request that comes too early is lost. The host itself restarts the engine with RunMHEG5Window
+ * after the close. Returns 0. */
 uint32_t KORVEL_CALL MHEG5ReStart(void);
 
-/* Waits without limit until the engine's thread has ended; returns 0, at once if none lives or if
- * the caller is one of the engine's own threads (inside a function of the host object). The wait
- * answers messages that other threads send to the caller's windows, but takes no posted ones.
- * It asks for no close itself. */
+/* Waits without limit until the engine's thread has ended, and returns 0. Returns immediately if
+ * there is no engine, or if the caller is one of the engine's own threads (inside a function of the
+ * host object). The wait answers messages that other threads send to the caller's windows, but
+ * removes no posted ones. It does not request a close itself. */
 uint32_t KORVEL_CALL MHEG5WaitForClose(void);
 
 #ifdef __cplusplus

@@ -53,19 +53,19 @@ inline constexpr std::uint64_t kMostJpegScanPixels = std::uint64_t{256} * 1024 *
 // The bytes of a picture file: those of the largest uncompressed picture.
 inline constexpr std::size_t kMostPictureBytes = std::size_t{64} * 1024 * 1024;
 
-// The corners of a polygon. The time that GDI+ takes grows with their square, and a close must not
-// wait for it; broadcast content comes nowhere near this.
+// The corners of a polygon. Under Wine the time that GDI+ takes grows with their square, and a
+// close must not wait for it; broadcast content comes nowhere near this.
 inline constexpr std::size_t kMostCorners = 1000;
 
 // The pixels of a canvas, of 4 bytes each; a larger one is not made.
 inline constexpr std::int64_t kMostCanvasPixels = std::int64_t{64} * 1024 * 1024;
 
-// The dashes or dots of a line; one that has more is drawn solid. GDI+ makes an outline of each of
-// them. Around the whole scene run fewer.
+// The dashes or dots of a line; a line with more is drawn solid. Under Wine GDI+ makes an outline
+// of each of them. A line around the whole scene has fewer.
 inline constexpr double kMostDashes = 3000;
 
-// The characters of a text that are drawn, more than any picture shows. GDI+ lays out what lies
-// beyond the box too, and takes its time.
+// The characters of a text that are drawn, more than any picture shows. Under Wine GDI+ also lays
+// out the text beyond the box, which takes long.
 inline constexpr std::size_t kMostCharacters = 20000;
 
 // A font of a larger size is not drawn: not even a part of a character would be in the picture.

@@ -55,7 +55,8 @@ Box OutlineBox(Gdiplus::GpGraphics* graphics, const Box& box, const LineAttribut
 }
 
 // The middle of the pen is half a width inside the box, so that its outer side is the box's edge. A
-// line of one pixel is not moved: GDI+ may round a position between two pixels to outside the box.
+// line of one pixel is not moved: under Wine GDI+ may round a position between two pixels to
+// outside the box.
 void DrawOutline(Gdiplus::GpGraphics* graphics, const Box& whole, const LineAttributes& line) {
   const Box box = OutlineBox(graphics, whole, line);
   PenOwner pen;

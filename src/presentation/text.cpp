@@ -176,7 +176,7 @@ void DrawTextIn(const TextDrawing& drawing) {
   const Gdiplus::RectF layout = ToGdiPlus(BoxAt(drawing.Position, drawing.BoxSize));
   if (!FillBackground(graphics, layout, drawing.Background)) return;
   if (drawing.Font.Size < 0 || drawing.Font.Size > kLargestFontSize) return;
-  // The box cuts the text exactly; the layout alone does not do that everywhere.
+  // Cuts the text exactly at the box; under Wine the layout alone does not.
   if (!Succeeded(gdip::GdipSetClipRect(graphics, layout.X, layout.Y, layout.Width, layout.Height,
                                        Gdiplus::CombineModeReplace))) {
     return;

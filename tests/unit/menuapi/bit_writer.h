@@ -1,5 +1,5 @@
-// Bits, most significant first: what streams made by hand are written with. It counts and pads, and
-// knows nothing of streams.
+// Writes bits, most significant first, for streams made by hand. It counts and pads them,
+// independently of the syntax of streams.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ class BitWriter {
   void Put(unsigned value, int count) {
     for (int bit = count - 1; bit >= 0; --bit) PutBit((value >> bit & 1) != 0);
   }
-  // Bits written as "0" and "1", with blanks where one likes.
+  // Bits written as "0" and "1", with optional blanks.
   void Put(std::string_view bits) {
     for (const char bit : bits) {
       if (bit != ' ') PutBit(bit == '1');

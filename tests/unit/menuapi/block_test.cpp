@@ -1,5 +1,5 @@
-// Coefficients: their places, their size, and what makes their sum odd. Blocks that are damaged are
-// in damage_test.cpp.
+// Coefficients: their positions, their values, and the correction that makes their sum odd. Damaged
+// blocks are tested in damage_test.cpp.
 #include "menuapi/block.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ struct BlockSettings {
   BlockSettings() { sequence.intraMatrix.fill(16); }
 };
 
-// Reads a luma block whose DC coefficient is 128, and whose others the bits give.
+// Reads a luma block whose DC coefficient is 128; the bits are those of the others.
 Coefficients ReadBlock(const BlockSettings& settings, std::string_view bits, int scale) {
   BitWriter writer;
   writer.Put("100");
@@ -33,7 +33,7 @@ Coefficients ReadBlock(const BlockSettings& settings, std::string_view bits, int
   return block;
 }
 
-// The escape of a coefficient behind so many zeros.
+// The escape code of a coefficient after `run` zeros.
 std::string Escape(unsigned run, int level) {
   std::string bits = "000001";
   for (int bit = 5; bit >= 0; --bit) bits += (run >> bit & 1) != 0 ? '1' : '0';
@@ -58,7 +58,7 @@ TEST(Block, cuts_coefficients_off_at_12_bits) {
   EXPECT_EQ(ReadBlock(settings, Escape(0, -2047) + "10", 112)[1], -2048);
 }
 
-TEST(Block, takes_the_weight_of_the_place_in_the_block) {
+TEST(Block, uses_the_weight_of_the_position_in_the_block) {
   BlockSettings settings;
   for (std::size_t place = 0; place < kBlockSize; ++place) {
     settings.sequence.intraMatrix[place] = static_cast<std::uint8_t>(16 + place);
@@ -76,7 +76,7 @@ TEST(Block, makes_the_sum_of_its_coefficients_odd_by_the_last_one) {
   EXPECT_EQ(ReadBlock(settings, Escape(0, 1) + Escape(61, 5) + "10", 1)[63], 4);  // 5: one less
 }
 
-TEST(Block, puts_coefficients_where_the_scan_says) {
+TEST(Block, puts_coefficients_in_scan_order) {
   for (const bool isAlternate : {false, true}) {
     BlockSettings settings;
     settings.picture.usesAlternateScan = isAlternate;
@@ -107,7 +107,7 @@ TEST(Block, changes_the_dc_coefficient_by_the_difference) {
   }
 }
 
-TEST(ScanOrder, visits_every_place_once) {
+TEST(ScanOrder, visits_every_position_once) {
   for (const ScanOrder* scan : {&ZigzagScan(), &AlternateScan()}) {
     EXPECT_EQ(std::set<int>(scan->begin(), scan->end()).size(), 64U);
   }

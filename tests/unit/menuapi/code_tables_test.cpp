@@ -1,5 +1,5 @@
-// The tables of codes: whether they are tables of codes at all, and what is known of each whole.
-// That each code means the right thing is seen where streams of ffmpeg are decoded.
+// The tables of codes: whether they are prefix codes, and the known properties of each table. The
+// meaning of each code is tested by decoding streams of ffmpeg.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kLongest = 16;
 
-// The runs and levels of a table, and that none of its codes begins another one.
+// The runs and levels of a table; fails if one of its codes begins another one.
 std::set<std::pair<int, int>> Steps(CoefficientTable table) {
   std::vector<Code<RunLevel>> rows;
   for (const auto& part : {OwnCoefficientRows(table), SharedCoefficientRows()}) {
@@ -31,8 +31,8 @@ std::set<std::pair<int, int>> Steps(CoefficientTable table) {
   return steps;
 }
 
-// How many numbers of 16 bits begin with a code of the table and, but for the end of a block and
-// the escape, with its sign.
+// The number of 16-bit numbers that begin with a code of the table and, except for the end of a
+// block and the escape, with its sign.
 int UsedNumbers(CoefficientTable table) {
   int used = 0;
   for (const auto& part : {OwnCoefficientRows(table), SharedCoefficientRows()}) {
@@ -41,7 +41,7 @@ int UsedNumbers(CoefficientTable table) {
   return used;
 }
 
-// How many values a table of numbers has, and how many numbers of 16 bits begin with no code of it.
+// The number of values in a table, and the number of 16-bit numbers that begin with no code of it.
 std::pair<std::size_t, int> Extent(const CodeTable<int>& table) {
   std::set<int> values;
   int unused = 0;
@@ -73,13 +73,13 @@ TEST(CodeTable, reads_a_code_and_leaves_what_follows) {
   EXPECT_EQ(reader.Peek(11), 0U);
 }
 
-TEST(CoefficientCodes, of_both_tables_stand_for_the_same) {
+TEST(CoefficientCodes, of_both_tables_have_the_same_meanings) {
   const auto zero = Steps(CoefficientTable::Zero);
   EXPECT_EQ(zero.size(), 113U);  // 111 steps, end and escape
   EXPECT_EQ(zero, Steps(CoefficientTable::One));
 }
 
-// How far levels go that have a code, for each run.
+// The highest level that has a code, for each run.
 TEST(CoefficientCodes, reach_as_far_as_the_standard_lists_them) {
   std::map<int, int> highest;
   std::map<int, int> count;
@@ -97,9 +97,9 @@ TEST(CoefficientCodes, reach_as_far_as_the_standard_lists_them) {
   EXPECT_FALSE(highest.contains(32));
 }
 
-// Twelve zeros begin nothing, so that no code can be taken for a start code; table one has nine
-// more such numbers unused.
-TEST(CoefficientCodes, leave_hardly_a_number_unused) {
+// No code begins with twelve zeros, so that none looks like a start code; table one has nine more
+// unused numbers.
+TEST(CoefficientCodes, use_nearly_every_number) {
   EXPECT_EQ((1 << 16) - UsedNumbers(CoefficientTable::Zero), 1 << 4);
   EXPECT_EQ((1 << 16) - UsedNumbers(CoefficientTable::One), 9 << 4);
 }

@@ -1,5 +1,5 @@
-// Damaged streams: whatever the bytes are, decoding stays within its buffers and ends, and what is
-// sound of a picture is shown.
+// Damaged streams: for any bytes, decoding stays inside its buffers and ends, and shows the intact
+// parts of a picture.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,8 +19,8 @@ Bytes NoisyStream(const std::string& options) {
   return Reference().Encode("testsrc2=size=64x48,noise=alls=50:all_seed=7", options);
 }
 
-// A frame of two rows, the first of which has as its second macroblock this head (address
-// increment, type and what belongs to them), this first block and five flat ones.
+// A frame of two rows. The second macroblock of the first row has this head (address increment,
+// type and the fields that belong to them), this first block and five flat ones.
 StreamWriter WithMacroblock(std::string_view head, std::string_view block) {
   StreamWriter stream({});
   stream.Headers();
@@ -51,7 +51,7 @@ TEST(Damage, of_a_stream_cut_at_any_byte) {
   ASSERT_EQ(whole.Decode(stream), Result::Done);
   int damaged = 0;
   for (std::size_t size = 7; size < stream.size(); ++size) {
-    // A copy of its own, so that a read behind its end is noticed.
+    // A copy, so that the sanitizer sees a read past its end.
     const Bytes cut(stream.begin(), stream.begin() + static_cast<std::ptrdiff_t>(size));
     Planes planes({64, 48});
     const Result result = planes.Decode(cut);
@@ -63,7 +63,7 @@ TEST(Damage, of_a_stream_cut_at_any_byte) {
   EXPECT_GT(damaged, 100);
 }
 
-// The bit is a zero, as what is read behind the end is.
+// The bit is a zero, like those that are read past the end.
 TEST(Damage, of_the_last_bit_alone_is_noticed) {
   StreamSettings settings;
   settings.width = 16;
@@ -87,17 +87,18 @@ TEST(Damage, of_random_bytes) {
        {"-qscale:v 4", "-qscale:v 3 -flags +ildct+ilme -alternate_scan 1 -intra_vlc 1 -dc 10"}) {
     const Bytes stream = NoisyStream(options);
     std::mt19937 random(20);
-    int survived = 0;
+    int decoded = 0;
     for (int round = 0; round < 1000; ++round) {
       Bytes damaged = stream;
       for (unsigned count = 1 + random() % 8; count > 0; --count) {
-        // The size stays, because the buffer is of that size.
+        // The size does not change, because the buffer has that size.
         damaged[7 + random() % (damaged.size() - 7)] = static_cast<std::uint8_t>(random());
       }
       Planes planes({64, 48});
-      if (planes.Decode(damaged) != Result::Refused) ++survived;
+      if (planes.Decode(damaged) != Result::Refused) ++decoded;
     }
-    EXPECT_GT(survived, 100);
+    EXPECT_GT(decoded, 100);
+    EXPECT_EQ(Planes({64, 48}).Decode(stream), Result::Done) << "the next good stream";
   }
 }
 
@@ -105,7 +106,7 @@ TEST(Damage, of_one_slice_leaves_the_others_as_they_are) {
   const Bytes stream = NoisyStream("-qscale:v 4");
   Planes whole({64, 48});
   ASSERT_EQ(whole.Decode(stream), Result::Done);
-  // The second slice begins with the bits of no macroblock.
+  // The second slice begins with bits that are not a macroblock.
   const Bytes start = {0, 0, 1, 2};
   const auto slice = std::search(stream.begin(), stream.end(), start.begin(), start.end());
   ASSERT_NE(slice, stream.end());
@@ -132,18 +133,18 @@ TEST(Damage, of_a_block_ends_its_slice) {
   // The DC coefficient falls below 0, or rises above its range: 60 - 63, 60 + 255.
   ExpectBroken("11", "11110 000000 10");
   ExpectBroken("11", "1111110 11111111 10");
-  // No such coefficient.
+  // There is no such coefficient.
   ExpectBroken("11", "100 000000000000 1111");
   // An escape with level 0, and with -2048, which has no opposite.
   ExpectBroken("11", "100 000001 000000 000000000000 10");
   ExpectBroken("11", "100 000001 000000 100000000000 10");
-  // A run beyond the block's end at once, and one step behind the last coefficient.
+  // A run past the end of the block at once, and one step after the last coefficient.
   ExpectBroken("11", "100 000001 111111 000000000001 10");
   ExpectBroken("11", "100 000001 111110 000000000001 110 10");
 }
 
-// What the two tests above stand on.
-TEST(Damage, is_none_where_a_block_goes_to_its_end) {
+// The condition for the two tests above.
+TEST(Damage, does_not_occur_if_a_block_is_full) {
   const StreamWriter stream = WithMacroblock("1 01 00001", "100 000001 111110 000000000001 10");
   Planes planes(kSize);
   EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Done);
@@ -164,7 +165,7 @@ TEST(Damage, by_a_macroblock_left_out_ends_the_slice) {
   EXPECT_EQ(planes.Luma(32, 0), 16);
 }
 
-// However often a stream repeats itself, no macroblock costs time twice.
+// A stream that repeats itself costs no extra time for any macroblock.
 TEST(Damage, by_repetition_and_by_rows_below_the_picture_changes_nothing) {
   StreamWriter stream({});
   stream.Headers();

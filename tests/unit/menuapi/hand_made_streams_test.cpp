@@ -1,5 +1,6 @@
-// What streams may have and ffmpeg does not write: field pictures, vectors in intra pictures,
-// slices that begin anywhere, matrices of a picture's own. ffmpeg reads them all and agrees.
+// Streams that are valid but that ffmpeg does not write: field pictures, vectors in intra pictures,
+// slices that begin anywhere, matrices of a picture's own. ffmpeg reads them all with the same
+// result.
 #include <gtest/gtest.h>
 
 #include "unit/menuapi/planes.h"
@@ -71,7 +72,7 @@ TEST(HandMadeStream, of_two_intra_coded_fields_in_either_order) {
   }
 }
 
-// The second field is predicted from the first, is none, is the same again, or is not there.
+// The second field is predicted from the first, is invalid, is the same again, or is missing.
 TEST(HandMadeStream, whose_first_field_alone_can_be_decoded_has_its_lines_doubled) {
   const StreamSettings settings = Interlaced();
   for (const int first : {kTopField, kBottomField}) {
@@ -91,7 +92,7 @@ TEST(HandMadeStream, whose_first_field_alone_can_be_decoded_has_its_lines_double
   }
 }
 
-// Of one field the first macroblock alone is there.
+// One field has only its first macroblock.
 TEST(HandMadeStream, with_one_damaged_field_keeps_the_other) {
   const StreamSettings settings = Interlaced();
   for (const int damaged : {kTopField, kBottomField}) {
@@ -173,7 +174,7 @@ TEST(HandMadeStream, with_concealment_vectors_in_fields_names_the_field_too) {
   StreamSettings settings = Interlaced();
   settings.width = 16;
   settings.hasVectors = true;
-  settings.vectorSize = 1;  // no more bits behind the code
+  settings.vectorSize = 1;  // no more bits after the code
   StreamWriter stream(settings);
   stream.SequenceHeader();
   stream.SequenceExtension();
@@ -242,7 +243,7 @@ TEST(HandMadeStream, above_2800_lines_extends_the_rows_of_slices) {
 }
 
 TEST(HandMadeStream, brings_a_matrix_for_its_picture) {
-  // One coefficient of level 1 at the second place: the matrix and the scale say how much it is.
+  // One coefficient of level 1 at the second position; the matrix and the scale decide its value.
   StreamSettings settings;
   settings.width = 16;
   settings.height = 16;

@@ -18,7 +18,7 @@ double Wave(int frequency, int place) {
   return scale * std::cos((2 * place + 1) * frequency * std::numbers::pi / 16);
 }
 
-// The sample that the formula gives, neither rounded nor cut off.
+// The sample that the formula gives, neither rounded nor limited.
 double SampleOf(const Coefficients& block, int x, int y) {
   double sum = 0;
   for (int v = 0; v < 8; ++v) {
@@ -46,7 +46,7 @@ Coefficients Transformed(std::mt19937& random, int range) {
   return block;
 }
 
-// Rounding half a level up or down is the transform's own choice.
+// The transform may round half a level up or down.
 void ExpectFormula(const Coefficients& block) {
   const Samples samples = InverseDct(block);
   for (int place = 0; place < 64; ++place) {

@@ -1,5 +1,5 @@
-// A decoded frame as the tests look at it: by plane and place, and with an eye on what lies behind
-// the frame, which has to be left alone.
+// A decoded frame for tests: its samples by plane and position, and a check that the bytes after
+// the frame are unchanged.
 #pragma once
 
 #include <cstdint>
@@ -10,16 +10,16 @@
 
 namespace menuapi::test {
 
-// What a buffer holds beforehand. What it holds behind the frame afterwards must be this.
+// The initial content of a buffer, and the content after the frame when it has been decoded.
 inline constexpr std::uint8_t kUntouched = 0xA5;
 
-// A frame in a buffer of the engine's size, which is larger than the frame where a side is odd.
+// A frame in a buffer of the engine's size, which is larger than the frame if a side is odd.
 class Planes {
  public:
   explicit Planes(FrameSize size)
       : size_(size), bytes_(LumaBytes(size) * 3 / 2 + kBehind, kUntouched) {}
 
-  // Decodes into the buffer, and tells of a write behind the frame as a failure of the test.
+  // Decodes into the buffer. A write past the frame fails the test.
   Result Decode(std::span<const std::uint8_t> stream);
 
   [[nodiscard]] int Luma(int x, int y) const { return At(0, size_.width, x, y); }

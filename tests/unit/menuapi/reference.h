@@ -1,5 +1,5 @@
-// The reference: ffmpeg, which makes streams and decodes them. It runs in a folder of its own, and
-// a run that fails fails the test.
+// The reference: ffmpeg, which writes streams and decodes them. It runs in a folder of its own, and
+// a failed run fails the test.
 #pragma once
 
 #include <cstdint>
@@ -22,14 +22,14 @@ class Reference {
   Reference& operator=(const Reference&) = delete;
 
   // One frame of a source (a filter such as "testsrc2=size=64x48") for each set of options, in one
-  // run. Options name the encoder, unless it is MPEG-2's.
+  // run. Options name the encoder unless it is MPEG-2's.
   [[nodiscard]] std::vector<Bytes> Encode(const std::string& source,
                                           const std::vector<std::string>& options) const;
   [[nodiscard]] Bytes Encode(const std::string& source, const std::string& options) const;
 
-  // The first frame of each stream: luma, then blue and red chroma, whose sizes are rounded up.
-  // The inverse transform is the one in floating point, which follows the formula; the others
-  // round on the way and are off by one here and there.
+  // The first frame of each stream: luma, then blue and red chroma, whose sizes are rounded up. The
+  // inverse transform is the floating-point one, which follows the formula; the others round
+  // intermediate results and are off by one in places.
   [[nodiscard]] std::vector<Bytes> Decode(const std::vector<Bytes>& streams) const;
   [[nodiscard]] Bytes Decode(const Bytes& stream) const;
 
@@ -40,8 +40,8 @@ class Reference {
   std::filesystem::path folder_;
 };
 
-// How much two frames differ in the samples that both have. The reference's chroma has a sample
-// more across and down where the size is odd.
+// The differences of two frames in the samples that both have. The chroma of the reference has one
+// more sample across and down if the size is odd.
 struct Difference {
   int largest = 0;
   std::size_t count = 0;  // of samples that differ

@@ -1,5 +1,5 @@
-// Streams that ffmpeg makes, decoded by us and by it. Frames may differ by 2 levels at most, but
-// with the same formula behind both, there is next to nothing to differ.
+// Streams that ffmpeg writes, decoded by this decoder and by ffmpeg. Frames may differ by 2 levels
+// at most; both use the same formula, so hardly any samples differ.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -16,13 +16,13 @@ namespace {
 constexpr int kLargestDifference = 2;
 constexpr std::size_t kSamplesPerDifference = 1000;
 
-// Moving colours under noise, so that coefficients of all kinds are there.
+// Moving colours under noise, so that all kinds of coefficients occur.
 std::string Source(FrameSize size) {
   return "testsrc2=size=" + std::to_string(size.width) + "x" + std::to_string(size.height) +
          ",noise=alls=50:all_seed=7";
 }
 
-// Every second line is of another moment.
+// Every second line shows another moment.
 std::string InterlacedSource(FrameSize size) {
   return "mandelbrot=size=" + std::to_string(size.width) + "x" + std::to_string(size.height) +
          ":rate=50:end_scale=0.03:end_pts=8,noise=alls=20:all_seed=7,tinterlace=interleave_top";
@@ -50,7 +50,7 @@ std::vector<Bytes> ExpectSameFrames(const std::string& source,
   return streams;
 }
 
-// What the first picture's headers say.
+// The values in the headers of the first picture.
 Picture PictureOf(const Bytes& stream) {
   StartCodes units(stream);
   HeaderReader headers;
@@ -167,7 +167,7 @@ TEST(ReferenceStreams, of_flat_and_of_extreme_colours) {
   }
 }
 
-TEST(ReferenceStreams, with_a_second_frame_behind_the_first) {
+TEST(ReferenceStreams, with_a_second_frame_after_the_first) {
   const Reference reference;
   const Bytes first = reference.Encode(Source({64, 48}), "-qscale:v 3");
   const Bytes second = reference.Encode("color=red:size=64x48", "-qscale:v 3");

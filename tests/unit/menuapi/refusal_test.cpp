@@ -1,5 +1,5 @@
-// What is no MPEG-2 stream that begins with an intra coded 4:2:0 frame is refused, and the frame is
-// black as far as its size is known.
+// Anything but an MPEG-2 stream that begins with an intra coded 4:2:0 frame is refused. The frame
+// is then black as far as its size is known.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr FrameSize kSize{32, 32};
 
-// Decodes what the headers and a row of slices make.
+// Decodes the headers and a row of slices.
 Result DecodeWritten(const std::function<void(StreamWriter&)>& writeHeaders,
                      const StreamSettings& settings = {}) {
   StreamWriter stream(settings);
@@ -33,7 +33,7 @@ Result DecodeWithSettings(const StreamSettings& settings) {
 
 }  // namespace
 
-TEST(Refusal, leaves_the_buffer_alone_where_no_sequence_header_tells_its_size) {
+TEST(Refusal, does_not_touch_the_buffer_without_a_sequence_header) {
   StreamWriter complete({});
   complete.Headers();
   for (std::size_t size = 0; size < 7; ++size) {
@@ -204,7 +204,7 @@ TEST(Refusal, of_headers_that_contradict_themselves) {
   interlaced.isProgressive = false;
   EXPECT_EQ(DecodeWritten([](StreamWriter& stream) { stream.Headers(0); }, interlaced),
             Result::Refused);
-  // Vectors whose size is none.
+  // Vectors whose size is invalid.
   for (const unsigned size : {0U, 10U, 15U}) {
     StreamSettings settings;
     settings.hasVectors = true;

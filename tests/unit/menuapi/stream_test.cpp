@@ -1,5 +1,5 @@
-// The bits and the units of a stream, and the stream in a file: what holds for any bytes, whether
-// or not they are video.
+// The bits and the units of a stream, and the stream in a file: the rules that hold for any bytes,
+// video or not.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -49,7 +49,7 @@ TEST(BitReader, reads_across_bytes) {
   EXPECT_FALSE(reader.HasPassedEnd());
 }
 
-TEST(BitReader, gives_zeros_behind_the_end_and_tells) {
+TEST(BitReader, reads_zeros_past_the_end_and_reports_it) {
   for (std::size_t size = 0; size < 12; ++size) {
     const Bytes bytes(size, 0xFF);
     BitReader reader(bytes);

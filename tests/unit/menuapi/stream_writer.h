@@ -1,5 +1,5 @@
-// Streams made by hand, of macroblocks of one colour, with headers that say anything: for what no
-// encoder at hand makes.
+// Streams made by hand, of macroblocks of one colour, with any values in their headers: for streams
+// that no encoder writes.
 #pragma once
 
 #include <array>
@@ -17,7 +17,7 @@ inline constexpr int kTopField = 1;
 inline constexpr int kBottomField = 2;
 inline constexpr int kFramePicture = 3;
 
-// What the headers say. The sizes do not have to be what is then written.
+// The values in the headers. The sizes need not be those of the slices that follow.
 struct StreamSettings {
   unsigned width = 32;
   unsigned height = 32;
@@ -42,17 +42,17 @@ class StreamWriter {
   void SequenceExtension();
   void PictureHeader(int type);
   void PictureCodingExtension(int structure);
-  // 64 weights of the same size, in place of the intra matrix.
+  // 64 weights of the same size that replace the intra matrix.
   void MatrixExtension(unsigned weight);
-  // All that comes before the slices of the first picture of such a structure.
+  // Everything before the slices of the first picture of such a structure.
   void Headers(int structure = kFramePicture);
 
-  // Begins a slice; `information` is what may stand between the scale and the macroblocks.
+  // Begins a slice; `information` is the extra information between the scale and the macroblocks.
   void Slice(unsigned row, unsigned scaleCode = 1, std::string_view information = "0");
-  // Writes `head` (address increment, type and what belongs to them), then flat blocks of these
-  // levels, which have to be ones that the precision of DC coefficients can express.
+  // Writes `head` (address increment, type and the fields that belong to them), then flat blocks of
+  // these levels, which the precision of DC coefficients must be able to express.
   void Macroblock(std::string_view head, int luma, int blue, int red);
-  // A slice of as many macroblocks as a row has, each a little lighter than the one before.
+  // A slice of a full row of macroblocks, each a little lighter than the one before.
   void FlatRow(unsigned row, int luma, int blue = 128, int red = 128);
   [[nodiscard]] int LumaOfFlatRow(int luma, int column) const { return luma + 2 * column; }
 

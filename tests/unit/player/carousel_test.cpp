@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A carousel folder with a secret beside it, removed again after the test.
+// A carousel folder with a secret file beside it, removed after the test.
 class CarouselTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -29,7 +29,7 @@ class CarouselTest : public testing::Test {
     std::ofstream(top_ / name) << text;
   }
 
-  // The text that a path reads, or "refused".
+  // The content of the file at a path, or "refused".
   std::string Read(std::string_view path) {
     const auto bytes = player::Carousel(top_ / "root").Read(path);
     return bytes ? std::string(bytes->begin(), bytes->end()) : "refused";
@@ -43,7 +43,7 @@ TEST_F(CarouselTest, both_slashes_separate_alike) {
   EXPECT_EQ(Read("pictures\\logo.png"), "logo");
 }
 
-TEST_F(CarouselTest, slashes_in_front_and_doubled_change_nothing) {
+TEST_F(CarouselTest, leading_and_doubled_slashes_are_ignored) {
   EXPECT_EQ(Read("/a"), "start-up");
   EXPECT_EQ(Read("\\a"), "start-up");
   EXPECT_EQ(Read("//pictures\\\\logo.png"), "logo");

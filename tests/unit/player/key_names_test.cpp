@@ -1,4 +1,4 @@
-// Every name that a script may press, and the virtual key that it stands for.
+// Every key name in scripts, and its virtual key.
 #include "player/key_names.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ TEST(KeyNames, control_keys_go_by_their_names) {
   EXPECT_EQ(VirtualKeyOf("Down"), 40U);
 }
 
-TEST(KeyNames, words_for_the_kind_of_key_may_be_said) {
+TEST(KeyNames, words_for_the_kind_of_key_are_allowed) {
   EXPECT_EQ(VirtualKeyOf("Left arrow"), 37U);
   EXPECT_EQ(VirtualKeyOf("letter B"), 66U);
   EXPECT_EQ(VirtualKeyOf("digit 7"), 55U);
@@ -34,7 +34,7 @@ TEST(KeyNames, digits_and_keypad_digits_differ) {
   EXPECT_EQ(VirtualKeyOf("Keypad9"), 105U);
 }
 
-TEST(KeyNames, colours_and_text_stand_for_letters) {
+TEST(KeyNames, colours_and_text_are_letters) {
   EXPECT_EQ(VirtualKeyOf("Red"), VirtualKeyOf("R"));
   EXPECT_EQ(VirtualKeyOf("Green"), VirtualKeyOf("G"));
   EXPECT_EQ(VirtualKeyOf("Yellow"), VirtualKeyOf("Y"));
@@ -44,7 +44,7 @@ TEST(KeyNames, colours_and_text_stand_for_letters) {
   EXPECT_EQ(VirtualKeyOf("I"), 73U);
 }
 
-TEST(KeyNames, anything_else_is_no_key) {
+TEST(KeyNames, other_names_are_rejected) {
   for (const char* name : {"", "A", "10", "Keypad", "Keypad R", "F1", "Purple", "*"}) {
     EXPECT_FALSE(VirtualKeyOf(name)) << name;
   }

@@ -1,4 +1,4 @@
-// The command line of the host application: what it yields and what it refuses.
+// The command line of the host application: its results and its refusals.
 #include "player/options.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ TEST(Options, a_folder_alone_is_enough) {
   EXPECT_FALSE(options.isVerbose);
 }
 
-TEST(Options, all_options_are_taken) {
+TEST(Options, all_options_are_read) {
   const std::string script = testing::TempDir() + "options_test.script";
   std::ofstream(script) << "exit\n";
   player::Options options;

@@ -1,4 +1,4 @@
-// The steps that a script gives, and the line that is named when it gives none.
+// The steps of a script, and the line that is reported if it is wrong.
 #include "player/script.h"
 
 #include <gtest/gtest.h>
@@ -36,7 +36,7 @@ TEST(Script, gives_its_steps_in_order) {
   EXPECT_EQ(steps[6].kind, StepKind::Exit);
 }
 
-TEST(Script, passes_over_blank_lines_remarks_and_line_ends_of_windows) {
+TEST(Script, skips_blank_lines_remarks_and_line_ends_of_windows) {
   std::istringstream text("# first\r\n\r\n  wait 1  \r\n\t# last\nexit");
   std::vector<Step> steps;
   std::string problem;

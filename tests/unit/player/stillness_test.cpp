@@ -1,4 +1,5 @@
-// When the engine is at rest and its picture final, from numbers that stand for its threads.
+// Decides whether the engine is at rest and its picture final, from numbers that represent its
+// threads.
 #include "player/stillness.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +8,7 @@ namespace {
 
 using player::Stillness;
 
-// A round that is over as soon as it is looked at twice.
+// A round that is over after two looks.
 void PassRound(Stillness& stillness, unsigned mark) {
   EXPECT_FALSE(stillness.IsRoundOver({.mark = mark, .idleLooks = 0}));
   EXPECT_TRUE(stillness.IsRoundOver({.mark = mark, .idleLooks = 2}));

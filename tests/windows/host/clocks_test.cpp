@@ -1,4 +1,4 @@
-// The clock by which elapsed time is measured, while the wall clock does what wall clocks do.
+// The clock that measures elapsed time, while the wall clock jumps and ticks coarsely.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::uint64_t kFileTimesPerMs = 10'000;
 
-// What the system's own function says, shifted by `shiftMs` and rounded down to full ticks.
+// The result of the system's own function, shifted by `shiftMs` and rounded down to full ticks.
 struct WallClock {
   std::uint64_t shiftMs = 0;
   std::uint64_t tickMs = 1;
@@ -36,7 +36,7 @@ class ElapsedTime : public testing::Test {
   ReplacedImport hook{GetModuleHandleA(nullptr), "GetSystemTimeAsFileTime", ReadWallClock};
 };
 
-TEST_F(ElapsedTime, goes_on_evenly_when_the_wall_clock_is_set) {
+TEST_F(ElapsedTime, does_not_jump_when_the_wall_clock_is_set) {
   constexpr std::uint32_t kMinuteMs = 60'000;
   const std::uint32_t before = MillisecondsSinceProcessStart();
   wallClock.shiftMs = 60 * kMinuteMs;

@@ -1,4 +1,4 @@
-// How a close overtakes everything else and is never undone, whenever it comes.
+// A close overtakes everything else and is never undone, whenever it comes.
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -24,7 +24,7 @@ bool IsStartAccepted() {
   return hostState.phase == Phase::Idle;
 }
 
-// Without a pause: what is left of the engine thread then takes it no time.
+// Without a pause, so that the engine thread has not finished its last calls.
 void SpinUntilStartIsAccepted() {
   const ULONGLONG end = GetTickCount64() + kWaitLimit.count();
   while (!IsStartAccepted()) ASSERT_LT(GetTickCount64(), end);
@@ -47,7 +47,7 @@ TEST_F(Closing, overtakes_a_hundred_queued_keys) {
   EXPECT_EQ(journal.CountOf("BeginWork"), 3) << "for the start, the first key and the close";
 }
 
-TEST_F(Closing, keeps_a_restart_that_is_queued_behind_it_from_being_handled) {
+TEST_F(Closing, drops_a_restart_that_is_queued_after_it) {
   Start();
   substitutes.onRaise = [](std::int32_t) {
     PostMessageA(FindEngineWindow(), WM_CLOSE, 0, 0);
@@ -135,7 +135,7 @@ TEST_F(Closing, is_not_repeated_by_a_second_request_while_the_first_waits) {
   EXPECT_EQ(host.CountOf("Release"), 1);
 }
 
-TEST_F(Closing, happens_in_order_when_the_message_loop_is_ended_by_somebody_else) {
+TEST_F(Closing, happens_in_order_when_a_quit_message_ends_the_loop) {
   Start();
   PostThreadMessageA(GetWindowThreadProcessId(FindEngineWindow(), nullptr), WM_QUIT, 0, 0);
   EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
@@ -147,7 +147,7 @@ TEST_F(Closing, happens_in_order_when_the_message_loop_is_ended_by_somebody_else
   Start();
 }
 
-TEST_F(Closing, gives_the_host_back_when_the_window_cannot_be_made) {
+TEST_F(Closing, releases_the_host_when_the_window_cannot_be_created) {
   WNDCLASSA taken = {};
   taken.lpfnWndProc = DefWindowProcA;
   taken.hInstance = GetModuleHandleA(nullptr);
@@ -172,8 +172,8 @@ TEST_F(Closing, by_the_window_needs_no_request_of_the_host) {
   EXPECT_EQ(MHEG5WaitForClose(), 0U);
 }
 
-// Whoever waits that late may be about to end the process, which some systems do not survive while
-// a thread of it is just ending.
+// A host that waits that late may end the process next, which under Wine can crash while a thread
+// is ending.
 TEST_F(Closing, is_over_for_a_late_wait_only_when_the_thread_has_gone) {
   for (int round = 0; round < 20; ++round) {
     journal.Clear();
@@ -188,7 +188,7 @@ TEST_F(Closing, is_over_for_a_late_wait_only_when_the_thread_has_gone) {
   }
 }
 
-// The system gives the number of a thread that is gone to another one.
+// The system reuses the numbers of threads that are gone.
 TEST_F(Closing, is_over_for_a_late_wait_when_another_thread_has_the_number) {
   Start();
   Close();
@@ -229,8 +229,8 @@ TEST_F(Closing, skips_pauses_from_then_on) {
   EXPECT_LT(paused.count(), 1000);
 }
 
-// The worker has the window painted before, while and after the engine thread begins to wait for
-// it, and each of the engines is asked several times, as an impatient viewer does.
+// The worker lets the window be painted before, while and after the engine thread waits for the
+// worker, and each engine is asked to close several times, as by an impatient viewer.
 TEST_F(Closing, never_hangs_while_the_worker_updates_the_window) {
   constexpr int kEngines = 250;
   constexpr int kRequests = 1000;
@@ -284,7 +284,8 @@ TEST_F(Painting, happens_once_for_each_exposure) {
   Start();
   const HWND engineWindow = FindEngineWindow();
   EXPECT_TRUE(WaitUntil([&] { return GetUpdateRect(engineWindow, nullptr, FALSE) == 0; }));
-  SendMessageA(engineWindow, WM_NULL, 0, 0);  // answered after the painting that made it valid
+  SendMessageA(engineWindow, WM_NULL, 0,
+               0);  // answered after the painting that validated the window
   journal.Clear();
   InvalidateRect(engineWindow, nullptr, TRUE);
   WaitForLine("PaintWindow");

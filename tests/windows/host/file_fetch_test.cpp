@@ -35,7 +35,7 @@ class FileFetch : public HostThreads {
   OctetString bytes;
 };
 
-TEST_F(FileFetch, copies_exactly_the_bytes_and_gives_the_buffer_back) {
+TEST_F(FileFetch, copies_exactly_the_bytes_and_releases_the_buffer) {
   const std::string content("four\0bytes and more", 18);
   host.Serve("dir/file", content);
   FetchOnWorker("dir/file");
@@ -104,7 +104,7 @@ TEST_F(FileFetch, asks_again_every_half_second_until_the_file_is_there) {
   EXPECT_GE(times[2] - times[1], 480ms);
 }
 
-TEST_F(FileFetch, gives_up_when_the_engine_may_not_run) {
+TEST_F(FileFetch, fails_when_the_engine_may_not_run) {
   host.Serve("there", "content");
   substitutes.onStartEngine = [this] {
     RequestRestart(RestartReason::QuitWithoutParent);
@@ -117,7 +117,7 @@ TEST_F(FileFetch, gives_up_when_the_engine_may_not_run) {
   EXPECT_EQ(host.CountOf("ReadFile there"), 0);
 }
 
-TEST_F(FileFetch, gives_up_within_one_pause_when_a_close_is_asked_for) {
+TEST_F(FileFetch, fails_within_one_pause_after_a_close_request) {
   host.Answer("never", kMHEG5FileNotYetAvailable);
   substitutes.onStartEngine = [this] {
     isFetched = FetchFile("never", &bytes);

@@ -18,7 +18,7 @@ void HostThreads::StartWithoutWaiting() { ASSERT_EQ(RunMHEG5Window(&host, window
 
 void HostThreads::Start() {
   StartWithoutWaiting();
-  // The first copy shows "Please Wait", the second one what the start has led to.
+  // The first copy shows "Please Wait", the second one the result of the start.
   WaitForLine("DeviceUpdate", 2);
   ASSERT_TRUE(WaitUntil([] { return FindEngineWindow() != nullptr; }));
 }

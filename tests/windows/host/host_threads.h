@@ -1,4 +1,5 @@
-// The fixture of tests that run the host's threads with stand-ins for what those call.
+// The fixture of tests that run the host's threads with substitutes for the engine core and the
+// presentation.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -21,18 +22,18 @@ class HostThreads : public testing::Test {
 
   // Starts the engine and waits until its first start is over.
   void Start();
-  // Starts the engine and returns when its thread has been made.
+  // Starts the engine and returns when its thread has been created.
   void StartWithoutWaiting();
   // Closes the engine and waits for its thread. Safe when none runs.
   void Close();
 
-  // Posts to the engine window. The engine handles what is posted in this order.
+  // Posts to the engine window. The engine handles the messages in this order.
   void Post(UINT message, WPARAM wParam = 0);
   void PostKeys(const std::vector<WPARAM>& virtualKeys);
-  // Posts a restart that does nothing else, and waits until it has been handled: what was posted
-  // before it has been handled then as well.
+  // Posts a restart and waits until it has been handled, and with it everything that was posted
+  // before.
   void FinishPosted();
-  // Waits until the journal has this line so many times.
+  // Waits until the journal has this line `count` times.
   void WaitForLine(const std::string& line, int count = 1);
 
   // The journal without the lines that the engine thread writes when it paints.

@@ -1,4 +1,4 @@
-// Which keys of the keyboard reach content, and as what.
+// Which keys of the keyboard content receives, and as which key numbers.
 #include <gmock/gmock.h>
 
 #include <cstdio>
@@ -65,7 +65,7 @@ TEST_F(Keys, are_dropped_while_ctrl_and_alt_are_both_down) {
   EXPECT_THAT(Raised(), ElementsAre("6 7"));
 }
 
-TEST_F(Keys, are_taken_again_when_alt_is_released_first) {
+TEST_F(Keys, are_raised_again_when_alt_is_released_first) {
   Start();
   PostKeys({kCtrl, kAlt, kDigit1});
   ReleaseKeys({kAlt});
@@ -74,7 +74,7 @@ TEST_F(Keys, are_taken_again_when_alt_is_released_first) {
   EXPECT_THAT(Raised(), ElementsAre("6 7"));
 }
 
-TEST_F(Keys, are_taken_again_when_the_window_loses_the_focus) {
+TEST_F(Keys, are_raised_again_when_the_window_loses_the_focus) {
   Start();
   PostKeys({kCtrl, kAlt, kDigit1});
   Post(WM_KILLFOCUS);

@@ -1,5 +1,4 @@
-// The stand-ins for the doorways of the engine core and the presentation, as far as the host's
-// threads use them.
+// Replaces the functions of the engine core and the presentation that the host's threads call.
 #include "windows/host/substitutes.h"
 
 #include <algorithm>

@@ -1,6 +1,5 @@
-// Stand-ins for the engine core and the presentation: they record what the host's threads ask of
-// them, in order, and do what a test has written down. With them, a test sees the order of calls
-// that no picture shows.
+// Substitutes for the engine core and the presentation: they record the calls of the host's threads
+// in order, and do what a test has set. So a test sees an order of calls that no picture shows.
 #pragma once
 
 #include <cstdint>
@@ -28,7 +27,7 @@ class Journal {
 struct Substitutes {
   Journal journal;
   // Called on the worker inside StartEngine and RaiseOutsideEvent, and on the calling thread with
-  // every line that is written. To be set while the worker idles.
+  // every line. Set them while the worker is idle.
   std::function<Status()> onStartEngine;
   std::function<void(std::int32_t value)> onRaise;
   std::function<void(const std::string& line)> onLine;

@@ -14,7 +14,7 @@ constexpr std::int32_t kEnterRaised = 15;
 constexpr std::uint32_t kTimer = 7;
 constexpr std::uint32_t kLaterTimer = 8;
 
-// `setUp` runs on the worker, inside the handling of a key.
+// `setUp` runs on the worker, while it handles a key.
 class WindowTimers : public HostThreads {
  protected:
   void RunOnWorker(std::function<void()> setUp) {
@@ -65,7 +65,7 @@ TEST_F(WindowTimers, killed_do_not_fire) {
   EXPECT_THAT(Raised(), ElementsAre("6 15", "8 8"));
 }
 
-TEST_F(WindowTimers, killed_take_their_queued_expiries_along) {
+TEST_F(WindowTimers, killed_remove_their_queued_expiries) {
   Start();
   RunOnWorker([] {
     Expire(kTimer);
@@ -76,7 +76,7 @@ TEST_F(WindowTimers, killed_take_their_queued_expiries_along) {
   EXPECT_THAT(Raised(), ElementsAre("6 15", "8 8"));
 }
 
-TEST_F(WindowTimers, set_again_do_not_fire_by_an_expiry_queued_before) {
+TEST_F(WindowTimers, set_again_remove_expiries_queued_before) {
   Start();
   RunOnWorker([] {
     Expire(kTimer);

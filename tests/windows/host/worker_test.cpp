@@ -1,4 +1,4 @@
-// What the worker does at its start, for each queued message, and at its end, in which order.
+// The order of the worker's calls at its start, for each queued message, and at its end.
 #include <gmock/gmock.h>
 
 #include <filesystem>
@@ -166,7 +166,7 @@ TEST_F(Worker, comes_back_from_no_service_when_a_restart_succeeds) {
   EXPECT_TRUE(WaitUntil(MayRun));
 }
 
-TEST_F(Worker, clears_the_surface_and_the_flag_when_a_restart_is_asked_for) {
+TEST_F(Worker, clears_the_surface_and_the_flag_on_a_restart_request) {
   Start();
   bool mayRunAfter = true;
   journal.Clear();
@@ -181,7 +181,7 @@ TEST_F(Worker, clears_the_surface_and_the_flag_when_a_restart_is_asked_for) {
   EXPECT_EQ(journal.CountOf("EmptyPersistentStore"), 1);
 }
 
-TEST_F(Worker, ends_by_closing_down_and_then_giving_everything_back) {
+TEST_F(Worker, ends_by_closing_down_and_then_releasing_everything) {
   host.onCall = [this](const std::string& name) { journal.Write("host " + name); };
   Start();
   journal.Clear();

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 class Boundary : public Engine {
  protected:
-  // A host that never has the start-up application keeps the worker asking.
+  // A host that never has the start-up application makes the worker ask again and again.
   void StartWaitingForFile() {
     host.Answer("a", kMHEG5FileNotYetAvailable);
     Start();
@@ -71,7 +71,7 @@ TEST_F(Boundary, a_start_without_the_functions_that_the_engine_never_calls_is_ac
   Close();
 }
 
-TEST_F(Boundary, a_second_start_is_refused_while_an_engine_lives) {
+TEST_F(Boundary, a_second_start_is_refused_while_an_engine_exists) {
   StartWaitingForFile();
   RecordingHost other;
   EXPECT_EQ(library.Run(&other, window.Handle()), 1U);
@@ -133,7 +133,7 @@ TEST_F(Boundary, a_host_that_never_has_the_file_is_asked_until_the_close) {
   EXPECT_EQ(ReadsOf("startup"), 0) << "the first name had not failed yet";
 }
 
-TEST_F(Boundary, the_host_object_is_taken_and_given_back_in_order) {
+TEST_F(Boundary, the_host_object_is_kept_and_released_in_order) {
   host.Serve("a", "no group");
   std::atomic<int> closesBeforeRelease = -1;
   host.onCall = [&](const std::string& name) {
@@ -164,7 +164,7 @@ TEST_F(Boundary, the_host_object_is_called_on_the_threads_it_expects) {
   }
 }
 
-TEST_F(Boundary, each_success_and_no_failure_gives_its_buffer_back) {
+TEST_F(Boundary, each_success_and_no_failure_releases_its_buffer) {
   ServeScene("");
   host.Serve("startup", "never read");
   Start();
@@ -174,7 +174,7 @@ TEST_F(Boundary, each_success_and_no_failure_gives_its_buffer_back) {
   EXPECT_EQ(host.CountOf("FreeBuffer"), 2);
 }
 
-TEST_F(Boundary, missing_start_up_files_are_looked_for_twice) {
+TEST_F(Boundary, missing_start_up_files_are_read_twice) {
   Start();
   WaitForRead("startup", 2);
   Close();
@@ -278,7 +278,7 @@ TEST_F(Boundary, every_waiting_thread_returns_when_the_engine_has_closed) {
   EXPECT_EQ(returned, 4);
 }
 
-// An ended thread can be opened by its number for as long as somebody holds a handle of it.
+// An ended thread can be opened by its number while any handle of it exists.
 TEST_F(Boundary, no_handle_of_the_threads_is_left_when_the_host_never_waits) {
   StartWaitingForFile();
   const DWORD engineThread = GetWindowThreadProcessId(engineWindow, nullptr);
@@ -296,7 +296,7 @@ TEST_F(Boundary, no_handle_of_the_threads_is_left_when_the_host_never_waits) {
   EXPECT_TRUE(WaitUntil([&] { return !canBeOpened(engineThread); }));
 }
 
-// A copy under another name, so that this test holds the only reference of the program.
+// A copy under another name, so that this test holds the program's only reference.
 TEST_F(Boundary, the_library_may_be_unloaded_in_the_handler_of_the_closed_message) {
   constexpr const char* kCopy = "korvel_unloaded.dll";
   ASSERT_NE(CopyFileA("korvel.dll", kCopy, FALSE), 0);

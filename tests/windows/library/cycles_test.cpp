@@ -1,4 +1,5 @@
-// Starting and closing over and over, with the close at any moment: nothing may hang or be left.
+// Starts and closes many times, with the close at any moment: nothing may hang, and no resources
+// may remain.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -10,7 +11,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A scene that redraws and sets its own timer again for ever.
+// A scene that redraws and sets its own timer again endlessly.
 constexpr const char* kBusyScene = R"(
     {:Rectangle 1 :OrigBoxSize 700 500 :OrigRefFillColour '=FF=00=00=00'}
     {:Text 2 :OrigContent "busy" :OrigBoxSize 700 500}
@@ -22,7 +23,7 @@ constexpr const char* kBusyScene = R"(
 
 class Cycles : public Engine {
  protected:
-  // Until the moment at which the close is asked for the thread only looks for the window.
+  // Until the moment of the close request the thread only looks for the window.
   void CloseAfter(std::chrono::milliseconds delay) {
     const auto moment = std::chrono::steady_clock::now() + delay;
     ASSERT_TRUE(WaitUntil([&] {
@@ -36,7 +37,8 @@ class Cycles : public Engine {
     EXPECT_EQ(host.HeldReferences(), 0);
     EXPECT_EQ(host.HeldBuffers(), 0);
   }
-  // Counted with the engine's two running, for an ending one may still be there for a moment.
+  // Counted while the engine's two threads run, because an ending one may exist for a moment
+  // longer.
   int CountThreadsWithoutEngine() {
     ++cycle;
     Start();
@@ -45,8 +47,9 @@ class Cycles : public Engine {
     CloseAfter(0ms);
     return threads;
   }
-  // One request, by each of the ways in turn. A window that is found but not shown yet may still be
-  // in the making, and the library then takes no request: only the window itself can be asked.
+  // One request, in each of the ways in turn. A window that is found but not shown yet may still be
+  // under construction; the library then accepts no request, and only the window itself can be
+  // asked.
   void AskToClose() {
     switch (IsWindowVisible(engineWindow) != 0 ? cycle % 4 : 2) {
     case 0: library.Exit(); break;

@@ -17,12 +17,12 @@ namespace korvel::test {
 class Engine : public testing::Test {
  protected:
   Engine() : Engine(TheLibrary()) {}
-  // For a variant of the library, which must live for ever.
+  // For a variant of the library, which must outlive the fixture.
   explicit Engine(const Library& played) : library(played) {}
   ~Engine() override;
 
   // Serves an application "a" that enters the scene "s", which has these items in the textual
-  // notation. No key is kept from the scene.
+  // notation. The scene receives every key.
   void ServeScene(const std::string& items);
   // Serves a scene of that name with these items; they may be empty.
   void ServeScene(const std::string& name, const std::string& items);
@@ -31,15 +31,15 @@ class Engine : public testing::Test {
   void Start();
   // The same for an engine that has been started already.
   void WaitForWindow();
-  // Closes the engine and waits until the host window has been told and the thread has ended.
+  // Closes the engine and waits until the host window has been notified and the thread has ended.
   void Close();
 
   void Post(UINT message, WPARAM wParam = 0) const;
   void PressKey(WPARAM virtualKey) const { Post(WM_KEYDOWN, virtualKey); }
   [[nodiscard]] COLORREF Shown(int x, int y) const { return ShownPixel(engineWindow, x, y); }
-  // Waits until the window shows this colour there.
+  // Waits until the pixel of the window has the colour.
   void WaitForColour(int x, int y, COLORREF colour) const;
-  // Waits until the host has been asked for the file so many times.
+  // Waits until the engine has read the file that many times.
   void WaitForRead(const std::string& path, int count = 1) const;
   [[nodiscard]] int ReadsOf(const std::string& path) const {
     return host.CountOf("ReadFile " + path);

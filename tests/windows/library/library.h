@@ -1,4 +1,4 @@
-// The library as a host program sees it: loaded at run time, its four functions found by name.
+// The library as a host program loads it: at run time, with its four functions found by name.
 #pragma once
 
 #include "korvel.h"
@@ -12,11 +12,11 @@ struct Library {
   decltype(&MHEG5WaitForClose) WaitForClose = nullptr;
 };
 
-// The functions of a loaded library. A function that cannot be found is null, and the test that
-// uses it ends.
+// The functions of a loaded library. A function that cannot be found is null, and ends the test
+// that uses it.
 Library FindFunctions(HMODULE module);
 
-// Loads korvel.dll from the current directory once and for all.
+// Loads korvel.dll from the current directory, once for the process.
 const Library& TheLibrary();
 
 }  // namespace korvel::test

@@ -1,5 +1,5 @@
-// The library without the picture that stands for broadcast video, as if its resources had been
-// left out or damaged.
+// The library without the picture that replaces broadcast video, as if its resources were missing
+// or damaged.
 #include <array>
 #include <fstream>
 #include <iterator>
@@ -31,7 +31,7 @@ bool MakeCopy() {
   return true;
 }
 
-// Loaded once and for all, as the library itself is.
+// Loaded once, as the library itself is.
 const Library& LibraryWithoutPicture() {
   static const Library library =
       MakeCopy() ? FindFunctions(LoadLibraryA(CopyPath().c_str())) : Library{};
@@ -43,9 +43,9 @@ class MissingPictureTest : public Engine {
   MissingPictureTest() : Engine(LibraryWithoutPicture()) {}
 };
 
-// A video between a blue ground and a lamp, which the event of a missing picture turns from green
-// to red before it is drawn.
-TEST_F(MissingPictureTest, shows_what_lies_below_the_video_and_raises_the_event) {
+// A video between a blue background and a lamp. The event of a missing picture turns the lamp from
+// green to red before it is drawn.
+TEST_F(MissingPictureTest, shows_the_objects_below_the_video_and_raises_the_event) {
   ASSERT_NE(library.Run, nullptr);
   ServeScene(R"(
     {:Rectangle 1 :OrigBoxSize 720 576 :OrigLineWidth 0 :OrigRefFillColour '=00=00=FF=00'}
@@ -70,8 +70,8 @@ TEST_F(MissingPictureTest, shows_what_lies_below_the_video_and_raises_the_event)
   Close();
 }
 
-// As above, but nothing of the video could be seen: the lamp stays green.
-TEST_F(MissingPictureTest, is_not_missed_by_a_video_without_area) {
+// As above, but the video has no area: the lamp stays green.
+TEST_F(MissingPictureTest, is_not_reported_for_a_video_without_area) {
   ASSERT_NE(library.Run, nullptr);
   ServeScene(R"(
     {:Stream 2 :OrigContent :ContentRef ("dvb://1") :Multiplex (

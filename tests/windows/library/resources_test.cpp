@@ -1,4 +1,4 @@
-// What the library carries besides code, found as other programs find it.
+// The resources of the library, found as other programs find them.
 #include <gtest/gtest.h>
 
 #include <string_view>

@@ -1,6 +1,6 @@
-// Timers of content, from the action that sets them to the picture that their expiry changes: by
-// the platform's own timers, through the window and its queue. Whether one has not fired is known
-// once another one, due later, has.
+// Timers of content, from the action that sets them to the picture that their expiry changes, by
+// way of the platform's own timers, the window and its queue. A timer has not fired if another one
+// that is due later has.
 #include "windows/library/engine_fixture.h"
 
 namespace korvel::test {
@@ -24,8 +24,8 @@ std::string OnKey(int number, const std::string& actions) {
   return Link(number, "UserInput :EventData " + std::to_string(kOK), actions);
 }
 
-// What each scene here is made of: every expiry of timer 1 makes a red bar 10 pixels longer, and
-// every expiry of timer 2 a blue one. Where both bars lie, the one whose timer came last is seen.
+// In each scene here every expiry of timer 1 makes a red bar 10 pixels longer, and every expiry of
+// timer 2 a blue one. Of two overlapping bars, the one whose timer fired last is visible.
 std::string Bars() {
   const auto bar = [](const std::string& number, const std::string& colour, int y) {
     return "{:IntegerVar 2" + number + " :OrigValue 0} {:Rectangle 1" + number +
@@ -62,12 +62,12 @@ class LibraryTimers : public Engine {
     Start();
     WaitForColour(710, 10, kRed);
   }
-  // A mark that stands when the scene runs, so that keys are not pressed before.
+  // A mark that appears when the scene runs, so that keys are not pressed before.
   static std::string Ready() {
     return "{:Rectangle 60 :OrigBoxSize 20 20 :OrigPosition 700 0 :OrigLineWidth 0"
            " :OrigRefFillColour '=FF=00=00=00'} ";
   }
-  // Waits until a timer has fired at least so often.
+  // Waits until a timer has fired at least that many times.
   void WaitForExpiries(int timer, int count) const {
     WaitForColour(10 * count - 5, timer == 1 ? 10 : 50, timer == 1 ? kRed : kBlue);
   }
@@ -121,8 +121,8 @@ TEST_F(LibraryTimers, set_again_before_they_are_due_fire_once_at_the_second_time
   EXPECT_EQ(Last(), kRed);
 }
 
-// The group that is not there keeps the worker busy for half a second; meanwhile the expiry of
-// timer 1 is queued. Then the second link for the key cancels it.
+// The missing group keeps the worker busy for half a second; meanwhile the expiry of timer 1 is
+// queued. Then the second link for the key cancels it.
 TEST_F(LibraryTimers, cancelled_while_their_expiry_is_queued_do_not_fire) {
   StartWithKey(":SetTimer(0 1 100) :TransitionTo((\"~/missing\" 0))",
                OnKey(51, ":SetTimer(0 1) :SetTimer(0 2 100)"));
@@ -149,15 +149,15 @@ TEST_F(LibraryTimers, of_the_next_scene_are_not_those_of_the_last_one) {
   ExpectExpiries(1, 1);
 }
 
-TEST_F(LibraryTimers, of_the_application_are_never_told) {
+TEST_F(LibraryTimers, of_the_application_never_fire) {
   StartWithKey(":SetTimer((\"~/a\" 0) 1 50) :SetTimer(0 2 300)");
   PressKey(kEnter);
   WaitForExpiries(2, 1);
   ExpectExpiries(1, 0);
 }
 
-// Both kinds share the numbers of the platform's timers: the application's never comes.
-TEST_F(LibraryTimers, of_the_scene_take_the_number_from_the_application) {
+// Both kinds share the numbers of the platform's timers, so the application's never fires.
+TEST_F(LibraryTimers, of_the_scene_replace_those_of_the_application) {
   StartWithKey(":SetTimer((\"~/a\" 0) 1 50) :SetTimer(0 1 500) :SetTimer(0 2 200)");
   PressKey(kEnter);
   WaitForExpiries(2, 1);
@@ -173,8 +173,8 @@ TEST_F(LibraryTimers, for_a_time_before_the_scene_do_not_fire) {
   ExpectExpiries(1, 0);
 }
 
-// An absolute time is counted from the start of the process, and a scene is entered later than
-// that: what is left of it at the entry is what the timer waits.
+// An absolute time is counted from the start of the process. A scene is entered later, and the
+// timer waits for the rest.
 TEST_F(LibraryTimers, for_a_time_after_the_scene_fire_then) {
   const std::string later = std::to_string(ProcessAgeMs() + 4000);
   StartWithKey(":SetTimer(0 1 " + later + " :AbsoluteTime TRUE) :SetTimer(0 2 200)");

@@ -1,4 +1,4 @@
-// The engine's window: its looks, what it shows, and what keys and timers do to it.
+// The engine's window: its style, its contents, and its reaction to keys and timers.
 #include <gmock/gmock.h>
 
 #include <array>
@@ -13,7 +13,7 @@ namespace {
 constexpr COLORREF kBlack = RGB(0, 0, 0);
 constexpr COLORREF kRed = RGB(255, 0, 0);
 constexpr COLORREF kBlue = RGB(0, 0, 255);
-constexpr COLORREF kForeign = RGB(1, 254, 3);  // no scene here has it
+constexpr COLORREF kForeign = RGB(1, 254, 3);  // no scene here contains it
 
 constexpr WPARAM kEnter = 13;
 
@@ -31,7 +31,7 @@ std::string LinkOnKey(int number, int key, const std::string& actions) {
 
 class EngineWindowTest : public Engine {
  protected:
-  // The pixels in the colour of the fixed screens' texts, where those stand.
+  // The pixels in the colour of the fixed screens' texts, in the area of those texts.
   [[nodiscard]] int CountTextPixels() const {
     int count = 0;
     HDC deviceContext = GetDC(engineWindow);
@@ -43,7 +43,7 @@ class EngineWindowTest : public Engine {
     ReleaseDC(engineWindow, deviceContext);
     return count;
   }
-  // How far to the right those texts reach.
+  // The right edge of those texts.
   [[nodiscard]] int RightEndOfText() const {
     HDC deviceContext = GetDC(engineWindow);
     int end = 0;
@@ -55,8 +55,8 @@ class EngineWindowTest : public Engine {
     ReleaseDC(engineWindow, deviceContext);
     return end;
   }
-  // Somebody else's paint, which only a new copy of the picture takes away. Painted until it stays:
-  // the window may have a copy of its own under way.
+  // Foreign paint, which only a new copy of the picture removes. Painted until it stays: the window
+  // may be about to show a copy of its own.
   void PaintOver(COLORREF colour) const {
     ASSERT_TRUE(WaitUntil([&] {
       HDC deviceContext = GetDC(engineWindow);
@@ -70,7 +70,7 @@ class EngineWindowTest : public Engine {
   }
 };
 
-TEST_F(EngineWindowTest, has_the_title_style_and_place_of_old) {
+TEST_F(EngineWindowTest, has_the_fixed_title_style_and_position) {
   host.Answer("a", kMHEG5FileNotYetAvailable);
   Start();
   std::array<char, 64> title{};
@@ -156,7 +156,7 @@ TEST_F(EngineWindowTest, shows_what_a_key_has_changed) {
   WaitForColour(100, 100, kRed);
 }
 
-// The probe's file is asked for in the middle of the link's effect, on the worker.
+// The file of the probe is read in the middle of the link's effect, on the worker.
 TEST_F(EngineWindowTest, paints_the_first_request_of_a_key_at_once_and_of_a_timer_afterwards) {
   ServeScene(FilledRectangle(1, "=FF=00=00=00") +
              FilledRectangle(2, "=00=00=FF=00", ":InitiallyActive FALSE") +
@@ -181,7 +181,7 @@ TEST_F(EngineWindowTest, paints_the_first_request_of_a_key_at_once_and_of_a_time
   WaitForColour(100, 100, kBlue);
 }
 
-TEST_F(EngineWindowTest, survives_a_second_run_in_the_same_process) {
+TEST_F(EngineWindowTest, shows_the_scene_in_every_run_of_a_process) {
   ServeScene(FilledRectangle(1, "=FF=00=00=00"));
   for (int run = 0; run < 3; ++run) {
     Start();
@@ -208,7 +208,7 @@ TEST_F(EngineWindowTest, shows_no_service_when_no_application_is_found) {
 
 void WINAPI ReadStoppedWallClock(FILETIME* time) { *time = {0, 0x01DB'0000}; }
 
-// A start-up file that is no group fails within a tick of the wall clock.
+// A start-up file that is not a group fails within a tick of the wall clock.
 TEST_F(EngineWindowTest, shows_no_service_at_once_when_the_start_up_file_is_broken) {
   host.Answer("a", kMHEG5FileNotYetAvailable);
   Start();
@@ -225,7 +225,7 @@ TEST_F(EngineWindowTest, shows_no_service_at_once_when_the_start_up_file_is_brok
   Close();
 }
 
-// The failed start has left the picture alone: the first key after it shows nothing either.
+// The failed start has not changed the picture: the first key after it shows nothing either.
 TEST_F(EngineWindowTest, shows_no_text_when_the_start_after_a_quit_fails) {
   ServeScene(FilledRectangle(1, "=FF=00=00=00") + LinkOnKey(2, 15, ":Quit((\"~/a\" 0))"));
   Start();

@@ -1,4 +1,4 @@
-// The decoder of I-frames as the engine reaches it: the library by its name, the function by its
+// The decoder of I-frames as the engine calls it: the library by its name, the function by its
 // ordinal, the stream in a file and the frame in the caller's buffer.
 #include <windows.h>
 
@@ -65,7 +65,7 @@ class Ordinal : public testing::Test {
   std::vector<std::uint8_t> planes_ = std::vector<std::uint8_t>(kFrameBytes + 64, kUntouched);
 };
 
-// A frame of 32 x 32 with one colour in each of its rows of macroblocks that is asked for.
+// A frame of 32 x 32 that has one colour in each of the requested rows of macroblocks.
 std::vector<std::uint8_t> Stream(unsigned rows) {
   StreamWriter stream({});
   stream.Headers();
@@ -87,7 +87,7 @@ TEST_F(Ordinal, decodes_the_file_into_the_callers_buffer) {
   EXPECT_EQ(planes_[kFrameBytes - 1], 200);
 }
 
-TEST_F(Ordinal, leaves_black_what_is_missing_or_refused) {
+TEST_F(Ordinal, missing_and_refused_parts_are_black) {
   Write(Stream(1));
   EXPECT_EQ(Decode(), kDamaged);
   EXPECT_EQ(planes_[0], 50);
@@ -98,23 +98,25 @@ TEST_F(Ordinal, leaves_black_what_is_missing_or_refused) {
   EXPECT_EQ(planes_[kFrameBytes - 1], 128);
 }
 
-TEST_F(Ordinal, writes_nothing_where_the_size_is_unknown) {
+TEST_F(Ordinal, writes_nothing_if_the_size_is_unknown) {
   EXPECT_EQ(Decode(), kRefused);  // there is no file
   Write({'G', 'I', 'F', '8', '9', 'a', 0, 1, 2, 3});
   EXPECT_EQ(Decode(), kRefused);
   EXPECT_EQ(planes_[0], kUntouched);
 }
 
-TEST_F(Ordinal, bears_callers_without_path_or_buffer) {
+TEST_F(Ordinal, decodes_for_the_next_caller_after_refusing_one_without_path_or_buffer) {
   std::uint8_t* none = nullptr;
   std::uint8_t* buffer = planes_.data();
   EXPECT_EQ(decode_(nullptr, &buffer, 1), kRefused);
   EXPECT_EQ(decode_(path_.c_str(), nullptr, 1), kRefused);
   EXPECT_EQ(decode_(path_.c_str(), &none, 1), kRefused);
+  Write(Stream(2));
+  EXPECT_EQ(Decode(), kDone);
 }
 
-// The engine loads the library anew for each picture.
-TEST_F(Ordinal, is_there_again_after_the_library_was_unloaded) {
+// The engine unloads the library when it closes, and loads it again after the next start.
+TEST_F(Ordinal, can_be_loaded_again_after_the_library_was_unloaded) {
   Write(Stream(2));
   for (int round = 0; round < 50; ++round) {
     FreeLibrary(module_);

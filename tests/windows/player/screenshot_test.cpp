@@ -1,5 +1,5 @@
-// Pictures of windows whose client area is not the size of a scene, which the system's frame
-// decides.
+// Pictures of windows whose client area does not have the size of a scene, because of the system's
+// frame.
 #include "player/screenshot.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ constexpr std::uint32_t kColourBits = 0xFFFFFF;
 
 }  // namespace
 
-// A window without a frame, white all over.
+// A white window without a frame.
 class ScreenshotTest : public testing::Test {
  protected:
   ~ScreenshotTest() override { DestroyWindow(window_); }
@@ -29,7 +29,7 @@ class ScreenshotTest : public testing::Test {
     ASSERT_TRUE(Capture(window_, picture_));
   }
 
-  // White within so many columns and rows from the top left, black elsewhere.
+  // White in the given number of columns and rows from the top left, black elsewhere.
   void ExpectWhite(int columns, int rows) const {
     ASSERT_EQ(picture_.pixels.size(), std::size_t{kWidth} * kHeight);
     for (int y = 0; y < kHeight; ++y) {

@@ -206,7 +206,7 @@ TEST_F(BitmapTest, files_that_are_not_pictures_are_missing) {
 }
 
 TEST_F(BitmapTest, a_picture_that_claims_to_be_huge_is_missing) {
-  // A PNG whose header says 60,000 x 60,000 and that is otherwise in order.
+  // A PNG whose header claims 60,000 x 60,000 and that is otherwise valid.
   std::string png = Encoded(QuarteredBmp(40, 40), L"image/png");
   const std::string side("\x00\x00\xEA\x60", 4);
   png.replace(16, 8, side + side);
@@ -241,7 +241,7 @@ TEST_F(BitmapTest, an_ordinary_box_is_drawn_after_extreme_boxes_and_scales) {
   EXPECT_TRUE(Paint().IsAll({100, 100, 120, 120}, kRed)) << "the next ordinary box";
 }
 
-TEST_F(BitmapTest, painting_many_times_keeps_no_memory) {
+TEST_F(BitmapTest, painting_many_times_does_not_leak) {
   const auto committed = [] {
     MEMORYSTATUSEX status{};
     status.dwLength = sizeof(status);

@@ -1,4 +1,4 @@
-// Dynamic line art: its canvas with each painting operation, and how the redraw shows it.
+// Dynamic line art: its canvas with each drawing operation, and how the redraw shows it.
 #include "presentation/line_art.h"
 
 #include "platform/canvases.h"
@@ -34,7 +34,7 @@ class CanvasTest : public Stage {
   LineAttributes red{.Width = 1, .Style = LineStyle::Solid, .Ink = kOpaqueRed};
 };
 
-TEST_F(CanvasTest, a_new_canvas_shows_what_lies_below) {
+TEST_F(CanvasTest, a_new_canvas_is_transparent) {
   Rectangle below;
   Place(below, 0, 0, 720, 576);
   Fill(below, kBlueBytes);
@@ -49,7 +49,7 @@ TEST_F(CanvasTest, a_line_runs_from_point_to_point) {
   const Area ink = Ink();
   EXPECT_EQ(ink.left, 110);
   EXPECT_EQ(ink.top, 120);
-  EXPECT_NEAR(ink.right, 160, 1);  // whether a line includes its last pixel is GDI+'s affair
+  EXPECT_NEAR(ink.right, 160, 1);  // GDI+ decides whether a line includes its last pixel
   EXPECT_EQ(ink.bottom, 121);
 }
 
@@ -71,7 +71,7 @@ TEST_F(CanvasTest, a_rectangle_has_its_border_inside_and_its_fill_inside_of_that
   EXPECT_TRUE(picture.IsAll({114, 114, 116, 116}, kGreen));
 }
 
-TEST_F(CanvasTest, an_oval_is_its_fill_alone) {
+TEST_F(CanvasTest, an_oval_is_only_its_fill) {
   CanvasOval({20, 10}, 100, 60, kOpaqueGreen, lineArt.Canvas);
   const Pixels picture = Paint();
   const Area ink = picture.Extent(kWholeScene);
@@ -83,7 +83,7 @@ TEST_F(CanvasTest, an_oval_is_its_fill_alone) {
   EXPECT_EQ(picture.At(121, 111), kBlack) << "the corner of its box";
 }
 
-TEST_F(CanvasTest, an_oval_without_a_fill_leaves_no_mark) {
+TEST_F(CanvasTest, an_oval_without_a_fill_draws_nothing) {
   CanvasOval({20, 10}, 100, 60, kTransparentColour, lineArt.Canvas);
   EXPECT_EQ(Ink(), Area{});
 }
@@ -101,7 +101,7 @@ TEST_F(CanvasTest, a_positive_arc_runs_counter_clockwise_from_its_start) {
 TEST_F(CanvasTest, the_ellipse_of_an_arc_is_the_box_less_the_line_on_every_side) {
   red.Width = 6;
   CanvasArc({50, 0}, 100, 100, 0, 360, red, kTransparentColour, ArcForm::Arc, lineArt.Canvas);
-  const Area ink = Ink();  // the middle of the line lies 6 inside, its outer side 3
+  const Area ink = Ink();  // the middle of the line is 6 inside, its outer side 3
   EXPECT_NEAR(ink.left, 153, 1);
   EXPECT_NEAR(ink.right, 247, 1);
   EXPECT_NEAR(ink.top, 103, 1);
@@ -148,7 +148,7 @@ TEST_F(CanvasTest, a_sector_whose_line_has_no_width_is_its_fill) {
   }
 }
 
-TEST_F(CanvasTest, a_line_without_width_leaves_no_mark) {
+TEST_F(CanvasTest, a_line_without_width_draws_nothing) {
   const CanvasPoint corners[] = {{10, 20}, {59, 20}, {40, 90}};
   for (const int width : {0, -1}) {
     red.Width = width;
@@ -231,13 +231,13 @@ TEST_F(CanvasTest, lines_of_style_2_are_dashed_and_of_style_3_dotted) {
   EXPECT_GT(dotted, 0);
 }
 
-TEST_F(CanvasTest, dashes_of_lines_that_leave_the_canvas_stay_dashes_in_their_places) {
+TEST_F(CanvasTest, dashes_of_lines_that_leave_the_canvas_do_not_move) {
   struct Line {
     CanvasPoint from;
     CanvasPoint to;
   };
-  // Each pair looks alike on the canvas: further on at the end, or before the beginning by a
-  // multiple of every period.
+  // The two lines of each pair look the same on the canvas: one of them is longer at its end, or at
+  // its beginning by a multiple of every period.
   const std::pair<Line, Line> pairs[] = {{{{0, 50}, {220, 50}}, {{0, 50}, {2000000000, 50}}},
                                          {{{-48, 50}, {220, 50}}, {{-48000048, 50}, {220, 50}}},
                                          {{{-60, -80}, {300, 400}}, {{-60, -80}, {60000, 80000}}},
@@ -259,7 +259,7 @@ TEST_F(CanvasTest, dashes_of_lines_that_leave_the_canvas_stay_dashes_in_their_pl
   }
 }
 
-TEST_F(CanvasTest, dashes_of_rectangles_that_leave_the_canvas_stay_dashes_in_their_places) {
+TEST_F(CanvasTest, dashes_of_rectangles_that_leave_the_canvas_do_not_move) {
   for (const std::int32_t style : {2, 3}) {
     for (const std::int32_t width : {1, 4}) {
       red.Style = LineStyle{style};
@@ -327,7 +327,7 @@ TEST_F(CanvasTest, a_drawable_area_limits_what_is_drawn) {
   EXPECT_EQ(Ink(), Area{});
 }
 
-TEST_F(CanvasTest, clearing_takes_everything_away_and_keeps_the_size) {
+TEST_F(CanvasTest, clearing_removes_everything_and_keeps_the_size) {
   CanvasRectangle({0, 0}, {200, 100}, red, kOpaqueGreen, lineArt.Canvas);
   lineArt.BoxSize = {50, 50};
   Clear();
@@ -336,7 +336,7 @@ TEST_F(CanvasTest, clearing_takes_everything_away_and_keeps_the_size) {
   EXPECT_EQ(Ink(), (Area{100, 100, 300, 200}));
 }
 
-TEST_F(CanvasTest, without_a_canvas_every_operation_is_done_and_draws_nothing) {
+TEST_F(CanvasTest, without_a_canvas_every_operation_draws_nothing) {
   const CanvasPoint corners[] = {{0, 0}, {9, 9}, {0, 9}};
   CanvasLine({0, 0}, {9, 9}, red, nullptr);
   CanvasRectangle({0, 0}, {9, 9}, red, kOpaqueGreen, nullptr);
@@ -353,7 +353,7 @@ TEST_F(CanvasTest, without_a_canvas_every_operation_is_done_and_draws_nothing) {
   EXPECT_EQ(Ink(), Area{});
 }
 
-TEST_F(CanvasTest, sizes_without_area_or_beyond_reason_make_no_canvas) {
+TEST_F(CanvasTest, sizes_without_area_or_beyond_the_limit_make_no_canvas) {
   constexpr std::int32_t kLargest = 0x7FFFFFFF;
   EXPECT_EQ(NewCanvas(0, 10), nullptr);
   EXPECT_EQ(NewCanvas(10, 0), nullptr);
@@ -396,6 +396,11 @@ TEST_F(CanvasTest, the_largest_numbers_take_no_time) {
     }
   }
   EXPECT_LT(ProcessorMs() - start, 54 * 250U) << "a quarter of a second an operation";
+  Clear();
+  red.Style = LineStyle::Solid;
+  red.Width = 2;
+  CanvasRectangle({10, 10}, {20, 20}, red, kOpaqueGreen, lineArt.Canvas);
+  EXPECT_EQ(Ink(), (Area{110, 110, 120, 120})) << "the next ordinary rectangle";
 }
 
 }  // namespace korvel::test

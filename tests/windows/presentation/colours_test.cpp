@@ -1,4 +1,4 @@
-// The reduction of colours: absolute, from palettes, and where they are not set.
+// Colours of objects: absolute, from palettes, and not set.
 #include "appearance/colours.h"
 
 #include "presentation/gdi_plus.h"
@@ -46,7 +46,7 @@ TEST_F(ColoursTest, strings_of_other_lengths_are_not_set) {
   }
 }
 
-TEST_F(ColoursTest, what_nobody_sets_has_a_value_of_its_own) {
+TEST_F(ColoursTest, colours_that_nothing_sets_have_defaults) {
   EXPECT_EQ(LineColourOf(rectangle, CurrentGroups()), 0x00000000U);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0xFFFFFFFFU);
   EXPECT_EQ(TextColourOf(text, CurrentGroups()), 0xFFFFFF00U);
@@ -56,7 +56,7 @@ TEST_F(ColoursTest, what_nobody_sets_has_a_value_of_its_own) {
   EXPECT_EQ(TextColourOf(text, CurrentGroups()), 0xFFFFFF00U);
 }
 
-TEST_F(ColoursTest, what_the_object_does_not_set_comes_from_the_application) {
+TEST_F(ColoursTest, colours_that_the_object_does_not_set_come_from_the_application) {
   App().Defaults.TextColour = Absolute(kRedBytes);
   App().Defaults.BackgroundColour = Absolute(kGreenBytes);
   App().Defaults.SliderRefColour = Absolute(kBlueBytes);
@@ -162,7 +162,7 @@ TEST_F(ColoursTest, each_palette_reads_its_own_file) {
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x21222324U);
 }
 
-TEST_F(ColoursTest, a_palette_whose_file_is_missing_is_asked_for_again) {
+TEST_F(ColoursTest, a_palette_whose_file_is_missing_is_read_again) {
   AddPalette(App(), 7, "~/p").OriginalContent.IsReferenced = true;
   rectangle.RefFillColour = Indexed(0);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), kTransparentColour);
@@ -178,7 +178,7 @@ TEST_F(ColoursTest, run_time_content_comes_before_the_original) {
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x21222324U);
 }
 
-TEST(Colours, the_transparency_becomes_its_opposite_the_alpha) {
+TEST(Colours, the_alpha_is_255_minus_the_transparency) {
   EXPECT_EQ(ToGdiPlus(0x00FF0000), 0xFF00FF00U);
   EXPECT_EQ(ToGdiPlus(0x12345678), 0x87123456U);
   EXPECT_EQ(ToGdiPlus(kTransparentColour), 0x00FFFFFFU);

@@ -1,4 +1,4 @@
-// The way of the picture to the window.
+// The copy of the picture in the window.
 #include "platform/screen.h"
 #include "presentation/presentation.h"
 #include "presentation/state.h"
@@ -61,7 +61,7 @@ TEST_F(DeviceUpdateTest, without_its_stamp_an_update_is_never_skipped) {
   EXPECT_EQ(Shown().At(0, 0), kGreen);
 }
 
-TEST_F(DeviceUpdateTest, an_expose_shows_the_finished_picture_and_not_the_one_in_work) {
+TEST_F(DeviceUpdateTest, uncovering_shows_the_finished_picture_and_not_the_one_being_drawn) {
   PaintAll(kRedBytes);
   DeviceUpdate();
   PaintAll(kGreenBytes);
@@ -72,7 +72,7 @@ TEST_F(DeviceUpdateTest, an_expose_shows_the_finished_picture_and_not_the_one_in
   EXPECT_TRUE(Shown().IsAll(kWholeScene, kRed));
 }
 
-TEST_F(DeviceUpdateTest, an_expose_before_the_first_picture_paints_nothing) {
+TEST_F(DeviceUpdateTest, uncovering_before_the_first_picture_paints_nothing) {
   HDC deviceContext = GetDC(Window());
   PatBlt(deviceContext, 0, 0, 720, 576, WHITENESS);
   PaintWindow(deviceContext);
@@ -80,7 +80,7 @@ TEST_F(DeviceUpdateTest, an_expose_before_the_first_picture_paints_nothing) {
   EXPECT_TRUE(Shown().IsAll(kWholeScene, kWhite));
 }
 
-TEST_F(DeviceUpdateTest, the_trace_tells_of_copies_and_of_skipped_ones_only_the_beginning) {
+TEST_F(DeviceUpdateTest, the_trace_lists_copies_and_the_start_of_skipped_ones) {
   DeviceUpdate();
   DeviceUpdate();
   const std::vector<std::string> expected = {
@@ -94,7 +94,7 @@ TEST_F(DeviceUpdateTest, the_picture_starts_opaque_black) {
   EXPECT_TRUE(Shown().IsAll(kWholeScene, kBlack));
 }
 
-TEST(Presentation, everything_does_nothing_before_it_is_open) {
+TEST(Presentation, opens_and_draws_after_calls_that_did_nothing) {
   OpenScreen();
   ClearSurface();
   DrawScreenText("Please Wait");
@@ -103,6 +103,12 @@ TEST(Presentation, everything_does_nothing_before_it_is_open) {
   EXPECT_EQ(Redraw(), Status::Done);
   ClearImageCache();
   PaintWindow(nullptr);
+  ReleasePictures();
+  ClosePresentation();
+  OpenPresentation(nullptr);
+  EXPECT_TRUE(BackBufferPixels().IsAll(kWholeScene, kBlack));
+  DrawScreenText("Please Wait");
+  EXPECT_FALSE(BackBufferPixels().IsAll(kWholeScene, kBlack));
   ReleasePictures();
   ClosePresentation();
   CloseScreen();
@@ -121,7 +127,7 @@ TEST(Presentation, opens_and_closes_many_times_in_one_process) {
   }
 }
 
-TEST(Presentation, gives_up_its_pictures_while_canvases_are_left) {
+TEST(Presentation, releases_its_pictures_before_the_canvases) {
   OpenScreen();
   OpenPresentation(nullptr);
   Canvas* canvas = NewCanvas(10, 10);

@@ -1,5 +1,5 @@
-// Drawing keeps nothing: whatever pictures a scene has, the engine holds after ten thousand redraws
-// what it held after a thousand.
+// Drawing keeps nothing: after ten thousand redraws of any pictures the process holds as much as
+// after a thousand.
 #include <array>
 
 #include "platform/screen.h"
@@ -11,10 +11,10 @@ namespace korvel::test {
 
 namespace {
 
-// What the process holds. Everything on the heap is counted, which GDI+ and global blocks come
-// from too. The heap of newer Wines keeps small blocks in groups and lists each group as one block.
-// The system does not tell how many GDI objects there are, but the place that a new one gets in its
-// table moves up when others are kept.
+// The resources of the process. Everything on the heap is counted, including the memory of GDI+ and
+// global blocks. The heap of newer Wines keeps small blocks in groups and lists each group as one
+// block. The system does not report the number of GDI objects, but the index of a new one in its
+// table rises if others are kept.
 struct Holdings {
   std::size_t blocks = 0;
   std::size_t bytes = 0;
@@ -60,7 +60,7 @@ class FlatMemoryTest : public Stage {
     Show(ItemType::Video, video_);
   }
 
-  // Paints the pictures in turn, one a redraw.
+  // Paints the pictures in turn, one per redraw.
   void PaintInTurn(int times) {
     TheEngine().raised.clear();
     for (int count = 0; count < times; ++count) {
@@ -93,7 +93,7 @@ class FlatMemoryTest : public Stage {
   Video video_;
 };
 
-TEST_F(FlatMemoryTest, ten_thousand_redraws_hold_what_a_thousand_do) {
+TEST_F(FlatMemoryTest, ten_thousand_redraws_hold_no_more_than_a_thousand) {
   constexpr std::size_t kFewBlocks = 100;
   constexpr std::size_t kFewBytes = 256 * 1024;  // groups of small blocks, for each of many sizes
   PaintInTurn(1000);
@@ -108,7 +108,7 @@ TEST_F(FlatMemoryTest, ten_thousand_redraws_hold_what_a_thousand_do) {
   EXPECT_LT(after.nextGdiPlace, before.nextGdiPlace + kFewBlocks);
 }
 
-TEST_F(FlatMemoryTest, what_is_held_is_seen) {
+TEST_F(FlatMemoryTest, held_resources_are_counted) {
   constexpr std::size_t kSome = 1000;
   constexpr std::size_t kTooLargeForGroups = 40'000;
   const Holdings before = Held();

@@ -1,4 +1,4 @@
-// I-frames up to the host's decoder, and what becomes of what it answers.
+// I-frames: the call of the host's decoder, and the picture of its result.
 #include "presentation/i_frame.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@ namespace korvel::test {
 
 namespace {
 
-// A sequence header of 720 x 576 and nothing behind it.
+// A sequence header of 720 x 576 and nothing after it.
 constexpr std::string_view kSequence("\x00\x00\x01\xB3\x2D\x02\x40\x33", 8);
 
 }  // namespace
@@ -43,7 +43,7 @@ TEST_F(IFrameTest, the_stream_is_written_to_the_one_temporary_file) {
   }
 }
 
-TEST_F(IFrameTest, what_is_no_sequence_is_a_missing_picture) {
+TEST_F(IFrameTest, content_that_is_no_sequence_is_a_missing_picture) {
   TheHost().files["frame"] = "\x89PNG and more";
   EXPECT_TRUE(Paint().IsAll(kWholeScene, kBlack));
   EXPECT_EQ(TheEngine().raised.size(), 1U);
@@ -58,7 +58,7 @@ TEST_F(IFrameTest, without_the_hosts_decoder_the_picture_is_missing) {
 
 class DecodedIFrameTest : public IFrameTest {
  protected:
-  // What a frame of these samples looks like.
+  // The picture of a frame of these samples.
   [[nodiscard]] Pixels PaintSamples(std::uint8_t y, std::uint8_t u, std::uint8_t v) {
     TheHost().files["frame"] = kSequence;
     decoder.Record().y = y;
@@ -80,7 +80,7 @@ TEST_F(DecodedIFrameTest, the_decoder_gets_the_path_an_empty_buffer_and_a_1) {
   EXPECT_TRUE(path.ends_with("\\mheg_bmp_tmpfile000.m2v")) << path;
 }
 
-TEST_F(DecodedIFrameTest, what_is_no_sequence_never_reaches_the_decoder) {
+TEST_F(DecodedIFrameTest, content_that_is_no_sequence_never_reaches_the_decoder) {
   for (const std::string_view stream :
        {std::string_view("\x00\x00\x01\xB8\x2D\x02\x40\x33", 8),
         std::string_view("\x00\x01\x01\xB3\x2D\x02\x40\x33", 8),
@@ -113,7 +113,7 @@ TEST_F(DecodedIFrameTest, luma_and_chroma_become_colours) {
   EXPECT_TRUE(TheEngine().raised.empty());
 }
 
-TEST_F(DecodedIFrameTest, the_decoders_result_is_not_looked_at) {
+TEST_F(DecodedIFrameTest, the_result_of_the_decoder_is_ignored) {
   decoder.Record().result = 2;
   EXPECT_TRUE(PaintSamples(235, 128, 128).IsAll(kWholeScene, 0xFEFEFE));
   EXPECT_TRUE(TheEngine().raised.empty());

@@ -1,4 +1,4 @@
-// Reading pixels back and measuring them.
+// Reads pixels and measures them.
 #include "windows/presentation/pixels.h"
 
 #include <algorithm>

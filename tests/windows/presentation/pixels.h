@@ -1,4 +1,4 @@
-// Pictures as the tests look at them: the back buffer's pixels and the window's own.
+// The pixels of the back buffer and of the window, and measurements of them.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +15,7 @@ inline constexpr std::uint32_t kRed = 0xFF0000;
 inline constexpr std::uint32_t kGreen = 0x00FF00;
 inline constexpr std::uint32_t kBlue = 0x0000FF;
 
-// A rectangle of pixels; right and bottom lie one past the last pixel.
+// A rectangle of pixels; right and bottom are one past the last pixel.
 struct Area {
   int left = 0;
   int top = 0;
@@ -26,7 +26,7 @@ struct Area {
   [[nodiscard]] int Height() const { return bottom - top; }
 };
 
-// How failures show an area.
+// Prints an area when a test fails.
 void PrintTo(const Area& area, std::ostream* out);
 
 // The scene's 720 x 576 pixels, 0xRRGGBB.
@@ -34,9 +34,9 @@ class Pixels {
  public:
   explicit Pixels(std::vector<std::uint32_t> values) : values_(std::move(values)) {}
   [[nodiscard]] std::uint32_t At(int x, int y) const;
-  // The smallest area around everything that is not `ground`; empty when there is nothing.
+  // The smallest area around everything that is not `ground`; empty if there is nothing.
   [[nodiscard]] Area Extent(const Area& within, std::uint32_t ground = kBlack) const;
-  // How many rows of text there are: bands of lines with anything that is not `ground`.
+  // The number of text rows: bands of lines with anything that is not `ground`.
   [[nodiscard]] int Bands(const Area& within, std::uint32_t ground = kBlack) const;
   [[nodiscard]] int Count(const Area& within, std::uint32_t colour) const;
   // Whether every pixel of the area has the colour.

@@ -1,4 +1,4 @@
-// The processor time of this thread, which a busy machine does not change.
+// The processor time of this thread, which does not depend on the load of the machine.
 #pragma once
 
 #include <windows.h>

@@ -15,7 +15,7 @@ class RectangleTest : public Stage {
   Rectangle rectangle;
 };
 
-TEST_F(RectangleTest, the_border_lies_inside_the_box) {
+TEST_F(RectangleTest, the_border_is_inside_the_box) {
   for (const int width : {1, 2, 3, 4, 7, 10}) {
     Place(rectangle, 100, 200, 60, 40);
     rectangle.LineWidth = width;
@@ -38,7 +38,7 @@ TEST_F(RectangleTest, a_line_of_4_in_a_box_of_10_leaves_2_by_2_to_fill) {
   EXPECT_EQ(picture.Count(kWholeScene, kRed), 96);
 }
 
-TEST_F(RectangleTest, without_a_fill_what_lies_below_stays) {
+TEST_F(RectangleTest, without_a_fill_the_objects_below_are_visible) {
   Rectangle below;
   Place(below, 50, 50, 200, 200);
   Fill(below, kBlueBytes);
@@ -87,7 +87,7 @@ TEST_F(RectangleTest, dashes_and_dots_leave_gaps_and_other_styles_do_not) {
   EXPECT_LT(dotted, dashed) << "a dot is as long as a gap";
 }
 
-TEST_F(RectangleTest, what_lies_outside_the_scene_is_cut_off) {
+TEST_F(RectangleTest, the_part_outside_the_scene_is_cut_off) {
   Place(rectangle, -20, 550, 100, 100);
   rectangle.LineWidth = 3;
   const Pixels picture = Paint();
@@ -141,7 +141,7 @@ TEST_F(RectangleTest, the_largest_numbers_neither_overflow_nor_take_long) {
   EXPECT_TRUE(Paint().IsAll({0, 102, 720, 118}, kGreen));
 }
 
-TEST_F(RectangleTest, a_transparent_colour_lets_through_what_lies_below) {
+TEST_F(RectangleTest, objects_below_show_through_a_transparent_colour) {
   Place(rectangle, 100, 100, 50, 50);
   rectangle.RefLineColour = Absolute(std::string_view("\xFF\xFF\xFF\x80", 4));
   rectangle.RefFillColour = Absolute(std::string_view("\xFF\xFF\xFF\x80", 4));

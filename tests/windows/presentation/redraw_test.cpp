@@ -1,5 +1,5 @@
-// Which redraw requests paint, what the walk of the display stack does, and what events raised on
-// the way may change.
+// Which redraw requests paint, the walk over the display stack, and the effects of events that are
+// raised during the walk.
 #include "platform/screen.h"
 #include "presentation/presentation.h"
 #include "windows/presentation/stage.h"
@@ -8,7 +8,7 @@ namespace korvel::test {
 
 class RedrawTest : public Stage {
  protected:
-  // A bitmap whose file is not there.
+  // A bitmap whose file is missing.
   void ShowMissingBitmap(Bitmap& bitmap) {
     Place(bitmap, 0, 0, 10, 10);
     bitmap.ContentHOOK = 4;
@@ -56,7 +56,7 @@ TEST_F(RedrawTest, without_an_application_the_picture_is_cleared_and_the_window_
   EXPECT_EQ(Shown().At(120, 120), kRed);
 }
 
-TEST_F(RedrawTest, the_head_of_the_stack_lies_at_the_bottom) {
+TEST_F(RedrawTest, the_head_of_the_stack_is_drawn_first) {
   Rectangle bottom;
   Rectangle top;
   Place(bottom, 100, 100, 50, 50);
@@ -79,7 +79,7 @@ TEST_F(RedrawTest, every_visible_of_a_large_scene_is_drawn) {
   EXPECT_TRUE(Shown().IsAll(kWholeScene, kGreen));
 }
 
-TEST_F(RedrawTest, what_does_not_run_is_not_drawn) {
+TEST_F(RedrawTest, objects_that_do_not_run_are_not_drawn) {
   Rectangle rectangle;
   Place(rectangle, 100, 100, 50, 50);
   ShowFilled(rectangle, kRedBytes);
@@ -87,7 +87,7 @@ TEST_F(RedrawTest, what_does_not_run_is_not_drawn) {
   EXPECT_TRUE(Paint().IsAll(kWholeScene, kBlack));
 }
 
-TEST_F(RedrawTest, a_video_that_does_not_run_leaves_no_trace) {
+TEST_F(RedrawTest, a_video_that_does_not_run_is_not_drawn) {
   Video video;
   Place(video, 0, 0, 720, 576);
   Show(ItemType::Video, video);
@@ -97,12 +97,12 @@ TEST_F(RedrawTest, a_video_that_does_not_run_leaves_no_trace) {
   EXPECT_TRUE(TheEngine().raised.empty());
 }
 
-TEST_F(RedrawTest, classes_without_looks_draw_nothing) {
+TEST_F(RedrawTest, classes_that_are_not_drawn_are_skipped) {
   PushButton button;
   LineArt lineArt;
   RTGraphics graphics;
   HotSpot hotSpot;
-  Rectangle stream;  // entered as what has no looks, whatever stands behind it
+  Rectangle stream;  // entered as a class that is not drawn
   lineArt.RefFillColour = Absolute(kRedBytes);
   stream.RefFillColour = Absolute(kRedBytes);
   for (Visible* visible : {static_cast<Visible*>(&button), static_cast<Visible*>(&lineArt),
@@ -128,7 +128,7 @@ TEST_F(RedrawTest, a_locked_screen_is_painted_and_not_shown) {
   LetTimePass();
   EXPECT_EQ(Paint().At(120, 120), kGreen);
   EXPECT_EQ(Shown().At(120, 120), kRed);
-  // An expose paints the last picture that was shown.
+  // Uncovering the window paints the last picture that was shown.
   HDC deviceContext = GetDC(Window());
   PaintWindow(deviceContext);
   ReleaseDC(Window(), deviceContext);
@@ -167,7 +167,7 @@ TEST_F(RedrawTest, an_event_that_asks_to_stop_ends_the_redraw_at_once) {
   EXPECT_TRUE(Shown().IsAll({100, 100, 150, 150}, Shown().At(0, 0))) << "nothing was copied";
 }
 
-TEST_F(RedrawTest, objects_of_a_group_that_an_event_ended_are_passed_over) {
+TEST_F(RedrawTest, objects_of_a_group_that_an_event_ended_are_skipped) {
   Bitmap bitmap;
   ShowMissingBitmap(bitmap);
   Scene scene;
@@ -187,7 +187,7 @@ TEST_F(RedrawTest, objects_of_a_group_that_an_event_ended_are_passed_over) {
   EXPECT_EQ(picture.At(220, 220), kGreen);
 }
 
-TEST_F(RedrawTest, an_event_that_replaces_the_application_ends_the_walk_quietly) {
+TEST_F(RedrawTest, an_event_that_replaces_the_application_ends_the_walk_without_failure) {
   Bitmap bitmap;
   ShowMissingBitmap(bitmap);
   Rectangle rectangle;
@@ -231,7 +231,7 @@ TEST_F(RedrawTest, requests_from_events_of_a_painting_paint_once_more_after_it) 
   EXPECT_EQ(TheEngine().raised.size(), 2U);
 }
 
-TEST_F(RedrawTest, ended_groups_are_held_back_while_it_paints) {
+TEST_F(RedrawTest, ended_groups_are_kept_while_it_paints) {
   Bitmap bitmap;
   ShowMissingBitmap(bitmap);
   int busy = 0;
@@ -244,7 +244,7 @@ TEST_F(RedrawTest, ended_groups_are_held_back_while_it_paints) {
   EXPECT_EQ(TheEngine().busy, 0);
 }
 
-TEST_F(RedrawTest, while_a_close_is_asked_for_requests_only_count) {
+TEST_F(RedrawTest, after_a_close_request_requests_only_count) {
   Rectangle rectangle;
   Place(rectangle, 100, 100, 50, 50);
   ShowFilled(rectangle, kRedBytes);
@@ -255,7 +255,7 @@ TEST_F(RedrawTest, while_a_close_is_asked_for_requests_only_count) {
   EXPECT_EQ(BackBufferPixels().At(120, 120), kBlack);
 }
 
-TEST_F(RedrawTest, a_close_asked_for_while_it_paints_ends_the_walk) {
+TEST_F(RedrawTest, a_close_request_while_it_paints_ends_the_walk) {
   Bitmap bitmap;
   ShowMissingBitmap(bitmap);
   Rectangle rectangle;

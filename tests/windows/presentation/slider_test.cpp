@@ -46,9 +46,9 @@ TEST_F(SliderTest, the_bar_is_an_outline_of_one_pixel_without_a_fill) {
   EXPECT_TRUE(picture.IsAll({101, 172, 200, 200}, kBlack));
 }
 
-TEST_F(SliderTest, places_between_pixels_are_cut_off) {
+TEST_F(SliderTest, positions_between_pixels_are_truncated) {
   Place(slider, 100, 100, 100, 100);
-  slider.MaxValue = 7;  // 99 / 7 = 14.14 pixels a step
+  slider.MaxValue = 7;  // 99 / 7 = 14.14 pixels per step
   slider.SliderValue = 1;
   EXPECT_EQ(BarIn(4).top, 185);     // 200 - 14.14 = 185.86
   EXPECT_EQ(BarIn(3).bottom, 114);  // 100 + 14.14 = 114.14
@@ -62,7 +62,7 @@ TEST_F(SliderTest, the_bar_never_reaches_the_last_pixel) {
   EXPECT_EQ(BarIn(4), (Area{100, 101, 201, 201}));
 }
 
-TEST_F(SliderTest, a_value_of_nothing_or_less_has_no_bar) {
+TEST_F(SliderTest, a_value_of_0_or_less_has_no_bar) {
   for (const int value : {0, -1, -2147483647 - 1}) {
     slider.SliderValue = value;
     for (const int orientation : {1, 2, 3, 4}) {
@@ -110,7 +110,7 @@ TEST_F(SliderTest, a_proportional_bar_reaches_from_the_value_over_the_portion) {
   EXPECT_EQ(BarIn(4), (Area{100, 131, 201, 171}));
 }
 
-TEST_F(SliderTest, extreme_numbers_are_drawn_somehow_and_never_overflow) {
+TEST_F(SliderTest, an_ordinary_bar_is_drawn_after_extreme_numbers) {
   constexpr std::int32_t kLargest = 0x7FFFFFFF;
   constexpr std::int32_t kSmallest = -kLargest - 1;
   for (const std::int32_t extreme : {kLargest, kSmallest}) {
@@ -129,9 +129,15 @@ TEST_F(SliderTest, extreme_numbers_are_drawn_somehow_and_never_overflow) {
       }
     }
   }
+  slider.SliderStyle = SliderStyle::Normal;
+  slider.MinValue = 0;
+  slider.MaxValue = 10;
+  slider.SliderValue = 3;
+  Place(slider, 100, 100, 101, 101);
+  EXPECT_EQ(BarIn(1), (Area{100, 100, 130, 201}));
 }
 
-TEST_F(SliderTest, the_numbers_stand_above_the_box) {
+TEST_F(SliderTest, the_numbers_are_above_the_box) {
   Place(slider, 200, 300, 100, 50);
   slider.MinValue = 1;
   slider.MaxValue = 9;

@@ -22,17 +22,17 @@ class Stage : public testing::Test {
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
 
-  // Enters a running visible on top of the stack.
+  // Adds a running visible at the top of the stack.
   void Show(ItemType kind, Visible& visible);
-  // Paints, whatever the counter says, and gives the back buffer.
+  // Paints, whatever the counter is, and returns the back buffer.
   [[nodiscard]] Pixels Paint();
-  // Lets the clock run on, so that the next update copies.
+  // Advances the clock, so that the next update copies.
   static void LetTimePass() { ++TheHost().milliseconds; }
 
-  // What the window shows.
+  // The pixels of the window.
   [[nodiscard]] Pixels Shown() const { return WindowPixels(window_); }
   [[nodiscard]] HWND Window() const { return window_; }
-  // Where temporary files are, the engine's among them. Ends in a backslash.
+  // The folder for temporary files, including the engine's. Ends in a backslash.
   [[nodiscard]] const std::string& TemporaryPath() const { return temporaryFolder_.Path(); }
   Application& App() { return application_; }
 
@@ -42,7 +42,7 @@ class Stage : public testing::Test {
   Application application_;
 };
 
-// Values of records as tests write them.
+// Values for the fields of records.
 [[nodiscard]] OctetString Octets(std::string_view bytes);
 [[nodiscard]] ColourValue Absolute(std::string_view bytes);
 [[nodiscard]] ColourValue Indexed(std::int32_t index);

@@ -1,4 +1,4 @@
-// The modes that GDI+ is given for a text, and the tabs that come of them.
+// The layout that GDI+ gets for a text, and the effect of tabs.
 #include "presentation/text.h"
 
 #include <array>
@@ -12,7 +12,7 @@ namespace {
 
 constexpr float kResolution = 96;
 
-// Wine's GDI+ gives a tab no width at all.
+// Under Wine a tab has no width.
 bool IsWine() {
   return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
 }

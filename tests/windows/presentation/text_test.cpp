@@ -1,5 +1,5 @@
-// Text: where its ink lies, how many lines there are, and in which colours. Glyphs themselves are
-// the font's affair, so nothing here counts their pixels.
+// Text: the area of its ink, the number of its lines, and its colours. Glyphs depend on the font,
+// so no test counts their pixels.
 #include "presentation/text.h"
 
 #include "presentation/presentation.h"
@@ -31,7 +31,7 @@ class TextTest : public Stage {
   Text text;
 };
 
-TEST_F(TextTest, there_is_always_some_text_to_see) {
+TEST_F(TextTest, some_text_is_always_visible) {
   const Pixels picture = Draw("Hello");
   const Area ink = picture.Extent(kWholeScene);
   EXPECT_GT(ink.Width(), 20);
@@ -66,7 +66,7 @@ TEST_F(TextTest, styles_and_spacings_have_no_effect) {
 }
 
 TEST_F(TextTest, a_size_of_24_is_an_em_of_18_pixels) {
-  // The distance of two lines of the font at 18 pixels is what GDI+ itself says it is.
+  // The distance of two lines of the font at 18 pixels must be what GDI+ reports.
   FontFamilyOwner family;
   FontOwner font;
   ASSERT_TRUE(FindFontFamily(family));
@@ -99,7 +99,7 @@ TEST_F(TextTest, a_colour_code_later_in_the_text_is_removed_and_colours_nothing)
   EXPECT_EQ(Draw(std::string_view("Hi\x1B\x43\x04\xFF\x00\x00\x00Ho", 11)), plain);
 }
 
-TEST_F(TextTest, a_colour_code_with_nothing_behind_it_leaves_the_background_alone) {
+TEST_F(TextTest, a_colour_code_with_no_text_after_it_does_not_change_the_background) {
   text.BackgroundColour = Absolute(kBlueBytes);
   const Pixels picture = Draw(std::string_view("\x1B\x43\x04\xFF\x00\x00\x00", 7));
   EXPECT_TRUE(picture.IsAll(kBox, kBlue));
@@ -160,7 +160,7 @@ TEST_F(TextTest, justification_places_the_text_in_the_box) {
   EXPECT_NEAR(centre.top + centre.bottom, kBox.top + kBox.bottom, 10);
 }
 
-TEST_F(TextTest, justified_text_lies_as_at_the_start) {
+TEST_F(TextTest, justified_text_is_drawn_as_start) {
   const Pixels start = Draw("Hi");
   for (const int justification : {4, 0, 5, -1}) {
     text.HorizontalJustification = Justification{justification};
@@ -183,7 +183,7 @@ TEST_F(TextTest, the_background_fills_the_box_exactly) {
   EXPECT_EQ(picture.Extent(kWholeScene), kBox);
 }
 
-TEST_F(TextTest, without_a_background_what_lies_below_stays) {
+TEST_F(TextTest, without_a_background_the_objects_below_are_visible) {
   Rectangle below;
   Place(below, 0, 0, 720, 576);
   Fill(below, kGreenBytes);
@@ -203,7 +203,7 @@ TEST_F(TextTest, a_box_without_area_draws_not_even_the_background) {
   }
 }
 
-TEST_F(TextTest, sizes_out_of_reason_draw_the_background_alone) {
+TEST_F(TextTest, sizes_outside_the_limits_draw_only_the_background) {
   text.BackgroundColour = Absolute(kBlueBytes);
   for (const char* attributes :
        {"plain.-1.28.0", "plain.10001.28.0", "plain.2147483647.28.0", "plain.-2147483648.28.0"}) {
@@ -220,7 +220,7 @@ TEST_F(TextTest, bytes_are_utf_8) {
   EXPECT_GT(one.Height(), two.Height()) << "the dots above the letter";
 }
 
-TEST_F(TextTest, bytes_that_are_no_utf_8_are_replaced_and_the_rest_is_drawn) {
+TEST_F(TextTest, bytes_that_are_not_utf_8_are_replaced_and_the_rest_is_drawn) {
   const Area whole = Ink("A\xFF\xFE\x80Z");
   const Area first = Ink("A");
   EXPECT_GT(whole.Width(), 2 * first.Width());
@@ -239,6 +239,7 @@ TEST_F(TextTest, a_text_object_of_any_length_is_drawn_within_a_second) {
       EXPECT_LT(ProcessorMs() - start, 1000U) << length << " bytes of '" << word << "'";
     }
   }
+  EXPECT_FALSE(Draw("Hi").IsAll(kWholeScene, kBlack)) << "the next ordinary text";
 }
 
 TEST_F(TextTest, hyper_text_looks_like_text) {
@@ -316,7 +317,7 @@ TEST_F(ObscuredInputTest, a_character_of_several_bytes_is_one_star) {
   ExpectSame("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z", "****");
 }
 
-TEST_F(ObscuredInputTest, line_breaks_stay_and_control_sequences_are_no_characters) {
+TEST_F(ObscuredInputTest, line_breaks_stay_and_control_sequences_give_no_stars) {
   ExpectSame("12\r3\n4", "**\r*\n*");
   ExpectSame("1\x1B\x42"
              "2",
@@ -326,7 +327,7 @@ TEST_F(ObscuredInputTest, line_breaks_stay_and_control_sequences_are_no_characte
   EXPECT_NE(Drawn(red + "12", true), Drawn("12", true)) << "the colour still counts";
 }
 
-TEST_F(ObscuredInputTest, what_follows_a_zero_is_not_drawn) {
+TEST_F(ObscuredInputTest, text_after_a_zero_is_not_drawn) {
   ExpectSame(std::string_view("1\0"
                               "23",
                               4),

@@ -1,4 +1,4 @@
-// The placeholder for broadcast video, and the cache that holds it.
+// The picture that replaces broadcast video, and the cache that holds it.
 #include "platform/screen.h"
 #include "presentation/picture.h"
 #include "presentation/presentation.h"
@@ -56,7 +56,7 @@ TEST_F(VideoTest, scaled_to_half_its_size_the_box_shows_the_whole_picture) {
   EXPECT_GT(close, 70 * 88 * 9 / 10);
 }
 
-TEST_F(VideoTest, a_stopped_video_leaves_no_trace_whatever_its_termination) {
+TEST_F(VideoTest, a_stopped_video_is_not_drawn_whatever_its_termination) {
   for (const int termination : {1, 2}) {
     video.Termination = Termination{termination};
     video.RunningStatus = true;
@@ -72,14 +72,14 @@ TEST_F(VideoTest, the_picture_is_decoded_once_until_a_restart) {
   static_cast<void>(Paint());
   EXPECT_EQ(NamedImage("video.jpg"), first);
   ClearImageCache();
-  // Takes the place in memory that the first one has left.
+  // Occupies the first one's place in memory.
   ASSERT_NE(NamedImage("another"), nullptr);
   EXPECT_NE(NamedImage("video.jpg"), nullptr);
   EXPECT_NE(NamedImage("video.jpg"), first);
   EXPECT_FALSE(Paint().IsAll(kWholeScene, kBlack));
 }
 
-TEST_F(VideoTest, controlling_a_stream_is_done_and_changes_nothing) {
+TEST_F(VideoTest, starting_and_ending_a_stream_changes_no_picture) {
   const Pixels before = Paint();
   const Stream stream;
   EXPECT_EQ(StartVideo(stream, 1, {10, 10}, {100, 100}), Status::Done);
@@ -96,7 +96,7 @@ TEST_F(VideoTest, scaled_to_nothing_it_is_not_drawn_and_not_missing) {
   EXPECT_TRUE(TheEngine().raised.empty());
 }
 
-TEST_F(VideoTest, names_are_compared_exactly_as_far_as_100_bytes) {
+TEST_F(VideoTest, the_first_100_bytes_of_names_are_compared) {
   const Gdiplus::GpImage* first = NamedImage("video.jpg");
   EXPECT_NE(NamedImage("Video.jpg"), first);
   const std::string longName(100, 'n');

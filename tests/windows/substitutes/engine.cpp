@@ -1,4 +1,4 @@
-// Stands in for the part of the engine's doorway that the presentation uses.
+// Replaces the part of the engine's doorway that the presentation uses.
 #include "windows/substitutes/engine.h"
 
 namespace korvel {

@@ -1,5 +1,5 @@
-// What tests may ask of the stand-in for the engine core: which groups run, which events were
-// raised, and what a raise does.
+// The state of the substitute for the engine core: the running groups, the raised events, and the
+// effect of an event.
 #pragma once
 
 #include <functional>
@@ -21,11 +21,11 @@ struct FakeEngine {
   Application* application = nullptr;
   Scene* scene = nullptr;
   std::vector<RaisedEvent> raised;
-  std::function<Status()> onRaise;  // when set, what the links of an event do, and their result
+  std::function<Status()> onRaise;  // if set, the effect of an event's links, and its result
   int busy = 0;                     // how many hold ended groups back now
 };
 
-// The stand-in's state; a fixture resets it with `TheEngine() = {}`.
+// The substitute's state; a fixture resets it with `TheEngine() = {}`.
 FakeEngine& TheEngine();
 
 }  // namespace korvel::test

@@ -1,5 +1,5 @@
-// The host's window in tests: an invisible one that belongs to the thread that makes it and counts
-// the messages by which the engine says that it has closed.
+// The host's window in tests: invisible, owned by the thread that creates it. Counts the messages
+// in which the engine reports its close.
 #pragma once
 
 #include <windows.h>
@@ -16,9 +16,9 @@ class HostWindow {
   ~HostWindow();
 
   [[nodiscard]] HWND Handle() const { return window_; }
-  // How many closes were told so far, with both parameters 0.
+  // The number of closes reported so far, with both parameters 0.
   [[nodiscard]] int Closes() const { return closes_; }
-  // How many other messages of programs' own numbers have come.
+  // The number of other messages with programs' own numbers.
   [[nodiscard]] int StrangeMessages() const { return strangeMessages_; }
 
   // Called inside the handler of the closed message.

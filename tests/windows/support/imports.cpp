@@ -11,7 +11,7 @@ Thing* At(HMODULE module, std::size_t offset) {
   return reinterpret_cast<Thing*>(reinterpret_cast<char*>(module) + offset);
 }
 
-// The place in the table that holds the address of the function of that name; null without one.
+// The entry in the table with the address of the named function; null if there is none.
 ULONG_PTR* FindImport(HMODULE module, std::string_view name) {
   const auto* start = At<IMAGE_DOS_HEADER>(module, 0);
   const auto* headers = At<IMAGE_NT_HEADERS>(module, static_cast<std::size_t>(start->e_lfanew));

@@ -1,4 +1,4 @@
-// The functions of the system as one module of the process sees them.
+// The system functions that one module of the process imports.
 #pragma once
 
 #include <windows.h>
@@ -7,8 +7,8 @@
 
 namespace korvel::test {
 
-// While it lives, calls of the module to an imported function go to another function of the same
-// signature. Other modules keep the system's own.
+// While the object exists, the module's calls of an imported function reach another function of the
+// same signature. Other modules are not affected.
 class ReplacedImport {
  public:
   template <class Function>
@@ -18,7 +18,7 @@ class ReplacedImport {
   ReplacedImport& operator=(const ReplacedImport&) = delete;
   ~ReplacedImport();
 
-  // Whether the module imports such a function at all.
+  // Whether the module imports the function at all.
   [[nodiscard]] bool IsInPlace() const { return place_ != nullptr; }
 
  private:

@@ -1,4 +1,4 @@
-// Looking at threads and windows of the test's own process.
+// Inspects threads and windows of the test's own process.
 #include "windows/support/process.h"
 
 #include <tlhelp32.h>

@@ -1,5 +1,5 @@
-// A host object for tests: it serves files from memory or answers as a test has written down, and
-// records every call that the engine makes.
+// A host object for tests: it serves files from memory or gives the answers that a test has set,
+// and records every call of the engine.
 #pragma once
 
 #include <atomic>
@@ -15,10 +15,10 @@
 
 namespace korvel::test {
 
-// What a host without the file answers, as opposed to one that waits for it.
+// The answer of a host without the file, unlike one that waits for it.
 inline constexpr std::uint32_t kNoSuchFile = 2;
 
-// One call of the engine: the function, what was asked for, and on which thread.
+// One call of the engine: the function with its argument, and the thread.
 struct HostCall {
   std::string name;  // "AddRef", "Release", "ReadFile a", "FreeBuffer", "SetExitCallback", ...
   DWORD thread = 0;
@@ -32,26 +32,26 @@ class RecordingHost : public MHEG5Host {
   RecordingHost& operator=(const RecordingHost&) = delete;
   ~RecordingHost() = default;
 
-  // Any thread, also while the engine runs. A path that neither names is kNoSuchFile.
+  // Any thread, also while the engine runs. The answer for all other paths is kNoSuchFile.
   void Serve(const std::string& path, std::string bytes);
   void Answer(const std::string& path, std::uint32_t answer);
   void ForgetAnswer(const std::string& path);
 
-  // Called for every call of the engine before it is answered. To be set before the engine starts.
+  // Called for every call of the engine before it is answered. Set it before the engine starts.
   std::function<void(const std::string& name)> onCall;
 
   [[nodiscard]] std::vector<HostCall> Calls() const;
   [[nodiscard]] std::vector<std::string> Names() const;
   [[nodiscard]] int CountOf(const std::string& name) const;
 
-  // What the engine holds of the host's: references beyond the test's own, and buffers.
+  // The references beyond the test's own, and the buffers, that the engine holds.
   [[nodiscard]] int HeldReferences() const { return references_; }
   [[nodiscard]] int HeldBuffers() const;
-  // How many readings only asked whether the file is there.
+  // The number of reads that only asked whether the file is there.
   [[nodiscard]] int ReadsWithoutSize() const { return readsWithoutSize_; }
-  // Whether a buffer was given back that was not held, or a reading got wrong arguments.
+  // Whether a buffer was released that was not held, or a read had wrong arguments.
   [[nodiscard]] bool IsMisused() const { return isMisused_; }
-  // The callback in force; null when it was withdrawn or never given.
+  // The current exit callback; null before it is given and after it is withdrawn.
   [[nodiscard]] MHEG5ExitCallback ExitCallback() const { return exitCallback_; }
 
  private:

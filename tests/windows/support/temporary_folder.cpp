@@ -1,4 +1,4 @@
-// The folder lies in the usual one and is made known by the variable that the platform asks first.
+// The folder is inside the usual one, and is set in the variable that the platform checks first.
 #include "windows/support/temporary_folder.h"
 
 #include <windows.h>

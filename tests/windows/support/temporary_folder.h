@@ -1,13 +1,13 @@
-// A folder for temporary files of this process alone. The engine rewrites one file of a fixed name,
-// and test programs run side by side.
+// A folder for temporary files of this process alone. The engine overwrites one file with a fixed
+// name, and test programs run side by side.
 #pragma once
 
 #include <string>
 
 namespace korvel::test {
 
-// While it lives, the platform gives this folder to whoever asks for the temporary one. Afterwards
-// the folder is gone with all files in it.
+// While the object exists, the platform reports this folder as the temporary one. Afterwards the
+// folder and all its files are removed.
 class TemporaryFolder {
  public:
   TemporaryFolder();

@@ -1,4 +1,4 @@
-// Waiting with the messages of the calling thread going on.
+// Waits while the calling thread's messages are dispatched.
 #include "windows/support/waiting.h"
 
 #include <windows.h>

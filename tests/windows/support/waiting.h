@@ -8,8 +8,8 @@ namespace korvel::test {
 
 inline constexpr std::chrono::milliseconds kWaitLimit{20'000};
 
-// Looks at the condition again and again, while the calling thread's windows get their messages.
-// False when the limit has passed first.
+// Checks the condition repeatedly while the calling thread's windows get their messages. False if
+// the limit passes first.
 [[nodiscard]] bool WaitUntil(const std::function<bool()>& condition,
                              std::chrono::milliseconds limit = kWaitLimit);
 

@@ -19,7 +19,7 @@ if grep -q mingw32 "$build/compile_commands.json"; then
     -isystem "$headers/backward"; do
     set -- "$@" "-extra-arg-before=$argument"
   done
-  folders='src/host|src/presentation|tools/player|examples'
+  folders='src/host|src/presentation|tools/player|tools/menuapi|examples'
   [ ! -f "$native" ] || portable=$(sed -n 's/.*"file": "\(.*\)".*/\1/p' "$native" | paste -s -d '|')
 fi
 

@@ -2,7 +2,7 @@
 // TransitionTo, the engine start and the close-down have in common.
 #pragma once
 
-#include "objects/decoded_group.h"
+#include "objects/ownership.h"
 #include "objects/status.h"
 
 namespace korvel {

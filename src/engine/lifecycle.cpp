@@ -21,8 +21,7 @@ Status Refuse(const char* message) {
 
 Status Decode(const OctetString& bytes, OwnedGroup& group) {
   const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.Text());
-  bool isApplication = false;
-  return DecodeGroup({first, bytes.Length()}, group, isApplication);
+  return DecodeGroup({first, bytes.Length()}, group);
 }
 
 Status RaiseReferenceError(const ObjectReference& source) {
@@ -46,7 +45,7 @@ Status ReadApplication(std::string_view groupName, const char* message, OwnedGro
   const Status status = FetchNamedGroup(groupName, bytes);
   if (status != Status::Done) return status;
   if (Decode(bytes, group) != Status::Done) return Status::Failure;
-  return group.IsApplication() ? Status::Done : Refuse(message);
+  return IsApplication(group) ? Status::Done : Refuse(message);
 }
 
 ApplicationStack& TheStack() { return TheCore().applicationStack; }
@@ -83,7 +82,7 @@ Status QuitToParent(const ObjectReference& quitting) {
   stack.Names[--stack.Count].Clear();
   OwnedGroup group;
   if (Decode(bytes, group) != Status::Done) return Status::Failure;
-  if (!group.IsApplication()) return Refuse("Spawn error\n");
+  if (!IsApplication(group)) return Refuse("Spawn error\n");
   AdoptApplication(std::move(group));
   return Status::Done;
 }
@@ -118,7 +117,7 @@ Status StartEngine(std::string_view path) {
   if (FetchStartUp(path, bytes) != Status::Done) return Status::Refused;
   OwnedGroup group;
   if (Decode(bytes, group) != Status::Done) return Refuse("Parser failed\n");
-  if (!group.IsApplication()) return Refuse("startup error\n");
+  if (!IsApplication(group)) return Refuse("startup error\n");
   return StartApplication(AdoptApplication(std::move(group)));
 }
 
@@ -179,7 +178,7 @@ Status TransitionTo(std::string_view groupName) {
     std::fputs("Parse error\n", stdout);
     return Status::Failure;
   }
-  if (group.IsApplication()) return Refuse("TransitionTo error\n");
+  if (IsApplication(group)) return Refuse("TransitionTo error\n");
 
   if (CurrentApplication() != nullptr) StopUnsharedItems(*CurrentApplication());
   status = EndScene();

@@ -4,14 +4,14 @@
 #include <cstdio>
 
 #include "objects/class_tables.h"
-#include "objects/owned.h"
+#include "objects/ownership.h"
 
 namespace korvel {
 
 Item Item::New(ItemType type) {
   Item item;
   VisitIngredientClass(type, [&]<class Record>() {
-    Ingredient* record = Owned<Record>::New().Release();
+    Ingredient* record = NewRecord<Record>().release();
     if (record != nullptr) item = Item(type, record);
   });
   return item;
@@ -30,7 +30,7 @@ void Item::Reset() {
   Ingredient* record = std::exchange(record_, nullptr);
   if (record == nullptr) return;
   const bool isKnown = VisitIngredientClass(
-      type_, [record]<class Record>() { Owned<Record>(static_cast<Record*>(record)).Reset(); });
+      type_, [record]<class Record>() { Releaser<Record>()(static_cast<Record*>(record)); });
   // A record whose class nobody knows cannot be released: its destructor is unknown too.
   if (!isKnown) std::fputs("Unknown ItemType\n", stdout);
   type_ = ItemType::None;

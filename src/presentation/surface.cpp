@@ -1,7 +1,7 @@
 // The start and end of GDI+, and the back buffer. Showing it is left to device_update.cpp.
 #include <utility>
 
-#include "objects/never_destroyed.h"
+#include "objects/ownership.h"
 #include "platform/screen.h"
 #include "presentation/device_update.h"
 #include "presentation/i_frame.h"

@@ -4,7 +4,7 @@
 #include <span>
 #include <type_traits>
 
-#include "objects/owned.h"
+#include "objects/ownership.h"
 #include "textual/read_value.h"
 #include "textual/textual.h"
 #include "textual/written_attributes.h"
@@ -98,7 +98,7 @@ class ObjectBuilder {
     if constexpr (std::is_same_v<Field, List<Item>>) {
       return ReadObjects<MemberClasses<Record>>(reader_, field);
     } else {
-      return Read(reader_, field, form);
+      return Read(reader_, field);
     }
   }
 
@@ -158,19 +158,17 @@ bool ReadWhole(TextReader& reader, Record& record) {
   return false;
 }
 
-TextResult BuildGroup(TextReader& reader, OwnedGroup& group, bool& isApplication) {
-  auto application = Owned<Application>::New();
+TextResult BuildGroup(TextReader& reader, OwnedGroup& group) {
+  auto application = NewRecord<Application>();
   if (!application) return TextResult::NoMemory;
   if (ReadWhole(reader, *application)) {
-    group.Reset(application.Release());
-    isApplication = true;
+    group = std::move(application);
     return TextResult::Done;
   }
-  application.Reset();
-  auto scene = Owned<Scene>::New();
+  application.reset();
+  auto scene = NewRecord<Scene>();
   if (!scene || !ReadWhole(reader, *scene)) return TextResult::Refused;
-  group.Reset(scene.Release());
-  isApplication = false;
+  group = std::move(scene);
   return TextResult::Done;
 }
 
@@ -184,8 +182,8 @@ TextPlace PlaceInText(std::string_view text, std::size_t offset) {
   return place;
 }
 
-TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication,
-                         TextError& error, List<MissingPart>* missing) {
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, TextError& error,
+                         List<MissingPart>* missing) {
   TokenList list;
   LexStop stop;
   if (Lex(text, list, stop) != LexResult::Done) {
@@ -194,7 +192,7 @@ TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isAppli
     return TextResult::Refused;
   }
   TextReader reader(list, missing);
-  const TextResult result = BuildGroup(reader, group, isApplication);
+  const TextResult result = BuildGroup(reader, group);
   if (result != TextResult::Done) {
     Explain(text, reader.RefusedToken().offset, reader.Expected(), reader.Subject(),
             reader.RefusedIn(), error);
@@ -202,9 +200,9 @@ TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isAppli
   return result;
 }
 
-TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication) {
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group) {
   TextError error;
-  const TextResult result = ReadTextGroup(text, group, isApplication, error);
+  const TextResult result = ReadTextGroup(text, group, error);
   if (error.unknownWord.IsPresent()) {
     std::printf("Error string : %s\n", error.unknownWord.Text());
   }

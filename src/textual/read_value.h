@@ -12,18 +12,18 @@
 
 namespace korvel {
 
-[[nodiscard]] bool Read(TextReader& reader, bool& value, const Form& form = {});
-[[nodiscard]] bool Read(TextReader& reader, std::int32_t& value, const Form& form = {});
-[[nodiscard]] bool Read(TextReader& reader, OctetString& value, const Form& form = {});
-[[nodiscard]] bool Read(TextReader& reader, ObjectReference& value, const Form& form = {});
-[[nodiscard]] bool Read(TextReader& reader, OptionalReference& value, const Form& form = {});
-[[nodiscard]] bool Read(TextReader& reader, ColourValue& value, const Form& form = {});
-[[nodiscard]] bool Read(TextReader& reader, FontBody& value, const Form& form = {});
-[[nodiscard]] bool Read(TextReader& reader, ContentBody& value, const Form& form = {});
+[[nodiscard]] bool Read(TextReader& reader, bool& value);
+[[nodiscard]] bool Read(TextReader& reader, std::int32_t& value);
+[[nodiscard]] bool Read(TextReader& reader, OctetString& value);
+[[nodiscard]] bool Read(TextReader& reader, ObjectReference& value);
+[[nodiscard]] bool Read(TextReader& reader, OptionalReference& value);
+[[nodiscard]] bool Read(TextReader& reader, ColourValue& value);
+[[nodiscard]] bool Read(TextReader& reader, FontBody& value);
+[[nodiscard]] bool Read(TextReader& reader, ContentBody& value);
 // A path, with or without parentheses.
-[[nodiscard]] bool Read(TextReader& reader, ContentReference& value, const Form& form = {});
+[[nodiscard]] bool Read(TextReader& reader, ContentReference& value);
 // An event's data: a boolean, an integer or a string.
-[[nodiscard]] bool Read(TextReader& reader, GenericValue& value, const Form& form = {});
+[[nodiscard]] bool Read(TextReader& reader, GenericValue& value);
 
 // A parameter or target: a literal of that kind, or ":IndirectRef" and the variable that holds one.
 [[nodiscard]] bool ReadGeneric(TextReader& reader, ValueKind kind, GenericValue& value);
@@ -33,7 +33,7 @@ namespace korvel {
 
 // A word, or the number of an enumeration without words.
 template <IsEnumeration Enumeration>
-[[nodiscard]] bool Read(TextReader& reader, Enumeration& value, const Form& /*form*/ = {}) {
+[[nodiscard]] bool Read(TextReader& reader, Enumeration& value) {
   constexpr Words kItsWords{kWords<Enumeration>};
   std::int32_t number = 0;
   const bool isRead =
@@ -44,12 +44,12 @@ template <IsEnumeration Enumeration>
 
 // A structure's elements in their order, those with a keyword only where it stands.
 template <IsSequence Record>
-[[nodiscard]] bool Read(TextReader& reader, Record& record, const Form& /*form*/ = {}) {
+[[nodiscard]] bool Read(TextReader& reader, Record& record) {
   bool isRead = true;
   ForEachElement<Record>([&](const auto& element) {
     if (!isRead) return;
     if (element.keyword != nullptr && !reader.TakeKeyword(element.keyword)) return;
-    isRead = Read(reader, record.*element.field, element.form);
+    isRead = Read(reader, record.*element.field);
   });
   return isRead;
 }
@@ -70,7 +70,7 @@ template <IsSequence Entry>
 
 // Entries in parentheses.
 template <class Entry>
-[[nodiscard]] bool Read(TextReader& reader, List<Entry>& list, const Form& /*form*/ = {}) {
+[[nodiscard]] bool Read(TextReader& reader, List<Entry>& list) {
   if (!reader.Expect(kOpenParenthesis, "(")) return false;
   while (!reader.Take(kCloseParenthesis)) {
     Entry entry{};

@@ -17,14 +17,14 @@ void WriteObject(TextWriter& writer, const Record& record) {
   writer.Indent();
   const auto writeIfSet = [&](const char* keyword, const Form& form, const auto& field,
                               const auto& constructed) {
-    const bool isWritten = !IsSame(field, constructed) || (form.isRequired && IsGiven(field, form));
+    const bool isWritten = !IsSame(field, constructed) || (form.isRequired && IsGiven(field));
     if (!isWritten) return;
     hasAttributes = true;
     writer.SetPlace(record.Reference.Number, keyword);
     writer.NewLine();
     writer.Word(keyword);
     if (form.innerKeyword != nullptr) writer.Word(form.innerKeyword);
-    Write(writer, field, form);
+    Write(writer, field);
   };
   ForEachWrittenAttribute<Record>(writeIfSet, record, construction);
   writer.Outdent();

@@ -3,20 +3,16 @@
 
 namespace korvel {
 
-bool IsGiven(const OctetString& value, const Form& /*form*/) { return value.IsPresent(); }
-bool IsGiven(const ContentReference& value, const Form& /*form*/) { return value.Path.IsPresent(); }
+bool IsGiven(const OctetString& value) { return value.IsPresent(); }
+bool IsGiven(const ContentReference& value) { return value.Path.IsPresent(); }
 
-void Write(TextWriter& writer, bool value, const Form& /*form*/) {
-  writer.Word(value ? "TRUE" : "FALSE");
-}
+void Write(TextWriter& writer, bool value) { writer.Word(value ? "TRUE" : "FALSE"); }
 
-void Write(TextWriter& writer, std::int32_t value, const Form& /*form*/) { writer.Number(value); }
+void Write(TextWriter& writer, std::int32_t value) { writer.Number(value); }
 
-void Write(TextWriter& writer, const OctetString& value, const Form& /*form*/) {
-  writer.String(value.View());
-}
+void Write(TextWriter& writer, const OctetString& value) { writer.String(value.View()); }
 
-void Write(TextWriter& writer, const ObjectReference& value, const Form& /*form*/) {
+void Write(TextWriter& writer, const ObjectReference& value) {
   if (!value.GroupIdentifier.IsPresent()) return writer.Number(value.Number);
   writer.Open('(');
   writer.String(value.GroupIdentifier.View());
@@ -24,21 +20,19 @@ void Write(TextWriter& writer, const ObjectReference& value, const Form& /*form*
   writer.Close(')');
 }
 
-void Write(TextWriter& writer, const OptionalReference& value, const Form& /*form*/) {
-  Write(writer, value.Reference);
-}
+void Write(TextWriter& writer, const OptionalReference& value) { Write(writer, value.Reference); }
 
-void Write(TextWriter& writer, const ColourValue& value, const Form& /*form*/) {
+void Write(TextWriter& writer, const ColourValue& value) {
   if (value.Kind == ValueKind::Integer) return writer.Number(value.Index);
   writer.CodedString(value.Absolute.View());
 }
 
-void Write(TextWriter& writer, const FontBody& value, const Form& /*form*/) {
+void Write(TextWriter& writer, const FontBody& value) {
   if (value.Kind == ValueKind::OctetString) return writer.String(value.Name.View());
   Write(writer, value.Reference);
 }
 
-void Write(TextWriter& writer, const ContentBody& value, const Form& /*form*/) {
+void Write(TextWriter& writer, const ContentBody& value) {
   if (!value.IsReferenced) return writer.String(value.Data.View());
   const ContentBody construction;
   writer.Word(":ContentRef");
@@ -55,11 +49,9 @@ void Write(TextWriter& writer, const ContentBody& value, const Form& /*form*/) {
   writer.Close(')');
 }
 
-void Write(TextWriter& writer, const ContentReference& value, const Form& /*form*/) {
-  writer.String(value.Path.View());
-}
+void Write(TextWriter& writer, const ContentReference& value) { writer.String(value.Path.View()); }
 
-void Write(TextWriter& writer, const GenericValue& value, const Form& /*form*/) {
+void Write(TextWriter& writer, const GenericValue& value) {
   switch (value.Kind) {
   case ValueKind::None: return writer.Word("NULL");
   case ValueKind::Boolean: return Write(writer, value.Boolean);

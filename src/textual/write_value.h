@@ -9,34 +9,34 @@
 
 namespace korvel {
 
-void Write(TextWriter& writer, bool value, const Form& form = {});
-void Write(TextWriter& writer, std::int32_t value, const Form& form = {});
-void Write(TextWriter& writer, const OctetString& value, const Form& form = {});
-void Write(TextWriter& writer, const ObjectReference& value, const Form& form = {});
-void Write(TextWriter& writer, const OptionalReference& value, const Form& form = {});
-void Write(TextWriter& writer, const ColourValue& value, const Form& form = {});
-void Write(TextWriter& writer, const FontBody& value, const Form& form = {});
-void Write(TextWriter& writer, const ContentBody& value, const Form& form = {});
-void Write(TextWriter& writer, const ContentReference& value, const Form& form = {});
+void Write(TextWriter& writer, bool value);
+void Write(TextWriter& writer, std::int32_t value);
+void Write(TextWriter& writer, const OctetString& value);
+void Write(TextWriter& writer, const ObjectReference& value);
+void Write(TextWriter& writer, const OptionalReference& value);
+void Write(TextWriter& writer, const ColourValue& value);
+void Write(TextWriter& writer, const FontBody& value);
+void Write(TextWriter& writer, const ContentBody& value);
+void Write(TextWriter& writer, const ContentReference& value);
 // A value as an action or an event carries it, without the type that some parameters are announced
 // with.
-void Write(TextWriter& writer, const GenericValue& value, const Form& form = {});
+void Write(TextWriter& writer, const GenericValue& value);
 
 // Whether there is a value that could be written. An attribute that an author must write has none
 // when its string is absent or when no word was ever set.
 template <class Value>
-[[nodiscard]] bool IsGiven(const Value& /*value*/, const Form& /*form*/) {
+[[nodiscard]] bool IsGiven(const Value& /*value*/) {
   return true;
 }
 template <IsEnumeration Enumeration>
-[[nodiscard]] bool IsGiven(const Enumeration& value, const Form& /*form*/) {
+[[nodiscard]] bool IsGiven(const Enumeration& value) {
   return kWords<Enumeration>.empty() || value != Enumeration{};
 }
-[[nodiscard]] bool IsGiven(const OctetString& value, const Form& form);
-[[nodiscard]] bool IsGiven(const ContentReference& value, const Form& form);
+[[nodiscard]] bool IsGiven(const OctetString& value);
+[[nodiscard]] bool IsGiven(const ContentReference& value);
 
 template <IsEnumeration Enumeration>
-void Write(TextWriter& writer, Enumeration value, const Form& /*form*/ = {}) {
+void Write(TextWriter& writer, Enumeration value) {
   const auto number = static_cast<std::int32_t>(value);
   if (kWords<Enumeration>.empty()) return writer.Number(number);
   const char* word = WordOf(value);
@@ -44,7 +44,7 @@ void Write(TextWriter& writer, Enumeration value, const Form& /*form*/ = {}) {
 }
 
 template <IsSequence Record>
-void Write(TextWriter& writer, const Record& record, const Form& /*form*/ = {}) {
+void Write(TextWriter& writer, const Record& record) {
   const Record construction{};
   ForEachElement<Record>([&](const auto& element) {
     const auto& field = record.*element.field;
@@ -52,7 +52,7 @@ void Write(TextWriter& writer, const Record& record, const Form& /*form*/ = {}) 
       if (IsSame(field, construction.*element.field)) return;
       writer.Word(element.keyword);
     }
-    Write(writer, field, element.form);
+    Write(writer, field);
   });
 }
 
@@ -79,7 +79,7 @@ inline constexpr bool kHasLinesOfItsOwn =
     std::is_same_v<Entry, TokenGroupItem> || std::is_same_v<Entry, ActionSlot>;
 
 template <class Entry>
-void Write(TextWriter& writer, const List<Entry>& list, const Form& /*form*/ = {}) {
+void Write(TextWriter& writer, const List<Entry>& list) {
   constexpr bool kIsBlock = kHasLinesOfItsOwn<Entry>;
   writer.Open('(');
   writer.Indent();

@@ -57,10 +57,10 @@ bool Dump(const mheg::Options& options) {
     PrintMessages(file.messages);
     isGood = isGood && file.group;
     if (!file.group) continue;
-    if (file.group.IsApplication()) {
-      korvel::DumpApplication(file.group.AsApplication(), 0, stdout);
+    if (IsApplication(file.group)) {
+      korvel::DumpApplication(AsApplication(file.group), 0, stdout);
     } else {
-      korvel::DumpScene(file.group.AsScene(), 0, stdout);
+      korvel::DumpScene(AsScene(file.group), 0, stdout);
     }
   }
   return isGood;

@@ -164,7 +164,7 @@ const CheckedGroup* Carousel::ApplicationOf(const CheckedGroup& group) const {
   for (const fs::path& folder : {group.file.path.parent_path(), root_}) {
     for (const char* name : kStartUpNames) {
       const CheckedGroup* found = GroupIn(folder / name);
-      if (found != nullptr && found->file.group.IsApplication()) return found;
+      if (found != nullptr && korvel::IsApplication(found->file.group)) return found;
     }
   }
   return nullptr;

@@ -29,7 +29,7 @@ struct CheckedGroup {
   std::multimap<std::int32_t, CheckedObject> objects;  // by number
   LinkDeeds deeds;
 
-  [[nodiscard]] const korvel::Group& Group() const { return *file.group.Get(); }
+  [[nodiscard]] const korvel::Group& Group() const { return *file.group; }
   [[nodiscard]] std::string_view Name() const { return Group().Reference.GroupIdentifier.View(); }
   // The class of an object, or of the group itself for its own number; None when there is none.
   [[nodiscard]] korvel::ItemType ClassOf(std::int32_t number) const;

@@ -46,6 +46,12 @@ Element(const char*, Field Record::*) -> Element<Record, Field>;
 template <class Record, class Field>
 Element(const char*, Field Record::*, Form) -> Element<Record, Field>;
 
+// Elements without keywords.
+template <class... Fields>
+constexpr auto ByPlace(Fields... fields) {
+  return std::tuple{Element{nullptr, fields}...};
+}
+
 // What names a class: its number, its tag in an items list (or a multiplex, or as a whole file),
 // its name in messages, and its keyword.
 struct ClassHeading {

@@ -3,7 +3,7 @@
 // them.
 #include "objects/action_table.h"
 #include "objects/vocabulary.h"
-#include "textual/read_value.h"
+#include "textual/text_reader.h"
 
 namespace korvel {
 namespace {

@@ -5,9 +5,8 @@
 #include <type_traits>
 
 #include "objects/ownership.h"
-#include "textual/read_value.h"
+#include "textual/text_reader.h"
 #include "textual/textual.h"
-#include "textual/written_attributes.h"
 
 namespace korvel {
 namespace {

@@ -1,5 +1,5 @@
 // The builders of values, except actions and objects.
-#include "textual/read_value.h"
+#include "textual/text_reader.h"
 
 namespace korvel {
 namespace {

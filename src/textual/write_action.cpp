@@ -3,7 +3,7 @@
 #include <initializer_list>
 
 #include "objects/action_values.h"
-#include "textual/write_value.h"
+#include "textual/text_writer.h"
 
 namespace korvel {
 namespace {

@@ -7,7 +7,6 @@
 #include "mheg/batch.h"
 #include "mheg/check/check.h"
 #include "mheg/convert.h"
-#include "mheg/exit_status.h"
 #include "mheg/group_file.h"
 #include "mheg/options.h"
 

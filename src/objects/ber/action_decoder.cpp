@@ -1,7 +1,5 @@
 // Reading actions. The standard nests some parameters in a SEQUENCE, and whole parameter lists may
 // be wrapped in one; both forms end up as the same flat row of values.
-#include "objects/ber/action_decoder.h"
-
 #include <utility>
 
 #include "objects/action_table.h"

@@ -4,9 +4,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "objects/ber/action_decoder.h"
 #include "objects/ber/ber.h"
-#include "objects/ber/expected.h"
 #include "objects/ber/value_decoder.h"
 #include "objects/class_tables.h"
 #include "objects/ownership.h"
@@ -14,6 +12,43 @@
 namespace korvel {
 namespace ber {
 namespace {
+
+// ---- The form of a field in a file, for messages ----
+
+const char* ExpectedFor(const bool& /*field*/) { return "a BOOLEAN"; }
+const char* ExpectedFor(const std::int32_t& /*field*/) { return "an INTEGER"; }
+template <IsEnumeration Enumeration>
+const char* ExpectedFor(const Enumeration& /*field*/) {
+  return kWords<Enumeration>.empty() ? "an INTEGER" : "an ENUMERATED";
+}
+const char* ExpectedFor(const OctetString& /*field*/) { return "an OCTET STRING"; }
+const char* ExpectedFor(const ContentReference& /*field*/) { return "an OCTET STRING"; }
+const char* ExpectedFor(const ObjectReference& /*field*/) { return "an object reference"; }
+const char* ExpectedFor(const OptionalReference& /*field*/) { return "an object reference"; }
+const char* ExpectedFor(const ColourValue& /*field*/) { return "an INTEGER or an OCTET STRING"; }
+const char* ExpectedFor(const FontBody& /*field*/) {
+  return "an OCTET STRING or an object reference";
+}
+const char* ExpectedFor(const ContentBody& /*field*/) {
+  return "an OCTET STRING or a content reference";
+}
+const char* ExpectedFor(const LinkCondition& /*field*/) {
+  return "an event source, an event type and event data";
+}
+const char* ExpectedFor(const ActionList& /*field*/) { return "actions"; }
+const char* ExpectedFor(const List<Item>& /*field*/) { return "objects"; }
+template <class Entry>
+const char* ExpectedFor(const List<Entry>& /*field*/) {
+  return "a list";
+}
+template <IsSequence Record>
+const char* ExpectedFor(const Record& /*field*/) {
+  return "two INTEGERs";
+}
+template <IsDescribed Record>
+const char* ExpectedFor(const Record& /*field*/) {
+  return "attributes";
+}
 
 // ---- Elements of a SEQUENCE: universal, told apart by their place ----
 

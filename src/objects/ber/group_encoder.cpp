@@ -2,7 +2,6 @@
 // written: as an element of a SEQUENCE, as an entry of a list, and under an attribute's tag.
 #include <type_traits>
 
-#include "objects/ber/action_encoder.h"
 #include "objects/ber/ber.h"
 #include "objects/ber/value_encoder.h"
 #include "objects/class_tables.h"

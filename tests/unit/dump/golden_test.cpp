@@ -11,7 +11,7 @@
 #include <sstream>
 #include <vector>
 
-#include "dump/printers.h"
+#include "dump/tree.h"
 #include "unit/dump/prepared_groups.h"
 #include "unit/dump/printed.h"
 

@@ -31,4 +31,14 @@ void CheckPlaces(const CheckedGroup& group, Findings& findings);
 [[nodiscard]] std::vector<std::string> Check(const std::vector<std::filesystem::path>& paths,
                                              unsigned jobs);
 
+// The name of a class, for messages.
+[[nodiscard]] inline const char* ClassName(korvel::ItemType type) {
+  if (type == korvel::ItemType::Application) return "Application";
+  if (type == korvel::ItemType::Scene) return "Scene";
+  const char* name = "object";
+  korvel::VisitIngredientClass(
+      type, [&name]<class Record>() { name = korvel::Description<Record>::heading.name; });
+  return name;
+}
+
 }  // namespace mheg

@@ -23,17 +23,11 @@ class MissingCheck {
   template <class Record>
   void Check(const Record& record) {
     const Record construction{};
-    ForEachAttribute<Record>([&](const auto& attribute) {
-      const auto& field = record.*attribute.field;
-      if constexpr (std::is_same_v<decltype(field), const LinkCondition&>) {
-        ForEachElement<LinkCondition>([&](const auto& element) {
-          Check(element.keyword, element.form, field.*element.field,
-                (construction.*attribute.field).*element.field);
-        });
-      } else {
-        Check(attribute.keyword, attribute.form, field, construction.*attribute.field);
-      }
-    });
+    ForEachWrittenAttribute<Record>(
+        [&](const char* keyword, const Form& form, const auto& field, const auto& constructed) {
+          Check(keyword, form, field, constructed);
+        },
+        record, construction);
   }
 
  private:

@@ -7,10 +7,10 @@
 namespace korvel {
 namespace {
 
-// The kind behind the last that actions carry; the format has a line for it.
+// The kind after the last that actions carry; the format has a line for it.
 constexpr auto kLinkCondition = static_cast<ValueKind>(7);
 
-// The name, of which one has always lacked its colon.
+// Prints the name and a colon. The format omits the colon for DelItem.
 void DumpName(const Tree& tree, std::uint8_t number) {
   const ActionRow* row = FindAction(number);
   if (row == nullptr || number > kDecodedActionCount) {

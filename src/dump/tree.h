@@ -1,6 +1,6 @@
-// One level of the printed tree, and the lines for values that stand in many records. A heading and
+// One level of the printed tree, and the lines for values of many records. A heading and
 // the fields of its record share a level; a base class, and the values of a field that has several,
-// stand one level deeper.
+// are one level deeper.
 #pragma once
 
 #include <cstdint>
@@ -79,7 +79,7 @@ void Dump(const Tree& tree, const Link& link);
 void Dump(const Tree& tree, const Program& program);
 // One of the five variables; the class number says which.
 void DumpVariable(const Tree& tree, ItemType type, const Ingredient& variable);
-// What stands between an ingredient and a visible, a stream, an audio or a token group; it has no
+// The class between an ingredient and a visible, a stream, an audio or a token group; it has no
 // fields of its own.
 void DumpPresentable(const Tree& tree, const Ingredient& ingredient);
 void Dump(const Tree& tree, const TokenGroup& group);

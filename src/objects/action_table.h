@@ -139,8 +139,8 @@ inline constexpr std::uint8_t kActionCount = 119;
 inline constexpr std::uint8_t kDecodedActionCount = 110;
 inline constexpr std::uint32_t kActionTagBase = 114;
 
-// What stands at one place of an action's syntax. The composite kinds stand for several values,
-// which a decoded action holds flattened, one after the other.
+// The kind of one place of an action's syntax. A composite place has several values, which a
+// decoded action holds flattened, one after the other.
 enum class Parameter : std::uint8_t {
   Integer,        // GenericInteger
   IntegerOrNull,  // GenericInteger or NULL

@@ -1,5 +1,5 @@
 // The interchange form of every class, written down once. An attribute's row gives its BER tag, its
-// keyword in the textual notation and its field; rows stand in the order in which the notation is
+// keyword in the textual notation and its field; rows are in the order in which the notation is
 // written.
 #pragma once
 
@@ -96,8 +96,8 @@ struct Description<DefaultAttributes> {
       Attribute{50, ":SliderRefColour", &DefaultAttributes::SliderRefColour}};
 };
 
-// The default attributes stand under one tag of their own in BER, and side by side with the
-// application's other attributes in the textual notation.
+// The default attributes have one tag of their own in BER; in the textual notation they are written
+// beside the application's other attributes.
 template <>
 struct Description<Application> {
   using Parents = Classes<Group>;
@@ -126,7 +126,7 @@ inline constexpr std::uint32_t kOriginalContentTag = 58;
 inline constexpr std::uint32_t kSharedTag = 59;
 inline constexpr std::uint32_t kOriginalPaletteRefTag = 78;
 
-// What a class without content of its own leaves out of the ingredient's attributes.
+// The attributes of an ingredient that a class without content does not have.
 inline constexpr std::array kContentTags = {kContentHookTag, kOriginalContentTag};
 
 template <>

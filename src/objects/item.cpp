@@ -31,7 +31,7 @@ void Item::Reset() {
   if (record == nullptr) return;
   const bool isKnown = VisitIngredientClass(
       type_, [record]<class Record>() { Releaser<Record>()(static_cast<Record*>(record)); });
-  // A record whose class nobody knows cannot be released: its destructor is unknown too.
+  // The record of an unknown class cannot be released: its destructor is unknown too.
   if (!isKnown) std::fputs("Unknown ItemType\n", stdout);
   type_ = ItemType::None;
 }

@@ -65,7 +65,7 @@ inline constexpr std::int64_t kMostCanvasPixels = std::int64_t{64} * 1024 * 1024
 inline constexpr double kMostDashes = 3000;
 
 // The characters of a text that are drawn, more than any picture shows. GDI+ lays out what lies
-// beyond the box too, and takes its time.
+// beyond the box too, and is slow at it.
 inline constexpr std::size_t kMostCharacters = 20000;
 
 // A font of a larger size is not drawn: not even a part of a character would be in the picture.

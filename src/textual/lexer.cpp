@@ -104,7 +104,7 @@ class Lexer {
   }
 
   // A keyword, which runs until a byte that ends words or one of two brackets: the opening ones
-  // behind a word with a colon, the closing ones behind a word without.
+  // after a word with a colon, the closing ones after a word without.
   LexResult ReadWord(char bracket, char otherBracket) {
     std::size_t end = position_;
     while (end < text_.size() && !EndsWord(text_[end]) &&
@@ -168,7 +168,7 @@ class Lexer {
                 static_cast<std::uint32_t>(list_.stringBytes.Size() - start)});
   }
 
-  // A minus or a digit and the digits behind it. A leading zero is a number by itself, and
+  // A minus or a digit and the digits after it. A leading zero is a number by itself, and
   // hexadecimal numbers are no part of the notation.
   LexResult ReadNumber() {
     const std::size_t begin = position_;

@@ -11,7 +11,7 @@
 namespace korvel {
 namespace {
 
-// What stands at the offset: a word, up to the next space, or a byte that cannot be shown.
+// Describes the text at the offset: a word, up to the next space, or a byte that cannot be shown.
 void ShowFound(std::string_view text, std::size_t offset, std::span<char> shown) {
   if (offset >= text.size()) {
     std::snprintf(shown.data(), shown.size(), "the end of the text");
@@ -40,7 +40,7 @@ void Explain(std::string_view text, std::size_t offset, const char* expected, co
 template <class HeldClasses>
 bool ReadObjects(TextReader& reader, List<Item>& list);
 
-// Builds one object: its attributes stand in any order, each at most once.
+// Builds one object: its attributes come in any order, each at most once.
 template <class Record>
 class ObjectBuilder {
  public:

@@ -10,8 +10,8 @@
 
 namespace korvel {
 
-// What a token stands in, for messages: an object's class and the keyword of its attribute, or an
-// action. Empty outside of everything.
+// The surroundings of a token, for messages: an object's class and the keyword of its attribute, or
+// an action. Empty outside of everything.
 struct Construct {
   const char* owner = "";
   const char* part = "";
@@ -29,7 +29,7 @@ class TextReader {
   [[nodiscard]] bool IsAtKeyword(const char* keyword) const {
     return IsKeyword(Next().code) && IsSameWord(KeywordText(Next().code), keyword);
   }
-  // Whether an object with that keyword begins here: a brace and the keyword behind it.
+  // Whether an object with that keyword begins here: a brace and the keyword after it.
   [[nodiscard]] bool IsAtObject(const char* keyword) const {
     if (!IsAt(kOpenBrace)) return false;
     const std::uint16_t code = list_.tokens[place_ + 1].code;
@@ -54,7 +54,7 @@ class TextReader {
   void PutBackTo(std::size_t place) { place_ = place; }
 
   // Says what is read from here on, and returns what was read before, for the caller to go back to.
-  // After a refusal nobody needs to: it has been noted with the innermost.
+  // Not needed after a refusal, which has been noted with the innermost construct.
   Construct Enter(Construct construct) { return std::exchange(construct_, construct); }
 
   // Notes what could have stood at the next token; `subject` is added to it. Always false, for the
@@ -134,7 +134,7 @@ template <IsEnumeration Enumeration>
   return isRead;
 }
 
-// A structure's elements in their order, those with a keyword only where it stands.
+// A structure's elements in their order, those with a keyword only after it.
 template <IsSequence Record>
 [[nodiscard]] bool Read(TextReader& reader, Record& record) {
   bool isRead = true;
@@ -146,7 +146,7 @@ template <IsSequence Record>
   return isRead;
 }
 
-// One entry of a list. A structure stands in parentheses there.
+// One entry of a list. A structure is in parentheses there.
 template <class Entry>
 [[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) {
   return Read(reader, entry);

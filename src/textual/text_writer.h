@@ -18,7 +18,7 @@ class TextWriter {
   // A word or a number, a space before it unless a bracket or the line has just been opened.
   void Word(std::string_view word);
   // More of the same word.
-  void Behind(std::string_view rest) { Add(rest); }
+  void Append(std::string_view rest) { Add(rest); }
   void Number(std::int32_t number);
   // A string in the quotes that suit its bytes: double ones for text, single ones where bytes have
   // to be coded.
@@ -26,8 +26,8 @@ class TextWriter {
   // A string with every byte coded, as colours are written.
   void CodedString(std::string_view bytes);
 
-  void Open(char bracket);            // stands apart from the word before it
-  void OpenBehindWord(char bracket);  // stands at the word before it
+  void Open(char bracket);           // after a space
+  void OpenAfterWord(char bracket);  // without a space
   void Close(char bracket);
 
   // Between an opening and a closing bracket, each line one level deeper.
@@ -35,7 +35,7 @@ class TextWriter {
   void Outdent() { --depth_; }
   void NewLine();
 
-  // What is being written, for the message about a value without a word.
+  // The attribute that is being written, for the message about a value without a word.
   void SetPlace(std::int32_t object, const char* keyword) { place_ = {object, keyword, 0}; }
   void FailForWord(std::int32_t number);
 
@@ -107,7 +107,7 @@ void Write(TextWriter& writer, const Record& record) {
   });
 }
 
-// One entry of a list. A structure stands in parentheses there.
+// One entry of a list. A structure is in parentheses there.
 template <class Entry>
 void WriteEntry(TextWriter& writer, const Entry& entry) {
   Write(writer, entry);
@@ -123,7 +123,7 @@ void WriteEntry(TextWriter& writer, const ActionSlot& slot);
 void WriteEntry(TextWriter& writer, const ElementaryAction& action);
 void WriteEntry(TextWriter& writer, const Item& item);
 
-// Entries that are too long to stand side by side.
+// Entries that are too long to share a line.
 template <class Entry>
 inline constexpr bool kHasLinesOfItsOwn =
     std::is_same_v<Entry, Item> || std::is_same_v<Entry, ElementaryAction> ||

@@ -31,9 +31,9 @@ struct TextPlace {
   std::uint32_t column = 0;
 };
 
-// Why a text was refused: the furthest place that could not be read on from, what it stands in,
-// such as "Scene :SceneCS" or "SetPosition", or nothing where that is not known, what stands there,
-// cut short where it is long, and what could have stood there instead.
+// Why a text was refused: the furthest place that could not be read on from, the construct it is
+// in, such as "Scene :SceneCS" or "SetPosition", empty if unknown, the text found there, cut short
+// if it is long, and the text expected instead.
 struct TextError {
   TextPlace place;
   std::array<char, 48> construct{};

@@ -18,7 +18,7 @@ std::string AtPlace(const GroupFile& file, korvel::TextPlace place) {
          std::to_string(place.column) + ": ";
 }
 
-// The construct that a fault stands in, where that is known.
+// The construct that a fault is in, if known.
 std::string In(const std::string& construct) {
   return construct.empty() ? "" : "in " + construct + ": ";
 }

@@ -1,4 +1,4 @@
-// What the command line asks for.
+// The request that the command line makes.
 #pragma once
 
 #include <filesystem>

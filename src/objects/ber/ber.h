@@ -12,8 +12,8 @@
 
 namespace korvel {
 
-// Why a file was refused: the first byte of the element that could not be taken, what it stands in,
-// and what should have stood there.
+// Why a file was refused: the first byte of the element that does not fit, the part of the
+// group that it is in, and the element that should be there.
 struct DecodeError {
   std::size_t offset = 0;
   const char* owner = "";  // the class: "Text"; empty outside of everything

@@ -1,5 +1,5 @@
-// Reading groups: one pass over the class tables, which alone know the attributes of a class. What
-// stands here is how a field of each shape is read: as an element of a SEQUENCE, as an entry of a
+// Reading groups: one pass over the class tables, which alone know the attributes of a class. This
+// file says how a field of each shape is read: as an element of a SEQUENCE, as an entry of a
 // list, and under an attribute's tag.
 #include <type_traits>
 #include <utility>
@@ -50,7 +50,7 @@ const char* ExpectedFor(const Record& /*field*/) {
   return "attributes";
 }
 
-// ---- Elements of a SEQUENCE: universal, told apart by their place ----
+// ---- Elements of a SEQUENCE: universal, distinguished by their place ----
 
 bool DecodeElement(const BerElement& element, std::int32_t& field) {
   return Decode(element, NumberType::Integer, field);
@@ -207,7 +207,7 @@ bool DecodeField(const BerElement& tagged, ContentReference& field) {
   return DecodeField(tagged, field.Path);
 }
 
-// What a primitive tag holds cannot be told to be one of a colour's or a font's types: it is
+// A primitive tag does not say which of a colour's or a font's types its content has: it is
 // refused.
 bool DecodeField(const BerElement& tagged, ColourValue& field) {
   BerElement element;
@@ -250,7 +250,7 @@ bool DecodeField(const BerElement& tagged, List<T>& field) {
 template <IsDescribed Record>
 bool DecodeField(const BerElement& tagged, Record& field);
 
-// Some attributes stand under a second tag that tells their type.
+// Some attributes have a second tag, which names their type.
 template <class Field>
 bool DecodeTaggedField(const BerElement& tagged, const Form& form, Field& field) {
   if (form.innerTag == 0) return DecodeField(tagged, field);
@@ -262,7 +262,7 @@ bool DecodeTaggedField(const BerElement& tagged, const Form& form, Field& field)
 template <class... Records>
 bool DecodeItems(Classes<Records...> classes, const BerElement& tagged, List<Item>& field);
 
-// What a refusal in an attribute or in an object has to say, unless it is known by then.
+// Adds the place to a refusal in an attribute or an object, unless it has one.
 bool ExplainAttribute(const BerElement& element, const char* keyword, const char* expected) {
   element.content.Explain(&Refusal::part, keyword);
   return element.content.Explain(&Refusal::expected, expected);
@@ -274,8 +274,8 @@ bool ExplainObject(const BerElement& element) {
   return element.content.Explain(&Refusal::expected, "an attribute");
 }
 
-// Reads the attribute that the element's tag names; one that the class does not have is passed
-// over.
+// Reads the attribute that the element's tag names; one that the class does not have is
+// skipped.
 template <IsDescribed Record>
 bool DecodeAttribute(const BerElement& element, Record& record) {
   bool isRead = true;
@@ -337,7 +337,7 @@ bool DecodeObject(const BerElement& element, List<Item>& list) {
   return list.Append(std::move(item)) != nullptr || element.Refuse();
 }
 
-// Reads the object that the element's tag names; one of none of the classes is passed over.
+// Reads the object that the element's tag names; an object of another class is skipped.
 template <class... Records>
 bool DecodeItem(Classes<Records...> classes, const BerElement& element, List<Item>& list) {
   bool isRead = true;

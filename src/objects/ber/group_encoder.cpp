@@ -1,4 +1,4 @@
-// Writing groups: one pass over the class tables. What stands here is how a field of each shape is
+// Writing groups: one pass over the class tables. This file says how a field of each shape is
 // written: as an element of a SEQUENCE, as an entry of a list, and under an attribute's tag.
 #include <type_traits>
 

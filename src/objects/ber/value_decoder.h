@@ -8,7 +8,7 @@
 
 namespace korvel::ber {
 
-// The kinds of value that may stand at a place, one bit for each ValueKind.
+// The kinds of value that a place allows, one bit for each ValueKind.
 using KindSet = std::uint32_t;
 
 template <class... Kinds>
@@ -16,7 +16,7 @@ constexpr KindSet SetOfKinds(Kinds... kinds) {
   return (KindSet{0} | ... | (KindSet{1} << static_cast<unsigned>(kinds)));
 }
 
-// The universal element that `tagged` stands for. A primitive one is the value itself, of the type
+// The universal element of a tagged value. A primitive one is the value itself, of the type
 // `implied`; a constructed one holds exactly one universal element.
 [[nodiscard]] bool Untag(const BerElement& tagged, Tag implied, BerElement& value);
 // The same for a reference, whose two forms also show themselves by what the tag holds.

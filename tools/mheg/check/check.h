@@ -26,8 +26,8 @@ void CheckLinks(const Carousel& carousel, const CheckedGroup& group, Findings& f
 void CheckFiles(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
 void CheckPlaces(const CheckedGroup& group, Findings& findings);
 
-// Checks all groups of these files and folders on so many threads (0: one a processor). What is
-// found, with file and object number, in the order of the files; nothing when all is well.
+// Checks all groups of these files and folders on `jobs` threads (0: one a processor). Returns what
+// is found, with file and object number, in the order of the files; nothing when all is well.
 [[nodiscard]] std::vector<std::string> Check(const std::vector<std::filesystem::path>& paths,
                                              unsigned jobs);
 

@@ -1,6 +1,6 @@
-// Attributes that an author must write. A text tells where they are missing when it is read; of a
-// group in BER only the value is left to look at, and counts as missing when it is one that nobody
-// would write.
+// Attributes that an author must write. The reader of a text reports where they are missing; of a
+// group in BER only the value can be checked, which counts as missing if no author would write
+// it.
 #include "mheg/check/check.h"
 #include "objects/equality.h"
 

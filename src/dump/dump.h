@@ -8,7 +8,7 @@
 
 namespace korvel {
 
-// Every line stands behind `depth` copies of "|   " and one "|---", its parts deeper.
+// Every line begins with `depth` copies of "|   " and one "|---"; parts are deeper.
 void DumpApplication(const Application& application, int depth, std::FILE* stream);
 void DumpScene(const Scene& scene, int depth, std::FILE* stream);
 

@@ -1,5 +1,5 @@
 // The printers of ingredients that are not seen.
-#include "dump/printers.h"
+#include "dump/tree.h"
 #include "objects/vocabulary.h"
 
 namespace korvel {

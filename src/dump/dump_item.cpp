@@ -1,5 +1,5 @@
 // The headings of objects, and which printer goes with each class.
-#include "dump/printers.h"
+#include "dump/tree.h"
 
 namespace korvel {
 namespace {

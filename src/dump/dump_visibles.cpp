@@ -1,5 +1,5 @@
 // The printers of ingredients that are seen.
-#include "dump/printers.h"
+#include "dump/tree.h"
 
 namespace korvel {
 namespace {

@@ -55,7 +55,7 @@ void ReleaseEndedGroups() {
   if (core.busyCount > 0) return;
   while (core.ended != nullptr) {
     OwnedGroup group(std::exchange(core.ended, core.ended->nextEnded));
-    GiveCanvasesBack(*group.Get());
+    GiveCanvasesBack(*group);
   }
 }
 

@@ -9,8 +9,8 @@
 
 #include "engine/engine.h"
 #include "engine/resident_programs.h"
-#include "objects/decoded_group.h"
 #include "objects/list.h"
+#include "objects/ownership.h"
 
 namespace korvel {
 

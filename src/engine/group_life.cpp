@@ -144,14 +144,14 @@ void BuryRunningGroups() {
 }
 
 Application& AdoptApplication(OwnedGroup&& group) {
-  auto* application = static_cast<Application*>(group.Release());
+  auto* application = static_cast<Application*>(group.release());
   Adopt(*application);
   TheCore().application = application;
   return *application;
 }
 
 Scene& AdoptScene(OwnedGroup&& group) {
-  auto* scene = static_cast<Scene*>(group.Release());
+  auto* scene = static_cast<Scene*>(group.release());
   Adopt(*scene);
   TheCore().scene = scene;
   return *scene;

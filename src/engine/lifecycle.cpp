@@ -18,8 +18,7 @@ Status Refuse(Message message) {
 
 bool Decode(const OctetString& bytes, OwnedGroup& group) {
   const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.Text());
-  bool isApplication = false;
-  return DecodeGroup({first, bytes.Length()}, group, isApplication) == Status::Done;
+  return DecodeGroup({first, bytes.Length()}, group) == Status::Done;
 }
 
 Status RaiseReferenceError(const ObjectReference& source) {
@@ -43,7 +42,7 @@ Status ReadApplication(std::string_view groupName, Message message, OwnedGroup& 
   const Status status = FetchNamedGroup(groupName, bytes);
   if (status != Status::Done) return status;
   if (!Decode(bytes, group)) return Status::Failure;
-  return group.IsApplication() ? Status::Done : Refuse(message);
+  return IsApplication(group) ? Status::Done : Refuse(message);
 }
 
 ApplicationStack& TheStack() { return TheCore().applicationStack; }
@@ -80,7 +79,7 @@ Status QuitToParent(const ObjectReference& quitting) {
   stack.Names[--stack.Count].Clear();
   OwnedGroup group;
   if (!Decode(bytes, group)) return Status::Failure;
-  if (!group.IsApplication()) return Refuse(Message::SpawnError);
+  if (!IsApplication(group)) return Refuse(Message::SpawnError);
   AdoptApplication(std::move(group));
   return Status::Done;
 }
@@ -122,7 +121,7 @@ Status StartEngine(std::string_view path) {
   if (!FetchStartUp(path, bytes)) return Status::Refused;
   OwnedGroup group;
   if (!Decode(bytes, group)) return Refuse(Message::ParserFailed);
-  if (!group.IsApplication()) return Refuse(Message::StartupError);
+  if (!IsApplication(group)) return Refuse(Message::StartupError);
   return StartApplication(AdoptApplication(std::move(group)));
 }
 
@@ -170,7 +169,7 @@ Status TransitionTo(std::string_view groupName) {
     Say(Message::ParseError);
     return Status::Failure;
   }
-  if (group.IsApplication()) return Refuse(Message::TransitionToError);
+  if (IsApplication(group)) return Refuse(Message::TransitionToError);
 
   if (CurrentApplication() != nullptr) StopUnsharedItems(*CurrentApplication());
   status = EndScene();

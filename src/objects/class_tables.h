@@ -1,5 +1,5 @@
 // The interchange form of every class, written down once. An attribute's row gives its BER tag, its
-// keyword in the textual notation and its field; rows stand in the order in which the notation is
+// keyword in the textual notation and its field; rows are in the order in which the notation is
 // written.
 #pragma once
 
@@ -23,34 +23,29 @@ inline constexpr Form kOriginalValue{.isRequired = true, .isChoice = true};
 
 template <>
 struct SequenceDescription<BoxSize> {
-  static constexpr auto elements =
-      std::tuple{Element{nullptr, &BoxSize::Width}, Element{nullptr, &BoxSize::Height}};
+  static constexpr auto elements = ByPlace(&BoxSize::Width, &BoxSize::Height);
 };
 template <>
 struct SequenceDescription<Position> {
-  static constexpr auto elements =
-      std::tuple{Element{nullptr, &Position::X}, Element{nullptr, &Position::Y}};
+  static constexpr auto elements = ByPlace(&Position::X, &Position::Y);
 };
 template <>
 struct SequenceDescription<StandardIdentifier> {
-  static constexpr auto elements =
-      std::tuple{Element{nullptr, &StandardIdentifier::JointIsoItuIdentifier},
-                 Element{nullptr, &StandardIdentifier::MHEGStandardIdentifier}};
+  static constexpr auto elements = ByPlace(&StandardIdentifier::JointIsoItuIdentifier,
+                                           &StandardIdentifier::MHEGStandardIdentifier);
 };
 template <>
 struct SequenceDescription<SceneCoordinateSystem> {
-  static constexpr auto elements = std::tuple{Element{nullptr, &SceneCoordinateSystem::Width},
-                                              Element{nullptr, &SceneCoordinateSystem::Height}};
+  static constexpr auto elements =
+      ByPlace(&SceneCoordinateSystem::Width, &SceneCoordinateSystem::Height);
 };
 template <>
 struct SequenceDescription<AspectRatio> {
-  static constexpr auto elements =
-      std::tuple{Element{nullptr, &AspectRatio::Width}, Element{nullptr, &AspectRatio::Height}};
+  static constexpr auto elements = ByPlace(&AspectRatio::Width, &AspectRatio::Height);
 };
 template <>
 struct SequenceDescription<NextScene> {
-  static constexpr auto elements = std::tuple{Element{nullptr, &NextScene::SceneReference},
-                                              Element{nullptr, &NextScene::Weight}};
+  static constexpr auto elements = ByPlace(&NextScene::SceneReference, &NextScene::Weight);
 };
 template <>
 struct SequenceDescription<LinkCondition> {
@@ -101,8 +96,8 @@ struct Description<DefaultAttributes> {
       Attribute{50, ":SliderRefColour", &DefaultAttributes::SliderRefColour}};
 };
 
-// The default attributes stand under one tag of their own in BER, and side by side with the
-// application's other attributes in the textual notation.
+// The default attributes have one tag of their own in BER; in the textual notation they are written
+// beside the application's other attributes.
 template <>
 struct Description<Application> {
   using Parents = Classes<Group>;
@@ -131,7 +126,7 @@ inline constexpr std::uint32_t kOriginalContentTag = 58;
 inline constexpr std::uint32_t kSharedTag = 59;
 inline constexpr std::uint32_t kOriginalPaletteRefTag = 78;
 
-// What a class without content of its own leaves out of the ingredient's attributes.
+// The attributes of an ingredient that a class without content does not have.
 inline constexpr std::array kContentTags = {kContentHookTag, kOriginalContentTag};
 
 template <>
@@ -447,7 +442,28 @@ struct Description<RTGraphics> {
                  Attribute{100, ":Termination", &RTGraphics::Termination}};
 };
 
-// ---- The classes that lists of objects hold ----
+// ---- Passes ----
+
+// Calls visit(keyword, form, fields...) for every attribute as the textual notation has it, parents
+// first; the fields are those of the records, in their order. Attributes that BER keeps in a
+// structure without a keyword (the default attributes, a link's condition) are among the others.
+template <class Record, class Visit, class... Records>
+void ForEachWrittenAttribute(Visit&& visit, Records&... records) {
+  ForEachAttribute<Record>([&](const auto& attribute) {
+    using Field = std::remove_cvref_t<decltype(std::declval<Record&>().*attribute.field)>;
+    if constexpr (IsDescribed<Field>) {
+      ForEachWrittenAttribute<Field>(visit, records.*attribute.field...);
+    } else if constexpr (std::is_same_v<Field, LinkCondition>) {
+      ForEachElement<Field>([&](const auto& element) {
+        visit(element.keyword, element.form, (records.*attribute.field).*element.field...);
+      });
+    } else {
+      visit(attribute.keyword, attribute.form, records.*attribute.field...);
+    }
+  });
+}
+
+// The classes that lists of objects hold.
 
 using ItemClasses =
     Classes<ResidentProgram, RemoteProgram, InterchangedProgram, Palette, Font, CursorShape,

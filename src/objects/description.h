@@ -1,6 +1,6 @@
 // The means to describe a class's interchange form once: a table of attributes, each with its BER
 // tag, its textual keyword and its field. Every pass over records (reading, writing, completing
-// references) walks these tables and knows no attribute of its own. The tables themselves stand in
+// references) walks these tables and knows no attribute of its own. The tables are in
 // class_tables.h.
 #pragma once
 
@@ -11,10 +11,10 @@
 
 namespace korvel {
 
-// What the passes need to know about a field beyond its type.
+// The facts about a field that its type does not tell.
 struct Form {
-  std::uint32_t innerTag = 0;  // the value stands under this context tag inside the attribute's own
-  const char* innerKeyword = nullptr;  // and behind this keyword in the textual notation
+  std::uint32_t innerTag = 0;          // the context tag of the value inside the attribute's own
+  const char* innerKeyword = nullptr;  // and the keyword before it in the notation
   const char* name = "";               // names a reference in messages: "Link EventSource"
   bool isRequired = false;  // an author must write it; a reader leaves the construction value
   bool isChoice = false;    // other classes have another type here: BER shows it in an explicit tag
@@ -34,7 +34,7 @@ template <class Record, class Field>
 Attribute(std::uint32_t, const char*, Field Record::*, Form) -> Attribute<Record, Field>;
 
 // One element of a structure that is encoded as a SEQUENCE: its place is its name in BER. In the
-// textual notation elements with a keyword are written behind it, the others by their place.
+// textual notation elements with a keyword are written after it, the others by their place.
 template <class Record, class Field>
 struct Element {
   const char* keyword;  // nullptr: by place
@@ -46,7 +46,13 @@ Element(const char*, Field Record::*) -> Element<Record, Field>;
 template <class Record, class Field>
 Element(const char*, Field Record::*, Form) -> Element<Record, Field>;
 
-// What names a class: its number, its tag in an items list (or a multiplex, or as a whole file),
+// Elements without keywords.
+template <class... Fields>
+constexpr auto ByPlace(Fields... fields) {
+  return std::tuple{Element{nullptr, fields}...};
+}
+
+// The names of a class: its number, its tag in an items list (or a multiplex, or as a whole file),
 // its name in messages, and its keyword.
 struct ClassHeading {
   ItemType type;

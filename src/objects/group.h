@@ -10,7 +10,7 @@
 
 namespace korvel {
 
-// What every object has: its name and the two statuses that preparing and activating it move.
+// The head of every object: its name and the two statuses that preparing and activating it set.
 struct Root {
   ObjectReference Reference;
   bool AvailabilityStatus = false;
@@ -23,8 +23,8 @@ struct StandardIdentifier {
 };
 
 // A group's end. Links and action lists may still be on the call stack when their group ends, so
-// its memory stays until nothing runs; whoever called out asks `isDead` before touching the group
-// again.
+// its memory stays until nothing runs; callers check `isDead` before they touch the group again
+// after a call that can run actions.
 struct Life {
   bool isDying = false;  // its end has begun
   bool isDead = false;   // ended: registered nowhere, released when nothing runs any more

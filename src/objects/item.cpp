@@ -3,14 +3,14 @@
 
 #include "objects/class_tables.h"
 #include "objects/messages.h"
-#include "objects/owned.h"
+#include "objects/ownership.h"
 
 namespace korvel {
 
 Item Item::New(ItemType type) {
   Item item;
   VisitIngredientClass(type, [&]<class Record>() {
-    Ingredient* record = Owned<Record>::New().Release();
+    Ingredient* record = NewRecord<Record>().release();
     if (record != nullptr) item = Item(type, record);
   });
   return item;
@@ -29,8 +29,8 @@ void Item::Reset() {
   Ingredient* record = std::exchange(record_, nullptr);
   if (record == nullptr) return;
   const bool isKnown = VisitIngredientClass(
-      type_, [record]<class Record>() { Owned<Record>(static_cast<Record*>(record)).Reset(); });
-  // A record whose class nobody knows cannot be released: its destructor is unknown too.
+      type_, [record]<class Record>() { Releaser<Record>()(static_cast<Record*>(record)); });
+  // The record of an unknown class cannot be released: its destructor is unknown too.
   if (!isKnown) Say(Message::UnknownItemType);
   type_ = ItemType::None;
 }

@@ -1,5 +1,5 @@
 // The owner of one ingredient's record, whatever its class: what a group's items and a stream's
-// components are lists of. The class number says which record stands behind it.
+// components are lists of. The class number says which record it is.
 #pragma once
 
 #include <utility>

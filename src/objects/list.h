@@ -71,10 +71,10 @@ class List {
   [[nodiscard]] const T* At(std::size_t index) const { return const_cast<List*>(this)->At(index); }
   [[nodiscard]] T* Last() { return tail_ == nullptr ? nullptr : &tail_->value; }
 
-  // Takes `value` in at the end and returns where it now stands; null, with `value` untouched, when
-  // memory is out.
+  // Moves `value` to the end and returns its place; null, with `value` untouched, when memory is
+  // out.
   [[nodiscard]] T* Append(T&& value) { return Link(tail_, std::move(value)); }
-  // Takes `value` in as the entry at a 0-based place; a place past the end means the end.
+  // Moves `value` to a 0-based place; a place past the end means the end.
   [[nodiscard]] T* InsertAt(std::size_t index, T&& value) {
     Node* before = nullptr;
     for (Node* node = head_; node != nullptr && index > 0; node = node->next, --index)
@@ -82,7 +82,7 @@ class List {
     return Link(before, std::move(value));
   }
 
-  // Takes the first value that `matches` out and moves it to `taken` (may be null). False when
+  // Removes the first value that `matches` and moves it to `taken` (may be null). False when
   // there is none.
   template <class Predicate>
   bool RemoveFirst(Predicate&& matches, T* taken = nullptr) {
@@ -94,7 +94,7 @@ class List {
     }
     return false;
   }
-  // Takes every value that `matches` out.
+  // Removes every value that `matches`.
   template <class Predicate>
   void RemoveAll(Predicate&& matches) {
     Node* before = nullptr;

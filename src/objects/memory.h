@@ -11,7 +11,7 @@ namespace korvel {
 // released.
 [[nodiscard]] void* AllocateZeroed(std::size_t bytes);
 
-// Gives a block back. Null is allowed.
+// Releases a block. Null is allowed.
 void ReleaseMemory(void* block);
 
 }  // namespace korvel

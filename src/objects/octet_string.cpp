@@ -9,7 +9,7 @@
 namespace korvel {
 namespace {
 
-// So many zeros and the one behind them, or null.
+// `length` zeros and the one that follows them, or null.
 char* Zeros(std::size_t length) {
   return length + 1 == 0 ? nullptr : static_cast<char*>(AllocateZeroed(length + 1));
 }

@@ -1,5 +1,5 @@
-// The octet string of MHEG-5: bytes with a length, which may hold zeros and need not be text. One
-// zero byte always stands behind them, so that they can also be handed to code that wants
+// The octet string of MHEG-5: bytes with a length, which may hold zeros and need not be text. A
+// zero byte always follows them, so that they can also be passed to code that expects
 // terminated text.
 #pragma once
 
@@ -24,7 +24,8 @@ class OctetString {
   // Copies `bytes`, which may point into this very string. False, and unchanged, when memory is
   // out.
   [[nodiscard]] bool Assign(std::string_view bytes);
-  // Makes the string so many zeros, to be written over. False, and unchanged, when memory is out.
+  // Replaces the contents with `length` zero bytes for the caller to fill in. False, and unchanged,
+  // when memory is out.
   [[nodiscard]] bool AssignZeros(std::size_t length);
   // As Assign, and an absent string makes this one absent.
   [[nodiscard]] bool CopyFrom(const OctetString& other);
@@ -41,7 +42,7 @@ class OctetString {
   [[nodiscard]] std::string_view View() const { return {Text(), length_}; }
   // The bytes up to their first zero byte: what code that reads them as text sees.
   [[nodiscard]] std::string_view TextView() const { return {Text()}; }
-  // The bytes with the zero behind them; "" when absent.
+  // The bytes and the zero after them; "" when absent.
   [[nodiscard]] const char* Text() const { return bytes_ == nullptr ? "" : bytes_; }
   // The bytes to change in place, Length() of them; null when absent.
   [[nodiscard]] char* MutableBytes() { return bytes_; }

@@ -6,7 +6,7 @@
 
 namespace korvel {
 
-// The numbers are part of the design: content-driven operations hand them up through action lists
+// The numbers are part of the design: content-driven operations return them through action lists
 // and events.
 enum class [[nodiscard]] Status : std::uint32_t{
     Done = 0,
@@ -18,8 +18,8 @@ enum class [[nodiscard]] Status : std::uint32_t{
     Blocked = 6,  // a key that the scene's input event register keeps out
 };
 
-// What preparing, activating or deactivating an object did. A type of its own, because 1 means the
-// opposite of a Status's 1.
+// The result of preparing, activating or deactivating an object. A type of its own, because 1 means
+// the opposite of a Status's 1.
 enum class [[nodiscard]] Change : std::uint32_t{
     Nothing = 0,  // the object was already in that state
     Changed = 1,

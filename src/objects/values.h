@@ -12,7 +12,7 @@ namespace korvel {
 
 // Names an object: the group that holds it and its number there. While the group identifier is
 // absent the reference means the group that contains it; number 0 names the group itself. A leading
-// "~" of a group identifier stands for the current directory.
+// "~" of a group identifier means the current directory.
 struct ObjectReference {
   OctetString GroupIdentifier;
   std::int32_t Number = 0;
@@ -100,7 +100,7 @@ struct Position {
   std::int32_t Y = 0;
 };
 
-// One step of an action list. `ActionType` is the number of the action table; the parameters stand
+// One step of an action list. `ActionType` is the number of the action table; the parameters are
 // in the order of the standard's syntax, nested groups of parameters flattened.
 struct ElementaryAction {
   std::uint8_t ActionType = 0;
@@ -119,7 +119,7 @@ using ActionList = List<ElementaryAction>;
 [[nodiscard]] bool Copy(const ContentBody& from, ContentBody& to);
 [[nodiscard]] bool Copy(const GenericValue& from, GenericValue& to);
 
-// The name without its leading "~", which stands for the current directory and is not compared.
+// The name without its leading "~", which means the current directory and is not compared.
 [[nodiscard]] constexpr std::string_view WithoutTilde(std::string_view name) {
   return name.substr(name.starts_with('~') ? 1 : 0);
 }

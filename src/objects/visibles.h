@@ -44,7 +44,7 @@ struct LineArt : Visible {
 };
 struct Rectangle : LineArt {};
 struct DynamicLineArt : LineArt {
-  // Made when first drawn on; given back to the presentation before the record is released.
+  // Made when first drawn on; returned to the presentation before the record is released.
   korvel::Canvas* Canvas = nullptr;
 };
 
@@ -64,7 +64,7 @@ struct Text : Visible {
   FontBody Font;
 };
 
-// What objects that the viewer can work have besides being visible.
+// The part of a visible that the viewer can operate.
 struct Interactible {
   bool EngineResp = true;
   ColourValue HighlightRefColour;

@@ -87,6 +87,16 @@ concept IsEnumeration = std::is_enum_v<T> && sizeof(T) == sizeof(std::int32_t);
 
 using Words = std::span<const char* const>;
 
+constexpr char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
+
+// Whether both are the same word in any case of letters.
+constexpr bool IsSameWord(const char* one, const char* other) {
+  for (; UpperCase(*one) == UpperCase(*other); ++one, ++other) {
+    if (*one == 0) return true;
+  }
+  return false;
+}
+
 // The words of an enumeration in the textual notation; the first one is the word of 1. An
 // enumeration without words is written as a number.
 template <IsEnumeration Enumeration>

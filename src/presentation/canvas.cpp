@@ -8,7 +8,7 @@
 #include "appearance/colours.h"
 #include "appearance/geometry.h"
 #include "objects/limits.h"
-#include "objects/owned.h"
+#include "objects/ownership.h"
 #include "objects/sequence.h"
 
 namespace korvel {
@@ -85,14 +85,14 @@ double LengthAround(std::span<const CanvasPoint> corners) {
 
 Canvas* NewCanvas(std::int32_t width, std::int32_t height) {
   if (width < 1 || height < 1 || std::int64_t{width} * height > kMostCanvasPixels) return nullptr;
-  Owned<Canvas> canvas = Owned<Canvas>::New();
+  Owned<Canvas> canvas = NewRecord<Canvas>();
   if (!canvas) return nullptr;
   canvas->Width = canvas->ClipWidth = width;
   canvas->Height = canvas->ClipHeight = height;
-  return MakePicture(*canvas) ? canvas.Release() : nullptr;
+  return MakePicture(*canvas) ? canvas.release() : nullptr;
 }
 
-void DestroyCanvas(Canvas* canvas) { Owned<Canvas>(canvas).Reset(); }
+void DestroyCanvas(Canvas* canvas) { const Owned<Canvas> released(canvas); }
 
 void ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) {
   if (canvas == nullptr) return;

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "objects/memory.h"
-#include "objects/never_destroyed.h"
+#include "objects/ownership.h"
 #include "platform/clocks.h"
 #include "platform/running.h"
 #include "platform/screen.h"

@@ -1,7 +1,12 @@
-// The one list of keywords, in the order of their codes, and the hash table made of it.
+// The one list of keywords, in the order of their codes, the hash table made of it at compile time,
+// and the guess at which keyword an author meant.
 #include "textual/keywords.h"
 
-#include <utility>
+#include <algorithm>
+#include <array>
+
+#include "objects/action_table.h"
+#include "objects/class_tables.h"
 
 namespace korvel {
 namespace {
@@ -63,41 +68,125 @@ constexpr std::array<const char*, kKeywordCount> kKeywords = {
 };
 // clang-format on
 
-constexpr char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
+// The keywords of each bucket are a chain of codes, ended by 0.
+struct KeywordTable {
+  std::array<std::uint16_t, kKeywordBuckets> first{};
+  std::array<std::uint16_t, kKeywordCount + 1> next{};
+};
+
+constexpr KeywordTable MakeTable() {
+  KeywordTable table;
+  for (std::uint16_t code = kKeywordCount; code >= 1; --code) {
+    std::uint16_t& first = table.first[KeywordBucket(kKeywords[code - 1U])];
+    table.next[code] = first;
+    first = code;
+  }
+  return table;
+}
+constexpr KeywordTable kTable = MakeTable();
+
+constexpr std::uint16_t Find(std::string_view word) {
+  std::uint16_t code = kTable.first[KeywordBucket(word)];
+  while (code != 0 && kKeywords[code - 1U] != word) code = kTable.next[code];
+  return code;
+}
+
+// ---- Every word of the class and action tables is a keyword ----
+
+constexpr bool IsListed(std::string_view word, std::string_view prefix = "") {
+  std::array<char, 64> upper{};
+  std::size_t length = 0;
+  for (const char c : prefix) upper[length++] = c;
+  for (const char c : word) upper[length++] = UpperCase(c);
+  return Find({upper.data(), length}) != 0;
+}
+
+template <class Field>
+constexpr bool AreListed(const char* keyword, const Form& form) {
+  bool areListed = keyword == nullptr || IsListed(keyword);
+  if (form.innerKeyword != nullptr) areListed = areListed && IsListed(form.innerKeyword);
+  if constexpr (IsEnumeration<Field>) {
+    for (const char* word : kWords<Field>) areListed = areListed && IsListed(word);
+  }
+  return areListed;
+}
+
+// The keywords of a class's attributes, and of the parts of those that are structures.
+template <class Record>
+constexpr bool HasListedAttributes() {
+  bool areListed = true;
+  const auto check = [&areListed]<class Owner, class Field>(const Attribute<Owner, Field>& row) {
+    areListed = areListed && AreListed<Field>(row.keyword, row.form);
+    if constexpr (IsDescribed<Field>) areListed = areListed && HasListedAttributes<Field>();
+  };
+  ForEachAttribute<Record>(check);
+  return areListed;
+}
+template <class Record>
+constexpr bool HasListedElements() {
+  bool areListed = true;
+  const auto check = [&areListed]<class Owner, class Field>(const Element<Owner, Field>& row) {
+    areListed = areListed && AreListed<Field>(row.keyword, row.form);
+  };
+  ForEachElement<Record>(check);
+  return areListed;
+}
+template <class... Records>
+constexpr bool HasListedClasses(Classes<Records...> /*classes*/) {
+  return ((IsListed(Description<Records>::heading.keyword) && HasListedAttributes<Records>()) &&
+          ...);
+}
+constexpr bool HasListedActions() {
+  for (std::uint8_t number = 1; number <= kDecodedActionCount; ++number) {
+    if (!IsListed(FindAction(number)->name, ":")) return false;
+  }
+  return true;
+}
+static_assert(HasListedClasses(Classes<Application, Scene>{}));
+static_assert(HasListedClasses(ItemClasses{}) && HasListedClasses(ComponentClasses{}));
+static_assert(HasListedElements<LinkCondition>() && HasListedElements<TokenGroupItem>());
+static_assert(HasListedActions());
+
+// ---- Guesses ----
+
+// Longer than any keyword with as many inserted letters as are forgiven.
+constexpr std::size_t kLongestWord = 40;
+
+// How many letters have to be inserted, left out or changed. Neither word is longer than
+// kLongestWord.
+std::size_t Distance(std::string_view one, std::string_view other) {
+  // The distances between the part of `one` read so far and each beginning of `other`.
+  std::array<std::size_t, kLongestWord + 1> row{};
+  for (std::size_t k = 0; k <= other.size(); ++k) row[k] = k;
+  for (std::size_t i = 1; i <= one.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i;
+    for (std::size_t k = 1; k <= other.size(); ++k) {
+      const std::size_t changed = diagonal + (one[i - 1] == other[k - 1] ? 0 : 1);
+      diagonal = row[k];
+      row[k] = std::min({changed, row[k] + 1, row[k - 1] + 1});
+    }
+  }
+  return row[other.size()];
+}
 
 }  // namespace
 
 const char* KeywordText(std::uint16_t code) { return kKeywords[code - 1U]; }
 
-bool IsSameWord(const char* one, const char* other) {
-  for (; UpperCase(*one) == UpperCase(*other); ++one, ++other) {
-    if (*one == 0) return true;
-  }
-  return false;
-}
+std::uint16_t FindKeyword(std::string_view word) { return Find(word); }
 
-std::size_t KeywordTable::Bucket(std::string_view word) {
-  std::int32_t sum = 0;
-  for (const char byte : word) sum += static_cast<signed char>(byte);
-  return static_cast<std::uint16_t>(sum) % kBucketCount;
-}
-
-bool KeywordTable::Build() {
+const char* NearestKeyword(std::string_view word) {
+  if (word.size() > kLongestWord) return nullptr;
+  std::size_t nearest = std::max<std::size_t>(word.size() / 4, 1) + 1;
+  const char* found = nullptr;
   for (std::uint16_t code = 1; code <= kKeywordCount; ++code) {
-    Entry entry;
-    entry.code = code;
-    if (!entry.word.Assign(KeywordText(code))) return false;
-    List<Entry>& bucket = buckets_[Bucket(entry.word.View())];
-    if (bucket.Append(std::move(entry)) == nullptr) return false;
+    const std::size_t distance = Distance(word, KeywordText(code));
+    if (distance >= nearest) continue;
+    nearest = distance;
+    found = KeywordText(code);
   }
-  return true;
-}
-
-std::uint16_t KeywordTable::Find(std::string_view word) const {
-  for (const Entry& entry : buckets_[Bucket(word)]) {
-    if (entry.word.View() == word) return entry.code;
-  }
-  return 0;
+  return found;
 }
 
 }  // namespace korvel

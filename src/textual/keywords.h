@@ -1,13 +1,9 @@
-// The words of the textual notation and their codes, and the hash table that a text's words are
-// looked up in. What a word means where it stands is the builders' knowledge.
+// The words of the textual notation and their codes. The builders know which word may be where.
 #pragma once
 
-#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
-
-#include "objects/list.h"
-#include "objects/octet_string.h"
 
 namespace korvel {
 
@@ -31,28 +27,21 @@ constexpr bool IsKeyword(std::uint16_t code) { return code >= 1 && code <= kKeyw
 // an action begins with its colon.
 [[nodiscard]] const char* KeywordText(std::uint16_t code);
 
-// Whether both are the same word in any case of letters.
-[[nodiscard]] bool IsSameWord(const char* one, const char* other);
+// The code of an upper-case word, or 0 if it is no keyword.
+[[nodiscard]] std::uint16_t FindKeyword(std::string_view word);
 
-// Words to codes. Built for each text that is read.
-class KeywordTable {
- public:
-  // Enters all keywords. False when memory is out.
-  [[nodiscard]] bool Build();
-  // The code of an upper-case word, or 0 when it is no keyword.
-  [[nodiscard]] std::uint16_t Find(std::string_view word) const;
+// The hash of a word: the sum of its bytes as signed numbers, kept to 16 bits without a sign, so
+// that bytes from 128 on also have a bucket.
+inline constexpr std::size_t kKeywordBuckets = 101;
+[[nodiscard]] constexpr std::size_t KeywordBucket(std::string_view word) {
+  std::int32_t sum = 0;
+  for (const char byte : word) sum += static_cast<signed char>(byte);
+  return static_cast<std::uint16_t>(sum) % kKeywordBuckets;
+}
 
-  static constexpr std::size_t kBucketCount = 101;
-  // The sum of the bytes, taken as signed and kept to 16 bits without a sign, so that bytes from
-  // 128 on also give a bucket.
-  [[nodiscard]] static std::size_t Bucket(std::string_view word);
-
- private:
-  struct Entry {
-    OctetString word;
-    std::uint16_t code = 0;
-  };
-  std::array<List<Entry>, kBucketCount> buckets_;
-};
+// A guess at the keyword that an author meant by this upper-case word: the one that takes the
+// fewest inserted, omitted or changed letters, the first of several. Null when none is near: a word
+// of up to seven bytes may differ by one letter, longer ones by one for every four bytes.
+[[nodiscard]] const char* NearestKeyword(std::string_view word);
 
 }  // namespace korvel

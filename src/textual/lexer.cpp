@@ -5,7 +5,6 @@
 #include <limits>
 #include <utility>
 
-#include "textual/nearest_keyword.h"
 #include "textual/textual.h"
 
 namespace korvel {
@@ -36,7 +35,6 @@ class Lexer {
       position_ = kMaxTextSize;
       return Stop(LexResult::BadText, "the end: a text has at most 65535 bytes");
     }
-    if (!keywords_.Build()) return LexResult::NoMemory;
     while (!IsAtEnd()) {
       const LexResult result = ReadToken();
       if (result != LexResult::Done) return result;
@@ -106,7 +104,7 @@ class Lexer {
   }
 
   // A keyword, which runs until a byte that ends words or one of two brackets: the opening ones
-  // behind a word with a colon, the closing ones behind a word without.
+  // after a word with a colon, the closing ones after a word without.
   LexResult ReadWord(char bracket, char otherBracket) {
     std::size_t end = position_;
     while (end < text_.size() && !EndsWord(text_[end]) &&
@@ -115,10 +113,8 @@ class Lexer {
     }
     OctetString word;
     if (!word.Assign(text_.substr(position_, end - position_))) return LexResult::NoMemory;
-    for (char* c = word.MutableBytes(); *c != 0; ++c) {
-      if (*c >= 'a' && *c <= 'z') *c = static_cast<char>(*c - 32);
-    }
-    const std::uint16_t code = keywords_.Find(word.View());
+    for (char* c = word.MutableBytes(); *c != 0; ++c) *c = UpperCase(*c);
+    const std::uint16_t code = FindKeyword(word.View());
     if (code == 0) return StopAt(std::move(word));
     const LexResult result = AddSimple(code);
     position_ = end;
@@ -172,7 +168,7 @@ class Lexer {
                 static_cast<std::uint32_t>(list_.stringBytes.Size() - start)});
   }
 
-  // A minus or a digit and the digits behind it. A leading zero is a number by itself, and
+  // A minus or a digit and the digits after it. A leading zero is a number by itself, and
   // hexadecimal numbers are no part of the notation.
   LexResult ReadNumber() {
     const std::size_t begin = position_;
@@ -204,7 +200,6 @@ class Lexer {
 
   std::string_view text_;
   std::size_t position_ = 0;
-  KeywordTable keywords_;
   TokenList& list_;
   LexStop& stop_;
 };

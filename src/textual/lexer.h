@@ -1,5 +1,5 @@
 // The lexer of the textual notation: a whole text to a row of tokens. It knows keywords, numbers,
-// strings and brackets, and nothing of what may stand where.
+// strings and brackets, and nothing of their order.
 #pragma once
 
 #include <cstdint>
@@ -36,7 +36,7 @@ enum class [[nodiscard]] LexResult : std::int32_t{
     UnknownWord = -3,  // no keyword, or a lone "/"
 };
 
-// Where and why the lexer stopped.
+// The place and the reason of the lexer's stop.
 struct LexStop {
   std::uint32_t offset = 0;
   const char* expected = "";

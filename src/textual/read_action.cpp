@@ -1,9 +1,9 @@
-// The builder of actions. The action table says what stands in an action's parentheses; a composite
-// parameter is read into several values, one after the other, as the decoder of the BER form leaves
-// them.
+// The builder of actions. The action table lists the contents of an action's parentheses; a
+// composite parameter is read into several values, one after the other, as the decoder of the BER
+// form leaves them.
 #include "objects/action_table.h"
 #include "objects/vocabulary.h"
-#include "textual/read_value.h"
+#include "textual/text_reader.h"
 
 namespace korvel {
 namespace {
@@ -24,7 +24,7 @@ bool AddIntegerOrNull(TextReader& reader, Parameters& parameters) {
   return AddGeneric(reader, ValueKind::Integer, parameters);
 }
 
-// What may still stand before the closing parenthesis.
+// A value that may be missing before the closing parenthesis.
 bool AddOptional(TextReader& reader, ValueKind kind, Parameters& parameters) {
   return reader.IsAt(kCloseParenthesis) || AddGeneric(reader, kind, parameters);
 }
@@ -90,8 +90,8 @@ bool AddColour(TextReader& reader, Parameters& parameters) {
   return reader.Refuse(":NewColourIndex or :NewAbsoluteColour");
 }
 
-// A cache priority has its place behind the size, so that a size that is not written is there as
-// none.
+// A cache priority has its place after the size, so a size that is not written becomes a value of
+// kind None.
 bool AddNewContent(TextReader& reader, Parameters& parameters) {
   if (!reader.TakeKeyword(":NewRefContent")) {
     return AddGeneric(reader, ValueKind::OctetString, parameters);

@@ -5,15 +5,14 @@
 #include <type_traits>
 
 #include "objects/messages.h"
-#include "objects/owned.h"
-#include "textual/read_value.h"
+#include "objects/ownership.h"
+#include "textual/text_reader.h"
 #include "textual/textual.h"
-#include "textual/written_attributes.h"
 
 namespace korvel {
 namespace {
 
-// What stands at the offset: a word, up to the next space, or a byte that cannot be shown.
+// Describes the text at the offset: a word, up to the next space, or a byte that cannot be shown.
 void ShowFound(std::string_view text, std::size_t offset, std::span<char> shown) {
   if (offset >= text.size()) {
     std::snprintf(shown.data(), shown.size(), "the end of the text");
@@ -42,7 +41,7 @@ void Explain(std::string_view text, std::size_t offset, const char* expected, co
 template <class HeldClasses>
 bool ReadObjects(TextReader& reader, List<Item>& list);
 
-// Builds one object: its attributes stand in any order, each at most once.
+// Builds one object: its attributes come in any order, each at most once.
 template <class Record>
 class ObjectBuilder {
  public:
@@ -99,7 +98,7 @@ class ObjectBuilder {
     if constexpr (std::is_same_v<Field, List<Item>>) {
       return ReadObjects<MemberClasses<Record>>(reader_, field);
     } else {
-      return Read(reader_, field, form);
+      return Read(reader_, field);
     }
   }
 
@@ -159,19 +158,17 @@ bool ReadWhole(TextReader& reader, Record& record) {
   return false;
 }
 
-TextResult BuildGroup(TextReader& reader, OwnedGroup& group, bool& isApplication) {
-  auto application = Owned<Application>::New();
+TextResult BuildGroup(TextReader& reader, OwnedGroup& group) {
+  auto application = NewRecord<Application>();
   if (!application) return TextResult::NoMemory;
   if (ReadWhole(reader, *application)) {
-    group.Reset(application.Release());
-    isApplication = true;
+    group = std::move(application);
     return TextResult::Done;
   }
-  application.Reset();
-  auto scene = Owned<Scene>::New();
+  application.reset();
+  auto scene = NewRecord<Scene>();
   if (!scene || !ReadWhole(reader, *scene)) return TextResult::Refused;
-  group.Reset(scene.Release());
-  isApplication = false;
+  group = std::move(scene);
   return TextResult::Done;
 }
 
@@ -185,8 +182,8 @@ TextPlace PlaceInText(std::string_view text, std::size_t offset) {
   return place;
 }
 
-TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication,
-                         TextError& error, List<MissingPart>* missing) {
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, TextError& error,
+                         List<MissingPart>* missing) {
   TokenList list;
   LexStop stop;
   if (Lex(text, list, stop) != LexResult::Done) {
@@ -195,7 +192,7 @@ TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isAppli
     return TextResult::Refused;
   }
   TextReader reader(list, missing);
-  const TextResult result = BuildGroup(reader, group, isApplication);
+  const TextResult result = BuildGroup(reader, group);
   if (result != TextResult::Done) {
     Explain(text, reader.RefusedToken().offset, reader.Expected(), reader.Subject(),
             reader.RefusedIn(), error);
@@ -203,9 +200,9 @@ TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isAppli
   return result;
 }
 
-TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication) {
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group) {
   TextError error;
-  const TextResult result = ReadTextGroup(text, group, isApplication, error);
+  const TextResult result = ReadTextGroup(text, group, error);
   if (error.unknownWord.IsPresent()) {
     Say(Message::UnknownWord, error.unknownWord.Text());
   }

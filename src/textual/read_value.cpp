@@ -1,5 +1,5 @@
 // The builders of values, except actions and objects.
-#include "textual/read_value.h"
+#include "textual/text_reader.h"
 
 namespace korvel {
 namespace {
@@ -33,7 +33,7 @@ bool ReadLiteral(TextReader& reader, ValueKind kind, GenericValue& value) {
 
 }  // namespace
 
-bool Read(TextReader& reader, bool& value, const Form& /*form*/) {
+bool Read(TextReader& reader, bool& value) {
   if (!reader.IsAt(kTrueWord) && !reader.IsAt(kFalseWord)) return reader.Refuse("TRUE or FALSE");
   value = reader.IsAt(kTrueWord);
   reader.Skip();
@@ -49,21 +49,21 @@ bool ReadWord(TextReader& reader, Words words, std::int32_t& value) {
   return reader.Refuse("a word such as ", words.front());
 }
 
-bool Read(TextReader& reader, std::int32_t& value, const Form& /*form*/) {
+bool Read(TextReader& reader, std::int32_t& value) {
   if (!reader.IsAt(kInteger)) return reader.Refuse("an integer");
   value = reader.Next().number;
   reader.Skip();
   return true;
 }
 
-bool Read(TextReader& reader, OctetString& value, const Form& /*form*/) {
+bool Read(TextReader& reader, OctetString& value) {
   if (!reader.IsAt(kString)) return reader.Refuse("a string");
   if (!value.Assign(reader.String(reader.Next()))) return reader.RefuseForMemory();
   reader.Skip();
   return true;
 }
 
-bool Read(TextReader& reader, ObjectReference& value, const Form& /*form*/) {
+bool Read(TextReader& reader, ObjectReference& value) {
   if (!reader.Take(kOpenParenthesis)) {
     return reader.IsAt(kInteger) ? Read(reader, value.Number)
                                  : reader.Refuse("an object number or (group number)");
@@ -72,13 +72,13 @@ bool Read(TextReader& reader, ObjectReference& value, const Form& /*form*/) {
          reader.Expect(kCloseParenthesis, ")");
 }
 
-bool Read(TextReader& reader, OptionalReference& value, const Form& /*form*/) {
+bool Read(TextReader& reader, OptionalReference& value) {
   if (!Read(reader, value.Reference)) return false;
   value.IsPresent = true;
   return true;
 }
 
-bool Read(TextReader& reader, ColourValue& value, const Form& /*form*/) {
+bool Read(TextReader& reader, ColourValue& value) {
   const bool isAbsolute = reader.IsAt(kString);
   if (!isAbsolute && !reader.IsAt(kInteger)) {
     return reader.Refuse("a colour: a string or an index");
@@ -87,23 +87,23 @@ bool Read(TextReader& reader, ColourValue& value, const Form& /*form*/) {
   return isAbsolute ? Read(reader, value.Absolute) : Read(reader, value.Index);
 }
 
-bool Read(TextReader& reader, FontBody& value, const Form& /*form*/) {
+bool Read(TextReader& reader, FontBody& value) {
   const bool isName = reader.IsAt(kString);
   value.Kind = isName ? ValueKind::OctetString : ValueKind::ObjectReference;
   return isName ? Read(reader, value.Name) : Read(reader, value.Reference);
 }
 
-bool Read(TextReader& reader, ContentBody& value, const Form& /*form*/) {
+bool Read(TextReader& reader, ContentBody& value) {
   return reader.TakeKeyword(":ContentRef") ? ReadReferencedContent(reader, value)
                                            : Read(reader, value.Data);
 }
 
-bool Read(TextReader& reader, ContentReference& value, const Form& /*form*/) {
+bool Read(TextReader& reader, ContentReference& value) {
   const bool isBracketed = reader.Take(kOpenParenthesis);
   return Read(reader, value.Path) && (!isBracketed || reader.Expect(kCloseParenthesis, ")"));
 }
 
-bool Read(TextReader& reader, GenericValue& value, const Form& /*form*/) {
+bool Read(TextReader& reader, GenericValue& value) {
   if (reader.IsAt(kInteger)) {
     value.Kind = ValueKind::Integer;
   } else if (reader.IsAt(kString)) {

@@ -4,13 +4,14 @@
 
 #include <utility>
 
+#include "objects/class_tables.h"
 #include "textual/lexer.h"
 #include "textual/textual.h"
 
 namespace korvel {
 
-// What a token stands in, for messages: an object's class and the keyword of its attribute, or an
-// action. Empty outside of everything.
+// The surroundings of a token, for messages: an object's class and the keyword of its attribute, or
+// an action. Empty outside of everything.
 struct Construct {
   const char* owner = "";
   const char* part = "";
@@ -28,7 +29,7 @@ class TextReader {
   [[nodiscard]] bool IsAtKeyword(const char* keyword) const {
     return IsKeyword(Next().code) && IsSameWord(KeywordText(Next().code), keyword);
   }
-  // Whether an object with that keyword begins here: a brace and the keyword behind it.
+  // Whether an object with that keyword begins here: a brace and the keyword after it.
   [[nodiscard]] bool IsAtObject(const char* keyword) const {
     if (!IsAt(kOpenBrace)) return false;
     const std::uint16_t code = list_.tokens[place_ + 1].code;
@@ -53,17 +54,28 @@ class TextReader {
   void PutBackTo(std::size_t place) { place_ = place; }
 
   // Says what is read from here on, and returns what was read before, for the caller to go back to.
-  // After a refusal nobody needs to: it has been noted with the innermost.
+  // Not needed after a refusal, which has been noted with the innermost construct.
   Construct Enter(Construct construct) { return std::exchange(construct_, construct); }
 
   // Notes what could have stood at the next token; `subject` is added to it. Always false, for the
   // caller to return.
-  bool Refuse(const char* expected, const char* subject = "");
+  bool Refuse(const char* expected, const char* subject = "") {
+    if (place_ > refusedPlace_ || *expected_ == 0) {
+      refusedPlace_ = place_;
+      expected_ = expected;
+      subject_ = subject;
+      refusedIn_ = construct_;
+    }
+    return false;
+  }
   // The same for an allocation that failed.
   bool RefuseForMemory() { return Refuse("more memory"); }
 
   // Notes a part that an author has to write.
-  [[nodiscard]] bool NoteMissing(const Token& begin, const char* owner, const char* missing);
+  [[nodiscard]] bool NoteMissing(const Token& begin, const char* owner, const char* missing) {
+    if (missing_ == nullptr) return true;
+    return missing_->Append({begin.offset, owner, missing}) != nullptr || RefuseForMemory();
+  }
 
   // The furthest refusal.
   [[nodiscard]] const Token& RefusedToken() const { return list_.tokens[refusedPlace_]; }
@@ -86,5 +98,78 @@ class TextReader {
   Construct construct_;
   Construct refusedIn_;
 };
+
+// ---- Builders ----
+
+// Each builder reads a value from the tokens, chosen by the type of its field. All return false,
+// with the place noted in the reader, when the next tokens are nothing of the kind; an alternative
+// is always chosen by its first token, before anything is taken.
+[[nodiscard]] bool Read(TextReader& reader, bool& value);
+[[nodiscard]] bool Read(TextReader& reader, std::int32_t& value);
+[[nodiscard]] bool Read(TextReader& reader, OctetString& value);
+[[nodiscard]] bool Read(TextReader& reader, ObjectReference& value);
+[[nodiscard]] bool Read(TextReader& reader, OptionalReference& value);
+[[nodiscard]] bool Read(TextReader& reader, ColourValue& value);
+[[nodiscard]] bool Read(TextReader& reader, FontBody& value);
+[[nodiscard]] bool Read(TextReader& reader, ContentBody& value);
+// A path, with or without parentheses.
+[[nodiscard]] bool Read(TextReader& reader, ContentReference& value);
+// An event's data: a boolean, an integer or a string.
+[[nodiscard]] bool Read(TextReader& reader, GenericValue& value);
+
+// A parameter or target: a literal of that kind, or ":IndirectRef" and the variable that holds one.
+[[nodiscard]] bool ReadGeneric(TextReader& reader, ValueKind kind, GenericValue& value);
+
+// The number of a word, from 1 on.
+[[nodiscard]] bool ReadWord(TextReader& reader, Words words, std::int32_t& value);
+
+// A word, or the number of an enumeration without words.
+template <IsEnumeration Enumeration>
+[[nodiscard]] bool Read(TextReader& reader, Enumeration& value) {
+  constexpr Words kItsWords{kWords<Enumeration>};
+  std::int32_t number = 0;
+  const bool isRead =
+      kItsWords.empty() ? Read(reader, number) : ReadWord(reader, kItsWords, number);
+  if (isRead) value = static_cast<Enumeration>(number);
+  return isRead;
+}
+
+// A structure's elements in their order, those with a keyword only after it.
+template <IsSequence Record>
+[[nodiscard]] bool Read(TextReader& reader, Record& record) {
+  bool isRead = true;
+  ForEachElement<Record>([&](const auto& element) {
+    if (!isRead) return;
+    if (element.keyword != nullptr && !reader.TakeKeyword(element.keyword)) return;
+    isRead = Read(reader, record.*element.field);
+  });
+  return isRead;
+}
+
+// One entry of a list. A structure is in parentheses there.
+template <class Entry>
+[[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) {
+  return Read(reader, entry);
+}
+template <IsSequence Entry>
+[[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) {
+  return reader.Expect(kOpenParenthesis, "(") && Read(reader, entry) &&
+         reader.Expect(kCloseParenthesis, ")");
+}
+[[nodiscard]] bool ReadEntry(TextReader& reader, Movement& movement);
+[[nodiscard]] bool ReadEntry(TextReader& reader, ActionSlot& slot);
+[[nodiscard]] bool ReadEntry(TextReader& reader, ElementaryAction& action);
+
+// Entries in parentheses.
+template <class Entry>
+[[nodiscard]] bool Read(TextReader& reader, List<Entry>& list) {
+  if (!reader.Expect(kOpenParenthesis, "(")) return false;
+  while (!reader.Take(kCloseParenthesis)) {
+    Entry entry{};
+    if (!ReadEntry(reader, entry)) return false;
+    if (list.Append(std::move(entry)) == nullptr) return reader.RefuseForMemory();
+  }
+  return true;
+}
 
 }  // namespace korvel

@@ -32,7 +32,7 @@ bool IsPlainText(std::string_view bytes) {
   return true;
 }
 
-// Whether a byte stands for itself in single quotes.
+// Whether a byte is written as itself in single quotes.
 bool IsUncoded(char c) {
   const auto byte = static_cast<unsigned char>(c);
   return byte >= 32 && byte < 127 && c != '\'' && c != '=';
@@ -92,10 +92,10 @@ void TextWriter::CodedString(std::string_view bytes) {
 
 void TextWriter::Open(char bracket) {
   Separate();
-  OpenBehindWord(bracket);
+  OpenAfterWord(bracket);
 }
 
-void TextWriter::OpenBehindWord(char bracket) {
+void TextWriter::OpenAfterWord(char bracket) {
   Add(bracket);
   isSpaceDue_ = false;
 }

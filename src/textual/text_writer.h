@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "objects/class_tables.h"
+#include "objects/equality.h"
 #include "objects/sequence.h"
 #include "textual/textual.h"
 
@@ -16,7 +18,7 @@ class TextWriter {
   // A word or a number, a space before it unless a bracket or the line has just been opened.
   void Word(std::string_view word);
   // More of the same word.
-  void Behind(std::string_view rest) { Add(rest); }
+  void Append(std::string_view rest) { Add(rest); }
   void Number(std::int32_t number);
   // A string in the quotes that suit its bytes: double ones for text, single ones where bytes have
   // to be coded.
@@ -24,8 +26,8 @@ class TextWriter {
   // A string with every byte coded, as colours are written.
   void CodedString(std::string_view bytes);
 
-  void Open(char bracket);            // stands apart from the word before it
-  void OpenBehindWord(char bracket);  // stands at the word before it
+  void Open(char bracket);           // after a space
+  void OpenAfterWord(char bracket);  // without a space
   void Close(char bracket);
 
   // Between an opening and a closing bracket, each line one level deeper.
@@ -33,7 +35,7 @@ class TextWriter {
   void Outdent() { --depth_; }
   void NewLine();
 
-  // What is being written, for the message about a value without a word.
+  // The attribute that is being written, for the message about a value without a word.
   void SetPlace(std::int32_t object, const char* keyword) { place_ = {object, keyword, 0}; }
   void FailForWord(std::int32_t number);
 
@@ -55,5 +57,90 @@ class TextWriter {
   WordlessValue place_;
   WordlessValue wordless_;
 };
+
+// ---- Writers of values, the counterparts of the builders ----
+
+void Write(TextWriter& writer, bool value);
+void Write(TextWriter& writer, std::int32_t value);
+void Write(TextWriter& writer, const OctetString& value);
+void Write(TextWriter& writer, const ObjectReference& value);
+void Write(TextWriter& writer, const OptionalReference& value);
+void Write(TextWriter& writer, const ColourValue& value);
+void Write(TextWriter& writer, const FontBody& value);
+void Write(TextWriter& writer, const ContentBody& value);
+void Write(TextWriter& writer, const ContentReference& value);
+// A value as an action or an event carries it, without the type that some parameters are announced
+// with.
+void Write(TextWriter& writer, const GenericValue& value);
+
+// Whether there is a value that could be written. An attribute that an author must write has none
+// when its string is absent or when no word was ever set.
+template <class Value>
+[[nodiscard]] bool IsGiven(const Value& /*value*/) {
+  return true;
+}
+template <IsEnumeration Enumeration>
+[[nodiscard]] bool IsGiven(const Enumeration& value) {
+  return kWords<Enumeration>.empty() || value != Enumeration{};
+}
+[[nodiscard]] bool IsGiven(const OctetString& value);
+[[nodiscard]] bool IsGiven(const ContentReference& value);
+
+template <IsEnumeration Enumeration>
+void Write(TextWriter& writer, Enumeration value) {
+  const auto number = static_cast<std::int32_t>(value);
+  if (kWords<Enumeration>.empty()) return writer.Number(number);
+  const char* word = WordOf(value);
+  word == nullptr ? writer.FailForWord(number) : writer.Word(word);
+}
+
+template <IsSequence Record>
+void Write(TextWriter& writer, const Record& record) {
+  const Record construction{};
+  ForEachElement<Record>([&](const auto& element) {
+    const auto& field = record.*element.field;
+    if (element.keyword != nullptr) {
+      if (IsSame(field, construction.*element.field)) return;
+      writer.Word(element.keyword);
+    }
+    Write(writer, field);
+  });
+}
+
+// One entry of a list. A structure is in parentheses there.
+template <class Entry>
+void WriteEntry(TextWriter& writer, const Entry& entry) {
+  Write(writer, entry);
+}
+template <IsSequence Entry>
+void WriteEntry(TextWriter& writer, const Entry& entry) {
+  writer.Open('(');
+  Write(writer, entry);
+  writer.Close(')');
+}
+void WriteEntry(TextWriter& writer, const Movement& movement);
+void WriteEntry(TextWriter& writer, const ActionSlot& slot);
+void WriteEntry(TextWriter& writer, const ElementaryAction& action);
+void WriteEntry(TextWriter& writer, const Item& item);
+
+// Entries that are too long to share a line.
+template <class Entry>
+inline constexpr bool kHasLinesOfItsOwn =
+    std::is_same_v<Entry, Item> || std::is_same_v<Entry, ElementaryAction> ||
+    std::is_same_v<Entry, TokenGroupItem> || std::is_same_v<Entry, ActionSlot>;
+
+template <class Entry>
+void Write(TextWriter& writer, const List<Entry>& list) {
+  constexpr bool kIsBlock = kHasLinesOfItsOwn<Entry>;
+  writer.Open('(');
+  writer.Indent();
+  for (const Entry& entry : list) {
+    if constexpr (kIsBlock) writer.NewLine();
+    WriteEntry(writer, entry);
+  }
+  writer.Outdent();
+  if (kIsBlock && !list.IsEmpty()) writer.NewLine();
+  writer.Close(')');
+}
 
 }  // namespace korvel

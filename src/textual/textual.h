@@ -7,9 +7,9 @@
 #include <cstdint>
 #include <string_view>
 
-#include "objects/decoded_group.h"
 #include "objects/list.h"
 #include "objects/octet_string.h"
+#include "objects/ownership.h"
 #include "objects/status.h"
 
 namespace korvel {
@@ -31,9 +31,9 @@ struct TextPlace {
   std::uint32_t column = 0;
 };
 
-// Why a text was refused: the furthest place that could not be read on from, what it stands in,
-// such as "Scene :SceneCS" or "SetPosition", or nothing where that is not known, what stands there,
-// cut short where it is long, and what could have stood there instead.
+// Why a text was refused: the furthest place that could not be read on from, the construct it is
+// in, such as "Scene :SceneCS" or "SetPosition", empty if unknown, the text found there, cut short
+// if it is long, and the text expected instead.
 struct TextError {
   TextPlace place;
   std::array<char, 48> construct{};
@@ -53,14 +53,14 @@ struct MissingPart {
 // The line and column of an offset.
 [[nodiscard]] TextPlace PlaceInText(std::string_view text, std::size_t offset);
 
-// Reads a whole group. After a failure `group` and `isApplication` are as they were. A word that is
+// Reads a whole group. After a failure `group` is unchanged. A word that is
 // no keyword is printed, as "Error string : " and the word.
-TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication);
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group);
 
 // The same for callers that report errors themselves: nothing is printed. `error` receives why the
 // text was refused, and `missing`, when given, what was left out.
-TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, bool& isApplication,
-                         TextError& error, List<MissingPart>* missing = nullptr);
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, TextError& error,
+                         List<MissingPart>* missing = nullptr);
 
 // A value that the notation has no word for: the object that carries it and the attribute's
 // keyword.

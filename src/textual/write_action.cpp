@@ -3,13 +3,13 @@
 #include <initializer_list>
 
 #include "objects/action_values.h"
-#include "textual/write_value.h"
+#include "textual/text_writer.h"
 
 namespace korvel {
 namespace {
 
 // The word that announces the type of a value. What a variable will hold is not known when the
-// value is read from one; an integer then stands for any type.
+// value is read from one; an integer is then written for any type.
 const char* TypeWord(ValueKind kind) {
   switch (kind) {
   case ValueKind::Boolean: return ":GBoolean";
@@ -109,8 +109,8 @@ void WriteEntry(TextWriter& writer, const ElementaryAction& action) {
     return writer.FailForWord(action.ActionType);
   }
   writer.Word(":");
-  writer.Behind(row->name);
-  writer.OpenBehindWord('(');
+  writer.Append(row->name);
+  writer.OpenAfterWord('(');
   Write(writer, action.Target);
   ActionValues values(action.Parameters);
   for (const Parameter place : row->Syntax()) {

@@ -9,14 +9,12 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   korvel::OwnedGroup group;
-  bool isApplication = false;
-  if (korvel::DecodeGroup({bytes, size}, group, isApplication) != korvel::Status::Done) return 0;
+  if (korvel::DecodeGroup({bytes, size}, group) != korvel::Status::Done) return 0;
   korvel::OctetString written;
-  if (korvel::EncodeGroup(*group.Get(), written) != korvel::Status::Done) std::abort();
+  if (korvel::EncodeGroup(*group, written) != korvel::Status::Done) std::abort();
   korvel::OwnedGroup again;
   const auto* begin = reinterpret_cast<const std::uint8_t*>(written.Text());
-  const korvel::Status status =
-      korvel::DecodeGroup({begin, written.Length()}, again, isApplication);
-  if (status != korvel::Status::Done || !korvel::IsSame(*group.Get(), *again.Get())) std::abort();
+  const korvel::Status status = korvel::DecodeGroup({begin, written.Length()}, again);
+  if (status != korvel::Status::Done || !korvel::IsSame(*group, *again)) std::abort();
   return 0;
 }

@@ -10,21 +10,19 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(bytes), size);
   korvel::OwnedGroup group;
-  bool isApplication = false;
   korvel::TextError error;
   korvel::List<korvel::MissingPart> missing;
-  if (korvel::ReadTextGroup(text, group, isApplication, error, &missing) !=
-      korvel::TextResult::Done) {
+  if (korvel::ReadTextGroup(text, group, error, &missing) != korvel::TextResult::Done) {
     return 0;
   }
   korvel::OctetString written;
-  if (korvel::WriteTextGroup(*group.Get(), written) != korvel::Status::Done) {
+  if (korvel::WriteTextGroup(*group, written) != korvel::Status::Done) {
     return 0;  // a link without an event has no word for it
   }
   if (written.Length() > korvel::kMaxTextSize) return 0;
   korvel::OwnedGroup again;
-  const korvel::TextResult result = korvel::ReadTextGroup(written.View(), again, isApplication);
-  if (result != korvel::TextResult::Done || !korvel::IsSame(*group.Get(), *again.Get())) {
+  const korvel::TextResult result = korvel::ReadTextGroup(written.View(), again);
+  if (result != korvel::TextResult::Done || !korvel::IsSame(*group, *again)) {
     std::abort();
   }
   return 0;

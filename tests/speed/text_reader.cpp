@@ -52,9 +52,8 @@ std::string SceneOf(const Shape& shape, std::size_t length) {
 // The processor time for reading the text once; nothing if the text is rejected.
 std::optional<Milliseconds> TimeToRead(const std::string& text) {
   korvel::OwnedGroup group;
-  bool isApplication = false;
   const std::clock_t start = std::clock();
-  if (korvel::ReadTextGroup(text, group, isApplication) != korvel::TextResult::Done) return {};
+  if (korvel::ReadTextGroup(text, group) != korvel::TextResult::Done) return {};
   return Milliseconds(1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
 }
 

@@ -75,8 +75,7 @@ Decoded Decode(const Bytes& bytes) {
   const auto copy = std::make_unique<std::uint8_t[]>(bytes.size());
   std::copy(bytes.begin(), bytes.end(), copy.get());
   Decoded decoded;
-  decoded.status =
-      DecodeGroup({copy.get(), bytes.size()}, decoded.group, decoded.isApplication, &decoded.error);
+  decoded.status = DecodeGroup({copy.get(), bytes.size()}, decoded.group, &decoded.error);
   return decoded;
 }
 

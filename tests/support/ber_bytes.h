@@ -7,7 +7,7 @@
 #include <string>
 
 #include "objects/ber/ber.h"
-#include "objects/decoded_group.h"
+#include "objects/ownership.h"
 #include "objects/status.h"
 
 namespace korvel::test {
@@ -43,7 +43,6 @@ Bytes FileWithItems(const Bytes& items);
 struct Decoded {
   Status status = Status::Refused;
   OwnedGroup group;
-  bool isApplication = false;
   DecodeError error;
 
   [[nodiscard]] bool IsDone() const { return status == Status::Done; }

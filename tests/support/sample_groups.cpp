@@ -9,7 +9,7 @@
 
 #include "objects/action_table.h"
 #include "objects/equality.h"
-#include "objects/owned.h"
+#include "objects/ownership.h"
 
 namespace korvel::test {
 namespace {
@@ -33,12 +33,12 @@ class GroupMaker {
 
   template <class Record>
   OwnedGroup MakeGroup() {
-    OwnedGroup group(Owned<Record>::New().Release());
-    auto& record = static_cast<Record&>(*group.Get());
+    OwnedGroup group(NewRecord<Record>().release());
+    auto& record = static_cast<Record&>(*group);
     if (IsComplete()) {
       Require(record.Reference.GroupIdentifier.Assign("~/sample"));
     } else {
-      Fill(record.Reference, Form{});
+      Fill(record.Reference);
     }
     FillAttributes(record);
     return group;
@@ -57,7 +57,7 @@ class GroupMaker {
       } else if constexpr (std::is_same_v<Field, List<Item>>) {
         FillItems(MemberClasses<Record>{}, field);
       } else {
-        do Fill(field, attribute.form);
+        do Fill(field);
         while (IsComplete() && IsSame(field, fresh.*attribute.field));
       }
     });
@@ -68,23 +68,23 @@ class GroupMaker {
     ForEachClass(classes, [&]<class Record>() {
       if (!Sometimes()) return;
       Item item = Item::New(Description<Record>::heading.type);
-      Fill(item.As<Record>().Reference, Form{});
+      Fill(item.As<Record>().Reference);
       FillAttributes(item.As<Record>());
       Add(items, std::move(item));
     });
   }
 
-  void Fill(bool& field, const Form& /*form*/) { field = Below(2) == 0; }
-  void Fill(std::int32_t& field, const Form& /*form*/) {
+  void Fill(bool& field) { field = Below(2) == 0; }
+  void Fill(std::int32_t& field) {
     constexpr std::array<std::int32_t, 12> edges = {0,    1,   -1,    127,    128,       -128,
                                                     -129, 255, 32768, -32769, INT32_MAX, INT32_MIN};
     field = Below(2) == 0 ? edges[Below(edges.size())] : static_cast<std::int32_t>(random_());
   }
   template <IsEnumeration Enumeration>
-  void Fill(Enumeration& field, const Form& form) {
+  void Fill(Enumeration& field) {
     std::int32_t number = 0;
     if (kWords<Enumeration>.empty()) {
-      Fill(number, form);
+      Fill(number);
     } else {
       number = static_cast<std::int32_t>(
           1 + Below(static_cast<std::uint32_t>(kWords<Enumeration>.size())));
@@ -93,53 +93,53 @@ class GroupMaker {
   }
   // Any bytes, including zeros, or text; sometimes empty, sometimes long enough for a longer length
   // field.
-  void Fill(OctetString& field, const Form& /*form*/) {
+  void Fill(OctetString& field) {
     std::string bytes(Below(20) == 0 ? 300 : Below(9), ' ');
     const bool isText = Below(2) == 0;
     for (char& byte : bytes) byte = static_cast<char>(isText ? ' ' + Below(95) : Below(256));
     Require(field.Assign(bytes));
   }
-  void Fill(ObjectReference& field, const Form& form) {
+  void Fill(ObjectReference& field) {
     field = ObjectReference{};
-    if (Below(2) == 0) Fill(field.GroupIdentifier, form);
-    Fill(field.Number, Form{});
+    if (Below(2) == 0) Fill(field.GroupIdentifier);
+    Fill(field.Number);
   }
-  void Fill(OptionalReference& field, const Form& form) {
+  void Fill(OptionalReference& field) {
     field.IsPresent = true;
-    Fill(field.Reference, form);
+    Fill(field.Reference);
   }
-  void Fill(ContentReference& field, const Form& form) { Fill(field.Path, form); }
-  void Fill(ColourValue& field, const Form& form) {
+  void Fill(ContentReference& field) { Fill(field.Path); }
+  void Fill(ColourValue& field) {
     field = ColourValue{};
     field.Kind = Below(2) == 0 ? ValueKind::Integer : ValueKind::OctetString;
-    if (field.Kind == ValueKind::Integer) Fill(field.Index, form);
-    if (field.Kind == ValueKind::OctetString) Fill(field.Absolute, form);
+    if (field.Kind == ValueKind::Integer) Fill(field.Index);
+    if (field.Kind == ValueKind::OctetString) Fill(field.Absolute);
   }
-  void Fill(FontBody& field, const Form& form) {
+  void Fill(FontBody& field) {
     field = FontBody{};
     field.Kind = Below(2) == 0 ? ValueKind::ObjectReference : ValueKind::OctetString;
-    if (field.Kind == ValueKind::ObjectReference) Fill(field.Reference, form);
-    if (field.Kind == ValueKind::OctetString) Fill(field.Name, form);
+    if (field.Kind == ValueKind::ObjectReference) Fill(field.Reference);
+    if (field.Kind == ValueKind::OctetString) Fill(field.Name);
   }
-  void Fill(ContentBody& field, const Form& form) {
+  void Fill(ContentBody& field) {
     field = ContentBody{};
-    Fill(field.Data, form);
+    Fill(field.Data);
     field.IsReferenced = Below(2) == 0;
-    if (field.IsReferenced && Below(2) == 0) Fill(field.Size, Form{});
-    if (field.IsReferenced && Below(2) == 0) Fill(field.CachePriority, Form{});
+    if (field.IsReferenced && Below(2) == 0) Fill(field.Size);
+    if (field.IsReferenced && Below(2) == 0) Fill(field.CachePriority);
   }
   // A link's event data.
-  void Fill(GenericValue& field, const Form& /*form*/) {
+  void Fill(GenericValue& field) {
     constexpr std::array kinds = {ValueKind::None, ValueKind::Boolean, ValueKind::Integer,
                                   ValueKind::OctetString};
     field = MakeValue(kinds[Below(kinds.size())]);
   }
-  void Fill(ActionSlot& field, const Form& form) {
+  void Fill(ActionSlot& field) {
     field.IsNull = Below(3) == 0;
-    if (!field.IsNull) Fill(field.Actions, form);
+    if (!field.IsNull) Fill(field.Actions);
   }
-  void Fill(Movement& field, const Form& form) { Fill(field.Targets, form); }
-  void Fill(ActionList& field, const Form& /*form*/) {
+  void Fill(Movement& field) { Fill(field.Targets); }
+  void Fill(ActionList& field) {
     field.Clear();
     const bool addsAll = IsComplete() && !hasAllActions_;
     hasAllActions_ = true;
@@ -150,16 +150,16 @@ class GroupMaker {
     if (field.IsEmpty() && IsComplete()) Add(field, MakeAction(1, Values::Direct));
   }
   template <IsSequence Record>
-  void Fill(Record& field, const Form& /*form*/) {
-    ForEachElement<Record>([&](const auto& element) { Fill(field.*element.field, element.form); });
+  void Fill(Record& field) {
+    ForEachElement<Record>([&](const auto& element) { Fill(field.*element.field); });
   }
   template <class T>
-  void Fill(List<T>& field, const Form& form) {
+  void Fill(List<T>& field) {
     field.Clear();
     const std::size_t count = SomeCount();
     for (std::size_t i = 0; i < count; ++i) {
       T entry{};
-      Fill(entry, form);
+      Fill(entry);
       Add(field, std::move(entry));
     }
   }
@@ -171,13 +171,13 @@ class GroupMaker {
   GenericValue MakeValue(ValueKind kind) {
     GenericValue value;
     value.Kind = kind;
-    if (kind == ValueKind::Boolean) Fill(value.Boolean, Form{});
-    if (kind == ValueKind::Integer) Fill(value.Integer, Form{});
+    if (kind == ValueKind::Boolean) Fill(value.Boolean);
+    if (kind == ValueKind::Integer) Fill(value.Integer);
     if (kind == ValueKind::OctetString || kind == ValueKind::ContentReference) {
-      Fill(value.Octets, Form{});
+      Fill(value.Octets);
     }
     if (kind == ValueKind::ObjectReference || kind == ValueKind::IndirectReference) {
-      Fill(value.Reference, Form{});
+      Fill(value.Reference);
     }
     return value;
   }

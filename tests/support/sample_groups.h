@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "objects/decoded_group.h"
+#include "objects/ownership.h"
 
 namespace korvel::test {
 

@@ -11,9 +11,8 @@ namespace {
 
 OwnedGroup Read(std::string_view text) {
   OwnedGroup group;
-  bool isApplication = false;
   TextError error;
-  const TextResult result = ReadTextGroup(text, group, isApplication, error);
+  const TextResult result = ReadTextGroup(text, group, error);
   EXPECT_EQ(result, TextResult::Done)
       << "line " << error.place.line << ", column " << error.place.column << ": found \""
       << error.found.data() << "\", expected " << error.expected.data();
@@ -25,8 +24,7 @@ OwnedGroup Read(std::string_view text) {
 OwnedGroup ParseText(std::string_view text) {
   OwnedGroup group = Read(text);
   if (group) {
-    EXPECT_EQ(CompleteReferences(group->Reference.GroupIdentifier.View(), *group.Get()),
-              Status::Done);
+    EXPECT_EQ(CompleteReferences(group->Reference.GroupIdentifier.View(), *group), Status::Done);
   }
   return group;
 }
@@ -35,7 +33,7 @@ std::string CompileText(std::string_view text) {
   const OwnedGroup group = Read(text);
   OctetString bytes;
   if (group) {
-    EXPECT_EQ(EncodeGroup(*group.Get(), bytes), Status::Done);
+    EXPECT_EQ(EncodeGroup(*group, bytes), Status::Done);
   }
   return std::string(bytes.View());
 }

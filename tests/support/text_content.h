@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "objects/decoded_group.h"
+#include "objects/ownership.h"
 
 namespace korvel {
 

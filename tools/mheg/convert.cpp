@@ -32,7 +32,7 @@ Outcome Compile(const std::filesystem::path& input, const std::filesystem::path&
   if (!outcome.isGood) return outcome;
   if (file.form != GroupForm::Text) return Failed(std::move(outcome), input, "is no text");
   korvel::OctetString bytes;
-  if (korvel::EncodeGroup(*file.group.Get(), bytes) != korvel::Status::Done) {
+  if (korvel::EncodeGroup(*file.group, bytes) != korvel::Status::Done) {
     return Failed(std::move(outcome), input, "cannot be encoded: out of memory");
   }
   return Write(bytes.View(), output, std::move(outcome));
@@ -45,7 +45,7 @@ Outcome Decompile(const std::filesystem::path& input, const std::filesystem::pat
   if (file.form != GroupForm::Ber) return Failed(std::move(outcome), input, "is text already");
   korvel::OctetString text;
   korvel::WordlessValue wordless;
-  if (korvel::WriteTextGroup(*file.group.Get(), text, &wordless) != korvel::Status::Done) {
+  if (korvel::WriteTextGroup(*file.group, text, &wordless) != korvel::Status::Done) {
     return Failed(std::move(outcome), input,
                   "object " + std::to_string(wordless.object) + ": the notation has no word for " +
                       wordless.keyword + " " + std::to_string(wordless.number));

@@ -7,7 +7,7 @@
 
 namespace mheg {
 
-// What came of one file: the lines to report, and whether it was good.
+// The result of one file: the lines to report, and whether it was good.
 struct Outcome {
   std::vector<std::string> messages;
   bool isGood = true;

@@ -18,7 +18,7 @@ std::string AtPlace(const GroupFile& file, korvel::TextPlace place) {
          std::to_string(place.column) + ": ";
 }
 
-// The construct that a fault stands in, where that is known.
+// The construct that a fault is in, if known.
 std::string In(const std::string& construct) {
   return construct.empty() ? "" : "in " + construct + ": ";
 }
@@ -52,11 +52,9 @@ GroupForm FormOf(std::string_view bytes) {
 
 void ReadText(std::string_view text, GroupFile& file) {
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-  bool isApplication = false;
   korvel::TextError error;
   korvel::List<korvel::MissingPart> missing;
-  const korvel::TextResult result =
-      korvel::ReadTextGroup(text, file.group, isApplication, error, &missing);
+  const korvel::TextResult result = korvel::ReadTextGroup(text, file.group, error, &missing);
   if (result != korvel::TextResult::Done) {
     file.messages.push_back(AtPlace(file, error.place) + In(error.construct.data()) + "found " +
                             error.found.data() + ", expected " + error.expected.data());
@@ -70,16 +68,15 @@ void ReadText(std::string_view text, GroupFile& file) {
 }
 
 void ReadBer(std::string_view bytes, GroupFile& file) {
-  bool isApplication = false;
   korvel::DecodeError error;
   const std::span octets(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
-  if (korvel::DecodeGroup(octets, file.group, isApplication, &error) == korvel::Status::Done) {
+  if (korvel::DecodeGroup(octets, file.group, &error) == korvel::Status::Done) {
     return;
   }
   const std::string part = *error.part == 0 ? "" : std::string(" ") + error.part;
   file.messages.push_back(file.path.string() + ": byte " + std::to_string(error.offset) + ": " +
                           In(error.owner + part) + "expected " + error.expected);
-  file.group.Reset();
+  file.group.reset();
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "objects/decoded_group.h"
+#include "objects/ownership.h"
 
 namespace mheg {
 

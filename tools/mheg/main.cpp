@@ -7,7 +7,6 @@
 #include "mheg/batch.h"
 #include "mheg/check/check.h"
 #include "mheg/convert.h"
-#include "mheg/exit_status.h"
 #include "mheg/group_file.h"
 #include "mheg/options.h"
 
@@ -57,10 +56,10 @@ bool Dump(const mheg::Options& options) {
     PrintMessages(file.messages);
     isGood = isGood && file.group;
     if (!file.group) continue;
-    if (file.group.IsApplication()) {
-      korvel::DumpApplication(file.group.AsApplication(), 0, stdout);
+    if (IsApplication(file.group)) {
+      korvel::DumpApplication(AsApplication(file.group), 0, stdout);
     } else {
-      korvel::DumpScene(file.group.AsScene(), 0, stdout);
+      korvel::DumpScene(AsScene(file.group), 0, stdout);
     }
   }
   return isGood;

@@ -7,8 +7,6 @@
 #include <set>
 #include <system_error>
 
-#include "mheg/exit_status.h"
-
 namespace mheg {
 namespace {
 

@@ -1,4 +1,4 @@
-// What the command line asks for.
+// The request that the command line makes.
 #pragma once
 
 #include <filesystem>
@@ -6,6 +6,10 @@
 #include <vector>
 
 namespace mheg {
+
+// The exit statuses of the tool; 0 is a run in which everything was good.
+inline constexpr int kBadInput = 1;  // a file cannot be read or written, is no group, or has faults
+inline constexpr int kWrongUse = 2;  // wrong arguments
 
 enum class Command { Compile, Decompile, Dump, Check };
 

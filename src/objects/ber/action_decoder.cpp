@@ -1,7 +1,5 @@
 // Reading actions. The standard nests some parameters in a SEQUENCE, and whole parameter lists may
 // be wrapped in one; both forms end up as the same flat row of values.
-#include "objects/ber/action_decoder.h"
-
 #include <utility>
 
 #include "objects/action_table.h"
@@ -41,7 +39,7 @@ bool ReadNestedOrFlat(BerReader& outside, ReadValues&& readValues) {
   return readValues(inside) && inside.Ends();
 }
 
-// A value whose type is told by its tag alone.
+// A value whose tag alone gives its type.
 bool DecodeTyped(const BerElement& element, Values& values) {
   const bool isTyped = element.Is(kIndirectReference) || AnnouncedKind(element.tag) != None;
   return isTyped ? DecodeValue(element, kAnyTyped, values) : element.Refuse();
@@ -117,7 +115,7 @@ bool DecodeNextTyped(BerReader& reader, Values& values) {
   return reader.Next(element) && DecodeTyped(element, values);
 }
 
-// Reads what stands at one place of an action's syntax.
+// Reads the values at one place of an action's syntax.
 bool DecodePlace(Parameter place, BerReader& reader, Values& values) {
   switch (place) {
   case Parameter::Integer:

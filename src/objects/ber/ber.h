@@ -6,14 +6,14 @@
 #include <span>
 #include <string_view>
 
-#include "objects/decoded_group.h"
 #include "objects/octet_string.h"
+#include "objects/ownership.h"
 #include "objects/status.h"
 
 namespace korvel {
 
-// Why a file was refused: the first byte of the element that could not be taken, what it stands in,
-// and what should have stood there.
+// Why a file was refused: the first byte of the element that does not fit, the part of the
+// group that it is in, and the element that should be there.
 struct DecodeError {
   std::size_t offset = 0;
   const char* owner = "";  // the class: "Text"; empty outside of everything
@@ -22,12 +22,11 @@ struct DecodeError {
 };
 
 // Reads a whole group from its BER encoding. Done, or Refused for anything that is no well-formed
-// Application or Scene, with memory running out counted among it; nothing is printed. `group` and
-// `isApplication` (1 for an application, 0 for a scene) are set before the contents are read, so
-// that a failure leaves the partly built record with the caller; when even the first header is
-// wrong the group is empty and the flag 0. `error`, when given, receives why a file was refused.
-// Worker thread; tools: any one.
-Status DecodeGroup(std::span<const std::uint8_t> bytes, OwnedGroup& group, bool& isApplication,
+// Application or Scene, and when memory is out; nothing is printed. `group` is set before the
+// contents are read, so that after a failure the caller has the partly built record; it is null
+// when even the first header is wrong. `error`, if given, receives why a file was refused. Worker
+// thread; tools: any one.
+Status DecodeGroup(std::span<const std::uint8_t> bytes, OwnedGroup& group,
                    DecodeError* error = nullptr);
 
 // Writes a group in the standard's BER form. Attributes at their construction values are left out,

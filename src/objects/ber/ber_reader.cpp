@@ -5,7 +5,7 @@ namespace korvel::ber {
 namespace {
 
 constexpr std::uint8_t kConstructedBit = 0x20;
-constexpr std::uint8_t kTagNumberBits = 0x1F;  // all set: the number follows in the bytes behind
+constexpr std::uint8_t kTagNumberBits = 0x1F;  // all set: the number is in the following bytes
 constexpr std::uint8_t kMoreBit = 0x80;
 constexpr std::uint8_t kLowBits = 0x7F;
 

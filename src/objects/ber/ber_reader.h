@@ -1,5 +1,5 @@
 // The only code that touches the bytes of a group file. Every element is checked against the one
-// that encloses it, and its content is handed out as a narrower reader, so that no decoder can
+// that encloses it, and its content becomes a narrower reader, so that no decoder can
 // leave its own element.
 #pragma once
 
@@ -13,13 +13,13 @@
 
 namespace korvel::ber {
 
-// Where reading was first refused: the first byte of the element that could not be taken. The rest
-// is added on the way out, by whoever knows it first.
+// The place where reading was first refused: the first byte of the element that does not fit. The
+// callers that know the rest add it on the way out.
 struct Refusal {
   const std::uint8_t* place = nullptr;
   const char* owner = nullptr;     // the class of the object
   const char* part = nullptr;      // the attribute or action of it; empty for the object itself
-  const char* expected = nullptr;  // what should stand there
+  const char* expected = nullptr;  // the element that should be there
 };
 
 struct BerElement;
@@ -30,7 +30,7 @@ using KnownTags = bool (*)(Tag tag);
 constexpr bool NoTag(Tag /*tag*/) { return false; }
 
 // Some bytes, read element by element. Readers are cheap to copy; a copy goes on alone. The bytes
-// and the refusal are borrowed from whoever started the reading.
+// and the refusal are borrowed from the caller that started the reading.
 class BerReader {
  public:
   BerReader() = default;
@@ -42,7 +42,7 @@ class BerReader {
   [[nodiscard]] BerReader Knowing(KnownTags tags) const;
 
   [[nodiscard]] bool AtEnd() const { return cursor_ == end_; }
-  // Reads one element and moves behind it. False at the end, and when its header or its length does
+  // Reads one element and moves past it. False at the end, and when its header or its length does
   // not fit.
   [[nodiscard]] bool Next(BerElement& element);
   // Reads the one element that there must be. False when there is none or another one after it.
@@ -75,7 +75,7 @@ class BerReader {
   const std::uint8_t* cursor_ = nullptr;
   const std::uint8_t* end_ = nullptr;
   Refusal* refusal_ = nullptr;  // null: a look ahead, which refuses nothing
-  KnownTags known_ = nullptr;   // null: all; others are passed over before the cursor rests
+  KnownTags known_ = nullptr;   // null: all; others are skipped before the cursor rests
   std::uint32_t depth_ = 0;
 };
 

@@ -18,7 +18,7 @@ int CountTagBytes(std::uint32_t number) {
   return count;
 }
 
-// How many bytes a length takes behind the byte that counts them; 0 when it needs none.
+// How many bytes a length takes after the byte that counts them; 0 when it needs none.
 std::size_t CountLengthBytes(std::size_t length) {
   if (length < kMoreBit) return 0;
   std::size_t count = 1;
@@ -84,7 +84,7 @@ std::size_t BerWriter::BeginConstructed(Tag tag) {
   return bytes_.Size();
 }
 
-// The length is known only now: it is written behind the content and then moved before it.
+// The length is known only now: it is written after the content and then moved before it.
 void BerWriter::EndConstructed(std::size_t begin) {
   const std::size_t end = bytes_.Size();
   Length(end - begin);

@@ -28,7 +28,7 @@ class BerWriter {
     EndConstructed(begin);
   }
 
-  // Gives up: there is something that the form has no place for.
+  // Makes the writer fail: the form has no place for something.
   void Fail() { hasFailed_ = true; }
   // Copies everything written to `bytes`. False, with `bytes` untouched, when the writer has failed
   // or memory is out.

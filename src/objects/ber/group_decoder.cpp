@@ -1,45 +1,78 @@
-// Reading groups: one pass over the class tables, which alone know the attributes of a class. What
-// stands here is how a field of each shape is read: as an element of a SEQUENCE, as an entry of a
+// Reading groups: one pass over the class tables, which alone know the attributes of a class. This
+// file says how a field of each shape is read: as an element of a SEQUENCE, as an entry of a
 // list, and under an attribute's tag.
 #include <type_traits>
 #include <utility>
 
-#include "objects/ber/action_decoder.h"
 #include "objects/ber/ber.h"
-#include "objects/ber/expected.h"
 #include "objects/ber/value_decoder.h"
 #include "objects/class_tables.h"
-#include "objects/owned.h"
+#include "objects/ownership.h"
 
 namespace korvel {
 namespace ber {
 namespace {
 
-// ---- Elements of a SEQUENCE: universal, told apart by their place ----
+// ---- The form of a field in a file, for messages ----
 
-bool DecodeElement(const BerElement& element, const Form& /*form*/, std::int32_t& field) {
+const char* ExpectedFor(const bool& /*field*/) { return "a BOOLEAN"; }
+const char* ExpectedFor(const std::int32_t& /*field*/) { return "an INTEGER"; }
+template <IsEnumeration Enumeration>
+const char* ExpectedFor(const Enumeration& /*field*/) {
+  return kWords<Enumeration>.empty() ? "an INTEGER" : "an ENUMERATED";
+}
+const char* ExpectedFor(const OctetString& /*field*/) { return "an OCTET STRING"; }
+const char* ExpectedFor(const ContentReference& /*field*/) { return "an OCTET STRING"; }
+const char* ExpectedFor(const ObjectReference& /*field*/) { return "an object reference"; }
+const char* ExpectedFor(const OptionalReference& /*field*/) { return "an object reference"; }
+const char* ExpectedFor(const ColourValue& /*field*/) { return "an INTEGER or an OCTET STRING"; }
+const char* ExpectedFor(const FontBody& /*field*/) {
+  return "an OCTET STRING or an object reference";
+}
+const char* ExpectedFor(const ContentBody& /*field*/) {
+  return "an OCTET STRING or a content reference";
+}
+const char* ExpectedFor(const LinkCondition& /*field*/) {
+  return "an event source, an event type and event data";
+}
+const char* ExpectedFor(const ActionList& /*field*/) { return "actions"; }
+const char* ExpectedFor(const List<Item>& /*field*/) { return "objects"; }
+template <class Entry>
+const char* ExpectedFor(const List<Entry>& /*field*/) {
+  return "a list";
+}
+template <IsSequence Record>
+const char* ExpectedFor(const Record& /*field*/) {
+  return "two INTEGERs";
+}
+template <IsDescribed Record>
+const char* ExpectedFor(const Record& /*field*/) {
+  return "attributes";
+}
+
+// ---- Elements of a SEQUENCE: universal, distinguished by their place ----
+
+bool DecodeElement(const BerElement& element, std::int32_t& field) {
   return Decode(element, NumberType::Integer, field);
 }
 template <IsEnumeration Enumeration>
-bool DecodeElement(const BerElement& element, const Form& /*form*/, Enumeration& field) {
+bool DecodeElement(const BerElement& element, Enumeration& field) {
   constexpr auto kType = kWords<Enumeration>.empty() ? NumberType::Integer : NumberType::Enumerated;
   std::int32_t number = 0;
   if (!Decode(element, kType, number)) return false;
   field = static_cast<Enumeration>(number);
   return true;
 }
-bool DecodeElement(const BerElement& element, const Form& /*form*/, OctetString& field) {
-  return Decode(element, field);
-}
-bool DecodeElement(const BerElement& element, const Form& /*form*/, ObjectReference& field) {
+bool DecodeElement(const BerElement& element, OctetString& field) { return Decode(element, field); }
+bool DecodeElement(const BerElement& element, ObjectReference& field) {
   return Decode(element, field);
 }
 // A link's event data.
-bool DecodeElement(const BerElement& element, const Form& /*form*/, GenericValue& field) {
+bool DecodeElement(const BerElement& element, GenericValue& field) {
   using enum ValueKind;
   return DecodeGeneric(element, SetOfKinds(Boolean, Integer, OctetString), field);
 }
-bool DecodeElement(const BerElement& element, const Form& form, List<ActionSlot>& field);
+bool DecodeElement(const BerElement& element, List<ActionSlot>& field);
 
 // Fields of these types may be missing at the end of a SEQUENCE.
 template <class Field>
@@ -55,7 +88,7 @@ bool DecodeSequence(const BerReader& elements, Record& record) {
     const bool isMissing = kMayBeMissing<std::remove_cvref_t<decltype(field)>> && reader.AtEnd();
     if (!isRead || isMissing) return;
     BerElement element;
-    isRead = reader.Next(element) && DecodeElement(element, description.form, field);
+    isRead = reader.Next(element) && DecodeElement(element, field);
   });
   return isRead && reader.Ends();
 }
@@ -97,7 +130,7 @@ bool DecodeEntries(const BerReader& entries, List<T>& list) {
   return true;
 }
 
-bool DecodeElement(const BerElement& element, const Form& /*form*/, List<ActionSlot>& field) {
+bool DecodeElement(const BerElement& element, List<ActionSlot>& field) {
   return element.Is(kSequence) ? DecodeEntries(element.content, field) : element.Refuse();
 }
 
@@ -144,63 +177,62 @@ BerReader EntriesOf(const BerElement& tagged) {
 
 template <class Number>
 requires(std::is_same_v<Number, std::int32_t> ||
-         IsEnumeration<Number>) bool DecodeField(const BerElement& tagged, const Form& form,
-                                                 Number& field) {
+         IsEnumeration<Number>) bool DecodeField(const BerElement& tagged, Number& field) {
   BerElement element;
-  return Untag(tagged, kInteger, element) && DecodeElement(element, form, field);
+  return Untag(tagged, kInteger, element) && DecodeElement(element, field);
 }
 
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, bool& field) {
+bool DecodeField(const BerElement& tagged, bool& field) {
   BerElement element;
   return Untag(tagged, kBoolean, element) && Decode(element, field);
 }
 
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, OctetString& field) {
+bool DecodeField(const BerElement& tagged, OctetString& field) {
   BerElement element;
   return Untag(tagged, kOctetString, element) && Decode(element, field);
 }
 
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, ObjectReference& field) {
+bool DecodeField(const BerElement& tagged, ObjectReference& field) {
   BerElement element;
   return UntagReference(tagged, element) && Decode(element, field);
 }
 
-bool DecodeField(const BerElement& tagged, const Form& form, OptionalReference& field) {
-  if (!DecodeField(tagged, form, field.Reference)) return false;
+bool DecodeField(const BerElement& tagged, OptionalReference& field) {
+  if (!DecodeField(tagged, field.Reference)) return false;
   field.IsPresent = true;
   return true;
 }
 
-bool DecodeField(const BerElement& tagged, const Form& form, ContentReference& field) {
-  return DecodeField(tagged, form, field.Path);
+bool DecodeField(const BerElement& tagged, ContentReference& field) {
+  return DecodeField(tagged, field.Path);
 }
 
-// What a primitive tag holds cannot be told to be one of a colour's or a font's types: it is
+// A primitive tag does not say which of a colour's or a font's types its content has: it is
 // refused.
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, ColourValue& field) {
+bool DecodeField(const BerElement& tagged, ColourValue& field) {
   BerElement element;
   return Untag(tagged, kNull, element) && Decode(element, field);
 }
 
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, FontBody& field) {
+bool DecodeField(const BerElement& tagged, FontBody& field) {
   BerElement element;
   return Untag(tagged, kNull, element) && Decode(element, field);
 }
 
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, ContentBody& field) {
+bool DecodeField(const BerElement& tagged, ContentBody& field) {
   BerElement element;
   return Untag(tagged, kOctetString, element) && Decode(element, field);
 }
 
 template <IsSequence Record>
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field) {
+bool DecodeField(const BerElement& tagged, Record& field) {
   Record record;
   if (!DecodeSequence(ElementsOf<Record>(tagged), record)) return false;
   field = std::move(record);
   return true;
 }
 
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, ActionList& field) {
+bool DecodeField(const BerElement& tagged, ActionList& field) {
   ActionList actions;
   if (!DecodeActions(tagged.content, actions)) return false;
   field = std::move(actions);
@@ -208,7 +240,7 @@ bool DecodeField(const BerElement& tagged, const Form& /*form*/, ActionList& fie
 }
 
 template <class T>
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, List<T>& field) {
+bool DecodeField(const BerElement& tagged, List<T>& field) {
   List<T> list;
   if (!DecodeEntries(EntriesOf<T>(tagged), list)) return false;
   field = std::move(list);
@@ -216,21 +248,21 @@ bool DecodeField(const BerElement& tagged, const Form& /*form*/, List<T>& field)
 }
 
 template <IsDescribed Record>
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field);
+bool DecodeField(const BerElement& tagged, Record& field);
 
-// Some attributes stand under a second tag that tells their type.
+// Some attributes have a second tag, which names their type.
 template <class Field>
 bool DecodeTaggedField(const BerElement& tagged, const Form& form, Field& field) {
-  if (form.innerTag == 0) return DecodeField(tagged, form, field);
+  if (form.innerTag == 0) return DecodeField(tagged, field);
   BerElement inner;
   if (!Untag(tagged, kNull, inner)) return false;
-  return inner.Is(Context(form.innerTag)) ? DecodeField(inner, form, field) : inner.Refuse();
+  return inner.Is(Context(form.innerTag)) ? DecodeField(inner, field) : inner.Refuse();
 }
 
 template <class... Records>
 bool DecodeItems(Classes<Records...> classes, const BerElement& tagged, List<Item>& field);
 
-// What a refusal in an attribute or in an object has to say, unless it is known by then.
+// Adds the place to a refusal in an attribute or an object, unless it has one.
 bool ExplainAttribute(const BerElement& element, const char* keyword, const char* expected) {
   element.content.Explain(&Refusal::part, keyword);
   return element.content.Explain(&Refusal::expected, expected);
@@ -242,8 +274,8 @@ bool ExplainObject(const BerElement& element) {
   return element.content.Explain(&Refusal::expected, "an attribute");
 }
 
-// Reads the attribute that the element's tag names; one that the class does not have is passed
-// over.
+// Reads the attribute that the element's tag names; one that the class does not have is
+// skipped.
 template <IsDescribed Record>
 bool DecodeAttribute(const BerElement& element, Record& record) {
   bool isRead = true;
@@ -255,14 +287,14 @@ bool DecodeAttribute(const BerElement& element, Record& record) {
     } else {
       isRead = DecodeTaggedField(element, attribute.form, field);
     }
-    if (!isRead) ExplainAttribute(element, attribute.keyword, ExpectedFor(field, attribute.form));
+    if (!isRead) ExplainAttribute(element, attribute.keyword, ExpectedFor(field));
   });
   return isRead;
 }
 
 // Attributes in a list of their own.
 template <IsDescribed Record>
-bool DecodeField(const BerElement& tagged, const Form& /*form*/, Record& field) {
+bool DecodeField(const BerElement& tagged, Record& field) {
   ListReader list(tagged.content);
   BerElement element;
   while (list.HasMore()) {
@@ -297,15 +329,15 @@ bool DecodeBody(BerReader reader, Record& record) {
 
 template <class Record>
 bool DecodeObject(const BerElement& element, List<Item>& list) {
-  auto record = Owned<Record>::New();
+  auto record = NewRecord<Record>();
   if (!record) return element.Refuse();
   Record& object = *record;
-  Item item(Description<Record>::heading.type, record.Release());
+  Item item(Description<Record>::heading.type, record.release());
   if (!DecodeBody(element.content, object)) return ExplainObject<Record>(element);
   return list.Append(std::move(item)) != nullptr || element.Refuse();
 }
 
-// Reads the object that the element's tag names; one of none of the classes is passed over.
+// Reads the object that the element's tag names; an object of another class is skipped.
 template <class... Records>
 bool DecodeItem(Classes<Records...> classes, const BerElement& element, List<Item>& list) {
   bool isRead = true;
@@ -333,10 +365,10 @@ bool DecodeItems(Classes<Records...> classes, const BerElement& tagged, List<Ite
 // Hands the record out before its contents are read, so that the caller has it whatever happens.
 template <class Record>
 bool DecodeGroupBody(const BerElement& element, OwnedGroup& group) {
-  auto record = Owned<Record>::New();
+  auto record = NewRecord<Record>();
   if (!record) return element.Refuse();
   Record& body = *record;
-  group.Reset(record.Release());
+  group = std::move(record);
   return DecodeBody(element.content, body) || ExplainObject<Record>(element);
 }
 
@@ -363,12 +395,10 @@ DecodeError ErrorOf(const Refusal& refusal, const std::uint8_t* begin) {
 }  // namespace
 }  // namespace ber
 
-Status DecodeGroup(std::span<const std::uint8_t> bytes, OwnedGroup& group, bool& isApplication,
-                   DecodeError* error) {
+Status DecodeGroup(std::span<const std::uint8_t> bytes, OwnedGroup& group, DecodeError* error) {
   ber::Refusal refusal;
-  group.Reset();
+  group.reset();
   const bool isRead = ber::DecodeFile(ber::BerReader(bytes, refusal), group);
-  isApplication = group.IsApplication();
   if (isRead) return Status::Done;
   if (error != nullptr) *error = ber::ErrorOf(refusal, bytes.data());
   return Status::Refused;

@@ -1,8 +1,7 @@
-// Writing groups: one pass over the class tables. What stands here is how a field of each shape is
+// Writing groups: one pass over the class tables. This file says how a field of each shape is
 // written: as an element of a SEQUENCE, as an entry of a list, and under an attribute's tag.
 #include <type_traits>
 
-#include "objects/ber/action_encoder.h"
 #include "objects/ber/ber.h"
 #include "objects/ber/value_encoder.h"
 #include "objects/class_tables.h"
@@ -46,52 +45,48 @@ void EncodeUnder(BerWriter& writer, Tag tag, const Field& field) {
 
 // ---- Fields under the tag of their type ----
 
-void EncodeElement(BerWriter& writer, const Form& form, const Item& item);
-void EncodeElement(BerWriter& writer, const Form& /*form*/, bool field) {
-  writer.Boolean(kBoolean, field);
-}
-void EncodeElement(BerWriter& writer, const Form& /*form*/, std::int32_t field) {
-  writer.Integer(kInteger, field);
-}
+void EncodeElement(BerWriter& writer, const Item& item);
+void EncodeElement(BerWriter& writer, bool field) { writer.Boolean(kBoolean, field); }
+void EncodeElement(BerWriter& writer, std::int32_t field) { writer.Integer(kInteger, field); }
 template <IsEnumeration Enumeration>
-void EncodeElement(BerWriter& writer, const Form& /*form*/, Enumeration field) {
+void EncodeElement(BerWriter& writer, Enumeration field) {
   EncodeUnder(writer, kWords<Enumeration>.empty() ? kInteger : kEnumerated, field);
 }
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const OctetString& field) {
+void EncodeElement(BerWriter& writer, const OctetString& field) {
   writer.Octets(kOctetString, field.View());
 }
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const ActionSlot& slot) {
+void EncodeElement(BerWriter& writer, const ActionSlot& slot) {
   if (slot.IsNull) return writer.Null();
   writer.Constructed(kSequence, [&] { EncodeActions(writer, slot.Actions); });
 }
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const Movement& movement) {
+void EncodeElement(BerWriter& writer, const Movement& movement) {
   EncodeUnder(writer, kSequence, movement.Targets);
 }
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const ContentReference& field) {
+void EncodeElement(BerWriter& writer, const ContentReference& field) {
   writer.Octets(kOctetString, field.Path.View());
 }
 template <IsChoice Field>
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const Field& field) {
+void EncodeElement(BerWriter& writer, const Field& field) {
   if (IsPresent(field)) Encode(writer, field);
 }
 template <IsSequence Record>
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const Record& record) {
+void EncodeElement(BerWriter& writer, const Record& record) {
   EncodeUnder(writer, kSequence, record);
 }
 template <class T>
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const List<T>& list) {
+void EncodeElement(BerWriter& writer, const List<T>& list) {
   if (!list.IsEmpty()) EncodeUnder(writer, kSequence, list);
 }
 
 template <IsSequence Record>
 void EncodeContent(BerWriter& writer, const Record& record) {
   ForEachElement<Record>(
-      [&](const auto& element) { EncodeElement(writer, element.form, record.*element.field); });
+      [&](const auto& element) { EncodeElement(writer, record.*element.field); });
 }
 
 template <class T>
 void EncodeContent(BerWriter& writer, const List<T>& list) {
-  for (const T& entry : list) EncodeElement(writer, Form{}, entry);
+  for (const T& entry : list) EncodeElement(writer, entry);
 }
 
 // ---- Attributes ----
@@ -101,7 +96,7 @@ void EncodeAttribute(BerWriter& writer, Tag tag, const Form& form, const Field& 
   if (form.innerTag != 0) {
     writer.Constructed(tag, [&] { EncodeUnder(writer, Context(form.innerTag), field); });
   } else if (form.isChoice) {
-    writer.Constructed(tag, [&] { EncodeElement(writer, form, field); });
+    writer.Constructed(tag, [&] { EncodeElement(writer, field); });
   } else {
     EncodeUnder(writer, tag, field);
   }
@@ -136,7 +131,7 @@ void EncodeObject(BerWriter& writer, const Record& record) {
   });
 }
 
-void EncodeElement(BerWriter& writer, const Form& /*form*/, const Item& item) {
+void EncodeElement(BerWriter& writer, const Item& item) {
   VisitIngredientClass(item.Type(),
                        [&]<class Record>() { EncodeObject(writer, item.As<Record>()); });
 }

@@ -9,8 +9,8 @@
 namespace korvel {
 namespace {
 
-// What the message about a reference calls it: the class, and the attribute when it is not the
-// object's own.
+// The name of a reference in messages: the class, and the attribute when it is not the object's
+// own.
 struct Subject {
   const char* className;
   const char* name = "";
@@ -74,7 +74,7 @@ class Completion {
     return Complete(slot.Actions, subject);
   }
 
-  // A stream's components are named behind their class: "Stream Video".
+  // A stream's components are named after their class: "Stream Video".
   [[nodiscard]] bool Complete(Item& item, const Subject& subject) {
     bool isDone = true;
     VisitIngredientClass(item.Type(), [&]<class Record>() {
@@ -103,7 +103,7 @@ class Completion {
     return isDone;
   }
 
-  // What holds no reference.
+  // A value without references.
   template <class Value>
   [[nodiscard]] bool Complete(Value& /*value*/, const Subject& /*subject*/) {
     return true;

@@ -1,5 +1,5 @@
 // The tags of the interchange form: the universal types that values are made of, and the
-// context-specific tags that stand inside values. The tags of attributes and classes are in the
+// context-specific tags inside values. The tags of attributes and classes are in the
 // class tables, those of actions follow from the action table.
 #pragma once
 

@@ -40,7 +40,7 @@ bool DecodeIndirect(const BerElement& element, GenericValue& value) {
   return true;
 }
 
-// The kind that an element without an announcing tag has at a place where these kinds may stand.
+// The kind of an element without an announcing tag at a place that allows these kinds.
 ValueKind KindOf(const BerElement& element, KindSet kinds) {
   const auto allows = [kinds](ValueKind kind) { return (kinds & SetOfKinds(kind)) != 0; };
   const bool isNumber = element.Is(kInteger) || element.Is(kEnumerated);

@@ -1,5 +1,5 @@
-// Reading values: from a universal element to a field, for every type of field that stands for
-// itself. What a context tag carries, implicitly or explicitly, is first brought into the form of a
+// Reading values and actions: from an element to a field, for every type of field that is one
+// value. The content of a context tag, implicit or explicit, is first brought into the form of a
 // universal element, so that each type is read in one place only.
 #pragma once
 
@@ -8,7 +8,7 @@
 
 namespace korvel::ber {
 
-// The kinds of value that may stand at a place, one bit for each ValueKind.
+// The kinds of value that a place allows, one bit for each ValueKind.
 using KindSet = std::uint32_t;
 
 template <class... Kinds>
@@ -16,7 +16,7 @@ constexpr KindSet SetOfKinds(Kinds... kinds) {
   return (KindSet{0} | ... | (KindSet{1} << static_cast<unsigned>(kinds)));
 }
 
-// The universal element that `tagged` stands for. A primitive one is the value itself, of the type
+// The universal element of a tagged value. A primitive one is the value itself, of the type
 // `implied`; a constructed one holds exactly one universal element.
 [[nodiscard]] bool Untag(const BerElement& tagged, Tag implied, BerElement& value);
 // The same for a reference, whose two forms also show themselves by what the tag holds.
@@ -41,5 +41,15 @@ enum class NumberType { Integer, Enumerated };
 // Reads a generic value of one of these kinds: in itself, under the context tag that announces its
 // kind, or, always allowed, as an indirect reference.
 [[nodiscard]] bool DecodeGeneric(const BerElement& element, KindSet kinds, GenericValue& value);
+
+// ---- Actions ----
+
+// Whether the tag is an action's.
+[[nodiscard]] bool IsAction(Tag tag);
+
+// Reads the elements of an action list and adds them to `actions`. Tags that are no action's are
+// skipped. False, with the place recorded, for anything else that is no action and when memory is
+// out.
+[[nodiscard]] bool DecodeActions(const BerReader& reader, ActionList& actions);
 
 }  // namespace korvel::ber

@@ -1,5 +1,6 @@
-// Writing values in the standard's form. A type that is one universal type can take an implicit
-// tag; one that is a choice of several shows which by standing in itself inside an explicit tag.
+// Writing values and actions in the standard's form. A type that is one universal type can take an
+// implicit tag; a choice of several types needs an explicit one, which holds an element of the
+// type.
 #pragma once
 
 #include <concepts>
@@ -36,5 +37,10 @@ template <class T>
 bool IsPresent(const T& /*value*/) {
   return true;
 }
+
+// Writes the elements of an action list, which the caller puts into a SEQUENCE or under an
+// attribute's tag. The extensions that only run have no tag: an action of theirs makes the writer
+// fail.
+void EncodeActions(BerWriter& writer, const ActionList& actions);
 
 }  // namespace korvel::ber

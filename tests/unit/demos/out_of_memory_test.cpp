@@ -86,11 +86,10 @@ TEST_F(OutOfMemoryInWelcome, decoding_is_refused_cleanly_whichever_allocation_fa
     do {
       FailAllocation(++failing);
       OwnedGroup group;
-      bool isApplication = false;
       const auto* bytes = reinterpret_cast<const std::uint8_t*>(file.data());
-      const Status status = DecodeGroup({bytes, file.size()}, group, isApplication);
+      const Status status = DecodeGroup({bytes, file.size()}, group);
       ASSERT_EQ(status, HasFailedAllocation() ? Status::Refused : Status::Done);
-      group.Reset();
+      group.reset();
       ASSERT_EQ(LiveBlocks(), blocks);
     } while (HasFailedAllocation());
     EXPECT_GT(failing, 5U);

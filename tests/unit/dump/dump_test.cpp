@@ -33,11 +33,11 @@ TEST(Dump, a_reference_without_a_group_is_null_and_its_number) {
 TEST(Dump, depth_moves_the_whole_tree) {
   const OwnedGroup scene = Read("{:Scene 0}");
   const std::string dump =
-      Printed([&](std::FILE* stream) { DumpScene(scene.AsScene(), 2, stream); });
+      Printed([&](std::FILE* stream) { DumpScene(AsScene(scene), 2, stream); });
   EXPECT_EQ(dump.rfind("|   |   |---SCene:\n|   |   |   |   |---Root:\n", 0), 0U);
   const OwnedGroup application = Read("{:Application 0}");
   EXPECT_EQ(Printed([&](std::FILE* stream) {
-              DumpApplication(application.AsApplication(), 1, stream);
+              DumpApplication(AsApplication(application), 1, stream);
             }).rfind("|   |---Application:\n|   |   |   |---Root:\n", 0),
             0U);
 }
@@ -94,15 +94,14 @@ TEST(Dump, text_and_ber_of_a_group_are_printed_alike) {
   for (std::uint32_t seed = 0; seed < 200; ++seed) {
     const OwnedGroup group = test::MakeRandomGroup(seed);
     OctetString text;
-    ASSERT_EQ(WriteTextGroup(*group.Get(), text), Status::Done);
+    ASSERT_EQ(WriteTextGroup(*group, text), Status::Done);
     if (text.Length() > kMaxTextSize) continue;
     const OwnedGroup read = Read(std::string(text.View()));
     OctetString bytes;
-    ASSERT_EQ(EncodeGroup(*group.Get(), bytes), Status::Done);
+    ASSERT_EQ(EncodeGroup(*group, bytes), Status::Done);
     OwnedGroup decoded;
-    bool isApplication = false;
     const auto* begin = reinterpret_cast<const std::uint8_t*>(bytes.Text());
-    ASSERT_EQ(DecodeGroup({begin, bytes.Length()}, decoded, isApplication), Status::Done);
+    ASSERT_EQ(DecodeGroup({begin, bytes.Length()}, decoded), Status::Done);
     EXPECT_EQ(DumpOf(read), DumpOf(decoded)) << "seed " << seed;
   }
 }

@@ -11,7 +11,7 @@
 #include <sstream>
 #include <vector>
 
-#include "dump/printers.h"
+#include "dump/tree.h"
 #include "unit/dump/prepared_groups.h"
 #include "unit/dump/printed.h"
 
@@ -63,9 +63,9 @@ class GoldenDump : public testing::TestWithParam<std::string> {};
 TEST_P(GoldenDump, is_printed_to_the_letter) {
   const OwnedGroup group = Read(FileText(kFolder / (GetParam() + ".mheg")));
   ASSERT_TRUE(group);
-  if (GetParam() == "running") MakeRunning(*group.Get());
-  if (GetParam() == "running_application") MakeRunningApplication(group.AsApplication());
-  if (GetParam() == "unknown") MakeUnknown(*group.Get());
+  if (GetParam() == "running") MakeRunning(*group);
+  if (GetParam() == "running_application") MakeRunningApplication(AsApplication(group));
+  if (GetParam() == "unknown") MakeUnknown(*group);
   ExpectSame(DumpOf(group), GetParam());
 }
 

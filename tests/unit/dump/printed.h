@@ -7,7 +7,7 @@
 #include <string>
 
 #include "dump/dump.h"
-#include "objects/decoded_group.h"
+#include "objects/ownership.h"
 #include "textual/textual.h"
 
 namespace korvel {
@@ -27,9 +27,8 @@ std::string Printed(Print&& print) {
 // The group as its text says it: no reference is completed.
 inline OwnedGroup Read(const std::string& text) {
   OwnedGroup group;
-  bool isApplication = false;
   TextError error;
-  EXPECT_EQ(ReadTextGroup(text, group, isApplication, error), TextResult::Done)
+  EXPECT_EQ(ReadTextGroup(text, group, error), TextResult::Done)
       << text << "\n"
       << error.place.line << ":" << error.place.column << " expected " << error.expected.data();
   return group;
@@ -37,10 +36,10 @@ inline OwnedGroup Read(const std::string& text) {
 
 inline std::string DumpOf(const OwnedGroup& group) {
   return Printed([&group](std::FILE* stream) {
-    if (group.IsApplication()) {
-      DumpApplication(group.AsApplication(), 0, stream);
+    if (IsApplication(group)) {
+      DumpApplication(AsApplication(group), 0, stream);
     } else {
-      DumpScene(group.AsScene(), 0, stream);
+      DumpScene(AsScene(group), 0, stream);
     }
   });
 }

@@ -172,7 +172,7 @@ TEST_F(Events, links_on_numbers_that_are_no_event_types_never_run) {
   group->Items.At(1)->As<Link>().Condition.EventType = EventType{0};
   group->Items.At(2)->As<Link>().Condition.EventType = EventType{32};
   OctetString bytes;
-  ASSERT_EQ(EncodeGroup(*group.Get(), bytes), Status::Done);
+  ASSERT_EQ(EncodeGroup(*group, bytes), Status::Done);
   TheHost().files["a"] = std::string(bytes.View());
   ASSERT_EQ(Start(), Status::Done);
   for (const std::int32_t type : {0, 32, -1, 255}) {

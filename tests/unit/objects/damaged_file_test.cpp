@@ -44,7 +44,7 @@ TEST(DamagedFile, the_sample_is_good_before_it_is_damaged) {
 
 TEST(DamagedFile, cut_at_any_byte_it_is_refused) {
   const std::size_t before = LiveBlocks();
-  for (const Bytes& file : {SmallFile(), Encode(*MakeCompleteGroup(ItemType::Scene).Get())}) {
+  for (const Bytes& file : {SmallFile(), Encode(*MakeCompleteGroup(ItemType::Scene))}) {
     for (std::size_t size = 0; size < file.size(); ++size) {
       EXPECT_EQ(Decode(file.substr(0, size)).status, Status::Refused) << size;
     }
@@ -56,7 +56,7 @@ TEST(DamagedFile, cut_at_any_byte_it_is_refused) {
 TEST(DamagedFile, with_its_contents_cut_at_any_byte_it_keeps_the_record_for_its_release) {
   const std::size_t before = LiveBlocks();
   for (std::uint32_t seed = 0; seed < 4; ++seed) {
-    const Bytes file = Encode(*MakeRandomGroup(seed).Get());
+    const Bytes file = Encode(*MakeRandomGroup(seed));
     const std::size_t begin = file.size() - ContentOf(file).size();
     for (std::size_t size = begin; size < file.size(); ++size) {
       const Decoded decoded = Decode(Holding(1, file.substr(begin, size - begin)));
@@ -84,7 +84,7 @@ TEST(DamagedFile, with_any_one_byte_changed_it_is_refused_or_read) {
 TEST(DamagedFile, a_random_group_with_any_byte_inverted_is_refused_or_read) {
   const std::size_t before = LiveBlocks();
   for (std::uint32_t seed = 0; seed < 8; ++seed) {
-    const Bytes file = Encode(*MakeRandomGroup(seed).Get());
+    const Bytes file = Encode(*MakeRandomGroup(seed));
     for (std::size_t place = 0; place < file.size(); ++place) {
       Bytes damaged = file;
       damaged[place] = static_cast<char>(~damaged[place]);

@@ -70,8 +70,8 @@ TEST(DecodeAttribute, implicit_and_explicit_tags_give_the_same) {
         Holding(51, Integer(4)) + Holding(54, Boolean(true)) + Holding(4, Octets("info"))}) {
     const Decoded decoded = Decode(SceneFile(attributes));
     ASSERT_TRUE(decoded.IsDone());
-    EXPECT_EQ(decoded.group.AsScene().InputEventReg, 4);
-    EXPECT_TRUE(decoded.group.AsScene().MovingCursor);
+    EXPECT_EQ(AsScene(decoded.group).InputEventReg, 4);
+    EXPECT_TRUE(AsScene(decoded.group).MovingCursor);
     EXPECT_EQ(decoded.group->ObjectInformation.View(), "info");
   }
 }
@@ -86,9 +86,9 @@ TEST(DecodeAttribute, an_explicit_tag_must_hold_one_element_of_its_type) {
 }
 
 TEST(DecodeAttribute, a_boolean_is_one_byte_of_which_any_bit_makes_it_true) {
-  EXPECT_TRUE(Decode(SceneFile(Primitive(54, "\x01"))).group.AsScene().MovingCursor);
-  EXPECT_TRUE(Decode(SceneFile(Primitive(54, "\x80"))).group.AsScene().MovingCursor);
-  EXPECT_FALSE(Decode(SceneFile(Primitive(54, "\0"s))).group.AsScene().MovingCursor);
+  EXPECT_TRUE(AsScene(Decode(SceneFile(Primitive(54, "\x01"))).group).MovingCursor);
+  EXPECT_TRUE(AsScene(Decode(SceneFile(Primitive(54, "\x80"))).group).MovingCursor);
+  EXPECT_FALSE(AsScene(Decode(SceneFile(Primitive(54, "\0"s))).group).MovingCursor);
   EXPECT_FALSE(Decode(SceneFile(Primitive(54, ""))).IsDone());
   EXPECT_FALSE(Decode(SceneFile(Primitive(54, "\0\1"s))).IsDone());
 }
@@ -98,8 +98,8 @@ TEST(DecodeAttribute, sequences_are_read_with_and_without_an_explicit_tag) {
   for (const Bytes& attribute : {Holding(52, size), Holding(52, Sequence(size))}) {
     const Decoded decoded = Decode(SceneFile(attribute));
     ASSERT_TRUE(decoded.IsDone());
-    EXPECT_EQ(decoded.group.AsScene().SceneCS.Width, 720);
-    EXPECT_EQ(decoded.group.AsScene().SceneCS.Height, 576);
+    EXPECT_EQ(AsScene(decoded.group).SceneCS.Width, 720);
+    EXPECT_EQ(AsScene(decoded.group).SceneCS.Height, 576);
   }
   EXPECT_FALSE(Decode(SceneFile(Holding(52, Integer(720)))).IsDone());
   EXPECT_FALSE(Decode(SceneFile(Holding(52, size + Integer(1)))).IsDone());
@@ -126,7 +126,7 @@ TEST(DecodeBody, unknown_tags_are_passed_over_and_foreign_classes_refused) {
                                Null(), Element(0, true, 17, Integer(1)), Octets("x")}) {
     const Decoded decoded = Decode(SceneFile(unknown + known));
     ASSERT_TRUE(decoded.IsDone()) << Hexadecimal(unknown);
-    EXPECT_EQ(decoded.group.AsScene().InputEventReg, 4);
+    EXPECT_EQ(AsScene(decoded.group).InputEventReg, 4);
     EXPECT_TRUE(Decode(FileWithItems(Holding(29, Integer(1) + unknown))).IsDone());
   }
   for (const unsigned foreign : {1U, 3U}) {

@@ -17,11 +17,11 @@ using namespace std::string_literals;
 TEST(DecodeGroup, tag_0_is_an_application_and_tag_1_a_scene) {
   const Decoded application = Decode(ApplicationFile(""));
   ASSERT_TRUE(application.IsDone());
-  EXPECT_TRUE(application.isApplication);
+  EXPECT_TRUE(IsApplication(application.group));
   EXPECT_EQ(application.group->Type, ItemType::Application);
   const Decoded scene = Decode(SceneFile(""));
   ASSERT_TRUE(scene.IsDone());
-  EXPECT_FALSE(scene.isApplication);
+  EXPECT_FALSE(IsApplication(scene.group));
   EXPECT_EQ(scene.group->Type, ItemType::Scene);
 }
 
@@ -33,7 +33,7 @@ TEST(DecodeGroup, another_first_tag_is_refused_without_a_record) {
     Decoded decoded = Decode(file);
     EXPECT_EQ(decoded.status, Status::Refused) << Hexadecimal(file);
     EXPECT_FALSE(decoded.group);
-    EXPECT_FALSE(decoded.isApplication);
+    EXPECT_FALSE(IsApplication(decoded.group));
     EXPECT_EQ(decoded.error.offset, 0U);
   }
 }
@@ -41,9 +41,9 @@ TEST(DecodeGroup, another_first_tag_is_refused_without_a_record) {
 TEST(DecodeGroup, a_refused_file_replaces_what_the_caller_held) {
   Decoded decoded = Decode(ApplicationFile(""));
   ASSERT_TRUE(decoded.group);
-  EXPECT_EQ(DecodeGroup({}, decoded.group, decoded.isApplication), Status::Refused);
+  EXPECT_EQ(DecodeGroup({}, decoded.group), Status::Refused);
   EXPECT_FALSE(decoded.group);
-  EXPECT_FALSE(decoded.isApplication);
+  EXPECT_FALSE(IsApplication(decoded.group));
 }
 
 TEST(DecodeGroup, a_failure_in_the_contents_leaves_the_partly_built_record) {
@@ -53,7 +53,7 @@ TEST(DecodeGroup, a_failure_in_the_contents_leaves_the_partly_built_record) {
         Decode(ApplicationFile(Primitive(4, "info") + Holding(3, Boolean(true))));
     EXPECT_EQ(decoded.status, Status::Refused);
     ASSERT_TRUE(decoded.group);
-    EXPECT_TRUE(decoded.isApplication);
+    EXPECT_TRUE(IsApplication(decoded.group));
     EXPECT_EQ(decoded.group->ObjectInformation.View(), "info");
   }
   EXPECT_EQ(LiveBlocks(), before);
@@ -118,7 +118,7 @@ TEST(DecodeGroup, a_refusal_names_what_it_stands_in_and_what_was_expected) {
 TEST(DecodeApplication, only_a_reference_gives_the_defaults_and_no_items) {
   const Decoded decoded = Decode(ApplicationFile(""));
   ASSERT_TRUE(decoded.IsDone());
-  const Application& application = decoded.group.AsApplication();
+  const Application& application = AsApplication(decoded.group);
   EXPECT_EQ(application.Reference.GroupIdentifier.View(), "~/g");
   EXPECT_EQ(application.Standard.JointIsoItuIdentifier, 2);
   EXPECT_EQ(application.Standard.MHEGStandardIdentifier, 19);
@@ -135,7 +135,7 @@ TEST(DecodeApplication, only_a_reference_gives_the_defaults_and_no_items) {
 
 TEST(DecodeApplication, without_default_attributes_only_hooks_and_background_are_set) {
   const Decoded decoded = Decode(ApplicationFile(""));
-  const DefaultAttributes& defaults = decoded.group.AsApplication().Defaults;
+  const DefaultAttributes& defaults = AsApplication(decoded.group).Defaults;
   for (const std::int32_t hook :
        {defaults.TextContentHook, defaults.InterchangedProgramContentHook,
         defaults.StreamContentHook, defaults.BitmapContentHook, defaults.LineArtContentHook}) {
@@ -160,7 +160,7 @@ TEST(DecodeApplication, default_attributes_are_read_from_their_list) {
   for (const Bytes& attribute : {Holding(37, list), Holding(37, Sequence(list))}) {
     const Decoded decoded = Decode(ApplicationFile(attribute));
     ASSERT_TRUE(decoded.IsDone());
-    const DefaultAttributes& defaults = decoded.group.AsApplication().Defaults;
+    const DefaultAttributes& defaults = AsApplication(decoded.group).Defaults;
     EXPECT_EQ(defaults.CharacterSet, 10);
     EXPECT_EQ(defaults.BackgroundColour.Index, 3);
     EXPECT_EQ(defaults.TextContentHook, 11);
@@ -186,7 +186,7 @@ TEST(DecodeGroupAttributes, each_tag_fills_its_field) {
                            Holding(35, actions) + Holding(36, actions + actions + actions);
   const Decoded decoded = Decode(ApplicationFile(attributes));
   ASSERT_TRUE(decoded.IsDone());
-  const Application& application = decoded.group.AsApplication();
+  const Application& application = AsApplication(decoded.group);
   EXPECT_EQ(application.Standard.JointIsoItuIdentifier, 1);
   EXPECT_EQ(application.Standard.MHEGStandardIdentifier, 2);
   EXPECT_EQ(application.StandardVersion, 5);
@@ -205,16 +205,16 @@ TEST(DecodeGroupAttributes, tag_7_sets_the_original_cache_priority_only) {
 
 TEST(DecodeScene, has_its_own_defaults_and_attributes) {
   const Decoded plain = Decode(SceneFile(""));
-  EXPECT_EQ(plain.group.AsScene().Aspect.Width, 4);
-  EXPECT_EQ(plain.group.AsScene().Aspect.Height, 3);
-  EXPECT_FALSE(plain.group.AsScene().MovingCursor);
-  EXPECT_EQ(plain.group.AsScene().InputEventReg, 0);
+  EXPECT_EQ(AsScene(plain.group).Aspect.Width, 4);
+  EXPECT_EQ(AsScene(plain.group).Aspect.Height, 3);
+  EXPECT_FALSE(AsScene(plain.group).MovingCursor);
+  EXPECT_EQ(AsScene(plain.group).InputEventReg, 0);
   const Bytes next = Holding(55, Sequence(Octets("~/one") + Integer(1)) +
                                      Sequence(Octets("~/two") + Integer(255)));
   const Decoded decoded =
       Decode(SceneFile(Primitive(51, "\x03") + Holding(53, Integer(16) + Integer(9)) + next));
   ASSERT_TRUE(decoded.IsDone());
-  const Scene& scene = decoded.group.AsScene();
+  const Scene& scene = AsScene(decoded.group);
   EXPECT_EQ(scene.InputEventReg, 3);
   EXPECT_EQ(scene.Aspect.Width, 16);
   EXPECT_EQ(scene.Aspect.Height, 9);
@@ -227,7 +227,7 @@ TEST(DecodeScene, next_scenes_are_read_behind_an_explicit_tag_too) {
   const Bytes list = Sequence(Octets("~/one") + Integer(1));
   const Decoded decoded = Decode(SceneFile(Holding(55, Sequence(list))));
   ASSERT_TRUE(decoded.IsDone());
-  EXPECT_EQ(decoded.group.AsScene().NextScenes.Size(), 1U);
+  EXPECT_EQ(AsScene(decoded.group).NextScenes.Size(), 1U);
 }
 
 TEST(DecodeScene, has_no_attributes_of_an_application) {

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "objects/ingredients.h"
-#include "objects/owned.h"
+#include "objects/ownership.h"
 #include "objects/visibles.h"
 #include "substitutes/memory.h"
 
@@ -37,10 +37,10 @@ TEST(Item, is_empty_when_memory_is_out) {
 // An unknown class number is a mistake of ours; the list that meets it is still released to its
 // end.
 TEST(Item, unknown_type_is_reported_and_the_walk_goes_on) {
-  auto record = Owned<Palette>::New();
+  auto record = NewRecord<Palette>();
   const std::size_t before = LiveBlocks();
   List<Item> items;
-  ASSERT_NE(items.Append(Item(static_cast<ItemType>(22), record.Get())), nullptr);
+  ASSERT_NE(items.Append(Item(static_cast<ItemType>(22), record.get())), nullptr);
   ASSERT_NE(items.Append(Item::New(ItemType::Text)), nullptr);
   testing::internal::CaptureStdout();
   items.Clear();

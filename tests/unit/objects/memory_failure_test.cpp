@@ -30,7 +30,7 @@ std::size_t FailEachAllocation(Status failure, const std::function<Status()>& op
 }
 
 TEST(MemoryFailure, decoding_is_refused_and_leaves_nothing_behind) {
-  const Bytes file = Encode(*MakeCompleteGroup(ItemType::Application).Get());
+  const Bytes file = Encode(*MakeCompleteGroup(ItemType::Application));
   const std::size_t failures =
       FailEachAllocation(Status::Refused, [&file] { return Decode(file).status; });
   EXPECT_GT(failures, 300U);
@@ -48,7 +48,7 @@ TEST(MemoryFailure, writing_is_refused_and_leaves_the_bytes_untouched) {
   const OwnedGroup group = MakeCompleteGroup(ItemType::Scene);
   const std::size_t failures = FailEachAllocation(Status::Refused, [&group] {
     OctetString bytes;
-    const Status status = EncodeGroup(*group.Get(), bytes);
+    const Status status = EncodeGroup(*group, bytes);
     EXPECT_EQ(bytes.IsPresent(), status == Status::Done);
     return status;
   });

@@ -18,7 +18,7 @@ constexpr const char* kName = "~/scene";
 Decoded DecodeAndComplete(const Bytes& file) {
   Decoded decoded = Decode(file);
   EXPECT_TRUE(decoded.IsDone());
-  EXPECT_EQ(CompleteReferences(kName, *decoded.group.Get()), Status::Done);
+  EXPECT_EQ(CompleteReferences(kName, *decoded.group), Status::Done);
   return decoded;
 }
 
@@ -75,8 +75,8 @@ TEST(CompleteReferences, the_lists_of_the_group_itself_are_completed) {
                                                             Holding(36, Holding(178, Integer(3))) +
                                                             Holding(37, Holding(42, Integer(4)))));
   EXPECT_EQ(NameIn(decoded.group->OnStartUp.At(0)->Target.Reference), kName);
-  EXPECT_EQ(NameIn(decoded.group.AsApplication().OnRestart.At(0)->Target.Reference), kName);
-  EXPECT_EQ(NameIn(decoded.group.AsApplication().Defaults.Font.Reference), kName);
+  EXPECT_EQ(NameIn(AsApplication(decoded.group).OnRestart.At(0)->Target.Reference), kName);
+  EXPECT_EQ(NameIn(AsApplication(decoded.group).Defaults.Font.Reference), kName);
 }
 
 TEST(CompleteReferences, stream_components_and_their_palettes_are_completed) {
@@ -122,7 +122,7 @@ std::set<std::string> MessagesWhenMemoryIsOut(const Bytes& file) {
     EXPECT_TRUE(decoded.IsDone());
     testing::internal::CaptureStdout();
     FailAllocation(n);
-    const Status status = CompleteReferences(kName, *decoded.group.Get());
+    const Status status = CompleteReferences(kName, *decoded.group);
     const bool hasFailed = HasFailedAllocation();
     FailAllocation(0);
     const std::string message = testing::internal::GetCapturedStdout();
@@ -198,7 +198,7 @@ TEST(CompleteReferences, failure_ends_the_pass_after_one_message) {
   const Decoded decoded = Decode(file);
   testing::internal::CaptureStdout();
   FailAllocation(1);
-  EXPECT_EQ(CompleteReferences(kName, *decoded.group.Get()), Status::Failure);
+  EXPECT_EQ(CompleteReferences(kName, *decoded.group), Status::Failure);
   FailAllocation(0);
   EXPECT_EQ(testing::internal::GetCapturedStdout(),
             "Can't allocate memory for Palette GroupIdentifier\n");

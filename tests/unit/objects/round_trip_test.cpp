@@ -20,22 +20,22 @@ void ExpectRoundTrip(const Group& group) {
   ASSERT_FALSE(bytes.empty());
   const Decoded decoded = Decode(bytes);
   ASSERT_TRUE(decoded.IsDone()) << "at " << decoded.error.offset;
-  EXPECT_TRUE(IsSame(group, *decoded.group.Get()));
-  EXPECT_EQ(Encode(*decoded.group.Get()), bytes);
+  EXPECT_TRUE(IsSame(group, *decoded.group));
+  EXPECT_EQ(Encode(*decoded.group), bytes);
 }
 
 TEST(RoundTrip, complete_application_reads_back_equal) {
-  ExpectRoundTrip(*MakeCompleteGroup(ItemType::Application).Get());
+  ExpectRoundTrip(*MakeCompleteGroup(ItemType::Application));
 }
 
 TEST(RoundTrip, complete_scene_reads_back_equal) {
-  ExpectRoundTrip(*MakeCompleteGroup(ItemType::Scene).Get());
+  ExpectRoundTrip(*MakeCompleteGroup(ItemType::Scene));
 }
 
 TEST(RoundTrip, random_groups_read_back_equal) {
   for (std::uint32_t seed = 0; seed < kEnoughRandomGroups; ++seed) {
     SCOPED_TRACE(seed);
-    ExpectRoundTrip(*MakeRandomGroup(seed).Get());
+    ExpectRoundTrip(*MakeRandomGroup(seed));
     if (HasFatalFailure()) return;
   }
 }
@@ -53,31 +53,31 @@ TEST(RoundTrip, sample_has_every_item_class_and_every_action) {
 TEST(RoundTrip, a_changed_attribute_makes_groups_differ) {
   const OwnedGroup one = MakeCompleteGroup(ItemType::Scene);
   OwnedGroup other = MakeCompleteGroup(ItemType::Scene);
-  EXPECT_TRUE(IsSame(*one.Get(), *other.Get()));
-  other.AsScene().Items.At(25)->As<ListGroup>().MultipleSelection ^= true;
-  EXPECT_FALSE(IsSame(*one.Get(), *other.Get()));
+  EXPECT_TRUE(IsSame(*one, *other));
+  AsScene(other).Items.At(25)->As<ListGroup>().MultipleSelection ^= true;
+  EXPECT_FALSE(IsSame(*one, *other));
 }
 
 TEST(Writer, attributes_at_their_construction_values_are_left_out) {
-  OwnedGroup group(Owned<Scene>::New().Release());
+  OwnedGroup group(NewRecord<Scene>().release());
   ASSERT_TRUE(group->Reference.GroupIdentifier.Assign("~/g"));
-  EXPECT_EQ(Encode(*group.Get()), SceneFile(""));
+  EXPECT_EQ(Encode(*group), SceneFile(""));
 }
 
 TEST(Writer, attributes_that_a_class_must_have_are_always_written) {
-  OwnedGroup group(Owned<Scene>::New().Release());
+  OwnedGroup group(NewRecord<Scene>().release());
   ASSERT_TRUE(group->Reference.GroupIdentifier.Assign("~/g"));
   ASSERT_NE(group->Items.Append(Item::New(ItemType::BooleanVariable)), nullptr);
   const Bytes variable = Integer(0) + Holding(67, Boolean(false));
-  EXPECT_EQ(Encode(*group.Get()), SceneFile(Holding(8, Holding(15, variable))));
+  EXPECT_EQ(Encode(*group), SceneFile(Holding(8, Holding(15, variable))));
 }
 
 TEST(Writer, extension_actions_cannot_be_written) {
-  OwnedGroup group(Owned<Scene>::New().Release());
+  OwnedGroup group(NewRecord<Scene>().release());
   ElementaryAction action;
   action.ActionType = 111;
   ASSERT_NE(group->OnStartUp.Append(std::move(action)), nullptr);
-  EXPECT_EQ(Encode(*group.Get()), "");
+  EXPECT_EQ(Encode(*group), "");
 }
 
 // What openssl says of the bytes, or an empty string when it does not accept them.
@@ -97,7 +97,7 @@ std::string ParseWithOpenssl(const Bytes& bytes, const std::string& name) {
 
 TEST(IndependentReader, accepts_every_class_and_every_action) {
   const OwnedGroup group = MakeCompleteGroup(ItemType::Application);
-  const std::string text = ParseWithOpenssl(Encode(*group.Get()), "complete_application");
+  const std::string text = ParseWithOpenssl(Encode(*group), "complete_application");
   for (int tag = 9; tag <= 34; ++tag) {
     EXPECT_NE(text.find("cont [ " + std::to_string(tag) + " ]"), std::string::npos) << tag;
   }
@@ -108,10 +108,10 @@ TEST(IndependentReader, accepts_every_class_and_every_action) {
 
 TEST(IndependentReader, accepts_a_complete_scene_and_random_groups) {
   const OwnedGroup scene = MakeCompleteGroup(ItemType::Scene);
-  EXPECT_NE(ParseWithOpenssl(Encode(*scene.Get()), "complete_scene"), "");
+  EXPECT_NE(ParseWithOpenssl(Encode(*scene), "complete_scene"), "");
   for (std::uint32_t seed = 0; seed < 20; ++seed) {
     const OwnedGroup group = MakeRandomGroup(seed);
-    EXPECT_NE(ParseWithOpenssl(Encode(*group.Get()), "random" + std::to_string(seed)), "") << seed;
+    EXPECT_NE(ParseWithOpenssl(Encode(*group), "random" + std::to_string(seed)), "") << seed;
   }
 }
 

@@ -69,10 +69,10 @@ const Seen& All() {
     Seen all;
     for (std::uint32_t seed = 0; seed < kEnoughRandomGroups; ++seed) {
       const OwnedGroup group = MakeRandomGroup(seed);
-      if (group.IsApplication()) {
-        LookAtAttributes(group.AsApplication(), "Application", all);
+      if (IsApplication(group)) {
+        LookAtAttributes(AsApplication(group), "Application", all);
       } else {
-        LookAtAttributes(group.AsScene(), "Scene", all);
+        LookAtAttributes(AsScene(group), "Scene", all);
       }
     }
     return all;

@@ -143,7 +143,7 @@ TEST_P(UnknownTag, is_passed_over) {
                                Holding(100000, Integer(1)), Holding(241, "") + Holding(242, "")}) {
     const Decoded with = Decode(file(unknown));
     ASSERT_TRUE(with.IsDone()) << Hexadecimal(unknown);
-    EXPECT_TRUE(IsSame(*without.group.Get(), *with.group.Get())) << Hexadecimal(unknown);
+    EXPECT_TRUE(IsSame(*without.group, *with.group)) << Hexadecimal(unknown);
   }
 }
 

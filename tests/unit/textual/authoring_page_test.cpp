@@ -36,16 +36,15 @@ TEST(AuthoringPage, every_example_is_a_whole_group_and_compiles) {
   EXPECT_GE(examples.size(), 8U);
   for (const std::string& example : examples) {
     OwnedGroup group;
-    bool isApplication = false;
     TextError error;
     List<MissingPart> missing;
-    EXPECT_EQ(ReadTextGroup(example, group, isApplication, error, &missing), TextResult::Done)
+    EXPECT_EQ(ReadTextGroup(example, group, error, &missing), TextResult::Done)
         << example << error.place.line << ":" << error.place.column << " found "
         << error.found.data() << ", expected " << error.expected.data();
     for (const MissingPart& part : missing)
       ADD_FAILURE() << part.owner << " lacks " << part.missing;
     OctetString bytes;
-    EXPECT_EQ(EncodeGroup(*group.Get(), bytes), Status::Done) << example;
+    EXPECT_EQ(EncodeGroup(*group, bytes), Status::Done) << example;
   }
 }
 

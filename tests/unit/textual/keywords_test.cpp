@@ -1,7 +1,9 @@
-// Every keyword with its code, as content authors' tools have always numbered them.
+// Every keyword with its code, and the guesses at what an author meant.
 #include "textual/keywords.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
 
 namespace korvel {
 namespace {
@@ -94,36 +96,62 @@ constexpr CodedWord kCodedWords[] = {
 // clang-format on
 
 TEST(Keywords, every_keyword_has_its_code) {
-  KeywordTable table;
-  ASSERT_TRUE(table.Build());
   ASSERT_EQ(std::size(kCodedWords), 300U);
   for (const CodedWord& coded : kCodedWords) {
-    EXPECT_EQ(table.Find(coded.word), coded.code) << coded.word;
+    EXPECT_EQ(FindKeyword(coded.word), coded.code) << coded.word;
     EXPECT_STREQ(KeywordText(coded.code), coded.word);
   }
 }
 
 TEST(Keywords, stop_precedes_step) {
-  KeywordTable table;
-  ASSERT_TRUE(table.Build());
-  EXPECT_EQ(table.Find(":STOP"), 276);
-  EXPECT_EQ(table.Find(":STEP"), 277);
+  EXPECT_EQ(FindKeyword(":STOP"), 276);
+  EXPECT_EQ(FindKeyword(":STEP"), 277);
 }
 
 TEST(Keywords, a_word_that_is_none_has_no_code) {
-  KeywordTable table;
-  ASSERT_TRUE(table.Build());
-  EXPECT_EQ(table.Find(":FOO"), 0);
-  EXPECT_EQ(table.Find(":Scene"), 0) << "the table holds upper case only";
-  EXPECT_EQ(table.Find(":SCEN"), 0);
-  EXPECT_EQ(table.Find(""), 0);
+  EXPECT_EQ(FindKeyword(":FOO"), 0);
+  EXPECT_EQ(FindKeyword(":Scene"), 0) << "the table holds upper case only";
+  EXPECT_EQ(FindKeyword(":SCEN"), 0);
+  EXPECT_EQ(FindKeyword(""), 0);
 }
 
 TEST(Keywords, bucket_is_the_sum_of_signed_bytes_without_its_sign) {
-  EXPECT_EQ(KeywordTable::Bucket(""), 0U);
-  EXPECT_EQ(KeywordTable::Bucket("UP"), (85U + 80U) % 101U);
-  EXPECT_EQ(KeywordTable::Bucket("\xFF"), 65535U % 101U);
-  EXPECT_EQ(KeywordTable::Bucket("\x80\x80"), (65536U - 256U) % 101U);
+  EXPECT_EQ(KeywordBucket(""), 0U);
+  EXPECT_EQ(KeywordBucket("UP"), (85U + 80U) % 101U);
+  EXPECT_EQ(KeywordBucket("\xFF"), 65535U % 101U);
+  EXPECT_EQ(KeywordBucket("\x80\x80"), (65536U - 256U) % 101U);
+}
+
+std::string Guess(std::string_view word) {
+  const char* keyword = NearestKeyword(word);
+  return keyword == nullptr ? "none" : keyword;
+}
+
+TEST(NearestKeyword, slips_of_a_letter_are_forgiven) {
+  EXPECT_EQ(Guess(":TEXTCOLOR"), ":TEXTCOLOUR") << "left out";
+  EXPECT_EQ(Guess(":TEXTT"), ":TEXT") << "inserted";
+  EXPECT_EQ(Guess(":TAXT"), ":TEXT") << "changed";
+  EXPECT_EQ(Guess("ISRUNING"), "ISRUNNING");
+  EXPECT_EQ(Guess(":CONTENTREF)"), ":CONTENTREF") << "a bracket that has stuck to it";
+}
+
+TEST(NearestKeyword, long_words_may_differ_by_more_letters) {
+  EXPECT_EQ(Guess(":ORIGREFFILCOLOR"), ":ORIGREFFILLCOLOUR");
+  EXPECT_EQ(Guess(":TXET"), "none") << "two letters of a short word";
+}
+
+TEST(NearestKeyword, words_that_resemble_none_have_none) {
+  for (const char* word : {"", "X", "KEYPRESS", "RED", ":BUTTONPRESSED", "HELLO"}) {
+    EXPECT_EQ(Guess(word), "none") << word;
+  }
+  EXPECT_EQ(Guess(std::string(41, 'A')), "none");
+  EXPECT_EQ(Guess(":TEXT" + std::string(100'000, 'T')), "none");
+}
+
+TEST(NearestKeyword, each_keyword_is_nearest_to_itself) {
+  for (std::uint16_t code = 1; code <= kKeywordCount; ++code) {
+    EXPECT_EQ(Guess(KeywordText(code)), KeywordText(code));
+  }
 }
 
 }  // namespace

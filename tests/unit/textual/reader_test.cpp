@@ -12,7 +12,6 @@ namespace {
 
 struct Reading {
   OwnedGroup group;
-  bool isApplication = false;
   TextError error;
   List<MissingPart> missing;
   TextResult result = TextResult::Refused;
@@ -20,8 +19,7 @@ struct Reading {
 
 Reading ReadText(const std::string& text) {
   Reading reading;
-  reading.result =
-      ReadTextGroup(text, reading.group, reading.isApplication, reading.error, &reading.missing);
+  reading.result = ReadTextGroup(text, reading.group, reading.error, &reading.missing);
   return reading;
 }
 
@@ -44,9 +42,9 @@ constexpr const char* kMenu = R"(
 TEST(TextReader, a_scene_becomes_its_records) {
   const Reading reading = ReadText(kMenu);
   ASSERT_EQ(reading.result, TextResult::Done) << reading.error.expected.data();
-  EXPECT_FALSE(reading.isApplication);
+  EXPECT_FALSE(IsApplication(reading.group));
   EXPECT_TRUE(reading.missing.IsEmpty());
-  const Scene& scene = reading.group.AsScene();
+  const Scene& scene = AsScene(reading.group);
   EXPECT_EQ(scene.Reference.GroupIdentifier.View(), "~/menu");
   EXPECT_EQ(scene.SceneCS.Width, 720);
   EXPECT_EQ(scene.InputEventReg, 4);
@@ -109,8 +107,8 @@ TEST(TextReader, an_application_has_its_defaults_side_by_side_with_the_rest) {
     :TextColour '=FF=FF=FF=00' :OnRestart (:Quit(0)) :Font "Sans" :BitmapCHook 4
     :BackgroundColour 7 :StdID 2 20})");
   ASSERT_EQ(reading.result, TextResult::Done) << reading.error.expected.data();
-  EXPECT_TRUE(reading.isApplication);
-  const Application& application = reading.group.AsApplication();
+  EXPECT_TRUE(IsApplication(reading.group));
+  const Application& application = AsApplication(reading.group);
   EXPECT_EQ(application.Defaults.TextColour.Absolute.View(), std::string("\xFF\xFF\xFF\0", 4));
   EXPECT_EQ(application.Defaults.BackgroundColour.Kind, ValueKind::Integer);
   EXPECT_EQ(application.Defaults.BackgroundColour.Index, 7);
@@ -124,7 +122,7 @@ TEST(TextReader, an_application_has_its_defaults_side_by_side_with_the_rest) {
 TEST(TextReader, an_application_without_attributes_has_its_construction_values) {
   const Reading reading = ReadText("{:Application 0}");
   ASSERT_EQ(reading.result, TextResult::Done);
-  const Application& application = reading.group.AsApplication();
+  const Application& application = AsApplication(reading.group);
   EXPECT_FALSE(application.Reference.GroupIdentifier.IsPresent());
   EXPECT_EQ(application.OriginalGroupCachePriority, 127);
   EXPECT_EQ(application.Defaults.BackgroundColour.Index, -1);
@@ -137,7 +135,7 @@ TEST(TextReader, keywords_are_read_in_any_case_and_attributes_in_any_order) {
       ReadText("{:scene (\"~/s\" 0) :NEXTSCENES ((\"~/x\" 5)) :sceneCS 1 2 :aspectratio 16 9 "
                ":movingcursor true}");
   ASSERT_EQ(reading.result, TextResult::Done);
-  const Scene& scene = reading.group.AsScene();
+  const Scene& scene = AsScene(reading.group);
   EXPECT_EQ(scene.NextScenes.At(0)->Weight, 5);
   EXPECT_EQ(scene.SceneCS.Height, 2);
   EXPECT_EQ(scene.Aspect.Width, 16);
@@ -334,9 +332,8 @@ TEST(TextReader, everything_that_cannot_be_read_has_the_result_1) {
 
 TEST(TextReader, a_word_that_is_no_keyword_is_printed) {
   OwnedGroup group;
-  bool isApplication = false;
   testing::internal::CaptureStdout();
-  const TextResult result = ReadTextGroup("{:Scene 0 :Foo}", group, isApplication);
+  const TextResult result = ReadTextGroup("{:Scene 0 :Foo}", group);
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "Error string : :FOO}\n");
   EXPECT_EQ(result, TextResult::Refused);
 }
@@ -350,11 +347,9 @@ TEST(TextReader, a_caller_that_takes_the_error_prints_it_itself) {
 
 TEST(TextReader, a_failure_leaves_nothing) {
   OwnedGroup group;
-  bool isApplication = true;
-  EXPECT_EQ(ReadTextGroup("{:Scene 0 :Items ({:Palette 1} {:Palette})}", group, isApplication),
+  EXPECT_EQ(ReadTextGroup("{:Scene 0 :Items ({:Palette 1} {:Palette})}", group),
             TextResult::Refused);
   EXPECT_FALSE(group);
-  EXPECT_TRUE(isApplication);
 }
 
 std::string MissingOf(const Reading& reading) {
@@ -424,9 +419,8 @@ TEST(TextReader, every_failed_allocation_refuses_the_text_and_leaks_nothing) {
   std::size_t refused = 0;
   for (std::size_t n = 1;; ++n) {
     OwnedGroup group;
-    bool isApplication = false;
     test::FailAllocation(n);
-    const TextResult result = ReadTextGroup(text, group, isApplication);
+    const TextResult result = ReadTextGroup(text, group);
     const bool hasFailed = test::HasFailedAllocation();
     test::FailAllocation(0);
     if (!hasFailed) {

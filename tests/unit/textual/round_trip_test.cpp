@@ -17,17 +17,15 @@ constexpr std::uint32_t kGroups = test::kEnoughRandomGroups;
 
 OwnedGroup Decode(const OctetString& bytes) {
   OwnedGroup group;
-  bool isApplication = false;
   const auto* begin = reinterpret_cast<const std::uint8_t*>(bytes.Text());
-  EXPECT_EQ(DecodeGroup({begin, bytes.Length()}, group, isApplication), Status::Done);
+  EXPECT_EQ(DecodeGroup({begin, bytes.Length()}, group), Status::Done);
   return group;
 }
 
 OwnedGroup Read(const OctetString& text) {
   OwnedGroup group;
-  bool isApplication = false;
   TextError error;
-  EXPECT_EQ(ReadTextGroup(text.View(), group, isApplication, error), TextResult::Done)
+  EXPECT_EQ(ReadTextGroup(text.View(), group, error), TextResult::Done)
       << error.place.line << ":" << error.place.column << " found " << error.found.data()
       << ", expected " << error.expected.data() << "\n"
       << text.View();
@@ -37,16 +35,16 @@ OwnedGroup Read(const OctetString& text) {
 TEST(RoundTrip, bytes_survive_the_way_through_text) {
   for (std::uint32_t seed = 0; seed < kGroups && !testing::Test::HasFailure(); ++seed) {
     OctetString bytes;
-    ASSERT_EQ(EncodeGroup(*test::MakeRandomGroup(seed).Get(), bytes), Status::Done);
+    ASSERT_EQ(EncodeGroup(*test::MakeRandomGroup(seed).get(), bytes), Status::Done);
     const OwnedGroup decoded = Decode(bytes);
     OctetString text;
-    ASSERT_EQ(WriteTextGroup(*decoded.Get(), text), Status::Done);
+    ASSERT_EQ(WriteTextGroup(*decoded, text), Status::Done);
     if (text.Length() > kMaxTextSize) continue;
     const OwnedGroup read = Read(text);
     ASSERT_TRUE(read);
-    EXPECT_TRUE(IsSame(*decoded.Get(), *read.Get())) << "seed " << seed << "\n" << text.View();
+    EXPECT_TRUE(IsSame(*decoded, *read)) << "seed " << seed << "\n" << text.View();
     OctetString bytesAgain;
-    ASSERT_EQ(EncodeGroup(*read.Get(), bytesAgain), Status::Done);
+    ASSERT_EQ(EncodeGroup(*read, bytesAgain), Status::Done);
     EXPECT_EQ(bytes.View(), bytesAgain.View()) << "seed " << seed << "\n" << text.View();
   }
 }
@@ -54,10 +52,10 @@ TEST(RoundTrip, bytes_survive_the_way_through_text) {
 TEST(RoundTrip, text_is_stable) {
   for (std::uint32_t seed = 0; seed < kGroups && !testing::Test::HasFailure(); ++seed) {
     OctetString text;
-    ASSERT_EQ(WriteTextGroup(*test::MakeRandomGroup(seed).Get(), text), Status::Done);
+    ASSERT_EQ(WriteTextGroup(*test::MakeRandomGroup(seed).get(), text), Status::Done);
     if (text.Length() > kMaxTextSize) continue;
     OctetString textAgain;
-    ASSERT_EQ(WriteTextGroup(*Read(text).Get(), textAgain), Status::Done);
+    ASSERT_EQ(WriteTextGroup(*Read(text), textAgain), Status::Done);
     EXPECT_EQ(text.View(), textAgain.View()) << "seed " << seed;
   }
 }
@@ -67,9 +65,9 @@ TEST(RoundTrip, random_groups_are_many_and_rarely_too_long) {
   int applications = 0;
   for (std::uint32_t seed = 0; seed < kGroups; ++seed) {
     const OwnedGroup group = test::MakeRandomGroup(seed);
-    applications += group.IsApplication() ? 1 : 0;
+    applications += IsApplication(group) ? 1 : 0;
     OctetString text;
-    ASSERT_EQ(WriteTextGroup(*group.Get(), text), Status::Done);
+    ASSERT_EQ(WriteTextGroup(*group, text), Status::Done);
     tooLong += text.Length() > kMaxTextSize ? 1 : 0;
   }
   EXPECT_LT(tooLong, 10);

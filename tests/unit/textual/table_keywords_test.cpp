@@ -7,25 +7,22 @@
 #include "objects/action_table.h"
 #include "objects/class_tables.h"
 #include "textual/keywords.h"
-#include "textual/written_attributes.h"
 
 namespace korvel {
 namespace {
 
 class Words300 {
  public:
-  Words300() { EXPECT_TRUE(table_.Build()); }
   void Meet(const char* word) {
     std::string upper(word);
     for (char& c : upper) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    const std::uint16_t code = table_.Find(upper);
+    const std::uint16_t code = FindKeyword(upper);
     EXPECT_NE(code, 0) << word;
     met_.insert(code);
   }
   [[nodiscard]] const std::set<int>& Met() const { return met_; }
 
  private:
-  KeywordTable table_;
   std::set<int> met_;
 };
 
@@ -75,8 +72,6 @@ TEST(TableKeywords, every_word_of_the_tables_is_a_keyword) {
 }
 
 TEST(TableKeywords, action_keywords_follow_the_actions_numbers_but_for_stop_and_step) {
-  KeywordTable table;
-  ASSERT_TRUE(table.Build());
   for (int code = 176; code <= 285; ++code) {
     const ActionRow* row = FindActionByName(KeywordText(static_cast<std::uint16_t>(code)) + 1);
     ASSERT_NE(row, nullptr) << KeywordText(static_cast<std::uint16_t>(code));

@@ -11,19 +11,18 @@ namespace {
 
 OwnedGroup Read(const std::string& text) {
   OwnedGroup group;
-  bool isApplication = false;
-  EXPECT_EQ(ReadTextGroup(text, group, isApplication), TextResult::Done) << text;
+  EXPECT_EQ(ReadTextGroup(text, group), TextResult::Done) << text;
   return group;
 }
 std::string Written(const std::string& text) {
   OctetString written;
   const OwnedGroup group = Read(text);
-  EXPECT_EQ(WriteTextGroup(*group.Get(), written), Status::Done);
+  EXPECT_EQ(WriteTextGroup(*group, written), Status::Done);
   return std::string(written.View());
 }
 // What stands between ":OrigValue " and the end of its line.
 std::string WrittenString(const std::string& bytes) {
-  auto scene = Owned<Scene>::New();
+  auto scene = NewRecord<Scene>();
   Item item = Item::New(ItemType::OctetStringVariable);
   EXPECT_TRUE(item.As<OctetStringVariable>().OriginalValue.Assign(bytes));
   EXPECT_NE(scene->Items.Append(std::move(item)), nullptr);
@@ -105,7 +104,7 @@ TEST(TextWriter, a_value_without_a_word_is_refused_with_its_place) {
   OctetString written;
   ASSERT_TRUE(written.Assign("before"));
   WordlessValue wordless;
-  EXPECT_EQ(WriteTextGroup(*group.Get(), written, &wordless), Status::Refused);
+  EXPECT_EQ(WriteTextGroup(*group, written, &wordless), Status::Refused);
   EXPECT_EQ(written.View(), "before");
   EXPECT_EQ(wordless.object, 5);
   EXPECT_STREQ(wordless.keyword, ":StartCorner");
@@ -118,7 +117,7 @@ TEST(TextWriter, an_event_type_without_a_word_is_refused) {
   group->Items.At(0)->As<Link>().Condition.EventType = EventType{32};
   OctetString written;
   WordlessValue wordless;
-  EXPECT_EQ(WriteTextGroup(*group.Get(), written, &wordless), Status::Refused);
+  EXPECT_EQ(WriteTextGroup(*group, written, &wordless), Status::Refused);
   EXPECT_EQ(wordless.object, 8);
   EXPECT_EQ(wordless.number, 32);
 }

@@ -57,7 +57,7 @@ fs::path RootFor(const fs::path& top, const fs::path& file) {
 // Whether a file is asked for, by the root of its carousel.
 using Files = std::map<fs::path, std::map<fs::path, bool>>;
 
-// The groups of a folder and of those in it, except behind symbolic links to folders. Reports the
+// The groups of a folder and of those in it, except through symbolic links to folders. Reports the
 // folders that cannot be read.
 std::vector<fs::path> GroupFilesBelow(const fs::path& top, std::vector<std::string>& messages) {
   std::vector<fs::path> files;
@@ -164,7 +164,7 @@ const CheckedGroup* Carousel::ApplicationOf(const CheckedGroup& group) const {
   for (const fs::path& folder : {group.file.path.parent_path(), root_}) {
     for (const char* name : kStartUpNames) {
       const CheckedGroup* found = GroupIn(folder / name);
-      if (found != nullptr && found->file.group.IsApplication()) return found;
+      if (found != nullptr && korvel::IsApplication(found->file.group)) return found;
     }
   }
   return nullptr;

@@ -1,5 +1,5 @@
 // A folder as the engine will see it: the groups in it, and the files that names lead to. A text
-// "menu.mheg" stands for the file "menu" that it will be compiled to.
+// "menu.mheg" counts as the file "menu" that it will be compiled to.
 #pragma once
 
 #include <cstdint>
@@ -29,7 +29,7 @@ struct CheckedGroup {
   std::multimap<std::int32_t, CheckedObject> objects;  // by number
   LinkDeeds deeds;
 
-  [[nodiscard]] const korvel::Group& Group() const { return *file.group.Get(); }
+  [[nodiscard]] const korvel::Group& Group() const { return *file.group; }
   [[nodiscard]] std::string_view Name() const { return Group().Reference.GroupIdentifier.View(); }
   // The class of an object, or of the group itself for its own number; None when there is none.
   [[nodiscard]] korvel::ItemType ClassOf(std::int32_t number) const;
@@ -68,8 +68,8 @@ class Carousel {
 };
 
 // The carousels of these files and folders: of the folders all groups are asked for, of the folder
-// of a file only that file. A folder with a start-up application is a carousel of its own; what
-// stands outside of any belongs to the folder given. `messages` receives the folders that cannot be
+// of a file only that file. A folder with a start-up application is a carousel of its own; groups
+// outside of any belong to the folder given. `messages` receives the folders that cannot be
 // read, or are asked for and have no groups.
 [[nodiscard]] std::vector<Carousel> FindCarousels(const std::vector<std::filesystem::path>& paths,
                                                   std::vector<std::string>& messages);

@@ -26,9 +26,19 @@ void CheckLinks(const Carousel& carousel, const CheckedGroup& group, Findings& f
 void CheckFiles(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
 void CheckPlaces(const CheckedGroup& group, Findings& findings);
 
-// Checks all groups of these files and folders on so many threads (0: one a processor). What is
-// found, with file and object number, in the order of the files; nothing when all is well.
+// Checks all groups of these files and folders on `jobs` threads (0: one a processor). Returns what
+// is found, with file and object number, in the order of the files; nothing when all is well.
 [[nodiscard]] std::vector<std::string> Check(const std::vector<std::filesystem::path>& paths,
                                              unsigned jobs);
+
+// The name of a class, for messages.
+[[nodiscard]] inline const char* ClassName(korvel::ItemType type) {
+  if (type == korvel::ItemType::Application) return "Application";
+  if (type == korvel::ItemType::Scene) return "Scene";
+  const char* name = "object";
+  korvel::VisitIngredientClass(
+      type, [&name]<class Record>() { name = korvel::Description<Record>::heading.name; });
+  return name;
+}
 
 }  // namespace mheg

@@ -1,7 +1,6 @@
 // Actions on objects of classes that do not know them, transitions to the wrong kind of group, and
 // actions that lack parameters.
 #include "mheg/check/check.h"
-#include "mheg/check/class_names.h"
 #include "mheg/check/walk.h"
 
 namespace mheg {

@@ -4,7 +4,6 @@
 #include <tuple>
 
 #include "mheg/check/check.h"
-#include "mheg/check/class_names.h"
 #include "mheg/check/walk.h"
 #include "objects/limits.h"
 

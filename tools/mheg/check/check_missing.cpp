@@ -1,6 +1,6 @@
-// Attributes that an author must write. A text tells where they are missing when it is read; of a
-// group in BER only the value is left to look at, and counts as missing when it is one that nobody
-// would write.
+// Attributes that an author must write. The reader of a text reports where they are missing; of a
+// group in BER only the value can be checked, which counts as missing if no author would write
+// it.
 #include "mheg/check/check.h"
 #include "objects/equality.h"
 
@@ -23,17 +23,11 @@ class MissingCheck {
   template <class Record>
   void Check(const Record& record) {
     const Record construction{};
-    ForEachAttribute<Record>([&](const auto& attribute) {
-      const auto& field = record.*attribute.field;
-      if constexpr (std::is_same_v<decltype(field), const LinkCondition&>) {
-        ForEachElement<LinkCondition>([&](const auto& element) {
-          Check(element.keyword, element.form, field.*element.field,
-                (construction.*attribute.field).*element.field);
-        });
-      } else {
-        Check(attribute.keyword, attribute.form, field, construction.*attribute.field);
-      }
-    });
+    ForEachWrittenAttribute<Record>(
+        [&](const char* keyword, const Form& form, const auto& field, const auto& constructed) {
+          Check(keyword, form, field, constructed);
+        },
+        record, construction);
   }
 
  private:

@@ -1,16 +1,19 @@
-// References to objects that are not there. What an action does to them is nothing.
+// References to objects and content that are not there, and numbers that name two objects.
 #include "mheg/check/check.h"
 #include "mheg/check/walk.h"
 
 namespace mheg {
 namespace {
 
+using namespace korvel;
+
+// An action on an object that does not exist does nothing.
 class ReferenceCheck : public GroupVisitor {
  public:
   ReferenceCheck(const Carousel& carousel, const CheckedGroup& group, Findings& findings)
       : carousel_(carousel), group_(group), findings_(findings) {}
 
-  void VisitReference(const korvel::ObjectReference& reference) override {
+  void VisitReference(const ObjectReference& reference) override {
     const std::string_view name = reference.GroupIdentifier.View();
     const CheckedGroup* group = carousel_.Find(group_, name);
     if (group == &group_) {
@@ -29,7 +32,7 @@ class ReferenceCheck : public GroupVisitor {
 
  private:
   static bool Exists(const CheckedGroup& group, std::int32_t number) {
-    return group.ClassOf(number) != korvel::ItemType::None;
+    return group.ClassOf(number) != ItemType::None;
   }
   void Report(const std::string& what) {
     findings_.push_back({currentObject, "refers to object " + what + ", which does not exist"});
@@ -40,11 +43,63 @@ class ReferenceCheck : public GroupVisitor {
   Findings& findings_;
 };
 
+// Names with another scheme lead out of the carousel.
+bool LeadsOutOfCarousel(std::string_view path) {
+  return path.find("://") != std::string_view::npos && !path.starts_with("DSM:");
+}
+
+// A stream's content is no file of the carousel.
+class FileCheck : public GroupVisitor {
+ public:
+  FileCheck(const Carousel& carousel, const CheckedGroup& group, Findings& findings)
+      : carousel_(carousel), group_(group), findings_(findings) {}
+
+  void VisitContentPath(const OctetString& path) override {
+    const bool isStream = currentClass == ItemType::Stream;
+    if (isStream || path.IsEmpty() || LeadsOutOfCarousel(path.View())) return;
+    if (carousel_.HasFile(group_, path.View())) return;
+    findings_.push_back(
+        {currentObject, "takes content from " + std::string(path.View()) + ", which is not there"});
+  }
+
+ private:
+  const Carousel& carousel_;
+  const CheckedGroup& group_;
+  Findings& findings_;
+};
+
 }  // namespace
+
+// The second object of a number is never found. The number of the group counts too.
+void CheckNumbers(const CheckedGroup& group, Findings& findings) {
+  const auto& objects = group.objects;
+  for (auto place = objects.begin(); place != objects.end();
+       place = objects.upper_bound(place->first)) {
+    const std::int32_t number = place->first;
+    const std::size_t count = objects.count(number);
+    if (number == group.Group().Reference.Number) {
+      findings.push_back({number, "an object has the number of the group itself"});
+    } else if (count > 1) {
+      findings.push_back({number, std::to_string(count) + " objects have this number"});
+    }
+  }
+}
 
 void CheckReferences(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
   ReferenceCheck check(carousel, group, findings);
   Walk(group.Group(), check);
+}
+
+void CheckFiles(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
+  FileCheck check(carousel, group, findings);
+  Walk(group.Group(), check);
+  if (group.Group().Type != ItemType::Scene) return;
+  for (const NextScene& next : static_cast<const Scene&>(group.Group()).NextScenes) {
+    if (carousel.HasFile(group, next.SceneReference.View())) continue;
+    findings.push_back({group.Group().Reference.Number,
+                        "names the next scene " + std::string(next.SceneReference.View()) +
+                            ", which is not there"});
+  }
 }
 
 }  // namespace mheg

@@ -1,5 +1,5 @@
-// What the actions of groups do for links: they activate and deactivate them, and send events that
-// nothing else raises. Found in one walk over each group.
+// The effects of the actions of groups on links: they activate and deactivate them, and send events
+// that nothing else raises. Found in one walk over each group.
 #pragma once
 
 #include <cstdint>

@@ -8,8 +8,8 @@
 
 namespace mheg {
 
-// What a check looks at. `object` is the number of the object that is being walked, 0 for the
-// group.
+// The parts of a group that a check sees. `currentObject` and `currentClass` are those of the
+// object that is being walked, at first the group's own.
 class GroupVisitor {
  public:
   virtual ~GroupVisitor() = default;

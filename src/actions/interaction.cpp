@@ -2,7 +2,7 @@
 // progress at a time in the whole engine; keys go to it first.
 
 #include "actions/behaviours.h"
-#include "objects/never_destroyed.h"
+#include "objects/ownership.h"
 
 namespace korvel {
 namespace {

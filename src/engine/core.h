@@ -1,5 +1,5 @@
-// State and steps that the files of the engine core share: one record, and the steps of starting and
-// ending groups. Private to the engine folder.
+// State and steps that the files of the engine core share: one record, and how groups start and
+// end. Private to the engine folder.
 #pragma once
 
 #include <array>

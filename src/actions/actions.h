@@ -31,11 +31,12 @@ Change Activate(ItemType type, Ingredient& ingredient);
 // The reverse of Activate.
 Change Deactivate(ItemType type, Ingredient& ingredient);
 
-// What the Run action and a group's start do: prepares if need be, activates, and raises IsRunning
-// if that changed something. Failure or Replaced when everything has to stop.
+// Runs an ingredient as the Run action and a group's start do: prepares it if necessary, activates
+// it, and raises IsRunning if that changed something. Failure or Replaced stop the caller too.
 Status RunIngredient(ItemType type, Ingredient& ingredient);
 
-// What the Stop action does: deactivates and raises IsStopped if that changed something.
+// Stops an ingredient as the Stop action does: deactivates it, and raises IsStopped if that changed
+// something.
 Status StopIngredient(ItemType type, Ingredient& ingredient);
 
 // Stops a running ingredient without an event: it no longer runs, and its highlight and interaction
@@ -90,15 +91,15 @@ inline ObjectReference& FieldOf(GenericValue& value, const ObjectReference& /*ty
 // False when memory is out: the field of the value is then empty.
 [[nodiscard]] bool CopyValue(const FoundObject& found, GenericValue& value);
 
-// Whether the key is one that the interaction in progress uses. If so the key is given to it, with
-// its result in `result`, and goes nowhere else.
+// Offers a key to the interaction in progress. True if the interaction has used it: `result` is
+// then its result, and the key goes nowhere else.
 [[nodiscard]] bool TakeInteractionKey(std::int32_t key, Status& result);
 
-// Forgets what the classes keep engine-wide (the highlighted object, the interaction in progress),
-// as an engine start does.
+// Resets the engine-wide state of the classes (the highlighted object, the interaction in
+// progress), as an engine start does.
 void ResetClassVariables();
 
-// Forgets what the classes keep engine-wide about objects of a group that ends.
+// Removes the objects of a group that ends from the engine-wide state of the classes.
 void ForgetGroup(const Group& group);
 
 }  // namespace korvel

@@ -1,5 +1,5 @@
-// New content for an ingredient: included in the action, or named by it. Text is taken from it at
-// once; a bitmap is drawn from it at the next redraw.
+// New content for an ingredient: included in the action, or named by it. Text is read from
+// it immediately; a bitmap is drawn from it at the next redraw.
 #include <utility>
 
 #include "actions/behaviours.h"
@@ -8,7 +8,7 @@
 namespace korvel {
 namespace {
 
-// An optional number behind a content reference.
+// An optional number after a content reference.
 Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& number) {
   GenericValue value;
   const Status status =
@@ -17,8 +17,8 @@ Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& n
   return status;
 }
 
-// What the action says about the new content. A content reference variable is loaded first, as by
-// every reading; the object is given its path.
+// The new content that the action gives. Reading a content reference variable loads its content, as
+// every reading does; the object gets the path.
 Status ReadContent(const Arguments& arguments, ContentBody& content) {
   GenericValue value;
   Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::Fetch, value);
@@ -31,7 +31,7 @@ Status ReadContent(const Arguments& arguments, ContentBody& content) {
   return status == Status::Done ? ReadNumber(arguments, 2, content.CachePriority) : status;
 }
 
-Status TakeIncludedText(Text& text) {
+Status CopyIncludedText(Text& text) {
   const OctetString& content = text.Content.Data;
   if (!text.TextData.Assign(content.View())) {
     Say(Message::NoMemoryForTextData);
@@ -40,7 +40,7 @@ Status TakeIncludedText(Text& text) {
 }
 
 Status ShowText(Text& text) {
-  const Status status = text.Content.IsReferenced ? FetchText(text) : TakeIncludedText(text);
+  const Status status = text.Content.IsReferenced ? FetchText(text) : CopyIncludedText(text);
   if (status == Status::Failure) return status;
   if (IsGone(text)) return Status::Replaced;
   return RedrawIfRunning(text);

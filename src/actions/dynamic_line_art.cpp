@@ -1,6 +1,6 @@
 // Drawing on dynamic line art. Each action paints at once on the object's canvas, with the
-// attributes that the object has at that moment, and asks for a redraw; nothing else remembers what
-// was drawn.
+// attributes that the object has at that moment, and requests a redraw; the canvas is the only
+// record of the drawing.
 #include <algorithm>
 #include <limits>
 #include <span>

@@ -1,5 +1,5 @@
-// What the engine says it supports: the features of the broadcast profile, by their long and short
-// names.
+// The features that the engine reports as supported: those of the broadcast profile, by their long
+// and short names.
 #include <charconv>
 #include <string_view>
 
@@ -8,7 +8,7 @@
 namespace korvel {
 namespace {
 
-// When a feature is supported, by the numbers given with its name.
+// The numbers with which a feature is supported.
 enum class Rule : std::uint8_t {
   Always,        // takes no numbers
   AnyNumber,     // one
@@ -17,7 +17,7 @@ enum class Rule : std::uint8_t {
   SceneSize,     // width and height
   SceneRatio,    // width and height
   PositiveSize,  // a content hook, a width and a height
-  Never,         // with whatever it is given
+  Never,         // with any numbers
 };
 
 struct Feature {
@@ -55,7 +55,7 @@ struct Question {
   std::size_t count = 0;
 };
 
-// Takes one number from the front of `rest`. False when there is none.
+// Removes one number from the front of `rest`. False when there is none.
 bool TakeNumber(std::string_view& rest, std::int32_t& number) {
   const char* const end = rest.data() + rest.size();
   const auto [next, error] = std::from_chars(rest.data(), end, number);

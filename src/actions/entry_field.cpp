@@ -15,7 +15,7 @@ std::size_t EntryPlace(const EntryField& field) {
   return static_cast<std::size_t>(field.EntryPoint);
 }
 
-// Where a character goes that has to follow the text without a gap.
+// The place of a character that must follow the text without a gap.
 std::size_t PlaceInText(const EntryField& field) {
   const std::size_t length = field.TextData.Length();
   return EntryPlace(field) < length ? EntryPlace(field) : length;
@@ -125,7 +125,7 @@ Status GetEntryPoint(const Arguments& arguments) {
   return AnswerInteger(arguments, 0, TargetOf(arguments).EntryPoint);
 }
 
-// How far the entry point may lie behind the text is not checked here.
+// The entry point may be any distance after the end of the text.
 Status SetEntryPoint(const Arguments& arguments) {
   if (arguments.Integer(0) < 0) return Status::Refused;
   TargetOf(arguments).EntryPoint = arguments.Integer(0);

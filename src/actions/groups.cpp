@@ -1,14 +1,14 @@
-// The actions on applications and scenes: replacing them, locking the screen, and what the running
-// ones keep.
+// The actions on applications and scenes: replacing them, locking the screen, and setting their
+// values.
 #include "actions/behaviours.h"
 
 namespace korvel {
 namespace {
 
-// The group name that the target of Launch, Spawn or TransitionTo stands for: the group identifier
-// of a direct one, the value of an octet string variable that an indirect one names. False when
-// there is no such name.
-bool TakeGroupName(const Asker& asker, const GenericValue& target, OctetString& name) {
+// The group name in the target of Launch, Spawn or TransitionTo: the group identifier of a direct
+// target, or the value of the octet string variable that an indirect target names. False if there
+// is no such name.
+bool ReadGroupName(const Asker& asker, const GenericValue& target, OctetString& name) {
   if (!IsIndirect(target)) {
     const OctetString& group = target.Reference.GroupIdentifier;
     return name.Assign(group.IsPresent() ? group.View() : asker.groupName);
@@ -19,8 +19,8 @@ bool TakeGroupName(const Asker& asker, const GenericValue& target, OctetString& 
 }
 
 // Spawn and TransitionTo also follow an object reference variable, as every other action does.
-bool TakeGroupNameOrReference(const Asker& asker, const GenericValue& target, OctetString& name) {
-  if (TakeGroupName(asker, target, name)) return true;
+bool ReadGroupNameOrReference(const Asker& asker, const GenericValue& target, OctetString& name) {
+  if (ReadGroupName(asker, target, name)) return true;
   if (!IsIndirect(target)) return false;
   const FoundObject variable = Find(asker, target.Reference);
   return variable.Type == ItemType::ObjectRefVariable &&
@@ -32,22 +32,22 @@ bool TakeGroupNameOrReference(const Asker& asker, const GenericValue& target, Oc
 Status LaunchTarget(const Arguments& arguments, const GenericValue& target) {
   // A variable of another class gives the empty name, which no file has.
   OctetString name;
-  static_cast<void>(TakeGroupName(arguments, target, name));
+  static_cast<void>(ReadGroupName(arguments, target, name));
   ++CurrentGenerations().Application;
-  // Whatever the launch achieved, the list does not go on.
+  // The list ends even if the launch was refused.
   return Launch(name.View()) == Status::Failure ? Status::Failure : Status::Replaced;
 }
 
 Status SpawnTarget(const Arguments& arguments, const GenericValue& target) {
   OctetString name;
-  if (!TakeGroupNameOrReference(arguments, target, name)) return Status::Refused;
+  if (!ReadGroupNameOrReference(arguments, target, name)) return Status::Refused;
   const Status status = Spawn(name.View());
   return status == Status::Done ? Status::Replaced : status;
 }
 
 Status TransitionToTarget(const Arguments& arguments, const GenericValue& target) {
   OctetString name;
-  if (!TakeGroupNameOrReference(arguments, target, name)) return Status::Refused;
+  if (!ReadGroupNameOrReference(arguments, target, name)) return Status::Refused;
   ++CurrentGenerations().Scene;
   return TransitionTo(name.View());
 }

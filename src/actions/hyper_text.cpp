@@ -1,5 +1,5 @@
-// Hyper texts: the anchors in their text, and the keys that walk and fire them. An anchor is ESC
-// "A", a length byte and as many bytes of label; the text that it marks follows, up to ESC "a".
+// Hyper texts: the anchors in their text, and the keys that choose and fire them. An anchor is ESC
+// "A", a length byte and that many bytes of label; the text that it marks follows, up to ESC "a".
 #include "actions/behaviours.h"
 #include "objects/messages.h"
 
@@ -8,7 +8,7 @@ namespace {
 
 constexpr char kEscape = '\x1B';
 
-// Takes the anchors out of a text one after the other.
+// Reads the anchors of a text one after the other.
 class AnchorReader {
  public:
   explicit AnchorReader(std::string_view text) : rest_(text) {}

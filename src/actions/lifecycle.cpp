@@ -135,7 +135,7 @@ Change Prepare(ItemType type, Ingredient& ingredient) {
 Status EnterDisplayStack(ItemType type, Ingredient& visible) {
   Application* application = CurrentApplication();
   if (application == nullptr) return Status::Refused;
-  // One that was stopped silently, by a transition, still has its entry.
+  // A visible that a transition has stopped silently still has its entry.
   LeaveDisplayStack(type, visible);
   return AppendOnTop(*application, type, visible);
 }
@@ -143,7 +143,7 @@ Status EnterDisplayStack(ItemType type, Ingredient& visible) {
 void LeaveDisplayStack(ItemType type, Ingredient& visible) {
   Application* application = CurrentApplication();
   if (application == nullptr) return;
-  (void)RemoveFromStack(*application, type, visible);  // not being there is as good
+  (void)RemoveFromStack(*application, type, visible);  // a visible without an entry is fine
 }
 
 Change Activate(ItemType type, Ingredient& ingredient) {
@@ -217,7 +217,7 @@ Status StopTarget(const Arguments& arguments) {
   return StopIngredient(arguments.Target.Type, arguments.Target.As<Ingredient>());
 }
 
-// A program is called, without parameters; a link waits for its event from now on.
+// Calls a program without parameters, or makes a link wait for its event. Raises no event.
 Status ActivateTarget(const Arguments& arguments) {
   auto& target = arguments.Target.As<Ingredient>();
   if (Activate(arguments.Target.Type, target) != Change::Changed) return Status::Refused;

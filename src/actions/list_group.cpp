@@ -1,5 +1,4 @@
-// The items of list groups: adding and removing them, scrolling, and what is told when what is
-// presented changes.
+// The items of list groups: adding and removing them, scrolling, and the events of a change.
 #include <utility>
 
 #include "actions/behaviours.h"
@@ -9,7 +8,7 @@ namespace {
 
 ListGroup& TargetOf(const Arguments& arguments) { return arguments.Target.As<ListGroup>(); }
 
-// What the four events of a list change tell about.
+// The values that the four events of a list change report.
 struct Outline {
   bool isFirstPresented = false;
   bool isLastPresented = false;
@@ -36,29 +35,29 @@ Outline OutlineOf(ListGroup& group) {
   return outline;
 }
 
-// Raises the events for what differs, in their fixed order.
-Status TellDifference(const ListGroup& group, const Outline& before, const Outline& after) {
-  const auto tell = [&group](bool isDifferent, EventType type, EventData data) {
+// Raises the events for the differences, in their fixed order.
+Status RaiseDifferences(const ListGroup& group, const Outline& before, const Outline& after) {
+  const auto raise = [&group](bool isDifferent, EventType type, EventData data) {
     return isDifferent ? RaiseFrom(group, type, data) : Status::Done;
   };
-  Status status = tell(before.isFirstPresented != after.isFirstPresented,
-                       EventType::FirstItemPresented, EventData::Boolean(after.isFirstPresented));
+  Status status = raise(before.isFirstPresented != after.isFirstPresented,
+                        EventType::FirstItemPresented, EventData::Boolean(after.isFirstPresented));
   if (status != Status::Done) return status;
-  status = tell(before.isLastPresented != after.isLastPresented, EventType::LastItemPresented,
-                EventData::Boolean(after.isLastPresented));
+  status = raise(before.isLastPresented != after.isLastPresented, EventType::LastItemPresented,
+                 EventData::Boolean(after.isLastPresented));
   if (status != Status::Done) return status;
-  status = tell(before.headItems != after.headItems, EventType::HeadItems,
-                EventData::Integer(after.headItems));
+  status = raise(before.headItems != after.headItems, EventType::HeadItems,
+                 EventData::Integer(after.headItems));
   if (status != Status::Done) return status;
-  return tell(before.tailItems != after.tailItems, EventType::TailItems,
-              EventData::Integer(after.tailItems));
+  return raise(before.tailItems != after.tailItems, EventType::TailItems,
+               EventData::Integer(after.tailItems));
 }
 
-// Lays the changed list out and tells what differs from `before`.
+// Lays the changed list out and raises the events for the differences from `before`.
 Status FinishChange(ListGroup& group, const Outline& before) {
   const Status status = LayOut(group);
   if (status != Status::Done) return status;
-  return TellDifference(group, before, OutlineOf(group));
+  return RaiseDifferences(group, before, OutlineOf(group));
 }
 
 // The item that a reference would become: it has to name a visible of a running group that the list

@@ -1,5 +1,5 @@
-// The layout of list groups, and their coming to life. Items are known by reference and looked up
-// at each use: what they refer to may belong to a scene that has ended, and is then passed over.
+// The layout of list groups, and their activation. Items are identified by reference and looked up
+// at each use: the object may belong to a scene that has ended, and is then skipped.
 #include "actions/behaviours.h"
 
 #include <algorithm>
@@ -42,7 +42,7 @@ Status WithdrawUnplaced(ListGroup& group) {
   return Status::Done;
 }
 
-// The list is read anew for each cell: preparing a visible may run actions that change it.
+// The list is read again for each cell: preparing a visible may run actions that change it.
 Status PlaceItems(ListGroup& group) {
   std::int32_t cell = 1;
   for (const Position& position : group.Positions) {

@@ -1,5 +1,5 @@
-// Selecting the items of list groups. Every event may change the list, so items are known by
-// reference and their places are counted anew when they are told.
+// Selecting the items of list groups. Every event may change the list, so items are identified by
+// reference, and their places are counted again for each event.
 #include "actions/behaviours.h"
 
 namespace korvel {
@@ -24,7 +24,7 @@ ListItem* TargetItem(const Arguments& arguments) {
   return group.RunningStatus ? IndexedItem(group, arguments.Integer(0)) : nullptr;
 }
 
-// The item that holds the token: what Select and Deselect mean, which name none.
+// The item that holds the token. Select and Deselect name no item and mean this one.
 ListItem* TokenItem(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   return group.RunningStatus ? ItemAt(group, group.TokenPosition) : nullptr;

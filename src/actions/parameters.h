@@ -25,7 +25,7 @@ struct Asker {
 // The asker that speaks for an ingredient: its own group comes first and completes its references.
 [[nodiscard]] Asker AskerFor(const Ingredient& ingredient);
 
-// What an action is carried out with.
+// The values that an action works with.
 struct Arguments : Asker {
   FoundObject Target;
   // The evaluated parameters, by their place in the syntax; kind None where an optional one is

@@ -1,6 +1,6 @@
 // Keeping variables in the persistent store and reading them back. An entry is the values in the
-// order of the action's list, with no header and no count: whoever reads has to ask for the same
-// classes. An entry that is too short for what is asked for yields reset values from there on.
+// order of the action's list, with no header and no count: a reader has to name variables of the
+// same classes. The values beyond the end of an entry that is too short are reset.
 #include <type_traits>
 #include <utility>
 
@@ -19,12 +19,12 @@ struct PersistentArguments {
   Sequence<FoundObject> variables;  // None where a reference names nothing
 };
 
-// Everything is looked for in the application first, whoever asks.
+// All references are searched in the application first, also for actions of a scene.
 Asker PersistentAsker(const Arguments& arguments) {
   return {Scope::ApplicationFirst, arguments.groupName};
 }
 
-// Refused when the action is to do nothing at all.
+// Refused when the action does nothing.
 Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
   const Asker asker = PersistentAsker(arguments);
   const FoundObject success = Find(asker, arguments.Reference(0));
@@ -35,8 +35,8 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
   auto given = arguments.Given->begin();
   for (std::size_t place = 1; place + 1 < count; ++place) {
     ++given;
-    const bool isTaken = MayGoOn() && read.variables.Append(FindTarget(asker, *given));
-    if (!isTaken) return Status::Failure;
+    const bool isAdded = MayGoOn() && read.variables.Append(FindTarget(asker, *given));
+    if (!isAdded) return Status::Failure;
   }
   GenericValue name;
   ++given;
@@ -167,7 +167,7 @@ Status StorePersistent(const Arguments& arguments) {
   return status;
 }
 
-// Reading takes the entry out of the store. An entry that was never stored is no error: the
+// Reading removes the entry from the store. An entry that was never stored is no error: the
 // variables are reset.
 Status ReadPersistent(const Arguments& arguments) {
   PersistentArguments read;

@@ -1,5 +1,5 @@
-// Calling resident programs. A call is over when the action is: a forked program has run as well,
-// and only tells so.
+// Calling resident programs. A program has run when its action ends. A forked program also raises
+// AsynchStopped.
 #include "actions/behaviours.h"
 
 namespace korvel {
@@ -9,7 +9,7 @@ ResidentProgram& TargetOf(const Arguments& arguments) {
   return arguments.Target.As<ResidentProgram>();
 }
 
-// Runs the target with the parameters behind the success variable, which tells how that went.
+// Runs the target with the parameters after the success variable, and sets that variable.
 Status RunTargetProgram(const Arguments& arguments) {
   const FoundObject success = Find(arguments, arguments.Reference(0));
   if (success.Type != ItemType::BooleanVariable) return Status::Refused;

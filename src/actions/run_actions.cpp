@@ -1,6 +1,6 @@
 // The interpreter of action lists: for each action it evaluates the parameters, resolves the
-// target, sees that the target's class is accepted, and calls the behaviour. What the behaviours do
-// stands in the files that behaviours.h names.
+// target, checks that the target's class is accepted, and calls the behaviour. behaviours.h lists
+// the files of the behaviours.
 
 #include "actions/actions.h"
 #include "actions/behaviours.h"
@@ -136,8 +136,8 @@ Status Perform(Action action, const Arguments& arguments, const GenericValue& ta
   return Status::Refused;
 }
 
-// An action whose parameters cannot be had, whose target is not found or of a class that it does
-// not work on is passed over silently. Actions that accept no class need no target.
+// An action is skipped without a message if its parameters cannot be read, or its target is not
+// found or not of an accepted class. Actions that accept no class need no target.
 Status PerformOne(const Asker& asker, const ActionRow& row, const ElementaryAction& action) {
   Arguments arguments{asker, {}, {}, &action.Parameters};
   const Status status = EvaluateParameters(row, arguments);

@@ -10,7 +10,7 @@ bool IsProportional(const Slider& slider) {
   return slider.SliderStyle == SliderStyle::Proportional;
 }
 
-// Content may give any numbers: sums and products of them are worked in 64 bits.
+// Content may give any numbers, so sums and products are calculated with 64 bits.
 constexpr std::int64_t Wide(std::int32_t number) { return number; }
 
 // Only a proportional slider has a portion; every action on the others' values makes it 0.

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::int32_t kAbsentPosition = -1;
 
-// Runs or stops components in their order. Done as long as the stream is there to go on with.
+// Runs or stops components in their order. Done while the stream has not ended.
 template <class Selects, class Handle>
 Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) {
   for (const Item& component : stream.Multiplex) {
@@ -20,7 +20,7 @@ Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) {
   return Status::Done;
 }
 
-// Has the presentation show the videos that have come to run.
+// Starts the presentation of the videos that run.
 Status StartVideos(const Stream& stream) {
   for (const Item& component : stream.Multiplex) {
     if (!MayGoOn()) return Status::Failure;
@@ -32,7 +32,7 @@ Status StartVideos(const Stream& stream) {
   return Status::Done;
 }
 
-// Takes the stream itself to its new status, unless an event of a component has done so already.
+// Sets the status of the stream itself, unless an event of a component has done so already.
 Change FinishChange(Stream& stream, Status components, bool isRunning) {
   if (components == Status::Failure) return Change::Failure;
   if (components == Status::Replaced) return Change::Changed;
@@ -57,7 +57,7 @@ Change DeactivateStream(Stream& stream) {
   return FinishChange(stream, status, false);
 }
 
-// The absent position takes an existing trigger away, but is entered like any other for a new one.
+// The absent position removes an existing trigger, but a new trigger may have it like any other.
 Status SetCounterTrigger(const Arguments& arguments) {
   List<CounterTrigger>& triggers = arguments.Target.As<Stream>().CounterTriggers;
   const std::int32_t identifier = arguments.Integer(0);

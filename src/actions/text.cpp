@@ -11,13 +11,13 @@ Text& TargetOf(const Arguments& arguments) { return arguments.Target.As<Text>();
 
 }  // namespace
 
-// The content as decoded, whatever the object shows by now.
+// The content as decoded, even if the object shows other data now.
 Status GetTextContent(const Arguments& arguments) {
   return AnswerOctets(arguments, 0, TargetOf(arguments).OriginalContent.Data.TextView(),
                       Message::NoMemoryForTextVariable);
 }
 
-// What the object shows. Every reading leaves its length on the standard output.
+// The text that the object shows. Every reading prints its length to standard output.
 Status GetTextData(const Arguments& arguments) {
   const FoundObject variable = Find(arguments, arguments.Reference(0));
   if (variable.Type != ItemType::OctetStringVariable) return Status::Refused;

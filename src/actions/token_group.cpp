@@ -1,5 +1,5 @@
-// Token groups: running and stopping their members, moving the token, and the action slots that go
-// with its place. A list group moves its token in the same way.
+// Token groups: running and stopping their members, moving the token, and the action slots of its
+// position. A list group moves its token in the same way.
 
 #include "actions/behaviours.h"
 #include "objects/messages.h"
@@ -24,7 +24,7 @@ Status MoveTokenTo(TokenGroup& group, std::int32_t position) {
   return RaiseFrom(group, EventType::TokenMovedTo, EventData::Integer(position));
 }
 
-// Runs or stops the members in their order. Done while the group is there to go on with.
+// Runs or stops the members in their order. Done while the group has not ended.
 template <class Handle>
 Status ForMembers(TokenGroup& group, Handle&& handle) {
   for (const TokenGroupItem& item : group.TokenGroupItems) {
@@ -52,7 +52,7 @@ Change ActivateTokenGroup(TokenGroup& group) {
       RaiseFrom(group, EventType::TokenMovedTo, EventData::Integer(group.TokenPosition)));
 }
 
-// A link of the events may run the group again; the members then stay as that has left them.
+// A link of the events may run the group again; the members are then not stopped.
 Change DeactivateTokenGroup(TokenGroup& group) {
   group.RunningStatus = false;
   Status status =

@@ -1,5 +1,5 @@
 // Setting, calculating with, appending to and testing variables. A value of a kind that a
-// variable's class does not take is passed over: nothing changes and no event is raised.
+// variable's class does not accept is ignored: nothing changes and no event is raised.
 #include <charconv>
 #include <limits>
 #include <utility>
@@ -90,13 +90,13 @@ Status Calculated(const Arguments& arguments, Calculate&& calculate) {
   return SetValue(variable, calculate(variable.Value, arguments.Integer(0)));
 }
 
-// What Divide and Modulo cannot calculate on any processor.
+// Divide and Modulo cannot calculate this quotient on any processor.
 constexpr bool OverflowsDivision(std::int32_t dividend, std::int32_t divisor) {
   return dividend == std::numeric_limits<std::int32_t>::min() && divisor == -1;
 }
 
-// An operand with a length is compared with as many leading bytes; behind the value's end there is
-// a zero byte.
+// An operand with a length is compared with that many leading bytes of the value. Beyond the end of
+// the value there are zero bytes.
 bool BeginsWith(const OctetString& value, const OctetString& operand) {
   if (operand.IsEmpty()) return value.TextView().empty();
   const std::string_view bytes = value.View();

@@ -37,9 +37,8 @@ void LimitAccountForClose(Core& core) {
   if (now - *core.closeNoticedAt > kMostMillisecondsWhileClosing) core.actionsLeft = 0;
 }
 
-// The record's canvases belong to the presentation, which must get them back before the record
-// goes.
-void GiveCanvasesBack(const Group& group) {
+// The canvases belong to the presentation, which must destroy them before the record is released.
+void DestroyCanvases(const Group& group) {
   for (const Item& item : group.Items) {
     if (item.Type() != ItemType::DynamicLineArt) continue;
     DestroyCanvas(std::exchange(item.As<DynamicLineArt>().Canvas, nullptr));
@@ -55,7 +54,7 @@ void ReleaseEndedGroups() {
   if (core.busyCount > 0) return;
   while (core.ended != nullptr) {
     OwnedGroup group(std::exchange(core.ended, core.ended->nextEnded));
-    GiveCanvasesBack(*group);
+    DestroyCanvases(*group);
   }
 }
 

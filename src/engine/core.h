@@ -1,5 +1,5 @@
-// What the files of the engine core share: its state, one record, and the steps of starting and
-// ending groups. Private to the engine folder.
+// State and steps that the files of the engine core share: one record, and how groups start and
+// end. Private to the engine folder.
 #pragma once
 
 #include <array>
@@ -50,13 +50,13 @@ struct Core {
   std::uint32_t random = 0;
   ProgramSettings programSettings;
 
-  // How much is at work on the call stack, and what the work at hand may still cost.
+  // Operations on the call stack, and the actions that the current work may still run.
   std::uint32_t busyCount = 0;
   std::uint32_t nestingLevel = 0;
   std::uint32_t actionsLeft = 0;
-  // Milliseconds since the process started. From then on nothing is added to what may be used.
+  // Milliseconds since the process started. After this, new work adds nothing to actionsLeft.
   std::optional<std::uint32_t> closeNoticedAt;
-  bool isOverLimit = false;  // said once; everything unwinds until the work at hand is done
+  bool isOverLimit = false;  // reported once; the current work then unwinds
   std::uint32_t redrawHolds = 0;
 };
 

@@ -31,7 +31,7 @@ Date DateOf(std::int32_t dayNumber) {
     Say(Message::MonthError);
     return {};
   }
-  constexpr int kFirstDayOfYear = 320;  // 17 November comes so many days after 1 January 1858
+  constexpr int kFirstDayOfYear = 320;  // days from 1 January to 17 November 1858
   constexpr std::int64_t kDaysOf400Years = 146'097;
   std::int64_t days = std::int64_t{dayNumber} + kFirstDayOfYear;
   Date date;
@@ -70,7 +70,7 @@ constexpr int TwelveHour(int hour) {
   return hour > 12 ? hour - 12 : hour;
 }
 
-// Writes the field that a code letter stands for. Nothing for an unknown letter.
+// Writes the field of a code letter. Writes nothing for an unknown letter.
 int WriteField(char code, const Date& date, std::int32_t time, char* text, std::size_t size) {
   const int hour = Decoded(time, 0);
   const auto number = [text, size](const char* format, long long value) {
@@ -117,7 +117,7 @@ bool FormatDate(ProgramValues& values) {
     char field[24] = {format[at]};
     int length = 1;
     if (format[at] == '%') {
-      ++at;  // a "%" at the very end stands for nothing
+      ++at;  // a "%" at the end of the format writes nothing
       const char code = at < format.size() ? format[at] : '\0';
       length = WriteField(code, date, values[2].Integer, field, sizeof field);
     }

@@ -31,7 +31,7 @@ std::size_t PlaceOf(const Application& application, const Ingredient& visible) {
   return place;
 }
 
-// What every stacking action asks first: an available visible that is in the stack under its class.
+// Whether a stacking action can move the visible: it is available and in the stack under its class.
 bool IsStackable(const Application* application, ItemType kind, const Visible& visible) {
   return application != nullptr && visible.AvailabilityStatus &&
          StackContains(*application, kind, visible);
@@ -134,7 +134,7 @@ Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) {
   Application* application = CurrentApplication();
   if (!IsStackable(application, kind, visible)) return Status::Refused;
   if (!StackContains(*application, ItemType::None, reference)) return Status::Refused;
-  // Taken out, a visible could not be found again as its own reference.
+  // Once removed, a visible could not be found as its own reference.
   if (&visible == &reference) return Status::Refused;
   if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
   return RedrawIfRunning(InsertAbove(*application, kind, visible, reference), visible);

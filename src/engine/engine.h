@@ -15,22 +15,22 @@
 
 namespace korvel {
 
-// ---- What the worker loop does ----
+// ---- The worker loop ----
 
 // Finds, decodes and starts the start-up application; an empty path searches "a" and "startup".
-// What still runs is given up silently first. Refused when no application could be started; every
-// other result is a started engine.
+// Groups that still run end first, without events. Refused when no application could be started;
+// every other result is a started engine.
 Status StartEngine(std::string_view path);
 
 // Ends the scene and the application without starting anything.
 void CloseDown();
 
-// Opens the account of one key, timer expiry or start: what its actions may cost. Once a close is
-// pending, all work shares one account. Releases ended groups.
+// Begins the work of one key, timer expiry or start, with its limit on the number of actions. Once
+// a close is pending, all work shares one limit. Releases ended groups.
 void BeginWork();
 
-// Gives everything back at the end of the worker: ended groups with their canvases, the persistent
-// store, the core's own state. To be called before the presentation closes and after CloseDown.
+// Releases everything at the end of the worker: ended groups with their canvases, the persistent
+// store, the core's own state. Must be called after CloseDown and before the presentation closes.
 void ResetEngine();
 
 // An event from outside: UserInput with a key number, or TimerFired with a timer id.
@@ -38,11 +38,11 @@ Status RaiseOutsideEvent(std::int32_t sourceNumber, EventType type, std::int32_t
 
 // ---- The running groups ----
 
-// Null while none runs. Both may change in every call that can run actions: ask again after one.
+// Null while none runs. Every call that can run actions may change both.
 [[nodiscard]] Application* CurrentApplication();
 [[nodiscard]] Scene* CurrentScene();
 
-// Both together, for functions that decide by them without asking.
+// Both together, for functions that are given the groups.
 [[nodiscard]] inline RunningGroups CurrentGroups() {
   return {.application = CurrentApplication(), .scene = CurrentScene()};
 }
@@ -52,9 +52,8 @@ Status Spawn(std::string_view groupName);
 Status Quit();
 Status TransitionTo(std::string_view groupName);
 
-// How often the application and the scene were asked to be replaced, modulo 256. An action list
-// that sees one of them change belongs to the past. Launch and TransitionTo actions count before
-// they act.
+// The number of requests to replace the application and the scene, modulo 256. An action list ends
+// when one of them changes. Launch and TransitionTo actions count before they act.
 struct Generations {
   std::uint8_t Application = 0;
   std::uint8_t Scene = 0;
@@ -62,8 +61,8 @@ struct Generations {
 };
 [[nodiscard]] Generations& CurrentGenerations();
 
-// Whether the group that holds the object has ended. To be asked after every call that can run
-// actions, before the object, its list or anything else of its group is touched again.
+// Whether the group that holds the object has ended. Callers must check this after every call that
+// can run actions, before they touch the object, its list or anything else of its group.
 [[nodiscard]] inline bool IsGone(const Group& group) { return group.life.isDead; }
 [[nodiscard]] inline bool IsGone(const Ingredient& ingredient) {
   return ingredient.owner != nullptr && ingredient.owner->life.isDead;
@@ -79,8 +78,8 @@ class [[nodiscard]] Busy {
   Busy& operator=(const Busy&) = delete;
 };
 
-// One level of nesting of action lists and lifecycle operations. When there are too many levels,
-// says so once and IsAllowed is false: the caller then returns Failure, which unwinds everything.
+// One level of nesting of action lists and lifecycle operations. With too many levels a message is
+// printed once and IsAllowed is false: the caller then returns Failure, which unwinds everything.
 class [[nodiscard]] NestingLevel {
  public:
   NestingLevel();
@@ -94,19 +93,19 @@ class [[nodiscard]] NestingLevel {
   bool isAllowed_;
 };
 
-// Takes one action from the account of the work at hand. False when it is used up (said once):
-// return Failure.
+// Counts one action of the current work. False when the limit is reached, which is printed once:
+// the caller returns Failure.
 [[nodiscard]] bool TakeAction();
 
-// Whether a loop whose length content decides may go on: false once the time that a pending close
-// leaves is over. Leave the loop then, with Failure where the function has one. Costs one look at a
-// flag while no close is pending.
+// Whether a loop whose length content decides may go on. False once the time that a pending close
+// allows is over: the loop then ends, with Failure if the function can return it. Reads one flag
+// while no close is pending.
 [[nodiscard]] bool MayGoOn();
 
 // ---- Names and files ----
 
-// Reads the file that a group name or content reference means. Refused, after a pause, when it
-// cannot be had.
+// Reads the file of a group name or content reference. Refused, after a pause, if it cannot be
+// read.
 Status ResolveGroup(std::string_view groupName, OctetString& bytes);
 
 // ---- Objects ----
@@ -153,19 +152,19 @@ struct EventData {
   [[nodiscard]] static EventData Integer(std::int32_t value) { return {ValueKind::Integer, value}; }
 };
 
-// Runs the links (five at the most) that wait for this event of this source, at once. Done when
-// none fired, else the last link's result; Failure and Replaced stop the rest. The name is not read
-// any more once a link runs.
+// Runs the links (five at most) that wait for this event of this source, before it returns. Done
+// when none fired, otherwise the result of the last link; Failure and Replaced stop the rest. The
+// name is not read after the first link has run.
 Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
                   EventData data);
 // The same with an object as the source.
 Status RaiseEvent(const Root& source, EventType type, EventData data = {});
-// Runs the links that wait for this event, whatever source they name.
+// Runs the links that wait for this event from any source.
 Status RaiseEventByType(EventType type, EventData data);
 
 // ---- The display stack of the running application ----
-// All return Refused when the entry is not there (or no application runs), Failure when memory is
-// out (said).
+// All return Refused if there is no such entry (or no application runs), and Failure, with a
+// message, when memory is out.
 
 Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible);
 Status InsertAtPosition(Application& application, std::int32_t position, ItemType kind,
@@ -192,8 +191,8 @@ Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference);
 
 // ---- Redraws ----
 
-// Asks for a redraw, unless redraws are held. The one way for actions and the engine to do so.
-// Failure, to be returned at once, when an event raised while drawing asked to stop.
+// Requests a redraw, unless redraws are held. Actions and the engine use only this function.
+// Failure, which callers must return immediately, if an event raised while drawing asked to stop.
 Status RequestRedraw();
 
 // While one exists, requests for a redraw are dropped: a list group places its items one by one,
@@ -216,22 +215,22 @@ Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolu
 
 // ---- The persistent store: named blocks of bytes, in memory for as long as the engine runs ----
 
-// Puts a block in under a name, taking it over. Failure, said, with `data` still the caller's, when
-// memory is out.
+// Stores a block under a name and takes ownership of it. Failure, with a message and `data`
+// unchanged, when memory is out.
 Status AppendPersistent(std::string_view name, OctetString&& data);
-// Takes the first block of that name out. Refused when there is none.
+// Removes and returns the first block of that name. Refused if there is none.
 Status TakePersistent(std::string_view name, OctetString& data);
 Status RemovePersistent(std::string_view name);
 void EmptyPersistentStore();
 
 // ---- Resident programs ----
 
-// The parameters of a call, borrowed for the call.
+// The parameters, borrowed for the call.
 using ProgramParameters = std::span<const GenericValue* const>;
 
-// Runs the program of that name. Refused, with nothing written, when a parameter is missing or its
-// variable is not found; Failure, said, for an unknown name and for an output variable of another
-// class. `groupName` is the group that references without a group identifier mean.
+// Runs the program of that name. Refused, with nothing written, if a parameter is missing or its
+// variable is not found. Failure, with a message, for an unknown name and for an output variable of
+// another class. `groupName` is the group of references without a group identifier.
 Status RunResidentProgram(std::string_view name, ProgramParameters parameters,
                           std::string_view groupName);
 

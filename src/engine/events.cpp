@@ -1,7 +1,7 @@
 // Raising events: collecting the links that wait for one and running their effects, at once and
 // before the raising call returns. The collection is complete before the first link runs, so what
-// links do to the tables, to other links or to whole groups does not disturb it; a link whose group
-// has ended meanwhile is passed over.
+// links do to the tables, to other links or to whole groups does not disturb it. A link whose group
+// has ended in the meantime is skipped.
 #include <array>
 #include <cstddef>
 

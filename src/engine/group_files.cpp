@@ -1,6 +1,5 @@
-// The path rules of the broadcast file system. "DSM:" or "~" with its slash leads a name; what
-// follows is taken in the current directory, or from the root when "DSM:" is followed by two
-// slashes.
+// The path rules of the broadcast file system. A name begins with "DSM:" or "~" and a slash. The
+// rest is relative to the current directory, or to the root when two slashes follow "DSM:".
 
 #include "engine/core.h"
 #include "platform/files.h"
@@ -41,9 +40,9 @@ bool FetchStartUpAt(std::string_view path, OctetString& bytes) {
   return FetchStartUpNames({}, bytes);
 }
 
-// Takes each "/../" out together with the component before it. Kept as content expects it: no slash
-// is put back between the two pieces, so that x/y/../z becomes xz. One walk from left to right, for
-// names may be long: what is kept never outgrows what has been read.
+// Removes each "/../" together with the component before it. As content expects, no slash is put
+// between the two pieces: x/y/../z becomes xz. Names may be long, so this is one walk from left to
+// right, which never writes past the place that it has read.
 bool RemoveParentSteps(OctetString& path) {
   char* bytes = path.MutableBytes();
   std::size_t kept = 0;
@@ -57,7 +56,7 @@ bool RemoveParentSteps(OctetString& path) {
   return path.Assign({bytes, kept});
 }
 
-// What a name means once its prefix is passed over: where it starts from, and the rest.
+// A name without its prefix: the directory that it is relative to, and the rest.
 struct PathParts {
   std::string_view directory;
   std::string_view rest;
@@ -120,7 +119,7 @@ bool SetDirectoryOfLaunched(std::string_view groupName) {
 bool SetDirectoryOfSpawned(std::string_view groupName) {
   const std::size_t last = groupName.rfind('/');
   if (last == kNone || last < 2) return true;
-  // The name is taken to begin with "~/"; the directory is kept without a slash at its end.
+  // The name is assumed to begin with "~/". The directory has no slash at its end.
   return TheCore().currentDirectory.Assign(groupName.substr(2, last - 2));
 }
 

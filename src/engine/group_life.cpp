@@ -1,5 +1,5 @@
-// The start and the end of groups. Every call that can run actions may end the very group at hand;
-// the group's memory stays, and its life record says so.
+// The start and the end of groups. Every call that can run actions may end the group that is being
+// started or ended; its memory stays, and its life record shows that it is dead.
 
 #include <utility>
 
@@ -35,7 +35,7 @@ Status RunOnStartUp(Group& group, Scope scope) {
   return RunActions(scope, {&group.OnStartUp, &group}, NameOf(group));
 }
 
-// Raises an event of the group itself. Done as long as the group is there to go on with.
+// Raises an event of the group itself. Done while the group has not ended.
 Status RaiseOf(Group& group, EventType type) {
   if (RaiseEvent(group, type) == Status::Failure) return Status::Failure;
   return IsGone(group) ? Status::Replaced : Status::Done;
@@ -64,8 +64,8 @@ Status StartItemsAndGroup(Group& group, Scope scope) {
   return status;
 }
 
-// Removes everything that the group owns from the engine's registers, but for its links, which have
-// left before; and marks it ended. Its memory stays until nothing that may still hold a part of it
+// Removes everything that the group owns from the engine's registers and marks the group as ended.
+// Its links have been removed before. Its memory stays until nothing that may hold a part of it
 // runs.
 void Bury(Group& group) {
   Core& core = TheCore();
@@ -96,7 +96,7 @@ void Adopt(Group& group) {
 
 Status StartApplication(Application& application) {
   if (CompleteReferences(NameOf(application), application) != Status::Done) return Status::Failure;
-  // This first run comes before the links: nothing of the application sees its events yet.
+  // This first run comes before the links, so that no link of the application sees its events.
   const Status status = RunOnStartUp(application, Scope::ApplicationFirst);
   if (status == Status::Failure || status == Status::Replaced) return status;
   if (IsGone(application)) return Status::Replaced;
@@ -112,7 +112,7 @@ Status StartScene(Scene& scene) {
 
 Status EndGroup(Group* group) {
   if (group == nullptr) return Status::Done;
-  // A link of its IsDeleted puts another in its place, which must find the registers without it.
+  // A link of its IsDeleted is replacing it: the successor must find the registers without it.
   if (std::exchange(group->life.isDying, true)) {
     Bury(*group);
     return Status::Done;

@@ -1,5 +1,6 @@
-// The operations that replace what runs: Launch, Spawn, Quit, TransitionTo, the engine start and
-// the close-down. The new group is fetched and decoded before anything running is touched.
+// The operations that replace the running groups: Launch, Spawn, Quit, TransitionTo, the engine
+// start and the close-down. The new group is fetched and decoded before anything running is
+// touched.
 
 #include "actions/actions.h"
 #include "engine/core.h"
@@ -28,8 +29,8 @@ Status RaiseReferenceError(const ObjectReference& source) {
   return status == Status::Failure ? Status::Failure : Status::Refused;
 }
 
-// Reads the file of a group that an action names. When it cannot be had, the running application is
-// told.
+// Reads the file of a group that an action names. Raises an engine event of the running application
+// if the file cannot be read.
 Status FetchNamedGroup(std::string_view groupName, OctetString& bytes) {
   if (ResolveGroup(groupName, bytes) == Status::Done) return Status::Done;
   const Application* application = CurrentApplication();
@@ -68,8 +69,8 @@ Status QuitToNothing() {
   return Status::Failure;
 }
 
-// The application on top of the stack becomes current again. It is not started anew: its OnStartUp
-// does not run and its links wait for nothing.
+// The application on top of the stack becomes current again. It is not started: its OnStartUp does
+// not run and its links do not wait for events.
 Status QuitToParent(const ObjectReference& quitting) {
   ApplicationStack& stack = TheStack();
   OctetString bytes;
@@ -84,8 +85,8 @@ Status QuitToParent(const ObjectReference& quitting) {
   return Status::Done;
 }
 
-// What the application shows and runs for itself pauses with the scene it was shown in, unless it
-// is shared. Nothing is raised, and a visible keeps its place in the display stack.
+// Stops the items of the application that are not shared, as their scene ends. No event is raised,
+// and a visible keeps its place in the display stack.
 void StopUnsharedItems(Application& application) {
   for (const Item& item : application.Items) {
     const bool isStopped = item.Type() >= ItemType::Link && item.Type() <= ItemType::SwitchButton &&
@@ -177,8 +178,8 @@ Status TransitionTo(std::string_view groupName) {
 }
 
 void CloseDown() {
-  // A link of IsDeleted may have stopped the end or brought other groups; what runs after it ends
-  // without events.
+  // A link of IsDeleted may have stopped the end or started other groups; the groups that still run
+  // end without events.
   static_cast<void>(EndRunningGroups());
   BuryRunningGroups();
 }

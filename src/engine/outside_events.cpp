@@ -1,4 +1,4 @@
-// What comes in from outside the content: keys, filtered by the scene's input event register, and
+// Events from outside the content: keys, filtered by the scene's input event register, and
 // timer expiries.
 
 #include <cstdio>
@@ -24,7 +24,7 @@ Status RaiseUserInput(std::int32_t key) {
   if (RaiseEngineEvent(key) == Status::Failure) return Status::Failure;
   Status taken = Status::Done;
   if (TakeInteractionKey(key, taken)) return taken;
-  // The scene is asked for only now: the engine event may have replaced it.
+  // The engine event may have replaced the scene.
   const Scene* scene = CurrentScene();
   const std::int32_t inputRegister =
       scene == nullptr ? kRegisterWithoutScene : scene->InputEventReg;

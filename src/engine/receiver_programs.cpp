@@ -10,7 +10,7 @@
 namespace korvel {
 namespace {
 
-// The width of the display against its height: 1 stands for 4 to 3.
+// The aspect ratio of the display: 1 means 4:3.
 constexpr std::int32_t kDisplayAspectRatio = 1;
 
 constexpr std::int32_t kNetworkId = 0x3002;
@@ -24,7 +24,7 @@ struct Service {
 constexpr Service kServices[] = {{"104d", 0x104D}, {"108d", 0x108D}, {"10ff", 0x10FF},
                                  {"113f", 0x113F}, {"117f", 0x117F}, {"123f", 0x123F}};
 
-// Takes the text before the next dot away from `rest`. False when there is no dot.
+// Removes the text before the next dot from `rest`. False when there is no dot.
 bool TakeField(std::string_view& rest, std::string_view& field) {
   const std::size_t dot = rest.find('.');
   if (dot == std::string_view::npos) return false;

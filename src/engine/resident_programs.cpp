@@ -12,7 +12,7 @@
 namespace korvel {
 namespace {
 
-// What stands at one place of a program's signature.
+// One place of a program's signature.
 enum class Slot : std::uint8_t {
   None,  // past the last parameter
   BooleanIn,
@@ -79,7 +79,7 @@ constexpr bool IsInput(Slot slot) {
   return slot == BooleanIn || slot == IntegerIn || slot == TextIn || slot == ReferenceIn;
 }
 
-// The class of variable that stands at a place.
+// The class of variable at a place.
 constexpr ItemType ClassOf(Slot slot) {
   switch (slot) {
   case BooleanIn:
@@ -127,7 +127,7 @@ class ProgramCall {
   }
 
  private:
-  // Variables of programs are looked for in the application first, whoever calls.
+  // The variables are searched in the application first, also when a scene calls.
   [[nodiscard]] FoundObject FindVariable(std::size_t place) const {
     const GenericValue& given = *given_[place];
     const bool isReference =

@@ -17,7 +17,7 @@ inline constexpr std::size_t kMostProgramParameters = 6;
 // names counts.
 using ProgramValues = std::array<GenericValue, kMostProgramParameters>;
 
-// What programs keep between calls.
+// The settings that programs keep between calls.
 struct ProgramSettings {
   std::int32_t TuneInfo = 0;
   std::int32_t WidescreenAlignment = 1;

@@ -12,7 +12,7 @@ namespace {
 
 std::int32_t LengthOf(std::string_view text) { return static_cast<std::int32_t>(text.size()); }
 
-// Where the search begins: a start before the text means its beginning.
+// The index at which the search begins. A start before the text means its beginning.
 std::size_t StartOf(std::int32_t start) {
   return start < 1 ? 0 : static_cast<std::size_t>(start) - 1;
 }
@@ -51,8 +51,8 @@ bool SearchSubstring(ProgramValues& values) {
   return true;
 }
 
-// Extracts what stands before the text that is searched for and tells the place behind it, so that
-// repeated calls walk through a list of words.
+// Extracts the text before the wanted text and returns the place after it, so that repeated calls
+// walk through a list of words.
 bool SearchAndExtractSubstring(ProgramValues& values) {
   const std::string_view text = values[0].Octets.View();
   const std::string_view wanted = values[2].Octets.View();

@@ -52,7 +52,7 @@ Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolu
   if (value == kNoTimerValue) return CancelTimer(group, id);
   Timer* timer = FindTimer(group, id);
   if (timer != nullptr) {
-    // Setting a pending timer anew keeps its owner and its kind of time.
+    // A pending timer that is set again keeps its owner and its kind of time.
     KillWindowTimer(static_cast<std::uint32_t>(id));
   } else {
     timer = AddTimer(group, id, isAbsolute);
@@ -73,7 +73,7 @@ bool RemoveFiredTimer(std::int32_t id, ObjectReference& owner) {
 
 void CancelAllTimers(Group& group) {
   for (const Timer& timer : group.Timers) {
-    if (!MayGoOn()) break;  // the window that closes takes the others with it
+    if (!MayGoOn()) break;  // the closing window kills the others
     KillWindowTimer(static_cast<std::uint32_t>(timer.Id));
   }
   group.Timers.Clear();

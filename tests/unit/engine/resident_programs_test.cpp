@@ -5,16 +5,18 @@
 
 #include <cstdio>
 #include <ctime>
+#include <fstream>
+#include <iterator>
 #include <limits>
 #include <random>
+#include <regex>
+#include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
-#include "engine/engine.h"
 #include "objects/objects.h"
-#include "substitutes/host.h"
-#include "substitutes/presentation.h"
-#include "support/text_content.h"
+#include "support/engine_fixture.h"
 
 namespace korvel::test {
 namespace {
@@ -34,11 +36,32 @@ enum Variable : std::int32_t {
   kFourth
 };
 
-class ResidentProgramsTest : public testing::Test {
+std::string Contents(const std::string& path) {
+  std::ifstream file(KORVEL_SOURCE_DIR + path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The names of three letters that a text has between `before` and `after`.
+std::set<std::string> NamesIn(const std::string& text, const std::string& before,
+                              const std::string& after) {
+  const std::regex expression(before + "([A-Z][A-Za-z]{2})" + after);
+  std::set<std::string> names;
+  for (std::sregex_iterator match(text.begin(), text.end(), expression), end; match != end; ++match)
+    names.insert((*match)[1]);
+  return names;
+}
+
+std::vector<std::string> LinesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+class ResidentProgramsTest : public EngineTest {
  protected:
   void SetUp() override {
-    TheHost() = {};
-    ThePresentation() = {};
+    EngineTest::SetUp();
     TheHost().files["a"] = CompileText(
         "{:Application (\"~/a\" 0) :Items ({:BooleanVar 1 :OrigValue FALSE}"
         "{:OStringVar 2 :OrigValue \"before\"} {:ObjectRefVar 3 :OrigValue :ObjectRef 0}"
@@ -47,10 +70,6 @@ class ResidentProgramsTest : public testing::Test {
         "{:IntegerVar 8 :OrigValue -99})}");
     BeginWork();
     EXPECT_EQ(StartEngine(""), Status::Done);
-  }
-  void TearDown() override {
-    CloseDown();
-    ResetEngine();
   }
 
   static GenericValue Of(std::int32_t number) {
@@ -89,7 +108,15 @@ class ResidentProgramsTest : public testing::Test {
     }();
     std::vector<const GenericValue*> given;
     for (const GenericValue& value : values) given.push_back(&value);
-    return RunResidentProgram(name, given, "~/a");
+    const Status status = RunResidentProgram(name, given, "~/a");
+    if (status == Status::Done) Succeeded().insert(std::string(name));
+    return status;
+  }
+
+  // The names of the programs that have run in this test.
+  static std::set<std::string>& Succeeded() {
+    static std::set<std::string> names;
+    return names;
   }
 
   template <class Record>
@@ -127,7 +154,8 @@ TEST_F(ResidentProgramsTest, names_are_compared_exactly) {
             "GetItemType Error\nGetItemType Error\nGetItemType Error\nGetItemType Error\n");
 }
 
-TEST_F(ResidentProgramsTest, every_program_is_there) {
+TEST_F(ResidentProgramsTest, every_program_of_the_table_runs) {
+  Succeeded().clear();
   TheHost().localTime = {2000, 1, 1, 0, 0, 0};
   EXPECT_EQ(Call("GCD", kFirst, kSecond), Status::Done);
   EXPECT_EQ(Call("FDa", "%Y", 1, 0, kText), Status::Done);
@@ -153,6 +181,19 @@ TEST_F(ResidentProgramsTest, every_program_is_there) {
   EXPECT_EQ(Call("SSM", true), Status::Done);
   EXPECT_EQ(Call("WAI", kText), Status::Done);
   EXPECT_EQ(Call("DBG", "anything"), Status::Done);
+  const std::string table = Contents("/src/engine/resident_programs.cpp");
+  EXPECT_EQ(Succeeded(), NamesIn(table, R"(\{")", R"(",)"));
+}
+
+TEST_F(ResidentProgramsTest, every_program_has_a_row_in_the_page_on_behaviour) {
+  const std::string page = Contents("/docs/behaviour.md");
+  const std::string rows = page.substr(page.find("## Resident programs"));
+  std::string names;
+  for (const std::string& line : LinesOf(rows)) {
+    if (line.starts_with("| `")) names += line.substr(0, line.find('|', 1));
+  }
+  const std::string table = Contents("/src/engine/resident_programs.cpp");
+  EXPECT_EQ(NamesIn(names, "`", "`"), NamesIn(table, R"(\{")", R"(",)"));
 }
 
 TEST_F(ResidentProgramsTest, an_output_of_another_class_is_told) {

@@ -15,39 +15,26 @@ namespace {
 
 // ---- The form of a field in a file, for messages ----
 
-const char* ExpectedFor(const bool& /*field*/) { return "a BOOLEAN"; }
-const char* ExpectedFor(const std::int32_t& /*field*/) { return "an INTEGER"; }
-template <IsEnumeration Enumeration>
-const char* ExpectedFor(const Enumeration& /*field*/) {
-  return kWords<Enumeration>.empty() ? "an INTEGER" : "an ENUMERATED";
-}
-const char* ExpectedFor(const OctetString& /*field*/) { return "an OCTET STRING"; }
-const char* ExpectedFor(const ContentReference& /*field*/) { return "an OCTET STRING"; }
-const char* ExpectedFor(const ObjectReference& /*field*/) { return "an object reference"; }
-const char* ExpectedFor(const OptionalReference& /*field*/) { return "an object reference"; }
-const char* ExpectedFor(const ColourValue& /*field*/) { return "an INTEGER or an OCTET STRING"; }
-const char* ExpectedFor(const FontBody& /*field*/) {
-  return "an OCTET STRING or an object reference";
-}
-const char* ExpectedFor(const ContentBody& /*field*/) {
-  return "an OCTET STRING or a content reference";
-}
-const char* ExpectedFor(const LinkCondition& /*field*/) {
-  return "an event source, an event type and event data";
-}
-const char* ExpectedFor(const ActionList& /*field*/) { return "actions"; }
-const char* ExpectedFor(const List<Item>& /*field*/) { return "objects"; }
-template <class Entry>
-const char* ExpectedFor(const List<Entry>& /*field*/) {
-  return "a list";
-}
-template <IsSequence Record>
-const char* ExpectedFor(const Record& /*field*/) {
-  return "two INTEGERs";
-}
-template <IsDescribed Record>
-const char* ExpectedFor(const Record& /*field*/) {
-  return "attributes";
+template <class Field, class... Types>
+constexpr bool kIsOneOf = (std::is_same_v<Field, Types> || ...);
+
+template <class Field>
+constexpr const char* ExpectedFor() {
+  if constexpr (IsEnumeration<Field>) {
+    return kWords<Field>.empty() ? "an INTEGER" : "an ENUMERATED";
+  }
+  if (kIsOneOf<Field, bool>) return "a BOOLEAN";
+  if (kIsOneOf<Field, std::int32_t>) return "an INTEGER";
+  if (kIsOneOf<Field, OctetString, ContentReference>) return "an OCTET STRING";
+  if (kIsOneOf<Field, ObjectReference, OptionalReference>) return "an object reference";
+  if (kIsOneOf<Field, ColourValue>) return "an INTEGER or an OCTET STRING";
+  if (kIsOneOf<Field, FontBody>) return "an OCTET STRING or an object reference";
+  if (kIsOneOf<Field, ContentBody>) return "an OCTET STRING or a content reference";
+  if (kIsOneOf<Field, LinkCondition>) return "an event source, an event type and event data";
+  if (kIsOneOf<Field, ActionList>) return "actions";
+  if (kIsOneOf<Field, List<Item>>) return "objects";
+  if (IsDescribed<Field>) return "attributes";
+  return IsSequence<Field> ? "two INTEGERs" : "a list";
 }
 
 // ---- Elements of a SEQUENCE: universal, distinguished by their place ----
@@ -63,10 +50,9 @@ bool DecodeElement(const BerElement& element, Enumeration& field) {
   field = static_cast<Enumeration>(number);
   return true;
 }
-bool DecodeElement(const BerElement& element, OctetString& field) { return Decode(element, field); }
-bool DecodeElement(const BerElement& element, ObjectReference& field) {
-  return Decode(element, field);
-}
+template <class Field>
+requires requires(Field& field) { Decode(BerElement{}, field); }
+bool DecodeElement(const BerElement& element, Field& field) { return Decode(element, field); }
 // A link's event data.
 bool DecodeElement(const BerElement& element, GenericValue& field) {
   using enum ValueKind;
@@ -175,21 +161,26 @@ BerReader EntriesOf(const BerElement& tagged) {
 
 // ---- Attributes: under a context tag ----
 
-template <class Number>
-requires(std::is_same_v<Number, std::int32_t> ||
-         IsEnumeration<Number>) bool DecodeField(const BerElement& tagged, Number& field) {
-  BerElement element;
-  return Untag(tagged, kInteger, element) && DecodeElement(element, field);
-}
+// The type of a primitive tag's content. It does not say which of a colour's or a font's types that
+// is: NULL is refused.
+template <class Field>
+constexpr Tag kImpliedTag = kInteger;
+template <>
+constexpr Tag kImpliedTag<bool> = kBoolean;
+template <>
+constexpr Tag kImpliedTag<OctetString> = kOctetString;
+template <>
+constexpr Tag kImpliedTag<ContentBody> = kOctetString;
+template <>
+constexpr Tag kImpliedTag<ColourValue> = kNull;
+template <>
+constexpr Tag kImpliedTag<FontBody> = kNull;
 
-bool DecodeField(const BerElement& tagged, bool& field) {
+template <class Field>
+requires requires(Field& field) { DecodeElement(BerElement{}, field); }
+bool DecodeField(const BerElement& tagged, Field& field) {
   BerElement element;
-  return Untag(tagged, kBoolean, element) && Decode(element, field);
-}
-
-bool DecodeField(const BerElement& tagged, OctetString& field) {
-  BerElement element;
-  return Untag(tagged, kOctetString, element) && Decode(element, field);
+  return Untag(tagged, kImpliedTag<Field>, element) && DecodeElement(element, field);
 }
 
 bool DecodeField(const BerElement& tagged, ObjectReference& field) {
@@ -205,23 +196,6 @@ bool DecodeField(const BerElement& tagged, OptionalReference& field) {
 
 bool DecodeField(const BerElement& tagged, ContentReference& field) {
   return DecodeField(tagged, field.Path);
-}
-
-// A primitive tag does not say which of a colour's or a font's types its content has: it is
-// refused.
-bool DecodeField(const BerElement& tagged, ColourValue& field) {
-  BerElement element;
-  return Untag(tagged, kNull, element) && Decode(element, field);
-}
-
-bool DecodeField(const BerElement& tagged, FontBody& field) {
-  BerElement element;
-  return Untag(tagged, kNull, element) && Decode(element, field);
-}
-
-bool DecodeField(const BerElement& tagged, ContentBody& field) {
-  BerElement element;
-  return Untag(tagged, kOctetString, element) && Decode(element, field);
 }
 
 template <IsSequence Record>
@@ -287,7 +261,9 @@ bool DecodeAttribute(const BerElement& element, Record& record) {
     } else {
       isRead = DecodeTaggedField(element, attribute.form, field);
     }
-    if (!isRead) ExplainAttribute(element, attribute.keyword, ExpectedFor(field));
+    if (!isRead)
+      ExplainAttribute(element, attribute.keyword,
+                       ExpectedFor<std::remove_cvref_t<decltype(field)>>());
   });
   return isRead;
 }

@@ -9,7 +9,6 @@
 #include "platform/files.h"
 
 namespace korvel {
-
 namespace {
 
 constexpr DrawnColour kWhite = 0xFFFFFF00;

@@ -5,7 +5,6 @@
 #include <cstddef>
 
 namespace korvel {
-
 namespace {
 
 // The numbers of a file header. Bytes past the end of the file are 0, so a size that is cut short

@@ -9,7 +9,6 @@
 #include "objects/limits.h"
 
 namespace korvel {
-
 namespace {
 
 // One side of the square: a point p is inside if p.X * X + p.Y * Y <= Far.

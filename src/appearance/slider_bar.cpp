@@ -4,7 +4,6 @@
 #include <algorithm>
 
 namespace korvel {
-
 namespace {
 
 constexpr std::int64_t kMarkerThickness = 3;

@@ -7,7 +7,6 @@
 #include "appearance/colours.h"
 
 namespace korvel {
-
 namespace {
 
 constexpr char kEscape = 27;

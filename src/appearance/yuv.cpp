@@ -4,7 +4,6 @@
 #include <algorithm>
 
 namespace korvel {
-
 namespace {
 
 // A side has 12 bits in a sequence header, and decoders may write whole macroblocks of 16.

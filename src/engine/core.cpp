@@ -7,6 +7,7 @@
 
 #include "objects/limits.h"
 #include "objects/messages.h"
+#include "objects/ownership.h"
 #include "platform/canvases.h"
 #include "platform/clocks.h"
 #include "platform/running.h"
@@ -14,15 +15,8 @@
 namespace korvel {
 namespace {
 
-// State without a destructor: when the process ends other threads may have been stopped anywhere,
-// so nothing is released then; the worker has reset the core before.
-union Immortal {
-  Core core;
-  constexpr Immortal() : core() {}
-  // A defaulted destructor would be deleted.  NOLINTNEXTLINE(modernize-use-equals-default)
-  ~Immortal() {}
-};
-Immortal immortal;
+// The worker resets it before the process ends.
+NeverDestroyed<Core> theCore;
 
 void ReportLimit(Message message) {
   if (!std::exchange(TheCore().isOverLimit, true)) Say(message);
@@ -47,7 +41,7 @@ void DestroyCanvases(const Group& group) {
 
 }  // namespace
 
-Core& TheCore() { return immortal.core; }
+Core& TheCore() { return theCore.value; }
 
 void ReleaseEndedGroups() {
   Core& core = TheCore();

@@ -8,7 +8,6 @@
 #include "platform/clocks.h"
 
 namespace korvel {
-
 namespace {
 
 using SteadyClock = std::chrono::steady_clock;  // the performance counter of the platform

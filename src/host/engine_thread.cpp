@@ -17,7 +17,6 @@
 #include "presentation/presentation.h"
 
 namespace korvel {
-
 namespace {
 
 // Looking for a message answers the sent ones. The filter excludes all posted ones.

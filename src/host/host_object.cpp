@@ -10,7 +10,6 @@
 #include "platform/running.h"
 
 namespace korvel {
-
 namespace {
 
 void KORVEL_CALL CloseOnExitCode(uint32_t code) {

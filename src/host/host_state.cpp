@@ -5,7 +5,6 @@
 #include "platform/running.h"
 
 namespace korvel {
-
 namespace {
 
 constinit std::FILE* traceStream = nullptr;

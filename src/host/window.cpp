@@ -14,7 +14,6 @@
 #include "presentation/presentation.h"
 
 namespace korvel {
-
 namespace {
 
 constexpr char kClassName[] = "MHEG5 Window";

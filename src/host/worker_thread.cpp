@@ -18,7 +18,6 @@
 #include "presentation/presentation.h"
 
 namespace korvel {
-
 namespace {
 
 constexpr DWORD kPollPeriodMs = 10;

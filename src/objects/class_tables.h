@@ -65,8 +65,7 @@ struct SequenceDescription<TokenGroupItem> {
 // ---- Groups ----
 
 template <>
-struct Description<Group> {
-  using Parents = Classes<>;
+struct Description<Group> : Extends<> {
   static constexpr auto attributes =
       std::tuple{Attribute{2, ":StdID", &Group::Standard},
                  Attribute{3, ":StdVersion", &Group::StandardVersion},
@@ -78,8 +77,7 @@ struct Description<Group> {
 };
 
 template <>
-struct Description<DefaultAttributes> {
-  using Parents = Classes<>;
+struct Description<DefaultAttributes> : Extends<> {
   static constexpr auto attributes = std::tuple{
       Attribute{38, ":CharacterSet", &DefaultAttributes::CharacterSet},
       Attribute{39, ":BackgroundColour", &DefaultAttributes::BackgroundColour},
@@ -99,8 +97,7 @@ struct Description<DefaultAttributes> {
 // The default attributes have one tag of their own in BER; in the textual notation they are written
 // beside the application's other attributes.
 template <>
-struct Description<Application> {
-  using Parents = Classes<Group>;
+struct Description<Application> : Extends<Group> {
   static constexpr ClassHeading heading{ItemType::Application, 0, "Application", ":Application"};
   static constexpr auto attributes =
       std::tuple{Attribute{35, ":OnSpawnCloseDown", &Application::OnSpawnCloseDown},
@@ -109,8 +106,7 @@ struct Description<Application> {
 };
 
 template <>
-struct Description<Scene> {
-  using Parents = Classes<Group>;
+struct Description<Scene> : Extends<Group> {
   static constexpr ClassHeading heading{ItemType::Scene, 1, "Scene", ":Scene"};
   static constexpr auto attributes = std::tuple{
       Attribute{51, ":InputEventReg", &Scene::InputEventReg},
@@ -130,8 +126,7 @@ inline constexpr std::uint32_t kOriginalPaletteRefTag = 78;
 inline constexpr std::array kContentTags = {kContentHookTag, kOriginalContentTag};
 
 template <>
-struct Description<Ingredient> {
-  using Parents = Classes<>;
+struct Description<Ingredient> : Extends<> {
   static constexpr auto attributes =
       std::tuple{Attribute{56, ":InitiallyActive", &Ingredient::InitiallyActive},
                  Attribute{kContentHookTag, ":CHook", &Ingredient::ContentHOOK},
@@ -140,8 +135,7 @@ struct Description<Ingredient> {
 };
 
 template <>
-struct Description<Link> {
-  using Parents = Classes<Ingredient>;
+struct Description<Link> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::Link, 20, "Link", ":Link"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
@@ -150,58 +144,45 @@ struct Description<Link> {
 };
 
 template <>
-struct Description<Program> {
-  using Parents = Classes<Ingredient>;
+struct Description<Program> : Extends<Ingredient> {
   static constexpr auto attributes =
       std::tuple{Attribute{64, ":Name", &Program::Name, kRequired},
                  Attribute{65, ":InitiallyAvailable", &Program::InitiallyAvailable}};
 };
 template <>
-struct Description<ResidentProgram> {
-  using Parents = Classes<Program>;
+struct Description<ResidentProgram> : Extends<Program> {
   static constexpr ClassHeading heading{ItemType::ResidentProgram, 9, "ResidentProgram",
                                         ":ResidentPrg"};
   static constexpr auto omitted = kContentTags;
-  static constexpr auto attributes = std::tuple{};
 };
 template <>
-struct Description<RemoteProgram> {
-  using Parents = Classes<Program>;
+struct Description<RemoteProgram> : Extends<Program> {
   static constexpr ClassHeading heading{ItemType::RemoteProgram, 10, "RemoteProgram", ":RemotePrg"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
       std::tuple{Attribute{66, ":ConnectionTag", &RemoteProgram::ProgramConnectionTag}};
 };
 template <>
-struct Description<InterchangedProgram> {
-  using Parents = Classes<Program>;
+struct Description<InterchangedProgram> : Extends<Program> {
   static constexpr ClassHeading heading{ItemType::InterchangedProgram, 11, "InterchangedProgram",
                                         ":InterchgPrg"};
-  static constexpr auto attributes = std::tuple{};
 };
 
 template <>
-struct Description<Palette> {
-  using Parents = Classes<Ingredient>;
+struct Description<Palette> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::Palette, 12, "Palette", ":Palette"};
-  static constexpr auto attributes = std::tuple{};
 };
 template <>
-struct Description<Font> {
-  using Parents = Classes<Ingredient>;
+struct Description<Font> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::Font, 13, "Font", ":Font"};
-  static constexpr auto attributes = std::tuple{};
 };
 template <>
-struct Description<CursorShape> {
-  using Parents = Classes<Ingredient>;
+struct Description<CursorShape> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::CursorShape, 14, "CursorShape", ":CursorShape"};
-  static constexpr auto attributes = std::tuple{};
 };
 
 template <>
-struct Description<BooleanVariable> {
-  using Parents = Classes<Ingredient>;
+struct Description<BooleanVariable> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::BooleanVariable, 15, "BooleanVariable",
                                         ":BooleanVar"};
   static constexpr auto omitted = kContentTags;
@@ -209,8 +190,7 @@ struct Description<BooleanVariable> {
       std::tuple{Attribute{67, ":OrigValue", &BooleanVariable::OriginalValue, kOriginalValue}};
 };
 template <>
-struct Description<IntegerVariable> {
-  using Parents = Classes<Ingredient>;
+struct Description<IntegerVariable> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::IntegerVariable, 16, "IntegerVariable",
                                         ":IntegerVar"};
   static constexpr auto omitted = kContentTags;
@@ -218,8 +198,7 @@ struct Description<IntegerVariable> {
       std::tuple{Attribute{67, ":OrigValue", &IntegerVariable::OriginalValue, kOriginalValue}};
 };
 template <>
-struct Description<OctetStringVariable> {
-  using Parents = Classes<Ingredient>;
+struct Description<OctetStringVariable> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::OctetStringVariable, 17, "OctetStringVariable",
                                         ":OStringVar"};
   static constexpr auto omitted = kContentTags;
@@ -227,8 +206,7 @@ struct Description<OctetStringVariable> {
       std::tuple{Attribute{67, ":OrigValue", &OctetStringVariable::OriginalValue, kOriginalValue}};
 };
 template <>
-struct Description<ObjectRefVariable> {
-  using Parents = Classes<Ingredient>;
+struct Description<ObjectRefVariable> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::ObjectRefVariable, 18, "ObjectRefVariable",
                                         ":ObjectRefVar"};
   static constexpr auto omitted = kContentTags;
@@ -237,8 +215,7 @@ struct Description<ObjectRefVariable> {
       Form{.innerTag = 68, .innerKeyword = ":ObjectRef", .name = "Value", .isRequired = true}}};
 };
 template <>
-struct Description<ContentRefVariable> {
-  using Parents = Classes<Ingredient>;
+struct Description<ContentRefVariable> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::ContentRefVariable, 19, "ContentRefVariable",
                                         ":ContentRefVar"};
   static constexpr auto omitted = kContentTags;
@@ -248,8 +225,7 @@ struct Description<ContentRefVariable> {
 };
 
 template <>
-struct Description<TokenGroup> {
-  using Parents = Classes<Ingredient>;
+struct Description<TokenGroup> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::TokenGroup, 33, "TokenGroup", ":TokenGroup"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
@@ -258,8 +234,7 @@ struct Description<TokenGroup> {
                  Attribute{72, ":NoTokenActionSlots", &TokenGroup::NoTokenActionSlots}};
 };
 template <>
-struct Description<ListGroup> {
-  using Parents = Classes<TokenGroup>;
+struct Description<ListGroup> : Extends<TokenGroup> {
   static constexpr ClassHeading heading{ItemType::ListGroup, 34, "ListGroup", ":ListGroup"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
@@ -271,8 +246,7 @@ struct Description<ListGroup> {
 // ---- Visibles ----
 
 template <>
-struct Description<Visible> {
-  using Parents = Classes<Ingredient>;
+struct Description<Visible> : Extends<Ingredient> {
   static constexpr auto attributes =
       std::tuple{Attribute{76, ":OrigBoxSize", &Visible::OriginalBoxSize, kRequired},
                  Attribute{77, ":OrigPosition", &Visible::OriginalPosition},
@@ -281,8 +255,7 @@ struct Description<Visible> {
 };
 
 template <>
-struct Description<Bitmap> {
-  using Parents = Classes<Visible>;
+struct Description<Bitmap> : Extends<Visible> {
   static constexpr ClassHeading heading{ItemType::Bitmap, 22, "Bitmap", ":Bitmap"};
   static constexpr auto attributes =
       std::tuple{Attribute{79, ":Tiling", &Bitmap::Tiling},
@@ -290,8 +263,7 @@ struct Description<Bitmap> {
 };
 
 template <>
-struct Description<LineArt> {
-  using Parents = Classes<Visible>;
+struct Description<LineArt> : Extends<Visible> {
   static constexpr ClassHeading heading{ItemType::LineArt, 23, "LineArt", ":LineArt"};
   static constexpr auto attributes =
       std::tuple{Attribute{81, ":BBBox", &LineArt::BorderedBoundingBox},
@@ -301,30 +273,24 @@ struct Description<LineArt> {
                  Attribute{85, ":OrigRefFillColour", &LineArt::OriginalRefFillColour}};
 };
 template <>
-struct Description<DynamicLineArt> {
-  using Parents = Classes<LineArt>;
+struct Description<DynamicLineArt> : Extends<LineArt> {
   static constexpr ClassHeading heading{ItemType::DynamicLineArt, 24, "DynamicLineArt",
                                         ":DynamicLineArt"};
-  static constexpr auto attributes = std::tuple{};
 };
 template <>
-struct Description<Rectangle> {
-  using Parents = Classes<LineArt>;
+struct Description<Rectangle> : Extends<LineArt> {
   static constexpr ClassHeading heading{ItemType::Rectangle, 25, "Rectangle", ":Rectangle"};
-  static constexpr auto attributes = std::tuple{};
 };
 
 template <>
-struct Description<Interactible> {
-  using Parents = Classes<>;
+struct Description<Interactible> : Extends<> {
   static constexpr auto attributes =
       std::tuple{Attribute{101, ":EngineResp", &Interactible::EngineResp},
                  Attribute{49, ":HighlightRefColour", &Interactible::HighlightRefColour}};
 };
 
 template <>
-struct Description<Text> {
-  using Parents = Classes<Visible>;
+struct Description<Text> : Extends<Visible> {
   static constexpr ClassHeading heading{ItemType::Text, 29, "Text", ":Text"};
   static constexpr auto attributes =
       std::tuple{Attribute{86, ":OrigFont", &Text::OriginalFont, Form{.name = "Font"}},
@@ -339,8 +305,7 @@ struct Description<Text> {
                  Attribute{91, ":TextWrapping", &Text::TextWrapping}};
 };
 template <>
-struct Description<EntryField> {
-  using Parents = Classes<Text, Interactible>;
+struct Description<EntryField> : Extends<Text, Interactible> {
   static constexpr ClassHeading heading{ItemType::EntryField, 30, "EntryField", ":EntryField"};
   static constexpr auto attributes =
       std::tuple{Attribute{109, ":InputType", &EntryField::InputType},
@@ -349,28 +314,22 @@ struct Description<EntryField> {
                  Attribute{112, ":MaxLength", &EntryField::MaxLength}};
 };
 template <>
-struct Description<HyperText> {
-  using Parents = Classes<Text, Interactible>;
+struct Description<HyperText> : Extends<Text, Interactible> {
   static constexpr ClassHeading heading{ItemType::HyperText, 31, "HyperText", ":HyperText"};
-  static constexpr auto attributes = std::tuple{};
 };
 
 template <>
-struct Description<Button> {
-  using Parents = Classes<Visible, Interactible>;
+struct Description<Button> : Extends<Visible, Interactible> {
   static constexpr auto attributes =
       std::tuple{Attribute{48, ":ButtonRefColour", &Button::ButtonRefColour}};
 };
 template <>
-struct Description<HotSpot> {
-  using Parents = Classes<Button>;
+struct Description<HotSpot> : Extends<Button> {
   static constexpr ClassHeading heading{ItemType::HotSpot, 26, "HotSpot", ":HotSpot"};
   static constexpr auto omitted = kContentTags;
-  static constexpr auto attributes = std::tuple{};
 };
 template <>
-struct Description<PushButton> {
-  using Parents = Classes<Button>;
+struct Description<PushButton> : Extends<Button> {
   static constexpr ClassHeading heading{ItemType::PushButton, 28, "PushButton", ":PushButton"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
@@ -378,8 +337,7 @@ struct Description<PushButton> {
                  Attribute{38, ":CharacterSet", &PushButton::CharacterSet}};
 };
 template <>
-struct Description<SwitchButton> {
-  using Parents = Classes<PushButton>;
+struct Description<SwitchButton> : Extends<PushButton> {
   static constexpr ClassHeading heading{ItemType::SwitchButton, 27, "SwitchButton",
                                         ":SwitchButton"};
   static constexpr auto omitted = kContentTags;
@@ -388,8 +346,7 @@ struct Description<SwitchButton> {
 };
 
 template <>
-struct Description<Slider> {
-  using Parents = Classes<Visible, Interactible>;
+struct Description<Slider> : Extends<Visible, Interactible> {
   static constexpr ClassHeading heading{ItemType::Slider, 32, "Slider", ":Slider"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
@@ -406,16 +363,14 @@ struct Description<Slider> {
 // ---- Streams ----
 
 template <>
-struct Description<Stream> {
-  using Parents = Classes<Ingredient>;
+struct Description<Stream> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::Stream, 21, "Stream", ":Stream"};
   static constexpr auto attributes = std::tuple{
       Attribute{92, ":Multiplex", &Stream::Multiplex, kRequired},
       Attribute{93, ":Storage", &Stream::Storage}, Attribute{94, ":Looping", &Stream::Looping}};
 };
 template <>
-struct Description<Audio> {
-  using Parents = Classes<Ingredient>;
+struct Description<Audio> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::Audio, 95, "Audio", ":Audio"};
   static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag};
   static constexpr auto attributes =
@@ -423,8 +378,7 @@ struct Description<Audio> {
                  Attribute{99, ":OrigVolume", &Audio::OriginalVolume}};
 };
 template <>
-struct Description<Video> {
-  using Parents = Classes<Visible>;
+struct Description<Video> : Extends<Visible> {
   static constexpr ClassHeading heading{ItemType::Video, 96, "Video", ":Video"};
   static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag,
                                          kOriginalPaletteRefTag};
@@ -433,8 +387,7 @@ struct Description<Video> {
                  Attribute{100, ":Termination", &Video::Termination}};
 };
 template <>
-struct Description<RTGraphics> {
-  using Parents = Classes<Visible>;
+struct Description<RTGraphics> : Extends<Visible> {
   static constexpr ClassHeading heading{ItemType::RTGraphics, 97, "RTGraphics", ":RTGraphics"};
   static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag};
   static constexpr auto attributes =

@@ -64,8 +64,15 @@ struct ClassHeading {
 template <class... Records>
 struct Classes {};
 
-// Specialised in class_tables.h for every class:
-//   using Parents = Classes<...>;                 whose attributes come first
+// The base of a Description: the classes whose attributes come first. The class has none of its own
+// unless it lists some.
+template <class... Records>
+struct Extends {
+  using Parents = Classes<Records...>;
+  static constexpr auto attributes = std::tuple{};
+};
+
+// Specialised in class_tables.h for every class, with Extends<...> as its base:
 //   static constexpr auto attributes = std::tuple{Attribute{...}, ...};
 //   static constexpr ClassHeading heading{...};   only for classes that objects are made of
 //   static constexpr auto omitted = ...;          tags of the parents that the class does not have

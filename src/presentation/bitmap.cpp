@@ -8,7 +8,6 @@
 #include "presentation/picture.h"
 
 namespace korvel {
-
 namespace {
 
 // The content hook of MPEG-2 I-frames. All other content is recognised by its bytes.

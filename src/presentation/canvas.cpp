@@ -12,7 +12,6 @@
 #include "objects/sequence.h"
 
 namespace korvel {
-
 namespace {
 
 constexpr std::int32_t kFullTurn = 360;

@@ -15,7 +15,6 @@
 #include "presentation/state.h"
 
 namespace korvel {
-
 namespace {
 
 // The function of the host's library. Fills the buffer that `buffer` points to with the frame's

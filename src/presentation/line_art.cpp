@@ -11,7 +11,6 @@
 #include "presentation/state.h"
 
 namespace korvel {
-
 namespace {
 
 Gdiplus::GpDashStyle DashStyleOf(const LineAttributes& line, double length) {

@@ -6,7 +6,6 @@
 #include "presentation/state.h"
 
 namespace korvel {
-
 namespace {
 
 // A stream over the block, released with the last picture that reads from it.

@@ -11,7 +11,6 @@
 #include "presentation/state.h"
 
 namespace korvel {
-
 namespace {
 
 // Four of every five requests are dropped: a cheap limit on how often content makes us paint.

@@ -11,7 +11,6 @@
 #include "presentation/text.h"
 
 namespace korvel {
-
 namespace {
 
 constexpr std::int32_t kNumberWidth = 30;

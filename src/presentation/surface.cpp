@@ -17,7 +17,6 @@
 #include "presentation/text.h"
 
 namespace korvel {
-
 namespace {
 
 constexpr Gdiplus::ARGB kOpaqueBlack = 0xFF000000;

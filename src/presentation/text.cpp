@@ -18,7 +18,6 @@
 #include "presentation/state.h"
 
 namespace korvel {
-
 namespace {
 
 // ---- Fonts ----

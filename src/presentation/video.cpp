@@ -9,7 +9,6 @@
 #include "presentation/state.h"
 
 namespace korvel {
-
 namespace {
 
 // Only the first bytes of a name are compared.

@@ -11,7 +11,7 @@ namespace {
 template <class Variable>
 Variable* FindVariable(const Arguments& arguments, std::size_t place, ItemType type) {
   const FoundObject found = Find(arguments, arguments.Reference(place));
-  return found.Type == type ? &found.As<Variable>() : nullptr;
+  return found.type == type ? &found.As<Variable>() : nullptr;
 }
 
 IntegerVariable* FindInteger(const Arguments& arguments, std::size_t place) {

@@ -12,7 +12,7 @@ namespace {
 Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& number) {
   GenericValue value;
   const Status status =
-      ReadValueOfKind(arguments, arguments.Given->At(place), ValueKind::Integer, value);
+      ReadValueOfKind(arguments, arguments.given->At(place), ValueKind::Integer, value);
   if (status == Status::Done && value.Kind == ValueKind::Integer) number = value.Integer;
   return status;
 }
@@ -21,7 +21,7 @@ Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& n
 // every reading does; the object gets the path.
 Status ReadContent(const Arguments& arguments, ContentBody& content) {
   GenericValue value;
-  Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::Fetch, value);
+  Status status = ReadValue(arguments, *arguments.given->At(0), ContentLoading::Fetch, value);
   if (status != Status::Done) return status;
   content.IsReferenced = value.Kind == ValueKind::ContentReference;
   if (!content.IsReferenced && value.Kind != ValueKind::OctetString) return Status::Refused;
@@ -61,12 +61,12 @@ Status SetData(const Arguments& arguments) {
   ContentBody content;
   const Status status = ReadContent(arguments, content);
   if (status != Status::Done) return status;
-  auto& target = arguments.Target.As<Ingredient>();
+  auto& target = arguments.target.As<Ingredient>();
   target.Content = std::move(content);
-  switch (arguments.Target.Type) {
-  case ItemType::HyperText: ForgetChosenAnchor(arguments.Target.As<HyperText>()); [[fallthrough]];
+  switch (arguments.target.type) {
+  case ItemType::HyperText: ForgetChosenAnchor(arguments.target.As<HyperText>()); [[fallthrough]];
   case ItemType::Text:
-  case ItemType::EntryField: return ShowText(arguments.Target.As<Text>());
+  case ItemType::EntryField: return ShowText(arguments.target.As<Text>());
   case ItemType::Bitmap: return RedrawIfRunning(target);
   default: return Status::Done;
   }

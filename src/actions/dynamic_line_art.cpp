@@ -14,7 +14,7 @@ namespace korvel {
 namespace {
 
 DynamicLineArt& TargetOf(const Arguments& arguments) {
-  return arguments.Target.As<DynamicLineArt>();
+  return arguments.target.As<DynamicLineArt>();
 }
 
 constexpr std::int32_t Narrow(std::int64_t number) {
@@ -72,7 +72,7 @@ Status PaintArc(const Arguments& arguments, ArcForm form) {
 Status ReadPoints(const Arguments& arguments, Sequence<CanvasPoint>& points) {
   bool hasX = false;
   std::int32_t x = 0;
-  for (const GenericValue& given : *arguments.Given) {
+  for (const GenericValue& given : *arguments.given) {
     GenericValue value;
     const Status status = ReadValueOfKind(arguments, &given, ValueKind::Integer, value);
     if (status != Status::Done) return status;

@@ -9,7 +9,7 @@
 namespace korvel {
 namespace {
 
-EntryField& TargetOf(const Arguments& arguments) { return arguments.Target.As<EntryField>(); }
+EntryField& TargetOf(const Arguments& arguments) { return arguments.target.As<EntryField>(); }
 
 std::size_t EntryPlace(const EntryField& field) {
   return static_cast<std::size_t>(field.EntryPoint);

@@ -14,7 +14,7 @@ bool ReadGroupName(const Asker& asker, const GenericValue& target, OctetString& 
     return name.Assign(group.IsPresent() ? group.View() : asker.groupName);
   }
   const FoundObject variable = Find(asker, target.Reference);
-  return variable.Type == ItemType::OctetStringVariable &&
+  return variable.type == ItemType::OctetStringVariable &&
          name.Assign(variable.As<OctetStringVariable>().Value.View());
 }
 
@@ -23,7 +23,7 @@ bool ReadGroupNameOrReference(const Asker& asker, const GenericValue& target, Oc
   if (ReadGroupName(asker, target, name)) return true;
   if (!IsIndirect(target)) return false;
   const FoundObject variable = Find(asker, target.Reference);
-  return variable.Type == ItemType::ObjectRefVariable &&
+  return variable.type == ItemType::ObjectRefVariable &&
          name.Assign(variable.As<ObjectRefVariable>().Value.GroupIdentifier.View());
 }
 
@@ -33,7 +33,7 @@ Status LaunchTarget(const Arguments& arguments, const GenericValue& target) {
   // A variable of another class gives the empty name, which no file has.
   OctetString name;
   static_cast<void>(ReadGroupName(arguments, target, name));
-  ++CurrentGenerations().Application;
+  ++CurrentGenerations().application;
   // The list ends even if the launch was refused.
   return Launch(name.View()) == Status::Failure ? Status::Failure : Status::Replaced;
 }
@@ -48,7 +48,7 @@ Status SpawnTarget(const Arguments& arguments, const GenericValue& target) {
 Status TransitionToTarget(const Arguments& arguments, const GenericValue& target) {
   OctetString name;
   if (!ReadGroupNameOrReference(arguments, target, name)) return Status::Refused;
-  ++CurrentGenerations().Scene;
+  ++CurrentGenerations().scene;
   return TransitionTo(name.View());
 }
 
@@ -58,29 +58,29 @@ Status QuitApplication() {
 }
 
 Status LockScreen(const Arguments& arguments) {
-  ++arguments.Target.As<Application>().LockCount;
+  ++arguments.target.As<Application>().LockCount;
   return Status::Done;
 }
 
 Status UnlockScreen(const Arguments& arguments) {
-  std::int32_t& lockCount = arguments.Target.As<Application>().LockCount;
+  std::int32_t& lockCount = arguments.target.As<Application>().LockCount;
   if (lockCount == 0) return Status::Done;
   --lockCount;
   return lockCount == 0 ? RequestRedraw() : Status::Done;
 }
 
 Status SetCachePriority(const Arguments& arguments) {
-  arguments.Target.As<Group>().GroupCachePriority = arguments.Integer(0);
+  arguments.target.As<Group>().GroupCachePriority = arguments.Integer(0);
   return Status::Done;
 }
 
 Status SetGroupTimer(const Arguments& arguments) {
   const std::int32_t value = arguments.IsPresent(1) ? arguments.Integer(1) : kNoTimerValue;
-  return SetTimer(arguments.Target.As<Group>(), arguments.Integer(0), value, arguments.Boolean(2));
+  return SetTimer(arguments.target.As<Group>(), arguments.Integer(0), value, arguments.Boolean(2));
 }
 
 Status SetInputRegister(const Arguments& arguments) {
-  auto& scene = arguments.Target.As<Scene>();
+  auto& scene = arguments.target.As<Scene>();
   if (!scene.AvailabilityStatus) return Status::Refused;
   scene.InputEventReg = arguments.Integer(0);
   return Status::Done;
@@ -88,12 +88,12 @@ Status SetInputRegister(const Arguments& arguments) {
 
 Status SendEvent(const Arguments& arguments) {
   EventData data;
-  if (const GenericValue* given = arguments.Given->At(2); given != nullptr) {
+  if (const GenericValue* given = arguments.given->At(2); given != nullptr) {
     GenericValue value;
     const Status status = ReadValue(arguments, *given, ContentLoading::Fetch, value);
     if (status != Status::Done) return status;
-    data.Kind = value.Kind;
-    data.Value =
+    data.kind = value.Kind;
+    data.value =
         value.Kind == ValueKind::Boolean ? static_cast<std::int32_t>(value.Boolean) : value.Integer;
   }
   const ObjectReference& source = arguments.Reference(0);

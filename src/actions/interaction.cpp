@@ -14,24 +14,24 @@ void ForgetIfIn(const Group& group, FoundObject& kept) {
 }
 
 void ForgetIf(const Ingredient& object, FoundObject& kept) {
-  if (kept.Object == &object) kept = {};
+  if (kept.object == &object) kept = {};
 }
 
 Status SwitchHighlightOn(const FoundObject& object) {
   const Status status = RaiseFrom(object.As<Ingredient>(), EventType::HighlightOn);
-  if (status == Status::Done) CurrentClassVariables().HighlightedObject = object;
+  if (status == Status::Done) CurrentClassVariables().highlightedObject = object;
   return status;
 }
 
 Status SwitchHighlightOff(const FoundObject& object) {
   const auto& ingredient = object.As<Ingredient>();
   const Status status = RaiseFrom(ingredient, EventType::HighlightOff);
-  if (status == Status::Done) ForgetIf(ingredient, CurrentClassVariables().HighlightedObject);
+  if (status == Status::Done) ForgetIf(ingredient, CurrentClassVariables().highlightedObject);
   return status;
 }
 
 // The target of an action of this file, which accepts those three classes only.
-Interactible& TargetOf(const Arguments& arguments) { return *InteractibleOf(arguments.Target); }
+Interactible& TargetOf(const Arguments& arguments) { return *InteractibleOf(arguments.target); }
 
 }  // namespace
 
@@ -40,12 +40,12 @@ ClassVariables& CurrentClassVariables() { return classVariables.value; }
 void ResetClassVariables() { CurrentClassVariables() = ClassVariables(); }
 
 void ForgetGroup(const Group& group) {
-  ForgetIfIn(group, CurrentClassVariables().HighlightedObject);
-  ForgetIfIn(group, CurrentClassVariables().InteractingObject);
+  ForgetIfIn(group, CurrentClassVariables().highlightedObject);
+  ForgetIfIn(group, CurrentClassVariables().interactingObject);
 }
 
 Interactible* InteractibleOf(const FoundObject& object) {
-  switch (object.Type) {
+  switch (object.type) {
   case ItemType::EntryField: return &object.As<EntryField>();
   case ItemType::HyperText: return &object.As<HyperText>();
   case ItemType::Slider: return &object.As<Slider>();
@@ -54,40 +54,40 @@ Interactible* InteractibleOf(const FoundObject& object) {
 }
 
 Status SetHighlightStatus(const Arguments& arguments) {
-  const auto& object = arguments.Target.As<Ingredient>();
+  const auto& object = arguments.target.As<Ingredient>();
   Interactible& interactible = TargetOf(arguments);
   const bool isOn = arguments.Boolean(0);
   if (!object.AvailabilityStatus || interactible.HighlightStatus == isOn) return Status::Refused;
   interactible.HighlightStatus = isOn;
-  return isOn ? SwitchHighlightOn(arguments.Target) : SwitchHighlightOff(arguments.Target);
+  return isOn ? SwitchHighlightOn(arguments.target) : SwitchHighlightOff(arguments.target);
 }
 
 Status GetHighlightStatus(const Arguments& arguments) {
-  if (!arguments.Target.Object->AvailabilityStatus) return Status::Refused;
+  if (!arguments.target.object->AvailabilityStatus) return Status::Refused;
   return AnswerBoolean(arguments, 0, TargetOf(arguments).HighlightStatus);
 }
 
 // Only the viewer ends an interaction, or the object's own stop: setting false does nothing.
 Status SetInteractionStatus(const Arguments& arguments) {
-  const auto& object = arguments.Target.As<Ingredient>();
-  FoundObject& inProgress = CurrentClassVariables().InteractingObject;
+  const auto& object = arguments.target.As<Ingredient>();
+  FoundObject& inProgress = CurrentClassVariables().interactingObject;
   const bool canStart = object.AvailabilityStatus && object.RunningStatus && !inProgress;
   if (!arguments.Boolean(0) || !canStart) return Status::Refused;
-  inProgress = arguments.Target;
+  inProgress = arguments.target;
   CurrentClassVariables().chosenAnchor = 0;
   TargetOf(arguments).InteractionStatus = true;
   return Status::Done;
 }
 
 Status GetInteractionStatus(const Arguments& arguments) {
-  if (!arguments.Target.Object->AvailabilityStatus) return Status::Refused;
+  if (!arguments.target.object->AvailabilityStatus) return Status::Refused;
   return AnswerBoolean(arguments, 0, TargetOf(arguments).InteractionStatus);
 }
 
 Status EndInteraction(Ingredient& object, Interactible& interactible) {
   if (!interactible.InteractionStatus) return Status::Done;
   interactible.InteractionStatus = false;
-  ForgetIf(object, CurrentClassVariables().InteractingObject);
+  ForgetIf(object, CurrentClassVariables().interactingObject);
   return RaiseFrom(object, EventType::InteractionCompleted);
 }
 
@@ -96,14 +96,14 @@ void ClearInteraction(const FoundObject& object) {
   if (interactible == nullptr) return;
   interactible->HighlightStatus = false;
   interactible->InteractionStatus = false;
-  ForgetIf(object.As<Ingredient>(), CurrentClassVariables().HighlightedObject);
-  ForgetIf(object.As<Ingredient>(), CurrentClassVariables().InteractingObject);
+  ForgetIf(object.As<Ingredient>(), CurrentClassVariables().highlightedObject);
+  ForgetIf(object.As<Ingredient>(), CurrentClassVariables().interactingObject);
 }
 
 bool TakeInteractionKey(std::int32_t key, Status& result) {
-  const FoundObject object = CurrentClassVariables().InteractingObject;
-  if (!object || !object.Object->RunningStatus) return false;
-  switch (object.Type) {
+  const FoundObject object = CurrentClassVariables().interactingObject;
+  if (!object || !object.object->RunningStatus) return false;
+  switch (object.type) {
   case ItemType::EntryField: return TakeKey(object.As<EntryField>(), key, result);
   case ItemType::HyperText: return TakeKey(object.As<HyperText>(), key, result);
   case ItemType::Slider: return TakeKey(object.As<Slider>(), key, result);

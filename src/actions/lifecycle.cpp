@@ -200,8 +200,8 @@ Status StopIngredient(ItemType type, Ingredient& ingredient) {
 }
 
 Status PreloadTarget(const Arguments& arguments) {
-  auto& target = arguments.Target.As<Ingredient>();
-  const Change change = Prepare(arguments.Target.Type, target);
+  auto& target = arguments.target.As<Ingredient>();
+  const Change change = Prepare(arguments.target.type, target);
   if (change == Change::Failure) return Status::Failure;
   if (IsGone(target)) return Status::Replaced;
   if (change == Change::Nothing) return Status::Done;
@@ -210,34 +210,34 @@ Status PreloadTarget(const Arguments& arguments) {
 }
 
 Status RunTarget(const Arguments& arguments) {
-  return RunIngredient(arguments.Target.Type, arguments.Target.As<Ingredient>());
+  return RunIngredient(arguments.target.type, arguments.target.As<Ingredient>());
 }
 
 Status StopTarget(const Arguments& arguments) {
-  return StopIngredient(arguments.Target.Type, arguments.Target.As<Ingredient>());
+  return StopIngredient(arguments.target.type, arguments.target.As<Ingredient>());
 }
 
 // Calls a program without parameters, or makes a link wait for its event. Raises no event.
 Status ActivateTarget(const Arguments& arguments) {
-  auto& target = arguments.Target.As<Ingredient>();
-  if (Activate(arguments.Target.Type, target) != Change::Changed) return Status::Refused;
-  if (arguments.Target.Type != ItemType::ResidentProgram) return Status::Done;
-  return RunResidentProgram(arguments.Target.As<ResidentProgram>().Name.View(), {},
+  auto& target = arguments.target.As<Ingredient>();
+  if (Activate(arguments.target.type, target) != Change::Changed) return Status::Refused;
+  if (arguments.target.type != ItemType::ResidentProgram) return Status::Done;
+  return RunResidentProgram(arguments.target.As<ResidentProgram>().Name.View(), {},
                             arguments.groupName);
 }
 
 Status DeactivateTarget(const Arguments& arguments) {
-  auto& target = arguments.Target.As<Ingredient>();
-  return Deactivate(arguments.Target.Type, target) == Change::Changed ? Status::Done
+  auto& target = arguments.target.As<Ingredient>();
+  return Deactivate(arguments.target.type, target) == Change::Changed ? Status::Done
                                                                       : Status::Refused;
 }
 
 Status GetAvailabilityStatus(const Arguments& arguments) {
-  return AnswerBoolean(arguments, 0, arguments.Target.Object->AvailabilityStatus);
+  return AnswerBoolean(arguments, 0, arguments.target.object->AvailabilityStatus);
 }
 
 Status GetRunningStatus(const Arguments& arguments) {
-  return AnswerBoolean(arguments, 0, arguments.Target.Object->RunningStatus);
+  return AnswerBoolean(arguments, 0, arguments.target.object->RunningStatus);
 }
 
 }  // namespace korvel

@@ -9,7 +9,7 @@
 namespace korvel {
 namespace {
 
-LineArt& TargetOf(const Arguments& arguments) { return arguments.Target.As<LineArt>(); }
+LineArt& TargetOf(const Arguments& arguments) { return arguments.target.As<LineArt>(); }
 
 Status SetColour(const Arguments& arguments, ColourValue& colour, Message message) {
   if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
@@ -44,7 +44,7 @@ Status AnswerNumber(const Arguments& arguments, std::int32_t attribute) {
 
 Status ReadColour(const Arguments& arguments, ColourValue& colour) {
   GenericValue value;
-  const Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::Fetch, value);
+  const Status status = ReadValue(arguments, *arguments.given->At(0), ContentLoading::Fetch, value);
   if (status != Status::Done) return status;
   if (value.Kind != ValueKind::Integer && value.Kind != ValueKind::OctetString) {
     return Status::Refused;

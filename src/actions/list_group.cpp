@@ -6,7 +6,7 @@
 namespace korvel {
 namespace {
 
-ListGroup& TargetOf(const Arguments& arguments) { return arguments.Target.As<ListGroup>(); }
+ListGroup& TargetOf(const Arguments& arguments) { return arguments.target.As<ListGroup>(); }
 
 // The values that the four events of a list change report.
 struct Outline {
@@ -63,8 +63,8 @@ Status FinishChange(ListGroup& group, const Outline& before) {
 // The item that a reference would become: it has to name a visible of a running group that the list
 // does not hold yet. False otherwise.
 bool MakeItem(const ListGroup& group, const FoundObject& object, ListItem& item) {
-  return IsVisibleClass(object.Type) && PlaceOf(group, object.Object->Reference) == 0 &&
-         Copy(object.Object->Reference, item.AVisible);
+  return IsVisibleClass(object.type) && PlaceOf(group, object.object->Reference) == 0 &&
+         Copy(object.object->Reference, item.AVisible);
 }
 
 }  // namespace

@@ -14,9 +14,9 @@ std::int32_t StartItem(const ListGroup& group) { return std::max(EffectiveFirstI
 Status Place(ListGroup& group, ListItem& item, const Position& cell) {
   item.IsPresented = true;
   const FoundObject found = Find(AskerFor(group), item.AVisible);
-  if (!IsVisibleClass(found.Type)) return Status::Done;
+  if (!IsVisibleClass(found.type)) return Status::Done;
   auto& visible = found.As<Visible>();
-  if (Prepare(found.Type, visible) == Change::Failure) return Status::Failure;
+  if (Prepare(found.type, visible) == Change::Failure) return Status::Failure;
   if (IsGone(group)) return Status::Replaced;
   if (IsGone(visible)) return Status::Done;
   visible.Position = cell;
@@ -25,7 +25,7 @@ Status Place(ListGroup& group, ListItem& item, const Position& cell) {
   const bool isEntered =
       application != nullptr && StackContains(*application, ItemType::None, visible);
   if (isEntered) return Status::Done;
-  const Status status = EnterDisplayStack(found.Type, visible);
+  const Status status = EnterDisplayStack(found.type, visible);
   return status == Status::Failure ? status : Status::Done;
 }
 
@@ -110,9 +110,9 @@ Status LayOut(ListGroup& group) {
 void Withdraw(const ListGroup& group, ListItem& item) {
   item.IsPresented = false;
   const FoundObject found = Find(AskerFor(group), item.AVisible);
-  if (!IsVisibleClass(found.Type)) return;
-  StopSilently(found.Type, found.As<Ingredient>());
-  LeaveDisplayStack(found.Type, found.As<Ingredient>());
+  if (!IsVisibleClass(found.type)) return;
+  StopSilently(found.type, found.As<Ingredient>());
+  LeaveDisplayStack(found.type, found.As<Ingredient>());
 }
 
 Change ActivateListGroup(ListGroup& group) {

@@ -5,7 +5,7 @@
 namespace korvel {
 namespace {
 
-ListGroup& TargetOf(const Arguments& arguments) { return arguments.Target.As<ListGroup>(); }
+ListGroup& TargetOf(const Arguments& arguments) { return arguments.target.As<ListGroup>(); }
 
 // The item that an action's index means; null when it means none. A list that wraps around counts
 // on from its other end, but an index far below it means the first item.

@@ -37,15 +37,15 @@ void LoadContent(ContentRefVariable& variable) {
 // The copy of a value that cannot be copied is empty; the action proceeds with that.
 void CopyVariable(const FoundObject& found, GenericValue& value) {
   if (CopyValue(found, value)) return;
-  Say(found.Type == ItemType::ObjectRefVariable ? Message::NoMemoryForReference
+  Say(found.type == ItemType::ObjectRefVariable ? Message::NoMemoryForReference
                                                 : Message::NoMemoryForOctets);
 }
 
 // The kinds that the values at a place must have. None: behaviours read this place and the later
 // ones themselves. A transition reads neither its connection nor its effect.
 struct EvaluatedKinds {
-  ValueKind First = ValueKind::None;
-  ValueKind Second = ValueKind::None;  // None: one value
+  ValueKind first = ValueKind::None;
+  ValueKind second = ValueKind::None;  // None: one value
 };
 
 constexpr EvaluatedKinds KindsAt(Parameter place) {
@@ -83,7 +83,7 @@ Status EvaluateNext(const Asker& asker, ActionValues& given, ValueKind kind, Gen
 
 Asker AskerFor(const Ingredient& ingredient) {
   const bool isApplications =
-      ingredient.owner != nullptr && ingredient.owner->Type == ItemType::Application;
+      ingredient.owner != nullptr && ingredient.owner->type == ItemType::Application;
   return {isApplications ? Scope::ApplicationFirst : Scope::SceneFirst,
           ingredient.Reference.GroupIdentifier.View()};
 }
@@ -97,14 +97,14 @@ FoundObject Find(const Asker& asker, const ObjectReference& reference) {
 FoundObject FindTarget(const Asker& asker, const GenericValue& target) {
   if (!IsIndirect(target)) return Find(asker, target.Reference);
   const FoundObject variable = Find(asker, target.Reference);
-  if (variable.Type != ItemType::ObjectRefVariable) return {};
+  if (variable.type != ItemType::ObjectRefVariable) return {};
   return Find(asker, variable.As<ObjectRefVariable>().Value);
 }
 
 Status ReadVariable(const Asker& asker, const ObjectReference& reference, ContentLoading loading,
                     GenericValue& value) {
   const FoundObject found = Find(asker, reference);
-  if (found.Type == ItemType::ContentRefVariable && loading == ContentLoading::Fetch) {
+  if (found.type == ItemType::ContentRefVariable && loading == ContentLoading::Fetch) {
     LoadContent(found.As<ContentRefVariable>());
   }
   CopyVariable(found, value);
@@ -139,20 +139,20 @@ Status ReadValueOfKind(const Asker& asker, const GenericValue* given, ValueKind 
 }
 
 Status EvaluateParameters(const ActionRow& row, Arguments& arguments) {
-  ActionValues given(*arguments.Given);
+  ActionValues given(*arguments.given);
   std::size_t place = 0;
   std::size_t evaluated = 0;
   for (const Parameter parameter : row.Syntax()) {
     const bool isRequired = place < row.requiredCount;
     const EvaluatedKinds kinds = KindsAt(parameter);
-    if (kinds.First == ValueKind::None) {
+    if (kinds.first == ValueKind::None) {
       const bool isMissing = isRequired && !IsList(parameter) && given.IsEmpty();
       return isMissing ? Status::Refused : Status::Done;
     }
     ActionValues values = given.TakePlace(parameter);
-    for (const ValueKind kind : {kinds.First, kinds.Second}) {
+    for (const ValueKind kind : {kinds.first, kinds.second}) {
       if (kind == ValueKind::None) break;
-      const Status status = EvaluateNext(arguments, values, kind, arguments.Values[evaluated++]);
+      const Status status = EvaluateNext(arguments, values, kind, arguments.values[evaluated++]);
       if (status != Status::Done) return status;
     }
     if (isRequired && !arguments.IsPresent(place)) return Status::Refused;

@@ -27,23 +27,23 @@ struct Asker {
 
 // The values that an action works with.
 struct Arguments : Asker {
-  FoundObject Target;
+  FoundObject target;
   // The evaluated parameters, by their place in the syntax; kind None where an optional one is
   // absent. Places from the first one on that a behaviour reads in its own way (lists, colours,
   // values of any type) are left out.
-  std::array<GenericValue, kMostParameters> Values;
-  const List<GenericValue>* Given = nullptr;  // the parameters as the action holds them
+  std::array<GenericValue, kMostParameters> values;
+  const List<GenericValue>* given = nullptr;  // the parameters as the action holds them
 
-  [[nodiscard]] std::int32_t Integer(std::size_t place) const { return Values[place].Integer; }
-  [[nodiscard]] bool Boolean(std::size_t place) const { return Values[place].Boolean; }
+  [[nodiscard]] std::int32_t Integer(std::size_t place) const { return values[place].Integer; }
+  [[nodiscard]] bool Boolean(std::size_t place) const { return values[place].Boolean; }
   [[nodiscard]] std::string_view Octets(std::size_t place) const {
-    return Values[place].Octets.View();
+    return values[place].Octets.View();
   }
   [[nodiscard]] const ObjectReference& Reference(std::size_t place) const {
-    return Values[place].Reference;
+    return values[place].Reference;
   }
   [[nodiscard]] bool IsPresent(std::size_t place) const {
-    return Values[place].Kind != ValueKind::None;
+    return values[place].Kind != ValueKind::None;
   }
 };
 

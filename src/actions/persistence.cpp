@@ -28,11 +28,11 @@ Asker PersistentAsker(const Arguments& arguments) {
 Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
   const Asker asker = PersistentAsker(arguments);
   const FoundObject success = Find(asker, arguments.Reference(0));
-  if (success.Type != ItemType::BooleanVariable) return Status::Refused;
+  if (success.type != ItemType::BooleanVariable) return Status::Refused;
   read.success = &success.As<BooleanVariable>();
-  const std::size_t count = arguments.Given->Size();
+  const std::size_t count = arguments.given->Size();
   if (!read.success->AvailabilityStatus || count < 2) return Status::Refused;
-  auto given = arguments.Given->begin();
+  auto given = arguments.given->begin();
   for (std::size_t place = 1; place + 1 < count; ++place) {
     ++given;
     const bool isAdded = MayGoOn() && read.variables.Append(FindTarget(asker, *given));

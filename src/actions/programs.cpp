@@ -6,16 +6,16 @@ namespace korvel {
 namespace {
 
 ResidentProgram& TargetOf(const Arguments& arguments) {
-  return arguments.Target.As<ResidentProgram>();
+  return arguments.target.As<ResidentProgram>();
 }
 
 // Runs the target with the parameters after the success variable, and sets that variable.
 Status RunTargetProgram(const Arguments& arguments) {
   const FoundObject success = Find(arguments, arguments.Reference(0));
-  if (success.Type != ItemType::BooleanVariable) return Status::Refused;
+  if (success.type != ItemType::BooleanVariable) return Status::Refused;
   Sequence<const GenericValue*> parameters;
-  auto given = arguments.Given->begin();
-  for (++given; given != arguments.Given->end(); ++given) {
+  auto given = arguments.given->begin();
+  for (++given; given != arguments.given->end(); ++given) {
     if (!parameters.Append(&*given)) return Status::Failure;
   }
   const Status status =

@@ -143,8 +143,8 @@ Status PerformOne(const Asker& asker, const ActionRow& row, const ElementaryActi
   const Status status = EvaluateParameters(row, arguments);
   if (status != Status::Done) return status;
   if (row.accepts != 0) {
-    arguments.Target = FindTarget(asker, action.Target);
-    if (!Contains(row.accepts, arguments.Target.Type)) return Status::Refused;
+    arguments.target = FindTarget(asker, action.Target);
+    if (!Contains(row.accepts, arguments.target.type)) return Status::Refused;
   }
   return Perform(row.action, arguments, action.Target);
 }
@@ -152,14 +152,14 @@ Status PerformOne(const Asker& asker, const ActionRow& row, const ElementaryActi
 }  // namespace
 
 Status RunActions(Scope scope, const ActionHolder& owner, std::string_view groupName) {
-  if (owner.Actions == nullptr || owner.Actions->IsEmpty()) return Status::Done;
+  if (owner.actions == nullptr || owner.actions->IsEmpty()) return Status::Done;
   const NestingLevel level;
   OctetString name;
   if (!level.IsAllowed() || !name.Assign(WithoutTilde(groupName))) return Status::Failure;
   const Asker asker{scope, name.View()};
   const Generations remembered = CurrentGenerations();
   Status result = Status::Done;
-  for (const ElementaryAction& action : *owner.Actions) {
+  for (const ElementaryAction& action : *owner.actions) {
     if (!TakeAction()) return Status::Failure;
     const ActionRow* row = FindAction(action.ActionType);
     if (row == nullptr) {
@@ -175,7 +175,7 @@ Status RunActions(Scope scope, const ActionHolder& owner, std::string_view group
           row->action == Action::TransitionTo && scope == Scope::SceneFirst;
       return isOwnTransition ? status : Status::Replaced;
     }
-    if (owner.Holder != nullptr && IsGone(*owner.Holder)) return Status::Replaced;
+    if (owner.holder != nullptr && IsGone(*owner.holder)) return Status::Replaced;
   }
   return result;
 }

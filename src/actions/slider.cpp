@@ -4,7 +4,7 @@
 namespace korvel {
 namespace {
 
-Slider& TargetOf(const Arguments& arguments) { return arguments.Target.As<Slider>(); }
+Slider& TargetOf(const Arguments& arguments) { return arguments.target.As<Slider>(); }
 
 bool IsProportional(const Slider& slider) {
   return slider.SliderStyle == SliderStyle::Proportional;
@@ -34,8 +34,8 @@ Status Step(Slider& slider, std::int32_t steps) {
 
 // The keys along the bar: the one towards its growing end, and the other.
 struct StepKeys {
-  std::int32_t Up = 0;
-  std::int32_t Down = 0;
+  std::int32_t up = 0;
+  std::int32_t down = 0;
 };
 
 constexpr StepKeys KeysOf(Orientation orientation) {
@@ -54,9 +54,9 @@ bool TakeKey(Slider& slider, std::int32_t key, Status& result) {
   const StepKeys steps = KeysOf(slider.Orientation);
   if (key == keys::kSelect || key == keys::kCancel) {
     result = EndInteraction(slider, slider);
-  } else if (key == steps.Up) {
+  } else if (key == steps.up) {
     result = Step(slider, 1);
-  } else if (key == steps.Down) {
+  } else if (key == steps.down) {
     result = Step(slider, -1);
   } else {
     return false;

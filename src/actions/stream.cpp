@@ -59,7 +59,7 @@ Change DeactivateStream(Stream& stream) {
 
 // The absent position removes an existing trigger, but a new trigger may have it like any other.
 Status SetCounterTrigger(const Arguments& arguments) {
-  List<CounterTrigger>& triggers = arguments.Target.As<Stream>().CounterTriggers;
+  List<CounterTrigger>& triggers = arguments.target.As<Stream>().CounterTriggers;
   const std::int32_t identifier = arguments.Integer(0);
   const std::int32_t position = arguments.IsPresent(1) ? arguments.Integer(1) : kAbsentPosition;
   const auto isMeant = [identifier](const CounterTrigger& trigger) {
@@ -75,29 +75,29 @@ Status SetCounterTrigger(const Arguments& arguments) {
 }
 
 Status SetVolume(const Arguments& arguments) {
-  arguments.Target.As<Audio>().Volume = arguments.Integer(0);
+  arguments.target.As<Audio>().Volume = arguments.Integer(0);
   return Status::Done;
 }
 
 Status GetVolume(const Arguments& arguments) {
-  return AnswerInteger(arguments, 0, arguments.Target.As<Audio>().Volume);
+  return AnswerInteger(arguments, 0, arguments.target.As<Audio>().Volume);
 }
 
 // A negative size makes the video unscaled in that direction; a bitmap refuses one.
 Status ScaleVideo(const Arguments& arguments) {
-  auto& video = arguments.Target.As<Video>();
+  auto& video = arguments.target.As<Video>();
   if (!video.AvailabilityStatus) return Status::Refused;
   video.ScaledSize = {arguments.Integer(0), arguments.Integer(1)};
   return RedrawIfRunning(video);
 }
 
 Status SetVideoDecodeOffset(const Arguments& arguments) {
-  arguments.Target.As<Video>().DecodeOffset = {arguments.Integer(0), arguments.Integer(1)};
+  arguments.target.As<Video>().DecodeOffset = {arguments.Integer(0), arguments.Integer(1)};
   return Status::Done;
 }
 
 Status GetVideoDecodeOffset(const Arguments& arguments) {
-  const Position& offset = arguments.Target.As<Video>().DecodeOffset;
+  const Position& offset = arguments.target.As<Video>().DecodeOffset;
   return AnswerPair(arguments, offset.X, offset.Y);
 }
 

@@ -7,7 +7,7 @@
 namespace korvel {
 namespace {
 
-Text& TargetOf(const Arguments& arguments) { return arguments.Target.As<Text>(); }
+Text& TargetOf(const Arguments& arguments) { return arguments.target.As<Text>(); }
 
 }  // namespace
 
@@ -20,7 +20,7 @@ Status GetTextContent(const Arguments& arguments) {
 // The text that the object shows. Every reading prints its length to standard output.
 Status GetTextData(const Arguments& arguments) {
   const FoundObject variable = Find(arguments, arguments.Reference(0));
-  if (variable.Type != ItemType::OctetStringVariable) return Status::Refused;
+  if (variable.type != ItemType::OctetStringVariable) return Status::Refused;
   const std::string_view text = TargetOf(arguments).TextData.View();
   Say(Message::TextLength, static_cast<int>(text.size()));
   return AnswerOctets(arguments, 0, text, Message::NoMemoryForTextVariable);
@@ -29,7 +29,7 @@ Status GetTextData(const Arguments& arguments) {
 // A font name, or a Font object.
 Status SetFontRef(const Arguments& arguments) {
   GenericValue value;
-  const Status status = ReadValue(arguments, *arguments.Given->At(0), ContentLoading::Fetch, value);
+  const Status status = ReadValue(arguments, *arguments.given->At(0), ContentLoading::Fetch, value);
   if (status != Status::Done) return status;
   if (value.Kind != ValueKind::OctetString && value.Kind != ValueKind::ObjectReference) {
     return Status::Refused;

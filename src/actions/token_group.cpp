@@ -7,7 +7,7 @@
 namespace korvel {
 namespace {
 
-TokenGroup& TargetOf(const Arguments& arguments) { return arguments.Target.As<TokenGroup>(); }
+TokenGroup& TargetOf(const Arguments& arguments) { return arguments.target.As<TokenGroup>(); }
 
 // The value at a 1-based place; null below and past the list.
 template <class T>
@@ -41,7 +41,7 @@ Status ForMembers(TokenGroup& group, Handle&& handle) {
 
 Change ActivateTokenGroup(TokenGroup& group) {
   const Status status = ForMembers(group, [](const FoundObject& member) {
-    if (IsVisibleClass(member.Type)) return RunIngredient(member.Type, member.As<Ingredient>());
+    if (IsVisibleClass(member.type)) return RunIngredient(member.type, member.As<Ingredient>());
     Say(Message::TokenGroupActivationError);
     return Status::Done;
   });
@@ -59,8 +59,8 @@ Change DeactivateTokenGroup(TokenGroup& group) {
       RaiseFrom(group, EventType::TokenMovedFrom, EventData::Integer(group.TokenPosition));
   if (status != Status::Done) return ChangeOf(status);
   status = ForMembers(group, [&group](const FoundObject& member) {
-    if (group.RunningStatus || !IsVisibleClass(member.Type)) return Status::Done;
-    return StopIngredient(member.Type, member.As<Ingredient>());
+    if (group.RunningStatus || !IsVisibleClass(member.type)) return Status::Done;
+    return StopIngredient(member.type, member.As<Ingredient>());
   });
   const bool isRunAgain = status == Status::Done && group.RunningStatus;
   return isRunAgain ? Change::Nothing : ChangeOf(status);

@@ -86,7 +86,7 @@ Status Set(ContentRefVariable& variable, GenericValue& value, bool isIndirect) {
 // Replaces the value of the integer variable that is the target.
 template <class Calculate>
 Status Calculated(const Arguments& arguments, Calculate&& calculate) {
-  auto& variable = arguments.Target.As<IntegerVariable>();
+  auto& variable = arguments.target.As<IntegerVariable>();
   return SetValue(variable, calculate(variable.Value, arguments.Integer(0)));
 }
 
@@ -145,7 +145,7 @@ constexpr bool ComparesWith(ItemType type, ValueKind kind) {
 }  // namespace
 
 bool CopyValue(const FoundObject& found, GenericValue& value) {
-  value.Kind = KindOf(found.Type);
+  value.Kind = KindOf(found.type);
   return VisitVariable(found, true, [&value](const auto& variable) {
     const auto& from = ValueOf(variable);
     auto& to = FieldOf(value, from);
@@ -161,10 +161,10 @@ bool CopyValue(const FoundObject& found, GenericValue& value) {
 }
 
 Status SetVariable(const Arguments& arguments) {
-  const FoundObject& target = arguments.Target;
-  const GenericValue& given = *arguments.Given->At(0);
+  const FoundObject& target = arguments.target;
+  const GenericValue& given = *arguments.given->At(0);
   // One content reference is set from another without fetching what it names.
-  const ContentLoading loading = target.Type == ItemType::ContentRefVariable
+  const ContentLoading loading = target.type == ItemType::ContentRefVariable
                                      ? ContentLoading::LeaveOut
                                      : ContentLoading::Fetch;
   GenericValue value;
@@ -175,7 +175,7 @@ Status SetVariable(const Arguments& arguments) {
 }
 
 Status TestVariable(const Arguments& arguments) {
-  const GenericValue& given = *arguments.Given->At(1);
+  const GenericValue& given = *arguments.given->At(1);
   GenericValue operand;
   const Status status = ReadValue(arguments, given, ContentLoading::Fetch, operand);
   if (status != Status::Done) return status;
@@ -183,11 +183,11 @@ Status TestVariable(const Arguments& arguments) {
   if (IsIndirect(given) && operand.Kind == ValueKind::ContentReference) {
     CountEndingZero(operand.Octets);
   }
-  if (!ComparesWith(arguments.Target.Type, operand.Kind)) return Status::Refused;
-  const bool result = VisitVariable(arguments.Target, false, [&](const auto& variable) {
+  if (!ComparesWith(arguments.target.type, operand.Kind)) return Status::Refused;
+  const bool result = VisitVariable(arguments.target, false, [&](const auto& variable) {
     return IsTrue(ValueOf(variable), static_cast<Comparison>(arguments.Integer(0)), operand);
   });
-  return RaiseFrom(arguments.Target.As<Ingredient>(), EventType::TestEvent,
+  return RaiseFrom(arguments.target.As<Ingredient>(), EventType::TestEvent,
                    EventData::Boolean(result));
 }
 
@@ -224,7 +224,7 @@ Status Modulo(const Arguments& arguments) {
 }
 
 Status Append(const Arguments& arguments) {
-  auto& variable = arguments.Target.As<OctetStringVariable>();
+  auto& variable = arguments.target.As<OctetStringVariable>();
   if (!variable.AvailabilityStatus) return Status::Refused;
   const std::string_view added = arguments.Octets(0);
   const bool isTooLong = added.size() + variable.Value.Length() > kLongestString;

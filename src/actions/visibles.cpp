@@ -6,38 +6,38 @@
 namespace korvel {
 namespace {
 
-Visible& TargetOf(const Arguments& arguments) { return arguments.Target.As<Visible>(); }
+Visible& TargetOf(const Arguments& arguments) { return arguments.target.As<Visible>(); }
 
 // The object that a stacking action names besides its target; null when it is no ingredient.
 const Ingredient* FindReference(const Arguments& arguments) {
   const FoundObject found = Find(arguments, arguments.Reference(0));
-  return found.Type < ItemType::Link ? nullptr : &found.As<Ingredient>();
+  return found.type < ItemType::Link ? nullptr : &found.As<Ingredient>();
 }
 
 constexpr std::int32_t kMostTransparent = 100;  // per cent
 
-Bitmap& BitmapOf(const Arguments& arguments) { return arguments.Target.As<Bitmap>(); }
+Bitmap& BitmapOf(const Arguments& arguments) { return arguments.target.As<Bitmap>(); }
 
 }  // namespace
 
 Status BringTargetToFront(const Arguments& arguments) {
-  return BringToFront(arguments.Target.Type, TargetOf(arguments));
+  return BringToFront(arguments.target.type, TargetOf(arguments));
 }
 
 Status SendTargetToBack(const Arguments& arguments) {
-  return SendToBack(arguments.Target.Type, TargetOf(arguments));
+  return SendToBack(arguments.target.type, TargetOf(arguments));
 }
 
 Status PutTargetBefore(const Arguments& arguments) {
   const Ingredient* reference = FindReference(arguments);
   if (reference == nullptr) return Status::Refused;
-  return PutBefore(arguments.Target.Type, TargetOf(arguments), *reference);
+  return PutBefore(arguments.target.type, TargetOf(arguments), *reference);
 }
 
 Status PutTargetBehind(const Arguments& arguments) {
   const Ingredient* reference = FindReference(arguments);
   if (reference == nullptr) return Status::Refused;
-  return PutBehind(arguments.Target.Type, TargetOf(arguments), *reference);
+  return PutBehind(arguments.target.type, TargetOf(arguments), *reference);
 }
 
 Status SetPosition(const Arguments& arguments) {

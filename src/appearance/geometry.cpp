@@ -13,9 +13,9 @@ namespace {
 
 // One side of the square: a point p is inside if p.X * X + p.Y * Y <= Far.
 struct Side {
-  double X;
-  double Y;
-  double Far;
+  double x;
+  double y;
+  double far;
 };
 
 std::array<Side, 4> SidesOf(std::int64_t farthest) {
@@ -25,7 +25,7 @@ std::array<Side, 4> SidesOf(std::int64_t farthest) {
 
 // The distance of a point outside a side; 0 or less inside.
 double Outside(const CanvasPoint& point, const Side& side) {
-  return point.X * side.X + point.Y * side.Y - side.Far;
+  return point.x * side.x + point.y * side.y - side.far;
 }
 
 // The point where the line between an inner and an outer point crosses the side.
@@ -35,7 +35,7 @@ CanvasPoint Crossing(const CanvasPoint& from, const CanvasPoint& to, const Side&
   const auto between = [share](double start, double end) {
     return static_cast<std::int32_t>(std::lround(start + (end - start) * share));
   };
-  return {between(from.X, to.X), between(from.Y, to.Y)};
+  return {between(from.x, to.x), between(from.y, to.y)};
 }
 
 [[nodiscard]] bool ClipToSide(std::span<const CanvasPoint> points, const Side& side,
@@ -67,11 +67,11 @@ void NarrowToSide(double start, double end, double& first, double& last) {
 }  // namespace
 
 std::int32_t DrawnWidth(const LineAttributes& line) {
-  return line.Width < 0 ? 0 : NearCoordinate(line.Width);
+  return line.width < 0 ? 0 : NearCoordinate(line.width);
 }
 
 Dashes DashesOf(const LineAttributes& line) {
-  switch (line.Style) {
+  switch (line.style) {
   case LineStyle::Dashed: return Dashes::Long;
   case LineStyle::Dotted: return Dashes::Short;
   case LineStyle::Solid: break;
@@ -88,7 +88,7 @@ bool HasTooManyDashes(const LineAttributes& line, double length) {
   return DashPeriod(line) > 0 && length > kMostDashes * DashPeriod(line);
 }
 
-double LinePart::Length() const { return std::hypot(ToX - FromX, ToY - FromY); }
+double LinePart::Length() const { return std::hypot(toX - fromX, toY - fromY); }
 
 bool ClipLine(const CanvasPoint& from, const CanvasPoint& to, std::int64_t farthest, double period,
               LinePart& part) {
@@ -98,11 +98,11 @@ bool ClipLine(const CanvasPoint& from, const CanvasPoint& to, std::int64_t farth
     NarrowToSide(Outside(from, side), Outside(to, side), first, last);
   }
   if (first > last) return false;
-  const double wayX = static_cast<double>(to.X) - from.X;
-  const double wayY = static_cast<double>(to.Y) - from.Y;
+  const double wayX = static_cast<double>(to.x) - from.x;
+  const double wayY = static_cast<double>(to.y) - from.y;
   const double length = std::hypot(wayX, wayY);
   if (first > 0 && period > 0) first = std::floor(first * length / period) * period / length;
-  part = {from.X + wayX * first, from.Y + wayY * first, from.X + wayX * last, from.Y + wayY * last};
+  part = {from.x + wayX * first, from.y + wayY * first, from.x + wayX * last, from.y + wayY * last};
   return true;
 }
 

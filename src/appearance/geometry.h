@@ -30,14 +30,14 @@ inline constexpr std::int64_t kFarthestCoordinate = 32000;
 // A rectangle by its edges; the right and bottom edges are one past the last pixel. Empty unless
 // each edge is beyond its opposite.
 struct Box {
-  std::int32_t Left = 0;
-  std::int32_t Top = 0;
-  std::int32_t Right = 0;
-  std::int32_t Bottom = 0;
+  std::int32_t left = 0;
+  std::int32_t top = 0;
+  std::int32_t right = 0;
+  std::int32_t bottom = 0;
 
-  [[nodiscard]] constexpr std::int32_t Width() const { return Right - Left; }
-  [[nodiscard]] constexpr std::int32_t Height() const { return Bottom - Top; }
-  [[nodiscard]] constexpr bool IsEmpty() const { return Right <= Left || Bottom <= Top; }
+  [[nodiscard]] constexpr std::int32_t Width() const { return right - left; }
+  [[nodiscard]] constexpr std::int32_t Height() const { return bottom - top; }
+  [[nodiscard]] constexpr bool IsEmpty() const { return right <= left || bottom <= top; }
 };
 
 [[nodiscard]] constexpr Box BoxBetween(std::int64_t left, std::int64_t top, std::int64_t right,
@@ -74,10 +74,10 @@ enum class Dashes : std::int32_t { None = 0, Short = 1, Long = 3 };
 
 // A part of a line; it may begin and end between pixels.
 struct LinePart {
-  double FromX = 0;
-  double FromY = 0;
-  double ToX = 0;
-  double ToY = 0;
+  double fromX = 0;
+  double fromY = 0;
+  double toX = 0;
+  double toY = 0;
 
   [[nodiscard]] double Length() const;
 };

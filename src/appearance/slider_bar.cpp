@@ -42,8 +42,8 @@ class Track {
   [[nodiscard]] Box Between(std::int64_t one, std::int64_t other) const {
     const auto [from, to] = std::minmax({one, other});
     Box box = BoxOf(slider_);
-    (isUpright_ ? box.Top : box.Left) = NearCoordinate(from);
-    (isUpright_ ? box.Bottom : box.Right) = NearCoordinate(to);
+    (isUpright_ ? box.top : box.left) = NearCoordinate(from);
+    (isUpright_ ? box.bottom : box.right) = NearCoordinate(to);
     return box;
   }
 

@@ -74,8 +74,8 @@ bool RemoveControlSequences(std::string_view text, OctetString& clean) {
 FontAttributes ReadFontAttributes(std::string_view written) {
   FontAttributes read;
   const bool isReadable =
-      ReadStyle(TakePart(written), read.Style) && ReadNumber(TakePart(written), read.Size) &&
-      ReadNumber(TakePart(written), read.LineSpacing) && ReadNumber(written, read.LetterSpacing);
+      ReadStyle(TakePart(written), read.style) && ReadNumber(TakePart(written), read.size) &&
+      ReadNumber(TakePart(written), read.lineSpacing) && ReadNumber(written, read.letterSpacing);
   return isReadable ? read : FontAttributes{};
 }
 

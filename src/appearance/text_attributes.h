@@ -30,10 +30,10 @@ enum class FontStyle : std::uint32_t { Plain = 0, Italic = 1, Bold = 2, BoldItal
 
 // The default is "plain.24.28.0".
 struct FontAttributes {
-  FontStyle Style = FontStyle::Plain;
-  std::int32_t Size = 24;
-  std::int32_t LineSpacing = 28;
-  std::int32_t LetterSpacing = 0;
+  FontStyle style = FontStyle::Plain;
+  std::int32_t size = 24;
+  std::int32_t lineSpacing = 28;
+  std::int32_t letterSpacing = 0;
 };
 
 // Reads the written form: a style word and three numbers. Returns the default if it cannot be read.

@@ -37,15 +37,15 @@ PlanarFrame::PlanarFrame(FrameSize size)
 }
 
 void PlanarFrame::ConvertRow(std::int32_t row, std::uint32_t* pixels) const {
-  const std::int32_t chromaWidth = size_.Width / 2;
-  const std::int32_t chromaHeight = size_.Height / 2;
+  const std::int32_t chromaWidth = size_.width / 2;
+  const std::int32_t chromaHeight = size_.height / 2;
   // The last column and row of an odd size have no chroma of their own.
   const std::int32_t lastColumn = std::max(chromaWidth - 1, 0);
   const std::int32_t chromaRow = std::min(row / 2, std::max(chromaHeight - 1, 0));
-  const std::uint8_t* y = bytes_ + Area(row, size_.Width);
-  const std::uint8_t* u = bytes_ + Area(size_.Width, size_.Height) + Area(chromaRow, chromaWidth);
+  const std::uint8_t* y = bytes_ + Area(row, size_.width);
+  const std::uint8_t* u = bytes_ + Area(size_.width, size_.height) + Area(chromaRow, chromaWidth);
   const std::uint8_t* v = u + Area(chromaWidth, chromaHeight);
-  for (std::int32_t column = 0; column < size_.Width; ++column) {
+  for (std::int32_t column = 0; column < size_.width; ++column) {
     const std::int32_t chroma = std::min(column / 2, lastColumn);
     pixels[column] = Colour(y[column], u[chroma], v[chroma]);
   }

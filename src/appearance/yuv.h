@@ -10,8 +10,8 @@
 namespace korvel {
 
 struct FrameSize {
-  std::int32_t Width = 0;
-  std::int32_t Height = 0;
+  std::int32_t width = 0;
+  std::int32_t height = 0;
 };
 
 // Owns the bytes of a frame. The host's decoder fills them without knowing how many there are, and

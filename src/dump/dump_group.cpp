@@ -120,7 +120,7 @@ void DumpApplication(const Application& application, int depth, std::FILE* strea
   tree.Number("LockCount", application.LockCount);
   tree.Line("DispalyStack:");
   for (const StackedVisible& stacked : application.DisplayStack) {
-    tree.Deeper().ReferenceLine(stacked.Visible->Reference);
+    tree.Deeper().ReferenceLine(stacked.visible->Reference);
   }
 }
 

@@ -16,21 +16,21 @@ namespace korvel {
 
 // A link that waits for its event.
 struct LinkTableEntry {
-  Link* Waiting = nullptr;
-  Scope Context = Scope::SceneFirst;  // ApplicationFirst when the link belongs to the application
+  Link* waiting = nullptr;
+  Scope context = Scope::SceneFirst;  // ApplicationFirst when the link belongs to the application
 };
 using LinkTable = List<LinkTableEntry>;
 
 // The names of the applications that spawned the current one, the last on top.
 struct ApplicationStack {
   static constexpr std::size_t kCapacity = 5;
-  std::array<OctetString, kCapacity> Names;
-  std::size_t Count = 0;
+  std::array<OctetString, kCapacity> names;
+  std::size_t count = 0;
 };
 
 struct PersistentEntry {
-  OctetString Name;
-  OctetString Data;
+  OctetString name;
+  OctetString data;
 };
 
 struct Core {

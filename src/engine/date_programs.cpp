@@ -10,9 +10,9 @@ namespace korvel {
 namespace {
 
 struct Date {
-  std::int64_t Year = 1858;
-  int Month = 11;
-  int Day = 17;
+  std::int64_t year = 1858;
+  int month = 11;
+  int day = 17;
 };
 
 constexpr bool IsLeapYear(std::int64_t year) {
@@ -35,24 +35,24 @@ Date DateOf(std::int32_t dayNumber) {
   constexpr std::int64_t kDaysOf400Years = 146'097;
   std::int64_t days = std::int64_t{dayNumber} + kFirstDayOfYear;
   Date date;
-  date.Year = 1858 + days / kDaysOf400Years * 400;
+  date.year = 1858 + days / kDaysOf400Years * 400;
   days %= kDaysOf400Years;
-  for (; days >= (IsLeapYear(date.Year) ? 366 : 365); ++date.Year) {
-    days -= IsLeapYear(date.Year) ? 366 : 365;
+  for (; days >= (IsLeapYear(date.year) ? 366 : 365); ++date.year) {
+    days -= IsLeapYear(date.year) ? 366 : 365;
   }
-  for (date.Month = 1; days >= DaysOfMonth(date.Year, date.Month); ++date.Month) {
-    days -= DaysOfMonth(date.Year, date.Month);
+  for (date.month = 1; days >= DaysOfMonth(date.year, date.month); ++date.month) {
+    days -= DaysOfMonth(date.year, date.month);
   }
-  date.Day = static_cast<int>(days) + 1;
+  date.day = static_cast<int>(days) + 1;
   return date;
 }
 
 // The day number by the formula of digital broadcasting.
 std::int32_t DayNumberOf(const LocalTime& now) {
-  const int l = now.Month <= 2 ? 1 : 0;
-  const int y = now.Year - 1900;
-  return 14956 + now.Day + static_cast<int>((y - l) * 365.25) +
-         static_cast<int>((now.Month + 1 + l * 12) * 30.6001);
+  const int l = now.month <= 2 ? 1 : 0;
+  const int y = now.year - 1900;
+  return 14956 + now.day + static_cast<int>((y - l) * 365.25) +
+         static_cast<int>((now.month + 1 + l * 12) * 30.6001);
 }
 
 constexpr std::int32_t Coded(std::int32_t twoDigits) {
@@ -77,12 +77,12 @@ int WriteField(char code, const Date& date, std::int32_t time, char* text, std::
     return std::snprintf(text, size, format, value);
   };
   switch (code) {
-  case 'Y': return number("%04lld", date.Year);
-  case 'y': return number("%02lld", date.Year % 100);
-  case 'X': return number("%02lld", date.Month);
-  case 'x': return number("%lld", date.Month);
-  case 'D': return number("%02lld", date.Day);
-  case 'd': return number("%lld", date.Day);
+  case 'Y': return number("%04lld", date.year);
+  case 'y': return number("%02lld", date.year % 100);
+  case 'X': return number("%02lld", date.month);
+  case 'x': return number("%lld", date.month);
+  case 'D': return number("%02lld", date.day);
+  case 'd': return number("%lld", date.day);
   case 'H': return number("%02lld", hour);
   case 'h': return number("%lld", hour);
   case 'I': return number("%02lld", TwelveHour(hour));
@@ -104,7 +104,7 @@ bool GetCurrentDate(ProgramValues& values) {
   LocalTime now;
   if (!GetLocalClock(now)) return true;  // both results stay 0
   values[0].Integer = DayNumberOf(now);
-  values[1].Integer = Coded(now.Hour) << 16 | Coded(now.Minute) << 8 | Coded(now.Second);
+  values[1].Integer = Coded(now.hour) << 16 | Coded(now.minute) << 8 | Coded(now.second);
   return true;
 }
 

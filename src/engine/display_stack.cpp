@@ -11,7 +11,7 @@ namespace {
 
 auto IsEntry(ItemType kind, const Ingredient& visible) {
   return [kind, &visible](const StackedVisible& entry) {
-    return entry.Visible == &visible && (kind == ItemType::None || entry.Kind == kind);
+    return entry.visible == &visible && (kind == ItemType::None || entry.kind == kind);
   };
 }
 
@@ -25,7 +25,7 @@ Status Inserted(const StackedVisible* entry, Message message) {
 std::size_t PlaceOf(const Application& application, const Ingredient& visible) {
   std::size_t place = 0;
   for (const StackedVisible& entry : application.DisplayStack) {
-    if (entry.Visible == &visible) break;
+    if (entry.visible == &visible) break;
     ++place;
   }
   return place;

@@ -55,8 +55,8 @@ Status TransitionTo(std::string_view groupName);
 // The number of requests to replace the application and the scene, modulo 256. An action list ends
 // when one of them changes. Launch and TransitionTo actions count before they act.
 struct Generations {
-  std::uint8_t Application = 0;
-  std::uint8_t Scene = 0;
+  std::uint8_t application = 0;
+  std::uint8_t scene = 0;
   bool operator==(const Generations&) const = default;
 };
 [[nodiscard]] Generations& CurrentGenerations();
@@ -111,13 +111,13 @@ Status ResolveGroup(std::string_view groupName, OctetString& bytes);
 // ---- Objects ----
 
 struct FoundObject {
-  ItemType Type = ItemType::None;  // None: nothing matches
-  Root* Object = nullptr;          // an Application, a Scene or an Ingredient, as Type says
+  ItemType type = ItemType::None;  // None: nothing matches
+  Root* object = nullptr;          // an Application, a Scene or an Ingredient, as Type says
 
-  explicit operator bool() const { return Type != ItemType::None; }
+  explicit operator bool() const { return type != ItemType::None; }
   template <class T>
   [[nodiscard]] T& As() const {
-    return *static_cast<T*>(Object);
+    return *static_cast<T*>(object);
   }
 };
 
@@ -125,7 +125,7 @@ struct FoundObject {
 // `otherwise` when the object is not a variable.
 template <class Result, class Visit>
 Result VisitVariable(const FoundObject& found, Result otherwise, Visit&& visit) {
-  switch (found.Type) {
+  switch (found.type) {
   case ItemType::BooleanVariable: return visit(found.As<BooleanVariable>());
   case ItemType::IntegerVariable: return visit(found.As<IntegerVariable>());
   case ItemType::OctetStringVariable: return visit(found.As<OctetStringVariable>());
@@ -145,8 +145,8 @@ Result VisitVariable(const FoundObject& found, Result otherwise, Visit&& visit) 
 // The datum of an event. Links compare booleans and integers; a link waiting for another kind never
 // fires.
 struct EventData {
-  ValueKind Kind = ValueKind::None;
-  std::int32_t Value = 0;
+  ValueKind kind = ValueKind::None;
+  std::int32_t value = 0;
 
   [[nodiscard]] static EventData Boolean(bool value) { return {ValueKind::Boolean, value ? 1 : 0}; }
   [[nodiscard]] static EventData Integer(std::int32_t value) { return {ValueKind::Integer, value}; }

@@ -13,21 +13,21 @@ namespace korvel {
 namespace {
 
 struct CollectedLink {
-  Link* Collected = nullptr;
-  Group* Owner = nullptr;
-  Scope Context = Scope::SceneFirst;
+  Link* collected = nullptr;
+  Group* owner = nullptr;
+  Scope context = Scope::SceneFirst;
 };
 
 struct LinkCollection {
-  std::array<CollectedLink, kMostLinksOfEvent> Links;
-  std::size_t Count = 0;
+  std::array<CollectedLink, kMostLinksOfEvent> links;
+  std::size_t count = 0;
 };
 
 bool MatchesData(const GenericValue& waitedFor, EventData data) {
   if (waitedFor.Kind == ValueKind::None) return true;
-  if (waitedFor.Kind != data.Kind) return false;
-  if (data.Kind == ValueKind::Integer) return waitedFor.Integer == data.Value;
-  if (data.Kind == ValueKind::Boolean) return waitedFor.Boolean == (data.Value != 0);
+  if (waitedFor.Kind != data.kind) return false;
+  if (data.kind == ValueKind::Integer) return waitedFor.Integer == data.value;
+  if (data.kind == ValueKind::Boolean) return waitedFor.Boolean == (data.value != 0);
   return false;
 }
 
@@ -46,10 +46,10 @@ enum class SceneName { AsStored, WithoutTilde };
 
 // A link of a scene waits only while that scene is the current one.
 bool IsInContext(const LinkTableEntry& entry, SceneName comparison) {
-  if (entry.Context == Scope::ApplicationFirst) return true;
+  if (entry.context == Scope::ApplicationFirst) return true;
   const Scene* scene = CurrentScene();
   if (scene == nullptr) return false;
-  const std::string_view linkGroup = entry.Waiting->Reference.GroupIdentifier.View();
+  const std::string_view linkGroup = entry.waiting->Reference.GroupIdentifier.View();
   if (comparison == SceneName::AsStored) return linkGroup == NameOf(*scene);
   return IsSameGroup(linkGroup, NameOf(*scene));
 }
@@ -60,16 +60,16 @@ LinkCollection Collect(EventType type, Predicate&& waits) {
   const LinkTable* table = TableOf(type);
   if (table == nullptr) return collection;
   for (const LinkTableEntry& entry : *table) {
-    if (collection.Count == kMostLinksOfEvent || !MayGoOn()) break;
+    if (collection.count == kMostLinksOfEvent || !MayGoOn()) break;
     if (!waits(entry)) continue;
-    collection.Links[collection.Count++] = {entry.Waiting, entry.Waiting->owner, entry.Context};
+    collection.links[collection.count++] = {entry.waiting, entry.waiting->owner, entry.context};
   }
   return collection;
 }
 
 Status RunLink(const CollectedLink& link) {
-  const ActionHolder effect{&link.Collected->LinkEffect, link.Owner};
-  return RunActions(link.Context, effect, link.Collected->Reference.GroupIdentifier.View());
+  const ActionHolder effect{&link.collected->LinkEffect, link.owner};
+  return RunActions(link.context, effect, link.collected->Reference.GroupIdentifier.View());
 }
 
 bool StopsDispatch(Status status) {
@@ -81,7 +81,7 @@ Status RunLinks(const Links& links) {
   const Busy busy;
   Status status = Status::Done;
   for (const CollectedLink& link : links) {
-    if (link.Collected == nullptr || IsGone(*link.Owner)) continue;
+    if (link.collected == nullptr || IsGone(*link.owner)) continue;
     status = RunLink(link);
     if (StopsDispatch(status)) break;
   }
@@ -93,10 +93,10 @@ Status RunLinks(const Links& links) {
 Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
                   EventData data) {
   const LinkCollection collection = Collect(type, [&](const LinkTableEntry& entry) {
-    return MatchesSource(entry.Waiting->Condition, sourceGroup, sourceNumber) &&
-           MatchesEvent(*entry.Waiting, type, data) && IsInContext(entry, SceneName::AsStored);
+    return MatchesSource(entry.waiting->Condition, sourceGroup, sourceNumber) &&
+           MatchesEvent(*entry.waiting, type, data) && IsInContext(entry, SceneName::AsStored);
   });
-  return RunLinks(collection.Links);
+  return RunLinks(collection.links);
 }
 
 Status RaiseEvent(const Root& source, EventType type, EventData data) {
@@ -105,21 +105,21 @@ Status RaiseEvent(const Root& source, EventType type, EventData data) {
 
 Status RaiseEventByType(EventType type, EventData data) {
   const LinkCollection collection = Collect(type, [&](const LinkTableEntry& entry) {
-    return MatchesEvent(*entry.Waiting, type, data) && IsInContext(entry, SceneName::WithoutTilde);
+    return MatchesEvent(*entry.waiting, type, data) && IsInContext(entry, SceneName::WithoutTilde);
   });
-  return RunLinks(collection.Links);
+  return RunLinks(collection.links);
 }
 
 Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) {
   Sequence<CollectedLink> links;
   for (const LinkTableEntry& entry : TheCore().inputTable) {
     if (!MayGoOn()) return Status::Failure;
-    Link& link = *entry.Waiting;
+    Link& link = *entry.waiting;
     if (!link.RunningStatus || link.Condition.EventSource.Number != sourceNumber ||
         link.Condition.EventType != type || link.Condition.EventData.Integer != value) {
       continue;
     }
-    if (!links.Append({&link, link.owner, entry.Context})) return Status::Failure;
+    if (!links.Append({&link, link.owner, entry.context})) return Status::Failure;
   }
   return RunLinks(links);
 }

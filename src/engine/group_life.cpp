@@ -12,8 +12,8 @@ namespace korvel {
 namespace {
 
 struct ItemToStart {
-  ItemType Type;
-  Ingredient* Record;
+  ItemType type;
+  Ingredient* record;
 };
 
 Status ActivateInitially(Group& group) {
@@ -24,7 +24,7 @@ Status ActivateInitially(Group& group) {
   }
   for (const ItemToStart& item : items) {
     if (!MayGoOn()) return Status::Failure;
-    const Status status = RunIngredient(item.Type, *item.Record);
+    const Status status = RunIngredient(item.type, *item.record);
     if (status == Status::Failure) return status;
     if (IsGone(group)) return Status::Replaced;
   }
@@ -74,7 +74,7 @@ void Bury(Group& group) {
   CancelAllTimers(group);
   if (core.application != nullptr) {
     core.application->DisplayStack.RemoveAll(
-        [&group](const StackedVisible& entry) { return entry.Visible->owner == &group; });
+        [&group](const StackedVisible& entry) { return entry.visible->owner == &group; });
   }
   ForgetGroup(group);
   if (core.application == &group) core.application = nullptr;

@@ -52,14 +52,14 @@ bool PushCurrentApplication() {
   ApplicationStack& stack = TheStack();
   const Application* application = CurrentApplication();
   const std::string_view name = application == nullptr ? std::string_view{} : NameOf(*application);
-  if (!stack.Names[stack.Count].Assign(name)) return false;
-  ++stack.Count;
+  if (!stack.names[stack.count].Assign(name)) return false;
+  ++stack.count;
   return true;
 }
 
 void EmptyApplicationStack() {
-  for (OctetString& name : TheStack().Names) name.Clear();
-  TheStack().Count = 0;
+  for (OctetString& name : TheStack().names) name.Clear();
+  TheStack().count = 0;
 }
 
 Status QuitToNothing() {
@@ -74,10 +74,10 @@ Status QuitToNothing() {
 Status QuitToParent(const ObjectReference& quitting) {
   ApplicationStack& stack = TheStack();
   OctetString bytes;
-  if (ResolveGroup(stack.Names[stack.Count - 1].View(), bytes) != Status::Done) {
+  if (ResolveGroup(stack.names[stack.count - 1].View(), bytes) != Status::Done) {
     return RaiseReferenceError(quitting);
   }
-  stack.Names[--stack.Count].Clear();
+  stack.names[--stack.count].Clear();
   OwnedGroup group;
   if (!Decode(bytes, group)) return Status::Failure;
   if (!IsApplication(group)) return Refuse(Message::SpawnError);
@@ -137,7 +137,7 @@ Status Launch(std::string_view groupName) {
 Status Spawn(std::string_view groupName) {
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
-  if (TheStack().Count == ApplicationStack::kCapacity) return Status::Refused;
+  if (TheStack().count == ApplicationStack::kCapacity) return Status::Refused;
   OctetString name;
   if (!name.Assign(groupName) || !PushCurrentApplication()) return Status::Failure;
   return Replace(name, Message::SpawnError, SetDirectoryOfSpawned);
@@ -151,7 +151,7 @@ Status Quit() {
   if (application != nullptr && !Copy(application->Reference, quitting)) return Status::Failure;
   const Status status = EndRunningGroups();
   if (status != Status::Done) return status;
-  return TheStack().Count == 0 ? QuitToNothing() : QuitToParent(quitting);
+  return TheStack().count == 0 ? QuitToNothing() : QuitToParent(quitting);
 }
 
 Status TransitionTo(std::string_view groupName) {

@@ -68,8 +68,8 @@ Status AddLinks(Group& group, Scope context) {
 
 void RemoveLinks(const Group& group) {
   const auto belongsToGroup = [&group](const LinkTableEntry& entry) {
-    return entry.Waiting->owner == &group ||
-           IsSameGroup(entry.Waiting->Reference.GroupIdentifier.View(), NameOf(group));
+    return entry.waiting->owner == &group ||
+           IsSameGroup(entry.waiting->Reference.GroupIdentifier.View(), NameOf(group));
   };
   TheCore().stateTable.RemoveAll(belongsToGroup);
   TheCore().inputTable.RemoveAll(belongsToGroup);

@@ -8,14 +8,14 @@ namespace korvel {
 namespace {
 
 auto HasName(std::string_view name) {
-  return [name](const PersistentEntry& entry) { return entry.Name.View() == name; };
+  return [name](const PersistentEntry& entry) { return entry.name.View() == name; };
 }
 
 }  // namespace
 
 Status AppendPersistent(std::string_view name, OctetString&& data) {
   PersistentEntry entry;
-  if (!entry.Name.Assign(name)) {
+  if (!entry.name.Assign(name)) {
     Say(Message::NoMemoryForPersistentName);
     return Status::Failure;
   }
@@ -24,14 +24,14 @@ Status AppendPersistent(std::string_view name, OctetString&& data) {
     Say(Message::NoMemoryForPersistent);
     return Status::Failure;
   }
-  stored->Data = std::move(data);
+  stored->data = std::move(data);
   return Status::Done;
 }
 
 Status TakePersistent(std::string_view name, OctetString& data) {
   PersistentEntry taken;
   if (!TheCore().persistentStore.RemoveFirst(HasName(name), &taken)) return Status::Refused;
-  data = std::move(taken.Data);
+  data = std::move(taken.data);
   return Status::Done;
 }
 

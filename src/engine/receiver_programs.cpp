@@ -75,7 +75,7 @@ bool CheckGroupReference(ProgramValues& values) {
 }
 
 bool SetWidescreenAlignment(ProgramValues& values) {
-  TheCore().programSettings.WidescreenAlignment = values[0].Integer;
+  TheCore().programSettings.widescreenAlignment = values[0].Integer;
   return true;
 }
 
@@ -85,7 +85,7 @@ bool GetDisplayAspectRatio(ProgramValues& values) {
 }
 
 bool SetSubtitleMode(ProgramValues& values) {
-  TheCore().programSettings.SubtitleMode = values[0].Boolean;
+  TheCore().programSettings.subtitleMode = values[0].Boolean;
   return true;
 }
 
@@ -120,7 +120,7 @@ bool TuneToIndex(ProgramValues& values) {
 }
 
 bool SetTuneInfo(ProgramValues& values) {
-  TheCore().programSettings.TuneInfo = values[0].Integer;
+  TheCore().programSettings.tuneInfo = values[0].Integer;
   return true;
 }
 

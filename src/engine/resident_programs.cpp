@@ -144,14 +144,14 @@ class ProgramCall {
       return Copy(*given_[place], value) ? Status::Done : Status::Failure;
     }
     const FoundObject variable = FindVariable(place);
-    if (variable.Type != ClassOf(slot)) return Status::Refused;
+    if (variable.type != ClassOf(slot)) return Status::Refused;
     return CopyValue(variable, value) ? Status::Done : Status::Failure;
   }
 
   Status FindOutput(Slot slot, std::size_t place) {
     const FoundObject variable = FindVariable(place);
     if (!variable) return Status::Refused;
-    if (variable.Type != ClassOf(slot)) return ReportType();
+    if (variable.type != ClassOf(slot)) return ReportType();
     outputs_[place] = variable;
     return Status::Done;
   }

@@ -19,9 +19,9 @@ using ProgramValues = std::array<GenericValue, kMostProgramParameters>;
 
 // The settings that programs keep between calls.
 struct ProgramSettings {
-  std::int32_t TuneInfo = 0;
-  std::int32_t WidescreenAlignment = 1;
-  bool SubtitleMode = false;
+  std::int32_t tuneInfo = 0;
+  std::int32_t widescreenAlignment = 1;
+  bool subtitleMode = false;
 };
 
 // Each returns false when memory is out.

@@ -14,30 +14,30 @@ namespace korvel {
 namespace {
 
 auto HasId(std::int32_t id) {
-  return [id](const Timer& timer) { return timer.Id == id; };
+  return [id](const Timer& timer) { return timer.id == id; };
 }
 
 Timer* FindTimer(Group& group, std::int32_t id) {
   for (Timer& timer : group.Timers) {
-    if (timer.Id == id) return &timer;
+    if (timer.id == id) return &timer;
   }
   return nullptr;
 }
 
 Timer* AddTimer(Group& group, std::int32_t id, bool isAbsolute) {
   Timer timer;
-  timer.Id = id;
-  timer.IsAbsolute = isAbsolute;
+  timer.id = id;
+  timer.isAbsolute = isAbsolute;
   Timer* added =
-      Copy(group.Reference, timer.Owner) ? group.Timers.Append(std::move(timer)) : nullptr;
+      Copy(group.Reference, timer.owner) ? group.Timers.Append(std::move(timer)) : nullptr;
   if (added == nullptr) Say(Message::NoMemoryForEvent);
   return added;
 }
 
 // An absolute value before the start of the scene makes a period so long that it does not fire.
 std::uint32_t PeriodOf(const Timer& timer) {
-  const auto value = static_cast<std::uint32_t>(timer.Value);
-  const std::uint32_t period = timer.IsAbsolute ? value - TheCore().sceneStartTime : value;
+  const auto value = static_cast<std::uint32_t>(timer.value);
+  const std::uint32_t period = timer.isAbsolute ? value - TheCore().sceneStartTime : value;
   return std::min(period, kLongestPeriodMs);
 }
 
@@ -58,7 +58,7 @@ Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolu
     timer = AddTimer(group, id, isAbsolute);
     if (timer == nullptr) return Status::Failure;
   }
-  timer->Value = value;
+  timer->value = value;
   SetWindowTimer(static_cast<std::uint32_t>(id), PeriodOf(*timer));
   return Status::Done;
 }
@@ -67,14 +67,14 @@ bool RemoveFiredTimer(std::int32_t id, ObjectReference& owner) {
   Scene* scene = CurrentScene();
   Timer fired;
   if (scene == nullptr || !scene->Timers.RemoveFirst(HasId(id), &fired)) return false;
-  owner = std::move(fired.Owner);
+  owner = std::move(fired.owner);
   return true;
 }
 
 void CancelAllTimers(Group& group) {
   for (const Timer& timer : group.Timers) {
     if (!MayGoOn()) break;  // the closing window kills the others
-    KillWindowTimer(static_cast<std::uint32_t>(timer.Id));
+    KillWindowTimer(static_cast<std::uint32_t>(timer.id));
   }
   group.Timers.Clear();
 }

@@ -77,7 +77,7 @@ void RemoveQueuedExpiries(std::uint32_t id) {
   Record* before = nullptr;
   for (Record* record = queues.head; record != nullptr;) {
     Record* next = record->next;
-    if (record->message.Number == WM_TIMER && record->message.WParam == id) {
+    if (record->message.number == WM_TIMER && record->message.wParam == id) {
       Unlink(before, record);
     } else {
       before = record;

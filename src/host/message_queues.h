@@ -9,8 +9,8 @@
 namespace korvel {
 
 struct QueuedMessage {
-  UINT Number = 0;
-  std::uint32_t WParam = 0;
+  UINT number = 0;
+  std::uint32_t wParam = 0;
 };
 
 // Engine thread: before the window is created, and after the worker has ended.

@@ -26,9 +26,9 @@ constexpr std::int32_t kNoSource = 0;
 // Keys with consecutive codes and consecutive UserInput numbers. The colour keys and the Text key
 // of a remote control are letters.
 struct KeyRange {
-  std::uint32_t First;
-  std::uint32_t Last;
-  std::int32_t UserInput;  // of the first
+  std::uint32_t first;
+  std::uint32_t last;
+  std::int32_t userInput;  // of the first
 };
 
 constexpr std::array<KeyRange, 14> kKeys = {{
@@ -95,10 +95,10 @@ void Restart() {
 
 void HandleMessage(const QueuedMessage& message) {
   BeginWork();
-  switch (message.Number) {
-  case WM_TIMER: return HandleTimer(message.WParam);
+  switch (message.number) {
+  case WM_TIMER: return HandleTimer(message.wParam);
   case WM_CLOSE: return CloseDown();
-  case WM_KEYDOWN: return HandleKey(message.WParam);
+  case WM_KEYDOWN: return HandleKey(message.wParam);
   case kRestartAfterQuit: EmptyPersistentStore(); return Restart();
   case kRestartAfterTune: CloseDown(); return Restart();
   default: return;
@@ -107,7 +107,7 @@ void HandleMessage(const QueuedMessage& message) {
 
 // Handles queued messages until a close has been handled.
 void RunWorkerLoop() {
-  for (QueuedMessage message; message.Number != WM_CLOSE;) {
+  for (QueuedMessage message; message.number != WM_CLOSE;) {
     if (TakeQueuedMessage(message)) {
       HandleMessage(message);
     } else {
@@ -179,8 +179,8 @@ void EndWorker() {
 
 std::int32_t UserInputKey(std::uint32_t virtualKey) {
   for (const KeyRange& range : kKeys) {
-    if (virtualKey < range.First || virtualKey > range.Last) continue;
-    return range.UserInput + static_cast<std::int32_t>(virtualKey - range.First);
+    if (virtualKey < range.first || virtualKey > range.last) continue;
+    return range.userInput + static_cast<std::int32_t>(virtualKey - range.first);
   }
   return kNoUserInput;
 }

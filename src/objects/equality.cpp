@@ -77,8 +77,8 @@ bool IsSame(const Item& one, const Item& other) {
 }
 
 bool IsSame(const Group& one, const Group& other) {
-  if (one.Type != other.Type || !IsSame(one.Reference, other.Reference)) return false;
-  if (one.Type == ItemType::Application) {
+  if (one.type != other.type || !IsSame(one.Reference, other.Reference)) return false;
+  if (one.type == ItemType::Application) {
     return HasSameAttributes(static_cast<const Application&>(one),
                              static_cast<const Application&>(other));
   }

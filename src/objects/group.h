@@ -32,16 +32,16 @@ struct Life {
 
 // A pending timer of a group. The platform timer of the same id is shared by all groups.
 struct Timer {
-  std::int32_t Id = 0;
-  std::int32_t Value = 0;   // milliseconds, as last set
-  bool IsAbsolute = false;  // Value counts from the start of the process
-  ObjectReference Owner;    // the group that set it first
+  std::int32_t id = 0;
+  std::int32_t value = 0;   // milliseconds, as last set
+  bool isAbsolute = false;  // Value counts from the start of the process
+  ObjectReference owner;    // the group that set it first
 };
 
 struct Group : Root {
-  explicit Group(ItemType type) : Type(type) {}
+  explicit Group(ItemType type) : type(type) {}
 
-  ItemType Type;  // Application or Scene
+  ItemType type;  // Application or Scene
   StandardIdentifier Standard;
   std::int32_t StandardVersion = 1;
   OctetString ObjectInformation;
@@ -75,8 +75,8 @@ struct DefaultAttributes {
 // One visible of the display stack, borrowed from its group. `Kind` is the class it was entered
 // under.
 struct StackedVisible {
-  ItemType Kind = ItemType::None;
-  Ingredient* Visible = nullptr;
+  ItemType kind = ItemType::None;
+  Ingredient* visible = nullptr;
 };
 
 struct Application : Group {
@@ -127,8 +127,8 @@ enum class Scope : std::uint8_t { SceneFirst = 0, ApplicationFirst = 1 };
 
 // The holder of an action list: the list, and the group whose end ends the list.
 struct ActionHolder {
-  const ActionList* Actions = nullptr;
-  Group* Holder = nullptr;
+  const ActionList* actions = nullptr;
+  Group* holder = nullptr;
 };
 
 }  // namespace korvel

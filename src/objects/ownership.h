@@ -26,7 +26,7 @@ struct Releaser<Group> {
   template <class Record>
   Releaser(Releaser<Record> /*other*/) {}  // NOLINT(google-explicit-constructor)
   void operator()(Group* group) const {
-    if (group->Type == ItemType::Application) {
+    if (group->type == ItemType::Application) {
       Releaser<Application>()(static_cast<Application*>(group));
     } else {
       Releaser<Scene>()(static_cast<Scene*>(group));
@@ -47,7 +47,7 @@ template <class T>
 }
 
 [[nodiscard]] inline bool IsApplication(const OwnedGroup& group) {
-  return group != nullptr && group->Type == ItemType::Application;
+  return group != nullptr && group->type == ItemType::Application;
 }
 // The group as the class that it is.
 [[nodiscard]] inline Application& AsApplication(const OwnedGroup& group) {

@@ -18,14 +18,14 @@ using DrawnColour = std::uint32_t;
 inline constexpr DrawnColour kTransparentColour = 0xFFFFFFFF;
 
 struct LineAttributes {
-  std::int32_t Width = 1;              // pixels
-  LineStyle Style = LineStyle::Solid;  // drawn solid if the number has no name
-  DrawnColour Ink = 0;
+  std::int32_t width = 1;              // pixels
+  LineStyle style = LineStyle::Solid;  // drawn solid if the number has no name
+  DrawnColour ink = 0;
 };
 
 struct CanvasPoint {
-  std::int32_t X = 0;
-  std::int32_t Y = 0;
+  std::int32_t x = 0;
+  std::int32_t y = 0;
 };
 
 enum class ArcForm { Arc, Sector };

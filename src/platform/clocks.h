@@ -14,12 +14,12 @@ namespace korvel {
 [[nodiscard]] std::uint32_t SecondsNow();
 
 struct LocalTime {
-  std::int32_t Year = 0;   // all digits
-  std::int32_t Month = 0;  // 1 to 12
-  std::int32_t Day = 0;
-  std::int32_t Hour = 0;
-  std::int32_t Minute = 0;
-  std::int32_t Second = 0;
+  std::int32_t year = 0;   // all digits
+  std::int32_t month = 0;  // 1 to 12
+  std::int32_t day = 0;
+  std::int32_t hour = 0;
+  std::int32_t minute = 0;
+  std::int32_t second = 0;
 };
 
 // The local time of day. False if the platform cannot report it.

@@ -32,17 +32,17 @@ void SettleContentHook(Bitmap& bitmap) {
 }
 
 [[nodiscard]] bool PaintContent(const Bitmap& bitmap, std::string_view bytes) {
-  const PicturePlacement placement{.Position = bitmap.Position,
-                                   .BoxSize = bitmap.BoxSize,
-                                   .Transparency = bitmap.Transparency,
-                                   .Tiling = bitmap.Tiling,
-                                   .ScaledSize = bitmap.ScaledSize};
+  const PicturePlacement placement{.position = bitmap.Position,
+                                   .boxSize = bitmap.BoxSize,
+                                   .transparency = bitmap.Transparency,
+                                   .tiling = bitmap.Tiling,
+                                   .scaledSize = bitmap.ScaledSize};
   if (bitmap.ContentHOOK == kIFrameHook) {
     BitmapOwner frame;
     return DecodeIFrame(bytes, frame) && PaintPicture(frame, placement);
   }
   Picture picture;
-  return ReadPicture(bytes, picture) && PaintPicture(picture.Image, placement);
+  return ReadPicture(bytes, picture) && PaintPicture(picture.image, placement);
 }
 
 }  // namespace

@@ -27,22 +27,22 @@ Box CurveBox(CanvasPoint at, std::int64_t width, std::int64_t height, std::int64
   const auto limited = [](std::int64_t coordinate) {
     return std::clamp(coordinate, -kFarthestCurve, kFarthestCurve);
   };
-  const std::int64_t left = at.X + shrink;
-  const std::int64_t top = at.Y + shrink;
+  const std::int64_t left = at.x + shrink;
+  const std::int64_t top = at.y + shrink;
   return BoxBetween(limited(left), limited(top), limited(left + width - 2 * shrink),
                     limited(top + height - 2 * shrink));
 }
 
 [[nodiscard]] bool MakePicture(Canvas& canvas) {
-  return MakeBitmap(canvas.Width, canvas.Height, canvas.Picture) &&
-         Succeeded(gdip::GdipGetImageGraphicsContext(canvas.Picture, canvas.Graphics.Slot())) &&
-         Succeeded(gdip::GdipGraphicsClear(canvas.Graphics, kTransparentBlack));
+  return MakeBitmap(canvas.width, canvas.height, canvas.picture) &&
+         Succeeded(gdip::GdipGetImageGraphicsContext(canvas.picture, canvas.graphics.Slot())) &&
+         Succeeded(gdip::GdipGraphicsClear(canvas.graphics, kTransparentBlack));
 }
 
 // The start of an arc and its extent, in degrees, clockwise as in GDI+.
 struct Turn {
-  float Start;
-  float Sweep;
+  float start;
+  float sweep;
 };
 
 void DrawCurve(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
@@ -51,15 +51,15 @@ void DrawCurve(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
   if (!MakePen(line, 2.0 * (box.Width() + box.Height()), pen)) return;
   const auto draw = form == ArcForm::Arc ? gdip::GdipDrawArcI : gdip::GdipDrawPieI;
   static_cast<void>(
-      draw(graphics, pen, box.Left, box.Top, box.Width(), box.Height(), turn.Start, turn.Sweep));
+      draw(graphics, pen, box.left, box.top, box.Width(), box.Height(), turn.start, turn.sweep));
 }
 
 void FillSector(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
                 DrawnColour colour) {
   SolidBrushOwner brush;
   if (!MakeBrush(colour, brush)) return;
-  static_cast<void>(gdip::GdipFillPieI(graphics, brush, box.Left, box.Top, box.Width(),
-                                       box.Height(), turn.Start, turn.Sweep));
+  static_cast<void>(gdip::GdipFillPieI(graphics, brush, box.left, box.top, box.Width(),
+                                       box.Height(), turn.start, turn.sweep));
 }
 
 // Dashed lines and polygons are cut at this distance from the origin. It is far enough outside the
@@ -67,7 +67,7 @@ void FillSector(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
 // their points.
 std::int64_t FarthestPoint(const Canvas& canvas, const LineAttributes& line) {
   const std::int64_t margin = 6 * std::int64_t{DrawnWidth(line)} + 2;
-  return std::min(std::max(canvas.Width, canvas.Height) + margin, kFarthestCoordinate);
+  return std::min(std::max(canvas.width, canvas.height) + margin, kFarthestCoordinate);
 }
 
 double LengthAround(std::span<const CanvasPoint> corners) {
@@ -75,7 +75,7 @@ double LengthAround(std::span<const CanvasPoint> corners) {
   for (std::size_t corner = 0; corner < corners.size(); ++corner) {
     const CanvasPoint& from = corners[corner];
     const CanvasPoint& to = corners[(corner + 1) % corners.size()];
-    length += std::hypot(to.X - from.X, to.Y - from.Y);
+    length += std::hypot(to.x - from.x, to.y - from.y);
   }
   return length;
 }
@@ -86,8 +86,8 @@ Canvas* NewCanvas(std::int32_t width, std::int32_t height) {
   if (width < 1 || height < 1 || std::int64_t{width} * height > kMostCanvasPixels) return nullptr;
   Owned<Canvas> canvas = NewRecord<Canvas>();
   if (!canvas) return nullptr;
-  canvas->Width = canvas->ClipWidth = width;
-  canvas->Height = canvas->ClipHeight = height;
+  canvas->width = canvas->clipWidth = width;
+  canvas->height = canvas->clipHeight = height;
   return MakePicture(*canvas) ? canvas.release() : nullptr;
 }
 
@@ -95,21 +95,21 @@ void DestroyCanvas(Canvas* canvas) { const Owned<Canvas> released(canvas); }
 
 void ClipCanvas(std::int32_t width, std::int32_t height, Canvas* canvas) {
   if (canvas == nullptr) return;
-  canvas->ClipWidth = std::clamp<std::int32_t>(width, 0, canvas->Width);
-  canvas->ClipHeight = std::clamp<std::int32_t>(height, 0, canvas->Height);
-  static_cast<void>(gdip::GdipSetClipRectI(canvas->Graphics, 0, 0, canvas->ClipWidth,
-                                           canvas->ClipHeight, Gdiplus::CombineModeReplace));
+  canvas->clipWidth = std::clamp<std::int32_t>(width, 0, canvas->width);
+  canvas->clipHeight = std::clamp<std::int32_t>(height, 0, canvas->height);
+  static_cast<void>(gdip::GdipSetClipRectI(canvas->graphics, 0, 0, canvas->clipWidth,
+                                           canvas->clipHeight, Gdiplus::CombineModeReplace));
 }
 
 void ClearCanvas(DrawnColour fill, Canvas* canvas) {
   if (canvas == nullptr) return;
-  static_cast<void>(gdip::GdipResetClip(canvas->Graphics));
-  static_cast<void>(gdip::GdipGraphicsClear(canvas->Graphics, kTransparentBlack));
-  ClipCanvas(canvas->ClipWidth, canvas->ClipHeight, canvas);
+  static_cast<void>(gdip::GdipResetClip(canvas->graphics));
+  static_cast<void>(gdip::GdipGraphicsClear(canvas->graphics, kTransparentBlack));
+  ClipCanvas(canvas->clipWidth, canvas->clipHeight, canvas);
   SolidBrushOwner brush;
   if (MakeBrush(fill, brush)) {
     static_cast<void>(
-        gdip::GdipFillRectangleI(canvas->Graphics, brush, 0, 0, canvas->Width, canvas->Height));
+        gdip::GdipFillRectangleI(canvas->graphics, brush, 0, 0, canvas->width, canvas->height));
   }
 }
 
@@ -122,15 +122,15 @@ void CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Ca
   if (!ClipLine(from, to, farthest, period, part) || !MakePen(line, part.Length(), pen)) {
     return;
   }
-  static_cast<void>(gdip::GdipDrawLine(canvas->Graphics, pen, static_cast<float>(part.FromX),
-                                       static_cast<float>(part.FromY), static_cast<float>(part.ToX),
-                                       static_cast<float>(part.ToY)));
+  static_cast<void>(gdip::GdipDrawLine(canvas->graphics, pen, static_cast<float>(part.fromX),
+                                       static_cast<float>(part.fromY), static_cast<float>(part.toX),
+                                       static_cast<float>(part.toY)));
 }
 
 void CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line, DrawnColour fill,
                      Canvas* canvas) {
   if (canvas == nullptr) return;
-  DrawBorderedRectangle(canvas->Graphics, BoxBetween(from.X, from.Y, to.X, to.Y), line, fill);
+  DrawBorderedRectangle(canvas->graphics, BoxBetween(from.x, from.y, to.x, to.y), line, fill);
 }
 
 void CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
@@ -138,7 +138,7 @@ void CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnCo
   const Box box = CurveBox(at, width, height, 0);
   SolidBrushOwner brush;
   if (canvas == nullptr || box.IsEmpty() || !MakeBrush(fill, brush)) return;
-  static_cast<void>(gdip::GdipFillEllipseI(canvas->Graphics, brush, box.Left, box.Top, box.Width(),
+  static_cast<void>(gdip::GdipFillEllipseI(canvas->graphics, brush, box.left, box.top, box.Width(),
                                            box.Height()));
 }
 
@@ -149,11 +149,11 @@ void CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int
   if (canvas == nullptr || box.IsEmpty()) return;
   const Turn turn{static_cast<float>(startAngle % kFullTurn),
                   static_cast<float>(std::clamp(arcAngle, -kFullTurn, kFullTurn)) * -1.0F};
-  DrawCurve(canvas->Graphics, box, turn, line, form);
+  DrawCurve(canvas->graphics, box, turn, line, form);
   // As transparent as the line, unless the fill's own colour is invisible.
   if (form == ArcForm::Sector && IsSeen(fill)) {
-    FillSector(canvas->Graphics, box, turn,
-               (fill & ~kTransparencyByte) | (line.Ink & kTransparencyByte));
+    FillSector(canvas->graphics, box, turn,
+               (fill & ~kTransparencyByte) | (line.ink & kTransparencyByte));
   }
 }
 
@@ -173,11 +173,11 @@ void CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& li
   PenOwner pen;
   if (MakePen(line, LengthAround(clipped), pen) &&
       Succeeded(gdip::GdipSetPenMode(pen, Gdiplus::PenAlignmentInset))) {
-    static_cast<void>(gdip::GdipDrawPolygonI(canvas->Graphics, pen, corners, count));
+    static_cast<void>(gdip::GdipDrawPolygonI(canvas->graphics, pen, corners, count));
   }
   SolidBrushOwner brush;
   if (MakeBrush(fill, brush)) {
-    static_cast<void>(gdip::GdipFillPolygonI(canvas->Graphics, brush, corners, count,
+    static_cast<void>(gdip::GdipFillPolygonI(canvas->graphics, brush, corners, count,
                                              Gdiplus::FillModeAlternate));
   }
 }

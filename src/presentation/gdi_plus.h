@@ -70,7 +70,7 @@ using ImageAttributesOwner =
 }
 
 [[nodiscard]] inline Gdiplus::RectF ToGdiPlus(const Box& box) {
-  return {static_cast<float>(box.Left), static_cast<float>(box.Top),
+  return {static_cast<float>(box.left), static_cast<float>(box.top),
           static_cast<float>(box.Width()), static_cast<float>(box.Height())};
 }
 

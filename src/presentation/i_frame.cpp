@@ -65,14 +65,14 @@ void Call(DecodeFrame decode, const char* path, std::uint8_t** buffer, int one) 
 [[nodiscard]] bool MakeImage(const PlanarFrame& frame, BitmapOwner& image) {
   const FrameSize size = frame.Size();
   BitmapOwner made;
-  if (!MakeBitmap(size.Width, size.Height, made)) return false;
-  const Gdiplus::Rect whole(0, 0, size.Width, size.Height);
+  if (!MakeBitmap(size.width, size.height, made)) return false;
+  const Gdiplus::Rect whole(0, 0, size.width, size.height);
   Gdiplus::BitmapData data{};
   if (!Succeeded(gdip::GdipBitmapLockBits(made, &whole, Gdiplus::ImageLockModeWrite,
                                           PixelFormat32bppARGB, &data))) {
     return false;
   }
-  for (std::int32_t row = 0; row < size.Height; ++row) {
+  for (std::int32_t row = 0; row < size.height; ++row) {
     auto* pixels = reinterpret_cast<std::uint32_t*>(static_cast<std::uint8_t*>(data.Scan0) +
                                                     std::ptrdiff_t{row} * data.Stride);
     frame.ConvertRow(row, pixels);

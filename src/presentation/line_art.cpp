@@ -27,7 +27,7 @@ void Fill(Gdiplus::GpGraphics* graphics, const Box& box, DrawnColour colour) {
   SolidBrushOwner brush;
   if (box.IsEmpty() || !MakeBrush(colour, brush)) return;
   static_cast<void>(
-      gdip::GdipFillRectangleI(graphics, brush, box.Left, box.Top, box.Width(), box.Height()));
+      gdip::GdipFillRectangleI(graphics, brush, box.left, box.top, box.Width(), box.Height()));
 }
 
 // Moves an edge that is outside the range towards it by whole periods, so that the dashes of the
@@ -47,10 +47,10 @@ Box OutlineBox(Gdiplus::GpGraphics* graphics, const Box& box, const LineAttribut
   const std::int32_t width = DrawnWidth(line);
   const std::int32_t right = drawn.X + drawn.Width + width;
   const std::int32_t bottom = drawn.Y + drawn.Height + width;
-  return {MovedTowards(box.Left, drawn.X - width, right, period),
-          MovedTowards(box.Top, drawn.Y - width, bottom, period),
-          MovedTowards(box.Right, drawn.X - width, right, period),
-          MovedTowards(box.Bottom, drawn.Y - width, bottom, period)};
+  return {MovedTowards(box.left, drawn.X - width, right, period),
+          MovedTowards(box.top, drawn.Y - width, bottom, period),
+          MovedTowards(box.right, drawn.X - width, right, period),
+          MovedTowards(box.bottom, drawn.Y - width, bottom, period)};
 }
 
 // The middle of the pen is half a width inside the box, so that its outer side is the box's edge. A
@@ -63,7 +63,7 @@ void DrawOutline(Gdiplus::GpGraphics* graphics, const Box& whole, const LineAttr
   const auto width = static_cast<float>(DrawnWidth(line));
   const float inset = width > 1 ? width / 2 : 0;
   static_cast<void>(gdip::GdipDrawRectangle(
-      graphics, pen, static_cast<float>(box.Left) + inset, static_cast<float>(box.Top) + inset,
+      graphics, pen, static_cast<float>(box.left) + inset, static_cast<float>(box.top) + inset,
       static_cast<float>(box.Width()) - width, static_cast<float>(box.Height()) - width));
 }
 
@@ -81,8 +81,8 @@ Box VisiblePart(const Canvas& canvas, std::int64_t x, std::int64_t y) {
   const auto within = [](std::int64_t coordinate, std::int32_t size) {
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(coordinate, 0, size));
   };
-  return {within(-x, canvas.Width), within(-y, canvas.Height),
-          within(kSceneWidth - x, canvas.Width), within(kSceneHeight - y, canvas.Height)};
+  return {within(-x, canvas.width), within(-y, canvas.height),
+          within(kSceneWidth - x, canvas.width), within(kSceneHeight - y, canvas.height)};
 }
 
 void DrawCanvas(const Canvas& canvas, std::int64_t x, std::int64_t y) {
@@ -90,8 +90,8 @@ void DrawCanvas(const Canvas& canvas, std::int64_t x, std::int64_t y) {
   ImageAttributesOwner attributes;
   if (State().graphics == nullptr || part.IsEmpty() || !MakeColourKey(attributes)) return;
   static_cast<void>(gdip::GdipDrawImageRectRectI(
-      State().graphics, canvas.Picture, NearCoordinate(x + part.Left), NearCoordinate(y + part.Top),
-      part.Width(), part.Height(), part.Left, part.Top, part.Width(), part.Height(),
+      State().graphics, canvas.picture, NearCoordinate(x + part.left), NearCoordinate(y + part.top),
+      part.Width(), part.Height(), part.left, part.top, part.Width(), part.Height(),
       Gdiplus::UnitPixel, attributes, nullptr, nullptr));
 }
 
@@ -103,7 +103,7 @@ LineAttributes LineAttributesOf(const LineArt& lineArt) {
 
 bool MakePen(const LineAttributes& line, double length, PenOwner& pen) {
   return DrawnWidth(line) > 0 &&
-         Succeeded(gdip::GdipCreatePen1(ToGdiPlus(line.Ink), static_cast<float>(DrawnWidth(line)),
+         Succeeded(gdip::GdipCreatePen1(ToGdiPlus(line.ink), static_cast<float>(DrawnWidth(line)),
                                         Gdiplus::UnitWorld, pen.Slot())) &&
          Succeeded(gdip::GdipSetPenDashStyle(pen, DashStyleOf(line, length)));
 }
@@ -113,12 +113,12 @@ void DrawBorderedRectangle(Gdiplus::GpGraphics* graphics, const Box& box,
   if (graphics == nullptr || box.IsEmpty()) return;
   const std::int32_t width = DrawnWidth(line);
   if (box.Width() <= width || box.Height() <= width) {
-    Fill(graphics, box, line.Ink);
+    Fill(graphics, box, line.ink);
     return;
   }
   DrawOutline(graphics, box, line);
   Fill(graphics,
-       BoxBetween(box.Left + width, box.Top + width, box.Right - width, box.Bottom - width), fill);
+       BoxBetween(box.left + width, box.top + width, box.right - width, box.bottom - width), fill);
 }
 
 void Draw(const Rectangle& rectangle) {

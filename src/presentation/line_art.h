@@ -12,13 +12,13 @@ namespace korvel {
 // A picture of its own, transparent where nothing was drawn. The graphics that draws on it is
 // released first.
 struct Canvas {
-  BitmapOwner Picture;
-  GraphicsOwner Graphics;
-  std::int32_t Width = 0;
-  std::int32_t Height = 0;
+  BitmapOwner picture;
+  GraphicsOwner graphics;
+  std::int32_t width = 0;
+  std::int32_t height = 0;
   // The drawable area, from the top-left corner.
-  std::int32_t ClipWidth = 0;
-  std::int32_t ClipHeight = 0;
+  std::int32_t clipWidth = 0;
+  std::int32_t clipHeight = 0;
 };
 
 // The current attributes of a line art's lines.

@@ -36,8 +36,8 @@ class BlockStream {
 }
 
 struct Scale {
-  double X = 1.0;
-  double Y = 1.0;
+  double x = 1.0;
+  double y = 1.0;
 };
 
 double FactorOf(std::int32_t scaled, UINT own) {
@@ -55,12 +55,12 @@ Gdiplus::ColorMatrix MatrixOf(std::int32_t transparency) {
 
 [[nodiscard]] bool MakeAttributes(const PicturePlacement& placement,
                                   ImageAttributesOwner& attributes) {
-  const Gdiplus::ColorMatrix matrix = MatrixOf(placement.Transparency);
+  const Gdiplus::ColorMatrix matrix = MatrixOf(placement.transparency);
   return Succeeded(gdip::GdipCreateImageAttributes(attributes.Slot())) &&
          Succeeded(gdip::GdipSetImageAttributesColorMatrix(
              attributes, Gdiplus::ColorAdjustTypeBitmap, TRUE, &matrix, nullptr,
              Gdiplus::ColorMatrixFlagsDefault)) &&
-         (!placement.Tiling || Succeeded(gdip::GdipSetImageAttributesWrapMode(
+         (!placement.tiling || Succeeded(gdip::GdipSetImageAttributesWrapMode(
                                    attributes, Gdiplus::WrapModeTile, 0, FALSE)));
 }
 
@@ -80,8 +80,8 @@ Gdiplus::ColorMatrix MatrixOf(std::int32_t transparency) {
 void FillBox(Gdiplus::GpGraphics* graphics, const Box& box, const Scale& scale,
              Gdiplus::GpTexture* texture) {
   const Gdiplus::RectF destination = ToGdiPlus(box);
-  const Gdiplus::RectF source(0.0F, 0.0F, static_cast<float>(box.Width() / scale.X),
-                              static_cast<float>(box.Height() / scale.Y));
+  const Gdiplus::RectF source(0.0F, 0.0F, static_cast<float>(box.Width() / scale.x),
+                              static_cast<float>(box.Height() / scale.y));
   Gdiplus::GraphicsContainer container = 0;
   if (!Succeeded(gdip::GdipBeginContainer(graphics, &destination, &source, Gdiplus::UnitPixel,
                                           &container))) {
@@ -109,16 +109,16 @@ bool GlobalBlock::Assign(std::string_view bytes) {
 
 bool ReadPicture(std::string_view bytes, Picture& picture) {
   Picture read;
-  if (!MayBeDecoded(bytes) || !read.Block.Assign(bytes)) return false;
-  const BlockStream stream(read.Block);
+  if (!MayBeDecoded(bytes) || !read.block.Assign(bytes)) return false;
+  const BlockStream stream(read.block);
   if (stream.Get() == nullptr ||
-      !Succeeded(gdip::GdipLoadImageFromStream(stream.Get(), read.Image.Slot())) ||
-      !IsAllowed(read.Image)) {
+      !Succeeded(gdip::GdipLoadImageFromStream(stream.Get(), read.image.Slot())) ||
+      !IsAllowed(read.image)) {
     return false;
   }
   // The old image is released before the old block, which it may read from.
-  picture.Image = std::move(read.Image);
-  picture.Block = std::move(read.Block);
+  picture.image = std::move(read.image);
+  picture.block = std::move(read.block);
   return true;
 }
 
@@ -131,10 +131,10 @@ bool PaintPicture(Gdiplus::GpImage* image, const PicturePlacement& placement) {
       !Succeeded(gdip::GdipGetImageHeight(image, &height)) || width == 0 || height == 0) {
     return false;
   }
-  const Scale scale{FactorOf(placement.ScaledSize.Width, width),
-                    FactorOf(placement.ScaledSize.Height, height)};
-  const Box box = BoxAt(placement.Position, placement.BoxSize);
-  if (box.IsEmpty() || scale.X == 0 || scale.Y == 0) return true;
+  const Scale scale{FactorOf(placement.scaledSize.Width, width),
+                    FactorOf(placement.scaledSize.Height, height)};
+  const Box box = BoxAt(placement.position, placement.boxSize);
+  if (box.IsEmpty() || scale.x == 0 || scale.y == 0) return true;
   TextureOwner texture;
   if (!MakeTexture(image, width, height, placement, texture)) return false;
   FillBox(graphics, box, scale, texture);

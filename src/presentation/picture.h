@@ -34,8 +34,8 @@ class GlobalBlock {
 
 // GDI+ may read from the block while the image exists, so the image is released first.
 struct Picture {
-  GlobalBlock Block;
-  ImageOwner Image;
+  GlobalBlock block;
+  ImageOwner image;
 };
 
 // Reads a picture of any format that GDI+ knows, but no metafile. False, with `picture` unchanged,
@@ -47,11 +47,11 @@ struct Picture {
 [[nodiscard]] Gdiplus::GpImage* NamedImage(std::string_view name);
 
 struct PicturePlacement {
-  korvel::Position Position;
-  korvel::BoxSize BoxSize;
-  std::int32_t Transparency = 0;  // per cent
-  bool Tiling = false;
-  korvel::BoxSize ScaledSize{kNotScaled, kNotScaled};  // of the whole picture
+  korvel::Position position;
+  korvel::BoxSize boxSize;
+  std::int32_t transparency = 0;  // per cent
+  bool tiling = false;
+  korvel::BoxSize scaledSize{kNotScaled, kNotScaled};  // of the whole picture
 };
 
 // Paints the picture from the box's top-left corner on, cut to the box. False if there is no

@@ -43,8 +43,8 @@ constexpr std::uint32_t kRequestsPerPainting = 5;
   }
   for (const StackedVisible& entry : entries) {
     if (IsClosing()) return false;
-    if (IsGone(*entry.Visible)) continue;
-    if (DrawVisible(entry.Kind, *entry.Visible) || IsClosing()) continue;
+    if (IsGone(*entry.visible)) continue;
+    if (DrawVisible(entry.kind, *entry.visible) || IsClosing()) continue;
     result = RaiseEvent(application, EventType::EngineEvent,
                         EventData::Integer(engineEvents::kContentReferenceError));
     if (result == Status::Failure) return false;

@@ -19,11 +19,11 @@ constexpr std::int32_t kNumberHeight = 15;
 void DrawNumber(std::int32_t number, std::int64_t x, std::int64_t y, DrawnColour colour) {
   std::array<char, 16> digits{};
   const int length = std::snprintf(digits.data(), digits.size(), "%d", number);
-  DrawTextIn({.Content = {digits.data(), static_cast<std::size_t>(length)},
-              .Position = {NearCoordinate(x), NearCoordinate(y)},
-              .BoxSize = {kNumberWidth, kNumberHeight},
-              .Font = {.Size = 0},
-              .Ink = colour});
+  DrawTextIn({.content = {digits.data(), static_cast<std::size_t>(length)},
+              .position = {NearCoordinate(x), NearCoordinate(y)},
+              .boxSize = {kNumberWidth, kNumberHeight},
+              .font = {.size = 0},
+              .ink = colour});
 }
 
 void DrawNumbers(const Slider& slider, DrawnColour colour) {
@@ -36,7 +36,7 @@ void DrawNumbers(const Slider& slider, DrawnColour colour) {
 }
 
 void DrawBar(const Slider& slider, DrawnColour colour) {
-  const LineAttributes line{.Width = 1, .Ink = colour};
+  const LineAttributes line{.width = 1, .ink = colour};
   const SliderBar bar = SliderBarOf(slider);
   DrawBorderedRectangle(State().graphics, bar.bar, line, kTransparentColour);
   DrawBorderedRectangle(State().graphics, bar.marker, line, colour);

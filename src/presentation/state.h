@@ -15,8 +15,8 @@ namespace korvel {
 
 // A picture of the library's resources; its image is null if it could not be read.
 struct NamedPicture {
-  OctetString Name;
-  Picture Content;
+  OctetString name;
+  Picture content;
 };
 
 // The path of the file that passes I-frames to the host's decoder; empty if there is no folder.

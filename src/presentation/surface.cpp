@@ -45,10 +45,10 @@ void OpenSurface() {
 
 // Used only under the screen lock.
 struct Screen {
-  HWND Window = nullptr;
-  std::uint32_t* Pixels = nullptr;  // 0xXXRRGGBB, rows from the top; null if there is none
-  bool HasPicture = false;
-  std::optional<std::uint32_t> LastUpdateMs;  // absent: the next update is not skipped
+  HWND window = nullptr;
+  std::uint32_t* pixels = nullptr;  // 0xXXRRGGBB, rows from the top; null if there is none
+  bool hasPicture = false;
+  std::optional<std::uint32_t> lastUpdateMs;  // absent: the next update is not skipped
 };
 
 CRITICAL_SECTION screenLock;
@@ -69,17 +69,17 @@ void CopyBackBuffer() {
   data.Height = kSceneHeight;
   data.Stride = kSceneWidth * static_cast<INT>(sizeof(std::uint32_t));
   data.PixelFormat = PixelFormat32bppRGB;
-  data.Scan0 = screen.Pixels;
+  data.Scan0 = screen.pixels;
   const UINT mode = Gdiplus::ImageLockModeRead | Gdiplus::ImageLockModeUserInputBuf;
   Gdiplus::GpBitmap* picture = State().backBuffer;
   if (!Succeeded(gdip::GdipBitmapLockBits(picture, &whole, mode, PixelFormat32bppRGB, &data))) {
     return;
   }
-  screen.HasPicture = Succeeded(gdip::GdipBitmapUnlockBits(picture, &data));
+  screen.hasPicture = Succeeded(gdip::GdipBitmapUnlockBits(picture, &data));
 }
 
 void PaintPicture(HDC deviceContext) {
-  if (!screen.HasPicture) return;
+  if (!screen.hasPicture) return;
   BITMAPINFO format{};
   format.bmiHeader.biSize = sizeof(format.bmiHeader);
   format.bmiHeader.biWidth = kSceneWidth;
@@ -88,42 +88,42 @@ void PaintPicture(HDC deviceContext) {
   format.bmiHeader.biBitCount = 32;
   format.bmiHeader.biCompression = BI_RGB;
   SetDIBitsToDevice(deviceContext, 0, 0, kSceneWidth, kSceneHeight, 0, 0, 0, kSceneHeight,
-                    screen.Pixels, &format, DIB_RGB_COLORS);
+                    screen.pixels, &format, DIB_RGB_COLORS);
 }
 
 void OpenPicture(HWND window) {
   const ScreenLock lock;
   screen = {};
-  screen.Window = window;
-  screen.Pixels = static_cast<std::uint32_t*>(
+  screen.window = window;
+  screen.pixels = static_cast<std::uint32_t*>(
       AllocateZeroed(sizeof(std::uint32_t) * kSceneWidth * kSceneHeight));
 }
 
 void ClosePicture() {
   const ScreenLock lock;
-  ReleaseMemory(screen.Pixels);
+  ReleaseMemory(screen.pixels);
   screen = {};
 }
 
 void ShowPicture() {
-  HDC deviceContext = GetDC(screen.Window);
+  HDC deviceContext = GetDC(screen.window);
   if (deviceContext == nullptr) return;
   PaintPicture(deviceContext);
-  ReleaseDC(screen.Window, deviceContext);
+  ReleaseDC(screen.window, deviceContext);
 }
 
 // Copies and shows the picture under the lock. Returns the window if it was shown, else null.
 HWND UpdateScreen() {
   const ScreenLock lock;
   Trace(">>>>>>>>DeviceUpdate !!\n");
-  if (screen.Pixels == nullptr || State().backBuffer == nullptr) return nullptr;
+  if (screen.pixels == nullptr || State().backBuffer == nullptr) return nullptr;
   // The clock never runs backwards.
   const std::uint32_t now = MillisecondsSinceProcessStart();
-  if (screen.LastUpdateMs == now) return nullptr;
-  screen.LastUpdateMs = now;
+  if (screen.lastUpdateMs == now) return nullptr;
+  screen.lastUpdateMs = now;
   CopyBackBuffer();
-  if (screen.Window != nullptr) ShowPicture();
-  return screen.Window;
+  if (screen.window != nullptr) ShowPicture();
+  return screen.window;
 }
 
 }  // namespace
@@ -162,11 +162,11 @@ void DrawScreenText(std::string_view text) {
   constexpr BoxSize kSize{kSceneWidth, kSceneHeight};
   constexpr std::int32_t kFontSize = 50;
   constexpr DrawnColour kGreen = 0x00FF0000;
-  DrawTextIn({.Content = text,
-              .Position = kTopLeft,
-              .BoxSize = kSize,
-              .Font = {.Size = kFontSize},
-              .Ink = kGreen});
+  DrawTextIn({.content = text,
+              .position = kTopLeft,
+              .boxSize = kSize,
+              .font = {.size = kFontSize},
+              .ink = kGreen});
 }
 
 void OpenScreen() { InitializeCriticalSection(&screenLock); }
@@ -188,7 +188,7 @@ void DeviceUpdate() {
 
 void DiscardUpdateStamp() {
   const ScreenLock lock;
-  screen.LastUpdateMs.reset();
+  screen.lastUpdateMs.reset();
 }
 
 }  // namespace korvel

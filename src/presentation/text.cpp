@@ -134,18 +134,18 @@ class WideText {
 
 [[nodiscard]] bool DrawLines(Gdiplus::GpGraphics* graphics, const Gdiplus::RectF& layout,
                              const TextDrawing& drawing) {
-  DrawnColour ink = drawing.Ink;
-  static_cast<void>(ReadLeadingColour(drawing.Content, ink));
+  DrawnColour ink = drawing.ink;
+  static_cast<void>(ReadLeadingColour(drawing.content, ink));
   OctetString clean;
-  if (!RemoveControlSequences(drawing.Content, clean)) return false;
+  if (!RemoveControlSequences(drawing.content, clean)) return false;
   WideText wide(clean.Text());
-  if (drawing.IsObscured) wide.Obscure();
+  if (drawing.isObscured) wide.Obscure();
   float resolution = 0;
   FontOwner font;
   StringFormatOwner format;
   SolidBrushOwner brush;
   return wide.Units() != nullptr && Succeeded(gdip::GdipGetDpiX(graphics, &resolution)) &&
-         MakeFont(drawing.Font.Size, resolution, font) &&
+         MakeFont(drawing.font.size, resolution, font) &&
          MakeStringFormat(drawing, resolution, format) &&
          Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(ink), brush.Slot())) &&
          Succeeded(gdip::GdipDrawString(graphics, wide.Units(), -1, font, &layout, format, brush));
@@ -159,22 +159,22 @@ bool FindFontFamily(FontFamilyOwner& family) {
 }
 
 bool MakeStringFormat(const TextDrawing& drawing, float resolution, StringFormatOwner& format) {
-  const INT flags = drawing.TextWrapping ? 0 : Gdiplus::StringFormatFlagsNoWrap;
+  const INT flags = drawing.textWrapping ? 0 : Gdiplus::StringFormatFlagsNoWrap;
   const float tabStop = kTabStop / resolution;
   return Succeeded(gdip::GdipCreateStringFormat(flags, LANG_NEUTRAL, format.Slot())) &&
          Succeeded(gdip::GdipSetStringFormatAlign(format,
-                                                  AlignmentOf(drawing.HorizontalJustification))) &&
+                                                  AlignmentOf(drawing.horizontalJustification))) &&
          Succeeded(gdip::GdipSetStringFormatLineAlign(
-             format, AlignmentOf(drawing.VerticalJustification))) &&
+             format, AlignmentOf(drawing.verticalJustification))) &&
          Succeeded(gdip::GdipSetStringFormatTabStops(format, 0.0F, 1, &tabStop));
 }
 
 void DrawTextIn(const TextDrawing& drawing) {
   Gdiplus::GpGraphics* graphics = State().graphics;
-  if (graphics == nullptr || !HasArea(drawing.BoxSize)) return;
-  const Gdiplus::RectF layout = ToGdiPlus(BoxAt(drawing.Position, drawing.BoxSize));
-  if (!FillBackground(graphics, layout, drawing.Background)) return;
-  if (drawing.Font.Size < 0 || drawing.Font.Size > kLargestFontSize) return;
+  if (graphics == nullptr || !HasArea(drawing.boxSize)) return;
+  const Gdiplus::RectF layout = ToGdiPlus(BoxAt(drawing.position, drawing.boxSize));
+  if (!FillBackground(graphics, layout, drawing.background)) return;
+  if (drawing.font.size < 0 || drawing.font.size > kLargestFontSize) return;
   // Cuts the text exactly at the box; under Wine the layout alone does not.
   if (!Succeeded(gdip::GdipSetClipRect(graphics, layout.X, layout.Y, layout.Width, layout.Height,
                                        Gdiplus::CombineModeReplace))) {
@@ -186,15 +186,15 @@ void DrawTextIn(const TextDrawing& drawing) {
 }
 
 TextDrawing DrawingOf(const Text& text) {
-  return {.Content = text.TextData.View(),
-          .Position = text.Position,
-          .BoxSize = text.BoxSize,
-          .Font = FontAttributesOf(text, CurrentApplication()),
-          .Ink = TextColourOf(text, CurrentGroups()),
-          .Background = BackgroundColourOf(text, CurrentGroups()),
-          .HorizontalJustification = text.HorizontalJustification,
-          .VerticalJustification = text.VerticalJustification,
-          .TextWrapping = text.TextWrapping};
+  return {.content = text.TextData.View(),
+          .position = text.Position,
+          .boxSize = text.BoxSize,
+          .font = FontAttributesOf(text, CurrentApplication()),
+          .ink = TextColourOf(text, CurrentGroups()),
+          .background = BackgroundColourOf(text, CurrentGroups()),
+          .horizontalJustification = text.HorizontalJustification,
+          .verticalJustification = text.VerticalJustification,
+          .textWrapping = text.TextWrapping};
 }
 
 void Draw(const Text& text) { DrawTextIn(DrawingOf(text)); }
@@ -202,13 +202,13 @@ void Draw(const Text& text) { DrawTextIn(DrawingOf(text)); }
 // The border and the font size are fixed, whatever the font attributes of the object say. Obscured
 // input is drawn as stars; the text itself does not change.
 void Draw(const EntryField& entryField) {
-  constexpr LineAttributes kBorder{.Width = 2};
+  constexpr LineAttributes kBorder{.width = 2};
   constexpr FontAttributes kFont{
-      .Style = FontStyle::Plain, .Size = 15, .LineSpacing = 1, .LetterSpacing = 2};
+      .style = FontStyle::Plain, .size = 15, .lineSpacing = 1, .letterSpacing = 2};
   DrawBorderedRectangle(State().graphics, BoxOf(entryField), kBorder, kTransparentColour);
   TextDrawing drawing = DrawingOf(entryField);
-  drawing.Font = kFont;
-  drawing.IsObscured = entryField.ObsuredInput;
+  drawing.font = kFont;
+  drawing.isObscured = entryField.ObsuredInput;
   DrawTextIn(drawing);
 }
 

@@ -13,16 +13,16 @@ namespace korvel {
 // A text and how it looks. All text has the same font family; the style and the spacings of the
 // font attributes are accepted without effect.
 struct TextDrawing {
-  std::string_view Content;   // UTF-8 with control sequences
-  korvel::Position Position;  // of the box, in scene pixels
-  korvel::BoxSize BoxSize;
-  FontAttributes Font;  // size 0 means 24
-  DrawnColour Ink = kTransparentColour;
-  DrawnColour Background = kTransparentColour;
-  Justification HorizontalJustification{};  // all but end and centre are drawn as start
-  Justification VerticalJustification{};
-  bool TextWrapping = false;
-  bool IsObscured = false;  // each character is drawn as a star
+  std::string_view content;   // UTF-8 with control sequences
+  korvel::Position position;  // of the box, in scene pixels
+  korvel::BoxSize boxSize;
+  FontAttributes font;  // size 0 means 24
+  DrawnColour ink = kTransparentColour;
+  DrawnColour background = kTransparentColour;
+  Justification horizontalJustification{};  // all but end and centre are drawn as start
+  Justification verticalJustification{};
+  bool textWrapping = false;
+  bool isObscured = false;  // each character is drawn as a star
 };
 
 // Fills the box with the background and lays out the text in it. Draws nothing if the box has no

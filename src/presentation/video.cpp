@@ -40,7 +40,7 @@ std::string_view PictureResource() {
 
 [[nodiscard]] NamedPicture* FindPicture(std::string_view name) {
   for (NamedPicture& picture : State().namedPictures) {
-    if (picture.Name.View() == name) return &picture;
+    if (picture.name.View() == name) return &picture;
   }
   return nullptr;
 }
@@ -48,8 +48,8 @@ std::string_view PictureResource() {
 // Null when memory is out.
 [[nodiscard]] NamedPicture* AddPicture(std::string_view name) {
   NamedPicture picture;
-  if (!picture.Name.Assign(name)) return nullptr;
-  static_cast<void>(ReadPicture(PictureResource(), picture.Content));
+  if (!picture.name.Assign(name)) return nullptr;
+  static_cast<void>(ReadPicture(PictureResource(), picture.content));
   return State().namedPictures.Append(std::move(picture));
 }
 
@@ -59,14 +59,14 @@ Gdiplus::GpImage* NamedImage(std::string_view name) {
   name = name.substr(0, kLongestName);
   NamedPicture* picture = FindPicture(name);
   if (picture == nullptr) picture = AddPicture(name);
-  return picture == nullptr ? nullptr : picture->Content.Image.Get();
+  return picture == nullptr ? nullptr : picture->content.image.Get();
 }
 
 void ClearImageCache() {
   for (NamedPicture& picture : State().namedPictures) {
-    picture.Content.Image.Reset();
+    picture.content.image.Reset();
     // If there is no memory for the entry, the block is released now.
-    static_cast<void>(State().keptBlocks.Append(std::move(picture.Content.Block)));
+    static_cast<void>(State().keptBlocks.Append(std::move(picture.content.block)));
   }
   State().namedPictures.Clear();
 }
@@ -75,7 +75,7 @@ bool Draw(const Video& video) {
   if (!HasArea(video.BoxSize)) return true;
   return PaintPicture(
       NamedImage("video.jpg"),
-      {.Position = video.Position, .BoxSize = video.BoxSize, .ScaledSize = video.ScaledSize});
+      {.position = video.Position, .boxSize = video.BoxSize, .scaledSize = video.ScaledSize});
 }
 
 Status StartVideo(const Stream& /*stream*/, std::int32_t /*componentTag*/, const Position& /*at*/,

@@ -109,7 +109,7 @@ void WriteEntry(TextWriter& writer, const Item& item) {
 
 Status WriteTextGroup(const Group& group, OctetString& text, WordlessValue* wordless) {
   TextWriter writer;
-  if (group.Type == ItemType::Application) {
+  if (group.type == ItemType::Application) {
     WriteObject(writer, static_cast<const Application&>(group));
   } else {
     WriteObject(writer, static_cast<const Scene&>(group));

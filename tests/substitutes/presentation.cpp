@@ -28,11 +28,11 @@ std::ostream& operator<<(std::ostream& out, Hex hex) {
   return out << '#' << std::hex << std::setw(8) << std::setfill('0') << hex.colour << std::dec;
 }
 std::ostream& operator<<(std::ostream& out, CanvasPoint point) {
-  return out << point.X << ',' << point.Y;
+  return out << point.x << ',' << point.y;
 }
 std::ostream& operator<<(std::ostream& out, const LineAttributes& line) {
-  return out << "line " << line.Width << '/' << static_cast<std::int32_t>(line.Style)
-             << Hex{line.Ink};
+  return out << "line " << line.width << '/' << static_cast<std::int32_t>(line.style)
+             << Hex{line.ink};
 }
 
 // Records a call, unless the canvas is null.

@@ -141,7 +141,7 @@ void EncodeElement(BerWriter& writer, const Item& item) {
 
 Status EncodeGroup(const Group& group, OctetString& bytes) {
   ber::BerWriter writer;
-  if (group.Type == ItemType::Application) {
+  if (group.type == ItemType::Application) {
     ber::EncodeObject(writer, static_cast<const Application&>(group));
   } else {
     ber::EncodeObject(writer, static_cast<const Scene&>(group));

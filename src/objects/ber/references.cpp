@@ -120,10 +120,10 @@ class Completion {
 
 Status CompleteReferences(std::string_view groupName, Group& group) {
   Completion completion(groupName);
-  const char* name = group.Type == ItemType::Application ? Description<Application>::heading.name
+  const char* name = group.type == ItemType::Application ? Description<Application>::heading.name
                                                          : Description<Scene>::heading.name;
   const bool isDone =
-      group.Type == ItemType::Application
+      group.type == ItemType::Application
           ? completion.CompleteObject(static_cast<Application&>(group), Subject{name})
           : completion.CompleteObject(static_cast<Scene&>(group), Subject{name});
   return isDone ? Status::Done : Status::Failure;

@@ -159,9 +159,9 @@ class ValueLines {
   void Print(const ListItem& value) {
     PrintAll(value.AVisible, value.IsSelected, value.IsPresented);
   }
-  void Print(const Timer& value) { PrintAll(value.Id, value.Value, value.IsAbsolute, value.Owner); }
+  void Print(const Timer& value) { PrintAll(value.id, value.value, value.isAbsolute, value.owner); }
   void Print(const StackedVisible& value) {
-    PrintAll(static_cast<std::int32_t>(value.Kind), value.Visible->Reference);
+    PrintAll(static_cast<std::int32_t>(value.kind), value.visible->Reference);
   }
   void Print(const BoxSize& value) { PrintAll(value.Width, value.Height); }
   void Print(const Position& value) { PrintAll(value.X, value.Y); }

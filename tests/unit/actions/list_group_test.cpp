@@ -35,7 +35,7 @@ class ListGroupTest : public Stage {
   static std::string Cells() {
     std::set<std::string> shown;
     for (const StackedVisible& entry : CurrentApplication()->DisplayStack) {
-      const auto& visible = *static_cast<const Visible*>(entry.Visible);
+      const auto& visible = *static_cast<const Visible*>(entry.visible);
       EXPECT_TRUE(visible.RunningStatus);
       shown.insert(std::to_string(visible.Position.Y / 10) + ":" +
                    std::to_string(visible.Reference.Number));

@@ -148,7 +148,7 @@ TEST_P(ReplacedGroupsTest, the_new_group_runs_as_if_started_from_the_top) {
   ASSERT_EQ(counter.Type, ItemType::IntegerVariable);
   EXPECT_EQ(counter.As<IntegerVariable>().Value, 1);
   for (const StackedVisible& entry : CurrentApplication()->DisplayStack) {
-    EXPECT_FALSE(IsGone(*entry.Visible)) << entry.Visible->Reference.Number;
+    EXPECT_FALSE(IsGone(*entry.Visible)) << entry.visible->Reference.Number;
   }
 }
 

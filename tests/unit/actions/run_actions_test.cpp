@@ -315,7 +315,7 @@ TEST_F(RunActionsTest, a_list_does_not_go_on_in_an_ended_scene_when_the_counters
       {:Link 2 :EventSource 1 :EventType TestEvent :LinkEffect (:TransitionTo(("~/u" 0)))})");
   const Generations before = CurrentGenerations();
   ThePresentation().onRedraw = [] {
-    CurrentGenerations().Scene = static_cast<std::uint8_t>(CurrentGenerations().Scene + 255);
+    CurrentGenerations().scene = static_cast<std::uint8_t>(CurrentGenerations().scene + 255);
     return Status::Done;
   };
   EXPECT_EQ(Run(R"(:TestVariable(1 1 :GInteger 0) :Add(("~/a" 9) 1))", Scope::SceneFirst),

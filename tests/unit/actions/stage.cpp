@@ -98,7 +98,7 @@ std::string Stage::Stack() {
   std::string numbers;
   for (const StackedVisible& entry : CurrentApplication()->DisplayStack) {
     if (!numbers.empty()) numbers += ' ';
-    numbers += std::to_string(entry.Visible->Reference.Number);
+    numbers += std::to_string(entry.visible->Reference.Number);
   }
   return numbers;
 }

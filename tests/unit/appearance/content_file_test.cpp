@@ -184,7 +184,7 @@ TEST(FrameSizeTest, a_stream_that_does_not_begin_with_a_whole_header_has_no_size
 }
 
 TEST(FrameSizeTest, a_failure_leaves_the_size_unchanged) {
-  FrameSize size{.Width = 3, .Height = 4};
+  FrameSize size{.width = 3, .height = 4};
   EXPECT_FALSE(FindFrameSize("\x00\x00\x01\xB3\x00\x00\x40"sv, size)) << "no width";
   EXPECT_FALSE(FindFrameSize("\x00\x00\x01\xB3\x2D\x00\x00"sv, size)) << "no height";
   EXPECT_EQ(size.Width, 3);

@@ -13,22 +13,22 @@ namespace korvel::test {
 constexpr std::int32_t kFar = 32000;
 
 bool IsDrawn(const CanvasPoint& point) {
-  return std::abs(point.X) <= kFar && std::abs(point.Y) <= kFar;
+  return std::abs(point.x) <= kFar && std::abs(point.y) <= kFar;
 }
 
 // Twice the area of the triangle a, b, c, above 0 when they turn left.
 double Turn(const CanvasPoint& a, const CanvasPoint& b, const CanvasPoint& c) {
-  return (static_cast<double>(b.X) - a.X) * (static_cast<double>(c.Y) - a.Y) -
-         (static_cast<double>(b.Y) - a.Y) * (static_cast<double>(c.X) - a.X);
+  return (static_cast<double>(b.x) - a.x) * (static_cast<double>(c.y) - a.y) -
+         (static_cast<double>(b.y) - a.y) * (static_cast<double>(c.x) - a.x);
 }
 
 // The distance of a point from the line through a and b.
 double Distance(const CanvasPoint& a, const CanvasPoint& b, double x, double y) {
-  const double alongX = static_cast<double>(b.X) - a.X;
-  const double alongY = static_cast<double>(b.Y) - a.Y;
+  const double alongX = static_cast<double>(b.x) - a.x;
+  const double alongY = static_cast<double>(b.y) - a.y;
   const double length = std::hypot(alongX, alongY);
-  return length == 0 ? std::hypot(x - a.X, y - a.Y)
-                     : std::abs(alongX * (y - a.Y) - alongY * (x - a.X)) / length;
+  return length == 0 ? std::hypot(x - a.x, y - a.y)
+                     : std::abs(alongX * (y - a.y) - alongY * (x - a.x)) / length;
 }
 
 // Points anywhere in 32 bits, one in four of them inside the drawn square.
@@ -71,7 +71,7 @@ TEST(Clipping, a_line_is_cut_and_not_bent) {
       EXPECT_FALSE(IsDrawn(from) || IsDrawn(to));
       continue;
     }
-    for (const double place : {part.FromX, part.FromY, part.ToX, part.ToY}) {
+    for (const double place : {part.fromX, part.fromY, part.toX, part.toY}) {
       ASSERT_LE(std::abs(place), kFar + kRounding) << round;
     }
     ASSERT_LE(Distance(from, to, part.FromX, part.FromY), kRounding) << round;
@@ -93,7 +93,7 @@ TEST(Clipping, a_line_loses_whole_dashes_at_its_beginning) {
   EXPECT_DOUBLE_EQ(part.FromX, -1000 + 75 * kPeriod) << "the last one that begins outside";
   EXPECT_DOUBLE_EQ(part.ToX, 100);
   ASSERT_TRUE(ClipLine({-3000, -4000}, {3000, 4000}, 100, kPeriod, part));
-  const double lost = std::hypot(part.FromX + 3000, part.FromY + 4000) / kPeriod;
+  const double lost = std::hypot(part.fromX + 3000, part.fromY + 4000) / kPeriod;
   EXPECT_NEAR(lost, std::round(lost), 1e-9);
   EXPECT_NEAR(lost * kPeriod, 5000 - 125, kPeriod);
   ASSERT_TRUE(ClipLine({50, 0}, {5000, 0}, 100, kPeriod, part));
@@ -114,7 +114,7 @@ Place PlaceIn(const std::vector<CanvasPoint>& corners, const CanvasPoint& point)
     const double turn = Turn(corners[i], next, point);
     isLeft = isLeft || turn > 0;
     isRight = isRight || turn < 0;
-    nearest = std::min(nearest, Distance(corners[i], next, point.X, point.Y));
+    nearest = std::min(nearest, Distance(corners[i], next, point.x, point.y));
   }
   return {!corners.empty() && isLeft != isRight, nearest};
 }

@@ -109,8 +109,8 @@ TEST(ControlSequences, any_bytes_are_read_within_their_bounds) {
 }
 
 bool IsDefault(const FontAttributes& font) {
-  return font.Style == FontStyle::Plain && font.Size == 24 && font.LineSpacing == 28 &&
-         font.LetterSpacing == 0;
+  return font.style == FontStyle::Plain && font.size == 24 && font.lineSpacing == 28 &&
+         font.letterSpacing == 0;
 }
 
 TEST(FontAttributes, all_four_parts_are_read) {

@@ -9,7 +9,7 @@
 namespace korvel::test {
 
 std::uint32_t PixelAt(const PlanarFrame& frame, std::int32_t column, std::int32_t row) {
-  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(frame.Size().Width));
+  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(frame.Size().width));
   frame.ConvertRow(row, pixels.data());
   return pixels[static_cast<std::size_t>(column)];
 }

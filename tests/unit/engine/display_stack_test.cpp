@@ -26,7 +26,7 @@ class DisplayStack : public EngineTest {
   static std::string Order() {
     std::string order;
     for (const StackedVisible& entry : App().DisplayStack) {
-      order += std::to_string(entry.Visible->Reference.Number);
+      order += std::to_string(entry.visible->Reference.Number);
     }
     return order;
   }

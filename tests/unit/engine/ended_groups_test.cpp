@@ -97,7 +97,7 @@ TEST_F(EndedGroups, are_noticed_after_the_generations_have_come_round) {
   StartWithScene("~/menu");
   ThePresentation().onRedraw = [] {
     for (int count = 0; count < 256; ++count) {
-      ++CurrentGenerations().Scene;
+      ++CurrentGenerations().scene;
       EXPECT_EQ(TransitionTo(count % 2 == 0 ? "~/one" : "~/two"), Status::Done);
     }
     return Status::Done;

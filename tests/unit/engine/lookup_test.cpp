@@ -11,7 +11,7 @@ class Lookup : public EngineTest {
                           Scope scope = Scope::SceneFirst) {
     const FoundObject found = FindObject(scope, group, number);
     EXPECT_EQ(found.Object == nullptr, found.Type == ItemType::None);
-    return found.Type;
+    return found.type;
   }
   static constexpr ItemType kNothing = ItemType::None;
 };

@@ -228,15 +228,15 @@ TEST_F(Transition, only_transitions_and_launches_by_action_count_as_generations)
   ASSERT_EQ(Start(), Status::Done);
   Generations expected = CurrentGenerations();
   EXPECT_EQ(Press(100), Status::Replaced);
-  ++expected.Scene;
+  ++expected.scene;
   EXPECT_TRUE(CurrentGenerations() == expected);
   EXPECT_EQ(Press(101), Status::Replaced) << "a refused transition has counted all the same";
-  ++expected.Scene;
+  ++expected.scene;
   EXPECT_TRUE(CurrentGenerations() == expected);
   EXPECT_EQ(Press(102), Status::Replaced);
   EXPECT_TRUE(CurrentGenerations() == expected) << "Spawn does not count";
   EXPECT_EQ(Press(100), Status::Replaced);
-  ++expected.Application;
+  ++expected.application;
   EXPECT_TRUE(CurrentGenerations() == expected);
   EXPECT_EQ(Press(101), Status::Replaced);
   EXPECT_TRUE(CurrentGenerations() == expected) << "Quit does not count";

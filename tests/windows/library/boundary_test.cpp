@@ -85,7 +85,7 @@ TEST_F(Boundary, a_start_is_refused_while_the_engine_is_closing) {
   };
   Start();
   WaitForRead("a");
-  library.Exit();
+  library.exit();
   RecordingHost other;
   EXPECT_EQ(library.Run(&other, window.Handle()), 1U);
   EXPECT_TRUE(other.Calls().empty());
@@ -119,7 +119,7 @@ TEST_F(Boundary, only_the_exit_code_closes_through_the_callback) {
 TEST_F(Boundary, a_host_that_never_has_the_file_is_asked_until_the_close) {
   StartWaitingForFile();
   WaitForRead("a", 4);
-  library.Exit();
+  library.exit();
   WaitForClosed();
   const auto calls = host.Calls();
   std::vector<HostCall> reads;
@@ -141,7 +141,7 @@ TEST_F(Boundary, the_host_object_is_kept_and_released_in_order) {
   };
   Start();
   WaitForRead("a");
-  library.Exit();
+  library.exit();
   WaitForClosed();
   EXPECT_THAT(host.Names(), ElementsAre("AddRef", "SetExitCallback", "ReadFile a", "FreeBuffer",
                                         "SetExitCallback null", "Release"));
@@ -199,7 +199,7 @@ TEST_F(Boundary, the_engine_starts_again_from_the_handler_of_the_closed_message)
   host.Answer("startup", kNoSuchFile);
   int refused = 0;
   window.onClosed = [&] {
-    if (window.Closes() < kCycles && library.Run(&host, window.Handle()) != 0) ++refused;
+    if (window.Closes() < kCycles && library.run(&host, window.Handle()) != 0) ++refused;
   };
   ASSERT_EQ(library.Run(&host, window.Handle()), 0U);
   EXPECT_TRUE(WaitUntil(
@@ -225,12 +225,12 @@ TEST_F(Boundary, waiting_for_the_close_inside_a_host_function_returns_at_once) {
   std::atomic<int> returned = 0;
   host.onCall = [&](const std::string& name) {
     if (name == "HostOwn") return;
-    if (library.WaitForClose() == 0) ++returned;
+    if (library.waitForClose() == 0) ++returned;
   };
   host.Serve("a", "no group");
   Start();
   WaitForRead("a");
-  library.Exit();
+  library.exit();
   WaitForClosed();
   EXPECT_EQ(returned, 6) << "once for each call of the host object";
 }
@@ -255,7 +255,7 @@ TEST_F(Boundary, waiting_for_the_close_answers_messages_sent_to_the_waiting_thre
     SendMessageA(window.Handle(), WM_NULL, 0, 0);
     isAnswered = true;
   };
-  library.Exit();
+  library.exit();
   EXPECT_EQ(library.WaitForClose(), 0U);
   EXPECT_TRUE(isAnswered);
   EXPECT_EQ(host.HeldReferences(), 0);
@@ -269,11 +269,11 @@ TEST_F(Boundary, every_waiting_thread_returns_when_the_engine_has_closed) {
   std::vector<std::thread> waiters;
   for (int count = 0; count < 4; ++count) {
     waiters.emplace_back([&] {
-      library.WaitForClose();
+      library.waitForClose();
       if (host.HeldReferences() == 0 && FindEngineWindow() == nullptr) ++returned;
     });
   }
-  library.Exit();
+  library.exit();
   for (std::thread& waiter : waiters) waiter.join();
   EXPECT_EQ(returned, 4);
 }
@@ -290,7 +290,7 @@ TEST_F(Boundary, no_handle_of_the_threads_is_left_when_the_host_never_waits) {
   };
   EXPECT_TRUE(canBeOpened(engineThread));
   EXPECT_TRUE(canBeOpened(worker));
-  library.Exit();
+  library.exit();
   WaitForClosed();
   EXPECT_TRUE(WaitUntil([&] { return !canBeOpened(worker); }));
   EXPECT_TRUE(WaitUntil([&] { return !canBeOpened(engineThread); }));
@@ -307,7 +307,7 @@ TEST_F(Boundary, the_library_may_be_unloaded_in_the_handler_of_the_closed_messag
     window.onClosed = [module] { FreeLibrary(module); };
     ASSERT_EQ(copy.Run(&host, window.Handle()), 0U);
     WaitForWindow();
-    copy.Exit();
+    copy.exit();
     WaitForClosed(run);
     EXPECT_TRUE(WaitUntil([&] { return GetModuleHandleA(kCopy) == nullptr; }));
   }

@@ -33,7 +33,7 @@ class Cycles : public Engine {
     AskToClose();
     ASSERT_TRUE(WaitUntil([this] { return window.Closes() == cycle; }))
         << "after " << delay.count();
-    library.WaitForClose();
+    library.waitForClose();
     EXPECT_EQ(host.HeldReferences(), 0);
     EXPECT_EQ(host.HeldBuffers(), 0);
   }
@@ -52,8 +52,8 @@ class Cycles : public Engine {
   // asked.
   void AskToClose() {
     switch (IsWindowVisible(engineWindow) != 0 ? cycle % 4 : 2) {
-    case 0: library.Exit(); break;
-    case 1: library.ReStart(); break;
+    case 0: library.exit(); break;
+    case 1: library.reStart(); break;
     case 2: Post(WM_CLOSE); break;
     default: host.ExitCallback()(kMHEG5ExitCode); break;
     }

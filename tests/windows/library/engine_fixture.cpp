@@ -35,7 +35,7 @@ void Engine::Close() {
     library.Exit();
     return FindEngineWindow() == nullptr;
   }));
-  library.WaitForClose();
+  library.waitForClose();
   EXPECT_EQ(host.HeldReferences(), 0);
   EXPECT_EQ(host.HeldBuffers(), 0);
   EXPECT_FALSE(host.IsMisused());

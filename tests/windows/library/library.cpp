@@ -14,10 +14,10 @@ void Find(HMODULE module, const char* name, Function& function) {
 Library FindFunctions(HMODULE module) {
   Library library;
   if (module == nullptr) return library;
-  Find(module, "RunMHEG5Window", library.Run);
-  Find(module, "ExitMHEG5", library.Exit);
-  Find(module, "MHEG5ReStart", library.ReStart);
-  Find(module, "MHEG5WaitForClose", library.WaitForClose);
+  Find(module, "RunMHEG5Window", library.run);
+  Find(module, "ExitMHEG5", library.exit);
+  Find(module, "MHEG5ReStart", library.reStart);
+  Find(module, "MHEG5WaitForClose", library.waitForClose);
   return library;
 }
 

@@ -6,10 +6,10 @@
 namespace korvel::test {
 
 struct Library {
-  decltype(&RunMHEG5Window) Run = nullptr;
-  decltype(&ExitMHEG5) Exit = nullptr;
-  decltype(&MHEG5ReStart) ReStart = nullptr;
-  decltype(&MHEG5WaitForClose) WaitForClose = nullptr;
+  decltype(&RunMHEG5Window) run = nullptr;
+  decltype(&ExitMHEG5) exit = nullptr;
+  decltype(&MHEG5ReStart) reStart = nullptr;
+  decltype(&MHEG5WaitForClose) waitForClose = nullptr;
 };
 
 // The functions of a loaded library. A function that cannot be found is null, and ends the test

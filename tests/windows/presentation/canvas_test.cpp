@@ -31,7 +31,7 @@ class CanvasTest : public Stage {
   void Clear() { ClearCanvas(kTransparentColour, lineArt.Canvas); }
 
   DynamicLineArt lineArt;
-  LineAttributes red{.Width = 1, .Style = LineStyle::Solid, .Ink = kOpaqueRed};
+  LineAttributes red{.width = 1, .style = LineStyle::Solid, .ink = kOpaqueRed};
 };
 
 TEST_F(CanvasTest, a_new_canvas_is_transparent) {
@@ -63,7 +63,7 @@ TEST_F(CanvasTest, a_line_that_leaves_the_canvas_keeps_its_slope) {
 }
 
 TEST_F(CanvasTest, a_rectangle_has_its_border_inside_and_its_fill_inside_of_that) {
-  red.Width = 4;
+  red.width = 4;
   CanvasRectangle({10, 10}, {20, 20}, red, kOpaqueGreen, lineArt.Canvas);
   const Pixels picture = Paint();
   EXPECT_EQ(picture.Extent(kWholeScene), (Area{110, 110, 120, 120}));
@@ -99,7 +99,7 @@ TEST_F(CanvasTest, a_positive_arc_runs_counter_clockwise_from_its_start) {
 }
 
 TEST_F(CanvasTest, the_ellipse_of_an_arc_is_the_box_less_the_line_on_every_side) {
-  red.Width = 6;
+  red.width = 6;
   CanvasArc({50, 0}, 100, 100, 0, 360, red, kTransparentColour, ArcForm::Arc, lineArt.Canvas);
   const Area ink = Ink();  // the middle of the line is 6 inside, its outer side 3
   EXPECT_NEAR(ink.left, 153, 1);
@@ -129,7 +129,7 @@ TEST_F(CanvasTest, a_sector_whose_fill_is_transparent_is_its_outline) {
 }
 
 TEST_F(CanvasTest, a_sectors_fill_is_as_transparent_as_its_line) {
-  red.Ink = 0xFF000080;
+  red.ink = 0xFF000080;
   CanvasArc({50, 0}, 100, 100, 0, 90, red, kOpaqueGreen, ArcForm::Sector, lineArt.Canvas);
   const std::uint32_t mixed = Paint().At(220, 130);
   EXPECT_NEAR(mixed >> 8 & 0xFF, 127, 3);
@@ -139,7 +139,7 @@ TEST_F(CanvasTest, a_sectors_fill_is_as_transparent_as_its_line) {
 TEST_F(CanvasTest, a_sector_whose_line_has_no_width_is_its_fill) {
   for (const int width : {0, -1}) {
     Clear();
-    red.Width = width;
+    red.width = width;
     CanvasArc({50, 0}, 100, 100, 0, 90, red, kOpaqueGreen, ArcForm::Sector, lineArt.Canvas);
     const Pixels picture = Paint();
     EXPECT_EQ(picture.Count(kWholeScene, kRed), 0) << width;
@@ -151,7 +151,7 @@ TEST_F(CanvasTest, a_sector_whose_line_has_no_width_is_its_fill) {
 TEST_F(CanvasTest, a_line_without_width_draws_nothing) {
   const CanvasPoint corners[] = {{10, 20}, {59, 20}, {40, 90}};
   for (const int width : {0, -1}) {
-    red.Width = width;
+    red.width = width;
     CanvasLine({10, 20}, {59, 20}, red, lineArt.Canvas);
     CanvasRectangle({10, 10}, {90, 90}, red, kTransparentColour, lineArt.Canvas);
     CanvasArc({50, 0}, 100, 100, 0, 90, red, kTransparentColour, ArcForm::Arc, lineArt.Canvas);
@@ -216,11 +216,11 @@ TEST_F(CanvasTest, a_polygon_of_a_thousand_corners_is_drawn_and_one_of_more_is_n
 TEST_F(CanvasTest, lines_of_style_2_are_dashed_and_of_style_3_dotted) {
   const auto inkOf = [this](std::int32_t style) {
     Clear();
-    red.Style = LineStyle{style};
+    red.style = LineStyle{style};
     CanvasLine({0, 50}, {199, 50}, red, lineArt.Canvas);
     return Paint().Count(kWholeScene, kRed);
   };
-  red.Width = 4;
+  red.width = 4;
   const int solid = inkOf(1);
   EXPECT_EQ(inkOf(9), solid);
   EXPECT_EQ(inkOf(0), solid);
@@ -245,15 +245,15 @@ TEST_F(CanvasTest, dashes_of_lines_that_leave_the_canvas_do_not_move) {
   for (const auto& [nearby, distant] : pairs) {
     for (const std::int32_t style : {1, 2, 3}) {
       for (const std::int32_t width : {1, 4}) {
-        red.Style = LineStyle{style};
-        red.Width = width;
+        red.style = LineStyle{style};
+        red.width = width;
         Clear();
         CanvasLine(nearby.from, nearby.to, red, lineArt.Canvas);
         const Pixels expected = Paint();
         EXPECT_GE(expected.Count(kWholeScene, kRed), 50);
         Clear();
         CanvasLine(distant.from, distant.to, red, lineArt.Canvas);
-        EXPECT_TRUE(Paint() == expected) << distant.from.X << ' ' << style << ' ' << width;
+        EXPECT_TRUE(Paint() == expected) << distant.from.x << ' ' << style << ' ' << width;
       }
     }
   }
@@ -262,8 +262,8 @@ TEST_F(CanvasTest, dashes_of_lines_that_leave_the_canvas_do_not_move) {
 TEST_F(CanvasTest, dashes_of_rectangles_that_leave_the_canvas_do_not_move) {
   for (const std::int32_t style : {2, 3}) {
     for (const std::int32_t width : {1, 4}) {
-      red.Style = LineStyle{style};
-      red.Width = width;
+      red.style = LineStyle{style};
+      red.width = width;
       const auto inkOf = [this](CanvasPoint from, CanvasPoint to) {
         Clear();
         CanvasRectangle(from, to, red, kTransparentColour, lineArt.Canvas);
@@ -381,8 +381,8 @@ TEST_F(CanvasTest, the_largest_numbers_take_no_time) {
   const std::uint64_t start = ProcessorMs();
   for (const std::int32_t style : {1, 2, 3}) {
     for (const std::int32_t width : {1, kLargest, kSmallest}) {
-      red.Style = LineStyle{style};
-      red.Width = width;
+      red.style = LineStyle{style};
+      red.width = width;
       const CanvasPoint corners[] = {{kSmallest, kLargest}, {kLargest, 5}, {3, kSmallest}};
       CanvasLine({kSmallest, 3}, {kLargest, 4}, red, lineArt.Canvas);
       CanvasRectangle({kSmallest, kSmallest}, {kLargest, kLargest}, red, kOpaqueGreen,
@@ -397,8 +397,8 @@ TEST_F(CanvasTest, the_largest_numbers_take_no_time) {
   }
   EXPECT_LT(ProcessorMs() - start, 54 * 250U) << "a quarter of a second an operation";
   Clear();
-  red.Style = LineStyle::Solid;
-  red.Width = 2;
+  red.style = LineStyle::Solid;
+  red.width = 2;
   CanvasRectangle({10, 10}, {20, 20}, red, kOpaqueGreen, lineArt.Canvas);
   EXPECT_EQ(Ink(), (Area{110, 110, 120, 120})) << "the next ordinary rectangle";
 }

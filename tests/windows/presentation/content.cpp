@@ -30,7 +30,7 @@ std::string Encoded(const std::string& bmp, const wchar_t* mimeType) {
   GetTempPathA(MAX_PATH, folder);
   const std::string path = std::string(folder) + "korvel_presentation_test.picture";
   Picture picture;
-  if (!ReadPicture(bmp, picture) || !SaveImage(picture.Image, mimeType, path.c_str())) return {};
+  if (!ReadPicture(bmp, picture) || !SaveImage(picture.image, mimeType, path.c_str())) return {};
   std::string bytes = FileBytes(path);
   DeleteFileA(path.c_str());
   return bytes;

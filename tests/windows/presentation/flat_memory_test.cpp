@@ -66,7 +66,7 @@ class FlatMemoryTest : public Stage {
     for (int count = 0; count < times; ++count) {
       std::size_t turn = static_cast<std::size_t>(count) % kPictures;
       for (const StackedVisible& entry : App().DisplayStack) {
-        entry.Visible->RunningStatus = turn-- == 0;
+        entry.visible->RunningStatus = turn-- == 0;
       }
       TheHost().fetched.clear();
       ResetRedrawCounter();

@@ -58,7 +58,7 @@ TEST_F(StringFormatTest, the_picture_has_96_dots_per_inch) {
 
 TEST_F(StringFormatTest, has_a_flag_that_keeps_lines_whole_unless_text_is_wrapped) {
   for (const bool isWrapped : {false, true}) {
-    drawing.TextWrapping = isWrapped;
+    drawing.textWrapping = isWrapped;
     INT flags = -1;
     EXPECT_EQ(gdip::GdipGetStringFormatFlags(Made(), &flags), Gdiplus::Ok);
     EXPECT_EQ(flags, isWrapped ? 0 : 0x1000);
@@ -74,14 +74,14 @@ TEST_F(StringFormatTest, start_end_and_centre_are_near_far_and_centre_and_all_el
        {Case{0, Gdiplus::StringAlignmentNear}, Case{1, Gdiplus::StringAlignmentNear},
         Case{2, Gdiplus::StringAlignmentFar}, Case{3, Gdiplus::StringAlignmentCenter},
         Case{4, Gdiplus::StringAlignmentNear}, Case{5, Gdiplus::StringAlignmentNear}}) {
-    drawing.HorizontalJustification = Justification{known.justification};
-    drawing.VerticalJustification = Justification{0};
+    drawing.horizontalJustification = Justification{known.justification};
+    drawing.verticalJustification = Justification{0};
     Gdiplus::StringAlignment alignment{};
     Gdiplus::StringAlignment lineAlignment{};
     EXPECT_EQ(gdip::GdipGetStringFormatAlign(Made(), &alignment), Gdiplus::Ok);
     EXPECT_EQ(alignment, known.alignment) << known.justification;
-    drawing.HorizontalJustification = Justification{0};
-    drawing.VerticalJustification = Justification{known.justification};
+    drawing.horizontalJustification = Justification{0};
+    drawing.verticalJustification = Justification{known.justification};
     EXPECT_EQ(gdip::GdipGetStringFormatLineAlign(Made(), &lineAlignment), Gdiplus::Ok);
     EXPECT_EQ(lineAlignment, known.alignment) << known.justification;
   }

@@ -104,7 +104,7 @@ void AddObject(const korvel::Item& item, CheckedGroup& group) {
 }  // namespace
 
 korvel::ItemType CheckedGroup::ClassOf(std::int32_t number) const {
-  if (number == Group().Reference.Number) return Group().Type;
+  if (number == Group().Reference.Number) return Group().type;
   const auto found = objects.find(number);
   return found == objects.end() ? korvel::ItemType::None : found->second.type;
 }

@@ -88,7 +88,7 @@ class LinkCheck : public GroupVisitor {
     const bool isActivated = deeds_.activated.MayBe(group_.Name(), currentObject);
     if (!link.InitiallyActive && !isActivated) Report("nothing activates it");
     if (!deeds_.sendsEvents) CheckCondition(link.Condition);
-    if (group_.Group().Type == ItemType::Scene) CheckCrowd(link);
+    if (group_.Group().type == ItemType::Scene) CheckCrowd(link);
   }
 
  private:
@@ -134,7 +134,7 @@ class LinkCheck : public GroupVisitor {
   }
   void CheckKey(std::int32_t key) {
     if (!IsKey(key)) return Report("no key has the number " + std::to_string(key));
-    if (group_.Group().Type != ItemType::Scene) return;
+    if (group_.Group().type != ItemType::Scene) return;
     const std::int32_t inputRegister = static_cast<const Scene&>(group_.Group()).InputEventReg;
     if (!IsKeptOut(inputRegister, key)) return;
     Report("input event register " + std::to_string(inputRegister) + " keeps out key " +
@@ -158,7 +158,7 @@ void CheckLinks(const Carousel& carousel, const CheckedGroup& group, Findings& f
   LinkDeeds deeds = group.deeds;
   const CheckedGroup* application = carousel.ApplicationOf(group);
   if (application != nullptr) deeds.Add(application->deeds);
-  const bool isApplication = group.Group().Type == ItemType::Application;
+  const bool isApplication = group.Group().type == ItemType::Application;
   LinkCheck check(carousel, group, isApplication ? carousel.Deeds() : deeds, findings);
   Walk(group.Group(), check);
 }

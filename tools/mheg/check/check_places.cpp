@@ -69,7 +69,7 @@ class PlaceCheck : public GroupVisitor {
 };
 
 SceneCoordinateSystem SceneOf(const Group& group) {
-  if (group.Type != ItemType::Scene) return kUsualScene;
+  if (group.type != ItemType::Scene) return kUsualScene;
   const SceneCoordinateSystem& scene = static_cast<const Scene&>(group).SceneCS;
   return scene.Width > 0 && scene.Height > 0 ? scene : kUsualScene;
 }

@@ -93,7 +93,7 @@ void CheckReferences(const Carousel& carousel, const CheckedGroup& group, Findin
 void CheckFiles(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
   FileCheck check(carousel, group, findings);
   Walk(group.Group(), check);
-  if (group.Group().Type != ItemType::Scene) return;
+  if (group.Group().type != ItemType::Scene) return;
   for (const NextScene& next : static_cast<const Scene&>(group.Group()).NextScenes) {
     if (carousel.HasFile(group, next.SceneReference.View())) continue;
     findings.push_back({group.Group().Reference.Number,

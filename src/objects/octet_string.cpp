@@ -1,5 +1,5 @@
-// Copying and growing octet strings. New bytes are always made before the old ones go, so a failure
-// changes nothing and a string may be assigned from a part of itself.
+// Copying and growing octet strings. New bytes are always allocated before the old ones are
+// released, so a failure changes nothing and a string may be assigned from a part of itself.
 #include "objects/octet_string.h"
 
 #include <cstring>
@@ -9,7 +9,7 @@
 namespace korvel {
 namespace {
 
-// `length` zeros and the one that follows them, or null.
+// `length` zero bytes and a terminating one, or null.
 char* Zeros(std::size_t length) {
   return length + 1 == 0 ? nullptr : static_cast<char*>(AllocateZeroed(length + 1));
 }

@@ -39,8 +39,7 @@ bool IsPresent(const T& /*value*/) {
 }
 
 // Writes the elements of an action list, which the caller puts into a SEQUENCE or under an
-// attribute's tag. The extensions that only run have no tag: an action of theirs makes the writer
-// fail.
+// attribute's tag. The writer fails for an extension action, which has no tag.
 void EncodeActions(BerWriter& writer, const ActionList& actions);
 
 }  // namespace korvel::ber

@@ -7,7 +7,7 @@
 namespace korvel {
 namespace {
 
-// The first item to be given a cell. Items before the first one do not exist.
+// The item in the first cell. A first item below 1 means item 1.
 std::int32_t StartItem(const ListGroup& group) { return std::max(EffectiveFirstItem(group), 1); }
 
 // Puts an item's visible into a cell.

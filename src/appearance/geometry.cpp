@@ -11,7 +11,7 @@
 namespace korvel {
 namespace {
 
-// One side of the square: a point p is inside if p.X * X + p.Y * Y <= Far.
+// One side of the square: a point p is inside if p.x * x + p.y * y <= far.
 struct Side {
   double x;
   double y;

@@ -21,7 +21,7 @@ namespace korvel {
 [[nodiscard]] bool ReadLeadingColour(std::string_view text, DrawnColour& colour);
 
 // Copies the text without its control sequences and with each CR replaced by LF. A zero byte ends
-// the result; the bytes after it have no meaning. False when memory is out.
+// the result; the bytes after it have no meaning. False if memory runs out.
 [[nodiscard]] bool RemoveControlSequences(std::string_view text, OctetString& clean);
 
 // ---- Font attributes ----

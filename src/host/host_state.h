@@ -62,7 +62,7 @@ struct HostState {
 };
 
 // Constant-initialised and without a destructor: when the process ends, its other threads have been
-// stopped anywhere in their work, and this record must not be touched.
+// terminated at arbitrary points, and this record must not be touched.
 extern HostState hostState;
 
 // Held in the scope that reads or changes what HostState::lock guards.

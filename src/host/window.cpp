@@ -101,7 +101,8 @@ LRESULT CALLBACK EngineWindowProcedure(HWND window, UINT message, WPARAM wParam,
   case WM_KEYUP: NoteModifier(wParam, false); return 0;
   case WM_SYSKEYDOWN:
   case WM_SYSKEYUP:
-    // Alt alone arrives here and not as a plain key. The system also uses it for its menu.
+    // Alt without another key arrives here, not as a plain key. The system also uses it for its
+    // menu.
     if (wParam == VK_MENU) NoteModifier(wParam, message == WM_SYSKEYDOWN);
     return DefaultResult(window, message, wParam, lParam);
   case WM_TIMER: HandleExpiry(window, static_cast<std::uint32_t>(wParam)); return 0;

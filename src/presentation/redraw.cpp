@@ -13,7 +13,7 @@
 namespace korvel {
 namespace {
 
-// Four of every five requests are dropped: a cheap limit on how often content makes us paint.
+// Four of every five requests are dropped: a cheap limit on how often content can cause painting.
 constexpr std::uint32_t kRequestsPerPainting = 5;
 
 // False if a picture is missing.

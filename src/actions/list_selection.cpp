@@ -73,7 +73,7 @@ Status SelectListItem(ListGroup& group, ListItem& item) {
     if (status != Status::Done) return status;
   }
   const std::int32_t place = PlaceOf(group, chosen);
-  if (place == 0) return Status::Done;  // a link of ItemDeselected has removed it
+  if (place == 0) return Status::Done;  // a link that waits for ItemDeselected has removed it
   return RaiseFrom(group, EventType::ItemSelected, EventData::Integer(place));
 }
 

@@ -32,7 +32,8 @@ Status StartVideos(const Stream& stream) {
   return Status::Done;
 }
 
-// Sets the status of the stream itself, unless an event of a component has done so already.
+// Sets the status of the stream itself, unless a link that waits for a component's event has done
+// so.
 Change FinishChange(Stream& stream, Status components, bool isRunning) {
   if (components == Status::Failure) return Change::Failure;
   if (components == Status::Replaced) return Change::Changed;

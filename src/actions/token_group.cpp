@@ -1,4 +1,4 @@
-// Token groups: running and stopping their members, moving the token, and the action slots of its
+// Token groups: running and stopping members, moving the token, and calling the action slots at its
 // position. A list group moves its token in the same way.
 
 #include "actions/behaviours.h"
@@ -46,7 +46,8 @@ Change ActivateTokenGroup(TokenGroup& group) {
     return Status::Done;
   });
   if (status != Status::Done) return ChangeOf(status);
-  if (group.RunningStatus) return Change::Nothing;  // an event of a member has run it already
+  if (group.RunningStatus)
+    return Change::Nothing;  // a link that waits for a member's event has run it
   group.RunningStatus = true;
   return ChangeOf(
       RaiseFrom(group, EventType::TokenMovedTo, EventData::Integer(group.TokenPosition)));

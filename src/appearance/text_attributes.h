@@ -1,4 +1,4 @@
-// The attributes of text that are written in text: control sequences, and font attributes in their
+// Reads the attributes of text: control sequences in the text itself, and font attributes in the
 // form "style.size.linespacing.letterspacing".
 #pragma once
 

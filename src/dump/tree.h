@@ -39,7 +39,7 @@ class Tree {
   void Size(const char* label, const BoxSize& value) const;
   void Place(const char* label, const Position& value) const;
 
-  // Lines of their own.
+  // Lines without a label.
   void ReferenceLine(const ObjectReference& value) const;
   void OctetsLine(const OctetString& value) const;
 

@@ -104,7 +104,7 @@ bool SetDirectoryOfLaunched(std::string_view groupName) {
   if (groupName.starts_with(kRootPrefix)) {
     std::string_view path = groupName.substr(kRootPrefix.size());
     for (int slashes = 0; slashes < 2 && path.starts_with('/'); ++slashes) path.remove_prefix(1);
-    // Deeper components are not kept.
+    // Only the first component is kept.
     const std::size_t slash = path.find('/');
     return directory.Assign(path.substr(0, slash == kNone ? 0 : slash + 1));
   }

@@ -19,14 +19,14 @@
 namespace korvel {
 namespace {
 
-// Looking for a message answers the sent ones. The filter excludes all posted ones.
+// PeekMessage dispatches sent messages. The filter excludes all posted ones.
 void AnswerSentMessages() {
   MSG message;
   PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
 }
 
-// How long a start waits for an engine that has reported its close; that engine's thread has only a
-// few calls left then.
+// The limit of a start's wait for an engine that has reported its close: the thread of that engine
+// has only a few calls left.
 constexpr DWORD kEpilogueLimitMs = 5000;
 
 std::uint64_t CreationTime(HANDLE thread) {
@@ -37,7 +37,7 @@ std::uint64_t CreationTime(HANDLE thread) {
   return high << 32U | created.dwLowDateTime;
 }
 
-// For the next two functions the caller holds the state lock, and closes the handle afterwards.
+// The caller of the next two functions holds the state lock and closes the returned handle.
 HANDLE DuplicateEngineThread() {
   HANDLE duplicate = nullptr;
   DuplicateHandle(GetCurrentProcess(), hostState.engineThread, GetCurrentProcess(), &duplicate,
@@ -111,8 +111,8 @@ void RunInWindow() {
   EndWorkerAndWindow();
 }
 
-// The last step of the thread: closes its own handle and allows a new start. Waits still find the
-// thread.
+// The last step of the thread: closes its own handle and allows a new start. Later waits find the
+// thread through `lastThread`.
 void LeaveEngineThread() {
   const StateLocked locked;
   hostState.lastThread = {GetCurrentThreadId(), CreationTime(GetCurrentThread())};
@@ -120,7 +120,7 @@ void LeaveEngineThread() {
   hostState.phase = Phase::Idle;
 }
 
-// After this a start is accepted; it waits for the thread's end.
+// From here on a start is accepted and waits for this thread to end.
 void EnterEpilogue() {
   const StateLocked locked;
   hostState.phase = Phase::Epilogue;

@@ -1,6 +1,5 @@
-// The threads of the engine and how they meet. The engine thread owns the engine window and its
-// message loop, and creates the worker thread, which starts the engine and does all MHEG-5 work,
-// one piece at a time.
+// The threads of the engine. The engine thread owns the engine window and its message loop, and
+// creates the worker thread, which starts the engine and does all MHEG-5 work, one piece at a time.
 #pragma once
 
 #include <windows.h>

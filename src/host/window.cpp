@@ -53,7 +53,7 @@ void NoteModifier(WPARAM virtualKey, bool isDown) {
   if (virtualKey == VK_MENU) hostState.window.isAltDown = isDown;
 }
 
-// Keys that are pressed with both Ctrl and Alt down are not for the engine.
+// The engine ignores keys that are pressed while both Ctrl and Alt are down.
 void HandleKeyDown(WPARAM virtualKey) {
   NoteModifier(virtualKey, true);
   if (hostState.window.isCtrlDown && hostState.window.isAltDown) return;

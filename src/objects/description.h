@@ -19,7 +19,7 @@ struct Form {
   bool isChoice = false;  // its type differs between classes, so BER needs an explicit tag
 };
 
-// One attribute of a class: a context-specific tag, a keyword, and where the value is kept.
+// One attribute of a class: a context-specific tag, a keyword, and the field that holds the value.
 template <class Record, class Field>
 struct Attribute {
   std::uint32_t tag;

@@ -1,6 +1,6 @@
-// Limits on what content may ask for, each with its reason. They are counts, not times, so that the
-// same content looks and behaves the same on every machine, however slow or busy it is. Only the
-// remaining work while a close is pending is also limited by time.
+// Limits on the resources that content may use, each with its reason. They are counts, not times,
+// so that the same content looks and behaves the same on every machine, however slow or busy it is.
+// Only the remaining work while a close is pending is also limited by time.
 #pragma once
 
 #include <cstddef>
@@ -71,7 +71,7 @@ inline constexpr double kMostDashes = 3000;
 // out the text beyond the box, which takes long.
 inline constexpr std::size_t kMostCharacters = 20000;
 
-// A font of a larger size is not drawn: not even a part of a character would be in the picture.
+// A font of a larger size is not drawn: no part of a character would be visible.
 inline constexpr std::int32_t kLargestFontSize = 10000;
 
 }  // namespace korvel

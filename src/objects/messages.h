@@ -29,7 +29,7 @@ enum class Message : std::uint8_t {
   SetLineColourError,
   SetFillColourError,
   TextLength,   // GetTextData reports the length of the text, an int
-  UnknownWord,  // of the textual notation: the word
+  UnknownWord,  // in the textual notation: the word
   // Memory has run out.
   NoMemoryForEvent,
   NoMemoryForDisplayStack,

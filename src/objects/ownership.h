@@ -1,5 +1,5 @@
-// Who releases a record: owners of records on the engine's heap, groups among them, and records
-// that are never released.
+// Who releases a record: owners of records on the engine's heap, including groups, and records that
+// are never released.
 #pragma once
 
 #include <memory>
@@ -22,7 +22,7 @@ struct Releaser {
 template <>
 struct Releaser<Group> {
   Releaser() = default;
-  // For the owner of an Application or a Scene that becomes the owner of a group.
+  // Converts the owner of an Application or a Scene to the owner of a group.
   template <class Record>
   Releaser(Releaser<Record> /*other*/) {}  // NOLINT(google-explicit-constructor)
   void operator()(Group* group) const {

@@ -60,7 +60,7 @@ struct Text : Visible {
   korvel::StartCorner StartCorner = korvel::StartCorner::UpperLeft;
   bool TextWrapping = false;
 
-  OctetString TextData;  // what is shown
+  OctetString TextData;  // the text that is shown
   FontBody Font;
 };
 

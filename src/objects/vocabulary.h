@@ -13,8 +13,8 @@ namespace korvel {
 
 // ---- Classes ----
 
-// The number that names an object's class everywhere in the engine; the display stack calls it its
-// entry's kind.
+// The number that names an object's class everywhere in the engine; in the display stack it is
+// called an entry's kind.
 enum class ItemType : std::uint32_t {
   None = 0,  // no object: the result of a lookup that finds nothing
   Application = 1,

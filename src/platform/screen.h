@@ -25,11 +25,11 @@ Status Redraw();
 // They are not decoded here: a fixed picture replaces video, and these functions do nothing and
 // return Done.
 
-// The stream has started to run with this video in that box.
+// Called when the stream has started with this video in that box, in scene pixels.
 Status StartVideo(const Stream& stream, std::int32_t componentTag, const Position& at,
                   const BoxSize& size);
 
-// The stream and all its components have stopped.
+// Called when the stream and all its components have stopped.
 Status EndStream(const Stream& stream);
 
 }  // namespace korvel

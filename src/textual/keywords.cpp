@@ -154,7 +154,7 @@ constexpr std::size_t kLongestWord = 40;
 
 // The number of letters to insert, omit or change. Neither word is longer than kLongestWord.
 std::size_t Distance(std::string_view one, std::string_view other) {
-  // The distances between the part of `one` read so far and each beginning of `other`.
+  // The distances between the part of `one` read so far and each prefix of `other`.
   std::array<std::size_t, kLongestWord + 1> row{};
   for (std::size_t k = 0; k <= other.size(); ++k) row[k] = k;
   for (std::size_t i = 1; i <= one.size(); ++i) {

@@ -103,8 +103,8 @@ class Lexer {
     return LexResult::Done;
   }
 
-  // A keyword, which runs until a byte that ends words or one of two brackets: the opening ones
-  // after a word with a colon, the closing ones after a word without.
+  // Reads a keyword, up to a byte that ends words or one of two brackets: an opening one after a
+  // word with a colon, a closing one after a word without.
   LexResult ReadWord(char bracket, char otherBracket) {
     std::size_t end = position_;
     while (end < text_.size() && !EndsWord(text_[end]) &&

@@ -28,14 +28,14 @@ struct DecodeError {
 Status DecodeGroup(std::span<const std::uint8_t> bytes, OwnedGroup& group,
                    DecodeError* error = nullptr);
 
-// Writes a group in the standard's BER form. Attributes at their construction values are left out,
+// Writes a group in the standard's BER form. Attributes at their construction values are omitted,
 // unless they are mandatory. Refused, with `bytes` unchanged, if memory runs out or an action has
 // no tag (those above 110).
 Status EncodeGroup(const Group& group, OctetString& bytes);
 
 // Sets the group identifier of every reference in the group and its items that has none to
-// `groupName`, so that a reference means the same wherever it is read. Failure, with a message
-// naming the reference, when memory runs out.
+// `groupName`, so that a reference means the same wherever it is read. Failure, with a message that
+// names the reference, if memory runs out.
 Status CompleteReferences(std::string_view groupName, Group& group);
 
 }  // namespace korvel

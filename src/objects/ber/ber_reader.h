@@ -13,7 +13,7 @@
 
 namespace korvel::ber {
 
-// The first refusal: the first byte of the wrong element. Callers add the other members while they
+// The first refusal: the first byte of the wrong element. Callers add the other members as they
 // return.
 struct Refusal {
   const std::uint8_t* place = nullptr;
@@ -50,7 +50,7 @@ class BerReader {
   [[nodiscard]] bool Ends();
   // Whether an element with that tag comes next. Refuses nothing.
   [[nodiscard]] bool NextIs(Tag tag) const;
-  // As Next, but stays where it is and refuses nothing.
+  // Like Next, but does not advance and refuses nothing.
   [[nodiscard]] bool Peek(BerElement& element) const;
   // Moves to the end.
   void SkipAll() { cursor_ = end_; }

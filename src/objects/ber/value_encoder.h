@@ -1,6 +1,5 @@
-// Writing values and actions in the standard's form. A type that is one universal type can take an
-// implicit tag; a choice of several types needs an explicit one, which holds an element of the
-// type.
+// Encodes values and actions. A type that is one universal type can take an implicit tag; a choice
+// of several types needs an explicit one, which holds an element of the type.
 #pragma once
 
 #include <concepts>

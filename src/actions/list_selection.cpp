@@ -1,4 +1,4 @@
-// Selecting the items of list groups. Every event may change the list, so items are identified by
+// Selects the items of list groups. Every event may change the list, so items are identified by
 // reference, and their places are recomputed for each event.
 #include "actions/behaviours.h"
 

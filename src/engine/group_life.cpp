@@ -95,7 +95,8 @@ void Adopt(Group& group) {
 
 Status StartApplication(Application& application) {
   if (CompleteReferences(NameOf(application), application) != Status::Done) return Status::Failure;
-  // This first run comes before the links, so that no link of the application sees its events.
+  // OnStartUp first runs before the links are added, so that no link of the application sees its
+  // events.
   const Status status = RunOnStartUp(application, Scope::ApplicationFirst);
   if (status == Status::Failure || status == Status::Replaced) return status;
   if (IsGone(application)) return Status::Replaced;

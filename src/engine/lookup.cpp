@@ -1,4 +1,4 @@
-// Finding objects of the running groups by name and number.
+// Finds objects of the running groups by group name and number.
 #include "engine/core.h"
 
 namespace korvel {

@@ -52,7 +52,7 @@ std::int32_t IndexOf(std::string_view reference) {
 
 }  // namespace
 
-// From 0 up to and including the given number.
+// Returns a number from 0 to the given one, inclusive.
 bool GetRandomNumber(ProgramValues& values) {
   const std::int64_t count = std::int64_t{values[0].Integer} + 1;
   values[1].Integer = count <= 0 ? 0 : static_cast<std::int32_t>(NextRandom() % count);

@@ -79,7 +79,7 @@ constexpr bool IsInput(Slot slot) {
   return slot == BooleanIn || slot == IntegerIn || slot == TextIn || slot == ReferenceIn;
 }
 
-// The class of variable at a place.
+// The class of the variables that a slot accepts.
 constexpr ItemType ClassOf(Slot slot) {
   switch (slot) {
   case BooleanIn:

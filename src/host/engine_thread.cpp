@@ -3,7 +3,7 @@
 // engine's own threads. The engine thread closes its own handle, because the host need not wait for
 // it, so a wait uses a duplicate. A wait that begins after that must still wait until the thread is
 // gone: hosts end the process next, and under Wine that can crash while a thread is ending. Such a
-// wait finds the thread by its number.
+// wait finds the thread by its id and creation time.
 #include <windows.h>
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 // The engine's reference to the host object, the callback by which the host can close the engine,
-// and the reading of broadcast files: the host object's function is called again while the host has
-// not received the file yet.
+// and reading broadcast files: the host object is called again while the host has not received the
+// file yet.
 #include "host/host_object.h"
 
 #include <cstdint>

@@ -28,8 +28,8 @@ struct WindowState {
   bool isAltDown = false;
 };
 
-// A thread whose handle is closed. The system reuses the numbers of ended threads, so the time of
-// its creation is needed to find it.
+// A thread whose handle is closed. The system reuses the numbers of ended threads, so its creation
+// time is needed too.
 struct ThreadIdentity {
   DWORD id = 0;
   std::uint64_t creationTime = 0;

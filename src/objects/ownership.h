@@ -1,5 +1,4 @@
-// Who releases a record: owners of records on the engine's heap, including groups, and records that
-// are never released.
+// Owners of records on the engine's heap, including groups, and records that are never released.
 #pragma once
 
 #include <memory>

@@ -36,7 +36,7 @@ enum class [[nodiscard]] LexResult : std::int32_t{
     UnknownWord = -3,  // not a keyword, or a lone "/"
 };
 
-// The place and the reason of the lexer's stop.
+// The position at which the lexer stopped, and the reason.
 struct LexStop {
   std::uint32_t offset = 0;
   const char* expected = "";

@@ -10,8 +10,8 @@
 
 namespace korvel {
 
-// The surroundings of a token, for messages: an object's class and the keyword of its attribute, or
-// an action. Empty outside all objects.
+// The context of a token, for messages: an object's class and the keyword of its attribute, or an
+// action. Empty outside all objects.
 struct Construct {
   const char* owner = "";
   const char* part = "";

@@ -1,5 +1,5 @@
-// Reading actions. The standard nests some parameters in a SEQUENCE, and whole parameter lists may
-// be wrapped in one; both forms end up as the same flat row of values.
+// Decodes actions. The standard nests some parameters in a SEQUENCE, and whole parameter lists may
+// be wrapped in one; all forms give the same flat list of values.
 #include <utility>
 
 #include "objects/action_table.h"

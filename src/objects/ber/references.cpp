@@ -1,5 +1,5 @@
-// Completing references: a pass over the class tables that gives every reference without a group
-// identifier a copy of the group's name.
+// Completes references: a pass over the class tables that copies the group's name to every
+// reference without a group identifier.
 #include <type_traits>
 
 #include "objects/ber/ber.h"

@@ -27,17 +27,18 @@ enum {
 /* The results of MHEG5HostTable.ReadFile. Any other value means that the file cannot be read. */
 enum {
   kMHEG5FileRead = 0,
-  kMHEG5FileNotYetAvailable = 1 /* asked again every 500 ms until answered otherwise or closed */
+  kMHEG5FileNotYetAvailable =
+      1 /* retried every 500 ms until the result changes or the engine closes */
 };
 
-/* With this the host can close the engine without holding the library's functions:
- * kMHEG5ExitCode does what ExitMHEG5 does, any other code nothing. May be called on any thread. */
+/* Lets the host close the engine without importing the library's functions. kMHEG5ExitCode has the
+ * effect of ExitMHEG5, any other code has none. May be called on any thread. */
 typedef void(KORVEL_CALL* MHEG5ExitCallback)(uint32_t code);
 
 struct MHEG5HostTable;
 
-/* The host object: owned by the host, counted by AddRef and Release. Its first word points at the
- * table of its functions, so a C++ object laid out in this order serves as well. */
+/* The host object: owned by the host, counted by AddRef and Release. Its first word points to its
+ * function table, so a C++ object whose virtual functions are in this order works too. */
 typedef struct MHEG5Host {
   const struct MHEG5HostTable* table;
 } MHEG5Host;
@@ -45,10 +46,10 @@ typedef struct MHEG5Host {
 /* The functions of a host object, 12 slots in this order. The engine calls ReadFile and FreeBuffer
  * on its own worker thread, one call at a time and never on the thread that called RunMHEG5Window;
  * AddRef and the first SetExitCallback on the thread that called RunMHEG5Window; Release and the
- * last SetExitCallback on the worker. No function may wait for the engine to close, nor for a
- * thread that waits for it by other means than MHEG5WaitForClose. */
+ * last SetExitCallback on the worker. No function may wait for the engine to close, or for a thread
+ * that waits for that by any means other than MHEG5WaitForClose. */
 typedef struct MHEG5HostTable {
-  /* Slots 0, 3 to 5 and 8 to 10 are the host's own: never called, and may be null. */
+  /* Slots 0, 3 to 5 and 8 to 10 belong to the host. They are never called and may be null. */
   int32_t(KORVEL_CALL* QueryInterface)(MHEG5Host* host, const void* interfaceId, void** object);
 
   /* Slot 1: called once by a successful RunMHEG5Window. Returns the new count. */
@@ -62,11 +63,11 @@ typedef struct MHEG5HostTable {
   void(KORVEL_CALL* HostOwn4)(MHEG5Host* host);
   void(KORVEL_CALL* HostOwn5)(MHEG5Host* host);
 
-  /* Slot 6: reads a file of the broadcast file system. The path is relative to its root, 8-bit,
-   * ends with a zero and may separate folders with '\\' or with '/'. On success the host stores
-   * the address of a buffer of its own and the number of its bytes, and keeps the buffer until
-   * FreeBuffer. `size` is null when the engine only asks whether the file is there; FreeBuffer
-   * follows a success all the same. It does not follow any other answer. */
+  /* Slot 6: reads a file of the broadcast file system. The path is relative to its root, 8-bit and
+   * zero-terminated, and separates folders with '\\' or '/'. On success the host stores the address
+   * and the size in bytes of a buffer that it owns, and keeps the buffer until FreeBuffer. `size`
+   * is null if the engine only checks that the file exists; FreeBuffer then follows a success too.
+   * FreeBuffer is not called after any other result. */
   uint32_t(KORVEL_CALL* ReadFile)(MHEG5Host* host, const char* path, void** data, uint32_t* size);
 
   /* Slot 7: releases a buffer of ReadFile, exactly once for each success. */
@@ -86,16 +87,16 @@ typedef struct MHEG5HostTable {
  * ending needs the lock that DllMain holds. */
 
 /* Starts the engine, which opens its window, looks for the start-up application and runs on
- * threads of its own. Returns 0 without waiting for any of that. Returns 1, with nothing called and
- * nothing kept, if `host` or its table is null, if a function that the engine calls is missing,
- * if an engine exists or is still closing, or if the thread cannot be created. `hostWindow`
- * receives kMHEG5ClosedMessage; it may be null. It is not a failure if the application cannot be
- * found: the engine then reports that in its window and waits to be closed. */
+ * threads of its own. Returns 0 without waiting for any of that. Returns 1, without calling or
+ * keeping the host object, if `host` or its table is null, if a function that the engine calls is
+ * missing, if an engine exists or is still closing, or if the thread cannot be created.
+ * `hostWindow` receives kMHEG5ClosedMessage; it may be null. It is not a failure if the application
+ * cannot be found: the engine then reports that in its window and waits to be closed. */
 uint32_t KORVEL_CALL RunMHEG5Window(MHEG5Host* host, HWND hostWindow);
 
 /* Asks the engine to close and returns 0 immediately. Does nothing while there is no engine or
- * while its window does not exist yet: a host that must close at that moment asks again. The close
- * takes at most a second and one call of the host object. */
+ * while its window does not exist yet: a host that must close at that moment calls it again.
+ * Closing takes at most one second plus one call of the host object. */
 uint32_t KORVEL_CALL ExitMHEG5(void);
 
 /* The same request as ExitMHEG5, except that it does not check whether the window exists yet; a

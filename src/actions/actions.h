@@ -14,15 +14,14 @@ namespace korvel {
 
 struct FoundObject;
 
-// Runs an action list. `groupName` is the group that references without a group identifier mean; it
-// is copied, so it may belong to a group that the actions end. Returns Done; Refused when an
-// unknown action number was met (the rest has run); Failure when a behaviour, a raised event or the
-// limits on nesting and work ask everything to stop; Replaced when the application or scene was
-// replaced.
+// Runs an action list. `groupName` is the group of references without a group identifier; it is
+// copied, so it may belong to a group that the actions end. Returns Done; Refused if an action
+// number was unknown (the others have run); Failure if a behaviour, a raised event or a limit on
+// nesting or work stops everything; Replaced if the application or scene was replaced.
 Status RunActions(Scope scope, const ActionHolder& owner, std::string_view groupName);
 
-// Prepares an ingredient: sets its run-time values up from the original ones, takes its text, makes
-// it available.
+// Prepares an ingredient: sets its run-time values from the original ones, reads its text, and
+// makes it available.
 Change Prepare(ItemType type, Ingredient& ingredient);
 
 // Activates an ingredient: makes it run, enters a visible in the display stack, requests a redraw.
@@ -43,7 +42,7 @@ Status StopIngredient(ItemType type, Ingredient& ingredient);
 // end. A visible keeps its place in the display stack.
 void StopSilently(ItemType type, Ingredient& ingredient);
 
-// The value of a variable; of a content reference variable the path.
+// The value of a variable; for a content reference variable, its path.
 template <class Variable>
 auto& ValueOf(Variable& variable) {
   if constexpr (requires { variable.Value.Path; }) {
@@ -53,7 +52,7 @@ auto& ValueOf(Variable& variable) {
   }
 }
 
-// Sets a variable's value. Refused, with the value as it was, while the variable is not available.
+// Sets a variable's value. Refused, with the value unchanged, if the variable is not available.
 template <class Variable, class Value>
 Status SetValue(Variable& variable, Value value) {
   if (!variable.AvailabilityStatus) return Status::Refused;
@@ -88,11 +87,11 @@ inline ObjectReference& FieldOf(GenericValue& value, const ObjectReference& /*ty
 }
 
 // Copies the value and the kind of a variable; the kind is None if the object is not a variable.
-// False when memory is out: the field of the value is then empty.
+// False if memory runs out: the field of the value is then empty.
 [[nodiscard]] bool CopyValue(const FoundObject& found, GenericValue& value);
 
 // Offers a key to the interaction in progress. True if the interaction has used it: `result` is
-// then its result, and the key goes nowhere else.
+// then its result, and the key must not be passed on.
 [[nodiscard]] bool TakeInteractionKey(std::int32_t key, Status& result);
 
 // Resets the engine-wide state of the classes (the highlighted object, the interaction in

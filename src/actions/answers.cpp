@@ -1,4 +1,4 @@
-// The one place where behaviours raise events, ask for redraws and write variables.
+// Raises events, requests redraws and writes variables for all behaviours.
 #include "actions/behaviours.h"
 #include "objects/messages.h"
 
@@ -7,7 +7,7 @@
 namespace korvel {
 namespace {
 
-// The variable that a parameter names, when it is of the class; else null.
+// The variable that a parameter names, or null if it is not of the class.
 template <class Variable>
 Variable* FindVariable(const Arguments& arguments, std::size_t place, ItemType type) {
   const FoundObject found = Find(arguments, arguments.Reference(place));

@@ -1,7 +1,7 @@
 // The behaviour of each class: first what the behaviours share, then one function for each
 // elementary action, listed under the file that holds it. The interpreter calls these functions
 // with an existing target of an accepted class and with evaluated parameters. They return Failure
-// or Replaced to end the action list, and anything else to go on.
+// or Replaced to end the action list, and anything else to continue.
 #pragma once
 
 #include <cstddef>
@@ -34,7 +34,7 @@ Status RedrawIfRunning(const Ingredient& object);
 // not of the class.
 Status AnswerBoolean(const Arguments& arguments, std::size_t place, bool value);
 Status AnswerInteger(const Arguments& arguments, std::size_t place, std::int32_t value);
-// Prints `message` and stops the list when memory is out.
+// Prints `message` and returns Failure if memory runs out.
 Status AnswerOctets(const Arguments& arguments, std::size_t place, std::string_view value,
                     Message message);
 Status AnswerReference(const Arguments& arguments, std::size_t place, const ObjectReference& value);
@@ -48,13 +48,13 @@ Status AnswerPair(const Arguments& arguments, std::int32_t first, std::int32_t s
   return Contains(kVisibles | kButtons, type);
 }
 
-// Puts a visible on top of the application's display stack, or removes it. Failure when memory is
+// Puts a visible on top of the application's display stack, or removes it. Failure if memory runs
 // out.
 Status EnterDisplayStack(ItemType type, Ingredient& visible);
 void LeaveDisplayStack(ItemType type, Ingredient& visible);
 
-// The parts of Activate and Deactivate that are more than a flag and the display stack, each in the
-// file of its class.
+// Activate and Deactivate for the classes that need more than a flag and the display stack. Each is
+// in the file of its class.
 Change ActivateStream(Stream& stream);
 Change DeactivateStream(Stream& stream);
 Change ActivateTokenGroup(TokenGroup& group);
@@ -62,8 +62,8 @@ Change DeactivateTokenGroup(TokenGroup& group);
 Change ActivateListGroup(ListGroup& group);
 Change DeactivateListGroup(ListGroup& group);
 
-// Fetches the text that the object's content names. If the file cannot be read, the text stays as
-// it was and the application gets EngineEvent 3. Callers must return Failure immediately.
+// Fetches the text that the object's content names. If the file cannot be read, the text is
+// unchanged and EngineEvent 3 is raised. Callers must return Failure immediately.
 Status FetchText(Text& text);
 
 // ---- interaction.cpp: highlight and interaction ----
@@ -88,7 +88,7 @@ Status EndInteraction(Ingredient& object, Interactible& interactible);
 void ClearInteraction(const FoundObject& object);
 
 // Offer a key to an object; each class lists its keys in its own file. False if the object does not
-// use the key, which then goes on to the scene; otherwise `result` is the result of the key.
+// use the key, which is then passed to the scene; otherwise `result` is the result of the key.
 [[nodiscard]] bool TakeKey(EntryField& field, std::int32_t key, Status& result);
 [[nodiscard]] bool TakeKey(HyperText& text, std::int32_t key, Status& result);
 [[nodiscard]] bool TakeKey(Slider& slider, std::int32_t key, Status& result);
@@ -96,8 +96,8 @@ void ClearInteraction(const FoundObject& object);
 // Enters one character into an entry field by the rules of its mode and maximum length.
 Status EnterCharacter(EntryField& field, char character);
 
-// Goes back to the first anchor, as at the start of an interaction: new data replaces the anchor
-// that the viewer has chosen.
+// Selects the first anchor again, as at the start of an interaction: new data has replaced the
+// anchor that the viewer chose.
 void ForgetChosenAnchor(const HyperText& text);
 
 // ---- line_art.cpp: colours ----

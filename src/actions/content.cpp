@@ -17,8 +17,8 @@ Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& n
   return status;
 }
 
-// The new content that the action gives. Reading a content reference variable loads its content, as
-// every reading does; the object gets the path.
+// Reads the new content. Reading a content reference variable also loads its content, as always;
+// the object receives the path.
 Status ReadContent(const Arguments& arguments, ContentBody& content) {
   GenericValue value;
   Status status = ReadValue(arguments, *arguments.given->At(0), ContentLoading::Fetch, value);

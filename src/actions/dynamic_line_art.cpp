@@ -1,6 +1,5 @@
-// Drawing on dynamic line art. Each action paints at once on the object's canvas, with the
-// attributes that the object has at that moment, and requests a redraw; the canvas is the only
-// record of the drawing.
+// Drawing on dynamic line art. Each action paints immediately on the object's canvas, with the
+// object's current attributes, and requests a redraw; the canvas is the only record of the drawing.
 #include <algorithm>
 #include <limits>
 #include <span>
@@ -23,8 +22,8 @@ constexpr std::int32_t Narrow(std::int64_t number) {
   return static_cast<std::int32_t>(std::clamp(number, kLeast, kMost));
 }
 
-// How far a border of that line width pushes the drawable area, and with it the origin of what
-// content draws, into the box.
+// The width of the border on each side of the box. The canvas begins inside the border, but the
+// coordinates that content gives begin at the corner of the box.
 std::int64_t BorderOf(const DynamicLineArt& lineArt, std::int32_t lineWidth) {
   return lineArt.BorderedBoundingBox ? std::max(lineWidth, 0) : 0;
 }
@@ -38,8 +37,8 @@ LineAttributes LineOf(const DynamicLineArt& lineArt) {
   return {lineArt.LineWidth, lineArt.LineStyle, LineColourOf(lineArt, CurrentGroups())};
 }
 
-// The canvas, made when it is first drawn on, and limited to the drawable area inside of a border
-// of that line width. It keeps its size when the box changes.
+// The canvas, created on first use and clipped to the area inside a border of that line width. It
+// keeps its size when the box changes.
 Canvas* CanvasOf(DynamicLineArt& lineArt, std::int32_t lineWidth) {
   const BoxSize& size = lineArt.BoxSize;
   if (lineArt.Canvas == nullptr) lineArt.Canvas = NewCanvas(size.Width, size.Height);
@@ -68,7 +67,7 @@ Status PaintArc(const Arguments& arguments, ArcForm form) {
   });
 }
 
-// Reads whole pairs of coordinates. An odd value at the end makes no point.
+// Reads whole pairs of coordinates. A single value at the end is ignored.
 Status ReadPoints(const Arguments& arguments, Sequence<CanvasPoint>& points) {
   bool hasX = false;
   std::int32_t x = 0;
@@ -99,8 +98,7 @@ Status PaintPolygon(const Arguments& arguments) {
 
 }  // namespace
 
-// The whole canvas becomes blank, with the fill colour and the line width that the content gave;
-// the current attributes stay as they are.
+// Clears the whole canvas with the original fill colour and line width, not the current ones.
 Status ClearDrawing(const Arguments& arguments) {
   DynamicLineArt& lineArt = TargetOf(arguments);
   if (!lineArt.AvailabilityStatus) return Status::Refused;

@@ -48,7 +48,7 @@ constexpr Feature kFeatures[] = {
 
 constexpr std::size_t kMostNumbers = 3;
 
-// A feature as content asks for it: a name, and numbers in parentheses.
+// A feature in a query: a name, and numbers in parentheses.
 struct Question {
   std::string_view name;
   std::array<std::int32_t, kMostNumbers> numbers{};
@@ -64,7 +64,7 @@ bool TakeNumber(std::string_view& rest, std::int32_t& number) {
   return true;
 }
 
-// False when the text is not written as a feature is.
+// False if the text is malformed.
 bool ReadQuestion(std::string_view text, Question& question) {
   const std::size_t open = text.find('(');
   question.name = text.substr(0, open);

@@ -1,4 +1,4 @@
-// Entry fields: the entry point, the overwrite mode, and what the viewer's keys enter.
+// Entry fields: the entry point, the overwrite mode, and input from the viewer's keys.
 #include <algorithm>
 #include <utility>
 
@@ -15,15 +15,15 @@ std::size_t EntryPlace(const EntryField& field) {
   return static_cast<std::size_t>(field.EntryPoint);
 }
 
-// The place of a character that must follow the text without a gap.
+// The entry point, limited to the end of the text, so that a new character leaves no gap.
 std::size_t PlaceInText(const EntryField& field) {
   const std::size_t length = field.TextData.Length();
   return EntryPlace(field) < length ? EntryPlace(field) : length;
 }
 
-// The text with the character at `place`, after as many zero bytes as it lies beyond the end, in
-// place of `replaced` bytes (0 or 1). One allocation: the place may be millions of bytes away.
-// False when memory is out.
+// Builds the text with the character at `place`, replacing `replaced` bytes (0 or 1). Fills a gap
+// after the end of the text with zero bytes. Allocates once, because the gap may be millions of
+// bytes long. False if memory runs out.
 bool MakeText(std::string_view text, std::size_t place, std::size_t replaced, char character,
               OctetString& made) {
   if (place >= kLongestString) return false;
@@ -38,7 +38,7 @@ bool MakeText(std::string_view text, std::size_t place, std::size_t replaced, ch
   return true;
 }
 
-// Writes the character at `place` in place of `replaced` bytes (0 or 1) and moves the entry point
+// Writes the character at `place`, replacing `replaced` bytes (0 or 1), and moves the entry point
 // after it.
 Status Write(EntryField& field, std::size_t place, std::size_t replaced, char character) {
   const std::string_view text = field.TextData.View();
@@ -63,7 +63,7 @@ Status EnterByInserting(EntryField& field, char character) {
     const bool isLineEnd = character == '\r' || character == '\n';
     return isLineEnd ? EndInteraction(field, field) : Insert(field, character);
   }
-  // One place stays free: a field of four takes three characters.
+  // One place stays free: a field of length 4 accepts 3 characters.
   const auto maxLength = static_cast<std::size_t>(field.MaxLength);
   if (field.TextData.Length() + 1 >= maxLength) return RefuseCharacter(field);
   return Insert(field, character);
@@ -79,7 +79,7 @@ bool TakesDigit(const EntryField& field, char digit) {
   switch (field.InputType) {
   case InputType::Alpha: return false;
   case InputType::Listed: return field.CharList.View().find(digit) != std::string_view::npos;
-  default: return true;  // also a number without a name
+  default: return true;  // including unknown input types
   }
 }
 
@@ -125,7 +125,7 @@ Status GetEntryPoint(const Arguments& arguments) {
   return AnswerInteger(arguments, 0, TargetOf(arguments).EntryPoint);
 }
 
-// The entry point may be any distance after the end of the text.
+// The entry point may be any distance beyond the end of the text.
 Status SetEntryPoint(const Arguments& arguments) {
   if (arguments.Integer(0) < 0) return Status::Refused;
   TargetOf(arguments).EntryPoint = arguments.Integer(0);

@@ -18,7 +18,7 @@ bool ReadGroupName(const Asker& asker, const GenericValue& target, OctetString& 
          name.Assign(variable.As<OctetStringVariable>().Value.View());
 }
 
-// Spawn and TransitionTo also follow an object reference variable, as every other action does.
+// Spawn and TransitionTo also accept an object reference variable, as other actions do.
 bool ReadGroupNameOrReference(const Asker& asker, const GenericValue& target, OctetString& name) {
   if (ReadGroupName(asker, target, name)) return true;
   if (!IsIndirect(target)) return false;

@@ -8,7 +8,7 @@ namespace {
 
 constexpr char kEscape = '\x1B';
 
-// Reads the anchors of a text one after the other.
+// Reads the anchors of a text in order.
 class AnchorReader {
  public:
   explicit AnchorReader(std::string_view text) : rest_(text) {}

@@ -67,7 +67,8 @@ Status GetHighlightStatus(const Arguments& arguments) {
   return AnswerBoolean(arguments, 0, TargetOf(arguments).HighlightStatus);
 }
 
-// Only the viewer ends an interaction, or the object's own stop: setting false does nothing.
+// An interaction ends only when the viewer completes it or the object stops; setting false does
+// nothing.
 Status SetInteractionStatus(const Arguments& arguments) {
   const auto& object = arguments.target.As<Ingredient>();
   FoundObject& inProgress = CurrentClassVariables().interactingObject;

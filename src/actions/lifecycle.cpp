@@ -1,14 +1,14 @@
-// The life of an ingredient: prepared, activated, deactivated, stopped; with the actions that ask
-// for it and the events that report it. Every run-time value is set from its original one when an
-// ingredient is prepared. Bitmaps fetch their content when they are drawn, not here.
+// Prepares, activates, deactivates and stops ingredients; the actions that do this, and the events
+// that report it. Preparing an ingredient sets every run-time value from its original one. Bitmaps
+// fetch their content when they are drawn, not here.
 #include "actions/behaviours.h"
 #include "objects/class_tables.h"
 
 namespace korvel {
 namespace {
 
-// For each class the function of its nearest ancestor that has run-time values. False when memory
-// or time is out.
+// Set the run-time values of an object. A class without its own function uses that of its nearest
+// ancestor. False if memory or, during a close, time runs out.
 bool SetUp(Ingredient& ingredient) { return Copy(ingredient.OriginalContent, ingredient.Content); }
 
 bool SetUp(BooleanVariable& variable) {

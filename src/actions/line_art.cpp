@@ -1,5 +1,5 @@
-// The attributes with which line art is drawn. Setting one does not redraw: it holds for what is
-// painted later.
+// The attributes with which line art is drawn. Setting one does not redraw; it applies to later
+// drawing.
 
 #include <utility>
 

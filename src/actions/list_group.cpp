@@ -60,8 +60,8 @@ Status FinishChange(ListGroup& group, const Outline& before) {
   return RaiseDifferences(group, before, OutlineOf(group));
 }
 
-// The item that a reference would become: it has to name a visible of a running group that the list
-// does not hold yet. False otherwise.
+// Makes a list item for an object. False if the object is not a visible or is already in the list,
+// or if memory runs out.
 bool MakeItem(const ListGroup& group, const FoundObject& object, ListItem& item) {
   return IsVisibleClass(object.type) && PlaceOf(group, object.object->Reference) == 0 &&
          Copy(object.object->Reference, item.AVisible);
@@ -117,7 +117,7 @@ Status SetFirstItem(const Arguments& arguments) {
   return FinishChange(group, before);
 }
 
-// A cell past the last one means the last one.
+// A number outside the cells means the first or the last one.
 Status SetCellPosition(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   const std::int32_t cells = CellCount(group);

@@ -7,7 +7,7 @@
 namespace korvel {
 namespace {
 
-// The first item to be given a cell. Items before the first one do not exist.
+// The item in the first cell. A first item below 1 means item 1.
 std::int32_t StartItem(const ListGroup& group) { return std::max(EffectiveFirstItem(group), 1); }
 
 // Puts an item's visible into a cell.
@@ -32,7 +32,7 @@ Status Place(ListGroup& group, ListItem& item, const Position& cell) {
 Status WithdrawUnplaced(ListGroup& group) {
   const std::int32_t count = ItemCount(group);
   const std::int32_t cells = CellCount(group);
-  std::int32_t cell = 1 - StartItem(group);  // the first item's, counted from 0
+  std::int32_t cell = 1 - StartItem(group);  // the cell of item 1, counted from 0; may be negative
   for (ListItem& item : group.ItemList) {
     if (!MayGoOn()) return Status::Failure;
     const std::int32_t wrapped = cell < 0 && group.WrapAround ? cell + count : cell;
@@ -128,7 +128,8 @@ Change DeactivateListGroup(ListGroup& group) {
   const Status status =
       RaiseFrom(group, EventType::TokenMovedFrom, EventData::Integer(group.TokenPosition));
   if (status != Status::Done) return ChangeOf(status);
-  if (group.RunningStatus) return Change::Nothing;  // a link of the event has run it again
+  if (group.RunningStatus)
+    return Change::Nothing;  // a link that waits for the event has run it again
   for (ListItem& item : group.ItemList) {
     if (!MayGoOn()) return Change::Failure;
     Withdraw(group, item);

@@ -1,5 +1,5 @@
-// Selecting the items of list groups. Every event may change the list, so items are identified by
-// reference, and their places are counted again for each event.
+// Selects the items of list groups. Every event may change the list, so items are identified by
+// reference, and their places are recomputed for each event.
 #include "actions/behaviours.h"
 
 namespace korvel {
@@ -7,8 +7,9 @@ namespace {
 
 ListGroup& TargetOf(const Arguments& arguments) { return arguments.target.As<ListGroup>(); }
 
-// The item that an action's index means; null when it means none. A list that wraps around counts
-// on from its other end, but an index far below it means the first item.
+// The item at an action's index, or null. In a list that wraps around, an index above the size
+// continues from the start, 0 and multiples of the size mean the last item, and other negative
+// indexes mean the first.
 ListItem* IndexedItem(ListGroup& group, std::int32_t index) {
   const std::int32_t count = ItemCount(group);
   if (count == 0) return nullptr;
@@ -18,13 +19,13 @@ ListItem* IndexedItem(ListGroup& group, std::int32_t index) {
   return ItemAt(group, place < 0 ? 1 : place);
 }
 
-// The item that the action's first parameter means, while the group is running.
+// The item at the index in the action's first parameter; null if the group is not running.
 ListItem* TargetItem(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   return group.RunningStatus ? IndexedItem(group, arguments.Integer(0)) : nullptr;
 }
 
-// The item that holds the token. Select and Deselect name no item and mean this one.
+// The item that holds the token: the target of Select and Deselect.
 ListItem* TokenItem(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   return group.RunningStatus ? ItemAt(group, group.TokenPosition) : nullptr;
@@ -37,7 +38,8 @@ Status DeselectListItem(ListGroup& group, ListItem& item) {
                    EventData::Integer(PlaceOf(group, item.AVisible)));
 }
 
-// The references of all selected items, in their order. False when memory or time is out.
+// The references of all selected items, in their order. False if memory or, during a close, time
+// runs out.
 bool CollectSelected(const ListGroup& group, List<ObjectReference>& selected) {
   for (const ListItem& item : group.ItemList) {
     ObjectReference reference;
@@ -71,7 +73,7 @@ Status SelectListItem(ListGroup& group, ListItem& item) {
     if (status != Status::Done) return status;
   }
   const std::int32_t place = PlaceOf(group, chosen);
-  if (place == 0) return Status::Done;  // a link of ItemDeselected has removed it
+  if (place == 0) return Status::Done;  // a link that waits for ItemDeselected has removed it
   return RaiseFrom(group, EventType::ItemSelected, EventData::Integer(place));
 }
 

@@ -1,5 +1,4 @@
-// Evaluation of parameters by the syntax of the action table, and the reading of variables that it
-// rests on.
+// Evaluates parameters by the syntax of the action table, and reads the variables that they name.
 #include "actions/parameters.h"
 #include "objects/messages.h"
 
@@ -8,7 +7,7 @@
 namespace korvel {
 namespace {
 
-// The copy of what cannot be copied is empty; the action proceeds with that.
+// If memory runs out, the copy stays empty and the action continues with it.
 void CopyOctets(const OctetString& from, OctetString& to) {
   if (!to.CopyFrom(from)) Say(Message::NoMemoryForOctets);
 }
@@ -25,7 +24,7 @@ void CopyValue(const GenericValue& from, GenericValue& to) {
   CopyReference(from.Reference, to.Reference);
 }
 
-// A content that cannot be had now is asked for again at the next reading.
+// Content that cannot be read now is requested again at the next reading.
 void LoadContent(ContentRefVariable& variable) {
   if (variable.Content.Data.IsPresent() || variable.Value.Path.TextView().empty()) return;
   OctetString bytes;
@@ -34,15 +33,15 @@ void LoadContent(ContentRefVariable& variable) {
   }
 }
 
-// The copy of a value that cannot be copied is empty; the action proceeds with that.
+// If memory runs out, the copy stays empty and the action continues with it.
 void CopyVariable(const FoundObject& found, GenericValue& value) {
   if (CopyValue(found, value)) return;
   Say(found.type == ItemType::ObjectRefVariable ? Message::NoMemoryForReference
                                                 : Message::NoMemoryForOctets);
 }
 
-// The kinds that the values at a place must have. None: behaviours read this place and the later
-// ones themselves. A transition reads neither its connection nor its effect.
+// The kinds that the values at a place must have. If `first` is None, the behaviour reads this
+// place and all later ones itself. TransitionTo ignores its connection tag and transition effect.
 struct EvaluatedKinds {
   ValueKind first = ValueKind::None;
   ValueKind second = ValueKind::None;  // None: one value
@@ -74,7 +73,7 @@ constexpr bool IsList(Parameter place) {
          place == Parameter::Points;
 }
 
-// The evaluated value is absent if the action does not give it.
+// The value stays absent if the action does not give it.
 Status EvaluateNext(const Asker& asker, ActionValues& given, ValueKind kind, GenericValue& value) {
   return given.IsEmpty() ? Status::Done : ReadValueOfKind(asker, &given.Take(), kind, value);
 }

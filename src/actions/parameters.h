@@ -1,6 +1,6 @@
-// The values that an action works with: its parameters with indirect ones read from their
-// variables, copied so that nothing an action does can take them away, and the objects that its
-// references name.
+// Evaluates an action's parameters: reads indirect ones from their variables, and finds the objects
+// that references name. Values are copied, so that nothing that the action does can invalidate
+// them.
 #pragma once
 
 #include <array>
@@ -15,24 +15,24 @@
 
 namespace korvel {
 
-// Who asks: decides which group is searched first, and which group a reference without a group
-// identifier means.
+// The context in which references are resolved: which group is searched first, and the group of
+// references without a group identifier.
 struct Asker {
   Scope scope = Scope::ApplicationFirst;
-  std::string_view groupName;  // borrowed for the asker's life
+  std::string_view groupName;  // borrowed; must outlive the Asker
 };
 
-// The asker that speaks for an ingredient: its own group comes first and completes its references.
+// The context of an ingredient's own references: its group is searched first and completes them.
 [[nodiscard]] Asker AskerFor(const Ingredient& ingredient);
 
 // The values that an action works with.
 struct Arguments : Asker {
   FoundObject target;
-  // The evaluated parameters, by their place in the syntax; kind None where an optional one is
-  // absent. Places from the first one on that a behaviour reads in its own way (lists, colours,
-  // values of any type) are left out.
+  // The evaluated parameters, in the order of the syntax; kind None if an optional one is absent.
+  // They end before the first place that the behaviour reads itself (lists, colours, values of any
+  // type).
   std::array<GenericValue, kMostParameters> values;
-  const List<GenericValue>* given = nullptr;  // the parameters as the action holds them
+  const List<GenericValue>* given = nullptr;  // unevaluated; borrowed from the action
 
   [[nodiscard]] std::int32_t Integer(std::size_t place) const { return values[place].Integer; }
   [[nodiscard]] bool Boolean(std::size_t place) const { return values[place].Boolean; }
@@ -47,8 +47,8 @@ struct Arguments : Asker {
   }
 };
 
-// Whether reading a content reference variable fetches the content that it names, if that is not
-// there yet.
+// Whether reading a content reference variable fetches its content, if that has not been fetched
+// yet.
 enum class ContentLoading : std::uint8_t { Fetch, LeaveOut };
 
 // The object that a reference names.
@@ -57,29 +57,30 @@ enum class ContentLoading : std::uint8_t { Fetch, LeaveOut };
 // The object that an action's target names: directly, or through an object reference variable.
 [[nodiscard]] FoundObject FindTarget(const Asker& asker, const GenericValue& target);
 
-// Copies the value of the variable that `reference` names; the kind of `value` says which class it
-// was, None that it was no variable. Failure when the action list has to stop.
+// Copies the value of the variable that `reference` names. The kind of `value` follows from the
+// class of the variable; None means that the object is not a variable. Failure if the action list
+// must stop.
 Status ReadVariable(const Asker& asker, const ObjectReference& reference, ContentLoading loading,
                     GenericValue& value);
 
-// Whether the value stands in a variable that has to be read.
+// Whether the value must be read from a variable.
 [[nodiscard]] constexpr bool IsIndirect(const GenericValue& given) {
   return given.Kind == ValueKind::IndirectReference;
 }
 
-// A value of any kind: copied when it is given directly, else read from the variable. Refused when
-// it cannot be had.
+// Reads a value of any kind: copies a direct one, else reads the variable. Refused if there is no
+// value.
 Status ReadValue(const Asker& asker, const GenericValue& given, ContentLoading loading,
                  GenericValue& value);
 
-// A value that has to be of one kind. An absent value stays None. A boolean, integer or octet
-// string may also be given as a plain reference to its variable. Refused when the variable is not
-// of the kind's class.
+// Reads a value that must be of one kind. An absent value stays None. A boolean, integer or octet
+// string may also be given as a plain reference to its variable. Refused if the value or its
+// variable is of another kind.
 Status ReadValueOfKind(const Asker& asker, const GenericValue* given, ValueKind kind,
                        GenericValue& value);
 
-// Fills `arguments.Values` by the action's syntax. Refused when a required parameter is missing or
-// cannot be had.
+// Fills `arguments.values` by the action's syntax. Refused if a required parameter is missing or
+// cannot be read.
 Status EvaluateParameters(const ActionRow& row, Arguments& arguments);
 
 }  // namespace korvel

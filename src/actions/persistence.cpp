@@ -1,6 +1,6 @@
-// Keeping variables in the persistent store and reading them back. An entry is the values in the
-// order of the action's list, with no header and no count: a reader has to name variables of the
-// same classes. The values beyond the end of an entry that is too short are reset.
+// Stores variables in the persistent store and reads them back. An entry holds the values in the
+// order of the action's list, without a header or a count: a reader must name variables of the same
+// classes. Variables beyond the end of a short entry are reset.
 #include <type_traits>
 #include <utility>
 
@@ -10,21 +10,21 @@
 namespace korvel {
 namespace {
 
-constexpr std::size_t kNumberBytes = 4;  // of a number and of a length, the lowest first
+constexpr std::size_t kNumberBytes = 4;  // of a number or a length, lowest byte first
 
 // The parts of the two actions' parameter lists.
 struct PersistentArguments {
   BooleanVariable* success = nullptr;
   OctetString name;
-  Sequence<FoundObject> variables;  // None where a reference names nothing
+  Sequence<FoundObject> variables;  // type None if a reference names nothing
 };
 
-// All references are searched in the application first, also for actions of a scene.
+// All references are searched in the application first, even for actions of a scene.
 Asker PersistentAsker(const Arguments& arguments) {
   return {Scope::ApplicationFirst, arguments.groupName};
 }
 
-// Refused when the action does nothing.
+// Refused if the action must do nothing.
 Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
   const Asker asker = PersistentAsker(arguments);
   const FoundObject success = Find(asker, arguments.Reference(0));
@@ -46,7 +46,7 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
   return Status::Done;
 }
 
-// Adds values to an entry. Each returns false when memory is out.
+// Adds values to an entry. Each returns false if memory runs out.
 [[nodiscard]] bool Add(OctetString& data, bool value) {
   const char byte = value ? '\1' : '\0';
   return data.Append({&byte, 1});
@@ -70,14 +70,14 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
   return Add(data, value.GroupIdentifier) && Add(data, value.Number);
 }
 
-// Adds a variable's value. Refused when the object is no variable.
+// Adds a variable's value. Refused if the object is not a variable.
 Status AddVariable(OctetString& data, const FoundObject& found) {
   return VisitVariable(found, Status::Refused, [&data](const auto& variable) {
     return Add(data, ValueOf(variable)) ? Status::Done : Status::Failure;
   });
 }
 
-// Reads an entry. What lies beyond its end is 0, empty, or false, and so is everything after that.
+// Reads an entry. A value that is cut off, and all values after it, are 0, empty or false.
 class EntryReader {
  public:
   explicit EntryReader(std::string_view data) : rest_(data) {}
@@ -112,7 +112,7 @@ class EntryReader {
   bool isShort_ = false;
 };
 
-// Read the next value of an entry. Each returns false when memory is out.
+// Read the next value of an entry. Each returns false if memory runs out.
 [[nodiscard]] bool Read(EntryReader& reader, bool& value) {
   const std::string_view byte = reader.Bytes(1);
   value = !byte.empty() && byte.front() != '\0';
@@ -131,12 +131,12 @@ class EntryReader {
 [[nodiscard]] bool Read(EntryReader& reader, ObjectReference& value) {
   const std::string_view group = reader.Octets();
   value.Number = static_cast<std::int32_t>(reader.Number());
-  // A reference that is cut off within its number is reset as a whole.
+  // A reference whose number is cut off is reset as a whole.
   return value.GroupIdentifier.Assign(reader.IsShort() ? std::string_view{} : group);
 }
 
-// Sets a variable to the next value of an entry. Refused when the object is no variable. A variable
-// that is not available keeps its value, and the entry's value is skipped.
+// Sets a variable to the next value of an entry. Refused if the object is not a variable. A
+// variable that is not available keeps its value, and the entry's value is skipped.
 Status ReadVariable(EntryReader& reader, const FoundObject& found) {
   return VisitVariable(found, Status::Refused, [&reader](auto& variable) {
     std::remove_cvref_t<decltype(ValueOf(variable))> value{};
@@ -167,7 +167,7 @@ Status StorePersistent(const Arguments& arguments) {
   return status;
 }
 
-// Reading removes the entry from the store. An entry that was never stored is no error: the
+// Reading removes the entry from the store. An entry that was never stored is not an error: the
 // variables are reset.
 Status ReadPersistent(const Arguments& arguments) {
   PersistentArguments read;

@@ -1,4 +1,4 @@
-// Calling resident programs. A program has run when its action ends. A forked program also raises
+// Calls resident programs. A program has finished when its action ends; a forked one also raises
 // AsynchStopped.
 #include "actions/behaviours.h"
 

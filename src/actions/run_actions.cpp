@@ -10,7 +10,7 @@
 namespace korvel {
 namespace {
 
-// One line per action, in numeric order. The compiler names an action that is missing.
+// One line per action, in numeric order. The compiler reports a missing action.
 Status Perform(Action action, const Arguments& arguments, const GenericValue& target) {
   switch (action) {
   case Action::Activate: return ActivateTarget(arguments);
@@ -170,7 +170,7 @@ Status RunActions(Scope scope, const ActionHolder& owner, std::string_view group
     const Status status = PerformOne(asker, *row, action);
     if (status == Status::Failure || status == Status::Replaced) return status;
     if (CurrentGenerations() != remembered) {
-      // A scene's own list ends with the result of the transition that it asked for.
+      // A scene's own list ends with the result of the transition that it requested.
       const bool isOwnTransition =
           row->action == Action::TransitionTo && scope == Scope::SceneFirst;
       return isOwnTransition ? status : Status::Replaced;

@@ -1,4 +1,4 @@
-// Sliders: stepping, setting and asking for their value and portion, by actions and by keys.
+// Sliders: stepping, setting and reading the value and the portion, by actions and by keys.
 #include "actions/behaviours.h"
 
 namespace korvel {
@@ -13,7 +13,7 @@ bool IsProportional(const Slider& slider) {
 // Content may give any numbers, so sums and products are calculated with 64 bits.
 constexpr std::int64_t Wide(std::int32_t number) { return number; }
 
-// Only a proportional slider has a portion; every action on the others' values makes it 0.
+// Only a proportional slider has a portion. Actions on the values of other sliders reset it to 0.
 void DropUnusedPortion(Slider& slider) {
   if (!IsProportional(slider)) slider.Portion = 0;
 }
@@ -32,7 +32,7 @@ Status Step(Slider& slider, std::int32_t steps) {
   return ShowChange(slider);
 }
 
-// The keys along the bar: the one towards its growing end, and the other.
+// The keys that increase and decrease the value, in the direction of the bar.
 struct StepKeys {
   std::int32_t up = 0;
   std::int32_t down = 0;
@@ -89,7 +89,7 @@ Status GetSliderValue(const Arguments& arguments) {
   return AnswerInteger(arguments, 0, slider.SliderValue);
 }
 
-// There is no lower bound.
+// The portion has no lower bound.
 Status SetPortion(const Arguments& arguments) {
   Slider& slider = TargetOf(arguments);
   if (!slider.AvailabilityStatus) return Status::Refused;

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::int32_t kAbsentPosition = -1;
 
-// Runs or stops components in their order. Done while the stream has not ended.
+// Runs or stops components in order. Replaced if the stream's group ends.
 template <class Selects, class Handle>
 Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) {
   for (const Item& component : stream.Multiplex) {
@@ -20,7 +20,7 @@ Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) {
   return Status::Done;
 }
 
-// Starts the presentation of the videos that run.
+// Starts the presentation of the running videos.
 Status StartVideos(const Stream& stream) {
   for (const Item& component : stream.Multiplex) {
     if (!MayGoOn()) return Status::Failure;
@@ -32,7 +32,8 @@ Status StartVideos(const Stream& stream) {
   return Status::Done;
 }
 
-// Sets the status of the stream itself, unless an event of a component has done so already.
+// Sets the status of the stream itself, unless a link that waits for a component's event has done
+// so.
 Change FinishChange(Stream& stream, Status components, bool isRunning) {
   if (components == Status::Failure) return Change::Failure;
   if (components == Status::Replaced) return Change::Changed;
@@ -57,7 +58,7 @@ Change DeactivateStream(Stream& stream) {
   return FinishChange(stream, status, false);
 }
 
-// The absent position removes an existing trigger, but a new trigger may have it like any other.
+// An absent position removes an existing trigger. If there is none, it adds one at position -1.
 Status SetCounterTrigger(const Arguments& arguments) {
   List<CounterTrigger>& triggers = arguments.target.As<Stream>().CounterTriggers;
   const std::int32_t identifier = arguments.Integer(0);
@@ -83,7 +84,7 @@ Status GetVolume(const Arguments& arguments) {
   return AnswerInteger(arguments, 0, arguments.target.As<Audio>().Volume);
 }
 
-// A negative size makes the video unscaled in that direction; a bitmap refuses one.
+// A negative size means unscaled in that direction. ScaleBitmap refuses it instead.
 Status ScaleVideo(const Arguments& arguments) {
   auto& video = arguments.target.As<Video>();
   if (!video.AvailabilityStatus) return Status::Refused;

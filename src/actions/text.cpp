@@ -17,7 +17,7 @@ Status GetTextContent(const Arguments& arguments) {
                       Message::NoMemoryForTextVariable);
 }
 
-// The text that the object shows. Every reading prints its length to standard output.
+// The text that the object shows. Every call prints its length to standard output.
 Status GetTextData(const Arguments& arguments) {
   const FoundObject variable = Find(arguments, arguments.Reference(0));
   if (variable.type != ItemType::OctetStringVariable) return Status::Refused;

@@ -1,4 +1,4 @@
-// Token groups: running and stopping their members, moving the token, and the action slots of its
+// Token groups: running and stopping members, moving the token, and calling the action slots at its
 // position. A list group moves its token in the same way.
 
 #include "actions/behaviours.h"
@@ -9,7 +9,7 @@ namespace {
 
 TokenGroup& TargetOf(const Arguments& arguments) { return arguments.target.As<TokenGroup>(); }
 
-// The value at a 1-based place; null below and past the list.
+// The value at a 1-based place; null outside the list.
 template <class T>
 const T* AtPlace(const List<T>& list, std::int32_t place) {
   return place < 1 ? nullptr : list.At(static_cast<std::size_t>(place) - 1);
@@ -24,7 +24,7 @@ Status MoveTokenTo(TokenGroup& group, std::int32_t position) {
   return RaiseFrom(group, EventType::TokenMovedTo, EventData::Integer(position));
 }
 
-// Runs or stops the members in their order. Done while the group has not ended.
+// Runs or stops the members in order. Replaced if the group that owns them ends.
 template <class Handle>
 Status ForMembers(TokenGroup& group, Handle&& handle) {
   for (const TokenGroupItem& item : group.TokenGroupItems) {
@@ -46,13 +46,14 @@ Change ActivateTokenGroup(TokenGroup& group) {
     return Status::Done;
   });
   if (status != Status::Done) return ChangeOf(status);
-  if (group.RunningStatus) return Change::Nothing;  // an event of a member has run it already
+  if (group.RunningStatus)
+    return Change::Nothing;  // a link that waits for a member's event has run it
   group.RunningStatus = true;
   return ChangeOf(
       RaiseFrom(group, EventType::TokenMovedTo, EventData::Integer(group.TokenPosition)));
 }
 
-// A link of the events may run the group again; the members are then not stopped.
+// A link that waits for these events may run the group again; the members are then not stopped.
 Change DeactivateTokenGroup(TokenGroup& group) {
   group.RunningStatus = false;
   Status status =
@@ -83,7 +84,7 @@ Status Move(const Arguments& arguments) {
   return MoveTokenTo(group, *position);
 }
 
-// The position need not be one of a member.
+// The position may be outside the members.
 Status MoveTo(const Arguments& arguments) {
   TokenGroup& group = TargetOf(arguments);
   if (!group.RunningStatus) return Status::Refused;

@@ -1,5 +1,5 @@
-// Setting, calculating with, appending to and testing variables. A value of a kind that a
-// variable's class does not accept is ignored: nothing changes and no event is raised.
+// Sets, calculates with, appends to and tests variables. A value of a kind that a variable's class
+// does not accept is ignored: nothing changes and no event is raised.
 #include <charconv>
 #include <limits>
 #include <utility>
@@ -15,8 +15,8 @@ namespace {
 constexpr std::int32_t Wrapped(std::uint32_t value) { return static_cast<std::int32_t>(value); }
 constexpr std::uint32_t Bits(std::int32_t value) { return static_cast<std::uint32_t>(value); }
 
-// The number that a text begins with: an optional sign and digits; 0 when there is none. A number
-// that is too large becomes the largest.
+// The number at the start of a text: an optional sign and digits; 0 if there is none. A number
+// outside 32 bits is clamped.
 std::int32_t LeadingNumber(std::string_view text) {
   std::size_t at = 0;
   const bool isNegative = text.starts_with('-');
@@ -31,14 +31,14 @@ std::int32_t LeadingNumber(std::string_view text) {
   return static_cast<std::int32_t>(number > kMost ? kMost : number);
 }
 
-// Writes the number as decimal text. False when memory is out.
+// Writes the number as decimal text. False if memory runs out.
 bool WriteDecimal(std::int32_t number, OctetString& text) {
   char digits[12] = {};
   const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
   return text.Assign({digits, static_cast<std::size_t>(end - digits)});
 }
 
-// Set a variable to a value of any kind. Refused when its class does not take the kind.
+// Set a variable to a value of any kind. Refused if its class does not accept the kind.
 // `isIndirect`: the value was read from a variable.
 Status Set(BooleanVariable& variable, const GenericValue& value, bool /*isIndirect*/) {
   return value.Kind == ValueKind::Boolean ? SetValue(variable, value.Boolean) : Status::Refused;
@@ -52,7 +52,7 @@ Status Set(IntegerVariable& variable, const GenericValue& value, bool /*isIndire
   }
 }
 
-// A number is written as text only when it comes from a variable.
+// An integer is converted to text only if it was read from a variable.
 Status Set(OctetStringVariable& variable, GenericValue& value, bool isIndirect) {
   if (value.Kind == ValueKind::Integer && isIndirect) {
     if (!WriteDecimal(value.Integer, value.Octets)) Say(Message::NoMemoryForOctets);
@@ -67,14 +67,16 @@ Status Set(ObjectRefVariable& variable, GenericValue& value, bool /*isIndirect*/
   return SetValue(variable, std::move(value.Reference));
 }
 
-// Counts the zero after a path that comes as text without a length. Empty when memory is out.
+// Ends a path at its first zero byte and includes that byte in its length. Makes the path absent if
+// memory runs out.
 void CountEndingZero(OctetString& path) {
   if (path.Assign({path.Text(), path.TextView().size() + 1})) return;
   Say(Message::NoMemoryForOctets);
   path.Clear();
 }
 
-// A path given directly keeps its length. One read from a variable has none.
+// A path that is given directly keeps its length. One that is read from a variable includes its
+// terminating zero byte.
 Status Set(ContentRefVariable& variable, GenericValue& value, bool isIndirect) {
   const bool isPath = value.Kind == ValueKind::ContentReference ||
                       (value.Kind == ValueKind::OctetString && !isIndirect);
@@ -90,13 +92,13 @@ Status Calculated(const Arguments& arguments, Calculate&& calculate) {
   return SetValue(variable, calculate(variable.Value, arguments.Integer(0)));
 }
 
-// Divide and Modulo cannot calculate this quotient on any processor.
+// Whether the quotient does not fit into 32 bits; processors cannot calculate it.
 constexpr bool OverflowsDivision(std::int32_t dividend, std::int32_t divisor) {
   return dividend == std::numeric_limits<std::int32_t>::min() && divisor == -1;
 }
 
-// An operand with a length is compared with that many leading bytes of the value. Beyond the end of
-// the value there are zero bytes.
+// Compares the operand with as many leading bytes of the value, as if zero bytes followed the
+// value. An empty operand begins only a value without text.
 bool BeginsWith(const OctetString& value, const OctetString& operand) {
   if (operand.IsEmpty()) return value.TextView().empty();
   const std::string_view bytes = value.View();
@@ -116,13 +118,12 @@ bool IsEqual(const ObjectReference& value, const GenericValue& operand) {
          value.GroupIdentifier.View() == other.GroupIdentifier.View();
 }
 
-// Only integers have an order: for other values every comparison but the first asks for a
-// difference.
+// Only integers have an order. For other values every comparison except Equal means NotEqual.
 template <class Value>
 bool IsTrue(const Value& value, Comparison comparison, const GenericValue& operand) {
   return IsEqual(value, operand) == (comparison == Comparison::Equal);
 }
-// A number without a name compares like the last one.
+// An unknown comparison means GreaterOrEqual.
 bool IsTrue(std::int32_t value, Comparison comparison, const GenericValue& operand) {
   switch (comparison) {
   case Comparison::Equal: return value == operand.Integer;
@@ -163,7 +164,7 @@ bool CopyValue(const FoundObject& found, GenericValue& value) {
 Status SetVariable(const Arguments& arguments) {
   const FoundObject& target = arguments.target;
   const GenericValue& given = *arguments.given->At(0);
-  // One content reference is set from another without fetching what it names.
+  // Setting one content reference from another does not fetch its content.
   const ContentLoading loading = target.type == ItemType::ContentRefVariable
                                      ? ContentLoading::LeaveOut
                                      : ContentLoading::Fetch;
@@ -179,7 +180,7 @@ Status TestVariable(const Arguments& arguments) {
   GenericValue operand;
   const Status status = ReadValue(arguments, given, ContentLoading::Fetch, operand);
   if (status != Status::Done) return status;
-  // A path read from a variable has no length: with its ending zero it equals only a whole path.
+  // With its terminating zero byte, a path that is read from a variable equals only a whole path.
   if (IsIndirect(given) && operand.Kind == ValueKind::ContentReference) {
     CountEndingZero(operand.Octets);
   }

@@ -8,7 +8,7 @@ namespace {
 
 Visible& TargetOf(const Arguments& arguments) { return arguments.target.As<Visible>(); }
 
-// The object that a stacking action names besides its target; null when it is no ingredient.
+// The reference object of a stacking action; null if it is not an ingredient.
 const Ingredient* FindReference(const Arguments& arguments) {
   const FoundObject found = Find(arguments, arguments.Reference(0));
   return found.type < ItemType::Link ? nullptr : &found.As<Ingredient>();
@@ -75,7 +75,7 @@ Status SetPaletteRef(const Arguments& arguments) {
   return RedrawIfRunning(visible);
 }
 
-// Unlike the other actions it asks for a redraw whether or not the bitmap is running.
+// Unlike the other actions, it requests a redraw even if the bitmap is not running.
 Status ScaleBitmap(const Arguments& arguments) {
   Bitmap& bitmap = BitmapOf(arguments);
   const BoxSize size{arguments.Integer(0), arguments.Integer(1)};

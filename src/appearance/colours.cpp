@@ -14,10 +14,10 @@ namespace {
 constexpr DrawnColour kWhite = 0xFFFFFF00;
 constexpr DrawnColour kBlack = 0x00000000;
 
-// A palette is a row of such entries: red, green, blue, transparency.
+// A palette is an array of entries: red, green, blue, transparency.
 constexpr std::size_t kPaletteEntryBytes = 4;
 
-// Object lookup does not find palettes.
+// FindObject does not find palettes.
 Palette* FindPalette(const Group* group, std::string_view name, std::int32_t number) {
   if (group == nullptr) return nullptr;
   if (!IsSameGroup(group->Reference.GroupIdentifier.View(), name)) return nullptr;

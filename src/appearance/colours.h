@@ -26,7 +26,7 @@ namespace korvel {
 // The fill colour of the content, which actions do not change.
 [[nodiscard]] DrawnColour OriginalFillColourOf(const LineArt& lineArt, const RunningGroups& groups);
 
-// The colour whose bytes are given, the most significant first.
+// The colour with these bytes, the most significant first.
 [[nodiscard]] constexpr DrawnColour PackColour(std::string_view bytes) {
   DrawnColour colour = 0;
   for (const char byte : bytes) colour = colour << 8 | static_cast<unsigned char>(byte);

@@ -1,4 +1,4 @@
-// Paths of content, and the sizes in the headers of PNG, GIF, BMP, JPEG and MPEG-2 files.
+// Content paths, and the sizes in the headers of PNG, GIF, BMP, JPEG and MPEG-2 files.
 #include "appearance/content_file.h"
 
 #include <algorithm>
@@ -57,7 +57,7 @@ bool IsDecodableGif(const Header& header) {
          IsDecodableSize(header.Little16(frame + 5), header.Little16(frame + 7));
 }
 
-// A height below 0 means that the rows begin at the top.
+// A negative height means that the rows begin at the top.
 std::uint32_t Magnitude(std::uint32_t number) {
   return (number & 0x8000'0000) != 0 ? 0 - number : number;
 }

@@ -13,7 +13,7 @@ namespace korvel {
 
 // The path of the file that a content reference names: everything up to and including the first '/'
 // is removed ("~/", "DSM:/"), and the other '/' become '\'. Unlike the names of groups, it does not
-// depend on the current directory. False when memory is out.
+// depend on the current directory. False if memory runs out.
 [[nodiscard]] bool ContentPath(std::string_view reference, OctetString& path);
 
 // Whether a picture of that size, in pixels, is decoded. Accepts any 32-bit sides.

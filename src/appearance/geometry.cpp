@@ -11,7 +11,7 @@
 namespace korvel {
 namespace {
 
-// One side of the square: a point p is inside if p.X * X + p.Y * Y <= Far.
+// One side of the square: a point p is inside if p.x * x + p.y * y <= far.
 struct Side {
   double x;
   double y;
@@ -51,8 +51,8 @@ CanvasPoint Crossing(const CanvasPoint& from, const CanvasPoint& to, const Side&
   return true;
 }
 
-// Narrows the range of shares, from `first` to `last`, in which a line is inside a side. `start`
-// and `end` are the distances of its ends outside that side.
+// Narrows the part of a line that is inside a side. It begins and ends at the fractions `first` and
+// `last` of the line. `start` and `end` are the distances of its ends outside that side.
 void NarrowToSide(double start, double end, double& first, double& last) {
   if (start > 0 && end > 0) last = -1;
   if ((start > 0) == (end > 0)) return;

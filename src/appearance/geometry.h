@@ -90,7 +90,7 @@ struct LinePart {
                             double period, LinePart& part);
 
 // Adds to `clipped` the outline of the part of a polygon that lies in the same square, which may be
-// nothing. False when memory is out.
+// nothing. False if memory runs out.
 [[nodiscard]] bool ClipPolygon(std::span<const CanvasPoint> points, std::int64_t farthest,
                                Sequence<CanvasPoint>& clipped);
 

@@ -33,7 +33,7 @@ class Track {
 
   [[nodiscard]] std::int64_t Beginning() const { return beginsFar_ ? near_ + length_ : near_; }
 
-  // The position `pixels` further on.
+  // The position `pixels` further along the bar.
   [[nodiscard]] std::int64_t Further(std::int64_t position, std::int64_t pixels) const {
     return beginsFar_ ? position - pixels : position + pixels;
   }

@@ -1,4 +1,4 @@
-// Control sequences and font attributes. The bytes come from content and may be cut short anywhere.
+// Control sequences and font attributes. The bytes come from content and may end anywhere.
 #include "appearance/text_attributes.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-// The attributes of text that are written in text: control sequences, and font attributes in their
+// Reads the attributes of text: control sequences in the text itself, and font attributes in the
 // form "style.size.linespacing.letterspacing".
 #pragma once
 
@@ -21,7 +21,7 @@ namespace korvel {
 [[nodiscard]] bool ReadLeadingColour(std::string_view text, DrawnColour& colour);
 
 // Copies the text without its control sequences and with each CR replaced by LF. A zero byte ends
-// the result; the bytes after it have no meaning. False when memory is out.
+// the result; the bytes after it have no meaning. False if memory runs out.
 [[nodiscard]] bool RemoveControlSequences(std::string_view text, OctetString& clean);
 
 // ---- Font attributes ----

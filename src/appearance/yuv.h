@@ -19,7 +19,7 @@ struct FrameSize {
 // sequence header can describe; the system provides only the pages that are written.
 class PlanarFrame {
  public:
-  // Bytes() is null when memory is out. The sides are above 0.
+  // Bytes() is null if memory runs out. Both sides must be above 0.
   explicit PlanarFrame(FrameSize size);
   ~PlanarFrame() { ReleaseMemory(bytes_); }
   PlanarFrame(const PlanarFrame&) = delete;

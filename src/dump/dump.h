@@ -1,5 +1,5 @@
-// The doorway of the dump: a group printed as an indented tree, for looking at what a file decodes
-// to. The engine never prints one; tools and a debugger do. Nothing is allocated.
+// The doorway of the dump: a group printed as an indented tree, to show the contents of a decoded
+// file. The engine never prints one; tools and a debugger do. Nothing is allocated.
 #pragma once
 
 #include <cstdio>

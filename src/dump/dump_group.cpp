@@ -7,7 +7,7 @@
 namespace korvel {
 namespace {
 
-// The kind after the last that actions carry; the format has a line for it.
+// A kind that no value has. The format has a line for it.
 constexpr auto kLinkCondition = static_cast<ValueKind>(7);
 
 // Prints the name and a colon. The format omits the colon for DelItem.
@@ -19,7 +19,7 @@ void DumpName(const Tree& tree, std::uint8_t number) {
   tree.Line(row->action == Action::DelItem ? "%s" : "%s:", row->name);
 }
 
-// The reference of a value, which has no colon as that of a record does.
+// The reference of a value. Unlike the reference of a record, it has no colon.
 void DumpReference(const Tree& tree, const char* label, const ObjectReference& value) {
   tree.Line("%s(%s %d)", label, TextOrNull(value.GroupIdentifier), value.Number);
 }

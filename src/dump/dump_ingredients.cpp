@@ -1,11 +1,11 @@
-// The printers of ingredients that are not seen.
+// The printers of invisible ingredients.
 #include "dump/tree.h"
 #include "objects/vocabulary.h"
 
 namespace korvel {
 namespace {
 
-// The dump knows no name for IsAvailable, and spells IsRunning in its own way.
+// The format has no name for IsAvailable and misspells IsRunning.
 const char* EventName(EventType type) {
   if (type == EventType::IsAvailable) return nullptr;
   return type == EventType::IsRunning ? "IsRuning" : WordOf(type);

@@ -1,4 +1,4 @@
-// The headings of objects, and which printer goes with each class.
+// The headings of objects, and the printer of each class.
 #include "dump/tree.h"
 
 namespace korvel {
@@ -10,7 +10,7 @@ void DumpAs(const Tree& tree, const char* heading, const Item& item) {
   Dump(tree, static_cast<const Record&>(item.As<Record>()));
 }
 
-// A class that adds nothing to another one.
+// A class whose fields are all in a base class.
 template <class Record>
 void DumpKindOf(const Tree& tree, const char* heading, const char* baseHeading, const Item& item) {
   tree.Line("%s", heading);

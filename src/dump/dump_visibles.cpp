@@ -1,4 +1,4 @@
-// The printers of ingredients that are seen.
+// The printers of visible ingredients.
 #include "dump/tree.h"
 
 namespace korvel {
@@ -10,7 +10,7 @@ void DumpOriginalPalette(const Tree& tree, const OptionalReference& palette) {
   tree.Deeper().ReferenceLine(palette.Reference);
 }
 
-// "Label: word", or the same label with the words for an unknown number.
+// "Label: word", or "Label: Not Define" for an unknown number.
 void DumpWordOrNone(const Tree& tree, const char* label, const char* word) {
   tree.Line("%s: %s", label, word != nullptr ? word : "Not Define");
 }
@@ -116,7 +116,7 @@ void Dump(const Tree& tree, const SwitchButton& button) {
             "Not define Button style value: ");
 }
 
-// The style's label is the orientation's.
+// The format labels the style "Orientation" too.
 void Dump(const Tree& tree, const Slider& slider) {
   DumpBase<Visible>(tree, "Visible:", slider);
   DumpBase<Interactible>(tree, "Interactible:", slider);

@@ -1,6 +1,6 @@
-// One level of the printed tree, and the lines for values of many records. A heading and
-// the fields of its record share a level; a base class, and the values of a field that has several,
-// are one level deeper.
+// One level of the printed tree, and the lines for common values. A heading and the fields of its
+// record share a level; a base class, and the values of a field that has several, are one level
+// deeper.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +25,7 @@ class Tree {
   void Number(const char* label, std::int32_t value) const;
   void Boolean(const char* label, bool value) const;
   void String(const char* label, const OctetString& value) const;
-  // "Label: word", or the other line, which ends in "%d", for a number without a word.
+  // "Label: word", or `otherwise` and the number if that has no word.
   template <IsEnumeration Enumeration>
   void Word(const char* label, Enumeration value, const char* word, const char* otherwise) const {
     word != nullptr ? Line("%s: %s", label, word)
@@ -39,7 +39,7 @@ class Tree {
   void Size(const char* label, const BoxSize& value) const;
   void Place(const char* label, const Position& value) const;
 
-  // Lines of their own.
+  // Lines without a label.
   void ReferenceLine(const ObjectReference& value) const;
   void OctetsLine(const OctetString& value) const;
 
@@ -51,7 +51,7 @@ class Tree {
   std::FILE* stream_;
 };
 
-// The word of an enumeration in the dump's own spelling, from the word of 1 on; or null.
+// The word of an enumeration in the dump's own spelling, beginning with the word of 1; or null.
 template <IsEnumeration Enumeration>
 [[nodiscard]] const char* WordAmong(std::initializer_list<const char*> words, Enumeration value) {
   const auto place = static_cast<std::size_t>(static_cast<std::int64_t>(value) - 1);
@@ -66,7 +66,7 @@ template <IsEnumeration Enumeration>
 // One for each kind of record. A printer is called after its record's heading has been printed, on
 // the heading's level: it writes the base classes one level deeper, then the record's own fields.
 void Dump(const Tree& tree, const Root& root);
-// The actions of a list, each with its heading; or that there are none.
+// The actions of a list, each with its heading, or a line for an empty list.
 void Dump(const Tree& tree, const ActionList& actions);
 void DumpParameter(const Tree& tree, const GenericValue& value);
 

@@ -1,5 +1,5 @@
-// Keeps the core's state, the life of ended groups, and the limits that stop content from nesting
-// or working without end.
+// The core's state, the release of ended groups, and the limits that stop content from nesting or
+// working endlessly.
 #include "engine/core.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@
 namespace korvel {
 namespace {
 
-// The worker resets it before the process ends.
+// The worker resets it with ResetEngine.
 NeverDestroyed<Core> theCore;
 
 void ReportLimit(Message message) {

@@ -1,5 +1,5 @@
-// State and steps that the files of the engine core share: one record, and how groups start and
-// end. Private to the engine folder.
+// The state and the functions that the files of the engine core share. Private to the engine
+// folder.
 #pragma once
 
 #include <array>
@@ -69,42 +69,44 @@ struct Core {
 
 // ---- core.cpp ----
 
-// Releases every ended group, unless something that may still hold one is at work.
+// Releases every ended group, unless an operation that may use one is running.
 void ReleaseEndedGroups();
 
 // ---- group_files.cpp: group names as file names ----
 
-// Reads the start-up application: "a", else "startup", in two passes. With a path, the path itself,
-// else the two names in the directory that the path names, else the two names. False when every
-// pass has failed.
+// Reads the start-up application. Without a path, tries the names "a" and "startup". With a path,
+// tries the path itself, then both names in the directory of that path, then both names alone.
+// False if two passes have failed.
 [[nodiscard]] bool FetchStartUp(std::string_view path, OctetString& bytes);
 
-// Set the current directory after a Launch and after a Spawn of the name; the two differ. False
-// when memory is out.
+// Set the current directory after a Launch or a Spawn of the name; the rules differ. False if
+// memory runs out.
 [[nodiscard]] bool SetDirectoryOfLaunched(std::string_view groupName);
 [[nodiscard]] bool SetDirectoryOfSpawned(std::string_view groupName);
 
 // ---- group_life.cpp: how a decoded group starts and a running group ends ----
 
-// Starts the application that has just been made current: its references, OnStartUp, links, items,
-// itself. Failure when a step failed; Replaced when the first OnStartUp or the items replaced the
-// running groups.
+// Starts the application that has just become current: completes its references, runs OnStartUp for
+// the first time, and starts its links, its items and the application itself. Failure if a step
+// fails; Replaced if the first OnStartUp or the items replace the running groups.
 Status StartApplication(Application& application);
 
-// Starts the scene that has just been made current: its references, links, items, itself. Failure
-// when a step failed; everything else is Done, a replacement included.
+// Starts the scene that has just become current: completes its references, and starts its links,
+// its items and the scene itself. Failure if a step fails; otherwise Done, even if the scene was
+// replaced.
 Status StartScene(Scene& scene);
 
 // Ends a running group, unless it is null: removes its links, raises IsDeleted, removes everything
-// that it owns from the engine's registers, and keeps its memory until nothing runs. Failure when a
-// link of IsDeleted has asked to stop; the group then stays, without its links. Replaced when such
-// a link has replaced the group, which has then left the registers before its successor came.
+// that it owns from the engine's registers, and keeps its memory until nothing runs. Failure if a
+// link that waits for IsDeleted asks to stop; the group then keeps running, without its links.
+// Replaced if such a link replaces the group; the group is then removed from the registers before
+// its successor starts.
 Status EndGroup(Group* group);
 
 // Ends the scene and then the application. Replaced when a link has replaced them by others.
 Status EndRunningGroups();
 
-// Ends the scene alone.
+// Ends only the scene.
 Status EndScene();
 
 // Ends the running groups without events and messages, and clears the link tables.
@@ -116,9 +118,9 @@ Scene& AdoptScene(OwnedGroup&& group);
 
 // ---- link_tables.cpp ----
 
-// The table that holds links waiting for the type, or null for a number without a name: a link
-// waiting for one is entered nowhere and never fires. The split between the tables is fixed, not
-// the standard's split into synchronous and asynchronous events.
+// The table that holds links waiting for the type, or null for an unknown event type: such a link
+// is in no table and never fires. The split between the tables is fixed and differs from the
+// standard's split into synchronous and asynchronous events.
 [[nodiscard]] LinkTable* TableOf(EventType type);
 
 // Prepares the group's links, activates those that are initially active, and enters all of them in

@@ -24,8 +24,7 @@ constexpr int DaysOfMonth(std::int64_t year, int month) {
   return month == 2 && IsLeapYear(year) ? 29 : kDays[month - 1];
 }
 
-// The date of a day number. Days before the first one of the calendar are an error and count as
-// that first day.
+// The date of a day number. A negative number is an error and means day 0.
 Date DateOf(std::int32_t dayNumber) {
   if (dayNumber < 0) {
     Say(Message::MonthError);

@@ -134,7 +134,7 @@ Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) {
   Application* application = CurrentApplication();
   if (!IsStackable(application, kind, visible)) return Status::Refused;
   if (!StackContains(*application, ItemType::None, reference)) return Status::Refused;
-  // Once removed, a visible could not be found as its own reference.
+  // A visible that is its own reference could not be found after its removal.
   if (&visible == &reference) return Status::Refused;
   if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
   return RedrawIfRunning(InsertAbove(*application, kind, visible, reference), visible);

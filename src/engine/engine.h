@@ -18,8 +18,8 @@ namespace korvel {
 // ---- The worker loop ----
 
 // Finds, decodes and starts the start-up application; an empty path searches "a" and "startup".
-// Groups that still run end first, without events. Refused when no application could be started;
-// every other result is a started engine.
+// Groups that still run are first ended without events. Refused if no application could be started;
+// every other result means that the engine has started.
 Status StartEngine(std::string_view path);
 
 // Ends the scene and the application without starting anything.
@@ -29,8 +29,8 @@ void CloseDown();
 // a close is pending, all work shares one limit. Releases ended groups.
 void BeginWork();
 
-// Releases everything at the end of the worker: ended groups with their canvases, the persistent
-// store, the core's own state. Must be called after CloseDown and before the presentation closes.
+// Releases everything when the worker ends: ended groups with their canvases, the persistent store,
+// the core's own state. Must be called after CloseDown and before the presentation closes.
 void ResetEngine();
 
 // An event from outside: UserInput with a key number, or TimerFired with a timer id.
@@ -42,7 +42,7 @@ Status RaiseOutsideEvent(std::int32_t sourceNumber, EventType type, std::int32_t
 [[nodiscard]] Application* CurrentApplication();
 [[nodiscard]] Scene* CurrentScene();
 
-// Both together, for functions that are given the groups.
+// Both, for functions that take the groups as a parameter.
 [[nodiscard]] inline RunningGroups CurrentGroups() {
   return {.application = CurrentApplication(), .scene = CurrentScene()};
 }
@@ -53,7 +53,7 @@ Status Quit();
 Status TransitionTo(std::string_view groupName);
 
 // The number of requests to replace the application and the scene, modulo 256. An action list ends
-// when one of them changes. Launch and TransitionTo actions count before they act.
+// when one of them changes. Launch and TransitionTo actions increment them first.
 struct Generations {
   std::uint8_t application = 0;
   std::uint8_t scene = 0;
@@ -68,8 +68,8 @@ struct Generations {
   return ingredient.owner != nullptr && ingredient.owner->life.isDead;
 }
 
-// Held while actions, dispatch, lifecycle or a redraw are at work: ended groups are kept as long as
-// one is held.
+// Exists while actions, dispatch, a lifecycle operation or a redraw runs. Ended groups are not
+// released while one exists.
 class [[nodiscard]] Busy {
  public:
   Busy();
@@ -97,9 +97,9 @@ class [[nodiscard]] NestingLevel {
 // the caller returns Failure.
 [[nodiscard]] bool TakeAction();
 
-// Whether a loop whose length content decides may go on. False once the time that a pending close
-// allows is over: the loop then ends, with Failure if the function can return it. Reads one flag
-// while no close is pending.
+// Whether a loop whose length content decides may continue. False once a pending close has used up
+// its time: the loop must then end, with Failure if the function can return it. Cheap while no
+// close is pending.
 [[nodiscard]] bool MayGoOn();
 
 // ---- Names and files ----
@@ -112,7 +112,7 @@ Status ResolveGroup(std::string_view groupName, OctetString& bytes);
 
 struct FoundObject {
   ItemType type = ItemType::None;  // None: nothing matches
-  Root* object = nullptr;          // an Application, a Scene or an Ingredient, as Type says
+  Root* object = nullptr;          // an Application, a Scene or an Ingredient, as `type` says
 
   explicit operator bool() const { return type != ItemType::None; }
   template <class T>
@@ -136,13 +136,13 @@ Result VisitVariable(const FoundObject& found, Result otherwise, Visit&& visit) 
 }
 
 // Finds an object of the running groups by group identifier (a leading "~" is dropped) and number.
-// Classes 1 to 27 are found, the components of streams among them.
+// Finds classes 1 to 27, including the components of streams.
 [[nodiscard]] FoundObject FindObject(Scope scope, std::string_view groupIdentifier,
                                      std::int32_t number);
 
 // ---- Events ----
 
-// The datum of an event. Links compare booleans and integers; a link waiting for another kind never
+// The data of an event. Links compare booleans and integers; a link waiting for another kind never
 // fires.
 struct EventData {
   ValueKind kind = ValueKind::None;
@@ -152,9 +152,9 @@ struct EventData {
   [[nodiscard]] static EventData Integer(std::int32_t value) { return {ValueKind::Integer, value}; }
 };
 
-// Runs the links (five at most) that wait for this event of this source, before it returns. Done
-// when none fired, otherwise the result of the last link; Failure and Replaced stop the rest. The
-// name is not read after the first link has run.
+// Runs the links (five at most) that wait for this event from this source, then returns. Done if
+// none ran, otherwise the result of the last one; Failure and Replaced skip the rest. `sourceGroup`
+// is not read after the first link has run.
 Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
                   EventData data);
 // The same with an object as the source.
@@ -164,7 +164,7 @@ Status RaiseEventByType(EventType type, EventData data);
 
 // ---- The display stack of the running application ----
 // All return Refused if there is no such entry (or no application runs), and Failure, with a
-// message, when memory is out.
+// message, if memory runs out.
 
 Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible);
 Status InsertAtPosition(Application& application, std::int32_t position, ItemType kind,
@@ -209,14 +209,14 @@ class [[nodiscard]] HeldRedraws {
 
 // Sets a timer of the group, in milliseconds. An absolute value is a time since the start of the
 // process, and its period counts from the start of the scene. kNoTimerValue cancels the timer. A
-// pending timer that is set again keeps its kind of time.
+// pending timer that is set again stays absolute or relative.
 inline constexpr std::int32_t kNoTimerValue = -1;
 Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolute);
 
 // ---- The persistent store: named blocks of bytes, in memory for as long as the engine runs ----
 
 // Stores a block under a name and takes ownership of it. Failure, with a message and `data`
-// unchanged, when memory is out.
+// unchanged, if memory runs out.
 Status AppendPersistent(std::string_view name, OctetString&& data);
 // Removes and returns the first block of that name. Refused if there is none.
 Status TakePersistent(std::string_view name, OctetString& data);
@@ -234,7 +234,7 @@ using ProgramParameters = std::span<const GenericValue* const>;
 Status RunResidentProgram(std::string_view name, ProgramParameters parameters,
                           std::string_view groupName);
 
-// ---- Chance ----
+// ---- Random numbers ----
 
 // The random generator's next value, 0 to 2^31 - 1. An engine start seeds it with the time.
 [[nodiscard]] std::uint32_t NextRandom();

@@ -1,7 +1,6 @@
-// Raising events: collecting the links that wait for one and running their effects, at once and
-// before the raising call returns. The collection is complete before the first link runs, so what
-// links do to the tables, to other links or to whole groups does not disturb it. A link whose group
-// has ended in the meantime is skipped.
+// Raises events: collects the links that wait for an event and runs their effects before the call
+// returns. All links are collected before the first one runs, so that links may change the tables,
+// other links or whole groups. A link whose group has ended in the meantime is skipped.
 #include <array>
 #include <cstddef>
 

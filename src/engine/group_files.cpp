@@ -14,7 +14,7 @@ constexpr auto kNone = std::string_view::npos;
 constexpr std::string_view kParentStep = "/../";
 constexpr std::string_view kRootPrefix = "DSM:";
 
-// `directory` and `name` in one string; false when memory is out.
+// `directory` and `name` in one string; false if memory runs out.
 bool Join(std::string_view directory, std::string_view name, OctetString& joined) {
   OctetString path;
   if (!path.Assign(directory) || !path.Append(name)) return false;
@@ -41,8 +41,8 @@ bool FetchStartUpAt(std::string_view path, OctetString& bytes) {
 }
 
 // Removes each "/../" together with the component before it. As content expects, no slash is put
-// between the two pieces: x/y/../z becomes xz. Names may be long, so this is one walk from left to
-// right, which never writes past the place that it has read.
+// between the two pieces: x/y/../z becomes xz. Names may be long, so this is a single pass, which
+// never writes past its read position.
 bool RemoveParentSteps(OctetString& path) {
   char* bytes = path.MutableBytes();
   std::size_t kept = 0;
@@ -73,7 +73,7 @@ PathParts SplitName(std::string_view name) {
 }
 
 // The file name that a group name means. False for names that lead out of the carousel or to a
-// common interface module, and when memory is out.
+// common interface module, or if memory runs out.
 bool MakeFileName(std::string_view groupName, OctetString& fileName) {
   if (groupName.starts_with("CI:")) return false;
   const PathParts parts = SplitName(groupName);
@@ -104,7 +104,7 @@ bool SetDirectoryOfLaunched(std::string_view groupName) {
   if (groupName.starts_with(kRootPrefix)) {
     std::string_view path = groupName.substr(kRootPrefix.size());
     for (int slashes = 0; slashes < 2 && path.starts_with('/'); ++slashes) path.remove_prefix(1);
-    // Deeper components are not kept.
+    // Only the first component is kept.
     const std::size_t slash = path.find('/');
     return directory.Assign(path.substr(0, slash == kNone ? 0 : slash + 1));
   }

@@ -1,5 +1,5 @@
 // The start and the end of groups. Every call that can run actions may end the group that is being
-// started or ended; its memory stays, and its life record shows that it is dead.
+// started or ended; its memory is kept, and `life.isDead` is set.
 
 #include <utility>
 
@@ -35,7 +35,7 @@ Status RunOnStartUp(Group& group, Scope scope) {
   return RunActions(scope, {&group.OnStartUp, &group}, NameOf(group));
 }
 
-// Raises an event of the group itself. Done while the group has not ended.
+// Raises an event of the group itself. Replaced if the group ends.
 Status RaiseOf(Group& group, EventType type) {
   if (RaiseEvent(group, type) == Status::Failure) return Status::Failure;
   return IsGone(group) ? Status::Replaced : Status::Done;
@@ -47,8 +47,8 @@ Status PrepareGroup(Group& group) {
   return status == Status::Done ? RaiseOf(group, EventType::ContentAvailable) : status;
 }
 
-// The group's OnStartUp runs with its links in place. An application whose scene was replaced by it
-// goes on.
+// OnStartUp runs after the group's links have been added. An application continues even if its
+// OnStartUp replaces the scene.
 Status ActivateGroup(Group& group, Scope scope) {
   if (group.RunningStatus) return Status::Done;
   group.RunningStatus = true;
@@ -65,8 +65,7 @@ Status StartItemsAndGroup(Group& group, Scope scope) {
 }
 
 // Removes everything that the group owns from the engine's registers and marks the group as ended.
-// Its links have been removed before. Its memory stays until nothing that may hold a part of it
-// runs.
+// The caller has removed its links. Its memory is kept until nothing that may use it runs.
 void Bury(Group& group) {
   Core& core = TheCore();
   group.AvailabilityStatus = false;
@@ -96,7 +95,8 @@ void Adopt(Group& group) {
 
 Status StartApplication(Application& application) {
   if (CompleteReferences(NameOf(application), application) != Status::Done) return Status::Failure;
-  // This first run comes before the links, so that no link of the application sees its events.
+  // OnStartUp first runs before the links are added, so that no link of the application sees its
+  // events.
   const Status status = RunOnStartUp(application, Scope::ApplicationFirst);
   if (status == Status::Failure || status == Status::Replaced) return status;
   if (IsGone(application)) return Status::Replaced;
@@ -112,7 +112,8 @@ Status StartScene(Scene& scene) {
 
 Status EndGroup(Group* group) {
   if (group == nullptr) return Status::Done;
-  // A link of its IsDeleted is replacing it: the successor must find the registers without it.
+  // A link that waits for its IsDeleted is replacing it: it must leave the registers before its
+  // successor starts.
   if (std::exchange(group->life.isDying, true)) {
     Bury(*group);
     return Status::Done;

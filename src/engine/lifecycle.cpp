@@ -37,7 +37,7 @@ Status FetchNamedGroup(std::string_view groupName, OctetString& bytes) {
   return application == nullptr ? Status::Refused : RaiseReferenceError(application->Reference);
 }
 
-// Fetches and decodes what must be an application.
+// Fetches and decodes a group, which must be an application.
 Status ReadApplication(std::string_view groupName, Message message, OwnedGroup& group) {
   OctetString bytes;
   const Status status = FetchNamedGroup(groupName, bytes);
@@ -85,7 +85,7 @@ Status QuitToParent(const ObjectReference& quitting) {
   return Status::Done;
 }
 
-// Stops the items of the application that are not shared, as their scene ends. No event is raised,
+// Stops the application's items that are not shared, because the scene ends. No event is raised,
 // and a visible keeps its place in the display stack.
 void StopUnsharedItems(Application& application) {
   for (const Item& item : application.Items) {
@@ -95,8 +95,8 @@ void StopUnsharedItems(Application& application) {
   }
 }
 
-// Ends the running groups and starts the application of that name, which must not belong to one of
-// them.
+// Ends the running groups and starts the named application. `name` must not belong to one of those
+// groups.
 Status Replace(const OctetString& name, Message message,
                bool (*setDirectory)(std::string_view groupName)) {
   OwnedGroup group;
@@ -178,8 +178,8 @@ Status TransitionTo(std::string_view groupName) {
 }
 
 void CloseDown() {
-  // A link of IsDeleted may have stopped the end or started other groups; the groups that still run
-  // end without events.
+  // A link that waits for IsDeleted may have stopped this or started other groups. Groups that
+  // still run are ended without events.
   static_cast<void>(EndRunningGroups());
   BuryRunningGroups();
 }

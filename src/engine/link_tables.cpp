@@ -1,5 +1,5 @@
-// Entering and removing links. A link stays in its table while it is inactive; whether it is active
-// is asked when an event is dispatched.
+// Adds links to the tables and removes them. An inactive link stays in its table; dispatch checks
+// whether a link is active.
 #include "engine/core.h"
 
 #include "actions/actions.h"

@@ -1,10 +1,10 @@
-// Finding objects of the running groups by name and number.
+// Finds objects of the running groups by group name and number.
 #include "engine/core.h"
 
 namespace korvel {
 namespace {
 
-// Palettes, programs of other kinds, fonts and cursor shapes are no targets of actions.
+// Actions cannot target palettes, remote and interchanged programs, fonts and cursor shapes.
 bool IsFindable(ItemType type) { return type <= ItemType::SwitchButton; }
 
 bool HasName(const Root& object, std::string_view name, std::int32_t number) {
@@ -18,7 +18,7 @@ FoundObject FindInList(const List<Item>& items, std::string_view name, std::int3
     if (IsFindable(item.Type()) && HasName(*item.Record(), name, number)) {
       return {item.Type(), item.Record()};
     }
-    // The components of a stream are no items of the group: they are found through their stream.
+    // The components of a stream are not items of the group.
     if (item.Type() != ItemType::Stream) continue;
     const FoundObject component = FindInList(item.As<Stream>().Multiplex, name, number);
     if (component) return component;

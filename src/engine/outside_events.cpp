@@ -9,7 +9,7 @@
 namespace korvel {
 namespace {
 
-// The keys that the engine itself reports, before the scene may see them.
+// Raises the engine event of a key, if it has one, before the scene can receive the key.
 Status RaiseEngineEvent(std::int32_t key) {
   if (key == keys::kText) {
     return RaiseEventByType(EventType::EngineEvent, EventData::Integer(engineEvents::kTextKey));

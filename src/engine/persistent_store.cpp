@@ -1,4 +1,4 @@
-// The persistent store: named blocks of bytes in memory, in the order in which they were stored.
+// The persistent store: named blocks of bytes in memory, oldest first.
 #include <utility>
 
 #include "engine/core.h"

@@ -1,5 +1,5 @@
-// The resident programs on the receiver: random numbers, its identity, the settings that content
-// may make, and a fixed table of six broadcast services, all of one network.
+// The resident programs about the receiver: random numbers, its identity, settings that content may
+// change, and a fixed table of six broadcast services, all of one network.
 #include <cstdint>
 #include <string_view>
 
@@ -34,7 +34,7 @@ bool TakeField(std::string_view& rest, std::string_view& field) {
 }
 
 // The index of a service reference, from 1; -1 when it names none of the services. The comparison
-// is exact, and the transport stream does not count.
+// is exact; the transport stream is ignored.
 std::int32_t IndexOf(std::string_view reference) {
   constexpr std::string_view kPrefix = "dvb://";
   if (!reference.starts_with(kPrefix)) return -1;
@@ -52,7 +52,7 @@ std::int32_t IndexOf(std::string_view reference) {
 
 }  // namespace
 
-// From 0 up to and including the given number.
+// Returns a number from 0 to the given one, inclusive.
 bool GetRandomNumber(ProgramValues& values) {
   const std::int64_t count = std::int64_t{values[0].Integer} + 1;
   values[1].Integer = count <= 0 ? 0 : static_cast<std::int32_t>(NextRandom() % count);
@@ -113,7 +113,7 @@ bool GetBasicServiceInformation(ProgramValues& values) {
   return true;
 }
 
-// The engine starts again from the start-up search of the new service.
+// Restarts the engine, which searches for the start-up application of the new service.
 bool TuneToIndex(ProgramValues& values) {
   if (values[0].Integer > 0) RequestRestart(RestartReason::Tune);
   return true;

@@ -1,5 +1,5 @@
 // The table of resident programs and their dispatcher. The dispatcher reads every input and finds
-// every output before the program runs, so that a call that cannot be served writes nothing.
+// every output before the program runs, so that a failed call writes nothing.
 #include "engine/resident_programs.h"
 
 #include <string_view>
@@ -79,7 +79,7 @@ constexpr bool IsInput(Slot slot) {
   return slot == BooleanIn || slot == IntegerIn || slot == TextIn || slot == ReferenceIn;
 }
 
-// The class of variable at a place.
+// The class of the variables that a slot accepts.
 constexpr ItemType ClassOf(Slot slot) {
   switch (slot) {
   case BooleanIn:
@@ -127,7 +127,7 @@ class ProgramCall {
   }
 
  private:
-  // The variables are searched in the application first, also when a scene calls.
+  // Variables are searched in the application first, even if a scene calls the program.
   [[nodiscard]] FoundObject FindVariable(std::size_t place) const {
     const GenericValue& given = *given_[place];
     const bool isReference =

@@ -13,8 +13,8 @@ namespace korvel {
 
 inline constexpr std::size_t kMostProgramParameters = 6;
 
-// The inputs, read, and the outputs, to be filled in. Only the field of the kind that the signature
-// names counts.
+// The inputs, read, and the outputs, to be filled in. Only the field of the kind in the signature
+// is used.
 using ProgramValues = std::array<GenericValue, kMostProgramParameters>;
 
 // The settings that programs keep between calls.
@@ -24,7 +24,7 @@ struct ProgramSettings {
   bool subtitleMode = false;
 };
 
-// Each returns false when memory is out.
+// Each returns false if memory runs out.
 
 // ---- date_programs.cpp ----
 [[nodiscard]] bool GetCurrentDate(ProgramValues& values);

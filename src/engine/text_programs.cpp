@@ -18,8 +18,8 @@ std::size_t StartOf(std::int32_t start) {
 }
 
 // The index of the first occurrence at or after `start`, both from 0; npos when there is none. An
-// empty text is found where the search begins, up to the end of the text. Each place where the
-// wanted text may begin is a step, which compares as much as is alike.
+// empty text is found at `start`, unless that is past the end. A pending close can end the search
+// early; nothing is then found.
 std::size_t Search(std::string_view text, std::size_t start, std::string_view wanted) {
   for (std::size_t at = start; at <= text.size() && MayGoOn(); ++at) {
     if (!wanted.empty()) at = std::min(text.find(wanted.front(), at), text.size());

@@ -1,6 +1,6 @@
 // The timers of groups. A group keeps a record of each pending timer; the expiry is a one-shot
-// platform timer of the same id, so a timer of the scene replaces one of the application with its
-// id, and only the scene's fire.
+// platform timer of the same id, so a timer of the scene replaces one of the application with the
+// same id. Only the scene's timers raise events.
 
 #include <algorithm>
 #include <utility>
@@ -52,7 +52,7 @@ Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolu
   if (value == kNoTimerValue) return CancelTimer(group, id);
   Timer* timer = FindTimer(group, id);
   if (timer != nullptr) {
-    // A pending timer that is set again keeps its owner and its kind of time.
+    // A pending timer that is set again keeps its owner and stays absolute or relative.
     KillWindowTimer(static_cast<std::uint32_t>(id));
   } else {
     timer = AddTimer(group, id, isAbsolute);
@@ -73,7 +73,7 @@ bool RemoveFiredTimer(std::int32_t id, ObjectReference& owner) {
 
 void CancelAllTimers(Group& group) {
   for (const Timer& timer : group.Timers) {
-    if (!MayGoOn()) break;  // the closing window kills the others
+    if (!MayGoOn()) break;  // the system kills the others with the window
     KillWindowTimer(static_cast<std::uint32_t>(timer.id));
   }
   group.Timers.Clear();

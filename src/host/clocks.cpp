@@ -1,5 +1,5 @@
 // The clocks of the platform. Elapsed time never comes from the wall clock, which advances in steps
-// of up to 16 ms and can be set by anyone.
+// of up to 16 ms and can be set.
 #include <windows.h>
 
 #include <chrono>

@@ -1,9 +1,9 @@
 // The engine thread from its start to its end, and the four functions that the library exports.
 // These run on the host's threads: they only start, post and wait, and leave all work to the
 // engine's own threads. The engine thread closes its own handle, because the host need not wait for
-// it, so a wait uses a duplicate. A wait that begins after that must still last until the thread is
+// it, so a wait uses a duplicate. A wait that begins after that must still wait until the thread is
 // gone: hosts end the process next, and under Wine that can crash while a thread is ending. Such a
-// wait finds the thread by its number.
+// wait finds the thread by its id and creation time.
 #include <windows.h>
 
 #include <cstdint>
@@ -19,14 +19,14 @@
 namespace korvel {
 namespace {
 
-// Looking for a message answers the sent ones. The filter excludes all posted ones.
+// PeekMessage dispatches sent messages. The filter excludes all posted ones.
 void AnswerSentMessages() {
   MSG message;
   PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
 }
 
-// How long a start waits for an engine that has reported its close; that engine's thread has only a
-// few calls left then.
+// The limit of a start's wait for an engine that has reported its close: the thread of that engine
+// has only a few calls left.
 constexpr DWORD kEpilogueLimitMs = 5000;
 
 std::uint64_t CreationTime(HANDLE thread) {
@@ -37,7 +37,7 @@ std::uint64_t CreationTime(HANDLE thread) {
   return high << 32U | created.dwLowDateTime;
 }
 
-// For the next two functions the caller holds the state lock, and closes the handle afterwards.
+// The caller of the next two functions holds the state lock and closes the returned handle.
 HANDLE DuplicateEngineThread() {
   HANDLE duplicate = nullptr;
   DuplicateHandle(GetCurrentProcess(), hostState.engineThread, GetCurrentProcess(), &duplicate,
@@ -79,8 +79,8 @@ HANDLE OpenThreadToWaitFor() {
   return hostState.engineThread == nullptr ? OpenLastThread() : DuplicateEngineThread();
 }
 
-// The host may unload the library as soon as it is notified of the close, but the code of a running
-// thread must stay loaded: the thread releases this reference as it ends.
+// Keeps the library loaded for the engine thread: the host may unload it as soon as it is notified
+// of the close. The thread releases this reference as it ends.
 HMODULE ReferToThisLibrary() {
   HMODULE library = nullptr;
   GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
@@ -111,8 +111,8 @@ void RunInWindow() {
   EndWorkerAndWindow();
 }
 
-// The last step of the thread: closes its own handle and allows a new start. Waits still find the
-// thread.
+// The last step of the thread: closes its own handle and allows a new start. Later waits find the
+// thread through `lastThread`.
 void LeaveEngineThread() {
   const StateLocked locked;
   hostState.lastThread = {GetCurrentThreadId(), CreationTime(GetCurrentThread())};
@@ -120,7 +120,7 @@ void LeaveEngineThread() {
   hostState.phase = Phase::Idle;
 }
 
-// After this a start is accepted; it waits for the thread's end.
+// From here on a start is accepted and waits for this thread to end.
 void EnterEpilogue() {
   const StateLocked locked;
   hostState.phase = Phase::Epilogue;
@@ -139,7 +139,7 @@ DWORD WINAPI EngineThread(void*) {
     RunInWindow();
     UnregisterEngineWindowClass();
   }
-  ReleaseHostObject();  // the worker has done it, unless there was none
+  ReleaseHostObject();  // needed only if there was no worker
   hostState.engineThreadId = 0;
   EnterEpilogue();
   NotifyHostOfClose();
@@ -176,15 +176,15 @@ bool MakeThread() {
   return ClaimIfIdle();
 }
 
-// Ends the claim: with the engine alive, or with nothing kept.
+// Ends the claim: the engine is alive, or the start has failed.
 void EndStart(Phase phase) {
   const StateLocked locked;
   hostState.startingThreadId = 0;
   hostState.phase = phase;
 }
 
-// Creates the engine thread, which waits at the start gate. False, with nothing kept, if that
-// fails.
+// Creates the engine thread, which waits at the start gate. If that fails, returns false and keeps
+// nothing.
 [[nodiscard]] bool CreateEngineThread() {
   hostState.library = ReferToThisLibrary();
   hostState.startGate = CreateEventA(nullptr, TRUE, FALSE, nullptr);
@@ -256,8 +256,8 @@ uint32_t KORVEL_CALL MHEG5ReStart(void) {
   return 0;
 }
 
-// Waits also for the thread's last calls: hosts unload the library or end the process next. The
-// engine's own threads and the thread that is starting the engine would wait for themselves.
+// Waits for the thread's last calls too, because hosts unload the library or end the process next.
+// The engine's own threads and the thread that is starting the engine would wait for themselves.
 uint32_t KORVEL_CALL MHEG5WaitForClose(void) {
   HANDLE thread = korvel::OpenThreadToWaitFor();
   if (thread == nullptr) return 0;

@@ -1,6 +1,6 @@
 // The engine's reference to the host object, the callback by which the host can close the engine,
-// and the reading of broadcast files: the host object's function is called again while the host has
-// not received the file yet.
+// and reading broadcast files: the host object is called again while the host has not received the
+// file yet.
 #include "host/host_object.h"
 
 #include <cstdint>
@@ -16,11 +16,11 @@ void KORVEL_CALL CloseOnExitCode(uint32_t code) {
   if (code == kMHEG5ExitCode) ExitMHEG5();
 }
 
-// The pause after the host has answered that the file is not there yet.
+// The pause after the host has reported that the file is not yet available.
 constexpr std::uint32_t kRetryPeriodMs = 500;
 
-// Asks until the answer is final. True if the host has stored a buffer, which the caller must
-// release.
+// Calls the host until its result is final. True if the host has stored a buffer, which the caller
+// must release.
 bool AskHost(MHEG5Host* host, const char* path, void** data, std::uint32_t* size) {
   while (MayRun()) {
     const std::uint32_t answer = host->table->ReadFile(host, path, data, size);

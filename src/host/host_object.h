@@ -9,8 +9,8 @@ namespace korvel {
 // Whether there is an object and it has every function that the engine calls.
 [[nodiscard]] bool IsUsable(const MHEG5Host* host);
 
-// The thread that starts the engine: stores the object with a reference of the engine's own, and
-// gives it the exit callback.
+// The thread that starts the engine: stores the object, adds a reference to it, and sets its exit
+// callback.
 void KeepHostObject(MHEG5Host* host);
 
 // The worker at its end, or the engine thread if there is no worker: withdraws the exit callback

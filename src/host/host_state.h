@@ -28,8 +28,8 @@ struct WindowState {
   bool isAltDown = false;
 };
 
-// A thread whose handle is closed. The system reuses the numbers of ended threads, so the time of
-// its creation is needed to find it.
+// A thread whose handle is closed. The system reuses the numbers of ended threads, so its creation
+// time is needed too.
 struct ThreadIdentity {
   DWORD id = 0;
   std::uint64_t creationTime = 0;
@@ -62,7 +62,7 @@ struct HostState {
 };
 
 // Constant-initialised and without a destructor: when the process ends, its other threads have been
-// stopped anywhere in their work, and this record must not be touched.
+// terminated at arbitrary points, and this record must not be touched.
 extern HostState hostState;
 
 // Held in the scope that reads or changes what HostState::lock guards.

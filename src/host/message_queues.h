@@ -20,7 +20,7 @@ void CloseMessageQueues();
 // Engine thread: adds a close. Cannot fail.
 void QueueClose();
 
-// Engine thread: adds a message at the end of the input queue. It is lost when memory is out.
+// Engine thread: adds a message at the end of the input queue. It is lost if memory runs out.
 void QueueInput(const QueuedMessage& message);
 
 // Worker: removes the next message, a close before any other. False if there is none.

@@ -1,6 +1,5 @@
-// The threads of the engine and how they meet. The engine thread owns the engine window and its
-// message loop, and creates the worker thread, which starts the engine and does all MHEG-5 work,
-// one piece at a time.
+// The threads of the engine. The engine thread owns the engine window and its message loop, and
+// creates the worker thread, which starts the engine and does all MHEG-5 work, one piece at a time.
 #pragma once
 
 #include <windows.h>
@@ -18,7 +17,7 @@ void WaitAnsweringSentMessages(HANDLE object, DWORD limitMs);
 
 // ---- The engine window (window.cpp); engine thread only ----
 
-// Posted to the engine window with both parameters 0: start again from the start-up search.
+// Posted to the engine window with both parameters 0: restart from the start-up search.
 inline constexpr UINT kRestartAfterQuit = 0x8001;  // the application has quit
 inline constexpr UINT kRestartAfterTune = 0x8003;  // the running application is closed first
 
@@ -48,7 +47,7 @@ void EndWorker();
 inline constexpr std::int32_t kNoUserInput = 0;
 
 // The key number of a UserInput event for a virtual-key code of the platform, or kNoUserInput for a
-// key that content does not get. Any thread.
+// key that content does not receive. Any thread.
 [[nodiscard]] std::int32_t UserInputKey(std::uint32_t virtualKey);
 
 }  // namespace korvel

@@ -53,7 +53,7 @@ void NoteModifier(WPARAM virtualKey, bool isDown) {
   if (virtualKey == VK_MENU) hostState.window.isAltDown = isDown;
 }
 
-// Keys that are pressed with both Ctrl and Alt down are not for the engine.
+// The engine ignores keys that are pressed while both Ctrl and Alt are down.
 void HandleKeyDown(WPARAM virtualKey) {
   NoteModifier(virtualKey, true);
   if (hostState.window.isCtrlDown && hostState.window.isAltDown) return;
@@ -101,7 +101,8 @@ LRESULT CALLBACK EngineWindowProcedure(HWND window, UINT message, WPARAM wParam,
   case WM_KEYUP: NoteModifier(wParam, false); return 0;
   case WM_SYSKEYDOWN:
   case WM_SYSKEYUP:
-    // Alt alone arrives here and not as a plain key. The system also uses it for its menu.
+    // Alt without another key arrives here, not as a plain key. The system also uses it for its
+    // menu.
     if (wParam == VK_MENU) NoteModifier(wParam, message == WM_SYSKEYDOWN);
     return DefaultResult(window, message, wParam, lParam);
   case WM_TIMER: HandleExpiry(window, static_cast<std::uint32_t>(wParam)); return 0;

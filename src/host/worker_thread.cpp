@@ -56,7 +56,7 @@ void RedrawAtOnce() {
   static_cast<void>(Redraw());
 }
 
-// The results of events are ignored: they only tell action lists to stop.
+// The results of events are ignored: they only stop action lists.
 void HandleTimer(std::uint32_t id) {
   if (!MayRun()) return;
   static_cast<void>(

@@ -1,5 +1,5 @@
-// The one table of elementary actions: number, name, parameters and accepting classes of each.
-// Decoding, writing, the textual notation, the dump and the interpreter all read it.
+// The table of elementary actions: number, name, parameters and accepted target classes. Decoding,
+// writing, the textual notation, the dump and the interpreter all read it.
 #pragma once
 
 #include <array>
@@ -11,9 +11,8 @@
 
 namespace korvel {
 
-// The actions by number. 1 to 110 are the standard's, in alphabetical order but for Step before
-// Stop, and are what the decoders produce (BER tag = number + 114); 111 to 119 are extensions that
-// only run.
+// The actions by number. 1 to 110 are the standard's, in alphabetical order; content can hold only
+// these (BER tag = number + 114). 111 to 119 are extensions that have no encoded form.
 enum class Action : std::uint8_t {
   Activate = 1,
   Add,
@@ -139,8 +138,8 @@ inline constexpr std::uint8_t kActionCount = 119;
 inline constexpr std::uint8_t kDecodedActionCount = 110;
 inline constexpr std::uint32_t kActionTagBase = 114;
 
-// The kind of one place of an action's syntax. A composite place has several values, which a
-// decoded action holds flattened, one after the other.
+// The kind of one place in an action's syntax. A composite place takes several values, which a
+// decoded action holds one after the other.
 enum class Parameter : std::uint8_t {
   Integer,        // GenericInteger
   IntegerOrNull,  // GenericInteger or NULL
@@ -157,7 +156,7 @@ enum class Parameter : std::uint8_t {
                   // cache priority
   NewTimer,       // Integer timer value, then optionally Boolean absolute time
   Speed,          // Integer numerator, then optionally Integer denominator
-  EventNumber,    // Integer; an event type, written as its word
+  EventNumber,    // Integer; an event type, a word in the notation
 };
 
 inline constexpr std::size_t kMostParameters = 6;
@@ -167,9 +166,9 @@ struct ActionRow {
   const char* name;  // the keyword of the textual notation is ":" and this name
   std::array<Parameter, kMostParameters> parameters;
   std::uint8_t parameterCount;  // places of the syntax
-  std::uint8_t requiredCount;   // how many of them must be there for the action to be carried out
-  ClassSet accepts;  // classes of target that the action works on; empty: no target is looked up,
-                     // or not performed
+  std::uint8_t requiredCount;   // how many of them must be present for the action to run
+  ClassSet accepts;  // accepted classes of target; empty if no target is looked up or the action
+                     // does nothing
 
   [[nodiscard]] constexpr std::span<const Parameter> Syntax() const {
     return {parameters.data(), parameterCount};
@@ -195,7 +194,7 @@ constexpr ClassSet Span(ItemType first, ItemType last) {
   return set;
 }
 
-// An ObjectRefVariable has a status, but is not asked for it.
+// The status actions do not accept an ObjectRefVariable, although it has the statuses.
 inline constexpr ClassSet kStatusClasses =
     (Span(ItemType::Application, ItemType::HyperText) & ~SetOf(ItemType::ObjectRefVariable)) |
     SetOf(ItemType::LineArt, ItemType::RemoteProgram, ItemType::InterchangedProgram);
@@ -365,8 +364,8 @@ static_assert(IsInNumericOrder());
   return number >= 1 && number <= kActionCount ? &action_rows::kActions[number - 1U] : nullptr;
 }
 
-// The row of an action name such as "SetData", in any case of letters, among the 110 that content
-// can hold; or null.
+// The row of an action name such as "SetData", ignoring case, or null. Finds only the 110 actions
+// that content can hold.
 [[nodiscard]] constexpr const ActionRow* FindActionByName(const char* name) {
   for (std::uint8_t number = 1; number <= kDecodedActionCount; ++number) {
     if (IsSameWord(FindAction(number)->name, name)) return FindAction(number);

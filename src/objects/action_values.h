@@ -1,5 +1,5 @@
-// The flat row of an action's values, cut into the places of its syntax. Writing an action in
-// either form and evaluating its parameters are walks over these places.
+// Splits an action's flat list of values by the places of its syntax, for encoding an action,
+// writing it as text and evaluating its parameters.
 #pragma once
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 
 namespace korvel {
 
-// Some values of a row, taken one after the other. Borrowed from the action.
+// A range of an action's values, read in order. Borrowed from the action.
 class ActionValues {
  public:
   explicit ActionValues(const List<GenericValue>& values)
@@ -18,7 +18,7 @@ class ActionValues {
 
   [[nodiscard]] std::size_t Left() const { return left_; }
   [[nodiscard]] bool IsEmpty() const { return left_ == 0; }
-  // The next value, of which there must be one.
+  // The next value. The range must not be empty.
   [[nodiscard]] const GenericValue& Next() const { return *next_; }
   const GenericValue& Take() {
     const GenericValue& value = *next_;
@@ -26,8 +26,8 @@ class ActionValues {
     --left_;
     return value;
   }
-  // Takes the values of the next place of the syntax. A row may end anywhere; the places after its
-  // end are empty.
+  // Removes and returns the values of the next place. The values may end anywhere; the places after
+  // that are empty.
   [[nodiscard]] ActionValues TakePlace(Parameter place) {
     ActionValues taken = *this;
     taken.left_ = std::min(left_, CountAt(place));
@@ -36,7 +36,7 @@ class ActionValues {
   }
 
  private:
-  // How many values a place has if the row does not end before.
+  // The number of values that a place takes if enough are left.
   [[nodiscard]] std::size_t CountAt(Parameter place) const {
     switch (place) {
     case Parameter::Integer:
@@ -57,8 +57,8 @@ class ActionValues {
     }
     return 0;
   }
-  // The octet string after the references is a file name: the last value, direct or in a variable.
-  // Without one, all values are references.
+  // All values are references, except the last one if it is a file name: an octet string, direct or
+  // in a variable.
   [[nodiscard]] std::size_t CountReferences() const {
     if (left_ == 0) return 0;
     auto last = next_;

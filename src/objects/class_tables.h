@@ -1,6 +1,5 @@
-// The interchange form of every class, written down once. An attribute's row gives its BER tag, its
-// keyword in the textual notation and its field; rows are in the order in which the notation is
-// written.
+// The interchange form of every class. An attribute's row gives its BER tag, its keyword in the
+// textual notation and its field; rows are in the order in which the notation is written.
 #pragma once
 
 #include <array>
@@ -115,7 +114,7 @@ struct Description<Scene> : Extends<Group> {
       Attribute{55, ":NextScenes", &Scene::NextScenes}};
 };
 
-// ---- Ingredients that are not seen ----
+// ---- Invisible ingredients ----
 
 inline constexpr std::uint32_t kContentHookTag = 57;
 inline constexpr std::uint32_t kOriginalContentTag = 58;
@@ -397,9 +396,9 @@ struct Description<RTGraphics> : Extends<Visible> {
 
 // ---- Passes ----
 
-// Calls visit(keyword, form, fields...) for every attribute as the textual notation has it, parents
-// first; the fields are those of the records, in their order. Attributes that BER keeps in a
-// structure without a keyword (the default attributes, a link's condition) are among the others.
+// Calls visit(keyword, form, fields...) for every attribute of the textual notation, parents first,
+// with the field of each record, in order. Attributes that BER nests in a structure without a
+// keyword (the default attributes, a link's condition) are visited like the others.
 template <class Record, class Visit, class... Records>
 void ForEachWrittenAttribute(Visit&& visit, Records&... records) {
   ForEachAttribute<Record>([&](const auto& attribute) {
@@ -426,7 +425,7 @@ using ItemClasses =
 
 using ComponentClasses = Classes<Audio, Video, RTGraphics>;
 
-// The classes that the list of objects in such a record holds.
+// The classes in the object list of a record.
 template <class Record>
 using MemberClasses =
     std::conditional_t<std::is_base_of_v<Group, Record>, ItemClasses, ComponentClasses>;

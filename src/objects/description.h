@@ -1,7 +1,6 @@
-// The means to describe a class's interchange form once: a table of attributes, each with its BER
-// tag, its textual keyword and its field. Every pass over records (reading, writing, completing
-// references) walks these tables and knows no attribute of its own. The tables are in
-// class_tables.h.
+// Types that describe a class's interchange form: a table of attributes, each with its BER tag, its
+// textual keyword and its field. Every pass over records (reading, writing, completing references)
+// walks these tables and names no attribute itself. The tables are in class_tables.h.
 #pragma once
 
 #include <cstdint>
@@ -11,16 +10,16 @@
 
 namespace korvel {
 
-// The facts about a field that its type does not tell.
+// Facts about a field that do not follow from its type.
 struct Form {
-  std::uint32_t innerTag = 0;          // the context tag of the value inside the attribute's own
-  const char* innerKeyword = nullptr;  // and the keyword before it in the notation
+  std::uint32_t innerTag = 0;          // a second context tag, inside the attribute's; 0: none
+  const char* innerKeyword = nullptr;  // its keyword in the notation
   const char* name = "";               // names a reference in messages: "Link EventSource"
-  bool isRequired = false;  // an author must write it; a reader leaves the construction value
-  bool isChoice = false;    // other classes have another type here: BER shows it in an explicit tag
+  bool isRequired = false;             // mandatory; a reader still accepts its absence
+  bool isChoice = false;  // its type differs between classes, so BER needs an explicit tag
 };
 
-// One attribute of a class: a context-specific tag, a keyword, and where the value is kept.
+// One attribute of a class: a context-specific tag, a keyword, and the field that holds the value.
 template <class Record, class Field>
 struct Attribute {
   std::uint32_t tag;
@@ -33,11 +32,11 @@ Attribute(std::uint32_t, const char*, Field Record::*) -> Attribute<Record, Fiel
 template <class Record, class Field>
 Attribute(std::uint32_t, const char*, Field Record::*, Form) -> Attribute<Record, Field>;
 
-// One element of a structure that is encoded as a SEQUENCE: its place is its name in BER. In the
-// textual notation elements with a keyword are written after it, the others by their place.
+// One element of a structure that is encoded as a SEQUENCE: BER identifies it by its position. The
+// textual notation writes it after its keyword or, without one, by position.
 template <class Record, class Field>
 struct Element {
-  const char* keyword;  // nullptr: by place
+  const char* keyword;  // nullptr: by position
   Field Record::*field;
   Form form{};
 };

@@ -1,4 +1,4 @@
-// Comparing values by kind, and records class by class through the tables.
+// Compares values by kind, and records through the class tables.
 #include "objects/equality.h"
 
 namespace korvel {

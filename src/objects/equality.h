@@ -1,6 +1,5 @@
-// Whether two values, records or groups hold the same: what a writer asks to leave out attributes
-// at their construction values. Only what the class tables describe is compared; run-time values
-// are not.
+// Compares values, records and groups. Writers use this to omit attributes at their construction
+// values. Only fields in the class tables are compared, not run-time values.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +20,7 @@ bool IsSame(Enumeration one, Enumeration other) {
 [[nodiscard]] bool IsSame(const OctetString& one, const OctetString& other);
 [[nodiscard]] bool IsSame(const ObjectReference& one, const ObjectReference& other);
 [[nodiscard]] bool IsSame(const OptionalReference& one, const OptionalReference& other);
-// Of values that have a kind, only the field that goes with the kind counts.
+// For values with a kind, only the field of that kind is compared.
 [[nodiscard]] bool IsSame(const GenericValue& one, const GenericValue& other);
 [[nodiscard]] bool IsSame(const ColourValue& one, const ColourValue& other);
 [[nodiscard]] bool IsSame(const FontBody& one, const FontBody& other);
@@ -40,7 +39,7 @@ template <class T>
 template <IsSequence Record>
 [[nodiscard]] bool IsSame(const Record& one, const Record& other);
 
-// Whether all attributes that the class has hold the same.
+// Whether all attributes of the class are equal.
 template <IsDescribed Record>
 [[nodiscard]] bool HasSameAttributes(const Record& one, const Record& other);
 

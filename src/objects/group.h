@@ -1,5 +1,5 @@
-// The groups: Application and Scene. A group owns everything that was decoded with it; ending it
-// (the engine's work) comes before its release.
+// The groups: Application and Scene. A group owns everything that was decoded with it. The engine
+// must end a group before it is released.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 namespace korvel {
 
-// The head of every object: its name and the two statuses that preparing and activating it set.
+// The base of every object: its reference and the two statuses that Prepare and Activate set.
 struct Root {
   ObjectReference Reference;
   bool AvailabilityStatus = false;
@@ -27,7 +27,7 @@ struct StandardIdentifier {
 // after a call that can run actions.
 struct Life {
   bool isDying = false;  // its end has begun
-  bool isDead = false;   // ended: registered nowhere, released when nothing runs any more
+  bool isDead = false;   // ended: in no register, released once nothing runs
 };
 
 // A pending timer of a group. The platform timer of the same id is shared by all groups.
@@ -53,7 +53,7 @@ struct Group : Root {
 
   Life life;
   List<Timer> Timers;
-  Group* nextEnded = nullptr;  // the next group waiting for its release
+  Group* nextEnded = nullptr;  // the next ended group that waits for release
 };
 
 struct DefaultAttributes {
@@ -72,8 +72,7 @@ struct DefaultAttributes {
   ColourValue SliderRefColour;
 };
 
-// One visible of the display stack, borrowed from its group. `Kind` is the class it was entered
-// under.
+// One visible of the display stack, borrowed from its group. `kind` is its class.
 struct StackedVisible {
   ItemType kind = ItemType::None;
   Ingredient* visible = nullptr;
@@ -122,10 +121,10 @@ struct RunningGroups {
   Scene* scene = nullptr;
 };
 
-// Which group is searched first when a reference is resolved. The numbers are those of the design.
+// Which group is searched first when a reference is resolved.
 enum class Scope : std::uint8_t { SceneFirst = 0, ApplicationFirst = 1 };
 
-// The holder of an action list: the list, and the group whose end ends the list.
+// An action list and the group that owns it. The list stops when that group ends.
 struct ActionHolder {
   const ActionList* actions = nullptr;
   Group* holder = nullptr;

@@ -1,6 +1,6 @@
-// The ingredients that are not seen: the common head of every item, links, programs, variables,
-// token and list groups. An "Original" attribute is what was decoded; its namesake is the run-time
-// value that actions change and that preparing the object sets up from the original.
+// The base of every item, and the invisible ingredients: links, programs, variables, token and list
+// groups. An "Original" attribute is the decoded value; the one of the same name without "Original"
+// is the run-time value, which Prepare sets from the original and actions change.
 #pragma once
 
 #include <cstdint>
@@ -23,7 +23,7 @@ struct Ingredient : Root {
 
 struct LinkCondition {
   ObjectReference EventSource;
-  korvel::EventType EventType{};  // a number without a name never fires
+  korvel::EventType EventType{};  // a link with an unknown event type never fires
   GenericValue EventData;         // None, Boolean, Integer or OctetString
 };
 

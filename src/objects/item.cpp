@@ -1,4 +1,4 @@
-// Making and releasing records by class number, for every class that the class tables list.
+// Creates and releases records by class number, for every class in the class tables.
 #include "objects/item.h"
 
 #include "objects/class_tables.h"

@@ -1,5 +1,5 @@
-// The owner of one ingredient's record, whatever its class: what a group's items and a stream's
-// components are lists of. The class number says which record it is.
+// Owns one ingredient's record of any class. A group's items and a stream's components are lists of
+// these. The class number identifies the type of the record.
 #pragma once
 
 #include <utility>
@@ -22,8 +22,8 @@ class Item {
   Item& operator=(const Item&) = delete;
   ~Item() { Reset(); }
 
-  // A record of the class with its construction values. Without a record when memory is out or the
-  // number names no ingredient class.
+  // Creates a record of the class with its construction values. The result is empty if memory runs
+  // out or the number is not an ingredient class.
   [[nodiscard]] static Item New(ItemType type);
 
   [[nodiscard]] ItemType Type() const { return type_; }

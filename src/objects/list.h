@@ -1,6 +1,6 @@
-// The singly linked list that groups, items, actions and parameters are kept in. It owns its
-// values; adding at the end is quick, a long list is released without recursion, and a failed
-// allocation leaves it as it was.
+// The singly linked list of items, actions and parameters. It owns its values. Appending takes
+// constant time, a long list is released without recursion, and a failed allocation changes
+// nothing.
 #pragma once
 
 #include <cstddef>
@@ -71,10 +71,10 @@ class List {
   [[nodiscard]] const T* At(std::size_t index) const { return const_cast<List*>(this)->At(index); }
   [[nodiscard]] T* Last() { return tail_ == nullptr ? nullptr : &tail_->value; }
 
-  // Moves `value` to the end and returns its place; null, with `value` untouched, when memory is
-  // out.
+  // Moves `value` to the end and returns a pointer to it; null, with `value` unchanged, if memory
+  // runs out.
   [[nodiscard]] T* Append(T&& value) { return Link(tail_, std::move(value)); }
-  // Moves `value` to a 0-based place; a place past the end means the end.
+  // The same at a 0-based place; a place past the end means the end.
   [[nodiscard]] T* InsertAt(std::size_t index, T&& value) {
     Node* before = nullptr;
     for (Node* node = head_; node != nullptr && index > 0; node = node->next, --index)

@@ -1,6 +1,5 @@
-// The one allocator of the engine. Everything that lives on the heap comes from here, so that
-// memory is always zero-filled, every allocation may fail, and a test can link an allocator that
-// fails or counts.
+// The one allocator of the engine. All heap memory comes from here, so that it is always
+// zero-filled, every allocation may fail, and a test can link an allocator that fails or counts.
 #pragma once
 
 #include <cstddef>

@@ -29,8 +29,8 @@ enum class Message : std::uint8_t {
   SetLineColourError,
   SetFillColourError,
   TextLength,   // GetTextData reports the length of the text, an int
-  UnknownWord,  // of the textual notation: the word
-  // Memory is out.
+  UnknownWord,  // in the textual notation: the word
+  // Memory has run out.
   NoMemoryForEvent,
   NoMemoryForDisplayStack,
   NoMemoryForDisplayStackItem,
@@ -45,7 +45,7 @@ enum class Message : std::uint8_t {
   NoMemoryForAnchorVariable,
   NoMemoryForPoints,
   NoMemoryForParameterGroup,
-  NoMemoryForGroup,  // the class; a space, or nothing without an attribute; the attribute
+  NoMemoryForGroup,  // the class; " " and the attribute, or "" and ""
 };
 
 // The text of a message as printf formats it, with its line end.

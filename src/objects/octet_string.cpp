@@ -1,5 +1,5 @@
-// Copying and growing octet strings. New bytes are always made before the old ones go, so a failure
-// changes nothing and a string may be assigned from a part of itself.
+// Copies and grows octet strings. New bytes are always allocated before the old ones are released,
+// so a failure changes nothing and a string may be assigned from a part of itself.
 #include "objects/octet_string.h"
 
 #include <cstring>
@@ -9,12 +9,12 @@
 namespace korvel {
 namespace {
 
-// `length` zeros and the one that follows them, or null.
+// `length` zero bytes and a terminating one, or null.
 char* Zeros(std::size_t length) {
   return length + 1 == 0 ? nullptr : static_cast<char*>(AllocateZeroed(length + 1));
 }
 
-// The two pieces joined in a fresh zero-terminated block, or null.
+// Both pieces in one new zero-terminated block, or null.
 char* Join(std::string_view first, std::string_view second) {
   const std::size_t length = first.size() + second.size();
   char* block = length < first.size() ? nullptr : Zeros(length);

@@ -10,7 +10,7 @@
 
 namespace korvel {
 
-// An absent octet string (never given) differs from an empty one (given, of length 0).
+// An absent octet string (never set) differs from an empty one (set, of length 0).
 class OctetString {
  public:
   OctetString() = default;
@@ -21,16 +21,16 @@ class OctetString {
   OctetString& operator=(const OctetString&) = delete;
   ~OctetString() { Clear(); }
 
-  // Copies `bytes`, which may point into this very string. False, and unchanged, when memory is
+  // Copies `bytes`, which may point into this very string. False, and unchanged, if memory runs
   // out.
   [[nodiscard]] bool Assign(std::string_view bytes);
   // Replaces the contents with `length` zero bytes for the caller to fill in. False, and unchanged,
-  // when memory is out.
+  // if memory runs out.
   [[nodiscard]] bool AssignZeros(std::size_t length);
-  // As Assign, and an absent string makes this one absent.
+  // Like Assign, but an absent string makes this one absent.
   [[nodiscard]] bool CopyFrom(const OctetString& other);
-  // Adds `bytes`, which may point into this very string, at the end. False, and unchanged, when
-  // memory is out.
+  // Adds `bytes`, which may point into this very string, at the end. False, and unchanged, if
+  // memory runs out.
   [[nodiscard]] bool Append(std::string_view bytes);
   // Makes the string absent.
   void Clear();
@@ -40,7 +40,7 @@ class OctetString {
   [[nodiscard]] std::size_t Length() const { return length_; }
   // The bytes, valid until the string is changed; empty when absent.
   [[nodiscard]] std::string_view View() const { return {Text(), length_}; }
-  // The bytes up to their first zero byte: what code that reads them as text sees.
+  // The bytes before the first zero byte, as code that expects terminated text sees them.
   [[nodiscard]] std::string_view TextView() const { return {Text()}; }
   // The bytes and the zero after them; "" when absent.
   [[nodiscard]] const char* Text() const { return bytes_ == nullptr ? "" : bytes_; }
@@ -48,7 +48,7 @@ class OctetString {
   [[nodiscard]] char* MutableBytes() { return bytes_; }
 
  private:
-  // Owns the block, unless it is null, in place of what was there.
+  // Replaces the contents with the block and owns it. False, and unchanged, if the block is null.
   [[nodiscard]] bool Take(char* block, std::size_t length);
 
   char* bytes_ = nullptr;

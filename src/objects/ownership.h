@@ -1,5 +1,4 @@
-// Who releases a record: owners of records on the engine's heap, groups among them, and records
-// that are never released.
+// Owners of records on the engine's heap, including groups, and records that are never released.
 #pragma once
 
 #include <memory>
@@ -18,11 +17,11 @@ struct Releaser {
   }
 };
 
-// An application or a scene, released as the class that it is.
+// Releases an application or a scene as its own class.
 template <>
 struct Releaser<Group> {
   Releaser() = default;
-  // For the owner of an Application or a Scene that becomes the owner of a group.
+  // Converts the owner of an Application or a Scene to the owner of a group.
   template <class Record>
   Releaser(Releaser<Record> /*other*/) {}  // NOLINT(google-explicit-constructor)
   void operator()(Group* group) const {
@@ -39,7 +38,7 @@ using Owned = std::unique_ptr<T, Releaser<T>>;
 // An application or a scene. Null if nothing was built.
 using OwnedGroup = Owned<Group>;
 
-// A record with its defaults, or null when memory is out.
+// A record with its defaults, or null if memory runs out.
 template <class T>
 [[nodiscard]] Owned<T> NewRecord() {
   void* block = AllocateZeroed(sizeof(T));
@@ -49,15 +48,15 @@ template <class T>
 [[nodiscard]] inline bool IsApplication(const OwnedGroup& group) {
   return group != nullptr && group->type == ItemType::Application;
 }
-// The group as the class that it is.
+// The group as its own class.
 [[nodiscard]] inline Application& AsApplication(const OwnedGroup& group) {
   return static_cast<Application&>(*group);
 }
 [[nodiscard]] inline Scene& AsScene(const OwnedGroup& group) { return static_cast<Scene&>(*group); }
 
-// A process-wide record whose destructor never runs. When a process ends while the engine runs, its
-// threads have been stopped anywhere in their work and the libraries they used may be gone too:
-// nothing may be released then.
+// A process-wide record whose destructor never runs. If the process ends while the engine runs, its
+// threads have been terminated at arbitrary points and the libraries that they used may be
+// unloaded, so nothing may be released.
 template <class T>
 union NeverDestroyed {
   constexpr NeverDestroyed() : value() {}

@@ -1,5 +1,5 @@
-// A growable row of small plain values on the engine's heap: the copy that a walk makes of a list
-// before it runs anything that could change the list.
+// A growable array of trivially copyable values on the engine's heap. Loops copy a list into one
+// before they run anything that could change the list.
 #pragma once
 
 #include <cstddef>
@@ -26,7 +26,7 @@ class Sequence {
   Sequence& operator=(const Sequence&) = delete;
   ~Sequence() { ReleaseMemory(values_); }
 
-  // False, and unchanged, when memory is out.
+  // False, and unchanged, if memory runs out.
   [[nodiscard]] bool Append(const T& value) {
     if (size_ == capacity_ && !Grow()) return false;
     values_[size_++] = value;

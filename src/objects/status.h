@@ -1,25 +1,24 @@
 // The results that operations of the engine return instead of throwing: what happened, and whether
-// the caller may go on with its own action list.
+// the caller may continue its own action list.
 #pragma once
 
 #include <cstdint>
 
 namespace korvel {
 
-// The numbers are part of the design: content-driven operations return them through action lists
-// and events.
+// Content-driven operations return these through action lists and events.
 enum class [[nodiscard]] Status : std::uint32_t{
     Done = 0,
-    Refused = 1,  // refused, not found, or nothing changed; the caller goes on
+    Refused = 1,  // refused, not found, or nothing changed; the caller continues
     Failure = 2,  // a failure, or a raised event asked the caller to stop: everything up the stack
                   // unwinds
     Replaced =
         4,        // the running application or scene was replaced: the caller stops its action list
-    Blocked = 6,  // a key that the scene's input event register keeps out
+    Blocked = 6,  // a key that the scene's input event register blocks
 };
 
-// The result of preparing, activating or deactivating an object. A type of its own, because 1 means
-// the opposite of a Status's 1.
+// The result of preparing, activating or deactivating an object. Not a Status, because 1 has the
+// opposite meaning there.
 enum class [[nodiscard]] Change : std::uint32_t{
     Nothing = 0,  // the object was already in that state
     Changed = 1,

@@ -1,5 +1,5 @@
-// Deep copies of values. Each builds the whole copy aside and moves it in last, so a failure
-// changes nothing.
+// Deep copies of values. Each completes the copy before it changes the target, so a failure changes
+// nothing.
 #include "objects/values.h"
 
 #include <utility>

@@ -1,5 +1,5 @@
 // The values that objects and actions carry: references, generic values, colours, fonts, contents
-// and the small pairs of numbers. They own what they hold; copying is a call of its own because it
+// and the small pairs of numbers. They own their contents. Copying is an explicit call because it
 // can fail.
 #pragma once
 
@@ -10,15 +10,15 @@
 
 namespace korvel {
 
-// Names an object: the group that holds it and its number there. While the group identifier is
-// absent the reference means the group that contains it; number 0 names the group itself. A leading
-// "~" of a group identifier means the current directory.
+// Names an object: the group that holds it and its number there. An absent group identifier means
+// the group that contains the reference; number 0 means the group itself. A leading "~" of a group
+// identifier means the current directory.
 struct ObjectReference {
   OctetString GroupIdentifier;
   std::int32_t Number = 0;
 };
 
-// The numbers are those of the design: actions, parameters, colours and fonts carry them.
+// The dump prints these numbers.
 enum class ValueKind : std::uint8_t {
   None = 0,
   Boolean = 1,
@@ -29,8 +29,8 @@ enum class ValueKind : std::uint8_t {
   ContentReference = 6,
 };
 
-// An action's target or parameter, or a link's event data: one value of the kind that `Kind` says.
-// Only the field that goes with the kind means anything.
+// An action's target or parameter, or a link's event data: one value of the kind `Kind`. Only the
+// field of that kind is meaningful.
 struct GenericValue {
   ValueKind Kind = ValueKind::None;
   bool Boolean = false;
@@ -67,16 +67,16 @@ struct ContentReference {
   OctetString Path;
 };
 
-// An ingredient's content: the data itself, or the path of the file that holds it. Absent while
-// `Data` is.
+// An ingredient's content: the data itself, or the path of the file that holds it. Absent if `Data`
+// is.
 struct ContentBody {
   OctetString Data;
   bool IsReferenced = false;
   std::int32_t Size = 0;
   std::int32_t CachePriority = 127;
 
-  // The run-time content of an object that was never prepared. The default cache priority is that
-  // of decoded content only.
+  // The run-time content of an object that was never prepared. Only decoded content has the default
+  // cache priority.
   [[nodiscard]] static ContentBody NotPrepared() {
     ContentBody content;
     content.CachePriority = 0;
@@ -84,7 +84,7 @@ struct ContentBody {
   }
 };
 
-// A reference that need not be there. While it is not, nothing completes its group identifier.
+// An optional reference. CompleteReferences skips it while it is absent.
 struct OptionalReference {
   bool IsPresent = false;
   ObjectReference Reference;
@@ -110,7 +110,7 @@ struct ElementaryAction {
 
 using ActionList = List<ElementaryAction>;
 
-// Deep copies. False when memory is out; `to` is then unchanged.
+// Deep copies. False if memory runs out; `to` is then unchanged.
 [[nodiscard]] bool Copy(const ObjectReference& from, ObjectReference& to);
 [[nodiscard]] bool Copy(const OptionalReference& from, OptionalReference& to);
 [[nodiscard]] bool Copy(const ColourValue& from, ColourValue& to);

@@ -8,7 +8,7 @@
 
 namespace korvel {
 
-struct Canvas;  // a DynamicLineArt's drawing surface; the presentation's own
+struct Canvas;  // a DynamicLineArt's drawing surface; the presentation defines it
 
 struct Visible : Ingredient {
   korvel::BoxSize OriginalBoxSize;
@@ -44,7 +44,7 @@ struct LineArt : Visible {
 };
 struct Rectangle : LineArt {};
 struct DynamicLineArt : LineArt {
-  // Made when first drawn on; returned to the presentation before the record is released.
+  // Created when first drawn on. The presentation must destroy it before the record is released.
   korvel::Canvas* Canvas = nullptr;
 };
 
@@ -60,7 +60,7 @@ struct Text : Visible {
   korvel::StartCorner StartCorner = korvel::StartCorner::UpperLeft;
   bool TextWrapping = false;
 
-  OctetString TextData;  // what is shown
+  OctetString TextData;  // the text that is shown
   FontBody Font;
 };
 
@@ -112,7 +112,7 @@ struct Slider : Visible, Interactible {
   std::int32_t Portion = 0;
 };
 
-// The components of a Stream are no items of the group: they are found through their Stream.
+// The components of a Stream are not items of the group: they are found through their Stream.
 struct Audio : Ingredient {
   std::int32_t ComponentTag = 0;
   std::int32_t OriginalVolume = 0;
@@ -134,7 +134,7 @@ struct Rational {
   std::int32_t Denominator = 1;
 };
 
-// A position of -1 is the absent one.
+// A position of -1 means that the action gave none.
 struct CounterTrigger {
   std::int32_t Identifier = 0;
   std::int32_t Position = 0;
@@ -146,7 +146,7 @@ struct Stream : Ingredient {
   std::int32_t Looping = 1;
   Rational Speed;
   std::int32_t CounterPosition = 0;
-  std::int32_t CounterEndPosition = -1;  // the end of the stream
+  std::int32_t CounterEndPosition = -1;  // -1: the end of the stream
   List<CounterTrigger> CounterTriggers;
 };
 

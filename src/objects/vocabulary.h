@@ -1,7 +1,6 @@
-// The numbers that content is written in, each with its name: classes and sets of classes, event
-// types, keys, and the enumerations of attributes with the words of the textual notation. Content
-// may hold any number in an enumeration: one without a name decodes, encodes and compares like the
-// others.
+// The numbers that content uses, with their names: classes and sets of classes, event types, keys,
+// and the enumerations of attributes with the words of the textual notation. Content may hold any
+// number in an enumeration: one without a name decodes, encodes and compares like the others.
 #pragma once
 
 #include <array>
@@ -14,8 +13,8 @@ namespace korvel {
 
 // ---- Classes ----
 
-// The number that names an object's class everywhere in the engine; the display stack calls it its
-// entry's kind.
+// The number that names an object's class everywhere in the engine; in the display stack it is
+// called an entry's kind.
 enum class ItemType : std::uint32_t {
   None = 0,  // no object: the result of a lookup that finds nothing
   Application = 1,
@@ -72,7 +71,7 @@ inline constexpr ClassSet kTokenGroups = SetOf(ItemType::TokenGroup, ItemType::L
 inline constexpr ClassSet kTexts = SetOf(ItemType::Text, ItemType::EntryField, ItemType::HyperText);
 inline constexpr ClassSet kLineArts =
     SetOf(ItemType::Rectangle, ItemType::DynamicLineArt, ItemType::LineArt);
-// Buttons are interactibles and visibles too, but no action works on them.
+// Buttons are interactibles and visibles too, but no action accepts them.
 inline constexpr ClassSet kButtons =
     SetOf(ItemType::HotSpot, ItemType::PushButton, ItemType::SwitchButton);
 inline constexpr ClassSet kInteractibles =
@@ -89,7 +88,7 @@ using Words = std::span<const char* const>;
 
 constexpr char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
 
-// Whether both are the same word in any case of letters.
+// Whether both are the same word, ignoring case.
 constexpr bool IsSameWord(const char* one, const char* other) {
   for (; UpperCase(*one) == UpperCase(*other); ++one, ++other) {
     if (*one == 0) return true;
@@ -201,7 +200,7 @@ inline constexpr std::array kWords<Termination> = {"freeze", "disappear"};
 
 enum class LineStyle : std::int32_t { Solid = 1, Dashed, Dotted };
 
-// The comparison that TestVariable asks for.
+// The comparisons of TestVariable.
 enum class Comparison : std::int32_t {
   Equal = 1,
   NotEqual,
@@ -239,12 +238,11 @@ constexpr bool IsKey(std::int32_t number) {
          number == keys::kText;
 }
 
-// The input event register of a scene that has not been reached yet: only Cancel, the colours and
-// Text pass.
+// The input event register while no scene runs: only Cancel, the colours and Text pass.
 inline constexpr std::int32_t kRegisterWithoutScene = 3;
 
-// Whether a scene with that input event register does not get the key. Registers 3 to 5 also keep
-// out Info and every number between or above the other keys.
+// Whether the input event register blocks the key from the scene. Registers 3 to 5 also block Info
+// and every number between or above the keys.
 constexpr bool IsKeptOut(std::int32_t inputEventRegister, std::int32_t key) {
   const bool isBeyondAll = (key > keys::kCancel && key < keys::kRed) || key > keys::kText;
   switch (inputEventRegister) {

@@ -19,7 +19,7 @@ inline constexpr DrawnColour kTransparentColour = 0xFFFFFFFF;
 
 struct LineAttributes {
   std::int32_t width = 1;              // pixels
-  LineStyle style = LineStyle::Solid;  // drawn solid if the number has no name
+  LineStyle style = LineStyle::Solid;  // an unknown style is drawn solid
   DrawnColour ink = 0;
 };
 
@@ -30,8 +30,8 @@ struct CanvasPoint {
 
 enum class ArcForm { Arc, Sector };
 
-// Creates a transparent canvas. Null if a side is below 1, if it would be too large, and when
-// memory is out.
+// Creates a transparent canvas. Null if a side is below 1, if it would be too large, or if memory
+// runs out.
 [[nodiscard]] Canvas* NewCanvas(std::int32_t width, std::int32_t height);
 
 // Releases a canvas.
@@ -59,7 +59,7 @@ void CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int
                std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
                Canvas* canvas);
 
-// Closed and filled, polylines too. Two points are a line; fewer draw nothing.
+// Draws a closed and filled polygon; polylines too. Two points are a line; fewer draw nothing.
 void CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
                    DrawnColour fill, Canvas* canvas);
 

@@ -6,15 +6,15 @@
 
 namespace korvel {
 
-// Milliseconds since the process started, from a clock that nobody can set. Used for absolute
-// timers and for limits in time.
+// Milliseconds since the process started, from a clock that cannot be set. Used for absolute timers
+// and for limits in time.
 [[nodiscard]] std::uint32_t MillisecondsSinceProcessStart();
 
 // The wall clock in seconds since 1970, for the seed of the random generator.
 [[nodiscard]] std::uint32_t SecondsNow();
 
 struct LocalTime {
-  std::int32_t year = 0;   // all digits
+  std::int32_t year = 0;   // with the century
   std::int32_t month = 0;  // 1 to 12
   std::int32_t day = 0;
   std::int32_t hour = 0;

@@ -7,10 +7,10 @@
 
 namespace korvel {
 
-// Reads a broadcast file through the host object and copies it to `bytes`. While the host answers
-// that the file is not there yet, waits and asks again every 500 ms as long as the engine may run.
-// False, with `bytes` unchanged, for an empty path, without a host object, on any other answer of
-// the host, when the engine may not run, and when memory is out. A null `bytes` only asks whether
+// Reads a broadcast file through the host object and copies it to `bytes`. While the host reports
+// that the file is not yet available, waits and retries every 500 ms as long as the engine may run.
+// False, with `bytes` unchanged, if the path is empty, there is no host object, the host returns
+// any other result, the engine may not run, or memory runs out. A null `bytes` only checks whether
 // the file exists.
 [[nodiscard]] bool FetchFile(std::string_view path, OctetString* bytes);
 

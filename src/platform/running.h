@@ -16,11 +16,11 @@ namespace korvel {
 void PauseUnlessClosing(std::uint32_t milliseconds);
 
 enum class RestartReason {
-  QuitWithoutParent,  // the application has quit and there is none to return to
-  Tune,               // a resident program asks for another service
+  QuitWithoutParent,  // the application has quit and no other one spawned it
+  Tune,               // a resident program selects another service
 };
 
-// Asks for a new start from the start-up search after the current work: clears the surface and the
+// Requests a restart from the start-up search after the current work: clears the surface and the
 // running flag, and posts the request to the engine window.
 void RequestRestart(RestartReason reason);
 

@@ -15,8 +15,8 @@ struct Stream;
 inline constexpr std::int32_t kSceneWidth = 720;
 inline constexpr std::int32_t kSceneHeight = 576;
 
-// Requests that the scene is drawn again. Only the 1st, 6th, 11th ... request since the counter was
-// reset paints; the others cost nothing, so callers may ask freely. After a request to close,
+// Requests that the scene be drawn again. Only the 1st, 6th, 11th ... request since the counter was
+// reset paints; the others are cheap, so callers need not avoid them. After a request to close,
 // redraw requests are only counted. Failure if an event that was raised while drawing asked to
 // stop.
 Status Redraw();
@@ -25,11 +25,11 @@ Status Redraw();
 // They are not decoded here: a fixed picture replaces video, and these functions do nothing and
 // return Done.
 
-// The stream has started to run with this video in that box.
+// Called when the stream has started with this video in that box, in scene pixels.
 Status StartVideo(const Stream& stream, std::int32_t componentTag, const Position& at,
                   const BoxSize& size);
 
-// The stream and all its components have stopped.
+// Called when the stream and all its components have stopped.
 Status EndStream(const Stream& stream);
 
 }  // namespace korvel

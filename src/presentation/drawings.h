@@ -1,5 +1,5 @@
-// How each visible class looks: one function per class draws a running object into the back buffer.
-// Without a back buffer nothing is drawn. Only the redraw calls them.
+// Draws the visible classes: one function per class draws a running object into the back buffer.
+// Without a back buffer nothing is drawn. Only the redraw calls these functions.
 #pragma once
 
 #include "objects/visibles.h"

@@ -63,7 +63,7 @@ using StringFormatOwner = GdiPlusOwner<Gdiplus::GpStringFormat, gdip::GdipDelete
 using ImageAttributesOwner =
     GdiPlusOwner<Gdiplus::GpImageAttributes, gdip::GdipDisposeImageAttributes>;
 
-// The colour in the form of GDI+.
+// Converts a colour to the form of GDI+.
 [[nodiscard]] inline Gdiplus::ARGB ToGdiPlus(DrawnColour colour) {
   const Gdiplus::ARGB alpha = 255 - (colour & kTransparencyByte);
   return alpha << 24 | colour >> 8;

@@ -21,8 +21,8 @@ namespace {
 // planes; the result has no meaning.
 using DecodeFrame = int(__cdecl*)(const char* path, std::uint8_t** buffer, int one);
 
-// Calls the function with these arguments. On 32 bits it may be __cdecl or __stdcall, and nothing
-// says which: both take their arguments on the stack, but __stdcall functions remove them.
+// Calls the function with these arguments. On 32 bits it may be __cdecl or __stdcall, which cannot
+// be detected: both take their arguments on the stack, but __stdcall functions remove them.
 // Restoring the stack pointer from the frame is right after both. The stack is aligned as in
 // compiled calls. The compiler must not change how it passes the arguments, as it may for a
 // function of this file. On 64 bits there is one convention.

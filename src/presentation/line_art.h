@@ -9,8 +9,8 @@
 
 namespace korvel {
 
-// A picture of its own, transparent where nothing was drawn. The graphics that draws on it is
-// released first.
+// A separate picture, transparent until it is drawn on. `graphics` draws on it and is released
+// first.
 struct Canvas {
   BitmapOwner picture;
   GraphicsOwner graphics;

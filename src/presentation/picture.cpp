@@ -8,7 +8,7 @@
 namespace korvel {
 namespace {
 
-// A stream over the block, released with the last picture that reads from it.
+// Owns a reference to a stream over the block. A picture that reads from the stream adds its own.
 class BlockStream {
  public:
   explicit BlockStream(const GlobalBlock& block) {

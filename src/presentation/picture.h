@@ -24,7 +24,7 @@ class GlobalBlock {
     if (block_ != nullptr) GlobalFree(block_);
   }
 
-  // A movable block with a copy of the bytes. False when memory is out.
+  // A movable block with a copy of the bytes. False if memory runs out.
   [[nodiscard]] bool Assign(std::string_view bytes);
   [[nodiscard]] HGLOBAL Get() const { return block_; }
 
@@ -38,8 +38,8 @@ struct Picture {
   ImageOwner image;
 };
 
-// Reads a picture of any format that GDI+ knows, but no metafile. False, with `picture` unchanged,
-// when GDI+ cannot read the bytes or the picture is beyond the limits.
+// Reads a picture of any format that GDI+ supports, except metafiles. False, with `picture`
+// unchanged, when GDI+ cannot read the bytes or the picture is beyond the limits.
 [[nodiscard]] bool ReadPicture(std::string_view bytes, Picture& picture);
 
 // The named picture of the library's resources. It is decoded on first use, and kept until the

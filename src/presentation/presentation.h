@@ -15,8 +15,9 @@ void OpenScreen();
 // Engine thread, after its window is gone and the worker has ended: deletes the lock.
 void CloseScreen();
 
-// Engine thread, between the two: paints the window from the last finished picture, if there is
-// one. `deviceContext` is the platform's handle of a device context of the window.
+// Engine thread, between OpenScreen and CloseScreen: paints the window from the last finished
+// picture, if there is one. `deviceContext` is the platform's handle of a device context of the
+// window.
 void PaintWindow(void* deviceContext);
 
 // ---- The picture ----

@@ -13,7 +13,7 @@
 namespace korvel {
 namespace {
 
-// Four of every five requests are dropped: a cheap limit on how often content makes us paint.
+// Four of every five requests are dropped: a cheap limit on how often content can cause painting.
 constexpr std::uint32_t kRequestsPerPainting = 5;
 
 // False if a picture is missing.
@@ -33,9 +33,9 @@ constexpr std::uint32_t kRequestsPerPainting = 5;
   return true;
 }
 
-// Draws the entries that were in the stack when the walk began, because the events of a missing
-// picture may rearrange or end anything. False if the walk cannot continue; `result` is then
-// Failure if an event asked to stop.
+// Draws the entries that were in the stack when the walk began, because the event that reports a
+// missing picture may change the stack or end groups. False if the walk cannot continue; `result`
+// is then Failure if an event asked to stop.
 [[nodiscard]] bool DrawStack(Application& application, Status& result) {
   Sequence<StackedVisible> entries;
   for (const StackedVisible& entry : application.DisplayStack) {

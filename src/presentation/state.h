@@ -43,7 +43,7 @@ struct PresentationState {
 
   std::uint32_t redrawRequests = 0;
   bool isPainting = false;
-  bool isPaintingDueAgain = false;  // an event of a painting has requested a painting
+  bool isPaintingDueAgain = false;  // an event raised while painting has requested another one
 };
 
 [[nodiscard]] PresentationState& State();

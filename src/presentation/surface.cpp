@@ -1,7 +1,7 @@
 // The start and end of GDI+, the back buffer with the fixed screens, and the copy of the back
 // buffer in the window. The worker copies the back buffer to plain pixels under the screen lock,
-// and both threads paint the window from those with GDI. So a window that is uncovered never shows
-// a picture that is half drawn, and the engine thread never touches GDI+.
+// and both threads paint the window from those with GDI. So an uncovered window never shows a
+// half-drawn picture, and the engine thread never uses GDI+.
 #include <cstdint>
 #include <optional>
 #include <utility>
@@ -140,7 +140,7 @@ void OpenPresentation(void* window) {
 void ReleasePictures() {
   ClosePicture();
   ReleaseDecoder();
-  PresentationState released;  // all but GDI+ itself
+  PresentationState released;  // everything except GDI+ itself
   released.isGdiPlusStarted = State().isGdiPlusStarted;
   released.gdiPlusToken = State().gdiPlusToken;
   State() = std::move(released);
@@ -153,7 +153,7 @@ void ClosePresentation() {
 
 void ClearSurface() {
   if (State().graphics == nullptr) return;
-  // A failure leaves the old picture, and there is nothing better to do.
+  // If this fails, the old picture stays.
   static_cast<void>(gdip::GdipGraphicsClear(State().graphics, kOpaqueBlack));
 }
 

@@ -1,5 +1,5 @@
-// Text objects, entry fields and the text routine. GDI+ breaks the lines and places them; this file
-// decides the colours, the font and the modes that it gets.
+// Text objects, entry fields and the text routine. GDI+ breaks and places the lines; this file
+// selects the colours, the font and the modes.
 #include "presentation/text.h"
 
 #include <array>
@@ -43,7 +43,7 @@ namespace {
          std::wstring_view(name.data()).ends_with(L"Sans");
 }
 
-// The first installed family whose name says that it has no serifs, else the first of all.
+// The first installed family whose name ends in "Sans", else the first of all.
 [[nodiscard]] bool FindAnyFamily(FontFamilyOwner& family) {
   Sequence<Gdiplus::GpFontFamily*> families;
   if (!ListInstalledFamilies(families)) return false;
@@ -180,7 +180,7 @@ void DrawTextIn(const TextDrawing& drawing) {
                                        Gdiplus::CombineModeReplace))) {
     return;
   }
-  // Text that cannot be drawn is skipped: there is no one to report it to.
+  // Text that cannot be drawn is skipped without a report.
   static_cast<void>(DrawLines(graphics, layout, drawing));
   static_cast<void>(gdip::GdipResetClip(graphics));
 }

@@ -45,7 +45,7 @@ std::string_view PictureResource() {
   return nullptr;
 }
 
-// Null when memory is out.
+// Null if memory runs out.
 [[nodiscard]] NamedPicture* AddPicture(std::string_view name) {
   NamedPicture picture;
   if (!picture.name.Assign(name)) return nullptr;

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Draws video.jpg, the test card that stands in for broadcast video: 720 x 576, progressive JPEG,
-# exactly 31,701 bytes. The highest quality that fits is taken and the rest filled by a comment.
+# Draws video.jpg, the test card that replaces broadcast video: 720 x 576, progressive JPEG, exactly
+# 31,701 bytes. Uses the highest quality that fits and fills the rest with a comment.
 # Needs imagemagick, libjpeg-turbo-progs and fonts-dejavu-core.
 set -eu
 cd "$(dirname "$0")"

@@ -1,5 +1,5 @@
-// The one list of keywords, in the order of their codes, the hash table made of it at compile time,
-// and the guess at which keyword an author meant.
+// The one list of keywords, in the order of their codes, the hash table built from it at compile
+// time, and suggestions for misspelt keywords.
 #include "textual/keywords.h"
 
 #include <algorithm>
@@ -149,13 +149,12 @@ static_assert(HasListedActions());
 
 // ---- Guesses ----
 
-// Longer than any keyword with as many inserted letters as are forgiven.
+// No longer word is near any keyword.
 constexpr std::size_t kLongestWord = 40;
 
-// How many letters have to be inserted, left out or changed. Neither word is longer than
-// kLongestWord.
+// The number of letters to insert, omit or change. Neither word is longer than kLongestWord.
 std::size_t Distance(std::string_view one, std::string_view other) {
-  // The distances between the part of `one` read so far and each beginning of `other`.
+  // The distances between the part of `one` read so far and each prefix of `other`.
   std::array<std::size_t, kLongestWord + 1> row{};
   for (std::size_t k = 0; k <= other.size(); ++k) row[k] = k;
   for (std::size_t i = 1; i <= one.size(); ++i) {

@@ -1,4 +1,5 @@
-// The words of the textual notation and their codes. The builders know which word may be where.
+// The words of the textual notation and their codes. The builders decide which word is allowed at
+// each place.
 #pragma once
 
 #include <cstddef>
@@ -27,7 +28,7 @@ constexpr bool IsKeyword(std::uint16_t code) { return code >= 1 && code <= kKeyw
 // an action begins with its colon.
 [[nodiscard]] const char* KeywordText(std::uint16_t code);
 
-// The code of an upper-case word, or 0 if it is no keyword.
+// The code of an upper-case word, or 0 if it is not a keyword.
 [[nodiscard]] std::uint16_t FindKeyword(std::string_view word);
 
 // The hash of a word: the sum of its bytes as signed numbers, kept to 16 bits without a sign, so
@@ -39,9 +40,9 @@ inline constexpr std::size_t kKeywordBuckets = 101;
   return static_cast<std::uint16_t>(sum) % kKeywordBuckets;
 }
 
-// A guess at the keyword that an author meant by this upper-case word: the one that takes the
-// fewest inserted, omitted or changed letters, the first of several. Null when none is near: a word
-// of up to seven bytes may differ by one letter, longer ones by one for every four bytes.
+// A guess at the keyword that an author meant by this upper-case word: the one with the fewest
+// inserted, omitted or changed letters, and the first of several. Null if none is near: a word of
+// up to seven bytes may differ by one letter, longer ones by one for every four bytes.
 [[nodiscard]] const char* NearestKeyword(std::string_view word);
 
 }  // namespace korvel

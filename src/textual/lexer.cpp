@@ -1,5 +1,5 @@
-// One pass over the text, a token at a time. Every scan is bounded by the text's end and every step
-// moves on, so that no text is read beyond its end or for ever.
+// One pass over the text, a token at a time. Every scan stops at the end of the text and every step
+// advances, so that reading always terminates.
 #include "textual/lexer.h"
 
 #include <limits>
@@ -45,7 +45,7 @@ class Lexer {
  private:
   [[nodiscard]] bool IsAtEnd() const { return position_ >= text_.size(); }
   [[nodiscard]] char Here() const { return text_[position_]; }
-  // The byte so far ahead; 0 beyond the end.
+  // The byte `distance` ahead; 0 beyond the end.
   [[nodiscard]] char Ahead(std::size_t distance) const {
     return position_ + distance < text_.size() ? text_[position_ + distance] : '\0';
   }
@@ -103,8 +103,8 @@ class Lexer {
     return LexResult::Done;
   }
 
-  // A keyword, which runs until a byte that ends words or one of two brackets: the opening ones
-  // after a word with a colon, the closing ones after a word without.
+  // Reads a keyword, up to a byte that ends words or one of two brackets: an opening one after a
+  // word with a colon, a closing one after a word without.
   LexResult ReadWord(char bracket, char otherBracket) {
     std::size_t end = position_;
     while (end < text_.size() && !EndsWord(text_[end]) &&
@@ -128,7 +128,7 @@ class Lexer {
     return LexResult::Done;
   }
 
-  // In double quotes a backslash makes the next byte an ordinary one.
+  // In double quotes a backslash escapes the next byte.
   LexResult ReadQuoted() {
     return ReadString('"', [this](char& byte) {
       if (Here() == '\\') ++position_;
@@ -169,7 +169,7 @@ class Lexer {
   }
 
   // A minus or a digit and the digits after it. A leading zero is a number by itself, and
-  // hexadecimal numbers are no part of the notation.
+  // hexadecimal numbers are not part of the notation.
   LexResult ReadNumber() {
     const std::size_t begin = position_;
     const bool isNegative = Here() == '-';

@@ -1,5 +1,5 @@
-// The lexer of the textual notation: a whole text to a row of tokens. It knows keywords, numbers,
-// strings and brackets, and nothing of their order.
+// The lexer of the textual notation: converts a whole text to a list of tokens. It recognises
+// keywords, numbers, strings and brackets, but does not check their order.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ struct Token {
   std::uint32_t stringLength;
 };
 
-// The tokens of one text, closed by one of code kEndOfText, with the bytes of its strings.
+// The tokens of one text, ending with kEndOfText, and the bytes of its strings.
 struct TokenList {
   Sequence<Token> tokens;
   Sequence<char> stringBytes;
@@ -31,16 +31,16 @@ struct TokenList {
 
 enum class [[nodiscard]] LexResult : std::int32_t{
     Done = 0,
-    BadText = 1,  // a byte that begins nothing, or a string or a number that does not end
+    BadText = 1,  // no token begins here, a token is malformed, or the text is too long
     NoMemory = -2,
-    UnknownWord = -3,  // no keyword, or a lone "/"
+    UnknownWord = -3,  // not a keyword, or a lone "/"
 };
 
-// The place and the reason of the lexer's stop.
+// The position at which the lexer stopped, and the reason.
 struct LexStop {
   std::uint32_t offset = 0;
   const char* expected = "";
-  const char* subject = "";  // what follows it, where it ends in a space
+  const char* subject = "";  // appended to `expected`
   OctetString word;          // the unknown word in capitals; otherwise absent
 };
 

@@ -1,6 +1,5 @@
 // The builder of actions. The action table lists the contents of an action's parentheses; a
-// composite parameter is read into several values, one after the other, as the decoder of the BER
-// form leaves them.
+// composite parameter becomes several consecutive values, as in the BER decoder.
 #include "objects/action_table.h"
 #include "objects/vocabulary.h"
 #include "textual/text_reader.h"
@@ -59,7 +58,7 @@ bool AddReferences(TextReader& reader, Parameters& parameters) {
   return true;
 }
 
-// A point without its second coordinate is read, because BER can hold one.
+// A point without its second coordinate is accepted, because BER can hold one.
 bool AddPoint(TextReader& reader, Parameters& parameters) {
   const Token begin = reader.Next();
   if (!reader.Expect(kOpenParenthesis, "(") ||
@@ -90,8 +89,7 @@ bool AddColour(TextReader& reader, Parameters& parameters) {
   return reader.Refuse(":NewColourIndex or :NewAbsoluteColour");
 }
 
-// A cache priority has its place after the size, so a size that is not written becomes a value of
-// kind None.
+// A size that is omitted before a cache priority becomes a value of kind None.
 bool AddNewContent(TextReader& reader, Parameters& parameters) {
   if (!reader.TakeKeyword(":NewRefContent")) {
     return AddGeneric(reader, ValueKind::OctetString, parameters);
@@ -157,7 +155,7 @@ const ActionRow* ActionAt(const TextReader& reader) {
   return FindActionByName(KeywordText(code) + 1);
 }
 
-// A new colour may be left out of its action; that means none.
+// A new colour may be omitted; that means no colour.
 bool IsAnyMissing(const ActionRow& row, std::size_t given) {
   return given < row.requiredCount && row.parameters[given] != Parameter::Colour;
 }

@@ -1,5 +1,5 @@
-// The builders of objects, and the entry: a group's text becomes an application or, failing that, a
-// scene.
+// The builders of objects, and ReadTextGroup: a text is read as an application or, if that fails,
+// as a scene.
 #include <cstdio>
 #include <span>
 #include <type_traits>
@@ -12,7 +12,8 @@
 namespace korvel {
 namespace {
 
-// Describes the text at the offset: a word, up to the next space, or a byte that cannot be shown.
+// Describes the text at the offset: a word, up to the next space, or the number of an unprintable
+// byte.
 void ShowFound(std::string_view text, std::size_t offset, std::span<char> shown) {
   if (offset >= text.size()) {
     std::snprintf(shown.data(), shown.size(), "the end of the text");
@@ -51,7 +52,7 @@ class ObjectBuilder {
   [[nodiscard]] bool Build() {
     const Token begin = reader_.Next();
     if (!reader_.Expect(kOpenBrace, "{")) return false;
-    // The builder of an item is only called at its keyword.
+    // An item is only built at its keyword, so this is a group.
     if (!reader_.TakeKeyword(kHeading.keyword)) return reader_.Refuse(":Application or :Scene");
     const Construct outer = reader_.Enter({kHeading.name});
     if (!Read(reader_, record_.Reference)) return false;
@@ -145,7 +146,7 @@ bool ReadObjects(TextReader& reader, List<Item>& list) {
   return true;
 }
 
-// The whole text as one group of that class. All tokens are put back when it is none.
+// Reads the whole text as a group of that class. If that fails, moves back to the first token.
 template <class Record>
 bool ReadWhole(TextReader& reader, Record& record) {
   const std::size_t place = reader.Place();

@@ -1,5 +1,5 @@
-// Walks the tokens of a text for the builders, and remembers the furthest place that none of them
-// could read, which is where the author has to look.
+// Walks the tokens of a text for the builders, and remembers the furthest token that none of them
+// could read, which is probably the author's error.
 #pragma once
 
 #include <utility>
@@ -10,8 +10,8 @@
 
 namespace korvel {
 
-// The surroundings of a token, for messages: an object's class and the keyword of its attribute, or
-// an action. Empty outside of everything.
+// The context of a token, for messages: an object's class and the keyword of its attribute, or an
+// action. Empty outside all objects.
 struct Construct {
   const char* owner = "";
   const char* part = "";
@@ -25,7 +25,7 @@ class TextReader {
   [[nodiscard]] const Token& Next() const { return list_.tokens[place_]; }
   [[nodiscard]] std::string_view String(const Token& token) const { return list_.String(token); }
   [[nodiscard]] bool IsAt(std::uint16_t code) const { return Next().code == code; }
-  // `keyword` in any case of letters.
+  // Ignores the case of `keyword`.
   [[nodiscard]] bool IsAtKeyword(const char* keyword) const {
     return IsKeyword(Next().code) && IsSameWord(KeywordText(Next().code), keyword);
   }
@@ -36,12 +36,12 @@ class TextReader {
     return IsKeyword(code) && IsSameWord(KeywordText(code), keyword);
   }
 
-  // Takes the next token, which is not the end of the text.
+  // Takes the next token, which must not be the end of the text.
   void Skip() { ++place_; }
-  // Takes the next token if it is this one.
+  // Takes the next token if it is the given one.
   bool Take(std::uint16_t code) { return IsAt(code) && TakeNext(); }
   bool TakeKeyword(const char* keyword) { return IsAtKeyword(keyword) && TakeNext(); }
-  // Takes the next token, which must be this one.
+  // Takes the next token, which must be the given one.
   [[nodiscard]] bool Expect(std::uint16_t code, const char* expected) {
     return Take(code) || Refuse(expected);
   }
@@ -49,16 +49,16 @@ class TextReader {
     return TakeKeyword(keyword) || Refuse(keyword);
   }
 
-  // The place of the next token, and the way back to it.
+  // The place of the next token, to return to later.
   [[nodiscard]] std::size_t Place() const { return place_; }
   void PutBackTo(std::size_t place) { place_ = place; }
 
-  // Says what is read from here on, and returns what was read before, for the caller to go back to.
-  // Not needed after a refusal, which has been noted with the innermost construct.
+  // Sets the construct that is read from here on, and returns the previous one for the caller to
+  // restore. After a refusal, restoring it is not needed: the refusal has recorded the construct.
   Construct Enter(Construct construct) { return std::exchange(construct_, construct); }
 
-  // Notes what could have stood at the next token; `subject` is added to it. Always false, for the
-  // caller to return.
+  // Records what was expected in place of the next token; `subject` is appended to it. Always
+  // returns false, for the caller to return.
   bool Refuse(const char* expected, const char* subject = "") {
     if (place_ > refusedPlace_ || *expected_ == 0) {
       refusedPlace_ = place_;
@@ -71,7 +71,7 @@ class TextReader {
   // The same for an allocation that failed.
   bool RefuseForMemory() { return Refuse("more memory"); }
 
-  // Notes a part that an author has to write.
+  // Records a missing mandatory part.
   [[nodiscard]] bool NoteMissing(const Token& begin, const char* owner, const char* missing) {
     if (missing_ == nullptr) return true;
     return missing_->Append({begin.offset, owner, missing}) != nullptr || RefuseForMemory();
@@ -102,8 +102,8 @@ class TextReader {
 // ---- Builders ----
 
 // Each builder reads a value from the tokens, chosen by the type of its field. All return false,
-// with the place noted in the reader, when the next tokens are nothing of the kind; an alternative
-// is always chosen by its first token, before anything is taken.
+// with the refusal recorded, if the next tokens do not form such a value. Alternatives are chosen
+// by their first token, before any token is taken.
 [[nodiscard]] bool Read(TextReader& reader, bool& value);
 [[nodiscard]] bool Read(TextReader& reader, std::int32_t& value);
 [[nodiscard]] bool Read(TextReader& reader, OctetString& value);
@@ -134,7 +134,7 @@ template <IsEnumeration Enumeration>
   return isRead;
 }
 
-// A structure's elements in their order, those with a keyword only after it.
+// A structure's elements in order. Those with a keyword are optional.
 template <IsSequence Record>
 [[nodiscard]] bool Read(TextReader& reader, Record& record) {
   bool isRead = true;

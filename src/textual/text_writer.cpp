@@ -7,7 +7,7 @@
 namespace korvel {
 namespace {
 
-// How many bytes a UTF-8 character has by its first byte; 0 for a byte that begins none.
+// The length in bytes of a UTF-8 character with this first byte; 0 if there is none.
 std::size_t CharacterLength(char first) {
   const auto byte = static_cast<unsigned char>(first);
   if (byte < 0x80) return 1;
@@ -19,7 +19,7 @@ std::size_t CharacterLength(char first) {
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 bool IsControl(char c) { return static_cast<unsigned char>(c) < 32 || c == 127; }
 
-// Whether an editor shows the bytes as they are: characters of UTF-8 and no control bytes.
+// Whether the bytes are UTF-8 text without control bytes.
 bool IsPlainText(std::string_view bytes) {
   for (std::size_t i = 0; i < bytes.size();) {
     const std::size_t length = CharacterLength(bytes[i]);
@@ -32,7 +32,7 @@ bool IsPlainText(std::string_view bytes) {
   return true;
 }
 
-// Whether a byte is written as itself in single quotes.
+// Whether a byte needs no coding in single quotes.
 bool IsUncoded(char c) {
   const auto byte = static_cast<unsigned char>(c);
   return byte >= 32 && byte < 127 && c != '\'' && c != '=';

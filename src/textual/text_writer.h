@@ -1,6 +1,6 @@
 // The text that is being written: words with single spaces between them, brackets and indented
-// lines. It remembers a failure, after which nothing more is written, so that the passes over the
-// records need not ask at every word.
+// lines. After a failure it writes nothing more and remembers the failure, so that callers need not
+// check every call.
 #pragma once
 
 #include <cstdint>
@@ -15,13 +15,12 @@ namespace korvel {
 
 class TextWriter {
  public:
-  // A word or a number, a space before it unless a bracket or the line has just been opened.
+  // A word or a number, after a space unless a bracket or a line has just begun.
   void Word(std::string_view word);
-  // More of the same word.
+  // Appends to the last word.
   void Append(std::string_view rest) { Add(rest); }
   void Number(std::int32_t number);
-  // A string in the quotes that suit its bytes: double ones for text, single ones where bytes have
-  // to be coded.
+  // A string in double quotes or, if bytes must be coded, in single quotes.
   void String(std::string_view bytes);
   // A string with every byte coded, as colours are written.
   void CodedString(std::string_view bytes);
@@ -69,12 +68,11 @@ void Write(TextWriter& writer, const ColourValue& value);
 void Write(TextWriter& writer, const FontBody& value);
 void Write(TextWriter& writer, const ContentBody& value);
 void Write(TextWriter& writer, const ContentReference& value);
-// A value as an action or an event carries it, without the type that some parameters are announced
-// with.
+// A value of an action or an event, without the keyword that announces the type of some parameters.
 void Write(TextWriter& writer, const GenericValue& value);
 
-// Whether there is a value that could be written. An attribute that an author must write has none
-// when its string is absent or when no word was ever set.
+// Whether there is a value that could be written. A mandatory attribute has none if its string is
+// absent or its word was never set.
 template <class Value>
 [[nodiscard]] bool IsGiven(const Value& /*value*/) {
   return true;

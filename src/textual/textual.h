@@ -31,19 +31,19 @@ struct TextPlace {
   std::uint32_t column = 0;
 };
 
-// Why a text was refused: the furthest place that could not be read on from, the construct it is
-// in, such as "Scene :SceneCS" or "SetPosition", empty if unknown, the text found there, cut short
-// if it is long, and the text expected instead.
+// Why a text was refused: the furthest place that could not be read; the construct that contains
+// it, such as "Scene :SceneCS" or "SetPosition", or empty if unknown; the text found there,
+// truncated if it is long; and the text expected instead.
 struct TextError {
   TextPlace place;
   std::array<char, 48> construct{};
   std::array<char, 48> found{};
   std::array<char, 96> expected{};
-  OctetString unknownWord;  // in capitals, when a word that is no keyword is why; otherwise absent
+  OctetString unknownWord;  // in capitals; absent if it is not the reason
 };
 
-// Something an author must write and has not. The reader leaves the construction value or the
-// shorter parameter list, as the decoder of the BER form does; tools report these to the author.
+// A mandatory part that the author has omitted. The reader keeps the construction value or the
+// shorter parameter list, as the BER decoder does; tools report these to the author.
 struct MissingPart {
   std::uint32_t offset = 0;  // where the object or the action begins in the text
   const char* owner = "";    // the class or the action: "Rectangle", "SetPosition"
@@ -53,12 +53,12 @@ struct MissingPart {
 // The line and column of an offset.
 [[nodiscard]] TextPlace PlaceInText(std::string_view text, std::size_t offset);
 
-// Reads a whole group. After a failure `group` is unchanged. A word that is
-// no keyword is printed, as "Error string : " and the word.
+// Reads a whole group. After a failure `group` is unchanged. A word that is not a keyword is
+// printed, as "Error string : " and the word.
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group);
 
-// The same for callers that report errors themselves: nothing is printed. `error` receives why the
-// text was refused, and `missing`, when given, what was left out.
+// The same for callers that report errors themselves: nothing is printed. `error` receives the
+// reason of a refusal, and `missing`, if given, the omitted parts.
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, TextError& error,
                          List<MissingPart>* missing = nullptr);
 
@@ -71,9 +71,9 @@ struct WordlessValue {
 };
 
 // Writes a group as text: two spaces of indentation a level, an attribute a line, attributes at
-// their construction values left out unless an author must write them. Reading the text gives equal
-// records. Refused, with `text` untouched, for a value without a word, which `wordless` then
-// receives, and when memory runs out.
+// their construction values omitted unless they are mandatory. Reading the text gives equal
+// records. Refused, with `text` unchanged, if a value has no word (`wordless` then receives it) or
+// memory runs out.
 Status WriteTextGroup(const Group& group, OctetString& text, WordlessValue* wordless = nullptr);
 
 }  // namespace korvel

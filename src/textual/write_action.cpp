@@ -1,5 +1,5 @@
-// The writer of actions. The flat row of an action's values is folded back into the notation's
-// places, as the action table names them; a row that ends early leaves the later places out.
+// The writer of actions. Splits an action's flat list of values into the places of the action
+// table. Places after the last value are omitted.
 #include <initializer_list>
 
 #include "objects/action_values.h"
@@ -8,8 +8,8 @@
 namespace korvel {
 namespace {
 
-// The word that announces the type of a value. What a variable will hold is not known when the
-// value is read from one; an integer is then written for any type.
+// The keyword that announces the type of a value. The type of an indirect value is unknown; it is
+// announced as an integer.
 const char* TypeWord(ValueKind kind) {
   switch (kind) {
   case ValueKind::Boolean: return ":GBoolean";

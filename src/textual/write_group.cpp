@@ -1,4 +1,4 @@
-// The writers of values and objects, and the entry: a group becomes its text.
+// The writers of values and objects, and WriteTextGroup.
 #include <utility>
 
 #include "textual/text_writer.h"

@@ -1,5 +1,5 @@
-// Reading actions. The standard nests some parameters in a SEQUENCE, and whole parameter lists may
-// be wrapped in one; both forms end up as the same flat row of values.
+// Decodes actions. The standard nests some parameters in a SEQUENCE, and whole parameter lists may
+// be wrapped in one; all forms give the same flat list of values.
 #include <utility>
 
 #include "objects/action_table.h"
@@ -20,16 +20,16 @@ bool DecodeValue(const BerElement& element, KindSet kinds, Values& values) {
   return values.Append(std::move(value)) != nullptr || element.Refuse();
 }
 
-// Reads one value, or none where the encoding ends early.
+// Reads one value, or none if the encoding ends early.
 bool DecodeNext(BerReader& reader, KindSet kinds, Values& values) {
   if (reader.AtEnd()) return true;
   BerElement element;
   return reader.Next(element) && DecodeValue(element, kinds, values);
 }
 
-// Steps into the SEQUENCE that comes next, and stays in place when another element does: the
-// standard's nested form and the flat one are then read alike. `outside` moves to the end of what
-// is read.
+// Reads values from the SEQUENCE that comes next or, if another element does, directly from
+// `outside`: the standard's nested form and the flat one are both accepted. Moves `outside` past
+// the values.
 template <class ReadValues>
 bool ReadNestedOrFlat(BerReader& outside, ReadValues&& readValues) {
   if (!outside.NextIs(kSequence)) return readValues(outside);
@@ -39,7 +39,7 @@ bool ReadNestedOrFlat(BerReader& outside, ReadValues&& readValues) {
   return readValues(inside) && inside.Ends();
 }
 
-// A value whose tag alone gives its type.
+// A value whose tag determines its type.
 bool DecodeTyped(const BerElement& element, Values& values) {
   const bool isTyped = element.Is(kIndirectReference) || AnnouncedKind(element.tag) != None;
   return isTyped ? DecodeValue(element, kAnyTyped, values) : element.Refuse();
@@ -84,7 +84,8 @@ bool DecodeReferences(BerReader& reader, Values& values) {
   return isFlat ? readReferences(reader) : ReadNestedOrFlat(reader, readReferences);
 }
 
-// A size or cache priority. One that is left out before a later one becomes a value of kind None.
+// Reads a size or cache priority. A size that is missing before a cache priority becomes a value of
+// kind None.
 bool DecodeContentNumber(BerReader& reader, Tag own, Tag later, Values& values) {
   const KindSet kinds = SetOfKinds(Integer, None);
   if (!reader.NextIs(later) || own == later) return DecodeNext(reader, kinds, values);
@@ -164,7 +165,7 @@ bool DecodeValues(const BerElement& element, const ActionRow& row, ElementaryAct
   return reader.Ends();
 }
 
-// A primitive element has room for its target alone.
+// A primitive element can hold only the target.
 bool DecodeImplicitTarget(const BerElement& element, GenericValue& target) {
   BerElement number = element;
   number.tag = kInteger;

@@ -13,8 +13,8 @@
 
 namespace korvel::ber {
 
-// The place where reading was first refused: the first byte of the element that does not fit. The
-// callers that know the rest add it on the way out.
+// The first refusal: the first byte of the wrong element. Callers add the other members as they
+// return.
 struct Refusal {
   const std::uint8_t* place = nullptr;
   const char* owner = nullptr;     // the class of the object
@@ -24,41 +24,41 @@ struct Refusal {
 
 struct BerElement;
 
-// The context tags that a decoder knows at a place.
+// Whether a decoder knows a context tag at some place.
 using KnownTags = bool (*)(Tag tag);
 
 constexpr bool NoTag(Tag /*tag*/) { return false; }
 
-// Some bytes, read element by element. Readers are cheap to copy; a copy goes on alone. The bytes
-// and the refusal are borrowed from the caller that started the reading.
+// Reads bytes element by element. Readers are cheap to copy, and a copy advances independently. The
+// bytes and the refusal are borrowed from the caller that created the first reader.
 class BerReader {
  public:
   BerReader() = default;
   BerReader(std::span<const std::uint8_t> bytes, Refusal& refusal)
       : cursor_(bytes.data()), end_(bytes.data() + bytes.size()), refusal_(&refusal) {}
 
-  // The same elements, skipping those with other context tags, whatever they hold:
-  // later editions of the standard may add them anywhere.
+  // A reader of the same elements that skips all other context tags, whatever they hold: later
+  // editions of the standard may add them anywhere.
   [[nodiscard]] BerReader Knowing(KnownTags tags) const;
 
   [[nodiscard]] bool AtEnd() const { return cursor_ == end_; }
-  // Reads one element and moves past it. False at the end, and when its header or its length does
-  // not fit.
+  // Reads one element and moves past it. False at the end, or if the header or length is invalid.
   [[nodiscard]] bool Next(BerElement& element);
-  // Reads the one element that there must be. False when there is none or another one after it.
+  // Reads the only element. False if there is none or more than one.
   [[nodiscard]] bool Only(BerElement& element) const;
-  // Whether all has been read. Refuses the next element otherwise.
+  // Whether all elements have been read. Otherwise refuses the next one.
   [[nodiscard]] bool Ends();
   // Whether an element with that tag comes next. Refuses nothing.
   [[nodiscard]] bool NextIs(Tag tag) const;
-  // As Next, but stays where it is and refuses nothing.
+  // Like Next, but does not advance and refuses nothing.
   [[nodiscard]] bool Peek(BerElement& element) const;
   // Moves to the end.
   void SkipAll() { cursor_ = end_; }
 
-  // Records that reading stops here, unless it has stopped before. False, for the caller to return.
+  // Records a refusal here, unless there is one already. Returns false, for the caller to return.
   bool Refuse() const { return RefuseAt(cursor_); }
-  // Adds to a refusal what is not known of it yet. False, for the caller to return.
+  // Sets a member of the refusal, unless it is set already. Returns false, for the caller to
+  // return.
   bool Explain(const char* Refusal::*what, const char* text) const;
 
  private:
@@ -74,48 +74,48 @@ class BerReader {
 
   const std::uint8_t* cursor_ = nullptr;
   const std::uint8_t* end_ = nullptr;
-  Refusal* refusal_ = nullptr;  // null: a look ahead, which refuses nothing
-  KnownTags known_ = nullptr;   // null: all; others are skipped before the cursor rests
+  Refusal* refusal_ = nullptr;  // null while looking ahead, which refuses nothing
+  KnownTags known_ = nullptr;   // null: all; unknown tags are skipped in advance
   std::uint32_t depth_ = 0;
 };
 
-// One element: its tag and, as a reader of its own, what it holds.
+// One element: its tag and a reader of its content.
 struct BerElement {
   Tag tag;
   bool isConstructed = false;
   BerReader content;
 
   [[nodiscard]] bool Is(Tag other) const { return tag == other; }
-  // The content as a two's-complement number, of which the low 32 bits are kept; 0 when there is no
-  // content.
+  // The low 32 bits of the content as a two's-complement number; 0 if the content is empty.
   [[nodiscard]] std::int32_t Integer() const;
   [[nodiscard]] std::uint32_t Length() const;
   // The first byte of the content, which must not be empty.
   [[nodiscard]] std::uint8_t FirstByte() const { return *content.cursor_; }
-  // The content as it is. Borrowed from the file.
+  // The raw content, borrowed from the file.
   [[nodiscard]] std::string_view Bytes() const;
-  // Records that this element cannot be taken. False, for the caller to return.
+  // Records a refusal of this element, unless there is one already. Returns false, for the caller
+  // to return.
   bool Refuse() const { return content.RefuseAt(start); }
 
   const std::uint8_t* start = nullptr;  // its first byte
 };
 
-// The elements of a list. A universal SEQUENCE among them only wraps others: it is entered, however
-// often, without recursion, and the elements come out as if it were not there.
+// Reads the elements of a list. A universal SEQUENCE among them only wraps others: they are read as
+// if it were not there, at any depth and without recursion.
 class ListReader {
  public:
   explicit ListReader(const BerReader& reader) : reader_(reader) {}
 
-  // Whether Next has something to read, be it only something to refuse.
+  // Whether there is an element left, valid or not.
   [[nodiscard]] bool HasMore();
-  // The next element that is no wrapper.
+  // Reads the next element. Call only after HasMore, which enters the wrappers.
   [[nodiscard]] bool Next(BerElement& element) { return reader_.Next(element); }
 
  private:
   void Enter(const BerElement& wrapper);
 
   BerReader reader_;                                       // of the innermost open wrapper
-  std::array<const std::uint8_t*, kDeepestNesting> ends_;  // of what encloses each open wrapper
+  std::array<const std::uint8_t*, kDeepestNesting> ends_;  // of the list outside each open wrapper
   std::uint32_t open_ = 0;
 };
 

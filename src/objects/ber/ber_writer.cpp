@@ -11,14 +11,14 @@ constexpr std::uint32_t kHighTagNumber = 0x1F;
 constexpr std::uint32_t kMoreBit = 0x80;
 constexpr std::uint8_t kTrue = 0xFF;
 
-// How many bytes of seven bits a tag number takes.
+// The number of seven-bit groups in a tag number.
 int CountTagBytes(std::uint32_t number) {
   int count = 1;
   while ((number >>= 7) != 0) ++count;
   return count;
 }
 
-// How many bytes a length takes after the byte that counts them; 0 when it needs none.
+// The number of bytes that a length takes after the byte that counts them; 0 for the short form.
 std::size_t CountLengthBytes(std::size_t length) {
   if (length < kMoreBit) return 0;
   std::size_t count = 1;
@@ -59,7 +59,7 @@ void BerWriter::Boolean(Tag tag, bool value) {
 
 void BerWriter::Integer(Tag tag, std::int32_t value) {
   Header(tag, false);
-  // A byte is needed until those below it say the whole number, sign included.
+  // Counts the lowest bytes that represent the number, sign included.
   int count = 1;
   while (count < 4 && (value >> (8 * count - 1)) != 0 && (value >> (8 * count - 1)) != -1) ++count;
   Length(static_cast<std::size_t>(count));

@@ -1,5 +1,4 @@
-// Bytes of the interchange form, element by element. Only definite lengths in their shortest form
-// are written.
+// Writes the interchange form, element by element, with definite lengths in their shortest form.
 #pragma once
 
 #include <cstddef>
@@ -12,15 +11,14 @@
 
 namespace korvel::ber {
 
-// Collects elements in writing order. Once it has failed it goes on without effect, and Finish says
-// so.
+// Collects elements in order. After a failure the output is unusable, and Finish returns false.
 class BerWriter {
  public:
   void Boolean(Tag tag, bool value);
   void Integer(Tag tag, std::int32_t value);
   void Octets(Tag tag, std::string_view bytes);
   void Null();
-  // An element that holds what writeContent writes.
+  // Writes an element whose content writeContent writes.
   template <class WriteContent>
   void Constructed(Tag tag, WriteContent&& writeContent) {
     const std::size_t begin = BeginConstructed(tag);
@@ -28,10 +26,10 @@ class BerWriter {
     EndConstructed(begin);
   }
 
-  // Makes the writer fail: the form has no place for something.
+  // Makes the writer fail, for a value that has no encoding.
   void Fail() { hasFailed_ = true; }
-  // Copies everything written to `bytes`. False, with `bytes` untouched, when the writer has failed
-  // or memory is out.
+  // Copies everything written to `bytes`. False, with `bytes` unchanged, if the writer has failed
+  // or memory runs out.
   [[nodiscard]] bool Finish(OctetString& bytes) const;
 
  private:

@@ -1,6 +1,6 @@
-// Reading groups: one pass over the class tables, which alone know the attributes of a class. This
-// file says how a field of each shape is read: as an element of a SEQUENCE, as an entry of a
-// list, and under an attribute's tag.
+// Decodes groups in one pass over the class tables, which describe the attributes of each class.
+// This file reads a field of each shape: as an element of a SEQUENCE, as an entry of a list, and
+// under an attribute's tag.
 #include <type_traits>
 #include <utility>
 
@@ -131,7 +131,7 @@ constexpr bool kBeginsWithReference<Record> = std::is_same_v<
                                  std::get<0>(SequenceDescription<Record>::elements).field)>,
     ObjectReference>;
 
-// The one SEQUENCE that is all an attribute's tag holds. False when the tag holds anything else.
+// Reads the SEQUENCE that is the only element of a tag. False if the tag holds anything else.
 bool HoldsOneSequence(const BerElement& tagged, BerElement& sequence) {
   BerReader reader = tagged.content.Knowing(NoTag);
   return reader.NextIs(kSequence) && reader.Next(sequence) && reader.AtEnd();
@@ -145,8 +145,9 @@ BerReader ElementsOf(const BerElement& tagged) {
   return isExplicit ? wrapper.content : tagged.content;
 }
 
-// A SEQUENCE alone may also be the only entry: then it does not hold something that could be an
-// entry. An action slot holds actions.
+// A single SEQUENCE either wraps all entries or is the only entry. It is the wrapper if its first
+// element could be an entry. In an action slot actions are known tags, so that they are not skipped
+// when looking for that element.
 template <class Entry>
 BerReader EntriesOf(const BerElement& tagged) {
   constexpr KnownTags known = std::is_same_v<Entry, ActionSlot> ? IsAction : NoTag;
@@ -161,8 +162,8 @@ BerReader EntriesOf(const BerElement& tagged) {
 
 // ---- Attributes: under a context tag ----
 
-// The type of a primitive tag's content. It does not say which of a colour's or a font's types that
-// is: NULL is refused.
+// The type of a primitive tag's content. Colours and fonts have two types, so a primitive tag is
+// ambiguous: NULL makes their decoders refuse it.
 template <class Field>
 constexpr Tag kImpliedTag = kInteger;
 template <>
@@ -236,7 +237,7 @@ bool DecodeTaggedField(const BerElement& tagged, const Form& form, Field& field)
 template <class... Records>
 bool DecodeItems(Classes<Records...> classes, const BerElement& tagged, List<Item>& field);
 
-// Adds the place to a refusal in an attribute or an object, unless it has one.
+// Add the attribute or the object to a refusal, unless it has one.
 bool ExplainAttribute(const BerElement& element, const char* keyword, const char* expected) {
   element.content.Explain(&Refusal::part, keyword);
   return element.content.Explain(&Refusal::expected, expected);
@@ -248,8 +249,7 @@ bool ExplainObject(const BerElement& element) {
   return element.content.Explain(&Refusal::expected, "an attribute");
 }
 
-// Reads the attribute that the element's tag names; one that the class does not have is
-// skipped.
+// Reads the attribute that the element's tag names. Skips one that the class does not have.
 template <IsDescribed Record>
 bool DecodeAttribute(const BerElement& element, Record& record) {
   bool isRead = true;
@@ -268,7 +268,7 @@ bool DecodeAttribute(const BerElement& element, Record& record) {
   return isRead;
 }
 
-// Attributes in a list of their own.
+// Attributes that are grouped under one tag.
 template <IsDescribed Record>
 bool DecodeField(const BerElement& tagged, Record& field) {
   ListReader list(tagged.content);
@@ -338,7 +338,8 @@ bool DecodeItems(Classes<Records...> classes, const BerElement& tagged, List<Ite
   return true;
 }
 
-// Hands the record out before its contents are read, so that the caller has it whatever happens.
+// Stores the record in `group` before its contents are read, so that the caller has it even after a
+// failure.
 template <class Record>
 bool DecodeGroupBody(const BerElement& element, OwnedGroup& group) {
   auto record = NewRecord<Record>();

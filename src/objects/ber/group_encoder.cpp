@@ -1,5 +1,5 @@
-// Writing groups: one pass over the class tables. This file says how a field of each shape is
-// written: as an element of a SEQUENCE, as an entry of a list, and under an attribute's tag.
+// Encodes groups in one pass over the class tables. This file writes a field of each shape: as an
+// element of a SEQUENCE, as an entry of a list, and under an attribute's tag.
 #include <type_traits>
 
 #include "objects/ber/ber.h"
@@ -20,7 +20,7 @@ void EncodeContent(BerWriter& writer, const Record& record);
 template <class T>
 void EncodeContent(BerWriter& writer, const List<T>& list);
 
-// ---- Fields under a tag of their own, which an attribute gives ----
+// ---- Fields under a given tag ----
 
 void EncodeUnder(BerWriter& writer, Tag tag, bool field) { writer.Boolean(tag, field); }
 void EncodeUnder(BerWriter& writer, Tag tag, std::int32_t field) { writer.Integer(tag, field); }
@@ -102,8 +102,7 @@ void EncodeAttribute(BerWriter& writer, Tag tag, const Form& form, const Field& 
   }
 }
 
-// Every attribute that the class must have, and of the others those that differ from a fresh
-// record's.
+// Writes the mandatory attributes, and the others that differ from a new record's.
 template <IsDescribed Record>
 void EncodeAttributes(BerWriter& writer, const Record& record) {
   const Record fresh;

@@ -1,5 +1,5 @@
-// Completing references: a pass over the class tables that gives every reference without a group
-// identifier a copy of the group's name.
+// Completes references: a pass over the class tables that copies the group's name to every
+// reference without a group identifier.
 #include <type_traits>
 
 #include "objects/ber/ber.h"
@@ -9,14 +9,14 @@
 namespace korvel {
 namespace {
 
-// The name of a reference in messages: the class, and the attribute when it is not the object's
-// own.
+// The name of a reference in messages: the class, and the attribute unless it is the object's own
+// reference.
 struct Subject {
   const char* className;
   const char* name = "";
 };
 
-// One pass over a group. Each step is false when memory is out, once that has been said.
+// One pass over a group. Each step returns false, after printing a message, if memory runs out.
 class Completion {
  public:
   explicit Completion(std::string_view groupName) : groupName_(groupName) {}

@@ -37,7 +37,7 @@ inline constexpr Tag kContentReference = Context(69);
 // The variable that holds the value.
 inline constexpr Tag kIndirectReference = Context(236);
 
-// The tags under which the standard puts a generic value where its type would otherwise be open.
+// The tags that announce the type of a generic value if it would otherwise be ambiguous.
 inline constexpr Tag kNewBoolean = Context(225);
 inline constexpr Tag kNewInteger = Context(226);
 inline constexpr Tag kNewOctetString = Context(227);

@@ -1,5 +1,5 @@
-// Reading values. Each is built aside and moved into its field last, so that a refused element
-// changes nothing and a repeated attribute releases what it replaces.
+// Each value is built separately and then moved into its field, so that a refused element changes
+// nothing and a repeated attribute releases the value that it replaces.
 #include "objects/ber/value_decoder.h"
 
 #include <utility>
@@ -11,7 +11,7 @@ constexpr bool IsContentNumber(Tag tag) {
   return tag == kContentSize || tag == kContentCachePriority;
 }
 
-// After the path: the size, then the cache priority, each of them plain or under its own tag, or
+// The path is followed by the size and the cache priority. Each may be plain, under its own tag, or
 // missing.
 bool DecodeReferencedContent(const BerElement& sequence, ContentBody& content) {
   BerReader reader = sequence.content.Knowing(IsContentNumber);

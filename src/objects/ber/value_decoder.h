@@ -1,6 +1,6 @@
-// Reading values and actions: from an element to a field, for every type of field that is one
-// value. The content of a context tag, implicit or explicit, is first brought into the form of a
-// universal element, so that each type is read in one place only.
+// Decodes values and actions: one function for every type of field that is a single value. The
+// content of a context tag, implicit or explicit, is first converted to a universal element, so
+// that each type is decoded in one place only.
 #pragma once
 
 #include "objects/ber/ber_reader.h"
@@ -16,10 +16,10 @@ constexpr KindSet SetOfKinds(Kinds... kinds) {
   return (KindSet{0} | ... | (KindSet{1} << static_cast<unsigned>(kinds)));
 }
 
-// The universal element of a tagged value. A primitive one is the value itself, of the type
-// `implied`; a constructed one holds exactly one universal element.
+// Converts a tagged value to a universal element. A primitive element is the value itself, of type
+// `implied`; a constructed one must hold exactly one universal element.
 [[nodiscard]] bool Untag(const BerElement& tagged, Tag implied, BerElement& value);
-// The same for a reference, whose two forms also show themselves by what the tag holds.
+// The same for a reference, whose form follows from the content of the tag.
 [[nodiscard]] bool UntagReference(const BerElement& tagged, BerElement& value);
 // Whether an element is the reference to an object of a named group, and not a SEQUENCE that wraps
 // something.
@@ -27,29 +27,28 @@ constexpr KindSet SetOfKinds(Kinds... kinds) {
 
 enum class NumberType { Integer, Enumerated };
 
-// Each reads a universal element. False, with the place recorded, for another type and when memory
-// is out.
+// Each decodes a universal element. False, with the refusal recorded, if it has another type or
+// memory runs out.
 [[nodiscard]] bool Decode(const BerElement& element, NumberType type, std::int32_t& value);
 [[nodiscard]] bool Decode(const BerElement& element, bool& value);
 [[nodiscard]] bool Decode(const BerElement& element, OctetString& value);
-// An element that is no reference leaves the reference empty; that is no failure.
+// Succeeds with an empty reference if the element is not a reference.
 [[nodiscard]] bool Decode(const BerElement& element, ObjectReference& value);
 [[nodiscard]] bool Decode(const BerElement& element, ColourValue& value);
 [[nodiscard]] bool Decode(const BerElement& element, FontBody& value);
 [[nodiscard]] bool Decode(const BerElement& element, ContentBody& value);
 
-// Reads a generic value of one of these kinds: in itself, under the context tag that announces its
-// kind, or, always allowed, as an indirect reference.
+// Decodes a generic value of one of these kinds: plain, or under the context tag that announces its
+// kind. An indirect reference is always allowed.
 [[nodiscard]] bool DecodeGeneric(const BerElement& element, KindSet kinds, GenericValue& value);
 
 // ---- Actions ----
 
-// Whether the tag is an action's.
+// The tags of the 110 actions that content can hold.
 [[nodiscard]] bool IsAction(Tag tag);
 
-// Reads the elements of an action list and adds them to `actions`. Tags that are no action's are
-// skipped. False, with the place recorded, for anything else that is no action and when memory is
-// out.
+// Decodes the elements of an action list and appends them to `actions`. Skips other context tags.
+// False, with the refusal recorded, if any other element is not an action or memory runs out.
 [[nodiscard]] bool DecodeActions(const BerReader& reader, ActionList& actions);
 
 }  // namespace korvel::ber

@@ -1,5 +1,5 @@
-// Writing values and actions. Where a record can be read from two forms, one of them is chosen
-// here: it reads back as the same record.
+// Encodes values and actions. If a value has two forms, always the same one is written; it decodes
+// to an equal record.
 #include "objects/ber/value_encoder.h"
 
 #include "objects/action_values.h"
@@ -61,7 +61,8 @@ void EncodeUnder(BerWriter& writer, Tag tag, const GenericValue& value) {
   writer.Constructed(tag, [&] { Encode(writer, value); });
 }
 
-// The tag that announces a value's kind. An indirect value does not tell what its variable holds.
+// The tag that announces a value's kind. The kind of an indirect value is unknown; it is announced
+// as an object reference.
 Tag TypedTag(ValueKind kind) {
   switch (kind) {
   case ValueKind::Boolean: return kNewBoolean;
@@ -79,13 +80,13 @@ void EncodeTyped(BerWriter& writer, const GenericValue& value) {
   EncodeUnder(writer, TypedTag(value.Kind), value);
 }
 
-// An indirect colour is taken for an absolute one: receivers need not know palettes.
+// An indirect colour is announced as an absolute one: receivers need not support palettes.
 void EncodeColour(BerWriter& writer, const GenericValue& value) {
   const bool isIndex = value.Kind == ValueKind::Integer;
   EncodeUnder(writer, isIndex ? kNewColourIndex : kNewAbsoluteColour, value);
 }
 
-// An indirect font is taken for a name: receivers need not know Font objects.
+// An indirect font is announced as a name: receivers need not support Font objects.
 void EncodeFont(BerWriter& writer, const GenericValue& value) {
   const bool isReference = value.Kind == ValueKind::ObjectReference;
   EncodeUnder(writer, isReference ? kNewFontReference : kNewFontName, value);
@@ -110,7 +111,7 @@ void EncodePoints(BerWriter& writer, ActionValues values) {
   });
 }
 
-// One value of its own is content included in the action, directly or by a variable; a path is in a
+// A single value that is not a path is included content, direct or in a variable. A path is in a
 // SEQUENCE with its size and cache priority.
 void EncodeNewContent(BerWriter& writer, ActionValues values) {
   const bool isPath = values.Next().Kind == ValueKind::ContentReference;

@@ -1,6 +1,5 @@
-// Writing values and actions in the standard's form. A type that is one universal type can take an
-// implicit tag; a choice of several types needs an explicit one, which holds an element of the
-// type.
+// Encodes values and actions. A type that is one universal type can take an implicit tag; a choice
+// of several types needs an explicit one, which holds an element of the type.
 #pragma once
 
 #include <concepts>
@@ -39,8 +38,7 @@ bool IsPresent(const T& /*value*/) {
 }
 
 // Writes the elements of an action list, which the caller puts into a SEQUENCE or under an
-// attribute's tag. The extensions that only run have no tag: an action of theirs makes the writer
-// fail.
+// attribute's tag. The writer fails for an extension action, which has no tag.
 void EncodeActions(BerWriter& writer, const ActionList& actions);
 
 }  // namespace korvel::ber

@@ -1,6 +1,6 @@
-// A link of a scene's IsDeleted brings another scene or application. What the ending scene leaves
-// in the engine's registers goes, and nothing of its successor goes with it, even where both use
-// the same names and numbers.
+// A link on the IsDeleted event of a scene starts another scene or application. The timers, links,
+// visibles and interaction of the ending scene are removed; those of its successor stay, even if
+// both use the same names and numbers.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -12,8 +12,8 @@ enum class Brings { Scene, Application };
 
 class Successor : public EngineTest, public testing::WithParamInterface<Brings> {
  protected:
-  // The scene "~/menu" with these items; as it ends, `effect` is run, then its successor comes,
-  // which bears the same name.
+  // Starts the scene "~/menu". When it ends, a link runs `effect` and then starts its successor,
+  // which has the same name.
   void StartScene(std::string_view items, std::string_view successorItems,
                   std::string_view effect = "") {
     const bool bringsScene = GetParam() == Brings::Scene;
@@ -59,7 +59,7 @@ TEST_P(Successor, keeps_its_interaction_when_its_object_has_the_same_name) {
   EXPECT_EQ(Find<EntryField>(8, "~/menu").TextData.View(), "0");
 }
 
-TEST_P(Successor, is_not_drawn_together_with_what_it_replaces) {
+TEST_P(Successor, is_not_drawn_together_with_the_ending_scene) {
   StartScene(RectangleText(8) + RectangleText(9), RectangleText(8));
   std::size_t mostDrawn = 0;
   ThePresentation().onRedraw = [&mostDrawn] {
@@ -70,7 +70,7 @@ TEST_P(Successor, is_not_drawn_together_with_what_it_replaces) {
   EXPECT_EQ(mostDrawn, 1U);
 }
 
-TEST_P(Successor, inherits_nothing_that_the_event_has_done_to_the_ending_scene) {
+TEST_P(Successor, inherits_no_visibles_or_timers_that_the_link_adds_to_the_ending_scene) {
   StartScene(RectangleText(8, kInactive), "",
              ":Run((\"~/menu\" 8)) :SetTimer((\"~/menu\" 0) 7 100) ");
   EndScene();
@@ -85,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(OfAScene, Successor, testing::Values(Brings::Scene, Bri
 
 class EndOfScene : public EngineTest {};
 
-TEST_F(EndOfScene, leaves_the_interaction_of_an_application_of_the_same_name) {
+TEST_F(EndOfScene, does_not_end_the_interaction_of_an_application_of_the_same_name) {
   ServeApplication("{:EntryField 8 :Shared TRUE :OrigContent \"\" :OrigBoxSize 9 9}" +
                    LinkOnKey(1, 100, ":SetInteractionStatus(8 TRUE)", kShared));
   Serve("menu", SceneText("~/a", ""));

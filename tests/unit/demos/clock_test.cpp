@@ -1,4 +1,4 @@
-// The clock: every day of a year is written as it is, and what the viewer prefers outlives a
+// The clock demo: it shows every day of a year correctly, and the viewer's settings survive a
 // launch.
 #include <array>
 #include <ctime>
@@ -27,14 +27,14 @@ class Clock : public DemoTest {
   }
 };
 
-TEST_F(Clock, writes_the_time_the_weekday_and_the_date) {
+TEST_F(Clock, shows_the_time_the_weekday_and_the_date) {
   EXPECT_EQ(Says(kTime), "13:05:09");
   EXPECT_EQ(Says(kWeekday), "Thursday");
   EXPECT_EQ(Says(kDate), "29 February 2024");
   EXPECT_EQ(Find<Rectangle>(5, SceneName()).BoxSize.Width, 9 * 8);
 }
 
-TEST_F(Clock, goes_on_with_its_timer) {
+TEST_F(Clock, updates_on_each_tick_of_its_timer) {
   TheHost().localTime = {2024, 2, 29, 23, 59, 59};
   ASSERT_NO_FATAL_FAILURE(Ring(kTick));
   EXPECT_EQ(Says(kTime), "23:59:59");
@@ -46,7 +46,7 @@ TEST_F(Clock, goes_on_with_its_timer) {
   EXPECT_TRUE(IsPending(kTick));
 }
 
-TEST_F(Clock, writes_every_day_as_the_calendar_has_it) {
+TEST_F(Clock, shows_every_day_like_the_c_library) {
   for (int day = 1; day <= 731; ++day) {
     std::tm calendar{};
     calendar.tm_year = 2024 - 1900;
@@ -73,7 +73,7 @@ TEST_F(Clock, shows_twelve_hours_or_twenty_four) {
   EXPECT_EQ(Says(kTime), "13:05:09");
 }
 
-TEST_F(Clock, keeps_what_is_preferred_through_launches) {
+TEST_F(Clock, keeps_its_settings_through_launches) {
   EXPECT_EQ(Says(kColours), "Night");
   PressAll({kRed, kRed, kGreen, kYellow});
   ASSERT_EQ(NameOf(CurrentApplication()), "~/other");
@@ -90,7 +90,7 @@ TEST_F(Clock, keeps_what_is_preferred_through_launches) {
 
 class ClockAnyKeys : public AnyKeys {};
 
-TEST_F(ClockAnyKeys, put_nothing_out_of_step) {
+TEST_F(ClockAnyKeys, never_end_or_lock_the_demo) {
   TheHost().localTime = {2024, 12, 31, 0, 0, 0};
   PressAnyKeys("clock", 2000);
   EXPECT_EQ(Printed(), "");

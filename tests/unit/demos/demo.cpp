@@ -1,4 +1,4 @@
-// Serving and playing the demos of examples/.
+// Serves and plays the demos of examples/.
 #include "unit/demos/demo.h"
 
 #include <filesystem>
@@ -37,7 +37,7 @@ void DemoTest::ExpectWhole() {
   ASSERT_NE(CurrentApplication(), nullptr);
   ASSERT_NE(CurrentScene(), nullptr);
   EXPECT_EQ(CurrentApplication()->LockCount, 0U);
-  EXPECT_EQ(TheHost().pausedMs, 0U) << "a file was not there";
+  EXPECT_EQ(TheHost().pausedMs, 0U) << "a file was missing";
 }
 
 void DemoTest::PressAll(std::initializer_list<std::int32_t> keys) {

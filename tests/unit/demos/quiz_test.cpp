@@ -1,4 +1,4 @@
-// The quiz: every game can be won, lost and left, and no key at any time puts it out of step.
+// The quiz demo: every game can be won, lost and left, and no sequence of keys ends or locks it.
 #include <algorithm>
 
 #include "unit/demos/demo.h"
@@ -17,7 +17,7 @@ constexpr std::int32_t kToken = 30;
 constexpr std::int32_t kVerdict = 50;
 constexpr std::int32_t kRemark = 51;
 constexpr std::int32_t kCountdown = 1;  // a timer
-constexpr std::int32_t kLook = 2;       // another one
+constexpr std::int32_t kLook = 2;       // another timer
 
 constexpr std::int32_t kSubjects = 7;
 
@@ -30,7 +30,7 @@ class Quiz : public DemoTest {
 
   static std::int32_t RightAnswer() { return IntegerOf(kRightAnswer, SceneName()); }
 
-  // Answers one of the questions with four answers, which stand in two rows of two.
+  // Answers a question with four answers, which are laid out in two rows of two.
   void Answer(std::int32_t number) {
     PressAll({kUp, kLeft});
     if (number > 2) PressAll({kDown});
@@ -41,7 +41,7 @@ class Quiz : public DemoTest {
   void Type(std::int32_t year) {
     for (const char digit : std::to_string(year)) PressAll({kDigit0 + (digit - '0')});
   }
-  // From the first page to the first question of a subject.
+  // Goes from the first page to the first question of a subject.
   void Begin(std::int32_t subject) {
     ASSERT_EQ(SceneName(), "~/welcome");
     PressAll({kRed});
@@ -57,7 +57,7 @@ class Quiz : public DemoTest {
   }
 };
 
-TEST_F(Quiz, each_subject_is_won_by_right_answers) {
+TEST_F(Quiz, right_answers_win_each_subject) {
   for (std::int32_t subject = 1; subject <= kSubjects; ++subject) {
     SCOPED_TRACE(subject);
     Begin(subject);
@@ -82,7 +82,7 @@ TEST_F(Quiz, each_subject_is_won_by_right_answers) {
   }
 }
 
-TEST_F(Quiz, wrong_answers_win_nothing_and_are_told) {
+TEST_F(Quiz, wrong_answers_win_nothing_and_are_corrected) {
   Begin(3);
   Answer(RightAnswer() % 4 + 1);
   EXPECT_EQ(Says(kVerdict), "No, it is the green one.");
@@ -97,7 +97,7 @@ TEST_F(Quiz, wrong_answers_win_nothing_and_are_told) {
   EXPECT_EQ(Says(4), "0 of 3");
 }
 
-TEST_F(Quiz, a_question_without_an_answer_is_over_after_its_seconds) {
+TEST_F(Quiz, a_question_without_an_answer_ends_when_its_time_is_up) {
   Begin(1);
   for (std::int32_t left = IntegerOf(kSeconds); left > 0; --left) {
     EXPECT_EQ(Says(44), std::to_string(left));
@@ -117,7 +117,7 @@ TEST_F(Quiz, a_question_without_an_answer_is_over_after_its_seconds) {
   EXPECT_TRUE(IsPending(kCountdown)) << "the next question has its own time";
 }
 
-TEST_F(Quiz, a_year_without_an_answer_is_over_after_its_seconds) {
+TEST_F(Quiz, a_year_without_an_answer_ends_when_its_time_is_up) {
   Begin(1);
   PressAll({kSelect, kSelect, kSelect, kSelect, kDigit0 + 1});
   ASSERT_EQ(SceneName(), "~/year");
@@ -134,7 +134,7 @@ TEST_F(Quiz, a_year_without_an_answer_is_over_after_its_seconds) {
   EXPECT_EQ(SceneName(), "~/result");
 }
 
-TEST_F(Quiz, an_answer_or_leaving_stops_the_time) {
+TEST_F(Quiz, an_answer_or_leaving_stops_the_countdown) {
   Begin(1);
   EXPECT_TRUE(IsPending(kCountdown));
   Answer(1);
@@ -146,7 +146,7 @@ TEST_F(Quiz, an_answer_or_leaving_stops_the_time) {
   EXPECT_TRUE(TheHost().timers.empty());
 }
 
-TEST_F(Quiz, without_a_limit_no_time_runs) {
+TEST_F(Quiz, without_a_limit_there_is_no_countdown) {
   PressAll({kGreen});
   ASSERT_EQ(SceneName(), "~/time");
   for (std::int32_t steps = 0; steps < 10; ++steps) PressAll({kLeft});
@@ -192,7 +192,7 @@ TEST_F(Quiz, the_help_explains_each_anchor) {
   EXPECT_EQ(SceneName(), "~/welcome");
 }
 
-TEST_F(Quiz, a_scene_that_is_not_there_leaves_the_old_one_to_be_seen) {
+TEST_F(Quiz, a_missing_scene_keeps_the_old_one_visible) {
   TheHost().files.erase("help");
   EXPECT_NE(Press(kBlue), Status::Failure);
   EXPECT_EQ(SceneName(), "~/welcome");
@@ -201,7 +201,7 @@ TEST_F(Quiz, a_scene_that_is_not_there_leaves_the_old_one_to_be_seen) {
 
 class QuizAnyKeys : public AnyKeys {};
 
-TEST_F(QuizAnyKeys, put_nothing_out_of_step) {
+TEST_F(QuizAnyKeys, never_end_or_lock_the_demo) {
   PressAnyKeys("quiz", 6000);
   const auto& fetched = TheHost().fetched;
   for (const char* scene : {"welcome", "subject", "time", "help", "question", "year", "result"}) {

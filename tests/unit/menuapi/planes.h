@@ -10,7 +10,7 @@
 
 namespace menuapi::test {
 
-// The initial content of a buffer, and the content after the frame when it has been decoded.
+// Initial value of each byte of a buffer. The bytes after the frame must keep it.
 inline constexpr std::uint8_t kUntouched = 0xA5;
 
 // A frame in a buffer of the engine's size, which is larger than the frame if a side is odd.

@@ -12,7 +12,7 @@ class EntryFieldTest : public Stage {
   static std::string Shown(int number = 1) {
     return std::string(Object<Text>(number).TextData.View());
   }
-  // A running field in interaction, with its events logged.
+  // Starts a field and its interaction, and logs its events.
   void StartField(const std::string& attributes) {
     Start("{:EntryField 1 :OrigBoxSize 99 20 :OrigContent \"\" " + attributes + "}" +
           Watch(1, "InteractionCompleted", "done") + Watch(1, "EntryFieldFull", "full"));

@@ -16,7 +16,7 @@ bool IsDrawn(const CanvasPoint& point) {
   return std::abs(point.x) <= kFar && std::abs(point.y) <= kFar;
 }
 
-// Twice the area of the triangle a, b, c. Positive if it turns left.
+// Twice the area of the triangle a, b, c. Positive if a, b, c turn left.
 double Turn(const CanvasPoint& a, const CanvasPoint& b, const CanvasPoint& c) {
   return (static_cast<double>(b.x) - a.x) * (static_cast<double>(c.y) - a.y) -
          (static_cast<double>(b.y) - a.y) * (static_cast<double>(c.x) - a.x);

@@ -28,21 +28,21 @@ class Clock : public DemoTest {
 };
 
 TEST_F(Clock, shows_the_time_the_weekday_and_the_date) {
-  EXPECT_EQ(Says(kTime), "13:05:09");
-  EXPECT_EQ(Says(kWeekday), "Thursday");
-  EXPECT_EQ(Says(kDate), "29 February 2024");
+  EXPECT_EQ(TextOf(kTime), "13:05:09");
+  EXPECT_EQ(TextOf(kWeekday), "Thursday");
+  EXPECT_EQ(TextOf(kDate), "29 February 2024");
   EXPECT_EQ(Find<Rectangle>(5, SceneName()).BoxSize.Width, 9 * 8);
 }
 
 TEST_F(Clock, updates_on_each_tick_of_its_timer) {
   TheHost().localTime = {2024, 2, 29, 23, 59, 59};
-  ASSERT_NO_FATAL_FAILURE(Ring(kTick));
-  EXPECT_EQ(Says(kTime), "23:59:59");
+  ASSERT_NO_FATAL_FAILURE(ExpireTimer(kTick));
+  EXPECT_EQ(TextOf(kTime), "23:59:59");
   TheHost().localTime = {2024, 3, 1, 0, 0, 0};
-  ASSERT_NO_FATAL_FAILURE(Ring(kTick));
-  EXPECT_EQ(Says(kTime), "00:00:00");
-  EXPECT_EQ(Says(kWeekday), "Friday");
-  EXPECT_EQ(Says(kDate), "1 March 2024");
+  ASSERT_NO_FATAL_FAILURE(ExpireTimer(kTick));
+  EXPECT_EQ(TextOf(kTime), "00:00:00");
+  EXPECT_EQ(TextOf(kWeekday), "Friday");
+  EXPECT_EQ(TextOf(kDate), "1 March 2024");
   EXPECT_TRUE(IsPending(kTick));
 }
 
@@ -55,37 +55,37 @@ TEST_F(Clock, shows_every_day_like_the_c_library) {
     std::mktime(&calendar);
     TheHost().localTime = {
         calendar.tm_year + 1900, calendar.tm_mon + 1, calendar.tm_mday, 12, 0, 0};
-    ASSERT_NO_FATAL_FAILURE(Ring(kTick));
+    ASSERT_NO_FATAL_FAILURE(ExpireTimer(kTick));
     std::array<char, 40> expected{};
     std::strftime(expected.data(), expected.size(), "%B %Y", &calendar);
-    EXPECT_EQ(Says(kDate), std::to_string(calendar.tm_mday) + " " + expected.data());
+    EXPECT_EQ(TextOf(kDate), std::to_string(calendar.tm_mday) + " " + expected.data());
     std::strftime(expected.data(), expected.size(), "%A", &calendar);
-    EXPECT_EQ(Says(kWeekday), expected.data());
+    EXPECT_EQ(TextOf(kWeekday), expected.data());
   }
 }
 
 TEST_F(Clock, shows_twelve_hours_or_twenty_four) {
-  EXPECT_EQ(Says(kHours), "24 hours");
+  EXPECT_EQ(TextOf(kHours), "24 hours");
   PressAll({kGreen});
-  EXPECT_EQ(Says(kHours), "12 hours");
-  EXPECT_EQ(Says(kTime), "1:05:09 pm");
+  EXPECT_EQ(TextOf(kHours), "12 hours");
+  EXPECT_EQ(TextOf(kTime), "1:05:09 pm");
   PressAll({kGreen});
-  EXPECT_EQ(Says(kTime), "13:05:09");
+  EXPECT_EQ(TextOf(kTime), "13:05:09");
 }
 
 TEST_F(Clock, keeps_its_settings_through_launches) {
-  EXPECT_EQ(Says(kColours), "Night");
+  EXPECT_EQ(TextOf(kColours), "Night");
   PressAll({kRed, kRed, kGreen, kYellow});
   ASSERT_EQ(NameOf(CurrentApplication()), "~/other");
-  EXPECT_EQ(Says(5), "Wine");
-  EXPECT_EQ(Says(6), "12 hours");
+  EXPECT_EQ(TextOf(5), "Wine");
+  EXPECT_EQ(TextOf(6), "12 hours");
   EXPECT_TRUE(TheHost().timers.empty());
   PressAll({kYellow});
   ASSERT_EQ(NameOf(CurrentApplication()), "~/a");
-  EXPECT_EQ(Says(kColours), "Wine");
-  EXPECT_EQ(Says(kTime), "1:05:09 pm");
+  EXPECT_EQ(TextOf(kColours), "Wine");
+  EXPECT_EQ(TextOf(kTime), "1:05:09 pm");
   PressAll({kRed});
-  EXPECT_EQ(Says(kColours), "Night");
+  EXPECT_EQ(TextOf(kColours), "Night");
 }
 
 class ClockAnyKeys : public AnyKeys {};

@@ -19,13 +19,15 @@ class DemoTest : public EngineTest {
   // be missing.
   void PressAll(std::initializer_list<std::int32_t> keys);
   // Lets one pending timer expire, with the same checks.
-  void Ring(std::int32_t timer);
-  void ExpectWhole();
+  void ExpireTimer(std::int32_t timer);
+  void ExpectPlayable();
 
   [[nodiscard]] static std::string SceneName() { return NameOf(CurrentScene()); }
   // The text of a Text object of the running scene.
-  [[nodiscard]] static std::string Says(std::int32_t number) { return SaidBy(SceneName(), number); }
-  [[nodiscard]] static std::string SaidBy(const std::string& group, std::int32_t number) {
+  [[nodiscard]] static std::string TextOf(std::int32_t number) {
+    return TextIn(SceneName(), number);
+  }
+  [[nodiscard]] static std::string TextIn(const std::string& group, std::int32_t number) {
     return std::string(Find<Text>(number, group).TextData.View());
   }
   [[nodiscard]] static bool IsPending(std::uint32_t timer) {

@@ -12,7 +12,7 @@ using namespace keys;
 class OutOfMemoryInDemos : public DemoTest {
  protected:
   // Starts the demo and presses these keys. After each kSelect all pending timers expire.
-  void Live(const std::vector<std::int32_t>& pressed) {
+  void PlayDemo(const std::vector<std::int32_t>& pressed) {
     static_cast<void>(Start());
     for (const std::int32_t key : pressed) {
       static_cast<void>(Press(key));
@@ -27,7 +27,7 @@ class OutOfMemoryInDemos : public DemoTest {
 
   // Runs the demo once for every `step`th allocation, which fails.
   void FailEveryNth(std::size_t step, const std::vector<std::int32_t>& pressed) {
-    Live(pressed);  // allocates what the test itself keeps
+    PlayDemo(pressed);  // allocates what the test itself keeps
     const std::size_t blocks = LiveBlocks();
     const auto files = TheHost().files;
     std::size_t failing = 1;
@@ -35,7 +35,7 @@ class OutOfMemoryInDemos : public DemoTest {
       TheHost() = {};
       TheHost().files = files;
       FailAllocation(failing);
-      Live(pressed);
+      PlayDemo(pressed);
       ASSERT_EQ(LiveBlocks(), blocks) << "allocation " << failing;
       ASSERT_TRUE(TheHost().timers.empty()) << "allocation " << failing;
       static_cast<void>(Printed());

@@ -98,7 +98,7 @@ bool HasForm(std::string_view line, std::string_view form) {
   return !line.empty() && line.front() == form.front() && HasForm(line.substr(1), form.substr(1));
 }
 
-// How specific a form is: mainly by its letters, then by its numbers. Text counts nothing.
+// How specific a form is: mainly by its letters, then by its numbers. %s does not count.
 std::size_t Closeness(std::string_view form) {
   std::size_t closeness = 0;
   for (std::size_t i = 0; i < form.size(); ++i) {

@@ -26,7 +26,7 @@ constexpr std::string_view kTooDeep = "Event nesting too deep\n";
 constexpr std::string_view kTooMany = "Too many actions\n";
 
 // Tests a variable that is true, which raises a TestEvent.
-std::string Ask(int variable) {
+std::string TestTrue(int variable) {
   return ":TestVariable(" + std::to_string(variable) + " 1 :GBoolean TRUE) ";
 }
 std::string TrueVariable(int number) {
@@ -43,8 +43,8 @@ TEST_F(Limits, a_hundred_levels_of_nesting_are_allowed) {
 
 TEST_F(Limits, an_event_that_raises_itself_fails_with_one_message) {
   ServeApplication("{:IntegerVar 7 :OrigValue 0}" + TrueVariable(8) +
-                   LinkOnKey(1, 100, Ask(8) + Note("x")) +
-                   LinkOn(2, "8", "TestEvent", ":Add(7 1) " + Ask(8) + Note("x")) +
+                   LinkOnKey(1, 100, TestTrue(8) + Note("x")) +
+                   LinkOn(2, "8", "TestEvent", ":Add(7 1) " + TestTrue(8) + Note("x")) +
                    LinkOn(3, "8", "TestEvent", Note("x")) + LinkOnKey(4, 16, Note("k")));
   ASSERT_EQ(Start(), Status::Done);
   EXPECT_EQ(Press(100), Status::Failure);
@@ -56,8 +56,8 @@ TEST_F(Limits, an_event_that_raises_itself_fails_with_one_message) {
 }
 
 TEST_F(Limits, excessive_nesting_is_reported_once_per_piece_of_work) {
-  ServeApplication(TrueVariable(8) + LinkOnKey(1, 100, Ask(8)) +
-                   LinkOn(2, "8", "TestEvent", Ask(8)));
+  ServeApplication(TrueVariable(8) + LinkOnKey(1, 100, TestTrue(8)) +
+                   LinkOn(2, "8", "TestEvent", TestTrue(8)));
   ASSERT_EQ(Start(), Status::Done);
   for (int round = 0; round < 3; ++round) {
     EXPECT_EQ(Press(100), Status::Failure);
@@ -183,18 +183,18 @@ TEST_F(Limits, the_next_engine_has_a_new_count) {
 }
 
 TEST_F(Limits, links_that_multiply_fail_with_one_message) {
-  // Nine generations of five links each would run two million actions.
+  // Nine generations of five links each would run two million times without the limit.
   constexpr int kGenerations = 9;
   std::string items = "{:IntegerVar 7 :OrigValue 0}" + TrueVariable(11);
   for (int generation = 1; generation <= kGenerations; ++generation) {
     items += TrueVariable(11 + generation);
     for (int link = 0; link < 5; ++link) {
       items += LinkOn(100 * generation + link, std::to_string(10 + generation), "TestEvent",
-                      ":Add(7 1) " + Ask(11 + generation));
+                      ":Add(7 1) " + TestTrue(11 + generation));
     }
   }
-  ServeApplication(items + LinkOnKey(1, 100, Ask(11) + Note("x")) + LinkOnKey(2, 100, Note("x")) +
-                   LinkOnKey(3, 16, Note("k")));
+  ServeApplication(items + LinkOnKey(1, 100, TestTrue(11) + Note("x")) +
+                   LinkOnKey(2, 100, Note("x")) + LinkOnKey(3, 16, Note("k")));
   ASSERT_EQ(Start(), Status::Done);
   EXPECT_EQ(Press(100), Status::Failure);
   EXPECT_EQ(Printed(), kTooMany);

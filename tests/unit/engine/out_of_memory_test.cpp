@@ -36,7 +36,7 @@ class OutOfMemory : public EngineTest {
   }
 
   // Starts the engine, sends it keys and a timer expiry, and ends it.
-  void Live() {
+  void RunEngine() {
     static_cast<void>(Start());
     for (const std::int32_t key : {100, 101, 1}) static_cast<void>(Press(key));
     static_cast<void>(Expire(5));
@@ -46,11 +46,11 @@ class OutOfMemory : public EngineTest {
 };
 
 TEST_F(OutOfMemory, no_failed_allocation_crashes_or_leaks) {
-  Live();  // allocates what the test itself keeps
+  RunEngine();  // allocates what the test itself keeps
   const std::size_t blocks = LiveBlocks();
   static_cast<void>(Printed());
   TheHost().fetched.clear();
-  Live();
+  RunEngine();
   const auto undisturbed = TheHost().fetched;
   ASSERT_EQ(undisturbed, (std::vector<std::string>{"a", "menu", "missing", "next", "b", "b", "a"}));
   ASSERT_EQ(Printed(), "");
@@ -64,7 +64,7 @@ TEST_F(OutOfMemory, no_failed_allocation_crashes_or_leaks) {
     TheHost() = {};
     TheHost().files = files;
     FailAllocation(failing);
-    Live();
+    RunEngine();
     ASSERT_EQ(LiveBlocks(), blocks);
     EXPECT_TRUE(TheHost().timers.empty());
     std::istringstream lines(Printed());

@@ -8,20 +8,20 @@ namespace {
 
 using PlatformTimers = std::map<std::uint32_t, std::uint32_t>;
 
-enum class Brings { Scene, Application };
+enum class SuccessorKind { Scene, Application };
 
-class Successor : public EngineTest, public testing::WithParamInterface<Brings> {
+class Successor : public EngineTest, public testing::WithParamInterface<SuccessorKind> {
  protected:
   // Starts the scene "~/menu". When it ends, a link runs `effect` and then starts its successor,
   // which has the same name.
   void StartScene(std::string_view items, std::string_view successorItems,
                   std::string_view effect = "") {
-    const bool bringsScene = GetParam() == Brings::Scene;
-    const std::string brings = bringsScene ? TransitionAction("~/other") : LaunchAction("~/other");
+    const bool isScene = GetParam() == SuccessorKind::Scene;
+    const std::string startAction = isScene ? TransitionAction("~/other") : LaunchAction("~/other");
     ServeApplication(
-        LinkOn(1, Name("~/menu", 0), "IsDeleted", std::string(effect) + brings, kShared));
+        LinkOn(1, Name("~/menu", 0), "IsDeleted", std::string(effect) + startAction, kShared));
     ServeScene("menu", items, ":OnStartUp (:SetTimer(0 5 100) :SetTimer(0 6 100))");
-    Serve("other", GroupText(bringsScene ? "Scene" : "Application", "~/menu", successorItems,
+    Serve("other", GroupText(isScene ? "Scene" : "Application", "~/menu", successorItems,
                              ":OnStartUp (:SetTimer(0 5 700))"));
     ServeScene("next", "");
     StartWithScene("~/menu");
@@ -29,7 +29,7 @@ class Successor : public EngineTest, public testing::WithParamInterface<Brings> 
   void EndScene() {
     EXPECT_EQ(GoTo("~/next"), Status::Replaced);
     const Group* group = CurrentScene();
-    if (GetParam() == Brings::Application) group = CurrentApplication();
+    if (GetParam() == SuccessorKind::Application) group = CurrentApplication();
     ASSERT_EQ(NameOf(group), "~/menu");
     BeginWork();
   }
@@ -78,9 +78,10 @@ TEST_P(Successor, inherits_no_visibles_or_timers_that_the_link_adds_to_the_endin
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 700}}));
 }
 
-INSTANTIATE_TEST_SUITE_P(OfAScene, Successor, testing::Values(Brings::Scene, Brings::Application),
-                         [](const testing::TestParamInfo<Brings>& tested) {
-                           return tested.param == Brings::Scene ? "Scene" : "Application";
+INSTANTIATE_TEST_SUITE_P(OfAScene, Successor,
+                         testing::Values(SuccessorKind::Scene, SuccessorKind::Application),
+                         [](const testing::TestParamInfo<SuccessorKind>& tested) {
+                           return tested.param == SuccessorKind::Scene ? "Scene" : "Application";
                          });
 
 class EndOfScene : public EngineTest {};

@@ -113,7 +113,7 @@ TEST(ScanOrder, visits_every_position_once) {
   }
 }
 
-// Down and up in turn along each diagonal.
+// The order goes down and up alternate diagonals.
 TEST(ScanOrder, follows_the_diagonals) {
   std::size_t index = 0;
   for (int diagonal = 0; diagonal < 15; ++diagonal) {

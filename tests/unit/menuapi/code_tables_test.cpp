@@ -97,8 +97,8 @@ TEST(CoefficientCodes, reach_as_far_as_the_standard_lists_them) {
   EXPECT_FALSE(highest.contains(32));
 }
 
-// No code begins with twelve zeros, so that none looks like a start code; table one has nine more
-// unused numbers.
+// No code begins with twelve zeros, so none resembles a start code. Table one leaves nine times as
+// many numbers unused.
 TEST(CoefficientCodes, use_nearly_every_number) {
   EXPECT_EQ((1 << 16) - UsedNumbers(CoefficientTable::Zero), 1 << 4);
   EXPECT_EQ((1 << 16) - UsedNumbers(CoefficientTable::One), 9 << 4);
@@ -124,10 +124,11 @@ TEST(CoefficientCodes, are_read_back_row_by_row) {
 
 TEST(MacroblockCodes, have_as_many_values_and_gaps_as_the_standard_lists) {
   using Numbers = std::pair<std::size_t, int>;
-  // 33 increments and the escape. Of 11 bits, all from 24 on begin a code, and 8 is the escape.
+  // 33 increments and the escape. Of the 11-bit numbers, 24 and above begin an increment, and 8 is
+  // the escape.
   EXPECT_EQ(Extent(AddressIncrementCodes()), Numbers(34, 23 << 5));
   EXPECT_EQ(Extent(IntraTypeCodes()), Numbers(2, 1 << 14));
-  // Of 10 bits, all from 12 on begin a code.
+  // Of the 10-bit numbers, 12 and above begin a code.
   EXPECT_EQ(Extent(MotionCodes()), Numbers(17, 12 << 6));
   EXPECT_EQ(Extent(LumaDcSizeCodes()), Numbers(12, 0));
   EXPECT_EQ(Extent(ChromaDcSizeCodes()), Numbers(12, 0));

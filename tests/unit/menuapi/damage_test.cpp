@@ -143,7 +143,7 @@ TEST(Damage, of_a_block_ends_its_slice) {
   ExpectBroken("11", "100 000001 111110 000000000001 110 10");
 }
 
-// A full block is valid; the tests above depend on it.
+// Without the extra step of the last case above, the block is full and valid.
 TEST(Damage, does_not_occur_if_a_block_is_full) {
   const StreamWriter stream = WithMacroblock("1 01 00001", "100 000001 111110 000000000001 10");
   Planes planes(kSize);
@@ -166,7 +166,7 @@ TEST(Damage, by_a_missing_macroblock_ends_the_slice) {
 }
 
 // Macroblocks that a stream repeats are not decoded again, so repetition costs no time.
-TEST(Damage, by_repeated_rows_or_rows_below_the_picture_is_ignored) {
+TEST(Damage, by_repeated_rows_or_rows_below_the_picture_does_not_change_the_others) {
   StreamWriter stream({});
   stream.Headers();
   stream.FlatRow(0, 60);

@@ -13,7 +13,8 @@ namespace menuapi::test {
 // Initial value of each byte of a buffer. The bytes after the frame must keep it.
 inline constexpr std::uint8_t kUntouched = 0xA5;
 
-// A frame in a buffer of the engine's size, which is larger than the frame if a side is odd.
+// A frame in a buffer of the size that the engine allocates, which is larger than the frame if a
+// side is odd.
 class Planes {
  public:
   explicit Planes(FrameSize size)

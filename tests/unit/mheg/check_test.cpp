@@ -142,7 +142,7 @@ TEST(Check, a_visible_that_an_action_moves_may_begin_outside_the_scene) {
   EXPECT_EQ(CheckedIn(folder.Path(), folder.Path()), "");
 }
 
-// A link that waits for a timer of the scene.
+// A link on a timer of the scene.
 std::string TimerLink(int number, const std::string& data) {
   return "{:Link " + std::to_string(number) + " :EventSource 0 :EventType TimerFired " + data +
          " :LinkEffect ()}";

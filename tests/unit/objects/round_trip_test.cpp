@@ -80,7 +80,8 @@ TEST(Writer, extension_actions_cannot_be_written) {
   EXPECT_EQ(Encode(*group), "");
 }
 
-// The output of openssl for the bytes, or an empty string if openssl rejects them.
+// The output of openssl for the bytes. If openssl rejects them, the test fails and the result is
+// empty.
 std::string ParseWithOpenssl(const Bytes& bytes, const std::string& name) {
   const std::string path = testing::TempDir() + name + ".ber";
   std::ofstream(path, std::ios::binary) << bytes;

@@ -57,7 +57,7 @@ TEST_F(LifecycleTest, a_group_starts_its_initially_active_items_in_order) {
   EXPECT_EQ(Stack(), "2 1");
 }
 
-TEST_F(LifecycleTest, a_scene_that_ends_while_its_items_start_starts_no_more_of_them) {
+TEST_F(LifecycleTest, a_scene_that_ends_while_its_items_start_starts_no_further_items) {
   AddScene("t", "");
   AddScene("s", R"({:Rectangle 1 :OrigBoxSize 9 9}
     {:Link 2 :EventSource 1 :EventType IsRunning :LinkEffect (:TransitionTo(("~/t" 0)))}

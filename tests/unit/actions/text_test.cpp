@@ -27,7 +27,7 @@ TEST_F(TextTest, included_content_is_shown_immediately) {
   EXPECT_EQ(ThePresentation().redraws, stopped) << "a text that does not run is not drawn";
 }
 
-TEST_F(TextTest, referenced_content_is_fetched_and_a_failure_leaves_the_old_text) {
+TEST_F(TextTest, referenced_content_is_fetched_and_a_failure_keeps_the_old_text) {
   TheHost().files["t"] = "fetched";
   Start(std::string(kText) + "{:ContentRefVar 4 :OrigValue :ContentRef \"~/t\"}" +
         Watch(0, "EngineEvent", "error", "3"));

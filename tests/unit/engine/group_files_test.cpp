@@ -196,7 +196,7 @@ TEST_F(GroupFiles, launching_another_name_sets_the_directories_between_its_slash
   EXPECT_EQ(DirectoryAfterLaunch("/up/app", "dir/up/app"), "up/");
 }
 
-TEST_F(GroupFiles, launching_a_name_without_a_directory_leaves_the_current_one) {
+TEST_F(GroupFiles, launching_a_name_without_a_directory_keeps_the_current_one) {
   StartInDirectoryD();
   EXPECT_EQ(DirectoryAfterLaunch("~/app", "d/app"), "d/");
   EXPECT_EQ(DirectoryAfterLaunch("app", "d/app"), "d/");
@@ -209,12 +209,12 @@ TEST_F(GroupFiles, spawning_sets_the_directory_from_the_third_character_without_
   EXPECT_EQ(DirectoryAfterSpawn("DSM://f/app", "f/app"), "M://f");
 }
 
-TEST_F(GroupFiles, spawning_a_name_without_a_directory_leaves_the_current_one) {
+TEST_F(GroupFiles, spawning_a_name_without_a_directory_keeps_the_current_one) {
   StartInDirectoryD();
   EXPECT_EQ(DirectoryAfterSpawn("~/app", "d/app"), "d/");
 }
 
-TEST_F(GroupFiles, a_refused_launch_or_spawn_leaves_the_current_directory) {
+TEST_F(GroupFiles, a_refused_launch_or_spawn_keeps_the_current_directory) {
   StartInDirectoryD();
   EXPECT_EQ(Do([] { return Launch("DSM://dir/missing"); }), Status::Refused);
   EXPECT_EQ(PathOf("~/x"), "d/x");
@@ -222,7 +222,7 @@ TEST_F(GroupFiles, a_refused_launch_or_spawn_leaves_the_current_directory) {
   EXPECT_EQ(PathOf("~/x"), "d/x");
 }
 
-TEST_F(GroupFiles, a_transition_leaves_the_current_directory) {
+TEST_F(GroupFiles, a_transition_keeps_the_current_directory) {
   StartAtTheTop();
   Serve("dir/menu", SceneText("~/menu", ""));
   EXPECT_EQ(GoTo("DSM://dir/menu"), Status::Done);

@@ -210,7 +210,7 @@ TEST_F(TimerActions, a_set_timer_action_sets_and_without_a_value_cancels) {
   EXPECT_EQ(Expire(5), Status::Refused);
 }
 
-TEST_F(TimerActions, a_set_timer_action_takes_an_absolute_flag) {
+TEST_F(TimerActions, a_set_timer_action_accepts_an_absolute_flag) {
   EXPECT_EQ(Press(101), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 3000}}));
   EXPECT_EQ(Press(102), Status::Done);

@@ -102,7 +102,7 @@ TEST(Damage, of_random_bytes) {
   }
 }
 
-TEST(Damage, of_one_slice_leaves_the_others_as_they_are) {
+TEST(Damage, of_one_slice_does_not_affect_the_others) {
   const Bytes stream = NoisyStream("-qscale:v 4");
   Planes whole({64, 48});
   ASSERT_EQ(whole.Decode(stream), Result::Done);

@@ -1,5 +1,5 @@
-// Long runs: the progress line on a terminal, and files processed in parallel. Reading a file that
-// is a pipe takes until the test has written it.
+// Long runs: the progress line on a terminal, and files processed in parallel. A file that is a
+// pipe blocks its reader until the test has written it.
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>

@@ -180,7 +180,7 @@ TEST(DecodeParameters, each_may_be_indirect) {
   EXPECT_EQ(Parameters(Action::SetVariable, Indirect(5)), "V5");
 }
 
-TEST(DecodeParameters, missing_ones_leave_the_list_shorter) {
+TEST(DecodeParameters, missing_parameters_shorten_the_list) {
   EXPECT_EQ(Parameters(Action::Add, ""), "");
   EXPECT_EQ(Parameters(Action::SetPosition, Integer(1)), "I1");
   EXPECT_EQ(Parameters(Action::SetTimer, Integer(1)), "I1");

@@ -104,7 +104,7 @@ TEST(RandomGroups, every_action_has_direct_and_indirect_values_at_every_place) {
   }
 }
 
-TEST(RandomGroups, actions_with_values_have_them_all_or_leave_some_out) {
+TEST(RandomGroups, actions_occur_with_all_and_with_missing_parameters) {
   for (int number = 1; number <= kDecodedActionCount; ++number) {
     const ActionRow& row = *FindAction(static_cast<std::uint8_t>(number));
     if (row.parameterCount == 0) continue;

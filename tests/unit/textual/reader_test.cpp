@@ -216,7 +216,7 @@ TEST(TextReader, a_stream_has_components_and_no_items) {
             TextResult::Refused);
 }
 
-TEST(TextReader, words_of_enumerations_count_from_one) {
+TEST(TextReader, enumeration_words_are_numbered_from_1) {
   const Reading reading = ReadItems(
       "{:EntryField 1 :OrigBoxSize 1 1 :StartCorner lower-right :LineOrientation Vertical "
       ":VJustification JUSTIFIED :InputType listed}");

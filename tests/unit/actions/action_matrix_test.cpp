@@ -1,6 +1,6 @@
-// Which classes accept which action. The reviewed copy action_matrix.txt says it; the table of
-// actions has to agree, and every action has to act on every object of an accepted class and on no
-// other.
+// Checks which classes each action accepts. action_matrix.txt is the reviewed reference: the action
+// table must match it, and every action must take effect on every object of an accepted class and
+// on no other.
 #include <fstream>
 #include <map>
 #include <set>
@@ -84,8 +84,8 @@ TEST(ActionMatrix, the_table_of_actions_agrees_with_the_reviewed_copy) {
   EXPECT_EQ(printed, ReviewedCopy());
 }
 
-// How an action is tried: what comes first, and the action itself, "$" standing for the target.
-// Objects have the number of their class.
+// One call of an action: `setup` runs first, then `text`. "$" is replaced by the target. Objects
+// are numbered by their class.
 struct Trial {
   Action action;
   std::string text;
@@ -206,18 +206,18 @@ const std::vector<Trial> kTrials = {
     {Action::UnlockScreen, ":UnlockScreen($)", ":LockScreen($)"},
 };
 
-// Accepted by streams, evaluated, and then ignored.
+// Streams accept these actions, evaluate their parameters and ignore them.
 const std::vector<Trial> kIgnoredTrials = {
     {Action::SetCounterEndPosition, ":SetCounterEndPosition($ 5)", ""},
     {Action::SetCounterPosition, ":SetCounterPosition($ 5)", ""},
     {Action::SetSpeed, ":SetSpeed($ 5 6)", ""},
 };
 
-// These replace the running groups; run_actions_test.cpp tries them.
+// These replace the running groups. run_actions_test.cpp tests them.
 const std::set<Action> kReplacements = {Action::Launch, Action::Quit, Action::Spawn,
                                         Action::TransitionTo};
 
-// Actions from this number on have no keyword; one test tries them all.
+// Actions from this number on have no keyword. One test covers them all.
 constexpr unsigned kFirstExtension = 111;
 
 TEST(ActionMatrix, every_action_has_a_trial) {
@@ -272,7 +272,7 @@ class ActionMatrixTest : public Stage {
     Start(kObjects + links);
     AddScene("s", "");
     static_cast<void>(Run(R"(:TransitionTo(("~/s" 0)))"));
-    // The transition has stopped what the application does not share.
+    // The transition has stopped the application's unshared objects.
     for (const Item& item : CurrentApplication()->Items) {
       const bool isTokenGroup = item.Type() == ItemType::TokenGroup;
       if (item.Type() == ItemType::ListGroup || isTokenGroup || item.Type() == ItemType::Link) {
@@ -295,7 +295,7 @@ class ActionMatrixTest : public Stage {
     return text;
   }
 
-  // What the action changes, as lines of text; empty when it does nothing.
+  // The lines that the action changes in `RunningGroupValues`. Empty if it changes nothing.
   std::string Changes(const std::string& setup, const std::string& text, bool isAvailable) {
     StartObjects();
     if (!isAvailable) {
@@ -311,8 +311,8 @@ class ActionMatrixTest : public Stage {
   }
 };
 
-// The display stack is built anew with the same entries. That is no change, whatever their
-// addresses.
+// BringToFront rebuilds the display stack with the same entries. That is no change, even if they
+// move to other addresses.
 TEST_F(ActionMatrixTest, bringing_the_front_object_to_the_front_changes_nothing) {
   EXPECT_EQ(Changes(":BringToFront(13)", ":BringToFront(13)", true), "");
 }
@@ -332,7 +332,7 @@ TEST_F(ActionMatrixTest, actions_act_on_accepted_classes_and_on_no_others) {
   }
 }
 
-TEST_F(ActionMatrixTest, three_actions_do_nothing_on_any_class) {
+TEST_F(ActionMatrixTest, counter_position_and_speed_actions_change_nothing_on_any_class) {
   for (const Trial& trial : kIgnoredTrials) {
     for (const auto& [code, className] : kClasses) {
       EXPECT_EQ(Changes("", Named(trial.text, code), true), "")
@@ -360,7 +360,7 @@ TEST_F(ActionMatrixTest, extensions_act_on_accepted_classes_and_on_no_others) {
     const auto action = static_cast<Action>(number);
     const std::string name = FindAction(static_cast<std::uint8_t>(number))->name;
     for (const auto& [code, className] : kClasses) {
-      if (code <= 2) continue;  // a bare number names no group
+      if (code <= 2) continue;  // a number alone never refers to a group
       StartObjects();
       const std::string before = RunningGroupValues();
       EXPECT_EQ(RunOne(action, static_cast<int>(code), parametersOf(action)), Status::Done);

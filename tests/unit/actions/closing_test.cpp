@@ -1,5 +1,5 @@
-// What content has made long does not keep a close waiting: every walk along it ends once the time
-// that a pending close leaves is over, and says so. The engine can go on afterwards.
+// Loops whose length content decides must not delay a close. Each stops once the time allowed for a
+// pending close has passed, and reports it. The engine remains usable afterwards.
 #include <functional>
 #include <ostream>
 
@@ -9,7 +9,8 @@
 namespace korvel::test {
 namespace {
 
-// More steps than a close leaves time for, at a millisecond for each question.
+// Too many steps for the time that a close allows, if each reading of the clock takes a
+// millisecond.
 constexpr int kSteps = 600;
 
 std::string Repeated(const std::function<std::string(int)>& piece, int count = kSteps) {
@@ -23,20 +24,20 @@ void RequestClose() {
   TheHost().millisecondsPerReading = 1;
 }
 
-// A close is never taken back. The account that it opened ends with the engine; here the engine
-// goes on instead, to show that the walk has left everything in order.
-void TakeCloseBack() {
+// The engine never cancels a close, and keeps the time when it noticed one until it ends. Clearing
+// both lets the engine continue, to show that the interrupted loop left everything in order.
+void CancelClose() {
   TheHost().isClosing = false;
   TheHost().millisecondsPerReading = 0;
   TheCore().closeNoticedAt.reset();
   BeginWork();
 }
 
-// ---- Walks that one action makes ----
+// ---- Loops within one action ----
 
 struct Walk {
   const char* name;
-  std::string items;  // before all others, so that the action finds its target at once
+  std::string items;  // come first, so that the action finds its target immediately
   std::string before;
   std::string action;
 };
@@ -48,7 +49,7 @@ std::string ListGroupText(const std::string& members, const std::string& positio
   return "{:ListGroup 10 " + attributes + " :TokenGroupItems (" + members + ") :Positions (" +
          positions + ")}";
 }
-// References to objects that there need not be.
+// References to `count` objects, which need not exist.
 std::string Members(int count) {
   return Repeated([](int number) { return "(" + std::to_string(2000 + number) + ")"; }, count);
 }
@@ -101,13 +102,13 @@ TEST_P(ClosingWalk, ends_when_the_time_is_over) {
   }
   RequestClose();
   EXPECT_EQ(Run(walk.action), Status::Failure);
-  TakeCloseBack();
+  CancelClose();
   EXPECT_EQ(Run(":Add(1 1)"), Status::Done);
   EXPECT_EQ(Integer(1), 2);
   testing::internal::GetCapturedStdout();
 }
 
-TEST_P(ClosingWalk, is_not_disturbed_without_a_close) {
+TEST_P(ClosingWalk, completes_without_a_close) {
   const Walk& walk = GetParam();
   testing::internal::CaptureStdout();
   Start(walk.items);
@@ -120,11 +121,11 @@ INSTANTIATE_TEST_SUITE_P(Along, ClosingWalk, testing::ValuesIn(kWalks),
                            return tested.param.name;
                          });
 
-// ---- Walks of the engine ----
+// ---- Loops of the engine ----
 
 class Closing : public Stage {};
 
-TEST_F(Closing, ends_the_start_of_items) {
+TEST_F(Closing, stops_starting_items) {
   ThePresentation().onRedraw = [] {
     RequestClose();
     return Status::Done;
@@ -134,12 +135,12 @@ TEST_F(Closing, ends_the_start_of_items) {
                }) + ")}");
   EXPECT_EQ(StartEngine(""), Status::Failure);
   ThePresentation().onRedraw = nullptr;
-  TakeCloseBack();
+  CancelClose();
   EXPECT_TRUE(IsRunning(1));
   EXPECT_FALSE(IsRunning(kSteps));
 }
 
-TEST_F(Closing, ends_the_entering_of_links) {
+TEST_F(Closing, stops_starting_links) {
   ThePresentation().onRedraw = [] {
     RequestClose();
     return Status::Done;
@@ -152,21 +153,21 @@ TEST_F(Closing, ends_the_entering_of_links) {
                    ")}");
   EXPECT_EQ(StartEngine(""), Status::Failure);
   ThePresentation().onRedraw = nullptr;
-  TakeCloseBack();
+  CancelClose();
   EXPECT_TRUE(IsRunning(1));
   EXPECT_FALSE(IsRunning(kSteps));
 }
 
-TEST_F(Closing, ends_the_search_for_an_object) {
+TEST_F(Closing, stops_searching_for_an_object) {
   Start(Repeated(
       [](int number) { return "{:IntegerVar " + std::to_string(number) + " :OrigValue 0}"; }));
   RequestClose();
   EXPECT_FALSE(static_cast<bool>(FindObject(Scope::ApplicationFirst, "~/a", kSteps)));
-  TakeCloseBack();
+  CancelClose();
   EXPECT_TRUE(static_cast<bool>(FindObject(Scope::ApplicationFirst, "~/a", kSteps)));
 }
 
-TEST_F(Closing, ends_the_search_for_links) {
+TEST_F(Closing, stops_searching_for_links) {
   Start(Repeated([](int number) {
           return "{:Link " + std::to_string(1000 + number) +
                  " :EventSource 77 :EventType UserInput :LinkEffect (:Add(1 1))}";
@@ -176,13 +177,13 @@ TEST_F(Closing, ends_the_search_for_links) {
   RequestClose();
   EXPECT_EQ(RaiseEvent("~/a", 1, EventType::UserInput, {}), Status::Done);
   EXPECT_NE(CurrentApplication(), nullptr);
-  TakeCloseBack();
+  CancelClose();
   EXPECT_EQ(RaiseEvent("~/a", 1, EventType::UserInput, {}), Status::Failure);
   EXPECT_EQ(CurrentApplication(), nullptr);
 }
 
-// The window takes its timers with it.
-TEST_F(Closing, leaves_the_last_of_many_timers_to_the_window) {
+// Destroying the window also ends its timers, so a close may skip them.
+TEST_F(Closing, skips_killing_timers_when_the_time_is_over) {
   Start(kVariables);
   EXPECT_EQ(
       Run(Repeated([](int number) { return ":SetTimer(0 " + std::to_string(number) + " 1000)"; })),
@@ -190,11 +191,11 @@ TEST_F(Closing, leaves_the_last_of_many_timers_to_the_window) {
   RequestClose();
   CloseDown();
   EXPECT_LT(TheHost().killedTimers.size(), static_cast<std::size_t>(kSteps));
-  TakeCloseBack();
+  CancelClose();
   Start(kVariables);
 }
 
-TEST_F(Closing, ends_a_search_in_a_text) {
+TEST_F(Closing, stops_searching_a_text) {
   const std::string text = std::string(kSteps, 'a') + "b";
   Start("{:ResidentPrg 1 :Name \"SSS\"} {:IntegerVar 3 :OrigValue 0}" + kVariables +
         "{:OStringVar 4 :OrigValue \"" + text + "\"}");
@@ -202,7 +203,7 @@ TEST_F(Closing, ends_a_search_in_a_text) {
                              " :GOctetString \"ab\" :GInteger :IndirectRef 3)";
   RequestClose();
   static_cast<void>(Run(search));
-  TakeCloseBack();
+  CancelClose();
   EXPECT_NE(Integer(3), kSteps);
   EXPECT_EQ(Run(search), Status::Done);
   EXPECT_EQ(Integer(3), kSteps);

@@ -1,4 +1,5 @@
-// Entry fields: the entry point, the overwrite mode, and what the keys of the viewer enter.
+// Entry fields: the entry point, the overwrite mode, and the characters that the viewer's keys
+// enter.
 #include "actions/behaviours.h"
 #include "stage.h"
 #include "substitutes/memory.h"
@@ -11,7 +12,7 @@ class EntryFieldTest : public Stage {
   static std::string Shown(int number = 1) {
     return std::string(Object<Text>(number).TextData.View());
   }
-  // A running field in interaction, with its events logged.
+  // Starts a field and its interaction, and logs its events.
   void StartField(const std::string& attributes) {
     Start("{:EntryField 1 :OrigBoxSize 99 20 :OrigContent \"\" " + attributes + "}" +
           Watch(1, "InteractionCompleted", "done") + Watch(1, "EntryFieldFull", "full"));
@@ -35,7 +36,7 @@ TEST_F(EntryFieldTest, the_entry_point_is_set_without_an_upper_bound) {
   EXPECT_TRUE(Boolean(3));
 }
 
-TEST_F(EntryFieldTest, inserting_into_a_field_of_four_takes_three_characters) {
+TEST_F(EntryFieldTest, inserting_into_a_field_of_length_4_accepts_3_characters) {
   StartField(":MaxLength 4");
   Enter("abcd");
   EXPECT_EQ(Shown(), "abc");
@@ -43,7 +44,7 @@ TEST_F(EntryFieldTest, inserting_into_a_field_of_four_takes_three_characters) {
   EXPECT_EQ(TakeLog(), "full");
 }
 
-TEST_F(EntryFieldTest, overwriting_a_field_of_four_takes_four_characters) {
+TEST_F(EntryFieldTest, overwriting_a_field_of_length_4_accepts_4_characters) {
   StartField(":MaxLength 4");
   EXPECT_EQ(Run(":SetOverwriteMode(1 TRUE)"), Status::Done);
   Enter("abcde");
@@ -73,7 +74,7 @@ TEST_F(EntryFieldTest, characters_are_inserted_at_the_entry_point) {
   EXPECT_EQ(EntryPoint(), 2);
 }
 
-TEST_F(EntryFieldTest, an_entry_point_far_behind_the_text_is_its_end_when_inserting) {
+TEST_F(EntryFieldTest, inserting_past_the_end_of_the_text_appends) {
   StartField("");
   Enter("ab");
   EXPECT_EQ(Run(":SetEntryPoint(1 1000)"), Status::Done);
@@ -93,7 +94,7 @@ TEST_F(EntryFieldTest, overwriting_replaces_within_and_adds_at_the_end) {
   EXPECT_EQ(Shown(), "abxyz");
 }
 
-TEST_F(EntryFieldTest, overwriting_a_limited_field_behind_its_text_fills_the_gap_with_zeros) {
+TEST_F(EntryFieldTest, overwriting_past_the_text_of_a_limited_field_fills_the_gap_with_zeros) {
   StartField(":MaxLength 9");
   EXPECT_EQ(Run(":SetOverwriteMode(1 TRUE) :SetEntryPoint(1 3)"), Status::Done);
   Enter("x");
@@ -153,7 +154,7 @@ TEST_F(EntryFieldTest, select_and_cancel_end_a_limited_field_without_a_character
   EXPECT_EQ(TakeLog(), "done");
 }
 
-TEST_F(EntryFieldTest, the_input_type_says_which_digits_are_taken) {
+TEST_F(EntryFieldTest, the_input_type_decides_which_digits_are_accepted) {
   StartWithScene("", "{:EntryField 1 :OrigContent \"\" :OrigBoxSize 9 9 :InputType alpha}"
                      "{:EntryField 2 :OrigContent \"\" :OrigBoxSize 9 9 :InputType listed"
                      " :CharList \"13\"}");

@@ -1,5 +1,5 @@
-// Attributes are printed as the text of the group. The class tables do not describe run-time
-// values, so these are listed here, class by class.
+// Attributes are printed in the textual notation. The class tables do not describe run-time values,
+// so they are listed here, class by class.
 #include "group_values.h"
 
 #include <algorithm>
@@ -124,7 +124,7 @@ class ValueLines {
     }
   }
 
-  // The object whose values are added from here on.
+  // Sets the object that the following values belong to.
   void Name(const ObjectReference& reference) {
     object_ = std::string(reference.GroupIdentifier.View()) + " ";
     object_ += std::to_string(reference.Number) + " ";

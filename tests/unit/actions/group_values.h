@@ -1,6 +1,6 @@
-// What the running groups hold, as lines of text. Two of them are compared to see what an action
-// has done. Values are compared, never addresses: a list that is rebuilt with the same entries is
-// the same, wherever the allocator puts it.
+// The values of the running groups as lines of text. Tests compare two of these texts to see what
+// an action changed. They contain values, never addresses: a list rebuilt with the same entries
+// prints the same.
 #pragma once
 
 #include <string>
@@ -8,10 +8,10 @@
 namespace korvel::test {
 
 // The attributes and run-time values of the running application and scene and of their objects, the
-// display stack, the pending timers and what was drawn on canvases, each on a line.
+// display stack, the pending timers and the drawings on canvases, one a line.
 std::string RunningGroupValues();
 
-// The lines that only one of two such texts has. Empty when both hold the same.
+// The lines that only one of the two texts contains. Empty if the texts are equal.
 std::string Difference(const std::string& one, const std::string& other);
 
 }  // namespace korvel::test

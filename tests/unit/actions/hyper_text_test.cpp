@@ -26,7 +26,7 @@ TEST_F(HyperTextTest, keys_move_among_anchors_and_fire_them) {
   EXPECT_EQ(TakeLog(), "fired fired fired done");
 }
 
-TEST_F(HyperTextTest, new_data_forgets_the_chosen_anchor) {
+TEST_F(HyperTextTest, new_data_resets_the_selected_anchor) {
   Start(std::string(kHyperText) + Watch(1, "AnchorFired", "fired"));
   EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)"), Status::Done);
   EXPECT_EQ(Press(2), Status::Done);
@@ -40,7 +40,7 @@ TEST_F(HyperTextTest, new_data_forgets_the_chosen_anchor) {
   EXPECT_EQ(TakeLog(), "fired fired");
 }
 
-TEST_F(HyperTextTest, new_data_of_another_hyper_text_leaves_the_choice) {
+TEST_F(HyperTextTest, new_data_of_another_hyper_text_keeps_the_selected_anchor) {
   Start(std::string(kHyperText) + "{:HyperText 4 :OrigBoxSize 9 9 :OrigContent \"\"}");
   EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)"), Status::Done);
   EXPECT_EQ(Press(2), Status::Done);
@@ -49,7 +49,7 @@ TEST_F(HyperTextTest, new_data_of_another_hyper_text_leaves_the_choice) {
   EXPECT_EQ(Object<HyperText>(1).LastAnchorFired.View(), "two");
 }
 
-TEST_F(HyperTextTest, a_cut_off_anchor_is_none) {
+TEST_F(HyperTextTest, a_truncated_anchor_is_ignored) {
   Start("{:HyperText 1 :OrigBoxSize 9 9 :OrigContent 'x=1BA=09ab'}" +
         Watch(1, "AnchorFired", "fired"));
   EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)"), Status::Done);
@@ -57,7 +57,7 @@ TEST_F(HyperTextTest, a_cut_off_anchor_is_none) {
   EXPECT_EQ(TakeLog(), "");
 }
 
-TEST_F(HyperTextTest, an_anchor_is_not_asked_of_a_hyper_text_that_is_not_available) {
+TEST_F(HyperTextTest, an_unavailable_hyper_text_does_not_report_its_last_anchor) {
   Start("{:HyperText 1 :InitiallyActive FALSE :OrigContent \"\" :OrigBoxSize 9 9}"
         "{:OStringVar 2 :OrigValue \"kept\"}");
   EXPECT_EQ(Run(":GetLastAnchorFired(1 2)"), Status::Done);

@@ -1,4 +1,4 @@
-// Highlight and interaction, and where keys go while an interaction is in progress.
+// Highlighting and interaction, and which object receives keys during an interaction.
 #include "stage.h"
 
 namespace korvel::test {
@@ -9,7 +9,7 @@ using InteractionTest = Stage;
 constexpr char kTwoFields[] = "{:EntryField 1 :OrigContent \"\" :OrigBoxSize 9 9}"
                               "{:EntryField 2 :OrigContent \"\" :OrigBoxSize 9 9}"
                               "{:BooleanVar 3 :OrigValue FALSE} {:BooleanVar 4 :OrigValue TRUE}";
-TEST_F(InteractionTest, the_highlight_is_told_when_it_changes) {
+TEST_F(InteractionTest, only_a_change_of_the_highlight_raises_an_event) {
   Start(std::string(kTwoFields) + Watch(1, "HighlightOn", "on") + Watch(1, "HighlightOff", "off"));
   EXPECT_EQ(Run(":SetHighlightStatus(1 FALSE) :SetHighlightStatus(1 TRUE)"
                 ":SetHighlightStatus(1 TRUE) :GetHighlightStatus(1 3)"),
@@ -20,7 +20,7 @@ TEST_F(InteractionTest, the_highlight_is_told_when_it_changes) {
   EXPECT_EQ(TakeLog(), "off");
 }
 
-TEST_F(InteractionTest, one_interaction_is_in_progress_at_a_time) {
+TEST_F(InteractionTest, only_one_interaction_is_in_progress_at_a_time) {
   Start(kTwoFields);
   EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE) :SetInteractionStatus(2 TRUE)"
                 ":SetInteractionStatus(1 FALSE) :GetInteractionStatus(1 3)"
@@ -59,7 +59,7 @@ TEST_F(InteractionTest, a_key_that_the_interaction_uses_raises_no_user_input) {
   EXPECT_EQ(Press(1), Status::Done);
   EXPECT_EQ(keys(), "key ") << "the field does not use Up";
   EXPECT_EQ(Press(16), Status::Done);
-  EXPECT_EQ(keys(), "key engine ") << "Cancel gives its engine event first";
+  EXPECT_EQ(keys(), "key engine ") << "Cancel raises its engine event first";
 }
 
 TEST_F(InteractionTest, an_interaction_ends_with_its_scene) {

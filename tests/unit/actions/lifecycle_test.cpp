@@ -1,5 +1,5 @@
-// Ingredients coming to life and going, by class: what becomes of their run-time values, which
-// events tell of it, and what stands in the display stack.
+// Ingredients being prepared, run and stopped, by class: their run-time values, the events raised,
+// and the display stack.
 #include <algorithm>
 
 #include "stage.h"
@@ -14,7 +14,7 @@ std::string AsleepText(int number) {
          " :InitiallyActive FALSE :OrigContent \"text\" :OrigBoxSize 10 20 :OrigPosition 3 4}";
 }
 
-TEST_F(LifecycleTest, running_what_is_not_prepared_prepares_it_and_tells_that_it_runs) {
+TEST_F(LifecycleTest, running_an_unprepared_object_prepares_it_and_raises_only_is_running) {
   Start(AsleepText(1) + Watch(1, "IsRunning", "running") + Watch(1, "IsAvailable", "available") +
         Watch(1, "ContentAvailable", "content"));
   EXPECT_EQ(Run(":Run(1)"), Status::Done);
@@ -27,14 +27,14 @@ TEST_F(LifecycleTest, running_what_is_not_prepared_prepares_it_and_tells_that_it
   EXPECT_EQ(Stack(), "1");
 }
 
-TEST_F(LifecycleTest, running_and_stopping_twice_tell_once) {
+TEST_F(LifecycleTest, running_or_stopping_twice_raises_one_event) {
   Start(AsleepText(1) + Watch(1, "IsRunning", "running") + Watch(1, "IsStopped", "stopped"));
   EXPECT_EQ(Run(":Stop(1) :Run(1) :Run(1) :Stop(1) :Stop(1)"), Status::Done);
   EXPECT_EQ(TakeLog(), "running stopped");
   EXPECT_EQ(Stack(), "");
 }
 
-TEST_F(LifecycleTest, preloading_makes_available_and_tells_it_once) {
+TEST_F(LifecycleTest, preloading_twice_raises_its_events_once) {
   Start(AsleepText(1) + Watch(1, "IsAvailable", "available") +
         Watch(1, "ContentAvailable", "content") + Watch(1, "IsRunning", "running"));
   EXPECT_EQ(Run(":Preload(1) :Preload(1)"), Status::Done);
@@ -57,7 +57,7 @@ TEST_F(LifecycleTest, a_group_starts_its_initially_active_items_in_order) {
   EXPECT_EQ(Stack(), "2 1");
 }
 
-TEST_F(LifecycleTest, a_scene_that_ends_while_its_items_start_starts_no_more_of_them) {
+TEST_F(LifecycleTest, a_scene_that_ends_while_its_items_start_starts_no_further_items) {
   AddScene("t", "");
   AddScene("s", R"({:Rectangle 1 :OrigBoxSize 9 9}
     {:Link 2 :EventSource 1 :EventType IsRunning :LinkEffect (:TransitionTo(("~/t" 0)))}
@@ -66,7 +66,7 @@ TEST_F(LifecycleTest, a_scene_that_ends_while_its_items_start_starts_no_more_of_
   EXPECT_EQ(Run(R"(:TransitionTo(("~/s" 0)))"), Status::Replaced);
   EXPECT_EQ(CurrentScene()->Reference.GroupIdentifier.View(), "~/t");
   EXPECT_EQ(Stack(), "");
-  EXPECT_EQ(std::ranges::count(TheHost().fetched, "x"), 0) << "nothing is read for it either";
+  EXPECT_EQ(std::ranges::count(TheHost().fetched, "x"), 0) << "its content is not fetched";
 }
 
 TEST_F(LifecycleTest, buttons_start_with_their_group_but_are_not_run) {
@@ -79,7 +79,7 @@ TEST_F(LifecycleTest, buttons_start_with_their_group_but_are_not_run) {
   EXPECT_EQ(Stack(), "1 2 3");
 }
 
-TEST_F(LifecycleTest, links_change_without_an_event) {
+TEST_F(LifecycleTest, links_are_activated_and_deactivated_without_events) {
   Start("{:Link 1 :InitiallyActive FALSE :EventSource 2 :EventType TestEvent"
         " :LinkEffect (:Add(2 1))} {:IntegerVar 2 :OrigValue 0}" +
         Watch(1, "IsRunning", "running") + Watch(1, "IsStopped", "stopped") +
@@ -117,7 +117,7 @@ TEST_F(LifecycleTest, a_silently_stopped_visible_keeps_one_place_in_the_stack) {
   EXPECT_EQ(Stack(), "2");
 }
 
-TEST_F(LifecycleTest, text_that_is_a_file_is_fetched_once) {
+TEST_F(LifecycleTest, referenced_text_is_fetched_once) {
   TheHost().files["t"] = "fetched";
   Start("{:Text 1 :InitiallyActive FALSE :OrigContent :ContentRef (\"~/t\") :OrigBoxSize 9 9}");
   TheHost().fetched.clear();
@@ -126,7 +126,7 @@ TEST_F(LifecycleTest, text_that_is_a_file_is_fetched_once) {
   EXPECT_EQ(TheHost().fetched, std::vector<std::string>{"t"});
 }
 
-TEST_F(LifecycleTest, text_that_cannot_be_fetched_is_empty_and_the_application_is_told) {
+TEST_F(LifecycleTest, text_that_cannot_be_fetched_is_empty_and_raises_an_engine_event) {
   Start("{:Text 1 :InitiallyActive FALSE :OrigContent :ContentRef (\"~/t\") :OrigBoxSize 9 9}" +
         Watch(0, "EngineEvent", "error", "3"));
   EXPECT_EQ(Run(":Run(1)"), Status::Done);
@@ -135,7 +135,7 @@ TEST_F(LifecycleTest, text_that_cannot_be_fetched_is_empty_and_the_application_i
   EXPECT_TRUE(IsRunning(1));
 }
 
-TEST_F(LifecycleTest, run_time_values_start_from_the_original_ones_and_leave_them_alone) {
+TEST_F(LifecycleTest, run_time_values_start_from_the_original_values_and_do_not_change_them) {
   Start("{:Rectangle 1 :OrigBoxSize 9 9 :OrigLineWidth 3 :OrigRefLineColour 5}"
         "{:OStringVar 2 :OrigValue \"original\"} {:Slider 3 :Orientation left :OrigBoxSize 9 9"
         " :MinValue 1 :MaxValue 9 :InitialValue 4 :InitialPortion 2 :SliderStyle proportional}");
@@ -163,8 +163,8 @@ TEST_F(LifecycleTest, statuses_are_written_into_boolean_variables) {
   EXPECT_EQ(Run(":GetRunningStatus(0 3) :GetRunningStatus(1 4) :GetRunningStatus(5 2)"),
             Status::Done);
   EXPECT_TRUE(Boolean(3));
-  EXPECT_EQ(Integer(4), 9) << "an integer variable takes no status";
-  EXPECT_TRUE(Boolean(2)) << "an object reference variable is not asked";
+  EXPECT_EQ(Integer(4), 9) << "a status is not written to an integer variable";
+  EXPECT_TRUE(Boolean(2)) << "object reference variables do not accept the action";
 }
 
 TEST_F(LifecycleTest, a_stream_runs_and_stops_with_its_components) {
@@ -190,7 +190,7 @@ TEST_F(LifecycleTest, a_stream_runs_and_stops_with_its_components) {
   EXPECT_EQ(Stack(), "");
 }
 
-TEST_F(LifecycleTest, the_presentation_is_told_of_running_videos_and_of_the_end_of_their_stream) {
+TEST_F(LifecycleTest, running_and_stopping_a_stream_notifies_the_presentation) {
   Start("{:Stream 1 :InitiallyActive FALSE :Multiplex ("
         "{:Audio 2 :ComponentTag 1}"
         "{:Video 3 :ComponentTag 5 :OrigBoxSize 70 50 :OrigPosition 4 -6}"
@@ -202,10 +202,10 @@ TEST_F(LifecycleTest, the_presentation_is_told_of_running_videos_and_of_the_end_
   ASSERT_EQ(ThePresentation().streams.size(), 2U);
   EXPECT_EQ(ThePresentation().streams[1], "end 1");
   EXPECT_EQ(Run(":Stop(1)"), Status::Done);
-  EXPECT_EQ(ThePresentation().streams.size(), 2U) << "it did not run";
+  EXPECT_EQ(ThePresentation().streams.size(), 2U) << "the stream was not running";
 }
 
-TEST_F(LifecycleTest, a_component_that_stops_its_stream_ends_both_once) {
+TEST_F(LifecycleTest, a_link_that_stops_a_stopping_stream_does_not_repeat_events) {
   Start("{:Stream 1 :Multiplex ({:Audio 2 :ComponentTag 1} {:Audio 3 :ComponentTag 2})}"
         "{:Link 10 :EventSource 2 :EventType IsStopped :LinkEffect (:Stop(1))}" +
         Watch(1, "IsStopped", "stream") + Watch(3, "IsStopped", "other"));
@@ -213,7 +213,7 @@ TEST_F(LifecycleTest, a_component_that_stops_its_stream_ends_both_once) {
   EXPECT_EQ(TakeLog(), "other stream");
 }
 
-TEST_F(LifecycleTest, scaling_and_offsets_are_kept_and_returned) {
+TEST_F(LifecycleTest, scaling_and_offsets_are_stored_and_returned) {
   Start("{:Bitmap 1 :OrigContent :ContentRef (\"~/p\") :OrigBoxSize 9 9}"
         "{:Stream 2 :Multiplex ({:Video 3 :ComponentTag 1 :OrigBoxSize 9 9}"
         "{:Audio 4 :ComponentTag 2})} {:IntegerVar 5 :OrigValue 0} {:IntegerVar 6 :OrigValue 0}");
@@ -242,7 +242,7 @@ TEST_F(LifecycleTest, scaling_and_offsets_are_kept_and_returned) {
   EXPECT_EQ(Integer(6), 12);
 }
 
-TEST_F(LifecycleTest, the_absent_position_removes_a_trigger_but_enters_a_new_one) {
+TEST_F(LifecycleTest, a_trigger_without_a_position_is_removed_if_it_exists_and_added_otherwise) {
   Start("{:Stream 1 :Multiplex ({:Audio 2 :ComponentTag 1})}");
   const List<CounterTrigger>& triggers = Object<Stream>(1).CounterTriggers;
   EXPECT_EQ(Run(":SetCounterTrigger(1 5)"), Status::Done);

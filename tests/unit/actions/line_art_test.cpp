@@ -6,8 +6,8 @@ namespace {
 
 class LineArtTest : public Stage {
  protected:
-  // A running dynamic line art 1 of 100 by 50 pixels, its line 2 wide in colour 7. In its palette
-  // each colour from 0 to 9 is its own index.
+  // Starts dynamic line art 1, 100 by 50 pixels, with lines 2 pixels wide in colour 7. Its palette
+  // maps each index from 0 to 9 to the colour with that value.
   static void StartDrawing(const std::string& attributes = ":BBBox FALSE") {
     std::string palette;
     for (char index = '0'; index <= '9'; ++index) palette += std::string("=00=00=00=0") + index;
@@ -18,7 +18,7 @@ class LineArtTest : public Stage {
           "} {:IntegerVar 2 :OrigValue 9} {:OStringVar 3 :OrigValue 'abcd'}"
           "{:BooleanVar 4 :OrigValue TRUE} {:Rectangle 5 :OrigBoxSize 9 9}");
   }
-  // What has been drawn since the last call, without the notes of the canvas's making and limits.
+  // The drawings since the last call, without new canvases and clipping.
   static std::string TakeDrawings() {
     std::string drawings;
     for (const std::string& one : ThePresentation().drawings) {
@@ -42,7 +42,7 @@ TEST_F(LineArtTest, shapes_are_painted_with_the_current_attributes) {
   EXPECT_EQ(TakeDrawings(), "oval 1,2 3 4 #01020304");
 }
 
-TEST_F(LineArtTest, angles_go_on_unchanged_and_an_arc_has_no_fill) {
+TEST_F(LineArtTest, angles_are_passed_unchanged_and_an_arc_has_no_fill) {
   StartDrawing();
   EXPECT_EQ(Run(":SetFillColour(1 :NewColourIndex 6) :DrawArc(1 1 2 30 40 5760 -90)"
                 ":DrawSector(1 1 2 30 40 45 90)"),
@@ -57,12 +57,12 @@ TEST_F(LineArtTest, points_are_read_in_pairs_from_variables_too) {
   EXPECT_EQ(TakeDrawings(), "polygon 1,2;9,4; line 2/1#00000007 #ffffffff");
   EXPECT_EQ(Run(":DrawPolyline(1 ((1 2) (3)))"), Status::Done);
   EXPECT_EQ(TakeDrawings(), "polygon 1,2; line 2/1#00000007 #ffffffff")
-      << "an odd value makes no point";
+      << "an unpaired value makes no point";
   EXPECT_EQ(Run(":DrawPolygon(1 ((1 2) (:IndirectRef 4 4)))"), Status::Done);
-  EXPECT_EQ(TakeDrawings(), "") << "a coordinate that cannot be read";
+  EXPECT_EQ(TakeDrawings(), "") << "the boolean variable is no coordinate";
 }
 
-TEST_F(LineArtTest, a_border_pushes_the_origin_into_the_box) {
+TEST_F(LineArtTest, a_border_moves_the_origin_into_the_box) {
   StartDrawing("");
   EXPECT_EQ(Run(":DrawLine(1 1 2 3 4)"), Status::Done);
   ASSERT_EQ(ThePresentation().drawings.size(), 3U);
@@ -71,13 +71,13 @@ TEST_F(LineArtTest, a_border_pushes_the_origin_into_the_box) {
   EXPECT_EQ(ThePresentation().drawings[2], "line -1,0 1,2 line 2/1#00000007");
 }
 
-TEST_F(LineArtTest, without_a_border_the_whole_canvas_is_drawn_on_whatever_the_box_is_now) {
+TEST_F(LineArtTest, without_a_border_drawing_is_not_clipped_to_the_box) {
   StartDrawing();
   EXPECT_EQ(Run(":SetBoxSize(1 10 10) :DrawLine(1 1 2 3 4) :Clear(1)"), Status::Done);
   for (const std::string& one : ThePresentation().drawings) EXPECT_FALSE(one.starts_with("clip"));
 }
 
-TEST_F(LineArtTest, coordinates_at_the_ends_of_all_numbers_do_not_wrap) {
+TEST_F(LineArtTest, extreme_coordinates_do_not_wrap) {
   StartDrawing("");
   EXPECT_EQ(Run(":SetLineWidth(1 2147483647) :DrawLine(1 -2147483648 0 2147483647 0)"),
             Status::Done);
@@ -85,7 +85,7 @@ TEST_F(LineArtTest, coordinates_at_the_ends_of_all_numbers_do_not_wrap) {
             "line -2147483648,-2147483647 0,-2147483647 line 2147483647/1#00000007");
 }
 
-TEST_F(LineArtTest, what_does_not_run_is_not_drawn_on) {
+TEST_F(LineArtTest, stopped_line_art_is_not_drawn_on) {
   StartDrawing();
   EXPECT_EQ(Run(":Stop(1) :DrawLine(1 1 2 3 4) :DrawPolygon(1 ((1 2)))"), Status::Done);
   EXPECT_TRUE(ThePresentation().drawings.empty());
@@ -100,14 +100,14 @@ TEST_F(LineArtTest, the_canvas_keeps_its_size_when_the_box_changes) {
   EXPECT_EQ(ThePresentation().canvases, 1);
 }
 
-TEST_F(LineArtTest, clearing_takes_the_fill_that_the_content_gave_and_keeps_the_current_one) {
+TEST_F(LineArtTest, clearing_uses_the_original_fill_colour_and_keeps_the_current_one) {
   StartDrawing(":BBBox FALSE :OrigRefFillColour 3");
   EXPECT_EQ(Run(":SetFillColour(1 :NewColourIndex 4) :Clear(1)"), Status::Done);
   EXPECT_EQ(TakeDrawings(), "clear #00000003");
   EXPECT_EQ(Object<DynamicLineArt>(1).RefFillColour.Index, 4);
 }
 
-TEST_F(LineArtTest, clearing_takes_the_drawable_area_from_the_line_width_that_the_content_gave) {
+TEST_F(LineArtTest, clearing_clips_by_the_original_line_width) {
   StartDrawing("");
   EXPECT_EQ(Run(":SetLineWidth(1 10) :DrawLine(1 1 2 3 4) :Clear(1) :DrawLine(1 1 2 3 4)"),
             Status::Done);
@@ -115,10 +115,10 @@ TEST_F(LineArtTest, clearing_takes_the_drawable_area_from_the_line_width_that_th
       "new 100 50",      "clip 80 30", "line -9,-8 -7,-6 line 10/1#00000007", "clip 96 46",
       "clear #ffffffff", "clip 80 30", "line -9,-8 -7,-6 line 10/1#00000007"};
   EXPECT_EQ(ThePresentation().drawings, expected);
-  EXPECT_EQ(Object<DynamicLineArt>(1).LineWidth, 10) << "the current width stays";
+  EXPECT_EQ(Object<DynamicLineArt>(1).LineWidth, 10) << "the current width is kept";
 }
 
-TEST_F(LineArtTest, each_painting_asks_for_a_redraw) {
+TEST_F(LineArtTest, each_drawing_action_requests_a_redraw) {
   StartDrawing();
   const int before = ThePresentation().redraws;
   EXPECT_EQ(Run(":DrawLine(1 1 2 3 4) :Clear(1) :SetLineWidth(1 3)"), Status::Done);
@@ -138,7 +138,7 @@ TEST_F(LineArtTest, colours_come_from_integer_and_string_variables) {
   EXPECT_EQ(Object<Rectangle>(5).RefFillColour.Absolute.View(), "abcd");
 }
 
-TEST_F(LineArtTest, a_colour_from_another_variable_is_told_and_changes_nothing) {
+TEST_F(LineArtTest, a_colour_from_a_boolean_variable_is_reported_and_changes_nothing) {
   StartDrawing();
   testing::internal::CaptureStdout();
   EXPECT_EQ(Run(":SetLineColour(1 :NewColourIndex :IndirectRef 4)"
@@ -149,11 +149,11 @@ TEST_F(LineArtTest, a_colour_from_another_variable_is_told_and_changes_nothing) 
   EXPECT_EQ(Object<DynamicLineArt>(1).RefLineColour.Index, 7);
 }
 
-TEST_F(LineArtTest, attributes_are_read_back_in_their_kind) {
+TEST_F(LineArtTest, attributes_are_read_back_into_variables_of_their_kind) {
   StartDrawing();
   EXPECT_EQ(Run(":GetLineColour(1 2) :GetLineColour(1 3)"), Status::Done);
   EXPECT_EQ(Integer(2), 7);
-  EXPECT_EQ(Octets(3), "abcd") << "an index is no string";
+  EXPECT_EQ(Octets(3), "abcd") << "an index is not written to a string";
   EXPECT_EQ(Run(":SetFillColour(1 :NewAbsoluteColour \"wxyz\") :GetFillColour(1 2)"
                 ":GetFillColour(1 3)"),
             Status::Done);

@@ -8,7 +8,8 @@ namespace {
 
 class ListGroupTest : public Stage {
  protected:
-  // A running list group 50 of `items` items over `cells` cells, item n at y 10 n.
+  // Runs list group 50 with `items` items and `cells` cells. Cell n is at y = 10 n. Creates `extra`
+  // more rectangles that are not in the list.
   void StartList(int items, int cells, const std::string& attributes = "", int extra = 0) {
     std::string members;
     for (int number = 1; number <= items; ++number) members += "(" + std::to_string(number) + ")";
@@ -31,7 +32,7 @@ class ListGroupTest : public Stage {
     EXPECT_EQ(TakeLog(), "");
   }
 
-  // The items in the cells, as "cell:item", by the positions of the running items.
+  // The running items as "cell:item". The cell is derived from the position.
   static std::string Cells() {
     std::set<std::string> shown;
     for (const StackedVisible& entry : CurrentApplication()->DisplayStack) {
@@ -67,31 +68,31 @@ TEST_F(ListGroupTest, fewer_items_than_cells_leave_cells_empty) {
   EXPECT_EQ(Cells(), "1:1 2:2");
 }
 
-TEST_F(ListGroupTest, the_layout_asks_for_one_redraw) {
+TEST_F(ListGroupTest, the_layout_requests_one_redraw) {
   StartList(5, 3);
   const int before = ThePresentation().redraws;
   EXPECT_EQ(Run(":ScrollItems(50 1)"), Status::Done);
   EXPECT_EQ(ThePresentation().redraws, before + 1);
 }
 
-TEST_F(ListGroupTest, the_layout_holds_back_the_redraws_of_stacking_actions) {
+TEST_F(ListGroupTest, stacking_actions_during_the_layout_do_not_redraw) {
   for (const char* action :
        {":BringToFront(7)", ":SendToBack(7)", ":PutBefore(7 8)", ":PutBehind(7 8)"}) {
     Start("{:Rectangle 7 :OrigBoxSize 9 9} {:Rectangle 8 :OrigBoxSize 9 9}"
           "{:Text 1 :InitiallyActive FALSE :OrigContent :ContentRef (\"~/none\") :OrigBoxSize 9 9}"
           "{:ListGroup 50 :InitiallyActive FALSE :TokenGroupItems ((1)) :Positions ((0 0))}"
           "{:Link 20 :EventSource 0 :EventType EngineEvent :LinkEffect (" +
-          std::string(action) + " :Append(900 \"told \"))}");
+          std::string(action) + " :Append(900 \"ran \"))}");
     const int before = ThePresentation().redraws;
     EXPECT_EQ(Run(":Run(50)"), Status::Done);
-    EXPECT_EQ(TakeLog(), "told");
+    EXPECT_EQ(TakeLog(), "ran");
     EXPECT_EQ(ThePresentation().redraws, before + 1) << action;
     EXPECT_EQ(Run(action), Status::Done);
     EXPECT_EQ(ThePresentation().redraws, before + 2) << action << " after the layout";
   }
 }
 
-TEST_F(ListGroupTest, stopping_a_list_group_takes_its_items_off_the_screen) {
+TEST_F(ListGroupTest, stopping_a_list_group_stops_its_items) {
   StartList(3, 3);
   EXPECT_EQ(Run(":Stop(50)"), Status::Done);
   EXPECT_EQ(Stack(), "");
@@ -109,17 +110,17 @@ TEST_F(ListGroupTest, scrolling_moves_the_first_item_and_raises_nothing) {
   EXPECT_EQ(Cells(), "");
   EXPECT_EQ(Run(":SetFirstItem(50 -4)"), Status::Done);
   TakeLog();
-  EXPECT_EQ(Cells(), "1:1 2:2 3:3") << "no items come before the first";
+  EXPECT_EQ(Cells(), "1:1 2:2 3:3") << "a first item below 1 shows the list from item 1";
 }
 
-TEST_F(ListGroupTest, scrolling_beyond_all_numbers_wraps) {
+TEST_F(ListGroupTest, scrolling_past_the_largest_integer_wraps) {
   StartList(5, 3, ":WrapAround TRUE");
   EXPECT_EQ(Run(":SetFirstItem(50 2147483647) :ScrollItems(50 2147483647) :GetFirstItem(50 60)"),
             Status::Done);
   EXPECT_EQ(Integer(60), -2);
 }
 
-TEST_F(ListGroupTest, setting_the_first_item_tells_what_changed) {
+TEST_F(ListGroupTest, setting_the_first_item_raises_events_for_what_changed) {
   StartList(5, 3);
   EXPECT_EQ(Run(":SetFirstItem(50 3)"), Status::Done);
   EXPECT_EQ(TakeLog(), "first- last+ head2 tail2");
@@ -136,7 +137,7 @@ TEST_F(ListGroupTest, a_list_that_wraps_around_continues_with_its_first_item) {
   EXPECT_EQ(Run(":ScrollItems(50 3)"), Status::Done);
   EXPECT_EQ(Cells(), "1:4 2:5 3:1");
   EXPECT_EQ(Run(":SetFirstItem(50 10)"), Status::Done);
-  EXPECT_EQ(TakeLog(), "head4 tail0") << "10 of 5 items is the fifth";
+  EXPECT_EQ(TakeLog(), "head4 tail0") << "item 10 of a list of 5 is the fifth";
 }
 
 TEST_F(ListGroupTest, more_cells_than_items_place_each_item_once) {
@@ -147,14 +148,14 @@ TEST_F(ListGroupTest, more_cells_than_items_place_each_item_once) {
   EXPECT_EQ(Object<Rectangle>(1).Position.Y, 30);
 }
 
-TEST_F(ListGroupTest, a_negative_first_item_of_a_list_that_wraps_starts_at_the_first) {
+TEST_F(ListGroupTest, a_negative_first_item_of_a_wrapping_list_shows_it_from_item_1) {
   StartList(5, 3, ":WrapAround TRUE");
   EXPECT_EQ(Run(":SetFirstItem(50 -2)"), Status::Done);
   EXPECT_EQ(Cells(), "1:1 2:2 3:3");
-  EXPECT_EQ(TakeLog(), "tail5") << "the counts go by the number as it is";
+  EXPECT_EQ(TakeLog(), "tail5") << "the counts use the negative number itself";
 }
 
-TEST_F(ListGroupTest, adding_and_deleting_tell_what_changed) {
+TEST_F(ListGroupTest, adding_and_deleting_raise_events_for_what_changed) {
   StartList(3, 3, "", 1);
   EXPECT_EQ(Run(":AddItem(50 1 4)"), Status::Done);
   EXPECT_EQ(Cells(), "1:4 2:1 3:2");
@@ -165,7 +166,7 @@ TEST_F(ListGroupTest, adding_and_deleting_tell_what_changed) {
   EXPECT_FALSE(IsRunning(4));
 }
 
-TEST_F(ListGroupTest, items_are_added_within_the_list_or_right_behind_it) {
+TEST_F(ListGroupTest, items_are_added_within_the_list_or_directly_after_it) {
   StartList(2, 5, "", 3);
   EXPECT_EQ(Run(":AddItem(50 0 3) :AddItem(50 4 3) :AddItem(50 -1 3) :GetListSize(50 60)"),
             Status::Done);
@@ -175,7 +176,7 @@ TEST_F(ListGroupTest, items_are_added_within_the_list_or_right_behind_it) {
   EXPECT_EQ(Object<ObjectRefVariable>(62).Value.Number, 3);
 }
 
-TEST_F(ListGroupTest, only_a_visible_that_is_not_in_the_list_is_added) {
+TEST_F(ListGroupTest, only_a_visible_that_is_not_yet_in_the_list_is_added) {
   StartList(2, 5, "", 1);
   EXPECT_EQ(Run(":AddItem(50 1 1) :AddItem(50 1 60) :AddItem(50 1 77) :AddItem(50 1 0)"
                 ":AddItem(50 1 50) :GetListSize(50 60)"),
@@ -183,14 +184,14 @@ TEST_F(ListGroupTest, only_a_visible_that_is_not_in_the_list_is_added) {
   EXPECT_EQ(Integer(60), 2);
 }
 
-TEST_F(ListGroupTest, deleting_what_is_not_in_the_list_does_nothing) {
+TEST_F(ListGroupTest, deleting_an_object_that_is_not_in_the_list_does_nothing) {
   StartList(2, 5, "", 1);
   EXPECT_EQ(Run(":DelItem(50 3) :DelItem(50 77) :GetListSize(50 60)"), Status::Done);
   EXPECT_EQ(Integer(60), 2);
   EXPECT_EQ(TakeLog(), "");
 }
 
-TEST_F(ListGroupTest, a_list_may_run_empty_even_when_it_wraps_around) {
+TEST_F(ListGroupTest, a_wrapping_list_may_become_empty) {
   StartList(1, 2, ":WrapAround TRUE");
   EXPECT_EQ(Run(":DelItem(50 1)"), Status::Done);
   EXPECT_EQ(TakeLog(), "first- last-");
@@ -208,7 +209,7 @@ TEST_F(ListGroupTest, an_index_wraps_with_the_list) {
   EXPECT_EQ(TakeLog(), "select2 select5 select1");
 }
 
-TEST_F(ListGroupTest, an_index_outside_a_list_that_does_not_wrap_means_none) {
+TEST_F(ListGroupTest, an_index_outside_a_list_that_does_not_wrap_selects_nothing) {
   StartList(5, 3);
   EXPECT_EQ(Run(":SelectItem(50 7) :SelectItem(50 0) :SelectItem(50 -1)"), Status::Done);
   EXPECT_EQ(TakeLog(), "");
@@ -233,14 +234,14 @@ TEST_F(ListGroupTest, toggling_and_deselecting_change_one_item) {
   EXPECT_TRUE(Boolean(61));
 }
 
-TEST_F(ListGroupTest, select_and_deselect_mean_the_item_that_holds_the_token) {
+TEST_F(ListGroupTest, select_and_deselect_apply_to_the_item_with_the_token) {
   StartList(3, 3);
   EXPECT_EQ(Run(":MoveTo(50 2) :Select(50) :MoveTo(50 9) :Select(50) :MoveTo(50 2) :Deselect(50)"),
             Status::Done);
   EXPECT_EQ(TakeLog(), "select2 deselect2");
 }
 
-TEST_F(ListGroupTest, an_item_that_is_deleted_while_others_are_deselected_is_not_told) {
+TEST_F(ListGroupTest, an_item_deleted_while_another_is_deselected_is_not_selected) {
   StartList(3, 3);
   EXPECT_EQ(Run(":SelectItem(50 1)"), Status::Done);
   TakeLog();
@@ -256,14 +257,14 @@ TEST_F(ListGroupTest, an_item_that_is_deleted_while_others_are_deselected_is_not
   EXPECT_EQ(Object<ListGroup>(50).ItemList.Size(), 1U);
 }
 
-TEST_F(ListGroupTest, a_cell_tells_the_item_that_stands_in_it) {
+TEST_F(ListGroupTest, get_cell_item_returns_the_item_in_the_cell) {
   StartList(5, 3);
   const ObjectReference& answer = Object<ObjectRefVariable>(62).Value;
   EXPECT_EQ(Run(":SetFirstItem(50 2) :GetCellItem(50 2 62)"), Status::Done);
   EXPECT_EQ(answer.Number, 3);
   EXPECT_EQ(answer.GroupIdentifier.View(), "~/a");
   EXPECT_EQ(Run(":GetCellItem(50 100 62)"), Status::Done);
-  EXPECT_EQ(answer.Number, 4) << "past the last cell counts as the last";
+  EXPECT_EQ(answer.Number, 4) << "a cell past the last means the last";
   EXPECT_EQ(Run(":GetCellItem(50 -5 62)"), Status::Done);
   EXPECT_EQ(answer.Number, 2);
   EXPECT_EQ(Run(":SetFirstItem(50 5) :GetCellItem(50 2 62)"), Status::Done);
@@ -271,7 +272,7 @@ TEST_F(ListGroupTest, a_cell_tells_the_item_that_stands_in_it) {
   EXPECT_TRUE(answer.GroupIdentifier.View().empty());
 }
 
-TEST_F(ListGroupTest, without_cells_only_the_reference_is_cleared) {
+TEST_F(ListGroupTest, get_cell_item_without_cells_clears_the_reference) {
   StartList(3, 0);
   EXPECT_EQ(Stack(), "");
   EXPECT_EQ(Run(":GetCellItem(50 1 62)"), Status::Done);
@@ -291,7 +292,7 @@ TEST_F(ListGroupTest, a_cell_is_moved_with_the_item_in_it) {
   EXPECT_EQ(Object<Rectangle>(2).Position.Y, 80);
 }
 
-TEST_F(ListGroupTest, a_list_group_that_is_run_again_as_it_stops_keeps_its_items) {
+TEST_F(ListGroupTest, a_list_group_restarted_while_it_stops_keeps_its_items) {
   Start(StoppedRectangles(2) +
         "{:ListGroup 50 :TokenGroupItems ((1) (2)) :Positions ((0 10) (0 20))}"
         "{:Link 20 :EventSource 50 :EventType TokenMovedFrom :LinkEffect (:Run(50))}" +
@@ -302,7 +303,7 @@ TEST_F(ListGroupTest, a_list_group_that_is_run_again_as_it_stops_keeps_its_items
   EXPECT_EQ(TakeLog(), "");
 }
 
-TEST_F(ListGroupTest, items_of_an_ended_scene_are_passed_over) {
+TEST_F(ListGroupTest, items_of_an_ended_scene_are_skipped) {
   AddScene("t", "");
   StartWithScene("{:ListGroup 50 :Shared TRUE :TokenGroupItems () :Positions ((0 0) (0 9))}",
                  StoppedRectangles(1));

@@ -1,5 +1,5 @@
-// Actions that run out of memory: each allocation that they make fails once. The action is given
-// up with its message, nothing is half written, and nothing is lost.
+// Actions that run out of memory. Each of their allocations fails once. The action stops with its
+// message, and leaves nothing half written or leaked.
 #include <set>
 
 #include "actions/actions.h"
@@ -12,12 +12,11 @@ namespace {
 
 class OutOfMemoryActionsTest : public Stage {
  protected:
-  // Does the work again and again, its first allocation failing, then its second ... up to the one
-  // that it does not make. `check` sees what each failure has left. What was printed, each text
-  // once.
+  // Repeats `work` after `prepare`, failing its first allocation, then its second, until it makes
+  // no further one. `check` runs after each failure. Returns the distinct texts printed.
   template <class Prepare, class Work, class Check>
-  static std::set<std::string> Starve(const Prepare& prepare, const Work& work,
-                                      const Check& check) {
+  static std::set<std::string> FailEachAllocation(const Prepare& prepare, const Work& work,
+                                                  const Check& check) {
     std::set<std::string> printed;
     for (std::size_t n = 1;; ++n) {
       EXPECT_LT(n, 1000U);
@@ -37,7 +36,7 @@ class OutOfMemoryActionsTest : public Stage {
 
 using Texts = std::set<std::string>;
 
-// The actions of a list, compiled beforehand so that only carrying them out can fail.
+// A list of one action, built beforehand so that only running it can fail.
 class CompiledActions {
  public:
   CompiledActions(Action action, int target, List<GenericValue> parameters) {
@@ -56,9 +55,9 @@ class CompiledActions {
   ActionList list_;
 };
 
-TEST_F(OutOfMemoryActionsTest, a_text_content_that_cannot_be_copied_is_told) {
+TEST_F(OutOfMemoryActionsTest, a_text_content_that_cannot_be_copied_is_reported) {
   CompiledActions actions(Action::GetTextContent, 1, ParametersOf(ReferenceValue(2)));
-  const Texts texts = Starve(
+  const Texts texts = FailEachAllocation(
       [] {
         Start("{:Text 1 :OrigBoxSize 9 9 :OrigContent \"content\"}"
               "{:OStringVar 2 :OrigValue \"before\"}");
@@ -73,9 +72,9 @@ TEST_F(OutOfMemoryActionsTest, a_text_content_that_cannot_be_copied_is_told) {
   EXPECT_TRUE(texts.contains("Can't allocate memory for TextContentVar\n"));
 }
 
-TEST_F(OutOfMemoryActionsTest, a_label_of_an_anchor_that_cannot_be_copied_is_told) {
+TEST_F(OutOfMemoryActionsTest, an_anchor_label_that_cannot_be_copied_is_reported) {
   CompiledActions actions(Action::GetLastAnchorFired, 1, ParametersOf(ReferenceValue(2)));
-  const Texts texts = Starve(
+  const Texts texts = FailEachAllocation(
       [] {
         Start("{:HyperText 1 :OrigBoxSize 9 9 :OrigContent \"\"}"
               "{:OStringVar 2 :OrigValue \"before\"}");
@@ -91,33 +90,35 @@ TEST_F(OutOfMemoryActionsTest, a_label_of_an_anchor_that_cannot_be_copied_is_tol
   EXPECT_TRUE(texts.contains("Can't allocate memory for LastAnchorFiredVar\n"));
 }
 
-TEST_F(OutOfMemoryActionsTest, a_first_character_that_finds_no_room_stops_the_input) {
-  const Texts texts = Starve([] { Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"\"}"); },
-                             [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
-                             [](Status status, const std::string&) {
-                               EXPECT_EQ(status, Status::Failure);
-                               EXPECT_EQ(Object<EntryField>(1).TextData.View(), "");
-                               EXPECT_EQ(Object<EntryField>(1).EntryPoint, 0);
-                             });
+TEST_F(OutOfMemoryActionsTest, a_first_character_without_memory_fails) {
+  const Texts texts =
+      FailEachAllocation([] { Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"\"}"); },
+                         [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
+                         [](Status status, const std::string&) {
+                           EXPECT_EQ(status, Status::Failure);
+                           EXPECT_EQ(Object<EntryField>(1).TextData.View(), "");
+                           EXPECT_EQ(Object<EntryField>(1).EntryPoint, 0);
+                         });
   EXPECT_EQ(texts, Texts{"Can't allocate memory for TextData\n"});
 }
 
-TEST_F(OutOfMemoryActionsTest, a_further_character_that_finds_no_room_leaves_the_text) {
-  const Texts texts = Starve([] { Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"ab\"}"); },
-                             [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
-                             [](Status status, const std::string&) {
-                               EXPECT_EQ(status, Status::Failure);
-                               EXPECT_EQ(Object<EntryField>(1).TextData.View(), "ab");
-                               EXPECT_EQ(Object<EntryField>(1).EntryPoint, 0);
-                             });
+TEST_F(OutOfMemoryActionsTest, a_later_character_without_memory_keeps_the_text) {
+  const Texts texts =
+      FailEachAllocation([] { Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"ab\"}"); },
+                         [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
+                         [](Status status, const std::string&) {
+                           EXPECT_EQ(status, Status::Failure);
+                           EXPECT_EQ(Object<EntryField>(1).TextData.View(), "ab");
+                           EXPECT_EQ(Object<EntryField>(1).EntryPoint, 0);
+                         });
   EXPECT_EQ(texts, Texts{"Can't allocate memory for NewStr\n"});
 }
 
-TEST_F(OutOfMemoryActionsTest, a_polygon_whose_points_find_no_room_is_not_painted) {
+TEST_F(OutOfMemoryActionsTest, a_polygon_without_memory_for_its_points_is_not_drawn) {
   CompiledActions actions(Action::DrawPolygon, 1,
                           ParametersOf(IntegerValue(1), IntegerValue(2), IntegerValue(3),
                                        IntegerValue(4), IntegerValue(5), IntegerValue(6)));
-  const Texts texts = Starve(
+  const Texts texts = FailEachAllocation(
       [] {
         Start("{:DynamicLineArt 1 :OrigBoxSize 90 90 :BBBox FALSE}");
         ThePresentation().drawings.clear();

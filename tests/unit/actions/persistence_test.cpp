@@ -1,5 +1,5 @@
-// Keeping variables in the persistent store and reading them back: the form of an entry, entries
-// that do not fit what is asked for, and what becomes of the success variable.
+// Storing variables in the persistent store and reading them back: the format of an entry, entries
+// that do not match the variables, and the success variable.
 #include <algorithm>
 #include <random>
 #include <string>
@@ -28,7 +28,7 @@ std::string TakeStored(std::string_view name) {
   return TakePersistent(name, data) == Status::Done ? std::string(data.View()) : "nothing";
 }
 
-// The value of the variable of this number as text.
+// The value of a variable, by its number, as text.
 std::string PersistenceTest::Shown(int variable) {
   switch (variable) {
   case 1: return Boolean(1) ? "yes" : "no";
@@ -72,9 +72,8 @@ TEST_F(PersistenceTest, values_are_stored_without_header_lowest_byte_first) {
                                             1 + 4 + 8 + 11 + 7));
 }
 
-// Any list of variables comes back as it was stored, whatever the values, a variable twice in it
-// too.
-TEST_F(PersistenceTest, random_lists_of_variables_come_back) {
+// Any list of variables is read back as stored, with any values, even if it names a variable twice.
+TEST_F(PersistenceTest, random_lists_of_variables_are_read_back) {
   Start(kStored);
   std::mt19937 random(1);  // NOLINT: the same lists every time
   const auto randomText = [&random] {
@@ -110,7 +109,7 @@ TEST_F(PersistenceTest, random_lists_of_variables_come_back) {
   }
 }
 
-TEST_F(PersistenceTest, reading_what_was_never_stored_resets_and_succeeds) {
+TEST_F(PersistenceTest, reading_a_missing_entry_resets_the_variables_and_succeeds) {
   Start(kStored);
   EXPECT_EQ(Run(":ReadPersistent(0 9 (1 2 3 4 5) \"other\")"), Status::Done);
   EXPECT_TRUE(Boolean(9));
@@ -130,20 +129,20 @@ TEST_F(PersistenceTest, a_second_store_replaces_the_first) {
   EXPECT_EQ(TakeStored("name"), "nothing");
 }
 
-TEST_F(PersistenceTest, what_is_no_variable_ends_the_action_with_the_success_untouched) {
+TEST_F(PersistenceTest, a_non_variable_ends_the_action_without_setting_the_success_variable) {
   Start(kStored);
   EXPECT_EQ(Run(":StorePersistent(0 9 (1) \"name\") :SetVariable(9 :GBoolean FALSE)"
                 ":ReadPersistent(0 9 (11) \"name\")"),
             Status::Done);
   EXPECT_FALSE(Boolean(9));
-  EXPECT_EQ(TakeStored("name"), "nothing") << "the entry has been taken";
+  EXPECT_EQ(TakeStored("name"), "nothing") << "the entry has been removed";
   EXPECT_EQ(Run(":StorePersistent(0 9 (1 11) \"name\") :StorePersistent(0 9 (77) \"name\")"),
             Status::Done);
   EXPECT_FALSE(Boolean(9));
   EXPECT_EQ(TakeStored("name"), "nothing");
 }
 
-TEST_F(PersistenceTest, an_entry_that_is_too_short_resets_from_there_on) {
+TEST_F(PersistenceTest, variables_past_the_end_of_an_entry_are_reset) {
   Start(kStored);
   EXPECT_EQ(Run(":StorePersistent(0 9 (1) \"name\") :ReadPersistent(0 9 (1 12 13) \"name\")"),
             Status::Done);
@@ -159,7 +158,7 @@ TEST_F(PersistenceTest, a_number_read_as_a_length_does_not_read_past_the_entry) 
                 ":ReadPersistent(0 9 (3 1) \"name\")"),
             Status::Done);
   EXPECT_EQ(Octets(3), "");
-  EXPECT_FALSE(Boolean(1)) << "everything behind a short value is reset";
+  EXPECT_FALSE(Boolean(1)) << "every variable after a truncated value is reset";
 }
 
 TEST_F(PersistenceTest, a_reference_cut_off_in_its_number_is_reset) {
@@ -177,14 +176,14 @@ TEST_F(PersistenceTest, nothing_is_stored_while_the_success_variable_is_not_avai
   EXPECT_EQ(TakeStored("name"), "nothing");
 }
 
-TEST_F(PersistenceTest, quitting_to_nothing_empties_the_store) {
+TEST_F(PersistenceTest, quitting_the_only_application_empties_the_store) {
   Start(kStored);
   EXPECT_EQ(Run(":StorePersistent(0 9 (1) \"name\") :Quit(0)"), Status::Failure);
   EXPECT_EQ(TakeStored("name"), "nothing");
 }
 
-// The bytes of an entry read by the rule: what lies beyond the end is the value of a variable that
-// is reset, and so is everything behind it.
+// A second reader of entries, which states the rule: a value that extends past the end of the entry
+// resets its variable and all that follow.
 class EntryByRule {
  public:
   explicit EntryByRule(std::string data) : data_(std::move(data)) {}
@@ -211,7 +210,7 @@ class EntryByRule {
     return isShort_ ? " 0" : group + " " + std::to_string(static_cast<std::int32_t>(number));
   }
 
-  // What the variable of this number holds after it has been read, as `Shown` gives it.
+  // The expected value of the variable after it has been read, in the form of `Shown`.
   std::string Next(int variable) {
     switch (variable) {
     case 1: return Octets(1).find_first_not_of('\0') == std::string::npos ? "no" : "yes";
@@ -227,7 +226,7 @@ class EntryByRule {
   bool isShort_ = false;
 };
 
-// Reading asks for any classes, whatever was stored.
+// The variables read need not have the classes of those stored.
 TEST_F(PersistenceTest, an_entry_of_random_bytes_is_read_by_the_rule) {
   Start(kStored);
   std::mt19937 random(2);  // NOLINT: the same entries every time

@@ -1,4 +1,4 @@
-// Calling resident programs, and asking what the engine supports.
+// Calling resident programs, and querying what the engine supports.
 #include "stage.h"
 
 namespace korvel::test {
@@ -11,7 +11,7 @@ constexpr char kProgram[] =
     "{:IntegerVar 4 :OrigValue 0} {:OStringVar 5 :OrigValue \"four\"} {:IntegerVar 6 :OrigValue 7}"
     "{:ResidentPrg 7 :Name \"DBG\"}";
 
-TEST_F(ProgramsTest, a_call_tells_whether_the_program_ran) {
+TEST_F(ProgramsTest, a_call_sets_the_success_variable_when_the_program_ran) {
   Start(kProgram);
   EXPECT_EQ(Run(":Call(1 3 :GOctetString \"abc\" :GObjectRef 4)"), Status::Done);
   EXPECT_TRUE(Boolean(3));
@@ -20,7 +20,7 @@ TEST_F(ProgramsTest, a_call_tells_whether_the_program_ran) {
   EXPECT_EQ(Integer(4), 4);
 }
 
-TEST_F(ProgramsTest, a_call_whose_variable_is_missing_is_false_and_the_list_goes_on) {
+TEST_F(ProgramsTest, a_call_with_a_missing_variable_fails_and_the_list_continues) {
   Start(kProgram);
   EXPECT_EQ(Run(":SetVariable(3 :GBoolean TRUE) :Call(1 3 :GOctetString \"abc\" :GObjectRef 77)"
                 ":Add(6 1)"),
@@ -42,7 +42,7 @@ TEST_F(ProgramsTest, an_unknown_program_and_a_wrong_output_end_the_list) {
   EXPECT_EQ(Integer(6), 7);
 }
 
-TEST_F(ProgramsTest, a_fork_runs_the_program_and_tells_that_it_has_ended) {
+TEST_F(ProgramsTest, a_fork_runs_the_program_and_raises_asynch_stopped) {
   Start(std::string(kProgram) + Watch(1, "AsynchStopped", "ended"));
   EXPECT_EQ(Run(":Fork(1 3 :GOctetString \"abcde\" :GObjectRef 4)"), Status::Done);
   EXPECT_TRUE(Boolean(3));
@@ -63,7 +63,7 @@ TEST_F(ProgramsTest, activating_a_program_calls_it_without_parameters) {
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "GetItemType Error\n");
 }
 
-TEST_F(ProgramsTest, variables_of_programs_are_looked_for_in_the_application_first) {
+TEST_F(ProgramsTest, program_variables_are_searched_in_the_application_first) {
   StartWithScene("{:IntegerVar 1 :Shared TRUE :OrigValue 0}",
                  "{:ResidentPrg 2 :Name \"GSL\"} {:BooleanVar 3 :OrigValue FALSE}");
   EXPECT_EQ(Run(R"(:Call(2 3 :GOctetString "ab" :GObjectRef ("~/a" 1)))", Scope::SceneFirst),
@@ -71,7 +71,7 @@ TEST_F(ProgramsTest, variables_of_programs_are_looked_for_in_the_application_fir
   EXPECT_EQ(FindObject(Scope::ApplicationFirst, "~/a", 1).As<IntegerVariable>().Value, 2);
 }
 
-TEST_F(ProgramsTest, the_engine_tells_what_it_supports) {
+TEST_F(ProgramsTest, the_engine_reports_what_it_supports) {
   Start("{:BooleanVar 1 :OrigValue FALSE}");
   const auto supports = [](const std::string& feature) {
     Object<BooleanVariable>(1).Value = false;

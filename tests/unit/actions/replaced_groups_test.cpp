@@ -1,6 +1,6 @@
-// For every event that a behaviour raises: a link of the event that goes to another scene, one that
-// launches another application, and one that quits. Whatever raised the event must not touch what
-// has ended, and the new group has to run as if it had been started from the top.
+// For every event that a behaviour raises: a link on the event goes to another scene, launches or
+// spawns another application, or quits. The behaviour must not touch the ended group afterwards,
+// and the new group must run as after a normal start.
 #include <ostream>
 
 #include "stage.h"
@@ -11,7 +11,7 @@ namespace {
 struct RaisedEvent {
   const char* event;
   int source;
-  const char* actions;  // what leads to the event, run by the application
+  const char* actions;  // raise the event
 };
 
 std::ostream& operator<<(std::ostream& out, const RaisedEvent& raised) {
@@ -80,7 +80,7 @@ constexpr char kItems[] =
     "{:ListGroup 41 :InitiallyActive FALSE :TokenGroupItems ((22)) :Positions ((0 0))}"
     "{:ListGroup 42 :InitiallyActive FALSE :TokenGroupItems ((21) (22)) :Positions ((0 0)(1 1))}";
 
-// How the link ends what runs, and what has to be running then.
+// How the link ends the running groups, and which groups must run afterwards; null means none.
 struct Ending {
   const char* name;
   const char* effect;
@@ -103,7 +103,7 @@ class ReplacedGroupsTest
     : public Stage,
       public testing::WithParamInterface<std::tuple<RaisedEvent, Ending, Home>> {
  protected:
-  // What presses the keys that an interaction in progress waits for.
+  // Presses the keys that an interaction in progress waits for.
   static void PressKeys() {
     for (const std::int32_t key : {5, 5, 15, 15}) {
       BeginWork();
@@ -112,7 +112,7 @@ class ReplacedGroupsTest
   }
 };
 
-TEST_P(ReplacedGroupsTest, the_new_group_runs_as_if_started_from_the_top) {
+TEST_P(ReplacedGroupsTest, the_new_group_runs_as_after_a_normal_start) {
   const auto& [raised, ending, home] = GetParam();
   const std::string started =
       "{:IntegerVar 70 :OrigValue 0} {:Link 71 :EventSource 0 :EventType"

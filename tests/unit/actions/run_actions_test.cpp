@@ -1,4 +1,5 @@
-// How the interpreter walks a list: what ends it, what is passed over, and what it returns.
+// How the interpreter runs a list of actions: which results end it, which actions it skips, and
+// what it returns.
 #include "actions/actions.h"
 #include "stage.h"
 #include "support/text_content.h"
@@ -23,7 +24,7 @@ TEST_F(RunActionsTest, an_empty_list_and_no_list_do_nothing) {
   EXPECT_EQ(RunActions(Scope::ApplicationFirst, {}, "~/a"), Status::Done);
 }
 
-TEST_F(RunActionsTest, quit_ends_the_list_and_asks_for_a_restart) {
+TEST_F(RunActionsTest, quit_ends_the_list_and_requests_a_restart) {
   Start(kVariables);
   EXPECT_EQ(Run(":Add(1 1) :Add(1 1) :Quit(0) :LockScreen(0)"), Status::Failure);
   EXPECT_EQ(CurrentApplication(), nullptr);
@@ -44,7 +45,7 @@ TEST_F(RunActionsTest, an_action_after_quit_is_not_run) {
   EXPECT_EQ(CurrentApplication()->GroupCachePriority, 127);
 }
 
-TEST_F(RunActionsTest, an_unknown_number_is_told_and_the_rest_runs) {
+TEST_F(RunActionsTest, an_unknown_action_number_is_reported_and_the_rest_runs) {
   Start(kVariables);
   ActionList list;
   ASSERT_NE(list.Append(ElementaryAction{}), nullptr);
@@ -64,7 +65,7 @@ TEST_F(RunActionsTest, an_unknown_number_is_told_and_the_rest_runs) {
   EXPECT_EQ(Integer(1), 3);
 }
 
-TEST_F(RunActionsTest, an_action_on_another_class_is_passed_over_silently) {
+TEST_F(RunActionsTest, an_action_on_a_class_that_does_not_accept_it_is_skipped_silently) {
   Start(kVariables);
   testing::internal::CaptureStdout();
   EXPECT_EQ(Run(":SetVariable(10 :GInteger 1) :Add(3 1) :Add(77 1) :Add(1 4)"), Status::Done);
@@ -89,7 +90,7 @@ TEST_F(RunActionsTest, indirect_parameters_are_read_from_variables_of_their_clas
   EXPECT_EQ(Octets(3), "texttext");
 }
 
-TEST_F(RunActionsTest, a_list_without_a_required_parameter_goes_on_behind_the_action) {
+TEST_F(RunActionsTest, an_action_without_a_required_parameter_is_skipped) {
   Start(kVariables);
   EXPECT_EQ(RunOne(Action::Add, 1, {}), Status::Done);
   EXPECT_EQ(RunOne(Action::SetVariable, 1, {}), Status::Done);
@@ -99,13 +100,13 @@ TEST_F(RunActionsTest, a_list_without_a_required_parameter_goes_on_behind_the_ac
   EXPECT_EQ(Integer(1), 0);
 }
 
-TEST_F(RunActionsTest, tilde_and_the_name_with_number_0_is_the_group_itself) {
+TEST_F(RunActionsTest, a_group_name_with_number_0_refers_to_the_group_itself) {
   Start(kVariables);
   EXPECT_EQ(Run(R"(:LockScreen(("~/a" 0)) :LockScreen(("/a" 0)))"), Status::Done);
   EXPECT_EQ(CurrentApplication()->LockCount, 2);
 }
 
-TEST_F(RunActionsTest, actions_that_are_not_performed_have_no_effect) {
+TEST_F(RunActionsTest, unsupported_actions_have_no_effect) {
   Start(std::string(kVariables) + "{:PushButton 20 :OrigBoxSize 9 9 :OrigLabel \"old\"}"
                                   "{:SwitchButton 21 :OrigBoxSize 9 9 :ButtonStyle checkbox}"
                                   "{:Text 22 :OrigBoxSize 9 9}");
@@ -126,7 +127,7 @@ TEST_F(RunActionsTest, actions_that_are_not_performed_have_no_effect) {
   EXPECT_EQ(Stack(), before);
 }
 
-TEST_F(RunActionsTest, a_transition_of_a_scenes_list_ends_with_its_own_result) {
+TEST_F(RunActionsTest, a_transition_in_a_scenes_list_returns_its_own_result) {
   AddScene("t", "");
   StartWithScene(kVariables, "");
   EXPECT_EQ(Run(R"(:TransitionTo(("~/s" 0)) :Add(("~/a" 1) 1))", Scope::SceneFirst),
@@ -136,8 +137,7 @@ TEST_F(RunActionsTest, a_transition_of_a_scenes_list_ends_with_its_own_result) {
   EXPECT_EQ(Integer(1), 0);
 }
 
-TEST_F(RunActionsTest,
-       a_transition_of_the_applications_list_ends_it_as_replaced_even_when_refused) {
+TEST_F(RunActionsTest, a_transition_in_the_applications_list_returns_replaced_even_when_refused) {
   StartWithScene(kVariables, "");
   EXPECT_EQ(Run(R"(:TransitionTo(("~/s" 0)) :Add(1 1))"), Status::Replaced);
   EXPECT_EQ(Integer(1), 0);
@@ -156,7 +156,7 @@ TEST_F(RunActionsTest, a_transition_to_a_name_in_a_variable_is_followed) {
   EXPECT_EQ(Integer(3), 1);
 }
 
-TEST_F(RunActionsTest, a_transition_does_not_look_at_its_connection_and_its_effect) {
+TEST_F(RunActionsTest, a_transition_ignores_its_connection_and_its_effect) {
   AddFile("text", "{:Scene (\"~/text\" 0)}");
   for (const char* arguments : {":IndirectRef 77 1", "NULL :IndirectRef 77", ":IndirectRef 3"}) {
     StartWithScene("{:ContentRefVar 3 :OrigValue :ContentRef \"~/text\"}", "");
@@ -186,7 +186,7 @@ TEST_F(RunActionsTest, a_launch_reads_an_indirect_name_from_an_octet_string_vari
   EXPECT_EQ(CurrentApplication()->Reference.GroupIdentifier.View(), "~/b");
 }
 
-TEST_F(RunActionsTest, a_launch_whose_variable_holds_no_name_ends_the_list_without_a_name) {
+TEST_F(RunActionsTest, a_launch_whose_variable_holds_no_name_fails_like_a_missing_file) {
   Start("{:ObjectRefVar 2 :OrigValue :ObjectRef (\"~/b\" 0)} {:IntegerVar 3 :OrigValue 0}" +
         Watch(0, "EngineEvent", "missing", "2"));
   for (const char* variable : {"2", "3", "77"}) {
@@ -217,14 +217,14 @@ TEST_F(RunActionsTest, an_outer_list_ends_when_an_inner_one_changes_the_scene) {
   EXPECT_EQ(Integer(2), 7);
 }
 
-TEST_F(RunActionsTest, a_refused_spawn_lets_the_list_go_on) {
+TEST_F(RunActionsTest, a_refused_spawn_does_not_end_the_list) {
   AddScene("t", "");
   Start(kVariables);
   EXPECT_EQ(Run(R"(:Spawn(("~/t" 0)) :Spawn(("~/missing" 0)) :Add(1 1))"), Status::Done);
   EXPECT_EQ(Integer(1), 1);
 }
 
-TEST_F(RunActionsTest, a_spawn_that_is_done_ends_the_list) {
+TEST_F(RunActionsTest, a_successful_spawn_ends_the_list) {
   AddFile("b", R"({:Application ("~/b" 0) :Items ({:IntegerVar 1 :OrigValue 0})})");
   Start(kVariables);
   EXPECT_EQ(Run(R"(:Spawn(("~/b" 0)) :Add(("~/b" 1) 1))"), Status::Replaced);
@@ -238,7 +238,7 @@ TEST_F(RunActionsTest, a_behaviour_that_refuses_does_not_end_the_list) {
   EXPECT_EQ(Integer(1), 1);
 }
 
-TEST_F(RunActionsTest, the_screen_is_drawn_again_when_the_last_lock_is_undone) {
+TEST_F(RunActionsTest, the_screen_is_redrawn_when_the_last_lock_is_released) {
   Start(kVariables);
   const int before = ThePresentation().redraws;
   EXPECT_EQ(Run(":LockScreen(0) :LockScreen(0) :UnlockScreen(0)"), Status::Done);
@@ -250,14 +250,14 @@ TEST_F(RunActionsTest, the_screen_is_drawn_again_when_the_last_lock_is_undone) {
   EXPECT_EQ(CurrentApplication()->LockCount, 0);
 }
 
-TEST_F(RunActionsTest, a_redraw_that_asks_to_stop_ends_the_list) {
+TEST_F(RunActionsTest, a_failed_redraw_ends_the_list) {
   Start(kVariables);
   ThePresentation().onRedraw = [] { return Status::Failure; };
   EXPECT_EQ(Run(":LockScreen(0) :UnlockScreen(0) :Add(1 1)"), Status::Failure);
   EXPECT_EQ(Integer(1), 0);
 }
 
-TEST_F(RunActionsTest, the_input_register_is_kept_by_a_scene_that_is_available) {
+TEST_F(RunActionsTest, only_an_available_scene_accepts_an_input_register) {
   StartWithScene(kVariables, "");
   const auto set = [](std::int32_t value) {
     ElementaryAction action;
@@ -289,7 +289,7 @@ TEST_F(RunActionsTest, an_event_is_sent_as_if_it_came_from_its_source) {
   EXPECT_EQ(TakeLog(), "none");
 }
 
-TEST_F(RunActionsTest, an_event_whose_datum_cannot_be_read_is_not_sent) {
+TEST_F(RunActionsTest, an_event_whose_data_cannot_be_read_is_not_sent) {
   StartWithScene(std::string(kVariables) + "{:Text 50 :OrigContent \"\" :OrigBoxSize 9 9}" +
                      Watch(2, "UserInput", "sent"),
                  "");
@@ -300,16 +300,16 @@ TEST_F(RunActionsTest, an_event_whose_datum_cannot_be_read_is_not_sent) {
   EXPECT_EQ(TakeLog(), "sent");
 }
 
-TEST_F(RunActionsTest, cache_priorities_are_kept_by_both_groups) {
+TEST_F(RunActionsTest, cache_priorities_are_stored_in_both_groups) {
   StartWithScene(kVariables, "");
   EXPECT_EQ(Run(R"(:SetCachePriority(0 1) :SetCachePriority(("~/s" 0) 2))"), Status::Done);
   EXPECT_EQ(CurrentApplication()->GroupCachePriority, 1);
   EXPECT_EQ(CurrentScene()->GroupCachePriority, 2);
 }
 
-// The counters are bytes: after 256 changes they look unchanged, and only the end of its group
-// keeps a list from going on.
-TEST_F(RunActionsTest, a_list_does_not_go_on_in_an_ended_scene_when_the_counters_come_round) {
+// The generation counters are bytes. After 256 changes they have their old values, and only the end
+// of its group stops a list.
+TEST_F(RunActionsTest, a_list_of_an_ended_scene_stops_even_if_the_counters_have_wrapped) {
   AddScene("u", R"({:Text 1 :OrigContent "x" :OrigBoxSize 9 9})");
   StartWithScene("{:IntegerVar 9 :OrigValue 0}", R"({:IntegerVar 1 :OrigValue 0}
       {:Link 2 :EventSource 1 :EventType TestEvent :LinkEffect (:TransitionTo(("~/u" 0)))})");
@@ -320,7 +320,7 @@ TEST_F(RunActionsTest, a_list_does_not_go_on_in_an_ended_scene_when_the_counters
   };
   EXPECT_EQ(Run(R"(:TestVariable(1 1 :GInteger 0) :Add(("~/a" 9) 1))", Scope::SceneFirst),
             Status::Replaced);
-  EXPECT_EQ(CurrentGenerations(), before) << "the counters have come round";
+  EXPECT_EQ(CurrentGenerations(), before) << "the counters have wrapped";
   EXPECT_EQ(CurrentScene()->Reference.GroupIdentifier.View(), "~/u");
   EXPECT_EQ(Integer(9), 0);
 }

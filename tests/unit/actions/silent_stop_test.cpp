@@ -1,5 +1,5 @@
-// Objects that stop without an event, because a scene comes or a list takes them off the screen:
-// their highlight and their interaction end with them, just as silently.
+// Objects that stop without an event, because a scene starts or a list removes them from the
+// screen. Their highlight and interaction end too, also without an event.
 #include <ostream>
 
 #include "stage.h"
@@ -14,7 +14,7 @@ struct Way {
 
 std::ostream& operator<<(std::ostream& out, const Way& way) { return out << way.name; }
 
-// The field 1 is an unshared object of the application and the first item of the list 50.
+// Field 1 is an unshared object of the application and the first item of list 50.
 constexpr Way kWays[] = {
     {"transition", R"(:TransitionTo(("~/s" 0)))"},
     {"scrolling", ":ScrollItems(50 1)"},
@@ -51,7 +51,7 @@ TEST_P(SilentStop, ends_highlight_and_interaction_without_an_event) {
   EXPECT_EQ(TakeLog(), "");
 }
 
-TEST_P(SilentStop, lets_another_object_interact) {
+TEST_P(SilentStop, allows_another_object_to_interact) {
   StopField();
   EXPECT_EQ(Run(":SetInteractionStatus(3 TRUE)"), Status::Done);
   EXPECT_TRUE(Object<EntryField>(3).InteractionStatus);
@@ -60,7 +60,7 @@ TEST_P(SilentStop, lets_another_object_interact) {
   EXPECT_EQ(Object<EntryField>(3).TextData.View(), "0");
 }
 
-TEST_P(SilentStop, lets_the_object_itself_be_highlighted_again) {
+TEST_P(SilentStop, allows_the_object_to_be_highlighted_again) {
   StopField();
   EXPECT_EQ(Run(":SetHighlightStatus(1 TRUE)"), Status::Done);
   EXPECT_EQ(TakeLog(), "on");
@@ -73,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(By, SilentStop, testing::ValuesIn(kWays),
 
 class SilentStopOfAnother : public Stage {};
 
-TEST_F(SilentStopOfAnother, leaves_the_interaction_in_progress) {
+TEST_F(SilentStopOfAnother, does_not_end_the_interaction_in_progress) {
   Start("{:EntryField 1 :OrigContent \"\" :OrigBoxSize 9 9}"
         "{:EntryField 2 :InitiallyActive FALSE :OrigContent \"\" :OrigBoxSize 9 9}"
         "{:ListGroup 50 :TokenGroupItems ((2)) :Positions ((0 0))}");
@@ -83,7 +83,7 @@ TEST_F(SilentStopOfAnother, leaves_the_interaction_in_progress) {
   EXPECT_FALSE(Object<EntryField>(2).InteractionStatus);
 }
 
-TEST_F(SilentStopOfAnother, leaves_the_highlight_of_an_object_that_does_not_run) {
+TEST_F(SilentStopOfAnother, keeps_the_highlight_of_an_object_that_does_not_run) {
   AddScene("s", "");
   Start("{:EntryField 1 :OrigContent \"\" :OrigBoxSize 9 9}");
   EXPECT_EQ(Run(":Stop(1) :SetHighlightStatus(1 TRUE)"), Status::Done);

@@ -13,7 +13,7 @@ class SliderTest : public Stage {
   static std::int32_t Value() { return Object<Slider>(1).SliderValue; }
 };
 
-TEST_F(SliderTest, slider_values_stand_on_steps) {
+TEST_F(SliderTest, only_values_on_a_step_within_the_range_are_accepted) {
   StartSlider(":MinValue 0 :MaxValue 10 :StepSize 3 :InitialValue 0");
   EXPECT_EQ(Run(":SetSliderValue(1 4) :SetSliderValue(1 12) :SetSliderValue(1 -3)"), Status::Done);
   EXPECT_EQ(Value(), 0);
@@ -38,7 +38,7 @@ TEST_F(SliderTest, huge_steps_do_not_wrap) {
   EXPECT_EQ(Value(), 5);
 }
 
-TEST_F(SliderTest, a_step_of_0_sets_no_value) {
+TEST_F(SliderTest, a_slider_with_step_0_refuses_every_value) {
   StartSlider(":MinValue 0 :MaxValue 10 :StepSize 0 :InitialValue 0");
   EXPECT_EQ(Run(":SetSliderValue(1 5) :SetSliderValue(1 0)"), Status::Done);
   EXPECT_EQ(Value(), 0);
@@ -62,7 +62,7 @@ TEST_F(SliderTest, only_a_proportional_slider_has_a_portion) {
   EXPECT_EQ(TakeLog(), "done");
 }
 
-TEST_F(SliderTest, value_and_portion_fit_below_the_maximum) {
+TEST_F(SliderTest, value_plus_portion_must_not_exceed_the_maximum) {
   StartSlider(":MinValue 0 :MaxValue 10 :InitialValue 2 :InitialPortion 4 :SliderStyle "
               "proportional");
   EXPECT_EQ(Run(":SetSliderValue(1 7) :Step(1 5)"), Status::Done);
@@ -74,15 +74,16 @@ TEST_F(SliderTest, value_and_portion_fit_below_the_maximum) {
   EXPECT_EQ(Integer(2), -9);
 }
 
-TEST_F(SliderTest, a_slider_is_drawn_before_it_tells) {
+TEST_F(SliderTest, a_slider_is_redrawn_before_it_raises_its_event) {
   StartSlider(":MinValue 0 :MaxValue 10 :InitialValue 0");
   std::string order;
   ThePresentation().onRedraw = [&] {
-    order += std::to_string(Value()) + (Octets(900).empty() ? " untold" : " told");
+    order +=
+        std::to_string(Value()) + (Octets(900).empty() ? " before the event" : " after the event");
     return Status::Done;
   };
   EXPECT_EQ(Run(":Step(1 1)"), Status::Done);
-  EXPECT_EQ(order, "1 untold");
+  EXPECT_EQ(order, "1 before the event");
   EXPECT_EQ(TakeLog(), "done");
 }
 

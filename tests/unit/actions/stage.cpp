@@ -1,4 +1,4 @@
-// Starting the engine on the stand-ins, and running actions in it.
+// Starts the engine with the substitutes, and runs actions in it.
 #include "stage.h"
 #include "actions/actions.h"
 

@@ -1,5 +1,6 @@
-// A running engine for tests of actions: an application "~/a" whose items a test writes as text,
-// scenes beside it, and a log that links of the application keep of the events that a test watches.
+// A running engine for tests of actions: an application "~/a" whose items a test writes in the
+// textual notation, scenes beside it, and a log that the application's links write when watched
+// events occur.
 #pragma once
 
 #include <string>
@@ -22,26 +23,26 @@ class Stage : public EngineTest {
   // Puts the scene "~/`name`" with these items into the carousel.
   static void AddScene(const std::string& name, const std::string& items,
                        const std::string& attributes = "");
-  // Starts the application "~/a" with these items, and the log's.
+  // Starts the application "~/a" with these items and the log variable.
   static void Start(const std::string& items, const std::string& attributes = "");
-  // Starts it and goes to the scene "~/s" with the other items.
+  // Starts it and makes a transition to the scene "~/s" with `sceneItems`.
   static void StartWithScene(const std::string& items, const std::string& sceneItems);
 
-  // A link that writes `mark` into the log when the event comes. Numbered from 1001 on.
+  // A link that writes `mark` to the log when the event occurs. Links are numbered from 1001.
   std::string Watch(int source, const std::string& event, const std::string& mark,
                     const std::string& data = "");
-  // The same for a boolean datum: it writes "mark+" for true and "mark-" for false.
+  // The same for boolean event data: writes `mark` and "+" for true, "-" for false.
   std::string WatchBoolean(int source, const std::string& event, const std::string& mark);
-  // The same for an integer datum from `first` to `last`: it writes "mark" and the number.
+  // The same for integer event data from `first` to `last`: writes `mark` and the number.
   std::string WatchInteger(int source, const std::string& event, const std::string& mark, int first,
                            int last);
 
   // Runs actions written as text, as the running application or scene would.
   static Status Run(const std::string& actions, Scope scope = Scope::ApplicationFirst);
-  // Runs one action that may be of any number, on an object of the application.
+  // Runs one action, which need not have a keyword, on an object of the application.
   static Status RunOne(Action action, int target, List<GenericValue> parameters);
 
-  // What has been logged since the last call, marks separated by blanks.
+  // The marks logged since the last call, separated by blanks. Clears the log.
   static std::string TakeLog();
 
   template <class Record>

@@ -1,4 +1,4 @@
-// Text objects: new content, reading it back, and the attributes of drawing.
+// Text objects: new content, reading it back, and the drawing attributes.
 #include "stage.h"
 
 namespace korvel::test {
@@ -14,7 +14,7 @@ class TextTest : public Stage {
 constexpr char kText[] = "{:Text 1 :OrigContent \"as decoded\" :OrigBoxSize 99 20}"
                          "{:OStringVar 2 :OrigValue \"before\"} {:IntegerVar 3 :OrigValue 5}";
 
-TEST_F(TextTest, included_content_is_shown_at_once) {
+TEST_F(TextTest, included_content_is_shown_immediately) {
   Start(kText);
   const int before = ThePresentation().redraws;
   EXPECT_EQ(Run(":SetData(1 'new=00text')"), Status::Done);
@@ -27,7 +27,7 @@ TEST_F(TextTest, included_content_is_shown_at_once) {
   EXPECT_EQ(ThePresentation().redraws, stopped) << "a text that does not run is not drawn";
 }
 
-TEST_F(TextTest, referenced_content_is_fetched_and_a_failure_leaves_the_old_text) {
+TEST_F(TextTest, referenced_content_is_fetched_and_a_failure_keeps_the_old_text) {
   TheHost().files["t"] = "fetched";
   Start(std::string(kText) + "{:ContentRefVar 4 :OrigValue :ContentRef \"~/t\"}" +
         Watch(0, "EngineEvent", "error", "3"));
@@ -53,12 +53,12 @@ TEST_F(TextTest, a_variable_that_names_new_content_loads_it_first) {
   EXPECT_EQ(TheHost().fetched, std::vector<std::string>{"p"});
   EXPECT_EQ(Object<ContentRefVariable>(2).Content.Data.View(), "picture");
   EXPECT_TRUE(Object<Bitmap>(1).Content.IsReferenced);
-  EXPECT_EQ(Object<Bitmap>(1).Content.Data.View(), "~/p") << "the object is given the path";
+  EXPECT_EQ(Object<Bitmap>(1).Content.Data.View(), "~/p") << "the object receives the path";
   EXPECT_EQ(Run(":SetData(1 :NewRefContent (:IndirectRef 2))"), Status::Done);
   EXPECT_EQ(TheHost().fetched, std::vector<std::string>{"p"}) << "loaded once";
 }
 
-TEST_F(TextTest, every_other_class_keeps_its_new_content) {
+TEST_F(TextTest, other_classes_store_their_new_content) {
   Start("{:Bitmap 1 :OrigContent :ContentRef (\"~/p\") :OrigBoxSize 9 9} {:IntegerVar 2"
         " :OrigValue 0} {:Stream 3 :Multiplex ({:Audio 4 :ComponentTag 1})}");
   const int before = ThePresentation().redraws;
@@ -70,10 +70,10 @@ TEST_F(TextTest, every_other_class_keeps_its_new_content) {
   EXPECT_EQ(Object<Bitmap>(1).OriginalContent.Data.View(), "~/p");
   EXPECT_EQ(Object<Ingredient>(2).Content.Data.View(), "two");
   EXPECT_EQ(Object<Ingredient>(4).Content.Data.View(), "four");
-  EXPECT_EQ(ThePresentation().redraws, before + 1) << "the bitmap is drawn again";
+  EXPECT_EQ(ThePresentation().redraws, before + 1) << "the bitmap is redrawn";
 }
 
-TEST_F(TextTest, text_data_is_what_is_shown_and_content_what_was_decoded) {
+TEST_F(TextTest, get_text_data_returns_the_shown_text_and_get_text_content_the_decoded_one) {
   Start(kText);
   testing::internal::CaptureStdout();
   EXPECT_EQ(Run(":SetData(1 \"shown\") :GetTextData(1 2)"), Status::Done);
@@ -116,7 +116,7 @@ TEST_F(TextTest, a_font_is_a_name_or_an_object) {
   EXPECT_EQ(Object<Text>(1).Font.Name.View(), "before");
 }
 
-TEST_F(TextTest, colours_and_font_attributes_are_kept) {
+TEST_F(TextTest, colours_and_font_attributes_are_stored) {
   Start(kText);
   EXPECT_EQ(RunOne(Action::SetTextColour, 1, ParametersOf(IntegerValue(7))), Status::Done);
   EXPECT_EQ(Object<Text>(1).TextColour.Kind, ValueKind::Integer);

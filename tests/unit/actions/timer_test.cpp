@@ -1,4 +1,4 @@
-// The timers of scenes and applications, from the action that sets one to the event of its expiry.
+// Timers of scenes and applications, from SetTimer to the event when they expire.
 #include "stage.h"
 
 namespace korvel::test {
@@ -6,7 +6,7 @@ namespace {
 
 class TimerTest : public Stage {
  protected:
-  // A scene that logs the expiry of timer 5 in the application's variable 1.
+  // Starts a scene that logs the expiry of timer 5 in variable 1 of the application.
   void StartTimers() {
     StartWithScene("{:OStringVar 1 :Shared TRUE :OrigValue \"\"}" + Watch(0, "TimerFired", "app"),
                    "{:Link 2 :EventSource 0 :EventType TimerFired :EventData 5"
@@ -68,7 +68,7 @@ TEST_F(TimerTest, an_absolute_time_counts_from_the_start_of_the_process) {
   EXPECT_EQ(TheHost().timers, (Timers{{5, 600}}));
 }
 
-TEST_F(TimerTest, an_absolute_time_that_has_passed_does_not_come_soon) {
+TEST_F(TimerTest, an_absolute_time_in_the_past_does_not_fire_soon) {
   TheHost().milliseconds = 5000;
   StartTimers();
   EXPECT_EQ(RunInScene(":SetTimer(0 5 1000 :AbsoluteTime TRUE)"), Status::Done);
@@ -94,7 +94,7 @@ TEST_F(TimerTest, a_timer_of_the_application_never_fires) {
   EXPECT_EQ(TakeLog(), "");
 }
 
-TEST_F(TimerTest, a_timer_of_the_scene_takes_the_place_of_the_applications) {
+TEST_F(TimerTest, a_scene_timer_replaces_the_applications_timer_of_the_same_number) {
   StartTimers();
   EXPECT_EQ(Run(":SetTimer(0 5 1000)"), Status::Done);
   EXPECT_EQ(RunInScene(":SetTimer(0 5 2000)"), Status::Done);

@@ -6,7 +6,7 @@ namespace {
 
 class TokenGroupTest : public Stage {
  protected:
-  // A running token group 10 over the visibles 1 to 3, with its events logged.
+  // Runs token group 10 with the visibles 1 to 3 and logs its events.
   void StartTokens(const std::string& attributes = "") {
     Start(
         StoppedRectangles(3) +
@@ -32,7 +32,7 @@ TEST_F(TokenGroupTest, a_token_group_runs_its_members_before_itself) {
   EXPECT_EQ(Stack(), "1 2");
 }
 
-TEST_F(TokenGroupTest, a_member_that_is_no_visible_is_told_and_passed_over) {
+TEST_F(TokenGroupTest, a_member_that_is_no_visible_is_reported_and_skipped) {
   Start(StoppedRectangles(1) +
         "{:IntegerVar 3 :OrigValue 0}"
         "{:TokenGroup 10 :InitiallyActive FALSE :TokenGroupItems ((3) (77) (1))}");
@@ -64,7 +64,7 @@ TEST_F(TokenGroupTest, moving_to_the_same_position_raises_nothing) {
   EXPECT_EQ(Integer(20), 3);
 }
 
-TEST_F(TokenGroupTest, any_position_may_be_moved_to) {
+TEST_F(TokenGroupTest, the_token_may_be_moved_to_any_position) {
   StartTokens();
   EXPECT_EQ(Run(":MoveTo(10 -7) :GetTokenPosition(10 20) :MoveTo(10 1000)"
                 ":GetTokenPosition(10 21)"),
@@ -79,7 +79,7 @@ TEST_F(TokenGroupTest, a_movement_leads_from_each_position_to_its_target) {
   EXPECT_EQ(TakeLog(), "from1 to2 from2 to3 from3 to1");
 }
 
-TEST_F(TokenGroupTest, a_missing_movement_is_told_and_the_list_goes_on) {
+TEST_F(TokenGroupTest, a_missing_movement_is_reported_and_the_list_continues) {
   StartTokens();
   testing::internal::CaptureStdout();
   EXPECT_EQ(Run(":Move(10 4) :Move(10 0) :Move(10 -1) :Add(20 1)"), Status::Done);
@@ -96,7 +96,7 @@ TEST_F(TokenGroupTest, a_movement_that_is_too_short_ends_the_list) {
   EXPECT_EQ(Integer(20), 0);
 }
 
-TEST_F(TokenGroupTest, without_a_token_there_is_no_movement) {
+TEST_F(TokenGroupTest, move_without_a_token_does_nothing) {
   StartTokens();
   EXPECT_EQ(Run(":MoveTo(10 0) :Move(10 1) :GetTokenPosition(10 20)"), Status::Done);
   EXPECT_EQ(Integer(20), 0);
@@ -114,12 +114,12 @@ TEST_F(TokenGroupTest, a_link_that_quits_keeps_the_token_where_it_is) {
   EXPECT_EQ(group.TokenPosition, 1);
 }
 
-TEST_F(TokenGroupTest, action_slots_go_with_the_token) {
+TEST_F(TokenGroupTest, action_slots_belong_to_the_item_with_the_token) {
   StartTokens();
   EXPECT_EQ(Run(":CallActionSlot(10 1)"), Status::Done);
   EXPECT_EQ(Integer(20), 1);
   EXPECT_EQ(Run(":CallActionSlot(10 0) :CallActionSlot(10 -5)"), Status::Done);
-  EXPECT_EQ(Integer(20), 3) << "indices below 1 count as 1";
+  EXPECT_EQ(Integer(20), 3) << "indices below 1 mean 1";
   EXPECT_EQ(Run(":CallActionSlot(10 2) :CallActionSlot(10 4) :CallActionSlot(10 3)"), Status::Done);
   EXPECT_EQ(Integer(20), 103) << "an empty or missing slot does nothing";
   EXPECT_EQ(Run(":MoveTo(10 3) :CallActionSlot(10 1)"), Status::Done);
@@ -133,7 +133,7 @@ TEST_F(TokenGroupTest, without_a_token_the_no_token_slots_are_called) {
   EXPECT_EQ(Integer(20), 55);
 }
 
-TEST_F(TokenGroupTest, a_token_past_the_members_ends_the_list_that_calls_a_slot) {
+TEST_F(TokenGroupTest, calling_a_slot_with_the_token_past_the_members_ends_the_list) {
   StartTokens();
   testing::internal::CaptureStdout();
   EXPECT_EQ(Run(":MoveTo(10 4) :CallActionSlot(10 1) :Add(20 1)"), Status::Failure);
@@ -160,8 +160,9 @@ TEST_F(TokenGroupTest, a_group_that_does_not_run_does_nothing) {
   EXPECT_EQ(Integer(20), 9);
 }
 
-// A link of the group's stop runs it again: it goes on with its members, and its stop is not told.
-TEST_F(TokenGroupTest, a_token_group_that_is_run_again_as_it_stops_keeps_its_members) {
+// A link triggered by the stop runs the group again. The group keeps its members running and raises
+// no IsStopped.
+TEST_F(TokenGroupTest, a_token_group_restarted_while_it_stops_keeps_its_members) {
   for (const char* event : {"10 :EventType TokenMovedFrom", "1 :EventType IsStopped"}) {
     Start(StoppedRectangles(2) + "{:TokenGroup 10 :TokenGroupItems ((1) (2))}" +
           "{:Link 20 :EventSource " + event + " :LinkEffect (:Run(10))}" +

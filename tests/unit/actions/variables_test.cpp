@@ -1,4 +1,4 @@
-// What the actions on variables do to their values, and the events that tests raise.
+// The actions on variables: how they change values, and the events that TestVariable raises.
 #include <limits>
 
 #include "actions/actions.h"
@@ -17,7 +17,7 @@ constexpr char kVariables[] =
 
 class VariablesTest : public Stage {
  protected:
-  // Starts the variables with the results of all their tests logged as "+" and "-".
+  // Starts the variables and logs the results of their tests as "+" and "-".
   void StartVariables() {
     std::string items = kVariables;
     for (int number = 1; number <= 5; ++number) items += WatchBoolean(number, "TestEvent", "");
@@ -37,7 +37,7 @@ class VariablesTest : public Stage {
   }
 };
 
-TEST_F(VariablesTest, a_boolean_takes_a_boolean_only) {
+TEST_F(VariablesTest, a_boolean_accepts_only_a_boolean) {
   Start(kVariables);
   EXPECT_EQ(Run(":SetVariable(1 :GBoolean FALSE)"), Status::Done);
   EXPECT_FALSE(Boolean(1));
@@ -49,7 +49,7 @@ TEST_F(VariablesTest, a_boolean_takes_a_boolean_only) {
   EXPECT_TRUE(Boolean(1));
 }
 
-TEST_F(VariablesTest, an_integer_is_read_from_the_front_of_a_string) {
+TEST_F(VariablesTest, an_integer_is_parsed_from_the_start_of_a_string) {
   Start(kVariables);
   const auto from = [](const std::string& text) {
     EXPECT_EQ(Run(":SetVariable(12 :GInteger 99) :SetVariable(12 :GOctetString \"" + text + "\")"),
@@ -65,13 +65,13 @@ TEST_F(VariablesTest, an_integer_is_read_from_the_front_of_a_string) {
   EXPECT_EQ(from("-99999999999999999999"), -2147483647 - 1);
 }
 
-TEST_F(VariablesTest, an_integer_is_read_from_a_string_variable) {
+TEST_F(VariablesTest, an_integer_is_parsed_from_a_string_variable) {
   Start(kVariables);
   EXPECT_EQ(Run(":SetVariable(12 :GOctetString :IndirectRef 13)"), Status::Done);
   EXPECT_EQ(Integer(12), 42);
 }
 
-TEST_F(VariablesTest, a_string_takes_its_exact_bytes) {
+TEST_F(VariablesTest, a_string_stores_its_exact_bytes) {
   Start(kVariables);
   EXPECT_EQ(Run(":SetVariable(3 :GOctetString 'a=00b')"), Status::Done);
   EXPECT_EQ(Octets(3), std::string("a\0b", 3));
@@ -79,12 +79,12 @@ TEST_F(VariablesTest, a_string_takes_its_exact_bytes) {
   EXPECT_EQ(Octets(3), std::string("a\0b", 3));
 }
 
-TEST_F(VariablesTest, a_string_takes_an_integer_variable_as_decimal_text) {
+TEST_F(VariablesTest, a_string_receives_an_integer_variable_as_decimal_text) {
   Start(kVariables);
   EXPECT_EQ(Run(":SetVariable(3 :GInteger :IndirectRef 2)"), Status::Done);
   EXPECT_EQ(Octets(3), "-305");
   EXPECT_EQ(Run(":SetVariable(3 :GInteger 7)"), Status::Done);
-  EXPECT_EQ(Octets(3), "-305") << "a number that is given directly is no string";
+  EXPECT_EQ(Octets(3), "-305") << "a literal number is not converted";
 }
 
 TEST_F(VariablesTest, a_reference_is_copied_with_its_group) {
@@ -97,7 +97,7 @@ TEST_F(VariablesTest, a_reference_is_copied_with_its_group) {
   EXPECT_EQ(Object<ObjectRefVariable>(4).Value.GroupIdentifier.View(), "~/x");
 }
 
-TEST_F(VariablesTest, a_content_path_read_from_a_variable_counts_the_zero_behind_it) {
+TEST_F(VariablesTest, a_content_path_read_from_a_variable_includes_its_terminating_zero) {
   Start(kVariables);
   EXPECT_EQ(Run(":SetVariable(5 :GContentRef :ContentRef \"~/e\")"), Status::Done);
   EXPECT_EQ(Path(5), "~/e");
@@ -133,7 +133,7 @@ TEST_F(VariablesTest, a_variable_that_is_not_available_does_not_change) {
   EXPECT_FALSE(Boolean(3));
 }
 
-TEST_F(VariablesTest, a_variable_that_is_not_available_is_tested_all_the_same) {
+TEST_F(VariablesTest, an_unavailable_variable_can_be_tested) {
   Start("{:IntegerVar 1 :InitiallyActive FALSE :OrigValue 5}" +
         WatchBoolean(1, "TestEvent", "result"));
   EXPECT_EQ(Run(":TestVariable(1 1 :GInteger 0)"), Status::Done);
@@ -163,7 +163,7 @@ TEST_F(VariablesTest, dividing_by_zero_changes_nothing) {
   EXPECT_EQ(Calculate("Modulo", 5, 0), 5);
 }
 
-TEST_F(VariablesTest, dividing_the_least_integer_by_minus_one_gives_it_back) {
+TEST_F(VariablesTest, dividing_the_least_integer_by_minus_one_leaves_it_unchanged) {
   Start(kVariables);
   constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
   EXPECT_EQ(Calculate("Divide", kLeast, -1), kLeast);
@@ -177,7 +177,7 @@ TEST_F(VariablesTest, appending_adds_at_the_end) {
   EXPECT_EQ(Octets(2), "abcdabcd");
 }
 
-TEST_F(VariablesTest, a_string_that_grows_too_long_stays_as_it_was) {
+TEST_F(VariablesTest, a_string_that_would_grow_too_long_is_unchanged) {
   Start("{:OStringVar 1 :OrigValue \"\"}");
   ASSERT_TRUE(Object<OctetStringVariable>(1).Value.Assign(std::string(9U << 20U, 'x')));
   testing::internal::CaptureStdout();
@@ -200,7 +200,7 @@ TEST_F(VariablesTest, integers_are_compared_by_the_operator) {
   EXPECT_EQ(Test("2 0 :GInteger 6"), "-");
 }
 
-TEST_F(VariablesTest, every_operator_but_1_tests_others_for_inequality) {
+TEST_F(VariablesTest, on_other_classes_every_operator_but_1_means_not_equal) {
   StartVariables();
   EXPECT_EQ(Test("1 1 :GBoolean TRUE"), "+");
   EXPECT_EQ(Test("1 3 :GBoolean TRUE"), "-");
@@ -209,20 +209,21 @@ TEST_F(VariablesTest, every_operator_but_1_tests_others_for_inequality) {
   EXPECT_EQ(Test("4 2 :GObjectRef (\"~/x\" 6)"), "-");
 }
 
-TEST_F(VariablesTest, references_are_equal_byte_for_byte) {
+TEST_F(VariablesTest, references_are_compared_byte_for_byte) {
   StartVariables();
   EXPECT_EQ(Test("4 1 :GObjectRef (\"~/x\" 6)"), "+");
   EXPECT_EQ(Test("4 1 :GObjectRef (\"/x\" 6)"), "-");
   EXPECT_EQ(Test("4 1 :GObjectRef (\"~/x\" 7)"), "-");
 }
 
-TEST_F(VariablesTest, a_string_equals_its_beginning) {
+TEST_F(VariablesTest, a_string_equals_its_prefixes) {
   StartVariables();
   EXPECT_EQ(Test("3 1 :GOctetString \"abc\""), "+");
   EXPECT_EQ(Test("3 1 :GOctetString \"abd\""), "-");
   EXPECT_EQ(Test("3 1 :GOctetString \"abcdef\""), "+");
   EXPECT_EQ(Test("3 1 :GOctetString \"abcdefg\""), "-");
-  EXPECT_EQ(Test("3 1 :GOctetString \"\""), "-") << "without a length whole texts are compared";
+  EXPECT_EQ(Test("3 1 :GOctetString \"\""), "-")
+      << "an empty operand is compared with the whole text";
   EXPECT_EQ(Test("5 1 :GContentRef :ContentRef \"~/\""), "+");
   EXPECT_EQ(Test("5 1 :GContentRef :ContentRef \"~/x\""), "-");
 }
@@ -237,14 +238,14 @@ TEST_F(VariablesTest, a_path_read_from_a_variable_is_compared_as_a_whole) {
   EXPECT_EQ(Test("5 1 :GContentRef :IndirectRef 15"), "-");
   EXPECT_EQ(Test("5 2 :GContentRef :IndirectRef 15"), "+");
   EXPECT_EQ(Test("5 1 :GContentRef :ContentRef \"~/folder\""), "+")
-      << "a path that is given directly has a length";
+      << "a literal path is compared as a prefix";
   assign(15, "~/folder/file");
   EXPECT_EQ(Test("5 1 :GContentRef :IndirectRef 15"), "+");
   assign(15, std::string_view("~/folder/file\0", 14));
-  EXPECT_EQ(Test("5 1 :GContentRef :IndirectRef 15"), "+") << "the text ends at its zero";
+  EXPECT_EQ(Test("5 1 :GContentRef :IndirectRef 15"), "+") << "the path ends at its zero";
 }
 
-TEST_F(VariablesTest, an_operand_of_another_kind_raises_nothing) {
+TEST_F(VariablesTest, an_operand_of_another_kind_raises_no_event) {
   StartVariables();
   EXPECT_EQ(Test("1 1 :GInteger 1"), "");
   EXPECT_EQ(Test("2 1 :GBoolean TRUE"), "");
@@ -261,7 +262,7 @@ TEST_F(VariablesTest, a_test_whose_link_quits_ends_the_list) {
             Status::Failure);
 }
 
-// Sets a variable to a value whose copy finds no memory. What is printed.
+// Sets a variable while copying the value runs out of memory. Returns the printed text.
 std::string SetWithoutMemory(int variable, GenericValue value) {
   ElementaryAction action;
   action.ActionType = static_cast<std::uint8_t>(Action::SetVariable);

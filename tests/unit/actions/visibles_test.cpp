@@ -12,7 +12,7 @@ constexpr char kThree[] =
     "{:Rectangle 4 :InitiallyActive FALSE :OrigBoxSize 9 9} {:IntegerVar 5 :OrigValue 0}"
     "{:IntegerVar 6 :OrigValue 0} {:OStringVar 7 :OrigValue \"\"}";
 
-TEST_F(VisiblesTest, visibles_change_their_places_in_the_stack) {
+TEST_F(VisiblesTest, stacking_actions_reorder_the_display_stack) {
   Start(kThree);
   EXPECT_EQ(Stack(), "1 2 3");
   EXPECT_EQ(Run(":BringToFront(1)"), Status::Done);
@@ -25,7 +25,7 @@ TEST_F(VisiblesTest, visibles_change_their_places_in_the_stack) {
   EXPECT_EQ(Stack(), "2 1 3");
 }
 
-TEST_F(VisiblesTest, what_is_not_in_the_stack_is_not_stacked) {
+TEST_F(VisiblesTest, objects_outside_the_stack_are_not_stacked) {
   Start(kThree);
   EXPECT_EQ(Run(":PutBefore(1 4) :PutBehind(1 4) :PutBefore(1 5) :PutBefore(1 0) :PutBefore(1 77)"
                 ":BringToFront(4) :SendToBack(4) :PutBefore(4 1)"),
@@ -41,7 +41,7 @@ TEST_F(VisiblesTest, a_visible_put_before_itself_stays_and_put_behind_itself_end
   EXPECT_EQ(Stack(), "2 3 1");
 }
 
-TEST_F(VisiblesTest, positions_may_be_negative_and_boxes_not) {
+TEST_F(VisiblesTest, positions_may_be_negative_but_box_sizes_not) {
   Start(kThree);
   EXPECT_EQ(Run(":SetPosition(1 -5 7) :SetBoxSize(1 30 40) :SetBoxSize(1 -1 50)"
                 ":SetBoxSize(1 50 -1) :GetPosition(1 5 6)"),
@@ -60,7 +60,7 @@ TEST_F(VisiblesTest, two_answers_are_written_together_or_not_at_all) {
   EXPECT_EQ(Integer(6), 0);
 }
 
-TEST_F(VisiblesTest, position_and_box_are_read_also_while_a_visible_is_not_available) {
+TEST_F(VisiblesTest, position_and_box_can_be_read_from_an_unavailable_visible) {
   Start("{:Rectangle 1 :InitiallyActive FALSE :OrigBoxSize 9 9} {:IntegerVar 2 :OrigValue 77}"
         "{:IntegerVar 3 :OrigValue 77}");
   Object<Rectangle>(1).Position = {3, -4};
@@ -71,10 +71,10 @@ TEST_F(VisiblesTest, position_and_box_are_read_also_while_a_visible_is_not_avail
   EXPECT_EQ(Run(":GetBoxSize(1 2 3)"), Status::Done);
   EXPECT_EQ(Integer(2), 50);
   EXPECT_EQ(Integer(3), 60);
-  EXPECT_FALSE(Object<Rectangle>(1).AvailabilityStatus) << "asking does not prepare";
+  EXPECT_FALSE(Object<Rectangle>(1).AvailabilityStatus) << "reading does not prepare the object";
 }
 
-TEST_F(VisiblesTest, nothing_changes_while_a_visible_is_not_available) {
+TEST_F(VisiblesTest, an_unavailable_visible_does_not_change) {
   Start(kThree);
   EXPECT_EQ(Run(":SetPosition(4 1 1) :SetBoxSize(4 1 1) :SetPaletteRef(4 9)"), Status::Done);
   EXPECT_EQ(Object<Rectangle>(4).Position.X, 0);
@@ -82,7 +82,7 @@ TEST_F(VisiblesTest, nothing_changes_while_a_visible_is_not_available) {
   EXPECT_FALSE(Object<Rectangle>(4).PaletteRef.IsPresent);
 }
 
-TEST_F(VisiblesTest, only_what_runs_is_drawn_again) {
+TEST_F(VisiblesTest, only_running_visibles_are_redrawn) {
   Start(kThree);
   int before = ThePresentation().redraws;
   EXPECT_EQ(Run(":SetPosition(1 1 1) :SetBoxSize(1 1 1) :BringToFront(1)"), Status::Done);
@@ -93,7 +93,7 @@ TEST_F(VisiblesTest, only_what_runs_is_drawn_again) {
   EXPECT_EQ(ThePresentation().redraws, before);
 }
 
-TEST_F(VisiblesTest, a_bitmap_is_drawn_again_when_scaled_even_when_stopped) {
+TEST_F(VisiblesTest, scaling_a_bitmap_redraws_it_even_when_stopped) {
   Start("{:Bitmap 1 :OrigContent :ContentRef (\"~/p\") :OrigBoxSize 9 9}");
   EXPECT_EQ(Run(":Stop(1)"), Status::Done);
   const int before = ThePresentation().redraws;
@@ -128,7 +128,7 @@ TEST_F(VisiblesTest, transparency_lies_between_0_and_100) {
   EXPECT_EQ(Object<Bitmap>(1).Transparency, 0);
 }
 
-TEST_F(VisiblesTest, a_palette_is_kept) {
+TEST_F(VisiblesTest, set_palette_ref_stores_the_palette) {
   Start(kThree);
   EXPECT_EQ(Run(":SetPaletteRef(1 9)"), Status::Done);
   EXPECT_TRUE(Object<Rectangle>(1).PaletteRef.IsPresent);

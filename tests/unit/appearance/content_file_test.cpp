@@ -1,4 +1,4 @@
-// Paths of content, and which picture files and streams are decoded.
+// Content paths, and which picture files and streams may be decoded.
 #include "appearance/content_file.h"
 
 #include <gtest/gtest.h>
@@ -73,16 +73,16 @@ TEST(PictureSize, sides_of_zero_or_of_the_largest_numbers_are_refused) {
   for (const FileOfSize file : {Png, Bmp}) {
     EXPECT_FALSE(MayBeDecoded(file(0x7FFFFFFF, 0x7FFFFFFF)));
     EXPECT_FALSE(MayBeDecoded(file(0x80000000, 0x80000000)));
-    EXPECT_FALSE(MayBeDecoded(file(0x10000, 0x10000))) << "2 to the 32nd pixels";
+    EXPECT_FALSE(MayBeDecoded(file(0x10000, 0x10000))) << "2 to the power of 32 pixels";
   }
 }
 
-TEST(PictureSize, rows_of_a_bmp_file_may_begin_at_the_top) {
+TEST(PictureSize, a_bmp_file_may_be_stored_top_down) {
   EXPECT_TRUE(MayBeDecoded(Bmp(4096, static_cast<std::uint32_t>(-4096))));
   EXPECT_FALSE(MayBeDecoded(Bmp(4096, static_cast<std::uint32_t>(-4097))));
 }
 
-TEST(PictureSize, the_pixels_of_a_bmp_file_begin_inside_it) {
+TEST(PictureSize, the_pixels_of_a_bmp_file_must_begin_inside_it) {
   std::string file = Bmp(8, 8);
   file.replace(10, 4, Little(static_cast<std::uint32_t>(file.size()), 4));
   EXPECT_TRUE(MayBeDecoded(file));
@@ -90,7 +90,7 @@ TEST(PictureSize, the_pixels_of_a_bmp_file_begin_inside_it) {
   EXPECT_FALSE(MayBeDecoded(file));
 }
 
-TEST(PictureSize, both_the_screen_and_the_first_frame_of_a_gif_file_count) {
+TEST(PictureSize, both_the_screen_and_the_first_frame_of_a_gif_file_are_limited) {
   EXPECT_TRUE(MayBeDecoded(GifScreen(0, 0, '\0') + GifFrame(8, 8)));
   EXPECT_FALSE(MayBeDecoded(GifScreen(60000, 60000, '\0') + GifFrame(8, 8)));
   EXPECT_FALSE(MayBeDecoded(GifScreen(8, 8, '\0') + GifFrame(60000, 60000)));
@@ -117,7 +117,7 @@ TEST(PictureSize, every_frame_of_a_jpeg_file_is_examined) {
   EXPECT_FALSE(MayBeDecoded("\xFF\xD8" + Scans(1))) << "no frame";
 }
 
-TEST(PictureSize, markers_inside_segments_and_data_of_a_jpeg_file_do_not_count) {
+TEST(PictureSize, markers_inside_segments_and_data_of_a_jpeg_file_are_ignored) {
   const std::string hidden = JpegFrame(60000, 60000);
   const std::string segment =
       "\xFF\xE0" + Big(static_cast<std::uint32_t>(2 + hidden.size()), 2) + hidden;
@@ -125,7 +125,7 @@ TEST(PictureSize, markers_inside_segments_and_data_of_a_jpeg_file_do_not_count) 
   EXPECT_TRUE(MayBeDecoded(Jpeg(8, 8) + Scans(1) + std::string("\xFF\0\xC0\xFF\xD0\xFF\xD7", 7)));
 }
 
-TEST(PictureSize, a_header_that_is_cut_short_claims_no_size) {
+TEST(PictureSize, a_truncated_header_is_refused) {
   for (const FileOfSize file : kFormats) {
     const std::string whole = file(8, 8);
     for (std::size_t length = 8; length < 11; ++length) {
@@ -134,7 +134,7 @@ TEST(PictureSize, a_header_that_is_cut_short_claims_no_size) {
   }
 }
 
-TEST(PictureSize, files_of_other_formats_are_not_examined) {
+TEST(PictureSize, files_of_other_formats_are_allowed) {
   for (const char* file : {"", "B", "II+", "RIFF....WEBP", "PNG"}) {
     EXPECT_TRUE(MayBeDecoded(file)) << file;
   }
@@ -165,7 +165,7 @@ std::string operator+(std::string_view left, std::string_view right) {
 
 }  // namespace
 
-TEST(FrameSizeTest, the_size_is_in_the_sequence_header) {
+TEST(FrameSizeTest, the_size_is_read_from_the_sequence_header) {
   FrameSize size;
   ASSERT_TRUE(FindFrameSize(kHeader, size));
   EXPECT_EQ(size.width, 720);
@@ -191,7 +191,7 @@ TEST(FrameSizeTest, a_failure_leaves_the_size_unchanged) {
   EXPECT_EQ(size.height, 4);
 }
 
-TEST(FrameSizeTest, the_largest_size_of_a_header_is_decoded) {
+TEST(FrameSizeTest, the_largest_size_of_a_header_is_allowed) {
   constexpr std::string_view kLargest = "\x00\x00\x01\xB3\xFF\xFF\xFF"sv;
   FrameSize size;
   ASSERT_TRUE(FindFrameSize(kLargest, size));

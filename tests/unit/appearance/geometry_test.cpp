@@ -1,5 +1,5 @@
-// Line attributes, and the clipping of lines and polygons: the parts inside are neither moved nor
-// bent.
+// Line attributes, and the clipping of lines and polygons. The visible parts keep their position
+// and direction.
 #include "appearance/geometry.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ bool IsDrawn(const CanvasPoint& point) {
   return std::abs(point.x) <= kFar && std::abs(point.y) <= kFar;
 }
 
-// Twice the area of the triangle a, b, c, above 0 when they turn left.
+// Twice the area of the triangle a, b, c. Positive if a, b, c turn left.
 double Turn(const CanvasPoint& a, const CanvasPoint& b, const CanvasPoint& c) {
   return (static_cast<double>(b.x) - a.x) * (static_cast<double>(c.y) - a.y) -
          (static_cast<double>(b.y) - a.y) * (static_cast<double>(c.x) - a.x);
@@ -31,7 +31,7 @@ double Distance(const CanvasPoint& a, const CanvasPoint& b, double x, double y) 
                      : std::abs(alongX * (y - a.y) - alongY * (x - a.x)) / length;
 }
 
-// Points anywhere in 32 bits, one in four of them inside the drawn square.
+// Points with any 32-bit coordinates. One in four is inside the drawn square.
 class RandomPoints {
  public:
   CanvasPoint Next() {
@@ -60,7 +60,7 @@ TEST(Clipping, a_line_inside_is_unchanged_and_a_line_outside_is_not_drawn) {
   EXPECT_EQ(part.toY, 7) << "unchanged";
 }
 
-TEST(Clipping, a_line_is_cut_and_not_bent) {
+TEST(Clipping, a_clipped_line_keeps_its_direction) {
   constexpr double kRounding = 0.001;
   RandomPoints random;
   for (int round = 0; round < 5000; ++round) {
@@ -86,11 +86,11 @@ TEST(Clipping, a_line_is_cut_and_not_bent) {
   }
 }
 
-TEST(Clipping, a_line_loses_whole_dashes_at_its_beginning) {
+TEST(Clipping, a_dashed_line_is_clipped_by_whole_dashes_at_its_start) {
   constexpr double kPeriod = 12;
   LinePart part;
   ASSERT_TRUE(ClipLine({-1000, 0}, {5000, 0}, 100, kPeriod, part));
-  EXPECT_DOUBLE_EQ(part.fromX, -1000 + 75 * kPeriod) << "the last one that begins outside";
+  EXPECT_DOUBLE_EQ(part.fromX, -1000 + 75 * kPeriod) << "the last dash that begins outside";
   EXPECT_DOUBLE_EQ(part.toX, 100);
   ASSERT_TRUE(ClipLine({-3000, -4000}, {3000, 4000}, 100, kPeriod, part));
   const double lost = std::hypot(part.fromX + 3000, part.fromY + 4000) / kPeriod;
@@ -100,7 +100,7 @@ TEST(Clipping, a_line_loses_whole_dashes_at_its_beginning) {
   EXPECT_EQ(part.fromX, 50);
 }
 
-// Whether the point is in a convex polygon, and its distance from the outline.
+// Whether the point is inside a convex polygon, and its distance from the outline.
 struct Place {
   bool isInside;
   double distance;
@@ -119,7 +119,7 @@ Place PlaceIn(const std::vector<CanvasPoint>& corners, const CanvasPoint& point)
   return {!corners.empty() && isLeft != isRight, nearest};
 }
 
-TEST(Clipping, a_triangle_covers_the_same_points_of_the_square_as_before) {
+TEST(Clipping, a_clipped_triangle_covers_the_same_points_of_the_square) {
   RandomPoints random;
   int covered = 0;
   for (int round = 0; round < 2000; ++round) {
@@ -139,7 +139,7 @@ TEST(Clipping, a_triangle_covers_the_same_points_of_the_square_as_before) {
   EXPECT_GT(covered, 500);
 }
 
-TEST(Clipping, a_polygon_without_points_is_clipped_to_nothing) {
+TEST(Clipping, a_polygon_without_points_stays_empty) {
   Sequence<CanvasPoint> cut;
   EXPECT_TRUE(ClipPolygon({}, kFarthestCoordinate, cut));
   EXPECT_EQ(cut.Size(), 0U);

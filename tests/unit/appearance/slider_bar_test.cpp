@@ -39,7 +39,7 @@ TEST(SliderBarTest, the_bar_runs_from_the_named_side_to_the_value) {
   ExpectBox(SliderBarOf(SliderAt(50, kDown)).bar, 10, 46, 111, 71);
 }
 
-TEST(SliderBarTest, the_bar_from_the_bottom_ends_a_pixel_below_the_top_at_most) {
+TEST(SliderBarTest, the_bar_from_the_bottom_ends_at_least_a_pixel_below_the_top) {
   ExpectBox(SliderBarOf(SliderAt(1000, kDown)).bar, 10, 21, 111, 71);
 }
 
@@ -54,7 +54,7 @@ TEST(SliderBarTest, a_thermometer_has_a_marker_of_three_pixels_at_the_end_of_its
   ExpectBox(SliderBarOf(SliderAt(50, kLeft, kThermometer)).marker, 57, 20, 60, 71);
 }
 
-TEST(SliderBarTest, a_proportional_slider_shows_its_portion_from_the_value_on) {
+TEST(SliderBarTest, a_proportional_slider_shows_its_portion_starting_at_its_value) {
   Slider slider = SliderAt(20, kLeft, kProportional);
   slider.Portion = 30;
   ExpectBox(SliderBarOf(slider).bar, 30, 20, 60, 71);

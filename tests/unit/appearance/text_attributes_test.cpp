@@ -1,5 +1,5 @@
-// Control sequences, cut short at every byte, and font attributes. Each text is in a heap block of
-// exactly its size, so that the sanitizer sees one byte read too many.
+// Control sequences, truncated at every byte, and font attributes. Each text is in a heap block of
+// exactly its size, so that the sanitizer reports any read past its end.
 #include "appearance/text_attributes.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 
 namespace korvel::test {
 
-// The text in a block of its own, without a byte after it.
+// A copy of the text in a heap block of exactly its size.
 class ExactText {
  public:
   explicit ExactText(std::string_view text)
@@ -24,7 +24,7 @@ class ExactText {
   std::size_t size_;
 };
 
-// The bytes without control sequences, up to the zero byte that ends them.
+// The text without control sequences, up to its first zero byte.
 std::string Cleaned(std::string_view text) {
   OctetString clean;
   EXPECT_TRUE(RemoveControlSequences(ExactText(text).View(), clean));
@@ -57,13 +57,13 @@ TEST(ControlSequences, a_leading_colour_is_red_green_blue_and_transparency) {
             "01020364");
 }
 
-TEST(ControlSequences, a_colour_with_no_text_after_it_is_none) {
+TEST(ControlSequences, a_colour_without_text_after_it_is_ignored) {
   for (std::size_t length = 0; length <= kRed.size(); ++length) {
     EXPECT_EQ(ColourOf(kRed.substr(0, length)), "none") << length;
   }
 }
 
-TEST(ControlSequences, a_colour_later_in_the_text_is_none) {
+TEST(ControlSequences, a_colour_later_in_the_text_is_not_the_leading_one) {
   EXPECT_EQ(ColourOf("x" + std::string(kRed) + "Hi"), "none");
 }
 
@@ -81,14 +81,14 @@ TEST(ControlSequences, sequences_are_removed_from_the_text) {
   EXPECT_EQ(Cleaned(""), "");
 }
 
-TEST(ControlSequences, a_sequence_that_is_cut_short_ends_the_text) {
+TEST(ControlSequences, a_truncated_sequence_ends_the_text) {
   EXPECT_EQ(Cleaned("one\x1B"), "one");
   for (std::size_t length = 2; length < kRed.size(); ++length) {
     EXPECT_EQ(Cleaned("one" + std::string(kRed.substr(0, length))), "one") << length;
   }
 }
 
-TEST(ControlSequences, any_bytes_are_read_within_their_bounds) {
+TEST(ControlSequences, random_bytes_are_read_within_their_bounds) {
   std::mt19937 random(1);  // NOLINT: the same texts every time
   for (int round = 0; round < 2000; ++round) {
     std::string text(random() % 24, ' ');
@@ -136,7 +136,7 @@ TEST(FontAttributes, the_default_replaces_unreadable_attributes) {
   }
 }
 
-TEST(FontAttributes, the_object_comes_before_the_application_and_the_default) {
+TEST(FontAttributes, the_object_overrides_the_application_and_the_default) {
   Text text;
   Application application;
   EXPECT_TRUE(IsDefault(FontAttributesOf(text, &application)));

@@ -1,4 +1,4 @@
-// The colours of planar frames, sides of one pixel and odd ones included.
+// The colours of planar frames, including sides of one pixel and odd sides.
 #include "appearance/yuv.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ std::uint32_t PixelAt(const PlanarFrame& frame, std::int32_t column, std::int32_
   return pixels[static_cast<std::size_t>(column)];
 }
 
-// The colour of a frame of one pair of rows whose samples are all the same.
+// The colour of a 2 x 2 frame whose samples of each plane are equal.
 std::uint32_t ColourOf(std::uint8_t y, std::uint8_t u, std::uint8_t v) {
   const PlanarFrame frame({2, 2});
   std::uint8_t* bytes = frame.Bytes();
@@ -31,7 +31,7 @@ TEST(PlanarFrame, luma_alone_is_grey_between_16_and_235) {
   EXPECT_EQ(ColourOf(255, 128, 128), 0xFFFFFFFFU);
 }
 
-TEST(PlanarFrame, chroma_is_worked_in_fractions_and_cut_off) {
+TEST(PlanarFrame, colours_are_calculated_in_fractions_and_truncated) {
   // 1.164 * 84 = 97.776; 1.596 * 10 = 15.96; 0.813 * 10 + 0.391 * 20 = 15.95; 2.018 * 20 = 40.36
   EXPECT_EQ(ColourOf(100, 148, 138), 0xFF000000U | 113U << 16 | 81U << 8 | 138U);
 }
@@ -44,13 +44,13 @@ TEST(PlanarFrame, the_last_row_and_column_of_an_odd_size_share_the_chroma_before
   EXPECT_EQ(PixelAt(frame, 2, 2), PixelAt(frame, 0, 0));
 }
 
-TEST(PlanarFrame, there_is_room_for_the_largest_frame_of_a_sequence_header) {
+TEST(PlanarFrame, the_buffer_holds_the_largest_frame_of_a_sequence_header) {
   const PlanarFrame frame({2, 2});
   std::fill_n(frame.Bytes(), std::size_t{4096} * 4096 * 3 / 2, std::uint8_t{128});
   EXPECT_EQ(PixelAt(frame, 1, 1), 0xFF828282U);
 }
 
-TEST(PlanarFrame, a_frame_of_one_pixel_takes_its_chroma_from_after_the_luma) {
+TEST(PlanarFrame, the_chroma_of_a_frame_of_one_pixel_follows_its_luma) {
   const PlanarFrame frame({1, 1});
   frame.Bytes()[0] = 235;
   frame.Bytes()[1] = 128;

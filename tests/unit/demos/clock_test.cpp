@@ -1,4 +1,4 @@
-// The clock: every day of a year is written as it is, and what the viewer prefers outlives a
+// The clock demo: it shows every day of a year correctly, and the viewer's settings survive a
 // launch.
 #include <array>
 #include <ctime>
@@ -27,26 +27,26 @@ class Clock : public DemoTest {
   }
 };
 
-TEST_F(Clock, writes_the_time_the_weekday_and_the_date) {
-  EXPECT_EQ(Says(kTime), "13:05:09");
-  EXPECT_EQ(Says(kWeekday), "Thursday");
-  EXPECT_EQ(Says(kDate), "29 February 2024");
+TEST_F(Clock, shows_the_time_the_weekday_and_the_date) {
+  EXPECT_EQ(TextOf(kTime), "13:05:09");
+  EXPECT_EQ(TextOf(kWeekday), "Thursday");
+  EXPECT_EQ(TextOf(kDate), "29 February 2024");
   EXPECT_EQ(Find<Rectangle>(5, SceneName()).BoxSize.Width, 9 * 8);
 }
 
-TEST_F(Clock, goes_on_with_its_timer) {
+TEST_F(Clock, updates_on_each_tick_of_its_timer) {
   TheHost().localTime = {2024, 2, 29, 23, 59, 59};
-  ASSERT_NO_FATAL_FAILURE(Ring(kTick));
-  EXPECT_EQ(Says(kTime), "23:59:59");
+  ASSERT_NO_FATAL_FAILURE(ExpireTimer(kTick));
+  EXPECT_EQ(TextOf(kTime), "23:59:59");
   TheHost().localTime = {2024, 3, 1, 0, 0, 0};
-  ASSERT_NO_FATAL_FAILURE(Ring(kTick));
-  EXPECT_EQ(Says(kTime), "00:00:00");
-  EXPECT_EQ(Says(kWeekday), "Friday");
-  EXPECT_EQ(Says(kDate), "1 March 2024");
+  ASSERT_NO_FATAL_FAILURE(ExpireTimer(kTick));
+  EXPECT_EQ(TextOf(kTime), "00:00:00");
+  EXPECT_EQ(TextOf(kWeekday), "Friday");
+  EXPECT_EQ(TextOf(kDate), "1 March 2024");
   EXPECT_TRUE(IsPending(kTick));
 }
 
-TEST_F(Clock, writes_every_day_as_the_calendar_has_it) {
+TEST_F(Clock, shows_every_day_like_the_c_library) {
   for (int day = 1; day <= 731; ++day) {
     std::tm calendar{};
     calendar.tm_year = 2024 - 1900;
@@ -55,42 +55,42 @@ TEST_F(Clock, writes_every_day_as_the_calendar_has_it) {
     std::mktime(&calendar);
     TheHost().localTime = {
         calendar.tm_year + 1900, calendar.tm_mon + 1, calendar.tm_mday, 12, 0, 0};
-    ASSERT_NO_FATAL_FAILURE(Ring(kTick));
+    ASSERT_NO_FATAL_FAILURE(ExpireTimer(kTick));
     std::array<char, 40> expected{};
     std::strftime(expected.data(), expected.size(), "%B %Y", &calendar);
-    EXPECT_EQ(Says(kDate), std::to_string(calendar.tm_mday) + " " + expected.data());
+    EXPECT_EQ(TextOf(kDate), std::to_string(calendar.tm_mday) + " " + expected.data());
     std::strftime(expected.data(), expected.size(), "%A", &calendar);
-    EXPECT_EQ(Says(kWeekday), expected.data());
+    EXPECT_EQ(TextOf(kWeekday), expected.data());
   }
 }
 
 TEST_F(Clock, shows_twelve_hours_or_twenty_four) {
-  EXPECT_EQ(Says(kHours), "24 hours");
+  EXPECT_EQ(TextOf(kHours), "24 hours");
   PressAll({kGreen});
-  EXPECT_EQ(Says(kHours), "12 hours");
-  EXPECT_EQ(Says(kTime), "1:05:09 pm");
+  EXPECT_EQ(TextOf(kHours), "12 hours");
+  EXPECT_EQ(TextOf(kTime), "1:05:09 pm");
   PressAll({kGreen});
-  EXPECT_EQ(Says(kTime), "13:05:09");
+  EXPECT_EQ(TextOf(kTime), "13:05:09");
 }
 
-TEST_F(Clock, keeps_what_is_preferred_through_launches) {
-  EXPECT_EQ(Says(kColours), "Night");
+TEST_F(Clock, keeps_its_settings_through_launches) {
+  EXPECT_EQ(TextOf(kColours), "Night");
   PressAll({kRed, kRed, kGreen, kYellow});
   ASSERT_EQ(NameOf(CurrentApplication()), "~/other");
-  EXPECT_EQ(Says(5), "Wine");
-  EXPECT_EQ(Says(6), "12 hours");
+  EXPECT_EQ(TextOf(5), "Wine");
+  EXPECT_EQ(TextOf(6), "12 hours");
   EXPECT_TRUE(TheHost().timers.empty());
   PressAll({kYellow});
   ASSERT_EQ(NameOf(CurrentApplication()), "~/a");
-  EXPECT_EQ(Says(kColours), "Wine");
-  EXPECT_EQ(Says(kTime), "1:05:09 pm");
+  EXPECT_EQ(TextOf(kColours), "Wine");
+  EXPECT_EQ(TextOf(kTime), "1:05:09 pm");
   PressAll({kRed});
-  EXPECT_EQ(Says(kColours), "Night");
+  EXPECT_EQ(TextOf(kColours), "Night");
 }
 
 class ClockAnyKeys : public AnyKeys {};
 
-TEST_F(ClockAnyKeys, put_nothing_out_of_step) {
+TEST_F(ClockAnyKeys, never_end_or_lock_the_demo) {
   TheHost().localTime = {2024, 12, 31, 0, 0, 0};
   PressAnyKeys("clock", 2000);
   EXPECT_EQ(Printed(), "");

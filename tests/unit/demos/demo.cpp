@@ -1,4 +1,4 @@
-// Serving and playing the demos of examples/.
+// Serves and plays the demos of examples/.
 #include "unit/demos/demo.h"
 
 #include <filesystem>
@@ -30,27 +30,27 @@ void DemoTest::ServeDemo(const std::string& demo) {
 void DemoTest::Play(const std::string& demo) {
   ServeDemo(demo);
   ASSERT_EQ(Start(), Status::Done);
-  ExpectWhole();
+  ExpectPlayable();
 }
 
-void DemoTest::ExpectWhole() {
+void DemoTest::ExpectPlayable() {
   ASSERT_NE(CurrentApplication(), nullptr);
   ASSERT_NE(CurrentScene(), nullptr);
   EXPECT_EQ(CurrentApplication()->LockCount, 0U);
-  EXPECT_EQ(TheHost().pausedMs, 0U) << "a file was not there";
+  EXPECT_EQ(TheHost().pausedMs, 0U) << "a file was missing";
 }
 
 void DemoTest::PressAll(std::initializer_list<std::int32_t> keys) {
   for (const std::int32_t key : keys) {
     EXPECT_NE(Press(key), Status::Failure) << "key " << key << " in " << SceneName();
-    ASSERT_NO_FATAL_FAILURE(ExpectWhole()) << "key " << key;
+    ASSERT_NO_FATAL_FAILURE(ExpectPlayable()) << "key " << key;
   }
 }
 
-void DemoTest::Ring(std::int32_t timer) {
+void DemoTest::ExpireTimer(std::int32_t timer) {
   ASSERT_TRUE(IsPending(static_cast<std::uint32_t>(timer))) << "timer " << timer;
   EXPECT_NE(Expire(timer), Status::Failure);
-  ASSERT_NO_FATAL_FAILURE(ExpectWhole());
+  ASSERT_NO_FATAL_FAILURE(ExpectPlayable());
 }
 
 void AnyKeys::PressAnyKeys(const std::string& demo, int steps) {
@@ -64,7 +64,7 @@ void AnyKeys::PressAnyKeys(const std::string& demo, int steps) {
     if (!timers.empty() && random() % 4 == 0) {
       auto timer = timers.begin();
       std::advance(timer, static_cast<std::ptrdiff_t>(random() % timers.size()));
-      ASSERT_NO_FATAL_FAILURE(Ring(static_cast<std::int32_t>(timer->first)));
+      ASSERT_NO_FATAL_FAILURE(ExpireTimer(static_cast<std::int32_t>(timer->first)));
     } else {
       ASSERT_NO_FATAL_FAILURE(PressAll({kKeys[random() % std::size(kKeys)]}));
     }

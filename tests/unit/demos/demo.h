@@ -1,5 +1,5 @@
-// The ground that the tests of the demos stand on: the carousel that was made of a folder of
-// examples/ is served, keys are pressed, timers expire, and what texts say can be asked.
+// Fixture for tests of the demos. It serves a carousel built from a folder of examples/, presses
+// keys, lets timers expire, and reads the texts of the scene.
 #pragma once
 
 #include <string>
@@ -10,21 +10,24 @@ namespace korvel::test {
 
 class DemoTest : public EngineTest {
  protected:
-  // Serves the carousel, as files of the host.
+  // Serves the carousel as files of the host.
   void ServeDemo(const std::string& demo);
-  // The same, and starts it.
+  // Serves and starts the carousel.
   void Play(const std::string& demo);
 
-  // Presses keys, each of which has to leave the engine with a scene and an unlocked screen.
+  // Presses keys. After each, there must be a scene, the screen must be unlocked, and no file may
+  // be missing.
   void PressAll(std::initializer_list<std::int32_t> keys);
-  // Lets one pending timer expire; the same is asked of it.
-  void Ring(std::int32_t timer);
-  void ExpectWhole();
+  // Lets one pending timer expire, with the same checks.
+  void ExpireTimer(std::int32_t timer);
+  void ExpectPlayable();
 
   [[nodiscard]] static std::string SceneName() { return NameOf(CurrentScene()); }
-  // What a text of the running scene says.
-  [[nodiscard]] static std::string Says(std::int32_t number) { return SaidBy(SceneName(), number); }
-  [[nodiscard]] static std::string SaidBy(const std::string& group, std::int32_t number) {
+  // The text of a Text object of the running scene.
+  [[nodiscard]] static std::string TextOf(std::int32_t number) {
+    return TextIn(SceneName(), number);
+  }
+  [[nodiscard]] static std::string TextIn(const std::string& group, std::int32_t number) {
     return std::string(Find<Text>(number, group).TextData.View());
   }
   [[nodiscard]] static bool IsPending(std::uint32_t timer) {
@@ -32,7 +35,7 @@ class DemoTest : public EngineTest {
   }
 };
 
-// Anything that a viewer may do, and time that passes: `steps` random keys and expiries.
+// Presses `steps` random keys, mixed with timer expiries.
 class AnyKeys : public DemoTest {
  protected:
   void PressAnyKeys(const std::string& demo, int steps);

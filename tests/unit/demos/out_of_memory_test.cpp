@@ -1,4 +1,4 @@
-// The demos with memory that runs out: whatever then fails, nothing is left behind.
+// The demos running out of memory. Whatever fails, no memory leaks.
 #include <vector>
 
 #include "objects/ber/ber.h"
@@ -11,8 +11,8 @@ using namespace keys;
 
 class OutOfMemoryInDemos : public DemoTest {
  protected:
-  // The start, these keys, and now and then what timers bring.
-  void Live(const std::vector<std::int32_t>& pressed) {
+  // Starts the demo and presses these keys. After each kSelect all pending timers expire.
+  void PlayDemo(const std::vector<std::int32_t>& pressed) {
     static_cast<void>(Start());
     for (const std::int32_t key : pressed) {
       static_cast<void>(Press(key));
@@ -25,9 +25,9 @@ class OutOfMemoryInDemos : public DemoTest {
     EndEngine();
   }
 
-  // Lives once for every `step`th allocation, which fails.
-  void FailNowAndThen(std::size_t step, const std::vector<std::int32_t>& pressed) {
-    Live(pressed);  // what the test itself keeps is there from here on
+  // Runs the demo once for every `step`th allocation, which fails.
+  void FailEveryNth(std::size_t step, const std::vector<std::int32_t>& pressed) {
+    PlayDemo(pressed);  // allocates what the test itself keeps
     const std::size_t blocks = LiveBlocks();
     const auto files = TheHost().files;
     std::size_t failing = 1;
@@ -35,28 +35,28 @@ class OutOfMemoryInDemos : public DemoTest {
       TheHost() = {};
       TheHost().files = files;
       FailAllocation(failing);
-      Live(pressed);
+      PlayDemo(pressed);
       ASSERT_EQ(LiveBlocks(), blocks) << "allocation " << failing;
       ASSERT_TRUE(TheHost().timers.empty()) << "allocation " << failing;
       static_cast<void>(Printed());
       failing += step;
     } while (HasFailedAllocation());
     FailAllocation(0);
-    EXPECT_GT(failing, 100 * step) << "there is less work than the test was made for";
+    EXPECT_GT(failing, 100 * step) << "the demo makes fewer allocations than expected";
   }
 };
 
-// A subject, two questions, a year that is not finished, the time, the help.
-TEST_F(OutOfMemoryInDemos, the_quiz_leaves_nothing_behind) {
+// A subject, two questions, an unfinished year, the time, the help.
+TEST_F(OutOfMemoryInDemos, the_quiz_leaks_nothing) {
   ServeDemo("quiz");
-  FailNowAndThen(29, {kRed,    kDown,   kSelect,     kGreen,      kRight,  kSelect, kSelect, kDown,
-                      kSelect, kSelect, kDigit0 + 1, kDigit0 + 9, kLeft,   kSelect, kRed,    kGreen,
-                      kRight,  kSelect, kBlue,       kDown,       kSelect, kCancel});
+  FailEveryNth(29, {kRed,    kDown,   kSelect,     kGreen,      kRight,  kSelect, kSelect, kDown,
+                    kSelect, kSelect, kDigit0 + 1, kDigit0 + 9, kLeft,   kSelect, kRed,    kGreen,
+                    kRight,  kSelect, kBlue,       kDown,       kSelect, kCancel});
 }
 
-TEST_F(OutOfMemoryInDemos, the_clock_leaves_nothing_behind) {
+TEST_F(OutOfMemoryInDemos, the_clock_leaks_nothing) {
   ServeDemo("clock");
-  FailNowAndThen(7, {kRed, kSelect, kGreen, kSelect, kYellow, kYellow, kRed});
+  FailEveryNth(7, {kRed, kSelect, kGreen, kSelect, kYellow, kYellow, kRed});
 }
 
 class OutOfMemoryInWelcome : public DemoTest {
@@ -67,7 +67,7 @@ class OutOfMemoryInWelcome : public DemoTest {
     ASSERT_EQ(TheHost().files.count("a"), 1U);
   }
 
-  // The start, and keys through every scene: down, OK, blue, red three times, green, blue.
+  // Starts the demo and goes through every scene: down, OK, blue, four times red, green, blue.
   void PlayAll() {
     static_cast<void>(Start());
     for (const std::int32_t key : {2, 15, 103, 100, 100, 100, 100, 101, 103}) {

@@ -1,4 +1,4 @@
-// The quiz: every game can be won, lost and left, and no key at any time puts it out of step.
+// The quiz demo: every game can be won, lost and left, and no sequence of keys ends or locks it.
 #include <algorithm>
 
 #include "unit/demos/demo.h"
@@ -17,7 +17,7 @@ constexpr std::int32_t kToken = 30;
 constexpr std::int32_t kVerdict = 50;
 constexpr std::int32_t kRemark = 51;
 constexpr std::int32_t kCountdown = 1;  // a timer
-constexpr std::int32_t kLook = 2;       // another one
+constexpr std::int32_t kLook = 2;       // another timer
 
 constexpr std::int32_t kSubjects = 7;
 
@@ -30,7 +30,7 @@ class Quiz : public DemoTest {
 
   static std::int32_t RightAnswer() { return IntegerOf(kRightAnswer, SceneName()); }
 
-  // Answers one of the questions with four answers, which stand in two rows of two.
+  // Answers a question with four answers, which are laid out in two rows of two.
   void Answer(std::int32_t number) {
     PressAll({kUp, kLeft});
     if (number > 2) PressAll({kDown});
@@ -41,7 +41,7 @@ class Quiz : public DemoTest {
   void Type(std::int32_t year) {
     for (const char digit : std::to_string(year)) PressAll({kDigit0 + (digit - '0')});
   }
-  // From the first page to the first question of a subject.
+  // Goes from the first page to the first question of a subject.
   void Begin(std::int32_t subject) {
     ASSERT_EQ(SceneName(), "~/welcome");
     PressAll({kRed});
@@ -57,84 +57,84 @@ class Quiz : public DemoTest {
   }
 };
 
-TEST_F(Quiz, each_subject_is_won_by_right_answers) {
+TEST_F(Quiz, right_answers_win_each_subject) {
   for (std::int32_t subject = 1; subject <= kSubjects; ++subject) {
     SCOPED_TRACE(subject);
     Begin(subject);
     for (int question = 1; question <= 2; ++question) {
-      EXPECT_EQ(SaidBy("~/a", 24), std::to_string(question) + " of 3");
-      EXPECT_TRUE(Says(2).ends_with("?")) << Says(2);
+      EXPECT_EQ(TextIn("~/a", 24), std::to_string(question) + " of 3");
+      EXPECT_TRUE(TextOf(2).ends_with("?")) << TextOf(2);
       Answer(RightAnswer());
-      EXPECT_EQ(Says(kVerdict), "That is right!");
-      EXPECT_TRUE(Says(kRemark).ends_with(".")) << Says(kRemark);
+      EXPECT_EQ(TextOf(kVerdict), "That is right!");
+      EXPECT_TRUE(TextOf(kRemark).ends_with(".")) << TextOf(kRemark);
       PressAll({kSelect});
     }
     ASSERT_EQ(SceneName(), "~/year");
-    EXPECT_TRUE(Says(2).ends_with("?")) << Says(2);
+    EXPECT_TRUE(TextOf(2).ends_with("?")) << TextOf(2);
     Type(RightAnswer());
     PressAll({kSelect});
-    EXPECT_EQ(Says(kVerdict), "That is right!");
-    EXPECT_TRUE(Says(kRemark).ends_with(".")) << Says(kRemark);
+    EXPECT_EQ(TextOf(kVerdict), "That is right!");
+    EXPECT_TRUE(TextOf(kRemark).ends_with(".")) << TextOf(kRemark);
     PressAll({kSelect});
     ASSERT_EQ(SceneName(), "~/result");
-    EXPECT_EQ(Says(4), "3 of 3");
+    EXPECT_EQ(TextOf(4), "3 of 3");
     PressAll({kRed});
   }
 }
 
-TEST_F(Quiz, wrong_answers_win_nothing_and_are_told) {
+TEST_F(Quiz, wrong_answers_win_nothing_and_are_corrected) {
   Begin(3);
   Answer(RightAnswer() % 4 + 1);
-  EXPECT_EQ(Says(kVerdict), "No, it is the green one.");
+  EXPECT_EQ(TextOf(kVerdict), "No, it is the green one.");
   PressAll({kSelect});
   Answer(RightAnswer() % 4 + 1);
   PressAll({kSelect});
   const std::int32_t year = RightAnswer();
   Type(year - 1);
   PressAll({kSelect});
-  EXPECT_EQ(Says(kVerdict), "No, it was " + std::to_string(year) + ".");
+  EXPECT_EQ(TextOf(kVerdict), "No, it was " + std::to_string(year) + ".");
   PressAll({kSelect});
-  EXPECT_EQ(Says(4), "0 of 3");
+  EXPECT_EQ(TextOf(4), "0 of 3");
 }
 
-TEST_F(Quiz, a_question_without_an_answer_is_over_after_its_seconds) {
+TEST_F(Quiz, a_question_without_an_answer_ends_when_its_time_is_up) {
   Begin(1);
   for (std::int32_t left = IntegerOf(kSeconds); left > 0; --left) {
-    EXPECT_EQ(Says(44), std::to_string(left));
+    EXPECT_EQ(TextOf(44), std::to_string(left));
     EXPECT_EQ(Find<Slider>(41, SceneName()).SliderValue, left);
-    EXPECT_EQ(Says(kVerdict), "");
-    ASSERT_NO_FATAL_FAILURE(Ring(kCountdown));
+    EXPECT_EQ(TextOf(kVerdict), "");
+    ASSERT_NO_FATAL_FAILURE(ExpireTimer(kCountdown));
   }
-  EXPECT_EQ(Says(44), "0");
-  EXPECT_EQ(Says(kVerdict), "Time is up.");
+  EXPECT_EQ(TextOf(44), "0");
+  EXPECT_EQ(TextOf(kVerdict), "Time is up.");
   EXPECT_TRUE(TheHost().timers.empty());
   EXPECT_EQ(Find<TokenGroup>(kToken, SceneName()).TokenPosition, RightAnswer());
   PressAll({kUp, kLeft, kDown, kRight});
   EXPECT_EQ(Find<TokenGroup>(kToken, SceneName()).TokenPosition, RightAnswer());
   EXPECT_EQ(IntegerOf(kScore), 0);
   PressAll({kSelect});
-  EXPECT_EQ(SaidBy("~/a", 24), "2 of 3");
+  EXPECT_EQ(TextIn("~/a", 24), "2 of 3");
   EXPECT_TRUE(IsPending(kCountdown)) << "the next question has its own time";
 }
 
-TEST_F(Quiz, a_year_without_an_answer_is_over_after_its_seconds) {
+TEST_F(Quiz, a_year_without_an_answer_ends_when_its_time_is_up) {
   Begin(1);
   PressAll({kSelect, kSelect, kSelect, kSelect, kDigit0 + 1});
   ASSERT_EQ(SceneName(), "~/year");
   const std::int32_t score = IntegerOf(kScore);
   for (std::int32_t left = IntegerOf(kSeconds); left > 0; --left) {
-    ASSERT_NO_FATAL_FAILURE(Ring(kCountdown));
+    ASSERT_NO_FATAL_FAILURE(ExpireTimer(kCountdown));
   }
-  EXPECT_EQ(Says(kVerdict), "Time is up.");
+  EXPECT_EQ(TextOf(kVerdict), "Time is up.");
   EXPECT_TRUE(TheHost().timers.empty());
   PressAll({kDigit0 + 9, kCancel});
-  EXPECT_EQ(Says(kVerdict), "Time is up.");
+  EXPECT_EQ(TextOf(kVerdict), "Time is up.");
   EXPECT_EQ(IntegerOf(kScore), score);
   PressAll({kSelect});
   EXPECT_EQ(SceneName(), "~/result");
 }
 
-TEST_F(Quiz, an_answer_or_leaving_stops_the_time) {
+TEST_F(Quiz, an_answer_or_leaving_stops_the_countdown) {
   Begin(1);
   EXPECT_TRUE(IsPending(kCountdown));
   Answer(1);
@@ -146,13 +146,13 @@ TEST_F(Quiz, an_answer_or_leaving_stops_the_time) {
   EXPECT_TRUE(TheHost().timers.empty());
 }
 
-TEST_F(Quiz, without_a_limit_no_time_runs) {
+TEST_F(Quiz, without_a_limit_there_is_no_countdown) {
   PressAll({kGreen});
   ASSERT_EQ(SceneName(), "~/time");
   for (std::int32_t steps = 0; steps < 10; ++steps) PressAll({kLeft});
-  EXPECT_EQ(Says(2), "No limit");
+  EXPECT_EQ(TextOf(2), "No limit");
   PressAll({kSelect});
-  EXPECT_EQ(Says(7), "No limit");
+  EXPECT_EQ(TextOf(7), "No limit");
   PressAll({kSelect});
   ASSERT_EQ(SceneName(), "~/question");
   EXPECT_TRUE(TheHost().timers.empty());
@@ -165,16 +165,16 @@ TEST_F(Quiz, a_year_needs_four_digits_and_can_be_corrected) {
   ASSERT_EQ(SceneName(), "~/year");
   Type(17);
   PressAll({kSelect});
-  EXPECT_EQ(Says(kVerdict), "A year has four digits.");
+  EXPECT_EQ(TextOf(kVerdict), "A year has four digits.");
   Type(685);
-  EXPECT_EQ(Says(kVerdict), "A year has four digits.") << "there were five";
+  EXPECT_EQ(TextOf(kVerdict), "A year has four digits.") << "there were five";
   PressAll({kLeft, kLeft, kLeft});
-  ASSERT_NO_FATAL_FAILURE(Ring(kLook));
-  EXPECT_EQ(Says(kVerdict), "");
-  EXPECT_EQ(Says(31) + Says(32) + Says(33) + Says(34), "1768");
+  ASSERT_NO_FATAL_FAILURE(ExpireTimer(kLook));
+  EXPECT_EQ(TextOf(kVerdict), "");
+  EXPECT_EQ(TextOf(31) + TextOf(32) + TextOf(33) + TextOf(34), "1768");
   PressAll({kDigit0 + 9});
-  ASSERT_NO_FATAL_FAILURE(Ring(kLook));
-  EXPECT_EQ(Says(31) + Says(32) + Says(33) + Says(34), "1968");
+  ASSERT_NO_FATAL_FAILURE(ExpireTimer(kLook));
+  EXPECT_EQ(TextOf(31) + TextOf(32) + TextOf(33) + TextOf(34), "1968");
   EXPECT_EQ(Find<Rectangle>(25, SceneName()).Position.X, 206 + 2 * 80);
 }
 
@@ -182,17 +182,17 @@ TEST_F(Quiz, the_help_explains_each_anchor) {
   PressAll({kBlue});
   ASSERT_EQ(SceneName(), "~/help");
   for (const char* label : {"Answering ", "The clock ", "The score ", "The keys  "}) {
-    const std::string before = Says(4);
+    const std::string before = TextOf(4);
     PressAll({kSelect});
-    EXPECT_EQ(Says(3), label);
-    EXPECT_NE(Says(4), before);
+    EXPECT_EQ(TextOf(3), label);
+    EXPECT_NE(TextOf(4), before);
     PressAll({kDown});
   }
   PressAll({kCancel});
   EXPECT_EQ(SceneName(), "~/welcome");
 }
 
-TEST_F(Quiz, a_scene_that_is_not_there_leaves_the_old_one_to_be_seen) {
+TEST_F(Quiz, a_missing_scene_keeps_the_old_one_visible) {
   TheHost().files.erase("help");
   EXPECT_NE(Press(kBlue), Status::Failure);
   EXPECT_EQ(SceneName(), "~/welcome");
@@ -201,7 +201,7 @@ TEST_F(Quiz, a_scene_that_is_not_there_leaves_the_old_one_to_be_seen) {
 
 class QuizAnyKeys : public AnyKeys {};
 
-TEST_F(QuizAnyKeys, put_nothing_out_of_step) {
+TEST_F(QuizAnyKeys, never_end_or_lock_the_demo) {
   PressAnyKeys("quiz", 6000);
   const auto& fetched = TheHost().fetched;
   for (const char* scene : {"welcome", "subject", "time", "help", "question", "year", "result"}) {

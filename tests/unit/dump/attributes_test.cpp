@@ -1,5 +1,5 @@
-// Walks the class tables: no attribute is missing from the dump, and preparing an object sets the
-// run-time value of every original one.
+// Checks by the class tables that no attribute is missing from the dump, and that preparing an
+// object sets each run-time value from its original one.
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -14,7 +14,7 @@
 namespace korvel {
 namespace {
 
-// ---- Each gives a field another value than a new record has ----
+// ---- Modify changes a field from its value in a new record ----
 
 void Modify(bool& field) { field = !field; }
 void Modify(std::int32_t& field) { field += 17; }
@@ -64,7 +64,8 @@ std::string Dumped(const Item& item) {
   });
 }
 
-// Calls visit(keyword, field) for each attribute of the record, those of its parts included.
+// Calls visit(keyword, field) for each attribute of the record, including those of its nested
+// records.
 template <class Record, class Visit>
 void ForEachField(Record& record, Visit&& visit) {
   ForEachAttribute<Record>([&](const auto& attribute) {
@@ -114,12 +115,12 @@ void ExpectAllInDumpOfGroup() {
   });
 }
 
-TEST(Attributes, each_one_of_a_group_is_in_the_dump) {
+TEST(Attributes, each_attribute_of_a_group_is_in_the_dump) {
   ExpectAllInDumpOfGroup<Application>();
   ExpectAllInDumpOfGroup<Scene>();
 }
 
-TEST(Attributes, each_one_of_an_object_is_in_the_dump) {
+TEST(Attributes, each_attribute_of_an_object_is_in_the_dump) {
   ForEachItemClass([]<class Record>() {
     ForEachChange<Record>([](const char* keyword, auto&& change) {
       const Item before = Item::New(Description<Record>::heading.type);
@@ -142,7 +143,8 @@ std::size_t CountDifferentLines(const std::string& one, const std::string& other
   return count;
 }
 
-// How many lines of the dump a changed attribute changes, of objects that are prepared or not.
+// The number of lines of the dump that a changed attribute changes, for objects that are prepared
+// or not.
 template <class Record>
 std::size_t CountChangedLines(const auto& change, bool isPrepared) {
   const Item before = Item::New(Description<Record>::heading.type);
@@ -159,7 +161,7 @@ bool HasRunTimeValue(std::string_view keyword) {
   return keyword.starts_with(":Orig") || keyword == ":InitialValue" || keyword == ":InitialPortion";
 }
 
-TEST(Attributes, preparing_sets_the_run_time_value_of_each_original_one) {
+TEST(Attributes, preparing_sets_each_run_time_value_from_its_original_value) {
   int count = 0;
   ForEachItemClass([&count]<class Record>() {
     ForEachChange<Record>([&count](const char* keyword, auto&& change) {

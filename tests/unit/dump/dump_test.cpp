@@ -1,4 +1,4 @@
-// What surprises in a dump, each by a test of its own; whole dumps are compared in golden_test.cpp.
+// The surprising parts of the format, one per test. golden_test.cpp compares whole dumps.
 #include "dump/dump.h"
 
 #include <gtest/gtest.h>
@@ -22,15 +22,15 @@ bool Has(const std::string& dump, const std::string& lines) {
   return dump.find(lines) != std::string::npos;
 }
 
-TEST(Dump, a_group_without_items_says_so_one_level_below) {
+TEST(Dump, a_group_without_items_prints_no_items) {
   EXPECT_TRUE(Has(DumpOfText("{:Application 0}"), "\n|   |---Items:\n|   |   |---No Items\n"));
 }
 
-TEST(Dump, a_reference_without_a_group_is_null_and_its_number) {
+TEST(Dump, a_reference_without_a_group_prints_null_and_its_number) {
   EXPECT_TRUE(Has(DumpOfText("{:Scene 12}"), "|---ObjectReference:(NULL 12)\n"));
 }
 
-TEST(Dump, depth_moves_the_whole_tree) {
+TEST(Dump, depth_indents_the_whole_tree) {
   const OwnedGroup scene = Read("{:Scene 0}");
   const std::string dump =
       Printed([&](std::FILE* stream) { DumpScene(AsScene(scene), 2, stream); });
@@ -42,7 +42,7 @@ TEST(Dump, depth_moves_the_whole_tree) {
             0U);
 }
 
-TEST(Dump, an_item_stands_at_depth_two_and_its_base_one_deeper) {
+TEST(Dump, an_item_is_at_depth_2_and_its_base_class_one_deeper) {
   EXPECT_TRUE(Has(DumpOfItem("{:Bitmap 1 :OrigBoxSize 10 20}"),
                   "\n|   |   |---Bitmap:\n|   |   |   |---Visible:\n"));
 }
@@ -63,7 +63,7 @@ TEST(Dump, is_available_has_no_name) {
   EXPECT_TRUE(Has(DumpOfLink("IsAvailable"), "|---Event Type: Not define event type 1\n"));
 }
 
-TEST(Dump, odd_spellings_belong_to_the_format) {
+TEST(Dump, misspellings_are_part_of_the_format) {
   EXPECT_TRUE(Has(DumpOfText("{:Scene 0}"), "|---SCene:\n"));
   EXPECT_TRUE(Has(DumpOfText("{:Application 0}"), "|---DispalyStack:\n"));
   EXPECT_TRUE(Has(DumpOfLink("IsRunning"), "|---Event Type: IsRuning\n"));

@@ -1,6 +1,5 @@
-// Whole dumps against reviewed ones. tests/golden/dump has a text for each, NAME.mheg, and beside
-// it what it is printed as, NAME.dump; lines.txt there lists every form of a line, and all of them
-// occur.
+// Compares whole dumps with reviewed ones. tests/golden/dump has pairs of a text, NAME.mheg, and
+// its dump, NAME.dump. Its lines.txt lists every form of a line; each must occur in a dump.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -35,7 +34,7 @@ std::vector<std::string> Lines(const std::string& text) {
   return lines;
 }
 
-// The names of the files with that extension, without it.
+// The names of the files with that extension, without the extension.
 std::vector<std::string> Names(const char* extension) {
   std::vector<std::string> names;
   for (const fs::directory_entry& entry : fs::directory_iterator(kFolder)) {
@@ -45,7 +44,7 @@ std::vector<std::string> Names(const char* extension) {
   return names;
 }
 
-// Tells the first line that differs, which is what one wants to know of a long text.
+// Reports only the first line that differs, because the dumps are long.
 void ExpectSame(const std::string& actual, const std::string& name) {
   const std::string expected = FileText(kFolder / (name + ".dump"));
   const std::vector<std::string> actualLines = Lines(actual);
@@ -60,7 +59,7 @@ void ExpectSame(const std::string& actual, const std::string& name) {
 
 class GoldenDump : public testing::TestWithParam<std::string> {};
 
-TEST_P(GoldenDump, is_printed_to_the_letter) {
+TEST_P(GoldenDump, is_printed_exactly) {
   const OwnedGroup group = Read(FileText(kFolder / (GetParam() + ".mheg")));
   ASSERT_TRUE(group);
   if (GetParam() == "running") MakeRunning(*group);
@@ -72,7 +71,7 @@ TEST_P(GoldenDump, is_printed_to_the_letter) {
 INSTANTIATE_TEST_SUITE_P(Texts, GoldenDump, testing::ValuesIn(Names(".mheg")),
                          [](const auto& name) { return name.param; });
 
-TEST(GoldenDump, a_variable_of_an_unknown_type_is_printed_to_the_letter) {
+TEST(GoldenDump, a_variable_of_an_unknown_type_is_printed_exactly) {
   const Palette record;
   const std::string dump =
       Printed([&](std::FILE* stream) { DumpVariable(Tree(0, stream), ItemType::Palette, record); });
@@ -81,7 +80,7 @@ TEST(GoldenDump, a_variable_of_an_unknown_type_is_printed_to_the_letter) {
 
 // ---- The forms of lines ----
 
-// Whether a line has a form, in which %d stands for a number and %s for any text.
+// Whether a line matches a form, in which %d is a number and %s any text.
 bool HasForm(std::string_view line, std::string_view form) {
   if (form.empty()) return line.empty();
   if (form.starts_with("%s")) {
@@ -99,7 +98,7 @@ bool HasForm(std::string_view line, std::string_view form) {
   return !line.empty() && line.front() == form.front() && HasForm(line.substr(1), form.substr(1));
 }
 
-// How closely a form describes a line that has it: by its letters, and numbers before any text.
+// How specific a form is: mainly by its letters, then by its numbers. %s does not count.
 std::size_t Closeness(std::string_view form) {
   std::size_t closeness = 0;
   for (std::size_t i = 0; i < form.size(); ++i) {
@@ -120,7 +119,7 @@ std::set<std::string> Forms() {
   return forms;
 }
 
-// The form that a line is printed by: that of an absent string rather than that of any string.
+// The most specific form that the line matches: that of an absent string, not that of any string.
 std::string FormOf(std::string_view line, const std::set<std::string>& forms) {
   std::string closest;
   for (const std::string& form : forms) {
@@ -145,7 +144,7 @@ std::set<std::string> GoldenLines() {
   return all;
 }
 
-TEST(GoldenDump, every_form_of_a_line_is_shown_and_no_other) {
+TEST(GoldenDump, exactly_the_listed_line_forms_occur) {
   const std::set<std::string> forms = Forms();
   EXPECT_GT(forms.size(), 400U);
   std::set<std::string> shown;

@@ -1,4 +1,4 @@
-// The values, object by object; the numbers are those of the texts.
+// Sets the values object by object. The numbers are those in the texts.
 #include "unit/dump/prepared_groups.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ void Add(List<T>& list, T&& value) {
 
 void SetUp(Root& root) { root.AvailabilityStatus = root.RunningStatus = true; }
 
-// The object of that place in the items, whose numbers begin at 1.
+// The item with that number. Items are numbered from 1 in order.
 template <class Record>
 Record& At(Group& group, std::int32_t number) {
   auto& record = group.Items.At(static_cast<std::size_t>(number) - 1)->As<Record>();
@@ -112,7 +112,7 @@ ElementaryAction ActionOf(int number) {
   return action;
 }
 
-// Append, with a target of no kind and values of every kind that has no value.
+// Append, with a target without a kind and a parameter of every kind that holds no value.
 ElementaryAction ActionWithoutValues() {
   ElementaryAction action = ActionOf(4);
   action.Target = {};

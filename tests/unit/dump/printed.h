@@ -1,4 +1,4 @@
-// Groups read from text and printed, for the tests of the dump.
+// Reads groups from text and prints them, for the tests of the dump.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@
 
 namespace korvel {
 
-// What print(stream) writes.
+// Returns the text that print(stream) writes.
 template <class Print>
 std::string Printed(Print&& print) {
   std::FILE* stream = std::tmpfile();
@@ -24,7 +24,7 @@ std::string Printed(Print&& print) {
   return text;
 }
 
-// The group as its text says it: no reference is completed.
+// Reads the group without completing its references.
 inline OwnedGroup Read(const std::string& text) {
   OwnedGroup group;
   TextError error;

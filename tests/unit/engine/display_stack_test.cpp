@@ -1,5 +1,5 @@
-// The order in which visibles are drawn: the list itself, the stacking actions, and who enters and
-// leaves it.
+// The order in which visibles are drawn: the list, the stacking actions, and which visibles enter
+// and leave it.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -43,7 +43,7 @@ constexpr ItemType kRectangle = ItemType::Rectangle;
 
 // ---- The list ----
 
-TEST_F(DisplayStack, an_empty_stack_has_nothing_to_give) {
+TEST_F(DisplayStack, operations_on_an_empty_stack_are_refused) {
   StackedVisible entry;
   EXPECT_EQ(RemoveTop(App(), entry), Status::Refused);
   EXPECT_FALSE(StackContains(App(), ItemType::None, Box(1)));
@@ -52,7 +52,7 @@ TEST_F(DisplayStack, an_empty_stack_has_nothing_to_give) {
   EXPECT_EQ(Order(), "");
 }
 
-TEST_F(DisplayStack, appended_visibles_stand_on_top) {
+TEST_F(DisplayStack, visibles_are_appended_on_top) {
   Append(2);
   Append(1);
   Append(3);
@@ -60,7 +60,7 @@ TEST_F(DisplayStack, appended_visibles_stand_on_top) {
   EXPECT_EQ(App().DisplayStack.At(0)->kind, kRectangle);
 }
 
-TEST_F(DisplayStack, position_one_is_the_bottom_and_others_follow_the_one_before) {
+TEST_F(DisplayStack, position_1_is_the_bottom) {
   EXPECT_EQ(InsertAtPosition(App(), 1, kRectangle, Box(1)), Status::Done);
   EXPECT_EQ(Order(), "1");
   EXPECT_EQ(InsertAtPosition(App(), 1, kRectangle, Box(2)), Status::Done);
@@ -71,7 +71,7 @@ TEST_F(DisplayStack, position_one_is_the_bottom_and_others_follow_the_one_before
   EXPECT_EQ(Order(), "2314");
 }
 
-TEST_F(DisplayStack, a_position_gives_its_class_and_visible) {
+TEST_F(DisplayStack, an_entry_is_read_by_its_position) {
   Append(1);
   EXPECT_EQ(AppendOnTop(App(), ItemType::Text, Box(2)), Status::Done);
   StackedVisible entry;
@@ -83,7 +83,7 @@ TEST_F(DisplayStack, a_position_gives_its_class_and_visible) {
   EXPECT_EQ(entry.kind, ItemType::Text);
 }
 
-TEST_F(DisplayStack, positions_that_do_not_exist_are_harmless) {
+TEST_F(DisplayStack, positions_that_do_not_exist_are_refused) {
   Append(1);
   StackedVisible entry;
   for (const std::int32_t position : {INT32_MIN, -1, 0, 2, INT32_MAX}) {
@@ -92,7 +92,7 @@ TEST_F(DisplayStack, positions_that_do_not_exist_are_harmless) {
   EXPECT_EQ(entry.visible, nullptr);
 }
 
-TEST_F(DisplayStack, removing_the_top_gives_it_back) {
+TEST_F(DisplayStack, removing_the_top_returns_it) {
   Append(1);
   Append(2);
   StackedVisible entry;
@@ -104,7 +104,7 @@ TEST_F(DisplayStack, removing_the_top_gives_it_back) {
   EXPECT_EQ(RemoveTop(App(), entry), Status::Refused);
 }
 
-TEST_F(DisplayStack, removing_asks_for_class_and_visible) {
+TEST_F(DisplayStack, removing_matches_both_class_and_visible) {
   Append(1);
   EXPECT_EQ(AppendOnTop(App(), ItemType::Text, Box(1)), Status::Done);
   Append(1);
@@ -116,7 +116,7 @@ TEST_F(DisplayStack, removing_asks_for_class_and_visible) {
   EXPECT_EQ(RemoveFromStack(App(), ItemType::Text, Box(1)), Status::Refused);
 }
 
-TEST_F(DisplayStack, removing_takes_the_first_match_out) {
+TEST_F(DisplayStack, removing_removes_the_first_match) {
   Append(1);
   Append(2);
   Append(1);
@@ -124,7 +124,7 @@ TEST_F(DisplayStack, removing_takes_the_first_match_out) {
   EXPECT_EQ(Order(), "21");
 }
 
-TEST_F(DisplayStack, a_visible_is_found_under_its_class_or_under_any) {
+TEST_F(DisplayStack, a_visible_is_found_by_its_class_or_by_any) {
   EXPECT_EQ(AppendOnTop(App(), ItemType::Text, Box(1)), Status::Done);
   EXPECT_TRUE(StackContains(App(), ItemType::None, Box(1)));
   EXPECT_TRUE(StackContains(App(), ItemType::Text, Box(1)));
@@ -139,7 +139,7 @@ TEST_F(DisplayStack, an_insertion_at_the_bottom_comes_first) {
   EXPECT_EQ(Order(), "321");
 }
 
-TEST_F(DisplayStack, insertions_below_and_above_stand_next_to_their_reference) {
+TEST_F(DisplayStack, insertions_below_and_above_are_next_to_their_reference) {
   Append(1);
   Append(2);
   EXPECT_EQ(InsertBelow(App(), kRectangle, Box(3), Box(2)), Status::Done);
@@ -171,7 +171,7 @@ TEST_F(DisplayStack, an_insertion_above_a_missing_reference_changes_nothing) {
   EXPECT_EQ(Order(), "1");
 }
 
-TEST_F(DisplayStack, clearing_leaves_the_visibles_and_takes_new_entries) {
+TEST_F(DisplayStack, a_cleared_stack_keeps_the_visibles_and_accepts_new_entries) {
   StackThree();
   ClearStack(App());
   EXPECT_EQ(Order(), "");
@@ -180,7 +180,7 @@ TEST_F(DisplayStack, clearing_leaves_the_visibles_and_takes_new_entries) {
   EXPECT_EQ(Order(), "2");
 }
 
-TEST_F(DisplayStack, without_memory_the_list_stays_and_it_is_said) {
+TEST_F(DisplayStack, without_memory_the_stack_is_unchanged_and_a_message_printed) {
   StackThree();
   const auto failing = [&](auto&& insert) {
     return Do([&] {
@@ -228,7 +228,7 @@ TEST_F(DisplayStack, send_to_back_puts_at_the_bottom) {
   EXPECT_EQ(Order(), "312");
 }
 
-TEST_F(DisplayStack, put_before_stands_right_above_its_reference) {
+TEST_F(DisplayStack, put_before_puts_directly_above_the_reference) {
   StackThree();
   EXPECT_EQ(Do([] { return PutBefore(kRectangle, Box(3), Box(1)); }), Status::Done);
   EXPECT_EQ(Order(), "132");
@@ -236,7 +236,7 @@ TEST_F(DisplayStack, put_before_stands_right_above_its_reference) {
   EXPECT_EQ(Order(), "321");
 }
 
-TEST_F(DisplayStack, put_behind_stands_right_below_its_reference) {
+TEST_F(DisplayStack, put_behind_puts_directly_below_the_reference) {
   StackThree();
   EXPECT_EQ(Do([] { return PutBehind(kRectangle, Box(3), Box(1)); }), Status::Done);
   EXPECT_EQ(Order(), "312");
@@ -256,7 +256,7 @@ TEST_F(DisplayStack, put_before_itself_is_refused_and_changes_nothing) {
   EXPECT_EQ(Order(), "123");
 }
 
-TEST_F(DisplayStack, what_is_not_available_is_not_restacked) {
+TEST_F(DisplayStack, unavailable_visibles_are_not_restacked) {
   StackThree();
   Box(1).AvailabilityStatus = false;
   EXPECT_EQ(Do([] { return BringToFront(kRectangle, Box(1)); }), Status::Refused);
@@ -266,7 +266,7 @@ TEST_F(DisplayStack, what_is_not_available_is_not_restacked) {
   EXPECT_EQ(Order(), "123");
 }
 
-TEST_F(DisplayStack, what_is_not_in_the_stack_under_its_class_is_not_restacked) {
+TEST_F(DisplayStack, only_visibles_in_the_stack_with_their_class_are_restacked) {
   StackThree();
   Box(4).AvailabilityStatus = true;
   for (const auto& [kind, number] :
@@ -279,14 +279,14 @@ TEST_F(DisplayStack, what_is_not_in_the_stack_under_its_class_is_not_restacked) 
   EXPECT_EQ(Order(), "123");
 }
 
-TEST_F(DisplayStack, nothing_is_put_next_to_what_is_not_in_the_stack) {
+TEST_F(DisplayStack, nothing_is_put_next_to_a_visible_outside_the_stack) {
   StackThree();
   EXPECT_EQ(Do([] { return PutBefore(kRectangle, Box(1), Box(4)); }), Status::Refused);
   EXPECT_EQ(Do([] { return PutBehind(kRectangle, Box(1), Box(4)); }), Status::Refused);
   EXPECT_EQ(Order(), "123");
 }
 
-TEST_F(DisplayStack, a_reference_of_any_class_will_do) {
+TEST_F(DisplayStack, the_reference_may_be_of_any_class) {
   StackThree();
   Box(4).AvailabilityStatus = true;
   EXPECT_EQ(InsertAtBottom(App(), ItemType::Text, Box(4)), Status::Done);
@@ -294,11 +294,11 @@ TEST_F(DisplayStack, a_reference_of_any_class_will_do) {
   EXPECT_EQ(Order(), "4312");
 }
 
-TEST_F(DisplayStack, restacking_a_running_visible_draws_again) {
+TEST_F(DisplayStack, restacking_redraws_only_for_running_visibles) {
   StackThree();
   ThePresentation().redraws = 0;
   EXPECT_EQ(Do([] { return BringToFront(kRectangle, Box(1)); }), Status::Done);
-  EXPECT_EQ(ThePresentation().redraws, 0) << "it does not run";
+  EXPECT_EQ(ThePresentation().redraws, 0) << "the visible is not running";
   Box(1).RunningStatus = true;
   EXPECT_EQ(Do([] { return BringToFront(kRectangle, Box(1)); }), Status::Done);
   EXPECT_EQ(ThePresentation().redraws, 1);
@@ -320,7 +320,7 @@ TEST_F(DisplayStack, a_failed_redraw_fails_the_restacking) {
   EXPECT_EQ(Do([] { return PutBehind(kRectangle, Box(1), Box(2)); }), Status::Failure);
 }
 
-// ---- Who is in the stack ----
+// ---- Entering and leaving the stack ----
 
 TEST_F(DisplayStack, a_visible_enters_on_top_when_it_runs_and_leaves_when_it_stops) {
   Append(2);
@@ -338,7 +338,7 @@ TEST_F(DisplayStack, a_visible_that_runs_again_after_a_silent_stop_is_in_the_sta
   EXPECT_EQ(Order(), "12");
   ASSERT_EQ(GoTo("~/menu"), Status::Done);
   EXPECT_FALSE(Box(1).RunningStatus);
-  EXPECT_EQ(Order(), "12") << "it keeps its place though it is not drawn";
+  EXPECT_EQ(Order(), "12") << "a stopped visible keeps its place";
   EXPECT_EQ(Press(100), Status::Done);
   EXPECT_EQ(Order(), "21");
   EXPECT_EQ(Press(101), Status::Done);
@@ -346,7 +346,7 @@ TEST_F(DisplayStack, a_visible_that_runs_again_after_a_silent_stop_is_in_the_sta
   ASSERT_EQ(GoTo("~/next"), Status::Done);
 }
 
-TEST_F(DisplayStack, visibles_of_a_scene_leave_with_the_scene) {
+TEST_F(DisplayStack, visibles_of_a_scene_leave_the_stack_with_it) {
   ServeScene("menu", RectangleText(7) + RectangleText(8));
   ServeScene("next", RectangleText(9));
   Append(1);

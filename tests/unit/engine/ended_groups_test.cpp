@@ -1,4 +1,4 @@
-// Single chains of calls that go on through groups that have ended, and the release of such groups.
+// Individual cases of calls that outlive the group they run in, and when ended groups are released.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -36,7 +36,7 @@ TEST_F(EndedGroups, are_released_by_the_next_piece_of_work) {
   EXPECT_EQ(LiveBlocks(), blocks);
 }
 
-TEST_F(EndedGroups, are_kept_as_long_as_somebody_is_at_work) {
+TEST_F(EndedGroups, are_kept_while_a_busy_object_exists) {
   ServeApplication("");
   ServeScene("menu", "");
   ServeScene("next", "");
@@ -46,11 +46,11 @@ TEST_F(EndedGroups, are_kept_as_long_as_somebody_is_at_work) {
     const Busy busy;
     ASSERT_EQ(GoTo("~/next"), Status::Done);
     BeginWork();
-    EXPECT_TRUE(IsGone(*menu)) << "the sanitizer would complain";
+    EXPECT_TRUE(IsGone(*menu)) << "a released scene would be a sanitizer error";
   }
 }
 
-TEST_F(EndedGroups, that_never_became_available_are_given_back) {
+TEST_F(EndedGroups, that_never_became_available_are_released) {
   ServeApplication(RectangleText(8), ":OnStartUp (" + TransitionAction("~/menu") + ")");
   ServeScene("menu", RectangleText(9) + LinkOnKey(1, 100, LaunchAction("~/b")));
   Serve("b", ApplicationText("~/b", ""));
@@ -60,7 +60,7 @@ TEST_F(EndedGroups, that_never_became_available_are_given_back) {
   EXPECT_TRUE(CurrentApplication()->DisplayStack.IsEmpty());
 }
 
-TEST_F(EndedGroups, leave_no_link_behind_whatever_name_it_bears) {
+TEST_F(EndedGroups, leave_no_links_even_if_named_after_another_group) {
   ServeApplication("");
   ServeScene("menu", "{:Link (\"~/next\" 1) :EventSource (\"~/next\" 0) :EventType IsRunning "
                      ":LinkEffect (" +
@@ -76,7 +76,7 @@ TEST_F(EndedGroups, leave_no_link_behind_whatever_name_it_bears) {
   EXPECT_EQ(Notes(), "");
 }
 
-TEST_F(EndedGroups, of_an_application_leave_no_link_behind_whatever_name_it_bears) {
+TEST_F(EndedGroups, of_an_application_leave_no_links_even_if_named_after_another_group) {
   ServeApplication("{:Link (\"~/b\" 1) :EventSource 0 :EventType UserInput :LinkEffect (" +
                    LaunchAction("~/never") + ")}");
   Serve("b", ApplicationText("~/b", ""));
@@ -87,7 +87,7 @@ TEST_F(EndedGroups, of_an_application_leave_no_link_behind_whatever_name_it_bear
   EXPECT_EQ(TheHost().fetched.back(), "b");
 }
 
-TEST_F(EndedGroups, are_noticed_after_the_generations_have_come_round) {
+TEST_F(EndedGroups, are_noticed_even_if_the_generations_have_wrapped) {
   ServeApplication("");
   ServeScene("menu", RectangleText(8) +
                          LinkOnKey(1, 100, ":BringToFront(8) " + SpawnAction("~/never")) +
@@ -107,7 +107,7 @@ TEST_F(EndedGroups, are_noticed_after_the_generations_have_come_round) {
   EXPECT_EQ(TheHost().fetched.back(), "two");
 }
 
-TEST_F(EndedGroups, may_have_lent_a_visible_to_a_list_of_the_application) {
+TEST_F(EndedGroups, are_skipped_by_a_list_of_the_application_that_has_their_visible) {
   ServeApplication("{:ListGroup 10 :InitiallyActive FALSE :Shared TRUE :TokenGroupItems "
                    "((11) ((\"~/menu\" 8))) :Positions ((0 0) (0 50))}" +
                    RectangleText(11, kInactive) + LinkOnKey(1, 100, ":Run(10)", kShared) +
@@ -126,7 +126,7 @@ TEST_F(EndedGroups, may_have_lent_a_visible_to_a_list_of_the_application) {
   EXPECT_EQ(Notes(), "n");
 }
 
-TEST_F(EndedGroups, may_be_named_by_their_own_memory) {
+TEST_F(EndedGroups, may_own_the_name_that_ends_them) {
   ServeApplication("");
   ServeScene("menu", "");
   ServeScene("next", "");
@@ -145,7 +145,7 @@ TEST_F(EndedGroups, may_be_named_by_their_own_memory) {
             Status::Done);
 }
 
-TEST_F(EndedGroups, whose_end_fails_stay_and_the_new_group_is_given_back) {
+TEST_F(EndedGroups, whose_end_fails_stay_and_the_new_group_is_released) {
   ServeBroken("broken");
   ServeApplication(LinkOn(1, "(\"~/menu\" 0)", "IsDeleted", TransitionAction("~/broken"), kShared));
   ServeScene("menu", RectangleText(8));

@@ -1,22 +1,21 @@
-// Groups that end in an event that one of their own actions raised: for every such event, every way
-// to end a group, and links of either group. The sanitizer watches that nothing of the ended group
-// is touched.
+// Groups that end in an event raised by one of their own actions: every such event, every way to
+// end a group, and links of either group. The sanitizer reports any access to the ended group.
 #include "ending.h"
 
 namespace korvel::test {
 namespace {
 
-// A way to bring an event about. The application is "~/main", its scene "~/menu"; pressing key 100
-// runs `actions`, from a link of the scene.
+// A way to raise an event. The application is "~/main", its scene "~/menu"; pressing key 100 runs
+// `actions` from a link of the scene.
 struct Occasion {
   const char* name;
   const char* source;
   const char* event;
   std::string actions;
-  std::string applicationItems = "";  // beside the links
+  std::string applicationItems = "";  // besides the links
   std::string sceneItems = "";
-  bool isTold =
-      false;  // an engine event of each redraw, as a picture that cannot be drawn raises it
+  // Raise an engine event in each redraw, as for a picture that cannot be drawn.
+  bool raisesInRedraw = false;
 };
 
 std::string Touch(std::string_view action, std::int32_t number) {
@@ -73,12 +72,12 @@ TEST_P(EndedInside, leaves_the_next_group_running) {
                          LinkOnKey(2, 100, Never()));
   StartMain(end);
   ASSERT_EQ(GoTo("~/menu"), Status::Done);
-  if (occasion.isTold) TellEachRedraw();
+  if (occasion.raisesInRedraw) RaiseInEachRedraw();
   static_cast<void>(Press(100));
   ExpectThatTheNextGroupRuns(end);
 }
 
-// A spawn that fails has left the spawning application's own name to return to.
+// A spawn that fails has already pushed the spawning application's own name, so Quit returns to it.
 class EndedInSpawn : public EndingTest,
                      public testing::WithParamInterface<std::tuple<End, HeldBy>> {};
 

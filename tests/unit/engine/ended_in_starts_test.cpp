@@ -1,19 +1,19 @@
-// Groups that end in an event from outside, while they start, or while another one ends: every way
-// to end a group, by links of either group. The sanitizer watches that nothing of the ended group
-// is touched.
+// Groups that end in an event from outside, while they start, or while another group ends: every
+// way to end a group, by links of either group. The sanitizer reports any access to the ended
+// group.
 #include "ending.h"
 
 namespace korvel::test {
 namespace {
 
-// ---- By links of either group ----
+// ---- Ended by links of either group ----
 
 using HeldCase = std::tuple<End, HeldBy>;
 
 class EndedByEither : public EndingTest, public testing::WithParamInterface<HeldCase> {
  protected:
-  // The application "~/main" and its scene "~/menu"; one of them holds the links that answer the
-  // event.
+  // Starts the application "~/main" and serves its scene "~/menu". One of them holds the links on
+  // the event.
   void ServeMain(std::string_view source, std::string_view event, std::string_view sceneItems = "",
                  std::string_view sceneAttributes = "") {
     const std::string links = AnsweringLinks(source, event, TheEnd());
@@ -86,7 +86,7 @@ TEST_P(EndedByEither, in_the_redraw_of_a_starting_item) {
   ServeMain("(\"~/main\" 0)", "EngineEvent :EventData 3",
             RectangleText(8) + RectangleText(9) + LinkOn(1, "8", "IsRunning", Never()),
             ":OnStartUp (" + Never() + ")");
-  TellEachRedraw();
+  RaiseInEachRedraw();
   static_cast<void>(GoTo("~/menu"));
   ExpectThatTheNextGroupRuns(TheEnd());
 }
@@ -97,11 +97,11 @@ INSTANTIATE_TEST_SUITE_P(End, EndedByEither,
                            return EndingName(std::get<0>(tested.param), std::get<1>(tested.param));
                          });
 
-// ---- By the application ----
+// ---- Ended by the application ----
 
 class EndedByApplication : public EndingTest, public testing::WithParamInterface<End> {
  protected:
-  // Starts "~/main" with links that answer the event, and watches it being replaced meanwhile.
+  // Starts "~/main" with links that end it on the event, and checks that the next group runs.
   void ExpectAnEndIn(std::string_view source, std::string_view event) {
     ServeOthers();
     Serve("main", ApplicationText("~/main", RectangleText(8) + RectangleText(9) +

@@ -1,5 +1,5 @@
-// The ground for tests of groups that end in the middle of things: the ways to end them, content to
-// go on with, and the check that nothing of what ended has run on while the next group runs.
+// Fixture for tests of groups that end while their actions run: the ways to end them, the content
+// that runs next, and the check that nothing of the ended group has run on.
 #pragma once
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 
 namespace korvel::test {
 
-// What a link does in the middle of things.
+// How a link ends the running group.
 enum class End { TransitionTo, Launch, Spawn, QuitToParent, QuitToRestart };
 enum class HeldBy { Scene, Application };
 
@@ -23,12 +23,12 @@ inline std::string EndingName(End end, HeldBy holder) {
          (holder == HeldBy::Scene ? "_by_the_scene" : "_by_the_application");
 }
 
-// Stands behind everything that must not run any more: the request for its file would be seen.
+// Follows every action that must be the last one to run. If it runs, the file "never" is fetched.
 inline std::string Never() { return SpawnAction("~/never"); }
 
 class EndingTest : public EngineTest {
  protected:
-  // The action that ends the running groups, or the scene.
+  // The action that ends the running groups, or only the scene.
   static std::string EndAction(End end) {
     switch (end) {
     case End::TransitionTo: return TransitionAction("~/other");
@@ -54,7 +54,7 @@ class EndingTest : public EngineTest {
                    LinkOnKey(1, 16, ":Append((\"~/other\" 98) \"k\")"),
                ":OnStartUp (:Append((\"~/other\" 98) \"s\"))");
   }
-  // Brings "~/main" up, with a parent to return to where the end asks for one.
+  // Starts "~/main", spawned by "~/a" if the end is to quit to a parent.
   void StartMain(End end) {
     ASSERT_EQ(Start(), Status::Done);
     ASSERT_EQ(EnterMain(end), Status::Done);
@@ -63,15 +63,15 @@ class EndingTest : public EngineTest {
     return Do([&] { return end == End::QuitToParent ? Spawn("~/main") : Launch("~/main"); });
   }
 
-  // Each redraw tells the application that something could not be drawn.
-  static void TellEachRedraw() {
+  // From now on each redraw raises the engine event of an object that could not be drawn.
+  static void RaiseInEachRedraw() {
     ThePresentation().onRedraw = [] {
-      static bool isTelling = false;
-      if (isTelling || CurrentApplication() == nullptr) return Status::Done;
-      isTelling = true;
+      static bool isRaising = false;
+      if (isRaising || CurrentApplication() == nullptr) return Status::Done;
+      isRaising = true;
       const Status result =
           RaiseEvent(*CurrentApplication(), EventType::EngineEvent, EventData::Integer(3));
-      isTelling = false;
+      isRaising = false;
       return result == Status::Failure ? Status::Failure : Status::Done;
     };
   }
@@ -79,7 +79,7 @@ class EndingTest : public EngineTest {
   void ExpectThatTheNextGroupRuns(End end) {
     ThePresentation().onRedraw = nullptr;
     EXPECT_EQ(std::count(TheHost().fetched.begin(), TheHost().fetched.end(), "never"), 0)
-        << "something of an ended group has run on";
+        << "an action of an ended group has run";
     switch (end) {
     case End::TransitionTo:
       ASSERT_EQ(NameOf(CurrentScene()), "~/other");

@@ -1,5 +1,5 @@
-// Events raised from inside the engine: which links answer, in which order, with what data, and
-// what their results do to the rest.
+// Events raised inside the engine: which links respond, in which order, with which data, and how
+// the result of one link affects the rest.
 #include "objects/ber/ber.h"
 #include "support/engine_fixture.h"
 
@@ -8,13 +8,13 @@ namespace {
 
 class Events : public EngineTest {
  protected:
-  // The application alone, with these items.
+  // Starts the application without a scene.
   void StartWith(std::string_view items) {
     ServeApplication(items);
     ASSERT_EQ(Start(), Status::Done);
     TakeNotes();
   }
-  // Both groups; the scene is "~/menu".
+  // Starts the application and its scene "~/menu".
   void StartWith(std::string_view applicationItems, std::string_view sceneItems) {
     ServeApplication(applicationItems);
     ServeScene("menu", sceneItems);
@@ -38,14 +38,14 @@ TEST_F(Events, the_first_five_of_six_matching_links_run_in_item_order) {
   EXPECT_EQ(TakeNotes(), "12345");
 }
 
-TEST_F(Events, the_first_five_of_six_links_run_when_the_source_does_not_count) {
+TEST_F(Events, the_first_five_of_six_links_run_in_a_raise_by_type) {
   StartWith(SixLinks("7", "EngineEvent :EventData 9"));
   EXPECT_EQ(Do([] { return RaiseEventByType(EventType::EngineEvent, EventData::Integer(9)); }),
             Status::Done);
   EXPECT_EQ(TakeNotes(), "12345");
 }
 
-TEST_F(Events, links_that_do_not_match_take_no_place_among_the_five) {
+TEST_F(Events, links_that_do_not_match_do_not_count_towards_the_five) {
   StartWith(LinkOn(11, "0", "StreamPlaying :EventData 1", Note("x")) +
             LinkOn(12, "0", "StreamPlaying", Note("x"), kInactive) +
             LinkOn(13, "8", "StreamPlaying", Note("x")) + SixLinks("0", "StreamPlaying"));
@@ -62,7 +62,7 @@ TEST_F(Events, links_of_the_application_run_before_links_of_the_scene) {
   EXPECT_EQ(TakeNotes(), "abc12");
 }
 
-TEST_F(Events, a_link_without_data_answers_whatever_the_data) {
+TEST_F(Events, a_link_without_data_responds_to_any_data) {
   StartWith(LinkOn(1, "0", "StreamEvent", Note("x")));
   for (const EventData data : {EventData{}, EventData::Boolean(false), EventData::Boolean(true),
                                EventData::Integer(0), EventData::Integer(-7)}) {
@@ -71,7 +71,7 @@ TEST_F(Events, a_link_without_data_answers_whatever_the_data) {
   EXPECT_EQ(TakeNotes(), "xxxxx");
 }
 
-TEST_F(Events, a_link_with_data_answers_the_same_kind_and_value_only) {
+TEST_F(Events, a_link_with_data_responds_only_to_the_same_kind_and_value) {
   StartWith(LinkOn(1, "0", "StreamEvent :EventData TRUE", Note("T")) +
             LinkOn(2, "0", "StreamEvent :EventData FALSE", Note("F")) +
             LinkOn(3, "0", "StreamEvent :EventData 1", Note("1")) +
@@ -90,7 +90,7 @@ TEST_F(Events, a_link_with_data_answers_the_same_kind_and_value_only) {
   EXPECT_EQ(notesFor({}), "");
 }
 
-TEST_F(Events, a_link_waiting_for_a_string_never_answers) {
+TEST_F(Events, a_link_with_string_data_never_responds) {
   StartWith(LinkOn(1, "0", "StreamEvent :EventData \"x\"", Note("x")));
   Status result = Raise("~/a", 0, EventType::StreamEvent);
   EXPECT_EQ(result, Status::Done);
@@ -99,7 +99,7 @@ TEST_F(Events, a_link_waiting_for_a_string_never_answers) {
   EXPECT_EQ(TakeNotes(), "");
 }
 
-TEST_F(Events, a_link_answers_its_own_source_only) {
+TEST_F(Events, a_link_responds_only_to_its_own_source) {
   StartWith(LinkOn(1, "4", "StreamEvent", Note("4")) +
             LinkOn(2, "(\"~/other\" 4)", "StreamEvent", Note("o")) +
             LinkOn(3, "5", "StreamEvent", Note("5")));
@@ -112,7 +112,7 @@ TEST_F(Events, a_link_answers_its_own_source_only) {
   EXPECT_EQ(TakeNotes(), "");
 }
 
-TEST_F(Events, a_tilde_before_a_source_name_does_not_count) {
+TEST_F(Events, a_tilde_before_a_source_name_is_ignored) {
   StartWith(LinkOn(1, "(\"/x\" 4)", "StreamEvent", Note("1")) +
             LinkOn(2, "(\"~/x\" 4)", "StreamEvent", Note("2")));
   EXPECT_EQ(Raise("/x", 4, EventType::StreamEvent), Status::Done);
@@ -121,7 +121,7 @@ TEST_F(Events, a_tilde_before_a_source_name_does_not_count) {
   EXPECT_EQ(TakeNotes(), "12");
 }
 
-TEST_F(Events, a_raise_by_type_asks_for_no_source) {
+TEST_F(Events, a_raise_by_type_ignores_the_source) {
   StartWith(LinkOn(1, "(\"~/nowhere\" 77)", "EngineEvent :EventData 5", Note("1")) +
             LinkOn(2, "0", "EngineEvent :EventData 6", Note("2")) +
             LinkOn(3, "0", "StreamEvent :EventData 5", Note("3")));
@@ -130,7 +130,7 @@ TEST_F(Events, a_raise_by_type_asks_for_no_source) {
   EXPECT_EQ(TakeNotes(), "1");
 }
 
-TEST_F(Events, an_object_as_the_source_is_the_object_the_links_name) {
+TEST_F(Events, an_object_may_be_given_as_the_source) {
   StartWith(RectangleText(5) + LinkOn(1, "5", "StreamEvent :EventData 3", Note("5")) +
             LinkOn(2, "0", "StreamEvent :EventData 3", Note("0")));
   EXPECT_EQ(Do([] {
@@ -165,7 +165,7 @@ TEST_F(Events, every_event_type_finds_its_links) {
   }
 }
 
-TEST_F(Events, links_on_numbers_that_are_no_event_types_never_run) {
+TEST_F(Events, links_on_unknown_event_types_never_run) {
   OwnedGroup group = ParseText(ApplicationText(
       "~/a", LinkOn(1, "0", "StreamEvent", Note("x")) + LinkOn(2, "0", "StreamEvent", Note("y"))));
   ASSERT_TRUE(group);
@@ -182,7 +182,7 @@ TEST_F(Events, links_on_numbers_that_are_no_event_types_never_run) {
   EXPECT_EQ(TakeNotes(), "");
 }
 
-TEST_F(Events, a_link_that_is_not_active_waits_in_its_place_until_it_is) {
+TEST_F(Events, an_inactive_link_keeps_its_place_in_the_order) {
   StartWith(LinkOnKey(1, 100, Note("1")) + LinkOnKey(2, 100, Note("2"), kInactive) +
             LinkOnKey(3, 100, Note("3")) + LinkOnKey(4, 101, ":Activate(2)") +
             LinkOnKey(5, 102, ":Deactivate(2)"));
@@ -196,7 +196,7 @@ TEST_F(Events, a_link_that_is_not_active_waits_in_its_place_until_it_is) {
   EXPECT_EQ(TakeNotes(), "13");
 }
 
-TEST_F(Events, a_link_activated_after_the_event_was_raised_does_not_answer_it) {
+TEST_F(Events, a_link_activated_after_the_event_was_raised_does_not_respond_to_it) {
   StartWith(LinkOnKey(1, 100, Note("1") + ":Activate(2)") +
             LinkOnKey(2, 100, Note("2"), kInactive));
   EXPECT_EQ(Press(100), Status::Done);
@@ -205,7 +205,7 @@ TEST_F(Events, a_link_activated_after_the_event_was_raised_does_not_answer_it) {
   EXPECT_EQ(TakeNotes(), "12");
 }
 
-TEST_F(Events, a_link_deactivated_after_the_event_was_raised_still_answers_it) {
+TEST_F(Events, a_link_deactivated_after_the_event_was_raised_still_responds_to_it) {
   StartWith(LinkOnKey(1, 100, Note("1") + ":Deactivate(2)") + LinkOnKey(2, 100, Note("2")));
   EXPECT_EQ(Press(100), Status::Done);
   EXPECT_EQ(TakeNotes(), "12");
@@ -213,7 +213,7 @@ TEST_F(Events, a_link_deactivated_after_the_event_was_raised_still_answers_it) {
   EXPECT_EQ(TakeNotes(), "1");
 }
 
-TEST_F(Events, activating_a_link_raises_nothing) {
+TEST_F(Events, activating_a_link_raises_no_event) {
   StartWith(LinkOnKey(1, 100, ":Deactivate(2) :Activate(2)") + LinkOnKey(2, 101, "") +
             LinkOn(3, "2", "IsRunning", Note("r")) + LinkOn(4, "2", "IsStopped", Note("s")));
   EXPECT_EQ(Notes(), "");
@@ -221,7 +221,7 @@ TEST_F(Events, activating_a_link_raises_nothing) {
   EXPECT_EQ(Notes(), "");
 }
 
-TEST_F(Events, an_event_of_an_action_is_answered_before_the_next_action) {
+TEST_F(Events, links_on_an_actions_event_run_before_the_next_action) {
   StartWith("{:IntegerVar 7 :OrigValue 1}" +
             LinkOnKey(1, 100, Note("a") + ":TestVariable(7 1 :GInteger 1) " + Note("b")) +
             LinkOnKey(2, 100, Note("c")) + LinkOn(3, "7", "TestEvent :EventData TRUE", Note("x")));
@@ -229,15 +229,15 @@ TEST_F(Events, an_event_of_an_action_is_answered_before_the_next_action) {
   EXPECT_EQ(TakeNotes(), "axbc");
 }
 
-// ---- What a link's result does to the links after it ----
+// ---- How a link's result affects the links after it ----
 
-TEST_F(Events, nothing_that_answers_gives_done) {
+TEST_F(Events, an_event_without_links_returns_done) {
   StartWith("");
   EXPECT_EQ(Raise("~/a", 0, EventType::StreamEvent), Status::Done);
 }
 
-TEST_F(Events, a_refused_link_stops_nothing_and_the_last_result_counts) {
-  // A scene's transition to itself is refused and ends its own action list with that.
+TEST_F(Events, a_refused_link_does_not_stop_the_others_and_the_last_result_is_returned) {
+  // A transition to the running scene is refused and ends its own action list with that result.
   StartWith("", LinkOnKey(1, 100, TransitionAction("~/menu") + Note("x")) +
                     LinkOnKey(2, 100, Note("2")) + LinkOnKey(3, 101, Note("3")) +
                     LinkOnKey(4, 101, TransitionAction("~/menu")));
@@ -278,7 +278,7 @@ TEST_F(Events, a_collected_link_of_a_scene_that_ended_does_not_run) {
 
 // ---- Links of scenes ----
 
-TEST_F(Events, a_link_that_bears_another_scenes_name_never_runs) {
+TEST_F(Events, a_link_of_a_scene_with_another_scenes_name_never_runs) {
   StartWith("", "{:Link (\"~/other\" 1) :EventSource 0 :EventType UserInput :LinkEffect (" +
                     Note("o") + ")}" +
                     "{:Link (\"~/other\" 2) :EventSource (\"~/menu\" 0) :EventType StreamEvent "
@@ -291,7 +291,7 @@ TEST_F(Events, a_link_that_bears_another_scenes_name_never_runs) {
   EXPECT_EQ(TakeNotes(), "4");
 }
 
-TEST_F(Events, a_link_of_the_application_runs_whatever_name_it_bears) {
+TEST_F(Events, a_link_of_the_application_runs_whatever_its_name) {
   StartWith("{:Link (\"~/other\" 1) :EventSource (\"~/a\" 0) :EventType StreamEvent :LinkEffect (" +
             Note("o") + ")}");
   EXPECT_EQ(Raise("~/a", 0, EventType::StreamEvent), Status::Done);
@@ -311,12 +311,12 @@ TEST_F(Events, a_link_of_a_scene_that_ended_never_runs_again) {
   EXPECT_EQ(TakeNotes(), "");
 }
 
-TEST_F(Events, only_a_raise_by_type_passes_over_a_tilde_in_a_links_own_name) {
+TEST_F(Events, only_a_raise_by_type_ignores_a_tilde_in_a_links_own_name) {
   StartWith("", "{:Link (\"/menu\" 1) :EventSource (\"~/menu\" 0) :EventType UserInput "
                 ":LinkEffect (" +
                     Note("x") + ")}");
   EXPECT_EQ(Raise("~/menu", 0, EventType::UserInput), Status::Done);
-  EXPECT_EQ(TakeNotes(), "") << "the scene is named ~/menu, to the letter";
+  EXPECT_EQ(TakeNotes(), "") << "the scene is named exactly ~/menu";
   EXPECT_EQ(Press(100), Status::Done);
   EXPECT_EQ(TakeNotes(), "x");
 }

@@ -1,4 +1,4 @@
-// Which file a group name means, and the current directory that names are resolved against.
+// Which file a group name refers to, and the current directory that names are resolved against.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -6,7 +6,7 @@ namespace {
 
 class GroupFiles : public EngineTest {
  protected:
-  // The path that is asked for when a name is resolved, or "refused" when none is.
+  // The path that is fetched when the name is resolved, or "refused" if none is.
   std::string PathOf(std::string_view name) {
     TheHost().fetched.clear();
     OctetString bytes;
@@ -26,7 +26,7 @@ class GroupFiles : public EngineTest {
     ASSERT_EQ(Start(), Status::Done);
   }
 
-  // The directory that a launch of `name`, found at `file`, leads to.
+  // The current directory after a launch of `name`, served as `file`.
   std::string DirectoryAfterLaunch(const std::string& name, const std::string& file) {
     Serve(file, ApplicationText("~/launched", ""));
     EXPECT_EQ(Do([&] { return Launch(name); }), Status::Done) << name;
@@ -47,7 +47,7 @@ class GroupFiles : public EngineTest {
   }
 };
 
-TEST_F(GroupFiles, a_resolved_file_gives_its_bytes) {
+TEST_F(GroupFiles, a_resolved_name_returns_the_bytes_of_its_file) {
   StartAtTheTop();
   const std::string content("\0zero inside\xff", 13);
   TheHost().files["x"] = content;
@@ -57,7 +57,7 @@ TEST_F(GroupFiles, a_resolved_file_gives_its_bytes) {
   EXPECT_EQ(TheHost().pausedMs, 0U);
 }
 
-TEST_F(GroupFiles, a_missing_file_is_refused_after_a_pause_and_leaves_the_bytes) {
+TEST_F(GroupFiles, a_missing_file_is_refused_after_a_pause) {
   StartAtTheTop();
   OctetString bytes;
   ASSERT_TRUE(bytes.Assign("before"));
@@ -74,7 +74,7 @@ TEST_F(GroupFiles, relative_names_are_files_of_the_current_directory) {
   EXPECT_EQ(PathOf("~/x/y"), "d/x/y");
 }
 
-TEST_F(GroupFiles, names_with_two_slashes_are_files_of_the_top) {
+TEST_F(GroupFiles, names_with_two_slashes_are_relative_to_the_root) {
   StartInDirectoryD();
   EXPECT_EQ(PathOf("DSM://x/y"), "x/y");
   EXPECT_EQ(PathOf("DSM://x"), "x");
@@ -87,19 +87,19 @@ TEST_F(GroupFiles, names_without_a_slash_are_files_of_the_current_directory) {
   EXPECT_EQ(PathOf("name"), "d/name");
 }
 
-TEST_F(GroupFiles, what_stands_before_the_first_slash_is_passed_over) {
+TEST_F(GroupFiles, text_before_the_first_slash_is_ignored) {
   StartInDirectoryD();
   EXPECT_EQ(PathOf("p/q"), "d/q");
   EXPECT_EQ(PathOf("p/q/r"), "d/q/r");
 }
 
-TEST_F(GroupFiles, a_name_that_ends_at_its_first_slash_is_taken_as_it_stands) {
+TEST_F(GroupFiles, a_name_that_ends_at_its_first_slash_is_used_unchanged) {
   StartInDirectoryD();
   EXPECT_EQ(PathOf("~/"), "~/");
   EXPECT_EQ(PathOf("DSM:/"), "DSM:/");
 }
 
-TEST_F(GroupFiles, at_the_top_nothing_above_is_reached) {
+TEST_F(GroupFiles, from_the_root_no_name_may_begin_with_a_step_up) {
   StartAtTheTop();
   EXPECT_EQ(PathOf("~/../a"), "refused");
   EXPECT_EQ(PathOf("~/.."), "refused");
@@ -107,36 +107,36 @@ TEST_F(GroupFiles, at_the_top_nothing_above_is_reached) {
   EXPECT_EQ(PathOf("DSM://../a"), "refused");
 }
 
-TEST_F(GroupFiles, from_a_directory_only_names_of_the_top_may_not_begin_above) {
+TEST_F(GroupFiles, from_a_directory_only_root_names_may_not_begin_with_a_step_up) {
   StartInDirectoryD();
   EXPECT_EQ(PathOf("DSM://../a"), "refused");
   EXPECT_EQ(PathOf("~/../a"), "a") << "one directory up from d/";
 }
 
-TEST_F(GroupFiles, a_step_up_takes_the_directory_before_it_out) {
+TEST_F(GroupFiles, a_step_up_removes_the_directory_before_it) {
   StartAtTheTop();
-  EXPECT_EQ(PathOf("~/x/y/../z"), "xz") << "no slash is put back";
+  EXPECT_EQ(PathOf("~/x/y/../z"), "xz") << "no slash is inserted";
   EXPECT_EQ(PathOf("~/x/../z"), "z");
-  EXPECT_EQ(PathOf("~/x/y/w/../../z"), "x/y../z") << "so the second step is none any more";
+  EXPECT_EQ(PathOf("~/x/y/w/../../z"), "x/y../z") << "the second step up is no longer one";
   EXPECT_EQ(PathOf("DSM://x/y/../z"), "xz");
 }
 
-TEST_F(GroupFiles, a_step_up_counts_the_current_directory) {
+TEST_F(GroupFiles, a_step_up_is_resolved_within_the_current_directory) {
   StartInDirectoryD();
   EXPECT_EQ(PathOf("~/x/y/../z"), "d/xz");
 }
 
-TEST_F(GroupFiles, a_step_up_that_is_left_over_is_passed_on) {
+TEST_F(GroupFiles, a_remaining_step_up_is_passed_to_the_host) {
   StartAtTheTop();
   EXPECT_EQ(PathOf("~/a/../../x"), "../x");
 }
 
-TEST_F(GroupFiles, a_step_up_that_appears_when_another_is_taken_is_taken_as_well) {
+TEST_F(GroupFiles, a_step_up_formed_by_resolving_another_is_resolved_too) {
   StartAtTheTop();
   EXPECT_EQ(PathOf("~/a/./b/.././c"), "c");
 }
 
-TEST_F(GroupFiles, a_name_of_nothing_but_steps_up_is_resolved_at_once) {
+TEST_F(GroupFiles, a_name_of_many_steps_up_is_resolved_in_linear_time) {
   StartAtTheTop();
   std::string name = "~/x";
   for (int count = 0; count < 300'000; ++count) name += "/..";
@@ -148,7 +148,7 @@ TEST_F(GroupFiles, names_of_the_module_are_never_fetched) {
   EXPECT_EQ(PathOf("CI:/x"), "refused");
   EXPECT_EQ(PathOf("CI://x"), "refused");
   EXPECT_EQ(PathOf("CI:x"), "refused");
-  EXPECT_EQ(PathOf("ci:/x"), "x") << "written otherwise it is a name like any other";
+  EXPECT_EQ(PathOf("ci:/x"), "x") << "lower case makes it an ordinary name";
 }
 
 TEST_F(GroupFiles, a_transition_to_a_name_of_the_module_is_a_missing_scene) {
@@ -160,7 +160,7 @@ TEST_F(GroupFiles, a_transition_to_a_name_of_the_module_is_a_missing_scene) {
   EXPECT_EQ(Notes(), "2");
 }
 
-TEST_F(GroupFiles, odd_names_are_harmless) {
+TEST_F(GroupFiles, malformed_names_are_refused) {
   StartAtTheTop();
   for (const std::string_view name : {"", "/", "//", "~", "~~", "///", ".", "..", "/..", "/../"}) {
     OctetString bytes;
@@ -177,7 +177,7 @@ TEST_F(GroupFiles, names_may_be_long_and_hold_any_byte) {
 
 // ---- The current directory ----
 
-TEST_F(GroupFiles, launching_from_the_top_keeps_the_first_directory_only) {
+TEST_F(GroupFiles, launching_a_root_name_sets_its_first_directory_only) {
   StartInDirectoryD();
   EXPECT_EQ(DirectoryAfterLaunch("DSM://dir/sub/app", "dir/sub/app"), "dir/");
   EXPECT_EQ(DirectoryAfterLaunch("DSM://dir/app", "dir/app"), "dir/");
@@ -189,32 +189,32 @@ TEST_F(GroupFiles, launching_a_dsm_name_with_one_slash_finds_the_file_from_the_o
   EXPECT_EQ(DirectoryAfterLaunch("DSM:/dir/sub/app", "d/dir/sub/app"), "dir/");
 }
 
-TEST_F(GroupFiles, launching_another_name_keeps_what_stands_between_its_slashes) {
+TEST_F(GroupFiles, launching_another_name_sets_the_directories_between_its_slashes) {
   StartInDirectoryD();
   EXPECT_EQ(DirectoryAfterLaunch("~/dir/sub/app", "d/dir/sub/app"), "dir/sub/");
   EXPECT_EQ(DirectoryAfterLaunch("~//dir/app", "dir/app"), "dir/");
   EXPECT_EQ(DirectoryAfterLaunch("/up/app", "dir/up/app"), "up/");
 }
 
-TEST_F(GroupFiles, launching_a_name_without_a_directory_leaves_the_current_one) {
+TEST_F(GroupFiles, launching_a_name_without_a_directory_keeps_the_current_one) {
   StartInDirectoryD();
   EXPECT_EQ(DirectoryAfterLaunch("~/app", "d/app"), "d/");
   EXPECT_EQ(DirectoryAfterLaunch("app", "d/app"), "d/");
 }
 
-TEST_F(GroupFiles, spawning_keeps_the_directory_from_the_third_character_without_its_slash) {
+TEST_F(GroupFiles, spawning_sets_the_directory_from_the_third_character_without_its_slash) {
   StartAtTheTop();
   EXPECT_EQ(DirectoryAfterSpawn("~/dir/app", "dir/app"), "dir");
   EXPECT_EQ(DirectoryAfterSpawn("~/e/app", "dire/app"), "e") << "the directory has no slash";
   EXPECT_EQ(DirectoryAfterSpawn("DSM://f/app", "f/app"), "M://f");
 }
 
-TEST_F(GroupFiles, spawning_a_name_without_a_directory_leaves_the_current_one) {
+TEST_F(GroupFiles, spawning_a_name_without_a_directory_keeps_the_current_one) {
   StartInDirectoryD();
   EXPECT_EQ(DirectoryAfterSpawn("~/app", "d/app"), "d/");
 }
 
-TEST_F(GroupFiles, a_refused_launch_or_spawn_leaves_the_current_directory) {
+TEST_F(GroupFiles, a_refused_launch_or_spawn_keeps_the_current_directory) {
   StartInDirectoryD();
   EXPECT_EQ(Do([] { return Launch("DSM://dir/missing"); }), Status::Refused);
   EXPECT_EQ(PathOf("~/x"), "d/x");
@@ -222,7 +222,7 @@ TEST_F(GroupFiles, a_refused_launch_or_spawn_leaves_the_current_directory) {
   EXPECT_EQ(PathOf("~/x"), "d/x");
 }
 
-TEST_F(GroupFiles, a_transition_leaves_the_current_directory) {
+TEST_F(GroupFiles, a_transition_keeps_the_current_directory) {
   StartAtTheTop();
   Serve("dir/menu", SceneText("~/menu", ""));
   EXPECT_EQ(GoTo("DSM://dir/menu"), Status::Done);

@@ -1,5 +1,4 @@
-// How applications replace each other, return and end, and how the engine closes down and starts
-// anew.
+// How applications replace each other, return and end, and how the engine closes down and restarts.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -31,7 +30,7 @@ TEST_F(Lifecycle, launch_replaces_the_application_and_its_scene) {
   EXPECT_EQ(Notes("~/b"), "Rb");
 }
 
-TEST_F(Lifecycle, a_launch_action_ends_its_list_even_when_refused) {
+TEST_F(Lifecycle, a_refused_launch_action_ends_its_list) {
   ServeApplication(LinkOnKey(1, 100, LaunchAction("~/missing") + Note("x")) +
                    LinkOnKey(2, 100, Note("x")) +
                    LinkOn(3, "0", "EngineEvent :EventData 2", Note("2")));
@@ -41,7 +40,7 @@ TEST_F(Lifecycle, a_launch_action_ends_its_list_even_when_refused) {
   EXPECT_EQ(NameOf(CurrentApplication()), "~/a");
 }
 
-TEST_F(Lifecycle, a_missing_application_to_launch_is_an_engine_event_and_changes_nothing) {
+TEST_F(Lifecycle, launching_a_missing_application_raises_an_engine_event_and_changes_nothing) {
   ServeApplication(LinkOn(1, "0", "EngineEvent :EventData 2", Note("2"), kShared));
   ServeScene("menu", LinkOnKey(1, 100, Note("m")));
   StartWithScene("~/menu");
@@ -52,7 +51,7 @@ TEST_F(Lifecycle, a_missing_application_to_launch_is_an_engine_event_and_changes
   EXPECT_EQ(Notes(), "2m");
 }
 
-TEST_F(Lifecycle, an_application_to_launch_that_is_no_group_fails_and_changes_nothing) {
+TEST_F(Lifecycle, launching_an_invalid_file_fails_and_changes_nothing) {
   ServeApplication("");
   ServeScene("menu", LinkOnKey(1, 100, Note("m")));
   ServeBroken("broken");
@@ -73,7 +72,7 @@ TEST_F(Lifecycle, launching_a_scene_is_refused) {
   EXPECT_EQ(Notes(), "m");
 }
 
-TEST_F(Lifecycle, an_application_can_launch_itself_anew) {
+TEST_F(Lifecycle, an_application_can_launch_itself) {
   ServeApplication(LinkOnKey(1, 100, Note("1")) + LinkOnKey(2, 101, LaunchAction("~/a")));
   ASSERT_EQ(Start(), Status::Done);
   EXPECT_EQ(Press(100), Status::Done);
@@ -101,7 +100,7 @@ TEST_F(Lifecycle, spawn_replaces_the_application_and_quit_returns_to_it) {
   EXPECT_FALSE(IsAvailable());
   EXPECT_FALSE(CurrentApplication()->Items.At(0)->Record()->AvailabilityStatus);
   EXPECT_EQ(Press(16), Status::Done);
-  EXPECT_EQ(TheHost().fetched.size(), 3U) << "its links do not answer";
+  EXPECT_EQ(TheHost().fetched.size(), 3U) << "its links do not respond";
 }
 
 TEST_F(Lifecycle, a_sixth_nested_spawn_is_refused_without_side_effects) {
@@ -119,11 +118,11 @@ TEST_F(Lifecycle, a_sixth_nested_spawn_is_refused_without_side_effects) {
     EXPECT_EQ(Do([] { return Quit(); }), Status::Done) << depth;
   }
   EXPECT_TRUE(TheHost().restarts.empty());
-  EXPECT_EQ(Do([] { return Quit(); }), Status::Failure) << "nothing more was pushed than five";
+  EXPECT_EQ(Do([] { return Quit(); }), Status::Failure) << "only five names were pushed";
   EXPECT_EQ(TheHost().restarts.size(), 1U);
 }
 
-TEST_F(Lifecycle, a_refused_spawn_lets_its_action_list_go_on) {
+TEST_F(Lifecycle, a_refused_spawn_does_not_end_its_list) {
   ServeApplication(LinkOnKey(1, 100, SpawnAction("~/missing") + Note("y")) +
                    LinkOn(2, "0", "EngineEvent :EventData 2", Note("2")));
   ASSERT_EQ(Start(), Status::Done);
@@ -176,7 +175,7 @@ TEST_F(Lifecycle, spawn_ends_the_running_scene) {
   EXPECT_EQ(Notes("~/b"), "b");
 }
 
-TEST_F(Lifecycle, quit_without_a_parent_asks_for_a_restart) {
+TEST_F(Lifecycle, quit_without_a_parent_requests_a_restart) {
   ServeApplication(LinkOnKey(1, 100, ":LockScreen(0) " + QuitAction() + SpawnAction("~/never")));
   ServeScene("menu", "");
   ASSERT_EQ(Start(), Status::Done);
@@ -189,7 +188,7 @@ TEST_F(Lifecycle, quit_without_a_parent_asks_for_a_restart) {
   EXPECT_FALSE(TheHost().mayRun);
   EXPECT_EQ(TheHost().fetched, Paths{"a"});
 
-  // The worker then starts the engine from the beginning.
+  // The worker then starts the engine again.
   TheHost().mayRun = true;
   EXPECT_EQ(Start(), Status::Done);
   EXPECT_EQ(NameOf(CurrentApplication()), "~/a");
@@ -221,7 +220,7 @@ TEST_F(Lifecycle, quit_with_a_parent_keeps_the_persistent_store) {
   EXPECT_EQ(taken.View(), "kept");
 }
 
-TEST_F(Lifecycle, quit_to_a_parent_that_is_missing_leaves_no_application) {
+TEST_F(Lifecycle, quit_to_a_missing_parent_leaves_no_application) {
   ServeApplication("");
   Serve("b", ApplicationText("~/b", LinkOn(1, "0", "EngineEvent", SpawnAction("~/never"))));
   ASSERT_EQ(Start(), Status::Done);
@@ -230,11 +229,11 @@ TEST_F(Lifecycle, quit_to_a_parent_that_is_missing_leaves_no_application) {
   EXPECT_EQ(Do([] { return Quit(); }), Status::Refused);
   EXPECT_EQ(CurrentApplication(), nullptr);
   EXPECT_EQ(TheHost().pausedMs, 500U);
-  EXPECT_EQ(TheHost().fetched, (Paths{"a", "b", "a"})) << "its links are gone by then";
+  EXPECT_EQ(TheHost().fetched, (Paths{"a", "b", "a"})) << "its links have been removed";
   EXPECT_TRUE(TheHost().restarts.empty());
 }
 
-TEST_F(Lifecycle, quit_to_a_parent_that_is_no_group_fails) {
+TEST_F(Lifecycle, quit_to_an_invalid_parent_fails) {
   ServeApplication("");
   Serve("b", ApplicationText("~/b", ""));
   ASSERT_EQ(Start(), Status::Done);
@@ -256,7 +255,7 @@ TEST_F(Lifecycle, quit_to_a_parent_that_became_a_scene_is_refused) {
   EXPECT_EQ(CurrentScene(), nullptr);
 }
 
-// ---- Close-down and starting anew ----
+// ---- Close-down and restart ----
 
 TEST_F(Lifecycle, close_down_ends_the_scene_and_the_application) {
   ServeApplication(LinkOn(1, "(\"~/menu\" 0)", "IsDeleted", Note("D"), kShared));
@@ -271,7 +270,7 @@ TEST_F(Lifecycle, close_down_ends_the_scene_and_the_application) {
   EXPECT_TRUE(TheHost().restarts.empty());
 }
 
-TEST_F(Lifecycle, close_down_ends_groups_whatever_their_links_answer) {
+TEST_F(Lifecycle, close_down_ends_groups_even_if_their_links_fail) {
   ServeBroken("broken");
   ServeApplication(LinkOn(1, "(\"~/menu\" 0)", "IsDeleted", TransitionAction("~/broken"), kShared));
   ServeScene("menu", "");
@@ -281,7 +280,7 @@ TEST_F(Lifecycle, close_down_ends_groups_whatever_their_links_answer) {
   EXPECT_EQ(CurrentApplication(), nullptr);
 }
 
-TEST_F(Lifecycle, close_down_ends_a_scene_that_a_link_brings_meanwhile) {
+TEST_F(Lifecycle, close_down_ends_a_scene_that_a_link_starts_meanwhile) {
   ServeApplication(LinkOn(1, "(\"~/menu\" 0)", "IsDeleted", TransitionAction("~/next"), kShared));
   ServeScene("menu", "");
   ServeScene("next", "");
@@ -291,12 +290,12 @@ TEST_F(Lifecycle, close_down_ends_a_scene_that_a_link_brings_meanwhile) {
   EXPECT_EQ(CurrentApplication(), nullptr);
 }
 
-TEST_F(Lifecycle, close_down_of_nothing_is_harmless) {
+TEST_F(Lifecycle, close_down_without_an_application_does_nothing) {
   Do([] { CloseDown(); });
   EXPECT_EQ(CurrentApplication(), nullptr);
 }
 
-TEST_F(Lifecycle, a_start_gives_up_what_runs_silently) {
+TEST_F(Lifecycle, a_start_ends_the_running_groups_without_events) {
   ServeApplication(LinkOn(1, "(\"~/menu\" 0)", "IsDeleted", SpawnAction("~/never"), kShared) +
                    RectangleText(2) + LinkOnKey(3, 100, ":SetTimer(0 8 100)", kShared));
   ServeScene("menu", "", ":OnStartUp (:SetTimer(0 7 100))");
@@ -312,7 +311,7 @@ TEST_F(Lifecycle, a_start_gives_up_what_runs_silently) {
   EXPECT_EQ(Printed(), "");
 }
 
-TEST_F(Lifecycle, a_failed_start_leaves_nothing_of_what_ran) {
+TEST_F(Lifecycle, a_failed_start_still_ends_the_running_groups) {
   ServeApplication(LinkOnKey(1, 16, SpawnAction("~/never")));
   ServeScene("menu", "");
   StartWithScene("~/menu");
@@ -325,7 +324,7 @@ TEST_F(Lifecycle, a_failed_start_leaves_nothing_of_what_ran) {
   EXPECT_TRUE(TheHost().fetched.empty());
 }
 
-TEST_F(Lifecycle, a_start_forgets_the_spawning_applications) {
+TEST_F(Lifecycle, a_start_clears_the_application_stack) {
   ServeApplication("");
   ASSERT_EQ(Start(), Status::Done);
   EXPECT_EQ(Do([] { return Spawn("~/a"); }), Status::Done);
@@ -334,7 +333,7 @@ TEST_F(Lifecycle, a_start_forgets_the_spawning_applications) {
   EXPECT_EQ(TheHost().restarts.size(), 1U);
 }
 
-TEST_F(Lifecycle, a_start_forgets_the_current_directory) {
+TEST_F(Lifecycle, a_start_clears_the_current_directory) {
   Serve("dir/a", ApplicationText("~/a", ""));
   ASSERT_EQ(Start("dir"), Status::Done);
   ServeApplication("");

@@ -1,5 +1,4 @@
-// The bounds that no content can pass: nesting, the account of actions, and both while a close is
-// pending.
+// Limits on content: nesting, the number of actions, and both while a close is pending.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -16,7 +15,7 @@ class Limits : public EngineTest {
     while (taken < most && TakeAction()) ++taken;
     return taken;
   }
-  // The levels that are allowed below here.
+  // The number of further levels that are allowed.
   static int Descend() {
     const NestingLevel level;
     return level.IsAllowed() ? 1 + Descend() : 0;
@@ -26,8 +25,8 @@ class Limits : public EngineTest {
 constexpr std::string_view kTooDeep = "Event nesting too deep\n";
 constexpr std::string_view kTooMany = "Too many actions\n";
 
-// Tests that a true variable is true, which its links are told.
-std::string Ask(int variable) {
+// Tests a variable that is true, which raises a TestEvent.
+std::string TestTrue(int variable) {
   return ":TestVariable(" + std::to_string(variable) + " 1 :GBoolean TRUE) ";
 }
 std::string TrueVariable(int number) {
@@ -39,26 +38,26 @@ std::string TrueVariable(int number) {
 TEST_F(Limits, a_hundred_levels_of_nesting_are_allowed) {
   EXPECT_EQ(Do([] { return Descend(); }), kNestingLimit);
   EXPECT_EQ(Printed(), kTooDeep);
-  EXPECT_EQ(Do([] { return Descend(); }), kNestingLimit) << "levels are given back";
+  EXPECT_EQ(Do([] { return Descend(); }), kNestingLimit) << "levels are released";
 }
 
-TEST_F(Limits, an_event_that_raises_itself_ends_in_failure_said_once) {
+TEST_F(Limits, an_event_that_raises_itself_fails_with_one_message) {
   ServeApplication("{:IntegerVar 7 :OrigValue 0}" + TrueVariable(8) +
-                   LinkOnKey(1, 100, Ask(8) + Note("x")) +
-                   LinkOn(2, "8", "TestEvent", ":Add(7 1) " + Ask(8) + Note("x")) +
+                   LinkOnKey(1, 100, TestTrue(8) + Note("x")) +
+                   LinkOn(2, "8", "TestEvent", ":Add(7 1) " + TestTrue(8) + Note("x")) +
                    LinkOn(3, "8", "TestEvent", Note("x")) + LinkOnKey(4, 16, Note("k")));
   ASSERT_EQ(Start(), Status::Done);
   EXPECT_EQ(Press(100), Status::Failure);
   EXPECT_EQ(Printed(), kTooDeep);
-  EXPECT_EQ(IntegerOf(7), kNestingLimit - 1) << "below the level of the key's own link";
+  EXPECT_EQ(IntegerOf(7), kNestingLimit - 1) << "the key's own link takes one level";
   EXPECT_EQ(Notes(), "") << "failure ended every level";
   EXPECT_EQ(Press(16), Status::Done);
   EXPECT_EQ(Notes(), "k");
 }
 
-TEST_F(Limits, each_piece_of_work_may_say_that_it_went_too_deep) {
-  ServeApplication(TrueVariable(8) + LinkOnKey(1, 100, Ask(8)) +
-                   LinkOn(2, "8", "TestEvent", Ask(8)));
+TEST_F(Limits, excessive_nesting_is_reported_once_per_piece_of_work) {
+  ServeApplication(TrueVariable(8) + LinkOnKey(1, 100, TestTrue(8)) +
+                   LinkOn(2, "8", "TestEvent", TestTrue(8)));
   ASSERT_EQ(Start(), Status::Done);
   for (int round = 0; round < 3; ++round) {
     EXPECT_EQ(Press(100), Status::Failure);
@@ -66,7 +65,7 @@ TEST_F(Limits, each_piece_of_work_may_say_that_it_went_too_deep) {
   }
 }
 
-TEST_F(Limits, scenes_that_bring_each_other_up_end_in_failure) {
+TEST_F(Limits, scenes_that_start_each_other_fail) {
   ServeApplication(LinkOnKey(1, 100, TransitionAction("~/one"), kShared));
   ServeScene("one", RectangleText(1), ":OnStartUp (" + TransitionAction("~/two") + ")");
   ServeScene("two", RectangleText(1), ":OnStartUp (" + TransitionAction("~/one") + ")");
@@ -80,7 +79,7 @@ TEST_F(Limits, scenes_that_bring_each_other_up_end_in_failure) {
   EXPECT_EQ(Notes(), "c");
 }
 
-TEST_F(Limits, applications_that_launch_each_other_end_in_failure) {
+TEST_F(Limits, applications_that_launch_each_other_fail) {
   Serve("a", ApplicationText("~/a", "", ":OnStartUp (" + LaunchAction("~/b") + ")"));
   Serve("b", ApplicationText("~/b", "", ":OnStartUp (" + LaunchAction("~/a") + ")"));
   EXPECT_EQ(Start(), Status::Failure);
@@ -88,7 +87,7 @@ TEST_F(Limits, applications_that_launch_each_other_end_in_failure) {
   EXPECT_LE(TheHost().fetched.size(), 101U);
 }
 
-TEST_F(Limits, an_engine_event_that_asks_for_the_missing_file_again_ends_in_failure) {
+TEST_F(Limits, a_link_that_requests_the_missing_file_again_fails) {
   ServeApplication(LinkOn(1, "0", "EngineEvent :EventData 2", TransitionAction("~/missing")));
   ASSERT_EQ(Start(), Status::Done);
   TheHost().fetched.clear();
@@ -97,23 +96,23 @@ TEST_F(Limits, an_engine_event_that_asks_for_the_missing_file_again_ends_in_fail
   EXPECT_LE(TheHost().fetched.size(), 100U);
 }
 
-// ---- The account of actions ----
+// ---- The number of actions ----
 
-TEST_F(Limits, one_piece_of_work_may_take_a_million_actions) {
+TEST_F(Limits, one_piece_of_work_may_run_a_million_actions) {
   EXPECT_EQ(Do([] { return TakeActions(2 * kActionLimit); }), kActionLimit);
   EXPECT_EQ(Printed(), kTooMany);
   EXPECT_FALSE(GoOn([] { return TakeAction(); }));
-  EXPECT_EQ(Printed(), "") << "said once";
+  EXPECT_EQ(Printed(), "") << "reported once";
 }
 
-TEST_F(Limits, each_piece_of_work_has_its_own_account) {
+TEST_F(Limits, each_piece_of_work_has_its_own_count) {
   for (int round = 0; round < 2; ++round) {
     EXPECT_EQ(Do([] { return TakeActions(kActionLimit); }), kActionLimit);
     EXPECT_EQ(Printed(), "");
   }
 }
 
-TEST_F(Limits, a_pending_close_leaves_ten_thousand_actions) {
+TEST_F(Limits, a_pending_close_allows_ten_thousand_actions) {
   const int taken = Do([] {
     TakeActions(10);
     TheHost().isClosing = true;
@@ -123,7 +122,7 @@ TEST_F(Limits, a_pending_close_leaves_ten_thousand_actions) {
   EXPECT_EQ(Printed(), kTooMany);
 }
 
-TEST_F(Limits, a_pending_close_leaves_less_than_a_second) {
+TEST_F(Limits, a_pending_close_allows_less_than_a_second) {
   const bool isAllowed = Do([] {
     TheHost().isClosing = true;
     TakeActions(10);
@@ -133,7 +132,7 @@ TEST_F(Limits, a_pending_close_leaves_less_than_a_second) {
   EXPECT_FALSE(isAllowed);
 }
 
-TEST_F(Limits, a_pending_close_has_one_account_for_all_work_that_is_left) {
+TEST_F(Limits, a_pending_close_has_one_count_for_all_remaining_work) {
   constexpr int kFirst = 6'000;
   EXPECT_EQ(Do([] {
               TheHost().isClosing = true;
@@ -143,7 +142,7 @@ TEST_F(Limits, a_pending_close_has_one_account_for_all_work_that_is_left) {
   EXPECT_EQ(Do([] { return TakeActions(2 * kActionLimit); }), kActionsWhileClosing - kFirst);
 }
 
-TEST_F(Limits, a_pending_close_counts_the_time_of_all_work_that_is_left) {
+TEST_F(Limits, a_pending_close_counts_the_time_of_all_remaining_work) {
   constexpr std::uint32_t kPartMs = 300;
   const auto work = [] {
     TheHost().isClosing = true;
@@ -156,7 +155,7 @@ TEST_F(Limits, a_pending_close_counts_the_time_of_all_work_that_is_left) {
   EXPECT_FALSE(Do(work));
 }
 
-TEST_F(Limits, a_pending_close_takes_less_than_a_second_with_the_wait_for_a_file_before_it) {
+TEST_F(Limits, a_close_takes_less_than_a_second_including_the_wait_for_a_file) {
   constexpr std::uint32_t kLongestWaitMs = 500;
   constexpr std::uint32_t kStepMs = 10;
   std::uint32_t takenMs = kLongestWaitMs;
@@ -173,7 +172,7 @@ TEST_F(Limits, a_pending_close_takes_less_than_a_second_with_the_wait_for_a_file
   EXPECT_LT(takenMs, 1000U);
 }
 
-TEST_F(Limits, the_next_engine_has_an_account_of_its_own) {
+TEST_F(Limits, the_next_engine_has_a_new_count) {
   Do([] {
     TheHost().isClosing = true;
     return TakeActions(2 * kActionLimit);
@@ -183,23 +182,23 @@ TEST_F(Limits, the_next_engine_has_an_account_of_its_own) {
   EXPECT_EQ(Do([] { return TakeActions(kActionLimit); }), kActionLimit);
 }
 
-TEST_F(Limits, links_that_multiply_end_in_failure_said_once) {
-  // Nine generations of five links each: two million runs, if nothing ended them.
+TEST_F(Limits, links_that_multiply_fail_with_one_message) {
+  // Nine generations of five links each would run two million times without the limit.
   constexpr int kGenerations = 9;
   std::string items = "{:IntegerVar 7 :OrigValue 0}" + TrueVariable(11);
   for (int generation = 1; generation <= kGenerations; ++generation) {
     items += TrueVariable(11 + generation);
     for (int link = 0; link < 5; ++link) {
       items += LinkOn(100 * generation + link, std::to_string(10 + generation), "TestEvent",
-                      ":Add(7 1) " + Ask(11 + generation));
+                      ":Add(7 1) " + TestTrue(11 + generation));
     }
   }
-  ServeApplication(items + LinkOnKey(1, 100, Ask(11) + Note("x")) + LinkOnKey(2, 100, Note("x")) +
-                   LinkOnKey(3, 16, Note("k")));
+  ServeApplication(items + LinkOnKey(1, 100, TestTrue(11) + Note("x")) +
+                   LinkOnKey(2, 100, Note("x")) + LinkOnKey(3, 16, Note("k")));
   ASSERT_EQ(Start(), Status::Done);
   EXPECT_EQ(Press(100), Status::Failure);
   EXPECT_EQ(Printed(), kTooMany);
-  EXPECT_NEAR(IntegerOf(7), kActionLimit / 2, 2 * kGenerations) << "every other action adds";
+  EXPECT_NEAR(IntegerOf(7), kActionLimit / 2, 2 * kGenerations) << "every second action is an Add";
   EXPECT_EQ(Press(16), Status::Done);
   EXPECT_EQ(Notes(), "k");
 }

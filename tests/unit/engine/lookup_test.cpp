@@ -1,4 +1,4 @@
-// Which object a reference means: the groups themselves, their items, and the components of
+// Which object a reference refers to: the groups themselves, their items, and the components of
 // streams.
 #include "support/engine_fixture.h"
 
@@ -36,7 +36,7 @@ TEST_F(Lookup, number_zero_with_a_groups_name_is_the_group) {
   }
 }
 
-TEST_F(Lookup, a_tilde_before_either_name_does_not_count) {
+TEST_F(Lookup, a_tilde_before_either_name_is_ignored) {
   Serve("a", "{:Application (\"/a\" 0) :Items (" + RectangleText(1) + ")}");
   ServeScene("menu", RectangleText(2));
   StartWithScene("~/menu");
@@ -63,7 +63,7 @@ TEST_F(Lookup, items_are_found_by_group_and_number) {
   EXPECT_EQ(ClassOf("~/a", -5), kNothing);
 }
 
-TEST_F(Lookup, the_scope_says_which_group_is_searched_first) {
+TEST_F(Lookup, the_scope_decides_which_group_is_searched_first) {
   ServeApplication("{:IntegerVar (\"~/shared\" 5) :OrigValue 1}"
                    "{:IntegerVar (\"~/shared\" 6) :OrigValue 2}");
   ServeScene("menu", "{:BooleanVar (\"~/shared\" 5) :OrigValue TRUE}"
@@ -75,7 +75,7 @@ TEST_F(Lookup, the_scope_says_which_group_is_searched_first) {
   EXPECT_EQ(ClassOf("~/shared", 7, Scope::ApplicationFirst), ItemType::BooleanVariable);
 }
 
-TEST_F(Lookup, the_first_of_two_items_of_one_number_is_meant) {
+TEST_F(Lookup, the_first_of_two_items_with_one_number_is_found) {
   ServeApplication("{:IntegerVar 5 :OrigValue 1} {:BooleanVar 5 :OrigValue TRUE}");
   ASSERT_EQ(Start(), Status::Done);
   EXPECT_EQ(ClassOf("~/a", 5), ItemType::IntegerVariable);

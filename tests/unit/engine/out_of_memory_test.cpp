@@ -1,5 +1,5 @@
-// Memory that runs out at any moment: the start of an application and a scene, and work in them,
-// with the n-th allocation failing, for every n until nothing fails.
+// Running out of memory at any moment. An application and a scene start and run with the n-th
+// allocation failing, for every n until none fails.
 #include <set>
 #include <sstream>
 
@@ -35,8 +35,8 @@ class OutOfMemory : public EngineTest {
                                           LinkOnKey(3, 102, LaunchAction("~/b"))));
   }
 
-  // A short life of the engine.
-  void Live() {
+  // Starts the engine, sends it keys and a timer expiry, and ends it.
+  void RunEngine() {
     static_cast<void>(Start());
     for (const std::int32_t key : {100, 101, 1}) static_cast<void>(Press(key));
     static_cast<void>(Expire(5));
@@ -46,11 +46,11 @@ class OutOfMemory : public EngineTest {
 };
 
 TEST_F(OutOfMemory, no_failed_allocation_crashes_or_leaks) {
-  Live();  // what the test itself keeps is there from here on
+  RunEngine();  // allocates what the test itself keeps
   const std::size_t blocks = LiveBlocks();
   static_cast<void>(Printed());
   TheHost().fetched.clear();
-  Live();
+  RunEngine();
   const auto undisturbed = TheHost().fetched;
   ASSERT_EQ(undisturbed, (std::vector<std::string>{"a", "menu", "missing", "next", "b", "b", "a"}));
   ASSERT_EQ(Printed(), "");
@@ -64,7 +64,7 @@ TEST_F(OutOfMemory, no_failed_allocation_crashes_or_leaks) {
     TheHost() = {};
     TheHost().files = files;
     FailAllocation(failing);
-    Live();
+    RunEngine();
     ASSERT_EQ(LiveBlocks(), blocks);
     EXPECT_TRUE(TheHost().timers.empty());
     std::istringstream lines(Printed());
@@ -72,8 +72,8 @@ TEST_F(OutOfMemory, no_failed_allocation_crashes_or_leaks) {
   } while (HasFailedAllocation());
   FailAllocation(0);
 
-  EXPECT_EQ(TheHost().fetched, undisturbed) << "once nothing fails all is as before";
-  EXPECT_GT(failing, 200U) << "every allocation of the work was tried";
+  EXPECT_EQ(TheHost().fetched, undisturbed) << "without a failure the work is the same";
+  EXPECT_GT(failing, 200U) << "the work makes this many allocations";
   EXPECT_EQ(messages.count("Can't allocate memory for new event"), 1U);
   EXPECT_EQ(messages.count("Can't allocate memory for DisplayStack"), 1U);
   EXPECT_EQ(messages.count("Parser failed"), 1U);
@@ -86,8 +86,8 @@ TEST_F(OutOfMemory, no_failed_allocation_crashes_or_leaks) {
   }
 }
 
-TEST_F(OutOfMemory, a_link_that_cannot_be_entered_fails_the_start) {
-  // The first failing allocation that is told as one of a link's entry.
+TEST_F(OutOfMemory, a_link_that_cannot_be_registered_fails_the_start) {
+  // Finds the first failing allocation that is reported as that of a link entry.
   std::size_t failing = 0;
   Status result = Status::Done;
   std::string printed;
@@ -101,12 +101,12 @@ TEST_F(OutOfMemory, a_link_that_cannot_be_entered_fails_the_start) {
   } while (HasFailedAllocation() && printed != "Can't allocate memory for new event\n");
   FailAllocation(0);
   EXPECT_EQ(printed, "Can't allocate memory for new event\n");
-  EXPECT_EQ(result, Status::Failure) << "which counts as a started engine";
+  EXPECT_EQ(result, Status::Failure) << "not Refused: the engine has started";
   ASSERT_NE(CurrentApplication(), nullptr);
   EXPECT_FALSE(CurrentApplication()->AvailabilityStatus);
 }
 
-TEST_F(OutOfMemory, an_event_that_cannot_be_collected_leaves_the_engine_whole) {
+TEST_F(OutOfMemory, the_engine_works_after_an_event_that_ran_out_of_memory) {
   ASSERT_NE(Start(), Status::Refused);
   for (std::size_t failing = 1; failing <= 20; ++failing) {
     BeginWork();

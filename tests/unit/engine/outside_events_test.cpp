@@ -1,5 +1,5 @@
 // Events from outside: keys with their engine events and the input event register, timer expiries,
-// and the way of every other type.
+// and the other event types.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -7,7 +7,7 @@ namespace {
 
 class OutsideEvents : public EngineTest {
  protected:
-  // An application that notes "E" and "U" for engine events and keys, and a scene "~/menu".
+  // Serves an application that notes "E" for engine events and "U" for keys, and a scene "~/menu".
   void StartNoting(std::string_view sceneItems = "", std::string_view moreItems = "") {
     ServeApplication(LinkOn(1, "0", "EngineEvent", Note("E"), kShared) +
                      LinkOn(2, "0", "UserInput", Note("U"), kShared) + std::string(moreItems));
@@ -65,7 +65,7 @@ TEST_F(OutsideEvents, other_keys_raise_no_engine_event) {
   }
 }
 
-// What an input event register blocks, written down from its description.
+// The keys that an input event register blocks, stated independently of the engine.
 bool IsBlocked(std::int32_t inputEventRegister, std::int32_t key) {
   const bool isUnlisted = (key >= 17 && key <= 99) || key >= 105;
   switch (inputEventRegister) {
@@ -113,7 +113,7 @@ TEST_F(OutsideEvents, registers_pass_exactly_their_groups_of_keys) {
   EXPECT_EQ(passedKeys("~/register5"), "1 2 3 4 15 16 100 101 102 103 104 ");
 }
 
-TEST_F(OutsideEvents, a_key_reaches_links_whatever_their_source) {
+TEST_F(OutsideEvents, a_key_runs_links_with_any_source) {
   ServeApplication("");
   ServeScene("menu", LinkOn(1, "0", "UserInput :EventData 15", Note("1")) +
                          LinkOn(2, "(\"~/elsewhere\" 12)", "UserInput :EventData 15", Note("2")) +
@@ -123,7 +123,7 @@ TEST_F(OutsideEvents, a_key_reaches_links_whatever_their_source) {
   EXPECT_EQ(TakeNotes(), "12");
 }
 
-TEST_F(OutsideEvents, a_failed_engine_event_keeps_the_key_back) {
+TEST_F(OutsideEvents, a_failed_engine_event_suppresses_the_key) {
   ServeBroken("broken");
   ServeApplication(
       LinkOn(1, "0", "EngineEvent :EventData 100", Note("E") + TransitionAction("~/broken")) +
@@ -133,7 +133,7 @@ TEST_F(OutsideEvents, a_failed_engine_event_keeps_the_key_back) {
   EXPECT_EQ(TakeNotes(), "E");
 }
 
-TEST_F(OutsideEvents, an_engine_event_that_replaces_the_scene_lets_the_key_go_to_the_new_one) {
+TEST_F(OutsideEvents, after_an_engine_event_that_replaces_the_scene_the_key_goes_to_the_new_one) {
   ServeApplication(
       LinkOn(1, "0", "EngineEvent :EventData 4", Note("E") + TransitionAction("~/next"), kShared));
   ServeScene("menu", LinkOnKey(1, 104, Note("old")));
@@ -143,7 +143,7 @@ TEST_F(OutsideEvents, an_engine_event_that_replaces_the_scene_lets_the_key_go_to
   EXPECT_EQ(TakeNotes(), "Enew");
 }
 
-TEST_F(OutsideEvents, the_register_of_the_scene_that_the_engine_event_brought_counts) {
+TEST_F(OutsideEvents, the_register_of_a_scene_started_by_the_engine_event_applies) {
   StartNoting("", LinkOn(3, "0", "EngineEvent :EventData 16", TransitionAction("~/next"), kShared));
   ServeScene("menu", "", ":InputEventReg 0");
   ServeScene("next", "", ":InputEventReg 3");
@@ -153,7 +153,7 @@ TEST_F(OutsideEvents, the_register_of_the_scene_that_the_engine_event_brought_co
   EXPECT_EQ(Press(15), Status::Blocked);
 }
 
-TEST_F(OutsideEvents, a_key_without_an_application_is_harmless) {
+TEST_F(OutsideEvents, keys_without_an_application_do_nothing) {
   EXPECT_EQ(Press(16), Status::Done);
   EXPECT_EQ(Press(1), Status::Blocked);
 }
@@ -184,7 +184,7 @@ TEST_F(OutsideEvents, an_unknown_timer_is_dropped) {
   EXPECT_EQ(TakeNotes(), "");
 }
 
-TEST_F(OutsideEvents, a_timer_link_of_the_application_answers_timers_of_the_scene) {
+TEST_F(OutsideEvents, a_link_of_the_application_responds_to_timers_of_the_scene) {
   ServeApplication(LinkOn(1, "(\"~/menu\" 0)", "TimerFired :EventData 9", Note("9"), kShared));
   ServeScene("menu", "", ":OnStartUp (:SetTimer(0 9 10))");
   StartWithScene("~/menu");
@@ -192,7 +192,7 @@ TEST_F(OutsideEvents, a_timer_link_of_the_application_answers_timers_of_the_scen
   EXPECT_EQ(TakeNotes(), "9");
 }
 
-// ---- Every other type ----
+// ---- Other event types ----
 
 TEST_F(OutsideEvents, other_types_run_every_link_of_the_input_table_with_number_type_and_value) {
   std::string links;
@@ -206,10 +206,10 @@ TEST_F(OutsideEvents, other_types_run_every_link_of_the_input_table_with_number_
   ServeApplication(links);
   ASSERT_EQ(Start(), Status::Done);
   EXPECT_EQ(Do([] { return RaiseOutsideEvent(50, EventType::CounterTrigger, 3); }), Status::Done);
-  EXPECT_EQ(TakeNotes(), "1234567") << "here there is no limit of five";
+  EXPECT_EQ(TakeNotes(), "1234567") << "no limit of five links here";
 }
 
-TEST_F(OutsideEvents, only_links_on_input_types_wait_in_the_input_table) {
+TEST_F(OutsideEvents, only_links_on_input_types_are_in_the_input_table) {
   std::string links;
   for (std::size_t type = 1; type <= kWords<EventType>.size(); ++type) {
     links += LinkOn(static_cast<std::int32_t>(type), "50",
@@ -219,7 +219,7 @@ TEST_F(OutsideEvents, only_links_on_input_types_wait_in_the_input_table) {
   ASSERT_EQ(Start(), Status::Done);
   std::string inputTypes;
   for (std::int32_t type = 1; type <= 31; ++type) {
-    if (type == 6 || type == 8) continue;  // these have ways of their own
+    if (type == 6 || type == 8) continue;  // keys and timers are handled separately
     const Status result =
         Do([&] { return RaiseOutsideEvent(50, static_cast<EventType>(type), 3); });
     EXPECT_EQ(result, Status::Done);
@@ -250,7 +250,7 @@ TEST_F(OutsideEvents, a_replacing_link_stops_the_rest_of_another_type) {
   EXPECT_EQ(TakeNotes(), "1");
 }
 
-TEST_F(OutsideEvents, links_that_leave_the_table_while_another_type_is_answered_do_not_run) {
+TEST_F(OutsideEvents, links_removed_from_the_table_during_the_event_do_not_run) {
   ServeApplication("");
   ServeScene("next", "");
   ServeScene("menu", LinkOn(1, "50", "CounterTrigger :EventData 3",

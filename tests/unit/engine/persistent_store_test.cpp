@@ -1,4 +1,4 @@
-// The container of the persistent store: named blocks that come out once.
+// The persistent store: named blocks, each of which can be taken once.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -19,26 +19,26 @@ class PersistentStore : public EngineTest {
   }
 };
 
-TEST_F(PersistentStore, a_block_comes_out_once) {
+TEST_F(PersistentStore, a_block_can_be_taken_once) {
   EXPECT_EQ(Put("scores", "42"), Status::Done);
   EXPECT_EQ(Take("scores"), "42");
   EXPECT_EQ(Take("scores"), "none");
 }
 
-TEST_F(PersistentStore, a_name_that_was_never_stored_gives_nothing_and_leaves_the_data) {
+TEST_F(PersistentStore, taking_an_unknown_name_is_refused_and_does_not_change_the_output) {
   OctetString data;
   ASSERT_TRUE(data.Assign("before"));
   EXPECT_EQ(TakePersistent("scores", data), Status::Refused);
   EXPECT_EQ(data.View(), "before");
 }
 
-TEST_F(PersistentStore, names_are_compared_whole_and_with_their_case) {
+TEST_F(PersistentStore, names_are_compared_exactly) {
   EXPECT_EQ(Put("scores", "1"), Status::Done);
   for (const char* other : {"Scores", "score", "scores2", ""}) EXPECT_EQ(Take(other), "none");
   EXPECT_EQ(Take("scores"), "1");
 }
 
-TEST_F(PersistentStore, blocks_of_one_name_come_out_in_the_order_they_went_in) {
+TEST_F(PersistentStore, blocks_of_one_name_are_taken_in_the_order_stored) {
   EXPECT_EQ(Put("x", "1"), Status::Done);
   EXPECT_EQ(Put("y", "2"), Status::Done);
   EXPECT_EQ(Put("x", "3"), Status::Done);
@@ -47,7 +47,7 @@ TEST_F(PersistentStore, blocks_of_one_name_come_out_in_the_order_they_went_in) {
   EXPECT_EQ(Take("y"), "2");
 }
 
-TEST_F(PersistentStore, removing_takes_the_first_block_of_the_name_out) {
+TEST_F(PersistentStore, removing_removes_the_first_block_of_the_name) {
   EXPECT_EQ(Put("x", "1"), Status::Done);
   EXPECT_EQ(Put("x", "2"), Status::Done);
   EXPECT_EQ(RemovePersistent("x"), Status::Done);
@@ -55,7 +55,7 @@ TEST_F(PersistentStore, removing_takes_the_first_block_of_the_name_out) {
   EXPECT_EQ(RemovePersistent("x"), Status::Refused);
 }
 
-TEST_F(PersistentStore, emptying_leaves_nothing_and_takes_new_blocks) {
+TEST_F(PersistentStore, an_emptied_store_accepts_new_blocks) {
   EXPECT_EQ(Put("x", "1"), Status::Done);
   EXPECT_EQ(Put("y", "2"), Status::Done);
   EmptyPersistentStore();
@@ -66,7 +66,7 @@ TEST_F(PersistentStore, emptying_leaves_nothing_and_takes_new_blocks) {
   EXPECT_EQ(Take("x"), "3");
 }
 
-TEST_F(PersistentStore, blocks_may_be_empty_and_hold_zeros) {
+TEST_F(PersistentStore, blocks_may_be_empty_or_contain_zeros) {
   const std::string zeros(3, '\0');
   EXPECT_EQ(Put("zeros", zeros), Status::Done);
   EXPECT_EQ(Put("empty", ""), Status::Done);
@@ -93,11 +93,11 @@ TEST_F(PersistentStore, the_store_outlives_applications_until_the_engine_is_rese
   EXPECT_EQ(Take("x"), "none");
 }
 
-TEST_F(PersistentStore, without_memory_nothing_is_stored_and_it_is_said) {
+TEST_F(PersistentStore, without_memory_nothing_is_stored_and_a_message_printed) {
   OctetString data;
   ASSERT_TRUE(data.Assign("1"));
   std::string messages;
-  for (const std::size_t failing : {1U, 2U}) {  // the name and the entry, in either order
+  for (const std::size_t failing : {1U, 2U}) {  // the name and the entry
     const Status result = Do([&] {
       FailAllocation(failing);
       const Status status = AppendPersistent("x", std::move(data));
@@ -105,7 +105,7 @@ TEST_F(PersistentStore, without_memory_nothing_is_stored_and_it_is_said) {
       return status;
     });
     EXPECT_EQ(result, Status::Failure);
-    EXPECT_EQ(data.View(), "1") << "the data are still the caller's";
+    EXPECT_EQ(data.View(), "1") << "the caller still owns the data";
     messages += Printed();
     EXPECT_EQ(Take("x"), "none");
   }

@@ -1,6 +1,5 @@
-// The resident programs: what each makes of its inputs, and how the dispatcher answers calls that
-// cannot be served. Dates and text searches are compared with the C library and with a few lines
-// that say the rule again.
+// The resident programs: the result of each, and how the dispatcher handles invalid calls. Dates
+// are compared with the C library, text searches with a second, simpler implementation.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -41,7 +40,7 @@ std::string Contents(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// The names of three letters that a text has between `before` and `after`.
+// The three-letter names in the text that are between `before` and `after`.
 std::set<std::string> NamesIn(const std::string& text, const std::string& before,
                               const std::string& after) {
   const std::regex expression(before + "([A-Z][A-Za-z]{2})" + after);
@@ -113,7 +112,7 @@ class ResidentProgramsTest : public EngineTest {
     return status;
   }
 
-  // The names of the programs that have run in this test.
+  // The names of the programs called successfully in this test.
   static std::set<std::string>& Succeeded() {
     static std::set<std::string> names;
     return names;
@@ -185,7 +184,7 @@ TEST_F(ResidentProgramsTest, every_program_of_the_table_runs) {
   EXPECT_EQ(Succeeded(), NamesIn(table, R"(\{")", R"(",)"));
 }
 
-TEST_F(ResidentProgramsTest, every_program_has_a_row_in_the_page_on_behaviour) {
+TEST_F(ResidentProgramsTest, every_program_has_a_row_in_the_behaviour_page) {
   const std::string page = Contents("/docs/behaviour.md");
   const std::string rows = page.substr(page.find("## Resident programs"));
   std::string names;
@@ -196,7 +195,7 @@ TEST_F(ResidentProgramsTest, every_program_has_a_row_in_the_page_on_behaviour) {
   EXPECT_EQ(NamesIn(names, "`", "`"), NamesIn(table, R"(\{")", R"(",)"));
 }
 
-TEST_F(ResidentProgramsTest, an_output_of_another_class_is_told) {
+TEST_F(ResidentProgramsTest, an_output_variable_of_another_class_is_reported) {
   testing::internal::CaptureStdout();
   EXPECT_EQ(Call("WAI", kFirst), Status::Failure);
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "GetItemType Error\n");
@@ -218,7 +217,7 @@ TEST_F(ResidentProgramsTest, inputs_are_read_from_variables) {
   EXPECT_EQ(Text(), "efo");
 }
 
-TEST_F(ResidentProgramsTest, the_current_date_is_coded) {
+TEST_F(ResidentProgramsTest, the_current_date_is_a_julian_date_and_the_time_is_bcd) {
   TheHost().localTime = {2000, 1, 1, 13, 5, 9};
   EXPECT_EQ(Call("GCD", kFirst, kSecond), Status::Done);
   EXPECT_EQ(Integer(kFirst), 51544);
@@ -229,8 +228,8 @@ TEST_F(ResidentProgramsTest, the_current_date_is_coded) {
   EXPECT_EQ(Integer(kSecond), 0);
 }
 
-// The formula of digital broadcasting holds from March 1900 to February 2100; the calendar of FDa
-// and GDW knows no such limit.
+// The formula for modified Julian dates holds from March 1900 to February 2100. The calendar of FDa
+// and GDW has no such limit.
 TEST_F(ResidentProgramsTest, dates_agree_with_the_c_library_over_two_centuries) {
   constexpr std::int64_t kDayNumberOf1970 = 40587;
   constexpr std::int32_t kFirstOfTheFormula = 15079;     // 1 March 1900
@@ -252,7 +251,7 @@ TEST_F(ResidentProgramsTest, dates_agree_with_the_c_library_over_two_centuries) 
   }
 }
 
-TEST_F(ResidentProgramsTest, every_hour_has_its_names) {
+TEST_F(ResidentProgramsTest, every_hour_is_formatted) {
   for (int hour = 0; hour < 24; ++hour) {
     const std::int32_t time = (hour / 10 << 4 | hour % 10) << 16 | 0x0709;
     const int twelve = hour % 12 == 0 ? 12 : hour % 12;
@@ -263,14 +262,14 @@ TEST_F(ResidentProgramsTest, every_hour_has_its_names) {
   }
 }
 
-TEST_F(ResidentProgramsTest, unknown_codes_and_a_last_percent_insert_nothing) {
+TEST_F(ResidentProgramsTest, unknown_codes_and_a_final_percent_insert_nothing) {
   EXPECT_EQ(Formatted("%Y/%x/%d %I:%M%A %q%%", 51544, 0x000509), "2000/1/1 12:05AM %");
   EXPECT_EQ(Formatted("100%", 51544, 0), "100");
   EXPECT_EQ(Formatted("", 51544, 0), "");
   EXPECT_EQ(Formatted(std::string_view("a\0b", 3), 51544, 0), std::string("a\0b", 3));
 }
 
-TEST_F(ResidentProgramsTest, days_before_the_calendar_are_told_and_count_as_its_first) {
+TEST_F(ResidentProgramsTest, days_before_the_calendar_are_reported_and_treated_as_its_first) {
   testing::internal::CaptureStdout();
   EXPECT_EQ(Formatted("%d.%x.%Y", -1, 0), "17.11.1858");
   EXPECT_EQ(Formatted("%d.%x.%Y", kLeast, 0), "17.11.1858");
@@ -279,9 +278,9 @@ TEST_F(ResidentProgramsTest, days_before_the_calendar_are_told_and_count_as_its_
   EXPECT_EQ(Formatted("%d.%x.%Y", 45, 0), "1.1.1859");
 }
 
-TEST_F(ResidentProgramsTest, days_in_the_far_future_have_a_date) {
+TEST_F(ResidentProgramsTest, days_in_the_far_future_are_formatted) {
   EXPECT_EQ(Formatted("%Y", kMost, 0), "5881469");
-  EXPECT_EQ(Formatted("%H:%M:%S", 0, -1), "165:165:165") << "digits beyond 9 count as they are";
+  EXPECT_EQ(Formatted("%H:%M:%S", 0, -1), "165:165:165") << "digits above 9 are used unchanged";
 }
 
 TEST_F(ResidentProgramsTest, the_day_of_the_week_counts_from_monday) {
@@ -291,7 +290,7 @@ TEST_F(ResidentProgramsTest, the_day_of_the_week_counts_from_monday) {
   EXPECT_EQ(Integer(kFirst), (std::int64_t{kMost} + 2) % 7 + 1);
 }
 
-TEST_F(ResidentProgramsTest, random_numbers_reach_their_bound_and_not_beyond) {
+TEST_F(ResidentProgramsTest, random_numbers_reach_but_do_not_exceed_their_bound) {
   std::vector<int> counts(6);
   for (int i = 0; i < 1000; ++i) {
     EXPECT_EQ(Call("Rnd", 5, kFirst), Status::Done);
@@ -308,7 +307,7 @@ TEST_F(ResidentProgramsTest, random_numbers_reach_their_bound_and_not_beyond) {
   EXPECT_GE(Integer(kFirst), 0);
 }
 
-TEST_F(ResidentProgramsTest, a_substring_is_cut_to_the_text) {
+TEST_F(ResidentProgramsTest, a_substring_is_clipped_to_the_text) {
   EXPECT_EQ(Substring("abcdef", 2, 4), "bcd");
   EXPECT_EQ(Substring("abcdef", 0, 100), "abcdef");
   EXPECT_EQ(Substring("abcdef", 7, 9), "");
@@ -326,7 +325,7 @@ TEST_F(ResidentProgramsTest, a_length_counts_zero_bytes) {
   EXPECT_EQ(Integer(kFirst), 0);
 }
 
-TEST_F(ResidentProgramsTest, a_search_begins_at_its_start) {
+TEST_F(ResidentProgramsTest, a_search_begins_at_its_start_position) {
   EXPECT_EQ(Found("abcabc", 1, "bc"), 2);
   EXPECT_EQ(Found("abcabc", 3, "bc"), 5);
   EXPECT_EQ(Found("abcabc", -7, "bc"), 2);
@@ -352,7 +351,8 @@ TEST_F(ResidentProgramsTest, repeated_extraction_walks_through_a_list) {
   EXPECT_EQ(start, 10);
 }
 
-// The rule of a search said again: the first place from which the text reads as wanted.
+// The rule of a search: the first position from `start` on where the text matches, counted from 1,
+// or -1.
 std::int32_t PlaceByRule(const std::string& text, std::int32_t start, const std::string& wanted) {
   for (std::size_t at = start < 1 ? 0 : static_cast<std::size_t>(start) - 1;
        at + wanted.size() <= text.size(); ++at) {
@@ -367,7 +367,7 @@ std::string RandomText(std::mt19937& random, std::size_t longest) {
   return text;
 }
 
-TEST_F(ResidentProgramsTest, random_texts_are_cut_by_the_rule) {
+TEST_F(ResidentProgramsTest, substrings_of_random_texts_follow_the_rule) {
   std::mt19937 random(1);  // NOLINT: the same texts every time
   for (int i = 0; i < 3000; ++i) {
     const std::string text = RandomText(random, 8);
@@ -381,7 +381,7 @@ TEST_F(ResidentProgramsTest, random_texts_are_cut_by_the_rule) {
   }
 }
 
-TEST_F(ResidentProgramsTest, random_texts_are_searched_by_the_rule) {
+TEST_F(ResidentProgramsTest, searches_in_random_texts_follow_the_rule) {
   std::mt19937 random(1);  // NOLINT: the same texts every time
   for (int i = 0; i < 3000; ++i) {
     const std::string text = RandomText(random, 8);
@@ -398,7 +398,7 @@ TEST_F(ResidentProgramsTest, random_texts_are_searched_by_the_rule) {
   }
 }
 
-TEST_F(ResidentProgramsTest, texts_become_references) {
+TEST_F(ResidentProgramsTest, texts_are_converted_to_references) {
   EXPECT_EQ(Call("CTC", "~/content", kContent), Status::Done);
   EXPECT_EQ(Object<ContentRefVariable>(kContent).Value.Path.View(), "~/content");
   EXPECT_EQ(Call("CTO", "~/group", 17, kReference), Status::Done);
@@ -406,7 +406,7 @@ TEST_F(ResidentProgramsTest, texts_become_references) {
   EXPECT_EQ(Object<ObjectRefVariable>(kReference).Value.Number, 17);
 }
 
-TEST_F(ResidentProgramsTest, a_service_is_known_by_its_first_and_third_field) {
+TEST_F(ResidentProgramsTest, a_service_is_identified_by_its_first_and_third_field) {
   EXPECT_EQ(ServiceIndex("dvb://233a.100d.104d"), 1);
   EXPECT_EQ(ServiceIndex("dvb://233a.100d.108d"), 2);
   EXPECT_EQ(ServiceIndex("dvb://233a.anything.123f"), 6);
@@ -418,7 +418,7 @@ TEST_F(ResidentProgramsTest, a_service_is_known_by_its_first_and_third_field) {
   EXPECT_EQ(ServiceIndex(""), -1);
 }
 
-TEST_F(ResidentProgramsTest, a_service_has_its_numbers) {
+TEST_F(ResidentProgramsTest, basic_service_information_is_returned) {
   EXPECT_EQ(Call("BSI", 3, kFirst, kSecond, kThird, kFourth), Status::Done);
   EXPECT_EQ(Integer(kFirst), 12290);
   EXPECT_EQ(Integer(kSecond), 9018);
@@ -432,7 +432,7 @@ TEST_F(ResidentProgramsTest, a_service_has_its_numbers) {
   }
 }
 
-TEST_F(ResidentProgramsTest, tuning_asks_for_a_restart) {
+TEST_F(ResidentProgramsTest, tuning_requests_a_restart) {
   EXPECT_EQ(Call("TIn", 0), Status::Done);
   EXPECT_EQ(Call("TIn", -1), Status::Done);
   EXPECT_TRUE(TheHost().restarts.empty());
@@ -440,7 +440,7 @@ TEST_F(ResidentProgramsTest, tuning_asks_for_a_restart) {
   EXPECT_EQ(TheHost().restarts, std::vector<RestartReason>{RestartReason::Tune});
 }
 
-TEST_F(ResidentProgramsTest, the_receiver_tells_about_itself) {
+TEST_F(ResidentProgramsTest, the_receiver_reports_its_properties) {
   Object<BooleanVariable>(kBoolean).Value = true;
   EXPECT_EQ(Call("GBI", kBoolean, kText), Status::Done);
   EXPECT_FALSE(Object<BooleanVariable>(kBoolean).Value);
@@ -450,10 +450,10 @@ TEST_F(ResidentProgramsTest, the_receiver_tells_about_itself) {
   EXPECT_EQ(Text().size(), 29U);
   EXPECT_EQ(Call("SWA", 3), Status::Done);
   EXPECT_EQ(Call("GDA", kFirst), Status::Done);
-  EXPECT_EQ(Integer(kFirst), 1) << "the alignment is another setting";
+  EXPECT_EQ(Integer(kFirst), 1) << "SWA does not change the aspect ratio";
 }
 
-TEST_F(ResidentProgramsTest, checked_references_are_there_and_copied) {
+TEST_F(ResidentProgramsTest, checking_a_reference_succeeds_and_copies_it) {
   EXPECT_EQ(Call("CCR", "~/c", kBoolean, kContent), Status::Done);
   EXPECT_TRUE(Object<BooleanVariable>(kBoolean).Value);
   EXPECT_EQ(Object<ContentRefVariable>(kContent).Value.Path.View(), "~/c");

@@ -1,4 +1,4 @@
-// How the start-up application is found, and the order in which an application comes to life.
+// How the start-up application is found, and the order in which an application starts.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -31,7 +31,7 @@ TEST_F(StartUp, the_engine_starts_from_startup_when_there_is_no_a) {
   EXPECT_EQ(TheHost().pausedMs, 0U);
 }
 
-TEST_F(StartUp, the_search_gives_up_after_two_passes_with_a_pause_after_each) {
+TEST_F(StartUp, the_search_stops_after_two_passes_with_a_pause_after_each) {
   EXPECT_EQ(Start(), Status::Refused);
   EXPECT_EQ(TheHost().fetched, (Paths{"a", "startup", "a", "startup"}));
   EXPECT_EQ(TheHost().pausedMs, 1000U);
@@ -39,7 +39,7 @@ TEST_F(StartUp, the_search_gives_up_after_two_passes_with_a_pause_after_each) {
   EXPECT_EQ(Printed(), "");
 }
 
-TEST_F(StartUp, a_search_from_a_path_looks_below_it_and_then_at_the_top) {
+TEST_F(StartUp, a_search_from_a_path_tries_the_path_then_its_directory_then_the_root) {
   EXPECT_EQ(Start("dir"), Status::Refused);
   const Paths pass = {"dir", "dir/a", "dir/startup", "a", "startup"};
   Paths twoPasses = pass;
@@ -55,7 +55,7 @@ TEST_F(StartUp, a_path_that_is_a_file_is_the_application) {
   EXPECT_EQ(TheHost().fetched, Paths{"dir/boot"});
 }
 
-TEST_F(StartUp, an_application_found_below_the_path_makes_it_the_current_directory) {
+TEST_F(StartUp, the_path_becomes_the_current_directory_if_the_application_is_below_it) {
   Serve("dir/startup", ApplicationText("~/startup", ""));
   Serve("dir/menu", SceneText("~/menu", ""));
   EXPECT_EQ(Start("dir/"), Status::Done);
@@ -64,7 +64,7 @@ TEST_F(StartUp, an_application_found_below_the_path_makes_it_the_current_directo
   EXPECT_EQ(TheHost().fetched.back(), "dir/menu");
 }
 
-TEST_F(StartUp, an_application_found_at_the_top_leaves_the_current_directory_empty) {
+TEST_F(StartUp, the_current_directory_is_empty_if_the_application_is_at_the_root) {
   ServeApplication("");
   ServeScene("menu", "");
   EXPECT_EQ(Start("dir"), Status::Done);
@@ -75,13 +75,13 @@ TEST_F(StartUp, an_application_found_at_the_top_leaves_the_current_directory_emp
 
 // ---- The engine start ----
 
-TEST_F(StartUp, a_start_file_that_is_no_group_is_refused) {
+TEST_F(StartUp, an_invalid_start_file_is_refused) {
   ServeBroken("a");
   Serve("startup", ApplicationText("~/startup", ""));
   EXPECT_EQ(Start(), Status::Refused);
   EXPECT_EQ(Printed(), "Parser failed\n");
   EXPECT_EQ(CurrentApplication(), nullptr);
-  EXPECT_EQ(TheHost().fetched, Paths{"a"}) << "what was found is not searched for again";
+  EXPECT_EQ(TheHost().fetched, Paths{"a"}) << "the search is not repeated";
 }
 
 TEST_F(StartUp, a_start_file_that_is_a_scene_is_refused) {
@@ -137,8 +137,8 @@ TEST_F(StartUp, on_start_up_of_an_application_runs_twice) {
   EXPECT_EQ(CurrentApplication()->LockCount, 2);
 }
 
-TEST_F(StartUp, only_the_second_on_start_up_is_seen_by_the_applications_links) {
-  // Each run asks for a file that is missing, which is an engine event.
+TEST_F(StartUp, the_applications_links_respond_only_in_the_second_on_start_up) {
+  // Each run requests a missing file, which raises an engine event.
   ServeApplication(LinkOn(1, "0", "EngineEvent :EventData 2", Note("E")),
                    ":OnStartUp (" + SpawnAction("~/missing") + ")");
   EXPECT_EQ(Start(), Status::Done);
@@ -153,7 +153,7 @@ TEST_F(StartUp, an_application_becomes_available_then_starts_up_then_runs) {
                        LinkOn(5, "4", "IsRunning", Note("i")),
                    ":OnStartUp (" + Note("S") + ")");
   EXPECT_EQ(Start(), Status::Done);
-  EXPECT_EQ(Notes(), "iACSR") << "the first OnStartUp ran before the variable was there";
+  EXPECT_EQ(Notes(), "iACSR") << "the first OnStartUp ran before the variable was available";
 }
 
 TEST_F(StartUp, initially_active_items_start_in_item_order) {
@@ -177,7 +177,7 @@ TEST_F(StartUp, initial_activation_of_items_raises_is_running_only) {
   EXPECT_EQ(Notes(), "R");
 }
 
-TEST_F(StartUp, an_on_start_up_that_fails_ends_the_start_but_the_engine_counts_as_started) {
+TEST_F(StartUp, a_failed_on_start_up_ends_the_start_but_the_engine_counts_as_started) {
   ServeBroken("broken");
   ServeApplication(LinkOnKey(1, 100, Note("x")) + RectangleText(2),
                    ":OnStartUp (" + TransitionAction("~/broken") + ")");
@@ -188,7 +188,7 @@ TEST_F(StartUp, an_on_start_up_that_fails_ends_the_start_but_the_engine_counts_a
   EXPECT_FALSE(Find<Rectangle>(2).AvailabilityStatus);
 }
 
-TEST_F(StartUp, an_on_start_up_that_brings_a_scene_ends_the_application_start) {
+TEST_F(StartUp, an_on_start_up_that_starts_a_scene_ends_the_application_start) {
   ServeApplication(LinkOnKey(1, 100, LaunchAction("~/never")) + RectangleText(2),
                    ":OnStartUp (" + TransitionAction("~/menu") + ")");
   ServeScene("menu", LinkOnKey(1, 100, Note("s", "~/menu")));
@@ -199,11 +199,11 @@ TEST_F(StartUp, an_on_start_up_that_brings_a_scene_ends_the_application_start) {
   EXPECT_FALSE(Find<Rectangle>(2).AvailabilityStatus);
   EXPECT_EQ(Press(100), Status::Done);
   EXPECT_EQ(Notes("~/menu"), "s");
-  EXPECT_EQ(TheHost().fetched, (Paths{"a", "menu"})) << "the application's links never answer";
+  EXPECT_EQ(TheHost().fetched, (Paths{"a", "menu"})) << "the application's links never respond";
 }
 
-TEST_F(StartUp, a_second_on_start_up_that_brings_a_scene_still_lets_the_application_run) {
-  // The test's event finds its link in the second run only.
+TEST_F(StartUp, a_second_on_start_up_that_starts_a_scene_does_not_stop_the_application) {
+  // The TestEvent has its link only in the second run.
   ServeApplication("{:BooleanVar 7 :OrigValue TRUE}" +
                        LinkOn(1, "7", "TestEvent :EventData TRUE",
                               Note("T") + TransitionAction("~/menu"), kShared) +
@@ -218,7 +218,7 @@ TEST_F(StartUp, a_second_on_start_up_that_brings_a_scene_still_lets_the_applicat
   EXPECT_TRUE(CurrentApplication()->RunningStatus);
 }
 
-TEST_F(StartUp, an_item_that_brings_a_scene_does_not_keep_the_application_from_starting) {
+TEST_F(StartUp, an_item_that_starts_a_scene_does_not_stop_the_application_start) {
   ServeApplication(RectangleText(4) + LinkOn(1, "4", "IsRunning", TransitionAction("~/menu")) +
                        RectangleText(5) + LinkOn(2, "5", "IsRunning", Note("5"), kShared) +
                        LinkOn(3, "0", "IsAvailable", Note("A"), kShared) +

@@ -1,6 +1,6 @@
-// A link of a scene's IsDeleted brings another scene or application. What the ending scene leaves
-// in the engine's registers goes, and nothing of its successor goes with it, even where both use
-// the same names and numbers.
+// A link on the IsDeleted event of a scene starts another scene or application. The timers, links,
+// visibles and interaction of the ending scene are removed; those of its successor stay, even if
+// both use the same names and numbers.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -8,20 +8,20 @@ namespace {
 
 using PlatformTimers = std::map<std::uint32_t, std::uint32_t>;
 
-enum class Brings { Scene, Application };
+enum class SuccessorKind { Scene, Application };
 
-class Successor : public EngineTest, public testing::WithParamInterface<Brings> {
+class Successor : public EngineTest, public testing::WithParamInterface<SuccessorKind> {
  protected:
-  // The scene "~/menu" with these items; as it ends, `effect` is run, then its successor comes,
-  // which bears the same name.
+  // Starts the scene "~/menu". When it ends, a link runs `effect` and then starts its successor,
+  // which has the same name.
   void StartScene(std::string_view items, std::string_view successorItems,
                   std::string_view effect = "") {
-    const bool bringsScene = GetParam() == Brings::Scene;
-    const std::string brings = bringsScene ? TransitionAction("~/other") : LaunchAction("~/other");
+    const bool isScene = GetParam() == SuccessorKind::Scene;
+    const std::string startAction = isScene ? TransitionAction("~/other") : LaunchAction("~/other");
     ServeApplication(
-        LinkOn(1, Name("~/menu", 0), "IsDeleted", std::string(effect) + brings, kShared));
+        LinkOn(1, Name("~/menu", 0), "IsDeleted", std::string(effect) + startAction, kShared));
     ServeScene("menu", items, ":OnStartUp (:SetTimer(0 5 100) :SetTimer(0 6 100))");
-    Serve("other", GroupText(bringsScene ? "Scene" : "Application", "~/menu", successorItems,
+    Serve("other", GroupText(isScene ? "Scene" : "Application", "~/menu", successorItems,
                              ":OnStartUp (:SetTimer(0 5 700))"));
     ServeScene("next", "");
     StartWithScene("~/menu");
@@ -29,7 +29,7 @@ class Successor : public EngineTest, public testing::WithParamInterface<Brings> 
   void EndScene() {
     EXPECT_EQ(GoTo("~/next"), Status::Replaced);
     const Group* group = CurrentScene();
-    if (GetParam() == Brings::Application) group = CurrentApplication();
+    if (GetParam() == SuccessorKind::Application) group = CurrentApplication();
     ASSERT_EQ(NameOf(group), "~/menu");
     BeginWork();
   }
@@ -59,7 +59,7 @@ TEST_P(Successor, keeps_its_interaction_when_its_object_has_the_same_name) {
   EXPECT_EQ(Find<EntryField>(8, "~/menu").TextData.View(), "0");
 }
 
-TEST_P(Successor, is_not_drawn_together_with_what_it_replaces) {
+TEST_P(Successor, is_not_drawn_together_with_the_ending_scene) {
   StartScene(RectangleText(8) + RectangleText(9), RectangleText(8));
   std::size_t mostDrawn = 0;
   ThePresentation().onRedraw = [&mostDrawn] {
@@ -70,7 +70,7 @@ TEST_P(Successor, is_not_drawn_together_with_what_it_replaces) {
   EXPECT_EQ(mostDrawn, 1U);
 }
 
-TEST_P(Successor, inherits_nothing_that_the_event_has_done_to_the_ending_scene) {
+TEST_P(Successor, inherits_no_visibles_or_timers_that_the_link_adds_to_the_ending_scene) {
   StartScene(RectangleText(8, kInactive), "",
              ":Run((\"~/menu\" 8)) :SetTimer((\"~/menu\" 0) 7 100) ");
   EndScene();
@@ -78,14 +78,15 @@ TEST_P(Successor, inherits_nothing_that_the_event_has_done_to_the_ending_scene) 
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 700}}));
 }
 
-INSTANTIATE_TEST_SUITE_P(OfAScene, Successor, testing::Values(Brings::Scene, Brings::Application),
-                         [](const testing::TestParamInfo<Brings>& tested) {
-                           return tested.param == Brings::Scene ? "Scene" : "Application";
+INSTANTIATE_TEST_SUITE_P(OfAScene, Successor,
+                         testing::Values(SuccessorKind::Scene, SuccessorKind::Application),
+                         [](const testing::TestParamInfo<SuccessorKind>& tested) {
+                           return tested.param == SuccessorKind::Scene ? "Scene" : "Application";
                          });
 
 class EndOfScene : public EngineTest {};
 
-TEST_F(EndOfScene, leaves_the_interaction_of_an_application_of_the_same_name) {
+TEST_F(EndOfScene, does_not_end_the_interaction_of_an_application_of_the_same_name) {
   ServeApplication("{:EntryField 8 :Shared TRUE :OrigContent \"\" :OrigBoxSize 9 9}" +
                    LinkOnKey(1, 100, ":SetInteractionStatus(8 TRUE)", kShared));
   Serve("menu", SceneText("~/a", ""));

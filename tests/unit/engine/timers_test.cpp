@@ -1,4 +1,5 @@
-// Timers of the groups: what they ask of the platform, and whether and how their expiry is told.
+// Timers of groups: the platform timers they start, and whether and how their expiry raises an
+// event.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -8,7 +9,7 @@ using PlatformTimers = std::map<std::uint32_t, std::uint32_t>;
 
 class Timers : public EngineTest {
  protected:
-  // A scene "~/menu" entered at 1000 ms, which notes each expiry of its timers 5 and 6.
+  // Enters the scene "~/menu" at 1000 ms. It notes each expiry of its timers 5 and 6.
   void SetUp() override {
     EngineTest::SetUp();
     ServeApplication(LinkOn(1, "0", "TimerFired", Note("a"), kShared));
@@ -43,7 +44,7 @@ class TimerActions : public Timers {
   }
 };
 
-TEST_F(Timers, a_relative_timer_starts_the_platform_timer_of_its_id) {
+TEST_F(Timers, a_relative_timer_starts_the_platform_timer_with_its_id) {
   EXPECT_EQ(SetInScene(5, 700, false), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 700}}));
   ASSERT_EQ(CurrentScene()->Timers.Size(), 1U);
@@ -63,7 +64,7 @@ TEST_F(Timers, an_absolute_timer_counts_from_the_entry_into_the_scene) {
   EXPECT_TRUE(CurrentScene()->Timers.At(0)->isAbsolute);
 }
 
-TEST_F(Timers, an_absolute_time_before_the_scene_does_not_come_in_practice) {
+TEST_F(Timers, an_absolute_time_before_the_scene_does_not_expire_soon) {
   EXPECT_EQ(SetInScene(5, 999, true), Status::Done);
   ASSERT_EQ(TheHost().timers.count(5), 1U);
   EXPECT_GE(TheHost().timers[5], 0x7FFFFFFFU);
@@ -83,7 +84,7 @@ TEST_F(Timers, a_value_of_zero_sets_a_timer) {
   EXPECT_EQ(TakeNotes(), "5");
 }
 
-TEST_F(Timers, an_expiry_is_told_once_from_the_scene_with_the_timers_id) {
+TEST_F(Timers, an_expiry_raises_one_event_of_the_scene_with_the_timers_id) {
   EXPECT_EQ(SetInScene(5, 700), Status::Done);
   EXPECT_EQ(SetInScene(6, 700), Status::Done);
   EXPECT_EQ(Expire(6), Status::Done);
@@ -118,7 +119,7 @@ TEST_F(Timers, setting_a_timer_again_keeps_its_first_absolute_flag) {
   EXPECT_EQ(TheHost().timers[6], 6000U);
 }
 
-TEST_F(Timers, a_cancelled_timer_is_stopped_and_not_told) {
+TEST_F(Timers, a_cancelled_timer_is_stopped_and_raises_no_event) {
   EXPECT_EQ(SetInScene(5, 700), Status::Done);
   EXPECT_EQ(SetInScene(6, 700), Status::Done);
   EXPECT_EQ(SetInScene(5, kNoTimerValue), Status::Done);
@@ -137,14 +138,14 @@ TEST_F(Timers, cancelling_a_timer_that_was_never_set_does_nothing) {
   EXPECT_EQ(CurrentScene()->Timers.Size(), 1U);
 }
 
-TEST_F(Timers, a_cancelled_timer_may_take_another_absolute_flag) {
+TEST_F(Timers, a_cancelled_timer_may_be_set_with_another_absolute_flag) {
   EXPECT_EQ(SetInScene(5, 4000, true), Status::Done);
   EXPECT_EQ(SetInScene(5, kNoTimerValue), Status::Done);
   EXPECT_EQ(SetInScene(5, 4000, false), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 4000}}));
 }
 
-TEST_F(Timers, a_timer_of_the_application_starts_but_is_never_told) {
+TEST_F(Timers, a_timer_of_the_application_starts_but_raises_no_event) {
   EXPECT_EQ(Set(CurrentApplication(), 8, 700), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{8, 700}}));
   EXPECT_EQ(CurrentApplication()->Timers.Size(), 1U);
@@ -168,7 +169,7 @@ TEST_F(Timers, pending_timers_of_a_scene_end_with_it) {
   EXPECT_EQ(Set(CurrentApplication(), 8, 700), Status::Done);
   ASSERT_EQ(GoTo("~/next"), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{8, 700}}));
-  EXPECT_EQ(Expire(5), Status::Refused) << "an expiry that was on its way";
+  EXPECT_EQ(Expire(5), Status::Refused) << "an expiry already in the queue";
   EXPECT_EQ(TakeNotes(), "");
 }
 
@@ -186,8 +187,8 @@ TEST_F(Timers, close_down_stops_every_timer) {
   EXPECT_TRUE(TheHost().timers.empty());
 }
 
-TEST_F(Timers, without_memory_no_timer_starts_and_it_is_said) {
-  for (const std::size_t failing : {1U, 2U}) {  // the name of the owner and the record
+TEST_F(Timers, without_memory_no_timer_starts_and_a_message_is_printed) {
+  for (const std::size_t failing : {1U, 2U}) {  // the name of the owner, then the record
     const Status result = Do([&] {
       FailAllocation(failing);
       const Status status = SetTimer(*CurrentScene(), 5, 700, false);
@@ -209,7 +210,7 @@ TEST_F(TimerActions, a_set_timer_action_sets_and_without_a_value_cancels) {
   EXPECT_EQ(Expire(5), Status::Refused);
 }
 
-TEST_F(TimerActions, a_set_timer_action_takes_an_absolute_flag) {
+TEST_F(TimerActions, a_set_timer_action_accepts_an_absolute_flag) {
   EXPECT_EQ(Press(101), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 3000}}));
   EXPECT_EQ(Press(102), Status::Done);

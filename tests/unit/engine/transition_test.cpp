@@ -1,5 +1,5 @@
-// How a scene replaces another: what it starts, what stops and ends for it, and what happens when
-// it cannot be had.
+// How a scene replaces another: what it starts, stops and ends, and what happens if it cannot be
+// loaded.
 #include "actions/actions.h"
 #include "support/engine_fixture.h"
 
@@ -24,7 +24,7 @@ TEST_F(Transition, a_scene_starts_with_its_items_then_itself) {
   EXPECT_TRUE(CurrentScene()->RunningStatus);
 }
 
-TEST_F(Transition, a_transition_action_brings_the_scene_and_ends_its_list) {
+TEST_F(Transition, a_transition_action_starts_the_scene_and_ends_its_list) {
   ServeApplication(LinkOnKey(1, 100, TransitionAction("~/menu") + Note("x"), kShared));
   ServeScene("menu", LinkOnKey(1, 101, TransitionAction("~/next") + Note("x")));
   ServeScene("next", LinkOnKey(1, 101, Note("n")));
@@ -47,7 +47,7 @@ TEST_F(Transition, a_transition_to_the_running_scene_does_nothing) {
   EXPECT_EQ(Notes(), "S");
 }
 
-TEST_F(Transition, the_running_scene_by_a_name_without_the_tilde_is_another_name) {
+TEST_F(Transition, the_running_scenes_name_without_the_tilde_is_another_name) {
   ServeApplication("");
   ServeScene("menu", "", ":OnStartUp (" + Note("S") + ")");
   StartWithScene("~/menu");
@@ -65,7 +65,7 @@ TEST_F(Transition, a_transition_without_a_name_does_nothing) {
   EXPECT_EQ(NameOf(CurrentScene()), "~/menu");
 }
 
-TEST_F(Transition, a_missing_scene_is_an_engine_event_and_changes_nothing) {
+TEST_F(Transition, a_missing_scene_raises_an_engine_event_and_changes_nothing) {
   ServeApplication(LinkOn(1, "0", "EngineEvent :EventData 2", Note("2"), kShared) +
                    LinkOn(2, "1", "EngineEvent :EventData 2", Note("x"), kShared) +
                    RectangleText(3));
@@ -90,7 +90,7 @@ TEST_F(Transition, a_failed_engine_event_fails_the_transition) {
   EXPECT_EQ(GoTo("~/missing"), Status::Failure);
 }
 
-TEST_F(Transition, an_engine_event_that_brings_a_scene_leaves_the_transition_refused) {
+TEST_F(Transition, a_transition_stays_refused_if_its_engine_event_starts_a_scene) {
   ServeApplication(LinkOn(1, "0", "EngineEvent :EventData 2", TransitionAction("~/menu")));
   ServeScene("menu", "");
   ASSERT_EQ(Start(), Status::Done);
@@ -98,7 +98,7 @@ TEST_F(Transition, an_engine_event_that_brings_a_scene_leaves_the_transition_ref
   EXPECT_EQ(NameOf(CurrentScene()), "~/menu");
 }
 
-TEST_F(Transition, a_scene_that_is_no_group_fails_and_changes_nothing) {
+TEST_F(Transition, an_invalid_scene_file_fails_and_changes_nothing) {
   ServeApplication(RectangleText(3));
   ServeScene("menu", "");
   ServeBroken("broken");
@@ -139,7 +139,7 @@ TEST_F(Transition, a_transition_to_an_application_is_refused) {
   EXPECT_EQ(NameOf(CurrentApplication()), "~/a");
 }
 
-TEST_F(Transition, a_transition_silently_stops_what_the_application_does_not_share) {
+TEST_F(Transition, a_transition_stops_unshared_application_items_without_events) {
   ServeApplication(RectangleText(1) + RectangleText(2, kShared) + "{:Palette 3}" +
                    "{:IntegerVar 4 :OrigValue 8}" + LinkOnKey(5, 100, Note("5")) +
                    LinkOnKey(6, 100, Note("6"), kShared) +
@@ -153,23 +153,23 @@ TEST_F(Transition, a_transition_silently_stops_what_the_application_does_not_sha
   EXPECT_FALSE(Find<Rectangle>(1).RunningStatus);
   EXPECT_TRUE(Find<Rectangle>(1).AvailabilityStatus);
   EXPECT_TRUE(Find<Rectangle>(2).RunningStatus);
-  EXPECT_TRUE(paletteItem->Record()->RunningStatus) << "classes 28 to 32 go on";
+  EXPECT_TRUE(paletteItem->Record()->RunningStatus) << "classes 28 to 32 are not stopped";
   EXPECT_FALSE(Find<IntegerVariable>(4).RunningStatus);
   EXPECT_EQ(IntegerOf(4), 8);
   EXPECT_EQ(Press(100), Status::Done);
   EXPECT_EQ(Notes(), "6");
 }
 
-TEST_F(Transition, the_end_of_a_scene_is_an_event_that_the_application_can_see) {
+TEST_F(Transition, the_end_of_a_scene_raises_is_deleted_for_links_of_the_application) {
   ServeApplication(LinkOn(1, "(\"~/menu\" 0)", "IsDeleted", Note("D"), kShared));
   ServeScene("menu", LinkOn(1, "0", "IsDeleted", Note("x")));
   ServeScene("next", "", ":OnStartUp (" + Note("n") + ")");
   StartWithScene("~/menu");
   ASSERT_EQ(GoTo("~/next"), Status::Done);
-  EXPECT_EQ(Notes(), "Dn") << "the scene's own links are gone by then";
+  EXPECT_EQ(Notes(), "Dn") << "the scene's own links have been removed";
 }
 
-TEST_F(Transition, a_scene_item_that_brings_another_scene_ends_the_first_scenes_start) {
+TEST_F(Transition, an_item_that_starts_another_scene_ends_the_first_scenes_start) {
   ServeApplication("");
   ServeScene("menu",
              RectangleText(4) + RectangleText(5) +
@@ -183,7 +183,7 @@ TEST_F(Transition, a_scene_item_that_brings_another_scene_ends_the_first_scenes_
   EXPECT_EQ(NameOf(CurrentScene()), "~/next");
 }
 
-TEST_F(Transition, a_scenes_on_start_up_that_brings_another_scene_raises_no_is_running_for_it) {
+TEST_F(Transition, a_scene_whose_on_start_up_starts_another_raises_no_is_running) {
   ServeApplication(LinkOn(1, "(\"~/menu\" 0)", "IsRunning", Note("x"), kShared) +
                    LinkOn(2, "(\"~/next\" 0)", "IsRunning", Note("R"), kShared));
   ServeScene("menu", "", ":OnStartUp (" + Note("m") + TransitionAction("~/next") + Note("x") + ")");
@@ -194,7 +194,7 @@ TEST_F(Transition, a_scenes_on_start_up_that_brings_another_scene_raises_no_is_r
   EXPECT_EQ(NameOf(CurrentScene()), "~/next");
 }
 
-TEST_F(Transition, a_transition_from_the_event_of_a_scenes_end_wins_once_and_ends) {
+TEST_F(Transition, a_transition_in_is_deleted_replaces_the_pending_one) {
   ServeApplication(
       LinkOn(1, "(\"~/menu\" 0)", "IsDeleted", Note("D") + TransitionAction("~/other"), kShared));
   ServeScene("menu", "");
@@ -202,11 +202,11 @@ TEST_F(Transition, a_transition_from_the_event_of_a_scenes_end_wins_once_and_end
   ServeScene("other", "", ":OnStartUp (" + Note("o") + ")");
   StartWithScene("~/menu");
   EXPECT_EQ(GoTo("~/next"), Status::Replaced);
-  EXPECT_EQ(Notes(), "Do") << "the end of the scene is told once";
+  EXPECT_EQ(Notes(), "Do") << "IsDeleted is raised once";
   EXPECT_EQ(NameOf(CurrentScene()), "~/other");
 }
 
-TEST_F(Transition, a_failure_in_the_event_of_a_scenes_end_keeps_the_scene_without_its_links) {
+TEST_F(Transition, a_failure_in_is_deleted_keeps_the_scene_without_its_links) {
   ServeBroken("broken");
   ServeApplication(LinkOn(1, "(\"~/menu\" 0)", "IsDeleted", TransitionAction("~/broken"), kShared));
   ServeScene("menu", LinkOnKey(1, 100, Note("x")));
@@ -230,7 +230,7 @@ TEST_F(Transition, only_transitions_and_launches_by_action_count_as_generations)
   EXPECT_EQ(Press(100), Status::Replaced);
   ++expected.scene;
   EXPECT_TRUE(CurrentGenerations() == expected);
-  EXPECT_EQ(Press(101), Status::Replaced) << "a refused transition has counted all the same";
+  EXPECT_EQ(Press(101), Status::Replaced) << "a refused transition counts too";
   ++expected.scene;
   EXPECT_TRUE(CurrentGenerations() == expected);
   EXPECT_EQ(Press(102), Status::Replaced);

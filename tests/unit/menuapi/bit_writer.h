@@ -1,5 +1,5 @@
-// Writes bits, most significant first, for streams made by hand. It counts and pads them,
-// independently of the syntax of streams.
+// Writes bits, most significant first, for hand-made streams. Knows nothing about the syntax of
+// streams.
 #pragma once
 
 #include <cstdint>

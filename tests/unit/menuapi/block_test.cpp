@@ -1,5 +1,5 @@
-// Coefficients: their positions, their values, and the correction that makes their sum odd. Damaged
-// blocks are tested in damage_test.cpp.
+// Coefficients: their positions, their values, and the correction that makes their sum odd.
+// damage_test.cpp tests damaged blocks.
 #include "menuapi/block.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ struct BlockSettings {
   BlockSettings() { sequence.intraMatrix.fill(16); }
 };
 
-// Reads a luma block whose DC coefficient is 128; the bits are those of the others.
+// Reads a luma block whose DC coefficient is 128. `bits` are those of the other coefficients.
 Coefficients ReadBlock(const BlockSettings& settings, std::string_view bits, int scale) {
   BitWriter writer;
   writer.Put("100");
@@ -44,15 +44,15 @@ std::string Escape(unsigned run, int level) {
 
 }  // namespace
 
-TEST(Block, multiplies_levels_with_weight_and_scale_and_cuts_the_fraction_off) {
+TEST(Block, multiplies_levels_by_weight_and_scale_and_truncates) {
   BlockSettings settings;
   settings.sequence.intraMatrix.fill(11);
-  // 3 x 11 x 6 / 16 = 12.4, towards zero for both signs.
+  // 3 x 11 x 6 / 16 = 12.4, rounded towards zero for both signs.
   EXPECT_EQ(ReadBlock(settings, Escape(0, 3) + "10", 6)[1], 12);
   EXPECT_EQ(ReadBlock(settings, Escape(0, -3) + "10", 6)[1], -12);
 }
 
-TEST(Block, cuts_coefficients_off_at_12_bits) {
+TEST(Block, limits_coefficients_to_12_bits) {
   const BlockSettings settings;
   EXPECT_EQ(ReadBlock(settings, Escape(0, 2047) + "10", 112)[1], 2047);
   EXPECT_EQ(ReadBlock(settings, Escape(0, -2047) + "10", 112)[1], -2048);
@@ -67,7 +67,7 @@ TEST(Block, uses_the_weight_of_the_position_in_the_block) {
   EXPECT_EQ(ReadBlock(settings, Escape(1, 1) + "10", 16)[8], 16 + 8);
 }
 
-TEST(Block, makes_the_sum_of_its_coefficients_odd_by_the_last_one) {
+TEST(Block, makes_the_sum_of_its_coefficients_odd_by_changing_the_last) {
   const BlockSettings settings;
   EXPECT_EQ(ReadBlock(settings, "10", 1)[63], 1);                   // 1024 alone
   EXPECT_EQ(ReadBlock(settings, Escape(0, 1) + "10", 1)[63], 0);    // 1024 + 1
@@ -113,7 +113,7 @@ TEST(ScanOrder, visits_every_position_once) {
   }
 }
 
-// Down and up in turn along each diagonal.
+// The order goes down and up alternate diagonals.
 TEST(ScanOrder, follows_the_diagonals) {
   std::size_t index = 0;
   for (int diagonal = 0; diagonal < 15; ++diagonal) {

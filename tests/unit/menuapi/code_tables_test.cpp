@@ -1,5 +1,5 @@
-// The tables of codes: whether they are prefix codes, and the known properties of each table. The
-// meaning of each code is tested by decoding streams of ffmpeg.
+// Checks that the code tables are prefix codes, and the known properties of each table. Decoding
+// streams of ffmpeg tests the meaning of each code.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kLongest = 16;
 
-// The runs and levels of a table; fails if one of its codes begins another one.
+// The runs and levels of a table. Fails if a code is a prefix of another.
 std::set<std::pair<int, int>> Steps(CoefficientTable table) {
   std::vector<Code<RunLevel>> rows;
   for (const auto& part : {OwnCoefficientRows(table), SharedCoefficientRows()}) {
@@ -58,7 +58,7 @@ std::pair<std::size_t, int> Extent(const CodeTable<int>& table) {
 
 }  // namespace
 
-TEST(CodeTable, reads_a_code_and_leaves_what_follows) {
+TEST(CodeTable, reads_a_code_but_not_the_bits_after_it) {
   constexpr Code<int> rows[] = {{"1", 7}, {"01", 8}, {"00000000001", 9}};
   const CodeTable<int> table{rows};
   BitWriter writer;
@@ -88,7 +88,7 @@ TEST(CoefficientCodes, reach_as_far_as_the_standard_lists_them) {
     highest[run] = std::max(highest[run], level);
     ++count[run];
   }
-  EXPECT_EQ(highest, count);  // no level is left out
+  EXPECT_EQ(highest, count);  // no level is missing
   const std::map<int, int> firsts = {{0, 40}, {1, 18}, {2, 5}, {3, 4}, {4, 3}, {5, 3}, {6, 3}};
   for (int run = 0; run <= 31; ++run) {
     const auto first = firsts.find(run);
@@ -97,8 +97,8 @@ TEST(CoefficientCodes, reach_as_far_as_the_standard_lists_them) {
   EXPECT_FALSE(highest.contains(32));
 }
 
-// No code begins with twelve zeros, so that none looks like a start code; table one has nine more
-// unused numbers.
+// No code begins with twelve zeros, so none resembles a start code. Table one leaves nine times as
+// many numbers unused.
 TEST(CoefficientCodes, use_nearly_every_number) {
   EXPECT_EQ((1 << 16) - UsedNumbers(CoefficientTable::Zero), 1 << 4);
   EXPECT_EQ((1 << 16) - UsedNumbers(CoefficientTable::One), 9 << 4);
@@ -124,10 +124,11 @@ TEST(CoefficientCodes, are_read_back_row_by_row) {
 
 TEST(MacroblockCodes, have_as_many_values_and_gaps_as_the_standard_lists) {
   using Numbers = std::pair<std::size_t, int>;
-  // 33 increments and the escape. Of 11 bits, all from 24 on begin a code, and 8 is the escape.
+  // 33 increments and the escape. Of the 11-bit numbers, 24 and above begin an increment, and 8 is
+  // the escape.
   EXPECT_EQ(Extent(AddressIncrementCodes()), Numbers(34, 23 << 5));
   EXPECT_EQ(Extent(IntraTypeCodes()), Numbers(2, 1 << 14));
-  // Of 10 bits, all from 12 on begin a code.
+  // Of the 10-bit numbers, 12 and above begin a code.
   EXPECT_EQ(Extent(MotionCodes()), Numbers(17, 12 << 6));
   EXPECT_EQ(Extent(LumaDcSizeCodes()), Numbers(12, 0));
   EXPECT_EQ(Extent(ChromaDcSizeCodes()), Numbers(12, 0));

@@ -1,4 +1,4 @@
-// Damaged streams: for any bytes, decoding stays inside its buffers and ends, and shows the intact
+// Damaged streams: for any bytes, decoding stays inside its buffers, ends, and shows the intact
 // parts of a picture.
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ Bytes NoisyStream(const std::string& options) {
 }
 
 // A frame of two rows. The second macroblock of the first row has this head (address increment,
-// type and the fields that belong to them), this first block and five flat ones.
+// type and their fields), this first block and five flat ones.
 StreamWriter WithMacroblock(std::string_view head, std::string_view block) {
   StreamWriter stream({});
   stream.Headers();
@@ -34,7 +34,7 @@ StreamWriter WithMacroblock(std::string_view head, std::string_view block) {
   return stream;
 }
 
-// Expects all but that macroblock.
+// Expects every macroblock except that one to be decoded.
 void ExpectBroken(std::string_view head, std::string_view block) {
   Planes planes(kSize);
   EXPECT_EQ(planes.Decode(WithMacroblock(head, block).Bytes()), Result::Damaged) << head << block;
@@ -51,7 +51,7 @@ TEST(Damage, of_a_stream_cut_at_any_byte) {
   ASSERT_EQ(whole.Decode(stream), Result::Done);
   int damaged = 0;
   for (std::size_t size = 7; size < stream.size(); ++size) {
-    // A copy, so that the sanitizer sees a read past its end.
+    // A copy, so that the sanitizer reports a read past its end.
     const Bytes cut(stream.begin(), stream.begin() + static_cast<std::ptrdiff_t>(size));
     Planes planes({64, 48});
     const Result result = planes.Decode(cut);
@@ -63,8 +63,8 @@ TEST(Damage, of_a_stream_cut_at_any_byte) {
   EXPECT_GT(damaged, 100);
 }
 
-// The bit is a zero, like those that are read past the end.
-TEST(Damage, of_the_last_bit_alone_is_noticed) {
+// The missing bit is a zero, like the bits read past the end.
+TEST(Damage, of_the_last_bit_alone_is_reported) {
   StreamSettings settings;
   settings.width = 16;
   settings.height = 16;
@@ -91,7 +91,7 @@ TEST(Damage, of_random_bytes) {
     for (int round = 0; round < 1000; ++round) {
       Bytes damaged = stream;
       for (unsigned count = 1 + random() % 8; count > 0; --count) {
-        // The size does not change, because the buffer has that size.
+        // The size stays unchanged, because the buffer is allocated for it.
         damaged[7 + random() % (damaged.size() - 7)] = static_cast<std::uint8_t>(random());
       }
       Planes planes({64, 48});
@@ -102,7 +102,7 @@ TEST(Damage, of_random_bytes) {
   }
 }
 
-TEST(Damage, of_one_slice_leaves_the_others_as_they_are) {
+TEST(Damage, of_one_slice_does_not_affect_the_others) {
   const Bytes stream = NoisyStream("-qscale:v 4");
   Planes whole({64, 48});
   ASSERT_EQ(whole.Decode(stream), Result::Done);
@@ -130,27 +130,27 @@ TEST(Damage, of_a_macroblock_ends_its_slice) {
 }
 
 TEST(Damage, of_a_block_ends_its_slice) {
-  // The DC coefficient falls below 0, or rises above its range: 60 - 63, 60 + 255.
+  // The DC coefficient falls below 0 or exceeds its range: 60 - 63, 60 + 255.
   ExpectBroken("11", "11110 000000 10");
   ExpectBroken("11", "1111110 11111111 10");
-  // There is no such coefficient.
+  // No coefficient has this code.
   ExpectBroken("11", "100 000000000000 1111");
   // An escape with level 0, and with -2048, which has no opposite.
   ExpectBroken("11", "100 000001 000000 000000000000 10");
   ExpectBroken("11", "100 000001 000000 100000000000 10");
-  // A run past the end of the block at once, and one step after the last coefficient.
+  // A run past the end of the block, directly and one step after the last coefficient.
   ExpectBroken("11", "100 000001 111111 000000000001 10");
   ExpectBroken("11", "100 000001 111110 000000000001 110 10");
 }
 
-// The condition for the two tests above.
+// Without the extra step of the last case above, the block is full and valid.
 TEST(Damage, does_not_occur_if_a_block_is_full) {
   const StreamWriter stream = WithMacroblock("1 01 00001", "100 000001 111110 000000000001 10");
   Planes planes(kSize);
   EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Done);
 }
 
-TEST(Damage, by_a_macroblock_left_out_ends_the_slice) {
+TEST(Damage, by_a_missing_macroblock_ends_the_slice) {
   StreamSettings settings;
   settings.width = 48;
   settings.height = 16;
@@ -165,8 +165,8 @@ TEST(Damage, by_a_macroblock_left_out_ends_the_slice) {
   EXPECT_EQ(planes.Luma(32, 0), 16);
 }
 
-// A stream that repeats itself costs no extra time for any macroblock.
-TEST(Damage, by_repetition_and_by_rows_below_the_picture_changes_nothing) {
+// Macroblocks that a stream repeats are not decoded again, so repetition costs no time.
+TEST(Damage, by_repeated_rows_or_rows_below_the_picture_does_not_change_the_others) {
   StreamWriter stream({});
   stream.Headers();
   stream.FlatRow(0, 60);

@@ -1,6 +1,5 @@
-// Streams that are valid but that ffmpeg does not write: field pictures, vectors in intra pictures,
-// slices that begin anywhere, matrices of a picture's own. ffmpeg reads them all with the same
-// result.
+// Valid streams that ffmpeg does not write: field pictures, vectors in intra pictures, slices that
+// begin anywhere, and matrices for a single picture. ffmpeg decodes them all with the same result.
 #include <gtest/gtest.h>
 
 #include "unit/menuapi/planes.h"
@@ -72,7 +71,7 @@ TEST(HandMadeStream, of_two_intra_coded_fields_in_either_order) {
   }
 }
 
-// The second field is predicted from the first, is invalid, is the same again, or is missing.
+// The second field is predicted from the first, invalid, the same field again, or missing.
 TEST(HandMadeStream, whose_first_field_alone_can_be_decoded_has_its_lines_doubled) {
   const StreamSettings settings = Interlaced();
   for (const int first : {kTopField, kBottomField}) {
@@ -135,7 +134,8 @@ TEST(HandMadeStream, whose_macroblocks_choose_between_frame_and_field_lines) {
   ExpectReferenceAgrees(stream, planes);
 }
 
-// So that each field has whole macroblocks; the last row of this frame is beyond its height.
+// Rows are paired so that each field has whole macroblocks. The last row of this frame is below its
+// height.
 TEST(HandMadeStream, of_an_interlaced_sequence_has_rows_in_pairs) {
   StreamSettings settings = Interlaced();
   settings.isFrameDctOnly = true;
@@ -149,8 +149,9 @@ TEST(HandMadeStream, of_an_interlaced_sequence_has_rows_in_pairs) {
   EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Done);
 }
 
-TEST(HandMadeStream, with_concealment_vectors_shows_the_same_without_them) {
-  // Across: no step; then a step of -5 with two more bits. Down: a step of 16; then none.
+TEST(HandMadeStream, with_concealment_vectors_is_decoded_as_without_them) {
+  // Horizontally: no step, then a step of -5 with two more bits. Vertically: a step of 16, then
+  // none.
   for (const auto& [first, second] : {std::pair{"11 1 0000001100 0 11 1", "11 00001011 01 1 1"}}) {
     StreamSettings settings;
     settings.height = 16;
@@ -215,7 +216,7 @@ TEST(HandMadeStream, whose_slices_begin_within_the_row) {
   ExpectReferenceAgrees(stream, planes);
 }
 
-TEST(HandMadeStream, whose_slices_bring_extra_information) {
+TEST(HandMadeStream, whose_slices_contain_extra_information) {
   StreamSettings settings;
   settings.height = 16;
   StreamWriter stream(settings);
@@ -242,7 +243,7 @@ TEST(HandMadeStream, above_2800_lines_extends_the_rows_of_slices) {
   ExpectReferenceAgrees(stream, planes);
 }
 
-TEST(HandMadeStream, brings_a_matrix_for_its_picture) {
+TEST(HandMadeStream, has_a_matrix_for_its_picture) {
   // One coefficient of level 1 at the second position; the matrix and the scale decide its value.
   StreamSettings settings;
   settings.width = 16;
@@ -262,7 +263,7 @@ TEST(HandMadeStream, brings_a_matrix_for_its_picture) {
   ExpectReferenceAgrees(stream, planes);
 }
 
-TEST(HandMadeStream, has_its_headers_twice_and_others_between_them) {
+TEST(HandMadeStream, has_its_headers_twice_with_others_between_them) {
   StreamSettings settings;
   settings.width = 16;
   settings.height = 16;

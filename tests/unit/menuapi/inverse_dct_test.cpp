@@ -1,4 +1,4 @@
-// The inverse transform against its formula, written out with four loops, for blocks of ordinary
+// Compares the inverse transform with its formula, written as four loops, for blocks of ordinary
 // pictures and for coefficients of any size.
 #include "menuapi/inverse_dct.h"
 
@@ -18,7 +18,7 @@ double Wave(int frequency, int place) {
   return scale * std::cos((2 * place + 1) * frequency * std::numbers::pi / 16);
 }
 
-// The sample that the formula gives, neither rounded nor limited.
+// The sample by the formula, neither rounded nor limited.
 double SampleOf(const Coefficients& block, int x, int y) {
   double sum = 0;
   for (int v = 0; v < 8; ++v) {
@@ -29,7 +29,8 @@ double SampleOf(const Coefficients& block, int x, int y) {
   return sum / 4;
 }
 
-// A block of random samples around the middle level, as an exact encoder transforms and rounds it.
+// The coefficients of a block of random samples around the middle level, transformed and rounded
+// exactly.
 Coefficients Transformed(std::mt19937& random, int range) {
   std::array<int, kBlockSize> samples{};
   for (int& sample : samples) sample = 128 + static_cast<int>(random() % (2 * range + 1)) - range;
@@ -46,7 +47,7 @@ Coefficients Transformed(std::mt19937& random, int range) {
   return block;
 }
 
-// The transform may round half a level up or down.
+// Half a level may be rounded up or down.
 void ExpectFormula(const Coefficients& block) {
   const Samples samples = InverseDct(block);
   for (int place = 0; place < 64; ++place) {

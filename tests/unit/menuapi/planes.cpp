@@ -1,5 +1,5 @@
-// Decodes into a buffer that is larger than the frame and is filled beforehand with a byte that
-// hardly occurs in frames.
+// Decodes into a buffer that is larger than the frame and filled with a byte that is rare in
+// frames.
 #include "unit/menuapi/planes.h"
 
 #include <gtest/gtest.h>

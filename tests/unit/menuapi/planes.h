@@ -10,10 +10,11 @@
 
 namespace menuapi::test {
 
-// The initial content of a buffer, and the content after the frame when it has been decoded.
+// Initial value of each byte of a buffer. The bytes after the frame must keep it.
 inline constexpr std::uint8_t kUntouched = 0xA5;
 
-// A frame in a buffer of the engine's size, which is larger than the frame if a side is odd.
+// A frame in a buffer of the size that the engine allocates, which is larger than the frame if a
+// side is odd.
 class Planes {
  public:
   explicit Planes(FrameSize size)

@@ -1,5 +1,5 @@
-// Runs ffmpeg on files s0, s1, ... for the streams that it writes, i0, ... for those that it reads,
-// and o0, ... for frames.
+// Runs ffmpeg on numbered files: s0, s1, ... are the streams it writes, i0, ... those it reads, and
+// o0, ... are frames.
 #include "unit/menuapi/reference.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ namespace {
 
 std::string Number(std::size_t number) { return std::to_string(number); }
 
-// Counts the differences of two planes; the plane of the reference has its own width.
+// Counts the differences between two planes. The plane of the reference may be wider.
 void ComparePlane(const std::uint8_t* reference, int referenceWidth, const std::uint8_t* plane,
                   int width, int height, Difference& difference) {
   for (int y = 0; y < height; ++y) {

@@ -1,5 +1,5 @@
-// The reference: ffmpeg, which writes streams and decodes them. It runs in a folder of its own, and
-// a failed run fails the test.
+// Encodes and decodes streams with ffmpeg, the reference. It runs in a temporary folder, and a
+// failed run fails the test.
 #pragma once
 
 #include <cstdint>
@@ -21,15 +21,15 @@ class Reference {
   Reference(const Reference&) = delete;
   Reference& operator=(const Reference&) = delete;
 
-  // One frame of a source (a filter such as "testsrc2=size=64x48") for each set of options, in one
-  // run. Options name the encoder unless it is MPEG-2's.
+  // Encodes one frame of a source (a filter such as "testsrc2=size=64x48") with each set of
+  // options, in one run. Encodes MPEG-2 unless the options name another encoder.
   [[nodiscard]] std::vector<Bytes> Encode(const std::string& source,
                                           const std::vector<std::string>& options) const;
   [[nodiscard]] Bytes Encode(const std::string& source, const std::string& options) const;
 
-  // The first frame of each stream: luma, then blue and red chroma, whose sizes are rounded up. The
-  // inverse transform is the floating-point one, which follows the formula; the others round
-  // intermediate results and are off by one in places.
+  // The first frame of each stream: luma, then blue and red chroma, whose sizes are rounded up.
+  // Uses the floating-point inverse transform, which follows the formula. The others round
+  // intermediate results and are sometimes off by one.
   [[nodiscard]] std::vector<Bytes> Decode(const std::vector<Bytes>& streams) const;
   [[nodiscard]] Bytes Decode(const Bytes& stream) const;
 
@@ -40,8 +40,8 @@ class Reference {
   std::filesystem::path folder_;
 };
 
-// The differences of two frames in the samples that both have. The chroma of the reference has one
-// more sample across and down if the size is odd.
+// The differences between two frames in the samples that both have. The chroma of the reference has
+// one more column and row if the size is odd.
 struct Difference {
   int largest = 0;
   std::size_t count = 0;  // of samples that differ

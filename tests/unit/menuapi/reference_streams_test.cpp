@@ -1,5 +1,5 @@
-// Streams that ffmpeg writes, decoded by this decoder and by ffmpeg. Frames may differ by 2 levels
-// at most; both use the same formula, so hardly any samples differ.
+// Compares this decoder with ffmpeg on streams that ffmpeg encodes. Frames may differ by at most 2
+// levels. Both use the same formula, so hardly any samples differ.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -16,13 +16,13 @@ namespace {
 constexpr int kLargestDifference = 2;
 constexpr std::size_t kSamplesPerDifference = 1000;
 
-// Moving colours under noise, so that all kinds of coefficients occur.
+// A test pattern with noise, so that all kinds of coefficients occur.
 std::string Source(FrameSize size) {
   return "testsrc2=size=" + std::to_string(size.width) + "x" + std::to_string(size.height) +
          ",noise=alls=50:all_seed=7";
 }
 
-// Every second line shows another moment.
+// Alternate lines show different moments.
 std::string InterlacedSource(FrameSize size) {
   return "mandelbrot=size=" + std::to_string(size.width) + "x" + std::to_string(size.height) +
          ":rate=50:end_scale=0.03:end_pts=8,noise=alls=20:all_seed=7,tinterlace=interleave_top";
@@ -38,7 +38,7 @@ void ExpectSame(const Bytes& stream, const Bytes& reference, const std::string& 
   EXPECT_LE(difference.count, reference.size() / kSamplesPerDifference) << name;
 }
 
-// Encodes a source with each set of options, and compares.
+// Encodes a source with each set of options and compares the decoded frames. Returns the streams.
 std::vector<Bytes> ExpectSameFrames(const std::string& source,
                                     const std::vector<std::string>& options) {
   const Reference reference;
@@ -136,7 +136,7 @@ TEST(ReferenceStreams, of_interlaced_frames) {
 }
 
 // A progressive sequence has rows of 16 lines, an interlaced one pairs of such rows.
-TEST(ReferenceStreams, of_interlaced_frames_whose_height_is_no_whole_number_of_row_pairs) {
+TEST(ReferenceStreams, of_interlaced_frames_whose_height_is_not_a_multiple_of_32) {
   for (const int height : {16, 34, 48, 60}) {
     ExpectSameFrames(InterlacedSource({64, height}), {"-qscale:v 2 -flags +ildct+ilme"});
   }

@@ -1,5 +1,5 @@
-// Anything but an MPEG-2 stream that begins with an intra coded 4:2:0 frame is refused. The frame
-// is then black as far as its size is known.
+// Any stream is refused unless it is MPEG-2 and begins with an intra coded 4:2:0 frame. If its size
+// is known, the frame is filled with black.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -87,7 +87,7 @@ TEST(Refusal, of_other_chroma_formats_and_sizes_above_4095) {
   }
 }
 
-TEST(Refusal, of_streams_that_other_encoders_or_other_options_make) {
+TEST(Refusal, of_streams_from_other_encoders_or_options) {
   const Reference reference;
   const auto streams = reference.Encode(
       "testsrc2=size=32x32",

@@ -1,5 +1,4 @@
-// The bits and the units of a stream, and the stream in a file: the rules that hold for any bytes,
-// video or not.
+// Rules for any bytes, video or not: the bits and units of a stream, and a stream in a file.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -100,7 +99,7 @@ TEST_F(StreamFile, is_decoded) {
   EXPECT_EQ(planes[31 * 32], 60);
 }
 
-TEST_F(StreamFile, that_cannot_be_read_or_is_no_sequence_is_refused) {
+TEST_F(StreamFile, that_is_unreadable_or_no_sequence_is_refused) {
   Bytes planes(64, kUntouched);
   EXPECT_EQ(DecodeFrameFile(Path().c_str(), planes.data()), Result::Refused);
   EXPECT_EQ(DecodeFrameFile(folder_.c_str(), planes.data()), Result::Refused);

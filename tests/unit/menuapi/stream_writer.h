@@ -1,5 +1,5 @@
-// Streams made by hand, of macroblocks of one colour, with any values in their headers: for streams
-// that no encoder writes.
+// Writes streams that no encoder writes: macroblocks of one colour, with any values in their
+// headers.
 #pragma once
 
 #include <array>
@@ -42,17 +42,17 @@ class StreamWriter {
   void SequenceExtension();
   void PictureHeader(int type);
   void PictureCodingExtension(int structure);
-  // 64 weights of the same size that replace the intra matrix.
+  // Writes 64 equal weights that replace the intra matrix.
   void MatrixExtension(unsigned weight);
-  // Everything before the slices of the first picture of such a structure.
+  // Writes everything before the slices of a first picture with this structure.
   void Headers(int structure = kFramePicture);
 
-  // Begins a slice; `information` is the extra information between the scale and the macroblocks.
+  // Begins a slice. `information` is the extra information between the scale and the macroblocks.
   void Slice(unsigned row, unsigned scaleCode = 1, std::string_view information = "0");
-  // Writes `head` (address increment, type and the fields that belong to them), then flat blocks of
-  // these levels, which the precision of DC coefficients must be able to express.
+  // Writes `head` (address increment, type and their fields), then flat blocks of these levels,
+  // which must be representable with the precision of DC coefficients.
   void Macroblock(std::string_view head, int luma, int blue, int red);
-  // A slice of a full row of macroblocks, each a little lighter than the one before.
+  // Writes a slice with a full row of macroblocks, each two levels lighter than the one before.
   void FlatRow(unsigned row, int luma, int blue = 128, int red = 128);
   [[nodiscard]] int LumaOfFlatRow(int luma, int column) const { return luma + 2 * column; }
 

@@ -1,5 +1,4 @@
-// Inputs and outputs that are not what the tool hopes for. Each ends in one message and an exit
-// status.
+// Inputs and outputs that the tool cannot use. Each causes one message and an exit status.
 #include <unistd.h>
 
 #include "unit/mheg/tool.h"
@@ -7,7 +6,7 @@
 namespace mheg {
 namespace {
 
-TEST_F(Tool, a_folder_is_no_input) {
+TEST_F(Tool, a_folder_is_refused_as_an_input) {
   fs::create_directory(folder_ / "menu");
   for (const char* command : {"compile menu -o x", "decompile menu -o x", "dump menu"}) {
     const ToolOutcome run = Call(command);
@@ -41,7 +40,7 @@ TEST_F(Tool, an_empty_file_is_refused) {
   }
 }
 
-TEST_F(Tool, a_file_of_100_megabytes_is_refused_for_its_form) {
+TEST_F(Tool, a_file_of_100_megabytes_is_refused) {
   Write("s.mheg", "");
   fs::resize_file(folder_ / "s.mheg", 100000000);
   ToolOutcome run = Call("compile s.mheg -o x");
@@ -54,7 +53,7 @@ TEST_F(Tool, a_file_of_100_megabytes_is_refused_for_its_form) {
   EXPECT_EQ(run.output.rfind("s: byte ", 0), 0U) << run.output;
 }
 
-TEST_F(Tool, names_that_no_file_can_have_are_reported_by_check_as_missing) {
+TEST_F(Tool, check_reports_impossible_file_names_as_missing) {
   const std::string name = "~/" + std::string(300, 'x');
   Write("s.mheg", "{:Scene 0 :Items ({:Bitmap 1 :OrigBoxSize 1 1 :OrigContent :ContentRef \"" +
                       name + "\"}) :OnStartUp (:TransitionTo((\"" + name + "\" 0)))}");
@@ -74,7 +73,7 @@ TEST_F(Tool, check_skips_a_symbolic_link_to_itself) {
   EXPECT_EQ(run.output, "");
 }
 
-TEST_F(Tool, a_folder_without_groups_is_reported_by_check) {
+TEST_F(Tool, check_reports_a_folder_without_groups) {
   fs::create_directory(folder_ / "empty");
   Write("picture.png", "\x89PNG");
   Write("notes", "text");
@@ -89,7 +88,7 @@ TEST_F(Tool, check_reports_files_it_may_not_read_and_checks_the_rest) {
   Write("ber", "\xA1");
   Write("s.mheg", "{:Scene 0 :OnStartUp (:Run(5))}");
   for (const char* name : {"closed", "ber"}) fs::permissions(folder_ / name, fs::perms::none);
-  // An administrator may read everything, unless this is taken away.
+  // The superuser can read everything unless these capabilities are dropped.
   const std::string restricted =
       geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search " : "";
   const ToolOutcome run = Call("check .", restricted);
@@ -115,7 +114,7 @@ TEST_F(Tool, the_input_is_never_the_output) {
   ASSERT_EQ(Call("compile t.mheg -o ber").status, 0);
   EXPECT_EQ(Call("decompile ber -o t.mheg").status, 0);
   Write("t", File("ber"));
-  EXPECT_EQ(Call("decompile t t.mheg -o .").status, 2) << "the output of the one is the other";
+  EXPECT_EQ(Call("decompile t t.mheg -o .").status, 2) << "the output of the first is the second";
 }
 
 TEST_F(Tool, two_inputs_are_not_written_to_one_file) {
@@ -176,7 +175,7 @@ TEST_F(Tool, columns_are_counted_after_a_byte_order_mark) {
             "marked.mheg:1:9: in Scene: found }, expected an object number or (group number)\n");
 }
 
-TEST_F(Tool, a_text_of_the_greatest_length_may_have_a_byte_order_mark) {
+TEST_F(Tool, a_text_of_maximum_length_may_have_a_byte_order_mark) {
   const std::string text = kScene;
   Write("marked.mheg", kByteOrderMark + text + std::string(65535 - text.size(), ' '));
   EXPECT_EQ(Call("compile marked.mheg -o x").output, "");

@@ -1,4 +1,4 @@
-// Every file of a batch is worked on once, however many threads there are.
+// A batch processes each file exactly once, with any number of threads.
 #include "mheg/batch.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@
 namespace mheg {
 namespace {
 
-TEST(Batch, works_on_each_place_once_with_any_number_of_jobs) {
+TEST(Batch, processes_each_entry_once_with_any_number_of_jobs) {
   for (const unsigned jobs : {0U, 1U, 2U, 3U, 200U}) {
     std::vector<std::atomic<int>> calls(100);
     RunBatch(calls.size(), jobs, [&calls](std::size_t place) { ++calls[place]; });
@@ -21,7 +21,7 @@ TEST(Batch, works_on_each_place_once_with_any_number_of_jobs) {
   }
 }
 
-// More threads would not help, and a system that refuses one of them would end the tool.
+// More threads would not help, and the tool would end if the system refused to start one.
 TEST(Batch, uses_at_most_64_threads) {
   std::mutex guard;
   std::set<std::thread::id> threads;
@@ -33,7 +33,7 @@ TEST(Batch, uses_at_most_64_threads) {
   EXPECT_LE(threads.size(), 64U);
 }
 
-TEST(Batch, of_nothing_is_done_at_once) {
+TEST(Batch, of_nothing_returns_immediately) {
   RunBatch(0, 0, [](std::size_t /*place*/) { ADD_FAILURE(); });
 }
 

@@ -1,4 +1,4 @@
-// What the check reports: exactly the faults that were put in, and nothing about the demos.
+// The reports of the check: exactly the faults in the faulty folder, and none for the demos.
 #include "mheg/check/check.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ std::string Joined(const std::vector<std::string>& lines) {
   return all;
 }
 
-// The reports with the folder's name taken off their front.
+// The reports without the path of the folder at their start.
 std::string CheckedIn(const fs::path& folder, const fs::path& path) {
   std::string all;
   for (const std::string& line : Check({path}, 2)) {
@@ -40,7 +40,7 @@ std::string FileText(const fs::path& path) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// A folder that is there while a test runs.
+// A temporary folder.
 class ScratchFolder {
  public:
   ScratchFolder() {
@@ -58,11 +58,11 @@ class ScratchFolder {
   fs::path path_;
 };
 
-// Counts how often the files of a folder are opened while it exists.
+// Counts how often the files of a folder are opened during its lifetime.
 class OpenCounter {
  public:
   explicit OpenCounter(const fs::path& folder) : notices_(inotify_init1(IN_NONBLOCK)) {
-    // Two openings of a file one after the other are one notice, unless something is between them.
+    // Two consecutive IN_OPEN notices for one file are merged, so closings are watched too.
     EXPECT_NE(inotify_add_watch(notices_, folder.c_str(), IN_OPEN | IN_CLOSE), -1);
   }
   ~OpenCounter() { close(notices_); }
@@ -103,24 +103,25 @@ TEST(Check, each_of_many_named_files_is_read_once) {
   const std::map<std::string, int> opened = counter.Opened();
   EXPECT_EQ(opened.size(), 8U);
   for (const auto& [name, count] : opened) {
-    // A file without ".mheg" is opened before for its first byte, which says whether it is a group.
+    // A file without ".mheg" is opened once more to read the first byte, which shows whether it is
+    // a group.
     EXPECT_EQ(count, name.ends_with(".mheg") ? 1 : 2) << name;
   }
 }
 
-TEST(Check, the_faulty_folder_gives_exactly_the_expected_reports) {
+TEST(Check, exactly_the_faults_of_the_faulty_folder_are_reported) {
   EXPECT_EQ(CheckedIn(kFaulty, kFaulty), FileText(kSource / "tests/unit/mheg/faulty.expected"));
 }
 
 TEST(Check, the_demos_are_clean) { EXPECT_EQ(Joined(Check({kSource / "examples"}, 1)), ""); }
 
-TEST(Check, a_single_file_is_reported_alone_and_knows_its_folder) {
+TEST(Check, a_single_file_is_checked_within_its_folder) {
   EXPECT_EQ(CheckedIn(kFaulty, kFaulty / "missing.mheg"),
             "missing.mheg:3:5: Text lacks :OrigBoxSize\n"
             "missing.mheg:4:63: SetPosition lacks a parameter\n");
 }
 
-TEST(Check, a_group_in_ber_lacks_what_nobody_would_write) {
+TEST(Check, empty_required_attributes_in_ber_are_reported_as_missing) {
   const ScratchFolder folder;
   folder.Write("s.mheg",
                "{:Scene 0 :Items ({:Text 1 :OrigBoxSize 0 0} {:IntegerVar 2 "
@@ -133,7 +134,7 @@ TEST(Check, a_group_in_ber_lacks_what_nobody_would_write) {
             "s: object 3: Link lacks :LinkEffect\n");
 }
 
-TEST(Check, a_visible_that_is_moved_may_begin_outside) {
+TEST(Check, a_visible_that_an_action_moves_may_begin_outside_the_scene) {
   const ScratchFolder folder;
   folder.Write("s.mheg",
                "{:Scene 0 :OnStartUp (:SetPosition(:IndirectRef 2 0 0)) :Items ({:Rectangle 1 "
@@ -141,13 +142,13 @@ TEST(Check, a_visible_that_is_moved_may_begin_outside) {
   EXPECT_EQ(CheckedIn(folder.Path(), folder.Path()), "");
 }
 
-// A link that waits for a timer of the scene.
+// A link on a timer of the scene.
 std::string TimerLink(int number, const std::string& data) {
   return "{:Link " + std::to_string(number) + " :EventSource 0 :EventType TimerFired " + data +
          " :LinkEffect ()}";
 }
 
-TEST(Check, five_links_for_any_data_crowd_out_one_for_some_data_and_not_the_reverse) {
+TEST(Check, five_links_without_data_block_a_sixth_link_with_data_but_not_the_reverse) {
   const ScratchFolder folder;
   std::string anyFirst;
   std::string anyLast;
@@ -162,7 +163,7 @@ TEST(Check, five_links_for_any_data_crowd_out_one_for_some_data_and_not_the_reve
             "1.mheg: object 6: never fires: five links before it wait for the same event\n");
 }
 
-TEST(Check, links_are_activated_by_their_group_or_application_and_an_applications_by_any_scene) {
+TEST(Check, links_are_activated_by_their_group_or_application_or_if_the_applications_by_any_scene) {
   const ScratchFolder folder;
   const std::string link = "{:Link 1 :InitiallyActive FALSE :EventSource 0 :EventType IsRunning "
                            ":LinkEffect ()}";

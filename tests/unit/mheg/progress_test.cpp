@@ -1,5 +1,5 @@
-// Long runs: the line of progress on a terminal, and the files that are worked on at once. A file
-// that is a pipe lasts until the test has written it.
+// Long runs: the progress line on a terminal, and files processed in parallel. A file that is a
+// pipe blocks its reader until the test has written it.
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
@@ -22,9 +22,9 @@ using std::chrono::steady_clock;
 
 constexpr milliseconds kLimit{20000};
 constexpr const char* kShown = "\r1 of 2 files";
-constexpr const char* kWiped = "\r            \r";
+constexpr const char* kCleared = "\r            \r";
 
-// The tool running on a terminal of its own.
+// Runs the tool on a new terminal.
 class OnTerminal {
  public:
   OnTerminal(const fs::path& folder, std::vector<const char*> arguments) {
@@ -39,21 +39,21 @@ class OnTerminal {
   }
   ~OnTerminal() {
     close(terminal_);
-    if (hasEnded_ || process_ <= 0) return;  // -1 would be every process
+    if (hasEnded_ || process_ <= 0) return;  // kill(-1) would end every process
     kill(process_, SIGKILL);
     waitpid(process_, nullptr, 0);
   }
   OnTerminal(const OnTerminal&) = delete;
   OnTerminal& operator=(const OnTerminal&) = delete;
 
-  // Whether the terminal shows the text before the limit and the tool's end.
+  // Waits for the text on the terminal. Returns false at the time limit or when the tool ends.
   bool Shows(const std::string& text) {
     while (shown_.find(text) == std::string::npos) {
       if (!ReadMore()) return false;
     }
     return true;
   }
-  // Waits for the tool's end; its exit status, or -1.
+  // Waits for the tool to end. Returns its exit status, or -1 at the time limit.
   int Status() {
     while (ReadMore()) {
     }
@@ -76,7 +76,7 @@ class OnTerminal {
     return true;
   }
 
-  steady_clock::time_point end_ = steady_clock::now() + kLimit;  // the tool's last moment
+  steady_clock::time_point end_ = steady_clock::now() + kLimit;  // when the test stops waiting
   bool hasEnded_ = false;
   int terminal_ = -1;
   pid_t process_ = -1;
@@ -87,7 +87,7 @@ class LongRun : public Tool {
  protected:
   void MakePipe(const char* name) { ASSERT_EQ(mkfifo((folder_ / name).c_str(), 0600), 0); }
 
-  // The pipe's end to write to, once the tool has begun to read; -1 when it does not in that time.
+  // Returns the write end of the pipe once the tool has opened it for reading, or -1 at the limit.
   int BeginToWrite(const char* name, milliseconds limit = kLimit) {
     const auto end = steady_clock::now() + limit;
     do {
@@ -104,7 +104,7 @@ class LongRun : public Tool {
   }
 };
 
-TEST_F(LongRun, shows_its_progress_on_a_terminal_after_a_second_and_wipes_it_at_the_end) {
+TEST_F(LongRun, shows_its_progress_on_a_terminal_after_a_second_and_clears_it_at_the_end) {
   MakePipe("slow.mheg");
   Write("quick.mheg", kScene);
   const auto start = steady_clock::now();
@@ -115,11 +115,11 @@ TEST_F(LongRun, shows_its_progress_on_a_terminal_after_a_second_and_wipes_it_at_
   EXPECT_GE(steady_clock::now() - start, milliseconds(1000));
   EndWriting(slow);
   EXPECT_EQ(tool.Status(), 0);
-  EXPECT_TRUE(tool.Shown().ends_with(kWiped)) << tool.Shown();
+  EXPECT_TRUE(tool.Shown().ends_with(kCleared)) << tool.Shown();
   EXPECT_EQ(File("out/slow"), File("out/quick"));
 }
 
-TEST_F(LongRun, is_wiped_before_its_messages) {
+TEST_F(LongRun, clears_its_progress_before_messages) {
   MakePipe("slow.mheg");
   Write("bad.mheg", "{");
   OnTerminal tool(folder_, {"compile", "slow.mheg", "bad.mheg", "-o", "out/", "--jobs", "2"});
@@ -128,7 +128,7 @@ TEST_F(LongRun, is_wiped_before_its_messages) {
   EXPECT_TRUE(tool.Shows(kShown));
   EndWriting(slow);
   EXPECT_EQ(tool.Status(), 1);
-  EXPECT_NE(tool.Shown().find(std::string(kWiped) + "bad.mheg:1:2: "), std::string::npos)
+  EXPECT_NE(tool.Shown().find(std::string(kCleared) + "bad.mheg:1:2: "), std::string::npos)
       << tool.Shown();
 }
 
@@ -139,11 +139,11 @@ TEST_F(LongRun, of_less_than_a_second_shows_nothing) {
   EXPECT_EQ(tool.Shown(), "");
 }
 
-TEST_F(LongRun, shows_nothing_where_there_is_no_terminal) {
+TEST_F(LongRun, shows_nothing_without_a_terminal) {
   MakePipe("slow.mheg");
   std::thread writer([this] {
     const int slow = BeginToWrite("slow.mheg");
-    std::this_thread::sleep_for(milliseconds(1500));  // in which the line would have come
+    std::this_thread::sleep_for(milliseconds(1500));  // long enough for a progress line
     EndWriting(slow);
   });
   const ToolOutcome run = Call("compile slow.mheg -o slow");
@@ -152,7 +152,7 @@ TEST_F(LongRun, shows_nothing_where_there_is_no_terminal) {
   EXPECT_EQ(run.output, "");
 }
 
-TEST_F(LongRun, with_two_jobs_works_on_two_files_at_once) {
+TEST_F(LongRun, with_two_jobs_processes_two_files_in_parallel) {
   MakePipe("one.mheg");
   MakePipe("two.mheg");
   OnTerminal tool(folder_, {"compile", "one.mheg", "two.mheg", "-o", "out/", "--jobs", "2"});
@@ -167,7 +167,7 @@ TEST_F(LongRun, with_two_jobs_works_on_two_files_at_once) {
   EXPECT_TRUE(Exists("out/two"));
 }
 
-TEST_F(LongRun, with_one_job_works_on_one_file_after_the_other) {
+TEST_F(LongRun, with_one_job_processes_one_file_after_the_other) {
   MakePipe("one.mheg");
   MakePipe("two.mheg");
   OnTerminal tool(folder_, {"compile", "one.mheg", "two.mheg", "-o", "out/", "--jobs", "1"});

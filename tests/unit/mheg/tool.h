@@ -1,4 +1,4 @@
-// The built tool, called in a scratch folder of its own.
+// Runs the built tool in a temporary folder.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ class Tool : public testing::Test {
   }
   void TearDown() override { fs::remove_all(folder_); }
 
-  // Runs the tool in the scratch folder, by way of the program that `by` calls.
+  // Runs the tool in the temporary folder. `by` is a command prefix, such as a wrapper program.
   ToolOutcome Call(const std::string& arguments, const std::string& by = "") const {
     const std::string command =
         "exec 2>&1; cd '" + folder_.string() + "' && " + by + "'" KORVEL_TOOL "' " + arguments;

@@ -1,4 +1,4 @@
-// The tool as it is called: what it writes, what it says, and its exit status.
+// The command line of the tool: the files it writes, its messages, and its exit status.
 #include "unit/mheg/tool.h"
 
 #include <vector>
@@ -55,7 +55,7 @@ TEST_F(Tool, bad_ber_is_reported_with_file_and_byte) {
   EXPECT_FALSE(Exists("s.mheg"));
 }
 
-TEST_F(Tool, the_wrong_form_is_refused) {
+TEST_F(Tool, input_in_the_wrong_form_is_refused) {
   Write("s.mheg", kScene);
   EXPECT_EQ(Call("decompile s.mheg -o x").status, 1);
   EXPECT_EQ(Call("compile s.mheg -o s").status, 0);
@@ -63,8 +63,8 @@ TEST_F(Tool, the_wrong_form_is_refused) {
   EXPECT_FALSE(Exists("x"));
 }
 
-TEST_F(Tool, a_value_without_a_word_is_reported_and_not_written) {
-  // A scene with a Text of number 5 whose start corner, under tag 90, is 9.
+TEST_F(Tool, an_unknown_enumeration_value_is_reported_and_not_written) {
+  // A scene with Text 5 whose start corner, under tag 90, is 9.
   Write("s", std::string("\xA1\x0E\x02\x01\x00\xA8\x09\xBD\x07\x02\x01\x05\x9F\x5A\x01\x09", 16));
   const ToolOutcome run = Call("decompile s -o s.mheg");
   EXPECT_EQ(run.status, 1);
@@ -83,7 +83,7 @@ TEST_F(Tool, dumps_both_forms_alike) {
   EXPECT_EQ(Call("dump s.mheg s").output, text.output + text.output);
 }
 
-TEST_F(Tool, check_tells_by_its_status_whether_all_is_well) {
+TEST_F(Tool, check_returns_1_if_it_reports_anything) {
   Write("s.mheg", kScene);
   EXPECT_EQ(Call("check .").status, 0);
   Write("s.mheg", "{:Scene 0 :OnStartUp (:Run(5))}");
@@ -92,13 +92,13 @@ TEST_F(Tool, check_tells_by_its_status_whether_all_is_well) {
   EXPECT_EQ(run.output, "./s.mheg: object 0: refers to object 5, which does not exist\n");
 }
 
-TEST_F(Tool, check_finds_nothing_in_the_demos) {
+TEST_F(Tool, check_reports_nothing_for_the_demos) {
   const ToolOutcome run = Call("check '" KORVEL_SOURCE_DIR "/examples'");
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.output, "");
 }
 
-TEST_F(Tool, a_faulty_file_does_not_keep_others_from_being_printed) {
+TEST_F(Tool, a_faulty_file_does_not_stop_others_from_being_printed) {
   Write("bad", std::string("\xA1\x03\x02\x05\x00", 5));
   Write("good.mheg", kScene);
   const ToolOutcome run = Call("dump bad good.mheg");
@@ -115,13 +115,13 @@ TEST_F(Tool, errors_go_to_the_standard_error_and_trees_to_the_standard_output) {
             "bad.mheg:1:2: found the end of the text, expected :Application or :Scene\n");
 }
 
-TEST_F(Tool, unknown_words_are_only_reported_in_its_own_messages) {
+TEST_F(Tool, an_unknown_word_is_reported_once) {
   Write("bad.mheg", "{:Scene 0 :TextColor 1}");
   EXPECT_EQ(Call("compile bad.mheg -o bad").output,
             "bad.mheg:1:11: found :TextColor, expected a keyword such as :TEXTCOLOUR\n");
 }
 
-TEST_F(Tool, check_of_one_file_says_nothing_about_a_faulty_neighbour) {
+TEST_F(Tool, check_of_one_file_does_not_report_other_files) {
   Write("bad.mheg", "{:Scene 0 :TextColor 1}");
   Write("good.mheg", kScene);
   const ToolOutcome run = Call("check good.mheg");
@@ -129,7 +129,7 @@ TEST_F(Tool, check_of_one_file_says_nothing_about_a_faulty_neighbour) {
   EXPECT_EQ(run.output, "");
 }
 
-TEST_F(Tool, wrong_use_has_a_status_of_its_own) {
+TEST_F(Tool, wrong_usage_returns_2) {
   Write("one.mheg", kScene);
   Write("two.mheg", kScene);
   EXPECT_EQ(Call("").status, 2);
@@ -141,7 +141,7 @@ TEST_F(Tool, wrong_use_has_a_status_of_its_own) {
   EXPECT_EQ(Call("compile one.mheg two.mheg -o x").status, 2);
 }
 
-TEST_F(Tool, every_command_explains_itself) {
+TEST_F(Tool, every_command_has_help) {
   struct Help {
     const char* command;
     std::vector<const char*> words;
@@ -161,7 +161,7 @@ TEST_F(Tool, every_command_explains_itself) {
   }
 }
 
-TEST_F(Tool, messages_come_in_the_order_of_the_files_with_any_number_of_jobs) {
+TEST_F(Tool, messages_are_in_file_order_with_any_number_of_jobs) {
   std::string names;
   std::string expected;
   for (int i = 0; i < 40; ++i) {
@@ -180,7 +180,7 @@ TEST_F(Tool, messages_come_in_the_order_of_the_files_with_any_number_of_jobs) {
   }
 }
 
-TEST_F(Tool, what_cannot_be_written_is_an_error) {
+TEST_F(Tool, an_output_that_cannot_be_written_is_an_error) {
   Write("s.mheg", kScene);
   EXPECT_EQ(Call("compile s.mheg -o no/such/folder").status, 1);
 }

@@ -1,5 +1,4 @@
-// Action lists from their bytes: numbering, targets and the parameters of every shape, nested and
-// flat.
+// Decoding action lists: numbering, targets, and parameters of every shape, nested and flat.
 #include <gtest/gtest.h>
 
 #include "objects/objects.h"
@@ -17,7 +16,7 @@ std::uint32_t TagOf(Action action) { return 114U + static_cast<std::uint32_t>(ac
 
 Bytes Indirect(std::int64_t number) { return Holding(236, Integer(number)); }
 
-// One value as text: "I5", "B1", "S<bytes>", "R5" or "R~/a:5", "V5" for a variable, "C<path>", "-"
+// A value as text: "I5", "B1", "S<bytes>", "R5" or "R~/a:5", "V5" for a variable, "C<path>", "-"
 // for none.
 std::string Show(const ObjectReference& reference) {
   const std::string group(reference.GroupIdentifier.View());
@@ -37,7 +36,7 @@ std::string Show(const GenericValue& value) {
   return "?";
 }
 
-// The parameters of the only action of a list, separated by blanks; "refused" when it is refused.
+// The parameters of the only action of a list, separated by blanks, or "refused".
 std::string ParametersOf(const Bytes& actions) {
   const Decoded decoded = DecodeActions(actions);
   if (!decoded.IsDone()) return "refused";
@@ -49,14 +48,14 @@ std::string ParametersOf(const Bytes& actions) {
   return text;
 }
 
-// An action with target 1 and these parameters.
+// The parameters, as text, of an action with target 1 and these parameters.
 std::string Parameters(Action action, const Bytes& parameters) {
   return ParametersOf(Holding(TagOf(action), Integer(1) + parameters));
 }
 
 // ---- Lists ----
 
-TEST(DecodeActionList, every_tag_from_115_to_224_is_its_action) {
+TEST(DecodeActionList, tags_115_to_224_are_actions_1_to_110) {
   for (std::uint32_t tag = 115; tag <= 224; ++tag) {
     const Decoded decoded = DecodeActions(Holding(tag, Integer(1)));
     ASSERT_TRUE(decoded.IsDone()) << tag;
@@ -66,7 +65,7 @@ TEST(DecodeActionList, every_tag_from_115_to_224_is_its_action) {
   }
 }
 
-TEST(DecodeActionList, numbers_are_alphabetical_but_for_step_and_stop) {
+TEST(DecodeActionList, numbers_are_alphabetical_except_step_and_stop) {
   const std::pair<std::uint32_t, const char*> rows[] = {
       {115, "Activate"},     {116, "Add"},         {137, "Fork"},    {166, "Launch"},
       {176, "Quit"},         {178, "Run"},         {193, "SetData"}, {210, "SetTimer"},
@@ -77,7 +76,7 @@ TEST(DecodeActionList, numbers_are_alphabetical_but_for_step_and_stop) {
   }
 }
 
-TEST(DecodeActionList, other_context_tags_are_passed_over) {
+TEST(DecodeActionList, other_context_tags_are_skipped) {
   for (const std::uint32_t tag : {0U, 114U, 225U, 230U, 236U, 371U, 100000U}) {
     const Decoded decoded = DecodeActions(Holding(tag, "\xFF\xFF\xFF") + Holding(115, Integer(1)));
     ASSERT_TRUE(decoded.IsDone()) << tag;
@@ -120,7 +119,7 @@ std::string TargetOf(const Bytes& action) {
   return decoded.IsDone() ? Show(decoded.group->OnStartUp.At(0)->Target) : "refused";
 }
 
-TEST(DecodeTarget, is_a_reference_or_an_indirect_one) {
+TEST(DecodeTarget, is_a_direct_or_indirect_reference) {
   EXPECT_EQ(TargetOf(Holding(178, Integer(5))), "R5");
   EXPECT_EQ(TargetOf(Holding(178, External("~/a", 5))), "R~/a:5");
   EXPECT_EQ(TargetOf(Holding(178, Indirect(5))), "V5");
@@ -129,13 +128,13 @@ TEST(DecodeTarget, is_a_reference_or_an_indirect_one) {
   EXPECT_EQ(TargetOf(Primitive(178, "\x05")), "R5");
 }
 
-TEST(DecodeTarget, must_be_there_and_a_reference) {
+TEST(DecodeTarget, must_be_a_reference) {
   for (const Bytes& content : {""s, Boolean(true), Octets("x"), Null(), Enumerated(1)}) {
     EXPECT_EQ(TargetOf(Holding(178, content)), "refused") << Hexadecimal(content);
   }
 }
 
-TEST(DecodeTarget, a_wrapper_around_all_values_is_told_from_an_external_reference) {
+TEST(DecodeTarget, a_wrapper_around_all_values_is_distinguished_from_an_external_reference) {
   EXPECT_EQ(ParametersOf(Holding(116, Sequence(Integer(1) + Integer(7)))), "I7");
   EXPECT_EQ(ParametersOf(Holding(116, Sequence(External("~/a", 1) + Integer(7)))), "I7");
   EXPECT_EQ(ParametersOf(Holding(116, Sequence(Indirect(1) + Integer(7)))), "I7");
@@ -146,7 +145,7 @@ TEST(DecodeTarget, a_wrapper_around_all_values_is_told_from_an_external_referenc
 
 // ---- Parameters ----
 
-TEST(DecodeParameters, simple_ones_have_the_kind_of_their_place) {
+TEST(DecodeParameters, simple_parameters_have_the_kind_of_their_position) {
   EXPECT_EQ(Parameters(Action::Add, Integer(-5)), "I-5");
   EXPECT_EQ(Parameters(Action::Add, Enumerated(5)), "I5");
   EXPECT_EQ(Parameters(Action::Append, Octets("text")), "Stext");
@@ -181,7 +180,7 @@ TEST(DecodeParameters, each_may_be_indirect) {
   EXPECT_EQ(Parameters(Action::SetVariable, Indirect(5)), "V5");
 }
 
-TEST(DecodeParameters, missing_ones_leave_the_list_shorter) {
+TEST(DecodeParameters, missing_parameters_shorten_the_list) {
   EXPECT_EQ(Parameters(Action::Add, ""), "");
   EXPECT_EQ(Parameters(Action::SetPosition, Integer(1)), "I1");
   EXPECT_EQ(Parameters(Action::SetTimer, Integer(1)), "I1");
@@ -191,11 +190,11 @@ TEST(DecodeParameters, missing_ones_leave_the_list_shorter) {
   EXPECT_EQ(Parameters(Action::TransitionTo, ""), "");
 }
 
-TEST(DecodeParameters, tags_of_later_editions_behind_them_are_passed_over) {
+TEST(DecodeParameters, unknown_tags_after_them_are_skipped) {
   EXPECT_EQ(Parameters(Action::Add, Integer(5) + Holding(240, "\xFF")), "I5");
 }
 
-TEST(DecodeParameters, typed_values_are_told_by_their_tag) {
+TEST(DecodeParameters, typed_values_are_identified_by_their_tag) {
   EXPECT_EQ(Parameters(Action::SetVariable, Holding(225, Boolean(true))), "B1");
   EXPECT_EQ(Parameters(Action::SetVariable, Holding(226, Integer(5))), "I5");
   EXPECT_EQ(Parameters(Action::SetVariable, Holding(227, Octets("x"))), "Sx");
@@ -216,7 +215,7 @@ TEST(DecodeParameters, typed_values_may_have_an_implicit_tag) {
   EXPECT_EQ(Parameters(Action::SetVariable, Primitive(229, "/p")), "C/p");
 }
 
-TEST(DecodeParameters, a_typed_value_of_another_type_than_its_tag_is_refused) {
+TEST(DecodeParameters, a_typed_value_that_does_not_match_its_tag_is_refused) {
   EXPECT_EQ(Parameters(Action::SetVariable, Holding(225, Integer(1))), "refused");
   EXPECT_EQ(Parameters(Action::SetVariable, Holding(226, Octets("x"))), "refused");
   EXPECT_EQ(Parameters(Action::SetVariable, Holding(229, Octets("/p"))), "refused");
@@ -231,7 +230,7 @@ TEST(DecodeParameters, send_event_and_test_variable_end_with_a_typed_value) {
   EXPECT_EQ(Parameters(Action::TestVariable, Integer(1) + Holding(226, Integer(5))), "I1 I5");
 }
 
-TEST(DecodeParameters, call_and_fork_take_their_list_nested_and_flat) {
+TEST(DecodeParameters, lists_of_call_and_fork_are_nested_or_flat) {
   const Bytes list =
       Holding(226, Integer(1)) + Holding(227, Octets("x")) + Holding(228, Integer(5));
   for (const Action action : {Action::Call, Action::Fork}) {
@@ -280,7 +279,7 @@ TEST(DecodeParameters, timer_and_speed_are_nested_or_flat) {
   EXPECT_EQ(Parameters(Action::SetCounterTrigger, Integer(1) + Integer(2)), "I1 I2");
 }
 
-TEST(DecodeParameters, colours_and_fonts_with_and_without_their_tags) {
+TEST(DecodeParameters, colours_and_fonts_may_have_tags) {
   for (const Action action : {Action::SetFillColour, Action::SetLineColour}) {
     EXPECT_EQ(Parameters(action, Integer(5)), "I5");
     EXPECT_EQ(Parameters(action, Octets("rgb")), "Srgb");
@@ -324,7 +323,7 @@ TEST(DecodeParameters, a_null_number_has_kind_none) {
   EXPECT_EQ(Parameters(Action::TransitionTo, Indirect(2)), "V2");
 }
 
-TEST(DecodeParameters, the_same_action_nested_in_every_way_gives_the_same) {
+TEST(DecodeParameters, every_nesting_of_an_action_decodes_to_the_same_parameters) {
   const Bytes timer = Sequence(Integer(500) + Boolean(true));
   EXPECT_EQ(ParametersOf(Sequence(Holding(210, Sequence(Integer(1) + Integer(9) + timer)))),
             "I9 I500 B1");

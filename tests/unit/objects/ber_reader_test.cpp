@@ -1,4 +1,4 @@
-// The primitives of the interchange form: headers, numbers and strings within their bounds.
+// Reading BER primitives: headers, numbers and strings, within their bounds.
 #include "objects/ber/ber_reader.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::string_literals;
 
-// A reader over a block of exactly these bytes.
+// A reader over a heap block of exactly these bytes.
 class Reading {
  public:
   explicit Reading(const Bytes& bytes)
@@ -94,7 +94,7 @@ TEST(BerReader, indefinite_length_reads_as_zero) {
   EXPECT_EQ(element.Integer(), 5);
 }
 
-// Nothing bounds the number of length bytes: they add up in 32 bits.
+// The number of length bytes is not limited. Their value is kept modulo 2^32.
 TEST(BerReader, more_than_four_length_bytes_keep_the_low_32_bits) {
   Reading reading("\x04\x85\x01\x00\x00\x00\x02xy"s);
   ber::BerReader reader = reading.Reader();
@@ -151,7 +151,7 @@ TEST(BerReader, integers_longer_than_four_bytes_keep_the_low_32_bits) {
 
 TEST(BerReader, an_integer_without_content_is_zero) { EXPECT_EQ(IntegerOf(""), 0); }
 
-// Wraps `element` in so many SEQUENCEs.
+// Wraps `element` in `count` nested SEQUENCEs.
 Bytes Wrapped(Bytes element, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) element = Sequence(element);
   return element;
@@ -179,13 +179,13 @@ TEST(ListReader, wrappers_are_entered_and_left_again) {
   EXPECT_TRUE(isRead);
 }
 
-TEST(ListReader, nothing_but_empty_wrappers_is_an_empty_list) {
+TEST(ListReader, empty_wrappers_are_an_empty_list) {
   bool isRead = false;
   EXPECT_EQ(CountEntries(Sequence("") + Wrapped("", 3), isRead), 0U);
   EXPECT_TRUE(isRead);
 }
 
-TEST(ListReader, sixty_four_levels_are_read_and_no_more) {
+TEST(ListReader, at_most_64_levels_are_read) {
   bool isRead = false;
   EXPECT_EQ(CountEntries(Wrapped(Integer(1), 63), isRead), 1U);
   EXPECT_TRUE(isRead);
@@ -193,7 +193,7 @@ TEST(ListReader, sixty_four_levels_are_read_and_no_more) {
   EXPECT_FALSE(isRead);
 }
 
-TEST(ListReader, a_row_of_wrappers_is_no_nesting) {
+TEST(ListReader, consecutive_wrappers_are_not_nested) {
   Bytes row;
   for (int i = 0; i < 16000; ++i) row += "\x30\x80"s;
   bool isRead = false;

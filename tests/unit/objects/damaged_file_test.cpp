@@ -1,5 +1,5 @@
-// A good file cut at every byte and changed in every byte: refused or read, but never read beyond
-// its end, never left half owned, and never slow.
+// A valid file truncated at every byte and changed in every byte. It is refused or read, but never
+// read past its end, never leaked, and never slow.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -12,13 +12,13 @@
 namespace korvel::test {
 namespace {
 
-// What stands behind a group file's outermost header.
+// The contents of a group file, without its outermost header.
 Bytes ContentOf(const Bytes& file) {
   const auto length = static_cast<unsigned char>(file[1]);
   return file.substr(length < 0x80 ? 2 : length - 0x80U + 2U);
 }
 
-// Small enough to try every change of every byte: one item of each class that differs in shape.
+// A file with one item of each shape, small enough to try every change of every byte.
 Bytes SmallFile() {
   const Bytes action = Holding(210, Integer(1) + Integer(2) + Sequence(Integer(500)));
   const Bytes persistent =
@@ -36,7 +36,7 @@ Bytes SmallFile() {
                    Holding(55, Sequence(Octets("~/n") + Integer(1))));
 }
 
-TEST(DamagedFile, the_sample_is_good_before_it_is_damaged) {
+TEST(DamagedFile, the_undamaged_sample_is_read) {
   const Decoded decoded = Decode(SmallFile());
   EXPECT_TRUE(decoded.IsDone());
   EXPECT_EQ(decoded.group->Items.Size(), 4U);
@@ -52,8 +52,8 @@ TEST(DamagedFile, cut_at_any_byte_it_is_refused) {
   EXPECT_EQ(LiveBlocks(), before);
 }
 
-// Here the outermost length says the truth, so that it is the contents that are cut short.
-TEST(DamagedFile, with_its_contents_cut_at_any_byte_it_keeps_the_record_for_its_release) {
+// The outermost length is adjusted, so that only the contents are truncated.
+TEST(DamagedFile, with_its_contents_cut_at_any_byte_it_returns_the_partial_record) {
   const std::size_t before = LiveBlocks();
   for (std::uint32_t seed = 0; seed < 4; ++seed) {
     const Bytes file = Encode(*MakeRandomGroup(seed));
@@ -102,7 +102,7 @@ double SecondsToDecode(const Bytes& file, bool& isDone) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-TEST(HostileFile, a_megabyte_of_nested_wrappers_is_refused_at_once) {
+TEST(HostileFile, five_thousand_nested_wrappers_are_refused_quickly) {
   Bytes nested = Integer(1);
   for (int i = 0; i < 5000; ++i) nested = Sequence(nested);
   bool isDone = true;

@@ -1,5 +1,5 @@
-// The values that attributes of many classes have, from their bytes: references, implicit and
-// explicit tags, sequences, colours and fonts; and what is passed over or refused around them.
+// Decoding values common to many classes: references, implicit and explicit tags, sequences,
+// colours and fonts, and which other elements are skipped or refused.
 #include <gtest/gtest.h>
 
 #include "objects/ber/ber.h"
@@ -14,7 +14,7 @@ using namespace std::string_literals;
 
 // ---- References ----
 
-TEST(DecodeReference, a_bare_integer_has_no_group_and_an_external_one_has) {
+TEST(DecodeReference, a_bare_integer_has_no_group_and_an_external_reference_has) {
   const Decoded decoded =
       Decode(FileWithItems(Holding(12, Integer(5)) + Holding(12, External("~/abc", 5))));
   ASSERT_TRUE(decoded.IsDone());
@@ -33,7 +33,7 @@ TEST(DecodeReference, an_empty_group_identifier_is_not_an_absent_one) {
   EXPECT_TRUE(decoded.ItemAt<Palette>(0).Reference.GroupIdentifier.IsPresent());
 }
 
-TEST(DecodeReference, another_type_where_a_reference_stands_leaves_it_empty) {
+TEST(DecodeReference, another_type_in_place_of_a_reference_leaves_it_empty) {
   const Bytes condition = Holding(62, Boolean(true) + Enumerated(6));
   const OneItem<Link> link(20, condition);
   ASSERT_TRUE(link.IsDone());
@@ -64,7 +64,7 @@ TEST(DecodeReference, every_form_under_a_context_tag_is_read) {
 
 // ---- Implicit and explicit tags ----
 
-TEST(DecodeAttribute, implicit_and_explicit_tags_give_the_same) {
+TEST(DecodeAttribute, implicit_and_explicit_tags_decode_to_the_same_values) {
   for (const Bytes& attributes :
        {Primitive(51, "\x04") + Primitive(54, "\x01") + Primitive(4, "info"),
         Holding(51, Integer(4)) + Holding(54, Boolean(true)) + Holding(4, Octets("info"))}) {
@@ -85,7 +85,7 @@ TEST(DecodeAttribute, an_explicit_tag_must_hold_one_element_of_its_type) {
   }
 }
 
-TEST(DecodeAttribute, a_boolean_is_one_byte_of_which_any_bit_makes_it_true) {
+TEST(DecodeAttribute, a_boolean_is_one_byte_and_true_unless_zero) {
   EXPECT_TRUE(AsScene(Decode(SceneFile(Primitive(54, "\x01"))).group).MovingCursor);
   EXPECT_TRUE(AsScene(Decode(SceneFile(Primitive(54, "\x80"))).group).MovingCursor);
   EXPECT_FALSE(AsScene(Decode(SceneFile(Primitive(54, "\0"s))).group).MovingCursor);
@@ -120,7 +120,7 @@ TEST(DecodeAttribute, a_repeated_attribute_replaces_and_releases_the_first) {
   EXPECT_EQ(LiveBlocks(), before);
 }
 
-TEST(DecodeBody, unknown_tags_are_passed_over_and_foreign_classes_refused) {
+TEST(DecodeBody, unknown_tags_are_skipped_and_foreign_classes_refused) {
   const Bytes known = Primitive(51, "\x04");
   for (const Bytes& unknown : {Primitive(99, "any"), Holding(200, "\xFF\xFF\xFF"), Boolean(true),
                                Null(), Element(0, true, 17, Integer(1)), Octets("x")}) {

@@ -1,5 +1,4 @@
-// Applications and scenes from their bytes: the file around them, their own attributes and the list
-// of their items.
+// Decoding applications and scenes: the file, the attributes of the group, and its list of items.
 #include <gtest/gtest.h>
 
 #include "objects/ber/ber.h"
@@ -38,7 +37,7 @@ TEST(DecodeGroup, another_first_tag_is_refused_without_a_record) {
   }
 }
 
-TEST(DecodeGroup, a_refused_file_replaces_what_the_caller_held) {
+TEST(DecodeGroup, a_refused_file_clears_the_output) {
   Decoded decoded = Decode(ApplicationFile(""));
   ASSERT_TRUE(decoded.group);
   EXPECT_EQ(DecodeGroup({}, decoded.group), Status::Refused);
@@ -46,7 +45,7 @@ TEST(DecodeGroup, a_refused_file_replaces_what_the_caller_held) {
   EXPECT_FALSE(IsApplication(decoded.group));
 }
 
-TEST(DecodeGroup, a_failure_in_the_contents_leaves_the_partly_built_record) {
+TEST(DecodeGroup, a_failure_in_the_contents_returns_the_partial_record) {
   const std::size_t before = LiveBlocks();
   {
     const Decoded decoded =
@@ -59,18 +58,18 @@ TEST(DecodeGroup, a_failure_in_the_contents_leaves_the_partly_built_record) {
   EXPECT_EQ(LiveBlocks(), before);
 }
 
-TEST(DecodeGroup, bytes_behind_the_group_are_not_looked_at) {
+TEST(DecodeGroup, bytes_after_the_group_are_ignored) {
   EXPECT_TRUE(Decode(ApplicationFile("") + "\xFF\xFF").IsDone());
 }
 
-TEST(DecodeGroup, the_error_offset_is_that_of_the_element_that_cannot_be_taken) {
+TEST(DecodeGroup, the_error_offset_is_that_of_the_invalid_element) {
   const Bytes good = Primitive(4, "info");
   const Bytes file = SceneFile(good + Primitive(3, "\x01") + Holding(54, Integer(1)));
-  // The INTEGER where a BOOLEAN belongs is the last element of the file.
+  // The INTEGER in place of a BOOLEAN is the last element of the file.
   EXPECT_EQ(Decode(file).error.offset, file.size() - Integer(1).size());
 }
 
-TEST(DecodeGroup, a_refusal_names_what_it_stands_in_and_what_was_expected) {
+TEST(DecodeGroup, an_error_names_its_construct_and_what_was_expected) {
   struct Case {
     Bytes attributes;  // of a scene
     std::string owner;
@@ -115,7 +114,7 @@ TEST(DecodeGroup, a_refusal_names_what_it_stands_in_and_what_was_expected) {
 
 // ---- Groups ----
 
-TEST(DecodeApplication, only_a_reference_gives_the_defaults_and_no_items) {
+TEST(DecodeApplication, with_only_a_reference_has_its_defaults_and_no_items) {
   const Decoded decoded = Decode(ApplicationFile(""));
   ASSERT_TRUE(decoded.IsDone());
   const Application& application = AsApplication(decoded.group);
@@ -223,14 +222,14 @@ TEST(DecodeScene, has_its_own_defaults_and_attributes) {
   EXPECT_EQ(scene.NextScenes.At(1)->Weight, 255);
 }
 
-TEST(DecodeScene, next_scenes_are_read_behind_an_explicit_tag_too) {
+TEST(DecodeScene, next_scenes_may_be_in_an_explicit_sequence) {
   const Bytes list = Sequence(Octets("~/one") + Integer(1));
   const Decoded decoded = Decode(SceneFile(Holding(55, Sequence(list))));
   ASSERT_TRUE(decoded.IsDone());
   EXPECT_EQ(AsScene(decoded.group).NextScenes.Size(), 1U);
 }
 
-TEST(DecodeScene, has_no_attributes_of_an_application) {
+TEST(DecodeScene, ignores_the_attributes_of_an_application) {
   EXPECT_TRUE(Decode(SceneFile(Primitive(35, "junk"))).IsDone());
   EXPECT_FALSE(Decode(ApplicationFile(Holding(35, Null()))).IsDone());
 }
@@ -251,7 +250,7 @@ TEST(DecodeItems, every_item_tag_makes_its_class) {
   EXPECT_EQ(tag, 35U);
 }
 
-TEST(DecodeItems, tags_of_no_item_are_passed_over_and_the_next_item_is_read) {
+TEST(DecodeItems, unknown_item_tags_are_skipped) {
   for (const std::uint32_t tag : {0U, 8U, 35U, 92U, 95U, 96U, 97U, 115U, 230U}) {
     const Decoded decoded =
         Decode(FileWithItems(Holding(tag, "\xFF\xFF") + Holding(29, Integer(3))));

@@ -1,4 +1,4 @@
-// The objects of a group from their bytes: which tag fills which field of which class.
+// Decoding the objects of a group: which tag sets which field of which class.
 #include <gtest/gtest.h>
 
 #include "objects/ber/ber.h"
@@ -30,7 +30,7 @@ TEST(DecodeIngredient, only_the_original_cache_priority_starts_at_127) {
     const OneItem<Palette> palette(12, attribute);
     ASSERT_TRUE(palette.IsDone());
     EXPECT_EQ(palette->OriginalContent.CachePriority, 127);
-    EXPECT_EQ(palette->Content.CachePriority, 0) << "nothing has prepared the object yet";
+    EXPECT_EQ(palette->Content.CachePriority, 0) << "the object is not prepared yet";
   }
 }
 
@@ -81,7 +81,7 @@ TEST(DecodeIngredient, referenced_content_has_an_optional_size_and_priority) {
   }
 }
 
-TEST(DecodeIngredient, classes_without_content_pass_content_over) {
+TEST(DecodeIngredient, classes_without_content_skip_it) {
   const OneItem<Link> link(20, Holding(58, Integer(1)) + Primitive(57, "\x05"));
   ASSERT_TRUE(link.IsDone());
   EXPECT_EQ(link->ContentHOOK, 0);
@@ -100,7 +100,7 @@ TEST(DecodeLink, condition_and_effect) {
   EXPECT_EQ(link->LinkEffect.Size(), 2U);
 }
 
-TEST(DecodeLink, event_data_has_the_kind_of_its_type_and_none_when_absent) {
+TEST(DecodeLink, event_data_has_the_kind_of_its_type_or_none) {
   const Bytes start = Integer(3) + Enumerated(6);
   EXPECT_EQ(OneItem<Link>(20, Holding(62, start))->Condition.EventData.Kind, ValueKind::None);
   const OneItem<Link> boolean(20, Holding(62, start + Boolean(true)));
@@ -112,7 +112,7 @@ TEST(DecodeLink, event_data_has_the_kind_of_its_type_and_none_when_absent) {
   EXPECT_FALSE(OneItem<Link>(20, Holding(62, start + Null())).IsDone());
 }
 
-TEST(DecodeLink, condition_is_read_behind_an_explicit_tag_with_either_reference) {
+TEST(DecodeLink, condition_may_be_in_an_explicit_sequence_with_either_reference) {
   for (const Bytes& source : {Integer(3), External("~/a", 3)}) {
     const Bytes condition = source + Enumerated(6);
     const OneItem<Link> link(20, Holding(62, Sequence(condition)));
@@ -161,7 +161,7 @@ TEST(DecodeVariable, a_value_of_another_type_is_refused) {
   EXPECT_FALSE(OneItem<ContentRefVariable>(19, Holding(67, Holding(68, Integer(1)))).IsDone());
 }
 
-TEST(DecodeVariable, the_internal_value_is_left_to_preparation) {
+TEST(DecodeVariable, the_run_time_value_is_not_set) {
   const OneItem<IntegerVariable> variable(16, Holding(67, Integer(5)));
   EXPECT_EQ(variable->Value, 0);
 }
@@ -193,7 +193,7 @@ TEST(DecodeTokenGroup, movements_members_and_slots) {
   EXPECT_TRUE(group->NoTokenActionSlots.At(0)->IsNull);
 }
 
-TEST(DecodeTokenGroup, lists_are_read_behind_explicit_tags_too) {
+TEST(DecodeTokenGroup, lists_may_be_in_an_explicit_sequence) {
   const Bytes row = Sequence(Integer(2) + Integer(1));
   for (const Bytes& member : {Sequence(Integer(1)), Sequence(External("~/a", 1)),
                               Sequence(External("~/a", 1) + Sequence(Null()))}) {
@@ -289,7 +289,7 @@ TEST(DecodeText, an_unknown_number_of_an_enumeration_is_kept) {
   EXPECT_EQ(OneItem<Text>(29, Primitive(87, "\x63"))->HorizontalJustification, Justification{99});
 }
 
-TEST(DecodeInteractible, attributes_left_out_have_their_defaults) {
+TEST(DecodeInteractible, missing_attributes_have_their_defaults) {
   const OneItem<EntryField> field(30, "");
   ASSERT_TRUE(field.IsDone());
   EXPECT_TRUE(field->EngineResp);

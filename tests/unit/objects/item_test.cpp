@@ -1,4 +1,4 @@
-// Making and releasing records by class number.
+// Creating and releasing records by class number.
 #include "objects/item.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 namespace korvel::test {
 namespace {
 
-TEST(Item, every_ingredient_class_can_be_made) {
+TEST(Item, every_ingredient_class_can_be_created) {
   const std::size_t before = LiveBlocks();
   for (std::uint32_t number = 3; number <= 32; ++number) {
     if (number == 22) continue;
@@ -22,21 +22,20 @@ TEST(Item, every_ingredient_class_can_be_made) {
   EXPECT_EQ(LiveBlocks(), before);
 }
 
-TEST(Item, numbers_of_no_ingredient_class_make_nothing) {
+TEST(Item, unknown_class_numbers_create_nothing) {
   for (const std::uint32_t number : {0U, 1U, 2U, 22U, 33U, 999U}) {
     EXPECT_FALSE(Item::New(static_cast<ItemType>(number))) << number;
   }
 }
 
-TEST(Item, is_empty_when_memory_is_out) {
+TEST(Item, is_empty_when_out_of_memory) {
   FailAllocation(1);
   EXPECT_FALSE(Item::New(ItemType::Text));
   FailAllocation(0);
 }
 
-// An unknown class number is a mistake of ours; the list that meets it is still released to its
-// end.
-TEST(Item, unknown_type_is_reported_and_the_walk_goes_on) {
+// An unknown class number is an internal error. Releasing the list continues with the next item.
+TEST(Item, releasing_an_unknown_type_is_reported_and_continues) {
   auto record = NewRecord<Palette>();
   const std::size_t before = LiveBlocks();
   List<Item> items;

@@ -1,4 +1,4 @@
-// The list that everything in a group is kept in.
+// The list type that holds everything in a group.
 #include "objects/list.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ List<int> MakeList(std::initializer_list<int> values) {
   return list;
 }
 
-TEST(List, appends_at_the_end_and_finds_by_place) {
+TEST(List, appends_at_the_end_and_finds_by_index) {
   const List<int> list = MakeList({1, 2, 3});
   EXPECT_EQ(ValuesOf(list), (std::vector{1, 2, 3}));
   EXPECT_EQ(list.Size(), 3U);
@@ -31,7 +31,7 @@ TEST(List, appends_at_the_end_and_finds_by_place) {
   EXPECT_EQ(list.At(3), nullptr);
 }
 
-TEST(List, inserts_before_a_place_and_past_the_end_at_the_end) {
+TEST(List, inserts_before_an_index_or_at_the_end) {
   List<int> list = MakeList({1, 3});
   ASSERT_NE(list.InsertAt(1, 2), nullptr);
   ASSERT_NE(list.InsertAt(0, 0), nullptr);
@@ -40,7 +40,7 @@ TEST(List, inserts_before_a_place_and_past_the_end_at_the_end) {
   EXPECT_EQ(ValuesOf(list), (std::vector{0, 1, 2, 3, 4, 5}));
 }
 
-TEST(List, removes_first_last_and_middle_and_goes_on_appending) {
+TEST(List, removes_first_last_and_middle_and_can_append_afterwards) {
   List<int> list = MakeList({1, 2, 3, 4});
   int taken = 0;
   EXPECT_TRUE(list.RemoveFirst([](int value) { return value == 4; }, &taken));

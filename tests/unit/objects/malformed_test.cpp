@@ -1,4 +1,4 @@
-// Every line of tests/malformed/interchange.txt: bytes, and what decoding them gives.
+// Checks each line of tests/malformed/interchange.txt: the bytes, and the result of decoding them.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -29,7 +29,7 @@ Line ParseLine(const std::string& text) {
   return line;
 }
 
-TEST(MalformedFiles, each_gives_the_stated_result_and_leaves_nothing_behind) {
+TEST(MalformedFiles, each_has_the_stated_result_and_leaks_nothing) {
   std::ifstream file(std::string(KORVEL_TESTS_FOLDER) + "/malformed/interchange.txt");
   ASSERT_TRUE(file);
   int count = 0;

@@ -1,5 +1,5 @@
-// Memory running out at the first, second, third ... allocation, until none fails: every operation
-// then says so, and nothing is left behind.
+// Every operation is run with its n-th allocation failing, for each n until none fails. It must
+// report the failure and leak nothing.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -13,8 +13,8 @@
 namespace korvel::test {
 namespace {
 
-// Calls `operation` with the n-th allocation failing, for each n until none fails; it must be Done
-// exactly then.
+// Calls `operation` with the n-th allocation failing, for each n until none fails. It must return
+// `failure` when an allocation failed and Done otherwise. Returns the number of failures.
 std::size_t FailEachAllocation(Status failure, const std::function<Status()>& operation) {
   for (std::size_t n = 1;; ++n) {
     const std::size_t before = LiveBlocks();
@@ -29,14 +29,14 @@ std::size_t FailEachAllocation(Status failure, const std::function<Status()>& op
   }
 }
 
-TEST(MemoryFailure, decoding_is_refused_and_leaves_nothing_behind) {
+TEST(MemoryFailure, decoding_is_refused_and_leaks_nothing) {
   const Bytes file = Encode(*MakeCompleteGroup(ItemType::Application));
   const std::size_t failures =
       FailEachAllocation(Status::Refused, [&file] { return Decode(file).status; });
   EXPECT_GT(failures, 300U);
 }
 
-TEST(MemoryFailure, a_group_record_that_cannot_be_made_leaves_no_record) {
+TEST(MemoryFailure, without_memory_for_the_group_no_record_is_returned) {
   FailAllocation(1);
   const Decoded decoded = Decode(ApplicationFile(""));
   FailAllocation(0);
@@ -44,7 +44,7 @@ TEST(MemoryFailure, a_group_record_that_cannot_be_made_leaves_no_record) {
   EXPECT_FALSE(decoded.group);
 }
 
-TEST(MemoryFailure, writing_is_refused_and_leaves_the_bytes_untouched) {
+TEST(MemoryFailure, writing_is_refused_and_does_not_change_the_output) {
   const OwnedGroup group = MakeCompleteGroup(ItemType::Scene);
   const std::size_t failures = FailEachAllocation(Status::Refused, [&group] {
     OctetString bytes;

@@ -1,5 +1,5 @@
-// The fixed messages: each has its text, each is printed somewhere, and nothing else in the
-// portable code prints to standard output.
+// The fixed messages: each has its own text and is printed somewhere, and the portable code prints
+// nothing else to standard output.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -69,8 +69,8 @@ std::set<std::string> Matches(const std::string& text, const char* pattern) {
   return found;
 }
 
-// The code that is not specific to Windows, without the table of messages. The dump prints to a
-// stream of its own.
+// The portable code, without the table of messages. The dump is excluded because it prints to a
+// given stream.
 std::string PortableCode() {
   std::string code;
   for (const char* folder : {"objects", "textual", "appearance", "engine", "actions"}) {

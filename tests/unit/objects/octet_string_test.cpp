@@ -1,4 +1,4 @@
-// Octet strings: bytes with a length, absent or present, and a zero behind them.
+// Octet strings: bytes with a length, absent or present, followed by a zero byte.
 #include "objects/octet_string.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ TEST(OctetString, absent_differs_from_empty) {
   EXPECT_FALSE(string.IsPresent());
 }
 
-TEST(OctetString, keeps_zeros_and_has_one_behind) {
+TEST(OctetString, keeps_zero_bytes_and_is_zero_terminated) {
   OctetString string;
   ASSERT_TRUE(string.Assign("a\0b"sv));
   EXPECT_EQ(string.Length(), 3U);
@@ -34,7 +34,7 @@ TEST(OctetString, keeps_zeros_and_has_one_behind) {
   EXPECT_EQ(string.Text()[3], '\0');
 }
 
-TEST(OctetString, of_zeros_has_as_many_and_one_behind) {
+TEST(OctetString, assigned_zeros_are_zero_terminated) {
   OctetString string;
   ASSERT_TRUE(string.Assign("abc"));
   ASSERT_TRUE(string.AssignZeros(2));
@@ -53,7 +53,7 @@ TEST(OctetString, can_be_assigned_from_and_appended_to_itself) {
   EXPECT_EQ(string.View(), "ca");
 }
 
-TEST(OctetString, stays_unchanged_when_memory_is_out) {
+TEST(OctetString, is_unchanged_when_out_of_memory) {
   OctetString string;
   ASSERT_TRUE(string.Assign("kept"));
   FailAllocation(1);

@@ -1,5 +1,5 @@
-// Completing references: every one without a group identifier gets its own copy of the group's
-// name.
+// Completing references: each reference without a group identifier receives its own copy of the
+// group's name.
 #include <gtest/gtest.h>
 
 #include <set>
@@ -30,13 +30,13 @@ std::string_view NameIn(const ObjectReference& reference) {
   return reference.GroupIdentifier.View();
 }
 
-TEST(CompleteReferences, an_item_gets_the_name_and_keeps_its_number) {
+TEST(CompleteReferences, an_item_receives_the_name_and_keeps_its_number) {
   const Decoded decoded = DecodeAndComplete(FileWithItem(12, ""));
   EXPECT_EQ(NameIn(decoded.ItemAt<Palette>(0).Reference), kName);
   EXPECT_EQ(decoded.ItemAt<Palette>(0).Reference.Number, 1);
 }
 
-TEST(CompleteReferences, a_group_that_was_given_is_kept) {
+TEST(CompleteReferences, an_explicit_group_is_kept) {
   const Decoded decoded = DecodeAndComplete(
       SceneFile(Holding(8, Holding(12, External("~/app", 1)) + Holding(12, External("", 2)))));
   EXPECT_EQ(NameIn(decoded.ItemAt<Palette>(0).Reference), "~/app");
@@ -106,7 +106,7 @@ TEST(CompleteReferences, variable_values_and_fonts_are_completed) {
   EXPECT_EQ(NameIn(text.ItemAt<Text>(0).OriginalFont.Reference), kName);
 }
 
-TEST(CompleteReferences, what_is_absent_stays_absent) {
+TEST(CompleteReferences, absent_references_stay_absent) {
   const Decoded decoded = DecodeAndComplete(FileWithItem(29, Holding(86, Octets("name"))));
   const Text& text = decoded.ItemAt<Text>(0);
   EXPECT_FALSE(text.OriginalPaletteRef.IsPresent);
@@ -114,7 +114,7 @@ TEST(CompleteReferences, what_is_absent_stays_absent) {
   EXPECT_FALSE(text.OriginalFont.Reference.GroupIdentifier.IsPresent());
 }
 
-// Fails each allocation of the completion in turn, and gathers the messages.
+// Completes the references with each allocation failing in turn. Returns the messages printed.
 std::set<std::string> MessagesWhenMemoryIsOut(const Bytes& file) {
   std::set<std::string> messages;
   for (std::size_t n = 1;; ++n) {

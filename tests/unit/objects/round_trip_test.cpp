@@ -1,4 +1,4 @@
-// What the writer writes reads back as the same group, and is BER to an independent reader too.
+// Encoded groups are decoded as the same group, and an independent reader accepts them as BER.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -58,13 +58,13 @@ TEST(RoundTrip, a_changed_attribute_makes_groups_differ) {
   EXPECT_FALSE(IsSame(*one, *other));
 }
 
-TEST(Writer, attributes_at_their_construction_values_are_left_out) {
+TEST(Writer, attributes_with_default_values_are_omitted) {
   OwnedGroup group(NewRecord<Scene>().release());
   ASSERT_TRUE(group->Reference.GroupIdentifier.Assign("~/g"));
   EXPECT_EQ(Encode(*group), SceneFile(""));
 }
 
-TEST(Writer, attributes_that_a_class_must_have_are_always_written) {
+TEST(Writer, required_attributes_are_always_written) {
   OwnedGroup group(NewRecord<Scene>().release());
   ASSERT_TRUE(group->Reference.GroupIdentifier.Assign("~/g"));
   ASSERT_NE(group->Items.Append(Item::New(ItemType::BooleanVariable)), nullptr);
@@ -80,7 +80,8 @@ TEST(Writer, extension_actions_cannot_be_written) {
   EXPECT_EQ(Encode(*group), "");
 }
 
-// What openssl says of the bytes, or an empty string when it does not accept them.
+// The output of openssl for the bytes. If openssl rejects them, the test fails and the result is
+// empty.
 std::string ParseWithOpenssl(const Bytes& bytes, const std::string& name) {
   const std::string path = testing::TempDir() + name + ".ber";
   std::ofstream(path, std::ios::binary) << bytes;

@@ -1,5 +1,5 @@
-// The groups made at random are a fair sample: what a round trip of all of them has passed, every
-// class, attribute, action and byte has passed.
+// The random groups are representative: a round trip of all of them covers every class, attribute,
+// action and byte value.
 #include "support/sample_groups.h"
 
 #include <gtest/gtest.h>
@@ -80,7 +80,7 @@ const Seen& All() {
   return seen;
 }
 
-TEST(RandomGroups, every_attribute_of_every_class_is_written_and_left_out) {
+TEST(RandomGroups, every_attribute_of_every_class_is_both_set_and_omitted) {
   for (const auto& [attribute, states] : All().isSet) EXPECT_EQ(states.size(), 2U) << attribute;
   std::size_t count = 0;
   const auto countAttributes = [&count]<class Record>() {
@@ -89,7 +89,7 @@ TEST(RandomGroups, every_attribute_of_every_class_is_written_and_left_out) {
   ForEachClass(ItemClasses{}, countAttributes);
   ForEachClass(ComponentClasses{}, countAttributes);
   ForEachClass(Classes<Application, Scene, DefaultAttributes>{}, countAttributes);
-  EXPECT_EQ(All().isSet.size(), count - 1);  // the default attributes stand for themselves
+  EXPECT_EQ(All().isSet.size(), count - 1);  // DefaultAttributes is counted by its members
 }
 
 TEST(RandomGroups, every_action_has_direct_and_indirect_values_at_every_place) {
@@ -104,7 +104,7 @@ TEST(RandomGroups, every_action_has_direct_and_indirect_values_at_every_place) {
   }
 }
 
-TEST(RandomGroups, actions_with_values_have_them_all_or_leave_some_out) {
+TEST(RandomGroups, actions_occur_with_all_and_with_missing_parameters) {
   for (int number = 1; number <= kDecodedActionCount; ++number) {
     const ActionRow& row = *FindAction(static_cast<std::uint8_t>(number));
     if (row.parameterCount == 0) continue;
@@ -114,7 +114,7 @@ TEST(RandomGroups, actions_with_values_have_them_all_or_leave_some_out) {
   }
 }
 
-TEST(RandomGroups, strings_hold_every_byte) {
+TEST(RandomGroups, strings_contain_every_byte_value) {
   for (std::size_t byte = 0; byte < 256; ++byte) EXPECT_TRUE(All().bytes[byte]) << byte;
 }
 

@@ -1,4 +1,4 @@
-// The growable row of plain values.
+// The growable array of plain values.
 #include "objects/sequence.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ TEST(Sequence, keeps_its_values_while_it_grows) {
   for (std::size_t i = 0; i < row.Size(); ++i) EXPECT_EQ(row[i], static_cast<int>(i));
 }
 
-TEST(Sequence, stays_unchanged_when_it_cannot_grow) {
+TEST(Sequence, is_unchanged_when_it_cannot_grow) {
   const std::size_t before = LiveBlocks();
   {
     Sequence<int> row;
@@ -23,7 +23,7 @@ TEST(Sequence, stays_unchanged_when_it_cannot_grow) {
     EXPECT_FALSE(row.Append(1));
     EXPECT_TRUE(row.IsEmpty());
     int count = 0;
-    FailAllocation(2);  // the first room is made, the next larger one is not
+    FailAllocation(2);  // the first buffer is allocated, the next larger one is not
     while (row.Append(count)) ++count;
     EXPECT_TRUE(HasFailedAllocation());
     EXPECT_EQ(row.Size(), static_cast<std::size_t>(count));

@@ -1,5 +1,5 @@
-// Context tags of later editions, wherever a file may hold them: they are passed over by their
-// length, and what stands around them is read as if they were not there.
+// Unknown context tags, at every position in a file. Elements with such a tag are skipped by their
+// length, and the elements around them are decoded as usual.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::string_literals;
 
-// A file in which `x` stands at every place where a decoder looks for the next element.
+// A file with `x` at every position where a decoder reads the next element.
 struct Place {
   const char* name;
   std::function<Bytes(const Bytes& x)> file;
@@ -135,7 +135,7 @@ const Place kPlaces[] = {
 
 class UnknownTag : public testing::TestWithParam<Place> {};
 
-TEST_P(UnknownTag, is_passed_over) {
+TEST_P(UnknownTag, is_skipped) {
   const auto& file = GetParam().file;
   const Decoded without = Decode(file(""));
   ASSERT_TRUE(without.IsDone());
@@ -147,7 +147,7 @@ TEST_P(UnknownTag, is_passed_over) {
   }
 }
 
-// It is passed over by its length, and so must have one.
+// Skipping needs a valid length.
 TEST_P(UnknownTag, that_is_cut_short_is_refused) {
   EXPECT_FALSE(Decode(GetParam().file("\x9F\x63"s)).IsDone());
 }
@@ -157,8 +157,8 @@ INSTANTIATE_TEST_SUITE_P(In, UnknownTag, testing::ValuesIn(kPlaces),
                            return tested.param.name;
                          });
 
-// The tags of generic values are no tags of other lists.
-TEST(UnknownTags, may_be_known_elsewhere) {
+// Tags that are known in one list are unknown in others.
+TEST(UnknownTags, may_be_known_in_other_lists) {
   for (const std::uint32_t tag : {60U, 69U, 115U, 226U, 236U}) {
     const Bytes x = Holding(tag, Integer(4));
     const OneItem<ListGroup> list(kListGroup, Holding(73, x + Pair(x) + x));
@@ -169,7 +169,7 @@ TEST(UnknownTags, may_be_known_elsewhere) {
   }
 }
 
-TEST(UnknownTags, do_not_stand_in_an_explicit_tag) {
+TEST(UnknownTags, are_refused_inside_an_explicit_tag) {
   const Bytes x = Primitive(99, "");
   EXPECT_FALSE(Decode(SceneFile(Holding(51, x + Integer(4)))).IsDone());
   EXPECT_FALSE(Decode(SceneFile(Holding(51, Integer(4) + x))).IsDone());

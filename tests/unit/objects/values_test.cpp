@@ -1,4 +1,4 @@
-// Deep copies of values: nothing is shared, and nothing changes when memory runs out.
+// Deep copies of values: nothing is shared, and nothing changes when a copy runs out of memory.
 #include "objects/values.h"
 
 #include <gtest/gtest.h>
@@ -24,8 +24,8 @@ GenericValue MakeValue() {
   return value;
 }
 
-// Copies with the n-th allocation failing until none fails, and expects the target unchanged each
-// time.
+// Copies with the n-th allocation failing, for each n until none fails. The target must stay
+// unchanged each time.
 template <class T>
 void ExpectCopyIsDeepAndSafe(const T& value) {
   const std::size_t before = LiveBlocks();
@@ -84,7 +84,7 @@ TEST(Values, content_copies_are_deep) {
   ExpectCopyIsDeepAndSafe(path);
 }
 
-TEST(Values, a_copy_outlives_what_it_was_made_from) {
+TEST(Values, a_copy_outlives_its_original) {
   GenericValue copy;
   {
     const GenericValue original = MakeValue();

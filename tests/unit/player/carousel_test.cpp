@@ -1,4 +1,4 @@
-// Paths of the broadcast file system, as a carousel folder resolves and reads them.
+// How a carousel folder resolves paths of the broadcast file system and reads files.
 #include "player/carousel.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A carousel folder with a secret file beside it, removed after the test.
+// A temporary carousel folder next to a file that must not be readable.
 class CarouselTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -38,7 +38,7 @@ class CarouselTest : public testing::Test {
   fs::path top_;
 };
 
-TEST_F(CarouselTest, both_slashes_separate_alike) {
+TEST_F(CarouselTest, slashes_and_backslashes_are_separators) {
   EXPECT_EQ(Read("pictures/logo.png"), "logo");
   EXPECT_EQ(Read("pictures\\logo.png"), "logo");
 }
@@ -49,13 +49,13 @@ TEST_F(CarouselTest, leading_and_doubled_slashes_are_ignored) {
   EXPECT_EQ(Read("//pictures\\\\logo.png"), "logo");
 }
 
-TEST_F(CarouselTest, dots_may_move_inside_the_folder) {
+TEST_F(CarouselTest, dots_are_resolved_inside_the_folder) {
   EXPECT_EQ(Read("./a"), "start-up");
   EXPECT_EQ(Read("pictures/../a"), "start-up");
   EXPECT_EQ(Read("pictures\\.\\logo.png"), "logo");
 }
 
-TEST_F(CarouselTest, nothing_leads_out_of_the_folder) {
+TEST_F(CarouselTest, paths_out_of_the_folder_are_refused) {
   EXPECT_EQ(Read("../secret"), "refused");
   EXPECT_EQ(Read("..\\secret"), "refused");
   EXPECT_EQ(Read("pictures/../../secret"), "refused");
@@ -78,11 +78,11 @@ TEST_F(CarouselTest, names_that_windows_would_shorten_are_refused) {
   EXPECT_EQ(Read(".. /secret"), "refused");
 }
 
-TEST_F(CarouselTest, a_zero_byte_is_no_part_of_a_name) {
+TEST_F(CarouselTest, a_name_with_a_zero_byte_is_refused) {
   EXPECT_EQ(Read(std::string_view("a\0b", 3)), "refused");
 }
 
-TEST_F(CarouselTest, folders_and_missing_files_do_not_read) {
+TEST_F(CarouselTest, folders_and_missing_files_are_refused) {
   EXPECT_EQ(Read("pictures"), "refused");
   EXPECT_EQ(Read("missing"), "refused");
   EXPECT_EQ(Read(""), "refused");

@@ -7,7 +7,7 @@ namespace {
 
 using player::VirtualKeyOf;
 
-TEST(KeyNames, control_keys_go_by_their_names) {
+TEST(KeyNames, control_keys_have_names) {
   EXPECT_EQ(VirtualKeyOf("Enter"), 13U);
   EXPECT_EQ(VirtualKeyOf("Escape"), 27U);
   EXPECT_EQ(VirtualKeyOf("Left"), 37U);
@@ -34,7 +34,7 @@ TEST(KeyNames, digits_and_keypad_digits_differ) {
   EXPECT_EQ(VirtualKeyOf("Keypad9"), 105U);
 }
 
-TEST(KeyNames, colours_and_text_are_letters) {
+TEST(KeyNames, colour_and_text_keys_are_letters) {
   EXPECT_EQ(VirtualKeyOf("Red"), VirtualKeyOf("R"));
   EXPECT_EQ(VirtualKeyOf("Green"), VirtualKeyOf("G"));
   EXPECT_EQ(VirtualKeyOf("Yellow"), VirtualKeyOf("Y"));

@@ -1,4 +1,4 @@
-// The command line of the host application: its results and its refusals.
+// The command line of the host application: the options read, and the mistakes reported.
 #include "player/options.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +38,7 @@ TEST(Options, all_options_are_read) {
   EXPECT_TRUE(options.isVerbose);
 }
 
-TEST(Options, every_mistake_is_one_line_and_status_2) {
+TEST(Options, every_mistake_prints_one_line_and_returns_2) {
   const std::vector<std::vector<const char*>> mistakes = {
       {},
       {"no such folder"},
@@ -53,14 +53,14 @@ TEST(Options, every_mistake_is_one_line_and_status_2) {
     player::Options options;
     testing::internal::CaptureStderr();
     EXPECT_EQ(Read(words, options), 2);
-    const std::string said = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(said.find('\n'), said.size() - 1) << said;
-    EXPECT_TRUE(said.starts_with("korvel-player: ")) << said;
+    const std::string printed = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(printed.find('\n'), printed.size() - 1) << printed;
+    EXPECT_TRUE(printed.starts_with("korvel-player: ")) << printed;
     EXPECT_TRUE(options.carousel.empty());
   }
 }
 
-TEST(Options, help_ends_with_status_0) {
+TEST(Options, help_returns_0) {
   player::Options options;
   testing::internal::CaptureStdout();
   EXPECT_EQ(Read({"--help"}, options), 0);

@@ -1,4 +1,4 @@
-// The steps of a script, and the line that is reported if it is wrong.
+// Reading the steps of a script, and reporting the first wrong line.
 #include "player/script.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ namespace {
 using player::Step;
 using player::StepKind;
 
-TEST(Script, gives_its_steps_in_order) {
+TEST(Script, returns_its_steps_in_order) {
   std::istringstream text("wait 250\nkey Red\nuntil 719 0 #0a80FF\nexpose\nshot "
                           "pictures/first one.png\ncatch 8 9 #123456 second one.png\nexit\n");
   std::vector<Step> steps;
@@ -36,7 +36,7 @@ TEST(Script, gives_its_steps_in_order) {
   EXPECT_EQ(steps[6].kind, StepKind::Exit);
 }
 
-TEST(Script, skips_blank_lines_remarks_and_line_ends_of_windows) {
+TEST(Script, skips_blank_lines_comments_and_carriage_returns) {
   std::istringstream text("# first\r\n\r\n  wait 1  \r\n\t# last\nexit");
   std::vector<Step> steps;
   std::string problem;
@@ -45,7 +45,7 @@ TEST(Script, skips_blank_lines_remarks_and_line_ends_of_windows) {
   EXPECT_EQ(steps[0].number, 1U);
 }
 
-TEST(Script, names_the_line_that_is_wrong_and_gives_no_steps) {
+TEST(Script, reports_the_wrong_line_and_returns_no_steps) {
   for (const char* wrong : {"wait",
                             "wait -1",
                             "wait 1s",

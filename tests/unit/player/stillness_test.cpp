@@ -1,4 +1,4 @@
-// Decides whether the engine is at rest and its picture final, from numbers that represent its
+// Tests the decision whether the engine is idle and its picture final. Plain numbers represent its
 // threads.
 #include "player/stillness.h"
 
@@ -8,13 +8,13 @@ namespace {
 
 using player::Stillness;
 
-// A round that is over after two looks.
+// Ends a round: the window has reached the mark and the worker has looked twice.
 void PassRound(Stillness& stillness, unsigned mark) {
   EXPECT_FALSE(stillness.IsRoundOver({.mark = mark, .idleLooks = 0}));
   EXPECT_TRUE(stillness.IsRoundOver({.mark = mark, .idleLooks = 2}));
 }
 
-TEST(Stillness, round_lasts_until_the_window_has_come_to_the_mark) {
+TEST(Stillness, round_lasts_until_the_window_has_reached_the_mark) {
   Stillness stillness(7);
   EXPECT_FALSE(stillness.IsRoundOver({.mark = 6, .idleLooks = 10}));
   EXPECT_FALSE(stillness.IsRoundOver({.mark = 6, .idleLooks = 20}));
@@ -30,14 +30,14 @@ TEST(Stillness, round_lasts_until_the_worker_has_looked_twice_after_the_mark) {
   EXPECT_TRUE(stillness.IsRoundOver({.mark = 1, .idleLooks = 7}));
 }
 
-TEST(Stillness, looks_are_counted_across_the_largest_number) {
+TEST(Stillness, the_count_of_looks_may_wrap) {
   Stillness stillness(1);
   EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idleLooks = ~0U}));
   EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idleLooks = 0}));
   EXPECT_TRUE(stillness.IsRoundOver({.mark = 1, .idleLooks = 1}));
 }
 
-TEST(Stillness, window_that_must_be_painted_keeps_the_round_open) {
+TEST(Stillness, round_lasts_until_the_window_is_painted) {
   Stillness stillness(1);
   EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idleLooks = 0, .isPainted = false}));
   EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idleLooks = 9, .isPainted = false}));

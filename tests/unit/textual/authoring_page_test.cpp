@@ -1,5 +1,5 @@
-// The page for authors tells the truth: its examples are whole groups that leave nothing out, and
-// they show every class, every attribute's keyword and every action.
+// Checks the authoring page: its examples are complete groups that compile, and they use every
+// class, every attribute keyword and every action.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -31,7 +31,7 @@ std::vector<std::string> Examples() {
   return examples;
 }
 
-TEST(AuthoringPage, every_example_is_a_whole_group_and_compiles) {
+TEST(AuthoringPage, every_example_is_a_complete_group_and_compiles) {
   const std::vector<std::string> examples = Examples();
   EXPECT_GE(examples.size(), 8U);
   for (const std::string& example : examples) {
@@ -48,7 +48,7 @@ TEST(AuthoringPage, every_example_is_a_whole_group_and_compiles) {
   }
 }
 
-TEST(AuthoringPage, the_examples_show_every_keyword_of_a_class_an_attribute_or_an_action) {
+TEST(AuthoringPage, the_examples_use_every_keyword_with_a_colon) {
   std::string all;
   for (const std::string& example : Examples()) all += example;
   for (char& c : all) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
@@ -63,7 +63,7 @@ TEST(AuthoringPage, the_examples_show_every_keyword_of_a_class_an_attribute_or_a
   }
 }
 
-// How often a word stands in a text, with anything but a letter behind it.
+// The number of occurrences of a word that are not followed by a letter.
 int CountOf(const std::string& text, const std::string& word) {
   int count = 0;
   for (std::size_t i = text.find(word); i != std::string::npos; i = text.find(word, i + 1)) {
@@ -72,7 +72,7 @@ int CountOf(const std::string& text, const std::string& word) {
   return count;
 }
 
-TEST(AuthoringPage, the_list_of_actions_has_each_of_them) {
+TEST(AuthoringPage, the_list_of_actions_is_complete) {
   const std::vector<std::string> examples = Examples();
   const std::string& actions = examples.back();
   for (int number = 1; number <= kDecodedActionCount; ++number) {
@@ -81,7 +81,7 @@ TEST(AuthoringPage, the_list_of_actions_has_each_of_them) {
   }
 }
 
-TEST(AuthoringPage, an_object_of_every_class_is_shown) {
+TEST(AuthoringPage, the_examples_have_an_object_of_every_class) {
   std::string all;
   for (const std::string& example : Examples()) all += example;
   const auto look = [&all]<class Record>() {

@@ -1,4 +1,4 @@
-// The page about behaviour leaves nothing out: its table names every class and every attribute.
+// Checks that the table of the behaviour page lists every class and every attribute.
 #include <gtest/gtest.h>
 
 #include <fstream>

@@ -1,4 +1,4 @@
-// Every keyword with its code, and the guesses at what an author meant.
+// Every keyword with its code, and the keywords suggested for misspelt words.
 #include "textual/keywords.h"
 
 #include <gtest/gtest.h>
@@ -108,7 +108,7 @@ TEST(Keywords, stop_precedes_step) {
   EXPECT_EQ(FindKeyword(":STEP"), 277);
 }
 
-TEST(Keywords, a_word_that_is_none_has_no_code) {
+TEST(Keywords, an_unknown_word_has_no_code) {
   EXPECT_EQ(FindKeyword(":FOO"), 0);
   EXPECT_EQ(FindKeyword(":Scene"), 0) << "the table holds upper case only";
   EXPECT_EQ(FindKeyword(":SCEN"), 0);
@@ -127,12 +127,12 @@ std::string Guess(std::string_view word) {
   return keyword == nullptr ? "none" : keyword;
 }
 
-TEST(NearestKeyword, slips_of_a_letter_are_forgiven) {
-  EXPECT_EQ(Guess(":TEXTCOLOR"), ":TEXTCOLOUR") << "left out";
-  EXPECT_EQ(Guess(":TEXTT"), ":TEXT") << "inserted";
-  EXPECT_EQ(Guess(":TAXT"), ":TEXT") << "changed";
+TEST(NearestKeyword, a_word_with_one_wrong_letter_finds_its_keyword) {
+  EXPECT_EQ(Guess(":TEXTCOLOR"), ":TEXTCOLOUR") << "a letter left out";
+  EXPECT_EQ(Guess(":TEXTT"), ":TEXT") << "a letter inserted";
+  EXPECT_EQ(Guess(":TAXT"), ":TEXT") << "a letter changed";
   EXPECT_EQ(Guess("ISRUNING"), "ISRUNNING");
-  EXPECT_EQ(Guess(":CONTENTREF)"), ":CONTENTREF") << "a bracket that has stuck to it";
+  EXPECT_EQ(Guess(":CONTENTREF)"), ":CONTENTREF") << "with a bracket at its end";
 }
 
 TEST(NearestKeyword, long_words_may_differ_by_more_letters) {
@@ -140,7 +140,7 @@ TEST(NearestKeyword, long_words_may_differ_by_more_letters) {
   EXPECT_EQ(Guess(":TXET"), "none") << "two letters of a short word";
 }
 
-TEST(NearestKeyword, words_that_resemble_none_have_none) {
+TEST(NearestKeyword, words_unlike_any_keyword_have_no_suggestion) {
   for (const char* word : {"", "X", "KEYPRESS", "RED", ":BUTTONPRESSED", "HELLO"}) {
     EXPECT_EQ(Guess(word), "none") << word;
   }

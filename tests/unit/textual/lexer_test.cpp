@@ -1,4 +1,4 @@
-// How a text falls into tokens, byte by byte.
+// How a text is divided into tokens.
 #include "textual/lexer.h"
 
 #include <gtest/gtest.h>
@@ -16,13 +16,13 @@ using namespace std::string_literals;
 struct Lexing {
   LexResult result = LexResult::Done;
   LexStop stop;
-  std::vector<int> codes;  // without the closing one
+  std::vector<int> codes;  // without the end of the text
   std::vector<std::int32_t> numbers;
   std::vector<std::string> strings;
 };
 
 Lexing LexText(const std::string& text) {
-  // The text stands at the end of its block, so that reading beyond it is seen.
+  // The text is in a block of exactly its size, so that the sanitizer reports a read past its end.
   const std::vector<char> exact(text.begin(), text.end());
   TokenList list;
   Lexing lexing;
@@ -41,7 +41,7 @@ TEST(Lexer, case_of_a_keyword_does_not_matter) {
   EXPECT_EQ(LexText(":SCENE :Scene centre CENTRE").codes, (std::vector<int>{24, 24, 116, 116}));
 }
 
-TEST(Lexer, stop_and_step_keep_their_own_order) {
+TEST(Lexer, stop_precedes_step) {
   EXPECT_EQ(LexText(":Stop :Step").codes, (std::vector<int>{276, 277}));
 }
 
@@ -88,7 +88,7 @@ TEST(Lexer, equals_sign_and_two_digits_are_a_byte_in_single_quotes) {
   EXPECT_EQ(LexText("'x=00=fF=Ffy'").strings, (std::vector<std::string>{"x\0\xFF\xFFy"s}));
 }
 
-TEST(Lexer, equals_sign_without_two_digits_stands_for_itself) {
+TEST(Lexer, equals_sign_without_two_digits_is_literal) {
   EXPECT_EQ(LexText("'=4g==41=4'").strings, (std::vector<std::string>{"=4g=A=4"}));
   EXPECT_EQ(LexText("'=' TRUE").strings, (std::vector<std::string>{"="}));
   EXPECT_EQ(LexText("'a\\'").strings, (std::vector<std::string>{"a\\"}));
@@ -99,17 +99,17 @@ TEST(Lexer, string_without_its_closing_quote_is_refused) {
        {"\"", "\"abc", "\"abc\\", "\"abc\\\"", "'", "'abc", "'=", "'=4", "'=41"}) {
     const Lexing lexing = LexText(text);
     EXPECT_EQ(lexing.result, LexResult::BadText) << text;
-    EXPECT_EQ(lexing.stop.offset, 0U) << "the place is the opening quote";
+    EXPECT_EQ(lexing.stop.offset, 0U) << "the reported place is the opening quote";
   }
 }
 
-TEST(Lexer, number_is_a_minus_or_a_digit_and_digits) {
+TEST(Lexer, number_is_digits_with_an_optional_minus) {
   EXPECT_EQ(LexText("1 23 -45 9").numbers, (std::vector<std::int32_t>{1, 23, -45, 9}));
   EXPECT_EQ(LexText("12)").codes, (std::vector<int>{306, 305}));
   EXPECT_EQ(LexText("-07").numbers, (std::vector<std::int32_t>{-7}));
 }
 
-TEST(Lexer, leading_zero_is_a_number_by_itself) {
+TEST(Lexer, leading_zero_is_a_separate_number) {
   EXPECT_EQ(LexText("07").numbers, (std::vector<std::int32_t>{0, 7}));
   EXPECT_EQ(LexText("00").numbers, (std::vector<std::int32_t>{0, 0}));
   EXPECT_EQ(LexText("0").numbers, (std::vector<std::int32_t>{0}));
@@ -123,7 +123,7 @@ TEST(Lexer, number_has_32_bits) {
   EXPECT_EQ(LexText(std::string(60000, '9')).result, LexResult::BadText);
 }
 
-TEST(Lexer, hexadecimal_number_is_refused_and_ends) {
+TEST(Lexer, hexadecimal_number_is_refused) {
   EXPECT_EQ(LexText("0x1").result, LexResult::BadText);
   EXPECT_EQ(LexText("TRUE 0X").result, LexResult::BadText);
 }
@@ -172,7 +172,7 @@ TEST(Lexer, unknown_word_is_reported_in_capitals) {
   EXPECT_EQ(lexing.stop.offset, 5U);
 }
 
-TEST(Lexer, bytes_outside_the_visible_ones_are_refused) {
+TEST(Lexer, invisible_bytes_are_refused) {
   EXPECT_EQ(LexText("\xC8").result, LexResult::BadText);
   EXPECT_EQ(LexText("\x7F").result, LexResult::BadText);
   EXPECT_EQ(LexText("\x01").result, LexResult::BadText);

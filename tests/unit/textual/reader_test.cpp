@@ -1,4 +1,4 @@
-// What the reader makes of whole groups and of each kind of value.
+// Reading whole groups and each kind of value from text.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -39,7 +39,7 @@ constexpr const char* kMenu = R"(
 }
 )";
 
-TEST(TextReader, a_scene_becomes_its_records) {
+TEST(TextReader, a_scene_is_read_into_its_records) {
   const Reading reading = ReadText(kMenu);
   ASSERT_EQ(reading.result, TextResult::Done) << reading.error.expected.data();
   EXPECT_FALSE(IsApplication(reading.group));
@@ -63,7 +63,7 @@ TEST(TextReader, a_scene_becomes_its_records) {
   EXPECT_EQ(setPosition.Parameters.At(1)->Integer, 200);
 }
 
-// A scene with these items, and its only item as the class that it is.
+// Reads a scene with these items; Only returns its single item as a Record.
 Reading ReadItems(const std::string& items) {
   return ReadText("{:Scene (\"~/s\" 0) :Items (" + items + ")}");
 }
@@ -88,7 +88,7 @@ std::string KindsOf(const ElementaryAction& action) {
   }
   return kinds;
 }
-// Whether a text is refused, with something expected at that line and column.
+// Succeeds if the text is refused at that line and column, with these reports.
 testing::AssertionResult IsRefusedAt(const Reading& reading, unsigned line, unsigned column,
                                      const std::string& found, const std::string& expected) {
   const TextError& error = reading.error;
@@ -102,7 +102,7 @@ testing::AssertionResult IsRefusedAt(const Reading& reading, unsigned line, unsi
          << ", expected " << error.expected.data();
 }
 
-TEST(TextReader, an_application_has_its_defaults_side_by_side_with_the_rest) {
+TEST(TextReader, default_attributes_of_an_application_are_mixed_with_its_others) {
   const Reading reading = ReadText(R"({:Application ("~/a" 0)
     :TextColour '=FF=FF=FF=00' :OnRestart (:Quit(0)) :Font "Sans" :BitmapCHook 4
     :BackgroundColour 7 :StdID 2 20})");
@@ -216,7 +216,7 @@ TEST(TextReader, a_stream_has_components_and_no_items) {
             TextResult::Refused);
 }
 
-TEST(TextReader, words_of_enumerations_count_from_one) {
+TEST(TextReader, enumeration_words_are_numbered_from_1) {
   const Reading reading = ReadItems(
       "{:EntryField 1 :OrigBoxSize 1 1 :StartCorner lower-right :LineOrientation Vertical "
       ":VJustification JUSTIFIED :InputType listed}");
@@ -227,7 +227,7 @@ TEST(TextReader, words_of_enumerations_count_from_one) {
   EXPECT_EQ(field.InputType, InputType{4});
   EXPECT_EQ(ReadItems("{:Slider 1 :OrigBoxSize 1 1 :Orientation centre}").result,
             TextResult::Refused)
-      << "a word of another enumeration";
+      << "the word belongs to another enumeration";
 }
 
 TEST(TextReader, event_data_is_a_boolean_an_integer_or_a_string) {
@@ -241,7 +241,7 @@ TEST(TextReader, event_data_is_a_boolean_an_integer_or_a_string) {
   EXPECT_EQ(kind("'=00'"), ValueKind::OctetString);
 }
 
-TEST(TextReader, composite_parameters_become_a_flat_row) {
+TEST(TextReader, composite_parameters_are_flattened) {
   EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":Call(1 2 :GBoolean TRUE :GInteger :IndirectRef 3 "
                                           ":GOctetString \"x\" :GObjectRef 4 "
                                           ":GContentRef :ContentRef \"~/c\")"))),
@@ -267,7 +267,7 @@ TEST(TextReader, composite_parameters_become_a_flat_row) {
   EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SendEvent(0 1 6)"))), "42");
 }
 
-TEST(TextReader, new_content_keeps_the_places_of_size_and_priority) {
+TEST(TextReader, an_omitted_size_of_new_content_is_null_before_a_priority) {
   EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetData(1 \"x\")"))), "3");
   EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetData(1 :NewRefContent (:ContentRef \"~/c\"))"))),
             "6");
@@ -293,7 +293,7 @@ TEST(TextReader, step_and_stop_have_their_own_numbers) {
   EXPECT_EQ(OnlyAction(ReadAction(":Step(1 5)")).ActionType, 101);
 }
 
-TEST(TextReader, an_error_has_the_furthest_place_and_what_was_expected) {
+TEST(TextReader, an_error_reports_the_furthest_place_and_the_expectation) {
   EXPECT_TRUE(IsRefusedAt(ReadText("{:Scene (\"~/s\" 0)\n  :SceneCS 720 :InputEventReg 1}"), 2, 16,
                           ":InputEventReg", "an integer"));
   EXPECT_TRUE(IsRefusedAt(ReadText("{:Scene (\"~/s\" 0)\n  :OrigBoxSize 1 1}"), 2, 3,
@@ -310,15 +310,15 @@ TEST(TextReader, an_error_has_the_furthest_place_and_what_was_expected) {
   EXPECT_TRUE(IsRefusedAt(ReadText("{:Text 1}"), 1, 2, ":Text", ":Application or :Scene"));
 }
 
-TEST(TextReader, a_byte_that_cannot_be_shown_is_found_by_its_number) {
+TEST(TextReader, an_invisible_byte_is_reported_by_its_number) {
   EXPECT_TRUE(IsRefusedAt(ReadText(std::string("{\0:Scene}", 9)), 1, 2, "byte 0",
                           "a keyword, a value or a bracket"));
   EXPECT_TRUE(IsRefusedAt(ReadText("\x1B[1m"), 1, 1, "byte 27", "a keyword, a value or a bracket"));
   EXPECT_TRUE(IsRefusedAt(ReadText("\xC8x"), 1, 1, "byte 200", "a keyword, a value or a bracket"));
 }
 
-// The numbers are what a caller without our headers sees.
-TEST(TextReader, everything_that_cannot_be_read_has_the_result_1) {
+// Callers without these headers see the numbers.
+TEST(TextReader, every_invalid_text_returns_1) {
   for (const std::string& text :
        {std::string("{:Scene 0x1}"), std::string("{:Scene -}"), std::string("{:Foo 0}"),
         std::string("{:Scene 0 /}"), std::string("{:Text 1}"), std::string("{:Scene 0"),
@@ -330,7 +330,7 @@ TEST(TextReader, everything_that_cannot_be_read_has_the_result_1) {
   EXPECT_EQ(static_cast<int>(ReadText("{:Scene 0}" + std::string(65525, ' ')).result), 0);
 }
 
-TEST(TextReader, a_word_that_is_no_keyword_is_printed) {
+TEST(TextReader, an_unknown_word_is_printed) {
   OwnedGroup group;
   testing::internal::CaptureStdout();
   const TextResult result = ReadTextGroup("{:Scene 0 :Foo}", group);
@@ -338,14 +338,14 @@ TEST(TextReader, a_word_that_is_no_keyword_is_printed) {
   EXPECT_EQ(result, TextResult::Refused);
 }
 
-TEST(TextReader, a_caller_that_takes_the_error_prints_it_itself) {
+TEST(TextReader, an_unknown_word_is_not_printed_if_the_caller_receives_the_error) {
   testing::internal::CaptureStdout();
   const Reading reading = ReadText("{:Scene 0 :Foo}");
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
   EXPECT_EQ(reading.error.unknownWord.View(), ":FOO}");
 }
 
-TEST(TextReader, a_failure_leaves_nothing) {
+TEST(TextReader, a_failure_returns_no_group) {
   OwnedGroup group;
   EXPECT_EQ(ReadTextGroup("{:Scene 0 :Items ({:Palette 1} {:Palette})}", group),
             TextResult::Refused);
@@ -360,7 +360,7 @@ std::string MissingOf(const Reading& reading) {
   return all;
 }
 
-TEST(TextReader, what_an_author_has_left_out_is_noted_and_read_all_the_same) {
+TEST(TextReader, missing_attributes_are_listed_but_do_not_fail) {
   const Reading reading = ReadText(
       "{:Scene 0 :Items ({:Link 1} {:Text 2} {:IntegerVar 3} {:TokenGroup 4} {:ResidentPrg 5}"
       " {:Stream 6})}");
@@ -371,14 +371,14 @@ TEST(TextReader, what_an_author_has_left_out_is_noted_and_read_all_the_same) {
             "70 ResidentProgram :Name\n87 Stream :Multiplex\n");
 }
 
-TEST(TextReader, parameters_that_are_left_out_leave_the_row_shorter_and_are_noted) {
+TEST(TextReader, missing_parameters_shorten_the_list_and_are_listed) {
   const Reading reading = ReadAction(":SetPosition(1 2) :Run(1) :TestVariable(1) :TransitionTo(2)");
   EXPECT_EQ(KindsOf(OnlyAction(reading)), "2");
   EXPECT_EQ(MissingOf(reading), "84 SetPosition a parameter\n110 TestVariable a parameter\n");
   EXPECT_TRUE(MissingOf(ReadAction(":SetLineColour(1) :SetSpeed(1 2) :SetTimer(0 1)")).empty());
 }
 
-TEST(TextReader, a_refusal_names_what_it_stands_in) {
+TEST(TextReader, an_error_names_its_construct) {
   struct Case {
     const char* text;
     const char* construct;
@@ -431,7 +431,7 @@ TEST(TextReader, every_failed_allocation_refuses_the_text_and_leaks_nothing) {
     EXPECT_FALSE(group);
     refused += result == TextResult::NoMemory ? 1 : 0;
   }
-  EXPECT_EQ(refused, 1U) << "only the application's record has a result of its own";
+  EXPECT_EQ(refused, 1U) << "only an allocation of the group record returns NoMemory";
   EXPECT_EQ(test::LiveBlocks(), before);
 }
 

@@ -1,5 +1,4 @@
-// Whatever a group holds, its two written forms are worth the same: any group survives the way from
-// BER to text and back.
+// BER and text are equivalent: any group survives the conversion from BER to text and back.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -32,7 +31,7 @@ OwnedGroup Read(const OctetString& text) {
   return group;
 }
 
-TEST(RoundTrip, bytes_survive_the_way_through_text) {
+TEST(RoundTrip, bytes_survive_conversion_to_text_and_back) {
   for (std::uint32_t seed = 0; seed < kGroups && !testing::Test::HasFailure(); ++seed) {
     OctetString bytes;
     ASSERT_EQ(EncodeGroup(*test::MakeRandomGroup(seed).get(), bytes), Status::Done);
@@ -49,7 +48,7 @@ TEST(RoundTrip, bytes_survive_the_way_through_text) {
   }
 }
 
-TEST(RoundTrip, text_is_stable) {
+TEST(RoundTrip, text_survives_reading_and_writing) {
   for (std::uint32_t seed = 0; seed < kGroups && !testing::Test::HasFailure(); ++seed) {
     OctetString text;
     ASSERT_EQ(WriteTextGroup(*test::MakeRandomGroup(seed).get(), text), Status::Done);

@@ -1,4 +1,4 @@
-// Every word that the tables of classes and actions write is a keyword that the lexer reads.
+// Checks that every word in the tables of classes and actions is a keyword of the lexer.
 #include <gtest/gtest.h>
 
 #include <set>
@@ -60,7 +60,7 @@ TEST(TableKeywords, every_word_of_the_tables_is_a_keyword) {
     const ActionRow* row = FindAction(static_cast<std::uint8_t>(number));
     words.Meet((":" + std::string(row->name)).c_str());
   }
-  // What only stands inside values and parameters.
+  // Words that occur only inside values and parameters.
   for (const char* word :
        {":ContentRef", ":ContentSize", ":CCPriority", ":ActionSlots", ":AbsoluteTime",
         ":NewAbsoluteColour", ":NewColourIndex", ":NewCCPriority", ":NewContentSize", ":GBoolean",
@@ -68,10 +68,10 @@ TEST(TableKeywords, every_word_of_the_tables_is_a_keyword) {
         ":IndirectRef", "NULL", "TRUE", "FALSE"}) {
     words.Meet(word);
   }
-  EXPECT_EQ(words.Met().size(), 300U) << "and every keyword has its use";
+  EXPECT_EQ(words.Met().size(), 300U) << "every keyword is used";
 }
 
-TEST(TableKeywords, action_keywords_follow_the_actions_numbers_but_for_stop_and_step) {
+TEST(TableKeywords, action_keywords_are_in_numerical_order_except_stop_and_step) {
   for (int code = 176; code <= 285; ++code) {
     const ActionRow* row = FindActionByName(KeywordText(static_cast<std::uint16_t>(code)) + 1);
     ASSERT_NE(row, nullptr) << KeywordText(static_cast<std::uint16_t>(code));
@@ -80,7 +80,7 @@ TEST(TableKeywords, action_keywords_follow_the_actions_numbers_but_for_stop_and_
   }
 }
 
-TEST(TableKeywords, event_keywords_follow_the_event_types) {
+TEST(TableKeywords, event_keywords_are_in_the_order_of_the_event_types) {
   for (std::uint16_t code = 40; code <= 70; ++code) {
     EXPECT_TRUE(IsSameWord(KeywordText(code), kWords<EventType>[code - 40U])) << code;
   }

@@ -1,4 +1,4 @@
-// How groups are laid out as text, and what cannot be written.
+// The layout of groups as text, and values that cannot be written.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -20,7 +20,7 @@ std::string Written(const std::string& text) {
   EXPECT_EQ(WriteTextGroup(*group, written), Status::Done);
   return std::string(written.View());
 }
-// What stands between ":OrigValue " and the end of its line.
+// The text between ":OrigValue " and the end of its line.
 std::string WrittenString(const std::string& bytes) {
   auto scene = NewRecord<Scene>();
   Item item = Item::New(ItemType::OctetStringVariable);
@@ -34,7 +34,7 @@ std::string WrittenString(const std::string& bytes) {
   return text.substr(start, text.find("\n    }", start) - start);
 }
 
-TEST(TextWriter, an_attribute_has_a_line_and_a_level_has_two_spaces) {
+TEST(TextWriter, each_attribute_has_a_line_and_each_level_two_spaces) {
   EXPECT_EQ(Written(R"({:scene ("~/s" 0) :scenecs 720 576 :items ({:palette 1} {:link 2
       :eventsource 0 :eventtype isrunning :linkeffect (:run(3) :setposition(4 :indirectref 5 -6))}
       {:tokengroup 7 :tokengroupitems ((1) (2 :actionslots (null (:stop(2)) ()))) :movementtable
@@ -69,36 +69,36 @@ TEST(TextWriter, an_attribute_has_a_line_and_a_level_has_two_spaces) {
 )");
 }
 
-TEST(TextWriter, construction_values_are_left_out_but_not_what_an_author_must_write) {
+TEST(TextWriter, default_values_are_omitted_except_for_required_attributes) {
   EXPECT_EQ(Written("{:Application 0 :StdVersion 1 :TextCHook -1 :BackgroundColour -1 :Items "
                     "({:IntegerVar 1 :InitiallyActive TRUE :OrigValue 0})}"),
             "{:Application 0\n  :Items (\n    {:IntegerVar 1\n      :OrigValue 0\n    }\n  )\n}\n");
 }
 
-TEST(TextWriter, referenced_content_stands_in_parentheses) {
+TEST(TextWriter, referenced_content_is_written_in_parentheses) {
   EXPECT_NE(Written("{:Scene 0 :Items ({:Bitmap 1 :OrigBoxSize 1 1 :OrigContent :ContentRef "
                     "\"~/p\" :CCPriority 5})}")
                 .find(":OrigContent :ContentRef (\"~/p\" :CCPriority 5)\n"),
             std::string::npos);
 }
 
-TEST(TextWriter, text_stands_in_double_quotes_and_other_bytes_in_single_ones) {
+TEST(TextWriter, text_is_written_in_double_quotes_and_other_bytes_in_single_quotes) {
   EXPECT_EQ(WrittenString(""), "\"\"");
   EXPECT_EQ(WrittenString("a 'b' =41"), "\"a 'b' =41\"");
   EXPECT_EQ(WrittenString("a\"b\\c"), "\"a\\\"b\\\\c\"");
   EXPECT_EQ(WrittenString("caf\xC3\xA9 \xE2\x82\xAC"), "\"caf\xC3\xA9 \xE2\x82\xAC\"");
   EXPECT_EQ(WrittenString("one\ntwo"), "'one=0Atwo'");
   EXPECT_EQ(WrittenString(std::string("a\0'=\x7F", 5)), "'a=00=27=3D=7F'");
-  EXPECT_EQ(WrittenString("\xE9t\xE9"), "'=E9t=E9'") << "no UTF-8";
+  EXPECT_EQ(WrittenString("\xE9t\xE9"), "'=E9t=E9'") << "not UTF-8";
   EXPECT_EQ(WrittenString("cut \xE2\x82"), "'cut =E2=82'");
 }
 
-TEST(TextWriter, colours_are_coded_byte_by_byte) {
+TEST(TextWriter, colours_are_written_as_hexadecimal_bytes) {
   EXPECT_NE(Written("{:Application 0 :TextColour \"abcd\"}").find(":TextColour '=61=62=63=64'"),
             std::string::npos);
 }
 
-TEST(TextWriter, a_value_without_a_word_is_refused_with_its_place) {
+TEST(TextWriter, an_unknown_enumeration_value_is_refused_and_located) {
   const OwnedGroup group = Read("{:Scene 0 :Items ({:Palette 1} {:Text 5 :OrigBoxSize 1 1})}");
   group->Items.At(1)->As<Text>().StartCorner = StartCorner{9};
   OctetString written;
@@ -111,7 +111,7 @@ TEST(TextWriter, a_value_without_a_word_is_refused_with_its_place) {
   EXPECT_EQ(wordless.number, 9);
 }
 
-TEST(TextWriter, an_event_type_without_a_word_is_refused) {
+TEST(TextWriter, an_unknown_event_type_is_refused) {
   const OwnedGroup group =
       Read("{:Scene 0 :Items ({:Link 8 :EventSource 0 :EventType IsRunning :LinkEffect ()})}");
   group->Items.At(0)->As<Link>().Condition.EventType = EventType{32};
@@ -122,7 +122,7 @@ TEST(TextWriter, an_event_type_without_a_word_is_refused) {
   EXPECT_EQ(wordless.number, 32);
 }
 
-TEST(TextWriter, an_event_number_of_an_action_without_a_word_is_a_number) {
+TEST(TextWriter, an_unknown_event_type_of_an_action_is_written_as_a_number) {
   const std::string text =
       Written("{:Application 0 :OnStartUp (:SendEvent(0 0 6 :GInteger 1) :SendEvent(0 0 32))}");
   EXPECT_NE(text.find(":SendEvent(0 0 UserInput :GInteger 1)"), std::string::npos);

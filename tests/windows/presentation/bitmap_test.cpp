@@ -105,7 +105,7 @@ TEST_F(BitmapTest, a_transparency_of_100_is_invisible_0_opaque_and_50_half) {
   EXPECT_NEAR(mixed >> 8 & 0xFF, 127, 3);
 }
 
-TEST_F(BitmapTest, without_tiling_it_is_shown_once_and_the_rest_of_the_box_stays) {
+TEST_F(BitmapTest, without_tiling_it_is_shown_once_and_the_rest_of_the_box_is_unchanged) {
   bitmap.BoxSize = {100, 90};
   EXPECT_EQ(Paint().Extent(kWholeScene), (Area{100, 100, 140, 140}));
 }
@@ -147,7 +147,7 @@ TEST_F(BitmapTest, scaled_to_half_its_size_the_whole_picture_is_shown_small) {
   EXPECT_EQ(picture.At(125, 125), kBlack);
 }
 
-TEST_F(BitmapTest, scaled_to_nothing_it_is_not_drawn_and_not_missing) {
+TEST_F(BitmapTest, scaled_to_nothing_it_is_not_drawn_or_reported_missing) {
   for (const korvel::BoxSize size : {korvel::BoxSize{0, 40}, {40, 0}, {0, 0}}) {
     bitmap.ScaledSize = {size.Width, size.Height};
     EXPECT_TRUE(Paint().IsAll(kWholeScene, kBlack));

@@ -62,7 +62,7 @@ TEST_F(CanvasTest, a_line_that_leaves_the_canvas_keeps_its_slope) {
   EXPECT_NEAR(end.bottom, 200, 2);
 }
 
-TEST_F(CanvasTest, a_rectangle_has_its_border_inside_and_its_fill_inside_of_that) {
+TEST_F(CanvasTest, a_rectangle_has_its_fill_inside_its_border) {
   red.width = 4;
   CanvasRectangle({10, 10}, {20, 20}, red, kOpaqueGreen, lineArt.Canvas);
   const Pixels picture = Paint();

@@ -170,7 +170,7 @@ TEST_F(ColoursTest, a_palette_whose_file_is_missing_is_read_again) {
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x01020304U);
 }
 
-TEST_F(ColoursTest, run_time_content_comes_before_the_original) {
+TEST_F(ColoursTest, run_time_content_overrides_the_original_content) {
   Palette& palette = AddPalette(App(), 7, kEntries);
   palette.Content.Data = Octets("\x21\x22\x23\x24");
   NamePalette(rectangle, "~/app", 7);

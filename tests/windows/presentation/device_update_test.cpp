@@ -52,7 +52,7 @@ TEST_F(DeviceUpdateTest, the_next_second_is_later_whatever_its_milliseconds) {
   EXPECT_EQ(Shown().At(0, 0), kGreen);
 }
 
-TEST_F(DeviceUpdateTest, without_its_stamp_an_update_is_never_skipped) {
+TEST_F(DeviceUpdateTest, without_a_stamp_an_update_is_never_skipped) {
   PaintAll(kRedBytes);
   DeviceUpdate();
   PaintAll(kGreenBytes);

@@ -70,7 +70,7 @@ class DecodedIFrameTest : public IFrameTest {
   Decoder decoder;
 };
 
-TEST_F(DecodedIFrameTest, the_decoder_gets_the_path_an_empty_buffer_and_a_1) {
+TEST_F(DecodedIFrameTest, the_decoder_receives_the_path_a_zeroed_buffer_and_1) {
   static_cast<void>(PaintSamples(16, 128, 128));
   EXPECT_EQ(decoder.Record().calls, 1);
   EXPECT_EQ(decoder.Record().one, 1);

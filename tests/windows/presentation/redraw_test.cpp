@@ -44,7 +44,7 @@ TEST_F(RedrawTest, a_reset_makes_the_next_request_paint) {
   EXPECT_EQ(BackBufferPixels().At(120, 120), kRed);
 }
 
-TEST_F(RedrawTest, without_an_application_the_picture_is_cleared_and_the_window_stays) {
+TEST_F(RedrawTest, without_an_application_the_picture_is_cleared_and_the_window_is_unchanged) {
   Rectangle rectangle;
   Place(rectangle, 100, 100, 50, 50);
   ShowFilled(rectangle, kRedBytes);
@@ -97,7 +97,7 @@ TEST_F(RedrawTest, a_video_that_does_not_run_is_not_drawn) {
   EXPECT_TRUE(TheEngine().raised.empty());
 }
 
-TEST_F(RedrawTest, classes_that_are_not_drawn_are_skipped) {
+TEST_F(RedrawTest, objects_of_invisible_classes_are_skipped) {
   PushButton button;
   LineArt lineArt;
   RTGraphics graphics;

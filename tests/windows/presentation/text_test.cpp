@@ -105,13 +105,13 @@ TEST_F(TextTest, a_colour_code_with_no_text_after_it_does_not_change_the_backgro
   EXPECT_TRUE(picture.IsAll(kBox, kBlue));
 }
 
-TEST_F(TextTest, another_sequence_is_two_bytes) {
+TEST_F(TextTest, other_control_sequences_have_two_bytes) {
   const Pixels plain = Draw("HiHo");
   EXPECT_EQ(Draw("Hi\x1B\x42Ho"), plain);
   EXPECT_EQ(Draw("\x1B\x63HiHo"), plain);
 }
 
-TEST_F(TextTest, sequences_that_are_cut_short_end_the_text) {
+TEST_F(TextTest, truncated_sequences_end_the_text) {
   const Pixels plain = Draw("Hi");
   EXPECT_EQ(Draw("Hi\x1B"), plain);
   EXPECT_EQ(Draw("Hi\x1B\x43"), plain);
@@ -317,7 +317,7 @@ TEST_F(ObscuredInputTest, a_character_of_several_bytes_is_one_star) {
   ExpectSame("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z", "****");
 }
 
-TEST_F(ObscuredInputTest, line_breaks_stay_and_control_sequences_give_no_stars) {
+TEST_F(ObscuredInputTest, line_breaks_are_kept_and_control_sequences_give_no_stars) {
   ExpectSame("12\r3\n4", "**\r*\n*");
   ExpectSame("1\x1B\x42"
              "2",

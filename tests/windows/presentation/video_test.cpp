@@ -88,7 +88,7 @@ TEST_F(VideoTest, starting_and_ending_a_stream_changes_no_picture) {
   EXPECT_EQ(Paint(), before);
 }
 
-TEST_F(VideoTest, scaled_to_nothing_it_is_not_drawn_and_not_missing) {
+TEST_F(VideoTest, scaled_to_nothing_it_is_not_drawn_or_reported_missing) {
   for (const korvel::BoxSize size : {korvel::BoxSize{0, 288}, {360, 0}, {0, 0}}) {
     video.ScaledSize = {size.Width, size.Height};
     EXPECT_TRUE(Paint().IsAll(kWholeScene, kBlack));

@@ -1,4 +1,4 @@
-// Colours of objects: absolute, from palettes, and not set.
+// Tests objects' colours: absolute, from palettes, and not set.
 #include "appearance/colours.h"
 
 #include "presentation/gdi_plus.h"
@@ -146,7 +146,7 @@ TEST_F(ColoursTest, the_file_of_a_palette_is_read_once) {
     }
     EXPECT_EQ(TheHost().fetched, std::vector<std::string>{"colours\\p"}) << isPrepared;
   }
-  EXPECT_EQ(palette.OriginalContent.Data.View(), "~/colours/p") << "what was decoded stays";
+  EXPECT_EQ(palette.OriginalContent.Data.View(), "~/colours/p") << "decoded content must be kept";
 }
 
 TEST_F(ColoursTest, each_palette_reads_its_own_file) {

@@ -1,4 +1,4 @@
-// I-frames: the call of the host's decoder, and the picture of its result.
+// Tests I-frames: the call of the host's decoder, and the picture of its result.
 #include "presentation/i_frame.h"
 
 #include <algorithm>
@@ -58,7 +58,7 @@ TEST_F(IFrameTest, without_the_hosts_decoder_the_picture_is_missing) {
 
 class DecodedIFrameTest : public IFrameTest {
  protected:
-  // The picture of a frame of these samples.
+  // Paints a frame in which all samples have these values.
   [[nodiscard]] Pixels PaintSamples(std::uint8_t y, std::uint8_t u, std::uint8_t v) {
     TheHost().files["frame"] = kSequence;
     decoder.Record().y = y;
@@ -198,7 +198,7 @@ TEST_P(DecoderConventionTest, a_hundred_calls_leave_the_stack_and_the_locals_unc
   }
   EXPECT_EQ(decoded, kCalls);
   EXPECT_EQ(decoder.Record().calls, kCalls);
-  EXPECT_EQ(frames.size(), 1U) << "each call begins at the same address of the stack";
+  EXPECT_EQ(frames.size(), 1U) << "each call must begin at the same stack address";
   EXPECT_EQ(stream, Stream(16, 16, 235));
 }
 

@@ -1,5 +1,5 @@
-// Text: the area of its ink, the number of its lines, and its colours. Glyphs depend on the font,
-// so no test counts their pixels.
+// Tests text: the area that it covers, its number of lines, and its colours. Glyphs depend on the
+// font, so no test counts their pixels.
 #include "presentation/text.h"
 
 #include "presentation/presentation.h"
@@ -66,7 +66,7 @@ TEST_F(TextTest, styles_and_spacings_have_no_effect) {
 }
 
 TEST_F(TextTest, a_size_of_24_is_an_em_of_18_pixels) {
-  // The distance of two lines of the font at 18 pixels must be what GDI+ reports.
+  // The distance between two lines must be the one that GDI+ reports for the font at 18 pixels.
   FontFamilyOwner family;
   FontOwner font;
   ASSERT_TRUE(FindFontFamily(family));
@@ -324,7 +324,7 @@ TEST_F(ObscuredInputTest, line_breaks_are_kept_and_control_sequences_give_no_sta
              "**");
   const std::string red("\x1B\x43\x04\xFF\x00\x00\x00", 7);
   ExpectSame(red + "12", red + "**");
-  EXPECT_NE(Drawn(red + "12", true), Drawn("12", true)) << "the colour still counts";
+  EXPECT_NE(Drawn(red + "12", true), Drawn("12", true)) << "the colour code must still apply";
 }
 
 TEST_F(ObscuredInputTest, text_after_a_zero_is_not_drawn) {

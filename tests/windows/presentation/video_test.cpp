@@ -1,4 +1,4 @@
-// The picture that replaces broadcast video, and the cache that holds it.
+// Tests the picture that replaces broadcast video, and the cache that holds it.
 #include "platform/screen.h"
 #include "presentation/picture.h"
 #include "presentation/presentation.h"
@@ -72,7 +72,7 @@ TEST_F(VideoTest, the_picture_is_decoded_once_until_a_restart) {
   static_cast<void>(Paint());
   EXPECT_EQ(NamedImage("video.jpg"), first);
   ClearImageCache();
-  // Occupies the first one's place in memory.
+  // Reuses the memory of the first image, so that the next one has another address.
   ASSERT_NE(NamedImage("another"), nullptr);
   EXPECT_NE(NamedImage("video.jpg"), nullptr);
   EXPECT_NE(NamedImage("video.jpg"), first);

@@ -34,12 +34,12 @@ struct Life {
 struct Timer {
   std::int32_t id = 0;
   std::int32_t value = 0;   // milliseconds, as last set
-  bool isAbsolute = false;  // Value counts from the start of the process
+  bool isAbsolute = false;  // `value` counts from the start of the process
   ObjectReference owner;    // the group that set it first
 };
 
 struct Group : Root {
-  explicit Group(ItemType type) : type(type) {}
+  explicit Group(ItemType groupType) : type(groupType) {}
 
   ItemType type;  // Application or Scene
   StandardIdentifier Standard;

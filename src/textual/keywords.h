@@ -14,12 +14,12 @@ inline constexpr std::uint16_t kKeywordCount = 300;
 inline constexpr std::uint16_t kNullWord = 298;
 inline constexpr std::uint16_t kTrueWord = 299;
 inline constexpr std::uint16_t kFalseWord = 300;
-inline constexpr std::uint16_t kOpenBrace = 301;
-inline constexpr std::uint16_t kCloseBrace = 302;
-inline constexpr std::uint16_t kString = 303;
-inline constexpr std::uint16_t kOpenParenthesis = 304;
-inline constexpr std::uint16_t kCloseParenthesis = 305;
-inline constexpr std::uint16_t kInteger = 306;
+inline constexpr std::uint16_t kOpenBrace = kKeywordCount + 1;
+inline constexpr std::uint16_t kCloseBrace = kKeywordCount + 2;
+inline constexpr std::uint16_t kString = kKeywordCount + 3;
+inline constexpr std::uint16_t kOpenParenthesis = kKeywordCount + 4;
+inline constexpr std::uint16_t kCloseParenthesis = kKeywordCount + 5;
+inline constexpr std::uint16_t kInteger = kKeywordCount + 6;
 
 constexpr bool IsKeyword(std::uint16_t code) { return code >= 1 && code <= kKeywordCount; }
 

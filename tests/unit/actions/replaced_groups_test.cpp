@@ -145,10 +145,10 @@ TEST_P(ReplacedGroupsTest, the_new_group_runs_as_if_started_from_the_top) {
   if (ending.application == nullptr) return;
   const FoundObject counter = FindObject(
       Scope::SceneFirst, ending.scene == nullptr ? ending.application : ending.scene, 70);
-  ASSERT_EQ(counter.Type, ItemType::IntegerVariable);
+  ASSERT_EQ(counter.type, ItemType::IntegerVariable);
   EXPECT_EQ(counter.As<IntegerVariable>().Value, 1);
   for (const StackedVisible& entry : CurrentApplication()->DisplayStack) {
-    EXPECT_FALSE(IsGone(*entry.Visible)) << entry.visible->Reference.Number;
+    EXPECT_FALSE(IsGone(*entry.visible)) << entry.visible->Reference.Number;
   }
 }
 

@@ -195,7 +195,7 @@ TEST_F(RunActionsTest, a_launch_whose_variable_holds_no_name_ends_the_list_witho
               Status::Replaced);
     EXPECT_EQ(Integer(3), 0);
     EXPECT_EQ(TakeLog(), "missing");
-    EXPECT_EQ(CurrentGenerations().Application, static_cast<std::uint8_t>(before.Application + 1));
+    EXPECT_EQ(CurrentGenerations().application, static_cast<std::uint8_t>(before.application + 1));
   }
 }
 

@@ -49,7 +49,7 @@ TEST_F(TimerTest, an_absent_absolute_flag_is_stored_as_relative) {
   StartTimers();
   EXPECT_EQ(RunInScene(":SetTimer(0 5 1000)"), Status::Done);
   ASSERT_EQ(CurrentScene()->Timers.Size(), 1U);
-  EXPECT_FALSE(CurrentScene()->Timers.At(0)->IsAbsolute);
+  EXPECT_FALSE(CurrentScene()->Timers.At(0)->isAbsolute);
 }
 
 TEST_F(TimerTest, a_transition_kills_the_timers_of_the_scene) {

@@ -168,11 +168,11 @@ std::string operator+(std::string_view left, std::string_view right) {
 TEST(FrameSizeTest, the_size_is_in_the_sequence_header) {
   FrameSize size;
   ASSERT_TRUE(FindFrameSize(kHeader, size));
-  EXPECT_EQ(size.Width, 720);
-  EXPECT_EQ(size.Height, 576);
+  EXPECT_EQ(size.width, 720);
+  EXPECT_EQ(size.height, 576);
   ASSERT_TRUE(FindFrameSize("\x00\x00\x01\xB3\x00\x1F\x01"sv, size)) << "7 bytes are enough";
-  EXPECT_EQ(size.Width, 1);
-  EXPECT_EQ(size.Height, 0xF01);
+  EXPECT_EQ(size.width, 1);
+  EXPECT_EQ(size.height, 0xF01);
 }
 
 TEST(FrameSizeTest, a_stream_that_does_not_begin_with_a_whole_header_has_no_size) {
@@ -187,16 +187,16 @@ TEST(FrameSizeTest, a_failure_leaves_the_size_unchanged) {
   FrameSize size{.width = 3, .height = 4};
   EXPECT_FALSE(FindFrameSize("\x00\x00\x01\xB3\x00\x00\x40"sv, size)) << "no width";
   EXPECT_FALSE(FindFrameSize("\x00\x00\x01\xB3\x2D\x00\x00"sv, size)) << "no height";
-  EXPECT_EQ(size.Width, 3);
-  EXPECT_EQ(size.Height, 4);
+  EXPECT_EQ(size.width, 3);
+  EXPECT_EQ(size.height, 4);
 }
 
 TEST(FrameSizeTest, the_largest_size_of_a_header_is_decoded) {
   constexpr std::string_view kLargest = "\x00\x00\x01\xB3\xFF\xFF\xFF"sv;
   FrameSize size;
   ASSERT_TRUE(FindFrameSize(kLargest, size));
-  EXPECT_EQ(size.Width, 4095);
-  EXPECT_EQ(size.Height, 4095);
+  EXPECT_EQ(size.width, 4095);
+  EXPECT_EQ(size.height, 4095);
 }
 
 TEST(FrameSizeTest, a_stream_longer_than_any_picture_is_not_decoded) {

@@ -51,13 +51,13 @@ class RandomPoints {
 TEST(Clipping, a_line_inside_is_unchanged_and_a_line_outside_is_not_drawn) {
   LinePart part;
   EXPECT_TRUE(ClipLine({-kFar, 0}, {kFar, 7}, kFar, 0, part));
-  EXPECT_EQ(part.FromX, -kFar);
-  EXPECT_EQ(part.FromY, 0);
-  EXPECT_EQ(part.ToX, kFar);
-  EXPECT_EQ(part.ToY, 7);
+  EXPECT_EQ(part.fromX, -kFar);
+  EXPECT_EQ(part.fromY, 0);
+  EXPECT_EQ(part.toX, kFar);
+  EXPECT_EQ(part.toY, 7);
   EXPECT_FALSE(ClipLine({kFar + 1, 0}, {kFar + 9, 5}, kFar, 0, part));
   EXPECT_FALSE(ClipLine({0, 150}, {150, 0}, 70, 0, part)) << "past the corner";
-  EXPECT_EQ(part.ToY, 7) << "unchanged";
+  EXPECT_EQ(part.toY, 7) << "unchanged";
 }
 
 TEST(Clipping, a_line_is_cut_and_not_bent) {
@@ -74,14 +74,14 @@ TEST(Clipping, a_line_is_cut_and_not_bent) {
     for (const double place : {part.fromX, part.fromY, part.toX, part.toY}) {
       ASSERT_LE(std::abs(place), kFar + kRounding) << round;
     }
-    ASSERT_LE(Distance(from, to, part.FromX, part.FromY), kRounding) << round;
-    ASSERT_LE(Distance(from, to, part.ToX, part.ToY), kRounding) << round;
+    ASSERT_LE(Distance(from, to, part.fromX, part.fromY), kRounding) << round;
+    ASSERT_LE(Distance(from, to, part.toX, part.toY), kRounding) << round;
     if (IsDrawn(from)) {
-      ASSERT_EQ(part.FromX, from.X);
-      ASSERT_EQ(part.FromY, from.Y);
+      ASSERT_EQ(part.fromX, from.x);
+      ASSERT_EQ(part.fromY, from.y);
     }
     if (IsDrawn(to)) {
-      ASSERT_NEAR(part.ToX, to.X, kRounding);
+      ASSERT_NEAR(part.toX, to.x, kRounding);
     }
   }
 }
@@ -90,14 +90,14 @@ TEST(Clipping, a_line_loses_whole_dashes_at_its_beginning) {
   constexpr double kPeriod = 12;
   LinePart part;
   ASSERT_TRUE(ClipLine({-1000, 0}, {5000, 0}, 100, kPeriod, part));
-  EXPECT_DOUBLE_EQ(part.FromX, -1000 + 75 * kPeriod) << "the last one that begins outside";
-  EXPECT_DOUBLE_EQ(part.ToX, 100);
+  EXPECT_DOUBLE_EQ(part.fromX, -1000 + 75 * kPeriod) << "the last one that begins outside";
+  EXPECT_DOUBLE_EQ(part.toX, 100);
   ASSERT_TRUE(ClipLine({-3000, -4000}, {3000, 4000}, 100, kPeriod, part));
   const double lost = std::hypot(part.fromX + 3000, part.fromY + 4000) / kPeriod;
   EXPECT_NEAR(lost, std::round(lost), 1e-9);
   EXPECT_NEAR(lost * kPeriod, 5000 - 125, kPeriod);
   ASSERT_TRUE(ClipLine({50, 0}, {5000, 0}, 100, kPeriod, part));
-  EXPECT_EQ(part.FromX, 50);
+  EXPECT_EQ(part.fromX, 50);
 }
 
 // Whether the point is in a convex polygon, and its distance from the outline.
@@ -146,34 +146,34 @@ TEST(Clipping, a_polygon_without_points_is_clipped_to_nothing) {
 }
 
 TEST(LineAttributes, a_width_is_limited_to_between_0_and_the_farthest_coordinate) {
-  EXPECT_EQ(DrawnWidth({.Width = 7}), 7);
-  EXPECT_EQ(DrawnWidth({.Width = 0}), 0);
-  EXPECT_EQ(DrawnWidth({.Width = -1}), 0);
-  EXPECT_EQ(DrawnWidth({.Width = 0x7FFFFFFF}), 32000);
+  EXPECT_EQ(DrawnWidth({.width = 7}), 7);
+  EXPECT_EQ(DrawnWidth({.width = 0}), 0);
+  EXPECT_EQ(DrawnWidth({.width = -1}), 0);
+  EXPECT_EQ(DrawnWidth({.width = 0x7FFFFFFF}), 32000);
 }
 
 TEST(LineAttributes, style_2_is_dashed_and_style_3_dotted) {
-  EXPECT_EQ(DashesOf({.Style = LineStyle{1}}), Dashes::None);
-  EXPECT_EQ(DashesOf({.Style = LineStyle{2}}), Dashes::Long);
-  EXPECT_EQ(DashesOf({.Style = LineStyle{3}}), Dashes::Short);
-  EXPECT_EQ(DashesOf({.Style = LineStyle{0}}), Dashes::None);
-  EXPECT_EQ(DashesOf({.Style = LineStyle{4}}), Dashes::None);
+  EXPECT_EQ(DashesOf({.style = LineStyle{1}}), Dashes::None);
+  EXPECT_EQ(DashesOf({.style = LineStyle{2}}), Dashes::Long);
+  EXPECT_EQ(DashesOf({.style = LineStyle{3}}), Dashes::Short);
+  EXPECT_EQ(DashesOf({.style = LineStyle{0}}), Dashes::None);
+  EXPECT_EQ(DashesOf({.style = LineStyle{4}}), Dashes::None);
 }
 
 TEST(LineAttributes, a_dash_is_three_widths_long_a_dot_one_and_a_gap_one) {
-  EXPECT_EQ(DashPeriod({.Width = 5, .Style = LineStyle{1}}), 0);
-  EXPECT_EQ(DashPeriod({.Width = 5, .Style = LineStyle{2}}), 20);
-  EXPECT_EQ(DashPeriod({.Width = 5, .Style = LineStyle{3}}), 10);
-  EXPECT_EQ(DashPeriod({.Width = -5, .Style = LineStyle{3}}), 0);
+  EXPECT_EQ(DashPeriod({.width = 5, .style = LineStyle{1}}), 0);
+  EXPECT_EQ(DashPeriod({.width = 5, .style = LineStyle{2}}), 20);
+  EXPECT_EQ(DashPeriod({.width = 5, .style = LineStyle{3}}), 10);
+  EXPECT_EQ(DashPeriod({.width = -5, .style = LineStyle{3}}), 0);
 }
 
 TEST(LineAttributes, dashes_are_counted_with_their_gaps) {
-  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = LineStyle{3}}, 30'000));
-  EXPECT_TRUE(HasTooManyDashes({.Width = 5, .Style = LineStyle{3}}, 30'001));
-  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = LineStyle{2}}, 60'000));
-  EXPECT_TRUE(HasTooManyDashes({.Width = 5, .Style = LineStyle{2}}, 60'001));
-  EXPECT_FALSE(HasTooManyDashes({.Width = 5, .Style = LineStyle{1}}, 60'001));
-  EXPECT_FALSE(HasTooManyDashes({.Width = 0, .Style = LineStyle{2}}, 60'001));
+  EXPECT_FALSE(HasTooManyDashes({.width = 5, .style = LineStyle{3}}, 30'000));
+  EXPECT_TRUE(HasTooManyDashes({.width = 5, .style = LineStyle{3}}, 30'001));
+  EXPECT_FALSE(HasTooManyDashes({.width = 5, .style = LineStyle{2}}, 60'000));
+  EXPECT_TRUE(HasTooManyDashes({.width = 5, .style = LineStyle{2}}, 60'001));
+  EXPECT_FALSE(HasTooManyDashes({.width = 5, .style = LineStyle{1}}, 60'001));
+  EXPECT_FALSE(HasTooManyDashes({.width = 0, .style = LineStyle{2}}, 60'001));
 }
 
 }  // namespace korvel::test

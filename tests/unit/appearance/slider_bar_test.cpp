@@ -24,10 +24,10 @@ Slider SliderAt(std::int32_t value, std::int32_t orientation, std::int32_t style
 
 void ExpectBox(const Box& box, std::int32_t left, std::int32_t top, std::int32_t right,
                std::int32_t bottom) {
-  EXPECT_EQ(box.Left, left);
-  EXPECT_EQ(box.Top, top);
-  EXPECT_EQ(box.Right, right);
-  EXPECT_EQ(box.Bottom, bottom);
+  EXPECT_EQ(box.left, left);
+  EXPECT_EQ(box.top, top);
+  EXPECT_EQ(box.right, right);
+  EXPECT_EQ(box.bottom, bottom);
 }
 
 }  // namespace

@@ -115,17 +115,17 @@ bool IsDefault(const FontAttributes& font) {
 
 TEST(FontAttributes, all_four_parts_are_read) {
   const FontAttributes font = ReadFontAttributes("bold-italic.36.40.-2");
-  EXPECT_EQ(font.Style, FontStyle::BoldItalic);
-  EXPECT_EQ(font.Size, 36);
-  EXPECT_EQ(font.LineSpacing, 40);
-  EXPECT_EQ(font.LetterSpacing, -2);
+  EXPECT_EQ(font.style, FontStyle::BoldItalic);
+  EXPECT_EQ(font.size, 36);
+  EXPECT_EQ(font.lineSpacing, 40);
+  EXPECT_EQ(font.letterSpacing, -2);
 }
 
 TEST(FontAttributes, every_style_has_its_word) {
-  EXPECT_EQ(ReadFontAttributes("plain.1.1.1").Style, FontStyle::Plain);
-  EXPECT_EQ(ReadFontAttributes("italic.1.1.1").Style, FontStyle::Italic);
-  EXPECT_EQ(ReadFontAttributes("bold.1.1.1").Style, FontStyle::Bold);
-  EXPECT_EQ(ReadFontAttributes("bold-italic.1.1.1").Style, FontStyle::BoldItalic);
+  EXPECT_EQ(ReadFontAttributes("plain.1.1.1").style, FontStyle::Plain);
+  EXPECT_EQ(ReadFontAttributes("italic.1.1.1").style, FontStyle::Italic);
+  EXPECT_EQ(ReadFontAttributes("bold.1.1.1").style, FontStyle::Bold);
+  EXPECT_EQ(ReadFontAttributes("bold-italic.1.1.1").style, FontStyle::BoldItalic);
 }
 
 TEST(FontAttributes, the_default_replaces_unreadable_attributes) {
@@ -141,9 +141,9 @@ TEST(FontAttributes, the_object_comes_before_the_application_and_the_default) {
   Application application;
   EXPECT_TRUE(IsDefault(FontAttributesOf(text, &application)));
   ASSERT_TRUE(application.Defaults.FontAttributes.Assign("plain.30.33.0"));
-  EXPECT_EQ(FontAttributesOf(text, &application).Size, 30);
+  EXPECT_EQ(FontAttributesOf(text, &application).size, 30);
   ASSERT_TRUE(text.FontAttributes.Assign("bold.40.44.0"));
-  EXPECT_EQ(FontAttributesOf(text, &application).Size, 40);
+  EXPECT_EQ(FontAttributesOf(text, &application).size, 40);
   ASSERT_TRUE(text.FontAttributes.Assign("unreadable"));
   EXPECT_TRUE(IsDefault(FontAttributesOf(text, &application)));
   text.FontAttributes.Clear();

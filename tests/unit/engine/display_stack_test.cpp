@@ -57,7 +57,7 @@ TEST_F(DisplayStack, appended_visibles_stand_on_top) {
   Append(1);
   Append(3);
   EXPECT_EQ(Order(), "213");
-  EXPECT_EQ(App().DisplayStack.At(0)->Kind, kRectangle);
+  EXPECT_EQ(App().DisplayStack.At(0)->kind, kRectangle);
 }
 
 TEST_F(DisplayStack, position_one_is_the_bottom_and_others_follow_the_one_before) {
@@ -76,11 +76,11 @@ TEST_F(DisplayStack, a_position_gives_its_class_and_visible) {
   EXPECT_EQ(AppendOnTop(App(), ItemType::Text, Box(2)), Status::Done);
   StackedVisible entry;
   EXPECT_EQ(EntryAtPosition(App(), 1, entry), Status::Done);
-  EXPECT_EQ(entry.Visible, &Box(1));
-  EXPECT_EQ(entry.Kind, kRectangle);
+  EXPECT_EQ(entry.visible, &Box(1));
+  EXPECT_EQ(entry.kind, kRectangle);
   EXPECT_EQ(EntryAtPosition(App(), 2, entry), Status::Done);
-  EXPECT_EQ(entry.Visible, &Box(2));
-  EXPECT_EQ(entry.Kind, ItemType::Text);
+  EXPECT_EQ(entry.visible, &Box(2));
+  EXPECT_EQ(entry.kind, ItemType::Text);
 }
 
 TEST_F(DisplayStack, positions_that_do_not_exist_are_harmless) {
@@ -89,7 +89,7 @@ TEST_F(DisplayStack, positions_that_do_not_exist_are_harmless) {
   for (const std::int32_t position : {INT32_MIN, -1, 0, 2, INT32_MAX}) {
     EXPECT_EQ(EntryAtPosition(App(), position, entry), Status::Refused) << position;
   }
-  EXPECT_EQ(entry.Visible, nullptr);
+  EXPECT_EQ(entry.visible, nullptr);
 }
 
 TEST_F(DisplayStack, removing_the_top_gives_it_back) {
@@ -97,8 +97,8 @@ TEST_F(DisplayStack, removing_the_top_gives_it_back) {
   Append(2);
   StackedVisible entry;
   EXPECT_EQ(RemoveTop(App(), entry), Status::Done);
-  EXPECT_EQ(entry.Visible, &Box(2));
-  EXPECT_EQ(entry.Kind, kRectangle);
+  EXPECT_EQ(entry.visible, &Box(2));
+  EXPECT_EQ(entry.kind, kRectangle);
   EXPECT_EQ(Order(), "1");
   EXPECT_EQ(RemoveTop(App(), entry), Status::Done);
   EXPECT_EQ(RemoveTop(App(), entry), Status::Refused);

@@ -120,7 +120,7 @@ TEST_F(EndedGroups, may_have_lent_a_visible_to_a_list_of_the_application) {
   BeginWork();
   static_cast<void>(Press(101));
   for (const StackedVisible& entry : CurrentApplication()->DisplayStack) {
-    EXPECT_FALSE(IsGone(*entry.Visible));
+    EXPECT_FALSE(IsGone(*entry.visible));
   }
   EXPECT_EQ(Press(16), Status::Done);
   EXPECT_EQ(Notes(), "n");

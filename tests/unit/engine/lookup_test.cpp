@@ -10,7 +10,7 @@ class Lookup : public EngineTest {
   static ItemType ClassOf(std::string_view group, std::int32_t number,
                           Scope scope = Scope::SceneFirst) {
     const FoundObject found = FindObject(scope, group, number);
-    EXPECT_EQ(found.Object == nullptr, found.Type == ItemType::None);
+    EXPECT_EQ(found.object == nullptr, found.type == ItemType::None);
     return found.type;
   }
   static constexpr ItemType kNothing = ItemType::None;
@@ -27,10 +27,10 @@ TEST_F(Lookup, number_zero_with_a_groups_name_is_the_group) {
   ServeScene("menu", "");
   StartWithScene("~/menu");
   for (const Scope scope : {Scope::SceneFirst, Scope::ApplicationFirst}) {
-    EXPECT_EQ(FindObject(scope, "~/a", 0).Object, CurrentApplication());
-    EXPECT_EQ(FindObject(scope, "~/a", 0).Type, ItemType::Application);
-    EXPECT_EQ(FindObject(scope, "~/menu", 0).Object, CurrentScene());
-    EXPECT_EQ(FindObject(scope, "~/menu", 0).Type, ItemType::Scene);
+    EXPECT_EQ(FindObject(scope, "~/a", 0).object, CurrentApplication());
+    EXPECT_EQ(FindObject(scope, "~/a", 0).type, ItemType::Application);
+    EXPECT_EQ(FindObject(scope, "~/menu", 0).object, CurrentScene());
+    EXPECT_EQ(FindObject(scope, "~/menu", 0).type, ItemType::Scene);
     EXPECT_EQ(ClassOf("~/other", 0, scope), kNothing);
     EXPECT_EQ(ClassOf("", 0, scope), kNothing);
   }

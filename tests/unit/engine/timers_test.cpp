@@ -47,20 +47,20 @@ TEST_F(Timers, a_relative_timer_starts_the_platform_timer_of_its_id) {
   EXPECT_EQ(SetInScene(5, 700, false), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 700}}));
   ASSERT_EQ(CurrentScene()->Timers.Size(), 1U);
-  EXPECT_EQ(CurrentScene()->Timers.At(0)->Id, 5);
-  EXPECT_EQ(CurrentScene()->Timers.At(0)->Value, 700);
+  EXPECT_EQ(CurrentScene()->Timers.At(0)->id, 5);
+  EXPECT_EQ(CurrentScene()->Timers.At(0)->value, 700);
 }
 
 TEST_F(TimerActions, a_timer_without_an_absolute_flag_is_relative) {
   EXPECT_EQ(Press(100), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 700}}));
-  EXPECT_FALSE(CurrentScene()->Timers.At(0)->IsAbsolute);
+  EXPECT_FALSE(CurrentScene()->Timers.At(0)->isAbsolute);
 }
 
 TEST_F(Timers, an_absolute_timer_counts_from_the_entry_into_the_scene) {
   EXPECT_EQ(SetInScene(5, 4000, true), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 3000}}));
-  EXPECT_TRUE(CurrentScene()->Timers.At(0)->IsAbsolute);
+  EXPECT_TRUE(CurrentScene()->Timers.At(0)->isAbsolute);
 }
 
 TEST_F(Timers, an_absolute_time_before_the_scene_does_not_come_in_practice) {
@@ -103,7 +103,7 @@ TEST_F(Timers, setting_a_timer_again_restarts_it_with_the_second_value) {
   EXPECT_EQ(TheHost().killedTimers, std::vector<std::uint32_t>{5});
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 900}, {6, 800}}));
   EXPECT_EQ(CurrentScene()->Timers.Size(), 2U);
-  EXPECT_EQ(CurrentScene()->Timers.At(0)->Value, 900);
+  EXPECT_EQ(CurrentScene()->Timers.At(0)->value, 900);
   EXPECT_EQ(Expire(5), Status::Done);
   EXPECT_EQ(Expire(5), Status::Refused);
   EXPECT_EQ(TakeNotes(), "5");

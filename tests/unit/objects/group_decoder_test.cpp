@@ -18,11 +18,11 @@ TEST(DecodeGroup, tag_0_is_an_application_and_tag_1_a_scene) {
   const Decoded application = Decode(ApplicationFile(""));
   ASSERT_TRUE(application.IsDone());
   EXPECT_TRUE(IsApplication(application.group));
-  EXPECT_EQ(application.group->Type, ItemType::Application);
+  EXPECT_EQ(application.group->type, ItemType::Application);
   const Decoded scene = Decode(SceneFile(""));
   ASSERT_TRUE(scene.IsDone());
   EXPECT_FALSE(IsApplication(scene.group));
-  EXPECT_EQ(scene.group->Type, ItemType::Scene);
+  EXPECT_EQ(scene.group->type, ItemType::Scene);
 }
 
 TEST(DecodeGroup, another_first_tag_is_refused_without_a_record) {

@@ -29,7 +29,7 @@ class Boundary : public Engine {
 
 TEST_F(Boundary, a_start_without_a_host_object_is_refused) {
   const int threads = CountThreads();
-  EXPECT_EQ(library.Run(nullptr, window.Handle()), 1U);
+  EXPECT_EQ(library.run(nullptr, window.Handle()), 1U);
   EXPECT_EQ(CountThreads(), threads);
   EXPECT_EQ(FindEngineWindow(), nullptr);
 }
@@ -37,7 +37,7 @@ TEST_F(Boundary, a_start_without_a_host_object_is_refused) {
 TEST_F(Boundary, a_start_without_a_function_table_is_refused) {
   const int threads = CountThreads();
   MHEG5Host other = {nullptr};
-  EXPECT_EQ(library.Run(&other, window.Handle()), 1U);
+  EXPECT_EQ(library.run(&other, window.Handle()), 1U);
   EXPECT_EQ(CountThreads(), threads);
   StartWaitingForFile();
 }
@@ -55,7 +55,7 @@ TEST_F(Boundary, a_start_without_a_function_that_the_engine_calls_is_refused) {
     MHEG5HostTable table = *other.table;
     remove(table);
     other.table = &table;
-    ASSERT_EQ(library.Run(&other, window.Handle()), 1U);
+    ASSERT_EQ(library.run(&other, window.Handle()), 1U);
     EXPECT_TRUE(other.Calls().empty());
     EXPECT_EQ(CountThreads(), threads);
   }
@@ -75,7 +75,7 @@ TEST_F(Boundary, a_start_without_the_functions_that_the_engine_never_calls_is_ac
 TEST_F(Boundary, a_second_start_is_refused_while_an_engine_exists) {
   StartWaitingForFile();
   RecordingHost other;
-  EXPECT_EQ(library.Run(&other, window.Handle()), 1U);
+  EXPECT_EQ(library.run(&other, window.Handle()), 1U);
   EXPECT_TRUE(other.Calls().empty());
 }
 
@@ -88,7 +88,7 @@ TEST_F(Boundary, a_start_is_refused_while_the_engine_is_closing) {
   WaitForRead("a");
   library.exit();
   RecordingHost other;
-  EXPECT_EQ(library.Run(&other, window.Handle()), 1U);
+  EXPECT_EQ(library.run(&other, window.Handle()), 1U);
   EXPECT_TRUE(other.Calls().empty());
   mayAnswer = true;
   WaitForClosed();
@@ -96,9 +96,9 @@ TEST_F(Boundary, a_start_is_refused_while_the_engine_is_closing) {
 
 TEST_F(Boundary, the_other_functions_do_nothing_before_a_start) {
   const int threads = CountThreads();
-  EXPECT_EQ(library.Exit(), 0U);
-  EXPECT_EQ(library.ReStart(), 0U);
-  EXPECT_EQ(library.WaitForClose(), 0U);
+  EXPECT_EQ(library.exit(), 0U);
+  EXPECT_EQ(library.reStart(), 0U);
+  EXPECT_EQ(library.waitForClose(), 0U);
   EXPECT_EQ(CountThreads(), threads);
   EXPECT_EQ(FindEngineWindow(), nullptr);
   MSG message;
@@ -188,7 +188,7 @@ TEST_F(Boundary, missing_start_up_files_are_read_twice) {
 
 TEST_F(Boundary, a_missing_host_window_is_accepted) {
   host.Answer("a", kMHEG5FileNotYetAvailable);
-  ASSERT_EQ(library.Run(&host, nullptr), 0U);
+  ASSERT_EQ(library.run(&host, nullptr), 0U);
   WaitForWindow();
   Close();
   EXPECT_EQ(window.Closes(), 0);
@@ -202,10 +202,10 @@ TEST_F(Boundary, the_engine_starts_again_from_the_handler_of_the_closed_message)
   window.onClosed = [&] {
     if (window.Closes() < kCycles && library.run(&host, window.Handle()) != 0) ++refused;
   };
-  ASSERT_EQ(library.Run(&host, window.Handle()), 0U);
+  ASSERT_EQ(library.run(&host, window.Handle()), 0U);
   EXPECT_TRUE(WaitUntil(
       [&] {
-        library.Exit();
+        library.exit();
         return window.Closes() == kCycles || refused > 0;
       },
       100s));
@@ -215,10 +215,10 @@ TEST_F(Boundary, the_engine_starts_again_from_the_handler_of_the_closed_message)
 
 TEST_F(Boundary, a_restart_request_closes_the_engine_as_an_exit_does) {
   StartWaitingForFile();
-  EXPECT_EQ(library.ReStart(), 0U);
+  EXPECT_EQ(library.reStart(), 0U);
   WaitForClosed();
-  EXPECT_EQ(library.WaitForClose(), 0U);
-  EXPECT_EQ(library.Run(&host, window.Handle()), 0U);
+  EXPECT_EQ(library.waitForClose(), 0U);
+  EXPECT_EQ(library.run(&host, window.Handle()), 0U);
   WaitForWindow();
 }
 
@@ -241,8 +241,8 @@ TEST_F(Boundary, the_functions_may_be_called_from_inside_the_start) {
   host.onCall = [&](const std::string& name) {
     if (name != "AddRef" && name != "SetExitCallback") return;
     RecordingHost other;
-    EXPECT_EQ(library.Run(&other, window.Handle()), 1U);
-    EXPECT_EQ(library.Exit(), 0U);
+    EXPECT_EQ(library.run(&other, window.Handle()), 1U);
+    EXPECT_EQ(library.exit(), 0U);
   };
   Start();
   WaitForRead("a", 2);
@@ -257,7 +257,7 @@ TEST_F(Boundary, waiting_for_the_close_answers_messages_sent_to_the_waiting_thre
     isAnswered = true;
   };
   library.exit();
-  EXPECT_EQ(library.WaitForClose(), 0U);
+  EXPECT_EQ(library.waitForClose(), 0U);
   EXPECT_TRUE(isAnswered);
   EXPECT_EQ(host.HeldReferences(), 0);
   EXPECT_EQ(window.Closes(), 0) << "the posted message is still in the queue";
@@ -306,7 +306,7 @@ TEST_F(Boundary, the_library_may_be_unloaded_in_the_handler_of_the_closed_messag
     ASSERT_NE(module, nullptr);
     const Library copy = FindFunctions(module);
     window.onClosed = [module] { FreeLibrary(module); };
-    ASSERT_EQ(copy.Run(&host, window.Handle()), 0U);
+    ASSERT_EQ(copy.run(&host, window.Handle()), 0U);
     WaitForWindow();
     copy.exit();
     WaitForClosed(run);
@@ -322,7 +322,7 @@ TEST(BoundaryDeathTest, the_process_may_end_while_the_engine_runs) {
       {
         RecordingHost host;
         host.Answer("a", kMHEG5FileNotYetAvailable);
-        TheLibrary().Run(&host, nullptr);
+        TheLibrary().run(&host, nullptr);
         static_cast<void>(WaitUntil([&] { return host.CountOf("ReadFile a") > 0; }));
         std::exit(kExitStatus);
       },

@@ -76,7 +76,7 @@ TEST_F(Cycles, two_hundred_with_closes_at_random_moments_leave_nothing) {
     } else {
       host.ForgetAnswer("s");
     }
-    ASSERT_EQ(library.Run(&host, window.Handle()), 0U) << cycle;
+    ASSERT_EQ(library.run(&host, window.Handle()), 0U) << cycle;
     CloseAfter(cycle % 2 == 0 ? Random(0, 50) : Random(0, 250));
   }
   EXPECT_EQ(window.Closes(), kCycles);

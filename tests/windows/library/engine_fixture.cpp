@@ -19,7 +19,7 @@ void Engine::ServeScene(const std::string& name, const std::string& items) {
 }
 
 void Engine::Start() {
-  ASSERT_EQ(library.Run(&host, window.Handle()), 0U);
+  ASSERT_EQ(library.run(&host, window.Handle()), 0U);
   WaitForWindow();
 }
 
@@ -32,7 +32,7 @@ void Engine::WaitForWindow() {
 
 void Engine::Close() {
   EXPECT_TRUE(WaitUntil([this] {
-    library.Exit();
+    library.exit();
     return FindEngineWindow() == nullptr;
   }));
   library.waitForClose();

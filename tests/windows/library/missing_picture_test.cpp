@@ -46,7 +46,7 @@ class MissingPictureTest : public Engine {
 // The video is above a blue background and below a lamp. The event for a missing picture changes
 // the lamp from green to red before it is drawn.
 TEST_F(MissingPictureTest, shows_the_objects_below_the_video_and_raises_the_event) {
-  ASSERT_NE(library.Run, nullptr);
+  ASSERT_NE(library.run, nullptr);
   ServeScene(R"(
     {:Rectangle 1 :OrigBoxSize 720 576 :OrigLineWidth 0 :OrigRefFillColour '=00=00=FF=00'}
     {:Stream 2 :OrigContent :ContentRef ("dvb://1") :Multiplex (
@@ -72,7 +72,7 @@ TEST_F(MissingPictureTest, shows_the_objects_below_the_video_and_raises_the_even
 
 // As above, but the video has no area: the lamp stays green.
 TEST_F(MissingPictureTest, is_not_reported_for_a_video_without_area) {
-  ASSERT_NE(library.Run, nullptr);
+  ASSERT_NE(library.run, nullptr);
   ServeScene(R"(
     {:Stream 2 :OrigContent :ContentRef ("dvb://1") :Multiplex (
       {:Video 3 :OrigBoxSize 0 576 :ComponentTag 1 :Termination disappear}

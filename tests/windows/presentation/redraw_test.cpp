@@ -151,8 +151,8 @@ TEST_F(RedrawTest, a_missing_picture_is_an_engine_event_of_the_application) {
   EXPECT_EQ(event.group, "~/app");
   EXPECT_EQ(event.number, 0);
   EXPECT_EQ(event.type, EventType::EngineEvent);
-  EXPECT_EQ(event.data.Kind, ValueKind::Integer);
-  EXPECT_EQ(event.data.Value, 3);
+  EXPECT_EQ(event.data.kind, ValueKind::Integer);
+  EXPECT_EQ(event.data.value, 3);
 }
 
 TEST_F(RedrawTest, an_event_that_fails_ends_the_redraw_at_once) {

@@ -1,5 +1,5 @@
-# Cross-builds for Windows on x86 with mingw-w64. Everything is linked statically: the products
-# import system libraries only.
+# Cross-compiles for Windows on x86 with mingw-w64. Everything is linked statically, so that the
+# products import only system libraries.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(triple i686-w64-mingw32)

@@ -1,4 +1,4 @@
-# The part of the two mingw-w64 toolchains that does not depend on the processor.
+# The settings that both mingw-w64 toolchains share. They set `triple` before including this.
 set(CMAKE_C_COMPILER ${triple}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${triple}-g++-posix)
 set(CMAKE_RC_COMPILER ${triple}-windres)

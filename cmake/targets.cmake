@@ -1,5 +1,5 @@
-# Helpers for targets made of "whatever is in these folders", and the options that all of our
-# own code is compiled with. Third-party code (GoogleTest) does not get them.
+# Functions that build targets from all files of a folder, and the compile options of all our own
+# code. Third-party code (GoogleTest) is compiled without them.
 
 add_library(korvel_options INTERFACE)
 target_compile_options(korvel_options INTERFACE
@@ -9,14 +9,15 @@ target_include_directories(korvel_options INTERFACE
 if(WIN32)
   target_compile_definitions(korvel_options INTERFACE
     WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
-  # As on 64 bits: the older floating-point unit rounds differently, and the picture of a scene must
-  # not depend on that.
+  # Uses SSE as on 64 bits, because the x87 unit rounds differently, and a scene's picture must not
+  # depend on that.
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     target_compile_options(korvel_options INTERFACE -msse2 -mfpmath=sse)
   endif()
 endif()
 
-# files_in(<variable> <pattern> <folder>...): the files of that pattern directly in these folders.
+# files_in(<variable> <pattern> <folder>...): lists the matching files in these folders, without
+# subfolders.
 function(files_in variable pattern)
   list(TRANSFORM ARGN APPEND /${pattern} OUTPUT_VARIABLE patterns)
   file(GLOB found CONFIGURE_DEPENDS ${patterns})
@@ -29,7 +30,8 @@ function(korvel_library name kind)
   target_link_libraries(${name} PUBLIC korvel_options)
 endfunction()
 
-# korvel_headers(<library> <header>...): the build compiles each of these headers alone.
+# korvel_headers(<library> <header>...): headers that the build compiles on their own, to check that
+# each includes everything it needs.
 function(korvel_headers name)
   target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${ARGN})
 endfunction()

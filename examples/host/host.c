@@ -1,6 +1,6 @@
 /* The smallest useful host, in C: serves the current folder as the broadcast and runs the engine
- * until its window is closed. tools/player is what a careful host looks like: this one trusts the
- * paths that it is asked for. */
+ * until its window is closed. It does not check the paths that content requests; tools/player shows
+ * a host that does. */
 #include <stdio.h>
 #include <stdlib.h>
 
@@ -8,7 +8,7 @@
 
 static uint32_t KORVEL_CALL Count(MHEG5Host* host) {
   (void)host;
-  return 1; /* the object lives as long as the program, so nobody needs to count */
+  return 1; /* the object lives as long as the program, so no count is needed */
 }
 
 static uint32_t KORVEL_CALL ReadBroadcastFile(MHEG5Host* host, const char* path, void** data,
@@ -16,7 +16,7 @@ static uint32_t KORVEL_CALL ReadBroadcastFile(MHEG5Host* host, const char* path,
   FILE* file = fopen(path, "rb");
   long length = 0;
   (void)host;
-  if (file == NULL) return 2; /* neither read nor expected to appear */
+  if (file == NULL) return 2; /* the file is missing and will not appear later */
   fseek(file, 0, SEEK_END);
   length = ftell(file);
   rewind(file);

@@ -33,10 +33,6 @@ CanvasPoint PointOf(const DynamicLineArt& lineArt, std::int32_t x, std::int32_t 
   return {Narrow(x - border), Narrow(y - border)};
 }
 
-LineAttributes LineOf(const DynamicLineArt& lineArt) {
-  return {lineArt.LineWidth, lineArt.LineStyle, LineColourOf(lineArt, CurrentGroups())};
-}
-
 // The canvas, created on first use and clipped to the area inside a border of that line width. It
 // keeps its size when the box changes.
 Canvas* CanvasOf(DynamicLineArt& lineArt, std::int32_t lineWidth) {
@@ -63,7 +59,8 @@ Status PaintArc(const Arguments& arguments, ArcForm form) {
         form == ArcForm::Sector ? FillColourOf(lineArt, CurrentGroups()) : kTransparentColour;
     return CanvasArc(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
                      arguments.Integer(2), arguments.Integer(3), arguments.Integer(4),
-                     arguments.Integer(5), LineOf(lineArt), fill, form, canvas);
+                     arguments.Integer(5), LineAttributesOf(lineArt, CurrentGroups()), fill, form,
+                     canvas);
   });
 }
 
@@ -91,7 +88,8 @@ Status PaintPolygon(const Arguments& arguments) {
   const Status status = ReadPoints(arguments, points);
   if (status != Status::Done) return status;
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
-    return CanvasPolygon(std::span(points.begin(), points.Size()), LineOf(lineArt),
+    return CanvasPolygon(std::span(points.begin(), points.Size()),
+                         LineAttributesOf(lineArt, CurrentGroups()),
                          FillColourOf(lineArt, CurrentGroups()), canvas);
   });
 }
@@ -114,8 +112,8 @@ Status DrawSector(const Arguments& arguments) { return PaintArc(arguments, ArcFo
 Status DrawLine(const Arguments& arguments) {
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
     return CanvasLine(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
-                      PointOf(lineArt, arguments.Integer(2), arguments.Integer(3)), LineOf(lineArt),
-                      canvas);
+                      PointOf(lineArt, arguments.Integer(2), arguments.Integer(3)),
+                      LineAttributesOf(lineArt, CurrentGroups()), canvas);
   });
 }
 
@@ -123,7 +121,8 @@ Status DrawRectangle(const Arguments& arguments) {
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
     return CanvasRectangle(PointOf(lineArt, arguments.Integer(0), arguments.Integer(1)),
                            PointOf(lineArt, arguments.Integer(2), arguments.Integer(3)),
-                           LineOf(lineArt), FillColourOf(lineArt, CurrentGroups()), canvas);
+                           LineAttributesOf(lineArt, CurrentGroups()),
+                           FillColourOf(lineArt, CurrentGroups()), canvas);
   });
 }
 

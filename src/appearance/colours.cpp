@@ -118,8 +118,9 @@ DrawnColour SliderColourOf(const Slider& slider, const RunningGroups& groups) {
                   kWhite);
 }
 
-DrawnColour LineColourOf(const LineArt& lineArt, const RunningGroups& groups) {
-  return ReduceOr(lineArt.RefLineColour, lineArt, groups, kBlack);
+LineAttributes LineAttributesOf(const LineArt& lineArt, const RunningGroups& groups) {
+  return {lineArt.LineWidth, lineArt.LineStyle,
+          ReduceOr(lineArt.RefLineColour, lineArt, groups, kBlack)};
 }
 
 DrawnColour FillColourOf(const LineArt& lineArt, const RunningGroups& groups) {

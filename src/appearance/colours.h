@@ -18,9 +18,9 @@ namespace korvel {
 // White if nothing sets it.
 [[nodiscard]] DrawnColour SliderColourOf(const Slider& slider, const RunningGroups& groups);
 
-// The current colours of line art; black lines and no fill if the object does not set them. The
-// application has no such defaults.
-[[nodiscard]] DrawnColour LineColourOf(const LineArt& lineArt, const RunningGroups& groups);
+// The current lines and fill of line art; black lines and no fill if the object does not set the
+// colours. The application has no such defaults.
+[[nodiscard]] LineAttributes LineAttributesOf(const LineArt& lineArt, const RunningGroups& groups);
 [[nodiscard]] DrawnColour FillColourOf(const LineArt& lineArt, const RunningGroups& groups);
 
 // The fill colour of the content, which actions do not change.

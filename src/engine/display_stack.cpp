@@ -37,7 +37,18 @@ bool IsStackable(const Application* application, ItemType kind, const Visible& v
          StackContains(*application, kind, visible);
 }
 
-Status RedrawIfRunning(Status status, const Visible& visible) {
+bool IsInStack(const Ingredient& visible) {
+  const Application* application = CurrentApplication();
+  return application != nullptr && StackContains(*application, ItemType::None, visible);
+}
+
+// Moves the visible: removes it from the stack, and `insert(application)` enters it again.
+template <class Insert>
+Status Restack(ItemType kind, Visible& visible, Insert&& insert) {
+  Application* application = CurrentApplication();
+  if (!IsStackable(application, kind, visible)) return Status::Refused;
+  if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
+  const Status status = insert(*application);
   if (status == Status::Failure || !visible.RunningStatus) return status;
   return RequestRedraw() == Status::Failure ? Status::Failure : status;
 }
@@ -117,35 +128,29 @@ Status InsertAbove(Application& application, ItemType kind, Ingredient& visible,
 void ClearStack(Application& application) { application.DisplayStack.Clear(); }
 
 Status BringToFront(ItemType kind, Visible& visible) {
-  Application* application = CurrentApplication();
-  if (!IsStackable(application, kind, visible)) return Status::Refused;
-  if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
-  return RedrawIfRunning(AppendOnTop(*application, kind, visible), visible);
+  return Restack(kind, visible,
+                 [&](Application& application) { return AppendOnTop(application, kind, visible); });
 }
 
 Status SendToBack(ItemType kind, Visible& visible) {
-  Application* application = CurrentApplication();
-  if (!IsStackable(application, kind, visible)) return Status::Refused;
-  if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
-  return RedrawIfRunning(InsertAtBottom(*application, kind, visible), visible);
+  return Restack(kind, visible, [&](Application& application) {
+    return InsertAtBottom(application, kind, visible);
+  });
 }
 
+// A visible that is its own reference could not be found after its removal.
 Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) {
-  Application* application = CurrentApplication();
-  if (!IsStackable(application, kind, visible)) return Status::Refused;
-  if (!StackContains(*application, ItemType::None, reference)) return Status::Refused;
-  // A visible that is its own reference could not be found after its removal.
-  if (&visible == &reference) return Status::Refused;
-  if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
-  return RedrawIfRunning(InsertAbove(*application, kind, visible, reference), visible);
+  if (!IsInStack(reference) || &visible == &reference) return Status::Refused;
+  return Restack(kind, visible, [&](Application& application) {
+    return InsertAbove(application, kind, visible, reference);
+  });
 }
 
 Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference) {
-  Application* application = CurrentApplication();
-  if (!IsStackable(application, kind, visible)) return Status::Refused;
-  if (!StackContains(*application, ItemType::None, reference)) return Status::Refused;
-  if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
-  return RedrawIfRunning(InsertBelow(*application, kind, visible, reference), visible);
+  if (!IsInStack(reference)) return Status::Refused;
+  return Restack(kind, visible, [&](Application& application) {
+    return InsertBelow(application, kind, visible, reference);
+  });
 }
 
 }  // namespace korvel

@@ -7,10 +7,8 @@
 namespace korvel {
 
 bool Copy(const ObjectReference& from, ObjectReference& to) {
-  ObjectReference copy;
-  copy.Number = from.Number;
-  if (!copy.GroupIdentifier.CopyFrom(from.GroupIdentifier)) return false;
-  to = std::move(copy);
+  if (!to.GroupIdentifier.CopyFrom(from.GroupIdentifier)) return false;
+  to.Number = from.Number;
   return true;
 }
 

@@ -97,10 +97,6 @@ void DrawCanvas(const Canvas& canvas, std::int64_t x, std::int64_t y) {
 
 }  // namespace
 
-LineAttributes LineAttributesOf(const LineArt& lineArt) {
-  return {lineArt.LineWidth, lineArt.LineStyle, LineColourOf(lineArt, CurrentGroups())};
-}
-
 bool MakePen(const LineAttributes& line, double length, PenOwner& pen) {
   return DrawnWidth(line) > 0 &&
          Succeeded(gdip::GdipCreatePen1(ToGdiPlus(line.ink), static_cast<float>(DrawnWidth(line)),
@@ -122,12 +118,13 @@ void DrawBorderedRectangle(Gdiplus::GpGraphics* graphics, const Box& box,
 }
 
 void Draw(const Rectangle& rectangle) {
-  DrawBorderedRectangle(State().graphics, BoxOf(rectangle), LineAttributesOf(rectangle),
+  DrawBorderedRectangle(State().graphics, BoxOf(rectangle),
+                        LineAttributesOf(rectangle, CurrentGroups()),
                         FillColourOf(rectangle, CurrentGroups()));
 }
 
 void Draw(const DynamicLineArt& lineArt) {
-  const LineAttributes line = LineAttributesOf(lineArt);
+  const LineAttributes line = LineAttributesOf(lineArt, CurrentGroups());
   std::int64_t inset = 0;
   if (lineArt.BorderedBoundingBox) {
     DrawBorderedRectangle(State().graphics, BoxOf(lineArt), line,

@@ -21,9 +21,6 @@ struct Canvas {
   std::int32_t clipHeight = 0;
 };
 
-// The current attributes of a line art's lines.
-[[nodiscard]] LineAttributes LineAttributesOf(const LineArt& lineArt);
-
 // Makes the pen for a line or an outline of up to that length in pixels. False if the line has no
 // width, which GDI+ would draw one pixel wide, or if the pen cannot be made.
 [[nodiscard]] bool MakePen(const LineAttributes& line, double length, PenOwner& pen);

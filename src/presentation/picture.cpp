@@ -8,22 +8,28 @@
 namespace korvel {
 namespace {
 
-// Owns a reference to a stream over the block. A picture that reads from the stream adds its own.
-class BlockStream {
- public:
-  explicit BlockStream(const GlobalBlock& block) {
-    if (CreateStreamOnHGlobal(block.Get(), FALSE, &stream_) != S_OK) stream_ = nullptr;
-  }
-  ~BlockStream() {
-    if (stream_ != nullptr) stream_->Release();
-  }
-  BlockStream(const BlockStream&) = delete;
-  BlockStream& operator=(const BlockStream&) = delete;
-  [[nodiscard]] IStream* Get() const { return stream_; }
-
- private:
-  IStream* stream_ = nullptr;
+struct StreamReleaser {
+  void operator()(IStream* stream) const { stream->Release(); }
 };
+// A reference to a stream. A picture that reads from the stream adds its own.
+using StreamOwner = std::unique_ptr<IStream, StreamReleaser>;
+
+// Null if memory runs out.
+StreamOwner StreamOver(const GlobalBlock& block) {
+  IStream* stream = nullptr;
+  const bool isMade = CreateStreamOnHGlobal(block.get(), FALSE, &stream) == S_OK;
+  return StreamOwner(isMade ? stream : nullptr);
+}
+
+// A block with a copy of the bytes. Null if memory runs out.
+GlobalBlock CopyToBlock(std::string_view bytes) {
+  GlobalBlock block(GlobalAlloc(GMEM_MOVEABLE, bytes.size()));
+  void* to = block == nullptr ? nullptr : GlobalLock(block.get());
+  if (to == nullptr) return nullptr;
+  bytes.copy(static_cast<char*>(to), bytes.size());
+  GlobalUnlock(block.get());
+  return block;
+}
 
 // Metafiles are refused: they are programs for the graphics system, and content is hostile.
 [[nodiscard]] bool IsAllowed(Gdiplus::GpImage* image) {
@@ -95,24 +101,14 @@ void FillBox(Gdiplus::GpGraphics* graphics, const Box& box, const Scale& scale,
 
 }  // namespace
 
-bool GlobalBlock::Assign(std::string_view bytes) {
-  GlobalBlock made;
-  made.block_ = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-  if (made.block_ == nullptr) return false;
-  void* to = GlobalLock(made.block_);
-  if (to == nullptr) return false;
-  bytes.copy(static_cast<char*>(to), bytes.size());
-  GlobalUnlock(made.block_);
-  *this = std::move(made);
-  return true;
-}
-
 bool ReadPicture(std::string_view bytes, Picture& picture) {
   Picture read;
-  if (!MayBeDecoded(bytes) || !read.block.Assign(bytes)) return false;
-  const BlockStream stream(read.block);
-  if (stream.Get() == nullptr ||
-      !Succeeded(gdip::GdipLoadImageFromStream(stream.Get(), read.image.Slot())) ||
+  if (!MayBeDecoded(bytes)) return false;
+  read.block = CopyToBlock(bytes);
+  if (read.block == nullptr) return false;
+  const StreamOwner stream = StreamOver(read.block);
+  if (stream == nullptr ||
+      !Succeeded(gdip::GdipLoadImageFromStream(stream.get(), read.image.Slot())) ||
       !IsAllowed(read.image)) {
     return false;
   }

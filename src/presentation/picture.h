@@ -1,36 +1,19 @@
 // Pictures: read from bytes or from the library's resources, and painted into a box.
 #pragma once
 
+#include <memory>
 #include <string_view>
-#include <utility>
 
 #include "objects/visibles.h"
 #include "presentation/gdi_plus.h"
 
 namespace korvel {
 
-// A block of global memory, the only kind of memory that GDI+ reads pictures from.
-class GlobalBlock {
- public:
-  GlobalBlock() = default;
-  GlobalBlock(GlobalBlock&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
-  GlobalBlock& operator=(GlobalBlock&& other) noexcept {
-    std::swap(block_, other.block_);
-    return *this;
-  }
-  GlobalBlock(const GlobalBlock&) = delete;
-  GlobalBlock& operator=(const GlobalBlock&) = delete;
-  ~GlobalBlock() {
-    if (block_ != nullptr) GlobalFree(block_);
-  }
-
-  // A movable block with a copy of the bytes. False if memory runs out.
-  [[nodiscard]] bool Assign(std::string_view bytes);
-  [[nodiscard]] HGLOBAL Get() const { return block_; }
-
- private:
-  HGLOBAL block_ = nullptr;
+struct GlobalReleaser {
+  void operator()(HGLOBAL block) const { GlobalFree(block); }
 };
+// A movable block of global memory, the only kind of memory that GDI+ reads pictures from.
+using GlobalBlock = std::unique_ptr<void, GlobalReleaser>;
 
 // GDI+ may read from the block while the image exists, so the image is released first.
 struct Picture {

@@ -1,4 +1,4 @@
-// The frame that a test decoder fills: its size from the stream's sequence header.
+// Fills the frame of a test decoder. Its size is in the stream's sequence header.
 #pragma once
 
 #include <algorithm>
@@ -15,14 +15,14 @@ struct PlaneSizes {
   int chroma = 0;
 };
 
-// Reads kSequenceHeaderBytes.
+// `header` has kSequenceHeaderBytes bytes.
 inline PlaneSizes PlaneSizesIn(const std::uint8_t* header) {
   const int width = header[4] << 4 | header[5] >> 4;
   const int height = (header[5] & 15) << 8 | header[6];
   return {width * height, (width / 2) * (height / 2)};
 }
 
-// No samples if the file has no whole header.
+// Both sizes are 0 if the file does not contain a complete header.
 inline PlaneSizes PlaneSizesInFile(const char* path) {
   std::uint8_t header[kSequenceHeaderBytes] = {};
   std::FILE* file = std::fopen(path, "rb");

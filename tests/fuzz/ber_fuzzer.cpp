@@ -1,5 +1,5 @@
-// Decodes any bytes as a group in BER: decoding must end, stay within the input and leak nothing,
-// and accepted groups can be written and read again.
+// Decodes any bytes as a BER group. Decoding must end, stay within the input and leak nothing.
+// Accepted groups must survive being written and read again.
 #include <cstdint>
 #include <cstdlib>
 #include <span>

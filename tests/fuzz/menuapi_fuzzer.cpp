@@ -1,5 +1,5 @@
-// Decodes any bytes as a video stream: decoding must end, stay within the stream and the frame and
-// leak nothing, and rejected streams produce a black frame.
+// Decodes any bytes as a video stream. Decoding must end, stay within the stream and the frame and
+// leak nothing. Rejected streams must give a black frame.
 #include <algorithm>
 #include <cstdlib>
 #include <vector>
@@ -8,8 +8,8 @@
 
 namespace {
 
-// A larger frame takes longer to allocate than its stream takes to decode. The tallest possible
-// frame is within this limit.
+// Larger frames are skipped, because allocating them takes longer than decoding. The tallest
+// possible frame is within this limit.
 constexpr int kMaxArea = 32 * 4096;
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Reads the size of any bytes as a picture file, which must end and stay within the file, and as a
-// stream of I-frames, which has a size that can be decoded or none.
+// Reads a picture size from any bytes, which must end and stay within the file. Then does the same
+// as for an I-frame stream, whose size must be one that can be decoded, or none.
 #include <cstdint>
 #include <cstdlib>
 

@@ -1,5 +1,5 @@
-// Reads any bytes as a group in text: reading must end, stay within the input and leak nothing, and
-// accepted groups can be written and read again.
+// Reads any bytes as a group in the textual notation. Reading must end, stay within the input and
+// leak nothing. Accepted groups must survive being written and read again.
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>

@@ -1,7 +1,6 @@
-// The time that checking a carousel takes. Four times the groups may take little more than four
-// times as long, whether they are given as a folder or as files, and whatever they refer to. The
-// test measures processor time and uses the fastest of several runs, so that other load does not
-// matter.
+// Measures the time for checking a carousel. Checking four times the groups may take little more
+// than four times as long, for folders and files and for all kinds of references. The test measures
+// processor time and uses the fastest of several runs, so that other load does not matter.
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -23,8 +22,8 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr int kGroups = 400;
 constexpr Milliseconds kLimit{1000};
-// Comparing every group with every other would take sixteen times as long for four times the
-// groups.
+// For four times the groups. Comparing every group with every other one would take sixteen times as
+// long.
 constexpr double kMostGrowth = 8;
 constexpr int kRuns = 5;
 
@@ -62,7 +61,7 @@ void WriteApplications(const fs::path& folder, int count) {
   }
 }
 
-// One scene, in BER because no text may be so long. Its links wait for events of their own.
+// One scene whose links wait for different events. It is in BER because no text may be that long.
 void WriteLinks(const fs::path& folder, int count) {
   korvel::Scene scene;
   for (int i = 0; i < 50 * count; ++i) {
@@ -98,7 +97,7 @@ const Shape kShapes[] = {
     {"links", WriteLinks, Folder},
 };
 
-// The processor's time for one check of the folder.
+// The processor time for one check.
 Milliseconds TimeToCheck(const Shape& shape, const fs::path& folder) {
   const std::vector<fs::path> paths = shape.paths(folder);
   const std::clock_t start = std::clock();

@@ -1,7 +1,6 @@
-// The time that the reader of the textual notation takes. A scene of 60 KB, close to the longest
-// text, must be read in well under 50 ms, and twice the text may take little more than twice as
-// long. The test measures processor time and uses the fastest of several runs, so that other load
-// does not matter.
+// Measures the time for reading the textual notation. A scene of 60 KB, close to the longest text,
+// must take well under 50 ms, and twice the text may take little more than twice as long. The test
+// measures processor time and uses the fastest of several runs, so that other load does not matter.
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -18,8 +17,8 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr std::size_t kLength = 60000;  // bytes
 constexpr Milliseconds kLimit{25};
-// Four times the text takes four times as long; a reader that walks something again for each part
-// would take sixteen times as long.
+// For four times the text. A reader that walks the same data again for each part would take sixteen
+// times as long.
 constexpr double kMostGrowth = 8;
 constexpr std::size_t kReadings = 25;
 
@@ -49,7 +48,7 @@ std::string SceneOf(const Shape& shape, std::size_t length) {
   return text + shape.behind;
 }
 
-// The processor time for reading the text once; nothing if the text is rejected.
+// The processor time for reading the text once; no value if the text is rejected.
 std::optional<Milliseconds> TimeToRead(const std::string& text) {
   korvel::OwnedGroup group;
   const std::clock_t start = std::clock();
@@ -57,8 +56,8 @@ std::optional<Milliseconds> TimeToRead(const std::string& text) {
   return Milliseconds(1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
 }
 
-// The shortest times for texts of a quarter, half and all of the length. They are read in turns, so
-// that a slow period of the machine affects all of them.
+// The shortest times for texts of a quarter, half and all of the length. The three texts are read
+// in turn, so that a slow period of the machine affects all of them.
 bool IsQuick(const Shape& shape) {
   const std::string texts[] = {SceneOf(shape, kLength / 4), SceneOf(shape, kLength / 2),
                                SceneOf(shape, kLength)};

@@ -1,4 +1,4 @@
-// Stands in for the platform doorway in native tests.
+// Substitutes for the platform functions in native tests.
 #include "host.h"
 
 #include "platform/clocks.h"

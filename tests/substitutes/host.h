@@ -1,5 +1,5 @@
-// The interface of the platform's stand-in for tests: files in memory, a clock that tests set, and
-// a record of the engine's requests.
+// Controls the substitute for the platform in tests: files in memory, a clock that tests set, and a
+// record of the engine's requests.
 #pragma once
 
 #include <cstdint>
@@ -18,14 +18,14 @@ struct FakeHost {
   bool mayRun = true;
   bool isClosing = false;
   std::uint32_t milliseconds = 0;
-  std::uint32_t millisecondsPerReading = 0;  // by which each reading moves the clock
+  std::uint32_t millisecondsPerReading = 0;  // added to the clock by each reading
   std::uint32_t seconds = 0;
   LocalTime localTime;
   bool hasLocalTime = true;
 
   std::function<void()> onPause;  // called in each pause
 
-  std::vector<std::string> fetched;               // every path asked for, found or not
+  std::vector<std::string> fetched;               // every requested path, found or not
   std::uint32_t pausedMs = 0;                     // the sum of all pauses
   std::map<std::uint32_t, std::uint32_t> timers;  // pending platform timers: id and period
   std::vector<std::uint32_t> killedTimers;
@@ -33,7 +33,7 @@ struct FakeHost {
   std::vector<std::string> traced;
 };
 
-// The stand-in's state; a fixture resets it with `TheHost() = {}`.
+// The substitute's state; a fixture resets it with `TheHost() = {}`.
 FakeHost& TheHost();
 
 }  // namespace korvel::test

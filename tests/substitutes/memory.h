@@ -1,17 +1,17 @@
-// The interface of the allocator's stand-in for tests: it can fail on request, and counts blocks.
+// Controls the substitute for the allocator in tests: it fails on request, and counts blocks.
 #pragma once
 
 #include <cstddef>
 
 namespace korvel::test {
 
-// Makes the n-th allocation from now on (1 is the next one) return null, once. 0 lets all succeed.
+// Makes the n-th allocation from now on (1: the next one) return null, once. With 0, none fails.
 void FailAllocation(std::size_t n);
 
 // Whether an allocation has failed on purpose since FailAllocation was called.
 bool HasFailedAllocation();
 
-// The number of blocks that were allocated and not released.
+// The number of blocks that are allocated now.
 std::size_t LiveBlocks();
 
 }  // namespace korvel::test

@@ -1,4 +1,4 @@
-// Stands in for the presentation doorway in native tests: nothing is drawn, requests are counted.
+// Substitutes for the presentation in native tests: they draw nothing, and record the requests.
 #include "presentation.h"
 
 #include <iomanip>

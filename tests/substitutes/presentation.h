@@ -1,5 +1,5 @@
-// The interface of the presentation's stand-in for tests: it counts requests to draw, and tests set
-// the result of the next redraw.
+// Controls the substitute for the presentation in tests: it counts requests to draw, and tests set
+// the result of Redraw.
 #pragma once
 
 #include <functional>
@@ -16,13 +16,13 @@ struct FakePresentation {
   int redraws = 0;
   int clears = 0;
   int updates = 0;
-  int canvases = 0;                   // made and not released
-  std::vector<std::string> drawings;  // what was done to canvases, one line for each call
-  std::vector<std::string> streams;   // what streams were started and ended, likewise
-  std::function<Status()> onRedraw;   // when set, gives Redraw's result
+  int canvases = 0;                   // canvases that exist now
+  std::vector<std::string> drawings;  // calls on canvases, one line each
+  std::vector<std::string> streams;   // streams started and ended, one line each
+  std::function<Status()> onRedraw;   // if set, returns Redraw's result
 };
 
-// The stand-in's state; a fixture resets it with `ThePresentation() = {}`.
+// The substitute's state; a fixture resets it with `ThePresentation() = {}`.
 FakePresentation& ThePresentation();
 
 }  // namespace korvel::test

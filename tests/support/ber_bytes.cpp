@@ -1,4 +1,4 @@
-// Writing elements by hand, and decoding them.
+// Builds BER elements byte by byte, and decodes them.
 #include "support/ber_bytes.h"
 
 #include <algorithm>

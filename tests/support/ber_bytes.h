@@ -1,6 +1,5 @@
-// BER elements written by hand, as input for tests of the reader that must not depend on the
-// writer.
-// `+` concatenates elements.
+// Builds BER elements byte by byte, so that tests of the reader do not depend on the writer. `+`
+// concatenates elements.
 #pragma once
 
 #include <cstdint>
@@ -27,10 +26,10 @@ Bytes Sequence(const Bytes& elements);
 // A reference to an object of a named group.
 Bytes External(const Bytes& group, std::int64_t number);
 
-// A context tag, primitive or holding elements.
+// An element with a context tag, primitive or constructed.
 Bytes Primitive(std::uint32_t tag, const Bytes& content);
 Bytes Holding(std::uint32_t tag, const Bytes& elements);
-// The content bytes of an INTEGER, in the fewest that hold it.
+// The content bytes of an INTEGER, as few as possible.
 Bytes NumberContent(std::int64_t value);
 
 // An application or a scene with the name "~/g", number 0, and these attributes.
@@ -46,14 +45,14 @@ struct Decoded {
   DecodeError error;
 
   [[nodiscard]] bool IsDone() const { return status == Status::Done; }
-  // The record of an item, by its 0-based place.
+  // The record of the item at a 0-based index.
   template <class Record>
   [[nodiscard]] Record& ItemAt(std::size_t index) const {
     return group->Items.At(index)->template As<Record>();
   }
 };
 
-// Decodes from a block of exactly these bytes, so that a sanitizer reports every read past the end.
+// Decodes a heap block of exactly these bytes, so that a sanitizer reports reads past the end.
 Decoded Decode(const Bytes& bytes);
 
 // Decodes a scene with one item, number 7, of the class with that tag and with these attributes.

@@ -27,11 +27,10 @@ inline void PrintTo(ItemType type, std::ostream* out) {
 
 namespace test {
 
-// The variable that collects the notes; every application and scene built with the phrases below
-// has one.
+// The number of the variable that collects the notes. Every group that GroupText builds has one.
 inline constexpr std::int32_t kNotes = 99;
 
-// ---- Phrases of content ----
+// ---- Parts of content ----
 
 inline std::string Quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
 
@@ -53,7 +52,7 @@ inline std::string LaunchAction(std::string_view group) {
 inline std::string SpawnAction(std::string_view group) { return ":Spawn(" + Name(group, 0) + ") "; }
 inline std::string QuitAction() { return ":Quit(0) "; }
 
-// A link. `source` and `event` are as written in content ("0", "UserInput :EventData 100").
+// A link. `source` and `event` are in the textual notation ("0", "UserInput :EventData 100").
 inline std::string LinkOn(std::int32_t number, std::string_view source, std::string_view event,
                           std::string_view effect, std::string_view attributes = "") {
   return "{:Link " + std::to_string(number) + " " + std::string(attributes) + " :EventSource " +
@@ -61,7 +60,7 @@ inline std::string LinkOn(std::int32_t number, std::string_view source, std::str
          std::string(effect) + ")} ";
 }
 
-// A link on a key. The key reaches it in the application and in the scene.
+// A link that fires on a key, in an application or a scene.
 inline std::string LinkOnKey(std::int32_t number, std::int32_t key, std::string_view effect,
                              std::string_view attributes = "") {
   return LinkOn(number, "0", "UserInput :EventData " + std::to_string(key), effect, attributes);
@@ -130,9 +129,9 @@ class EngineTest : public testing::Test {
   void Serve(const std::string& file, std::string_view text) {
     TheHost().files[file] = CompileText(text);
   }
-  // A file that is no group at all.
+  // Serves a file that is not a group.
   void ServeBroken(const std::string& file) { TheHost().files[file] = "\x02\x01\x00"; }
-  // The start-up application "~/a" and scenes beside it.
+  // Serve the start-up application "~/a", and a scene in the same folder.
   void ServeApplication(std::string_view items, std::string_view attributes = "") {
     Serve("a", ApplicationText("~/a", items, attributes));
   }
@@ -141,13 +140,14 @@ class EngineTest : public testing::Test {
     Serve(file, SceneText("~/" + file, items, attributes));
   }
 
-  // One key or timer of the worker. Ended groups are released before it, not after it.
+  // Runs `work` as the worker runs one key or timer: it releases ended groups first, not
+  // afterwards.
   template <class Work>
   auto Do(Work&& work) {
     BeginWork();
     return GoOn(work);
   }
-  // Continues the key or timer that was begun last.
+  // Runs `work` as part of the last key or timer.
   template <class Work>
   auto GoOn(Work&& work) {
     return WithOutputIn(printed_, work);
@@ -167,7 +167,7 @@ class EngineTest : public testing::Test {
   Status Press(std::int32_t key) {
     return Do([&] { return RaiseOutsideEvent(0, EventType::UserInput, key); });
   }
-  // Removes the platform's timer, as if it had fired.
+  // Lets a timer fire, which removes it from the platform.
   Status Expire(std::int32_t timer) {
     TheHost().timers.erase(static_cast<std::uint32_t>(timer));
     return Do([&] { return RaiseOutsideEvent(0, EventType::TimerFired, timer); });
@@ -176,10 +176,10 @@ class EngineTest : public testing::Test {
     return Do([&] { return RaiseEvent(group, number, type, data); });
   }
 
-  // What the engine has printed since the last call.
+  // The engine's output since the last call.
   std::string Printed() { return std::exchange(printed_, {}); }
 
-  // An object of the running groups, which must be there.
+  // An object of the running groups. Reports a test failure if it does not exist.
   template <class T>
   static T& Find(std::int32_t number, std::string_view group = "~/a") {
     const FoundObject found = FindObject(Scope::SceneFirst, group, number);

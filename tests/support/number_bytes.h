@@ -1,4 +1,4 @@
-// Numbers as the bytes of files that tests write.
+// Converts numbers to bytes, for files that tests write.
 #pragma once
 
 #include <cstdint>
@@ -6,14 +6,14 @@
 
 namespace korvel::test {
 
-// The lowest `bytes` bytes of the number, the highest of them first.
+// The lowest `bytes` bytes of the number, in big-endian order.
 inline std::string Big(std::uint32_t number, int bytes) {
   std::string text;
   for (int byte = bytes - 1; byte >= 0; --byte) text += static_cast<char>(number >> 8 * byte);
   return text;
 }
 
-// The same bytes, the lowest first.
+// The same bytes in little-endian order.
 inline std::string Little(std::uint32_t number, int bytes) {
   const std::string text = Big(number, bytes);
   return {text.rbegin(), text.rend()};

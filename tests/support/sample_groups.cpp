@@ -91,8 +91,8 @@ class GroupMaker {
     }
     field = static_cast<Enumeration>(number);
   }
-  // Any bytes, including zeros, or text; sometimes empty, sometimes long enough for a longer length
-  // field.
+  // Random bytes, including zeros, or text. Sometimes empty, sometimes so long that BER needs a
+  // longer length field.
   void Fill(OctetString& field) {
     std::string bytes(Below(20) == 0 ? 300 : Below(9), ' ');
     const bool isText = Below(2) == 0;
@@ -266,7 +266,7 @@ class GroupMaker {
   std::mt19937 random_;
   Extent extent_;
   Values values_ = Values::Direct;
-  bool hasAllActions_ = false;  // one list of a complete group has them; the others stay short
+  bool hasAllActions_ = false;  // set once one list has all actions; later lists stay short
 };
 
 }  // namespace

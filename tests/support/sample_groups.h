@@ -16,9 +16,9 @@ OwnedGroup MakeCompleteGroup(ItemType type);
 // parameters. Even seeds produce an application, odd ones a scene.
 OwnedGroup MakeRandomGroup(std::uint32_t seed);
 
-// The number of seeds, from 0 on, whose groups together contain each attribute of each class
-// present and absent, each parameter of each action with a direct and with an indirect value, and
-// every byte in strings.
+// The number of seeds, starting at 0, whose groups together contain each attribute of each class
+// (present and absent), each parameter of each action (with a direct and an indirect value), and
+// every byte value in strings.
 inline constexpr std::uint32_t kEnoughRandomGroups = 1500;
 
 }  // namespace korvel::test

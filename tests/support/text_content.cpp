@@ -1,4 +1,4 @@
-// Reading and compiling the texts of tests.
+// Reads and compiles the texts of tests.
 #include "support/text_content.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,5 @@
-// Content written as text, for tests: a group in the textual notation becomes its records or its
-// BER bytes. A text that cannot be read fails the current test and reports the position and what
-// was expected there.
+// Converts a group in the textual notation to records or BER bytes. A text that cannot be read
+// fails the current test, with the position and the expected token in the message.
 #pragma once
 
 #include <string>
@@ -10,11 +9,11 @@
 
 namespace korvel {
 
-// The group of a text, its references completed with the group's name as the engine does after
-// decoding.
+// The group of a text. References without a group name are completed with the group's own name, as
+// the engine does after decoding.
 [[nodiscard]] OwnedGroup ParseText(std::string_view text);
 
-// The BER bytes of a text's group; empty when the text cannot be read.
+// The BER bytes of a text's group; empty if the text cannot be read.
 [[nodiscard]] std::string CompileText(std::string_view text);
 
 }  // namespace korvel

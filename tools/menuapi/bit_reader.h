@@ -1,6 +1,6 @@
-// The bits of one unit of the stream, most significant first. The only code that reads content.
-// Past the end of the unit the bits are zeros, and no read leaves the unit. Entirely in the header
-// because nearly all decoding time passes through it.
+// Reads the bits of one unit of the stream, most significant first. Only this code reads the
+// stream's bytes. Reads past the end of the unit yield zeros. Header-only so that it is inlined:
+// nearly all decoding time is spent here.
 #pragma once
 
 #include <algorithm>
@@ -16,7 +16,7 @@ class BitReader {
   // Borrows the bytes.
   explicit BitReader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
 
-  // The next 1 to 32 bits, without reading them.
+  // The next `count` bits (1 to 32), without consuming them.
   [[nodiscard]] std::uint32_t Peek(int count) const {
     const std::size_t first = position_ / 8;
     const bool isInside = first + kWordBytes <= bytes_.size();
@@ -35,16 +35,16 @@ class BitReader {
 
  private:
   static constexpr std::size_t kWordBytes =
-      8;  // enough for the bits of a partly read byte, and 32 more
+      8;  // holds the rest of a partly read byte and 32 more bits
 
-  // Written like this, compilers make one load of it.
+  // Compilers turn this expression into one load.
   static std::uint64_t WordAt(const std::uint8_t* bytes) {
     return std::uint64_t{bytes[0]} << 56 | std::uint64_t{bytes[1]} << 48 |
            std::uint64_t{bytes[2]} << 40 | std::uint64_t{bytes[3]} << 32 |
            std::uint64_t{bytes[4]} << 24 | std::uint64_t{bytes[5]} << 16 |
            std::uint64_t{bytes[6]} << 8 | std::uint64_t{bytes[7]};
   }
-  // The last bytes of the unit, and zeros.
+  // The last bytes of the unit, padded with zeros.
   [[nodiscard]] std::uint64_t WordNearEnd(std::size_t first) const {
     const auto rest = bytes_.subspan(std::min(first, bytes_.size()));
     std::array<std::uint8_t, kWordBytes> bytes{};

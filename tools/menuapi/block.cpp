@@ -1,5 +1,5 @@
-// The coefficients of a block in stream order: the DC coefficient, the others up to the end of the
-// block, and the correction of the last one.
+// Reads a block in stream order: the DC coefficient, then the AC coefficients up to the end of the
+// block. Then corrects the last coefficient.
 #include "menuapi/block.h"
 
 #include <algorithm>
@@ -12,13 +12,13 @@ constexpr int kMinCoefficient = -2048;
 constexpr int kMaxCoefficient = 2047;
 constexpr int kForbiddenLevel = -2048;
 
-// The signed level of a coefficient.
+// A run of zero coefficients, then one with this signed level.
 struct Step {
   int run = 0;
   int level = 0;
 };
 
-// A difference of `bits` bits; values below half the range are negative.
+// Reads a difference of `bits` bits. Values below half the range are negative.
 int ReadDifference(BitReader& reader, int bits) {
   if (bits == 0) return 0;
   const int value = static_cast<int>(reader.Read(bits));
@@ -26,8 +26,7 @@ int ReadDifference(BitReader& reader, int bits) {
   return value >= half ? value : value + 1 - 2 * half;
 }
 
-// An escape is followed by 6 bits and a signed number of 12 bits, two values of which are
-// forbidden.
+// After an escape: a run of 6 bits and a signed level of 12 bits. Levels 0 and -2048 are forbidden.
 bool ReadEscaped(BitReader& reader, Step& step) {
   step.run = static_cast<int>(reader.Read(6));
   const int level = static_cast<int>(reader.Read(12));
@@ -42,8 +41,8 @@ bool ReadStep(BitReader& reader, const RunLevel& code, Step& step) {
   return true;
 }
 
-// The last coefficient is made odd or even so that the sum is odd. Otherwise decoders that round
-// differently would drift apart.
+// Toggles the last coefficient's lowest bit if needed to make the sum odd. Without this, decoders
+// that round differently would drift apart.
 void ControlMismatch(Coefficients& block) {
   const int sum = std::accumulate(block.begin(), block.end(), 0);
   if (sum % 2 == 0) block.back() ^= 1;

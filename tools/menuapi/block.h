@@ -1,5 +1,5 @@
-// A block's coefficients: reads them, puts them in their positions and multiplies them. ISO/IEC
-// 13818-2, 7.2 to 7.4, for intra blocks.
+// Reads a block's coefficients, puts them in scan order and dequantises them. ISO/IEC 13818-2, 7.2
+// to 7.4, for intra blocks.
 #pragma once
 
 #include "menuapi/bit_reader.h"
@@ -16,8 +16,8 @@ class BlockReader {
   // The predictor of the first DC coefficient of a slice.
   [[nodiscard]] int InitialDc() const { return 1 << (7 + dcPrecision_); }
 
-  // Reads a block. The DC coefficient is coded as the difference to `dc`, which is updated. False
-  // if the bits are not a block.
+  // Reads a block. The DC coefficient is coded as the difference from `dc`, which is updated.
+  // Returns false if the bits are not a valid block.
   [[nodiscard]] bool Read(BitReader& reader, const CodeTable<int>& dcSizes, int scale, int& dc,
                           Coefficients& block) const;
 

@@ -1,5 +1,4 @@
-// A table of codes of different lengths, none of which is the beginning of another, and the quick
-// look-up of the one that comes next.
+// A table of variable-length prefix codes, with a fast look-up of the next code in the stream.
 #pragma once
 
 #include <algorithm>
@@ -25,7 +24,7 @@ class CodeTable {
  public:
   using Rows = std::span<const Code<Value>>;
 
-  // The rows of all parts. The table does not keep them.
+  // Copies the rows of all parts.
   CodeTable(std::initializer_list<Rows> parts) {
     for (const Rows rows : parts) {
       for (const Code<Value>& row : rows) bits_ = std::max(bits_, Length(row));
@@ -37,8 +36,7 @@ class CodeTable {
     }
   }
 
-  // Reads a code. Null, with nothing read, if no code matches the next bits. The table owns the
-  // value.
+  // Reads a code. Returns null and consumes nothing if no code matches. The table owns the value.
   [[nodiscard]] const Value* Read(BitReader& reader) const {
     const std::uint32_t next = reader.Peek(bits_);
     const Entry* entry = &short_[bits_ > kShortBits ? next >> (bits_ - kShortBits) : next];
@@ -49,17 +47,17 @@ class CodeTable {
   }
 
  private:
-  // Nearly all codes of a picture are short, and their small part of the table stays in the cache.
+  // Nearly all codes in a picture are short, so the small table for them stays in the cache.
   static constexpr int kShortBits = 9;
 
   struct Entry {
     Value value{};
-    std::uint8_t length = 0;  // 0: no code begins like this
+    std::uint8_t length = 0;  // in bits; 0: no code matches
   };
 
   static int Length(const Code<Value>& row) { return static_cast<int>(row.bits.size()); }
 
-  // Every number that begins with the code is an entry for it.
+  // Fills every entry whose index begins with the code's bits.
   static void Fill(std::vector<Entry>& entries, int bits, const Code<Value>& row) {
     std::size_t first = 0;
     for (const char bit : row.bits) first = first * 2 + (bit == '1' ? 1 : 0);
@@ -75,7 +73,7 @@ class CodeTable {
     if (Length(row) <= shortBits) Fill(short_, shortBits, row);
   }
 
-  int bits_ = 0;  // of the longest code
+  int bits_ = 0;  // length of the longest code
   std::vector<Entry> short_;
   std::vector<Entry> long_;
 };

@@ -10,17 +10,17 @@ namespace menuapi {
 // A run of zero coefficients, then one of this level. The bit after the code is its sign.
 struct RunLevel {
   std::int16_t run = 0;
-  std::int16_t level = 0;  // one of the two below, or more than 0
+  std::int16_t level = 0;  // positive, or one of the constants below
 
   static constexpr std::int16_t kEndOfBlock = 0;
-  static constexpr std::int16_t kEscape = -1;  // run and level follow as plain numbers
+  static constexpr std::int16_t kEscape = -1;  // run and level follow as uncoded numbers
 };
 
 enum class CoefficientTable { Zero, One };
 
 [[nodiscard]] const CodeTable<RunLevel>& CoefficientCodes(CoefficientTable table);
 
-// The rows themselves: those of one table alone and those of both.
+// The rows that are only in this table, and the rows that both tables share.
 [[nodiscard]] CodeTable<RunLevel>::Rows OwnCoefficientRows(CoefficientTable table);
 [[nodiscard]] CodeTable<RunLevel>::Rows SharedCoefficientRows();
 

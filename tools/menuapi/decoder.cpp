@@ -1,5 +1,5 @@
-// Reads headers, then slices, for one picture or two fields. A picture's slices end at the first
-// unit that is not a slice.
+// Reads the headers and slices of one frame picture or two field pictures. A picture ends at the
+// first unit that is not a slice.
 #include "menuapi/decoder.h"
 
 #include "menuapi/header_reader.h"
@@ -8,8 +8,7 @@
 namespace menuapi {
 namespace {
 
-// Decodes the slices of the current picture into the frame. False if part of the picture is
-// missing.
+// Decodes the current picture's slices into the frame. Returns false if part of it is missing.
 bool DecodePicture(StartCodes& units, const HeaderReader& headers, Frame& frame) {
   SliceDecoder slices(headers.CurrentSequence(), headers.CurrentPicture(), frame);
   for (; units.Current().IsSlice(); units.Advance()) slices.Decode(units.Current());
@@ -20,7 +19,7 @@ bool IsOtherField(PictureStructure one, PictureStructure other) {
   return other != PictureStructure::Frame && other != one;
 }
 
-// False if there is a second field and part of it is missing.
+// Returns false if there is a second field and part of it is missing.
 bool DecodeSecondField(StartCodes& units, HeaderReader& headers, Frame& frame) {
   const PictureStructure first = headers.CurrentPicture().structure;
   if (headers.ReadToSlices(units) && IsOtherField(first, headers.CurrentPicture().structure)) {

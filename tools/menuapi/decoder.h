@@ -1,4 +1,4 @@
-// Decodes the first frame of an MPEG-2 video stream, if it is intra coded, to samples. The doorway
+// Decodes the first frame of an MPEG-2 video stream to samples, if it is intra coded. The doorway
 // of this folder.
 #pragma once
 
@@ -12,20 +12,21 @@ namespace menuapi {
 enum class Result {
   Done,
   Damaged,  // some macroblocks could not be decoded and are black
-  Refused,  // the stream is not one that is decoded
+  Refused,  // the stream is not supported
 };
 
-// Reads the size in the sequence header at the start of the stream. False if there is none, or if
-// the size has no area.
+// Reads the size from the sequence header at the start of the stream. Returns false if there is no
+// such header, or if width or height is 0.
 [[nodiscard]] bool ReadFrameSize(std::span<const std::uint8_t> stream, FrameSize& size);
 
-// Decodes the first frame into `planes`: luma, then blue and red chroma, PlanesBytes of the
-// stream's size. Bytes after those are unchanged; if there is less room, all bytes are.
+// Decodes the first frame into `planes`: luma, then blue chroma, then red chroma, PlanesBytes() of
+// the stream's size in all. Later bytes stay unchanged. If `planes` is too small, all bytes stay
+// unchanged.
 //
 // A frame is one picture or two fields. If only the first field exists or is intra coded, its lines
 // are doubled: half the detail of a still picture is better than none. A refused frame is black.
-// Refused are MPEG-1, chroma formats other than 4:2:0, scalable streams, sizes that do not fit in
-// the sequence header, and streams whose first picture is of another kind.
+// The decoder refuses MPEG-1, chroma formats other than 4:2:0, scalable streams, sizes that do not
+// fit in the sequence header, and streams whose first picture is not intra coded.
 [[nodiscard]] Result DecodeFrame(std::span<const std::uint8_t> stream,
                                  std::span<std::uint8_t> planes);
 

@@ -1,13 +1,13 @@
-// MenuAPI.dll as the engine calls it. A host may bring its own library of this name; this one does
-// everything that the engine needs to show I-frames.
+// MenuAPI.dll as the engine calls it. A host may supply its own library of this name. This one has
+// the one function that the engine needs to show I-frames.
 #include <cstdint>
 #include <exception>
 
 #include "menuapi/stream_file.h"
 
-// Ordinal 1. Decodes the frame in the file at `path` into the buffer that `buffer` points to, of
-// width x height x 3 / 2 bytes, as planes of Y, U and V. The number is always 1. Returns 0 if the
-// frame is complete, 1 if it is damaged, 2 if it is refused. Any thread may call.
+// Ordinal 1. Decodes the frame in the file at `path` into `*buffer`, which holds width x height x
+// 3 / 2 bytes, as Y, U and V planes. The last argument is always 1. Returns 0 if the frame is
+// complete, 1 if it is damaged, 2 if it is refused. Any thread may call.
 extern "C" int __cdecl DecodeIFrame(const char* path, std::uint8_t** buffer, int /*one*/) {
   if (path == nullptr || buffer == nullptr || *buffer == nullptr) {
     return static_cast<int>(menuapi::Result::Refused);

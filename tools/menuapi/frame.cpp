@@ -1,5 +1,5 @@
-// Planes and the positions of lines in them. A field is the same plane with steps of two lines, so
-// the rest of the decoder does not handle fields separately.
+// Planes and the positions of lines in them. A field is the same plane with a step of two lines, so
+// the rest of the decoder needs no special case for fields.
 #include "menuapi/frame.h"
 
 #include <algorithm>

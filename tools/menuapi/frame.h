@@ -1,5 +1,5 @@
-// The frame being decoded: three planes of samples, a whole number of macroblocks in size, so that
-// blocks always fit; and the planes that callers get, of the frame's own size.
+// The frame being decoded: three planes of samples, padded to whole macroblocks so that blocks
+// always fit. Callers get copies cropped to the frame's real size.
 #pragma once
 
 #include <array>
@@ -13,7 +13,7 @@
 
 namespace menuapi {
 
-// The position of a block's first sample, and the distance between its lines.
+// A block's first sample, and the distance between its lines in samples.
 struct BlockPlace {
   std::uint8_t* first = nullptr;
   std::ptrdiff_t step = 0;
@@ -33,11 +33,11 @@ class Plane {
  public:
   Plane(int width, int height, std::uint8_t level);
 
-  // The lines of a picture in the frame. The plane owns them.
+  // The lines of a frame or of one of its fields. The plane owns them.
   [[nodiscard]] PlaneLines Lines(PictureStructure structure);
-  // Copies each line of the field over its neighbour of the other field.
+  // Copies each line of `field` over the neighbouring line of the other field.
   void DoubleLines(PictureStructure field);
-  // Copies as much of the upper left corner as fits in the target at this width.
+  // Fills `target` with rows of `width` samples from the plane's upper left corner.
   void CopyTo(int width, std::span<std::uint8_t> target) const;
 
  private:
@@ -49,21 +49,22 @@ enum Component { kLuma, kChromaBlue, kChromaRed, kComponents };
 
 class Frame {
  public:
-  // Black, and large enough for all pictures of the sequence.
+  // Creates a black frame, large enough for every picture of the sequence.
   explicit Frame(const Sequence& sequence);
 
   [[nodiscard]] PlaneLines Lines(Component component, PictureStructure structure) {
     return planes_[component].Lines(structure);
   }
   void DoubleLines(PictureStructure field);
-  // Copies the frame without the parts of macroblocks beyond its size: luma, blue and red chroma.
+  // Copies the frame, cropped to `size`: luma, then blue chroma, then red chroma.
   void CopyTo(FrameSize size, std::span<std::uint8_t> planes) const;
 
  private:
   std::array<Plane, kComponents> planes_;
 };
 
-// The bytes of a frame in three planes. Chroma has half the width and height, rounded down.
+// The sizes of a luma plane, of one chroma plane, and of all three planes. Chroma has half the
+// width and height, rounded down.
 [[nodiscard]] std::size_t LumaBytes(FrameSize size);
 [[nodiscard]] std::size_t ChromaBytes(FrameSize size);
 [[nodiscard]] std::size_t PlanesBytes(FrameSize size);

@@ -30,11 +30,12 @@ bool HeaderReader::Take(const Unit& unit) {
   case kExtension: return TakeExtension(reader);
   case kPictureStart: return TakePictureHeader(reader);
   case kSequenceEnd: return false;
-  default: return true;  // groups of pictures and user data do not matter for a single picture
+  default: return true;  // group-of-pictures headers and user data: not needed
   }
 }
 
-// The header may be repeated, but the caller's buffer has the size of the first one.
+// The header may be repeated, but only with the same size: the caller's buffer has the size of the
+// first one.
 bool HeaderReader::TakeSequenceHeader(BitReader& reader) {
   const FrameSize known = sequence_.size;
   const bool isFirst = stage_ == Stage::Nothing;

@@ -1,5 +1,5 @@
-// The headers before the slices of a picture, in the order that the standard requires. Their fields
-// are described in sequence.h and picture.h.
+// Reads the headers before the slices of a picture and checks their order. sequence.h and picture.h
+// describe their fields.
 #pragma once
 
 #include "menuapi/picture.h"
@@ -10,15 +10,16 @@ namespace menuapi {
 
 class HeaderReader {
  public:
-  // Reads from the current unit to the first slice of the next picture. False if there is none, or
-  // if it cannot be decoded: not MPEG-2, not intra coded, not 4:2:0, or scalable.
+  // Reads from the current unit to the first slice of the next picture. Returns false if there is
+  // no such picture, or if it cannot be decoded: not MPEG-2, not intra coded, not 4:2:0, or
+  // scalable.
   [[nodiscard]] bool ReadToSlices(StartCodes& units);
 
   [[nodiscard]] const Sequence& CurrentSequence() const { return sequence_; }
   [[nodiscard]] const Picture& CurrentPicture() const { return picture_; }
 
  private:
-  // The last one read of the required headers.
+  // The required header that was read last.
   enum class Stage { Nothing, SequenceHeader, Sequence, PictureHeader, Picture };
 
   [[nodiscard]] bool Take(const Unit& unit);

@@ -1,5 +1,5 @@
-// The formula itself, in double precision, once along the rows and once along the columns. Most
-// coefficients are 0; skipping them saves more time than a faster algorithm.
+// Evaluates the DCT formula in double precision, first along rows and then along columns. Most
+// coefficients are 0; skipping them saves more time than a faster algorithm would.
 #include "menuapi/inverse_dct.h"
 
 #include <algorithm>
@@ -12,8 +12,8 @@ namespace {
 using Line = std::array<double, kBlockSide>;
 using Lines = std::array<Line, kBlockSide>;
 
-// The wave of each frequency, scaled so that the wave of frequency 0 is exactly 1: flat blocks then
-// have no rounding errors. The rest of the scaling is a division by 8 at the end.
+// The cosine wave of each frequency, scaled so that frequency 0 is exactly 1: flat blocks then have
+// no rounding errors. The final division by 8 does the rest of the scaling.
 Lines MakeWaves() {
   Lines waves{};
   waves[0].fill(1);
@@ -30,7 +30,7 @@ void AddScaled(Line& sum, const Line& line, double factor) {
   for (std::size_t place = 0; place < sum.size(); ++place) sum[place] += line[place] * factor;
 }
 
-// Adds up the waves of a row. False if all coefficients are 0.
+// Adds up the waves of a row. Returns false if all coefficients are 0.
 bool TransformRow(const int* coefficients, const Lines& waves, Line& row) {
   bool isUsed = false;
   for (std::size_t frequency = 0; frequency < waves.size(); ++frequency) {
@@ -45,7 +45,7 @@ bool TransformRow(const int* coefficients, const Lines& waves, Line& row) {
 
 Samples InverseDct(const Coefficients& coefficients) {
   static const Lines waves = MakeWaves();
-  // In eighths of a level, plus half a level, so that truncating rounds.
+  // In eighths of a level. Starts at half a level so that truncation rounds to nearest.
   Lines sums;
   for (Line& line : sums) line.fill(4);
   for (std::size_t frequency = 0; frequency < waves.size(); ++frequency) {

@@ -1,5 +1,5 @@
-// The rows, each table sorted by the values of the codes. Tables are built on first use and kept
-// until the library is unloaded.
+// The code tables, sorted by value. They are built on first use and kept until the library is
+// unloaded.
 #include "menuapi/macroblock_codes.h"
 
 namespace menuapi {

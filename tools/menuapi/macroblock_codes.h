@@ -1,5 +1,5 @@
-// The codes around the coefficients: ISO/IEC 13818-2, tables B.1, B.2 (intra pictures), B.10, B.12
-// and B.13.
+// The codes of a macroblock other than those of AC coefficients: ISO/IEC 13818-2, tables B.1, B.2
+// (intra pictures), B.10, B.12 and B.13.
 #pragma once
 
 #include "menuapi/code_table.h"
@@ -11,10 +11,10 @@ inline constexpr int kIncrementEscape = 0;
 inline constexpr int kIncrementOfEscape = 33;
 [[nodiscard]] const CodeTable<int>& AddressIncrementCodes();
 
-// Whether a new quantiser scale comes with the macroblock: 0 or 1.
+// 1 if the macroblock sets a new quantiser scale, otherwise 0.
 [[nodiscard]] const CodeTable<int>& IntraTypeCodes();
 
-// The size of a vector step. Unless it is 0, the bit after the code is its sign.
+// The magnitude of a vector component. Unless it is 0, the bit after the code is its sign.
 [[nodiscard]] const CodeTable<int>& MotionCodes();
 
 // The number of bits in the difference of a DC coefficient.

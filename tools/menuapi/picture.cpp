@@ -1,5 +1,5 @@
-// Reads the fields in their order, and skips those that do not matter for an intra picture. Marker
-// bits are not checked: nothing depends on them.
+// Reads the fields in stream order and skips those that an intra picture does not need. Marker bits
+// are not checked: nothing depends on them.
 #include "menuapi/picture.h"
 
 #include <algorithm>
@@ -10,8 +10,8 @@ namespace {
 constexpr std::uint32_t kIntraCoded = 1;
 constexpr int kMaxVectorSizeCode = 9;
 
-// The size codes of forward and backward vectors. An intra picture uses at most the first pair, so
-// only that one must be valid, and only if it is used.
+// Reads the size codes of forward vectors and skips those of backward vectors, which an intra
+// picture never uses. Forward codes must be valid only if the picture has vectors.
 void ReadVectorSizes(BitReader& reader, std::array<int, 2>& restBits) {
   for (int& bits : restBits) bits = static_cast<int>(reader.Read(4)) - 1;
   reader.Skip(4 + 4);
@@ -28,7 +28,7 @@ int Rounded(int lines, int unit) { return (lines + unit - 1) / unit; }
 }  // namespace
 
 bool ReadPictureHeader(BitReader& reader) {
-  reader.Skip(10);  // place in the group of pictures
+  reader.Skip(10);  // position in the group of pictures
   return reader.Read(3) == kIntraCoded && !reader.HasPassedEnd();
 }
 
@@ -36,7 +36,7 @@ bool ReadPictureCodingExtension(BitReader& reader, const Sequence& sequence, Pic
   ReadVectorSizes(reader, picture.vectorRestBits);
   picture.dcPrecision = static_cast<int>(reader.Read(2));
   const std::uint32_t structure = reader.Read(2);
-  reader.Skip(1);  // which field comes first
+  reader.Skip(1);  // top field first
   const bool areAllDctsOfFrame = reader.ReadFlag();
   picture.hasVectors = reader.ReadFlag();
   picture.scaleType = reader.ReadFlag() ? ScaleType::NonLinear : ScaleType::Linear;
@@ -54,7 +54,7 @@ int MacroblockColumns(const Sequence& sequence) {
 
 int MacroblockRows(const Sequence& sequence, const Picture& picture) {
   if (sequence.isProgressive) return Rounded(sequence.size.height, kMacroblockSide);
-  // Each field by itself has whole macroblocks.
+  // Each field is padded to whole macroblocks separately.
   const int fieldRows = Rounded(sequence.size.height, 2 * kMacroblockSide);
   return picture.IsField() ? fieldRows : 2 * fieldRows;
 }

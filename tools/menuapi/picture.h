@@ -1,5 +1,5 @@
-// The fields of a picture header and its coding extension that matter for intra coded pictures,
-// ISO/IEC 13818-2, 6.2.3; and the number of macroblocks in a picture.
+// The fields of a picture header and its coding extension that intra coded pictures need: ISO/IEC
+// 13818-2, 6.2.3. Also the number of macroblocks in a picture.
 #pragma once
 
 #include <array>
@@ -13,15 +13,15 @@ namespace menuapi {
 
 inline constexpr int kMacroblockSide = 16;  // in luma samples
 
-// A picture is every line of a frame, or every second one.
+// A picture has all lines of a frame, or every second line.
 enum class PictureStructure { TopField = 1, BottomField = 2, Frame = 3 };
 
 struct Picture {
   PictureStructure structure = PictureStructure::Frame;
-  int dcPrecision = 0;       // bits of DC coefficients beyond 8
-  bool hasDctTypes = false;  // macroblocks say whether their blocks hold lines of one field
-  bool hasVectors = false;   // macroblocks have vectors to conceal the loss of their neighbours
-  std::array<int, 2> vectorRestBits{};  // across and down: the bits of a vector after its code
+  int dcPrecision = 0;                  // bits of DC coefficients, minus 8
+  bool hasDctTypes = false;             // macroblocks have a flag for field DCT
+  bool hasVectors = false;              // macroblocks have concealment motion vectors
+  std::array<int, 2> vectorRestBits{};  // x and y: bits of a vector component after code and sign
   ScaleType scaleType = ScaleType::Linear;
   CoefficientTable coefficientTable = CoefficientTable::Zero;
   bool usesAlternateScan = false;
@@ -29,11 +29,11 @@ struct Picture {
   [[nodiscard]] bool IsField() const { return structure != PictureStructure::Frame; }
 };
 
-// Reads the picture header. False when the picture is not intra coded.
+// Reads the picture header. Returns false if the picture is not intra coded.
 [[nodiscard]] bool ReadPictureHeader(BitReader& reader);
 
-// Reads the picture coding extension, after its identifier. False if it contradicts itself or the
-// sequence.
+// Reads the picture coding extension, after its identifier. Returns false if it is invalid or
+// contradicts the sequence.
 [[nodiscard]] bool ReadPictureCodingExtension(BitReader& reader, const Sequence& sequence,
                                               Picture& picture);
 

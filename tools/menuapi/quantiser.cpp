@@ -1,5 +1,5 @@
-// The default matrix, the table of the non-linear scale (7-6), and the reading of a matrix. The
-// weights come in zigzag order whatever the picture's scan is.
+// The default matrix, the non-linear scale (table 7-6), and reading a matrix. The weights are in
+// zigzag order even if the picture uses the other scan.
 #include "menuapi/quantiser.h"
 
 #include <algorithm>

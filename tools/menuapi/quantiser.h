@@ -1,5 +1,5 @@
-// The factors of coefficients: the matrix with a weight for each position in the block, and the
-// scale, which slices and macroblocks set. ISO/IEC 13818-2, 6.3.11 and 7.4.2.
+// The factors that multiply coefficients: a matrix with a weight for each position in the block,
+// and a scale that slices and macroblocks set. ISO/IEC 13818-2, 6.3.11 and 7.4.2.
 #pragma once
 
 #include <array>
@@ -12,10 +12,10 @@ namespace menuapi {
 
 using QuantiserMatrix = std::array<std::uint8_t, kBlockSize>;  // row by row
 
-// The intra matrix of a sequence without one.
+// The intra matrix for sequences that define none.
 [[nodiscard]] const QuantiserMatrix& DefaultIntraMatrix();
 
-// Reads 64 weights in zigzag order. False, with the matrix unchanged, if one is 0.
+// Reads 64 weights in zigzag order. Returns false and leaves the matrix unchanged if one is 0.
 [[nodiscard]] bool ReadMatrix(BitReader& reader, QuantiserMatrix& matrix);
 
 enum class ScaleType { Linear, NonLinear };

@@ -1,4 +1,4 @@
-// The two orders. Each number is a position in the block: row x 8 + column.
+// Each number is a position in the block: row x 8 + column.
 #include "menuapi/scan_order.h"
 
 namespace menuapi {

@@ -10,12 +10,12 @@ namespace menuapi {
 inline constexpr int kBlockSide = 8;
 inline constexpr int kBlockSize = kBlockSide * kBlockSide;
 
-// For each position in the stream the position in the block, counted row by row.
+// Maps a position in the stream to a position in the block, counted row by row.
 using ScanOrder = std::array<std::uint8_t, kBlockSize>;
 
 // Along the diagonals, for progressive pictures and for quantiser matrices.
 [[nodiscard]] const ScanOrder& ZigzagScan();
-// Down rather than across, for interlaced pictures, whose lines differ more.
+// Mostly downwards, for interlaced pictures, whose neighbouring lines differ more.
 [[nodiscard]] const ScanOrder& AlternateScan();
 
 }  // namespace menuapi

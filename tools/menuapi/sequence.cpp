@@ -1,5 +1,5 @@
-// Reads the fields in their order, and skips those that do not matter for a single picture (rates,
-// buffers, the shape of pixels).
+// Reads the fields in stream order and skips those that a single picture does not need (rates,
+// buffer size, aspect ratio).
 #include "menuapi/sequence.h"
 
 namespace menuapi {
@@ -21,7 +21,7 @@ bool ReadSequenceHeader(BitReader& reader, Sequence& sequence) {
   reader.Skip(4 + 4);        // aspect ratio, frame rate
   reader.Skip(18 + 1 + 10);  // bit rate, marker, buffer size
   reader.Skip(1);            // constrained parameters
-  // The matrix for non-intra blocks does not matter.
+  // The matrix for non-intra blocks is not needed.
   return ReadIntraMatrix(reader, DefaultIntraMatrix(), sequence.intraMatrix) &&
          !reader.HasPassedEnd() && sequence.size.width > 0 && sequence.size.height > 0;
 }
@@ -35,7 +35,7 @@ bool ReadSequenceExtension(BitReader& reader, Sequence& sequence) {
 }
 
 bool ReadMatrixExtension(BitReader& reader, Sequence& sequence) {
-  // Matrices for other blocks follow; in 4:2:0 chroma has none of its own.
+  // The matrices that follow are not needed: chroma has its own only in formats other than 4:2:0.
   return ReadIntraMatrix(reader, sequence.intraMatrix, sequence.intraMatrix) &&
          !reader.HasPassedEnd();
 }

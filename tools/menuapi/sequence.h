@@ -16,18 +16,20 @@ struct FrameSize {
 
 struct Sequence {
   FrameSize size;
-  bool isProgressive = false;  // no picture of it is a field, or interlaced
+  bool isProgressive = false;  // it has no fields and no interlaced pictures
   QuantiserMatrix intraMatrix{};
 };
 
-// Reads the sequence header. False if the size is 0 or the matrix is invalid.
+// Reads the sequence header. Returns false if width or height is 0 or the matrix is invalid.
 [[nodiscard]] bool ReadSequenceHeader(BitReader& reader, Sequence& sequence);
 
-// Reads the sequence extension, after its identifier. False for anything but 4:2:0, and for sizes
-// above 4095: the header, and so the caller's buffer, covers only part of those.
+// Reads the sequence extension, after its identifier. Returns false for chroma formats other than
+// 4:2:0, and for sizes above 4095: the header, and so the caller's buffer, covers only part of
+// those.
 [[nodiscard]] bool ReadSequenceExtension(BitReader& reader, Sequence& sequence);
 
-// Reads the quantiser matrix extension, after its identifier. False if the matrix is invalid.
+// Reads the quantiser matrix extension, after its identifier. Returns false if the matrix is
+// invalid.
 [[nodiscard]] bool ReadMatrixExtension(BitReader& reader, Sequence& sequence);
 
 }  // namespace menuapi

@@ -1,5 +1,5 @@
-// The syntax of slices and macroblocks, and the positions of their blocks. An error ends the slice;
-// the macroblocks decoded so far are kept.
+// The syntax of slices and macroblocks, and the positions of their blocks. An error ends the slice
+// but keeps the macroblocks decoded so far.
 #include "menuapi/slice.h"
 
 #include "menuapi/macroblock_codes.h"
@@ -8,15 +8,16 @@ namespace menuapi {
 namespace {
 
 constexpr int kLumaBlocks = 4;
-constexpr int kTallHeight = 2800;  // above this, slices have more bits for their row
-constexpr int kSliceEndBits = 23;  // this many zeros can only be those of the next start code
+constexpr int kTallHeight = 2800;  // above this, slices have three more bits for their row
+constexpr int kSliceEndBits = 23;  // a run of this many zeros occurs only in a start code
 
-// Extra information: each bit of 1 is followed by a byte. The first such byte holds flags.
+// Each extra byte follows a bit of 1. The first byte holds flags, none of which is needed.
 void SkipExtraInformation(BitReader& reader) {
   while (reader.ReadFlag()) reader.Skip(8);
 }
 
-// The distance to the next macroblock. False if the bits are not one, or if it is more than a row.
+// Reads the distance to the next macroblock. Returns false if the bits are invalid, or if escapes
+// alone reach `limit`.
 bool ReadIncrement(BitReader& reader, int limit, int& increment) {
   increment = 0;
   while (increment < limit) {
@@ -73,7 +74,7 @@ bool SliceDecoder::ReadScale(BitReader& reader, Progress& at) const {
   return at.scale != 0;
 }
 
-// Moves to the next macroblock. An intra picture may skip macroblocks only before the first one.
+// Moves to the next macroblock. A slice of an intra picture skips macroblocks only at its start.
 bool SliceDecoder::TakeNext(BitReader& reader, Progress& at) {
   const int limit = at.column < 0 ? columns_ : 1;
   int increment = 0;
@@ -122,12 +123,12 @@ BlockPlace SliceDecoder::LumaPlace(const Progress& at, int block, bool isFieldDc
   const PlaneLines lines = frame_.Lines(kLuma, picture_.structure);
   const int x = at.column * kMacroblockSide + block % 2 * kBlockSide;
   const int y = at.row * kMacroblockSide;
-  const int lower = block / 2;  // the lower half, or every second line
+  const int lower = block / 2;  // 1: the lower half, or with field DCT the odd lines
   if (isFieldDct) return {lines.At(x, y + lower), 2 * lines.step};
   return {lines.At(x, y + lower * kBlockSide), lines.step};
 }
 
-// Chroma has only one block per macroblock, which is never split into fields.
+// Each chroma component has one block per macroblock, which is never split into fields.
 BlockPlace SliceDecoder::ChromaPlace(const Progress& at, Component component) {
   const PlaneLines lines = frame_.Lines(component, picture_.structure);
   return {lines.At(at.column * kBlockSide, at.row * kBlockSide), lines.step};

@@ -1,5 +1,5 @@
-// The slices of a picture and the macroblocks in them, up to the samples in the frame. ISO/IEC
-// 13818-2, 6.2.4 to 6.2.6.
+// Decodes the slices of a picture and their macroblocks to samples in the frame. ISO/IEC 13818-2,
+// 6.2.4 to 6.2.6.
 #pragma once
 
 #include <array>
@@ -13,18 +13,18 @@ namespace menuapi {
 
 class SliceDecoder {
  public:
-  // For one picture. Borrows all three.
+  // Decodes one picture. Borrows all three arguments.
   SliceDecoder(const Sequence& sequence, const Picture& picture, Frame& frame);
 
-  // Decodes the intact part of a slice. Macroblocks that are decoded already are not decoded again,
-  // so that a stream that repeats itself costs no extra time.
+  // Decodes a slice up to its first error. A macroblock that was decoded before ends the slice, so
+  // a stream that repeats slices costs no extra time.
   void Decode(const Unit& slice);
 
   // Whether every macroblock of the picture has been decoded.
   [[nodiscard]] bool IsWhole() const { return decoded_ == isDecoded_.size(); }
 
  private:
-  // The values that a macroblock passes to the next one of the slice.
+  // State carried from one macroblock of a slice to the next.
   struct Progress {
     int row = 0;
     int column = -1;
@@ -46,7 +46,7 @@ class SliceDecoder {
   BlockReader blocks_;
   int columns_;
   int rows_;
-  std::vector<bool> isDecoded_;  // decoded already, row by row
+  std::vector<bool> isDecoded_;  // per macroblock, row by row
   std::size_t decoded_ = 0;
 };
 

@@ -1,5 +1,5 @@
-// The search for prefixes. The standard guarantees that no other bytes of a unit look like one, so
-// a damaged unit ends at the next prefix whatever it contains.
+// Searches for prefixes. A unit never contains the bytes of a prefix, so even a damaged unit ends
+// at the next one.
 #include "menuapi/start_codes.h"
 
 #include <algorithm>
@@ -28,7 +28,7 @@ void StartCodes::Advance() {
 }
 
 std::size_t StartCodes::NextPrefix(std::size_t offset) const {
-  // The third byte determines the smallest distance to the next prefix.
+  // The third byte determines how far the search can skip ahead.
   while (offset + kPrefixBytes <= stream_.size()) {
     const std::uint8_t third = stream_[offset + 2];
     if (third == 1 && stream_[offset] == 0 && stream_[offset + 1] == 0) return offset;

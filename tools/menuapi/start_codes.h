@@ -1,5 +1,5 @@
-// A video stream as its units: each begins with the bytes 00 00 01 and a code, and ends at the next
-// such prefix.
+// Splits a video stream into units: each begins with the prefix 00 00 01 and a code, and ends at
+// the next prefix.
 #pragma once
 
 #include <cstddef>
@@ -30,17 +30,17 @@ class StartCodes {
   // Starts at the stream's first unit. Borrows the stream.
   explicit StartCodes(std::span<const std::uint8_t> stream);
 
-  // The current unit; after the last one, always a sequence end.
+  // The current unit; after the last one, a sequence end.
   [[nodiscard]] const Unit& Current() const { return current_; }
   [[nodiscard]] bool IsAtEnd() const { return isAtEnd_; }
   void Advance();
 
  private:
-  // The offset of the next prefix at or after an offset; the stream's size if there is none.
+  // The offset of the first prefix at or after `offset`; the stream's size if there is none.
   [[nodiscard]] std::size_t NextPrefix(std::size_t offset) const;
 
   std::span<const std::uint8_t> stream_;
-  std::size_t next_ = 0;  // the prefix of the unit after the current one
+  std::size_t next_ = 0;  // offset of the prefix after the current unit
   Unit current_;
   bool isAtEnd_ = false;
 };

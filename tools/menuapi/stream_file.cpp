@@ -1,4 +1,4 @@
-// Reads the whole file and decodes it. The size of the file is not queried first.
+// Reads the file in chunks, without querying its size first, and decodes it.
 #include "menuapi/stream_file.h"
 
 #include <cstdio>
@@ -8,8 +8,8 @@
 namespace menuapi {
 namespace {
 
-// More than a frame of 4095 x 4095 samples of finely quantised noise needs. Only this much of a
-// longer file is read, which bounds memory and time.
+// More than a frame of 4095 x 4095 samples of finely quantised noise needs. The rest of a longer
+// file is ignored, which bounds memory and time.
 constexpr std::size_t kMaxStreamBytes = std::size_t{32} << 20;
 
 struct CloseFile {

@@ -1,5 +1,5 @@
-// The decoder for a stream in a file, as callers of the library pass it. It limits how much of a
-// file is read. Exceptions of the standard library (out of memory) pass through.
+// Decodes a stream from a file. Limits how much of the file is read. Exceptions of the standard
+// library (out of memory) propagate.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,8 @@
 
 namespace menuapi {
 
-// Decodes the file's first frame into `planes`, which has room for the size in the first sequence
-// header: width x height x 3 / 2 bytes. Writes nothing if the file cannot be read or does not begin
+// Decodes the file's first frame into `planes`, which holds width x height x 3 / 2 bytes for the
+// size in the first sequence header. Writes nothing if the file cannot be read or does not begin
 // with such a header.
 [[nodiscard]] Result DecodeFrameFile(const char* path, std::uint8_t* planes);
 

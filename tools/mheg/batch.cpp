@@ -1,5 +1,5 @@
-// The threads of a batch take the next file's number from a shared counter; the calling thread
-// shows progress until they have finished.
+// Worker threads take the next file's index from a shared counter. The calling thread shows
+// progress until they have finished.
 #include "mheg/batch.h"
 
 #include <algorithm>
@@ -56,20 +56,20 @@ class Batch {
     constexpr auto kPatience = std::chrono::seconds(1);
     constexpr auto kStep = std::chrono::milliseconds(100);
     const bool isShown = IsTerminal();
-    int width = 0;  // of the line, with its carriage return
+    int width = 0;  // of the progress line, including its carriage return
     std::unique_lock lock(guard_);
     change_.wait_for(lock, kPatience, [this] { return finished_ == count_; });
     while (finished_ < count_) {
       if (isShown) width = std::fprintf(stderr, "\r%zu of %zu files", finished_, count_);
       change_.wait_for(lock, kStep, [this] { return finished_ == count_; });
     }
-    // Wiped with blanks, because not every console knows an escape sequence for it.
+    // Overwrites the line with blanks: not every console supports an escape sequence for it.
     if (width > 0) std::fprintf(stderr, "\r%*s\r", width - 1, "");
   }
 
   const std::function<void(std::size_t)>& work_;
   std::size_t count_;
-  std::mutex guard_;  // of the numbers below
+  std::mutex guard_;  // protects next_ and finished_
   std::condition_variable change_;
   std::size_t next_ = 0;
   std::size_t finished_ = 0;

@@ -1,4 +1,4 @@
-// Works on many files at once.
+// Processes many files in parallel.
 #pragma once
 
 #include <cstddef>
@@ -6,9 +6,8 @@
 
 namespace mheg {
 
-// Calls work(0) to work(count - 1), each once, on `jobs` threads (0: one a processor) but no more
-// than 64, and returns when all are done. On a terminal a line shows the progress of a run that
-// takes over a second.
+// Calls work(0) to work(count - 1), each once, on `jobs` threads (0: one per processor; at most
+// 64), and returns when all have finished. After one second, a line on the terminal shows progress.
 void RunBatch(std::size_t count, unsigned jobs, const std::function<void(std::size_t)>& work);
 
 }  // namespace mheg

@@ -1,4 +1,4 @@
-// The two conversions. Nothing is written before the whole input was read and found good.
+// Both conversions write output only after the whole input has been read and is valid.
 #include "mheg/convert.h"
 
 #include <fstream>

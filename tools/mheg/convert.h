@@ -1,4 +1,4 @@
-// Text to BER and back, file by file.
+// Converts one file from text to BER, or from BER to text.
 #pragma once
 
 #include <filesystem>
@@ -7,13 +7,14 @@
 
 namespace mheg {
 
-// The result of one file: the lines to report, and whether it was good.
+// The result for one file.
 struct Outcome {
-  std::vector<std::string> messages;
-  bool isGood = true;
+  std::vector<std::string> messages;  // lines to report
+  bool isGood = true;                 // the conversion succeeded
 };
 
-// Each reads one file and writes it in the other form. A file that is not good is not written.
+// Each reads one file and writes it in the other form. On failure no output is written, unless
+// writing itself fails.
 [[nodiscard]] Outcome Compile(const std::filesystem::path& input,
                               const std::filesystem::path& output);
 [[nodiscard]] Outcome Decompile(const std::filesystem::path& input,

@@ -1,4 +1,4 @@
-// Reading a group from a file, with messages that lead to the place of a fault.
+// Reads a group from a file. Messages give the position of each fault.
 #include "mheg/group_file.h"
 
 #include <array>
@@ -18,15 +18,15 @@ std::string AtPlace(const GroupFile& file, korvel::TextPlace place) {
          std::to_string(place.column) + ": ";
 }
 
-// The construct that a fault is in, if known.
+// A message's part that names the construct with the fault; empty if it is unknown.
 std::string In(const std::string& construct) {
   return construct.empty() ? "" : "in " + construct + ": ";
 }
 
-// Far more than a group can need, and little enough to be held by each of many threads.
+// Far more than a group needs, but small enough for many threads to hold one file each.
 constexpr std::size_t kMaxFileSize = 128U << 20;
 
-// Reads the whole file. The reason why it cannot be used, or null.
+// Reads the whole file. Returns null, or the reason why the file cannot be used.
 const char* ReadBytes(const std::filesystem::path& path, std::string& bytes) {
   std::error_code ignored;
   if (std::filesystem::is_directory(path, ignored)) return "is a folder";
@@ -40,10 +40,11 @@ const char* ReadBytes(const std::filesystem::path& path, std::string& bytes) {
   return stream.eof() ? nullptr : "cannot be read";
 }
 
-// Editors put this mark before a text. The notation has no such bytes, so it is skipped here.
+// Some editors write this mark before the text. The notation does not allow it, so it is skipped.
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// The form, by the first bytes: BER begins with a tag whose number no text begins with.
+// Detects the form from the first byte: BER begins with a tag, which is a byte that no text begins
+// with except in a byte order mark.
 GroupForm FormOf(std::string_view bytes) {
   constexpr unsigned char kFirstTag = 0x80;
   const bool hasTag = !bytes.empty() && static_cast<unsigned char>(bytes.front()) >= kFirstTag;

@@ -1,5 +1,4 @@
-// A file with a group in either form, read and decoded, or the messages that say why it could not
-// be.
+// Reads a file with a group in either form. If that fails, the messages give the reasons.
 #pragma once
 
 #include <cstdint>
@@ -16,9 +15,9 @@ enum class GroupForm { Text, Ber };
 struct GroupFile {
   std::filesystem::path path;
   GroupForm form = GroupForm::Text;
-  korvel::OwnedGroup group;           // empty when the file could not be read
-  std::vector<std::string> messages;  // each with the file and the place
-  bool isComplete = true;             // nothing that an author must write is missing
+  korvel::OwnedGroup group;           // empty if the file could not be read
+  std::vector<std::string> messages;  // each with the file and, if known, the position
+  bool isComplete = true;             // no mandatory attribute is missing
 
   [[nodiscard]] bool IsGood() const { return group && isComplete; }
 };

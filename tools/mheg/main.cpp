@@ -1,5 +1,5 @@
-// mheg: the content author's tool. It turns the textual notation into what is broadcast and back,
-// prints groups, and finds faults that a viewer would only notice as silence.
+// mheg: the content author's tool. It compiles the textual notation to the broadcast form (BER) and
+// back, prints groups, and finds faults that the engine ignores silently.
 #include <cstdio>
 #include <system_error>
 
@@ -21,7 +21,7 @@ void PrintMessages(const std::vector<std::string>& messages) {
   for (const std::string& message : messages) std::fprintf(stderr, "%s\n", message.c_str());
 }
 
-// An output that ends in a separator names a folder, which is made.
+// An output path that ends in a separator names a folder. Creates that folder.
 bool MakeOutputFolder(const std::filesystem::path& output) {
   if (output.empty() || output.has_filename()) return true;
   std::error_code problem;
@@ -48,7 +48,7 @@ bool Convert(const mheg::Options& options) {
   return isGood;
 }
 
-// One after the other: the trees go straight to the standard output, in the order of the inputs.
+// Not parallel: each tree goes straight to standard output, in the order of the inputs.
 bool Dump(const mheg::Options& options) {
   bool isGood = true;
   for (const std::filesystem::path& input : options.inputs) {
@@ -81,7 +81,7 @@ bool Run(const mheg::Options& options) {
   return false;
 }
 
-// Output that was lost must not pass as success.
+// Fails the run if standard output could not be written completely.
 int StatusAfterOutput(int status) {
   if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
   std::fprintf(stderr, "mheg: the standard output cannot be written\n");
@@ -92,7 +92,7 @@ int StatusAfterOutput(int status) {
 
 int main(int count, char** arguments) {
 #ifdef _WIN32
-  // A dump has plain line ends on every platform.
+  // Dumps have "\n" line ends on every platform.
   _setmode(_fileno(stdout), _O_BINARY);
 #endif
   mheg::Options options;

@@ -1,4 +1,4 @@
-// The commands and their options, described once for CLI11.
+// Describes the commands and their options for CLI11.
 #include "mheg/options.h"
 
 #include <CLI/CLI.hpp>
@@ -38,20 +38,20 @@ void AddJobs(CLI::App& command, Options& options) {
       ->capture_default_str();
 }
 
-// An output that ends in a separator names a folder that may still have to be made.
+// An output path that ends in a separator names a folder, which may not exist yet.
 bool IsFolder(const fs::path& output) {
   std::error_code ignored;
   return !output.has_filename() || fs::is_directory(output, ignored);
 }
 
-// The same for every spelling of a path, as far as that can be found out.
+// Returns the same path for every spelling of it, as far as the file system can resolve them.
 fs::path Identity(const fs::path& path) {
   std::error_code problem;
   const fs::path found = fs::weakly_canonical(path, problem);
   return problem ? path.lexically_normal() : found;
 }
 
-// Every output is a file of its own and no input.
+// Rejects outputs that would overwrite an input or each other.
 void RefuseOutputsThatClash(const Options& options) {
   if (options.inputs.size() > 1 && !IsFolder(options.output)) {
     throw CLI::ValidationError("--output", "must be a folder for several inputs");
@@ -63,7 +63,7 @@ void RefuseOutputsThatClash(const Options& options) {
     const fs::path output = OutputFor(input, options);
     const fs::path identity = Identity(output);
     std::error_code ignored;
-    // Only the system knows about hard links, and names that differ in the case of letters.
+    // Only the system can recognise hard links, and names that differ only in case.
     if (inputs.contains(identity) || fs::equivalent(input, output, ignored)) {
       throw CLI::ValidationError(output.string(), "is an input and would be overwritten");
     }

@@ -1,4 +1,4 @@
-// The request that the command line makes.
+// The command line of mheg.
 #pragma once
 
 #include <filesystem>
@@ -7,8 +7,8 @@
 
 namespace mheg {
 
-// The exit statuses of the tool; 0 is a run in which everything was good.
-inline constexpr int kBadInput = 1;  // a file cannot be read or written, is no group, or has faults
+// The exit statuses of the tool; 0 means that every file was good.
+inline constexpr int kBadInput = 1;  // a file is no group, has faults, or reading or writing fails
 inline constexpr int kWrongUse = 2;  // wrong arguments
 
 enum class Command { Compile, Decompile, Dump, Check };
@@ -16,17 +16,17 @@ enum class Command { Compile, Decompile, Dump, Check };
 struct Options {
   Command command = Command::Compile;
   std::vector<std::filesystem::path> inputs;
-  std::filesystem::path output;  // of Compile and Decompile: a file, or a folder
-  unsigned jobs = 0;             // files worked on at once; 0: as many as there are processors
+  std::filesystem::path output;  // Compile and Decompile only: a file or a folder
+  unsigned jobs = 0;             // number of threads; 0: one per processor
 };
 
-// The file that an input is written to: the output itself, or in the folder that the output names,
-// under the input's name without ".mheg" (compiled) or with it (decompiled).
+// The file to write for an input: the output itself, or if that is a folder, a file in it with the
+// input's name, without ".mheg" when compiling and with ".mheg" added when decompiling.
 [[nodiscard]] std::filesystem::path OutputFor(const std::filesystem::path& input,
                                               const Options& options);
 
-// Reads the command line. An exit status when there is nothing more to do: after --help, or after a
-// message about wrong arguments.
+// Reads the command line. Returns an exit status if the program must end: after --help, or after
+// reporting wrong arguments.
 [[nodiscard]] std::optional<int> ReadCommandLine(int count, const char* const* arguments,
                                                  Options& options);
 

@@ -1,5 +1,5 @@
-// Checks the parts of a path before the file system sees them, so that a refusal does not depend on
-// the platform or on which files exist.
+// Checks the parts of a path before the file system sees them, so that rejecting a path does not
+// depend on the platform or on which files exist.
 #include "player/carousel.h"
 
 #include <algorithm>
@@ -9,15 +9,16 @@
 namespace player {
 namespace {
 
-// Whether a part may reach the file system. A colon would name a drive or a hidden stream, and
-// Windows drops dots and blanks at the end of a name, which would make "..." climb or alias.
+// Whether a part is safe for the file system. A colon would name a drive or an alternate data
+// stream. Windows removes trailing dots and blanks, so names that end in them could refer to the
+// parent folder or to another file.
 bool IsPlainName(std::string_view part) {
   return part.find(':') == std::string_view::npos && part.find('\0') == std::string_view::npos &&
          part.back() != '.' && part.back() != ' ';
 }
 
-// Appends one part to the parts so far. False if it leads outside the folder or is not a plain
-// name.
+// Appends one part to `parts`. Returns false if that leads outside the folder or if the part is not
+// a plain name.
 bool Follow(std::string_view part, std::vector<std::string_view>& parts) {
   if (part.empty() || part == ".") return true;
   if (part == "..") {

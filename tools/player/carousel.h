@@ -1,5 +1,5 @@
-// A folder that plays the broadcast file system: resolves the paths that the engine asks for and
-// reads the files. Portable; independent of the host object that uses it.
+// A folder that acts as the broadcast file system: resolves the engine's paths and reads the files.
+// Portable; independent of the host object that uses it.
 #pragma once
 
 #include <filesystem>
@@ -13,8 +13,8 @@ class Carousel {
  public:
   explicit Carousel(std::filesystem::path root) : root_(std::move(root)) {}
 
-  // The file below the folder for a broadcast path; nothing if the path leaves the folder or names
-  // no file. '\\' and '/' are both separators, and a leading one is ignored.
+  // The file in the folder for a broadcast path; nothing if the path leads outside the folder or
+  // names no file. '\\' and '/' are both separators; a leading one is ignored.
   [[nodiscard]] std::optional<std::filesystem::path> Resolve(std::string_view path) const;
 
   // The bytes of a file, which may be empty; nothing if there is no such file. Any thread.

@@ -12,8 +12,8 @@ bool Find(HMODULE library, const char* name, Function& function) {
   return function != nullptr;
 }
 
-// Stores the window and ends the search if it is the engine's window in this process: players in
-// other processes have windows of the same class.
+// Stores the window and ends the search if it is this process's engine window. Players in other
+// processes have windows of the same class.
 BOOL CALLBACK TakeEngineWindow(HWND window, LPARAM found) {
   char name[32] = {};
   DWORD process = 0;

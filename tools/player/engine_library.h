@@ -1,5 +1,5 @@
-// korvel.dll, loaded at run time from the player's own folder, so that a missing or unsuitable
-// library gives a message and not a failure of the loader.
+// Loads korvel.dll at run time from the player's own folder, so that the player itself can report a
+// missing or unsuitable library.
 #pragma once
 
 #include "korvel.h"
@@ -11,7 +11,7 @@ class EngineLibrary {
   // Loads the library and finds its functions. False if the library or a function is missing.
   [[nodiscard]] bool Load();
 
-  // RunMHEG5Window, ExitMHEG5 and MHEG5WaitForClose as korvel.h describes them. Only after Load.
+  // RunMHEG5Window, ExitMHEG5 and MHEG5WaitForClose as korvel.h describes them. Call Load() first.
   [[nodiscard]] bool Start(MHEG5Host& host, HWND hostWindow) const;
   void RequestClose() const;
   void WaitForClose() const;

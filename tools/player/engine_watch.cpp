@@ -1,7 +1,7 @@
-// The worker looks for queued work every 10 ms and sleeps in between. It does all reading, acting
-// and painting between two such sleeps, so counting them shows when it has nothing to do: the
-// library's import of Sleep is replaced by a function that counts. A hook on the window's thread
-// sees the messages. Neither affects the engine.
+// The worker polls for queued work every 10 ms and sleeps in between. It does all reading, actions
+// and painting between two such sleeps, so counting the sleeps shows when it is idle. To count
+// them, the library's import of Sleep is replaced. A hook on the window's thread observes its
+// messages. Neither affects the engine.
 #include "player/engine_watch.h"
 
 #include <atomic>
@@ -13,20 +13,20 @@ namespace player {
 namespace {
 
 constexpr DWORD kIdleSleepMs = 10;
-constexpr UINT kMarkMessage = WM_NULL;  // means nothing to a window
+constexpr UINT kMarkMessage = WM_NULL;  // windows ignore this message
 constexpr unsigned kNoMark = 0;
 
 struct WatchState {
   std::atomic<unsigned> lastMark = kNoMark;
   std::atomic<unsigned> idleLooks = 0;
-  std::uintptr_t idleStack = 0;   // worker only: the end of its stack while it is idle
+  std::uintptr_t idleStack = 0;   // worker only: its stack position in the polling loop
   unsigned postedMark = kNoMark;  // host's thread only
 };
 
 WatchState watch;
 
-// The worker may also sleep as long during its work, for a file that another process holds. It is
-// then deeper in its stack, which grows downwards, than in the loop that looks for work.
+// The worker may also sleep for 10 ms during its work, to wait for a file that another process has
+// open. It is then deeper in its stack, which grows downwards, than in the polling loop.
 void WINAPI SleepAndCount(DWORD milliseconds) {
   const auto stack = std::bit_cast<std::uintptr_t>(&milliseconds);
   if (milliseconds == kIdleSleepMs && stack >= watch.idleStack) {
@@ -50,8 +50,7 @@ Part* PartOf(HMODULE library, std::size_t offset) {
   return std::bit_cast<Part*>(std::bit_cast<std::byte*>(library) + offset);
 }
 
-// The place where the library keeps the address of an imported function; null if it does not import
-// it.
+// The library's import table slot for a function; null if the library does not import it.
 FARPROC* FindImport(HMODULE library, FARPROC function) {
   const auto start = PartOf<const IMAGE_DOS_HEADER>(library, 0)->e_lfanew;
   const auto* headers = PartOf<const IMAGE_NT_HEADERS>(library, static_cast<std::size_t>(start));

@@ -1,5 +1,5 @@
-// Observes the engine's two threads from the same process, without the engine's help: which
-// messages the window's thread has received, and when the worker has nothing to do.
+// Observes the engine's two threads from outside: which messages the window's thread has received,
+// and when the worker is idle.
 #pragma once
 
 #include <windows.h>
@@ -8,14 +8,16 @@
 
 namespace player {
 
-// Starts to watch the worker. Only before the engine starts: a running worker may hold the address
-// of the replaced function. False if the library does not sleep as the watch expects.
+// Starts to watch the worker. Call it before the engine starts, because a running worker may
+// already have loaded the replaced function's address. Returns false if the library does not import
+// Sleep.
 [[nodiscard]] bool WatchWorker();
 
-// Starts to watch the thread of the engine's window. False if the system refuses.
+// Starts to watch the thread of the engine's window. Returns false if the system call fails.
 [[nodiscard]] bool WatchWindow(HWND engineWindow);
 
-// Posts a mark to the window, after everything posted before. Returns its number, which is new.
+// Posts a mark to the window; it arrives after all messages posted before. Returns its number,
+// which is unique.
 [[nodiscard]] unsigned PostMark(HWND engineWindow);
 
 [[nodiscard]] EngineSight SightOfEngine(HWND engineWindow);

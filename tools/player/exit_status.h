@@ -3,7 +3,7 @@
 
 namespace player {
 
-inline constexpr int kRunFailed = 1;  // the engine refused to start, or a picture could not be kept
+inline constexpr int kRunFailed = 1;  // the engine, a step of the script, or a picture failed
 inline constexpr int kWrongUse = 2;   // wrong arguments, a missing folder, an unreadable script
 
 }  // namespace player

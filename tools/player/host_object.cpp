@@ -1,5 +1,5 @@
-// The functions of the host object. A file that is not in the folder will not appear later, so the
-// answer is a failure and never "not yet available".
+// The functions of the host object. A missing file will not appear later, so ReadFile reports a
+// failure and never "not yet available".
 #include "player/host_object.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
-// The object through which the engine reads the broadcast: a carousel folder with the table of
-// functions that korvel.h describes. It counts what the engine holds, so that a run can be checked.
+// The object through which the engine reads the broadcast: a carousel folder with the function
+// table that korvel.h describes. It counts the references and buffers that the engine holds, so
+// that the player can report leaks.
 #pragma once
 
 #include <atomic>
@@ -9,8 +10,8 @@
 
 namespace player {
 
-// Outlives the engine that uses it, and is on the stack of the program, so a count of 0 frees
-// nothing. The engine calls it on a thread of its own.
+// Lives on main's stack and outlives the engine, so Release() never frees it. The engine calls it
+// on the engine's own thread.
 struct HostObject : MHEG5Host {
   HostObject(const Carousel& files, bool isLoggingReads);
   HostObject(const HostObject&) = delete;

@@ -1,5 +1,5 @@
-// The case of a name and the words for the kind of key are removed. The rest is looked up, or is a
-// single character that is its own virtual key.
+// Converts a name to lower case and removes blanks and the words for the kind of key. Looks up the
+// rest, or takes a single character as its own virtual key.
 #include "player/key_names.h"
 
 #include <algorithm>

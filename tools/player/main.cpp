@@ -1,5 +1,5 @@
-// korvel-player: a complete host application for the engine. It serves a folder as the broadcast,
-// and a script can make it press keys and take pictures, which is how the whole engine is tested.
+// korvel-player: a complete host application for the engine. It serves a folder as the broadcast.
+// Scripts can press keys and take pictures; the scenario tests of the whole engine use that.
 #include <fcntl.h>
 #include <io.h>
 
@@ -15,7 +15,7 @@
 
 namespace {
 
-// Reads the script that the options name, if any. False after a message.
+// Reads the script, unless `file` is empty. On failure, prints a message and returns false.
 bool LoadScript(const std::filesystem::path& file, std::vector<player::Step>& steps) {
   if (file.empty()) return true;
   std::ifstream text(file);
@@ -28,7 +28,7 @@ bool LoadScript(const std::filesystem::path& file, std::vector<player::Step>& st
 }  // namespace
 
 int main(int count, char** arguments) {
-  // The engine prints plain line ends; this keeps its text the same on every platform.
+  // Keeps the engine's "\n" line ends, so that its output is the same on every platform.
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);
 

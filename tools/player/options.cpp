@@ -1,4 +1,4 @@
-// The options of the host application, described once for CLI11.
+// Describes the options of the host application for CLI11.
 #include "player/options.h"
 
 #include <CLI/CLI.hpp>

@@ -1,5 +1,5 @@
-// The command line of the host application. CLI11 reads it; this file describes the options and
-// turns every mistake into one line and an exit status.
+// The command line of the host application. Every mistake results in one line on standard error and
+// an exit status.
 #pragma once
 
 #include <filesystem>
@@ -11,8 +11,8 @@ struct Options {
   std::filesystem::path carousel;
   std::filesystem::path script;      // empty: no script
   std::filesystem::path screenshot;  // empty: no screenshot at the end
-  unsigned waitMs = 1500;            // before that screenshot
-  unsigned limitS = 30;              // of each wait of the script for a picture
+  unsigned waitMs = 1500;            // milliseconds before that screenshot
+  unsigned limitS = 30;              // seconds that each step waits for a picture
   bool isVerbose = false;            // log each file read
 };
 

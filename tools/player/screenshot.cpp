@@ -1,4 +1,4 @@
-// The pixels come from the window's own device context, to which the engine copies its picture.
+// Reads pixels from the window's device context, to which the engine copies its picture.
 #include "player/screenshot.h"
 
 #include <algorithm>
@@ -6,13 +6,13 @@
 #include <utility>
 
 #include <objidl.h>
-// GDI+ needs the interfaces that are included before it.
+// Must follow objidl.h, which declares interfaces that GDI+ uses.
 #include <gdiplus.h>
 
 namespace player {
 namespace {
 
-// The encoder that every GDI+ has for PNG.
+// The class identifier of GDI+'s PNG encoder, the same on every system.
 constexpr CLSID kPngEncoder = {
     0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
 

@@ -1,5 +1,5 @@
-// Pictures of the engine window: its client pixels as a PNG file. They all have the size of a
-// scene, even if the system's frame makes the window slightly smaller or larger.
+// Takes pictures of the engine window's client area and writes them as PNG files. Every picture has
+// the size of a scene, even if the system's frame makes the client area slightly smaller or larger.
 #pragma once
 
 #include <cstdint>
@@ -19,10 +19,11 @@ struct Picture {
   bool operator==(const Picture&) const = default;
 };
 
-// The window's client area, black beyond it. False if the system refuses.
+// Copies the window's client area; the rest of the picture is black. Returns false if the client
+// area is empty or a system call fails.
 [[nodiscard]] bool Capture(HWND window, Picture& picture);
 
-// Keeps GDI+ running, which writes the files.
+// Keeps GDI+ initialised for writing files.
 class PictureWriter {
  public:
   PictureWriter();

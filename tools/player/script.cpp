@@ -1,4 +1,5 @@
-// A line is a word and the rest of the line, which may contain blanks (names of keys and files).
+// A line is a step's word and its argument: the rest of the line, which may contain blanks (in
+// names of keys and files).
 #include "player/script.h"
 
 #include <algorithm>
@@ -28,7 +29,7 @@ std::optional<unsigned> NumberIn(const std::string& text, int base = 10) {
   return number;
 }
 
-// The pixel at the start of the text; `rest` is what follows it.
+// The pixel at the start of the text; `rest` receives the text after it.
 std::optional<Pixel> PixelIn(const std::string& text, std::string& rest) {
   std::istringstream words(text);
   std::string x, y, colour;
@@ -42,7 +43,7 @@ std::optional<Pixel> PixelIn(const std::string& text, std::string& rest) {
   return Pixel{*column, *row, *value};
 }
 
-// The step for a word and its argument; nothing if they are not a step.
+// The step for a word and its argument; nothing if they are invalid.
 std::optional<Step> StepOf(const std::string& word, const std::string& argument) {
   std::string rest;
   if (word == "wait") {

@@ -1,5 +1,5 @@
 // A script of the host application: the steps to carry out in the engine window, one per line.
-// Reading is portable and is done before the engine starts, so that a mistake is found at once.
+// The reader is portable. It runs before the engine starts, so that mistakes are reported at once.
 #pragma once
 
 #include <cstdint>
@@ -26,19 +26,19 @@ struct Step {
 
 // Reads one step per line:
 //   key NAME           presses a key
-//   shot FILE.png      takes a picture once it is final: every key is handled, nothing is queued,
-//                      being read or still to be painted, and the picture stays the same
-//   wait MS            lets time pass, for content that waits itself
-//   until X Y #RRGGBB  waits until a timer of the content has given this pixel this colour, after
-//                      every key is handled
+//   shot FILE.png      takes a picture once it is final: every key is handled, no work is queued,
+//                      no file is being read, no painting is pending, and the picture is stable
+//   wait MS            waits, for content that uses timers
+//   until X Y #RRGGBB  waits until every key is handled and the pixel has this colour, for content
+//                      that changes the picture by a timer
 //   catch X Y #RRGGBB FILE.png
-//                      takes the first picture in which this pixel has this colour, for a picture
-//                      that does not last
-//   expose             wipes the window as if it had been covered, so that it must paint itself
+//                      takes the first picture in which the pixel has this colour, for a picture
+//                      that is soon replaced
+//   expose             wipes the window as if it had been covered, so that it must repaint itself
 //   exit               closes the engine
 // `shot`, `until` and `catch` wait for a limited time; then the run fails. Blank lines and lines
-// that begin with '#' are skipped. False, with the line and what is wrong in `problem`, for
-// anything else.
+// that begin with '#' are skipped. For any other line the function returns false and describes the
+// line in `problem`.
 [[nodiscard]] bool ReadScript(std::istream& text, std::vector<Step>& steps, std::string& problem);
 
 }  // namespace player

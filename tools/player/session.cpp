@@ -1,5 +1,5 @@
-// The engine reports its close by a message to the host window, so every wait serves messages and
-// ends early when that one arrives.
+// The engine reports that it has closed with a message to the host window. Every wait therefore
+// dispatches messages and ends early when that message arrives.
 #include "player/session.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@ namespace {
 
 constexpr unsigned kWindowLimitMs = 20000;
 constexpr unsigned kCloseLimitMs = 30000;
-constexpr unsigned kCloseAgainMs = 100;  // a request made before there is a window is lost
+constexpr unsigned kCloseAgainMs = 100;  // repeats the request: it is lost if there is no window
 constexpr unsigned kLookAgainMs = 10;
 constexpr unsigned kMsPerSecond = 1000;
 
@@ -65,7 +65,8 @@ int Session::Run(MHEG5Host& host, const std::vector<Step>& steps, const Options&
   return isLost_ ? kRunFailed : 0;
 }
 
-// Serves messages until the condition is met (true), the engine has closed, or the time is over.
+// Dispatches messages until the condition is met (returns true), the engine has closed, or the time
+// is over.
 template <typename Condition>
 bool Session::PumpUntil(unsigned limitMs, Condition isMet) {
   const ULONGLONG end = GetTickCount64() + limitMs;
@@ -93,7 +94,7 @@ void Session::TakeMessages() {
   }
 }
 
-// False if a step could not be carried out, for example because the engine has ended.
+// Returns false if a step could not be carried out, for example because the engine has closed.
 bool Session::RunSteps(const std::vector<Step>& steps) {
   if (!steps.empty() && !WatchWindow(engineWindow_)) return false;
   for (const Step& step : steps) {
@@ -119,8 +120,8 @@ bool Session::RunSteps(const std::vector<Step>& steps) {
   return true;
 }
 
-// Waits until the picture meets the condition. After the first timeout the run is lost: it takes
-// its other pictures without waiting.
+// Waits until the condition is met. The first timeout fails the run; later steps then take their
+// pictures without waiting.
 template <typename Condition>
 void Session::Await(const std::string& wanted, Condition hasCome) {
   if (!isLost_ && (PumpUntil(limitMs_, hasCome) || isEngineClosed_)) return;
@@ -131,14 +132,14 @@ void Session::Await(const std::string& wanted, Condition hasCome) {
   static_cast<void>(Capture(engineWindow_, picture_));
 }
 
-// For a picture that does not last: the first one that meets the condition is enough.
+// Takes the first picture in which the pixel has its colour.
 void Session::CatchPicture(const Pixel& pixel) {
   Await(NameOf(pixel),
         [&] { return Capture(engineWindow_, picture_) && IsColour(picture_, pixel); });
 }
 
-// The picture before the pressed keys may meet the condition too, so only a final picture is
-// checked.
+// Checks the condition only on final pictures, because a picture from before the pressed keys took
+// effect might meet it too.
 template <typename Condition>
 void Session::AwaitFinalPicture(const std::string& wanted, Condition isMet) {
   picture_ = {};
@@ -153,7 +154,7 @@ void Session::AwaitFinalPicture(const std::string& wanted, Condition isMet) {
   });
 }
 
-// Leaves a colour that no scene should have, so that a missing painting is visible.
+// Fills the window with a colour that no scene should have, so that missing painting is visible.
 void Session::WipeWindow() const {
   constexpr COLORREF kMagenta = RGB(255, 0, 255);
   RECT client = {};

@@ -1,5 +1,6 @@
-// One run of the engine: starts it, carries out the script, takes the last picture, and waits for
-// its close. Everything happens on the thread that created the session, which serves its messages.
+// One run of the engine: starts it, carries out the script, takes the last picture, and waits until
+// the engine has closed. Everything runs on the thread that created the session, which also
+// dispatches its messages.
 #pragma once
 
 #include <filesystem>
@@ -49,7 +50,7 @@ class Session {
   unsigned limitMs_ = 0;
   bool isEngineClosed_ = false;
   bool isCloseWanted_ = false;
-  bool isLost_ = false;  // the script has waited in vain
+  bool isLost_ = false;  // a step has timed out, so the run has failed
 };
 
 }  // namespace player

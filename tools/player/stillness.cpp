@@ -1,10 +1,10 @@
-// Only compares numbers; differences of counts stay right when the counts overflow.
+// Compares differences of counts, which stay correct when the counts wrap around.
 #include "player/stillness.h"
 
 namespace player {
 namespace {
 
-// The first look may have begun before the mark was received; only the sleep after it counts.
+// The first poll may have begun before the mark was received, so a second one is needed.
 constexpr unsigned kIdleLooks = 2;
 
 constexpr unsigned kRoundsUnchanged = 2;

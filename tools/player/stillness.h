@@ -1,31 +1,32 @@
-// Decides when the engine has nothing left to do, from the little that a host can observe.
-// Portable; engine_watch.h observes the threads, and the session takes the pictures.
+// Decides when the engine is idle, from what a host can observe. Portable; engine_watch.h observes
+// the threads, and the session takes the pictures.
 #pragma once
 
 #include <optional>
 
 namespace player {
 
-// The engine's threads at one moment. The numbers count upwards.
+// The state of the engine's threads at one moment. The numbers only increase.
 struct EngineSight {
   unsigned mark = 0;       // the last mark that the window's thread has received
-  unsigned idleLooks = 0;  // how often the worker has found nothing queued and slept
+  unsigned idleLooks = 0;  // how often the worker has found no queued work and slept
   bool isPainted = true;   // no part of the window needs painting
 };
 
-// Works in rounds. A round begins with a mark, which is posted to the window after everything that
-// the host has posted. When the mark has been received, all of that is queued for the worker; when
-// the worker then finds nothing queued, it is done. The worker may have posted something itself
-// meanwhile, so the picture is final only if two more rounds leave it unchanged.
+// Works in rounds. Each round begins with a mark, posted to the window after all of the host's
+// other messages. Once the window has received the mark, all work from those messages is queued for
+// the worker; once the worker then finds no queued work, the round is over. The worker may have
+// posted messages itself meanwhile, so the picture is final only if two more rounds leave it
+// unchanged.
 class Stillness {
  public:
   explicit Stillness(unsigned mark) : mark_(mark) {}
 
-  // Whether the round that began with the mark is over. Ask repeatedly.
+  // Whether the current round is over. The caller polls this.
   [[nodiscard]] bool IsRoundOver(const EngineSight& sight);
 
-  // Records the picture after a round: true if it is final. The next round begins with the mark
-  // anyway: a timer may change a final picture.
+  // Ends a round and begins the next one with `nextMark`. Returns true if the picture is final; a
+  // timer may still change it later.
   [[nodiscard]] bool EndRound(bool isPictureUnchanged, unsigned nextMark);
 
  private:

@@ -1,5 +1,5 @@
-// A decoder of I-frames that stops the clock of the library permanently, for a scenario. The frame
-// is white.
+// An I-frame decoder that stops the library's clock permanently, for a scenario. Its frames are
+// white.
 #include <windows.h>
 
 #include <cstdint>
@@ -21,8 +21,8 @@ BOOL WINAPI ReadStoppedClock(LARGE_INTEGER* time) {
   return TRUE;
 }
 
-// Stops the clock by which the library measures elapsed time, a millisecond after its last value,
-// so that everything happens within one millisecond.
+// Stops the library's clock for elapsed time one millisecond after its last value, so that all
+// later events happen within the same millisecond.
 void StopClock() {
   LARGE_INTEGER ticksPerSecond;
   QueryPerformanceFrequency(&ticksPerSecond);
@@ -33,7 +33,7 @@ void StopClock() {
   isStopped = stopped->IsInPlace();
 }
 
-// The engine unloads the decoder when it closes; the function that replaces the clock must stay.
+// Keeps this library loaded after the engine releases it, because the clock's replacement is in it.
 void StayLoaded() {
   HMODULE library = nullptr;
   GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,

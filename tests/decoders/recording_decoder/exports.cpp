@@ -1,6 +1,6 @@
-// A decoder of I-frames that decodes nothing: it records its arguments and fills the frame with
-// samples that the test has chosen. The engine finds it as it finds the host's. It is built once
-// for each calling convention that such a library may have on 32 bits.
+// An I-frame decoder that decodes nothing: it records its arguments and fills the frame with
+// samples that the test has chosen. The engine finds it under the same name as the host's decoder.
+// It is built once for each calling convention that a decoder may use on 32 bits.
 #include <algorithm>
 #include <cstring>
 

@@ -7,17 +7,17 @@ namespace korvel::test {
 
 struct DecoderRecord {
   int calls = 0;
-  // Of the last call.
+  // The arguments of the last call.
   char path[300] = {};
   int one = 0;
-  bool isZeroFilled = false;  // the buffer, as the decoder received it
+  bool isZeroFilled = false;  // the buffer contained only zeros
 
-  // The samples that it fills the frame with, and its result.
+  // The samples for the frame, and the result to return.
   std::uint8_t y = 0;
   std::uint8_t u = 128;
   std::uint8_t v = 128;
   int result = 0;
-  // If not null, it reads the file and fills the buffer instead.
+  // If not null, called to fill the buffer instead.
   void (*decode)(const char* path, std::uint8_t* buffer) = nullptr;
 };
 

@@ -1,4 +1,4 @@
-// The clock that measures elapsed time, while the wall clock jumps and ticks coarsely.
+// Tests the clock for elapsed time while the wall clock jumps or ticks coarsely.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::uint64_t kFileTimesPerMs = 10'000;
 
-// The result of the system's own function, shifted by `shiftMs` and rounded down to full ticks.
+// The substitute's result: the system's time, shifted by `shiftMs` and rounded down to whole ticks.
 struct WallClock {
   std::uint64_t shiftMs = 0;
   std::uint64_t tickMs = 1;
@@ -44,7 +44,7 @@ TEST_F(ElapsedTime, does_not_jump_when_the_wall_clock_is_set) {
 }
 
 // The wall clock of Windows advances 64 times a second.
-TEST_F(ElapsedTime, has_the_resolution_of_a_millisecond_when_the_wall_clock_has_not) {
+TEST_F(ElapsedTime, has_millisecond_resolution_when_the_wall_clock_is_coarser) {
   wallClock.tickMs = 15;
   std::uint32_t last = MillisecondsSinceProcessStart();
   std::uint32_t smallestStep = UINT32_MAX;

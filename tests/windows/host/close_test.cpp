@@ -1,4 +1,5 @@
-// A close overtakes everything else and is never undone, whenever it comes.
+// Tests that a close request is handled before all other queued work and is never undone, at
+// whatever moment it arrives.
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -24,7 +25,7 @@ bool IsStartAccepted() {
   return hostState.phase == Phase::Idle;
 }
 
-// Without a pause, so that the engine thread has not finished its last calls.
+// Polls without pausing, so that the engine thread has not finished its last calls.
 void SpinUntilStartIsAccepted() {
   const ULONGLONG end = GetTickCount64() + kWaitLimit.count();
   while (!IsStartAccepted()) ASSERT_LT(GetTickCount64(), end);
@@ -75,7 +76,7 @@ TEST_F(Closing, before_the_worker_sets_the_running_flag_is_not_undone) {
   EXPECT_FALSE(mayRun);
 }
 
-// A start that succeeds sets the running flag once more, after the close has cleared it.
+// A successful start sets the running flag again, after the close has cleared it.
 class ClosingDuringStart : public Closing {
  protected:
   void CloseInNextStart() {
@@ -109,7 +110,7 @@ TEST_F(ClosingDuringStart, is_not_undone_by_the_success_of_a_restart) {
   ExpectClose();
 }
 
-TEST_F(Closing, lets_the_worker_paint_the_window_that_waits_for_it) {
+TEST_F(Closing, lets_the_worker_paint_while_the_window_waits_for_it) {
   Start();
   bool isPainted = false;
   substitutes.onLine = [&](const std::string& line) {
@@ -163,7 +164,7 @@ TEST_F(Closing, releases_the_host_when_the_window_cannot_be_created) {
   Start();
 }
 
-TEST_F(Closing, by_the_window_needs_no_request_of_the_host) {
+TEST_F(Closing, through_the_window_needs_no_request_from_the_host) {
   Start();
   Post(WM_SYSCOMMAND, SC_CLOSE);
   EXPECT_TRUE(WaitUntil([&] { return window.Closes() == 1; }));
@@ -172,9 +173,9 @@ TEST_F(Closing, by_the_window_needs_no_request_of_the_host) {
   EXPECT_EQ(MHEG5WaitForClose(), 0U);
 }
 
-// A host that waits that late may end the process next, which under Wine can crash while a thread
-// is ending.
-TEST_F(Closing, is_over_for_a_late_wait_only_when_the_thread_has_gone) {
+// After such a late wait the host may end the process, which under Wine can crash if a thread is
+// still ending.
+TEST_F(Closing, ends_a_late_wait_only_after_the_thread_has_ended) {
   for (int round = 0; round < 20; ++round) {
     journal.Clear();
     Start();
@@ -188,8 +189,8 @@ TEST_F(Closing, is_over_for_a_late_wait_only_when_the_thread_has_gone) {
   }
 }
 
-// The system reuses the numbers of threads that are gone.
-TEST_F(Closing, is_over_for_a_late_wait_when_another_thread_has_the_number) {
+// The system reuses the ids of ended threads.
+TEST_F(Closing, ends_a_late_wait_if_another_thread_has_the_id) {
   Start();
   Close();
   std::atomic<bool> mayEnd = false;
@@ -214,7 +215,7 @@ TEST_F(Closing, is_over_for_a_late_wait_when_another_thread_has_the_number) {
   waiter.join();
 }
 
-TEST_F(Closing, skips_pauses_from_then_on) {
+TEST_F(Closing, skips_later_pauses) {
   Start();
   std::chrono::milliseconds paused{0};
   substitutes.onRaise = [&](std::int32_t) {
@@ -229,8 +230,8 @@ TEST_F(Closing, skips_pauses_from_then_on) {
   EXPECT_LT(paused.count(), 1000);
 }
 
-// The worker lets the window be painted before, while and after the engine thread waits for the
-// worker, and each engine is asked to close several times, as by an impatient viewer.
+// The worker updates the window before, while and after the engine thread waits for the worker.
+// Each engine receives several close requests, as from an impatient viewer.
 TEST_F(Closing, never_hangs_while_the_worker_updates_the_window) {
   constexpr int kEngines = 250;
   constexpr int kRequests = 1000;
@@ -285,7 +286,7 @@ TEST_F(Painting, happens_once_for_each_exposure) {
   const HWND engineWindow = FindEngineWindow();
   EXPECT_TRUE(WaitUntil([&] { return GetUpdateRect(engineWindow, nullptr, FALSE) == 0; }));
   SendMessageA(engineWindow, WM_NULL, 0,
-               0);  // answered after the painting that validated the window
+               0);  // returns after the painting that validated the window
   journal.Clear();
   InvalidateRect(engineWindow, nullptr, TRUE);
   WaitForLine("PaintWindow");

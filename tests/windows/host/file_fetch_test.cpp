@@ -1,4 +1,4 @@
-// Reading broadcast files through the host object, called on the worker as the engine does.
+// Tests reading broadcast files through the host object. Runs on the worker, as in the engine.
 #include <gmock/gmock.h>
 
 #include <optional>
@@ -47,7 +47,7 @@ TEST_F(FileFetch, copies_exactly_the_bytes_and_releases_the_buffer) {
   EXPECT_FALSE(host.IsMisused());
 }
 
-TEST_F(FileFetch, of_an_empty_file_gives_an_empty_string) {
+TEST_F(FileFetch, returns_an_empty_string_for_an_empty_file) {
   host.Serve("empty", "");
   FetchOnWorker("empty");
   EXPECT_EQ(isFetched, true);
@@ -56,7 +56,7 @@ TEST_F(FileFetch, of_an_empty_file_gives_an_empty_string) {
   EXPECT_EQ(host.HeldBuffers(), 0);
 }
 
-TEST_F(FileFetch, without_wanting_the_bytes_only_asks_whether_the_file_is_there) {
+TEST_F(FileFetch, without_output_only_checks_that_the_file_exists) {
   host.Serve("there", "content");
   FetchOnWorker("there", false);
   EXPECT_EQ(isFetched, true);
@@ -65,7 +65,7 @@ TEST_F(FileFetch, without_wanting_the_bytes_only_asks_whether_the_file_is_there)
   EXPECT_EQ(host.HeldBuffers(), 0);
 }
 
-TEST_F(FileFetch, fails_at_once_on_any_other_answer) {
+TEST_F(FileFetch, fails_at_once_on_any_other_result) {
   for (const std::uint32_t answer : {2U, 3U, 0x80004005U}) {
     host.Answer("lost", answer);
     bytes.Clear();
@@ -79,13 +79,13 @@ TEST_F(FileFetch, fails_at_once_on_any_other_answer) {
   EXPECT_EQ(host.CountOf("ReadFile lost"), 3);
 }
 
-TEST_F(FileFetch, of_an_empty_path_does_not_ask_the_host) {
+TEST_F(FileFetch, does_not_call_the_host_for_an_empty_path) {
   FetchOnWorker("");
   EXPECT_EQ(isFetched, false);
   EXPECT_THAT(FetchCalls(), testing::IsEmpty());
 }
 
-TEST_F(FileFetch, asks_again_every_half_second_until_the_file_is_there) {
+TEST_F(FileFetch, retries_every_half_second_while_the_file_is_not_available) {
   host.Answer("late", kMHEG5FileNotYetAvailable);
   host.Serve("ready", "");
   int reads = 0;

@@ -1,4 +1,4 @@
-// The fixture of the tests of the host's threads.
+// Starts, drives and closes the host's threads.
 #include "windows/host/host_threads.h"
 
 #include "host/threads.h"

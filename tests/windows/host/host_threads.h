@@ -20,18 +20,17 @@ class HostThreads : public testing::Test {
   HostThreads();
   ~HostThreads() override;
 
-  // Starts the engine and waits until its first start is over.
+  // Starts the engine and waits until its start-up application has been tried.
   void Start();
   // Starts the engine and returns when its thread has been created.
   void StartWithoutWaiting();
   // Closes the engine and waits for its thread. Safe when none runs.
   void Close();
 
-  // Posts to the engine window. The engine handles the messages in this order.
+  // Posts to the engine window. The engine handles messages in the order of the calls.
   void Post(UINT message, WPARAM wParam = 0);
   void PostKeys(const std::vector<WPARAM>& virtualKeys);
-  // Posts a restart and waits until it has been handled, and with it everything that was posted
-  // before.
+  // Posts a restart and waits until the engine has handled it and all messages before it.
   void FinishPosted();
   // Waits until the journal has this line `count` times.
   void WaitForLine(const std::string& line, int count = 1);

@@ -1,4 +1,4 @@
-// Which keys of the keyboard content receives, and as which key numbers.
+// Tests which keys of the keyboard reach content, and with which key numbers.
 #include <gmock/gmock.h>
 
 #include <cstdio>
@@ -47,7 +47,7 @@ TEST_F(Keys, reach_content_in_the_order_they_were_pressed) {
   EXPECT_THAT(Raised(), ElementsAre("6 15", "6 12", "6 12", "6 100"));
 }
 
-TEST_F(Keys, outside_the_table_raise_nothing) {
+TEST_F(Keys, that_are_not_in_the_table_raise_nothing) {
   Start();
   PostKeys({12, 'A', 'Z', 106, 255});
   FinishPosted();
@@ -83,7 +83,7 @@ TEST_F(Keys, are_raised_again_when_the_window_loses_the_focus) {
   EXPECT_THAT(Raised(), ElementsAre("6 7"));
 }
 
-TEST_F(Keys, pass_while_only_one_modifier_is_down) {
+TEST_F(Keys, are_raised_while_only_one_modifier_is_down) {
   Start();
   PostKeys({kCtrl, kDigit1});
   ReleaseKeys({kCtrl});
@@ -92,7 +92,7 @@ TEST_F(Keys, pass_while_only_one_modifier_is_down) {
   EXPECT_THAT(Raised(), ElementsAre("6 6", "6 7"));
 }
 
-TEST_F(Keys, see_alt_also_when_it_arrives_as_a_system_key) {
+TEST_F(Keys, include_alt_when_it_arrives_as_a_system_key) {
   Start();
   Post(WM_SYSKEYDOWN, kAlt);
   PostKeys({kCtrl, kDigit1});
@@ -104,7 +104,7 @@ TEST_F(Keys, see_alt_also_when_it_arrives_as_a_system_key) {
   EXPECT_THAT(Raised(), ElementsAre("6 7"));
 }
 
-TEST_F(Keys, that_are_modifiers_raise_nothing_but_redraw) {
+TEST_F(Keys, that_are_modifiers_redraw_and_raise_nothing) {
   Start();
   journal.Clear();
   PostKeys({kCtrl});
@@ -137,7 +137,7 @@ TEST_F(Keys, queue_nothing_when_they_are_released) {
   FinishPosted();
   const auto lines = WorkerLines();
   ASSERT_GE(lines.size(), 2U);
-  EXPECT_EQ(lines[1], "EmptyPersistentStore") << "the restart is the first that is handled";
+  EXPECT_EQ(lines[1], "EmptyPersistentStore") << "the restart must be handled first";
 }
 
 }  // namespace

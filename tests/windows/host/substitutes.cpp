@@ -1,4 +1,4 @@
-// Replaces the functions of the engine core and the presentation that the host's threads call.
+// Replaces the engine and presentation functions that the host's threads call.
 #include "windows/host/substitutes.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// Substitutes for the engine core and the presentation: they record the calls of the host's threads
-// in order, and do what a test has set. So a test sees an order of calls that no picture shows.
+// Substitutes for the engine core and the presentation. They record the calls of the host's threads
+// and run the functions that a test has set, so that tests can check the order of calls.
 #pragma once
 
 #include <cstdint>
@@ -26,8 +26,9 @@ class Journal {
 
 struct Substitutes {
   Journal journal;
-  // Called on the worker inside StartEngine and RaiseOutsideEvent, and on the calling thread with
-  // every line. Set them while the worker is idle.
+  // onStartEngine and onRaise are called on the worker, inside StartEngine and RaiseOutsideEvent.
+  // onLine is called for every line, on the thread that writes it. Set them while the worker is
+  // idle.
   std::function<Status()> onStartEngine;
   std::function<void(std::int32_t value)> onRaise;
   std::function<void(const std::string& line)> onLine;

@@ -1,4 +1,4 @@
-// One-shot timers of the engine window, set and killed by the worker.
+// Tests the engine window's one-shot timers, which the worker sets and kills.
 #include <gmock/gmock.h>
 
 #include "platform/clocks.h"
@@ -14,7 +14,7 @@ constexpr std::int32_t kEnterRaised = 15;
 constexpr std::uint32_t kTimer = 7;
 constexpr std::uint32_t kLaterTimer = 8;
 
-// `setUp` runs on the worker, while it handles a key.
+// RunOnWorker runs a function on the worker while it handles a key.
 class WindowTimers : public HostThreads {
  protected:
   void RunOnWorker(std::function<void()> setUp) {
@@ -37,7 +37,7 @@ TEST_F(WindowTimers, fire_once) {
   EXPECT_THAT(Raised(), ElementsAre("6 15", "8 7", "8 8"));
 }
 
-TEST_F(WindowTimers, with_the_number_zero_fire_as_well) {
+TEST_F(WindowTimers, with_id_zero_fire) {
   Start();
   RunOnWorker([] { SetWindowTimer(0, 20); });
   WaitForLine("Raise 0 8 0");
@@ -86,7 +86,7 @@ TEST_F(WindowTimers, set_again_remove_expiries_queued_before) {
   EXPECT_THAT(Raised(), ElementsAre("6 15", "8 8"));
 }
 
-TEST_F(WindowTimers, with_a_period_past_the_longest_do_not_fire) {
+TEST_F(WindowTimers, with_a_period_beyond_the_maximum_do_not_fire) {
   Start();
   RunOnWorker([] {
     SetWindowTimer(kTimer, 0xFFFFFF00);

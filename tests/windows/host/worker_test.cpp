@@ -1,4 +1,4 @@
-// The order of the worker's calls at its start, for each queued message, and at its end.
+// Tests the order of the worker's calls at start, for each queued message, and at its end.
 #include <gmock/gmock.h>
 
 #include <filesystem>
@@ -41,7 +41,7 @@ TEST_F(Worker, shows_no_service_on_a_cleared_picture_when_no_application_starts)
   EXPECT_FALSE(MayRun());
 }
 
-TEST_F(Worker, counts_a_start_that_failed_half_way_as_started) {
+TEST_F(Worker, treats_a_start_that_failed_half_way_as_started) {
   substitutes.onStartEngine = [] { return Status::Failure; };
   Start();
   EXPECT_EQ(journal.CountOf("DrawScreenText No MHEG5 Service"), 0);
@@ -59,7 +59,7 @@ TEST_F(Worker, may_run_while_the_start_up_application_is_searched) {
 }
 
 TEST_F(Worker, deletes_the_trace_file_of_an_earlier_run) {
-  // In a folder of its own: every engine that starts deletes the file.
+  // Uses a folder of its own, because every engine that starts deletes the file.
   std::filesystem::create_directory("trace_file_test");
   std::filesystem::current_path("trace_file_test");
   std::ofstream("debug.txt") << "old";
@@ -88,7 +88,7 @@ TEST_F(Worker, resets_the_redraw_counter_only_after_a_timer) {
                                          "ResetRedrawCounter", "Redraw"));
 }
 
-TEST_F(Worker, redraws_after_a_key_that_means_nothing) {
+TEST_F(Worker, redraws_after_an_unmapped_key) {
   Start();
   journal.Clear();
   PostKeys({'A'});
@@ -157,7 +157,7 @@ TEST_F(Worker, draws_no_text_when_a_restart_fails) {
   EXPECT_EQ(journal.CountOf("DeviceUpdate"), 0);
 }
 
-TEST_F(Worker, comes_back_from_no_service_when_a_restart_succeeds) {
+TEST_F(Worker, leaves_no_service_when_a_restart_succeeds) {
   substitutes.onStartEngine = [] { return Status::Refused; };
   Start();
   substitutes.onStartEngine = nullptr;

@@ -1,4 +1,4 @@
-// The four exported functions and the host object's side of them.
+// Tests the four exported functions and the engine's calls of the host object.
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -15,7 +15,8 @@ using namespace std::chrono_literals;
 
 class Boundary : public Engine {
  protected:
-  // A host that never has the start-up application makes the worker ask again and again.
+  // Starts with a host that never supplies the start-up application, so that the worker keeps
+  // requesting it.
   void StartWaitingForFile() {
     host.Answer("a", kMHEG5FileNotYetAvailable);
     Start();
@@ -33,7 +34,7 @@ TEST_F(Boundary, a_start_without_a_host_object_is_refused) {
   EXPECT_EQ(FindEngineWindow(), nullptr);
 }
 
-TEST_F(Boundary, a_start_without_a_table_of_functions_is_refused) {
+TEST_F(Boundary, a_start_without_a_function_table_is_refused) {
   const int threads = CountThreads();
   MHEG5Host other = {nullptr};
   EXPECT_EQ(library.run(&other, window.Handle()), 1U);
@@ -116,7 +117,7 @@ TEST_F(Boundary, only_the_exit_code_closes_through_the_callback) {
   WaitForClosed();
 }
 
-TEST_F(Boundary, a_host_that_never_has_the_file_is_asked_until_the_close) {
+TEST_F(Boundary, a_missing_file_is_requested_until_the_close) {
   StartWaitingForFile();
   WaitForRead("a", 4);
   library.exit();
@@ -130,10 +131,10 @@ TEST_F(Boundary, a_host_that_never_has_the_file_is_asked_until_the_close) {
   for (std::size_t index = 1; index < reads.size(); ++index) {
     EXPECT_GE(reads[index].time - reads[index - 1].time, 480ms);
   }
-  EXPECT_EQ(ReadsOf("startup"), 0) << "the first name had not failed yet";
+  EXPECT_EQ(ReadsOf("startup"), 0) << "the first name has not failed yet";
 }
 
-TEST_F(Boundary, the_host_object_is_kept_and_released_in_order) {
+TEST_F(Boundary, the_host_object_is_retained_and_released_in_order) {
   host.Serve("a", "no group");
   std::atomic<int> closesBeforeRelease = -1;
   host.onCall = [&](const std::string& name) {
@@ -278,7 +279,7 @@ TEST_F(Boundary, every_waiting_thread_returns_when_the_engine_has_closed) {
   EXPECT_EQ(returned, 4);
 }
 
-// An ended thread can be opened by its number while any handle of it exists.
+// An ended thread can still be opened by its id while any handle to it exists.
 TEST_F(Boundary, no_handle_of_the_threads_is_left_when_the_host_never_waits) {
   StartWaitingForFile();
   const DWORD engineThread = GetWindowThreadProcessId(engineWindow, nullptr);
@@ -296,7 +297,7 @@ TEST_F(Boundary, no_handle_of_the_threads_is_left_when_the_host_never_waits) {
   EXPECT_TRUE(WaitUntil([&] { return !canBeOpened(engineThread); }));
 }
 
-// A copy under another name, so that this test holds the program's only reference.
+// Loads a copy of the library under another name, so that this test holds its only reference.
 TEST_F(Boundary, the_library_may_be_unloaded_in_the_handler_of_the_closed_message) {
   constexpr const char* kCopy = "korvel_unloaded.dll";
   ASSERT_NE(CopyFileA("korvel.dll", kCopy, FALSE), 0);

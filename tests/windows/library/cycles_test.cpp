@@ -1,5 +1,4 @@
-// Starts and closes many times, with the close at any moment: nothing may hang, and no resources
-// may remain.
+// Starts the engine many times and closes it at random moments. Nothing may hang or leak.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -11,7 +10,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A scene that redraws and sets its own timer again endlessly.
+// A scene that redraws repeatedly, by a timer that sets itself again.
 constexpr const char* kBusyScene = R"(
     {:Rectangle 1 :OrigBoxSize 700 500 :OrigRefFillColour '=FF=00=00=00'}
     {:Text 2 :OrigContent "busy" :OrigBoxSize 700 500}
@@ -23,7 +22,7 @@ constexpr const char* kBusyScene = R"(
 
 class Cycles : public Engine {
  protected:
-  // Until the moment of the close request the thread only looks for the window.
+  // Waits for the window and the delay, requests the close, and waits until the engine has closed.
   void CloseAfter(std::chrono::milliseconds delay) {
     const auto moment = std::chrono::steady_clock::now() + delay;
     ASSERT_TRUE(WaitUntil([&] {
@@ -37,8 +36,8 @@ class Cycles : public Engine {
     EXPECT_EQ(host.HeldReferences(), 0);
     EXPECT_EQ(host.HeldBuffers(), 0);
   }
-  // Counted while the engine's two threads run, because an ending one may exist for a moment
-  // longer.
+  // Counts while the engine's two threads run and subtracts them, because an ending thread may
+  // exist for a moment after the close.
   int CountThreadsWithoutEngine() {
     ++cycle;
     Start();
@@ -47,9 +46,8 @@ class Cycles : public Engine {
     CloseAfter(0ms);
     return threads;
   }
-  // One request, in each of the ways in turn. A window that is found but not shown yet may still be
-  // under construction; the library then accepts no request, and only the window itself can be
-  // asked.
+  // Requests the close in one of the four ways, in turn. A window that is not visible yet may still
+  // be under construction; the library then ignores requests, so the message goes to the window.
   void AskToClose() {
     switch (IsWindowVisible(engineWindow) != 0 ? cycle % 4 : 2) {
     case 0: library.exit(); break;
@@ -72,7 +70,7 @@ TEST_F(Cycles, two_hundred_with_closes_at_random_moments_leave_nothing) {
   const int threads = CountThreadsWithoutEngine();
   while (cycle < kCycles && !HasFailure()) {
     ++cycle;
-    // Every fifth host does not have the file yet, so that the close falls into a retry.
+    // In every fifth cycle the file is not available yet, so that the close happens during a retry.
     if (cycle % 5 == 0) {
       host.Answer("s", kMHEG5FileNotYetAvailable);
     } else {

@@ -48,7 +48,7 @@ void Engine::Post(UINT message, WPARAM wParam) const {
 
 void Engine::WaitForColour(int x, int y, COLORREF colour) const {
   ASSERT_TRUE(WaitUntil([&] { return Shown(x, y) == colour; }))
-      << "shown is " << std::hex << Shown(x, y) << " at " << std::dec << x << ", " << y;
+      << "the colour is " << std::hex << Shown(x, y) << " at " << std::dec << x << ", " << y;
 }
 
 void Engine::WaitForRead(const std::string& path, int count) const {

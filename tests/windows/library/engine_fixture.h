@@ -1,5 +1,5 @@
-// The fixture of tests of the whole library: a host object that serves a carousel from memory, a
-// host window, and an engine that is closed at the end of the test.
+// The fixture for tests of the whole library: a host object that serves a carousel from memory, a
+// host window, and an engine that is closed when the test ends.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,19 +17,19 @@ namespace korvel::test {
 class Engine : public testing::Test {
  protected:
   Engine() : Engine(TheLibrary()) {}
-  // For a variant of the library, which must outlive the fixture.
+  // Uses another copy of the library. Borrows `played`.
   explicit Engine(const Library& played) : library(played) {}
   ~Engine() override;
 
-  // Serves an application "a" that enters the scene "s", which has these items in the textual
-  // notation. The scene receives every key.
+  // Serves an application "a" that enters the scene "s". `items` are the scene's items in the
+  // textual notation. The scene receives every key.
   void ServeScene(const std::string& items);
-  // Serves a scene of that name with these items; they may be empty.
+  // Serves a scene with this name and these items, which may be empty.
   void ServeScene(const std::string& name, const std::string& items);
 
   // Starts the engine and waits for its window.
   void Start();
-  // The same for an engine that has been started already.
+  // Waits for the window of an engine that has been started already.
   void WaitForWindow();
   // Closes the engine and waits until the host window has been notified and the thread has ended.
   void Close();
@@ -39,7 +39,7 @@ class Engine : public testing::Test {
   [[nodiscard]] COLORREF Shown(int x, int y) const { return ShownPixel(engineWindow, x, y); }
   // Waits until the pixel of the window has the colour.
   void WaitForColour(int x, int y, COLORREF colour) const;
-  // Waits until the engine has read the file that many times.
+  // Waits until the engine has read the file `count` times.
   void WaitForRead(const std::string& path, int count = 1) const;
   [[nodiscard]] int ReadsOf(const std::string& path) const {
     return host.CountOf("ReadFile " + path);

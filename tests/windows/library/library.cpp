@@ -1,4 +1,4 @@
-// Loading korvel.dll.
+// Loads korvel.dll.
 #include "windows/library/library.h"
 
 namespace korvel::test {

@@ -1,4 +1,4 @@
-// The library as a host program loads it: at run time, with its four functions found by name.
+// Loads the library as a host program does: at run time, with its four functions looked up by name.
 #pragma once
 
 #include "korvel.h"
@@ -12,11 +12,10 @@ struct Library {
   decltype(&MHEG5WaitForClose) waitForClose = nullptr;
 };
 
-// The functions of a loaded library. A function that cannot be found is null, and ends the test
-// that uses it.
+// The functions of a loaded library. A missing function is null, so calling it crashes the test.
 Library FindFunctions(HMODULE module);
 
-// Loads korvel.dll from the current directory, once for the process.
+// Loads korvel.dll from the current directory, once per process.
 const Library& TheLibrary();
 
 }  // namespace korvel::test

@@ -1,5 +1,5 @@
-// The library without the picture that replaces broadcast video, as if its resources were missing
-// or damaged.
+// Tests a library without the picture that replaces broadcast video, as if its resources were
+// missing or damaged.
 #include <array>
 #include <fstream>
 #include <iterator>
@@ -19,7 +19,7 @@ std::string CopyPath() {
   return std::string(folder.data()) + "korvel_without_picture.dll";
 }
 
-// Gives the only resource of the picture's type another type, in a copy of the library.
+// Copies the library and changes the type of the picture's resource, so that it is not found.
 bool MakeCopy() {
   std::ifstream source("korvel.dll", std::ios::binary);
   std::string bytes{std::istreambuf_iterator<char>(source), {}};
@@ -31,7 +31,7 @@ bool MakeCopy() {
   return true;
 }
 
-// Loaded once, as the library itself is.
+// Loads the copy once per process.
 const Library& LibraryWithoutPicture() {
   static const Library library =
       MakeCopy() ? FindFunctions(LoadLibraryA(CopyPath().c_str())) : Library{};
@@ -43,8 +43,8 @@ class MissingPictureTest : public Engine {
   MissingPictureTest() : Engine(LibraryWithoutPicture()) {}
 };
 
-// A video between a blue background and a lamp. The event of a missing picture turns the lamp from
-// green to red before it is drawn.
+// The video is above a blue background and below a lamp. The event for a missing picture changes
+// the lamp from green to red before it is drawn.
 TEST_F(MissingPictureTest, shows_the_objects_below_the_video_and_raises_the_event) {
   ASSERT_NE(library.run, nullptr);
   ServeScene(R"(

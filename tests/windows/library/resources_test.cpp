@@ -1,4 +1,4 @@
-// The resources of the library, found as other programs find them.
+// Tests the library's resources, looked up as other programs look them up.
 #include <gtest/gtest.h>
 
 #include <string_view>

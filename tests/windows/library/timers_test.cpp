@@ -1,6 +1,6 @@
-// Timers of content, from the action that sets them to the picture that their expiry changes, by
-// way of the platform's own timers, the window and its queue. A timer has not fired if another one
-// that is due later has.
+// Tests content's timers end to end: from the action that sets a timer, through the platform's
+// timers, the window and its queue, to the picture that the expiry changes. To check that a timer
+// has not fired, a test waits until one that is due later has.
 #include "windows/library/engine_fixture.h"
 
 namespace korvel::test {
@@ -24,8 +24,8 @@ std::string OnKey(int number, const std::string& actions) {
   return Link(number, "UserInput :EventData " + std::to_string(kOK), actions);
 }
 
-// In each scene here every expiry of timer 1 makes a red bar 10 pixels longer, and every expiry of
-// timer 2 a blue one. Of two overlapping bars, the one whose timer fired last is visible.
+// In each scene, every expiry of timer 1 makes a red bar 10 pixels longer, and every expiry of
+// timer 2 a blue one. Each expiry also brings a square of its colour to the front.
 std::string Bars() {
   const auto bar = [](const std::string& number, const std::string& colour, int y) {
     return "{:IntegerVar 2" + number + " :OrigValue 0} {:Rectangle 1" + number +
@@ -56,18 +56,18 @@ std::int64_t ProcessAgeMs() {
 
 class LibraryTimers : public Engine {
  protected:
-  // Starts a scene with the bars in which OK does this.
+  // Starts a scene with the bars, in which the OK key runs `actions`.
   void StartWithKey(const std::string& actions, const std::string& more = "") {
     ServeScene(Bars() + OnKey(50, actions) + more + Ready());
     Start();
     WaitForColour(710, 10, kRed);
   }
-  // A mark that appears when the scene runs, so that keys are not pressed before.
+  // A mark that shows that the scene runs and can receive keys.
   static std::string Ready() {
     return "{:Rectangle 60 :OrigBoxSize 20 20 :OrigPosition 700 0 :OrigLineWidth 0"
            " :OrigRefFillColour '=FF=00=00=00'} ";
   }
-  // Waits until a timer has fired at least that many times.
+  // Waits until a timer has fired at least `count` times.
   void WaitForExpiries(int timer, int count) const {
     WaitForColour(10 * count - 5, timer == 1 ? 10 : 50, timer == 1 ? kRed : kBlue);
   }
@@ -78,11 +78,11 @@ class LibraryTimers : public Engine {
     }
     EXPECT_EQ(Shown(10 * count + 5, y), kBlack) << "timer " << timer << " fired too often";
   }
-  // Which of the two timers fired last.
+  // The number of the timer that fired last.
   [[nodiscard]] COLORREF Last() const { return Shown(610, 10); }
 };
 
-TEST_F(LibraryTimers, fire_by_themselves_and_once) {
+TEST_F(LibraryTimers, fire_once) {
   StartWithKey(":SetTimer(0 1 30) :SetTimer(0 2 400)");
   PressKey(kEnter);
   WaitForExpiries(2, 1);
@@ -90,7 +90,7 @@ TEST_F(LibraryTimers, fire_by_themselves_and_once) {
   EXPECT_EQ(Last(), kBlue);
 }
 
-TEST_F(LibraryTimers, set_again_by_their_own_expiry_tick) {
+TEST_F(LibraryTimers, repeat_when_their_own_expiry_sets_them_again) {
   StartWithKey(":SetTimer(0 1 30)", Link(51, "TimerFired :EventData 1", ":SetTimer(0 1 30)"));
   PressKey(kEnter);
   WaitForExpiries(1, 5);
@@ -101,7 +101,7 @@ TEST_F(LibraryTimers, do_not_fire_earlier_than_they_are_due) {
   const auto before = std::chrono::steady_clock::now();
   PressKey(kEnter);
   WaitForExpiries(1, 1);
-  EXPECT_GE(std::chrono::steady_clock::now() - before, 580ms) << "a tick of the clock is permitted";
+  EXPECT_GE(std::chrono::steady_clock::now() - before, 580ms) << "allows for one clock tick";
 }
 
 TEST_F(LibraryTimers, cancelled_do_not_fire) {
@@ -121,8 +121,8 @@ TEST_F(LibraryTimers, set_again_before_they_are_due_fire_once_at_the_second_time
   EXPECT_EQ(Last(), kRed);
 }
 
-// The missing group keeps the worker busy for half a second; meanwhile the expiry of timer 1 is
-// queued. Then the second link for the key cancels it.
+// Looking for a missing group keeps the worker busy for half a second, in which the expiry of timer
+// 1 is queued. Then the second link for the key cancels the timer.
 TEST_F(LibraryTimers, cancelled_while_their_expiry_is_queued_do_not_fire) {
   StartWithKey(":SetTimer(0 1 100) :TransitionTo((\"~/missing\" 0))",
                OnKey(51, ":SetTimer(0 1) :SetTimer(0 2 100)"));
@@ -156,7 +156,7 @@ TEST_F(LibraryTimers, of_the_application_never_fire) {
   ExpectExpiries(1, 0);
 }
 
-// Both kinds share the numbers of the platform's timers, so the application's never fires.
+// Both groups share the platform's timer numbers, so the application's timer never fires.
 TEST_F(LibraryTimers, of_the_scene_replace_those_of_the_application) {
   StartWithKey(":SetTimer((\"~/a\" 0) 1 50) :SetTimer(0 1 500) :SetTimer(0 2 200)");
   PressKey(kEnter);
@@ -173,8 +173,8 @@ TEST_F(LibraryTimers, for_a_time_before_the_scene_do_not_fire) {
   ExpectExpiries(1, 0);
 }
 
-// An absolute time is counted from the start of the process. A scene is entered later, and the
-// timer waits for the rest.
+// An absolute time counts from the start of the process. The scene starts later, so the timer waits
+// only for the rest of the time.
 TEST_F(LibraryTimers, for_a_time_after_the_scene_fire_then) {
   const std::string later = std::to_string(ProcessAgeMs() + 4000);
   StartWithKey(":SetTimer(0 1 " + later + " :AbsoluteTime TRUE) :SetTimer(0 2 200)");

@@ -1,4 +1,4 @@
-// The engine's window: its style, its contents, and its reaction to keys and timers.
+// Tests the engine's window: its style, its contents, and its reaction to keys and timers.
 #include <gmock/gmock.h>
 
 #include <array>
@@ -17,7 +17,7 @@ constexpr COLORREF kForeign = RGB(1, 254, 3);  // no scene here contains it
 
 constexpr WPARAM kEnter = 13;
 
-// A rectangle over the left upper quarter.
+// A rectangle that covers the top left quarter of the scene.
 std::string FilledRectangle(int number, const std::string& colour, const std::string& more = "") {
   return "{:Rectangle " + std::to_string(number) +
          " :OrigBoxSize 360 288 :OrigPosition 0 0 :OrigRefFillColour '" + colour + "' " + more +
@@ -31,7 +31,7 @@ std::string LinkOnKey(int number, int key, const std::string& actions) {
 
 class EngineWindowTest : public Engine {
  protected:
-  // The pixels in the colour of the fixed screens' texts, in the area of those texts.
+  // Samples the area of the fixed screens' texts and counts pixels in their colour.
   [[nodiscard]] int CountTextPixels() const {
     int count = 0;
     HDC deviceContext = GetDC(engineWindow);
@@ -43,7 +43,7 @@ class EngineWindowTest : public Engine {
     ReleaseDC(engineWindow, deviceContext);
     return count;
   }
-  // The right edge of those texts.
+  // The x coordinate of the right end of those texts.
   [[nodiscard]] int RightEndOfText() const {
     HDC deviceContext = GetDC(engineWindow);
     int end = 0;
@@ -55,8 +55,8 @@ class EngineWindowTest : public Engine {
     ReleaseDC(engineWindow, deviceContext);
     return end;
   }
-  // Foreign paint, which only a new copy of the picture removes. Painted until it stays: the window
-  // may be about to show a copy of its own.
+  // Fills the window with a colour that only a new copy of the picture removes. Repeats this until
+  // the colour remains, because the window may be about to show a copy.
   void PaintOver(COLORREF colour) const {
     ASSERT_TRUE(WaitUntil([&] {
       HDC deviceContext = GetDC(engineWindow);
@@ -103,7 +103,7 @@ TEST_F(EngineWindowTest, shows_the_scene) {
   EXPECT_EQ(Shown(600, 400), kBlack);
 }
 
-TEST_F(EngineWindowTest, shows_please_wait_while_the_file_is_not_there) {
+TEST_F(EngineWindowTest, shows_please_wait_while_the_file_is_not_available) {
   host.Answer("a", kMHEG5FileNotYetAvailable);
   Start();
   WaitForRead("a");
@@ -133,7 +133,7 @@ TEST_F(EngineWindowTest, keeps_the_picture_when_it_is_hidden_and_shown) {
   WaitForColour(100, 100, kRed);
 }
 
-TEST_F(EngineWindowTest, is_copied_again_after_a_key_that_means_nothing) {
+TEST_F(EngineWindowTest, is_copied_again_after_an_unmapped_key) {
   ServeScene(FilledRectangle(1, "=FF=00=00=00"));
   Start();
   WaitForColour(100, 100, kRed);
@@ -156,7 +156,7 @@ TEST_F(EngineWindowTest, shows_what_a_key_has_changed) {
   WaitForColour(100, 100, kRed);
 }
 
-// The file of the probe is read in the middle of the link's effect, on the worker.
+// The link's effect reads the probe's file, so that the test sees the window during the effect.
 TEST_F(EngineWindowTest, paints_the_first_request_of_a_key_at_once_and_of_a_timer_afterwards) {
   ServeScene(FilledRectangle(1, "=FF=00=00=00") +
              FilledRectangle(2, "=00=00=FF=00", ":InitiallyActive FALSE") +
@@ -208,7 +208,7 @@ TEST_F(EngineWindowTest, shows_no_service_when_no_application_is_found) {
 
 void WINAPI ReadStoppedWallClock(FILETIME* time) { *time = {0, 0x01DB'0000}; }
 
-// A start-up file that is not a group fails within a tick of the wall clock.
+// Reading a start-up file that is not a group fails within one tick of the wall clock.
 TEST_F(EngineWindowTest, shows_no_service_at_once_when_the_start_up_file_is_broken) {
   host.Answer("a", kMHEG5FileNotYetAvailable);
   Start();
@@ -225,7 +225,7 @@ TEST_F(EngineWindowTest, shows_no_service_at_once_when_the_start_up_file_is_brok
   Close();
 }
 
-// The failed start has not changed the picture: the first key after it shows nothing either.
+// The failed start has not changed the picture, so the first key after it shows no text either.
 TEST_F(EngineWindowTest, shows_no_text_when_the_start_after_a_quit_fails) {
   ServeScene(FilledRectangle(1, "=FF=00=00=00") + LinkOnKey(2, 15, ":Quit((\"~/a\" 0))"));
   Start();

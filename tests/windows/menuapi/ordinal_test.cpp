@@ -1,4 +1,4 @@
-// The decoder of I-frames as the engine calls it: the library by its name, the function by its
+// Tests the I-frame decoder as the engine uses it: the library loaded by name, the function by
 // ordinal, the stream in a file and the frame in the caller's buffer.
 #include <windows.h>
 
@@ -65,7 +65,7 @@ class Ordinal : public testing::Test {
   std::vector<std::uint8_t> planes_ = std::vector<std::uint8_t>(kFrameBytes + 64, kUntouched);
 };
 
-// A frame of 32 x 32 that has one colour in each of the requested rows of macroblocks.
+// A stream of one 32 x 32 frame with `rows` rows of macroblocks, each in one colour.
 std::vector<std::uint8_t> Stream(unsigned rows) {
   StreamWriter stream({});
   stream.Headers();

@@ -1,5 +1,5 @@
-// Pictures of windows whose client area does not have the size of a scene, because of the system's
-// frame.
+// Tests pictures of windows whose client area differs from the size of a scene, as it can with the
+// system's window frame.
 #include "player/screenshot.h"
 
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ class ScreenshotTest : public testing::Test {
     ASSERT_TRUE(Capture(window_, picture_));
   }
 
-  // White in the given number of columns and rows from the top left, black elsewhere.
+  // Expects white in the first `columns` columns and `rows` rows, and black elsewhere.
   void ExpectWhite(int columns, int rows) const {
     ASSERT_EQ(picture_.pixels.size(), std::size_t{kWidth} * kHeight);
     for (int y = 0; y < kHeight; ++y) {

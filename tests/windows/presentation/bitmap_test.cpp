@@ -1,4 +1,4 @@
-// Bitmaps: the source of their content, and how it fills the box.
+// Tests bitmaps: where their content comes from, and how it fills the box.
 #include "platform/screen.h"
 #include "presentation/presentation.h"
 #include "windows/presentation/content.h"
@@ -105,7 +105,7 @@ TEST_F(BitmapTest, a_transparency_of_100_is_invisible_0_opaque_and_50_half) {
   EXPECT_NEAR(mixed >> 8 & 0xFF, 127, 3);
 }
 
-TEST_F(BitmapTest, without_tiling_it_is_shown_once_and_the_rest_of_the_box_stays) {
+TEST_F(BitmapTest, without_tiling_it_is_shown_once_and_the_rest_of_the_box_is_unchanged) {
   bitmap.BoxSize = {100, 90};
   EXPECT_EQ(Paint().Extent(kWholeScene), (Area{100, 100, 140, 140}));
 }
@@ -147,7 +147,7 @@ TEST_F(BitmapTest, scaled_to_half_its_size_the_whole_picture_is_shown_small) {
   EXPECT_EQ(picture.At(125, 125), kBlack);
 }
 
-TEST_F(BitmapTest, scaled_to_nothing_it_is_not_drawn_and_not_missing) {
+TEST_F(BitmapTest, scaled_to_nothing_it_is_not_drawn_or_reported_missing) {
   for (const korvel::BoxSize size : {korvel::BoxSize{0, 40}, {40, 0}, {0, 0}}) {
     bitmap.ScaledSize = {size.Width, size.Height};
     EXPECT_TRUE(Paint().IsAll(kWholeScene, kBlack));
@@ -183,7 +183,7 @@ TEST_F(BitmapTest, a_content_hook_below_1_is_replaced_by_the_applications) {
   }
   App().Defaults.BitmapContentHook = 2;
   static_cast<void>(Paint());
-  EXPECT_EQ(bitmap.ContentHOOK, 4) << "a hook of its own stays";
+  EXPECT_EQ(bitmap.ContentHOOK, 4) << "the bitmap's own hook must be kept";
 }
 
 TEST_F(BitmapTest, files_that_are_not_pictures_are_missing) {
@@ -206,7 +206,7 @@ TEST_F(BitmapTest, files_that_are_not_pictures_are_missing) {
 }
 
 TEST_F(BitmapTest, a_picture_that_claims_to_be_huge_is_missing) {
-  // A PNG whose header claims 60,000 x 60,000 and that is otherwise valid.
+  // A valid PNG file except that its header claims 60,000 x 60,000 pixels.
   std::string png = Encoded(QuarteredBmp(40, 40), L"image/png");
   const std::string side("\x00\x00\xEA\x60", 4);
   png.replace(16, 8, side + side);
@@ -235,7 +235,8 @@ TEST_F(BitmapTest, an_ordinary_box_is_drawn_after_extreme_boxes_and_scales) {
       static_cast<void>(Paint());
     }
   }
-  EXPECT_LT(ProcessorMs() - start, 12 * 1000U) << "a second a painting: a close waits for it";
+  EXPECT_LT(ProcessorMs() - start, 12 * 1000U)
+      << "more than a second per painting, for which a close waits";
   bitmap.ScaledSize = {-1, -1};
   Place(bitmap, 100, 100, 20, 20);
   EXPECT_TRUE(Paint().IsAll({100, 100, 120, 120}, kRed)) << "the next ordinary box";

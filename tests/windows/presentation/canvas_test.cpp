@@ -1,4 +1,4 @@
-// Dynamic line art: its canvas with each drawing operation, and how the redraw shows it.
+// Tests dynamic line art: each drawing operation on its canvas, and how a redraw shows the canvas.
 #include "presentation/line_art.h"
 
 #include "platform/canvases.h"
@@ -62,7 +62,7 @@ TEST_F(CanvasTest, a_line_that_leaves_the_canvas_keeps_its_slope) {
   EXPECT_NEAR(end.bottom, 200, 2);
 }
 
-TEST_F(CanvasTest, a_rectangle_has_its_border_inside_and_its_fill_inside_of_that) {
+TEST_F(CanvasTest, a_rectangle_has_its_fill_inside_its_border) {
   red.width = 4;
   CanvasRectangle({10, 10}, {20, 20}, red, kOpaqueGreen, lineArt.Canvas);
   const Pixels picture = Paint();
@@ -89,7 +89,7 @@ TEST_F(CanvasTest, an_oval_without_a_fill_draws_nothing) {
 }
 
 TEST_F(CanvasTest, a_positive_arc_runs_counter_clockwise_from_its_start) {
-  // From the right (0 degrees) a quarter up: the top right quarter of the ellipse.
+  // Starts at the right (0 degrees) and runs a quarter upwards: the ellipse's top right quarter.
   CanvasArc({50, 0}, 100, 100, 0, 90, red, kTransparentColour, ArcForm::Arc, lineArt.Canvas);
   const Area ink = Ink();
   EXPECT_GE(ink.left, 199);
@@ -101,7 +101,7 @@ TEST_F(CanvasTest, a_positive_arc_runs_counter_clockwise_from_its_start) {
 TEST_F(CanvasTest, the_ellipse_of_an_arc_is_the_box_less_the_line_on_every_side) {
   red.width = 6;
   CanvasArc({50, 0}, 100, 100, 0, 360, red, kTransparentColour, ArcForm::Arc, lineArt.Canvas);
-  const Area ink = Ink();  // the middle of the line is 6 inside, its outer side 3
+  const Area ink = Ink();  // the line's middle is 6 inside the box, its outer edge 3
   EXPECT_NEAR(ink.left, 153, 1);
   EXPECT_NEAR(ink.right, 247, 1);
   EXPECT_NEAR(ink.top, 103, 1);
@@ -175,7 +175,7 @@ TEST_F(CanvasTest, a_polygon_is_closed_and_filled) {
   CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas);
   const Pixels picture = Paint();
   EXPECT_EQ(picture.At(180, 130), kGreen);
-  EXPECT_EQ(picture.At(120, 170), kBlack) << "beyond the side that closes it";
+  EXPECT_EQ(picture.At(120, 170), kBlack) << "outside the closing side";
   EXPECT_NEAR(picture.Count(kWholeScene, kGreen) + picture.Count(kWholeScene, kRed), 80 * 70 / 2,
               200);
 }
@@ -198,7 +198,7 @@ TEST_F(CanvasTest, a_polygon_with_far_corners_is_cut_without_bending) {
 }
 
 TEST_F(CanvasTest, a_polygon_of_a_thousand_corners_is_drawn_and_one_of_more_is_not) {
-  std::vector<CanvasPoint> corners;  // the upper side from pixel to pixel, there and back
+  std::vector<CanvasPoint> corners;  // along the upper side and back, pixel by pixel
   for (std::int32_t round = 0; round < 10; ++round) {
     for (std::int32_t x = 0; x < 50; ++x) corners.push_back({x, 0});
     for (std::int32_t x = 50; x > 0; --x) corners.push_back({x, 0});
@@ -236,8 +236,8 @@ TEST_F(CanvasTest, dashes_of_lines_that_leave_the_canvas_do_not_move) {
     CanvasPoint from;
     CanvasPoint to;
   };
-  // The two lines of each pair look the same on the canvas: one of them is longer at its end, or at
-  // its beginning by a multiple of every period.
+  // The two lines of each pair look the same on the canvas: one of them is longer at its end, or
+  // longer at its start by a multiple of every dash period.
   const std::pair<Line, Line> pairs[] = {{{{0, 50}, {220, 50}}, {{0, 50}, {2000000000, 50}}},
                                          {{{-48, 50}, {220, 50}}, {{-48000048, 50}, {220, 50}}},
                                          {{{-60, -80}, {300, 400}}, {{-60, -80}, {60000, 80000}}},
@@ -395,7 +395,7 @@ TEST_F(CanvasTest, the_largest_numbers_take_no_time) {
       CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas);
     }
   }
-  EXPECT_LT(ProcessorMs() - start, 54 * 250U) << "a quarter of a second an operation";
+  EXPECT_LT(ProcessorMs() - start, 54 * 250U) << "more than a quarter of a second per operation";
   Clear();
   red.style = LineStyle::Solid;
   red.width = 2;

@@ -1,4 +1,4 @@
-// Colours of objects: absolute, from palettes, and not set.
+// Tests objects' colours: absolute, from palettes, and not set.
 #include "appearance/colours.h"
 
 #include "presentation/gdi_plus.h"
@@ -47,7 +47,7 @@ TEST_F(ColoursTest, strings_of_other_lengths_are_not_set) {
 }
 
 TEST_F(ColoursTest, colours_that_nothing_sets_have_defaults) {
-  EXPECT_EQ(LineColourOf(rectangle, CurrentGroups()), 0x00000000U);
+  EXPECT_EQ(LineAttributesOf(rectangle, CurrentGroups()).ink, 0x00000000U);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0xFFFFFFFFU);
   EXPECT_EQ(TextColourOf(text, CurrentGroups()), 0xFFFFFF00U);
   EXPECT_EQ(BackgroundColourOf(text, CurrentGroups()), 0xFFFFFFFFU);
@@ -142,11 +142,11 @@ TEST_F(ColoursTest, the_file_of_a_palette_is_read_once) {
       rectangle.RefFillColour = Indexed(0);
       rectangle.RefLineColour = Indexed(1);
       EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x01020304U);
-      EXPECT_EQ(LineColourOf(rectangle, CurrentGroups()), 0x11121314U);
+      EXPECT_EQ(LineAttributesOf(rectangle, CurrentGroups()).ink, 0x11121314U);
     }
     EXPECT_EQ(TheHost().fetched, std::vector<std::string>{"colours\\p"}) << isPrepared;
   }
-  EXPECT_EQ(palette.OriginalContent.Data.View(), "~/colours/p") << "what was decoded stays";
+  EXPECT_EQ(palette.OriginalContent.Data.View(), "~/colours/p") << "decoded content must be kept";
 }
 
 TEST_F(ColoursTest, each_palette_reads_its_own_file) {
@@ -170,7 +170,7 @@ TEST_F(ColoursTest, a_palette_whose_file_is_missing_is_read_again) {
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x01020304U);
 }
 
-TEST_F(ColoursTest, run_time_content_comes_before_the_original) {
+TEST_F(ColoursTest, run_time_content_overrides_the_original_content) {
   Palette& palette = AddPalette(App(), 7, kEntries);
   palette.Content.Data = Octets("\x21\x22\x23\x24");
   NamePalette(rectangle, "~/app", 7);

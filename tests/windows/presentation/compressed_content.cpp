@@ -1,5 +1,5 @@
-// Short PNG and GIF files of any size, written by hand so that they can claim sizes and hold data
-// that no encoder writes.
+// Builds small PNG and GIF files byte by byte, so that they can claim sizes and contain data that
+// no encoder writes.
 #include <algorithm>
 #include <array>
 
@@ -19,7 +19,7 @@ std::uint32_t Crc(const std::string& bytes) {
   return ~crc;
 }
 
-// Bits in the order of deflate: the lowest of each byte first.
+// Writes bits in deflate's order: the lowest bit of each byte first.
 class BitWriter {
  public:
   void Write(std::uint32_t bits, int count) {
@@ -36,8 +36,8 @@ class BitWriter {
   int filled_ = 0;
 };
 
-// `count` zero bytes in zlib's fixed codes: one literal, repetitions of 258 bytes from one byte
-// back, and single literals for the rest.
+// `count` zero bytes in deflate's fixed codes: one literal, then matches of length 258 at distance
+// 1, then literals for the rest.
 std::string CompressedZeros(std::uint64_t count) {
   constexpr std::uint64_t kLongest = 258;
   BitWriter writer;
@@ -63,7 +63,7 @@ std::string PngChunk(const std::string& name, const std::string& data) {
 
 std::string FlatPngWith(std::uint32_t width, std::uint32_t height, std::uint32_t colour,
                         const std::string& chunks) {
-  // One bit a pixel, an index into a palette of one colour; a byte before each row.
+  // One bit per pixel, an index into a palette of one colour; a filter byte before each row.
   const std::string header = Big(width, 4) + Big(height, 4) + std::string("\x01\x03\0\0\0", 5);
   const std::uint64_t bytes = (std::uint64_t{width} + 7) / 8 + 1;
   return "\x89PNG\r\n\x1A\n" + PngChunk("IHDR", header) + chunks +

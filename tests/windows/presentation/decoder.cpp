@@ -1,5 +1,5 @@
-// The library is in a folder that the engine does not search. The engine finds it by its plain name
-// because it is loaded already.
+// Loads the library from a folder that the engine does not search. The engine then finds it by name
+// because it is already loaded.
 #include "windows/presentation/decoder.h"
 
 #include <gtest/gtest.h>

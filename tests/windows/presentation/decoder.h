@@ -1,5 +1,5 @@
-// A decoder of I-frames for tests. While the object exists, the engine finds the recording decoder
-// under the name of the host's.
+// An I-frame decoder for tests. While the object exists, the engine finds the recording decoder
+// instead of the host's.
 #pragma once
 
 #include <windows.h>
@@ -19,10 +19,10 @@ class Decoder {
   Decoder(const Decoder&) = delete;
   Decoder& operator=(const Decoder&) = delete;
 
-  // The arguments that it received, and its results.
+  // The decoder's arguments and results.
   [[nodiscard]] DecoderRecord& Record() { return *record_; }
 
-  // Makes `decode` decode all further frames.
+  // Makes `decode` decode all later frames.
   using Decode = std::function<void(const char* path, std::uint8_t* buffer)>;
   void DecodeBy(Decode decode);
 
@@ -32,10 +32,10 @@ class Decoder {
   Decode decode_;
 };
 
-// A stream of that size; the byte after the size is the luma of the frame.
+// A stream of this size; the byte after the size is the frame's luma.
 [[nodiscard]] std::string Stream(int width, int height, std::uint8_t luma);
 
-// Decodes such a stream as a real decoder does: reads the size from it and fills that frame.
+// Decodes such a stream as a real decoder does: reads its size and fills a frame of that size.
 void DecodeStream(const std::string& stream, std::uint8_t* buffer);
 
 }  // namespace korvel::test

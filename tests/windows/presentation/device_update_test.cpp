@@ -1,4 +1,4 @@
-// The copy of the picture in the window.
+// Tests copying the picture to the window.
 #include "platform/screen.h"
 #include "presentation/presentation.h"
 #include "presentation/state.h"
@@ -8,7 +8,7 @@ namespace korvel::test {
 
 class DeviceUpdateTest : public Stage {
  protected:
-  // Paints the whole scene in the colour, without showing it.
+  // Paints the whole scene in one colour, without showing it.
   void PaintAll(std::string_view colour) {
     App().DisplayStack.Clear();
     Place(rectangle_, 0, 0, 720, 576);
@@ -42,7 +42,7 @@ TEST_F(DeviceUpdateTest, two_updates_within_a_millisecond_copy_once) {
   EXPECT_EQ(Shown().At(0, 0), kGreen);
 }
 
-TEST_F(DeviceUpdateTest, the_next_second_is_later_whatever_its_milliseconds) {
+TEST_F(DeviceUpdateTest, an_update_in_the_next_second_copies_again) {
   TheHost().milliseconds = 1999;
   PaintAll(kRedBytes);
   DeviceUpdate();
@@ -52,7 +52,7 @@ TEST_F(DeviceUpdateTest, the_next_second_is_later_whatever_its_milliseconds) {
   EXPECT_EQ(Shown().At(0, 0), kGreen);
 }
 
-TEST_F(DeviceUpdateTest, without_its_stamp_an_update_is_never_skipped) {
+TEST_F(DeviceUpdateTest, without_a_stamp_an_update_is_never_skipped) {
   PaintAll(kRedBytes);
   DeviceUpdate();
   PaintAll(kGreenBytes);
@@ -94,7 +94,7 @@ TEST_F(DeviceUpdateTest, the_picture_starts_opaque_black) {
   EXPECT_TRUE(Shown().IsAll(kWholeScene, kBlack));
 }
 
-TEST(Presentation, opens_and_draws_after_calls_that_did_nothing) {
+TEST(Presentation, opens_and_draws_after_calls_without_effect) {
   OpenScreen();
   ClearSurface();
   DrawScreenText("Please Wait");

@@ -1,5 +1,5 @@
-// Drawing keeps nothing: after ten thousand redraws of any pictures the process holds as much as
-// after a thousand.
+// Tests that drawing does not leak: after ten thousand redraws of all kinds of pictures the process
+// holds as much as after a thousand.
 #include <array>
 
 #include "platform/screen.h"
@@ -11,10 +11,10 @@ namespace korvel::test {
 
 namespace {
 
-// The resources of the process. Everything on the heap is counted, including the memory of GDI+ and
-// global blocks. The heap of newer Wines keeps small blocks in groups and lists each group as one
-// block. The system does not report the number of GDI objects, but the index of a new one in its
-// table rises if others are kept.
+// The resources of the process. All heap blocks are counted, including those of GDI+ and global
+// blocks. The heap of newer Wine versions groups small blocks and lists each group as one block.
+// The number of GDI objects cannot be queried, but the table index of a new one rises if others
+// leak.
 struct Holdings {
   std::size_t blocks = 0;
   std::size_t bytes = 0;
@@ -73,7 +73,8 @@ class FlatMemoryTest : public Stage {
       ASSERT_EQ(Redraw(), Status::Done);
     }
     const std::size_t rounds = static_cast<std::size_t>(times) / kPictures;
-    EXPECT_EQ(TheEngine().raised.size(), 3 * rounds) << "the wrong, the absent, and no I-frame";
+    EXPECT_EQ(TheEngine().raised.size(), 3 * rounds)
+        << "one event each for an invalid file, a missing file, and a file that is no I-frame";
   }
 
  private:
@@ -95,11 +96,11 @@ class FlatMemoryTest : public Stage {
 
 TEST_F(FlatMemoryTest, ten_thousand_redraws_hold_no_more_than_a_thousand) {
   constexpr std::size_t kFewBlocks = 100;
-  constexpr std::size_t kFewBytes = 256 * 1024;  // groups of small blocks, for each of many sizes
+  constexpr std::size_t kFewBytes = 256 * 1024;  // one group of small blocks for each of many sizes
   PaintInTurn(1000);
   TheEngine().raised = {};
   const Holdings before = Held();
-  ASSERT_GT(before.blocks, 100U) << "the heap is not told of";
+  ASSERT_GT(before.blocks, 100U) << "the system does not report the heap's blocks";
   PaintInTurn(9000);
   TheEngine().raised = {};
   const Holdings after = Held();
@@ -121,7 +122,7 @@ TEST_F(FlatMemoryTest, held_resources_are_counted) {
   const Holdings after = Held();
   EXPECT_GE(after.blocks, before.blocks + kSome);
   EXPECT_GE(after.bytes, before.bytes + kSome * kTooLargeForGroups);
-  EXPECT_GE(after.nextGdiPlace, before.nextGdiPlace + kSome / 2) << "but for gaps that are filled";
+  EXPECT_GE(after.nextGdiPlace, before.nextGdiPlace + kSome / 2) << "some may fill gaps";
   for (HGLOBAL block : blocks) GlobalFree(block);
   for (HBRUSH brush : brushes) DeleteObject(brush);
 }

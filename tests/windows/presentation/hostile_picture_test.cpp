@@ -1,5 +1,5 @@
-// Pictures that are made to use up memory, to run programs or to confuse a decoder. Pictures beyond
-// the limits are missing, and missing pictures are reported.
+// Tests pictures that are made to exhaust memory, to run programs or to confuse a decoder. Pictures
+// beyond the limits count as missing, and missing pictures are reported.
 #include <random>
 
 #include "presentation/picture.h"
@@ -18,7 +18,7 @@ std::string ProgressiveJpeg() {
           SizeofResource(nullptr, place)};
 }
 
-// The last scan of a JPEG file, without the end of the picture.
+// The last scan of a JPEG file, without the end-of-image marker.
 std::string LastScan(const std::string& jpeg) {
   const std::size_t start = jpeg.rfind("\xFF\xDA");
   return jpeg.substr(start, jpeg.rfind("\xFF\xD9") - start);
@@ -39,7 +39,7 @@ std::string GreenMetafile() {
   return bytes;
 }
 
-// Whether GDI+ itself reads the file.
+// Whether GDI+ by itself can read the file.
 bool IsReadByGdiPlus(const std::string& file) {
   GlobalBlock block;
   IStream* stream = nullptr;
@@ -71,7 +71,7 @@ TEST_F(HostilePictureTest, larger_pictures_of_few_bytes_are_missing) {
 }
 
 TEST_F(HostilePictureTest, a_size_that_only_the_decoder_finds_has_the_same_limit) {
-  // The header of a TIFF file is not examined before GDI+ reads it.
+  // The engine does not examine a TIFF file's size before GDI+ reads it.
   const auto tiff = [](int side) {
     return Encoded(BmpFile(side, side, [](int, int) { return kGreen; }), L"image/tiff");
   };

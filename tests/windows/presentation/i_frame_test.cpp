@@ -1,4 +1,4 @@
-// I-frames: the call of the host's decoder, and the picture of its result.
+// Tests I-frames: the call of the host's decoder, and the picture of its result.
 #include "presentation/i_frame.h"
 
 #include <algorithm>
@@ -58,7 +58,7 @@ TEST_F(IFrameTest, without_the_hosts_decoder_the_picture_is_missing) {
 
 class DecodedIFrameTest : public IFrameTest {
  protected:
-  // The picture of a frame of these samples.
+  // Paints a frame in which all samples have these values.
   [[nodiscard]] Pixels PaintSamples(std::uint8_t y, std::uint8_t u, std::uint8_t v) {
     TheHost().files["frame"] = kSequence;
     decoder.Record().y = y;
@@ -70,7 +70,7 @@ class DecodedIFrameTest : public IFrameTest {
   Decoder decoder;
 };
 
-TEST_F(DecodedIFrameTest, the_decoder_gets_the_path_an_empty_buffer_and_a_1) {
+TEST_F(DecodedIFrameTest, the_decoder_receives_the_path_a_zeroed_buffer_and_1) {
   static_cast<void>(PaintSamples(16, 128, 128));
   EXPECT_EQ(decoder.Record().calls, 1);
   EXPECT_EQ(decoder.Record().one, 1);
@@ -198,7 +198,7 @@ TEST_P(DecoderConventionTest, a_hundred_calls_leave_the_stack_and_the_locals_unc
   }
   EXPECT_EQ(decoded, kCalls);
   EXPECT_EQ(decoder.Record().calls, kCalls);
-  EXPECT_EQ(frames.size(), 1U) << "each call begins at the same address of the stack";
+  EXPECT_EQ(frames.size(), 1U) << "each call must begin at the same stack address";
   EXPECT_EQ(stream, Stream(16, 16, 235));
 }
 

@@ -17,7 +17,7 @@ class PictureStage : public Stage {
     bitmap.Content.IsReferenced = true;
     bitmap.Content.Data = Octets("~/picture");
     Show(ItemType::Bitmap, bitmap);
-    static_cast<void>(Paint());  // the first painting does what is done only once
+    static_cast<void>(Paint());  // performs one-time work
     TheEngine().raised.clear();
   }
 

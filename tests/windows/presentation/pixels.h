@@ -1,4 +1,4 @@
-// The pixels of the back buffer and of the window, and measurements of them.
+// Reads and measures the pixels of the back buffer and of the window.
 #pragma once
 
 #include <windows.h>
@@ -36,7 +36,7 @@ class Pixels {
   [[nodiscard]] std::uint32_t At(int x, int y) const;
   // The smallest area around everything that is not `ground`; empty if there is nothing.
   [[nodiscard]] Area Extent(const Area& within, std::uint32_t ground = kBlack) const;
-  // The number of text rows: bands of lines with anything that is not `ground`.
+  // The number of text rows: groups of adjacent pixel rows with pixels that are not `ground`.
   [[nodiscard]] int Bands(const Area& within, std::uint32_t ground = kBlack) const;
   [[nodiscard]] int Count(const Area& within, std::uint32_t colour) const;
   // Whether every pixel of the area has the colour.

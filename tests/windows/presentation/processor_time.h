@@ -1,4 +1,4 @@
-// The processor time of this thread, which does not depend on the load of the machine.
+// Measures this thread's processor time, which does not depend on the load of the machine.
 #pragma once
 
 #include <windows.h>

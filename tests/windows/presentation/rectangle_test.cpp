@@ -1,4 +1,4 @@
-// The bordered rectangle: exact to the pixel.
+// Tests the rectangle and its border, exact to the pixel.
 #include "windows/presentation/stage.h"
 
 #include "presentation/presentation.h"
@@ -135,7 +135,7 @@ TEST_F(RectangleTest, the_largest_numbers_neither_overflow_nor_take_long) {
       static_cast<void>(Paint());
     }
   }
-  EXPECT_LT(ProcessorMs() - start, 18 * 1000U) << "half a second a painting";
+  EXPECT_LT(ProcessorMs() - start, 18 * 1000U) << "half a second per painting";
   rectangle.LineStyle = LineStyle{1};
   rectangle.LineWidth = 2;
   EXPECT_TRUE(Paint().IsAll({0, 102, 720, 118}, kGreen));

@@ -1,5 +1,5 @@
-// Which redraw requests paint, the walk over the display stack, and the effects of events that are
-// raised during the walk.
+// Tests which redraw requests paint, the order of drawing the display stack, and the effects of
+// events that drawing raises.
 #include "platform/screen.h"
 #include "presentation/presentation.h"
 #include "windows/presentation/stage.h"
@@ -44,7 +44,7 @@ TEST_F(RedrawTest, a_reset_makes_the_next_request_paint) {
   EXPECT_EQ(BackBufferPixels().At(120, 120), kRed);
 }
 
-TEST_F(RedrawTest, without_an_application_the_picture_is_cleared_and_the_window_stays) {
+TEST_F(RedrawTest, without_an_application_the_picture_is_cleared_and_the_window_is_unchanged) {
   Rectangle rectangle;
   Place(rectangle, 100, 100, 50, 50);
   ShowFilled(rectangle, kRedBytes);
@@ -97,12 +97,12 @@ TEST_F(RedrawTest, a_video_that_does_not_run_is_not_drawn) {
   EXPECT_TRUE(TheEngine().raised.empty());
 }
 
-TEST_F(RedrawTest, classes_that_are_not_drawn_are_skipped) {
+TEST_F(RedrawTest, objects_of_invisible_classes_are_skipped) {
   PushButton button;
   LineArt lineArt;
   RTGraphics graphics;
   HotSpot hotSpot;
-  Rectangle stream;  // entered as a class that is not drawn
+  Rectangle stream;  // added to the stack as a class that is not drawn
   lineArt.RefFillColour = Absolute(kRedBytes);
   stream.RefFillColour = Absolute(kRedBytes);
   for (Visible* visible : {static_cast<Visible*>(&button), static_cast<Visible*>(&lineArt),
@@ -155,7 +155,7 @@ TEST_F(RedrawTest, a_missing_picture_is_an_engine_event_of_the_application) {
   EXPECT_EQ(event.data.value, 3);
 }
 
-TEST_F(RedrawTest, an_event_that_asks_to_stop_ends_the_redraw_at_once) {
+TEST_F(RedrawTest, an_event_that_fails_ends_the_redraw_at_once) {
   Bitmap bitmap;
   ShowMissingBitmap(bitmap);
   Rectangle rectangle;
@@ -213,7 +213,7 @@ TEST_F(RedrawTest, the_stack_may_be_emptied_by_an_event) {
     App().DisplayStack.Clear();
     return Status::Done;
   };
-  EXPECT_EQ(Paint().At(120, 120), kRed) << "what was in the stack when the walk began is drawn";
+  EXPECT_EQ(Paint().At(120, 120), kRed) << "all objects that were in the stack at first are drawn";
 }
 
 TEST_F(RedrawTest, requests_from_events_of_a_painting_paint_once_more_after_it) {

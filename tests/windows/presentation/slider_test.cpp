@@ -1,4 +1,5 @@
-// Sliders: the bar in every orientation and style, to the pixel, and the three numbers above it.
+// Tests sliders: the bar in every orientation and style, exact to the pixel, and the three numbers
+// above it.
 #include "windows/presentation/stage.h"
 
 namespace korvel::test {
@@ -13,7 +14,7 @@ class SliderTest : public Stage {
     slider.SliderRefColour = Absolute(kRedBytes);
     Show(ItemType::Slider, slider);
   }
-  // The ink within the slider's box, below the numbers.
+  // The area of the pixels drawn in the slider's box, without the numbers above it.
   [[nodiscard]] Area Bar() {
     const Area box{slider.Position.X, slider.Position.Y, slider.Position.X + slider.BoxSize.Width,
                    slider.Position.Y + slider.BoxSize.Height};

@@ -1,4 +1,4 @@
-// The fixture's window and records.
+// Sets up the fixture's window and records.
 #include "windows/presentation/stage.h"
 
 #include "platform/screen.h"

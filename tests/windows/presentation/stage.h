@@ -1,4 +1,4 @@
-// The fixture of all picture tests: a real window, the presentation opened on it, and a running
+// The fixture for all picture tests: a real window, the presentation opened on it, and a running
 // application with an empty display stack.
 #pragma once
 
@@ -22,11 +22,11 @@ class Stage : public testing::Test {
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
 
-  // Adds a running visible at the top of the stack.
+  // Sets a visible running and adds it to the top of the display stack.
   void Show(ItemType kind, Visible& visible);
-  // Paints, whatever the counter is, and returns the back buffer.
+  // Paints regardless of the redraw counter, and returns the back buffer.
   [[nodiscard]] Pixels Paint();
-  // Advances the clock, so that the next update copies.
+  // Advances the clock by one millisecond, so that the next update is not skipped.
   static void LetTimePass() { ++TheHost().milliseconds; }
 
   // The pixels of the window.
@@ -42,7 +42,7 @@ class Stage : public testing::Test {
   Application application_;
 };
 
-// Values for the fields of records.
+// Build values for the fields of records.
 [[nodiscard]] OctetString Octets(std::string_view bytes);
 [[nodiscard]] ColourValue Absolute(std::string_view bytes);
 [[nodiscard]] ColourValue Indexed(std::int32_t index);

@@ -1,4 +1,4 @@
-// The layout that GDI+ gets for a text, and the effect of tabs.
+// Tests the string format that text passes to GDI+, and the effect of tabs.
 #include "presentation/text.h"
 
 #include <array>
@@ -100,7 +100,7 @@ TEST_F(StringFormatTest, a_tab_leads_to_the_next_multiple_of_42_pixels) {
     content.insert(content.begin(), '\t');
   }
   if (IsWine()) {
-    EXPECT_EQ(left[1], left[0]) << "Wine has learnt tabs: drop this branch";
+    EXPECT_EQ(left[1], left[0]) << "Wine now supports tabs: remove this branch";
     return;
   }
   EXPECT_NEAR(left[1] - left[0], 42, 4);

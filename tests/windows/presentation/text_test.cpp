@@ -1,5 +1,5 @@
-// Text: the area of its ink, the number of its lines, and its colours. Glyphs depend on the font,
-// so no test counts their pixels.
+// Tests text: the area that it covers, its number of lines, and its colours. Glyphs depend on the
+// font, so no test counts their pixels.
 #include "presentation/text.h"
 
 #include "presentation/presentation.h"
@@ -66,7 +66,7 @@ TEST_F(TextTest, styles_and_spacings_have_no_effect) {
 }
 
 TEST_F(TextTest, a_size_of_24_is_an_em_of_18_pixels) {
-  // The distance of two lines of the font at 18 pixels must be what GDI+ reports.
+  // The distance between two lines must be the one that GDI+ reports for the font at 18 pixels.
   FontFamilyOwner family;
   FontOwner font;
   ASSERT_TRUE(FindFontFamily(family));
@@ -105,13 +105,13 @@ TEST_F(TextTest, a_colour_code_with_no_text_after_it_does_not_change_the_backgro
   EXPECT_TRUE(picture.IsAll(kBox, kBlue));
 }
 
-TEST_F(TextTest, another_sequence_is_two_bytes) {
+TEST_F(TextTest, other_control_sequences_have_two_bytes) {
   const Pixels plain = Draw("HiHo");
   EXPECT_EQ(Draw("Hi\x1B\x42Ho"), plain);
   EXPECT_EQ(Draw("\x1B\x63HiHo"), plain);
 }
 
-TEST_F(TextTest, sequences_that_are_cut_short_end_the_text) {
+TEST_F(TextTest, truncated_sequences_end_the_text) {
   const Pixels plain = Draw("Hi");
   EXPECT_EQ(Draw("Hi\x1B"), plain);
   EXPECT_EQ(Draw("Hi\x1B\x43"), plain);
@@ -317,14 +317,14 @@ TEST_F(ObscuredInputTest, a_character_of_several_bytes_is_one_star) {
   ExpectSame("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z", "****");
 }
 
-TEST_F(ObscuredInputTest, line_breaks_stay_and_control_sequences_give_no_stars) {
+TEST_F(ObscuredInputTest, line_breaks_are_kept_and_control_sequences_give_no_stars) {
   ExpectSame("12\r3\n4", "**\r*\n*");
   ExpectSame("1\x1B\x42"
              "2",
              "**");
   const std::string red("\x1B\x43\x04\xFF\x00\x00\x00", 7);
   ExpectSame(red + "12", red + "**");
-  EXPECT_NE(Drawn(red + "12", true), Drawn("12", true)) << "the colour still counts";
+  EXPECT_NE(Drawn(red + "12", true), Drawn("12", true)) << "the colour code must still apply";
 }
 
 TEST_F(ObscuredInputTest, text_after_a_zero_is_not_drawn) {

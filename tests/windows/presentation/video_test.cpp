@@ -1,4 +1,4 @@
-// The picture that replaces broadcast video, and the cache that holds it.
+// Tests the picture that replaces broadcast video, and the cache that holds it.
 #include "platform/screen.h"
 #include "presentation/picture.h"
 #include "presentation/presentation.h"
@@ -72,7 +72,7 @@ TEST_F(VideoTest, the_picture_is_decoded_once_until_a_restart) {
   static_cast<void>(Paint());
   EXPECT_EQ(NamedImage("video.jpg"), first);
   ClearImageCache();
-  // Occupies the first one's place in memory.
+  // Reuses the memory of the first image, so that the next one has another address.
   ASSERT_NE(NamedImage("another"), nullptr);
   EXPECT_NE(NamedImage("video.jpg"), nullptr);
   EXPECT_NE(NamedImage("video.jpg"), first);
@@ -88,7 +88,7 @@ TEST_F(VideoTest, starting_and_ending_a_stream_changes_no_picture) {
   EXPECT_EQ(Paint(), before);
 }
 
-TEST_F(VideoTest, scaled_to_nothing_it_is_not_drawn_and_not_missing) {
+TEST_F(VideoTest, scaled_to_nothing_it_is_not_drawn_or_reported_missing) {
   for (const korvel::BoxSize size : {korvel::BoxSize{0, 288}, {360, 0}, {0, 0}}) {
     video.ScaledSize = {size.Width, size.Height};
     EXPECT_TRUE(Paint().IsAll(kWholeScene, kBlack));

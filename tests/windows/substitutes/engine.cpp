@@ -1,4 +1,4 @@
-// Replaces the part of the engine's doorway that the presentation uses.
+// Replaces the engine functions that the presentation calls.
 #include "windows/substitutes/engine.h"
 
 namespace korvel {

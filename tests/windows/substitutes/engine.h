@@ -1,4 +1,4 @@
-// The state of the substitute for the engine core: the running groups, the raised events, and the
+// Controls the substitute for the engine core: the running groups, the raised events, and the
 // effect of an event.
 #pragma once
 
@@ -22,7 +22,7 @@ struct FakeEngine {
   Scene* scene = nullptr;
   std::vector<RaisedEvent> raised;
   std::function<Status()> onRaise;  // if set, the effect of an event's links, and its result
-  int busy = 0;                     // how many hold ended groups back now
+  int busy = 0;                     // number of Busy objects now, which keep ended groups alive
 };
 
 // The substitute's state; a fixture resets it with `TheEngine() = {}`.

@@ -1,4 +1,4 @@
-// The host's window in tests.
+// The window class and its message handler.
 #include "windows/support/host_window.h"
 
 #include "korvel.h"

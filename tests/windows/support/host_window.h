@@ -1,5 +1,5 @@
-// The host's window in tests: invisible, owned by the thread that creates it. Counts the messages
-// in which the engine reports its close.
+// The host's window in tests: invisible, owned by the thread that creates it. Counts the engine's
+// closed messages.
 #pragma once
 
 #include <windows.h>
@@ -16,9 +16,9 @@ class HostWindow {
   ~HostWindow();
 
   [[nodiscard]] HWND Handle() const { return window_; }
-  // The number of closes reported so far, with both parameters 0.
+  // The number of closed messages so far, with both parameters 0.
   [[nodiscard]] int Closes() const { return closes_; }
-  // The number of other messages with programs' own numbers.
+  // The number of other messages from WM_USER upwards; the engine should send none.
   [[nodiscard]] int StrangeMessages() const { return strangeMessages_; }
 
   // Called inside the handler of the closed message.

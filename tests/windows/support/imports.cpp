@@ -1,4 +1,4 @@
-// Functions are replaced in the module's table of imports, which lists their names and addresses.
+// Replaces functions in the module's import table, which lists their names and addresses.
 #include "windows/support/imports.h"
 
 #include <cstddef>
@@ -11,7 +11,7 @@ Thing* At(HMODULE module, std::size_t offset) {
   return reinterpret_cast<Thing*>(reinterpret_cast<char*>(module) + offset);
 }
 
-// The entry in the table with the address of the named function; null if there is none.
+// The table entry that holds the named function's address; null if there is none.
 ULONG_PTR* FindImport(HMODULE module, std::string_view name) {
   const auto* start = At<IMAGE_DOS_HEADER>(module, 0);
   const auto* headers = At<IMAGE_NT_HEADERS>(module, static_cast<std::size_t>(start->e_lfanew));

@@ -1,4 +1,4 @@
-// The system functions that one module of the process imports.
+// Replaces system functions that one module of the process imports.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 
 namespace korvel::test {
 
-// While the object exists, the module's calls of an imported function reach another function of the
+// While the object exists, the module's calls of an imported function go to a replacement with the
 // same signature. Other modules are not affected.
 class ReplacedImport {
  public:
@@ -18,7 +18,7 @@ class ReplacedImport {
   ReplacedImport& operator=(const ReplacedImport&) = delete;
   ~ReplacedImport();
 
-  // Whether the module imports the function at all.
+  // False if the module does not import the function.
   [[nodiscard]] bool IsInPlace() const { return place_ != nullptr; }
 
  private:

@@ -1,5 +1,5 @@
-// A host object for tests: it serves files from memory or gives the answers that a test has set,
-// and records every call of the engine.
+// A host object for tests: it serves files from memory or returns results that a test has set, and
+// records every call of the engine.
 #pragma once
 
 #include <atomic>
@@ -15,10 +15,10 @@
 
 namespace korvel::test {
 
-// The answer of a host without the file, unlike one that waits for it.
+// ReadFile's result for a file that does not exist and will not appear later.
 inline constexpr std::uint32_t kNoSuchFile = 2;
 
-// One call of the engine: the function with its argument, and the thread.
+// One call by the engine: the function with its argument, the thread, and the time.
 struct HostCall {
   std::string name;  // "AddRef", "Release", "ReadFile a", "FreeBuffer", "SetExitCallback", ...
   DWORD thread = 0;
@@ -32,26 +32,27 @@ class RecordingHost : public MHEG5Host {
   RecordingHost& operator=(const RecordingHost&) = delete;
   ~RecordingHost() = default;
 
-  // Any thread, also while the engine runs. The answer for all other paths is kNoSuchFile.
+  // Set and clear ReadFile's results. Any thread, even while the engine runs. Reading any other
+  // path returns kNoSuchFile.
   void Serve(const std::string& path, std::string bytes);
   void Answer(const std::string& path, std::uint32_t answer);
   void ForgetAnswer(const std::string& path);
 
-  // Called for every call of the engine before it is answered. Set it before the engine starts.
+  // Runs at the beginning of every call by the engine. Set it before the engine starts.
   std::function<void(const std::string& name)> onCall;
 
   [[nodiscard]] std::vector<HostCall> Calls() const;
   [[nodiscard]] std::vector<std::string> Names() const;
   [[nodiscard]] int CountOf(const std::string& name) const;
 
-  // The references beyond the test's own, and the buffers, that the engine holds.
+  // The numbers of references and of buffers that the engine holds.
   [[nodiscard]] int HeldReferences() const { return references_; }
   [[nodiscard]] int HeldBuffers() const;
-  // The number of reads that only asked whether the file is there.
+  // The number of reads without a size pointer, which only check that the file exists.
   [[nodiscard]] int ReadsWithoutSize() const { return readsWithoutSize_; }
-  // Whether a buffer was released that was not held, or a read had wrong arguments.
+  // Whether the engine has released an unknown buffer or passed wrong arguments.
   [[nodiscard]] bool IsMisused() const { return isMisused_; }
-  // The current exit callback; null before it is given and after it is withdrawn.
+  // The current exit callback; null before the engine sets it and after the engine clears it.
   [[nodiscard]] MHEG5ExitCallback ExitCallback() const { return exitCallback_; }
 
  private:

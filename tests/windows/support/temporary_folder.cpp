@@ -1,4 +1,4 @@
-// The folder is inside the usual one, and is set in the variable that the platform checks first.
+// Creates the folder in the usual one and sets TMP to it, the variable that Windows checks first.
 #include "windows/support/temporary_folder.h"
 
 #include <windows.h>

@@ -1,5 +1,5 @@
-// A folder for temporary files of this process alone. The engine overwrites one file with a fixed
-// name, and test programs run side by side.
+// A folder for this process's temporary files. The engine overwrites one file with a fixed name, so
+// test programs that run in parallel need separate folders.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// How the Windows tests wait: for a condition, with a limit, and never for a fixed time.
+// Windows tests wait for a condition, with a limit, and never for a fixed time.
 #pragma once
 
 #include <chrono>
@@ -8,8 +8,8 @@ namespace korvel::test {
 
 inline constexpr std::chrono::milliseconds kWaitLimit{20'000};
 
-// Checks the condition repeatedly while the calling thread's windows get their messages. False if
-// the limit passes first.
+// Checks the condition repeatedly and dispatches the calling thread's messages in between. Returns
+// false if the limit passes first.
 [[nodiscard]] bool WaitUntil(const std::function<bool()>& condition,
                              std::chrono::milliseconds limit = kWaitLimit);
 

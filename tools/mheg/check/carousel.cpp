@@ -1,4 +1,4 @@
-// Finding groups in folders, and files for names by the engine's rules.
+// Finds groups in folders, and resolves names to files by the engine's rules.
 #include "mheg/check/carousel.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view kTextExtension = ".mheg";
 constexpr const char* kStartUpNames[] = {"a", "startup"};
 
-// A path that cannot be looked at, such as one that is too long, is no file.
+// False if the path cannot be queried, for example because it is too long.
 bool IsFile(const fs::path& path) {
   std::error_code ignored;
   return fs::is_regular_file(path, ignored);
@@ -35,8 +35,8 @@ bool HasStartUpApplication(const fs::path& folder) {
                      [&](const char* name) { return HasFileOrText(folder / name); });
 }
 
-// The first byte of a group in BER is the tag of an application or of a scene. A file that cannot
-// be read may be a group, and is reported when it is loaded.
+// A BER group begins with the tag of an application or a scene. Returns true if the file cannot be
+// read: loading it then reports the error.
 bool IsGroupFile(const fs::path& path) {
   if (path.extension() == kTextExtension) return true;
   std::ifstream stream(path, std::ios::binary);
@@ -44,7 +44,8 @@ bool IsGroupFile(const fs::path& path) {
   return !stream.is_open() || stream.bad() || first == 0xA0 || first == 0xA1;
 }
 
-// The outermost folder on the way from `top` down to the file that has a start-up application.
+// The outermost folder with a start-up application on the path from `top` down to the file; `top`
+// if there is none.
 fs::path RootFor(const fs::path& top, const fs::path& file) {
   fs::path folder = top;
   for (const fs::path& step : file.parent_path().lexically_relative(top)) {
@@ -54,11 +55,11 @@ fs::path RootFor(const fs::path& top, const fs::path& file) {
   return HasStartUpApplication(folder) ? folder : top;
 }
 
-// Whether a file is asked for, by the root of its carousel.
+// For each carousel root, its files, and whether each is to be checked.
 using Files = std::map<fs::path, std::map<fs::path, bool>>;
 
-// The groups of a folder and of those in it, except through symbolic links to folders. Reports the
-// folders that cannot be read.
+// The group files in a folder and its subfolders. Symbolic links to folders are not followed.
+// Reports folders that cannot be read.
 std::vector<fs::path> GroupFilesBelow(const fs::path& top, std::vector<std::string>& messages) {
   std::vector<fs::path> files;
   std::vector<fs::path> folders{top};
@@ -128,9 +129,9 @@ void Carousel::EndLoading() {
   for (const auto& group : groups_) deeds_.Add(group->deeds);
 }
 
-// The prefix "~" or "DSM:" and its slashes do not count. What is left is looked for beside the
-// group that uses the name, whose application may have made its folder the current one, and at the
-// root.
+// Ignores the prefix "~" or "DSM:" and its slashes. The rest of the name may be relative to the
+// folder of the group that uses it, because its application may have made that folder the current
+// one, or relative to the root.
 std::vector<fs::path> Carousel::PlacesFor(const CheckedGroup& from, std::string_view name) const {
   const std::size_t slash = name.find('/');
   std::string_view rest = slash == std::string_view::npos ? name : name.substr(slash + 1);
@@ -172,7 +173,7 @@ const CheckedGroup* Carousel::ApplicationOf(const CheckedGroup& group) const {
 
 std::vector<Carousel> FindCarousels(const std::vector<fs::path>& paths,
                                     std::vector<std::string>& messages) {
-  std::map<fs::path, bool> folders;  // and whether all of it is asked for
+  std::map<fs::path, bool> folders;  // true: check all groups in it
   for (const fs::path& path : paths) {
     const bool isFolder = IsFolder(path);
     bool& isAskedFor = folders[isFolder ? path : path.parent_path()];

@@ -1,4 +1,4 @@
-// A folder as the engine will see it: the groups in it, and the files that names lead to. A text
+// A folder as the engine will see it: its groups, and the files that names resolve to. A text
 // "menu.mheg" counts as the file "menu" that it will be compiled to.
 #pragma once
 
@@ -22,16 +22,16 @@ struct CheckedObject {
   const korvel::Ingredient* record = nullptr;
 };
 
-// A group of a carousel. Nothing is known of it while its file could not be read.
+// A group of a carousel. If its file could not be read, only `file` is filled in.
 struct CheckedGroup {
   GroupFile file;
-  bool isAskedFor = true;  // else it is only there for others to refer to
+  bool isAskedFor = true;  // false: not checked, only referred to by other groups
   std::multimap<std::int32_t, CheckedObject> objects;  // by number
   LinkDeeds deeds;
 
   [[nodiscard]] const korvel::Group& Group() const { return *file.group; }
   [[nodiscard]] std::string_view Name() const { return Group().Reference.GroupIdentifier.View(); }
-  // The class of an object, or of the group itself for its own number; None when there is none.
+  // The class of the object with this number, which may be the group itself; None if there is none.
   [[nodiscard]] korvel::ItemType ClassOf(std::int32_t number) const;
 };
 
@@ -41,19 +41,19 @@ class Carousel {
 
   void Add(const std::filesystem::path& file, bool isAskedFor);
   [[nodiscard]] std::size_t Size() const { return groups_.size(); }
-  // Reads the file of that place. Several may be read at once.
+  // Reads the file of the group at `index`. Threads may load different groups at the same time.
   void Load(std::size_t index);
-  // Sums up what has been read, once all is.
+  // Combines the effects of all groups. Call it once, after all are loaded.
   void EndLoading();
   [[nodiscard]] const CheckedGroup& At(std::size_t index) const { return *groups_[index]; }
 
-  // Whether the name of a group or of a content leads a group to a file.
+  // Whether the name of a group or of content, as used by the group `from`, resolves to a file.
   [[nodiscard]] bool HasFile(const CheckedGroup& from, std::string_view name) const;
-  // The group that a name means where that group uses it, or null.
+  // The group that `name` refers to when the group `from` uses it, or null.
   [[nodiscard]] const CheckedGroup* Find(const CheckedGroup& from, std::string_view name) const;
   // The start-up application of a group's folder or of the carousel, or null.
   [[nodiscard]] const CheckedGroup* ApplicationOf(const CheckedGroup& group) const;
-  // The deeds of all groups.
+  // The combined effects of all groups on links.
   [[nodiscard]] const LinkDeeds& Deeds() const { return deeds_; }
 
  private:
@@ -67,10 +67,11 @@ class Carousel {
   LinkDeeds deeds_;
 };
 
-// The carousels of these files and folders: of the folders all groups are asked for, of the folder
-// of a file only that file. A folder with a start-up application is a carousel of its own; groups
-// outside of any belong to the folder given. `messages` receives the folders that cannot be
-// read, or are asked for and have no groups.
+// The carousels that contain these files and folders. All groups of a given folder are to be
+// checked; for a given file, only that file, although its whole folder is loaded. A folder with a
+// start-up application is a carousel of its own; a group outside all of those belongs to the given
+// folder. Adds a message for each folder that cannot be read, and for each given folder without
+// groups.
 [[nodiscard]] std::vector<Carousel> FindCarousels(const std::vector<std::filesystem::path>& paths,
                                                   std::vector<std::string>& messages);
 

@@ -1,5 +1,5 @@
-// Runs all checks over the groups of all carousels. Files are read and checked side by side, and
-// reported in order.
+// Runs all checks on the groups of all carousels. Files are read and checked in parallel; the
+// findings are reported in file order.
 #include "mheg/check/check.h"
 
 #include <algorithm>

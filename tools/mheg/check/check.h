@@ -1,5 +1,5 @@
-// Finds what a viewer would only notice as silence: content that decodes well and then does
-// nothing.
+// Finds faults that the engine ignores silently: content that decodes without error but has no
+// effect.
 #pragma once
 
 #include <filesystem>
@@ -10,14 +10,14 @@
 
 namespace mheg {
 
-// A fault of one object of a group; 0 is the group itself.
+// A fault in one object of a group.
 struct Finding {
   std::int32_t object = 0;
   std::string text;
 };
 using Findings = std::vector<Finding>;
 
-// The checks, each of them one file. They look at one group that could be read, in its carousel.
+// The checks. Each examines one group that was read successfully.
 void CheckNumbers(const CheckedGroup& group, Findings& findings);
 void CheckMissing(const CheckedGroup& group, Findings& findings);
 void CheckReferences(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
@@ -26,8 +26,8 @@ void CheckLinks(const Carousel& carousel, const CheckedGroup& group, Findings& f
 void CheckFiles(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
 void CheckPlaces(const CheckedGroup& group, Findings& findings);
 
-// Checks all groups of these files and folders on `jobs` threads (0: one a processor). Returns what
-// is found, with file and object number, in the order of the files; nothing when all is well.
+// Checks all groups of these files and folders on `jobs` threads (0: one per processor). Returns
+// the findings in file order, each with its file and object number.
 [[nodiscard]] std::vector<std::string> Check(const std::vector<std::filesystem::path>& paths,
                                              unsigned jobs);
 

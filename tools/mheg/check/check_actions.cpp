@@ -1,5 +1,5 @@
-// Actions on objects of classes that do not know them, transitions to the wrong kind of group, and
-// actions that lack parameters.
+// Finds actions on objects whose class does not accept them, and transitions to the wrong kind of
+// group.
 #include "mheg/check/check.h"
 #include "mheg/check/walk.h"
 
@@ -28,7 +28,7 @@ class ActionCheck : public GroupVisitor {
   }
 
  private:
-  // The classes that an action works on; none where that does not depend on the class.
+  // The classes that an action accepts; 0 if its effect does not depend on the class.
   static ClassSet Accepted(const ActionRow& row) {
     switch (row.action) {
     case Action::TransitionTo: return SetOf(ItemType::Scene);

@@ -1,5 +1,6 @@
-// Links that can never fire: no source of theirs raises their event with their data, no key that
-// the scene lets through has their number, nothing ever activates them, or others come first.
+// Finds links that can never fire: their source does not raise their event with that kind of data,
+// the scene's input event register excludes their key, nothing activates them, or the maximum
+// number of links for the event is reached before them.
 #include <map>
 #include <tuple>
 
@@ -57,12 +58,12 @@ constexpr EventRule RuleOf(EventType event) {
   return {};
 }
 
-// An event as a link waits for it. Fields that do not count keep their defaults.
+// The event that a link waits for. Fields that do not apply keep their defaults.
 struct Awaited {
   EventType event{};
   const CheckedGroup* owner = nullptr;  // of the event's source
   std::int32_t source = 0;
-  ValueKind kind = ValueKind::None;  // of the data; none waits for any
+  ValueKind kind = ValueKind::None;  // of the data; None: any data
   std::int32_t integer = 0;
   bool boolean = false;
 
@@ -100,7 +101,7 @@ class LinkCheck : public GroupVisitor {
       awaited.source = condition.EventSource.Number;
       if (awaited.owner == nullptr) return;
     }
-    std::size_t before = alwaysActive_[awaited];  // those that wait for any data
+    std::size_t before = alwaysActive_[awaited];  // earlier links that accept any data
     if (condition.EventData.Kind != ValueKind::None) {
       awaited.kind = condition.EventData.Kind;
       awaited.integer = condition.EventData.Integer;
@@ -146,15 +147,15 @@ class LinkCheck : public GroupVisitor {
 
   const Carousel& carousel_;
   const CheckedGroup& group_;
-  const LinkDeeds& deeds_;  // of all groups whose actions reach the links
+  const LinkDeeds& deeds_;  // of all groups whose actions can affect the links
   Findings& findings_;
-  std::map<Awaited, std::size_t> alwaysActive_;  // how many links before that nothing deactivates
+  std::map<Awaited, std::size_t> alwaysActive_;  // number of earlier links that stay active
 };
 
 }  // namespace
 
 void CheckLinks(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
-  // A scene's links may be activated by its application, and an application's by any scene.
+  // A scene's links can be activated by its application, and an application's links by any scene.
   LinkDeeds deeds = group.deeds;
   const CheckedGroup* application = carousel.ApplicationOf(group);
   if (application != nullptr) deeds.Add(application->deeds);

@@ -1,6 +1,6 @@
-// Attributes that an author must write. The reader of a text reports where they are missing; of a
-// group in BER only the value can be checked, which counts as missing if no author would write
-// it.
+// Finds missing mandatory attributes in BER groups. The text reader reports them itself. A decoded
+// group shows only the value, so an attribute counts as missing if it has its initial value and an
+// author could not have meant that value.
 #include "mheg/check/check.h"
 #include "objects/equality.h"
 
@@ -9,8 +9,8 @@ namespace {
 
 using namespace korvel;
 
-// Whether the construction value is one that content may well ask for: a boolean, a number or a
-// reference.
+// Whether an author may have written the initial value on purpose: true for booleans, numbers and
+// references.
 template <class Field>
 constexpr bool kIsUsable = std::is_same_v<Field, bool> || std::is_same_v<Field, std::int32_t> ||
                            std::is_same_v<Field, ObjectReference>;

@@ -1,5 +1,5 @@
-// Visibles whose box is not, or not wholly, inside their scene. One that some action moves or
-// resizes may well begin outside.
+// Finds visibles whose box is partly or wholly outside their scene. Skips visibles that an action
+// moves or resizes, because those may start outside on purpose.
 #include <set>
 
 #include "mheg/check/check.h"
@@ -12,7 +12,8 @@ using namespace korvel;
 
 constexpr SceneCoordinateSystem kUsualScene{720, 576};
 
-// The numbers of the group's objects that actions move or resize; all, when a variable says which.
+// The numbers of the objects that actions move or resize. If an action names its target through a
+// variable, that may be any object.
 class MovedObjects : public GroupVisitor {
  public:
   void VisitAction(const ElementaryAction& action) override {
@@ -42,7 +43,7 @@ class PlaceCheck : public GroupVisitor {
   }
 
  private:
-  // One axis: where the box begins, how long it is, and the scene's length.
+  // Both work on one axis: the box's position and length, and the scene's length, in scene units.
   static bool IsOutside(std::int64_t begin, std::int64_t length, std::int64_t limit) {
     return begin >= limit || begin + length <= 0;
   }

@@ -1,4 +1,4 @@
-// References to objects and content that are not there, and numbers that name two objects.
+// Finds references to objects, groups and content that do not exist, and duplicate object numbers.
 #include "mheg/check/check.h"
 #include "mheg/check/walk.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 using namespace korvel;
 
-// An action on an object that does not exist does nothing.
+// Reports references to missing objects, because an action on a missing object does nothing.
 class ReferenceCheck : public GroupVisitor {
  public:
   ReferenceCheck(const Carousel& carousel, const CheckedGroup& group, Findings& findings)
@@ -20,8 +20,8 @@ class ReferenceCheck : public GroupVisitor {
       if (!Exists(group_, reference.Number)) Report(std::to_string(reference.Number));
       return;
     }
-    // A group that is a file which cannot be read is reported with that file, and one that is no
-    // file at all with the action that goes there.
+    // A group that is not loaded is reported here only if it has no file. A file that cannot be
+    // read is reported when it is loaded.
     const bool isKnown = group == nullptr || Exists(*group, reference.Number);
     if (!isKnown) Report(std::to_string(reference.Number) + " of " + std::string(name));
     if (group == nullptr && !carousel_.HasFile(group_, name)) {
@@ -43,12 +43,12 @@ class ReferenceCheck : public GroupVisitor {
   Findings& findings_;
 };
 
-// Names with another scheme lead out of the carousel.
+// True if the name has a scheme other than "DSM:".
 bool LeadsOutOfCarousel(std::string_view path) {
   return path.find("://") != std::string_view::npos && !path.starts_with("DSM:");
 }
 
-// A stream's content is no file of the carousel.
+// Reports content files that do not exist. Skips streams, whose content is not in the carousel.
 class FileCheck : public GroupVisitor {
  public:
   FileCheck(const Carousel& carousel, const CheckedGroup& group, Findings& findings)
@@ -70,7 +70,8 @@ class FileCheck : public GroupVisitor {
 
 }  // namespace
 
-// The second object of a number is never found. The number of the group counts too.
+// If two objects have the same number, the engine never finds the second one. The group's own
+// number counts too.
 void CheckNumbers(const CheckedGroup& group, Findings& findings) {
   const auto& objects = group.objects;
   for (auto place = objects.begin(); place != objects.end();

@@ -1,4 +1,4 @@
-// Collecting what actions do for links.
+// Collects the effects of a group's actions on links.
 #include "mheg/check/link_deeds.h"
 
 #include "mheg/check/walk.h"

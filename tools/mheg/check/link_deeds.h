@@ -1,5 +1,5 @@
-// The effects of the actions of groups on links: they activate and deactivate them, and send events
-// that nothing else raises. Found in one walk over each group.
+// The effects of a group's actions on links: actions activate and deactivate links, and SendEvent
+// can raise any event. Collected in one pass over each group.
 #pragma once
 
 #include <cstdint>
@@ -11,10 +11,10 @@
 
 namespace mheg {
 
-// Links that actions are done to. The names are borrowed from the groups that hold the actions.
+// The links that actions target. The names are borrowed from the groups that hold the actions.
 struct LinkTargets {
   std::set<std::pair<std::string_view, std::int32_t>> links;  // group without its "~", and number
-  bool areAny = false;                                        // a variable says which
+  bool areAny = false;  // a target is named through a variable, so it may be any link
 
   void Add(const LinkTargets& others);
   [[nodiscard]] bool MayBe(std::string_view group, std::int32_t number) const;

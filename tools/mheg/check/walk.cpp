@@ -1,4 +1,4 @@
-// The pass over the class tables that finds what checks look at.
+// Walks a group's attributes as the class tables list them.
 #include "mheg/check/walk.h"
 
 #include <utility>
@@ -8,7 +8,7 @@ namespace {
 
 using namespace korvel;
 
-// A field of a type that has nothing in it to look at.
+// Fields of all other types contain nothing to visit.
 template <class Field>
 void WalkField(const Field& /*field*/, GroupVisitor& /*visitor*/) {}
 

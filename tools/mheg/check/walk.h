@@ -1,5 +1,5 @@
-// Goes through a group once and shows a check everything that can be at fault: objects, actions,
-// references and contents. It walks the class tables, so that a new attribute is checked at once.
+// Walks a group once and calls a visitor for each object, action, reference and content path. The
+// walk follows the class tables, so new attributes are included automatically.
 #pragma once
 
 #include <cstdint>
@@ -8,18 +8,18 @@
 
 namespace mheg {
 
-// The parts of a group that a check sees. `currentObject` and `currentClass` are those of the
-// object that is being walked, at first the group's own.
+// Base class of the checks. `currentObject` and `currentClass` are the number and class of the
+// object being visited; outside items they are the group's own.
 class GroupVisitor {
  public:
   virtual ~GroupVisitor() = default;
 
   virtual void VisitObject(korvel::ItemType /*type*/, const korvel::Ingredient& /*record*/) {}
   virtual void VisitAction(const korvel::ElementaryAction& /*action*/) {}
-  // A reference anywhere: an event source, a member, a target, a parameter, a variable that is
-  // read.
+  // Called for every reference: event sources, group members, targets, parameters, and variables
+  // that are read.
   virtual void VisitReference(const korvel::ObjectReference& /*reference*/) {}
-  // A path that content is to come from.
+  // Called for every path of referenced content.
   virtual void VisitContentPath(const korvel::OctetString& /*path*/) {}
 
   std::int32_t currentObject = 0;

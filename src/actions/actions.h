@@ -43,8 +43,7 @@ Status StopIngredient(ItemType type, Ingredient& ingredient);
 void StopSilently(ItemType type, Ingredient& ingredient);
 
 // The value of a variable; for a content reference variable, its path.
-template <class Variable>
-auto& ValueOf(Variable& variable) {
+template <class Variable> auto& ValueOf(Variable& variable) {
   if constexpr (requires { variable.Value.Path; }) {
     return variable.Value.Path;
   } else {
@@ -53,8 +52,7 @@ auto& ValueOf(Variable& variable) {
 }
 
 // Sets a variable's value. Refused, with the value unchanged, if the variable is not available.
-template <class Variable, class Value>
-Status SetValue(Variable& variable, Value value) {
+template <class Variable, class Value> Status SetValue(Variable& variable, Value value) {
   if (!variable.AvailabilityStatus) return Status::Refused;
   ValueOf(variable) = std::move(value);
   // Content that has been fetched belongs to the old path.

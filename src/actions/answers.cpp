@@ -1,5 +1,6 @@
 // Raises events, requests redraws and writes variables for all behaviours.
 #include "actions/behaviours.h"
+#include "objects/class_tables.h"
 #include "objects/messages.h"
 
 #include <utility>
@@ -8,14 +9,10 @@ namespace korvel {
 namespace {
 
 // The variable that a parameter names, or null if it is not of the class.
-template <class Variable>
-Variable* FindVariable(const Arguments& arguments, std::size_t place, ItemType type) {
+template <class Variable> Variable* FindVariable(const Arguments& arguments, std::size_t place) {
   const FoundObject found = Find(arguments, arguments.Reference(place));
-  return found.type == type ? &found.As<Variable>() : nullptr;
-}
-
-IntegerVariable* FindInteger(const Arguments& arguments, std::size_t place) {
-  return FindVariable<IntegerVariable>(arguments, place, ItemType::IntegerVariable);
+  const bool isOfClass = found.type == Description<Variable>::heading.type;
+  return isOfClass ? &found.As<Variable>() : nullptr;
 }
 
 }  // namespace
@@ -40,19 +37,18 @@ Status RedrawIfRunning(const Ingredient& object) {
 }
 
 Status AnswerBoolean(const Arguments& arguments, std::size_t place, bool value) {
-  auto* variable = FindVariable<BooleanVariable>(arguments, place, ItemType::BooleanVariable);
+  auto* variable = FindVariable<BooleanVariable>(arguments, place);
   return variable == nullptr ? Status::Refused : SetValue(*variable, value);
 }
 
 Status AnswerInteger(const Arguments& arguments, std::size_t place, std::int32_t value) {
-  IntegerVariable* variable = FindInteger(arguments, place);
+  auto* variable = FindVariable<IntegerVariable>(arguments, place);
   return variable == nullptr ? Status::Refused : SetValue(*variable, value);
 }
 
 Status AnswerOctets(const Arguments& arguments, std::size_t place, std::string_view value,
                     Message message) {
-  auto* variable =
-      FindVariable<OctetStringVariable>(arguments, place, ItemType::OctetStringVariable);
+  auto* variable = FindVariable<OctetStringVariable>(arguments, place);
   if (variable == nullptr) return Status::Refused;
   OctetString copy;
   if (!copy.Assign(value)) {
@@ -64,7 +60,7 @@ Status AnswerOctets(const Arguments& arguments, std::size_t place, std::string_v
 
 Status AnswerReference(const Arguments& arguments, std::size_t place,
                        const ObjectReference& value) {
-  auto* variable = FindVariable<ObjectRefVariable>(arguments, place, ItemType::ObjectRefVariable);
+  auto* variable = FindVariable<ObjectRefVariable>(arguments, place);
   if (variable == nullptr) return Status::Refused;
   ObjectReference copy;
   if (!Copy(value, copy)) return Status::Failure;
@@ -72,8 +68,8 @@ Status AnswerReference(const Arguments& arguments, std::size_t place,
 }
 
 Status AnswerPair(const Arguments& arguments, std::int32_t first, std::int32_t second) {
-  IntegerVariable* const one = FindInteger(arguments, 0);
-  IntegerVariable* const other = FindInteger(arguments, 1);
+  auto* const one = FindVariable<IntegerVariable>(arguments, 0);
+  auto* const other = FindVariable<IntegerVariable>(arguments, 1);
   if (one == nullptr || other == nullptr) return Status::Refused;
   const Status firstStatus = SetValue(*one, first);
   const Status secondStatus = SetValue(*other, second);

@@ -45,8 +45,7 @@ Canvas* CanvasOf(DynamicLineArt& lineArt, std::int32_t lineWidth) {
 }
 
 // Paints on a running object and shows the result.
-template <class Paint>
-Status Painted(const Arguments& arguments, Paint&& paint) {
+template <class Paint> Status Painted(const Arguments& arguments, Paint&& paint) {
   DynamicLineArt& lineArt = TargetOf(arguments);
   if (!lineArt.AvailabilityStatus || !lineArt.RunningStatus) return Status::Refused;
   paint(lineArt, CanvasOf(lineArt, lineArt.LineWidth));

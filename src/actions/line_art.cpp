@@ -18,8 +18,7 @@ Status SetColour(const Arguments& arguments, ColourValue& colour, Message messag
   return status;
 }
 
-template <class Number>
-Status SetNumber(const Arguments& arguments, Number& attribute) {
+template <class Number> Status SetNumber(const Arguments& arguments, Number& attribute) {
   if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
   attribute = static_cast<Number>(arguments.Integer(0));
   return Status::Done;

@@ -31,11 +31,12 @@ ListItem* TokenItem(const Arguments& arguments) {
   return group.RunningStatus ? ItemAt(group, group.TokenPosition) : nullptr;
 }
 
-Status DeselectListItem(ListGroup& group, ListItem& item) {
-  if (!item.IsSelected) return Status::Refused;
-  item.IsSelected = false;
+// Refused if there is no item, or if it is not selected.
+Status DeselectListItem(ListGroup& group, ListItem* item) {
+  if (item == nullptr || !item->IsSelected) return Status::Refused;
+  item->IsSelected = false;
   return RaiseFrom(group, EventType::ItemDeselected,
-                   EventData::Integer(PlaceOf(group, item.AVisible)));
+                   EventData::Integer(PlaceOf(group, item->AVisible)));
 }
 
 // The references of all selected items, in their order. False if memory or, during a close, time
@@ -54,20 +55,18 @@ bool CollectSelected(const ListGroup& group, List<ObjectReference>& selected) {
 Status DeselectAll(ListGroup& group, const List<ObjectReference>& selected) {
   for (const ObjectReference& reference : selected) {
     if (!MayGoOn()) return Status::Failure;
-    ListItem* item = ItemAt(group, PlaceOf(group, reference));
-    if (item == nullptr) continue;
-    const Status status = DeselectListItem(group, *item);
+    const Status status = DeselectListItem(group, ItemAt(group, PlaceOf(group, reference)));
     if (status == Status::Failure || status == Status::Replaced) return status;
   }
   return Status::Done;
 }
 
-Status SelectListItem(ListGroup& group, ListItem& item) {
-  if (item.IsSelected) return Status::Refused;
+Status SelectListItem(ListGroup& group, ListItem* item) {
+  if (item == nullptr || item->IsSelected) return Status::Refused;
   ObjectReference chosen;
   List<ObjectReference> others;
-  if (!Copy(item.AVisible, chosen) || !CollectSelected(group, others)) return Status::Failure;
-  item.IsSelected = true;
+  if (!Copy(item->AVisible, chosen) || !CollectSelected(group, others)) return Status::Failure;
+  item->IsSelected = true;
   if (!group.MultipleSelection) {
     const Status status = DeselectAll(group, others);
     if (status != Status::Done) return status;
@@ -80,30 +79,26 @@ Status SelectListItem(ListGroup& group, ListItem& item) {
 }  // namespace
 
 Status Select(const Arguments& arguments) {
-  ListItem* item = TokenItem(arguments);
-  return item == nullptr ? Status::Refused : SelectListItem(TargetOf(arguments), *item);
+  return SelectListItem(TargetOf(arguments), TokenItem(arguments));
 }
 
 Status Deselect(const Arguments& arguments) {
-  ListItem* item = TokenItem(arguments);
-  return item == nullptr ? Status::Refused : DeselectListItem(TargetOf(arguments), *item);
+  return DeselectListItem(TargetOf(arguments), TokenItem(arguments));
 }
 
 Status SelectItem(const Arguments& arguments) {
-  ListItem* item = TargetItem(arguments);
-  return item == nullptr ? Status::Refused : SelectListItem(TargetOf(arguments), *item);
+  return SelectListItem(TargetOf(arguments), TargetItem(arguments));
 }
 
 Status DeselectItem(const Arguments& arguments) {
-  ListItem* item = TargetItem(arguments);
-  return item == nullptr ? Status::Refused : DeselectListItem(TargetOf(arguments), *item);
+  return DeselectListItem(TargetOf(arguments), TargetItem(arguments));
 }
 
 Status ToggleItem(const Arguments& arguments) {
   ListItem* item = TargetItem(arguments);
-  if (item == nullptr) return Status::Refused;
   ListGroup& group = TargetOf(arguments);
-  return item->IsSelected ? DeselectListItem(group, *item) : SelectListItem(group, *item);
+  const bool isSelected = item != nullptr && item->IsSelected;
+  return isSelected ? DeselectListItem(group, item) : SelectListItem(group, item);
 }
 
 Status GetItemStatus(const Arguments& arguments) {

@@ -10,8 +10,7 @@ namespace {
 TokenGroup& TargetOf(const Arguments& arguments) { return arguments.target.As<TokenGroup>(); }
 
 // The value at a 1-based place; null outside the list.
-template <class T>
-const T* AtPlace(const List<T>& list, std::int32_t place) {
+template <class T> const T* AtPlace(const List<T>& list, std::int32_t place) {
   return place < 1 ? nullptr : list.At(static_cast<std::size_t>(place) - 1);
 }
 
@@ -25,8 +24,7 @@ Status MoveTokenTo(TokenGroup& group, std::int32_t position) {
 }
 
 // Runs or stops the members in order. Replaced if the group that owns them ends.
-template <class Handle>
-Status ForMembers(TokenGroup& group, Handle&& handle) {
+template <class Handle> Status ForMembers(TokenGroup& group, Handle&& handle) {
   for (const TokenGroupItem& item : group.TokenGroupItems) {
     if (!MayGoOn()) return Status::Failure;
     const FoundObject member = Find(AskerFor(group), item.AVisible);

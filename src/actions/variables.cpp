@@ -86,8 +86,7 @@ Status Set(ContentRefVariable& variable, GenericValue& value, bool isIndirect) {
 }
 
 // Replaces the value of the integer variable that is the target.
-template <class Calculate>
-Status Calculated(const Arguments& arguments, Calculate&& calculate) {
+template <class Calculate> Status Calculated(const Arguments& arguments, Calculate&& calculate) {
   auto& variable = arguments.target.As<IntegerVariable>();
   return SetValue(variable, calculate(variable.Value, arguments.Integer(0)));
 }

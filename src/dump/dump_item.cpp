@@ -4,8 +4,7 @@
 namespace korvel {
 namespace {
 
-template <class Record>
-void DumpAs(const Tree& tree, const char* heading, const Item& item) {
+template <class Record> void DumpAs(const Tree& tree, const char* heading, const Item& item) {
   tree.Line("%s", heading);
   Dump(tree, static_cast<const Record&>(item.As<Record>()));
 }

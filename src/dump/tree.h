@@ -99,8 +99,7 @@ void Dump(const Tree& tree, const SwitchButton& button);
 void Dump(const Tree& tree, const Slider& slider);
 
 // A base class, with its heading, one level deeper than the record.
-template <class Base>
-void DumpBase(const Tree& tree, const char* heading, const Base& base) {
+template <class Base> void DumpBase(const Tree& tree, const char* heading, const Base& base) {
   tree.Deeper().Line("%s", heading);
   Dump(tree.Deeper(), base);
 }

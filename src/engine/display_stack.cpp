@@ -31,24 +31,21 @@ std::size_t PlaceOf(const Application& application, const Ingredient& visible) {
   return place;
 }
 
-// Whether a stacking action can move the visible: it is available and in the stack under its class.
-bool IsStackable(const Application* application, ItemType kind, const Visible& visible) {
-  return application != nullptr && visible.AvailabilityStatus &&
-         StackContains(*application, kind, visible);
-}
-
 bool IsInStack(const Ingredient& visible) {
   const Application* application = CurrentApplication();
   return application != nullptr && StackContains(*application, ItemType::None, visible);
 }
 
-// Moves the visible: removes it from the stack, and `insert(application)` enters it again.
-template <class Insert>
-Status Restack(ItemType kind, Visible& visible, Insert&& insert) {
+// The first step of each stacking action: removes the visible, which must be available and in the
+// stack under its class.
+bool Lift(ItemType kind, const Visible& visible) {
   Application* application = CurrentApplication();
-  if (!IsStackable(application, kind, visible)) return Status::Refused;
-  if (RemoveFromStack(*application, kind, visible) != Status::Done) return Status::Refused;
-  const Status status = insert(*application);
+  return application != nullptr && visible.AvailabilityStatus &&
+         RemoveFromStack(*application, kind, visible) == Status::Done;
+}
+
+// The last step.
+Status RedrawIfRunning(Status status, const Visible& visible) {
   if (status == Status::Failure || !visible.RunningStatus) return status;
   return RequestRedraw() == Status::Failure ? Status::Failure : status;
 }
@@ -128,29 +125,26 @@ Status InsertAbove(Application& application, ItemType kind, Ingredient& visible,
 void ClearStack(Application& application) { application.DisplayStack.Clear(); }
 
 Status BringToFront(ItemType kind, Visible& visible) {
-  return Restack(kind, visible,
-                 [&](Application& application) { return AppendOnTop(application, kind, visible); });
+  if (!Lift(kind, visible)) return Status::Refused;
+  return RedrawIfRunning(AppendOnTop(*CurrentApplication(), kind, visible), visible);
 }
 
 Status SendToBack(ItemType kind, Visible& visible) {
-  return Restack(kind, visible, [&](Application& application) {
-    return InsertAtBottom(application, kind, visible);
-  });
+  if (!Lift(kind, visible)) return Status::Refused;
+  return RedrawIfRunning(InsertAtBottom(*CurrentApplication(), kind, visible), visible);
 }
 
-// A visible that is its own reference could not be found after its removal.
 Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference) {
-  if (!IsInStack(reference) || &visible == &reference) return Status::Refused;
-  return Restack(kind, visible, [&](Application& application) {
-    return InsertAbove(application, kind, visible, reference);
-  });
+  // A visible that is its own reference could not be found after its removal.
+  if (&visible == &reference || !IsInStack(reference) || !Lift(kind, visible)) {
+    return Status::Refused;
+  }
+  return RedrawIfRunning(InsertAbove(*CurrentApplication(), kind, visible, reference), visible);
 }
 
 Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference) {
-  if (!IsInStack(reference)) return Status::Refused;
-  return Restack(kind, visible, [&](Application& application) {
-    return InsertBelow(application, kind, visible, reference);
-  });
+  if (!IsInStack(reference) || !Lift(kind, visible)) return Status::Refused;
+  return RedrawIfRunning(InsertBelow(*CurrentApplication(), kind, visible, reference), visible);
 }
 
 }  // namespace korvel

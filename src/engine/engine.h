@@ -115,10 +115,7 @@ struct FoundObject {
   Root* object = nullptr;          // an Application, a Scene or an Ingredient, as `type` says
 
   explicit operator bool() const { return type != ItemType::None; }
-  template <class T>
-  [[nodiscard]] T& As() const {
-    return *static_cast<T*>(object);
-  }
+  template <class T> [[nodiscard]] T& As() const { return *static_cast<T*>(object); }
 };
 
 // Calls `visit` with the variable as a record of its own class and returns its result. Returns

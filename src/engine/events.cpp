@@ -53,8 +53,7 @@ bool IsInContext(const LinkTableEntry& entry, SceneName comparison) {
   return IsSameGroup(linkGroup, NameOf(*scene));
 }
 
-template <class Predicate>
-LinkCollection Collect(EventType type, Predicate&& waits) {
+template <class Predicate> LinkCollection Collect(EventType type, Predicate&& waits) {
   LinkCollection collection;
   const LinkTable* table = TableOf(type);
   if (table == nullptr) return collection;
@@ -75,8 +74,7 @@ bool StopsDispatch(Status status) {
   return status == Status::Failure || status == Status::Replaced;
 }
 
-template <class Links>
-Status RunLinks(const Links& links) {
+template <class Links> Status RunLinks(const Links& links) {
   const Busy busy;
   Status status = Status::Done;
   for (const CollectedLink& link : links) {

@@ -20,42 +20,34 @@ inline constexpr Form kOriginalValue{.isRequired = true, .isChoice = true};
 
 // ---- Structures encoded as a SEQUENCE ----
 
-template <>
-struct SequenceDescription<BoxSize> {
+template <> struct SequenceDescription<BoxSize> {
   static constexpr auto elements = ByPlace(&BoxSize::Width, &BoxSize::Height);
 };
-template <>
-struct SequenceDescription<Position> {
+template <> struct SequenceDescription<Position> {
   static constexpr auto elements = ByPlace(&Position::X, &Position::Y);
 };
-template <>
-struct SequenceDescription<StandardIdentifier> {
+template <> struct SequenceDescription<StandardIdentifier> {
   static constexpr auto elements = ByPlace(&StandardIdentifier::JointIsoItuIdentifier,
                                            &StandardIdentifier::MHEGStandardIdentifier);
 };
-template <>
-struct SequenceDescription<SceneCoordinateSystem> {
+template <> struct SequenceDescription<SceneCoordinateSystem> {
   static constexpr auto elements =
       ByPlace(&SceneCoordinateSystem::Width, &SceneCoordinateSystem::Height);
 };
-template <>
-struct SequenceDescription<AspectRatio> {
+template <> struct SequenceDescription<AspectRatio> {
   static constexpr auto elements = ByPlace(&AspectRatio::Width, &AspectRatio::Height);
 };
-template <>
-struct SequenceDescription<NextScene> {
+template <> struct SequenceDescription<NextScene> {
   static constexpr auto elements = ByPlace(&NextScene::SceneReference, &NextScene::Weight);
 };
-template <>
-struct SequenceDescription<LinkCondition> {
+template <> struct SequenceDescription<LinkCondition> {
   static constexpr auto elements =
       std::tuple{Element{":EventSource", &LinkCondition::EventSource,
                          Form{.name = "EventSource", .isRequired = true}},
                  Element{":EventType", &LinkCondition::EventType, kRequired},
                  Element{":EventData", &LinkCondition::EventData}};
 };
-template <>
-struct SequenceDescription<TokenGroupItem> {
+template <> struct SequenceDescription<TokenGroupItem> {
   static constexpr auto elements = std::tuple{
       Element{nullptr, &TokenGroupItem::AVisible, Form{.name = "AVisible", .isRequired = true}},
       Element{":ActionSlots", &TokenGroupItem::ActionSlots}};
@@ -63,8 +55,7 @@ struct SequenceDescription<TokenGroupItem> {
 
 // ---- Groups ----
 
-template <>
-struct Description<Group> : Extends<> {
+template <> struct Description<Group> : Extends<> {
   static constexpr auto attributes =
       std::tuple{Attribute{2, ":StdID", &Group::Standard},
                  Attribute{3, ":StdVersion", &Group::StandardVersion},
@@ -75,8 +66,7 @@ struct Description<Group> : Extends<> {
                  Attribute{8, ":Items", &Group::Items}};
 };
 
-template <>
-struct Description<DefaultAttributes> : Extends<> {
+template <> struct Description<DefaultAttributes> : Extends<> {
   static constexpr auto attributes = std::tuple{
       Attribute{38, ":CharacterSet", &DefaultAttributes::CharacterSet},
       Attribute{39, ":BackgroundColour", &DefaultAttributes::BackgroundColour},
@@ -95,8 +85,7 @@ struct Description<DefaultAttributes> : Extends<> {
 
 // The default attributes have one tag of their own in BER; in the textual notation they are written
 // beside the application's other attributes.
-template <>
-struct Description<Application> : Extends<Group> {
+template <> struct Description<Application> : Extends<Group> {
   static constexpr ClassHeading heading{ItemType::Application, 0, "Application", ":Application"};
   static constexpr auto attributes =
       std::tuple{Attribute{35, ":OnSpawnCloseDown", &Application::OnSpawnCloseDown},
@@ -104,8 +93,7 @@ struct Description<Application> : Extends<Group> {
                  Attribute{37, nullptr, &Application::Defaults}};
 };
 
-template <>
-struct Description<Scene> : Extends<Group> {
+template <> struct Description<Scene> : Extends<Group> {
   static constexpr ClassHeading heading{ItemType::Scene, 1, "Scene", ":Scene"};
   static constexpr auto attributes = std::tuple{
       Attribute{51, ":InputEventReg", &Scene::InputEventReg},
@@ -124,8 +112,7 @@ inline constexpr std::uint32_t kOriginalPaletteRefTag = 78;
 // The attributes of an ingredient that a class without content does not have.
 inline constexpr std::array kContentTags = {kContentHookTag, kOriginalContentTag};
 
-template <>
-struct Description<Ingredient> : Extends<> {
+template <> struct Description<Ingredient> : Extends<> {
   static constexpr auto attributes =
       std::tuple{Attribute{56, ":InitiallyActive", &Ingredient::InitiallyActive},
                  Attribute{kContentHookTag, ":CHook", &Ingredient::ContentHOOK},
@@ -133,8 +120,7 @@ struct Description<Ingredient> : Extends<> {
                  Attribute{kSharedTag, ":Shared", &Ingredient::Shared}};
 };
 
-template <>
-struct Description<Link> : Extends<Ingredient> {
+template <> struct Description<Link> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::Link, 20, "Link", ":Link"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
@@ -142,70 +128,59 @@ struct Description<Link> : Extends<Ingredient> {
                  Attribute{63, ":LinkEffect", &Link::LinkEffect, kRequired}};
 };
 
-template <>
-struct Description<Program> : Extends<Ingredient> {
+template <> struct Description<Program> : Extends<Ingredient> {
   static constexpr auto attributes =
       std::tuple{Attribute{64, ":Name", &Program::Name, kRequired},
                  Attribute{65, ":InitiallyAvailable", &Program::InitiallyAvailable}};
 };
-template <>
-struct Description<ResidentProgram> : Extends<Program> {
+template <> struct Description<ResidentProgram> : Extends<Program> {
   static constexpr ClassHeading heading{ItemType::ResidentProgram, 9, "ResidentProgram",
                                         ":ResidentPrg"};
   static constexpr auto omitted = kContentTags;
 };
-template <>
-struct Description<RemoteProgram> : Extends<Program> {
+template <> struct Description<RemoteProgram> : Extends<Program> {
   static constexpr ClassHeading heading{ItemType::RemoteProgram, 10, "RemoteProgram", ":RemotePrg"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
       std::tuple{Attribute{66, ":ConnectionTag", &RemoteProgram::ProgramConnectionTag}};
 };
-template <>
-struct Description<InterchangedProgram> : Extends<Program> {
+template <> struct Description<InterchangedProgram> : Extends<Program> {
   static constexpr ClassHeading heading{ItemType::InterchangedProgram, 11, "InterchangedProgram",
                                         ":InterchgPrg"};
 };
 
-template <>
-struct Description<Palette> : Extends<Ingredient> {
+template <> struct Description<Palette> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::Palette, 12, "Palette", ":Palette"};
 };
-template <>
-struct Description<Font> : Extends<Ingredient> {
+template <> struct Description<Font> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::Font, 13, "Font", ":Font"};
 };
-template <>
-struct Description<CursorShape> : Extends<Ingredient> {
+template <> struct Description<CursorShape> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::CursorShape, 14, "CursorShape", ":CursorShape"};
 };
 
-template <>
-struct Description<BooleanVariable> : Extends<Ingredient> {
+template <> struct Description<BooleanVariable> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::BooleanVariable, 15, "BooleanVariable",
                                         ":BooleanVar"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
       std::tuple{Attribute{67, ":OrigValue", &BooleanVariable::OriginalValue, kOriginalValue}};
 };
-template <>
-struct Description<IntegerVariable> : Extends<Ingredient> {
+template <> struct Description<IntegerVariable> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::IntegerVariable, 16, "IntegerVariable",
                                         ":IntegerVar"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
       std::tuple{Attribute{67, ":OrigValue", &IntegerVariable::OriginalValue, kOriginalValue}};
 };
-template <>
-struct Description<OctetStringVariable> : Extends<Ingredient> {
+template <> struct Description<OctetStringVariable> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::OctetStringVariable, 17, "OctetStringVariable",
                                         ":OStringVar"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
       std::tuple{Attribute{67, ":OrigValue", &OctetStringVariable::OriginalValue, kOriginalValue}};
 };
-template <>
-struct Description<ObjectRefVariable> : Extends<Ingredient> {
+template <> struct Description<ObjectRefVariable> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::ObjectRefVariable, 18, "ObjectRefVariable",
                                         ":ObjectRefVar"};
   static constexpr auto omitted = kContentTags;
@@ -213,8 +188,7 @@ struct Description<ObjectRefVariable> : Extends<Ingredient> {
       67, ":OrigValue", &ObjectRefVariable::OriginalValue,
       Form{.innerTag = 68, .innerKeyword = ":ObjectRef", .name = "Value", .isRequired = true}}};
 };
-template <>
-struct Description<ContentRefVariable> : Extends<Ingredient> {
+template <> struct Description<ContentRefVariable> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::ContentRefVariable, 19, "ContentRefVariable",
                                         ":ContentRefVar"};
   static constexpr auto omitted = kContentTags;
@@ -223,8 +197,7 @@ struct Description<ContentRefVariable> : Extends<Ingredient> {
                 Form{.innerTag = 69, .innerKeyword = ":ContentRef", .isRequired = true}}};
 };
 
-template <>
-struct Description<TokenGroup> : Extends<Ingredient> {
+template <> struct Description<TokenGroup> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::TokenGroup, 33, "TokenGroup", ":TokenGroup"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
@@ -232,8 +205,7 @@ struct Description<TokenGroup> : Extends<Ingredient> {
                  Attribute{71, ":TokenGroupItems", &TokenGroup::TokenGroupItems, kRequired},
                  Attribute{72, ":NoTokenActionSlots", &TokenGroup::NoTokenActionSlots}};
 };
-template <>
-struct Description<ListGroup> : Extends<TokenGroup> {
+template <> struct Description<ListGroup> : Extends<TokenGroup> {
   static constexpr ClassHeading heading{ItemType::ListGroup, 34, "ListGroup", ":ListGroup"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
@@ -244,8 +216,7 @@ struct Description<ListGroup> : Extends<TokenGroup> {
 
 // ---- Visibles ----
 
-template <>
-struct Description<Visible> : Extends<Ingredient> {
+template <> struct Description<Visible> : Extends<Ingredient> {
   static constexpr auto attributes =
       std::tuple{Attribute{76, ":OrigBoxSize", &Visible::OriginalBoxSize, kRequired},
                  Attribute{77, ":OrigPosition", &Visible::OriginalPosition},
@@ -253,16 +224,14 @@ struct Description<Visible> : Extends<Ingredient> {
                            Form{.name = "PaletteRef"}}};
 };
 
-template <>
-struct Description<Bitmap> : Extends<Visible> {
+template <> struct Description<Bitmap> : Extends<Visible> {
   static constexpr ClassHeading heading{ItemType::Bitmap, 22, "Bitmap", ":Bitmap"};
   static constexpr auto attributes =
       std::tuple{Attribute{79, ":Tiling", &Bitmap::Tiling},
                  Attribute{80, ":OrigTransparency", &Bitmap::OriginalTransparency}};
 };
 
-template <>
-struct Description<LineArt> : Extends<Visible> {
+template <> struct Description<LineArt> : Extends<Visible> {
   static constexpr ClassHeading heading{ItemType::LineArt, 23, "LineArt", ":LineArt"};
   static constexpr auto attributes =
       std::tuple{Attribute{81, ":BBBox", &LineArt::BorderedBoundingBox},
@@ -271,25 +240,21 @@ struct Description<LineArt> : Extends<Visible> {
                  Attribute{84, ":OrigRefLineColour", &LineArt::OriginalRefLineColour},
                  Attribute{85, ":OrigRefFillColour", &LineArt::OriginalRefFillColour}};
 };
-template <>
-struct Description<DynamicLineArt> : Extends<LineArt> {
+template <> struct Description<DynamicLineArt> : Extends<LineArt> {
   static constexpr ClassHeading heading{ItemType::DynamicLineArt, 24, "DynamicLineArt",
                                         ":DynamicLineArt"};
 };
-template <>
-struct Description<Rectangle> : Extends<LineArt> {
+template <> struct Description<Rectangle> : Extends<LineArt> {
   static constexpr ClassHeading heading{ItemType::Rectangle, 25, "Rectangle", ":Rectangle"};
 };
 
-template <>
-struct Description<Interactible> : Extends<> {
+template <> struct Description<Interactible> : Extends<> {
   static constexpr auto attributes =
       std::tuple{Attribute{101, ":EngineResp", &Interactible::EngineResp},
                  Attribute{49, ":HighlightRefColour", &Interactible::HighlightRefColour}};
 };
 
-template <>
-struct Description<Text> : Extends<Visible> {
+template <> struct Description<Text> : Extends<Visible> {
   static constexpr ClassHeading heading{ItemType::Text, 29, "Text", ":Text"};
   static constexpr auto attributes =
       std::tuple{Attribute{86, ":OrigFont", &Text::OriginalFont, Form{.name = "Font"}},
@@ -303,8 +268,7 @@ struct Description<Text> : Extends<Visible> {
                  Attribute{90, ":StartCorner", &Text::StartCorner},
                  Attribute{91, ":TextWrapping", &Text::TextWrapping}};
 };
-template <>
-struct Description<EntryField> : Extends<Text, Interactible> {
+template <> struct Description<EntryField> : Extends<Text, Interactible> {
   static constexpr ClassHeading heading{ItemType::EntryField, 30, "EntryField", ":EntryField"};
   static constexpr auto attributes =
       std::tuple{Attribute{109, ":InputType", &EntryField::InputType},
@@ -312,31 +276,26 @@ struct Description<EntryField> : Extends<Text, Interactible> {
                  Attribute{111, ":ObscuredInput", &EntryField::ObsuredInput},
                  Attribute{112, ":MaxLength", &EntryField::MaxLength}};
 };
-template <>
-struct Description<HyperText> : Extends<Text, Interactible> {
+template <> struct Description<HyperText> : Extends<Text, Interactible> {
   static constexpr ClassHeading heading{ItemType::HyperText, 31, "HyperText", ":HyperText"};
 };
 
-template <>
-struct Description<Button> : Extends<Visible, Interactible> {
+template <> struct Description<Button> : Extends<Visible, Interactible> {
   static constexpr auto attributes =
       std::tuple{Attribute{48, ":ButtonRefColour", &Button::ButtonRefColour}};
 };
-template <>
-struct Description<HotSpot> : Extends<Button> {
+template <> struct Description<HotSpot> : Extends<Button> {
   static constexpr ClassHeading heading{ItemType::HotSpot, 26, "HotSpot", ":HotSpot"};
   static constexpr auto omitted = kContentTags;
 };
-template <>
-struct Description<PushButton> : Extends<Button> {
+template <> struct Description<PushButton> : Extends<Button> {
   static constexpr ClassHeading heading{ItemType::PushButton, 28, "PushButton", ":PushButton"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
       std::tuple{Attribute{113, ":OrigLabel", &PushButton::OriginalLabel},
                  Attribute{38, ":CharacterSet", &PushButton::CharacterSet}};
 };
-template <>
-struct Description<SwitchButton> : Extends<PushButton> {
+template <> struct Description<SwitchButton> : Extends<PushButton> {
   static constexpr ClassHeading heading{ItemType::SwitchButton, 27, "SwitchButton",
                                         ":SwitchButton"};
   static constexpr auto omitted = kContentTags;
@@ -344,8 +303,7 @@ struct Description<SwitchButton> : Extends<PushButton> {
       std::tuple{Attribute{114, ":ButtonStyle", &SwitchButton::ButtonStyle}};
 };
 
-template <>
-struct Description<Slider> : Extends<Visible, Interactible> {
+template <> struct Description<Slider> : Extends<Visible, Interactible> {
   static constexpr ClassHeading heading{ItemType::Slider, 32, "Slider", ":Slider"};
   static constexpr auto omitted = kContentTags;
   static constexpr auto attributes =
@@ -361,23 +319,20 @@ struct Description<Slider> : Extends<Visible, Interactible> {
 
 // ---- Streams ----
 
-template <>
-struct Description<Stream> : Extends<Ingredient> {
+template <> struct Description<Stream> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::Stream, 21, "Stream", ":Stream"};
   static constexpr auto attributes = std::tuple{
       Attribute{92, ":Multiplex", &Stream::Multiplex, kRequired},
       Attribute{93, ":Storage", &Stream::Storage}, Attribute{94, ":Looping", &Stream::Looping}};
 };
-template <>
-struct Description<Audio> : Extends<Ingredient> {
+template <> struct Description<Audio> : Extends<Ingredient> {
   static constexpr ClassHeading heading{ItemType::Audio, 95, "Audio", ":Audio"};
   static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag};
   static constexpr auto attributes =
       std::tuple{Attribute{98, ":ComponentTag", &Audio::ComponentTag, kRequired},
                  Attribute{99, ":OrigVolume", &Audio::OriginalVolume}};
 };
-template <>
-struct Description<Video> : Extends<Visible> {
+template <> struct Description<Video> : Extends<Visible> {
   static constexpr ClassHeading heading{ItemType::Video, 96, "Video", ":Video"};
   static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag,
                                          kOriginalPaletteRefTag};
@@ -385,8 +340,7 @@ struct Description<Video> : Extends<Visible> {
       std::tuple{Attribute{98, ":ComponentTag", &Video::ComponentTag, kRequired},
                  Attribute{100, ":Termination", &Video::Termination}};
 };
-template <>
-struct Description<RTGraphics> : Extends<Visible> {
+template <> struct Description<RTGraphics> : Extends<Visible> {
   static constexpr ClassHeading heading{ItemType::RTGraphics, 97, "RTGraphics", ":RTGraphics"};
   static constexpr std::array omitted = {kContentHookTag, kOriginalContentTag, kSharedTag};
   static constexpr auto attributes =
@@ -432,8 +386,7 @@ using MemberClasses =
 
 // Calls visit.template operator()<Record>() for the ingredient class of that number. False when
 // there is none.
-template <class Visit>
-constexpr bool VisitIngredientClass(ItemType type, Visit&& visit) {
+template <class Visit> constexpr bool VisitIngredientClass(ItemType type, Visit&& visit) {
   bool isFound = false;
   auto choose = [&]<class Record>() {
     if (Description<Record>::heading.type != type) return;

@@ -20,8 +20,7 @@ struct Form {
 };
 
 // One attribute of a class: a context-specific tag, a keyword, and the field that holds the value.
-template <class Record, class Field>
-struct Attribute {
+template <class Record, class Field> struct Attribute {
   std::uint32_t tag;
   const char* keyword;
   Field Record::*field;
@@ -34,8 +33,7 @@ Attribute(std::uint32_t, const char*, Field Record::*, Form) -> Attribute<Record
 
 // One element of a structure that is encoded as a SEQUENCE: BER identifies it by its position. The
 // textual notation writes it after its keyword or, without one, by position.
-template <class Record, class Field>
-struct Element {
+template <class Record, class Field> struct Element {
   const char* keyword;  // nullptr: by position
   Field Record::*field;
   Form form{};
@@ -46,8 +44,7 @@ template <class Record, class Field>
 Element(const char*, Field Record::*, Form) -> Element<Record, Field>;
 
 // Elements without keywords.
-template <class... Fields>
-constexpr auto ByPlace(Fields... fields) {
+template <class... Fields> constexpr auto ByPlace(Fields... fields) {
   return std::tuple{Element{nullptr, fields}...};
 }
 
@@ -60,13 +57,11 @@ struct ClassHeading {
   const char* keyword;
 };
 
-template <class... Records>
-struct Classes {};
+template <class... Records> struct Classes {};
 
 // The base of a Description: the classes whose attributes come first. The class has none of its own
 // unless it lists some.
-template <class... Records>
-struct Extends {
+template <class... Records> struct Extends {
   using Parents = Classes<Records...>;
   static constexpr auto attributes = std::tuple{};
 };
@@ -75,13 +70,11 @@ struct Extends {
 //   static constexpr auto attributes = std::tuple{Attribute{...}, ...};
 //   static constexpr ClassHeading heading{...};   only for classes that objects are made of
 //   static constexpr auto omitted = ...;          tags of the parents that the class does not have
-template <class Record>
-struct Description;
+template <class Record> struct Description;
 
 // Specialised in class_tables.h for every structure encoded as a SEQUENCE: static constexpr auto
 // elements.
-template <class Record>
-struct SequenceDescription;
+template <class Record> struct SequenceDescription;
 
 template <class Record>
 concept IsDescribed = requires {
@@ -95,8 +88,7 @@ concept IsSequence = requires {
 
 namespace detail {
 
-template <class Record>
-constexpr bool Omits(std::uint32_t tag) {
+template <class Record> constexpr bool Omits(std::uint32_t tag) {
   if constexpr (requires { Description<Record>::omitted; }) {
     for (const std::uint32_t omitted : Description<Record>::omitted) {
       if (omitted == tag) return true;
@@ -105,16 +97,14 @@ constexpr bool Omits(std::uint32_t tag) {
   return false;
 }
 
-template <class Leaf, class Record, class Visit>
-constexpr void VisitAttributes(Visit& visit);
+template <class Leaf, class Record, class Visit> constexpr void VisitAttributes(Visit& visit);
 
 template <class Leaf, class... Parents, class Visit>
 constexpr void VisitParents(Classes<Parents...> /*parents*/, Visit& visit) {
   (VisitAttributes<Leaf, Parents>(visit), ...);
 }
 
-template <class Leaf, class Record, class Visit>
-constexpr void VisitAttributes(Visit& visit) {
+template <class Leaf, class Record, class Visit> constexpr void VisitAttributes(Visit& visit) {
   VisitParents<Leaf>(typename Description<Record>::Parents{}, visit);
   std::apply(
       [&visit](const auto&... attribute) {
@@ -127,14 +117,12 @@ constexpr void VisitAttributes(Visit& visit) {
 
 // Calls visit(attribute) for each attribute that the class has, parents first, in the order of the
 // notation.
-template <class Record, class Visit>
-constexpr void ForEachAttribute(Visit&& visit) {
+template <class Record, class Visit> constexpr void ForEachAttribute(Visit&& visit) {
   detail::VisitAttributes<Record, Record>(visit);
 }
 
 // Calls visit(element) for each element of the SEQUENCE, in order.
-template <class Record, class Visit>
-constexpr void ForEachElement(Visit&& visit) {
+template <class Record, class Visit> constexpr void ForEachElement(Visit&& visit) {
   std::apply([&visit](const auto&... element) { (visit(element), ...); },
              SequenceDescription<Record>::elements);
 }

@@ -12,8 +12,7 @@ namespace korvel {
 
 inline bool IsSame(bool one, bool other) { return one == other; }
 inline bool IsSame(std::int32_t one, std::int32_t other) { return one == other; }
-template <IsEnumeration Enumeration>
-bool IsSame(Enumeration one, Enumeration other) {
+template <IsEnumeration Enumeration> bool IsSame(Enumeration one, Enumeration other) {
   return one == other;
 }
 // An absent string differs from an empty one.
@@ -34,17 +33,14 @@ bool IsSame(Enumeration one, Enumeration other) {
 // The same kind of group, and the same own reference and attributes, items included.
 [[nodiscard]] bool IsSame(const Group& one, const Group& other);
 
-template <class T>
-[[nodiscard]] bool IsSame(const List<T>& one, const List<T>& other);
-template <IsSequence Record>
-[[nodiscard]] bool IsSame(const Record& one, const Record& other);
+template <class T> [[nodiscard]] bool IsSame(const List<T>& one, const List<T>& other);
+template <IsSequence Record> [[nodiscard]] bool IsSame(const Record& one, const Record& other);
 
 // Whether all attributes of the class are equal.
 template <IsDescribed Record>
 [[nodiscard]] bool HasSameAttributes(const Record& one, const Record& other);
 
-template <class T>
-bool IsSame(const List<T>& one, const List<T>& other) {
+template <class T> bool IsSame(const List<T>& one, const List<T>& other) {
   auto place = one.begin();
   auto otherPlace = other.begin();
   for (; place != one.end() && otherPlace != other.end(); ++place, ++otherPlace) {
@@ -53,8 +49,7 @@ bool IsSame(const List<T>& one, const List<T>& other) {
   return !(place != one.end()) && !(otherPlace != other.end());
 }
 
-template <IsSequence Record>
-bool IsSame(const Record& one, const Record& other) {
+template <IsSequence Record> bool IsSame(const Record& one, const Record& other) {
   bool isSame = true;
   ForEachElement<Record>([&](const auto& element) {
     isSame = isSame && IsSame(one.*element.field, other.*element.field);
@@ -62,8 +57,7 @@ bool IsSame(const Record& one, const Record& other) {
   return isSame;
 }
 
-template <IsDescribed Record>
-bool HasSameAttributes(const Record& one, const Record& other) {
+template <IsDescribed Record> bool HasSameAttributes(const Record& one, const Record& other) {
   bool isSame = true;
   ForEachAttribute<Record>([&](const auto& attribute) {
     const auto& value = one.*attribute.field;

@@ -11,16 +11,14 @@
 
 namespace korvel {
 
-template <class T>
-class List {
+template <class T> class List {
   struct Node {
     explicit Node(T&& initial) : value(std::move(initial)) {}
     T value;
     Node* next = nullptr;
   };
 
-  template <class Value, class NodePointer>
-  class Walk {
+  template <class Value, class NodePointer> class Walk {
    public:
     explicit Walk(NodePointer node) : node_(node) {}
     Value& operator*() const { return node_->value; }
@@ -84,8 +82,7 @@ class List {
 
   // Removes the first value that `matches` and moves it to `taken` (may be null). False when
   // there is none.
-  template <class Predicate>
-  bool RemoveFirst(Predicate&& matches, T* taken = nullptr) {
+  template <class Predicate> bool RemoveFirst(Predicate&& matches, T* taken = nullptr) {
     Node* before = nullptr;
     for (Node* node = head_; node != nullptr; before = node, node = node->next) {
       if (!matches(node->value)) continue;
@@ -95,8 +92,7 @@ class List {
     return false;
   }
   // Removes every value that `matches`.
-  template <class Predicate>
-  void RemoveAll(Predicate&& matches) {
+  template <class Predicate> void RemoveAll(Predicate&& matches) {
     Node* before = nullptr;
     for (Node* node = head_; node != nullptr;) {
       Node* next = node->next;

@@ -9,8 +9,7 @@
 
 namespace korvel {
 
-template <class T>
-struct Releaser {
+template <class T> struct Releaser {
   void operator()(T* record) const {
     record->~T();
     ReleaseMemory(record);
@@ -18,8 +17,7 @@ struct Releaser {
 };
 
 // Releases an application or a scene as its own class.
-template <>
-struct Releaser<Group> {
+template <> struct Releaser<Group> {
   Releaser() = default;
   // Converts the owner of an Application or a Scene to the owner of a group.
   template <class Record>
@@ -33,14 +31,12 @@ struct Releaser<Group> {
   }
 };
 
-template <class T>
-using Owned = std::unique_ptr<T, Releaser<T>>;
+template <class T> using Owned = std::unique_ptr<T, Releaser<T>>;
 // An application or a scene. Null if nothing was built.
 using OwnedGroup = Owned<Group>;
 
 // A record with its defaults, or null if memory runs out.
-template <class T>
-[[nodiscard]] Owned<T> NewRecord() {
+template <class T> [[nodiscard]] Owned<T> NewRecord() {
   void* block = AllocateZeroed(sizeof(T));
   return Owned<T>(block == nullptr ? nullptr : new (block) T());
 }
@@ -57,8 +53,7 @@ template <class T>
 // A process-wide record whose destructor never runs. If the process ends while the engine runs, its
 // threads have been terminated at arbitrary points and the libraries that they used may be
 // unloaded, so nothing may be released.
-template <class T>
-union NeverDestroyed {
+template <class T> union NeverDestroyed {
   constexpr NeverDestroyed() : value() {}
   // A defaulted destructor would be deleted.  NOLINTNEXTLINE(modernize-use-equals-default)
   ~NeverDestroyed() {}

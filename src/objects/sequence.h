@@ -11,8 +11,7 @@
 
 namespace korvel {
 
-template <class T>
-class Sequence {
+template <class T> class Sequence {
   static_assert(std::is_trivially_copyable_v<T>, "values are moved as bytes");
 
  public:

@@ -53,8 +53,7 @@ enum class ItemType : std::uint32_t {
 // A set of classes, one bit for each ItemType.
 using ClassSet = std::uint64_t;
 
-template <class... Types>
-constexpr ClassSet SetOf(Types... types) {
+template <class... Types> constexpr ClassSet SetOf(Types... types) {
   return (ClassSet{0} | ... | (ClassSet{1} << static_cast<unsigned>(types)));
 }
 constexpr bool Contains(ClassSet set, ItemType type) {
@@ -98,12 +97,10 @@ constexpr bool IsSameWord(const char* one, const char* other) {
 
 // The words of an enumeration in the textual notation; the first one is the word of 1. An
 // enumeration without words is written as a number.
-template <IsEnumeration Enumeration>
-inline constexpr std::array<const char*, 0> kWords{};
+template <IsEnumeration Enumeration> inline constexpr std::array<const char*, 0> kWords{};
 
 // The word of a value, or null.
-template <IsEnumeration Enumeration>
-constexpr const char* WordOf(Enumeration value) {
+template <IsEnumeration Enumeration> constexpr const char* WordOf(Enumeration value) {
   constexpr Words words{kWords<Enumeration>};
   const std::size_t place = static_cast<std::size_t>(static_cast<std::int64_t>(value) - 1);
   return place < words.size() ? words[place] : nullptr;
@@ -165,8 +162,7 @@ template <>
 inline constexpr std::array kWords<Justification> = {"start", "end", "centre", "justified"};
 
 enum class LineOrientation : std::int32_t { Vertical = 1, Horizontal };
-template <>
-inline constexpr std::array kWords<LineOrientation> = {"vertical", "horizontal"};
+template <> inline constexpr std::array kWords<LineOrientation> = {"vertical", "horizontal"};
 
 enum class StartCorner : std::int32_t { UpperLeft = 1, UpperRight, LowerLeft, LowerRight };
 template <>
@@ -174,8 +170,7 @@ inline constexpr std::array kWords<StartCorner> = {"upper-left", "upper-right", 
                                                    "lower-right"};
 
 enum class InputType : std::int32_t { Alpha = 1, Numeric, Any, Listed };
-template <>
-inline constexpr std::array kWords<InputType> = {"alpha", "numeric", "any", "listed"};
+template <> inline constexpr std::array kWords<InputType> = {"alpha", "numeric", "any", "listed"};
 
 enum class ButtonStyle : std::int32_t { PushButton = 1, RadioButton, CheckBox };
 template <>
@@ -183,20 +178,17 @@ inline constexpr std::array kWords<ButtonStyle> = {"pushbutton", "radiobutton", 
 
 // The side of the box where a slider's bar begins.
 enum class Orientation : std::int32_t { Left = 1, Right, Up, Down };
-template <>
-inline constexpr std::array kWords<Orientation> = {"left", "right", "up", "down"};
+template <> inline constexpr std::array kWords<Orientation> = {"left", "right", "up", "down"};
 
 enum class SliderStyle : std::int32_t { Normal = 1, Thermometer, Proportional };
 template <>
 inline constexpr std::array kWords<SliderStyle> = {"normal", "thermometer", "proportional"};
 
 enum class Storage : std::int32_t { Memory = 1, Stream };
-template <>
-inline constexpr std::array kWords<Storage> = {"memory", "stream"};
+template <> inline constexpr std::array kWords<Storage> = {"memory", "stream"};
 
 enum class Termination : std::int32_t { Freeze = 1, Disappear };
-template <>
-inline constexpr std::array kWords<Termination> = {"freeze", "disappear"};
+template <> inline constexpr std::array kWords<Termination> = {"freeze", "disappear"};
 
 enum class LineStyle : std::int32_t { Solid = 1, Dashed, Dotted };
 

@@ -21,8 +21,7 @@ namespace gdip = Gdiplus::DllExports;
 [[nodiscard]] inline bool Succeeded(Gdiplus::GpStatus status) { return status == Gdiplus::Ok; }
 
 // Owns one GDI+ object; converts to the pointer that the functions take.
-template <class Object, auto Release>
-class GdiPlusOwner {
+template <class Object, auto Release> class GdiPlusOwner {
  public:
   GdiPlusOwner() = default;
   GdiPlusOwner(GdiPlusOwner&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}

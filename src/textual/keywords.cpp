@@ -101,8 +101,7 @@ constexpr bool IsListed(std::string_view word, std::string_view prefix = "") {
   return Find({upper.data(), length}) != 0;
 }
 
-template <class Field>
-constexpr bool AreListed(const char* keyword, const Form& form) {
+template <class Field> constexpr bool AreListed(const char* keyword, const Form& form) {
   bool areListed = keyword == nullptr || IsListed(keyword);
   if (form.innerKeyword != nullptr) areListed = areListed && IsListed(form.innerKeyword);
   if constexpr (IsEnumeration<Field>) {
@@ -112,8 +111,7 @@ constexpr bool AreListed(const char* keyword, const Form& form) {
 }
 
 // The keywords of a class's attributes, and of the parts of those that are structures.
-template <class Record>
-constexpr bool HasListedAttributes() {
+template <class Record> constexpr bool HasListedAttributes() {
   bool areListed = true;
   const auto check = [&areListed]<class Owner, class Field>(const Attribute<Owner, Field>& row) {
     areListed = areListed && AreListed<Field>(row.keyword, row.form);
@@ -122,8 +120,7 @@ constexpr bool HasListedAttributes() {
   ForEachAttribute<Record>(check);
   return areListed;
 }
-template <class Record>
-constexpr bool HasListedElements() {
+template <class Record> constexpr bool HasListedElements() {
   bool areListed = true;
   const auto check = [&areListed]<class Owner, class Field>(const Element<Owner, Field>& row) {
     areListed = areListed && AreListed<Field>(row.keyword, row.form);
@@ -131,8 +128,7 @@ constexpr bool HasListedElements() {
   ForEachElement<Record>(check);
   return areListed;
 }
-template <class... Records>
-constexpr bool HasListedClasses(Classes<Records...> /*classes*/) {
+template <class... Records> constexpr bool HasListedClasses(Classes<Records...> /*classes*/) {
   return ((IsListed(Description<Records>::heading.keyword) && HasListedAttributes<Records>()) &&
           ...);
 }

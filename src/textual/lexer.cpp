@@ -150,8 +150,7 @@ class Lexer {
     });
   }
 
-  template <class ReadByte>
-  LexResult ReadString(char quote, ReadByte&& readByte) {
+  template <class ReadByte> LexResult ReadString(char quote, ReadByte&& readByte) {
     const std::size_t begin = position_++;
     const std::size_t start = list_.stringBytes.Size();
     while (!IsAtEnd() && Here() != quote) {

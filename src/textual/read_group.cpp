@@ -39,12 +39,10 @@ void Explain(std::string_view text, std::size_t offset, const char* expected, co
                 *construct.part == 0 ? "" : " ", construct.part);
 }
 
-template <class HeldClasses>
-bool ReadObjects(TextReader& reader, List<Item>& list);
+template <class HeldClasses> bool ReadObjects(TextReader& reader, List<Item>& list);
 
 // Builds one object: its attributes come in any order, each at most once.
-template <class Record>
-class ObjectBuilder {
+template <class Record> class ObjectBuilder {
  public:
   ObjectBuilder(TextReader& reader, Record& record) : reader_(reader), record_(record) {}
 
@@ -93,8 +91,7 @@ class ObjectBuilder {
     return true;
   }
 
-  template <class Field>
-  [[nodiscard]] bool ReadField(Field& field, const Form& form) {
+  template <class Field> [[nodiscard]] bool ReadField(Field& field, const Form& form) {
     if (form.innerKeyword != nullptr && !reader_.ExpectKeyword(form.innerKeyword)) return false;
     if constexpr (std::is_same_v<Field, List<Item>>) {
       return ReadObjects<MemberClasses<Record>>(reader_, field);
@@ -135,8 +132,7 @@ bool ReadObject(TextReader& reader, auto heldClasses, Item& item) {
 }
 
 // Objects in parentheses, of the classes that the list holds.
-template <class HeldClasses>
-bool ReadObjects(TextReader& reader, List<Item>& list) {
+template <class HeldClasses> bool ReadObjects(TextReader& reader, List<Item>& list) {
   if (!reader.Expect(kOpenParenthesis, "(")) return false;
   while (!reader.Take(kCloseParenthesis)) {
     Item item;
@@ -147,8 +143,7 @@ bool ReadObjects(TextReader& reader, List<Item>& list) {
 }
 
 // Reads the whole text as a group of that class. If that fails, moves back to the first token.
-template <class Record>
-bool ReadWhole(TextReader& reader, Record& record) {
+template <class Record> bool ReadWhole(TextReader& reader, Record& record) {
   const std::size_t place = reader.Place();
   if (ObjectBuilder<Record>(reader, record).Build() &&
       (reader.IsAt(kEndOfText) || reader.Refuse("the end of the text"))) {

@@ -135,8 +135,7 @@ template <IsEnumeration Enumeration>
 }
 
 // A structure's elements in order. Those with a keyword are optional.
-template <IsSequence Record>
-[[nodiscard]] bool Read(TextReader& reader, Record& record) {
+template <IsSequence Record> [[nodiscard]] bool Read(TextReader& reader, Record& record) {
   bool isRead = true;
   ForEachElement<Record>([&](const auto& element) {
     if (!isRead) return;
@@ -147,12 +146,10 @@ template <IsSequence Record>
 }
 
 // One entry of a list. A structure is in parentheses there.
-template <class Entry>
-[[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) {
+template <class Entry> [[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) {
   return Read(reader, entry);
 }
-template <IsSequence Entry>
-[[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) {
+template <IsSequence Entry> [[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) {
   return reader.Expect(kOpenParenthesis, "(") && Read(reader, entry) &&
          reader.Expect(kCloseParenthesis, ")");
 }
@@ -161,8 +158,7 @@ template <IsSequence Entry>
 [[nodiscard]] bool ReadEntry(TextReader& reader, ElementaryAction& action);
 
 // Entries in parentheses.
-template <class Entry>
-[[nodiscard]] bool Read(TextReader& reader, List<Entry>& list) {
+template <class Entry> [[nodiscard]] bool Read(TextReader& reader, List<Entry>& list) {
   if (!reader.Expect(kOpenParenthesis, "(")) return false;
   while (!reader.Take(kCloseParenthesis)) {
     Entry entry{};

@@ -73,27 +73,21 @@ void Write(TextWriter& writer, const GenericValue& value);
 
 // Whether there is a value that could be written. A mandatory attribute has none if its string is
 // absent or its word was never set.
-template <class Value>
-[[nodiscard]] bool IsGiven(const Value& /*value*/) {
-  return true;
-}
-template <IsEnumeration Enumeration>
-[[nodiscard]] bool IsGiven(const Enumeration& value) {
+template <class Value> [[nodiscard]] bool IsGiven(const Value& /*value*/) { return true; }
+template <IsEnumeration Enumeration> [[nodiscard]] bool IsGiven(const Enumeration& value) {
   return kWords<Enumeration>.empty() || value != Enumeration{};
 }
 [[nodiscard]] bool IsGiven(const OctetString& value);
 [[nodiscard]] bool IsGiven(const ContentReference& value);
 
-template <IsEnumeration Enumeration>
-void Write(TextWriter& writer, Enumeration value) {
+template <IsEnumeration Enumeration> void Write(TextWriter& writer, Enumeration value) {
   const auto number = static_cast<std::int32_t>(value);
   if (kWords<Enumeration>.empty()) return writer.Number(number);
   const char* word = WordOf(value);
   word == nullptr ? writer.FailForWord(number) : writer.Word(word);
 }
 
-template <IsSequence Record>
-void Write(TextWriter& writer, const Record& record) {
+template <IsSequence Record> void Write(TextWriter& writer, const Record& record) {
   const Record construction{};
   ForEachElement<Record>([&](const auto& element) {
     const auto& field = record.*element.field;
@@ -106,12 +100,10 @@ void Write(TextWriter& writer, const Record& record) {
 }
 
 // One entry of a list. A structure is in parentheses there.
-template <class Entry>
-void WriteEntry(TextWriter& writer, const Entry& entry) {
+template <class Entry> void WriteEntry(TextWriter& writer, const Entry& entry) {
   Write(writer, entry);
 }
-template <IsSequence Entry>
-void WriteEntry(TextWriter& writer, const Entry& entry) {
+template <IsSequence Entry> void WriteEntry(TextWriter& writer, const Entry& entry) {
   writer.Open('(');
   Write(writer, entry);
   writer.Close(')');
@@ -127,8 +119,7 @@ inline constexpr bool kHasLinesOfItsOwn =
     std::is_same_v<Entry, Item> || std::is_same_v<Entry, ElementaryAction> ||
     std::is_same_v<Entry, TokenGroupItem> || std::is_same_v<Entry, ActionSlot>;
 
-template <class Entry>
-void Write(TextWriter& writer, const List<Entry>& list) {
+template <class Entry> void Write(TextWriter& writer, const List<Entry>& list) {
   constexpr bool kIsBlock = kHasLinesOfItsOwn<Entry>;
   writer.Open('(');
   writer.Indent();

@@ -74,8 +74,7 @@ void WriteEntry(TextWriter& writer, const ActionSlot& slot) {
 
 namespace {
 
-template <class Record>
-void WriteObject(TextWriter& writer, const Record& record) {
+template <class Record> void WriteObject(TextWriter& writer, const Record& record) {
   const Record construction{};
   bool hasAttributes = false;
   writer.Open('{');

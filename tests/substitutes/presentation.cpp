@@ -36,8 +36,7 @@ std::ostream& operator<<(std::ostream& out, const LineAttributes& line) {
 }
 
 // Records a call, unless the canvas is null.
-template <class... Parts>
-void Draw(const Canvas* canvas, const char* what, const Parts&... parts) {
+template <class... Parts> void Draw(const Canvas* canvas, const char* what, const Parts&... parts) {
   std::ostringstream line;
   line << what;
   ((line << ' ' << parts), ...);

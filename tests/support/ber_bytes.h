@@ -46,8 +46,7 @@ struct Decoded {
 
   [[nodiscard]] bool IsDone() const { return status == Status::Done; }
   // The record of the item at a 0-based index.
-  template <class Record>
-  [[nodiscard]] Record& ItemAt(std::size_t index) const {
+  template <class Record> [[nodiscard]] Record& ItemAt(std::size_t index) const {
     return group->Items.At(index)->template As<Record>();
   }
 };
@@ -56,8 +55,7 @@ struct Decoded {
 Decoded Decode(const Bytes& bytes);
 
 // Decodes a scene with one item, number 7, of the class with that tag and with these attributes.
-template <class Record>
-struct OneItem {
+template <class Record> struct OneItem {
   OneItem(std::uint32_t tag, const Bytes& attributes)
       : decoded(Decode(FileWithItems(Holding(tag, Integer(7) + attributes)))) {}
   [[nodiscard]] bool IsDone() const { return decoded.IsDone(); }

@@ -93,8 +93,7 @@ inline std::string SceneText(std::string_view name, std::string_view items,
 // ---- Running the engine ----
 
 // Runs `work` and adds what it printed to `printed`.
-template <class Work>
-auto WithOutputIn(std::string& printed, Work&& work) {
+template <class Work> auto WithOutputIn(std::string& printed, Work&& work) {
   struct Capture {
     explicit Capture(std::string& sink) : sink_(sink) { testing::internal::CaptureStdout(); }
     ~Capture() { sink_ += testing::internal::GetCapturedStdout(); }
@@ -142,16 +141,12 @@ class EngineTest : public testing::Test {
 
   // Runs `work` as the worker runs one key or timer: it releases ended groups first, not
   // afterwards.
-  template <class Work>
-  auto Do(Work&& work) {
+  template <class Work> auto Do(Work&& work) {
     BeginWork();
     return GoOn(work);
   }
   // Runs `work` as part of the last key or timer.
-  template <class Work>
-  auto GoOn(Work&& work) {
-    return WithOutputIn(printed_, work);
-  }
+  template <class Work> auto GoOn(Work&& work) { return WithOutputIn(printed_, work); }
   Status Start(std::string_view path = "") {
     return Do([&] { return StartEngine(path); });
   }
@@ -180,8 +175,7 @@ class EngineTest : public testing::Test {
   std::string Printed() { return std::exchange(printed_, {}); }
 
   // An object of the running groups. Reports a test failure if it does not exist.
-  template <class T>
-  static T& Find(std::int32_t number, std::string_view group = "~/a") {
+  template <class T> static T& Find(std::int32_t number, std::string_view group = "~/a") {
     const FoundObject found = FindObject(Scope::SceneFirst, group, number);
     if (!found) {
       ADD_FAILURE() << group << " has no object " << number;

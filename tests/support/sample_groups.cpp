@@ -31,8 +31,7 @@ class GroupMaker {
   bool Sometimes() { return IsComplete() || Below(2) == 0; }
   std::size_t SomeCount() { return IsComplete() ? 3 : Below(4); }
 
-  template <class Record>
-  OwnedGroup MakeGroup() {
+  template <class Record> OwnedGroup MakeGroup() {
     OwnedGroup group(NewRecord<Record>().release());
     auto& record = static_cast<Record&>(*group);
     if (IsComplete()) {
@@ -45,8 +44,7 @@ class GroupMaker {
   }
 
   // For a complete group, a value different from the attribute's default.
-  template <class Record>
-  void FillAttributes(Record& record) {
+  template <class Record> void FillAttributes(Record& record) {
     const Record fresh;
     ForEachAttribute<Record>([&](const auto& attribute) {
       auto& field = record.*attribute.field;
@@ -63,8 +61,7 @@ class GroupMaker {
     });
   }
 
-  template <class... Records>
-  void FillItems(Classes<Records...> classes, List<Item>& items) {
+  template <class... Records> void FillItems(Classes<Records...> classes, List<Item>& items) {
     ForEachClass(classes, [&]<class Record>() {
       if (!Sometimes()) return;
       Item item = Item::New(Description<Record>::heading.type);
@@ -80,8 +77,7 @@ class GroupMaker {
                                                     -129, 255, 32768, -32769, INT32_MAX, INT32_MIN};
     field = Below(2) == 0 ? edges[Below(edges.size())] : static_cast<std::int32_t>(random_());
   }
-  template <IsEnumeration Enumeration>
-  void Fill(Enumeration& field) {
+  template <IsEnumeration Enumeration> void Fill(Enumeration& field) {
     std::int32_t number = 0;
     if (kWords<Enumeration>.empty()) {
       Fill(number);
@@ -149,12 +145,10 @@ class GroupMaker {
     }
     if (field.IsEmpty() && IsComplete()) Add(field, MakeAction(1, Values::Direct));
   }
-  template <IsSequence Record>
-  void Fill(Record& field) {
+  template <IsSequence Record> void Fill(Record& field) {
     ForEachElement<Record>([&](const auto& element) { Fill(field.*element.field); });
   }
-  template <class T>
-  void Fill(List<T>& field) {
+  template <class T> void Fill(List<T>& field) {
     field.Clear();
     const std::size_t count = SomeCount();
     for (std::size_t i = 0; i < count; ++i) {
@@ -254,8 +248,7 @@ class GroupMaker {
     }
   }
 
-  template <class T>
-  static void Add(List<T>& list, T&& value) {
+  template <class T> static void Add(List<T>& list, T&& value) {
     Require(list.Append(std::move(value)) != nullptr);
   }
   // No allocation fails while these groups are generated.

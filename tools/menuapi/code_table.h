@@ -13,14 +13,12 @@
 namespace menuapi {
 
 // One row: the bits of the code as "0" and "1", and its value.
-template <typename Value>
-struct Code {
+template <typename Value> struct Code {
   std::string_view bits;
   Value value;
 };
 
-template <typename Value>
-class CodeTable {
+template <typename Value> class CodeTable {
  public:
   using Rows = std::span<const Code<Value>>;
 

@@ -6,8 +6,7 @@
 namespace player {
 namespace {
 
-template <typename Function>
-bool Find(HMODULE library, const char* name, Function& function) {
+template <typename Function> bool Find(HMODULE library, const char* name, Function& function) {
   function = std::bit_cast<Function>(GetProcAddress(library, name));
   return function != nullptr;
 }

@@ -45,8 +45,7 @@ LRESULT CALLBACK SeeMessage(int code, WPARAM removal, LPARAM parameter) {
   return CallNextHookEx(nullptr, code, removal, parameter);
 }
 
-template <typename Part>
-Part* PartOf(HMODULE library, std::size_t offset) {
+template <typename Part> Part* PartOf(HMODULE library, std::size_t offset) {
   return std::bit_cast<Part*>(std::bit_cast<std::byte*>(library) + offset);
 }
 

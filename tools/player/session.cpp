@@ -67,8 +67,7 @@ int Session::Run(MHEG5Host& host, const std::vector<Step>& steps, const Options&
 
 // Dispatches messages until the condition is met (returns true), the engine has closed, or the time
 // is over.
-template <typename Condition>
-bool Session::PumpUntil(unsigned limitMs, Condition isMet) {
+template <typename Condition> bool Session::PumpUntil(unsigned limitMs, Condition isMet) {
   const ULONGLONG end = GetTickCount64() + limitMs;
   while (!isMet()) {
     const ULONGLONG now = GetTickCount64();
@@ -122,8 +121,7 @@ bool Session::RunSteps(const std::vector<Step>& steps) {
 
 // Waits until the condition is met. The first timeout fails the run; later steps then take their
 // pictures without waiting.
-template <typename Condition>
-void Session::Await(const std::string& wanted, Condition hasCome) {
+template <typename Condition> void Session::Await(const std::string& wanted, Condition hasCome) {
   if (!isLost_ && (PumpUntil(limitMs_, hasCome) || isEngineClosed_)) return;
   if (!isLost_) {
     std::fprintf(stderr, "korvel-player: no %s within the limit\n", wanted.c_str());

@@ -26,15 +26,12 @@ class Session {
   [[nodiscard]] int Run(MHEG5Host& host, const std::vector<Step>& steps, const Options& options);
 
  private:
-  template <typename Condition>
-  bool PumpUntil(unsigned limitMs, Condition isMet);
+  template <typename Condition> bool PumpUntil(unsigned limitMs, Condition isMet);
   void Pump(unsigned milliseconds);
   void TakeMessages();
   bool RunSteps(const std::vector<Step>& steps);
-  template <typename Condition>
-  void Await(const std::string& wanted, Condition hasCome);
-  template <typename Condition>
-  void AwaitFinalPicture(const std::string& wanted, Condition isMet);
+  template <typename Condition> void Await(const std::string& wanted, Condition hasCome);
+  template <typename Condition> void AwaitFinalPicture(const std::string& wanted, Condition isMet);
   void CatchPicture(const Pixel& pixel);
   void WipeWindow() const;
   bool TakePicture(const std::filesystem::path& file);

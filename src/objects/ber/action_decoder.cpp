@@ -30,8 +30,7 @@ bool DecodeNext(BerReader& reader, KindSet kinds, Values& values) {
 // Reads values from the SEQUENCE that comes next or, if another element does, directly from
 // `outside`: the standard's nested form and the flat one are both accepted. Moves `outside` past
 // the values.
-template <class ReadValues>
-bool ReadNestedOrFlat(BerReader& outside, ReadValues&& readValues) {
+template <class ReadValues> bool ReadNestedOrFlat(BerReader& outside, ReadValues&& readValues) {
   if (!outside.NextIs(kSequence)) return readValues(outside);
   BerElement nested;
   if (!outside.Next(nested)) return false;

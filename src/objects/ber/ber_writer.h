@@ -19,8 +19,7 @@ class BerWriter {
   void Octets(Tag tag, std::string_view bytes);
   void Null();
   // Writes an element whose content writeContent writes.
-  template <class WriteContent>
-  void Constructed(Tag tag, WriteContent&& writeContent) {
+  template <class WriteContent> void Constructed(Tag tag, WriteContent&& writeContent) {
     const std::size_t begin = BeginConstructed(tag);
     writeContent();
     EndConstructed(begin);

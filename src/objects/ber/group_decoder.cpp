@@ -18,8 +18,7 @@ namespace {
 template <class Field, class... Types>
 constexpr bool kIsOneOf = (std::is_same_v<Field, Types> || ...);
 
-template <class Field>
-constexpr const char* ExpectedFor() {
+template <class Field> constexpr const char* ExpectedFor() {
   if constexpr (IsEnumeration<Field>) {
     return kWords<Field>.empty() ? "an INTEGER" : "an ENUMERATED";
   }
@@ -65,8 +64,7 @@ template <class Field>
 constexpr bool kMayBeMissing =
     std::is_same_v<Field, GenericValue> || std::is_same_v<Field, List<ActionSlot>>;
 
-template <IsSequence Record>
-bool DecodeSequence(const BerReader& elements, Record& record) {
+template <IsSequence Record> bool DecodeSequence(const BerReader& elements, Record& record) {
   BerReader reader = elements.Knowing(NoTag);
   bool isRead = true;
   ForEachElement<Record>([&](const auto& description) {
@@ -81,8 +79,7 @@ bool DecodeSequence(const BerReader& elements, Record& record) {
 
 // ---- Entries of a SEQUENCE OF ----
 
-template <class T>
-bool DecodeEntries(const BerReader& entries, List<T>& list);
+template <class T> bool DecodeEntries(const BerReader& entries, List<T>& list);
 
 bool DecodeEntry(const BerElement& element, std::int32_t& number) {
   return Decode(element, NumberType::Integer, number);
@@ -99,13 +96,11 @@ bool DecodeEntry(const BerElement& element, Movement& movement) {
                                : element.Refuse();
 }
 
-template <IsSequence Record>
-bool DecodeEntry(const BerElement& element, Record& entry) {
+template <IsSequence Record> bool DecodeEntry(const BerElement& element, Record& entry) {
   return element.Is(kSequence) ? DecodeSequence(element.content, entry) : element.Refuse();
 }
 
-template <class T>
-bool DecodeEntries(const BerReader& entries, List<T>& list) {
+template <class T> bool DecodeEntries(const BerReader& entries, List<T>& list) {
   BerReader reader = entries.Knowing(NoTag);
   BerElement element;
   while (!reader.AtEnd()) {
@@ -123,8 +118,7 @@ bool DecodeElement(const BerElement& element, List<ActionSlot>& field) {
 // ---- The SEQUENCE that an explicit tag puts around an attribute's elements ----
 
 // Whether a SEQUENCE of this kind begins with an object reference, which may itself be a SEQUENCE.
-template <class T>
-constexpr bool kBeginsWithReference = false;
+template <class T> constexpr bool kBeginsWithReference = false;
 template <IsSequence Record>
 constexpr bool kBeginsWithReference<Record> = std::is_same_v<
     std::remove_cvref_t<decltype(std::declval<Record&>().*
@@ -137,8 +131,7 @@ bool HoldsOneSequence(const BerElement& tagged, BerElement& sequence) {
   return reader.NextIs(kSequence) && reader.Next(sequence) && reader.AtEnd();
 }
 
-template <IsSequence Record>
-BerReader ElementsOf(const BerElement& tagged) {
+template <IsSequence Record> BerReader ElementsOf(const BerElement& tagged) {
   BerElement wrapper;
   const bool isExplicit = HoldsOneSequence(tagged, wrapper) &&
                           !(kBeginsWithReference<Record> && IsExternalReference(wrapper));
@@ -148,8 +141,7 @@ BerReader ElementsOf(const BerElement& tagged) {
 // A single SEQUENCE either wraps all entries or is the only entry. It is the wrapper if its first
 // element could be an entry. In an action slot actions are known tags, so that they are not skipped
 // when looking for that element.
-template <class Entry>
-BerReader EntriesOf(const BerElement& tagged) {
+template <class Entry> BerReader EntriesOf(const BerElement& tagged) {
   constexpr KnownTags known = std::is_same_v<Entry, ActionSlot> ? IsAction : NoTag;
   BerElement wrapper;
   BerElement entry;
@@ -164,18 +156,12 @@ BerReader EntriesOf(const BerElement& tagged) {
 
 // The type of a primitive tag's content. Colours and fonts have two types, so a primitive tag is
 // ambiguous: NULL makes their decoders refuse it.
-template <class Field>
-constexpr Tag kImpliedTag = kInteger;
-template <>
-constexpr Tag kImpliedTag<bool> = kBoolean;
-template <>
-constexpr Tag kImpliedTag<OctetString> = kOctetString;
-template <>
-constexpr Tag kImpliedTag<ContentBody> = kOctetString;
-template <>
-constexpr Tag kImpliedTag<ColourValue> = kNull;
-template <>
-constexpr Tag kImpliedTag<FontBody> = kNull;
+template <class Field> constexpr Tag kImpliedTag = kInteger;
+template <> constexpr Tag kImpliedTag<bool> = kBoolean;
+template <> constexpr Tag kImpliedTag<OctetString> = kOctetString;
+template <> constexpr Tag kImpliedTag<ContentBody> = kOctetString;
+template <> constexpr Tag kImpliedTag<ColourValue> = kNull;
+template <> constexpr Tag kImpliedTag<FontBody> = kNull;
 
 template <class Field>
 requires requires(Field& field) { DecodeElement(BerElement{}, field); }
@@ -199,8 +185,7 @@ bool DecodeField(const BerElement& tagged, ContentReference& field) {
   return DecodeField(tagged, field.Path);
 }
 
-template <IsSequence Record>
-bool DecodeField(const BerElement& tagged, Record& field) {
+template <IsSequence Record> bool DecodeField(const BerElement& tagged, Record& field) {
   Record record;
   if (!DecodeSequence(ElementsOf<Record>(tagged), record)) return false;
   field = std::move(record);
@@ -214,16 +199,14 @@ bool DecodeField(const BerElement& tagged, ActionList& field) {
   return true;
 }
 
-template <class T>
-bool DecodeField(const BerElement& tagged, List<T>& field) {
+template <class T> bool DecodeField(const BerElement& tagged, List<T>& field) {
   List<T> list;
   if (!DecodeEntries(EntriesOf<T>(tagged), list)) return false;
   field = std::move(list);
   return true;
 }
 
-template <IsDescribed Record>
-bool DecodeField(const BerElement& tagged, Record& field);
+template <IsDescribed Record> bool DecodeField(const BerElement& tagged, Record& field);
 
 // Some attributes have a second tag, which names their type.
 template <class Field>
@@ -242,16 +225,14 @@ bool ExplainAttribute(const BerElement& element, const char* keyword, const char
   element.content.Explain(&Refusal::part, keyword);
   return element.content.Explain(&Refusal::expected, expected);
 }
-template <class Record>
-bool ExplainObject(const BerElement& element) {
+template <class Record> bool ExplainObject(const BerElement& element) {
   element.content.Explain(&Refusal::owner, Description<Record>::heading.name);
   element.content.Explain(&Refusal::part, "");
   return element.content.Explain(&Refusal::expected, "an attribute");
 }
 
 // Reads the attribute that the element's tag names. Skips one that the class does not have.
-template <IsDescribed Record>
-bool DecodeAttribute(const BerElement& element, Record& record) {
+template <IsDescribed Record> bool DecodeAttribute(const BerElement& element, Record& record) {
   bool isRead = true;
   ForEachAttribute<Record>([&](const auto& attribute) {
     if (attribute.tag != element.tag.number) return;
@@ -269,8 +250,7 @@ bool DecodeAttribute(const BerElement& element, Record& record) {
 }
 
 // Attributes that are grouped under one tag.
-template <IsDescribed Record>
-bool DecodeField(const BerElement& tagged, Record& field) {
+template <IsDescribed Record> bool DecodeField(const BerElement& tagged, Record& field) {
   ListReader list(tagged.content);
   BerElement element;
   while (list.HasMore()) {
@@ -289,8 +269,7 @@ bool DecodeUniversal(const BerElement& element, Root& record) {
 }
 
 // An object's body: its own reference and its attributes, in any order.
-template <IsDescribed Record>
-bool DecodeBody(BerReader reader, Record& record) {
+template <IsDescribed Record> bool DecodeBody(BerReader reader, Record& record) {
   BerElement element;
   while (!reader.AtEnd()) {
     if (!reader.Next(element)) return false;
@@ -303,8 +282,7 @@ bool DecodeBody(BerReader reader, Record& record) {
   return true;
 }
 
-template <class Record>
-bool DecodeObject(const BerElement& element, List<Item>& list) {
+template <class Record> bool DecodeObject(const BerElement& element, List<Item>& list) {
   auto record = NewRecord<Record>();
   if (!record) return element.Refuse();
   Record& object = *record;
@@ -340,8 +318,7 @@ bool DecodeItems(Classes<Records...> classes, const BerElement& tagged, List<Ite
 
 // Stores the record in `group` before its contents are read, so that the caller has it even after a
 // failure.
-template <class Record>
-bool DecodeGroupBody(const BerElement& element, OwnedGroup& group) {
+template <class Record> bool DecodeGroupBody(const BerElement& element, OwnedGroup& group) {
   auto record = NewRecord<Record>();
   if (!record) return element.Refuse();
   Record& body = *record;

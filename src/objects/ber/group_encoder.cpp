@@ -15,10 +15,8 @@ namespace {
 
 void EncodeContent(BerWriter& writer, const ActionList& actions) { EncodeActions(writer, actions); }
 
-template <IsSequence Record>
-void EncodeContent(BerWriter& writer, const Record& record);
-template <class T>
-void EncodeContent(BerWriter& writer, const List<T>& list);
+template <IsSequence Record> void EncodeContent(BerWriter& writer, const Record& record);
+template <class T> void EncodeContent(BerWriter& writer, const List<T>& list);
 
 // ---- Fields under a given tag ----
 
@@ -34,12 +32,10 @@ void EncodeUnder(BerWriter& writer, Tag tag, const OctetString& field) {
 void EncodeUnder(BerWriter& writer, Tag tag, const ContentReference& field) {
   writer.Octets(tag, field.Path.View());
 }
-template <IsChoice Field>
-void EncodeUnder(BerWriter& writer, Tag tag, const Field& field) {
+template <IsChoice Field> void EncodeUnder(BerWriter& writer, Tag tag, const Field& field) {
   writer.Constructed(tag, [&] { Encode(writer, field); });
 }
-template <class Field>
-void EncodeUnder(BerWriter& writer, Tag tag, const Field& field) {
+template <class Field> void EncodeUnder(BerWriter& writer, Tag tag, const Field& field) {
   writer.Constructed(tag, [&] { EncodeContent(writer, field); });
 }
 
@@ -48,8 +44,7 @@ void EncodeUnder(BerWriter& writer, Tag tag, const Field& field) {
 void EncodeElement(BerWriter& writer, const Item& item);
 void EncodeElement(BerWriter& writer, bool field) { writer.Boolean(kBoolean, field); }
 void EncodeElement(BerWriter& writer, std::int32_t field) { writer.Integer(kInteger, field); }
-template <IsEnumeration Enumeration>
-void EncodeElement(BerWriter& writer, Enumeration field) {
+template <IsEnumeration Enumeration> void EncodeElement(BerWriter& writer, Enumeration field) {
   EncodeUnder(writer, kWords<Enumeration>.empty() ? kInteger : kEnumerated, field);
 }
 void EncodeElement(BerWriter& writer, const OctetString& field) {
@@ -65,27 +60,22 @@ void EncodeElement(BerWriter& writer, const Movement& movement) {
 void EncodeElement(BerWriter& writer, const ContentReference& field) {
   writer.Octets(kOctetString, field.Path.View());
 }
-template <IsChoice Field>
-void EncodeElement(BerWriter& writer, const Field& field) {
+template <IsChoice Field> void EncodeElement(BerWriter& writer, const Field& field) {
   if (IsPresent(field)) Encode(writer, field);
 }
-template <IsSequence Record>
-void EncodeElement(BerWriter& writer, const Record& record) {
+template <IsSequence Record> void EncodeElement(BerWriter& writer, const Record& record) {
   EncodeUnder(writer, kSequence, record);
 }
-template <class T>
-void EncodeElement(BerWriter& writer, const List<T>& list) {
+template <class T> void EncodeElement(BerWriter& writer, const List<T>& list) {
   if (!list.IsEmpty()) EncodeUnder(writer, kSequence, list);
 }
 
-template <IsSequence Record>
-void EncodeContent(BerWriter& writer, const Record& record) {
+template <IsSequence Record> void EncodeContent(BerWriter& writer, const Record& record) {
   ForEachElement<Record>(
       [&](const auto& element) { EncodeElement(writer, record.*element.field); });
 }
 
-template <class T>
-void EncodeContent(BerWriter& writer, const List<T>& list) {
+template <class T> void EncodeContent(BerWriter& writer, const List<T>& list) {
   for (const T& entry : list) EncodeElement(writer, entry);
 }
 
@@ -103,8 +93,7 @@ void EncodeAttribute(BerWriter& writer, Tag tag, const Form& form, const Field& 
 }
 
 // Writes the mandatory attributes, and the others that differ from a new record's.
-template <IsDescribed Record>
-void EncodeAttributes(BerWriter& writer, const Record& record) {
+template <IsDescribed Record> void EncodeAttributes(BerWriter& writer, const Record& record) {
   const Record fresh;
   ForEachAttribute<Record>([&](const auto& attribute) {
     const auto& field = record.*attribute.field;
@@ -122,8 +111,7 @@ void EncodeAttributes(BerWriter& writer, const Record& record) {
 
 // ---- Objects ----
 
-template <class Record>
-void EncodeObject(BerWriter& writer, const Record& record) {
+template <class Record> void EncodeObject(BerWriter& writer, const Record& record) {
   writer.Constructed(Context(Description<Record>::heading.tag), [&] {
     Encode(writer, record.Reference);
     EncodeAttributes(writer, record);

@@ -86,15 +86,13 @@ class Completion {
     return isDone;
   }
 
-  template <class T>
-  [[nodiscard]] bool Complete(List<T>& list, const Subject& subject) {
+  template <class T> [[nodiscard]] bool Complete(List<T>& list, const Subject& subject) {
     for (T& entry : list) {
       if (!Complete(entry, subject)) return false;
     }
     return true;
   }
-  template <IsSequence Record>
-  [[nodiscard]] bool Complete(Record& record, const Subject& subject) {
+  template <IsSequence Record> [[nodiscard]] bool Complete(Record& record, const Subject& subject) {
     bool isDone = true;
     ForEachElement<Record>([&](const auto& element) {
       isDone =
@@ -104,8 +102,7 @@ class Completion {
   }
 
   // A value without references.
-  template <class Value>
-  [[nodiscard]] bool Complete(Value& /*value*/, const Subject& /*subject*/) {
+  template <class Value> [[nodiscard]] bool Complete(Value& /*value*/, const Subject& /*subject*/) {
     return true;
   }
 

@@ -11,8 +11,7 @@ namespace korvel::ber {
 // The kinds of value that a place allows, one bit for each ValueKind.
 using KindSet = std::uint32_t;
 
-template <class... Kinds>
-constexpr KindSet SetOfKinds(Kinds... kinds) {
+template <class... Kinds> constexpr KindSet SetOfKinds(Kinds... kinds) {
   return (KindSet{0} | ... | (KindSet{1} << static_cast<unsigned>(kinds)));
 }
 

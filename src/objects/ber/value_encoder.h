@@ -32,10 +32,7 @@ inline bool IsPresent(const ColourValue& value) { return value.Kind != ValueKind
 inline bool IsPresent(const FontBody& value) { return value.Kind != ValueKind::None; }
 inline bool IsPresent(const ContentBody& value) { return value.Data.IsPresent(); }
 inline bool IsPresent(const GenericValue& value) { return value.Kind != ValueKind::None; }
-template <class T>
-bool IsPresent(const T& /*value*/) {
-  return true;
-}
+template <class T> bool IsPresent(const T& /*value*/) { return true; }
 
 // Writes the elements of an action list, which the caller puts into a SEQUENCE or under an
 // attribute's tag. The writer fails for an extension action, which has no tag.

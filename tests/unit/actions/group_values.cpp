@@ -60,8 +60,7 @@ class ValueLines {
     });
   }
 
-  template <class Record>
-  void AddInvisible(const Record& record) {
+  template <class Record> void AddInvisible(const Record& record) {
     if constexpr (requires { record.OriginalValue; }) Add("Value", record.Value);
     if constexpr (std::is_base_of_v<TokenGroup, Record>) Add("TokenPosition", record.TokenPosition);
     if constexpr (std::is_base_of_v<ListGroup, Record>) {
@@ -78,8 +77,7 @@ class ValueLines {
     }
   }
 
-  template <class Record>
-  void AddVisible(const Record& record) {
+  template <class Record> void AddVisible(const Record& record) {
     if constexpr (std::is_base_of_v<Visible, Record>) {
       Add("BoxSize", record.BoxSize);
       Add("Position", record.Position);
@@ -103,8 +101,7 @@ class ValueLines {
     if constexpr (std::is_base_of_v<Interactible, Record>) AddInteractible(record);
   }
 
-  template <class Record>
-  void AddInteractible(const Record& record) {
+  template <class Record> void AddInteractible(const Record& record) {
     Add("HighlightStatus", record.HighlightStatus);
     Add("InteractionStatus", record.InteractionStatus);
     if constexpr (std::is_base_of_v<EntryField, Record>) {
@@ -130,17 +127,13 @@ class ValueLines {
     object_ += std::to_string(reference.Number) + " ";
   }
 
-  template <class... Values>
-  void Add(const char* name, const Values&... values) {
+  template <class... Values> void Add(const char* name, const Values&... values) {
     (lines_ += object_) += name;
     PrintAll(values...);
     lines_ += '\n';
   }
 
-  template <class... Values>
-  void PrintAll(const Values&... values) {
-    (Print(values), ...);
-  }
+  template <class... Values> void PrintAll(const Values&... values) { (Print(values), ...); }
   void Print(bool value) { lines_ += value ? " TRUE" : " FALSE"; }
   void Print(std::int32_t value) { (lines_ += ' ') += std::to_string(value); }
   void Print(const OctetString& value) {
@@ -165,8 +158,7 @@ class ValueLines {
   }
   void Print(const BoxSize& value) { PrintAll(value.Width, value.Height); }
   void Print(const Position& value) { PrintAll(value.X, value.Y); }
-  template <class Entry>
-  void Print(const List<Entry>& list) {
+  template <class Entry> void Print(const List<Entry>& list) {
     for (const Entry& entry : list) {
       Print(entry);
       lines_ += ';';

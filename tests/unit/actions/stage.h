@@ -45,10 +45,7 @@ class Stage : public EngineTest {
   // The marks logged since the last call, separated by blanks. Clears the log.
   static std::string TakeLog();
 
-  template <class Record>
-  static Record& Object(int number) {
-    return Find(number).As<Record>();
-  }
+  template <class Record> static Record& Object(int number) { return Find(number).As<Record>(); }
   static FoundObject Find(int number);
   static std::int32_t Integer(int number) { return Object<IntegerVariable>(number).Value; }
   static bool Boolean(int number) { return Object<BooleanVariable>(number).Value; }
@@ -77,8 +74,7 @@ inline std::string StoppedRectangles(int count) {
 GenericValue IntegerValue(std::int32_t number);
 GenericValue OctetsValue(std::string_view octets);
 GenericValue ReferenceValue(int number);
-template <class... Values>
-List<GenericValue> ParametersOf(Values... values) {
+template <class... Values> List<GenericValue> ParametersOf(Values... values) {
   List<GenericValue> list;
   (static_cast<void>(list.Append(std::move(values))), ...);
   return list;

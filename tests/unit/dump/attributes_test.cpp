@@ -18,8 +18,7 @@ namespace {
 
 void Modify(bool& field) { field = !field; }
 void Modify(std::int32_t& field) { field += 17; }
-template <IsEnumeration Enumeration>
-void Modify(Enumeration& field) {
+template <IsEnumeration Enumeration> void Modify(Enumeration& field) {
   field = static_cast<Enumeration>(field == Enumeration{1} ? 2 : 1);
 }
 void Modify(OctetString& field) { ASSERT_TRUE(field.Assign("changed")); }
@@ -39,18 +38,15 @@ void Modify(GenericValue& field) {
   field.Kind = ValueKind::Integer;
   field.Integer = 17;
 }
-template <IsSequence Record>
-void Modify(Record& field) {
+template <IsSequence Record> void Modify(Record& field) {
   ForEachElement<Record>([&](const auto& element) { Modify(field.*element.field); });
 }
-template <class Entry>
-void Modify(List<Entry>& field) {
+template <class Entry> void Modify(List<Entry>& field) {
   ASSERT_NE(field.Append(Entry{}), nullptr);
 }
 void Modify(List<Item>& field) { ASSERT_NE(field.Append(Item::New(ItemType::Audio)), nullptr); }
 
-template <class Record>
-std::string Dumped(const Record& record) {
+template <class Record> std::string Dumped(const Record& record) {
   return Printed([&record](std::FILE* stream) {
     if constexpr (std::is_same_v<Record, Application>) DumpApplication(record, 0, stream);
     if constexpr (std::is_same_v<Record, Scene>) DumpScene(record, 0, stream);
@@ -66,8 +62,7 @@ std::string Dumped(const Item& item) {
 
 // Calls visit(keyword, field) for each attribute of the record, including those of its nested
 // records.
-template <class Record, class Visit>
-void ForEachField(Record& record, Visit&& visit) {
+template <class Record, class Visit> void ForEachField(Record& record, Visit&& visit) {
   ForEachAttribute<Record>([&](const auto& attribute) {
     auto& field = record.*attribute.field;
     if constexpr (IsDescribed<std::remove_cvref_t<decltype(field)>>) {
@@ -79,8 +74,7 @@ void ForEachField(Record& record, Visit&& visit) {
 }
 
 // Calls visit(keyword, change) for each attribute of the class; change(record) changes it.
-template <class Record, class Visit>
-void ForEachChange(Visit&& visit) {
+template <class Record, class Visit> void ForEachChange(Visit&& visit) {
   Record names;
   std::size_t count = 0;
   ForEachField(names, [&](const char* keyword, auto& /*field*/) {
@@ -94,19 +88,14 @@ void ForEachChange(Visit&& visit) {
   });
 }
 
-template <class Record>
-Record& RecordOf(const Item& item) {
-  return item.As<Record>();
-}
+template <class Record> Record& RecordOf(const Item& item) { return item.As<Record>(); }
 
-template <class Visit>
-void ForEachItemClass(Visit&& visit) {
+template <class Visit> void ForEachItemClass(Visit&& visit) {
   ForEachClass(ItemClasses{}, visit);
   ForEachClass(ComponentClasses{}, visit);
 }
 
-template <class Record>
-void ExpectAllInDumpOfGroup() {
+template <class Record> void ExpectAllInDumpOfGroup() {
   ForEachChange<Record>([](const char* keyword, auto&& change) {
     const Record before;
     Record after;
@@ -145,8 +134,7 @@ std::size_t CountDifferentLines(const std::string& one, const std::string& other
 
 // The number of lines of the dump that a changed attribute changes, for objects that are prepared
 // or not.
-template <class Record>
-std::size_t CountChangedLines(const auto& change, bool isPrepared) {
+template <class Record> std::size_t CountChangedLines(const auto& change, bool isPrepared) {
   const Item before = Item::New(Description<Record>::heading.type);
   const Item after = Item::New(Description<Record>::heading.type);
   change(RecordOf<Record>(after));

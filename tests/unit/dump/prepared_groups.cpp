@@ -17,16 +17,14 @@ void Set(ObjectReference& field, std::string_view group, std::int32_t number) {
   field.Number = number;
 }
 
-template <class T>
-void Add(List<T>& list, T&& value) {
+template <class T> void Add(List<T>& list, T&& value) {
   ASSERT_NE(list.Append(std::move(value)), nullptr);
 }
 
 void SetUp(Root& root) { root.AvailabilityStatus = root.RunningStatus = true; }
 
 // The item with that number. Items are numbered from 1 in order.
-template <class Record>
-Record& At(Group& group, std::int32_t number) {
+template <class Record> Record& At(Group& group, std::int32_t number) {
   auto& record = group.Items.At(static_cast<std::size_t>(number) - 1)->As<Record>();
   EXPECT_EQ(record.Reference.Number, number);
   return record;

@@ -13,8 +13,7 @@
 namespace korvel {
 
 // Returns the text that print(stream) writes.
-template <class Print>
-std::string Printed(Print&& print) {
+template <class Print> std::string Printed(Print&& print) {
   std::FILE* stream = std::tmpfile();
   print(stream);
   std::string text;

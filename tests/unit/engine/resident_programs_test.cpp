@@ -118,8 +118,7 @@ class ResidentProgramsTest : public EngineTest {
     return names;
   }
 
-  template <class Record>
-  static Record& Object(Variable variable) {
+  template <class Record> static Record& Object(Variable variable) {
     return FindObject(Scope::ApplicationFirst, "~/a", variable).As<Record>();
   }
   static std::int32_t Integer(Variable variable) { return Object<IntegerVariable>(variable).Value; }

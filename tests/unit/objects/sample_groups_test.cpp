@@ -23,8 +23,7 @@ struct Seen {
   std::array<bool, 256> bytes{};
 };
 
-template <class Field>
-void Look(const Field& /*field*/, Seen& /*seen*/) {}
+template <class Field> void Look(const Field& /*field*/, Seen& /*seen*/) {}
 void Look(const OctetString& field, Seen& seen) {
   for (const char byte : field.View()) seen.bytes[static_cast<unsigned char>(byte)] = true;
 }

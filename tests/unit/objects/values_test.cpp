@@ -26,8 +26,7 @@ GenericValue MakeValue() {
 
 // Copies with the n-th allocation failing, for each n until none fails. The target must stay
 // unchanged each time.
-template <class T>
-void ExpectCopyIsDeepAndSafe(const T& value) {
+template <class T> void ExpectCopyIsDeepAndSafe(const T& value) {
   const std::size_t before = LiveBlocks();
   {
     T target{};

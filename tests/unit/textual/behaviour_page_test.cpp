@@ -28,8 +28,7 @@ std::set<std::string> KeywordsOfTable() {
   return keywords;
 }
 
-template <class Record>
-void ExpectClass(const std::set<std::string>& keywords) {
+template <class Record> void ExpectClass(const std::set<std::string>& keywords) {
   const std::string heading = Description<Record>::heading.keyword;
   EXPECT_TRUE(keywords.contains(heading)) << heading;
   ForEachAttribute<Record>([&](const auto& attribute) {

@@ -67,8 +67,7 @@ TEST(TextReader, a_scene_is_read_into_its_records) {
 Reading ReadItems(const std::string& items) {
   return ReadText("{:Scene (\"~/s\" 0) :Items (" + items + ")}");
 }
-template <class Record>
-const Record& Only(const Reading& reading) {
+template <class Record> const Record& Only(const Reading& reading) {
   EXPECT_EQ(reading.result, TextResult::Done)
       << reading.error.place.line << ":" << reading.error.place.column << " found "
       << reading.error.found.data() << ", expected " << reading.error.expected.data();

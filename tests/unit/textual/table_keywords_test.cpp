@@ -30,15 +30,12 @@ void MeetForm(Words300& words, const char* keyword, const Form& form) {
   words.Meet(keyword);
   if (form.innerKeyword != nullptr) words.Meet(form.innerKeyword);
 }
-template <class Field>
-void MeetWords(Words300& /*words*/, const Field& /*field*/) {}
-template <IsEnumeration Enumeration>
-void MeetWords(Words300& words, const Enumeration& /*field*/) {
+template <class Field> void MeetWords(Words300& /*words*/, const Field& /*field*/) {}
+template <IsEnumeration Enumeration> void MeetWords(Words300& words, const Enumeration& /*field*/) {
   for (const char* word : kWords<Enumeration>) words.Meet(word);
 }
 
-template <class Record>
-void MeetClass(Words300& words) {
+template <class Record> void MeetClass(Words300& words) {
   words.Meet(Description<Record>::heading.keyword);
   Record record{};
   ForEachWrittenAttribute<Record>(

@@ -4,8 +4,7 @@
 namespace korvel::test {
 namespace {
 
-template <class Function>
-void Find(HMODULE module, const char* name, Function& function) {
+template <class Function> void Find(HMODULE module, const char* name, Function& function) {
   function = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
 }
 

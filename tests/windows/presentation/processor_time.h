@@ -21,8 +21,7 @@ inline std::uint64_t ProcessorMs() {
   return milliseconds(inKernel) + milliseconds(inProgram);
 }
 
-template <class Function>
-std::uint64_t MillisecondsFor(Function&& function) {
+template <class Function> std::uint64_t MillisecondsFor(Function&& function) {
   const std::uint64_t start = ProcessorMs();
   function();
   return ProcessorMs() - start;

@@ -6,8 +6,7 @@
 namespace korvel::test {
 namespace {
 
-template <class Thing>
-Thing* At(HMODULE module, std::size_t offset) {
+template <class Thing> Thing* At(HMODULE module, std::size_t offset) {
   return reinterpret_cast<Thing*>(reinterpret_cast<char*>(module) + offset);
 }
 

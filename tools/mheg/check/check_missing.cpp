@@ -20,8 +20,7 @@ class MissingCheck {
   MissingCheck(std::int32_t object, const char* className, Findings& findings)
       : object_(object), className_(className), findings_(findings) {}
 
-  template <class Record>
-  void Check(const Record& record) {
+  template <class Record> void Check(const Record& record) {
     const Record construction{};
     ForEachWrittenAttribute<Record>(
         [&](const char* keyword, const Form& form, const auto& field, const auto& constructed) {

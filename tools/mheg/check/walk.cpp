@@ -9,8 +9,7 @@ namespace {
 using namespace korvel;
 
 // Fields of all other types contain nothing to visit.
-template <class Field>
-void WalkField(const Field& /*field*/, GroupVisitor& /*visitor*/) {}
+template <class Field> void WalkField(const Field& /*field*/, GroupVisitor& /*visitor*/) {}
 
 void WalkField(const ObjectReference& reference, GroupVisitor& visitor);
 void WalkField(const OptionalReference& reference, GroupVisitor& visitor);
@@ -22,12 +21,10 @@ void WalkField(const ElementaryAction& action, GroupVisitor& visitor);
 void WalkField(const ActionSlot& slot, GroupVisitor& visitor);
 void WalkField(const Item& item, GroupVisitor& visitor);
 
-template <IsSequence Record>
-void WalkField(const Record& record, GroupVisitor& visitor) {
+template <IsSequence Record> void WalkField(const Record& record, GroupVisitor& visitor) {
   ForEachElement<Record>([&](const auto& element) { WalkField(record.*element.field, visitor); });
 }
-template <class Entry>
-void WalkField(const List<Entry>& list, GroupVisitor& visitor) {
+template <class Entry> void WalkField(const List<Entry>& list, GroupVisitor& visitor) {
   for (const Entry& entry : list) WalkField(entry, visitor);
 }
 
@@ -59,8 +56,7 @@ void WalkField(const ElementaryAction& action, GroupVisitor& visitor) {
 }
 void WalkField(const ActionSlot& slot, GroupVisitor& visitor) { WalkField(slot.Actions, visitor); }
 
-template <class Record>
-void WalkAttributes(const Record& record, GroupVisitor& visitor) {
+template <class Record> void WalkAttributes(const Record& record, GroupVisitor& visitor) {
   ForEachAttribute<Record>([&](const auto& attribute) {
     const auto& field = record.*attribute.field;
     using Field = std::remove_cvref_t<decltype(field)>;

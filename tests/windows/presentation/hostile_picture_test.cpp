@@ -41,11 +41,10 @@ std::string GreenMetafile() {
 
 // Whether GDI+ by itself can read the file.
 bool IsReadByGdiPlus(const std::string& file) {
-  GlobalBlock block;
   IStream* stream = nullptr;
-  if (!block.Assign(file) || CreateStreamOnHGlobal(block.Get(), FALSE, &stream) != S_OK) {
-    return false;
-  }
+  if (CreateStreamOnHGlobal(nullptr, TRUE, &stream) != S_OK) return false;
+  stream->Write(file.data(), static_cast<ULONG>(file.size()), nullptr);
+  stream->Seek({}, STREAM_SEEK_SET, nullptr);
   ImageOwner image;
   const bool isRead = Succeeded(gdip::GdipLoadImageFromStream(stream, image.Slot()));
   image.Reset();

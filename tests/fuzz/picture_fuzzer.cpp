@@ -11,6 +11,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   korvel::FrameSize frame;
   const bool isSized = korvel::FindFrameSize(file, frame);
   const auto isSide = [](std::int32_t side) { return side >= 1 && side <= 4095; };
-  if (isSized && !(isSide(frame.Width) && isSide(frame.Height))) std::abort();
+  if (isSized && !(isSide(frame.width) && isSide(frame.height))) std::abort();
   return 0;
 }

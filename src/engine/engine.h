@@ -132,10 +132,9 @@ Result VisitVariable(const FoundObject& found, Result otherwise, Visit&& visit) 
   }
 }
 
-// Finds an object of the running groups by group identifier (a leading "~" is dropped) and number.
-// Finds classes 1 to 27, including the components of streams.
-[[nodiscard]] FoundObject FindObject(Scope scope, std::string_view groupIdentifier,
-                                     std::int32_t number);
+// Finds an object of the running groups by the name of its group (a leading "~" is dropped) and
+// number. Finds classes 1 to 27, including the components of streams.
+[[nodiscard]] FoundObject FindObject(Scope scope, std::string_view name, std::int32_t number);
 
 // ---- Events ----
 

@@ -1,6 +1,6 @@
 #!/bin/sh
 # Fails if clang-tidy reports an error in a source file. Usage: check-tidy.sh BUILD_FOLDER
-# Tests are not checked: that takes longer than running them, and the compiler warns about them.
+# Tests are not checked: that takes longer than running them, and the compiler's warnings suffice.
 # For a Windows build only the Windows sources are checked, because the native build checks the
 # others.
 set -eu

@@ -8,16 +8,16 @@
 namespace korvel {
 namespace {
 
-// The numbers with which a feature is supported.
+// The arguments with which a feature is supported.
 enum class Rule : std::uint8_t {
-  Always,        // takes no numbers
-  AnyNumber,     // one
-  AtMostOne,     // one
-  ExactlyOne,    // one
+  Always,        // no argument
+  AnyNumber,     // one argument of any value
+  AtMostOne,     // one argument, at most 1
+  ExactlyOne,    // one argument, which is 1
   SceneSize,     // width and height
   SceneRatio,    // width and height
   PositiveSize,  // a content hook, a width and a height
-  Never,         // with any numbers
+  Never,         // whatever the arguments
 };
 
 struct Feature {
@@ -48,7 +48,7 @@ constexpr Feature kFeatures[] = {
 
 constexpr std::size_t kMostNumbers = 3;
 
-// A feature in a query: a name, and numbers in parentheses.
+// A parsed query: the name of a feature, and numbers in parentheses.
 struct Question {
   std::string_view name;
   std::array<std::int32_t, kMostNumbers> numbers{};

@@ -1,4 +1,5 @@
-// The arithmetic of a slider's track, in double precision.
+// Computes the bar and the marker of a slider, in double precision: its rounding decides which
+// pixels are covered.
 #include "appearance/slider_bar.h"
 
 #include <algorithm>
@@ -20,7 +21,8 @@ class Track {
         near_(isUpright_ ? slider.Position.Y : slider.Position.X),
         length_(isUpright_ ? slider.BoxSize.Height : slider.BoxSize.Width) {}
 
-  // The position of a value, in scene pixels. The bar never reaches the box's last pixel.
+  // The position of a value, in scene pixels. Values count from 0, not from the minimum. The bar
+  // never covers the pixel at the end opposite its start.
   [[nodiscard]] std::int64_t At(std::int64_t value) const {
     const double range = static_cast<double>(slider_.MaxValue) - slider_.MinValue;
     const double distance = static_cast<double>(length_ - 1) / range * static_cast<double>(value);

@@ -1,4 +1,5 @@
-// The printers of visible ingredients.
+// Prints the fields of visible ingredients. The words are fixed, with their misspellings ("Not
+// Define", "ObsuredInput"), because tools compare dumps.
 #include "dump/tree.h"
 
 namespace korvel {

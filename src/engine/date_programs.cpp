@@ -24,7 +24,7 @@ constexpr int DaysOfMonth(std::int64_t year, int month) {
   return month == 2 && IsLeapYear(year) ? 29 : kDays[month - 1];
 }
 
-// The date of a day number. A negative number is an error and means day 0.
+// Converts a day number to a date. Reports a negative number and treats it as day 0.
 Date DateOf(std::int32_t dayNumber) {
   if (dayNumber < 0) {
     Say(Message::MonthError);
@@ -46,7 +46,8 @@ Date DateOf(std::int32_t dayNumber) {
   return date;
 }
 
-// The day number by the formula of digital broadcasting.
+// Converts a date to a Modified Julian Date with the formula of ETSI EN 300 468, annex C, whose
+// variables are `l` and `y`.
 std::int32_t DayNumberOf(const LocalTime& now) {
   const int l = now.month <= 2 ? 1 : 0;
   const int y = now.year - 1900;
@@ -58,7 +59,7 @@ constexpr std::int32_t Coded(std::int32_t twoDigits) {
   return twoDigits / 10 << 4 | twoDigits % 10;
 }
 
-// Two digits of a coded time: 0 the hours, 1 the minutes, 2 the seconds.
+// Decodes two digits of a coded time. `pair` is 0 for hours, 1 for minutes, 2 for seconds.
 constexpr int Decoded(std::int32_t time, int pair) {
   const std::uint32_t digits = static_cast<std::uint32_t>(time) >> (16 - 8 * pair);
   return static_cast<int>((digits >> 4 & 0xF) * 10 + (digits & 0xF));

@@ -1,4 +1,4 @@
-// The path rules of the broadcast file system. A name begins with "DSM:" or "~" and a slash. The
+// The path rules of the broadcast file system. A name begins with "DSM:/", "~/" or nothing. The
 // rest is relative to the current directory, or to the root when two slashes follow "DSM:".
 
 #include "engine/core.h"
@@ -14,7 +14,7 @@ constexpr auto kNone = std::string_view::npos;
 constexpr std::string_view kParentStep = "/../";
 constexpr std::string_view kRootPrefix = "DSM:";
 
-// `directory` and `name` in one string; false if memory runs out.
+// Concatenates `directory` and `name`. False if memory runs out.
 bool Join(std::string_view directory, std::string_view name, OctetString& joined) {
   OctetString path;
   if (!path.Assign(directory) || !path.Append(name)) return false;
@@ -40,9 +40,9 @@ bool FetchStartUpAt(std::string_view path, OctetString& bytes) {
   return FetchStartUpNames({}, bytes);
 }
 
-// Removes each "/../" together with the component before it. As content expects, no slash is put
-// between the two pieces: x/y/../z becomes xz. Names may be long, so this is a single pass, which
-// never writes past its read position.
+// Removes each "/../" together with the component before it. Content relies on the two
+// parts being joined without a slash: x/y/../z becomes xz. Names may be long, so this is a single
+// pass, which never writes past its read position.
 bool RemoveParentSteps(OctetString& path) {
   char* bytes = path.MutableBytes();
   std::size_t kept = 0;
@@ -56,7 +56,7 @@ bool RemoveParentSteps(OctetString& path) {
   return path.Assign({bytes, kept});
 }
 
-// A name without its prefix: the directory that it is relative to, and the rest.
+// A group name without its prefix: the directory that it is relative to, and the path from there.
 struct PathParts {
   std::string_view directory;
   std::string_view rest;
@@ -72,8 +72,8 @@ PathParts SplitName(std::string_view name) {
   return {directory, name.substr(start), !directory.empty()};
 }
 
-// The file name that a group name means. False for names that lead out of the carousel or to a
-// common interface module, or if memory runs out.
+// Converts a group name to a file name. False for names that lead out of the carousel, for names of
+// a common interface module ("CI:"), or if memory runs out.
 bool MakeFileName(std::string_view groupName, OctetString& fileName) {
   if (groupName.starts_with("CI:")) return false;
   const PathParts parts = SplitName(groupName);
@@ -119,7 +119,8 @@ bool SetDirectoryOfLaunched(std::string_view groupName) {
 bool SetDirectoryOfSpawned(std::string_view groupName) {
   const std::size_t last = groupName.rfind('/');
   if (last == kNone || last < 2) return true;
-  // The name is assumed to begin with "~/". The directory has no slash at its end.
+  // Content relies on both: the name is assumed to begin with "~/", and unlike the directory of a
+  // launched application this one does not end with a slash.
   return TheCore().currentDirectory.Assign(groupName.substr(2, last - 2));
 }
 

@@ -1,5 +1,5 @@
-// The process-wide record of the host's folder: the state that the exports, the engine thread and
-// the worker share; and the trace stream. The queues have their own state.
+// The process-wide state that the exported functions, the engine thread and the worker share. The
+// queues have their own state. Also declares the setter of the trace stream.
 #pragma once
 
 #include <windows.h>
@@ -36,12 +36,13 @@ struct ThreadIdentity {
 };
 
 struct HostState {
-  // Guards the four members below it and the end of the window, so that a close request reaches the
-  // engine it is meant for. Never held during a call of the host, a wait or a drawing.
+  // Guards the next four members and the destruction of the window, so that a close request reaches
+  // the engine it is meant for. It is never held while a function of the host object runs, while a
+  // thread waits, or while the window is painted.
   SRWLOCK lock = SRWLOCK_INIT;
   Phase phase = Phase::Idle;
   HANDLE engineThread = nullptr;  // owned; closed by the engine thread itself as its last step
-  ThreadIdentity lastThread;      // has closed its handle and may still be ending
+  ThreadIdentity lastThread;      // the previous engine thread, which may not have exited yet
   DWORD startingThreadId = 0;     // the caller of RunMHEG5Window while that is running
 
   HMODULE library = nullptr;   // this library; the engine thread holds a reference to it
@@ -49,7 +50,7 @@ struct HostState {
 
   std::atomic<DWORD> engineThreadId = 0;
   std::atomic<DWORD> workerThreadId = 0;
-  std::atomic<HWND> engineWindow = nullptr;  // null again before the window is destroyed
+  std::atomic<HWND> engineWindow = nullptr;  // reset to null before the window is destroyed
   std::atomic<HWND> hostWindow = nullptr;
   std::atomic<MHEG5Host*> hostObject = nullptr;  // one reference, from start to the worker's end
 
@@ -65,7 +66,7 @@ struct HostState {
 // terminated at arbitrary points, and this record must not be touched.
 extern HostState hostState;
 
-// Held in the scope that reads or changes what HostState::lock guards.
+// A scoped lock of HostState::lock.
 class [[nodiscard]] StateLocked {
  public:
   StateLocked() { AcquireSRWLockExclusive(&hostState.lock); }
@@ -80,11 +81,12 @@ void AllowRunning();
 // Clears the running flag: a waiting file fetch fails, and keys and timer expiries are dropped.
 void StopRunning();
 
-// Clears the running flag until the engine has ended.
+// Clears the running flag and records the close: AllowRunning has no effect until the next start.
 void StopForClose();
 
-// Sends the trace to `stream`, borrowed until another stream or null is set, before the engine
-// starts. Nothing in the engine calls it: it is for a developer who debugs the two threads.
+// Sets the stream that the trace is written to; null turns the trace off. To be called only while
+// no engine runs. The caller owns the stream and keeps it open until it is replaced. Nothing in the
+// engine calls it: it is for a developer who debugs the two threads.
 void SetTraceStream(std::FILE* stream);
 
 }  // namespace korvel

@@ -1,4 +1,4 @@
-// The allocator of the delivered library: the C heap. Tests link a counting allocator instead.
+// The allocator of the product, which uses the C heap. Tests link a counting allocator instead.
 #include "objects/memory.h"
 
 #include <cstdlib>

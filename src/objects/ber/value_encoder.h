@@ -1,5 +1,5 @@
-// Encodes values and actions. A type that is one universal type can take an implicit tag; a choice
-// of several types needs an explicit one, which holds an element of the type.
+// Encodes values and actions. A value of one ASN.1 type can be tagged implicitly. A CHOICE must be
+// tagged explicitly: the tag encloses the whole element of the chosen type.
 #pragma once
 
 #include <concepts>
@@ -9,7 +9,7 @@
 
 namespace korvel::ber {
 
-// The types that are a choice of several universal ones.
+// The types that are encoded as a CHOICE.
 template <class T>
 concept IsChoice = std::same_as<T, ObjectReference> || std::same_as<T, OptionalReference> ||
     std::same_as<T, ColourValue> || std::same_as<T, FontBody> || std::same_as<T, ContentBody> ||
@@ -34,7 +34,7 @@ inline bool IsPresent(const ContentBody& value) { return value.Data.IsPresent();
 inline bool IsPresent(const GenericValue& value) { return value.Kind != ValueKind::None; }
 template <class T> bool IsPresent(const T& /*value*/) { return true; }
 
-// Writes the elements of an action list, which the caller puts into a SEQUENCE or under an
+// Writes the elements of an action list. The caller writes the enclosing SEQUENCE or the
 // attribute's tag. The writer fails for an extension action, which has no tag.
 void EncodeActions(BerWriter& writer, const ActionList& actions);
 

@@ -1,4 +1,4 @@
-// Reads pixels and measures them.
+// Captures the back buffer or a window, and measures the drawing in it.
 #include "windows/presentation/pixels.h"
 
 #include <algorithm>

@@ -36,12 +36,12 @@ make_machine() {
   rm -rf "$1"
   cp -a "$fresh/base" "$1"
   cp -L /etc/resolv.conf /etc/hosts "$1/etc/"
-  git clone -q . "$1/root/korvel"
+  git clone -q . "$1/srv/korvel"
 }
 
 run_target() {
   run_in_root "$1" "$fresh/packages" env SECONDS="${SECONDS:-60}" \
-    timeout --kill-after=5 "${LIMIT:-7200}" make -C /root/korvel "$2"
+    timeout --kill-after=5 "${LIMIT:-7200}" make -C /srv/korvel "$2"
 }
 
 packages_in() { dpkg-query --admindir="$1/var/lib/dpkg" -W | wc -l; }

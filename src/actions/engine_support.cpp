@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "actions/behaviours.h"
+#include "objects/bounded_list.h"
 
 namespace korvel {
 namespace {
@@ -51,8 +52,7 @@ constexpr std::size_t kMostNumbers = 3;
 // A parsed query: the name of a feature, and numbers in parentheses.
 struct Question {
   std::string_view name;
-  std::array<std::int32_t, kMostNumbers> numbers{};
-  std::size_t count = 0;
+  BoundedList<std::int32_t, kMostNumbers> numbers;
 };
 
 // Removes one number from the front of `rest`. False when there is none.
@@ -70,8 +70,9 @@ bool ReadQuestion(std::string_view text, Question& question) {
   question.name = text.substr(0, open);
   if (open == std::string_view::npos) return true;
   std::string_view rest = text.substr(open + 1);
-  while (question.count < kMostNumbers && TakeNumber(rest, question.numbers[question.count])) {
-    ++question.count;
+  std::int32_t number = 0;
+  while (!question.numbers.IsFull() && TakeNumber(rest, number)) {
+    question.numbers.Append(std::move(number));
     if (rest == ")") return true;
     if (!rest.starts_with(',')) return false;
     rest.remove_prefix(1);
@@ -80,15 +81,16 @@ bool ReadQuestion(std::string_view text, Question& question) {
 }
 
 bool IsSupported(Rule rule, const Question& question) {
-  const auto& [first, second, third] = question.numbers;
+  const auto& numbers = question.numbers;
+  const std::size_t count = numbers.Size();
   switch (rule) {
-  case Rule::Always: return question.count == 0;
-  case Rule::AnyNumber: return question.count == 1;
-  case Rule::AtMostOne: return question.count == 1 && first <= 1;
-  case Rule::ExactlyOne: return question.count == 1 && first == 1;
-  case Rule::SceneSize: return question.count == 2 && first == 720 && second == 576;
-  case Rule::SceneRatio: return question.count == 2 && first == 4 && second == 3;
-  case Rule::PositiveSize: return question.count == 3 && second > 0 && third > 0;
+  case Rule::Always: return count == 0;
+  case Rule::AnyNumber: return count == 1;
+  case Rule::AtMostOne: return count == 1 && numbers[0] <= 1;
+  case Rule::ExactlyOne: return count == 1 && numbers[0] == 1;
+  case Rule::SceneSize: return count == 2 && numbers[0] == 720 && numbers[1] == 576;
+  case Rule::SceneRatio: return count == 2 && numbers[0] == 4 && numbers[1] == 3;
+  case Rule::PositiveSize: return count == 3 && numbers[1] > 0 && numbers[2] > 0;
   case Rule::Never: return false;
   }
   return false;

@@ -8,21 +8,22 @@ namespace {
 // The group name in the target of Launch, Spawn or TransitionTo: the group identifier of a direct
 // target, or the value of the octet string variable that an indirect target names. False if there
 // is no such name.
-bool ReadGroupName(const Asker& asker, const GenericValue& target, OctetString& name) {
+bool ReadGroupName(const ReferenceContext& context, const GenericValue& target, OctetString& name) {
   if (!IsIndirect(target)) {
     const OctetString& group = target.Reference.GroupIdentifier;
-    return name.Assign(group.IsPresent() ? group.View() : asker.groupName);
+    return name.Assign(group.IsPresent() ? group.View() : context.groupName);
   }
-  const FoundObject variable = Find(asker, target.Reference);
+  const FoundObject variable = Find(context, target.Reference);
   return variable.type == ItemType::OctetStringVariable &&
          name.Assign(variable.As<OctetStringVariable>().Value.View());
 }
 
 // Spawn and TransitionTo also accept an object reference variable, as other actions do.
-bool ReadGroupNameOrReference(const Asker& asker, const GenericValue& target, OctetString& name) {
-  if (ReadGroupName(asker, target, name)) return true;
+bool ReadGroupNameOrReference(const ReferenceContext& context, const GenericValue& target,
+                              OctetString& name) {
+  if (ReadGroupName(context, target, name)) return true;
   if (!IsIndirect(target)) return false;
-  const FoundObject variable = Find(asker, target.Reference);
+  const FoundObject variable = Find(context, target.Reference);
   return variable.type == ItemType::ObjectRefVariable &&
          name.Assign(variable.As<ObjectRefVariable>().Value.GroupIdentifier.View());
 }

@@ -33,7 +33,7 @@ bool SetUp(ListGroup& group) {
   List<ListItem> items;
   for (const TokenGroupItem& member : group.TokenGroupItems) {
     ListItem item;
-    if (!MayGoOn() || !Copy(member.AVisible, item.AVisible)) return false;
+    if (!MayContinue() || !Copy(member.AVisible, item.AVisible)) return false;
     if (items.Append(std::move(item)) == nullptr) return false;
   }
   group.ItemList = std::move(items);
@@ -143,7 +143,7 @@ Status EnterDisplayStack(ItemType type, Ingredient& visible) {
 void LeaveDisplayStack(ItemType type, Ingredient& visible) {
   Application* application = CurrentApplication();
   if (application == nullptr) return;
-  (void)RemoveFromStack(*application, type, visible);  // a visible without an entry is fine
+  RemoveFromStack(*application, type, visible);  // a visible without an entry is fine
 }
 
 Change Activate(ItemType type, Ingredient& ingredient) {

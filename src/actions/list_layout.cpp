@@ -13,7 +13,7 @@ std::int32_t StartItem(const ListGroup& group) { return std::max(EffectiveFirstI
 // Puts an item's visible into a cell.
 Status Place(ListGroup& group, ListItem& item, const Position& cell) {
   item.IsPresented = true;
-  const FoundObject found = Find(AskerFor(group), item.AVisible);
+  const FoundObject found = Find(ContextOf(group), item.AVisible);
   if (!IsVisibleClass(found.type)) return Status::Done;
   auto& visible = found.As<Visible>();
   if (Prepare(found.type, visible) == Change::Failure) return Status::Failure;
@@ -34,7 +34,7 @@ Status WithdrawUnplaced(ListGroup& group) {
   const std::int32_t cells = CellCount(group);
   std::int32_t cell = 1 - StartItem(group);  // the cell of item 1, counted from 0; may be negative
   for (ListItem& item : group.ItemList) {
-    if (!MayGoOn()) return Status::Failure;
+    if (!MayContinue()) return Status::Failure;
     const std::int32_t wrapped = cell < 0 && group.WrapAround ? cell + count : cell;
     if (wrapped < 0 || wrapped >= cells) Withdraw(group, item);
     ++cell;
@@ -46,7 +46,7 @@ Status WithdrawUnplaced(ListGroup& group) {
 Status PlaceItems(ListGroup& group) {
   std::int32_t cell = 1;
   for (const Position& position : group.Positions) {
-    if (!MayGoOn()) return Status::Failure;
+    if (!MayContinue()) return Status::Failure;
     ListItem* item = ItemAt(group, ItemInCell(group, cell++));
     if (item == nullptr) continue;
     const Status status = Place(group, *item, position);
@@ -109,7 +109,7 @@ Status LayOut(ListGroup& group) {
 
 void Withdraw(const ListGroup& group, ListItem& item) {
   item.IsPresented = false;
-  const FoundObject found = Find(AskerFor(group), item.AVisible);
+  const FoundObject found = Find(ContextOf(group), item.AVisible);
   if (!IsVisibleClass(found.type)) return;
   StopSilently(found.type, found.As<Ingredient>());
   LeaveDisplayStack(found.type, found.As<Ingredient>());
@@ -131,7 +131,7 @@ Change DeactivateListGroup(ListGroup& group) {
   if (group.RunningStatus)
     return Change::Nothing;  // a link that waits for the event has run it again
   for (ListItem& item : group.ItemList) {
-    if (!MayGoOn()) return Change::Failure;
+    if (!MayContinue()) return Change::Failure;
     Withdraw(group, item);
   }
   return ChangeOf(RequestRedraw());

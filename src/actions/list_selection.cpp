@@ -44,7 +44,7 @@ Status DeselectListItem(ListGroup& group, ListItem* item) {
 bool CollectSelected(const ListGroup& group, List<ObjectReference>& selected) {
   for (const ListItem& item : group.ItemList) {
     ObjectReference reference;
-    if (!MayGoOn()) return false;
+    if (!MayContinue()) return false;
     if (!item.IsSelected) continue;
     if (!Copy(item.AVisible, reference)) return false;
     if (selected.Append(std::move(reference)) == nullptr) return false;
@@ -54,7 +54,7 @@ bool CollectSelected(const ListGroup& group, List<ObjectReference>& selected) {
 
 Status DeselectAll(ListGroup& group, const List<ObjectReference>& selected) {
   for (const ObjectReference& reference : selected) {
-    if (!MayGoOn()) return Status::Failure;
+    if (!MayContinue()) return Status::Failure;
     const Status status = DeselectListItem(group, ItemAt(group, PlaceOf(group, reference)));
     if (status == Status::Failure || status == Status::Replaced) return status;
   }

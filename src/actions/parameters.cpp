@@ -74,54 +74,53 @@ constexpr bool IsList(Parameter place) {
 }
 
 // The value stays absent if the action does not give it.
-Status EvaluateNext(const Asker& asker, ActionValues& given, ValueKind kind, GenericValue& value) {
-  return given.IsEmpty() ? Status::Done : ReadValueOfKind(asker, &given.Take(), kind, value);
+Status EvaluateNext(const ReferenceContext& context, ActionValues& given, ValueKind kind,
+                    GenericValue& value) {
+  return given.IsEmpty() ? Status::Done : ReadValueOfKind(context, &given.Take(), kind, value);
 }
 
 }  // namespace
 
-Asker AskerFor(const Ingredient& ingredient) {
+ReferenceContext ContextOf(const Ingredient& ingredient) {
   const bool isApplications =
       ingredient.owner != nullptr && ingredient.owner->type == ItemType::Application;
   return {isApplications ? Scope::ApplicationFirst : Scope::SceneFirst,
           ingredient.Reference.GroupIdentifier.View()};
 }
 
-FoundObject Find(const Asker& asker, const ObjectReference& reference) {
+FoundObject Find(const ReferenceContext& context, const ObjectReference& reference) {
   const OctetString& group = reference.GroupIdentifier;
-  return FindObject(asker.scope, group.IsPresent() ? group.View() : asker.groupName,
+  return FindObject(context.scope, group.IsPresent() ? group.View() : context.groupName,
                     reference.Number);
 }
 
-FoundObject FindTarget(const Asker& asker, const GenericValue& target) {
-  if (!IsIndirect(target)) return Find(asker, target.Reference);
-  const FoundObject variable = Find(asker, target.Reference);
+FoundObject FindTarget(const ReferenceContext& context, const GenericValue& target) {
+  if (!IsIndirect(target)) return Find(context, target.Reference);
+  const FoundObject variable = Find(context, target.Reference);
   if (variable.type != ItemType::ObjectRefVariable) return {};
-  return Find(asker, variable.As<ObjectRefVariable>().Value);
+  return Find(context, variable.As<ObjectRefVariable>().Value);
 }
 
-Status ReadVariable(const Asker& asker, const ObjectReference& reference, ContentLoading loading,
-                    GenericValue& value) {
-  const FoundObject found = Find(asker, reference);
+void ReadVariable(const ReferenceContext& context, const ObjectReference& reference,
+                  ContentLoading loading, GenericValue& value) {
+  const FoundObject found = Find(context, reference);
   if (found.type == ItemType::ContentRefVariable && loading == ContentLoading::Fetch) {
     LoadContent(found.As<ContentRefVariable>());
   }
   CopyVariable(found, value);
-  return Status::Done;
 }
 
-Status ReadValue(const Asker& asker, const GenericValue& given, ContentLoading loading,
+Status ReadValue(const ReferenceContext& context, const GenericValue& given, ContentLoading loading,
                  GenericValue& value) {
   if (!IsIndirect(given)) {
     CopyValue(given, value);
     return value.Kind == ValueKind::None ? Status::Refused : Status::Done;
   }
-  const Status status = ReadVariable(asker, given.Reference, loading, value);
-  if (status != Status::Done) return status;
+  ReadVariable(context, given.Reference, loading, value);
   return value.Kind == ValueKind::None ? Status::Refused : Status::Done;
 }
 
-Status ReadValueOfKind(const Asker& asker, const GenericValue* given, ValueKind kind,
+Status ReadValueOfKind(const ReferenceContext& context, const GenericValue* given, ValueKind kind,
                        GenericValue& value) {
   if (given == nullptr || given->Kind == ValueKind::None) return Status::Done;
   if (given->Kind == kind) {
@@ -130,8 +129,7 @@ Status ReadValueOfKind(const Asker& asker, const GenericValue* given, ValueKind 
   }
   if (!IsIndirect(*given) && given->Kind != ValueKind::ObjectReference) return Status::Refused;
   GenericValue read;
-  const Status status = ReadVariable(asker, given->Reference, ContentLoading::Fetch, read);
-  if (status != Status::Done) return status;
+  ReadVariable(context, given->Reference, ContentLoading::Fetch, read);
   if (read.Kind != kind) return Status::Refused;
   value = std::move(read);
   return Status::Done;

@@ -17,16 +17,16 @@ namespace korvel {
 
 // The context in which references are resolved: which group is searched first, and the group of
 // references without a group identifier.
-struct Asker {
+struct ReferenceContext {
   Scope scope = Scope::ApplicationFirst;
-  std::string_view groupName;  // borrowed; must outlive the Asker
+  std::string_view groupName;  // borrowed; must outlive the ReferenceContext
 };
 
 // The context of an ingredient's own references: its group is searched first and completes them.
-[[nodiscard]] Asker AskerFor(const Ingredient& ingredient);
+[[nodiscard]] ReferenceContext ContextOf(const Ingredient& ingredient);
 
 // The values that an action works with.
-struct Arguments : Asker {
+struct Arguments : ReferenceContext {
   FoundObject target;
   // The evaluated parameters, in the order of the syntax; kind None if an optional one is absent.
   // They end before the first place that the behaviour reads itself (lists, colours, values of any
@@ -52,16 +52,15 @@ struct Arguments : Asker {
 enum class ContentLoading : std::uint8_t { Fetch, LeaveOut };
 
 // The object that a reference names.
-[[nodiscard]] FoundObject Find(const Asker& asker, const ObjectReference& reference);
+[[nodiscard]] FoundObject Find(const ReferenceContext& context, const ObjectReference& reference);
 
 // The object that an action's target names: directly, or through an object reference variable.
-[[nodiscard]] FoundObject FindTarget(const Asker& asker, const GenericValue& target);
+[[nodiscard]] FoundObject FindTarget(const ReferenceContext& context, const GenericValue& target);
 
 // Copies the value of the variable that `reference` names. The kind of `value` follows from the
-// class of the variable; None means that the object is not a variable. Failure if the action list
-// must stop.
-Status ReadVariable(const Asker& asker, const ObjectReference& reference, ContentLoading loading,
-                    GenericValue& value);
+// class of the variable; None means that the object is not a variable.
+void ReadVariable(const ReferenceContext& context, const ObjectReference& reference,
+                  ContentLoading loading, GenericValue& value);
 
 // Whether the value must be read from a variable.
 [[nodiscard]] constexpr bool IsIndirect(const GenericValue& given) {
@@ -70,13 +69,13 @@ Status ReadVariable(const Asker& asker, const ObjectReference& reference, Conten
 
 // Reads a value of any kind: copies a direct one, else reads the variable. Refused if there is no
 // value.
-Status ReadValue(const Asker& asker, const GenericValue& given, ContentLoading loading,
+Status ReadValue(const ReferenceContext& context, const GenericValue& given, ContentLoading loading,
                  GenericValue& value);
 
 // Reads a value that must be of one kind. An absent value stays None. A boolean, integer or octet
 // string may also be given as a plain reference to its variable. Refused if the value or its
 // variable is of another kind.
-Status ReadValueOfKind(const Asker& asker, const GenericValue* given, ValueKind kind,
+Status ReadValueOfKind(const ReferenceContext& context, const GenericValue* given, ValueKind kind,
                        GenericValue& value);
 
 // Fills `arguments.values` by the action's syntax. Refused if a required parameter is missing or

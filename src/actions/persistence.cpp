@@ -20,14 +20,14 @@ struct PersistentArguments {
 };
 
 // All references are searched in the application first, even for actions of a scene.
-Asker PersistentAsker(const Arguments& arguments) {
+ReferenceContext PersistentContext(const Arguments& arguments) {
   return {Scope::ApplicationFirst, arguments.groupName};
 }
 
 // Refused if the action must do nothing.
 Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
-  const Asker asker = PersistentAsker(arguments);
-  const FoundObject success = Find(asker, arguments.Reference(0));
+  const ReferenceContext context = PersistentContext(arguments);
+  const FoundObject success = Find(context, arguments.Reference(0));
   if (success.type != ItemType::BooleanVariable) return Status::Refused;
   read.success = &success.As<BooleanVariable>();
   const std::size_t count = arguments.given->Size();
@@ -35,12 +35,12 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
   auto given = arguments.given->begin();
   for (std::size_t place = 1; place + 1 < count; ++place) {
     ++given;
-    const bool isAdded = MayGoOn() && read.variables.Append(FindTarget(asker, *given));
+    const bool isAdded = MayContinue() && read.variables.Append(FindTarget(context, *given));
     if (!isAdded) return Status::Failure;
   }
   GenericValue name;
   ++given;
-  const Status status = ReadValueOfKind(asker, &*given, ValueKind::OctetString, name);
+  const Status status = ReadValueOfKind(context, &*given, ValueKind::OctetString, name);
   if (status != Status::Done) return status;
   read.name = std::move(name.Octets);
   return Status::Done;
@@ -152,7 +152,7 @@ Status StorePersistent(const Arguments& arguments) {
   PersistentArguments read;
   Status status = ReadArguments(arguments, read);
   if (status != Status::Done) return status;
-  (void)RemovePersistent(read.name.View());
+  RemovePersistent(read.name.View());
   OctetString data;
   for (const FoundObject& variable : read.variables) {
     status = AddVariable(data, variable);
@@ -174,7 +174,7 @@ Status ReadPersistent(const Arguments& arguments) {
   Status status = ReadArguments(arguments, read);
   if (status != Status::Done) return status;
   OctetString data;
-  (void)TakePersistent(read.name.View(), data);
+  TakePersistent(read.name.View(), data);
   EntryReader reader(data.View());
   for (const FoundObject& variable : read.variables) {
     status = ReadVariable(reader, variable);

@@ -138,12 +138,13 @@ Status Perform(Action action, const Arguments& arguments, const GenericValue& ta
 
 // An action is skipped without a message if its parameters cannot be read, or its target is not
 // found or not of an accepted class. Actions that accept no class need no target.
-Status PerformOne(const Asker& asker, const ActionRow& row, const ElementaryAction& action) {
-  Arguments arguments{asker, {}, {}, &action.Parameters};
+Status PerformOne(const ReferenceContext& context, const ActionRow& row,
+                  const ElementaryAction& action) {
+  Arguments arguments{context, {}, {}, &action.Parameters};
   const Status status = EvaluateParameters(row, arguments);
   if (status != Status::Done) return status;
   if (row.accepts != 0) {
-    arguments.target = FindTarget(asker, action.Target);
+    arguments.target = FindTarget(context, action.Target);
     if (!Contains(row.accepts, arguments.target.type)) return Status::Refused;
   }
   return Perform(row.action, arguments, action.Target);
@@ -156,7 +157,7 @@ Status RunActions(Scope scope, const ActionHolder& owner, std::string_view group
   const NestingLevel level;
   OctetString name;
   if (!level.IsAllowed() || !name.Assign(WithoutTilde(groupName))) return Status::Failure;
-  const Asker asker{scope, name.View()};
+  const ReferenceContext context{scope, name.View()};
   const Generations remembered = CurrentGenerations();
   Status result = Status::Done;
   for (const ElementaryAction& action : *owner.actions) {
@@ -167,7 +168,7 @@ Status RunActions(Scope scope, const ActionHolder& owner, std::string_view group
       result = Status::Refused;
       continue;
     }
-    const Status status = PerformOne(asker, *row, action);
+    const Status status = PerformOne(context, *row, action);
     if (status == Status::Failure || status == Status::Replaced) return status;
     if (CurrentGenerations() != remembered) {
       // A scene's own list ends with the result of the transition that it requested.

@@ -11,7 +11,7 @@ constexpr std::int32_t kAbsentPosition = -1;
 template <class Selects, class Handle>
 Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) {
   for (const Item& component : stream.Multiplex) {
-    if (!MayGoOn()) return Status::Failure;
+    if (!MayContinue()) return Status::Failure;
     if (!selects(*component.Record())) continue;
     const Status status = handle(component.Type(), *component.Record());
     if (status == Status::Failure) return status;
@@ -23,7 +23,7 @@ Status ForComponents(Stream& stream, Selects&& selects, Handle&& handle) {
 // Starts the presentation of the running videos.
 Status StartVideos(const Stream& stream) {
   for (const Item& component : stream.Multiplex) {
-    if (!MayGoOn()) return Status::Failure;
+    if (!MayContinue()) return Status::Failure;
     if (component.Type() != ItemType::Video || !component.Record()->RunningStatus) continue;
     const auto& video = component.As<Video>();
     const Status status = StartVideo(stream, video.ComponentTag, video.Position, video.BoxSize);

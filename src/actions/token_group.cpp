@@ -26,8 +26,8 @@ Status MoveTokenTo(TokenGroup& group, std::int32_t position) {
 // Runs or stops the members in order. Replaced if the group that owns them ends.
 template <class Handle> Status ForMembers(TokenGroup& group, Handle&& handle) {
   for (const TokenGroupItem& item : group.TokenGroupItems) {
-    if (!MayGoOn()) return Status::Failure;
-    const FoundObject member = Find(AskerFor(group), item.AVisible);
+    if (!MayContinue()) return Status::Failure;
+    const FoundObject member = Find(ContextOf(group), item.AVisible);
     const Status status = handle(member);
     if (status == Status::Failure) return status;
     if (IsGone(group)) return Status::Replaced;
@@ -110,8 +110,8 @@ Status CallActionSlot(const Arguments& arguments) {
   const std::int32_t index = arguments.Integer(0);
   const ActionSlot* slot = AtPlace(*slots, index < 1 ? 1 : index);
   if (slot == nullptr || slot->IsNull) return Status::Refused;
-  const Asker asker = AskerFor(group);
-  return RunActions(asker.scope, {&slot->Actions, group.owner}, asker.groupName);
+  const ReferenceContext context = ContextOf(group);
+  return RunActions(context.scope, {&slot->Actions, group.owner}, context.groupName);
 }
 
 }  // namespace korvel

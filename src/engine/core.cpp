@@ -81,7 +81,7 @@ bool TakeAction() {
   return true;
 }
 
-bool MayGoOn() {
+bool MayContinue() {
   if (!IsClosing()) return true;
   LimitAccountForClose(TheCore());
   return TheCore().actionsLeft > 0;

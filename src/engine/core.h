@@ -2,13 +2,14 @@
 // folder.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 
 #include "engine/engine.h"
 #include "engine/resident_programs.h"
+#include "objects/bounded_list.h"
+#include "objects/limits.h"
 #include "objects/list.h"
 #include "objects/ownership.h"
 
@@ -22,11 +23,7 @@ struct LinkTableEntry {
 using LinkTable = List<LinkTableEntry>;
 
 // The names of the applications that spawned the current one, the last on top.
-struct ApplicationStack {
-  static constexpr std::size_t kCapacity = 5;
-  std::array<OctetString, kCapacity> names;
-  std::size_t count = 0;
-};
+using ApplicationStack = BoundedList<OctetString, kMostSpawnedApplications>;
 
 struct PersistentEntry {
   OctetString name;

@@ -41,7 +41,7 @@ bool IsInStack(const Ingredient& visible) {
 bool Lift(ItemType kind, const Visible& visible) {
   Application* application = CurrentApplication();
   return application != nullptr && visible.AvailabilityStatus &&
-         RemoveFromStack(*application, kind, visible) == Status::Done;
+         RemoveFromStack(*application, kind, visible);
 }
 
 // The last step.
@@ -73,25 +73,21 @@ Status InsertAtPosition(Application& application, std::int32_t position, ItemTyp
                   Message::NoMemoryForDisplayStack);
 }
 
-Status EntryAtPosition(const Application& application, std::int32_t position,
-                       StackedVisible& entry) {
-  if (position < 1) return Status::Refused;
+bool EntryAtPosition(const Application& application, std::int32_t position, StackedVisible& entry) {
+  if (position < 1) return false;
   const auto* found = application.DisplayStack.At(static_cast<std::size_t>(position - 1));
-  if (found == nullptr) return Status::Refused;
-  entry = *found;
-  return Status::Done;
+  if (found != nullptr) entry = *found;
+  return found != nullptr;
 }
 
-Status RemoveTop(Application& application, StackedVisible& entry) {
+bool RemoveTop(Application& application, StackedVisible& entry) {
   const StackedVisible* top = application.DisplayStack.Last();
-  const bool isRemoved = application.DisplayStack.RemoveFirst(
+  return application.DisplayStack.RemoveFirst(
       [top](const StackedVisible& candidate) { return &candidate == top; }, &entry);
-  return isRemoved ? Status::Done : Status::Refused;
 }
 
-Status RemoveFromStack(Application& application, ItemType kind, const Ingredient& visible) {
-  const bool isRemoved = application.DisplayStack.RemoveFirst(IsEntry(kind, visible));
-  return isRemoved ? Status::Done : Status::Refused;
+bool RemoveFromStack(Application& application, ItemType kind, const Ingredient& visible) {
+  return application.DisplayStack.RemoveFirst(IsEntry(kind, visible));
 }
 
 bool StackContains(const Application& application, ItemType kind, const Ingredient& visible) {

@@ -100,7 +100,7 @@ class [[nodiscard]] NestingLevel {
 // Whether a loop whose length content decides may continue. False once a pending close has used up
 // its time: the loop must then end, with Failure if the function can return it. Cheap while no
 // close is pending.
-[[nodiscard]] bool MayGoOn();
+[[nodiscard]] bool MayContinue();
 
 // ---- Names and files ----
 
@@ -159,17 +159,17 @@ Status RaiseEvent(const Root& source, EventType type, EventData data = {});
 Status RaiseEventByType(EventType type, EventData data);
 
 // ---- The display stack of the running application ----
-// All return Refused if there is no such entry (or no application runs), and Failure, with a
-// message, if memory runs out.
+// A Status is Refused if there is no such entry or no application runs, and Failure, with a
+// message, if memory runs out. A bool is false if there is no such entry. Positions are 1-based; 1
+// is the bottom. Kind None means any.
 
 Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible);
 Status InsertAtPosition(Application& application, std::int32_t position, ItemType kind,
-                        Ingredient& visible);  // 1-based; 1 is the bottom
-Status EntryAtPosition(const Application& application, std::int32_t position,
-                       StackedVisible& entry);
-Status RemoveTop(Application& application, StackedVisible& entry);
-Status RemoveFromStack(Application& application, ItemType kind, const Ingredient& visible);
-// Kind None means any.
+                        Ingredient& visible);
+[[nodiscard]] bool EntryAtPosition(const Application& application, std::int32_t position,
+                                   StackedVisible& entry);
+[[nodiscard]] bool RemoveTop(Application& application, StackedVisible& entry);
+bool RemoveFromStack(Application& application, ItemType kind, const Ingredient& visible);
 [[nodiscard]] bool StackContains(const Application& application, ItemType kind,
                                  const Ingredient& visible);
 Status InsertAtBottom(Application& application, ItemType kind, Ingredient& visible);
@@ -214,9 +214,9 @@ Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolu
 // Stores a block under a name and takes ownership of it. Failure, with a message and `data`
 // unchanged, if memory runs out.
 Status AppendPersistent(std::string_view name, OctetString&& data);
-// Removes and returns the first block of that name. Refused if there is none.
-Status TakePersistent(std::string_view name, OctetString& data);
-Status RemovePersistent(std::string_view name);
+// Remove the first block of that name; the first of them returns it. False if there is none.
+bool TakePersistent(std::string_view name, OctetString& data);
+bool RemovePersistent(std::string_view name);
 void EmptyPersistentStore();
 
 // ---- Resident programs ----

@@ -1,11 +1,9 @@
 // Raises events: collects the links that wait for an event and runs their effects before the call
 // returns. All links are collected before the first one runs, so that links may change the tables,
 // other links or whole groups. A link whose group has ended in the meantime is skipped.
-#include <array>
-#include <cstddef>
-
 #include "actions/actions.h"
 #include "engine/core.h"
+#include "objects/bounded_list.h"
 #include "objects/limits.h"
 
 namespace korvel {
@@ -17,10 +15,7 @@ struct CollectedLink {
   Scope context = Scope::SceneFirst;
 };
 
-struct LinkCollection {
-  std::array<CollectedLink, kMostLinksOfEvent> links;
-  std::size_t count = 0;
-};
+using LinkCollection = BoundedList<CollectedLink, kMostLinksOfEvent>;
 
 bool MatchesData(const GenericValue& waitedFor, EventData data) {
   if (waitedFor.Kind == ValueKind::None) return true;
@@ -58,9 +53,9 @@ template <class Predicate> LinkCollection Collect(EventType type, Predicate&& wa
   const LinkTable* table = TableOf(type);
   if (table == nullptr) return collection;
   for (const LinkTableEntry& entry : *table) {
-    if (collection.count == kMostLinksOfEvent || !MayGoOn()) break;
+    if (collection.IsFull() || !MayContinue()) break;
     if (!waits(entry)) continue;
-    collection.links[collection.count++] = {entry.waiting, entry.waiting->owner, entry.context};
+    collection.Append({entry.waiting, entry.waiting->owner, entry.context});
   }
   return collection;
 }
@@ -78,7 +73,7 @@ template <class Links> Status RunLinks(const Links& links) {
   const Busy busy;
   Status status = Status::Done;
   for (const CollectedLink& link : links) {
-    if (link.collected == nullptr || IsGone(*link.owner)) continue;
+    if (IsGone(*link.owner)) continue;
     status = RunLink(link);
     if (StopsDispatch(status)) break;
   }
@@ -93,7 +88,7 @@ Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, Event
     return MatchesSource(entry.waiting->Condition, sourceGroup, sourceNumber) &&
            MatchesEvent(*entry.waiting, type, data) && IsInContext(entry, SceneName::AsStored);
   });
-  return RunLinks(collection.links);
+  return RunLinks(collection);
 }
 
 Status RaiseEvent(const Root& source, EventType type, EventData data) {
@@ -104,13 +99,13 @@ Status RaiseEventByType(EventType type, EventData data) {
   const LinkCollection collection = Collect(type, [&](const LinkTableEntry& entry) {
     return MatchesEvent(*entry.waiting, type, data) && IsInContext(entry, SceneName::WithoutTilde);
   });
-  return RunLinks(collection.links);
+  return RunLinks(collection);
 }
 
 Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) {
   Sequence<CollectedLink> links;
   for (const LinkTableEntry& entry : TheCore().inputTable) {
-    if (!MayGoOn()) return Status::Failure;
+    if (!MayContinue()) return Status::Failure;
     Link& link = *entry.waiting;
     if (!link.RunningStatus || link.Condition.EventSource.Number != sourceNumber ||
         link.Condition.EventType != type || link.Condition.EventData.Integer != value) {

@@ -23,7 +23,7 @@ Status ActivateInitially(Group& group) {
     if (!items.Append({item.Type(), item.Record()})) return Status::Failure;
   }
   for (const ItemToStart& item : items) {
-    if (!MayGoOn()) return Status::Failure;
+    if (!MayContinue()) return Status::Failure;
     const Status status = RunIngredient(item.type, *item.record);
     if (status == Status::Failure) return status;
     if (IsGone(group)) return Status::Replaced;

@@ -49,17 +49,12 @@ Status ReadApplication(std::string_view groupName, Message message, OwnedGroup& 
 ApplicationStack& TheStack() { return TheCore().applicationStack; }
 
 bool PushCurrentApplication() {
-  ApplicationStack& stack = TheStack();
   const Application* application = CurrentApplication();
   const std::string_view name = application == nullptr ? std::string_view{} : NameOf(*application);
-  if (!stack.names[stack.count].Assign(name)) return false;
-  ++stack.count;
+  OctetString copy;
+  if (!copy.Assign(name)) return false;
+  TheStack().Append(std::move(copy));
   return true;
-}
-
-void EmptyApplicationStack() {
-  for (OctetString& name : TheStack().names) name.Clear();
-  TheStack().count = 0;
 }
 
 Status QuitToNothing() {
@@ -74,10 +69,10 @@ Status QuitToNothing() {
 Status QuitToParent(const ObjectReference& quitting) {
   ApplicationStack& stack = TheStack();
   OctetString bytes;
-  if (ResolveGroup(stack.names[stack.count - 1].View(), bytes) != Status::Done) {
+  if (ResolveGroup(stack.Last().View(), bytes) != Status::Done) {
     return RaiseReferenceError(quitting);
   }
-  stack.names[--stack.count].Clear();
+  stack.RemoveLast();
   OwnedGroup group;
   if (!Decode(bytes, group)) return Status::Failure;
   if (!IsApplication(group)) return Refuse(Message::SpawnError);
@@ -112,7 +107,7 @@ Status Replace(const OctetString& name, Message message,
 Status StartEngine(std::string_view path) {
   const NestingLevel level;
   BuryRunningGroups();
-  EmptyApplicationStack();
+  TheStack().Clear();
   TheCore().currentDirectory.Clear();
   TheCore().random = SecondsNow();
   TheCore().programSettings = {};
@@ -137,7 +132,7 @@ Status Launch(std::string_view groupName) {
 Status Spawn(std::string_view groupName) {
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
-  if (TheStack().count == ApplicationStack::kCapacity) return Status::Refused;
+  if (TheStack().IsFull()) return Status::Refused;
   OctetString name;
   if (!name.Assign(groupName) || !PushCurrentApplication()) return Status::Failure;
   return Replace(name, Message::SpawnError, SetDirectoryOfSpawned);
@@ -151,7 +146,7 @@ Status Quit() {
   if (application != nullptr && !Copy(application->Reference, quitting)) return Status::Failure;
   const Status status = EndRunningGroups();
   if (status != Status::Done) return status;
-  return TheStack().count == 0 ? QuitToNothing() : QuitToParent(quitting);
+  return TheStack().IsEmpty() ? QuitToNothing() : QuitToParent(quitting);
 }
 
 Status TransitionTo(std::string_view groupName) {
@@ -187,7 +182,7 @@ void CloseDown() {
 void ResetEngine() {
   BuryRunningGroups();
   ReleaseEndedGroups();
-  EmptyApplicationStack();
+  TheStack().Clear();
   EmptyPersistentStore();
   TheCore().currentDirectory.Clear();
   TheCore().closeNoticedAt.reset();

@@ -61,7 +61,8 @@ LinkTable* TableOf(EventType type) {
 Status AddLinks(Group& group, Scope context) {
   for (Item& item : group.Items) {
     if (item.Type() != ItemType::Link) continue;
-    if (!MayGoOn() || AddLink(item.As<Link>(), context) == Status::Failure) return Status::Failure;
+    if (!MayContinue() || AddLink(item.As<Link>(), context) == Status::Failure)
+      return Status::Failure;
   }
   return Status::Done;
 }

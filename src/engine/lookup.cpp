@@ -14,7 +14,7 @@ bool HasName(const Root& object, std::string_view name, std::int32_t number) {
 
 FoundObject FindInList(const List<Item>& items, std::string_view name, std::int32_t number) {
   for (const Item& item : items) {
-    if (!MayGoOn()) break;
+    if (!MayContinue()) break;
     if (IsFindable(item.Type()) && HasName(*item.Record(), name, number)) {
       return {item.Type(), item.Record()};
     }

@@ -28,7 +28,7 @@ Status RaiseUserInput(std::int32_t key) {
   const Scene* scene = CurrentScene();
   const std::int32_t inputRegister =
       scene == nullptr ? kRegisterWithoutScene : scene->InputEventReg;
-  if (IsKeptOut(inputRegister, key)) return Status::Blocked;
+  if (IsKeyBlocked(inputRegister, key)) return Status::Blocked;
   return RaiseEventByType(EventType::UserInput, EventData::Integer(key));
 }
 

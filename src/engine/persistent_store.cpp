@@ -28,15 +28,15 @@ Status AppendPersistent(std::string_view name, OctetString&& data) {
   return Status::Done;
 }
 
-Status TakePersistent(std::string_view name, OctetString& data) {
+bool TakePersistent(std::string_view name, OctetString& data) {
   PersistentEntry taken;
-  if (!TheCore().persistentStore.RemoveFirst(HasName(name), &taken)) return Status::Refused;
+  if (!TheCore().persistentStore.RemoveFirst(HasName(name), &taken)) return false;
   data = std::move(taken.data);
-  return Status::Done;
+  return true;
 }
 
-Status RemovePersistent(std::string_view name) {
-  return TheCore().persistentStore.RemoveFirst(HasName(name)) ? Status::Done : Status::Refused;
+bool RemovePersistent(std::string_view name) {
+  return TheCore().persistentStore.RemoveFirst(HasName(name));
 }
 
 void EmptyPersistentStore() { TheCore().persistentStore.Clear(); }

@@ -21,7 +21,7 @@ std::size_t StartOf(std::int32_t start) {
 // empty text is found at `start`, unless that is past the end. A pending close can end the search
 // early; nothing is then found.
 std::size_t Search(std::string_view text, std::size_t start, std::string_view wanted) {
-  for (std::size_t at = start; at <= text.size() && MayGoOn(); ++at) {
+  for (std::size_t at = start; at <= text.size() && MayContinue(); ++at) {
     if (!wanted.empty()) at = std::min(text.find(wanted.front(), at), text.size());
     if (text.substr(at).starts_with(wanted)) return at;
   }

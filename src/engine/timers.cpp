@@ -73,7 +73,7 @@ bool RemoveFiredTimer(std::int32_t id, ObjectReference& owner) {
 
 void CancelAllTimers(Group& group) {
   for (const Timer& timer : group.Timers) {
-    if (!MayGoOn()) break;  // the system kills the others with the window
+    if (!MayContinue()) break;  // the system kills the others with the window
     KillWindowTimer(static_cast<std::uint32_t>(timer.id));
   }
   group.Timers.Clear();

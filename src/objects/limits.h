@@ -20,6 +20,9 @@ inline constexpr std::size_t kLongestString = std::size_t{16} * 1024 * 1024;
 
 // ---- Work ----
 
+// The applications that can wait on the stack of spawning applications.
+inline constexpr std::size_t kMostSpawnedApplications = 5;
+
 // The depth of nested action lists and events. Enough for any content that terminates, small enough
 // for the worker's default stack, and below 256, so that the 8-bit generation counters cannot wrap
 // around within one nesting.

@@ -235,7 +235,7 @@ inline constexpr std::int32_t kRegisterWithoutScene = 3;
 
 // Whether the input event register blocks the key from the scene. Registers 3 to 5 also block Info
 // and every number between or above the keys.
-constexpr bool IsKeptOut(std::int32_t inputEventRegister, std::int32_t key) {
+constexpr bool IsKeyBlocked(std::int32_t inputEventRegister, std::int32_t key) {
   const bool isBeyondAll = (key > keys::kCancel && key < keys::kRed) || key > keys::kText;
   switch (inputEventRegister) {
   case 3: return isBeyondAll || (key >= keys::kUp && key <= keys::kSelect);

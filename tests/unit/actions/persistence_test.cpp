@@ -25,7 +25,7 @@ constexpr char kStored[] =
 
 std::string TakeStored(std::string_view name) {
   OctetString data;
-  return TakePersistent(name, data) == Status::Done ? std::string(data.View()) : "nothing";
+  return TakePersistent(name, data) ? std::string(data.View()) : "nothing";
 }
 
 // The value of a variable, by its number, as text.

@@ -204,7 +204,7 @@ TEST_F(Lifecycle, quit_without_a_parent_empties_the_persistent_store) {
   ASSERT_EQ(AppendPersistent("file", std::move(data)), Status::Done);
   EXPECT_EQ(Do([] { return Quit(); }), Status::Failure);
   OctetString taken;
-  EXPECT_EQ(TakePersistent("file", taken), Status::Refused);
+  EXPECT_FALSE(TakePersistent("file", taken));
 }
 
 TEST_F(Lifecycle, quit_with_a_parent_keeps_the_persistent_store) {
@@ -216,7 +216,7 @@ TEST_F(Lifecycle, quit_with_a_parent_keeps_the_persistent_store) {
   EXPECT_EQ(Do([] { return Spawn("~/a"); }), Status::Done);
   EXPECT_EQ(Do([] { return Quit(); }), Status::Done);
   OctetString taken;
-  EXPECT_EQ(TakePersistent("file", taken), Status::Done);
+  EXPECT_TRUE(TakePersistent("file", taken));
   EXPECT_EQ(taken.View(), "kept");
 }
 

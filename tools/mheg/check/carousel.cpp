@@ -122,11 +122,11 @@ void Carousel::Load(std::size_t index) {
   group.file = ReadGroupFile(group.file.path);
   if (!group.file.group) return;
   for (const korvel::Item& item : group.Group().Items) AddObject(item, group);
-  group.deeds = DeedsOf(group.Group());
+  group.effects = LinkEffectsOf(group.Group());
 }
 
 void Carousel::EndLoading() {
-  for (const auto& group : groups_) deeds_.Add(group->deeds);
+  for (const auto& group : groups_) effects_.Add(group->effects);
 }
 
 // Ignores the prefix "~" or "DSM:" and its slashes. The rest of the name may be relative to the

@@ -10,7 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "mheg/check/link_deeds.h"
+#include "mheg/check/link_effects.h"
 #include "mheg/group_file.h"
 #include "objects/objects.h"
 
@@ -27,7 +27,7 @@ struct CheckedGroup {
   GroupFile file;
   bool isAskedFor = true;  // false: not checked, only referred to by other groups
   std::multimap<std::int32_t, CheckedObject> objects;  // by number
-  LinkDeeds deeds;
+  LinkEffects effects;
 
   [[nodiscard]] const korvel::Group& Group() const { return *file.group; }
   [[nodiscard]] std::string_view Name() const { return Group().Reference.GroupIdentifier.View(); }
@@ -54,7 +54,7 @@ class Carousel {
   // The start-up application of a group's folder or of the carousel, or null.
   [[nodiscard]] const CheckedGroup* ApplicationOf(const CheckedGroup& group) const;
   // The combined effects of all groups on links.
-  [[nodiscard]] const LinkDeeds& Deeds() const { return deeds_; }
+  [[nodiscard]] const LinkEffects& Effects() const { return effects_; }
 
  private:
   [[nodiscard]] std::vector<std::filesystem::path> PlacesFor(const CheckedGroup& from,
@@ -64,7 +64,7 @@ class Carousel {
   std::filesystem::path root_;
   std::vector<std::unique_ptr<CheckedGroup>> groups_;
   std::unordered_map<std::filesystem::path::string_type, const CheckedGroup*> groupsByPath_;
-  LinkDeeds deeds_;
+  LinkEffects effects_;
 };
 
 // The carousels that contain these files and folders. All groups of a given folder are to be

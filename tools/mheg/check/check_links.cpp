@@ -79,16 +79,16 @@ constexpr bool HasSource(EventType event) {
 
 class LinkCheck : public GroupVisitor {
  public:
-  LinkCheck(const Carousel& carousel, const CheckedGroup& group, const LinkDeeds& deeds,
+  LinkCheck(const Carousel& carousel, const CheckedGroup& group, const LinkEffects& effects,
             Findings& findings)
-      : carousel_(carousel), group_(group), deeds_(deeds), findings_(findings) {}
+      : carousel_(carousel), group_(group), effects_(effects), findings_(findings) {}
 
   void VisitObject(ItemType type, const Ingredient& record) override {
     if (type != ItemType::Link) return;
     const auto& link = static_cast<const Link&>(record);
-    const bool isActivated = deeds_.activated.MayBe(group_.Name(), currentObject);
+    const bool isActivated = effects_.activated.MayBe(group_.Name(), currentObject);
     if (!link.InitiallyActive && !isActivated) Report("nothing activates it");
-    if (!deeds_.sendsEvents) CheckCondition(link.Condition);
+    if (!effects_.sendsEvents) CheckCondition(link.Condition);
     if (group_.Group().type == ItemType::Scene) CheckCrowd(link);
   }
 
@@ -109,7 +109,7 @@ class LinkCheck : public GroupVisitor {
       before += alwaysActive_[awaited];
     }
     if (before >= kMostLinksOfEvent) Report("five links before it wait for the same event");
-    if (link.InitiallyActive && !deeds_.deactivated.MayBe(group_.Name(), currentObject)) {
+    if (link.InitiallyActive && !effects_.deactivated.MayBe(group_.Name(), currentObject)) {
       ++alwaysActive_[awaited];
     }
   }
@@ -137,7 +137,7 @@ class LinkCheck : public GroupVisitor {
     if (!IsKey(key)) return Report("no key has the number " + std::to_string(key));
     if (group_.Group().type != ItemType::Scene) return;
     const std::int32_t inputRegister = static_cast<const Scene&>(group_.Group()).InputEventReg;
-    if (!IsKeptOut(inputRegister, key)) return;
+    if (!IsKeyBlocked(inputRegister, key)) return;
     Report("input event register " + std::to_string(inputRegister) + " keeps out key " +
            std::to_string(key));
   }
@@ -147,7 +147,7 @@ class LinkCheck : public GroupVisitor {
 
   const Carousel& carousel_;
   const CheckedGroup& group_;
-  const LinkDeeds& deeds_;  // of all groups whose actions can affect the links
+  const LinkEffects& effects_;  // of all groups whose actions can affect the links
   Findings& findings_;
   std::map<Awaited, std::size_t> alwaysActive_;  // number of earlier links that stay active
 };
@@ -156,11 +156,11 @@ class LinkCheck : public GroupVisitor {
 
 void CheckLinks(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
   // A scene's links can be activated by its application, and an application's links by any scene.
-  LinkDeeds deeds = group.deeds;
+  LinkEffects effects = group.effects;
   const CheckedGroup* application = carousel.ApplicationOf(group);
-  if (application != nullptr) deeds.Add(application->deeds);
+  if (application != nullptr) effects.Add(application->effects);
   const bool isApplication = group.Group().type == ItemType::Application;
-  LinkCheck check(carousel, group, isApplication ? carousel.Deeds() : deeds, findings);
+  LinkCheck check(carousel, group, isApplication ? carousel.Effects() : effects, findings);
   Walk(group.Group(), check);
 }
 

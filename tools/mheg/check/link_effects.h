@@ -20,14 +20,14 @@ struct LinkTargets {
   [[nodiscard]] bool MayBe(std::string_view group, std::int32_t number) const;
 };
 
-struct LinkDeeds {
+struct LinkEffects {
   LinkTargets activated;
   LinkTargets deactivated;
   bool sendsEvents = false;
 
-  void Add(const LinkDeeds& others);
+  void Add(const LinkEffects& others);
 };
 
-[[nodiscard]] LinkDeeds DeedsOf(const korvel::Group& group);
+[[nodiscard]] LinkEffects LinkEffectsOf(const korvel::Group& group);
 
 }  // namespace mheg

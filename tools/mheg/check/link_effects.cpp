@@ -1,5 +1,5 @@
 // Collects the effects of a group's actions on links.
-#include "mheg/check/link_deeds.h"
+#include "mheg/check/link_effects.h"
 
 #include "mheg/check/walk.h"
 
@@ -8,20 +8,20 @@ namespace {
 
 using namespace korvel;
 
-class DeedCollector : public GroupVisitor {
+class EffectCollector : public GroupVisitor {
  public:
-  explicit DeedCollector(std::string_view groupName) : groupName_(groupName) {}
+  explicit EffectCollector(std::string_view groupName) : groupName_(groupName) {}
 
   void VisitAction(const ElementaryAction& action) override {
     switch (static_cast<Action>(action.ActionType)) {
-    case Action::Activate: return Add(action.Target, deeds.activated);
-    case Action::Deactivate: return Add(action.Target, deeds.deactivated);
-    case Action::SendEvent: deeds.sendsEvents = true; return;
+    case Action::Activate: return Add(action.Target, effects.activated);
+    case Action::Deactivate: return Add(action.Target, effects.deactivated);
+    case Action::SendEvent: effects.sendsEvents = true; return;
     default: return;
     }
   }
 
-  LinkDeeds deeds;
+  LinkEffects effects;
 
  private:
   void Add(const GenericValue& target, LinkTargets& targets) const {
@@ -45,16 +45,16 @@ bool LinkTargets::MayBe(std::string_view group, std::int32_t number) const {
   return areAny || links.contains({WithoutTilde(group), number});
 }
 
-void LinkDeeds::Add(const LinkDeeds& others) {
+void LinkEffects::Add(const LinkEffects& others) {
   activated.Add(others.activated);
   deactivated.Add(others.deactivated);
   sendsEvents = sendsEvents || others.sendsEvents;
 }
 
-LinkDeeds DeedsOf(const Group& group) {
-  DeedCollector collector(group.Reference.GroupIdentifier.View());
+LinkEffects LinkEffectsOf(const Group& group) {
+  EffectCollector collector(group.Reference.GroupIdentifier.View());
   Walk(group, collector);
-  return std::move(collector.deeds);
+  return std::move(collector.effects);
 }
 
 }  // namespace mheg

@@ -73,7 +73,7 @@ void ReleaseEndedGroups();
 
 // Reads the start-up application. Without a path, tries the names "a" and "startup". With a path,
 // tries the path itself, then both names in the directory of that path, then both names alone.
-// False if two passes have failed.
+// Tries everything twice, with a pause after each pass.
 [[nodiscard]] bool FetchStartUp(std::string_view path, OctetString& bytes);
 
 // Set the current directory after a Launch or a Spawn of the name; the rules differ. False if
@@ -94,8 +94,8 @@ Status StartApplication(Application& application);
 Status StartScene(Scene& scene);
 
 // Ends a running group, unless it is null: removes its links, raises IsDeleted, removes everything
-// that it owns from the engine's registers, and keeps its memory until nothing runs. Failure if a
-// link that waits for IsDeleted asks to stop; the group then keeps running, without its links.
+// that it owns from the engine's registers, and keeps its memory until no operation runs. Failure
+// if a link that waits for IsDeleted asks to stop; the group then keeps running, without its links.
 // Replaced if such a link replaces the group; the group is then removed from the registers before
 // its successor starts.
 Status EndGroup(Group* group);
@@ -107,7 +107,7 @@ Status EndRunningGroups();
 Status EndScene();
 
 // Ends the running groups without events and messages, and clears the link tables.
-void BuryRunningGroups();
+void EndRunningGroupsSilently();
 
 // Makes a decoded group the current one of its kind, after the current one has ended.
 Application& AdoptApplication(OwnedGroup&& group);

@@ -65,8 +65,8 @@ Status StartItemsAndGroup(Group& group, Scope scope) {
 }
 
 // Removes everything that the group owns from the engine's registers and marks the group as ended.
-// The caller has removed its links. Its memory is kept until nothing that may use it runs.
-void Bury(Group& group) {
+// The caller has removed its links. Its memory is kept until no operation that may use it runs.
+void MoveToEnded(Group& group) {
   Core& core = TheCore();
   group.AvailabilityStatus = false;
   group.RunningStatus = false;
@@ -115,7 +115,7 @@ Status EndGroup(Group* group) {
   // A link that waits for its IsDeleted is replacing it: it must leave the registers before its
   // successor starts.
   if (std::exchange(group->life.isDying, true)) {
-    Bury(*group);
+    MoveToEnded(*group);
     return Status::Done;
   }
   const Busy busy;
@@ -126,7 +126,7 @@ Status EndGroup(Group* group) {
     group->life.isDying = false;
     return Status::Failure;
   }
-  Bury(*group);
+  MoveToEnded(*group);
   return Status::Done;
 }
 
@@ -137,11 +137,11 @@ Status EndRunningGroups() {
   return status == Status::Done ? EndGroup(CurrentApplication()) : status;
 }
 
-void BuryRunningGroups() {
+void EndRunningGroupsSilently() {
   Core& core = TheCore();
   ClearLinkTables();
-  if (core.scene != nullptr) Bury(*core.scene);
-  if (core.application != nullptr) Bury(*core.application);
+  if (core.scene != nullptr) MoveToEnded(*core.scene);
+  if (core.application != nullptr) MoveToEnded(*core.application);
 }
 
 Application& AdoptApplication(OwnedGroup&& group) {

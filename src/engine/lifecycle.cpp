@@ -106,7 +106,7 @@ Status Replace(const OctetString& name, Message message,
 
 Status StartEngine(std::string_view path) {
   const NestingLevel level;
-  BuryRunningGroups();
+  EndRunningGroupsSilently();
   TheStack().Clear();
   TheCore().currentDirectory.Clear();
   TheCore().random = SecondsNow();
@@ -176,11 +176,11 @@ void CloseDown() {
   // A link that waits for IsDeleted may have stopped this or started other groups. Groups that
   // still run are ended without events.
   static_cast<void>(EndRunningGroups());
-  BuryRunningGroups();
+  EndRunningGroupsSilently();
 }
 
 void ResetEngine() {
-  BuryRunningGroups();
+  EndRunningGroupsSilently();
   ReleaseEndedGroups();
   TheStack().Clear();
   EmptyPersistentStore();

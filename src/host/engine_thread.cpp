@@ -1,9 +1,10 @@
 // The engine thread from its start to its end, and the four functions that the library exports.
 // These run on the host's threads: they only start, post and wait, and leave all work to the
-// engine's own threads. The engine thread closes its own handle, because the host need not wait for
-// it, so a wait uses a duplicate. A wait that begins after that must still wait until the thread is
-// gone: hosts end the process next, and under Wine that can crash while a thread is ending. Such a
-// wait finds the thread by its id and creation time.
+// engine's own threads. The engine thread closes its own handle as it ends, because the host need
+// not wait for it. A wait therefore uses a duplicate of the handle. A wait that begins after the
+// handle is closed must still last until the thread has ended: hosts end the process next, and
+// under Wine that can crash while a thread is ending. Such a wait finds the thread by its id and
+// creation time.
 #include <windows.h>
 
 #include <cstdint>
@@ -25,7 +26,7 @@ void AnswerSentMessages() {
   PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
 }
 
-// The limit of a start's wait for an engine that has reported its close: the thread of that engine
+// How long a start waits for the thread of the previous engine, which has reported its close and
 // has only a few calls left.
 constexpr DWORD kEpilogueLimitMs = 5000;
 
@@ -183,8 +184,8 @@ void EndStart(Phase phase) {
   hostState.phase = phase;
 }
 
-// Creates the engine thread, which waits at the start gate. If that fails, returns false and keeps
-// nothing.
+// Creates the engine thread, which waits at the start gate. On failure returns false and releases
+// everything.
 [[nodiscard]] bool CreateEngineThread() {
   hostState.library = ReferToThisLibrary();
   hostState.startGate = CreateEventA(nullptr, TRUE, FALSE, nullptr);
@@ -194,16 +195,18 @@ void EndStart(Phase phase) {
   return false;
 }
 
-enum class WindowTest { Tested, NotTested };
+// The effect of a close request while the engine has no window.
+enum class WithoutWindow { Ignore, Stop };
 
-// The window is destroyed under the same lock, so that the close reaches this engine or none.
-void AskToClose(WindowTest test) {
+// Asks the running engine to close. The window is destroyed under the same lock, so the request
+// cannot reach a later engine.
+void AskToClose(WithoutWindow withoutWindow) {
   const StateLocked locked;
   HWND window = hostState.engineWindow;
   if (hostState.engineThread == nullptr) return;
   if (window != nullptr) {
     StopForClose();
-  } else if (test == WindowTest::Tested) {
+  } else if (withoutWindow == WithoutWindow::Ignore) {
     return;
   } else {
     StopRunning();
@@ -247,12 +250,12 @@ uint32_t KORVEL_CALL RunMHEG5Window(MHEG5Host* host, HWND hostWindow) {
 }
 
 uint32_t KORVEL_CALL ExitMHEG5(void) {
-  korvel::AskToClose(korvel::WindowTest::Tested);
+  korvel::AskToClose(korvel::WithoutWindow::Ignore);
   return 0;
 }
 
 uint32_t KORVEL_CALL MHEG5ReStart(void) {
-  korvel::AskToClose(korvel::WindowTest::NotTested);
+  korvel::AskToClose(korvel::WithoutWindow::Stop);
   return 0;
 }
 

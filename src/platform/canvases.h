@@ -59,7 +59,7 @@ void CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int
                std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
                Canvas* canvas);
 
-// Draws a closed and filled polygon; polylines too. Two points are a line; fewer draw nothing.
+// Draws a closed and filled polygon, for polylines too. Two points give a line; fewer draw nothing.
 void CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
                    DrawnColour fill, Canvas* canvas);
 

@@ -1,5 +1,5 @@
-// Converts the bytes of an I-frame to an image by way of the temporary file and the host's decoder,
-// and saves images as files by way of GDI+'s encoders.
+// Converts the bytes of an I-frame to an image with the host's decoder, which reads a temporary
+// file, and saves images as files with GDI+'s encoders.
 #include "presentation/i_frame.h"
 
 #include <array>
@@ -23,9 +23,9 @@ using DecodeFrame = int(__cdecl*)(const char* path, std::uint8_t** buffer, int o
 
 // Calls the function with these arguments. On 32 bits it may be __cdecl or __stdcall, which cannot
 // be detected: both take their arguments on the stack, but __stdcall functions remove them.
-// Restoring the stack pointer from the frame is right after both. The stack is aligned as in
-// compiled calls. The compiler must not change how it passes the arguments, as it may for a
-// function of this file. On 64 bits there is one convention.
+// Restoring the stack pointer from the frame pointer is correct for both. The stack is aligned as
+// in compiled calls. `noipa` keeps the compiler from changing the calling convention of this
+// function, which it may do for functions local to a file. On 64 bits there is only one convention.
 #ifdef _WIN64
 void Call(DecodeFrame decode, const char* path, std::uint8_t** buffer, int one) {
   decode(path, buffer, one);

@@ -149,7 +149,7 @@ template <class Record> bool ReadWhole(TextReader& reader, Record& record) {
       (reader.IsAt(kEndOfText) || reader.Refuse("the end of the text"))) {
     return true;
   }
-  reader.PutBackTo(place);
+  reader.ReturnTo(place);
   reader.Enter({});
   return false;
 }

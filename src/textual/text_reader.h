@@ -36,12 +36,12 @@ class TextReader {
     return IsKeyword(code) && IsSameWord(KeywordText(code), keyword);
   }
 
-  // Takes the next token, which must not be the end of the text.
+  // Consumes the next token, which must not be the end of the text.
   void Skip() { ++place_; }
-  // Takes the next token if it is the given one.
+  // Consumes the next token if it is the given one.
   bool Take(std::uint16_t code) { return IsAt(code) && TakeNext(); }
   bool TakeKeyword(const char* keyword) { return IsAtKeyword(keyword) && TakeNext(); }
-  // Takes the next token, which must be the given one.
+  // Consumes the next token, which must be the given one.
   [[nodiscard]] bool Expect(std::uint16_t code, const char* expected) {
     return Take(code) || Refuse(expected);
   }
@@ -51,7 +51,7 @@ class TextReader {
 
   // The place of the next token, to return to later.
   [[nodiscard]] std::size_t Place() const { return place_; }
-  void PutBackTo(std::size_t place) { place_ = place; }
+  void ReturnTo(std::size_t place) { place_ = place; }
 
   // Sets the construct that is read from here on, and returns the previous one for the caller to
   // restore. After a refusal, restoring it is not needed: the refusal has recorded the construct.
@@ -103,7 +103,7 @@ class TextReader {
 
 // Each builder reads a value from the tokens, chosen by the type of its field. All return false,
 // with the refusal recorded, if the next tokens do not form such a value. Alternatives are chosen
-// by their first token, before any token is taken.
+// by their first token, before any token is consumed.
 [[nodiscard]] bool Read(TextReader& reader, bool& value);
 [[nodiscard]] bool Read(TextReader& reader, std::int32_t& value);
 [[nodiscard]] bool Read(TextReader& reader, OctetString& value);
@@ -120,16 +120,16 @@ class TextReader {
 // A parameter or target: a literal of that kind, or ":IndirectRef" and the variable that holds one.
 [[nodiscard]] bool ReadGeneric(TextReader& reader, ValueKind kind, GenericValue& value);
 
-// The number of a word, from 1 on.
+// The number of a word. The first word is 1.
 [[nodiscard]] bool ReadWord(TextReader& reader, Words words, std::int32_t& value);
 
 // A word, or the number of an enumeration without words.
 template <IsEnumeration Enumeration>
 [[nodiscard]] bool Read(TextReader& reader, Enumeration& value) {
-  constexpr Words kItsWords{kWords<Enumeration>};
+  constexpr Words kAllowedWords{kWords<Enumeration>};
   std::int32_t number = 0;
   const bool isRead =
-      kItsWords.empty() ? Read(reader, number) : ReadWord(reader, kItsWords, number);
+      kAllowedWords.empty() ? Read(reader, number) : ReadWord(reader, kAllowedWords, number);
   if (isRead) value = static_cast<Enumeration>(number);
   return isRead;
 }
@@ -145,7 +145,7 @@ template <IsSequence Record> [[nodiscard]] bool Read(TextReader& reader, Record&
   return isRead;
 }
 
-// One entry of a list. A structure is in parentheses there.
+// One entry of a list. An entry that is a structure is in parentheses.
 template <class Entry> [[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) {
   return Read(reader, entry);
 }

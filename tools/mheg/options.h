@@ -8,7 +8,7 @@
 namespace mheg {
 
 // The exit statuses of the tool; 0 means that every file was good.
-inline constexpr int kBadInput = 1;  // a file is no group, has faults, or reading or writing fails
+inline constexpr int kBadInput = 1;  // not a group, has faults, or cannot be read or written
 inline constexpr int kWrongUse = 2;  // wrong arguments
 
 enum class Command { Compile, Decompile, Dump, Check };

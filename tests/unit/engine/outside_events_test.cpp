@@ -8,7 +8,7 @@ namespace {
 class OutsideEvents : public EngineTest {
  protected:
   // Serves an application that notes "E" for engine events and "U" for keys, and a scene "~/menu".
-  void StartNoting(std::string_view sceneItems = "", std::string_view moreItems = "") {
+  void ServeNotingLinks(std::string_view sceneItems = "", std::string_view moreItems = "") {
     ServeApplication(LinkOn(1, "0", "EngineEvent", Note("E"), kShared) +
                      LinkOn(2, "0", "UserInput", Note("U"), kShared) + std::string(moreItems));
     ServeScene("menu", sceneItems);
@@ -18,7 +18,7 @@ class OutsideEvents : public EngineTest {
 // ---- Keys ----
 
 TEST_F(OutsideEvents, without_a_scene_arrow_keys_are_blocked) {
-  StartNoting();
+  ServeNotingLinks();
   ASSERT_EQ(Start(), Status::Done);
   EXPECT_EQ(Press(1), Status::Blocked);
   EXPECT_EQ(TakeNotes(), "");
@@ -57,7 +57,7 @@ TEST_F(OutsideEvents, colour_keys_raise_engine_events_of_their_own_numbers) {
 }
 
 TEST_F(OutsideEvents, other_keys_raise_no_engine_event) {
-  StartNoting();
+  ServeNotingLinks();
   StartWithScene("~/menu");
   for (const std::int32_t key : {1, 4, 5, 14, 15, 17, 99, 105, 300}) {
     EXPECT_EQ(Press(key), Status::Done);
@@ -77,7 +77,7 @@ bool IsBlocked(std::int32_t inputEventRegister, std::int32_t key) {
 }
 
 TEST_F(OutsideEvents, the_input_event_register_decides_which_keys_pass) {
-  StartNoting();
+  ServeNotingLinks();
   StartWithScene("~/menu");
   TakeNotes();
   for (std::int32_t inputEventRegister = 0; inputEventRegister <= 7; ++inputEventRegister) {
@@ -144,7 +144,8 @@ TEST_F(OutsideEvents, after_an_engine_event_that_replaces_the_scene_the_key_goes
 }
 
 TEST_F(OutsideEvents, the_register_of_a_scene_started_by_the_engine_event_applies) {
-  StartNoting("", LinkOn(3, "0", "EngineEvent :EventData 16", TransitionAction("~/next"), kShared));
+  ServeNotingLinks(
+      "", LinkOn(3, "0", "EngineEvent :EventData 16", TransitionAction("~/next"), kShared));
   ServeScene("menu", "", ":InputEventReg 0");
   ServeScene("next", "", ":InputEventReg 3");
   StartWithScene("~/menu");
@@ -160,7 +161,7 @@ TEST_F(OutsideEvents, keys_without_an_application_do_nothing) {
 
 // ---- Timer expiries ----
 
-TEST_F(OutsideEvents, a_timer_of_the_scene_fires_once_with_its_id_from_the_scene) {
+TEST_F(OutsideEvents, a_scene_timer_fires_once_with_the_scene_as_source_and_its_id_as_data) {
   ServeApplication("");
   ServeScene("menu", LinkOn(1, "0", "TimerFired :EventData 5", Note("5")) +
                          LinkOn(2, "0", "TimerFired :EventData 6", Note("6")) +
@@ -174,7 +175,7 @@ TEST_F(OutsideEvents, a_timer_of_the_scene_fires_once_with_its_id_from_the_scene
   EXPECT_EQ(TakeNotes(), "");
 }
 
-TEST_F(OutsideEvents, an_unknown_timer_is_dropped) {
+TEST_F(OutsideEvents, the_expiry_of_an_unknown_timer_is_refused) {
   ServeApplication("");
   ServeScene("menu", LinkOn(1, "0", "TimerFired", Note("x")));
   ASSERT_EQ(Start(), Status::Done);
@@ -194,7 +195,7 @@ TEST_F(OutsideEvents, a_link_of_the_application_responds_to_timers_of_the_scene)
 
 // ---- Other event types ----
 
-TEST_F(OutsideEvents, other_types_run_every_link_of_the_input_table_with_number_type_and_value) {
+TEST_F(OutsideEvents, other_types_run_all_input_links_with_the_same_source_number_type_and_data) {
   std::string links;
   for (std::int32_t number = 1; number <= 7; ++number) {
     links += LinkOn(number, "50", "CounterTrigger :EventData 3", Note(std::to_string(number)));
@@ -228,7 +229,7 @@ TEST_F(OutsideEvents, only_links_on_input_types_are_in_the_input_table) {
   EXPECT_EQ(inputTypes, "7 10 13 14 15 16 19 20 21 22 30 ");
 }
 
-TEST_F(OutsideEvents, a_failed_link_stops_the_rest_of_another_type) {
+TEST_F(OutsideEvents, a_failed_link_prevents_the_other_links_of_its_event) {
   ServeBroken("broken");
   ServeApplication(
       LinkOn(1, "50", "CounterTrigger :EventData 3", Note("1") + TransitionAction("~/broken")) +
@@ -239,7 +240,7 @@ TEST_F(OutsideEvents, a_failed_link_stops_the_rest_of_another_type) {
   EXPECT_EQ(TakeNotes(), "1");
 }
 
-TEST_F(OutsideEvents, a_replacing_link_stops_the_rest_of_another_type) {
+TEST_F(OutsideEvents, a_link_that_replaces_the_scene_prevents_the_other_links_of_its_event) {
   ServeScene("menu", "");
   ServeApplication(
       LinkOn(1, "50", "CounterTrigger :EventData 3", Note("1") + TransitionAction("~/menu")) +

@@ -89,11 +89,11 @@ class LinkCheck : public GroupVisitor {
     const bool isActivated = effects_.activated.MayBe(group_.Name(), currentObject);
     if (!link.InitiallyActive && !isActivated) Report("nothing activates it");
     if (!effects_.sendsEvents) CheckCondition(link.Condition);
-    if (group_.Group().type == ItemType::Scene) CheckCrowd(link);
+    if (group_.Group().type == ItemType::Scene) CheckLinkLimit(link);
   }
 
  private:
-  void CheckCrowd(const Link& link) {
+  void CheckLinkLimit(const Link& link) {
     const LinkCondition& condition = link.Condition;
     Awaited awaited{.event = condition.EventType};
     if (HasSource(condition.EventType)) {

@@ -6,7 +6,8 @@
 namespace korvel {
 namespace {
 
-// A side has 12 bits in a sequence header, and decoders may write whole macroblocks of 16.
+// A sequence header has 12 bits for each side, and decoders may write whole macroblocks of 16 x 16
+// pixels, even beyond the size in the header.
 constexpr std::int32_t kLargestSide = 4096;
 constexpr double kBlack = 16;
 constexpr double kChromaZero = 128;
@@ -39,7 +40,7 @@ PlanarFrame::PlanarFrame(FrameSize size)
 void PlanarFrame::ConvertRow(std::int32_t row, std::uint32_t* pixels) const {
   const std::int32_t chromaWidth = size_.width / 2;
   const std::int32_t chromaHeight = size_.height / 2;
-  // The last column and row of an odd size have no chroma of their own.
+  // If the width or height is odd, the last column or row uses the chroma of the one before it.
   const std::int32_t lastColumn = std::max(chromaWidth - 1, 0);
   const std::int32_t chromaRow = std::min(row / 2, std::max(chromaHeight - 1, 0));
   const std::uint8_t* y = bytes_ + Area(row, size_.width);

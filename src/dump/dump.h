@@ -8,7 +8,8 @@
 
 namespace korvel {
 
-// Every line begins with `depth` copies of "|   " and one "|---"; parts are deeper.
+// Prints a group. Its line begins with `depth` copies of "|   " and one "|---"; its parts are one
+// level deeper.
 void DumpApplication(const Application& application, int depth, std::FILE* stream);
 void DumpScene(const Scene& scene, int depth, std::FILE* stream);
 

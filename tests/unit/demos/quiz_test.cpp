@@ -16,8 +16,8 @@ constexpr std::int32_t kRightAnswer = 61;
 constexpr std::int32_t kToken = 30;
 constexpr std::int32_t kVerdict = 50;
 constexpr std::int32_t kRemark = 51;
-constexpr std::int32_t kCountdown = 1;  // a timer
-constexpr std::int32_t kLook = 2;       // another timer
+constexpr std::int32_t kCountdown = 1;   // a timer
+constexpr std::int32_t kCellUpdate = 2;  // the timer that updates the cells of the year
 
 constexpr std::int32_t kSubjects = 7;
 
@@ -82,7 +82,7 @@ TEST_F(Quiz, right_answers_win_each_subject) {
   }
 }
 
-TEST_F(Quiz, wrong_answers_win_nothing_and_are_corrected) {
+TEST_F(Quiz, wrong_answers_score_nothing_and_show_the_right_one) {
   Begin(3);
   Answer(RightAnswer() % 4 + 1);
   EXPECT_EQ(TextOf(kVerdict), "No, it is the green one.");
@@ -117,7 +117,7 @@ TEST_F(Quiz, a_question_without_an_answer_ends_when_its_time_is_up) {
   EXPECT_TRUE(IsPending(kCountdown)) << "the next question has its own time";
 }
 
-TEST_F(Quiz, a_year_without_an_answer_ends_when_its_time_is_up) {
+TEST_F(Quiz, the_question_for_a_year_ends_when_its_time_is_up) {
   Begin(1);
   PressAll({kSelect, kSelect, kSelect, kSelect, kDigit0 + 1});
   ASSERT_EQ(SceneName(), "~/year");
@@ -169,11 +169,11 @@ TEST_F(Quiz, a_year_needs_four_digits_and_can_be_corrected) {
   Type(685);
   EXPECT_EQ(TextOf(kVerdict), "A year has four digits.") << "there were five";
   PressAll({kLeft, kLeft, kLeft});
-  ASSERT_NO_FATAL_FAILURE(ExpireTimer(kLook));
+  ASSERT_NO_FATAL_FAILURE(ExpireTimer(kCellUpdate));
   EXPECT_EQ(TextOf(kVerdict), "");
   EXPECT_EQ(TextOf(31) + TextOf(32) + TextOf(33) + TextOf(34), "1768");
   PressAll({kDigit0 + 9});
-  ASSERT_NO_FATAL_FAILURE(ExpireTimer(kLook));
+  ASSERT_NO_FATAL_FAILURE(ExpireTimer(kCellUpdate));
   EXPECT_EQ(TextOf(31) + TextOf(32) + TextOf(33) + TextOf(34), "1968");
   EXPECT_EQ(Find<Rectangle>(25, SceneName()).Position.X, 206 + 2 * 80);
 }

@@ -1,4 +1,4 @@
-// Individual cases of calls that outlive the group they run in, and when ended groups are released.
+// Calls that are still running after their group has ended, and the release of ended groups.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -107,7 +107,7 @@ TEST_F(EndedGroups, are_noticed_even_if_the_generations_have_wrapped) {
   EXPECT_EQ(TheHost().fetched.back(), "two");
 }
 
-TEST_F(EndedGroups, are_skipped_by_a_list_of_the_application_that_has_their_visible) {
+TEST_F(EndedGroups, are_skipped_by_a_list_group_of_the_application_that_lists_their_visible) {
   ServeApplication("{:ListGroup 10 :InitiallyActive FALSE :Shared TRUE :TokenGroupItems "
                    "((11) ((\"~/menu\" 8))) :Positions ((0 0) (0 50))}" +
                    RectangleText(11, kInactive) + LinkOnKey(1, 100, ":Run(10)", kShared) +
@@ -126,7 +126,7 @@ TEST_F(EndedGroups, are_skipped_by_a_list_of_the_application_that_has_their_visi
   EXPECT_EQ(Notes(), "n");
 }
 
-TEST_F(EndedGroups, may_own_the_name_that_ends_them) {
+TEST_F(EndedGroups, may_own_the_name_in_the_call_that_ends_them) {
   ServeApplication("");
   ServeScene("menu", "");
   ServeScene("next", "");
@@ -145,7 +145,7 @@ TEST_F(EndedGroups, may_own_the_name_that_ends_them) {
             Status::Done);
 }
 
-TEST_F(EndedGroups, whose_end_fails_stay_and_the_new_group_is_released) {
+TEST_F(EndedGroups, whose_end_fails_keep_running_and_the_new_group_is_released) {
   ServeBroken("broken");
   ServeApplication(LinkOn(1, "(\"~/menu\" 0)", "IsDeleted", TransitionAction("~/broken"), kShared));
   ServeScene("menu", RectangleText(8));

@@ -1,4 +1,4 @@
-// Tests the library's resources, looked up as other programs look them up.
+// Tests that other programs can find the library's resources.
 #include <gtest/gtest.h>
 
 #include <string_view>

@@ -1,6 +1,6 @@
 // Tests content's timers end to end: from the action that sets a timer, through the platform's
 // timers, the window and its queue, to the picture that the expiry changes. To check that a timer
-// has not fired, a test waits until one that is due later has.
+// has not fired, a test waits until another timer, which is due later, has fired.
 #include "windows/library/engine_fixture.h"
 
 namespace korvel::test {
@@ -78,7 +78,7 @@ class LibraryTimers : public Engine {
     }
     EXPECT_EQ(Shown(10 * count + 5, y), kBlack) << "timer " << timer << " fired too often";
   }
-  // The number of the timer that fired last.
+  // The colour of the timer that fired last.
   [[nodiscard]] COLORREF Last() const { return Shown(610, 10); }
 };
 
@@ -139,7 +139,7 @@ TEST_F(LibraryTimers, end_with_their_scene) {
   ExpectExpiries(1, 0);
 }
 
-TEST_F(LibraryTimers, of_the_next_scene_are_not_those_of_the_last_one) {
+TEST_F(LibraryTimers, of_the_next_scene_do_not_fire_when_those_of_the_last_scene_were_due) {
   StartWithKey(":SetTimer(0 1 50) :TransitionTo((\"~/next\" 0))");
   ServeScene("next", Bars() + Link(50, "IsRunning", ":SetTimer(0 1 700) :SetTimer(0 2 300)"));
   PressKey(kEnter);

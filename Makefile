@@ -1,7 +1,7 @@
 # The short front of the CMake presets. Each target installs the Debian packages that it needs and
 # that are missing, builds no more than it needs, and does its job: any of them may be the first
 # command on a machine (scripts/fresh-machine.sh). Products: build/<preset>/bin/.
-.PHONY: play test test-elsewhere gallery dll mheg demos fuzz check format
+.PHONY: play test test-elsewhere gallery dll mheg demos fuzz bench check format
 
 # Plays the demo that DEMO names (welcome, quiz, clock): in a window where there is a display, else
 # into screenshots.
@@ -47,6 +47,11 @@ fuzz:
 	@cmake --preset fuzz -DKORVEL_FUZZ_SECONDS=$(or $(SECONDS),600) >/dev/null
 	@cmake --build --preset fuzz
 	@ctest --preset fuzz
+
+# One table of the times of all benchmarks, with the goals that are met.
+bench:
+	@scripts/install-packages.sh native bench
+	@scripts/bench.sh
 
 # Layout, clang-tidy, and every header by itself.
 check:

@@ -5,9 +5,10 @@ cd "$(dirname "$0")/.." || exit 1
 mode="--dry-run --Werror"
 [ "${1-}" != --fix ] || mode=-i
 
-sources() { find src include tools tests examples -name '*.cpp' -o -name '*.h' -o -name '*.c'; }
+folders="src include tools tests examples bench"
+sources() { find $folders -name '*.cpp' -o -name '*.h' -o -name '*.c'; }
 other_files() {
-  find Makefile CMakeLists.txt cmake scripts src tools tests examples -type f \
+  find Makefile CMakeLists.txt cmake scripts $folders -type f \
     '(' -name '*.sh' -o -name '*.py' -o -name '*.cmake' \
     -o -name CMakeLists.txt -o -name Makefile ')'
 }

@@ -1,0 +1,21 @@
+#include "workload.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace bench {
+
+std::vector<Workload> AllWorkloads() {
+  std::vector<Workload> all;
+  for (const auto& subject : {ActionWorkloads(), EventWorkloads(), ListWorkloads()}) {
+    all.insert(all.end(), subject.begin(), subject.end());
+  }
+  return all;
+}
+
+void Fail(const std::string& message) {
+  std::fprintf(stderr, "bench: %s\n", message.c_str());
+  std::exit(1);
+}
+
+}  // namespace bench

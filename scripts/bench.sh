@@ -1,0 +1,20 @@
+#!/bin/sh
+# Builds and runs the benchmarks, and prints their results as one table. The results and the curves
+# are in build/bench/. An optional argument is a pattern of the native benchmarks to run.
+# Usage: [DOCS=1] bench.sh [PATTERN]
+#   DOCS=1   copies the curves to docs/curves/
+set -eu
+cd "$(dirname "$0")/.."
+. scripts/wine-server.sh
+
+results=build/bench
+rm -rf "$results"
+mkdir -p "$results"
+cmake --preset native -DKORVEL_BENCH=ON >/dev/null
+cmake --build --preset native --target bench_native
+build/native/bench/bench_native --benchmark_filter="${1:-.}" \
+  --benchmark_out="$results/native.json" --benchmark_out_format=json >"$results/native.log" 2>&1 ||
+  { cat "$results/native.log" >&2; exit 1; }
+
+scripts/bench_table.py --curves "$results/curves" bench/goals.txt "$results"/*.json
+[ -z "${DOCS-}" ] || { mkdir -p docs/curves && cp "$results"/curves/*.svg docs/curves/; }

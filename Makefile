@@ -1,7 +1,7 @@
 # The short front of the CMake presets. Each target installs the Debian packages that it needs and
 # that are missing, builds no more than it needs, and does its job: any of them may be the first
 # command on a machine (scripts/fresh-machine.sh). Products: build/<preset>/bin/.
-.PHONY: play test test-elsewhere gallery dll mheg demos fuzz bench check format
+.PHONY: play test test-elsewhere gallery dll mheg demos fuzz bench bench-check check format
 
 # Plays the demo that DEMO names (welcome, quiz, clock): in a window where there is a display, else
 # into screenshots.
@@ -9,10 +9,10 @@ play: dll demos
 	@scripts/install-packages.sh run display
 	@scripts/play.sh $(or $(DEMO),welcome)
 
-# All tests: those of speed, native ones under the sanitizers, a minute of fuzzing each reader,
-# Windows ones under Wine, scenarios, checks.
+# All tests: the instruction counts of the benchmarks, native tests under the sanitizers, a minute
+# of fuzzing each reader, Windows tests under Wine, scenarios, checks.
 test:
-	@scripts/install-packages.sh native windows run gallery test fuzz format tidy
+	@scripts/install-packages.sh native windows run gallery test fuzz bench format tidy
 	@scripts/run-tests.sh native native-asan fuzz win64 win32
 
 # The Windows tests with the 32-bit products, and under a newer Wine. Needs root.
@@ -52,6 +52,13 @@ fuzz:
 bench:
 	@scripts/install-packages.sh native bench
 	@scripts/bench.sh
+
+# Compares the instruction counts of the benchmarks with the stored ones. ACCEPT=1 stores them.
+bench-check:
+	@scripts/install-packages.sh native bench
+	@cmake --preset native -DKORVEL_BENCH=ON >/dev/null
+	@cmake --build --preset native --target bench_check
+	@bench/check/compare.py build/native $(if $(ACCEPT),--accept)
 
 # Layout, clang-tidy, and every header by itself.
 check:

@@ -13,7 +13,9 @@ for task; do
     display) packages="$packages xvfb xauth" ;;
     gallery) packages="$packages python3 python3-pil python3-numpy python3-jinja2" ;;
     test) packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest openssl ffmpeg" ;;
-    bench) packages="$packages libbenchmark-dev liblua5.4-dev python3-matplotlib" ;;
+    bench)
+      packages="$packages libbenchmark-dev liblua5.4-dev libtasn1-6-dev python3-matplotlib valgrind"
+      ;;
     fuzz) packages="$packages clang libclang-rt-dev cmake ninja-build" ;;
     format) packages="$packages clang-format" ;;
     tidy) packages="$packages clang-tidy" ;;

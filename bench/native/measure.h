@@ -19,6 +19,7 @@ struct Reference {
 };
 
 std::vector<Reference> LuaReferences();
+std::vector<Reference> DecodingReferences();
 
 // All of them.
 std::vector<Reference> AllReferences();

@@ -7,7 +7,8 @@ namespace bench {
 
 std::vector<Workload> AllWorkloads() {
   std::vector<Workload> all;
-  for (const auto& subject : {ActionWorkloads(), EventWorkloads(), ListWorkloads()}) {
+  for (const auto& subject : {GroupWorkloads(), TextWorkloads(), ActionWorkloads(),
+                              EventWorkloads(), ListWorkloads(), CheckWorkloads()}) {
     all.insert(all.end(), subject.begin(), subject.end());
   }
   return all;

@@ -22,9 +22,12 @@ struct Workload {
 };
 
 // Each lists the workloads of one subject.
+std::vector<Workload> GroupWorkloads();
+std::vector<Workload> TextWorkloads();
 std::vector<Workload> ActionWorkloads();
 std::vector<Workload> EventWorkloads();
 std::vector<Workload> ListWorkloads();
+std::vector<Workload> CheckWorkloads();
 
 // All of them.
 std::vector<Workload> AllWorkloads();

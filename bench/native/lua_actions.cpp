@@ -110,11 +110,10 @@ std::string ChunkOf(const Shape& shape, int size) {
   std::string calls;
   for (int i = 0; i < kActions; ++i) {
     const std::string number = std::to_string(TargetAt(i, size));
-    chunk += "objects[" + number + "] = " + shape.target + "\nhandlers[" + number +
-             "] = " + shape.handler + "\n";
-    const std::string call = shape.call;
-    const std::size_t place = call.find("%d");
-    calls += call.substr(0, place) + number + call.substr(place + 2) + "\n";
+    chunk.append("objects[").append(number).append("] = ").append(shape.target).append("\n");
+    chunk.append("handlers[").append(number).append("] = ").append(shape.handler).append("\n");
+    calls.append(shape.call).append("\n");
+    calls.replace(calls.rfind("%d"), 2, number);
   }
   return chunk + "return function()\n" + calls + "end";
 }

@@ -88,6 +88,7 @@ int main(int count, char** arguments) {
           ->Iterations(1);
     }
   }
+  bench::RegisterMemory();
   benchmark::Initialize(&count, arguments);
   if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
   benchmark::RunSpecifiedBenchmarks();

@@ -24,4 +24,7 @@ std::vector<Reference> DecodingReferences();
 // All of them.
 std::vector<Reference> AllReferences();
 
+// Registers the benchmarks of memory.
+void RegisterMemory();
+
 }  // namespace bench

@@ -343,7 +343,8 @@ TEST_F(Lifecycle, a_start_clears_the_current_directory) {
   EXPECT_EQ(TheHost().fetched.back(), "menu");
 }
 
-TEST_F(Lifecycle, operations_without_an_application_are_harmless) {
+TEST_F(Lifecycle, a_start_after_operations_without_an_application_works) {
+  ServeApplication(LinkOnKey(1, 100, Note("1")));
   ServeScene("menu", "");
   Serve("b", ApplicationText("~/b", ""));
   for (const char* name : {"~/missing", "~/menu", "~/b"}) {
@@ -357,6 +358,9 @@ TEST_F(Lifecycle, operations_without_an_application_are_harmless) {
       static_cast<void>(Quit());
     });
   }
+  ASSERT_EQ(Start(), Status::Done);
+  EXPECT_EQ(Press(100), Status::Done);
+  EXPECT_EQ(Notes(), "1");
 }
 
 TEST_F(Lifecycle, a_closed_engine_can_start_again) {

@@ -9,6 +9,7 @@
 #include "engine/engine.h"
 #include "engine/resident_programs.h"
 #include "objects/bounded_list.h"
+#include "objects/index.h"
 #include "objects/limits.h"
 #include "objects/list.h"
 #include "objects/ownership.h"
@@ -20,7 +21,30 @@ struct LinkTableEntry {
   Link* waiting = nullptr;
   Scope context = Scope::SceneFirst;  // ApplicationFirst when the link belongs to the application
 };
-using LinkTable = List<LinkTableEntry>;
+
+// What a link waits for: an event of a type, from the source of a number or from any source, with
+// data of a kind and value. The data of a link that accepts any data is of kind None.
+struct LinkKey {
+  EventType type{};
+  bool isAnySource = false;
+  std::int32_t sourceNumber = 0;
+  EventData data;
+
+  bool operator==(const LinkKey&) const = default;
+};
+[[nodiscard]] constexpr std::uint32_t HashOf(const LinkKey& key) {
+  const auto add = [](std::uint32_t hash, std::uint32_t number) { return hash * 31 + number; };
+  std::uint32_t hash = static_cast<std::uint32_t>(key.type) * 2 + (key.isAnySource ? 1 : 0);
+  hash = add(hash, static_cast<std::uint32_t>(key.sourceNumber));
+  hash = add(hash, static_cast<std::uint32_t>(key.data.kind));
+  hash = add(hash, static_cast<std::uint32_t>(key.data.value));
+  return HashOf(static_cast<std::int32_t>(hash));
+}
+
+// All waiting links, in the order in which they run: those of the application first, and those of a
+// group in the order of its items. Each is found with its source and, for events that are raised
+// without one, as a link that waits for any source.
+using LinkTable = Index<LinkKey, LinkTableEntry>;
 
 // The names of the applications that spawned the current one, the last on top.
 using ApplicationStack = BoundedList<OctetString, kMostSpawnedApplications>;
@@ -40,8 +64,7 @@ struct Core {
   std::uint32_t sceneStartTime = 0;  // milliseconds since the process started
   Generations generations;
 
-  LinkTable stateTable;
-  LinkTable inputTable;
+  LinkTable links;
 
   List<PersistentEntry> persistentStore;
   std::uint32_t random = 0;
@@ -81,6 +104,12 @@ void ReleaseEndedGroups();
 [[nodiscard]] bool SetDirectoryOfLaunched(std::string_view groupName);
 [[nodiscard]] bool SetDirectoryOfSpawned(std::string_view groupName);
 
+// ---- lookup.cpp ----
+
+// Enters the objects of a decoded group in its index, so that FindObject finds them. False if
+// memory runs out.
+[[nodiscard]] bool IndexObjects(Group& group);
+
 // ---- group_life.cpp: how a decoded group starts and a running group ends ----
 
 // Starts the application that has just become current: completes its references, runs OnStartUp for
@@ -106,34 +135,28 @@ Status EndRunningGroups();
 // Ends only the scene.
 Status EndScene();
 
-// Ends the running groups without events and messages, and clears the link tables.
+// Ends the running groups without events and messages, and clears the link table.
 void EndRunningGroupsSilently();
 
 // Makes a decoded group the current one of its kind, after the current one has ended.
 Application& AdoptApplication(OwnedGroup&& group);
 Scene& AdoptScene(OwnedGroup&& group);
 
-// ---- link_tables.cpp ----
-
-// The table that holds links waiting for the type, or null for an unknown event type: such a link
-// is in no table and never fires. The split between the tables is fixed and differs from the
-// standard's split into synchronous and asynchronous events.
-[[nodiscard]] LinkTable* TableOf(EventType type);
+// ---- link_table.cpp ----
 
 // Prepares the group's links, activates those that are initially active, and enters all of them in
-// their tables.
+// the table. A link with an unknown event type is not entered and never fires.
 Status AddLinks(Group& group, Scope context);
 
-// Removes the links of a group from both tables: those named after the group, and those it owns
-// under any other name.
+// Removes the links of a group from the table: those named after the group, and those it owns under
+// any other name.
 void RemoveLinks(const Group& group);
-
-void ClearLinkTables();
 
 // ---- events.cpp ----
 
-// Handles the rare outside events that are neither keys nor timers: runs every active link of the
-// input table that waits for this source number, type and value, without a limit on their number.
+// Handles the rare outside events that are neither keys nor timers: runs every active link that
+// waits for this source number, type and value, without a limit on their number. Links that wait
+// for an event of the engine's own, such as IsRunning, do not run.
 Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value);
 
 // ---- timers.cpp ----

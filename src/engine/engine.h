@@ -146,6 +146,7 @@ struct EventData {
 
   [[nodiscard]] static EventData Boolean(bool value) { return {ValueKind::Boolean, value ? 1 : 0}; }
   [[nodiscard]] static EventData Integer(std::int32_t value) { return {ValueKind::Integer, value}; }
+  bool operator==(const EventData&) const = default;
 };
 
 // Runs the links (five at most) that wait for this event from this source, then returns. Done if

@@ -1,5 +1,5 @@
 // Raises events: collects the links that wait for an event and runs their effects before the call
-// returns. All links are collected before the first one runs, so that links may change the tables,
+// returns. All links are collected before the first one runs, so that links may change the table,
 // other links or whole groups. A link whose group has ended in the meantime is skipped.
 #include "actions/actions.h"
 #include "engine/core.h"
@@ -17,25 +17,6 @@ struct CollectedLink {
 
 using LinkCollection = BoundedList<CollectedLink, kMostLinksOfEvent>;
 
-bool MatchesData(const GenericValue& waitedFor, EventData data) {
-  if (waitedFor.Kind == ValueKind::None) return true;
-  if (waitedFor.Kind != data.kind) return false;
-  if (data.kind == ValueKind::Integer) return waitedFor.Integer == data.value;
-  if (data.kind == ValueKind::Boolean) return waitedFor.Boolean == (data.value != 0);
-  return false;
-}
-
-bool MatchesEvent(const Link& link, EventType type, EventData data) {
-  return link.Condition.EventType == type && MatchesData(link.Condition.EventData, data) &&
-         link.RunningStatus;
-}
-
-bool MatchesSource(const LinkCondition& condition, std::string_view sourceGroup,
-                   std::int32_t sourceNumber) {
-  return condition.EventSource.Number == sourceNumber &&
-         IsSameGroup(condition.EventSource.GroupIdentifier.View(), sourceGroup);
-}
-
 enum class SceneName { AsStored, WithoutTilde };
 
 // A link of a scene waits only while that scene is the current one.
@@ -48,14 +29,27 @@ bool IsInContext(const LinkTableEntry& entry, SceneName comparison) {
   return IsSameGroup(linkGroup, NameOf(*scene));
 }
 
-template <class Predicate> LinkCollection Collect(EventType type, Predicate&& waits) {
+// Links are compared with booleans and integers. A link that waits for another kind never runs.
+bool IsCompared(ValueKind kind) { return kind == ValueKind::Boolean || kind == ValueKind::Integer; }
+
+// Collects the first links of a key that run: those that wait for this data and those that accept
+// any, in the order of the table.
+template <class Predicate> LinkCollection Collect(LinkKey key, Predicate&& waits) {
   LinkCollection collection;
-  const LinkTable* table = TableOf(type);
-  if (table == nullptr) return collection;
-  for (const LinkTableEntry& entry : *table) {
-    if (collection.IsFull() || !MayContinue()) break;
-    if (!waits(entry)) continue;
-    collection.Append({entry.waiting, entry.waiting->owner, entry.context});
+  const LinkTable& table = TheCore().links;
+  const auto* withData = IsCompared(key.data.kind) ? table.Find(key) : nullptr;
+  key.data = {};
+  const auto* withAnyData = table.Find(key);
+  while (!collection.IsFull() && MayContinue()) {
+    const bool isAnyNext =
+        withData == nullptr || (withAnyData != nullptr && withAnyData < withData);
+    const auto*& next = isAnyNext ? withAnyData : withData;
+    if (next == nullptr) break;
+    const LinkTableEntry& entry = next->value;
+    if (entry.waiting->RunningStatus && waits(entry)) {
+      collection.Append({entry.waiting, entry.waiting->owner, entry.context});
+    }
+    next = table.Next(*next);
   }
   return collection;
 }
@@ -67,6 +61,27 @@ Status RunLink(const CollectedLink& link) {
 
 bool StopsDispatch(Status status) {
   return status == Status::Failure || status == Status::Replaced;
+}
+
+// Events of the user, of timers and of streams. The split is fixed; it differs from the standard's
+// split into synchronous and asynchronous events.
+bool IsInputEvent(EventType type) {
+  switch (type) {
+  case EventType::UserInput:
+  case EventType::AnchorFired:
+  case EventType::TimerFired:
+  case EventType::InteractionCompleted:
+  case EventType::StreamEvent:
+  case EventType::StreamPlaying:
+  case EventType::StreamStopped:
+  case EventType::CounterTrigger:
+  case EventType::CursorEnter:
+  case EventType::CursorLeave:
+  case EventType::IsSelected:
+  case EventType::IsDeselected:
+  case EventType::EntryFieldFull: return true;
+  default: return false;
+  }
 }
 
 template <class Links> Status RunLinks(const Links& links) {
@@ -84,9 +99,11 @@ template <class Links> Status RunLinks(const Links& links) {
 
 Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
                   EventData data) {
-  const LinkCollection collection = Collect(type, [&](const LinkTableEntry& entry) {
-    return MatchesSource(entry.waiting->Condition, sourceGroup, sourceNumber) &&
-           MatchesEvent(*entry.waiting, type, data) && IsInContext(entry, SceneName::AsStored);
+  const LinkKey key{type, false, sourceNumber, data};
+  const LinkCollection collection = Collect(key, [&](const LinkTableEntry& entry) {
+    const ObjectReference& source = entry.waiting->Condition.EventSource;
+    return IsSameGroup(source.GroupIdentifier.View(), sourceGroup) &&
+           IsInContext(entry, SceneName::AsStored);
   });
   return RunLinks(collection);
 }
@@ -96,22 +113,21 @@ Status RaiseEvent(const Root& source, EventType type, EventData data) {
 }
 
 Status RaiseEventByType(EventType type, EventData data) {
-  const LinkCollection collection = Collect(type, [&](const LinkTableEntry& entry) {
-    return MatchesEvent(*entry.waiting, type, data) && IsInContext(entry, SceneName::WithoutTilde);
+  const LinkCollection collection = Collect({type, true, 0, data}, [](const auto& entry) {
+    return IsInContext(entry, SceneName::WithoutTilde);
   });
   return RunLinks(collection);
 }
 
 Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) {
   Sequence<CollectedLink> links;
-  for (const LinkTableEntry& entry : TheCore().inputTable) {
+  for (const auto& [key, entry, next, last] : TheCore().links) {
     if (!MayContinue()) return Status::Failure;
     Link& link = *entry.waiting;
-    if (!link.RunningStatus || link.Condition.EventSource.Number != sourceNumber ||
-        link.Condition.EventType != type || link.Condition.EventData.Integer != value) {
-      continue;
-    }
-    if (!links.Append({&link, link.owner, entry.context})) return Status::Failure;
+    const bool isMatch = !key.isAnySource && key.type == type && IsInputEvent(type) &&
+                         key.sourceNumber == sourceNumber && link.RunningStatus &&
+                         link.Condition.EventData.Integer == value;
+    if (isMatch && !links.Append({&link, link.owner, entry.context})) return Status::Failure;
   }
   return RunLinks(links);
 }

@@ -139,7 +139,7 @@ Status EndRunningGroups() {
 
 void EndRunningGroupsSilently() {
   Core& core = TheCore();
-  ClearLinkTables();
+  core.links.Clear();
   if (core.scene != nullptr) MoveToEnded(*core.scene);
   if (core.application != nullptr) MoveToEnded(*core.application);
 }

@@ -19,7 +19,7 @@ Status Refuse(Message message) {
 
 bool Decode(const OctetString& bytes, OwnedGroup& group) {
   const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.Text());
-  return DecodeGroup({first, bytes.Length()}, group) == Status::Done;
+  return DecodeGroup({first, bytes.Length()}, group) == Status::Done && IndexObjects(*group);
 }
 
 Status RaiseReferenceError(const ObjectReference& source) {
@@ -58,7 +58,7 @@ bool PushCurrentApplication() {
 }
 
 Status QuitToNothing() {
-  ClearLinkTables();
+  TheCore().links.Clear();
   EmptyPersistentStore();
   RequestRestart(RestartReason::QuitWithoutParent);
   return Status::Failure;

@@ -7,27 +7,31 @@ namespace {
 // Actions cannot target palettes, remote and interchanged programs, fonts and cursor shapes.
 bool IsFindable(ItemType type) { return type <= ItemType::SwitchButton; }
 
-bool HasName(const Root& object, std::string_view name, std::int32_t number) {
-  return object.Reference.Number == number &&
-         IsSameGroup(object.Reference.GroupIdentifier.View(), name);
-}
-
-FoundObject FindInList(const List<Item>& items, std::string_view name, std::int32_t number) {
+bool IndexObjectsOf(const List<Item>& items, Group& group) {
   for (const Item& item : items) {
-    if (!MayContinue()) break;
-    if (IsFindable(item.Type()) && HasName(*item.Record(), name, number)) {
-      return {item.Type(), item.Record()};
+    const std::int32_t number = item.Record()->Reference.Number;
+    if (IsFindable(item.Type()) && !group.objects.Add(number, {item.Type(), item.Record()})) {
+      return false;
     }
     // The components of a stream are not items of the group.
-    if (item.Type() != ItemType::Stream) continue;
-    const FoundObject component = FindInList(item.As<Stream>().Multiplex, name, number);
-    if (component) return component;
+    if (item.Type() == ItemType::Stream && !IndexObjectsOf(item.As<Stream>().Multiplex, group)) {
+      return false;
+    }
   }
-  return {};
+  return true;
 }
 
+// The first object of that name and number. An object can bear the name of another group.
 FoundObject FindInGroup(const Group* group, std::string_view name, std::int32_t number) {
-  return group == nullptr ? FoundObject{} : FindInList(group->Items, name, number);
+  if (group == nullptr) return {};
+  const auto* entry = group->objects.Find(number);
+  for (; entry != nullptr; entry = group->objects.Next(*entry)) {
+    const HeldObject& held = entry->value;
+    if (IsSameGroup(held.record->Reference.GroupIdentifier.View(), name)) {
+      return {held.type, held.record};
+    }
+  }
+  return {};
 }
 
 bool IsItself(const Group* group, std::string_view name, std::int32_t number) {
@@ -35,6 +39,8 @@ bool IsItself(const Group* group, std::string_view name, std::int32_t number) {
 }
 
 }  // namespace
+
+bool IndexObjects(Group& group) { return IndexObjectsOf(group.Items, group); }
 
 FoundObject FindObject(Scope scope, std::string_view name, std::int32_t number) {
   Application* application = CurrentApplication();

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "objects/index.h"
 #include "objects/item.h"
 #include "objects/list.h"
 #include "objects/values.h"
@@ -38,6 +39,12 @@ struct Timer {
   ObjectReference owner;    // the group that set it first
 };
 
+// An object that a group holds: an item, or a component of a stream.
+struct HeldObject {
+  ItemType type = ItemType::None;
+  Ingredient* record = nullptr;
+};
+
 struct Group : Root {
   explicit Group(ItemType groupType) : type(groupType) {}
 
@@ -52,6 +59,7 @@ struct Group : Root {
   List<Item> Items;  // in the order in which they were encoded
 
   Life life;
+  Index<std::int32_t, HeldObject> objects;  // by number; the engine fills it before the group runs
   List<Timer> Timers;
   Group* nextEnded = nullptr;  // the next ended group that waits for release
 };

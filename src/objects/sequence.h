@@ -1,5 +1,4 @@
-// A growable array of trivially copyable values on the engine's heap. Loops copy a list into one
-// before they run anything that could change the list.
+// A growable array of trivially copyable values on the engine's heap.
 #pragma once
 
 #include <cstddef>
@@ -27,9 +26,24 @@ template <class T> class Sequence {
 
   // False, and unchanged, if memory runs out.
   [[nodiscard]] bool Append(const T& value) {
-    if (size_ == capacity_ && !Grow()) return false;
+    if (size_ == capacity_ && !Reserve(capacity_ == 0 ? kFirstCapacity : capacity_ * 2)) {
+      return false;
+    }
     values_[size_++] = value;
     return true;
+  }
+  // Added values are default values. False, and unchanged, if memory runs out.
+  [[nodiscard]] bool Resize(std::size_t size) {
+    if (size > capacity_ && !Reserve(size)) return false;
+    for (; size_ < size; ++size_) values_[size_] = T{};
+    size_ = size;
+    return true;
+  }
+  // Removes all values after the first `size`.
+  void Truncate(std::size_t size) { size_ = size; }
+  void Clear() {
+    ReleaseMemory(std::exchange(values_, nullptr));
+    size_ = capacity_ = 0;
   }
 
   [[nodiscard]] std::size_t Size() const { return size_; }
@@ -46,8 +60,7 @@ template <class T> class Sequence {
   // A value may well be a pointer.  NOLINTNEXTLINE(bugprone-sizeof-expression)
   static constexpr std::size_t kValueSize = sizeof(T);
 
-  [[nodiscard]] bool Grow() {
-    const std::size_t capacity = capacity_ == 0 ? kFirstCapacity : capacity_ * 2;
+  [[nodiscard]] bool Reserve(std::size_t capacity) {
     auto* values = static_cast<T*>(AllocateZeroed(capacity * kValueSize));
     if (values == nullptr) return false;
     if (size_ > 0) std::memcpy(static_cast<void*>(values), values_, size_ * kValueSize);

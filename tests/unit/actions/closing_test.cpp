@@ -158,19 +158,10 @@ TEST_F(Closing, stops_starting_links) {
   EXPECT_FALSE(IsRunning(kSteps));
 }
 
-TEST_F(Closing, stops_searching_for_an_object) {
-  Start(Repeated(
-      [](int number) { return "{:IntegerVar " + std::to_string(number) + " :OrigValue 0}"; }));
-  RequestClose();
-  EXPECT_FALSE(static_cast<bool>(FindObject(Scope::ApplicationFirst, "~/a", kSteps)));
-  CancelClose();
-  EXPECT_TRUE(static_cast<bool>(FindObject(Scope::ApplicationFirst, "~/a", kSteps)));
-}
-
 TEST_F(Closing, stops_searching_for_links) {
   Start(Repeated([](int number) {
           return "{:Link " + std::to_string(1000 + number) +
-                 " :EventSource 77 :EventType UserInput :LinkEffect (:Add(1 1))}";
+                 " :EventSource (\"~/x\" 1) :EventType UserInput :LinkEffect (:Add(1 1))}";
         }) +
         "{:IntegerVar 1 :OrigValue 0}"
         "{:Link 2 :EventSource 1 :EventType UserInput :LinkEffect (:Quit(0))}");

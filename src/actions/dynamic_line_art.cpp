@@ -64,7 +64,7 @@ Status PaintArc(const Arguments& arguments, ArcForm form) {
 }
 
 // Reads whole pairs of coordinates. A single value at the end is ignored.
-Status ReadPoints(const Arguments& arguments, Sequence<CanvasPoint>& points) {
+Status ReadPoints(const Arguments& arguments, List<CanvasPoint>& points) {
   bool hasX = false;
   std::int32_t x = 0;
   for (const GenericValue& given : *arguments.given) {
@@ -83,7 +83,7 @@ Status ReadPoints(const Arguments& arguments, Sequence<CanvasPoint>& points) {
 }
 
 Status PaintPolygon(const Arguments& arguments) {
-  Sequence<CanvasPoint> points;
+  List<CanvasPoint> points;
   const Status status = ReadPoints(arguments, points);
   if (status != Status::Done) return status;
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {

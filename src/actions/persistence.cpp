@@ -16,7 +16,7 @@ constexpr std::size_t kNumberBytes = 4;  // of a number or a length, lowest byte
 struct PersistentArguments {
   BooleanVariable* success = nullptr;
   OctetString name;
-  Sequence<FoundObject> variables;  // type None if a reference names nothing
+  List<FoundObject> variables;  // type None if a reference names nothing
 };
 
 // All references are searched in the application first, even for actions of a scene.

@@ -13,7 +13,7 @@ ResidentProgram& TargetOf(const Arguments& arguments) {
 Status RunTargetProgram(const Arguments& arguments) {
   const FoundObject success = Find(arguments, arguments.Reference(0));
   if (success.type != ItemType::BooleanVariable) return Status::Refused;
-  Sequence<const GenericValue*> parameters;
+  List<const GenericValue*> parameters;
   auto given = arguments.given->begin();
   for (++given; given != arguments.given->end(); ++given) {
     if (!parameters.Append(&*given)) return Status::Failure;

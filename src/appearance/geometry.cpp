@@ -39,7 +39,7 @@ CanvasPoint Crossing(const CanvasPoint& from, const CanvasPoint& to, const Side&
 }
 
 [[nodiscard]] bool ClipToSide(std::span<const CanvasPoint> points, const Side& side,
-                              Sequence<CanvasPoint>& clipped) {
+                              List<CanvasPoint>& clipped) {
   for (std::size_t index = 0; index < points.size(); ++index) {
     const CanvasPoint& here = points[index];
     const CanvasPoint& next = points[(index + 1) % points.size()];
@@ -107,11 +107,11 @@ bool ClipLine(const CanvasPoint& from, const CanvasPoint& to, std::int64_t farth
 }
 
 bool ClipPolygon(std::span<const CanvasPoint> points, std::int64_t farthest,
-                 Sequence<CanvasPoint>& clipped) {
+                 List<CanvasPoint>& clipped) {
   const std::array<Side, 4> sides = SidesOf(farthest);
-  Sequence<CanvasPoint> first;
-  Sequence<CanvasPoint> second;
-  Sequence<CanvasPoint> third;
+  List<CanvasPoint> first;
+  List<CanvasPoint> second;
+  List<CanvasPoint> third;
   return ClipToSide(points, sides[0], first) && ClipToSide(first, sides[1], second) &&
          ClipToSide(second, sides[2], third) && ClipToSide(third, sides[3], clipped);
 }

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <span>
 
-#include "objects/sequence.h"
+#include "objects/list.h"
 #include "objects/visibles.h"
 #include "platform/canvases.h"
 
@@ -92,6 +92,6 @@ struct LinePart {
 // Adds to `clipped` the outline of the part of a polygon that lies in the same square, which may be
 // nothing. False if memory runs out.
 [[nodiscard]] bool ClipPolygon(std::span<const CanvasPoint> points, std::int64_t farthest,
-                               Sequence<CanvasPoint>& clipped);
+                               List<CanvasPoint>& clipped);
 
 }  // namespace korvel

@@ -16,10 +16,15 @@ auto IsEntry(ItemType kind, const Ingredient& visible) {
 }
 
 Status Inserted(const StackedVisible* entry, Message message) {
-  if (entry != nullptr) return Status::Done;
+  if (entry != nullptr) {
+    ++entry->visible->stackEntries;
+    return Status::Done;
+  }
   Say(message);
   return Status::Failure;
 }
+
+void Removed(const StackedVisible& entry) { --entry.visible->stackEntries; }
 
 // The 0-based place of the first entry of a visible, or the number of entries when it has none.
 std::size_t PlaceOf(const Application& application, const Ingredient& visible) {
@@ -82,15 +87,22 @@ bool EntryAtPosition(const Application& application, std::int32_t position, Stac
 
 bool RemoveTop(Application& application, StackedVisible& entry) {
   const StackedVisible* top = application.DisplayStack.Last();
-  return application.DisplayStack.RemoveFirst(
+  const bool isRemoved = application.DisplayStack.RemoveFirst(
       [top](const StackedVisible& candidate) { return &candidate == top; }, &entry);
+  if (isRemoved) Removed(entry);
+  return isRemoved;
 }
 
 bool RemoveFromStack(Application& application, ItemType kind, const Ingredient& visible) {
-  return application.DisplayStack.RemoveFirst(IsEntry(kind, visible));
+  StackedVisible entry;
+  const bool isRemoved = visible.stackEntries > 0 &&
+                         application.DisplayStack.RemoveFirst(IsEntry(kind, visible), &entry);
+  if (isRemoved) Removed(entry);
+  return isRemoved;
 }
 
 bool StackContains(const Application& application, ItemType kind, const Ingredient& visible) {
+  if (kind == ItemType::None || visible.stackEntries == 0) return visible.stackEntries > 0;
   const auto isEntry = IsEntry(kind, visible);
   for (const StackedVisible& entry : application.DisplayStack) {
     if (isEntry(entry)) return true;
@@ -118,7 +130,10 @@ Status InsertAbove(Application& application, ItemType kind, Ingredient& visible,
                   Message::NoMemoryForDisplayStackItem);
 }
 
-void ClearStack(Application& application) { application.DisplayStack.Clear(); }
+void ClearStack(Application& application) {
+  for (const StackedVisible& entry : application.DisplayStack) Removed(entry);
+  application.DisplayStack.Clear();
+}
 
 Status BringToFront(ItemType kind, Visible& visible) {
   if (!Lift(kind, visible)) return Status::Refused;

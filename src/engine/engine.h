@@ -8,7 +8,7 @@
 
 #include "objects/group.h"
 #include "objects/ingredients.h"
-#include "objects/sequence.h"
+#include "objects/list.h"
 #include "objects/status.h"
 #include "objects/visibles.h"
 #include "objects/vocabulary.h"

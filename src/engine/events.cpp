@@ -120,7 +120,7 @@ Status RaiseEventByType(EventType type, EventData data) {
 }
 
 Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) {
-  Sequence<CollectedLink> links;
+  List<CollectedLink> links;
   for (const auto& [key, entry, next, last] : TheCore().links) {
     if (!MayContinue()) return Status::Failure;
     Link& link = *entry.waiting;

@@ -17,7 +17,7 @@ struct ItemToStart {
 };
 
 Status ActivateInitially(Group& group) {
-  Sequence<ItemToStart> items;
+  List<ItemToStart> items;
   for (const Item& item : group.Items) {
     if (!item.Record()->InitiallyActive) continue;
     if (!items.Append({item.Type(), item.Record()})) return Status::Failure;

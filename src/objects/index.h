@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "objects/sequence.h"
+#include "objects/list.h"
 
 namespace korvel {
 
@@ -101,8 +101,8 @@ template <class Key, class Value> class Index {
     return true;
   }
 
-  Sequence<Entry> entries_;
-  Sequence<std::uint32_t> slots_;  // the place of a key's first entry; at least half are free
+  List<Entry> entries_;
+  List<std::uint32_t> slots_;  // the place of a key's first entry; at least half are free
 };
 
 }  // namespace korvel

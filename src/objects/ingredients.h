@@ -17,8 +17,10 @@ struct Ingredient : Root {
   bool Shared = false;
   ContentBody Content = ContentBody::NotPrepared();
 
-  Group* owner =
-      nullptr;  // the group that holds it, directly or in a Stream; set when the group is adopted
+  // The group that holds it, directly or in a Stream; set when the group is adopted.
+  Group* owner = nullptr;
+  // The entries of the display stack that show it; almost always 0 or 1.
+  std::uint32_t stackEntries = 0;
 };
 
 struct LinkCondition {

@@ -1,10 +1,13 @@
-// The singly linked list of items, actions and parameters. It owns its values. Appending takes
-// constant time, a long list is released without recursion, and a failed allocation changes
-// nothing.
+// The growable array that holds items, actions, parameters and everything else that content may
+// have many of. It owns its values, which move when it grows: a pointer to a value, and an
+// iterator, is valid until the next change. A failed allocation changes nothing.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <new>
+#include <type_traits>
 #include <utility>
 
 #include "objects/memory.h"
@@ -12,36 +15,18 @@
 namespace korvel {
 
 template <class T> class List {
-  struct Node {
-    explicit Node(T&& initial) : value(std::move(initial)) {}
-    T value;
-    Node* next = nullptr;
-  };
-
-  template <class Value, class NodePointer> class Walk {
-   public:
-    explicit Walk(NodePointer node) : node_(node) {}
-    Value& operator*() const { return node_->value; }
-    Value* operator->() const { return &node_->value; }
-    Walk& operator++() {
-      node_ = node_->next;
-      return *this;
-    }
-    bool operator==(const Walk& other) const { return node_ == other.node_; }
-
-   private:
-    NodePointer node_;
-  };
-
  public:
   List() = default;
   List(List&& other) noexcept
-      : head_(std::exchange(other.head_, nullptr)), tail_(std::exchange(other.tail_, nullptr)) {}
+      : values_(std::exchange(other.values_, nullptr)),
+        size_(std::exchange(other.size_, 0)),
+        capacity_(std::exchange(other.capacity_, 0)) {}
   List& operator=(List&& other) noexcept {
     if (this != &other) {
       Clear();
-      head_ = std::exchange(other.head_, nullptr);
-      tail_ = std::exchange(other.tail_, nullptr);
+      values_ = std::exchange(other.values_, nullptr);
+      size_ = std::exchange(other.size_, 0);
+      capacity_ = std::exchange(other.capacity_, 0);
     }
     return *this;
   }
@@ -49,94 +34,108 @@ template <class T> class List {
   List& operator=(const List&) = delete;
   ~List() { Clear(); }
 
-  auto begin() { return Walk<T, Node*>(head_); }
-  auto end() { return Walk<T, Node*>(nullptr); }
-  auto begin() const { return Walk<const T, const Node*>(head_); }
-  auto end() const { return Walk<const T, const Node*>(nullptr); }
+  T* begin() { return values_; }
+  T* end() { return values_ + size_; }
+  const T* begin() const { return values_; }
+  const T* end() const { return values_ + size_; }
+  T& operator[](std::size_t index) { return values_[index]; }
+  const T& operator[](std::size_t index) const { return values_[index]; }
 
-  [[nodiscard]] bool IsEmpty() const { return head_ == nullptr; }
-  [[nodiscard]] std::size_t Size() const {
-    std::size_t count = 0;
-    for (const Node* node = head_; node != nullptr; node = node->next) ++count;
-    return count;
-  }
+  [[nodiscard]] bool IsEmpty() const { return size_ == 0; }
+  [[nodiscard]] std::size_t Size() const { return size_; }
   // The value at a 0-based place, or null past the end.
-  [[nodiscard]] T* At(std::size_t index) {
-    Node* node = head_;
-    for (; node != nullptr && index > 0; --index) node = node->next;
-    return node == nullptr ? nullptr : &node->value;
+  [[nodiscard]] T* At(std::size_t index) { return index < size_ ? values_ + index : nullptr; }
+  [[nodiscard]] const T* At(std::size_t index) const {
+    return index < size_ ? values_ + index : nullptr;
   }
-  [[nodiscard]] const T* At(std::size_t index) const { return const_cast<List*>(this)->At(index); }
-  [[nodiscard]] T* Last() { return tail_ == nullptr ? nullptr : &tail_->value; }
+  [[nodiscard]] T* Last() { return IsEmpty() ? nullptr : values_ + size_ - 1; }
 
-  // Moves `value` to the end and returns a pointer to it; null, with `value` unchanged, if memory
-  // runs out.
-  [[nodiscard]] T* Append(T&& value) { return Link(tail_, std::move(value)); }
+  // Moves `value`, which is not one of the list's own, to the end and returns a pointer to it;
+  // null, with `value` unchanged, if memory runs out.
+  [[nodiscard]] T* Append(T&& value) {
+    if (size_ == capacity_ && !Grow()) return nullptr;
+    return new (values_ + size_++) T(std::move(value));
+  }
+  [[nodiscard]] T* Append(const T& value) requires std::is_trivially_copyable_v<T> {
+    return Append(T(value));
+  }
   // The same at a 0-based place; a place past the end means the end.
   [[nodiscard]] T* InsertAt(std::size_t index, T&& value) {
-    Node* before = nullptr;
-    for (Node* node = head_; node != nullptr && index > 0; node = node->next, --index)
-      before = node;
-    return Link(before, std::move(value));
+    if (index >= size_) return Append(std::move(value));
+    if (size_ == capacity_ && !Grow()) return nullptr;
+    T* const last = values_ + size_ - 1;
+    new (last + 1) T(std::move(*last));
+    ++size_;
+    std::move_backward(values_ + index, last, last + 1);
+    values_[index] = std::move(value);
+    return values_ + index;
+  }
+  // Adds default values at the end or removes values there. False, and unchanged, if memory runs
+  // out.
+  [[nodiscard]] bool Resize(std::size_t size) {
+    if (size > capacity_ && !Reserve(size)) return false;
+    while (size_ < size) new (values_ + size_++) T();
+    Truncate(size);
+    return true;
   }
 
   // Removes the first value that `matches` and moves it to `taken` (may be null). False when
   // there is none.
   template <class Predicate> bool RemoveFirst(Predicate&& matches, T* taken = nullptr) {
-    Node* before = nullptr;
-    for (Node* node = head_; node != nullptr; before = node, node = node->next) {
-      if (!matches(node->value)) continue;
-      Unlink(before, node, taken);
+    for (std::size_t place = 0; place < size_; ++place) {
+      if (!matches(values_[place])) continue;
+      if (taken != nullptr) *taken = std::move(values_[place]);
+      std::move(values_ + place + 1, values_ + size_, values_ + place);
+      Truncate(std::size_t{size_} - 1);
       return true;
     }
     return false;
   }
   // Removes every value that `matches`.
   template <class Predicate> void RemoveAll(Predicate&& matches) {
-    Node* before = nullptr;
-    for (Node* node = head_; node != nullptr;) {
-      Node* next = node->next;
-      if (matches(node->value)) {
-        Unlink(before, node, nullptr);
-      } else {
-        before = node;
-      }
-      node = next;
+    std::size_t kept = 0;
+    for (std::size_t place = 0; place < size_; ++place) {
+      if (matches(values_[place])) continue;
+      if (kept != place) values_[kept] = std::move(values_[place]);
+      ++kept;
     }
+    Truncate(kept);
+  }
+  // Removes the values after the first `size`.
+  void Truncate(std::size_t size) {
+    while (size_ > size) values_[--size_].~T();
   }
 
   void Clear() {
-    tail_ = nullptr;
-    while (head_ != nullptr) {
-      Node* node = std::exchange(head_, head_->next);
-      Destroy(node);
-    }
+    Truncate(0);
+    ReleaseMemory(std::exchange(values_, nullptr));
+    capacity_ = 0;
   }
 
  private:
-  T* Link(Node* before, T&& value) {
-    void* block = AllocateZeroed(sizeof(Node));
-    if (block == nullptr) return nullptr;
-    Node* node = new (block) Node(std::move(value));
-    Node*& slot = before == nullptr ? head_ : before->next;
-    node->next = slot;
-    slot = node;
-    if (node->next == nullptr) tail_ = node;
-    return &node->value;
-  }
-  void Unlink(Node* before, Node* node, T* taken) {
-    (before == nullptr ? head_ : before->next) = node->next;
-    if (tail_ == node) tail_ = before;
-    if (taken != nullptr) *taken = std::move(node->value);
-    Destroy(node);
-  }
-  static void Destroy(Node* node) {
-    node->~Node();
-    ReleaseMemory(node);
+  // Most lists of content are short, and most of its bytes are in them.
+  static constexpr std::uint32_t kFirstCapacity = sizeof(T) < 16 ? 8 : 2;
+  // A value may well be a pointer.  NOLINTNEXTLINE(bugprone-sizeof-expression)
+  static constexpr std::size_t kValueSize = sizeof(T);
+
+  [[nodiscard]] bool Grow() { return Reserve(IsEmpty() ? kFirstCapacity : std::size_t{size_} * 2); }
+  [[nodiscard]] bool Reserve(std::size_t capacity) {
+    if (capacity > UINT32_MAX) return false;
+    auto* values = static_cast<T*>(AllocateZeroed(capacity * kValueSize));
+    if (values == nullptr) return false;
+    for (std::uint32_t place = 0; place < size_; ++place) {
+      new (values + place) T(std::move(values_[place]));
+      values_[place].~T();
+    }
+    ReleaseMemory(values_);
+    values_ = values;
+    capacity_ = static_cast<std::uint32_t>(capacity);
+    return true;
   }
 
-  Node* head_ = nullptr;
-  Node* tail_ = nullptr;
+  T* values_ = nullptr;
+  std::uint32_t size_ = 0;
+  std::uint32_t capacity_ = 0;
 };
 
 }  // namespace korvel

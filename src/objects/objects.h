@@ -6,7 +6,6 @@
 #include "objects/group.h"         // IWYU pragma: export
 #include "objects/ingredients.h"   // IWYU pragma: export
 #include "objects/ownership.h"     // IWYU pragma: export
-#include "objects/sequence.h"      // IWYU pragma: export
 #include "objects/status.h"        // IWYU pragma: export
 #include "objects/visibles.h"      // IWYU pragma: export
 #include "objects/vocabulary.h"    // IWYU pragma: export

@@ -1,5 +1,6 @@
 // Creates canvases and carries out the drawing actions on them. A canvas keeps its pixels until it
 // is cleared; the drawing actions are not recorded.
+#include "objects/list.h"
 #include "presentation/line_art.h"
 
 #include <algorithm>
@@ -9,7 +10,6 @@
 #include "appearance/geometry.h"
 #include "objects/limits.h"
 #include "objects/ownership.h"
-#include "objects/sequence.h"
 
 namespace korvel {
 namespace {
@@ -162,7 +162,7 @@ void CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& li
   if (canvas == nullptr || points.size() > kMostCorners) return;
   // GDI+ rejects polygons of two corners.
   if (points.size() == 2) return CanvasLine(points[0], points[1], line, canvas);
-  Sequence<CanvasPoint> clipped;
+  List<CanvasPoint> clipped;
   if (!ClipPolygon(points, FarthestPoint(*canvas, line), clipped) || clipped.Size() < 2) {
     return;
   }

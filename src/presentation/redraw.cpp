@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "engine/engine.h"
-#include "objects/sequence.h"
+#include "objects/list.h"
 #include "platform/running.h"
 #include "platform/screen.h"
 #include "presentation/drawings.h"
@@ -37,7 +37,7 @@ constexpr std::uint32_t kRequestsPerPainting = 5;
 // missing picture may change the stack or end groups. False if the walk cannot continue; `result`
 // is then Failure if an event asked to stop.
 [[nodiscard]] bool DrawStack(Application& application, Status& result) {
-  Sequence<StackedVisible> entries;
+  List<StackedVisible> entries;
   for (const StackedVisible& entry : application.DisplayStack) {
     if (!entries.Append(entry)) break;
   }

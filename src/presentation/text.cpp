@@ -1,6 +1,7 @@
 // Text objects, entry fields and the text routine. GDI+ breaks and places the lines; this file
 // selects the colours, the font and the modes.
 #include "presentation/text.h"
+#include "objects/list.h"
 
 #include <array>
 #include <cstring>
@@ -11,7 +12,6 @@
 #include "engine/engine.h"
 #include "objects/limits.h"
 #include "objects/memory.h"
-#include "objects/sequence.h"
 #include "platform/screen.h"
 #include "presentation/drawings.h"
 #include "presentation/line_art.h"
@@ -23,7 +23,7 @@ namespace {
 // ---- Fonts ----
 
 // The families belong to the system and are not released.
-[[nodiscard]] bool ListInstalledFamilies(Sequence<Gdiplus::GpFontFamily*>& families) {
+[[nodiscard]] bool ListInstalledFamilies(List<Gdiplus::GpFontFamily*>& families) {
   Gdiplus::GpFontCollection* installed = nullptr;
   INT count = 0;
   if (!Succeeded(gdip::GdipNewInstalledFontCollection(&installed)) ||
@@ -45,7 +45,7 @@ namespace {
 
 // The first installed family whose name ends in "Sans", else the first of all.
 [[nodiscard]] bool FindAnyFamily(FontFamilyOwner& family) {
-  Sequence<Gdiplus::GpFontFamily*> families;
+  List<Gdiplus::GpFontFamily*> families;
   if (!ListInstalledFamilies(families)) return false;
   Gdiplus::GpFontFamily* chosen = nullptr;
   for (Gdiplus::GpFontFamily* candidate : families) {

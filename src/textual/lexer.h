@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "objects/list.h"
 #include "objects/octet_string.h"
-#include "objects/sequence.h"
 #include "textual/keywords.h"
 
 namespace korvel {
@@ -21,8 +21,8 @@ struct Token {
 
 // The tokens of one text, ending with kEndOfText, and the bytes of its strings.
 struct TokenList {
-  Sequence<Token> tokens;
-  Sequence<char> stringBytes;
+  List<Token> tokens;
+  List<char> stringBytes;
 
   [[nodiscard]] std::string_view String(const Token& token) const {
     return {stringBytes.begin() + token.stringStart, token.stringLength};

@@ -8,7 +8,7 @@
 
 #include "objects/class_tables.h"
 #include "objects/equality.h"
-#include "objects/sequence.h"
+#include "objects/list.h"
 #include "textual/textual.h"
 
 namespace korvel {
@@ -49,7 +49,7 @@ class TextWriter {
   void AddCoded(char byte);
   void Separate();
 
-  Sequence<char> text_;
+  List<char> text_;
   std::size_t depth_ = 0;
   bool isSpaceDue_ = false;
   bool hasFailed_ = false;

@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "objects/ber/tags.h"
+#include "objects/list.h"
 #include "objects/octet_string.h"
-#include "objects/sequence.h"
 
 namespace korvel::ber {
 
@@ -38,7 +38,7 @@ class BerWriter {
   [[nodiscard]] std::size_t BeginConstructed(Tag tag);
   void EndConstructed(std::size_t begin);
 
-  Sequence<char> bytes_;
+  List<char> bytes_;
   bool hasFailed_ = false;
 };
 

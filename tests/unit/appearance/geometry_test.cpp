@@ -124,7 +124,7 @@ TEST(Clipping, a_clipped_triangle_covers_the_same_points_of_the_square) {
   int covered = 0;
   for (int round = 0; round < 2000; ++round) {
     const std::vector<CanvasPoint> triangle = {random.Next(), random.Next(), random.Next()};
-    Sequence<CanvasPoint> cut;
+    List<CanvasPoint> cut;
     ASSERT_TRUE(ClipPolygon(triangle, kFarthestCoordinate, cut));
     const std::vector<CanvasPoint> clipped(cut.begin(), cut.end());
     for (const CanvasPoint& corner : clipped) ASSERT_TRUE(IsDrawn(corner));
@@ -140,7 +140,7 @@ TEST(Clipping, a_clipped_triangle_covers_the_same_points_of_the_square) {
 }
 
 TEST(Clipping, a_polygon_without_points_stays_empty) {
-  Sequence<CanvasPoint> cut;
+  List<CanvasPoint> cut;
   EXPECT_TRUE(ClipPolygon({}, kFarthestCoordinate, cut));
   EXPECT_EQ(cut.Size(), 0U);
 }

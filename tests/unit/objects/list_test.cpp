@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 #include "objects/octet_string.h"
@@ -29,6 +30,44 @@ TEST(List, appends_at_the_end_and_finds_by_index) {
   EXPECT_EQ(list.Size(), 3U);
   EXPECT_EQ(*list.At(2), 3);
   EXPECT_EQ(list.At(3), nullptr);
+}
+
+TEST(List, keeps_its_values_while_it_grows) {
+  List<OctetString> list;
+  for (int i = 0; i < 1000; ++i) {
+    OctetString value;
+    ASSERT_TRUE(value.Assign(std::to_string(i)));
+    ASSERT_NE(list.Append(std::move(value)), nullptr);
+  }
+  ASSERT_EQ(list.Size(), 1000U);
+  for (std::size_t i = 0; i < list.Size(); ++i) EXPECT_EQ(list[i].View(), std::to_string(i));
+}
+
+TEST(List, is_unchanged_when_it_cannot_grow) {
+  const std::size_t before = LiveBlocks();
+  {
+    List<int> list;
+    int count = 0;
+    FailAllocation(3);
+    while (list.Append(count) != nullptr) ++count;
+    EXPECT_TRUE(HasFailedAllocation());
+    FailAllocation(1);
+    EXPECT_EQ(list.InsertAt(0, 7), nullptr);
+    FailAllocation(1);
+    EXPECT_FALSE(list.Resize(10'000));
+    FailAllocation(0);
+    EXPECT_EQ(list.Size(), static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) EXPECT_EQ(list[static_cast<std::size_t>(i)], i);
+  }
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
+TEST(List, resizing_adds_default_values_or_removes_the_last_ones) {
+  List<int> list = MakeList({1, 2});
+  ASSERT_TRUE(list.Resize(4));
+  EXPECT_EQ(ValuesOf(list), (std::vector{1, 2, 0, 0}));
+  ASSERT_TRUE(list.Resize(1));
+  EXPECT_EQ(ValuesOf(list), std::vector{1});
 }
 
 TEST(List, inserts_before_an_index_or_at_the_end) {

@@ -11,7 +11,8 @@ results=build/bench
 rm -rf "$results"
 mkdir -p "$results"
 cmake --preset native -DKORVEL_BENCH=ON >/dev/null
-cmake --build --preset native --target bench_native
+cmake --build --preset native --target bench_native mheg
+[ -n "${1-}" ] || bench/mheg_times.py build/native/bin/mheg "$results/mheg.json"
 build/native/bench/bench_native --benchmark_filter="${1:-.}" \
   --benchmark_out="$results/native.json" --benchmark_out_format=json >"$results/native.log" 2>&1 ||
   { cat "$results/native.log" >&2; exit 1; }

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <memory>
 
-#include "stage.h"
+#include "sample_scene.h"
 
 namespace bench {
 namespace {
@@ -75,6 +75,11 @@ void WriteLinks(const fs::path& folder, int count) {
   Write(folder / "s", BytesOf(*SceneOf(links)));
 }
 
+// One scene of many objects that refer to each other.
+void WriteObjects(const fs::path& folder, int count) {
+  Write(folder / "s", BytesOf(*SampleScene(50 * count)));
+}
+
 std::vector<fs::path> FilesOf(const fs::path& folder) {
   const fs::directory_iterator entries(folder);
   return {begin(entries), end(entries)};
@@ -101,7 +106,8 @@ std::vector<Workload> CheckWorkloads() {
   return {workload("check/folder", WriteScenes, Given::Folder),
           workload("check/files", WriteScenes, Given::Files),
           workload("check/applications", WriteApplications, Given::Folder),
-          workload("check/links", WriteLinks, Given::Folder)};
+          workload("check/links", WriteLinks, Given::Folder),
+          workload("check/objects", WriteObjects, Given::Folder)};
 }
 
 }  // namespace bench

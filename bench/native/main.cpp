@@ -20,70 +20,73 @@ constexpr Seconds kLeastTime{0.5};  // spent on one size of a workload
 constexpr int kLeastRuns = 3;
 // A size is skipped if one run would take longer than this, assuming that the time grows with the
 // square of the size.
-constexpr Seconds kMostTime{30};
+constexpr Seconds kMostTime{10};
 
+// A workload or one of its references, at the size that is measured now.
 struct Measured {
-  Work work;
-  Seconds best{std::numeric_limits<double>::max()};
+  std::string name;  // empty for the workload itself
+  std::function<Work(int size)> prepare;
+  Work work{};
+  double size = 1;
+  Seconds best{0};
 
+  [[nodiscard]] bool IsTooSlowAt(int next) const {
+    const double growth = next / size;
+    return best * growth * growth > kMostTime;
+  }
+  void Prepare(int next) {
+    size = next;
+    work = prepare(next);
+    best = Seconds(std::numeric_limits<double>::max());
+  }
   void Run() {
     const auto start = Clock::now();
     work.run();
     best = std::min(best, Seconds(Clock::now() - start));
   }
-  [[nodiscard]] Seconds PerUnit() const { return best / work.units; }
+  [[nodiscard]] double SecondsPerUnit() const { return best.count() / work.units; }
 };
 
-// The last measured size of a workload, and the time of one run.
-struct Last {
-  double size = 1;
-  Seconds time{0};
-};
-
-void Measure(benchmark::State& state, const Workload& workload, int size, Last& last) {
-  const double growth = size / last.size;
-  const bool isSlow = last.time * growth * growth > kMostTime;
-  if (isSlow) state.SkipWithError("takes too long");
+// Measures one size. `all` holds the workload and then its references, as the smaller size left
+// them; those that have become too slow are left out.
+void Measure(benchmark::State& state, int size, std::vector<Measured>& all) {
+  if (all[0].IsTooSlowAt(size)) state.SkipWithError("takes too long");
   for (auto _ : state) {
-    if (isSlow) break;
-    std::vector<Measured> measured{{workload.prepare(size)}};
-    std::vector<std::string> names;
-    for (const Reference& reference : AllReferences()) {
-      if (reference.workload != workload.name) continue;
-      measured.push_back({reference.prepare(size)});
-      names.push_back(reference.name);
-    }
-    measured[0].Run();
-    last = {static_cast<double>(size), measured[0].best};
+    std::erase_if(all, [size](const Measured& one) { return one.IsTooSlowAt(size); });
+    for (Measured& one : all) one.Prepare(size);
     const auto end = Clock::now() + std::chrono::duration_cast<Clock::duration>(kLeastTime);
     for (int run = 0; run < kLeastRuns || Clock::now() < end; ++run) {
-      for (Measured& one : measured) one.Run();
+      for (Measured& one : all) one.Run();
     }
-    state.SetIterationTime(measured[0].PerUnit().count());
-    for (std::size_t i = 0; i < names.size(); ++i) {
-      state.counters[names[i]] = measured[i + 1].PerUnit().count() * 1e9;
+    state.SetIterationTime(all[0].SecondsPerUnit());
+    for (Measured& one : all) {
+      if (!one.name.empty()) state.counters[one.name] = one.SecondsPerUnit() * 1e9;
+      one.work = {};  // releases the content, which may be large
     }
   }
 }
 
-}  // namespace
-
-std::vector<Reference> AllReferences() {
-  std::vector<Reference> all = LuaReferences();
-  for (const Reference& reference : DecodingReferences()) all.push_back(reference);
+// The workload and its references.
+std::vector<Measured> WithReferences(const Workload& workload) {
+  std::vector<Measured> all{{"", workload.prepare}};
+  for (const auto& references : {LuaReferences(), DecodingReferences()}) {
+    for (const Reference& reference : references) {
+      if (reference.workload == workload.name) all.push_back({reference.name, reference.prepare});
+    }
+  }
   return all;
 }
 
+}  // namespace
 }  // namespace bench
 
 int main(int count, char** arguments) {
   for (const bench::Workload& workload : bench::AllWorkloads()) {
-    auto last = std::make_shared<bench::Last>();
+    auto all = std::make_shared<std::vector<bench::Measured>>(bench::WithReferences(workload));
     for (const int size : workload.sizes) {
-      benchmark::RegisterBenchmark((workload.name + "/" + std::to_string(size)).c_str(),
-                                   [workload, size, last](benchmark::State& state) {
-                                     bench::Measure(state, workload, size, *last);
-                                   })
+      benchmark::RegisterBenchmark(
+          (workload.name + "/" + std::to_string(size)).c_str(),
+          [size, all](benchmark::State& state) { bench::Measure(state, size, *all); })
           ->UseManualTime()
           ->Iterations(1);
     }

@@ -21,9 +21,6 @@ struct Reference {
 std::vector<Reference> LuaReferences();
 std::vector<Reference> DecodingReferences();
 
-// All of them.
-std::vector<Reference> AllReferences();
-
 // Registers the benchmarks of memory.
 void RegisterMemory();
 

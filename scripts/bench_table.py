@@ -131,6 +131,7 @@ def draw_curves(workloads, folder):
     import matplotlib
     matplotlib.use("svg")
     matplotlib.rcParams["svg.hashsalt"] = "bench"
+    matplotlib.rcParams["svg.fonttype"] = "none"
     from matplotlib import pyplot
     folder.mkdir(parents=True, exist_ok=True)
     subjects = collections.defaultdict(list)

@@ -50,7 +50,7 @@ fuzz:
 
 # One table of the times of all benchmarks, with the goals that are met.
 bench:
-	@scripts/install-packages.sh native bench
+	@scripts/install-packages.sh native windows run bench
 	@scripts/bench.sh
 
 # Compares the instruction counts of the benchmarks with the stored ones. ACCEPT=1 stores them.

@@ -59,6 +59,11 @@ inline constexpr std::uint64_t kMostJpegScanPixels = std::uint64_t{256} * 1024 *
 // The bytes of a picture file: those of the largest uncompressed picture.
 inline constexpr std::size_t kMostPictureBytes = std::size_t{64} * 1024 * 1024;
 
+// The decoded pictures that are kept for the next painting, and the bytes of their files and
+// pixels: those of several scenes. A single larger picture is kept too.
+inline constexpr std::size_t kMostKeptPictures = 64;
+inline constexpr std::size_t kMostKeptBytes = std::size_t{16} * 1024 * 1024;
+
 // The corners of a polygon. Under Wine the time that GDI+ takes grows with their square, and a
 // close must not wait for it; broadcast content comes nowhere near this.
 inline constexpr std::size_t kMostCorners = 1000;

@@ -1,4 +1,5 @@
-// Bitmaps. The content is fetched and decoded at every painting, and nothing is cached.
+// Bitmaps. The content is fetched at every painting, because it may have changed. An I-frame is
+// also decoded every time, because its decoder is the host's.
 #include "appearance/content_file.h"
 #include "appearance/geometry.h"
 #include "engine/engine.h"
@@ -41,8 +42,7 @@ void SettleContentHook(Bitmap& bitmap) {
     BitmapOwner frame;
     return DecodeIFrame(bytes, frame) && PaintPicture(frame, placement);
   }
-  Picture picture;
-  return ReadPicture(bytes, picture) && PaintPicture(picture.image, placement);
+  return PaintPicture(DecodedImage(bytes), placement);
 }
 
 }  // namespace

@@ -1,8 +1,12 @@
-// Reads pictures from bytes, and paints them with a texture brush. I-frames are in i_frame.cpp.
+// Reads pictures from bytes, keeps those that bitmaps show, and paints them with a texture brush.
+// I-frames are in i_frame.cpp.
 #include "presentation/picture.h"
+
+#include <cstring>
 
 #include "appearance/content_file.h"
 #include "appearance/geometry.h"
+#include "objects/limits.h"
 #include "presentation/state.h"
 
 namespace korvel {
@@ -40,6 +44,36 @@ GlobalBlock CopyToBlock(std::string_view bytes) {
          Succeeded(gdip::GdipGetImageWidth(image, &width)) &&
          Succeeded(gdip::GdipGetImageHeight(image, &height)) && IsDecodableSize(width, height);
 }
+
+// ---- Kept pictures ----
+
+[[nodiscard]] bool HasFile(const KeptPicture& kept, std::string_view file) {
+  if (kept.fileBytes != file.size()) return false;
+  const void* block = GlobalLock(kept.content.block.get());
+  const bool isSame = block != nullptr && std::memcmp(block, file.data(), file.size()) == 0;
+  GlobalUnlock(kept.content.block.get());
+  return isSame;
+}
+
+[[nodiscard]] std::size_t PixelBytesOf(Gdiplus::GpImage* image) {
+  UINT width = 0;
+  UINT height = 0;
+  static_cast<void>(gdip::GdipGetImageWidth(image, &width));
+  static_cast<void>(gdip::GdipGetImageHeight(image, &height));
+  return std::size_t{width} * height * sizeof(Gdiplus::ARGB);
+}
+
+// Whether one more picture of this size stays within the limits.
+[[nodiscard]] bool HasRoom(List<KeptPicture>& pictures, std::size_t bytes) {
+  std::size_t count = 1;
+  for (const KeptPicture& kept : pictures) {
+    ++count;
+    bytes += kept.bytes;
+  }
+  return count <= kMostKeptPictures && bytes <= kMostKeptBytes;
+}
+
+// ---- Painting ----
 
 struct Scale {
   double x = 1.0;
@@ -116,6 +150,20 @@ bool ReadPicture(std::string_view bytes, Picture& picture) {
   picture.image = std::move(read.image);
   picture.block = std::move(read.block);
   return true;
+}
+
+Gdiplus::GpImage* DecodedImage(std::string_view file) {
+  List<KeptPicture>& pictures = State().keptPictures;
+  for (const KeptPicture& kept : pictures) {
+    if (HasFile(kept, file)) return kept.content.image;
+  }
+  KeptPicture read;
+  if (!ReadPicture(file, read.content)) return nullptr;
+  read.fileBytes = file.size();
+  read.bytes = file.size() + PixelBytesOf(read.content.image);
+  if (!HasRoom(pictures, read.bytes)) pictures.Clear();
+  const KeptPicture* kept = pictures.Append(std::move(read));
+  return kept == nullptr ? nullptr : kept->content.image.Get();
 }
 
 bool PaintPicture(Gdiplus::GpImage* image, const PicturePlacement& placement) {

@@ -25,6 +25,11 @@ struct Picture {
 // unchanged, when GDI+ cannot read the bytes or the picture is beyond the limits.
 [[nodiscard]] bool ReadPicture(std::string_view bytes, Picture& picture);
 
+// The image of a picture file, decoded and kept unless a kept picture is of the same bytes. The
+// limits are kMostKeptPictures and kMostKeptBytes. Null if it cannot be read. Valid until the next
+// call.
+[[nodiscard]] Gdiplus::GpImage* DecodedImage(std::string_view file);
+
 // The named picture of the library's resources. It is decoded on first use, and kept until the
 // engine restarts or closes. Null if the library does not have it.
 [[nodiscard]] Gdiplus::GpImage* NamedImage(std::string_view name);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "objects/list.h"
@@ -17,6 +18,13 @@ namespace korvel {
 struct NamedPicture {
   OctetString name;
   Picture content;
+};
+
+// A decoded picture and the size of the file at the start of its block.
+struct KeptPicture {
+  Picture content;
+  std::size_t fileBytes = 0;
+  std::size_t bytes = 0;  // of the file and the pixels
 };
 
 // The path of the file that passes I-frames to the host's decoder; empty if there is no folder.
@@ -35,6 +43,8 @@ struct PresentationState {
 
   // Decoded on first use, and kept until the engine restarts or closes.
   List<NamedPicture> namedPictures;
+  // The pictures that bitmaps have shown last, until they are too many.
+  List<KeptPicture> keptPictures;
   // The memory of pictures that a restart has destroyed, kept until the engine closes.
   List<GlobalBlock> keptBlocks;
 

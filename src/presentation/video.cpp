@@ -69,6 +69,7 @@ void ClearImageCache() {
     static_cast<void>(State().keptBlocks.Append(std::move(picture.content.block)));
   }
   State().namedPictures.Clear();
+  State().keptPictures.Clear();
 }
 
 bool Draw(const Video& video) {

@@ -1,9 +1,12 @@
 // Tests bitmaps: where their content comes from, and how it fills the box.
+#include "objects/limits.h"
 #include "platform/screen.h"
 #include "presentation/presentation.h"
+#include "presentation/state.h"
 #include "windows/presentation/content.h"
 #include "windows/presentation/processor_time.h"
 #include "windows/presentation/stage.h"
+#include "windows/support/imports.h"
 
 namespace korvel::test {
 
@@ -18,6 +21,16 @@ std::uint32_t Quarters(int x, int y, int width, int height) {
 std::string QuarteredBmp(int width, int height) {
   return BmpFile(width, height,
                  [width, height](int x, int y) { return Quarters(x, y, width, height); });
+}
+
+int loads = 0;
+
+// Calls the function of GDI+ by its address, because this module's own calls are replaced.
+Gdiplus::GpStatus WINAPI CountedLoad(IStream* stream, Gdiplus::GpImage** image) {
+  static const auto load = reinterpret_cast<decltype(&CountedLoad)>(reinterpret_cast<void*>(
+      GetProcAddress(GetModuleHandleA("gdiplus.dll"), "GdipLoadImageFromStream")));
+  ++loads;
+  return load(stream, image);
 }
 
 }  // namespace
@@ -48,6 +61,41 @@ TEST_F(BitmapTest, is_drawn_pixel_by_pixel_in_its_box) {
   EXPECT_TRUE(picture.IsAll({100, 120, 120, 140}, kBlue));
   EXPECT_TRUE(picture.IsAll({120, 120, 140, 140}, kWhite));
   EXPECT_TRUE(TheEngine().raised.empty());
+}
+
+TEST_F(BitmapTest, an_unchanged_file_is_read_but_not_decoded_again) {
+  const ReplacedImport counted(GetModuleHandleA(nullptr), "GdipLoadImageFromStream", CountedLoad);
+  ASSERT_TRUE(counted.IsInPlace());
+  loads = 0;
+  const Pixels first = Paint();
+  EXPECT_EQ(Paint(), first);
+  EXPECT_EQ(TheHost().fetched.size(), 2U);
+  EXPECT_EQ(loads, 1);
+  ClearImageCache();
+  EXPECT_EQ(Paint(), first);
+  EXPECT_EQ(loads, 2);
+}
+
+TEST_F(BitmapTest, a_changed_file_of_the_same_size_is_decoded_again) {
+  static_cast<void>(Paint());
+  TheHost().files["picture"] = BmpFile(40, 40, [](int, int) { return kBlue; });
+  EXPECT_TRUE(Paint().IsAll({100, 100, 140, 140}, kBlue));
+  TheHost().files["picture"] = QuarteredBmp(40, 40);
+  EXPECT_TRUE(Paint().IsAll({100, 100, 120, 120}, kRed));
+}
+
+TEST_F(BitmapTest, decoded_pictures_are_kept_up_to_a_limit) {
+  for (std::uint32_t blue = 0; blue < 2 * kMostKeptPictures; ++blue) {
+    TheHost().files["picture"] = FlatPng(4, 4, blue);
+    ASSERT_EQ(Paint().At(100, 100), blue);
+    ASSERT_LE(State().keptPictures.Size(), kMostKeptPictures);
+  }
+  constexpr std::uint32_t kSide = 1500;  // two of these exceed the limit
+  for (const std::uint32_t colour : {kRed, kGreen, kBlue}) {
+    TheHost().files["picture"] = FlatPng(kSide, kSide, colour);
+    ASSERT_EQ(Paint().At(100, 100), colour);
+    ASSERT_EQ(State().keptPictures.Size(), 1U);
+  }
 }
 
 TEST_F(BitmapTest, the_file_is_named_by_the_content_reference) {
@@ -253,10 +301,12 @@ TEST_F(BitmapTest, painting_many_times_does_not_leak) {
   for (int painting = 0; painting < 20; ++painting) static_cast<void>(Paint());
   const auto before = committed();
   for (int painting = 0; painting < 150; ++painting) {
+    // A changed file is decoded again.
+    TheHost().files["picture"].back() = static_cast<char>(painting);
     ResetRedrawCounter();
     ASSERT_EQ(Redraw(), Status::Done);
   }
-  EXPECT_LT(committed(), before + 20 * 1024 * 1024);
+  EXPECT_LT(committed(), before + kMostKeptBytes + 20 * 1024 * 1024);
 }
 
 }  // namespace korvel::test

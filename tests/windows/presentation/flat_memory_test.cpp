@@ -4,6 +4,7 @@
 
 #include "platform/screen.h"
 #include "presentation/presentation.h"
+#include "presentation/state.h"
 #include "windows/presentation/content.h"
 #include "windows/presentation/stage.h"
 
@@ -69,6 +70,7 @@ class FlatMemoryTest : public Stage {
         entry.visible->RunningStatus = turn-- == 0;
       }
       TheHost().fetched.clear();
+      State().keptPictures.Clear();  // so that each redraw decodes
       ResetRedrawCounter();
       ASSERT_EQ(Redraw(), Status::Done);
     }

@@ -126,6 +126,7 @@ class WideText {
 
 [[nodiscard]] bool FillBackground(Gdiplus::GpGraphics* graphics, const Gdiplus::RectF& layout,
                                   DrawnColour background) {
+  if (!IsSeen(background)) return true;
   SolidBrushOwner brush;
   return Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(background), brush.Slot())) &&
          Succeeded(gdip::GdipFillRectangle(graphics, brush, layout.X, layout.Y, layout.Width,

@@ -14,10 +14,11 @@ namespace korvel {
 
 struct FoundObject;
 
-// Runs an action list. `groupName` is the group of references without a group identifier; it is
-// copied, so it may belong to a group that the actions end. Returns Done; Refused if an action
-// number was unknown (the others have run); Failure if a behaviour, a raised event or a limit on
-// nesting or work stops everything; Replaced if the application or scene was replaced.
+// Runs an action list. `groupName` is the group of references without a group identifier. It may
+// belong to a group that the actions end, because groups are kept while actions run. Returns Done;
+// Refused if an action number was unknown (the others have run); Failure if a behaviour, a raised
+// event or a limit on nesting or work stops everything; Replaced if the application or scene was
+// replaced.
 Status RunActions(Scope scope, const ActionHolder& owner, std::string_view groupName);
 
 // Prepares an ingredient: sets its run-time values from the original ones, reads its text, and

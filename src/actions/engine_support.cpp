@@ -72,7 +72,7 @@ bool ReadQuestion(std::string_view text, Question& question) {
   std::string_view rest = text.substr(open + 1);
   std::int32_t number = 0;
   while (!question.numbers.IsFull() && TakeNumber(rest, number)) {
-    question.numbers.Append(std::move(number));
+    question.numbers.Append(number);
     if (rest == ")") return true;
     if (!rest.starts_with(',')) return false;
     rest.remove_prefix(1);

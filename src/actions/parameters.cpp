@@ -18,10 +18,15 @@ void CopyReference(const ObjectReference& from, ObjectReference& to) {
 
 void CopyValue(const GenericValue& from, GenericValue& to) {
   to.Kind = from.Kind;
-  to.Boolean = from.Boolean;
-  to.Integer = from.Integer;
-  CopyOctets(from.Octets, to.Octets);
-  CopyReference(from.Reference, to.Reference);
+  switch (from.Kind) {
+  case ValueKind::None: return;
+  case ValueKind::Boolean: to.Boolean = from.Boolean; return;
+  case ValueKind::Integer: to.Integer = from.Integer; return;
+  case ValueKind::OctetString:
+  case ValueKind::ContentReference: return CopyOctets(from.Octets, to.Octets);
+  case ValueKind::ObjectReference:
+  case ValueKind::IndirectReference: return CopyReference(from.Reference, to.Reference);
+  }
 }
 
 // Content that cannot be read now is requested again at the next reading.
@@ -73,10 +78,19 @@ constexpr bool IsList(Parameter place) {
          place == Parameter::Points;
 }
 
-// The value stays absent if the action does not give it.
-Status EvaluateNext(const ReferenceContext& context, ActionValues& given, ValueKind kind,
-                    GenericValue& value) {
-  return given.IsEmpty() ? Status::Done : ReadValueOfKind(context, &given.Take(), kind, value);
+// Evaluates the next value into a place of the arguments. It stays absent if the action does not
+// give it.
+Status EvaluateNext(ActionValues& given, ValueKind kind, std::size_t place, Arguments& arguments) {
+  if (given.IsEmpty()) return Status::Done;
+  const GenericValue& value = given.Take();
+  if (value.Kind == kind) {
+    arguments.values[place] = &value;
+    return Status::Done;
+  }
+  if (value.Kind == ValueKind::None) return Status::Done;
+  GenericValue& read = arguments.read[place].emplace();
+  arguments.values[place] = &read;
+  return ReadValueOfKind(arguments, &value, kind, read);
 }
 
 }  // namespace
@@ -149,7 +163,7 @@ Status EvaluateParameters(const ActionRow& row, Arguments& arguments) {
     ActionValues values = given.TakePlace(parameter);
     for (const ValueKind kind : {kinds.first, kinds.second}) {
       if (kind == ValueKind::None) break;
-      const Status status = EvaluateNext(arguments, values, kind, arguments.values[evaluated++]);
+      const Status status = EvaluateNext(values, kind, evaluated++, arguments);
       if (status != Status::Done) return status;
     }
     if (isRequired && !arguments.IsPresent(place)) return Status::Refused;

@@ -1,11 +1,12 @@
 // Evaluates an action's parameters: reads indirect ones from their variables, and finds the objects
-// that references name. Values are copied, so that nothing that the action does can invalidate
-// them.
+// that references name. Values of the action itself are borrowed: its list lives while it runs.
+// Values of variables are copied, so that nothing that the action does can invalidate them.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "actions/actions.h"
@@ -27,24 +28,34 @@ struct ReferenceContext {
 
 // The values that an action works with.
 struct Arguments : ReferenceContext {
-  FoundObject target;
-  // The evaluated parameters, in the order of the syntax; kind None if an optional one is absent.
-  // They end before the first place that the behaviour reads itself (lists, colours, values of any
-  // type).
-  std::array<GenericValue, kMostParameters> values;
-  const List<GenericValue>* given = nullptr;  // unevaluated; borrowed from the action
+  explicit Arguments(const ReferenceContext& context) : ReferenceContext(context) {}
+  Arguments(const Arguments&) = delete;  // `values` points to `read`
+  Arguments& operator=(const Arguments&) = delete;
+  ~Arguments() = default;
 
-  [[nodiscard]] std::int32_t Integer(std::size_t place) const { return values[place].Integer; }
-  [[nodiscard]] bool Boolean(std::size_t place) const { return values[place].Boolean; }
+  FoundObject target;
+  const List<GenericValue>* given = nullptr;  // unevaluated; borrowed from the action
+  // The evaluated parameters, in the order of the syntax; null if an optional one is absent. They
+  // end before the first place that the behaviour reads itself (lists, colours, values of any
+  // type).
+  std::array<const GenericValue*, kMostParameters> values{};
+  std::array<std::optional<GenericValue>, kMostParameters> read;  // those that come from variables
+
+  // An absent value is 0, false or empty.
+  [[nodiscard]] std::int32_t Integer(std::size_t place) const {
+    return IsPresent(place) ? values[place]->Integer : 0;
+  }
+  [[nodiscard]] bool Boolean(std::size_t place) const {
+    return IsPresent(place) && values[place]->Boolean;
+  }
   [[nodiscard]] std::string_view Octets(std::size_t place) const {
-    return values[place].Octets.View();
+    return IsPresent(place) ? values[place]->Octets.View() : std::string_view{};
   }
+  // The parameter must be present.
   [[nodiscard]] const ObjectReference& Reference(std::size_t place) const {
-    return values[place].Reference;
+    return values[place]->Reference;
   }
-  [[nodiscard]] bool IsPresent(std::size_t place) const {
-    return values[place].Kind != ValueKind::None;
-  }
+  [[nodiscard]] bool IsPresent(std::size_t place) const { return values[place] != nullptr; }
 };
 
 // Whether reading a content reference variable fetches its content, if that has not been fetched
@@ -78,7 +89,7 @@ Status ReadValue(const ReferenceContext& context, const GenericValue& given, Con
 Status ReadValueOfKind(const ReferenceContext& context, const GenericValue* given, ValueKind kind,
                        GenericValue& value);
 
-// Fills `arguments.values` by the action's syntax. Refused if a required parameter is missing or
+// Evaluates `arguments.given` by the action's syntax. Refused if a required parameter is missing or
 // cannot be read.
 Status EvaluateParameters(const ActionRow& row, Arguments& arguments);
 

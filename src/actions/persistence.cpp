@@ -32,15 +32,13 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
   read.success = &success.As<BooleanVariable>();
   const std::size_t count = arguments.given->Size();
   if (!read.success->AvailabilityStatus || count < 2) return Status::Refused;
-  auto given = arguments.given->begin();
+  const List<GenericValue>& given = *arguments.given;
   for (std::size_t place = 1; place + 1 < count; ++place) {
-    ++given;
-    const bool isAdded = MayContinue() && read.variables.Append(FindTarget(context, *given));
+    const bool isAdded = MayContinue() && read.variables.Append(FindTarget(context, given[place]));
     if (!isAdded) return Status::Failure;
   }
   GenericValue name;
-  ++given;
-  const Status status = ReadValueOfKind(context, &*given, ValueKind::OctetString, name);
+  const Status status = ReadValueOfKind(context, given.At(count - 1), ValueKind::OctetString, name);
   if (status != Status::Done) return status;
   read.name = std::move(name.Octets);
   return Status::Done;

@@ -13,14 +13,9 @@ ResidentProgram& TargetOf(const Arguments& arguments) {
 Status RunTargetProgram(const Arguments& arguments) {
   const FoundObject success = Find(arguments, arguments.Reference(0));
   if (success.type != ItemType::BooleanVariable) return Status::Refused;
-  List<const GenericValue*> parameters;
-  auto given = arguments.given->begin();
-  for (++given; given != arguments.given->end(); ++given) {
-    if (!parameters.Append(&*given)) return Status::Failure;
-  }
+  const ProgramParameters parameters{arguments.given->begin() + 1, arguments.given->end()};
   const Status status =
-      RunResidentProgram(TargetOf(arguments).Name.View(), {parameters.begin(), parameters.Size()},
-                         arguments.groupName);
+      RunResidentProgram(TargetOf(arguments).Name.View(), parameters, arguments.groupName);
   (void)SetValue(success.As<BooleanVariable>(), status == Status::Done);
   return status == Status::Failure ? status : Status::Done;
 }

@@ -140,7 +140,8 @@ Status Perform(Action action, const Arguments& arguments, const GenericValue& ta
 // found or not of an accepted class. Actions that accept no class need no target.
 Status PerformOne(const ReferenceContext& context, const ActionRow& row,
                   const ElementaryAction& action) {
-  Arguments arguments{context, {}, {}, &action.Parameters};
+  Arguments arguments{context};
+  arguments.given = &action.Parameters;
   const Status status = EvaluateParameters(row, arguments);
   if (status != Status::Done) return status;
   if (row.accepts != 0) {
@@ -155,9 +156,8 @@ Status PerformOne(const ReferenceContext& context, const ActionRow& row,
 Status RunActions(Scope scope, const ActionHolder& owner, std::string_view groupName) {
   if (owner.actions == nullptr || owner.actions->IsEmpty()) return Status::Done;
   const NestingLevel level;
-  OctetString name;
-  if (!level.IsAllowed() || !name.Assign(WithoutTilde(groupName))) return Status::Failure;
-  const ReferenceContext context{scope, name.View()};
+  if (!level.IsAllowed()) return Status::Failure;
+  const ReferenceContext context{scope, WithoutTilde(groupName)};
   const Generations remembered = CurrentGenerations();
   Status result = Status::Done;
   for (const ElementaryAction& action : *owner.actions) {

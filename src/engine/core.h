@@ -18,8 +18,8 @@ namespace korvel {
 
 // A link that waits for its event.
 struct LinkTableEntry {
-  Link* waiting = nullptr;
-  Scope context = Scope::SceneFirst;  // ApplicationFirst when the link belongs to the application
+  Link* link = nullptr;
+  Scope scope = Scope::SceneFirst;  // ApplicationFirst when the link belongs to the application
 };
 
 // What a link waits for: an event of a type, from the source of a number or from any source, with
@@ -32,13 +32,13 @@ struct LinkKey {
 
   bool operator==(const LinkKey&) const = default;
 };
-[[nodiscard]] constexpr std::uint32_t HashOf(const LinkKey& key) {
-  const auto add = [](std::uint32_t hash, std::uint32_t number) { return hash * 31 + number; };
-  std::uint32_t hash = static_cast<std::uint32_t>(key.type) * 2 + (key.isAnySource ? 1 : 0);
-  hash = add(hash, static_cast<std::uint32_t>(key.sourceNumber));
-  hash = add(hash, static_cast<std::uint32_t>(key.data.kind));
-  hash = add(hash, static_cast<std::uint32_t>(key.data.value));
-  return HashOf(static_cast<std::int32_t>(hash));
+[[nodiscard]] inline std::uint32_t HashOf(const LinkKey& key) {
+  return Hash()
+      .Add(static_cast<std::uint32_t>(key.type) * 2 + (key.isAnySource ? 1 : 0))
+      .Add(static_cast<std::uint32_t>(key.sourceNumber))
+      .Add(static_cast<std::uint32_t>(key.data.kind))
+      .Add(static_cast<std::uint32_t>(key.data.value))
+      .Result();
 }
 
 // All waiting links, in the order in which they run: those of the application first, and those of a
@@ -107,7 +107,7 @@ void ReleaseEndedGroups();
 // ---- lookup.cpp ----
 
 // Enters the objects of a decoded group in its index, so that FindObject finds them. False if
-// memory runs out.
+// memory or, during a close, time runs out.
 [[nodiscard]] bool IndexObjects(Group& group);
 
 // ---- group_life.cpp: how a decoded group starts and a running group ends ----
@@ -146,7 +146,7 @@ Scene& AdoptScene(OwnedGroup&& group);
 
 // Prepares the group's links, activates those that are initially active, and enters all of them in
 // the table. A link with an unknown event type is not entered and never fires.
-Status AddLinks(Group& group, Scope context);
+Status AddLinks(Group& group, Scope scope);
 
 // Removes the links of a group from the table: those named after the group, and those it owns under
 // any other name.

@@ -86,11 +86,12 @@ bool EntryAtPosition(const Application& application, std::int32_t position, Stac
 }
 
 bool RemoveTop(Application& application, StackedVisible& entry) {
-  const StackedVisible* top = application.DisplayStack.Last();
-  const bool isRemoved = application.DisplayStack.RemoveFirst(
-      [top](const StackedVisible& candidate) { return &candidate == top; }, &entry);
-  if (isRemoved) Removed(entry);
-  return isRemoved;
+  List<StackedVisible>& stack = application.DisplayStack;
+  if (stack.IsEmpty()) return false;
+  entry = *stack.Last();
+  Removed(entry);
+  stack.Truncate(stack.Size() - 1);
+  return true;
 }
 
 bool RemoveFromStack(Application& application, ItemType kind, const Ingredient& visible) {
@@ -128,6 +129,14 @@ Status InsertAbove(Application& application, ItemType kind, Ingredient& visible,
   const std::size_t place = PlaceOf(application, reference) + 1;
   return Inserted(application.DisplayStack.InsertAt(place, {kind, &visible}),
                   Message::NoMemoryForDisplayStackItem);
+}
+
+void RemoveGroupFromStack(Application& application, const Group& group) {
+  application.DisplayStack.RemoveAll([&group](const StackedVisible& entry) {
+    const bool isOfGroup = entry.visible->owner == &group;
+    if (isOfGroup) Removed(entry);
+    return isOfGroup;
+  });
 }
 
 void ClearStack(Application& application) {

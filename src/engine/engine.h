@@ -178,6 +178,8 @@ Status InsertBelow(Application& application, ItemType kind, Ingredient& visible,
                    const Ingredient& reference);
 Status InsertAbove(Application& application, ItemType kind, Ingredient& visible,
                    const Ingredient& reference);
+// Removes the visibles that a group holds.
+void RemoveGroupFromStack(Application& application, const Group& group);
 void ClearStack(Application& application);
 
 // The stacking actions. A running visible is drawn again.
@@ -215,7 +217,7 @@ Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolu
 // Stores a block under a name and takes ownership of it. Failure, with a message and `data`
 // unchanged, if memory runs out.
 Status AppendPersistent(std::string_view name, OctetString&& data);
-// Remove the first block of that name; the first of them returns it. False if there is none.
+// Remove the first block of that name; TakePersistent also returns it. False if there is none.
 bool TakePersistent(std::string_view name, OctetString& data);
 bool RemovePersistent(std::string_view name);
 void EmptyPersistentStore();
@@ -223,7 +225,7 @@ void EmptyPersistentStore();
 // ---- Resident programs ----
 
 // The parameters, borrowed for the call.
-using ProgramParameters = std::span<const GenericValue* const>;
+using ProgramParameters = std::span<const GenericValue>;
 
 // Runs the program of that name. Refused, with nothing written, if a parameter is missing or its
 // variable is not found. Failure, with a message, for an unknown name and for an output variable of

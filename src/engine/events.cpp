@@ -9,22 +9,16 @@
 namespace korvel {
 namespace {
 
-struct CollectedLink {
-  Link* collected = nullptr;
-  Group* owner = nullptr;
-  Scope context = Scope::SceneFirst;
-};
-
-using LinkCollection = BoundedList<CollectedLink, kMostLinksOfEvent>;
+using LinkCollection = BoundedList<LinkTableEntry, kMostLinksOfEvent>;
 
 enum class SceneName { AsStored, WithoutTilde };
 
 // A link of a scene waits only while that scene is the current one.
 bool IsInContext(const LinkTableEntry& entry, SceneName comparison) {
-  if (entry.context == Scope::ApplicationFirst) return true;
+  if (entry.scope == Scope::ApplicationFirst) return true;
   const Scene* scene = CurrentScene();
   if (scene == nullptr) return false;
-  const std::string_view linkGroup = entry.waiting->Reference.GroupIdentifier.View();
+  const std::string_view linkGroup = entry.link->Reference.GroupIdentifier.View();
   if (comparison == SceneName::AsStored) return linkGroup == NameOf(*scene);
   return IsSameGroup(linkGroup, NameOf(*scene));
 }
@@ -46,17 +40,18 @@ template <class Predicate> LinkCollection Collect(LinkKey key, Predicate&& waits
     const auto*& next = isAnyNext ? withAnyData : withData;
     if (next == nullptr) break;
     const LinkTableEntry& entry = next->value;
-    if (entry.waiting->RunningStatus && waits(entry)) {
-      collection.Append({entry.waiting, entry.waiting->owner, entry.context});
+    if (entry.link->RunningStatus && waits(entry)) {
+      collection.Append(entry);
     }
     next = table.Next(*next);
   }
   return collection;
 }
 
-Status RunLink(const CollectedLink& link) {
-  const ActionHolder effect{&link.collected->LinkEffect, link.owner};
-  return RunActions(link.context, effect, link.collected->Reference.GroupIdentifier.View());
+Status RunLink(const LinkTableEntry& entry) {
+  Link& link = *entry.link;
+  return RunActions(entry.scope, {&link.LinkEffect, link.owner},
+                    link.Reference.GroupIdentifier.View());
 }
 
 bool StopsDispatch(Status status) {
@@ -80,16 +75,34 @@ bool IsInputEvent(EventType type) {
   case EventType::IsSelected:
   case EventType::IsDeselected:
   case EventType::EntryFieldFull: return true;
-  default: return false;
+  case EventType::IsAvailable:
+  case EventType::ContentAvailable:
+  case EventType::IsDeleted:
+  case EventType::IsRunning:
+  case EventType::IsStopped:
+  case EventType::AsynchStopped:
+  case EventType::TokenMovedFrom:
+  case EventType::TokenMovedTo:
+  case EventType::HighlightOn:
+  case EventType::HighlightOff:
+  case EventType::TestEvent:
+  case EventType::FirstItemPresented:
+  case EventType::LastItemPresented:
+  case EventType::HeadItems:
+  case EventType::TailItems:
+  case EventType::ItemSelected:
+  case EventType::ItemDeselected:
+  case EventType::EngineEvent: break;
   }
+  return false;
 }
 
 template <class Links> Status RunLinks(const Links& links) {
   const Busy busy;
   Status status = Status::Done;
-  for (const CollectedLink& link : links) {
-    if (IsGone(*link.owner)) continue;
-    status = RunLink(link);
+  for (const LinkTableEntry& entry : links) {
+    if (IsGone(*entry.link)) continue;
+    status = RunLink(entry);
     if (StopsDispatch(status)) break;
   }
   return status;
@@ -101,7 +114,7 @@ Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, Event
                   EventData data) {
   const LinkKey key{type, false, sourceNumber, data};
   const LinkCollection collection = Collect(key, [&](const LinkTableEntry& entry) {
-    const ObjectReference& source = entry.waiting->Condition.EventSource;
+    const ObjectReference& source = entry.link->Condition.EventSource;
     return IsSameGroup(source.GroupIdentifier.View(), sourceGroup) &&
            IsInContext(entry, SceneName::AsStored);
   });
@@ -120,14 +133,14 @@ Status RaiseEventByType(EventType type, EventData data) {
 }
 
 Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) {
-  List<CollectedLink> links;
+  List<LinkTableEntry> links;
   for (const auto& [key, entry, next, last] : TheCore().links) {
     if (!MayContinue()) return Status::Failure;
-    Link& link = *entry.waiting;
+    const Link& link = *entry.link;
     const bool isMatch = !key.isAnySource && key.type == type && IsInputEvent(type) &&
                          key.sourceNumber == sourceNumber && link.RunningStatus &&
                          link.Condition.EventData.Integer == value;
-    if (isMatch && !links.Append({&link, link.owner, entry.context})) return Status::Failure;
+    if (isMatch && !links.Append(entry)) return Status::Failure;
   }
   return RunLinks(links);
 }

@@ -11,20 +11,11 @@
 namespace korvel {
 namespace {
 
-struct ItemToStart {
-  ItemType type;
-  Ingredient* record;
-};
-
 Status ActivateInitially(Group& group) {
-  List<ItemToStart> items;
   for (const Item& item : group.Items) {
     if (!item.Record()->InitiallyActive) continue;
-    if (!items.Append({item.Type(), item.Record()})) return Status::Failure;
-  }
-  for (const ItemToStart& item : items) {
     if (!MayContinue()) return Status::Failure;
-    const Status status = RunIngredient(item.type, *item.record);
+    const Status status = RunIngredient(item.Type(), *item.Record());
     if (status == Status::Failure) return status;
     if (IsGone(group)) return Status::Replaced;
   }
@@ -71,10 +62,7 @@ void MoveToEnded(Group& group) {
   group.AvailabilityStatus = false;
   group.RunningStatus = false;
   CancelAllTimers(group);
-  if (core.application != nullptr) {
-    core.application->DisplayStack.RemoveAll(
-        [&group](const StackedVisible& entry) { return entry.visible->owner == &group; });
-  }
+  if (core.application != nullptr) RemoveGroupFromStack(*core.application, group);
   ForgetGroup(group);
   if (core.application == &group) core.application = nullptr;
   if (core.scene == &group) core.scene = nullptr;

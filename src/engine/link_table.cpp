@@ -21,7 +21,7 @@ EventData DataOf(const LinkCondition& condition) {
   }
 }
 
-Status AddLink(Link& link, Scope context) {
+Status AddLink(Link& link, Scope scope) {
   if (Prepare(ItemType::Link, link) == Change::Failure) return Status::Failure;
   if (link.InitiallyActive && Activate(ItemType::Link, link) == Change::Failure) {
     return Status::Failure;
@@ -32,19 +32,20 @@ Status AddLink(Link& link, Scope context) {
   const EventData data = DataOf(condition);
   const LinkKey withSource{condition.EventType, false, condition.EventSource.Number, data};
   const LinkKey anySource{condition.EventType, true, 0, data};
-  if (table.Add(withSource, {&link, context}) && table.Add(anySource, {&link, context})) {
+  if (table.Add(withSource, {&link, scope}) && table.Add(anySource, {&link, scope})) {
     return Status::Done;
   }
+  table.RemoveAll([&link](const LinkTableEntry& entry) { return entry.link == &link; });
   Say(Message::NoMemoryForEvent);
   return Status::Failure;
 }
 
 }  // namespace
 
-Status AddLinks(Group& group, Scope context) {
+Status AddLinks(Group& group, Scope scope) {
   for (Item& item : group.Items) {
     if (item.Type() != ItemType::Link) continue;
-    if (!MayContinue() || AddLink(item.As<Link>(), context) == Status::Failure)
+    if (!MayContinue() || AddLink(item.As<Link>(), scope) == Status::Failure)
       return Status::Failure;
   }
   return Status::Done;
@@ -52,8 +53,8 @@ Status AddLinks(Group& group, Scope context) {
 
 void RemoveLinks(const Group& group) {
   const auto belongsToGroup = [&group](const LinkTableEntry& entry) {
-    return entry.waiting->owner == &group ||
-           IsSameGroup(entry.waiting->Reference.GroupIdentifier.View(), NameOf(group));
+    return entry.link->owner == &group ||
+           IsSameGroup(entry.link->Reference.GroupIdentifier.View(), NameOf(group));
   };
   TheCore().links.RemoveAll(belongsToGroup);
 }

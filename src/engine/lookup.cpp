@@ -9,6 +9,7 @@ bool IsFindable(ItemType type) { return type <= ItemType::SwitchButton; }
 
 bool IndexObjectsOf(const List<Item>& items, Group& group) {
   for (const Item& item : items) {
+    if (!MayContinue()) return false;
     const std::int32_t number = item.Record()->Reference.Number;
     if (IsFindable(item.Type()) && !group.objects.Add(number, {item.Type(), item.Record()})) {
       return false;
@@ -25,7 +26,7 @@ bool IndexObjectsOf(const List<Item>& items, Group& group) {
 FoundObject FindInGroup(const Group* group, std::string_view name, std::int32_t number) {
   if (group == nullptr) return {};
   const auto* entry = group->objects.Find(number);
-  for (; entry != nullptr; entry = group->objects.Next(*entry)) {
+  for (; entry != nullptr && MayContinue(); entry = group->objects.Next(*entry)) {
     const HeldObject& held = entry->value;
     if (IsSameGroup(held.record->Reference.GroupIdentifier.View(), name)) {
       return {held.type, held.record};

@@ -1,8 +1,6 @@
 // Events from outside the content: keys, filtered by the scene's input event register, and
 // timer expiries.
 
-#include <cstdio>
-
 #include "actions/actions.h"
 #include "engine/core.h"
 

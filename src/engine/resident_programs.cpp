@@ -129,7 +129,7 @@ class ProgramCall {
  private:
   // Variables are searched in the application first, even if a scene calls the program.
   [[nodiscard]] FoundObject FindVariable(std::size_t place) const {
-    const GenericValue& given = *given_[place];
+    const GenericValue& given = given_[place];
     const bool isReference =
         given.Kind == ValueKind::ObjectReference || given.Kind == ValueKind::IndirectReference;
     if (!isReference) return {};
@@ -140,8 +140,8 @@ class ProgramCall {
 
   Status Read(Slot slot, std::size_t place) {
     GenericValue& value = values_[place];
-    if (given_[place]->Kind == KindOf(ClassOf(slot))) {
-      return Copy(*given_[place], value) ? Status::Done : Status::Failure;
+    if (given_[place].Kind == KindOf(ClassOf(slot))) {
+      return Copy(given_[place], value) ? Status::Done : Status::Failure;
     }
     const FoundObject variable = FindVariable(place);
     if (variable.type != ClassOf(slot)) return Status::Refused;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cassert>
 #include <cstddef>
 #include <utility>
 
@@ -15,12 +16,19 @@ template <class T, std::size_t kCapacity> class BoundedList {
   [[nodiscard]] const T* begin() const { return values_.data(); }
   [[nodiscard]] const T* end() const { return values_.data() + size_; }
   [[nodiscard]] const T& operator[](std::size_t index) const { return values_[index]; }
+  // The list must not be empty.
   [[nodiscard]] const T& Last() const { return values_[size_ - 1]; }
 
   // The list must not be full.
-  void Append(T&& value) { values_[size_++] = std::move(value); }
+  void Append(T value) {
+    assert(!IsFull());
+    values_[size_++] = std::move(value);
+  }
   // The list must not be empty.
-  void RemoveLast() { values_[--size_] = T{}; }
+  void RemoveLast() {
+    assert(!IsEmpty());
+    values_[--size_] = T{};
+  }
   void Clear() {
     while (!IsEmpty()) RemoveLast();
   }

@@ -94,8 +94,8 @@ struct Application : Group {
   DefaultAttributes Defaults;
 
   std::int32_t LockCount = 0;  // screen-lock nesting
-  List<StackedVisible>
-      DisplayStack;  // bottom-most first; the application's and the scene's visibles
+  // The application's and the scene's visibles, bottom-most first.
+  List<StackedVisible> DisplayStack;
 };
 
 struct NextScene {

@@ -9,10 +9,24 @@
 
 namespace korvel {
 
-// Spreads the bits of a number, so that regular numbers do not share slots.
-constexpr std::uint32_t HashOf(std::int32_t number) {
-  const std::uint32_t mixed = static_cast<std::uint32_t>(number) * 0x9E3779B1U;
-  return mixed ^ (mixed >> 15U);
+// Makes a hash of numbers. Its result differs from process to process: keys come from content, and
+// content must not be able to choose keys that share a slot, which would make each search a walk.
+class Hash {
+ public:
+  Hash& Add(std::uint32_t number) {
+    state_ = (state_ + number + 1) * kSeed;
+    return *this;
+  }
+  [[nodiscard]] std::uint32_t Result() const { return static_cast<std::uint32_t>(state_ >> 32U); }
+
+ private:
+  static const std::uint64_t kSeed;  // odd
+
+  std::uint64_t state_ = 0;
+};
+
+[[nodiscard]] inline std::uint32_t HashOf(std::int32_t number) {
+  return Hash().Add(static_cast<std::uint32_t>(number)).Result();
 }
 
 // `Key` and `Value` are trivially copyable. `Key` has operator== and a function

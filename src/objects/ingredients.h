@@ -19,7 +19,7 @@ struct Ingredient : Root {
 
   // The group that holds it, directly or in a Stream; set when the group is adopted.
   Group* owner = nullptr;
-  // The entries of the display stack that show it; almost always 0 or 1.
+  // The entries of the display stack that show it: 0 or 1 in a running engine.
   std::uint32_t stackEntries = 0;
 };
 

@@ -113,14 +113,16 @@ template <class T> class List {
   }
 
  private:
-  // Most lists of content are short, and most of its bytes are in them.
+  // Lists of content are short, so the first block has room for 2 records, but for 8 bytes or
+  // numbers, which cost as little.
   static constexpr std::uint32_t kFirstCapacity = sizeof(T) < 16 ? 8 : 2;
   // A value may well be a pointer.  NOLINTNEXTLINE(bugprone-sizeof-expression)
   static constexpr std::size_t kValueSize = sizeof(T);
 
   [[nodiscard]] bool Grow() { return Reserve(IsEmpty() ? kFirstCapacity : std::size_t{size_} * 2); }
   [[nodiscard]] bool Reserve(std::size_t capacity) {
-    if (capacity > UINT32_MAX) return false;
+    constexpr std::size_t kMost = std::min<std::size_t>(UINT32_MAX, SIZE_MAX / kValueSize);
+    if (capacity > kMost) return false;
     auto* values = static_cast<T*>(AllocateZeroed(capacity * kValueSize));
     if (values == nullptr) return false;
     for (std::uint32_t place = 0; place < size_; ++place) {

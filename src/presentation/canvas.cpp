@@ -1,6 +1,5 @@
 // Creates canvases and carries out the drawing actions on them. A canvas keeps its pixels until it
 // is cleared; the drawing actions are not recorded.
-#include "objects/list.h"
 #include "presentation/line_art.h"
 
 #include <algorithm>
@@ -9,6 +8,7 @@
 #include "appearance/colours.h"
 #include "appearance/geometry.h"
 #include "objects/limits.h"
+#include "objects/list.h"
 #include "objects/ownership.h"
 
 namespace korvel {

@@ -64,7 +64,7 @@ GlobalBlock CopyToBlock(std::string_view bytes) {
 }
 
 // Whether one more picture of this size stays within the limits.
-[[nodiscard]] bool HasRoom(List<KeptPicture>& pictures, std::size_t bytes) {
+[[nodiscard]] bool HasRoom(const KeptPictures& pictures, std::size_t bytes) {
   std::size_t count = 1;
   for (const KeptPicture& kept : pictures) {
     ++count;
@@ -146,14 +146,12 @@ bool ReadPicture(std::string_view bytes, Picture& picture) {
       !IsAllowed(read.image)) {
     return false;
   }
-  // The old image is released before the old block, which it may read from.
-  picture.image = std::move(read.image);
-  picture.block = std::move(read.block);
+  picture = std::move(read);
   return true;
 }
 
 Gdiplus::GpImage* DecodedImage(std::string_view file) {
-  List<KeptPicture>& pictures = State().keptPictures;
+  KeptPictures& pictures = State().keptPictures;
   for (const KeptPicture& kept : pictures) {
     if (HasFile(kept, file)) return kept.content.image;
   }
@@ -162,16 +160,17 @@ Gdiplus::GpImage* DecodedImage(std::string_view file) {
   read.fileBytes = file.size();
   read.bytes = file.size() + PixelBytesOf(read.content.image);
   if (!HasRoom(pictures, read.bytes)) pictures.Clear();
-  const KeptPicture* kept = pictures.Append(std::move(read));
-  return kept == nullptr ? nullptr : kept->content.image.Get();
+  pictures.Append(std::move(read));
+  return pictures.Last().content.image;
 }
 
 bool PaintPicture(Gdiplus::GpImage* image, const PicturePlacement& placement) {
+  if (image == nullptr) return false;
   Gdiplus::GpGraphics* graphics = State().graphics;
   if (graphics == nullptr) return true;
   UINT width = 0;
   UINT height = 0;
-  if (image == nullptr || !Succeeded(gdip::GdipGetImageWidth(image, &width)) ||
+  if (!Succeeded(gdip::GdipGetImageWidth(image, &width)) ||
       !Succeeded(gdip::GdipGetImageHeight(image, &height)) || width == 0 || height == 0) {
     return false;
   }

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "objects/visibles.h"
 #include "presentation/gdi_plus.h"
@@ -17,6 +18,18 @@ using GlobalBlock = std::unique_ptr<void, GlobalReleaser>;
 
 // GDI+ may read from the block while the image exists, so the image is released first.
 struct Picture {
+  Picture() = default;
+  Picture(Picture&&) = default;
+  Picture& operator=(Picture&& other) noexcept {
+    image.Reset();
+    image = std::move(other.image);
+    block = std::move(other.block);
+    return *this;
+  }
+  Picture(const Picture&) = delete;
+  Picture& operator=(const Picture&) = delete;
+  ~Picture() = default;
+
   GlobalBlock block;
   ImageOwner image;
 };

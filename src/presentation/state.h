@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "objects/bounded_list.h"
+#include "objects/limits.h"
 #include "objects/list.h"
 #include "objects/octet_string.h"
 #include "presentation/gdi_plus.h"
@@ -26,6 +28,7 @@ struct KeptPicture {
   std::size_t fileBytes = 0;
   std::size_t bytes = 0;  // of the file and the pixels
 };
+using KeptPictures = BoundedList<KeptPicture, kMostKeptPictures>;
 
 // The path of the file that passes I-frames to the host's decoder; empty if there is no folder.
 inline constexpr std::size_t kTemporaryFolderBytes = 255;
@@ -44,7 +47,7 @@ struct PresentationState {
   // Decoded on first use, and kept until the engine restarts or closes.
   List<NamedPicture> namedPictures;
   // The pictures that bitmaps have shown last, until they are too many.
-  List<KeptPicture> keptPictures;
+  KeptPictures keptPictures;
   // The memory of pictures that a restart has destroyed, kept until the engine closes.
   List<GlobalBlock> keptBlocks;
 

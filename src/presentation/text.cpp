@@ -1,7 +1,6 @@
 // Text objects, entry fields and the text routine. GDI+ breaks and places the lines; this file
 // selects the colours, the font and the modes.
 #include "presentation/text.h"
-#include "objects/list.h"
 
 #include <array>
 #include <cstring>
@@ -11,6 +10,7 @@
 #include "appearance/geometry.h"
 #include "engine/engine.h"
 #include "objects/limits.h"
+#include "objects/list.h"
 #include "objects/memory.h"
 #include "platform/screen.h"
 #include "presentation/drawings.h"
@@ -30,11 +30,9 @@ namespace {
       !Succeeded(gdip::GdipGetFontCollectionFamilyCount(installed, &count))) {
     return false;
   }
-  for (INT added = 0; added < count; ++added) {
-    if (!families.Append(nullptr)) return false;
-  }
-  return Succeeded(
-      gdip::GdipGetFontCollectionFamilyList(installed, count, families.begin(), &count));
+  return families.Resize(static_cast<std::size_t>(count)) &&
+         Succeeded(
+             gdip::GdipGetFontCollectionFamilyList(installed, count, families.begin(), &count));
 }
 
 [[nodiscard]] bool IsCalledSans(const Gdiplus::GpFontFamily* family) {

@@ -158,6 +158,15 @@ TEST_F(Closing, stops_starting_links) {
   EXPECT_FALSE(IsRunning(kSteps));
 }
 
+TEST_F(Closing, stops_searching_for_an_object) {
+  Start(Repeated([](int /*number*/) { return "{:IntegerVar (\"~/x\" 1) :OrigValue 0}"; }) +
+        "{:IntegerVar 1 :OrigValue 0}");
+  RequestClose();
+  EXPECT_FALSE(static_cast<bool>(FindObject(Scope::ApplicationFirst, "~/a", 1)));
+  CancelClose();
+  EXPECT_TRUE(static_cast<bool>(FindObject(Scope::ApplicationFirst, "~/a", 1)));
+}
+
 TEST_F(Closing, stops_searching_for_links) {
   Start(Repeated([](int number) {
           return "{:Link " + std::to_string(1000 + number) +

@@ -271,7 +271,7 @@ std::string SetWithoutMemory(int variable, GenericValue value) {
   ActionList list;
   EXPECT_NE(list.Append(std::move(action)), nullptr);
   testing::internal::CaptureStdout();
-  FailAllocation(2);  // the first one is the copy of the group's name
+  FailAllocation(1);
   EXPECT_EQ(RunActions(Scope::ApplicationFirst, {&list, CurrentApplication()}, "~/a"),
             Status::Done);
   EXPECT_TRUE(HasFailedAllocation());

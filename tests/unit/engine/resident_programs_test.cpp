@@ -105,9 +105,7 @@ class ResidentProgramsTest : public EngineTest {
       (list.push_back(Of(parameters)), ...);
       return list;
     }();
-    std::vector<const GenericValue*> given;
-    for (const GenericValue& value : values) given.push_back(&value);
-    const Status status = RunResidentProgram(name, given, "~/a");
+    const Status status = RunResidentProgram(name, values, "~/a");
     if (status == Status::Done) Succeeded().insert(std::string(name));
     return status;
   }

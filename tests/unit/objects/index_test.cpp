@@ -38,6 +38,18 @@ Pairs AllOf(const Numbers& index) {
   return all;
 }
 
+// A number that counts how often it is compared.
+struct CountingKey {
+  std::int32_t number = 0;
+  static inline std::size_t comparisons = 0;
+
+  bool operator==(const CountingKey& other) const {
+    ++comparisons;
+    return number == other.number;
+  }
+};
+std::uint32_t HashOf(const CountingKey& key) { return korvel::HashOf(key.number); }
+
 TEST(Index, of_nothing_finds_nothing) {
   const Numbers index;
   EXPECT_EQ(index.Find(0), nullptr);
@@ -75,6 +87,19 @@ TEST(Index, of_many_keys_finds_each) {
     ASSERT_EQ(ValuesOf(index, key * 1024), std::vector{key});
   }
   EXPECT_EQ(index.Find(5), nullptr);
+}
+
+// Without a secret in the hash, content could choose keys that share one slot, and each search
+// would compare with all of them.
+TEST(Index, compares_few_keys_however_content_chooses_them) {
+  for (const std::uint32_t step : {1U << 16U, 1U << 20U, 0x9E3779B1U, 0x61C88647U}) {
+    Index<CountingKey, int> index;
+    CountingKey::comparisons = 0;
+    for (std::uint32_t i = 0; i < 4096; ++i) {
+      ASSERT_TRUE(index.Add({static_cast<std::int32_t>(i * step)}, 0));
+    }
+    EXPECT_LT(CountingKey::comparisons, 4096U * 50) << step;
+  }
 }
 
 TEST(Index, is_unchanged_and_leaks_nothing_when_memory_runs_out) {

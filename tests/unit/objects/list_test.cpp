@@ -79,6 +79,25 @@ TEST(List, inserts_before_an_index_or_at_the_end) {
   EXPECT_EQ(ValuesOf(list), (std::vector{0, 1, 2, 3, 4, 5}));
 }
 
+TEST(List, inserts_values_that_own_memory_while_it_grows) {
+  const std::size_t before = LiveBlocks();
+  {
+    List<OctetString> list;
+    for (int i = 0; i < 20; ++i) {
+      OctetString value;
+      ASSERT_TRUE(value.Assign(std::to_string(i)));
+      OctetString* const inserted =
+          list.InsertAt(static_cast<std::size_t>(i) / 2, std::move(value));
+      ASSERT_NE(inserted, nullptr);
+      EXPECT_EQ(inserted->View(), std::to_string(i));
+    }
+    std::string order;
+    for (const OctetString& value : list) order += std::string(value.View()) + " ";
+    EXPECT_EQ(order, "1 3 5 7 9 11 13 15 17 19 18 16 14 12 10 8 6 4 2 0 ");
+  }
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
 TEST(List, removes_first_last_and_middle_and_can_append_afterwards) {
   List<int> list = MakeList({1, 2, 3, 4});
   int taken = 0;

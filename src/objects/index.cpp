@@ -6,7 +6,7 @@
 namespace korvel {
 
 // The time since the machine started, in the finest units there are, spread over all bits.
-const std::uint64_t Hash::kSeed =
+std::uint64_t Hash::secret =
     (static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()) *
      0x9E3779B97F4A7C15U) |
     1U;

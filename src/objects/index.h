@@ -13,15 +13,16 @@ namespace korvel {
 // content must not be able to choose keys that share a slot, which would make each search a walk.
 class Hash {
  public:
+  // An odd number. Only programs that count instructions set it, while there is no index.
+  static std::uint64_t secret;
+
   Hash& Add(std::uint32_t number) {
-    state_ = (state_ + number + 1) * kSeed;
+    state_ = (state_ + number + 1) * secret;
     return *this;
   }
   [[nodiscard]] std::uint32_t Result() const { return static_cast<std::uint32_t>(state_ >> 32U); }
 
  private:
-  static const std::uint64_t kSeed;  // odd
-
   std::uint64_t state_ = 0;
 };
 

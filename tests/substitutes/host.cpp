@@ -12,15 +12,20 @@ using test::TheHost;
 
 bool FetchFile(std::string_view path, OctetString* bytes) {
   TheHost().fetched.emplace_back(path);
+  if (TheHost().onFetch) TheHost().onFetch();
   if (path.empty() || !MayRun()) return false;
   const auto file = TheHost().files.find(std::string(path));
   if (file == TheHost().files.end()) return false;
   return bytes == nullptr || bytes->Assign(file->second);
 }
 
-bool MayRun() { return TheHost().mayRun && !TheHost().isClosing; }
+bool MayRun() { return TheHost().mayRun && !IsClosing(); }
 
-bool IsClosing() { return TheHost().isClosing; }
+bool IsClosing() {
+  std::uint32_t& checks = TheHost().checksUntilClose;
+  if (checks > 0 && --checks == 0) TheHost().isClosing = true;
+  return TheHost().isClosing;
+}
 
 void PauseUnlessClosing(std::uint32_t milliseconds) {
   if (IsClosing()) return;

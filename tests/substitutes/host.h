@@ -17,6 +17,7 @@ struct FakeHost {
   std::map<std::string, std::string> files;
   bool mayRun = true;
   bool isClosing = false;
+  std::uint32_t checksUntilClose = 0;  // a close is requested at that call of IsClosing; 0: none
   std::uint32_t milliseconds = 0;
   std::uint32_t millisecondsPerReading = 0;  // added to the clock by each reading
   std::uint32_t seconds = 0;
@@ -24,6 +25,7 @@ struct FakeHost {
   bool hasLocalTime = true;
 
   std::function<void()> onPause;  // called in each pause
+  std::function<void()> onFetch;  // called before each file is read
 
   std::vector<std::string> fetched;               // every requested path, found or not
   std::uint32_t pausedMs = 0;                     // the sum of all pauses

@@ -1,6 +1,7 @@
 // The allocator of the tests: the C heap, with a count of live blocks and one failure on request.
 #include "memory.h"
 
+#include <cstdint>
 #include <cstdlib>
 
 #include "objects/memory.h"
@@ -11,6 +12,7 @@ namespace {
 std::size_t allocationsUntilFailure = 0;
 bool hasFailed = false;
 std::size_t liveBlocks = 0;
+std::size_t largestBlock = SIZE_MAX;
 
 }  // namespace
 
@@ -19,6 +21,7 @@ void* AllocateZeroed(std::size_t bytes) {
     hasFailed = true;
     return nullptr;
   }
+  if (bytes > largestBlock) return nullptr;
   void* block = std::calloc(1, bytes == 0 ? 1 : bytes);
   if (block != nullptr) ++liveBlocks;
   return block;
@@ -37,6 +40,8 @@ void FailAllocation(std::size_t n) {
 }
 
 bool HasFailedAllocation() { return hasFailed; }
+
+void LimitBlocks(std::size_t bytes) { largestBlock = bytes; }
 
 std::size_t LiveBlocks() { return liveBlocks; }
 

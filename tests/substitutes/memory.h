@@ -11,6 +11,9 @@ void FailAllocation(std::size_t n);
 // Whether an allocation has failed on purpose since FailAllocation was called.
 bool HasFailedAllocation();
 
+// Makes every allocation of more than `bytes` fail from now on.
+void LimitBlocks(std::size_t bytes);
+
 // The number of blocks that are allocated now.
 std::size_t LiveBlocks();
 

@@ -10,7 +10,7 @@ play: dll demos
 	@scripts/play.sh $(or $(DEMO),welcome)
 
 # All tests: the instruction counts of the benchmarks, native tests under the sanitizers, a minute
-# of fuzzing each reader, Windows tests under Wine, scenarios, checks.
+# of fuzzing each reader and the engine, Windows tests under Wine, scenarios, checks.
 test:
 	@scripts/install-packages.sh native windows run gallery test fuzz bench format tidy
 	@scripts/run-tests.sh native native-asan fuzz win64 win32
@@ -41,12 +41,12 @@ mheg:
 demos: mheg
 	@cmake --build --preset native --target examples
 
-# The fuzz targets, for ten minutes each unless SECONDS says otherwise.
+# The fuzz targets, for ten minutes each unless SECONDS says otherwise, and a table of the results.
 fuzz:
 	@scripts/install-packages.sh fuzz
 	@cmake --preset fuzz -DKORVEL_FUZZ_SECONDS=$(or $(SECONDS),600) >/dev/null
 	@cmake --build --preset fuzz
-	@ctest --preset fuzz
+	@ctest --preset fuzz; status=$$?; scripts/fuzz-table.sh; exit $$status
 
 # One table of the times of all benchmarks, with the goals that are met.
 bench:

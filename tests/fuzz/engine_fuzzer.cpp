@@ -98,7 +98,7 @@ class Player {
   void Step() {
     constexpr std::array<std::int32_t, 21> kKeys = {1,  2,  3,  4,  5,  6,  7,   8,   9,   10, 11,
                                                     14, 15, 15, 15, 16, 17, 100, 101, 103, 104};
-    switch (choices_.StepBelow(20)) {
+    switch (choices_.StepBelow(28)) {
     case 0:
     case 1:
     case 2:

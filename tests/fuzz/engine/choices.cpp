@@ -4,9 +4,9 @@
 namespace korvel::test {
 namespace {
 
-constexpr std::array<std::int32_t, 20> kNumbers = {
-    INT32_MIN, INT32_MAX, -1,  -2,  5,   15,  16,   17,    100,     101,
-    103,       104,       255, 256, 720, 576, 1000, 40000, 0x10000, -40000};
+constexpr std::array<std::int32_t, 22> kNumbers = {
+    INT32_MIN, INT32_MAX, INT32_MIN, INT32_MAX, -1,  -2,  5,   15,   16,    17,      100,
+    101,       103,       104,       255,       256, 720, 576, 1000, 40000, 0x10000, -40000};
 
 // Names of groups and of files, the resident programs, engine features, colours, fonts, and text
 // with formatting and anchors.
@@ -86,7 +86,7 @@ constexpr std::array kStrings = {"~/a",
 std::int32_t Choices::Integer() {
   const std::uint32_t kind = Below(8);
   if (kind < 5) return static_cast<std::int32_t>(Below(8));
-  if (kind < 7) return static_cast<std::int32_t>(Below(32));
+  if (kind < 6) return static_cast<std::int32_t>(Below(32));
   return OneOf(kNumbers);
 }
 
@@ -123,7 +123,7 @@ ObjectName Choices::ObjectOf(ClassSet classes) {
 }
 
 std::vector<ChosenAction> Choices::Actions() {
-  std::vector<ChosenAction> actions(1 + Below(4));
+  std::vector<ChosenAction> actions(1 + Below(6));
   for (ChosenAction& action : actions) {
     action.number = static_cast<std::uint8_t>(1 + Below(lastAction));
   }

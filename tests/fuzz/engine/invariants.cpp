@@ -12,6 +12,7 @@
 
 #include "actions/behaviours.h"
 #include "engine/core.h"
+#include "objects/limits.h"
 #include "substitutes/host.h"
 
 namespace korvel::test {
@@ -187,6 +188,7 @@ void Require(bool holds, const char* rule) {
 }
 
 void CheckRegisters() {
+  Require(TheCore().nestingLevel <= kMostLevels, "action lists and events nest to the limit only");
   LivingObjects objects = Collect();
   CheckLinks(objects);
   CheckDisplayStack(objects);

@@ -7,8 +7,8 @@ namespace korvel::test {
 // Ends the process with the rule, unless it holds.
 void Require(bool holds, const char* rule);
 
-// While actions run: every register refers to living groups only, and the display stack agrees with
-// the visibles' own counts.
+// While actions run: every register refers to living groups only, the display stack agrees with
+// the visibles' own counts, and the nesting is limited.
 void CheckRegisters();
 
 // Between two steps also: nothing is left on the call stack; only what is available runs; one

@@ -81,6 +81,9 @@ struct ClassVariables {
 // Null for every other class.
 [[nodiscard]] Interactible* InteractibleOf(const FoundObject& object);
 
+// Ends the interaction of an object without an event.
+void ForgetInteraction(const Ingredient& object, Interactible& interactible);
+
 // Ends the interaction of an object that stops: clears its flag and raises InteractionCompleted.
 Status EndInteraction(Ingredient& object, Interactible& interactible);
 

@@ -85,10 +85,14 @@ Status GetInteractionStatus(const Arguments& arguments) {
   return AnswerBoolean(arguments, 0, TargetOf(arguments).InteractionStatus);
 }
 
-Status EndInteraction(Ingredient& object, Interactible& interactible) {
-  if (!interactible.InteractionStatus) return Status::Done;
+void ForgetInteraction(const Ingredient& object, Interactible& interactible) {
   interactible.InteractionStatus = false;
   ForgetIf(object, CurrentClassVariables().interactingObject);
+}
+
+Status EndInteraction(Ingredient& object, Interactible& interactible) {
+  if (!interactible.InteractionStatus) return Status::Done;
+  ForgetInteraction(object, interactible);
   return RaiseFrom(object, EventType::InteractionCompleted);
 }
 

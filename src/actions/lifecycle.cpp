@@ -104,9 +104,14 @@ Change ActivateVisible(ItemType type, Ingredient& visible) {
 Change DeactivateVisible(ItemType type, Ingredient& visible) {
   visible.RunningStatus = false;
   LeaveDisplayStack(type, visible);
-  if (RequestRedraw() == Status::Failure) return Change::Failure;
-  if (IsGone(visible)) return Change::Changed;
+  const Status status = RequestRedraw();
   Interactible* interactible = InteractibleOf({type, &visible});
+  if (status == Status::Failure) {
+    // No event follows a failure, but a stopped object must not block other interactions.
+    if (interactible != nullptr) ForgetInteraction(visible, *interactible);
+    return Change::Failure;
+  }
+  if (IsGone(visible)) return Change::Changed;
   return interactible == nullptr ? Change::Changed
                                  : ChangeOf(EndInteraction(visible, *interactible));
 }

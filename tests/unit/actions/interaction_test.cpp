@@ -42,6 +42,18 @@ TEST_F(InteractionTest, an_interaction_needs_a_running_object) {
   EXPECT_FALSE(Object<EntryField>(1).InteractionStatus);
 }
 
+TEST_F(InteractionTest, an_interaction_ends_with_its_object_even_if_the_redraw_fails) {
+  Start(std::string(kTwoFields) + Watch(1, "InteractionCompleted", "done"));
+  EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)"), Status::Done);
+  ThePresentation().onRedraw = [] { return Status::Failure; };
+  EXPECT_EQ(Run(":Stop(1)"), Status::Failure);
+  ThePresentation().onRedraw = nullptr;
+  EXPECT_EQ(TakeLog(), "") << "no event follows a failure";
+  EXPECT_FALSE(Object<EntryField>(1).InteractionStatus);
+  EXPECT_EQ(Run(":SetInteractionStatus(2 TRUE)"), Status::Done);
+  EXPECT_TRUE(Object<EntryField>(2).InteractionStatus);
+}
+
 TEST_F(InteractionTest, a_key_that_the_interaction_uses_raises_no_user_input) {
   StartWithScene("{:OStringVar 1 :Shared TRUE :OrigValue \"\"}",
                  "{:EntryField 1 :OrigContent \"\" :OrigBoxSize 9 9}"

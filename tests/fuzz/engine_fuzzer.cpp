@@ -191,6 +191,7 @@ class Player {
 
   // Reads the stack as a painting does, and reports a missing picture for each visible.
   Status Paint() {
+    CheckNesting();
     if (paintings_++ < kMostCheckedPaintings) CheckRegisters();
     if (IsClosing() || std::exchange(isPainting_, true)) return Status::Done;
     const Busy busy;

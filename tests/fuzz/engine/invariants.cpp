@@ -187,8 +187,11 @@ void Require(bool holds, const char* rule) {
   std::abort();
 }
 
-void CheckRegisters() {
+void CheckNesting() {
   Require(TheCore().nestingLevel <= kMostLevels, "action lists and events nest to the limit only");
+}
+
+void CheckRegisters() {
   LivingObjects objects = Collect();
   CheckLinks(objects);
   CheckDisplayStack(objects);

@@ -7,9 +7,12 @@ namespace korvel::test {
 // Ends the process with the rule, unless it holds.
 void Require(bool holds, const char* rule);
 
-// While actions run: every register refers to living groups only, the display stack agrees with
-// the visibles' own counts, and the nesting is limited.
+// While actions run: every register refers to living groups only, and the display stack agrees with
+// the visibles' own counts.
 void CheckRegisters();
+
+// While actions run: their lists and events do not nest deeper than the limit. Cheap.
+void CheckNesting();
 
 // Between two steps also: nothing is left on the call stack; only what is available runs; one
 // interaction at most is in progress, of a running object; the timers are those of the platform;

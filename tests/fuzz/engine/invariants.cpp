@@ -61,12 +61,12 @@ LivingObjects Collect() {
 
 void CheckLinks(const LivingObjects& objects) {
   for (const auto& entry : TheCore().links) {
-    const auto link = objects.find(entry.value.waiting);
+    const auto link = objects.find(entry.value.link);
     Require(link != objects.end(), "a link in the table belongs to a living group");
     Require(link->second.object.type == ItemType::Link, "only links are in the table");
-    const Scope context =
+    const Scope scope =
         link->second.group == CurrentScene() ? Scope::SceneFirst : Scope::ApplicationFirst;
-    Require(entry.value.context == context, "a link has the context of its group");
+    Require(entry.value.scope == scope, "a link has the scope of its group");
   }
 }
 

@@ -9,7 +9,8 @@ template <class Record> void DumpAs(const Tree& tree, const char* heading, const
   Dump(tree, static_cast<const Record&>(item.As<Record>()));
 }
 
-// A class whose fields are all in a base class.
+// Prints the heading of a class and the fields of one base class. The caller prints the fields of
+// the class itself, if it has any.
 template <class Record>
 void DumpKindOf(const Tree& tree, const char* heading, const char* baseHeading, const Item& item) {
   tree.Line("%s", heading);

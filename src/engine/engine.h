@@ -33,7 +33,8 @@ void BeginWork();
 // the core's own state. Must be called after CloseDown and before the presentation closes.
 void ResetEngine();
 
-// An event from outside: UserInput with a key number, or TimerFired with a timer id.
+// Raises an event from outside: UserInput with a key number, TimerFired with a timer id, or another
+// input event. Only the last kind uses `sourceNumber`.
 Status RaiseOutsideEvent(std::int32_t sourceNumber, EventType type, std::int32_t value);
 
 // ---- The running groups ----
@@ -78,8 +79,9 @@ class [[nodiscard]] Busy {
   Busy& operator=(const Busy&) = delete;
 };
 
-// One level of nesting of action lists and lifecycle operations. With too many levels a message is
-// printed once and IsAllowed is false: the caller then returns Failure, which unwinds everything.
+// One level of nesting of action lists and lifecycle operations. IsAllowed is false with too many
+// levels, and for the rest of this work once a limit on nesting or actions is exceeded; the first
+// excess prints a message. The caller then returns Failure, which unwinds everything.
 class [[nodiscard]] NestingLevel {
  public:
   NestingLevel();
@@ -98,8 +100,8 @@ class [[nodiscard]] NestingLevel {
 [[nodiscard]] bool TakeAction();
 
 // Whether a loop whose length content decides may continue. False once a pending close has used up
-// its time: the loop must then end, with Failure if the function can return it. Cheap while no
-// close is pending.
+// its time or its actions: the loop must then end, with Failure if the function can return it.
+// Cheap while no close is pending.
 [[nodiscard]] bool MayContinue();
 
 // ---- Names and files ----
@@ -133,7 +135,9 @@ Result VisitVariable(const FoundObject& found, Result otherwise, Visit&& visit) 
 }
 
 // Finds an object of the running groups by the name of its group (a leading "~" is dropped) and
-// number. Finds classes 1 to 27, including the components of streams.
+// number. Finds the groups themselves (number 0), their items and the components of streams, but
+// not palettes, remote and interchanged programs, fonts and cursor shapes: actions cannot target
+// these.
 [[nodiscard]] FoundObject FindObject(Scope scope, std::string_view name, std::int32_t number);
 
 // ---- Events ----
@@ -160,9 +164,8 @@ Status RaiseEvent(const Root& source, EventType type, EventData data = {});
 Status RaiseEventByType(EventType type, EventData data);
 
 // ---- The display stack of the running application ----
-// A Status is Refused if there is no such entry or no application runs, and Failure, with a
-// message, if memory runs out. A bool is false if there is no such entry. Positions are 1-based; 1
-// is the bottom. Kind None means any.
+// A Status is Failure, with a message, if memory runs out. A bool is false if there is no such
+// entry. Positions are 1-based; 1 is the bottom. Kind None means any.
 
 Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible);
 Status InsertAtPosition(Application& application, std::int32_t position, ItemType kind,
@@ -174,15 +177,19 @@ bool RemoveFromStack(Application& application, ItemType kind, const Ingredient& 
 [[nodiscard]] bool StackContains(const Application& application, ItemType kind,
                                  const Ingredient& visible);
 Status InsertAtBottom(Application& application, ItemType kind, Ingredient& visible);
+// On top if the reference is not in the stack.
 Status InsertBelow(Application& application, ItemType kind, Ingredient& visible,
                    const Ingredient& reference);
+// Refused if the reference is not in the stack.
 Status InsertAbove(Application& application, ItemType kind, Ingredient& visible,
                    const Ingredient& reference);
 // Removes the visibles that a group holds.
 void RemoveGroupFromStack(Application& application, const Group& group);
 void ClearStack(Application& application);
 
-// The stacking actions. A running visible is drawn again.
+// The stacking actions: PutBefore puts the visible directly above the reference, PutBehind directly
+// below. Refused if no application runs, the visible is not available, or one of the two is not in
+// the stack. A running visible is drawn again.
 Status BringToFront(ItemType kind, Visible& visible);
 Status SendToBack(ItemType kind, Visible& visible);
 Status PutBefore(ItemType kind, Visible& visible, const Ingredient& reference);
@@ -194,8 +201,8 @@ Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference);
 // Failure, which callers must return immediately, if an event raised while drawing asked to stop.
 Status RequestRedraw();
 
-// While one exists, requests for a redraw are dropped: a list group places its items one by one,
-// and they are shown together.
+// While one exists, requests for a redraw are dropped. Its owner requests one redraw afterwards, so
+// that the items of a list group, which are placed one by one, appear together.
 class [[nodiscard]] HeldRedraws {
  public:
   HeldRedraws();
@@ -206,10 +213,11 @@ class [[nodiscard]] HeldRedraws {
 
 // ---- Timers ----
 
-// Sets a timer of the group, in milliseconds. An absolute value is a time since the start of the
-// process, and its period counts from the start of the scene. kNoTimerValue cancels the timer. A
-// pending timer that is set again stays absolute or relative.
+// Cancels a timer.
 inline constexpr std::int32_t kNoTimerValue = -1;
+// Sets a timer of the group, in milliseconds. The period of an absolute timer is `value`, a time
+// since the process started, minus the time at which the scene started. If the timer is pending,
+// `isAbsolute` is ignored: it stays as it was first set.
 Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolute);
 
 // ---- The persistent store: named blocks of bytes, in memory for as long as the engine runs ----
@@ -229,7 +237,8 @@ using ProgramParameters = std::span<const GenericValue>;
 
 // Runs the program of that name. Refused, with nothing written, if a parameter is missing or its
 // variable is not found. Failure, with a message, for an unknown name and for an output variable of
-// another class. `groupName` is the group of references without a group identifier.
+// another class; also Failure if the program itself fails. `groupName` is the group of references
+// without a group identifier.
 Status RunResidentProgram(std::string_view name, ProgramParameters parameters,
                           std::string_view groupName);
 

@@ -1,5 +1,5 @@
 // Tests that a close request is handled before all other queued work and is never undone, at
-// whatever moment it arrives.
+// whatever moment it arrives; and when the window paints.
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -25,7 +25,8 @@ bool IsStartAccepted() {
   return hostState.phase == Phase::Idle;
 }
 
-// Polls without pausing, so that the engine thread has not finished its last calls.
+// Polls without pausing, so that it returns while the engine thread is probably still in its last
+// calls.
 void SpinUntilStartIsAccepted() {
   const ULONGLONG end = GetTickCount64() + kWaitLimit.count();
   while (!IsStartAccepted()) ASSERT_LT(GetTickCount64(), end);
@@ -76,7 +77,8 @@ TEST_F(Closing, before_the_worker_sets_the_running_flag_is_not_undone) {
   EXPECT_FALSE(mayRun);
 }
 
-// A successful start sets the running flag again, after the close has cleared it.
+// A successful start sets the running flag, even if a close has just cleared it. The engine must
+// close all the same.
 class ClosingDuringStart : public Closing {
  protected:
   void CloseInNextStart() {
@@ -110,7 +112,7 @@ TEST_F(ClosingDuringStart, is_not_undone_by_the_success_of_a_restart) {
   ExpectClose();
 }
 
-TEST_F(Closing, lets_the_worker_paint_while_the_window_waits_for_it) {
+TEST_F(Closing, paints_the_window_for_the_worker_while_it_waits_for_the_worker) {
   Start();
   bool isPainted = false;
   substitutes.onLine = [&](const std::string& line) {
@@ -173,8 +175,8 @@ TEST_F(Closing, through_the_window_needs_no_request_from_the_host) {
   EXPECT_EQ(MHEG5WaitForClose(), 0U);
 }
 
-// After such a late wait the host may end the process, which under Wine can crash if a thread is
-// still ending.
+// A late wait is a call of MHEG5WaitForClose when a start is accepted again. After it the host may
+// end the process, which under Wine can crash if a thread is still ending.
 TEST_F(Closing, ends_a_late_wait_only_after_the_thread_has_ended) {
   for (int round = 0; round < 20; ++round) {
     journal.Clear();

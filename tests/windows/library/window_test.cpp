@@ -133,7 +133,7 @@ TEST_F(EngineWindowTest, keeps_the_picture_when_it_is_hidden_and_shown) {
   WaitForColour(100, 100, kRed);
 }
 
-TEST_F(EngineWindowTest, is_copied_again_after_an_unmapped_key) {
+TEST_F(EngineWindowTest, copies_the_picture_again_after_an_unmapped_key) {
   ServeScene(FilledRectangle(1, "=FF=00=00=00"));
   Start();
   WaitForColour(100, 100, kRed);
@@ -156,8 +156,10 @@ TEST_F(EngineWindowTest, shows_what_a_key_has_changed) {
   WaitForColour(100, 100, kRed);
 }
 
-// The link's effect reads the probe's file, so that the test sees the window during the effect.
-TEST_F(EngineWindowTest, paints_the_first_request_of_a_key_at_once_and_of_a_timer_afterwards) {
+// Each link also tries to read a file that does not exist: during that read the test looks at the
+// window.
+TEST_F(EngineWindowTest,
+       paints_the_first_redraw_of_a_key_during_its_actions_and_of_a_timer_after_them) {
   ServeScene(FilledRectangle(1, "=FF=00=00=00") +
              FilledRectangle(2, "=00=00=FF=00", ":InitiallyActive FALSE") +
              LinkOnKey(3, 15, ":Run(2) :TransitionTo((\"~/key\" 0))") +
@@ -208,7 +210,8 @@ TEST_F(EngineWindowTest, shows_no_service_when_no_application_is_found) {
 
 void WINAPI ReadStoppedWallClock(FILETIME* time) { *time = {0, 0x01DB'0000}; }
 
-// Reading a start-up file that is not a group fails within one tick of the wall clock.
+// Reading a start-up file that is not a group fails so fast that both screens are shown within one
+// tick of the wall clock; a stopped clock makes sure of it.
 TEST_F(EngineWindowTest, shows_no_service_at_once_when_the_start_up_file_is_broken) {
   host.Answer("a", kMHEG5FileNotYetAvailable);
   Start();
@@ -225,7 +228,8 @@ TEST_F(EngineWindowTest, shows_no_service_at_once_when_the_start_up_file_is_brok
   Close();
 }
 
-// The failed start has not changed the picture, so the first key after it shows no text either.
+// The failed start has not changed the picture, so no text is visible after the next restart
+// either.
 TEST_F(EngineWindowTest, shows_no_text_when_the_start_after_a_quit_fails) {
   ServeScene(FilledRectangle(1, "=FF=00=00=00") + LinkOnKey(2, 15, ":Quit((\"~/a\" 0))"));
   Start();

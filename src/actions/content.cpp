@@ -9,26 +9,24 @@ namespace korvel {
 namespace {
 
 // An optional number after a content reference.
-Status ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& number) {
+bool ReadNumber(const Arguments& arguments, std::size_t place, std::int32_t& number) {
   GenericValue value;
-  const Status status =
-      ReadValueOfKind(arguments, arguments.given->At(place), ValueKind::Integer, value);
-  if (status == Status::Done && value.Kind == ValueKind::Integer) number = value.Integer;
-  return status;
+  const GenericValue* given = arguments.given->At(place);
+  if (!ReadValueOfKind(arguments, given, ValueKind::Integer, value)) return false;
+  if (value.Kind == ValueKind::Integer) number = value.Integer;
+  return true;
 }
 
 // Reads the new content. Reading a content reference variable also loads its content, as always;
 // the object receives the path.
-Status ReadContent(const Arguments& arguments, ContentBody& content) {
+bool ReadContent(const Arguments& arguments, ContentBody& content) {
   GenericValue value;
-  Status status = ReadValue(arguments, *arguments.given->At(0), ContentLoading::Fetch, value);
-  if (status != Status::Done) return status;
+  if (!ReadValue(arguments, *arguments.given->At(0), ContentLoading::Fetch, value)) return false;
   content.IsReferenced = value.Kind == ValueKind::ContentReference;
-  if (!content.IsReferenced && value.Kind != ValueKind::OctetString) return Status::Refused;
+  if (!content.IsReferenced && value.Kind != ValueKind::OctetString) return false;
   content.Data = std::move(value.Octets);
-  if (!content.IsReferenced) return Status::Done;
-  status = ReadNumber(arguments, 1, content.Size);
-  return status == Status::Done ? ReadNumber(arguments, 2, content.CachePriority) : status;
+  return !content.IsReferenced || (ReadNumber(arguments, 1, content.Size) &&
+                                   ReadNumber(arguments, 2, content.CachePriority));
 }
 
 Status CopyIncludedText(Text& text) {
@@ -59,8 +57,7 @@ Status FetchText(Text& text) {
 
 Status SetData(const Arguments& arguments) {
   ContentBody content;
-  const Status status = ReadContent(arguments, content);
-  if (status != Status::Done) return status;
+  if (!ReadContent(arguments, content)) return Status::Refused;
   auto& target = arguments.target.As<Ingredient>();
   target.Content = std::move(content);
   switch (arguments.target.type) {

@@ -64,28 +64,26 @@ Status PaintArc(const Arguments& arguments, ArcForm form) {
 }
 
 // Reads whole pairs of coordinates. A single value at the end is ignored.
-Status ReadPoints(const Arguments& arguments, List<CanvasPoint>& points) {
+bool ReadPoints(const Arguments& arguments, List<CanvasPoint>& points) {
   bool hasX = false;
   std::int32_t x = 0;
   for (const GenericValue& given : *arguments.given) {
     GenericValue value;
-    const Status status = ReadValueOfKind(arguments, &given, ValueKind::Integer, value);
-    if (status != Status::Done) return status;
+    if (!ReadValueOfKind(arguments, &given, ValueKind::Integer, value)) return false;
     hasX = !hasX;
     if (hasX) {
       x = value.Integer;
     } else if (!points.Append(PointOf(TargetOf(arguments), x, value.Integer))) {
       Say(Message::NoMemoryForPoints);
-      return Status::Refused;
+      return false;
     }
   }
-  return Status::Done;
+  return true;
 }
 
 Status PaintPolygon(const Arguments& arguments) {
   List<CanvasPoint> points;
-  const Status status = ReadPoints(arguments, points);
-  if (status != Status::Done) return status;
+  if (!ReadPoints(arguments, points)) return Status::Refused;
   return Painted(arguments, [&](const DynamicLineArt& lineArt, Canvas* canvas) {
     return CanvasPolygon(std::span(points.begin(), points.Size()),
                          LineAttributesOf(lineArt, CurrentGroups()),

@@ -91,8 +91,7 @@ Status SendEvent(const Arguments& arguments) {
   EventData data;
   if (const GenericValue* given = arguments.given->At(2); given != nullptr) {
     GenericValue value;
-    const Status status = ReadValue(arguments, *given, ContentLoading::Fetch, value);
-    if (status != Status::Done) return status;
+    if (!ReadValue(arguments, *given, ContentLoading::Fetch, value)) return Status::Refused;
     data.kind = value.Kind;
     data.value =
         value.Kind == ValueKind::Boolean ? static_cast<std::int32_t>(value.Boolean) : value.Integer;

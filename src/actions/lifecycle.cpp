@@ -11,19 +11,9 @@ namespace {
 // ancestor. False if memory or, during a close, time runs out.
 bool SetUp(Ingredient& ingredient) { return Copy(ingredient.OriginalContent, ingredient.Content); }
 
-bool SetUp(BooleanVariable& variable) {
-  variable.Value = variable.OriginalValue;
-  return true;
-}
-bool SetUp(IntegerVariable& variable) {
-  variable.Value = variable.OriginalValue;
-  return true;
-}
-bool SetUp(OctetStringVariable& variable) {
-  return variable.Value.CopyFrom(variable.OriginalValue);
-}
-bool SetUp(ObjectRefVariable& variable) { return Copy(variable.OriginalValue, variable.Value); }
-bool SetUp(ContentRefVariable& variable) { return Copy(variable.OriginalValue, variable.Value); }
+template <class Variable>
+requires requires(Variable& variable) { variable.OriginalValue; }
+bool SetUp(Variable& variable) { return Copy(variable.OriginalValue, variable.Value); }
 
 bool SetUp(TokenGroup& group) {
   group.TokenPosition = group.TokenGroupItems.IsEmpty() ? 0 : 1;

@@ -43,8 +43,9 @@ Status AnswerNumber(const Arguments& arguments, std::int32_t attribute) {
 
 Status ReadColour(const Arguments& arguments, ColourValue& colour) {
   GenericValue value;
-  const Status status = ReadValue(arguments, *arguments.given->At(0), ContentLoading::Fetch, value);
-  if (status != Status::Done) return status;
+  if (!ReadValue(arguments, *arguments.given->At(0), ContentLoading::Fetch, value)) {
+    return Status::Refused;
+  }
   if (value.Kind != ValueKind::Integer && value.Kind != ValueKind::OctetString) {
     return Status::Refused;
   }

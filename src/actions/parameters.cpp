@@ -80,14 +80,14 @@ constexpr bool IsList(Parameter place) {
 
 // Evaluates the next value into a place of the arguments. It stays absent if the action does not
 // give it.
-Status EvaluateNext(ActionValues& given, ValueKind kind, std::size_t place, Arguments& arguments) {
-  if (given.IsEmpty()) return Status::Done;
+bool EvaluateNext(ActionValues& given, ValueKind kind, std::size_t place, Arguments& arguments) {
+  if (given.IsEmpty()) return true;
   const GenericValue& value = given.Take();
   if (value.Kind == kind) {
     arguments.values[place] = &value;
-    return Status::Done;
+    return true;
   }
-  if (value.Kind == ValueKind::None) return Status::Done;
+  if (value.Kind == ValueKind::None) return true;
   GenericValue& read = arguments.read[place].emplace();
   arguments.values[place] = &read;
   return ReadValueOfKind(arguments, &value, kind, read);
@@ -124,32 +124,29 @@ void ReadVariable(const ReferenceContext& context, const ObjectReference& refere
   CopyVariable(found, value);
 }
 
-Status ReadValue(const ReferenceContext& context, const GenericValue& given, ContentLoading loading,
-                 GenericValue& value) {
-  if (!IsIndirect(given)) {
-    CopyValue(given, value);
-    return value.Kind == ValueKind::None ? Status::Refused : Status::Done;
-  }
-  ReadVariable(context, given.Reference, loading, value);
-  return value.Kind == ValueKind::None ? Status::Refused : Status::Done;
+bool ReadValue(const ReferenceContext& context, const GenericValue& given, ContentLoading loading,
+               GenericValue& value) {
+  IsIndirect(given) ? ReadVariable(context, given.Reference, loading, value)
+                    : CopyValue(given, value);
+  return value.Kind != ValueKind::None;
 }
 
-Status ReadValueOfKind(const ReferenceContext& context, const GenericValue* given, ValueKind kind,
-                       GenericValue& value) {
-  if (given == nullptr || given->Kind == ValueKind::None) return Status::Done;
+bool ReadValueOfKind(const ReferenceContext& context, const GenericValue* given, ValueKind kind,
+                     GenericValue& value) {
+  if (given == nullptr || given->Kind == ValueKind::None) return true;
   if (given->Kind == kind) {
     CopyValue(*given, value);
-    return Status::Done;
+    return true;
   }
-  if (!IsIndirect(*given) && given->Kind != ValueKind::ObjectReference) return Status::Refused;
+  if (!IsIndirect(*given) && given->Kind != ValueKind::ObjectReference) return false;
   GenericValue read;
   ReadVariable(context, given->Reference, ContentLoading::Fetch, read);
-  if (read.Kind != kind) return Status::Refused;
+  if (read.Kind != kind) return false;
   value = std::move(read);
-  return Status::Done;
+  return true;
 }
 
-Status EvaluateParameters(const ActionRow& row, Arguments& arguments) {
+bool EvaluateParameters(const ActionRow& row, Arguments& arguments) {
   ActionValues given(*arguments.given);
   std::size_t place = 0;
   std::size_t evaluated = 0;
@@ -157,19 +154,17 @@ Status EvaluateParameters(const ActionRow& row, Arguments& arguments) {
     const bool isRequired = place < row.requiredCount;
     const EvaluatedKinds kinds = KindsAt(parameter);
     if (kinds.first == ValueKind::None) {
-      const bool isMissing = isRequired && !IsList(parameter) && given.IsEmpty();
-      return isMissing ? Status::Refused : Status::Done;
+      return !isRequired || IsList(parameter) || !given.IsEmpty();
     }
     ActionValues values = given.TakePlace(parameter);
     for (const ValueKind kind : {kinds.first, kinds.second}) {
       if (kind == ValueKind::None) break;
-      const Status status = EvaluateNext(values, kind, evaluated++, arguments);
-      if (status != Status::Done) return status;
+      if (!EvaluateNext(values, kind, evaluated++, arguments)) return false;
     }
-    if (isRequired && !arguments.IsPresent(place)) return Status::Refused;
+    if (isRequired && !arguments.IsPresent(place)) return false;
     ++place;
   }
-  return Status::Done;
+  return true;
 }
 
 }  // namespace korvel

@@ -78,19 +78,19 @@ void ReadVariable(const ReferenceContext& context, const ObjectReference& refere
   return given.Kind == ValueKind::IndirectReference;
 }
 
-// Reads a value of any kind: copies a direct one, else reads the variable. Refused if there is no
+// Reads a value of any kind: copies a direct one, else reads the variable. False if there is no
 // value.
-Status ReadValue(const ReferenceContext& context, const GenericValue& given, ContentLoading loading,
-                 GenericValue& value);
+[[nodiscard]] bool ReadValue(const ReferenceContext& context, const GenericValue& given,
+                             ContentLoading loading, GenericValue& value);
 
 // Reads a value that must be of one kind. An absent value stays None. A boolean, integer or octet
-// string may also be given as a plain reference to its variable. Refused if the value or its
-// variable is of another kind.
-Status ReadValueOfKind(const ReferenceContext& context, const GenericValue* given, ValueKind kind,
-                       GenericValue& value);
+// string may also be given as a plain reference to its variable. False if the value or its variable
+// is of another kind.
+[[nodiscard]] bool ReadValueOfKind(const ReferenceContext& context, const GenericValue* given,
+                                   ValueKind kind, GenericValue& value);
 
-// Evaluates `arguments.given` by the action's syntax. Refused if a required parameter is missing or
+// Evaluates `arguments.given` by the action's syntax. False if a required parameter is missing or
 // cannot be read.
-Status EvaluateParameters(const ActionRow& row, Arguments& arguments);
+[[nodiscard]] bool EvaluateParameters(const ActionRow& row, Arguments& arguments);
 
 }  // namespace korvel

@@ -38,8 +38,9 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
     if (!isAdded) return Status::Failure;
   }
   GenericValue name;
-  const Status status = ReadValueOfKind(context, given.At(count - 1), ValueKind::OctetString, name);
-  if (status != Status::Done) return status;
+  if (!ReadValueOfKind(context, given.At(count - 1), ValueKind::OctetString, name)) {
+    return Status::Refused;
+  }
   read.name = std::move(name.Octets);
   return Status::Done;
 }

@@ -142,8 +142,7 @@ Status PerformOne(const ReferenceContext& context, const ActionRow& row,
                   const ElementaryAction& action) {
   Arguments arguments{context};
   arguments.given = &action.Parameters;
-  const Status status = EvaluateParameters(row, arguments);
-  if (status != Status::Done) return status;
+  if (!EvaluateParameters(row, arguments)) return Status::Refused;
   if (row.accepts != 0) {
     arguments.target = FindTarget(context, action.Target);
     if (!Contains(row.accepts, arguments.target.type)) return Status::Refused;

@@ -29,8 +29,9 @@ Status GetTextData(const Arguments& arguments) {
 // A font name, or a Font object.
 Status SetFontRef(const Arguments& arguments) {
   GenericValue value;
-  const Status status = ReadValue(arguments, *arguments.given->At(0), ContentLoading::Fetch, value);
-  if (status != Status::Done) return status;
+  if (!ReadValue(arguments, *arguments.given->At(0), ContentLoading::Fetch, value)) {
+    return Status::Refused;
+  }
   if (value.Kind != ValueKind::OctetString && value.Kind != ValueKind::ObjectReference) {
     return Status::Refused;
   }

@@ -1,6 +1,7 @@
 // Sets, calculates with, appends to and tests variables. A value of a kind that a variable's class
 // does not accept is ignored: nothing changes and no event is raised.
 #include <charconv>
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -10,10 +11,6 @@
 
 namespace korvel {
 namespace {
-
-// Two's complement arithmetic that wraps.
-constexpr std::int32_t Wrapped(std::uint32_t value) { return static_cast<std::int32_t>(value); }
-constexpr std::uint32_t Bits(std::int32_t value) { return static_cast<std::uint32_t>(value); }
 
 // The number at the start of a text: an optional sign and digits; 0 if there is none. A number
 // outside 32 bits is clamped.
@@ -91,6 +88,14 @@ template <class Calculate> Status Calculated(const Arguments& arguments, Calcula
   return SetValue(variable, calculate(variable.Value, arguments.Integer(0)));
 }
 
+// The same in two's complement arithmetic that wraps.
+template <class Operation> Status Wrapped(const Arguments& arguments, Operation&& operation) {
+  return Calculated(arguments, [&operation](std::int32_t value, std::int32_t operand) {
+    return static_cast<std::int32_t>(
+        operation(static_cast<std::uint32_t>(value), static_cast<std::uint32_t>(operand)));
+  });
+}
+
 // Whether the quotient does not fit into 32 bits; processors cannot calculate it.
 constexpr bool OverflowsDivision(std::int32_t dividend, std::int32_t divisor) {
   return dividend == std::numeric_limits<std::int32_t>::min() && divisor == -1;
@@ -147,16 +152,7 @@ constexpr bool ComparesWith(ItemType type, ValueKind kind) {
 bool CopyValue(const FoundObject& found, GenericValue& value) {
   value.Kind = KindOf(found.type);
   return VisitVariable(found, true, [&value](const auto& variable) {
-    const auto& from = ValueOf(variable);
-    auto& to = FieldOf(value, from);
-    if constexpr (requires { to.CopyFrom(from); }) {
-      return to.CopyFrom(from);
-    } else if constexpr (requires { Copy(from, to); }) {
-      return Copy(from, to);
-    } else {
-      to = from;
-      return true;
-    }
+    return Copy(ValueOf(variable), FieldOf(value, ValueOf(variable)));
   });
 }
 
@@ -168,8 +164,7 @@ Status SetVariable(const Arguments& arguments) {
                                      ? ContentLoading::LeaveOut
                                      : ContentLoading::Fetch;
   GenericValue value;
-  const Status status = ReadValue(arguments, given, loading, value);
-  if (status != Status::Done) return status;
+  if (!ReadValue(arguments, given, loading, value)) return Status::Refused;
   return VisitVariable(target, Status::Refused,
                        [&](auto& variable) { return Set(variable, value, IsIndirect(given)); });
 }
@@ -177,8 +172,7 @@ Status SetVariable(const Arguments& arguments) {
 Status TestVariable(const Arguments& arguments) {
   const GenericValue& given = *arguments.given->At(1);
   GenericValue operand;
-  const Status status = ReadValue(arguments, given, ContentLoading::Fetch, operand);
-  if (status != Status::Done) return status;
+  if (!ReadValue(arguments, given, ContentLoading::Fetch, operand)) return Status::Refused;
   // With its terminating zero byte, a path that is read from a variable equals only a whole path.
   if (IsIndirect(given) && operand.Kind == ValueKind::ContentReference) {
     CountEndingZero(operand.Octets);
@@ -191,23 +185,11 @@ Status TestVariable(const Arguments& arguments) {
                    EventData::Boolean(result));
 }
 
-Status Add(const Arguments& arguments) {
-  return Calculated(arguments, [](std::int32_t value, std::int32_t operand) {
-    return Wrapped(Bits(value) + Bits(operand));
-  });
-}
+Status Add(const Arguments& arguments) { return Wrapped(arguments, std::plus()); }
 
-Status Subtract(const Arguments& arguments) {
-  return Calculated(arguments, [](std::int32_t value, std::int32_t operand) {
-    return Wrapped(Bits(value) - Bits(operand));
-  });
-}
+Status Subtract(const Arguments& arguments) { return Wrapped(arguments, std::minus()); }
 
-Status Multiply(const Arguments& arguments) {
-  return Calculated(arguments, [](std::int32_t value, std::int32_t operand) {
-    return Wrapped(Bits(value) * Bits(operand));
-  });
-}
+Status Multiply(const Arguments& arguments) { return Wrapped(arguments, std::multiplies()); }
 
 Status Divide(const Arguments& arguments) {
   if (arguments.Integer(0) == 0) return Status::Refused;

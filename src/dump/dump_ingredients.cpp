@@ -1,5 +1,6 @@
 // The printers of invisible ingredients.
 #include "dump/tree.h"
+#include "objects/class_tables.h"
 #include "objects/vocabulary.h"
 
 namespace korvel {
@@ -75,12 +76,18 @@ void DumpTriggers(const Tree& tree, const List<CounterTrigger>& triggers) {
   }
 }
 
-// A variable's original value and its value, each with the same line.
-template <class Variable, class DumpValue>
-void DumpValues(const Ingredient& ingredient, DumpValue&& dumpValue) {
-  const auto& variable = static_cast<const Variable&>(ingredient);
-  dumpValue("OriginalValue", variable.OriginalValue);
-  dumpValue("Value", variable.Value);
+void DumpValue(const Tree& tree, const char* label, bool value) { tree.Boolean(label, value); }
+void DumpValue(const Tree& tree, const char* label, std::int32_t value) {
+  tree.Number(label, value);
+}
+void DumpValue(const Tree& tree, const char* label, const OctetString& value) {
+  tree.String(label, value);
+}
+void DumpValue(const Tree& tree, const char* label, const ObjectReference& value) {
+  tree.Reference(label, value);
+}
+void DumpValue(const Tree& tree, const char* label, const ContentReference& value) {
+  tree.String(label, value.Path);
 }
 
 }  // namespace
@@ -118,28 +125,16 @@ void Dump(const Tree& tree, const Program& program) {
 
 void DumpVariable(const Tree& tree, ItemType type, const Ingredient& variable) {
   DumpBase(tree, "Ingredient:", variable);
-  switch (type) {
-  case ItemType::BooleanVariable:
-    return DumpValues<BooleanVariable>(
-        variable, [&tree](const char* label, bool value) { tree.Boolean(label, value); });
-  case ItemType::IntegerVariable:
-    return DumpValues<IntegerVariable>(
-        variable, [&tree](const char* label, std::int32_t value) { tree.Number(label, value); });
-  case ItemType::OctetStringVariable:
-    return DumpValues<OctetStringVariable>(
-        variable,
-        [&tree](const char* label, const OctetString& value) { tree.String(label, value); });
-  case ItemType::ObjectRefVariable:
-    return DumpValues<ObjectRefVariable>(
-        variable,
-        [&tree](const char* label, const ObjectReference& value) { tree.Reference(label, value); });
-  case ItemType::ContentRefVariable:
-    return DumpValues<ContentRefVariable>(
-        variable, [&tree](const char* label, const ContentReference& value) {
-          tree.String(label, value.Path);
-        });
-  default: tree.Line("Not define variable type");
-  }
+  bool isVariable = false;
+  VisitIngredientClass(type, [&]<class Record>() {
+    if constexpr (requires(Record & record) { record.OriginalValue; }) {
+      isVariable = true;
+      const auto& record = static_cast<const Record&>(variable);
+      DumpValue(tree, "OriginalValue", record.OriginalValue);
+      DumpValue(tree, "Value", record.Value);
+    }
+  });
+  if (!isVariable) tree.Line("Not define variable type");
 }
 
 void Dump(const Tree& tree, const TokenGroup& group) {

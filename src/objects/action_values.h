@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
 
 #include "objects/action_table.h"
 #include "objects/values.h"
@@ -13,29 +14,25 @@ namespace korvel {
 // A range of an action's values, read in order. Borrowed from the action.
 class ActionValues {
  public:
-  explicit ActionValues(const List<GenericValue>& values)
-      : next_(values.begin()), left_(values.Size()) {}
+  explicit ActionValues(std::span<const GenericValue> values) : left_(values) {}
 
-  [[nodiscard]] std::size_t Left() const { return left_; }
-  [[nodiscard]] bool IsEmpty() const { return left_ == 0; }
+  [[nodiscard]] std::size_t Left() const { return left_.size(); }
+  [[nodiscard]] bool IsEmpty() const { return left_.empty(); }
   // The next value. The range must not be empty.
-  [[nodiscard]] const GenericValue& Next() const { return *next_; }
-  const GenericValue& Take() {
-    const GenericValue& value = *next_;
-    ++next_;
-    --left_;
-    return value;
-  }
+  [[nodiscard]] const GenericValue& Next() const { return left_.front(); }
+  const GenericValue& Take() { return TakeFirst(1).front(); }
   // Removes and returns the values of the next place. The values may end anywhere; the places after
   // that are empty.
   [[nodiscard]] ActionValues TakePlace(Parameter place) {
-    ActionValues taken = *this;
-    taken.left_ = std::min(left_, CountAt(place));
-    for (std::size_t i = 0; i < taken.left_; ++i) static_cast<void>(Take());
-    return taken;
+    return ActionValues(TakeFirst(std::min(left_.size(), CountAt(place))));
   }
 
  private:
+  std::span<const GenericValue> TakeFirst(std::size_t count) {
+    const std::span<const GenericValue> taken = left_.first(count);
+    left_ = left_.subspan(count);
+    return taken;
+  }
   // The number of values that a place takes if enough are left.
   [[nodiscard]] std::size_t CountAt(Parameter place) const {
     switch (place) {
@@ -52,7 +49,7 @@ class ActionValues {
     case Parameter::Speed: return 2;
     case Parameter::NewContent: return 3;
     case Parameter::TypedList:
-    case Parameter::Points: return left_;
+    case Parameter::Points: return left_.size();
     case Parameter::References: return CountReferences();
     }
     return 0;
@@ -60,16 +57,13 @@ class ActionValues {
   // All values are references, except the last one if it is a file name: an octet string, direct or
   // in a variable.
   [[nodiscard]] std::size_t CountReferences() const {
-    if (left_ == 0) return 0;
-    auto last = next_;
-    for (std::size_t i = 1; i < left_; ++i) ++last;
-    const bool isName =
-        last->Kind == ValueKind::OctetString || last->Kind == ValueKind::IndirectReference;
-    return isName ? left_ - 1 : left_;
+    if (left_.empty()) return 0;
+    const ValueKind last = left_.back().Kind;
+    const bool isName = last == ValueKind::OctetString || last == ValueKind::IndirectReference;
+    return left_.size() - (isName ? 1 : 0);
   }
 
-  decltype(std::declval<const List<GenericValue>&>().begin()) next_;
-  std::size_t left_;
+  std::span<const GenericValue> left_;
 };
 
 }  // namespace korvel

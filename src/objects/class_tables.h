@@ -384,6 +384,15 @@ template <class Record>
 using MemberClasses =
     std::conditional_t<std::is_base_of_v<Group, Record>, ItemClasses, ComponentClasses>;
 
+// Calls visit with the group as a record of its own class and returns its result.
+template <class AnyGroup, class Visit> auto VisitGroup(AnyGroup& group, Visit&& visit) {
+  using AnyApplication =
+      std::conditional_t<std::is_const_v<AnyGroup>, const Application, Application>;
+  using AnyScene = std::conditional_t<std::is_const_v<AnyGroup>, const Scene, Scene>;
+  return group.type == ItemType::Application ? visit(static_cast<AnyApplication&>(group))
+                                             : visit(static_cast<AnyScene&>(group));
+}
+
 // Calls visit.template operator()<Record>() for the ingredient class of that number. False when
 // there is none.
 template <class Visit> constexpr bool VisitIngredientClass(ItemType type, Visit&& visit) {

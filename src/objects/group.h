@@ -21,6 +21,7 @@ struct Root {
 struct StandardIdentifier {
   std::int32_t JointIsoItuIdentifier = 2;
   std::int32_t MHEGStandardIdentifier = 19;
+  bool operator==(const StandardIdentifier&) const = default;
 };
 
 // A group's end. Links and action lists may still be on the call stack when their group ends, so
@@ -47,6 +48,8 @@ struct HeldObject {
 
 struct Group : Root {
   explicit Group(ItemType groupType) : type(groupType) {}
+  // Whether both have the same class, own reference and attributes; run-time values may differ.
+  bool operator==(const Group& other) const;
 
   ItemType type;  // Application or Scene
   StandardIdentifier Standard;
@@ -78,6 +81,7 @@ struct DefaultAttributes {
   ColourValue ButtonRefColour;
   ColourValue HighlightRefColour;
   ColourValue SliderRefColour;
+  bool operator==(const DefaultAttributes&) const = default;
 };
 
 // One visible of the display stack, borrowed from its group. `kind` is its class.
@@ -101,16 +105,19 @@ struct Application : Group {
 struct NextScene {
   OctetString SceneReference;
   std::int32_t Weight = 0;
+  bool operator==(const NextScene&) const = default;
 };
 
 struct SceneCoordinateSystem {
   std::int32_t Width = 0;
   std::int32_t Height = 0;
+  bool operator==(const SceneCoordinateSystem&) const = default;
 };
 
 struct AspectRatio {
   std::int32_t Width = 4;
   std::int32_t Height = 3;
+  bool operator==(const AspectRatio&) const = default;
 };
 
 struct Scene : Group {

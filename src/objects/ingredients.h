@@ -27,6 +27,7 @@ struct LinkCondition {
   ObjectReference EventSource;
   korvel::EventType EventType{};  // a link with an unknown event type never fires
   GenericValue EventData;         // None, Boolean, Integer or OctetString
+  bool operator==(const LinkCondition&) const = default;
 };
 
 struct Link : Ingredient {
@@ -73,16 +74,19 @@ struct ContentRefVariable : Ingredient {
 struct ActionSlot {
   bool IsNull = true;
   ActionList Actions;
+  bool operator==(const ActionSlot&) const = default;
 };
 
 struct TokenGroupItem {
   ObjectReference AVisible;
   List<ActionSlot> ActionSlots;
+  bool operator==(const TokenGroupItem&) const = default;
 };
 
 // One movement: the target position for each token position, from position 1 on.
 struct Movement {
   List<std::int32_t> Targets;
+  bool operator==(const Movement&) const = default;
 };
 
 struct TokenGroup : Ingredient {

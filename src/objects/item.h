@@ -31,6 +31,8 @@ class Item {
   [[nodiscard]] Ingredient* Record() const { return record_; }
   template <class T> [[nodiscard]] T& As() const { return *static_cast<T*>(record_); }
   explicit operator bool() const { return record_ != nullptr; }
+  // Whether both have the same class, own reference and attributes; run-time values may differ.
+  bool operator==(const Item& other) const;
 
  private:
   void Reset();

@@ -41,6 +41,9 @@ template <class T> class List {
   T& operator[](std::size_t index) { return values_[index]; }
   const T& operator[](std::size_t index) const { return values_[index]; }
 
+  bool operator==(const List& other) const {
+    return std::equal(begin(), end(), other.begin(), other.end());
+  }
   [[nodiscard]] bool IsEmpty() const { return size_ == 0; }
   [[nodiscard]] std::size_t Size() const { return size_; }
   // The value at a 0-based place, or null past the end.

@@ -38,6 +38,10 @@ class OctetString {
   [[nodiscard]] bool IsPresent() const { return bytes_ != nullptr; }
   [[nodiscard]] bool IsEmpty() const { return length_ == 0; }
   [[nodiscard]] std::size_t Length() const { return length_; }
+  // An absent string differs from an empty one.
+  bool operator==(const OctetString& other) const {
+    return IsPresent() == other.IsPresent() && View() == other.View();
+  }
   // The bytes, valid until the string is changed; empty when absent.
   [[nodiscard]] std::string_view View() const { return {Text(), length_}; }
   // The bytes before the first zero byte, as code that expects terminated text sees them.

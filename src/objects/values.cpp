@@ -1,10 +1,34 @@
-// Deep copies of values. Each completes the copy before it changes the target, so a failure changes
-// nothing.
+// Comparisons by kind, and deep copies. Each copy is completed before it changes the target, so a
+// failure changes nothing.
 #include "objects/values.h"
 
 #include <utility>
 
 namespace korvel {
+
+bool GenericValue::operator==(const GenericValue& other) const {
+  if (Kind != other.Kind) return false;
+  switch (Kind) {
+  case ValueKind::None: return true;
+  case ValueKind::Boolean: return Boolean == other.Boolean;
+  case ValueKind::Integer: return Integer == other.Integer;
+  case ValueKind::OctetString:
+  case ValueKind::ContentReference: return Octets == other.Octets;
+  case ValueKind::ObjectReference:
+  case ValueKind::IndirectReference: return Reference == other.Reference;
+  }
+  return false;
+}
+
+bool ColourValue::operator==(const ColourValue& other) const {
+  if (Kind != other.Kind || Kind == ValueKind::None) return Kind == other.Kind;
+  return Kind == ValueKind::Integer ? Index == other.Index : Absolute == other.Absolute;
+}
+
+bool FontBody::operator==(const FontBody& other) const {
+  if (Kind != other.Kind || Kind == ValueKind::None) return Kind == other.Kind;
+  return Kind == ValueKind::OctetString ? Name == other.Name : Reference == other.Reference;
+}
 
 bool Copy(const ObjectReference& from, ObjectReference& to) {
   if (!to.GroupIdentifier.CopyFrom(from.GroupIdentifier)) return false;

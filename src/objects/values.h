@@ -1,9 +1,10 @@
 // The values that objects and actions carry: references, generic values, colours, fonts, contents
 // and the small pairs of numbers. They own their contents. Copying is an explicit call because it
-// can fail.
+// can fail. Two values with a kind are equal if their kinds are and the field of that kind is.
 #pragma once
 
 #include <cstdint>
+#include <type_traits>
 
 #include "objects/list.h"
 #include "objects/octet_string.h"
@@ -16,6 +17,7 @@ namespace korvel {
 struct ObjectReference {
   OctetString GroupIdentifier;
   std::int32_t Number = 0;
+  bool operator==(const ObjectReference&) const = default;
 };
 
 // The dump prints these numbers.
@@ -37,6 +39,8 @@ struct GenericValue {
   std::int32_t Integer = 0;
   OctetString Octets;         // OctetString, ContentReference
   ObjectReference Reference;  // ObjectReference, IndirectReference
+
+  bool operator==(const GenericValue& other) const;
 };
 
 // A colour attribute: absent (None), an index into a palette (Integer; -1 is "not set"), or an
@@ -53,6 +57,7 @@ struct ColourValue {
     colour.Index = -1;
     return colour;
   }
+  bool operator==(const ColourValue& other) const;
 };
 
 // A font attribute: absent (None), a font name (OctetString), or a Font object (ObjectReference).
@@ -60,11 +65,14 @@ struct FontBody {
   ValueKind Kind = ValueKind::None;
   OctetString Name;
   ObjectReference Reference;
+
+  bool operator==(const FontBody& other) const;
 };
 
 // The path of a content file in the broadcast file system.
 struct ContentReference {
   OctetString Path;
+  bool operator==(const ContentReference&) const = default;
 };
 
 // An ingredient's content: the data itself, or the path of the file that holds it. Absent if `Data`
@@ -82,22 +90,26 @@ struct ContentBody {
     content.CachePriority = 0;
     return content;
   }
+  bool operator==(const ContentBody&) const = default;
 };
 
 // An optional reference. CompleteReferences skips it while it is absent.
 struct OptionalReference {
   bool IsPresent = false;
   ObjectReference Reference;
+  bool operator==(const OptionalReference&) const = default;
 };
 
 struct BoxSize {
   std::int32_t Width = 0;
   std::int32_t Height = 0;
+  bool operator==(const BoxSize&) const = default;
 };
 
 struct Position {
   std::int32_t X = 0;
   std::int32_t Y = 0;
+  bool operator==(const Position&) const = default;
 };
 
 // One step of an action list. `ActionType` is the number of the action table; the parameters are
@@ -106,11 +118,21 @@ struct ElementaryAction {
   std::uint8_t ActionType = 0;
   GenericValue Target;
   List<GenericValue> Parameters;
+  bool operator==(const ElementaryAction&) const = default;
 };
 
 using ActionList = List<ElementaryAction>;
 
 // Deep copies. False if memory runs out; `to` is then unchanged.
+template <class Number>
+requires std::is_arithmetic_v<Number>
+[[nodiscard]] bool Copy(const Number& from, Number& to) {
+  to = from;
+  return true;
+}
+[[nodiscard]] inline bool Copy(const OctetString& from, OctetString& to) {
+  return to.CopyFrom(from);
+}
 [[nodiscard]] bool Copy(const ObjectReference& from, ObjectReference& to);
 [[nodiscard]] bool Copy(const OptionalReference& from, OptionalReference& to);
 [[nodiscard]] bool Copy(const ColourValue& from, ColourValue& to);

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "objects/class_tables.h"
-#include "objects/equality.h"
 #include "objects/list.h"
 #include "textual/textual.h"
 
@@ -92,7 +91,7 @@ template <IsSequence Record> void Write(TextWriter& writer, const Record& record
   ForEachElement<Record>([&](const auto& element) {
     const auto& field = record.*element.field;
     if (element.keyword != nullptr) {
-      if (IsSame(field, construction.*element.field)) return;
+      if (field == construction.*element.field) return;
       writer.Word(element.keyword);
     }
     Write(writer, field);

@@ -83,7 +83,7 @@ template <class Record> void WriteObject(TextWriter& writer, const Record& recor
   writer.Indent();
   const auto writeIfSet = [&](const char* keyword, const Form& form, const auto& field,
                               const auto& constructed) {
-    const bool isWritten = !IsSame(field, constructed) || (form.isRequired && IsGiven(field));
+    const bool isWritten = field != constructed || (form.isRequired && IsGiven(field));
     if (!isWritten) return;
     hasAttributes = true;
     writer.SetPlace(record.Reference.Number, keyword);
@@ -108,11 +108,7 @@ void WriteEntry(TextWriter& writer, const Item& item) {
 
 Status WriteTextGroup(const Group& group, OctetString& text, WordlessValue* wordless) {
   TextWriter writer;
-  if (group.type == ItemType::Application) {
-    WriteObject(writer, static_cast<const Application&>(group));
-  } else {
-    WriteObject(writer, static_cast<const Scene&>(group));
-  }
+  VisitGroup(group, [&writer](const auto& record) { WriteObject(writer, record); });
   writer.NewLine();
   if (writer.HasFailed()) {
     if (wordless != nullptr) *wordless = writer.Wordless();

@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "objects/equality.h"
 #include "textual/textual.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
@@ -22,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   if (written.Length() > korvel::kMaxTextSize) return 0;
   korvel::OwnedGroup again;
   const korvel::TextResult result = korvel::ReadTextGroup(written.View(), again);
-  if (result != korvel::TextResult::Done || !korvel::IsSame(*group, *again)) {
+  if (result != korvel::TextResult::Done || *group != *again) {
     std::abort();
   }
   return 0;

@@ -14,7 +14,6 @@
 
 #include "objects/action_table.h"
 #include "objects/class_tables.h"
-#include "objects/equality.h"
 #include "objects/ownership.h"
 
 namespace korvel::test {
@@ -100,7 +99,7 @@ template <class Choices> class GroupMaker {
         FillItems(MemberClasses<Record>{}, field);
       } else {
         do Fill(field);
-        while (IsComplete() && IsSame(field, fresh.*attribute.field));
+        while (IsComplete() && field == fresh.*attribute.field);
       }
     });
   }

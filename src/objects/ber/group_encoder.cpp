@@ -5,7 +5,6 @@
 #include "objects/ber/ber.h"
 #include "objects/ber/value_encoder.h"
 #include "objects/class_tables.h"
-#include "objects/equality.h"
 
 namespace korvel {
 namespace ber {
@@ -98,11 +97,11 @@ template <IsDescribed Record> void EncodeAttributes(BerWriter& writer, const Rec
   ForEachAttribute<Record>([&](const auto& attribute) {
     const auto& field = record.*attribute.field;
     const Tag tag = Context(attribute.tag);
+    const bool isUsual = field == fresh.*attribute.field;
     if constexpr (IsDescribed<std::remove_cvref_t<decltype(field)>>) {
-      if (HasSameAttributes(field, fresh.*attribute.field)) return;
+      if (isUsual) return;
       writer.Constructed(tag, [&] { EncodeAttributes(writer, field); });
     } else {
-      const bool isUsual = IsSame(field, fresh.*attribute.field);
       if (!IsPresent(field) || (isUsual && !attribute.form.isRequired)) return;
       EncodeAttribute(writer, tag, attribute.form, field);
     }
@@ -128,11 +127,7 @@ void EncodeElement(BerWriter& writer, const Item& item) {
 
 Status EncodeGroup(const Group& group, OctetString& bytes) {
   ber::BerWriter writer;
-  if (group.type == ItemType::Application) {
-    ber::EncodeObject(writer, static_cast<const Application&>(group));
-  } else {
-    ber::EncodeObject(writer, static_cast<const Scene&>(group));
-  }
+  VisitGroup(group, [&writer](const auto& record) { ber::EncodeObject(writer, record); });
   return writer.Finish(bytes) ? Status::Done : Status::Refused;
 }
 

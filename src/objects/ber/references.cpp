@@ -116,13 +116,9 @@ class Completion {
 }  // namespace
 
 Status CompleteReferences(std::string_view groupName, Group& group) {
-  Completion completion(groupName);
-  const char* name = group.type == ItemType::Application ? Description<Application>::heading.name
-                                                         : Description<Scene>::heading.name;
-  const bool isDone =
-      group.type == ItemType::Application
-          ? completion.CompleteObject(static_cast<Application&>(group), Subject{name})
-          : completion.CompleteObject(static_cast<Scene&>(group), Subject{name});
+  const bool isDone = VisitGroup(group, [groupName]<class Record>(Record& record) {
+    return Completion(groupName).CompleteObject(record, {Description<Record>::heading.name});
+  });
   return isDone ? Status::Done : Status::Failure;
 }
 

@@ -65,9 +65,7 @@ class GroupChanger {
 
   void ChangeGroup(Group& group) {
     if (choices_.Below(4) != 0) return ChangeItems(ItemClasses{}, group.Items);
-    if (group.type == ItemType::Application)
-      return ChangeAttribute(static_cast<Application&>(group));
-    ChangeAttribute(static_cast<Scene&>(group));
+    VisitGroup(group, [this](auto& record) { ChangeAttribute(record); });
   }
 
  private:

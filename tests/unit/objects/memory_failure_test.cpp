@@ -5,7 +5,6 @@
 #include <functional>
 
 #include "objects/ber/ber.h"
-#include "objects/equality.h"
 #include "substitutes/memory.h"
 #include "support/ber_bytes.h"
 #include "support/sample_groups.h"

@@ -7,7 +7,6 @@
 #include <set>
 #include <string>
 
-#include "objects/equality.h"
 #include "objects/objects.h"
 #include "support/ber_bytes.h"
 #include "support/sample_groups.h"
@@ -20,7 +19,7 @@ void ExpectRoundTrip(const Group& group) {
   ASSERT_FALSE(bytes.empty());
   const Decoded decoded = Decode(bytes);
   ASSERT_TRUE(decoded.IsDone()) << "at " << decoded.error.offset;
-  EXPECT_TRUE(IsSame(group, *decoded.group));
+  EXPECT_TRUE(group == *decoded.group);
   EXPECT_EQ(Encode(*decoded.group), bytes);
 }
 
@@ -53,9 +52,9 @@ TEST(RoundTrip, sample_has_every_item_class_and_every_action) {
 TEST(RoundTrip, a_changed_attribute_makes_groups_differ) {
   const OwnedGroup one = MakeCompleteGroup(ItemType::Scene);
   OwnedGroup other = MakeCompleteGroup(ItemType::Scene);
-  EXPECT_TRUE(IsSame(*one, *other));
+  EXPECT_TRUE(*one == *other);
   AsScene(other).Items.At(25)->As<ListGroup>().MultipleSelection ^= true;
-  EXPECT_FALSE(IsSame(*one, *other));
+  EXPECT_FALSE(*one == *other);
 }
 
 TEST(Writer, attributes_with_default_values_are_omitted) {

@@ -9,7 +9,6 @@
 #include <set>
 #include <string>
 
-#include "objects/equality.h"
 #include "objects/objects.h"
 
 namespace korvel::test {
@@ -49,7 +48,7 @@ void LookAtAttributes(const Record& record, const std::string& owner, Seen& seen
       LookAtAttributes(field, owner, seen);
     } else {
       const char* keyword = attribute.keyword == nullptr ? " condition" : attribute.keyword;
-      seen.isSet[owner + keyword].insert(!IsSame(field, construction.*attribute.field));
+      seen.isSet[owner + keyword].insert(field != construction.*attribute.field);
       Look(field, seen);
     }
   });

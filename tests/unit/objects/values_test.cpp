@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "objects/equality.h"
 #include "substitutes/memory.h"
 
 namespace korvel::test {
@@ -37,12 +36,12 @@ template <class T> void ExpectCopyIsDeepAndSafe(const T& value) {
       isCopied = Copy(value, target);
       EXPECT_EQ(isCopied, !HasFailedAllocation());
       if (!isCopied) {
-        EXPECT_TRUE(IsSame(target, untouched)) << n;
+        EXPECT_TRUE(target == untouched) << n;
       }
       ASSERT_LT(n, 20U);
     }
     FailAllocation(0);
-    EXPECT_TRUE(IsSame(value, target));
+    EXPECT_TRUE(value == target);
   }
   EXPECT_EQ(LiveBlocks(), before);
 }

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "objects/ber/ber.h"
-#include "objects/equality.h"
 #include "support/sample_groups.h"
 #include "textual/textual.h"
 
@@ -41,7 +40,7 @@ TEST(RoundTrip, bytes_survive_conversion_to_text_and_back) {
     if (text.Length() > kMaxTextSize) continue;
     const OwnedGroup read = Read(text);
     ASSERT_TRUE(read);
-    EXPECT_TRUE(IsSame(*decoded, *read)) << "seed " << seed << "\n" << text.View();
+    EXPECT_TRUE(*decoded == *read) << "seed " << seed << "\n" << text.View();
     OctetString bytesAgain;
     ASSERT_EQ(EncodeGroup(*read, bytesAgain), Status::Done);
     EXPECT_EQ(bytes.View(), bytesAgain.View()) << "seed " << seed << "\n" << text.View();

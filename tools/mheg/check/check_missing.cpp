@@ -2,7 +2,6 @@
 // group shows only the value, so an attribute counts as missing if it has its initial value and an
 // author could not have meant that value.
 #include "mheg/check/check.h"
-#include "objects/equality.h"
 
 namespace mheg {
 namespace {
@@ -32,7 +31,7 @@ class MissingCheck {
  private:
   template <class Field>
   void Check(const char* keyword, const Form& form, const Field& field, const Field& constructed) {
-    if (!form.isRequired || kIsUsable<Field> || !IsSame(field, constructed)) return;
+    if (!form.isRequired || kIsUsable<Field> || field != constructed) return;
     findings_.push_back({object_, std::string(className_) + " lacks " + keyword});
   }
 

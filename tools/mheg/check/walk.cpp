@@ -84,11 +84,7 @@ void WalkField(const Item& item, GroupVisitor& visitor) {
 void Walk(const Group& group, GroupVisitor& visitor) {
   visitor.currentObject = group.Reference.Number;
   visitor.currentClass = group.type;
-  if (group.type == ItemType::Application) {
-    WalkAttributes<Application>(static_cast<const Application&>(group), visitor);
-  } else {
-    WalkAttributes<Scene>(static_cast<const Scene&>(group), visitor);
-  }
+  VisitGroup(group, [&visitor](const auto& record) { WalkAttributes(record, visitor); });
 }
 
 }  // namespace mheg

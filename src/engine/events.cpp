@@ -1,6 +1,9 @@
 // Raises events: collects the links that wait for an event and runs their effects before the call
 // returns. All links are collected before the first one runs, so that links may change the table,
 // other links or whole groups. A link whose group has ended in the meantime is skipped.
+#include <algorithm>
+#include <array>
+
 #include "actions/actions.h"
 #include "engine/core.h"
 #include "objects/bounded_list.h"
@@ -60,42 +63,12 @@ bool StopsDispatch(Status status) {
 
 // Events of the user, of timers and of streams. The split is fixed; it differs from the standard's
 // split into synchronous and asynchronous events.
-bool IsInputEvent(EventType type) {
-  switch (type) {
-  case EventType::UserInput:
-  case EventType::AnchorFired:
-  case EventType::TimerFired:
-  case EventType::InteractionCompleted:
-  case EventType::StreamEvent:
-  case EventType::StreamPlaying:
-  case EventType::StreamStopped:
-  case EventType::CounterTrigger:
-  case EventType::CursorEnter:
-  case EventType::CursorLeave:
-  case EventType::IsSelected:
-  case EventType::IsDeselected:
-  case EventType::EntryFieldFull: return true;
-  case EventType::IsAvailable:
-  case EventType::ContentAvailable:
-  case EventType::IsDeleted:
-  case EventType::IsRunning:
-  case EventType::IsStopped:
-  case EventType::AsynchStopped:
-  case EventType::TokenMovedFrom:
-  case EventType::TokenMovedTo:
-  case EventType::HighlightOn:
-  case EventType::HighlightOff:
-  case EventType::TestEvent:
-  case EventType::FirstItemPresented:
-  case EventType::LastItemPresented:
-  case EventType::HeadItems:
-  case EventType::TailItems:
-  case EventType::ItemSelected:
-  case EventType::ItemDeselected:
-  case EventType::EngineEvent: break;
-  }
-  return false;
-}
+constexpr std::array kInputEvents = {
+    EventType::UserInput,     EventType::AnchorFired,          EventType::TimerFired,
+    EventType::StreamEvent,   EventType::InteractionCompleted, EventType::StreamPlaying,
+    EventType::StreamStopped, EventType::CounterTrigger,       EventType::CursorEnter,
+    EventType::CursorLeave,   EventType::IsSelected,           EventType::IsDeselected,
+    EventType::EntryFieldFull};
 
 template <class Links> Status RunLinks(const Links& links) {
   const Busy busy;
@@ -133,13 +106,13 @@ Status RaiseEventByType(EventType type, EventData data) {
 }
 
 Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) {
+  if (std::ranges::find(kInputEvents, type) == kInputEvents.end()) return Status::Done;
   List<LinkTableEntry> links;
   for (const auto& [key, entry, next, last] : TheCore().links) {
     if (!MayContinue()) return Status::Failure;
     const Link& link = *entry.link;
-    const bool isMatch = !key.isAnySource && key.type == type && IsInputEvent(type) &&
-                         key.sourceNumber == sourceNumber && link.RunningStatus &&
-                         link.Condition.EventData.Integer == value;
+    const bool isMatch = !key.isAnySource && key.type == type && key.sourceNumber == sourceNumber &&
+                         link.RunningStatus && link.Condition.EventData.Integer == value;
     if (isMatch && !links.Append(entry)) return Status::Failure;
   }
   return RunLinks(links);

@@ -71,12 +71,16 @@ void MoveToEnded(Group& group) {
   core.ended = &group;
 }
 
-void Adopt(Group& group) {
+// Makes the group the current one of its kind.
+template <class Record> Record& Adopt(OwnedGroup&& owned, Record*& current) {
+  current = static_cast<Record*>(owned.release());
+  Group& group = *current;
   for (const Item& item : group.Items) {
     item.Record()->owner = &group;
     if (item.Type() != ItemType::Stream) continue;
     for (const Item& component : item.As<Stream>().Multiplex) component.Record()->owner = &group;
   }
+  return *current;
 }
 
 }  // namespace
@@ -133,17 +137,9 @@ void EndRunningGroupsSilently() {
 }
 
 Application& AdoptApplication(OwnedGroup&& group) {
-  auto* application = static_cast<Application*>(group.release());
-  Adopt(*application);
-  TheCore().application = application;
-  return *application;
+  return Adopt(std::move(group), TheCore().application);
 }
 
-Scene& AdoptScene(OwnedGroup&& group) {
-  auto* scene = static_cast<Scene*>(group.release());
-  Adopt(*scene);
-  TheCore().scene = scene;
-  return *scene;
-}
+Scene& AdoptScene(OwnedGroup&& group) { return Adopt(std::move(group), TheCore().scene); }
 
 }  // namespace korvel

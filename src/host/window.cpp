@@ -2,13 +2,11 @@
 // work itself. The worker sets and kills the one-shot timers, and the engine thread receives their
 // expiries; both hold the queue lock meanwhile, so that an expiry on its way can neither kill the
 // timer that replaces it nor fire in its place.
-#include <algorithm>
 #include <cstdint>
 
 #include "host/host_state.h"
 #include "host/message_queues.h"
 #include "host/threads.h"
-#include "objects/limits.h"
 #include "platform/clocks.h"
 #include "platform/running.h"
 #include "presentation/presentation.h"
@@ -150,12 +148,11 @@ void EndWorkerAndWindow() {
 
 void SetWindowTimer(std::uint32_t id, std::uint32_t periodMs) {
   HWND window = hostState.engineWindow;
-  const std::uint32_t period = std::min(periodMs, kLongestPeriodMs);
   const QueuesLocked locked;
   RemoveQueuedExpiries(id);
   KillTimer(window, id);
-  if (SetTimer(window, id, period, nullptr) == 0) {
-    PostMessageA(window, kSetWindowTimer, id, static_cast<LPARAM>(period));
+  if (SetTimer(window, id, periodMs, nullptr) == 0) {
+    PostMessageA(window, kSetWindowTimer, id, static_cast<LPARAM>(periodMs));
   }
 }
 

@@ -23,13 +23,6 @@ Gdiplus::GpDashStyle DashStyleOf(const LineAttributes& line, double length) {
   return Gdiplus::DashStyleSolid;
 }
 
-void Fill(Gdiplus::GpGraphics* graphics, const Box& box, DrawnColour colour) {
-  SolidBrushOwner brush;
-  if (box.IsEmpty() || !MakeBrush(colour, brush)) return;
-  static_cast<void>(
-      gdip::GdipFillRectangleI(graphics, brush, box.left, box.top, box.Width(), box.Height()));
-}
-
 // Moves an edge that is outside the range towards it by whole periods, so that the dashes of the
 // other edges do not move.
 std::int32_t MovedTowards(std::int32_t edge, std::int32_t least, std::int32_t most,
@@ -104,17 +97,25 @@ bool MakePen(const LineAttributes& line, double length, PenOwner& pen) {
          Succeeded(gdip::GdipSetPenDashStyle(pen, DashStyleOf(line, length)));
 }
 
+void FillBox(Gdiplus::GpGraphics* graphics, const Box& box, DrawnColour colour) {
+  SolidBrushOwner brush;
+  if (box.IsEmpty() || !MakeBrush(colour, brush)) return;
+  static_cast<void>(
+      gdip::GdipFillRectangleI(graphics, brush, box.left, box.top, box.Width(), box.Height()));
+}
+
 void DrawBorderedRectangle(Gdiplus::GpGraphics* graphics, const Box& box,
                            const LineAttributes& line, DrawnColour fill) {
   if (graphics == nullptr || box.IsEmpty()) return;
   const std::int32_t width = DrawnWidth(line);
   if (box.Width() <= width || box.Height() <= width) {
-    Fill(graphics, box, line.ink);
+    FillBox(graphics, box, line.ink);
     return;
   }
   DrawOutline(graphics, box, line);
-  Fill(graphics,
-       BoxBetween(box.left + width, box.top + width, box.right - width, box.bottom - width), fill);
+  FillBox(graphics,
+          BoxBetween(box.left + width, box.top + width, box.right - width, box.bottom - width),
+          fill);
 }
 
 void Draw(const Rectangle& rectangle) {

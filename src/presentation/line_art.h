@@ -25,6 +25,9 @@ struct Canvas {
 // width, which GDI+ would draw one pixel wide, or if the pen cannot be made.
 [[nodiscard]] bool MakePen(const LineAttributes& line, double length, PenOwner& pen);
 
+// Fills the box, unless it is empty or the colour is invisible.
+void FillBox(Gdiplus::GpGraphics* graphics, const Box& box, DrawnColour colour);
+
 // Draws an outline that is entirely inside the box, and the fill inside the outline. If the box is
 // no larger than its border, it is filled with the border's colour.
 void DrawBorderedRectangle(Gdiplus::GpGraphics* graphics, const Box& box,

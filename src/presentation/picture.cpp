@@ -35,14 +35,18 @@ GlobalBlock CopyToBlock(std::string_view bytes) {
   return block;
 }
 
+[[nodiscard]] bool ReadSize(Gdiplus::GpImage* image, UINT& width, UINT& height) {
+  return Succeeded(gdip::GdipGetImageWidth(image, &width)) &&
+         Succeeded(gdip::GdipGetImageHeight(image, &height));
+}
+
 // Metafiles are refused: they are programs for the graphics system, and content is hostile.
 [[nodiscard]] bool IsAllowed(Gdiplus::GpImage* image) {
   Gdiplus::ImageType type = Gdiplus::ImageTypeUnknown;
   UINT width = 0;
   UINT height = 0;
   return Succeeded(gdip::GdipGetImageType(image, &type)) && type == Gdiplus::ImageTypeBitmap &&
-         Succeeded(gdip::GdipGetImageWidth(image, &width)) &&
-         Succeeded(gdip::GdipGetImageHeight(image, &height)) && IsDecodableSize(width, height);
+         ReadSize(image, width, height) && IsDecodableSize(width, height);
 }
 
 // ---- Kept pictures ----
@@ -58,9 +62,7 @@ GlobalBlock CopyToBlock(std::string_view bytes) {
 [[nodiscard]] std::size_t PixelBytesOf(Gdiplus::GpImage* image) {
   UINT width = 0;
   UINT height = 0;
-  static_cast<void>(gdip::GdipGetImageWidth(image, &width));
-  static_cast<void>(gdip::GdipGetImageHeight(image, &height));
-  return std::size_t{width} * height * sizeof(Gdiplus::ARGB);
+  return ReadSize(image, width, height) ? std::size_t{width} * height * sizeof(Gdiplus::ARGB) : 0;
 }
 
 // Whether one more picture of this size stays within the limits.
@@ -117,8 +119,8 @@ Gdiplus::ColorMatrix MatrixOf(std::int32_t transparency) {
 
 // Fills the box with the texture. A container maps the coordinates of the unscaled picture to the
 // box, so that one fill scales, tiles and cuts it.
-void FillBox(Gdiplus::GpGraphics* graphics, const Box& box, const Scale& scale,
-             Gdiplus::GpTexture* texture) {
+void FillWithTexture(Gdiplus::GpGraphics* graphics, const Box& box, const Scale& scale,
+                     Gdiplus::GpTexture* texture) {
   const Gdiplus::RectF destination = ToGdiPlus(box);
   const Gdiplus::RectF source(0.0F, 0.0F, static_cast<float>(box.Width() / scale.x),
                               static_cast<float>(box.Height() / scale.y));
@@ -170,17 +172,14 @@ bool PaintPicture(Gdiplus::GpImage* image, const PicturePlacement& placement) {
   if (graphics == nullptr) return true;
   UINT width = 0;
   UINT height = 0;
-  if (!Succeeded(gdip::GdipGetImageWidth(image, &width)) ||
-      !Succeeded(gdip::GdipGetImageHeight(image, &height)) || width == 0 || height == 0) {
-    return false;
-  }
+  if (!ReadSize(image, width, height) || width == 0 || height == 0) return false;
   const Scale scale{FactorOf(placement.scaledSize.Width, width),
                     FactorOf(placement.scaledSize.Height, height)};
   const Box box = BoxAt(placement.position, placement.boxSize);
   if (box.IsEmpty() || scale.x == 0 || scale.y == 0) return true;
   TextureOwner texture;
   if (!MakeTexture(image, width, height, placement, texture)) return false;
-  FillBox(graphics, box, scale, texture);
+  FillWithTexture(graphics, box, scale, texture);
   return true;
 }
 

@@ -122,15 +122,6 @@ class WideText {
                                         Gdiplus::UnitPixel, font.Slot()));
 }
 
-[[nodiscard]] bool FillBackground(Gdiplus::GpGraphics* graphics, const Gdiplus::RectF& layout,
-                                  DrawnColour background) {
-  if (!IsSeen(background)) return true;
-  SolidBrushOwner brush;
-  return Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(background), brush.Slot())) &&
-         Succeeded(gdip::GdipFillRectangle(graphics, brush, layout.X, layout.Y, layout.Width,
-                                           layout.Height));
-}
-
 [[nodiscard]] bool DrawLines(Gdiplus::GpGraphics* graphics, const Gdiplus::RectF& layout,
                              const TextDrawing& drawing) {
   DrawnColour ink = drawing.ink;
@@ -171,9 +162,10 @@ bool MakeStringFormat(const TextDrawing& drawing, float resolution, StringFormat
 void DrawTextIn(const TextDrawing& drawing) {
   Gdiplus::GpGraphics* graphics = State().graphics;
   if (graphics == nullptr || !HasArea(drawing.boxSize)) return;
-  const Gdiplus::RectF layout = ToGdiPlus(BoxAt(drawing.position, drawing.boxSize));
-  if (!FillBackground(graphics, layout, drawing.background)) return;
+  const Box box = BoxAt(drawing.position, drawing.boxSize);
+  FillBox(graphics, box, drawing.background);
   if (drawing.font.size < 0 || drawing.font.size > kLargestFontSize) return;
+  const Gdiplus::RectF layout = ToGdiPlus(box);
   // Cuts the text exactly at the box; under Wine the layout alone does not.
   if (!Succeeded(gdip::GdipSetClipRect(graphics, layout.X, layout.Y, layout.Width, layout.Height,
                                        Gdiplus::CombineModeReplace))) {

@@ -8,8 +8,8 @@
 
 namespace korvel {
 
-// The codes of tokens. 1 to 300 are the keywords; their order is the notation's own, in which Stop
-// precedes Step.
+// The codes of tokens. 1 to kKeywordCount are the keywords; their order is the notation's own, in
+// which Stop precedes Step.
 inline constexpr std::uint16_t kEndOfText = 0;
 inline constexpr std::uint16_t kKeywordCount = 300;
 inline constexpr std::uint16_t kNullWord = 298;
@@ -24,8 +24,8 @@ inline constexpr std::uint16_t kInteger = kKeywordCount + 6;
 
 constexpr bool IsKeyword(std::uint16_t code) { return code >= 1 && code <= kKeywordCount; }
 
-// The keyword of a code from 1 to 300, in upper case; a keyword that names an attribute, a class or
-// an action begins with its colon.
+// The keyword of a code from 1 to kKeywordCount, in upper case; a keyword that names an attribute,
+// a class or an action begins with its colon.
 [[nodiscard]] const char* KeywordText(std::uint16_t code);
 
 // The code of an upper-case word, or 0 if it is not a keyword.

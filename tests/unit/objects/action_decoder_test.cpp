@@ -55,8 +55,8 @@ std::string Parameters(Action action, const Bytes& parameters) {
 
 // ---- Lists ----
 
-TEST(DecodeActionList, tags_115_to_224_are_actions_1_to_110) {
-  for (std::uint32_t tag = 115; tag <= 224; ++tag) {
+TEST(DecodeActionList, the_tags_from_115_on_are_the_actions_in_order) {
+  for (std::uint32_t tag = 115; tag <= 114 + kDecodedActionCount; ++tag) {
     const Decoded decoded = DecodeActions(Holding(tag, Integer(1)));
     ASSERT_TRUE(decoded.IsDone()) << tag;
     ASSERT_EQ(decoded.group->OnStartUp.Size(), 1U) << tag;

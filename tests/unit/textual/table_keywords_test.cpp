@@ -11,7 +11,7 @@
 namespace korvel {
 namespace {
 
-class Words300 {
+class UsedWords {
  public:
   void Meet(const char* word) {
     std::string upper(word);
@@ -26,16 +26,17 @@ class Words300 {
   std::set<int> met_;
 };
 
-void MeetForm(Words300& words, const char* keyword, const Form& form) {
+void MeetForm(UsedWords& words, const char* keyword, const Form& form) {
   words.Meet(keyword);
   if (form.innerKeyword != nullptr) words.Meet(form.innerKeyword);
 }
-template <class Field> void MeetWords(Words300& /*words*/, const Field& /*field*/) {}
-template <IsEnumeration Enumeration> void MeetWords(Words300& words, const Enumeration& /*field*/) {
+template <class Field> void MeetWords(UsedWords& /*words*/, const Field& /*field*/) {}
+template <IsEnumeration Enumeration>
+void MeetWords(UsedWords& words, const Enumeration& /*field*/) {
   for (const char* word : kWords<Enumeration>) words.Meet(word);
 }
 
-template <class Record> void MeetClass(Words300& words) {
+template <class Record> void MeetClass(UsedWords& words) {
   words.Meet(Description<Record>::heading.keyword);
   Record record{};
   ForEachWrittenAttribute<Record>(
@@ -48,7 +49,7 @@ template <class Record> void MeetClass(Words300& words) {
 }
 
 TEST(TableKeywords, every_word_of_the_tables_is_a_keyword) {
-  Words300 words;
+  UsedWords words;
   MeetClass<Application>(words);
   MeetClass<Scene>(words);
   ForEachClass(ItemClasses{}, [&]<class Record>() { MeetClass<Record>(words); });
@@ -65,7 +66,7 @@ TEST(TableKeywords, every_word_of_the_tables_is_a_keyword) {
         ":IndirectRef", "NULL", "TRUE", "FALSE"}) {
     words.Meet(word);
   }
-  EXPECT_EQ(words.Met().size(), 300U) << "every keyword is used";
+  EXPECT_EQ(words.Met().size(), kKeywordCount) << "every keyword is used";
 }
 
 TEST(TableKeywords, action_keywords_are_in_numerical_order_except_stop_and_step) {

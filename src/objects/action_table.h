@@ -138,15 +138,15 @@ inline constexpr std::uint8_t kActionCount = 119;
 inline constexpr std::uint8_t kDecodedActionCount = 110;
 inline constexpr std::uint32_t kActionTagBase = 114;
 
-// The kind of one place in an action's syntax. A composite place takes several values, which a
-// decoded action holds one after the other.
+// The kind of one place (parameter position) in an action's syntax. A composite place takes several
+// values, which a decoded action holds one after the other.
 enum class Parameter : std::uint8_t {
   Integer,        // GenericInteger
   IntegerOrNull,  // GenericInteger or NULL
   Boolean,        // GenericBoolean
   Octets,         // GenericOctetString
-  Reference,      // GenericObjectReference: an object, or the variable that receives an answer
-  Typed,          // one value of any type, tagged with its type (Parameter of the standard)
+  Reference,      // GenericObjectReference: an object, or the variable that receives a result
+  Typed,          // one value of any type, tagged with its type (the standard's Parameter)
   TypedList,      // any number of Typed
   References,     // a list of Reference
   Points,         // a list of pairs of Integer
@@ -165,8 +165,8 @@ struct ActionRow {
   Action action;
   const char* name;  // the keyword of the textual notation is ":" and this name
   std::array<Parameter, kMostParameters> parameters;
-  std::uint8_t parameterCount;  // places of the syntax
-  std::uint8_t requiredCount;   // how many of them must be present for the action to run
+  std::uint8_t parameterCount;  // the number of places
+  std::uint8_t requiredCount;   // how many of these must be present for the action to run
   ClassSet accepts;  // accepted classes of target; empty if no target is looked up or the action
                      // does nothing
 
@@ -184,7 +184,7 @@ inline constexpr ClassSet kLinkOrProgram = SetOf(ItemType::Link, ItemType::Resid
 inline constexpr ClassSet kRunnable =
     kVisibles | kTokenGroups | SetOf(ItemType::Audio, ItemType::Stream);
 
-// The classes whose numbers lie from `first` to `last`.
+// The classes numbered from `first` to `last`, inclusive.
 constexpr ClassSet Span(ItemType first, ItemType last) {
   ClassSet set = 0;
   for (auto number = static_cast<unsigned>(first); number <= static_cast<unsigned>(last);
@@ -194,7 +194,7 @@ constexpr ClassSet Span(ItemType first, ItemType last) {
   return set;
 }
 
-// The status actions do not accept an ObjectRefVariable, although it has the statuses.
+// GetAvailabilityStatus and GetRunningStatus reject an ObjectRefVariable, although it has both.
 inline constexpr ClassSet kStatusClasses =
     (Span(ItemType::Application, ItemType::HyperText) & ~SetOf(ItemType::ObjectRefVariable)) |
     SetOf(ItemType::LineArt, ItemType::RemoteProgram, ItemType::InterchangedProgram);

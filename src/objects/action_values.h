@@ -1,5 +1,5 @@
-// Splits an action's flat list of values by the places of its syntax, for encoding an action,
-// writing it as text and evaluating its parameters.
+// Divides an action's flat list of values among the places (parameter positions) of its syntax, to
+// encode the action, write it as text and evaluate its parameters.
 #pragma once
 
 #include <algorithm>
@@ -21,8 +21,8 @@ class ActionValues {
   // The next value. The range must not be empty.
   [[nodiscard]] const GenericValue& Next() const { return left_.front(); }
   const GenericValue& Take() { return TakeFirst(1).front(); }
-  // Removes and returns the values of the next place. The values may end anywhere; the places after
-  // that are empty.
+  // Removes and returns the values of the next place. If the list ends early, the rest of that
+  // place and all later places are empty.
   [[nodiscard]] ActionValues TakePlace(Parameter place) {
     return ActionValues(TakeFirst(std::min(left_.size(), CountAt(place))));
   }
@@ -54,8 +54,8 @@ class ActionValues {
     }
     return 0;
   }
-  // All values are references, except the last one if it is a file name: an octet string, direct or
-  // in a variable.
+  // The remaining values are references, except the last one if it is a file name: an octet string
+  // or an indirect reference.
   [[nodiscard]] std::size_t CountReferences() const {
     if (left_.empty()) return 0;
     const ValueKind last = left_.back().Kind;

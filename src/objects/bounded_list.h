@@ -1,4 +1,4 @@
-// A list of at most `kCapacity` values, held in place.
+// A list of at most `kCapacity` values, stored inside the object without allocation.
 #pragma once
 
 #include <array>

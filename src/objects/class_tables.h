@@ -83,8 +83,8 @@ template <> struct Description<DefaultAttributes> : Extends<> {
       Attribute{50, ":SliderRefColour", &DefaultAttributes::SliderRefColour}};
 };
 
-// The default attributes have one tag of their own in BER; in the textual notation they are written
-// beside the application's other attributes.
+// BER nests the default attributes under one tag; the textual notation writes them like the
+// application's other attributes.
 template <> struct Description<Application> : Extends<Group> {
   static constexpr ClassHeading heading{ItemType::Application, 0, "Application", ":Application"};
   static constexpr auto attributes =
@@ -350,9 +350,9 @@ template <> struct Description<RTGraphics> : Extends<Visible> {
 
 // ---- Passes ----
 
-// Calls visit(keyword, form, fields...) for every attribute of the textual notation, parents first,
-// with the field of each record, in order. Attributes that BER nests in a structure without a
-// keyword (the default attributes, a link's condition) are visited like the others.
+// Calls visit(keyword, form, fields...) for every attribute of the textual notation, parents first.
+// `fields` are its values in each of `records`. Attributes that BER nests in a structure without a
+// keyword (the default attributes, a link's condition) are visited too.
 template <class Record, class Visit, class... Records>
 void ForEachWrittenAttribute(Visit&& visit, Records&... records) {
   ForEachAttribute<Record>([&](const auto& attribute) {
@@ -369,7 +369,7 @@ void ForEachWrittenAttribute(Visit&& visit, Records&... records) {
   });
 }
 
-// The classes that lists of objects hold.
+// The classes of a group's items, and those of a stream's components.
 
 using ItemClasses =
     Classes<ResidentProgram, RemoteProgram, InterchangedProgram, Palette, Font, CursorShape,
@@ -379,7 +379,7 @@ using ItemClasses =
 
 using ComponentClasses = Classes<Audio, Video, RTGraphics>;
 
-// The classes in the object list of a record.
+// The classes that may be in the object list of a group or a stream.
 template <class Record>
 using MemberClasses =
     std::conditional_t<std::is_base_of_v<Group, Record>, ItemClasses, ComponentClasses>;
@@ -393,7 +393,7 @@ template <class AnyGroup, class Visit> auto VisitGroup(AnyGroup& group, Visit&& 
                                              : visit(static_cast<AnyScene&>(group));
 }
 
-// Calls visit.template operator()<Record>() for the ingredient class of that number. False when
+// Calls visit.template operator()<Record>() for the ingredient class with that number. False if
 // there is none.
 template <class Visit> constexpr bool VisitIngredientClass(ItemType type, Visit&& visit) {
   bool isFound = false;

@@ -1,6 +1,6 @@
 // Types that describe a class's interchange form: a table of attributes, each with its BER tag, its
-// textual keyword and its field. Every pass over records (reading, writing, completing references)
-// walks these tables and names no attribute itself. The tables are in class_tables.h.
+// textual keyword and its field. Reading, writing, comparing and completing references use these
+// tables instead of naming attributes. The tables are in class_tables.h.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ struct Form {
   const char* innerKeyword = nullptr;  // its keyword in the notation
   const char* name = "";               // names a reference in messages: "Link EventSource"
   bool isRequired = false;             // mandatory; a reader still accepts its absence
-  bool isChoice = false;  // its type differs between classes, so BER needs an explicit tag
+  bool isChoice = false;  // a CHOICE: its type differs between classes, so BER tags it explicitly
 };
 
 // One attribute of a class: a context-specific tag, a keyword, and the field that holds the value.
@@ -48,8 +48,8 @@ template <class... Fields> constexpr auto ByPlace(Fields... fields) {
   return std::tuple{Element{nullptr, fields}...};
 }
 
-// The names of a class: its number, its tag in an items list (or a multiplex, or as a whole file),
-// its name in messages, and its keyword.
+// Identifies a class: its number, its BER tag (in a list of items or components, or as a whole
+// file), its name in messages, and its keyword.
 struct ClassHeading {
   ItemType type;
   std::uint32_t tag;
@@ -59,8 +59,8 @@ struct ClassHeading {
 
 template <class... Records> struct Classes {};
 
-// The base of a Description: the classes whose attributes come first. The class has none of its own
-// unless it lists some.
+// The base of a Description: lists the parent classes, whose attributes come first. A class has no
+// attributes of its own unless its Description lists some.
 template <class... Records> struct Extends {
   using Parents = Classes<Records...>;
   static constexpr auto attributes = std::tuple{};
@@ -68,7 +68,7 @@ template <class... Records> struct Extends {
 
 // Specialised in class_tables.h for every class, with Extends<...> as its base:
 //   static constexpr auto attributes = std::tuple{Attribute{...}, ...};
-//   static constexpr ClassHeading heading{...};   only for classes that objects are made of
+//   static constexpr ClassHeading heading{...};   only for classes that have objects, not for bases
 //   static constexpr auto omitted = ...;          tags of the parents that the class does not have
 template <class Record> struct Description;
 

@@ -1,5 +1,5 @@
 // The groups: Application and Scene. A group owns everything that was decoded with it. The engine
-// must end a group before it is released.
+// must end a running group before the group is released.
 #pragma once
 
 #include <cstdint>
@@ -24,12 +24,12 @@ struct StandardIdentifier {
   bool operator==(const StandardIdentifier&) const = default;
 };
 
-// A group's end. Links and action lists may still be on the call stack when their group ends, so
-// its memory stays until nothing runs; callers check `isDead` before they touch the group again
-// after a call that can run actions.
+// Whether a group has ended. Its links and action lists may still be on the call stack then, so its
+// memory is kept until nothing runs. After every call that can run actions, callers check `isDead`
+// before they touch the group again.
 struct Life {
   bool isDying = false;  // its end has begun
-  bool isDead = false;   // ended: in no register, released once nothing runs
+  bool isDead = false;   // ended: the engine no longer finds it, and releases it once nothing runs
 };
 
 // A pending timer of a group. The platform timer of the same id is shared by all groups.
@@ -139,7 +139,7 @@ struct RunningGroups {
 // Which group is searched first when a reference is resolved.
 enum class Scope : std::uint8_t { SceneFirst = 0, ApplicationFirst = 1 };
 
-// An action list and the group that owns it. The list stops when that group ends.
+// An action list and the group that owns it. The list stops running when that group ends.
 struct ActionHolder {
   const ActionList* actions = nullptr;
   Group* holder = nullptr;

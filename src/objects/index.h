@@ -1,5 +1,5 @@
-// Values found by key: a hash table whose values stay in the order in which they were added, also
-// those of one key. Finding takes the same time at any size; removing takes a pass over all values.
+// A hash table that keeps its values in the order in which they were added, including several
+// values with the same key. A search takes the same time at any size; a removal visits all.
 #pragma once
 
 #include <cstddef>
@@ -9,11 +9,11 @@
 
 namespace korvel {
 
-// Makes a hash of numbers. Its result differs from process to process: keys come from content, and
-// content must not be able to choose keys that share a slot, which would make each search a walk.
+// Computes the hash of numbers. The result differs from process to process: keys come from content,
+// and content that could choose keys with the same hash would make every search linear.
 class Hash {
  public:
-  // An odd number. Only programs that count instructions set it, while there is no index.
+  // Odd, and taken from the clock. Only the instruction benchmark sets it, while there is no index.
   static std::uint64_t secret;
 
   Hash& Add(std::uint32_t number) {
@@ -37,8 +37,8 @@ template <class Key, class Value> class Index {
   struct Entry {
     Key key;
     Value value;
-    std::uint32_t next = kNone;  // the place of the next entry with the same key
-    std::uint32_t last = kNone;  // in the first entry of a key: the place of the last one
+    std::uint32_t next = kNone;  // the index of the next entry with the same key
+    std::uint32_t last = kNone;  // in the first entry of a key: the index of its last entry
   };
 
   // Adds a value after all others. False, and unchanged, if memory runs out.
@@ -49,8 +49,8 @@ template <class Key, class Value> class Index {
     return true;
   }
 
-  // The first entry of a key, or null. Entries of one key follow each other by Next; of two
-  // entries the one that was added first has the lower address.
+  // The first entry of a key, or null. Next returns the key's following entry, or null. Entries
+  // that were added earlier have lower addresses.
   [[nodiscard]] const Entry* Find(const Key& key) const {
     if (slots_.IsEmpty()) return nullptr;
     const std::uint32_t first = slots_[SlotOf(key)];
@@ -64,7 +64,7 @@ template <class Key, class Value> class Index {
   [[nodiscard]] const Entry* begin() const { return entries_.begin(); }
   [[nodiscard]] const Entry* end() const { return entries_.end(); }
 
-  // Removes every value that `matches`.
+  // Removes every value for which `matches` returns true.
   template <class Predicate> void RemoveAll(Predicate&& matches) {
     std::size_t kept = 0;
     for (const Entry& entry : entries_) {
@@ -83,7 +83,7 @@ template <class Key, class Value> class Index {
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
   static constexpr std::size_t kFirstSlots = 16;
 
-  // The slot that holds the key, or the free slot for it.
+  // The slot that holds the key's first entry, or the free slot for it.
   [[nodiscard]] std::size_t SlotOf(const Key& key) const {
     const std::size_t mask = slots_.Size() - 1;  // the size is a power of two
     std::size_t slot = HashOf(key) & mask;
@@ -117,7 +117,7 @@ template <class Key, class Value> class Index {
   }
 
   List<Entry> entries_;
-  List<std::uint32_t> slots_;  // the place of a key's first entry; at least half are free
+  List<std::uint32_t> slots_;  // the index of a key's first entry; at least half are free
 };
 
 }  // namespace korvel

@@ -17,9 +17,9 @@ struct Ingredient : Root {
   bool Shared = false;
   ContentBody Content = ContentBody::NotPrepared();
 
-  // The group that holds it, directly or in a Stream; set when the group is adopted.
+  // The group that holds it, directly or in a Stream; set when the group becomes current.
   Group* owner = nullptr;
-  // The entries of the display stack that show it: 0 or 1 in a running engine.
+  // The number of its entries in the display stack: 0 or 1 in a running engine.
   std::uint32_t stackEntries = 0;
 };
 

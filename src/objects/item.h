@@ -27,7 +27,7 @@ class Item {
   [[nodiscard]] static Item New(ItemType type);
 
   [[nodiscard]] ItemType Type() const { return type_; }
-  // The record, to be used as the class that Type() names.
+  // The record, whose actual class is the one that Type() names.
   [[nodiscard]] Ingredient* Record() const { return record_; }
   template <class T> [[nodiscard]] T& As() const { return *static_cast<T*>(record_); }
   explicit operator bool() const { return record_ != nullptr; }

@@ -1,6 +1,6 @@
-// The growable array that holds items, actions, parameters and everything else that content may
-// have many of. It owns its values, which move when it grows: a pointer to a value, and an
-// iterator, is valid until the next change. A failed allocation changes nothing.
+// The growable array for items, actions, parameters and everything else whose number content
+// decides. It owns its values, which move when it grows: pointers to values and iterators are valid
+// until the next change. A failed allocation changes nothing.
 #pragma once
 
 #include <algorithm>
@@ -46,15 +46,15 @@ template <class T> class List {
   }
   [[nodiscard]] bool IsEmpty() const { return size_ == 0; }
   [[nodiscard]] std::size_t Size() const { return size_; }
-  // The value at a 0-based place, or null past the end.
+  // The value at a 0-based index, or null past the end.
   [[nodiscard]] T* At(std::size_t index) { return index < size_ ? values_ + index : nullptr; }
   [[nodiscard]] const T* At(std::size_t index) const {
     return index < size_ ? values_ + index : nullptr;
   }
   [[nodiscard]] T* Last() { return IsEmpty() ? nullptr : values_ + size_ - 1; }
 
-  // Moves `value`, which is not one of the list's own, to the end and returns a pointer to it;
-  // null, with `value` unchanged, if memory runs out.
+  // Moves `value`, which must not be in this list, to the end and returns a pointer to it. Null,
+  // with `value` unchanged, if memory runs out.
   [[nodiscard]] T* Append(T&& value) {
     if (size_ == capacity_ && !Grow()) return nullptr;
     return new (values_ + size_++) T(std::move(value));
@@ -62,7 +62,7 @@ template <class T> class List {
   [[nodiscard]] T* Append(const T& value) requires std::is_trivially_copyable_v<T> {
     return Append(T(value));
   }
-  // The same at a 0-based place; a place past the end means the end.
+  // The same at a 0-based index; an index past the end means the end.
   [[nodiscard]] T* InsertAt(std::size_t index, T&& value) {
     if (index >= size_) return Append(std::move(value));
     if (size_ == capacity_ && !Grow()) return nullptr;
@@ -82,8 +82,8 @@ template <class T> class List {
     return true;
   }
 
-  // Removes the first value that `matches` and moves it to `taken` (may be null). False when
-  // there is none.
+  // Removes the first value for which `matches` returns true and moves it to `taken` (may be null).
+  // False if there is none.
   template <class Predicate> bool RemoveFirst(Predicate&& matches, T* taken = nullptr) {
     for (std::size_t place = 0; place < size_; ++place) {
       if (!matches(values_[place])) continue;
@@ -94,7 +94,7 @@ template <class T> class List {
     }
     return false;
   }
-  // Removes every value that `matches`.
+  // Removes every value for which `matches` returns true.
   template <class Predicate> void RemoveAll(Predicate&& matches) {
     std::size_t kept = 0;
     for (std::size_t place = 0; place < size_; ++place) {
@@ -116,10 +116,10 @@ template <class T> class List {
   }
 
  private:
-  // Lists of content are short, so the first block has room for 2 records, but for 8 bytes or
-  // numbers, which cost as little.
+  // Content's lists are short, so the first block has room for 2 records, or for 8 values of less
+  // than 16 bytes, which cost as little.
   static constexpr std::uint32_t kFirstCapacity = sizeof(T) < 16 ? 8 : 2;
-  // A value may well be a pointer.  NOLINTNEXTLINE(bugprone-sizeof-expression)
+  // T may be a pointer type. NOLINTNEXTLINE(bugprone-sizeof-expression)
   static constexpr std::size_t kValueSize = sizeof(T);
 
   [[nodiscard]] bool Grow() { return Reserve(IsEmpty() ? kFirstCapacity : std::size_t{size_} * 2); }

@@ -1,13 +1,12 @@
 // The one allocator of the engine. All heap memory comes from here, so that it is always
-// zero-filled, every allocation may fail, and a test can link an allocator that fails or counts.
+// zero-filled, callers can handle failures, and tests can link an allocator that fails or counts.
 #pragma once
 
 #include <cstddef>
 
 namespace korvel {
 
-// A zero-filled block aligned for any record, or null. A size of 0 gives a block that may be
-// released.
+// A zero-filled block aligned for any record, or null. A size of 0 also returns a block.
 [[nodiscard]] void* AllocateZeroed(std::size_t bytes);
 
 // Releases a block. Null is allowed.

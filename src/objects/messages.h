@@ -45,13 +45,13 @@ enum class Message : std::uint8_t {
   NoMemoryForAnchorVariable,
   NoMemoryForPoints,
   NoMemoryForParameterGroup,
-  NoMemoryForGroup,  // the class; " " and the attribute, or "" and ""
+  NoMemoryForGroup,  // the class, then either " " and the attribute, or "" and ""
 };
 
 // The text of a message as printf formats it, with its line end.
 [[nodiscard]] const char* TextOf(Message message);
 
-// Prints a message. The values are those that the list above names, in that order.
+// Prints a message. The values after it are those in the comments on `Message`, in that order.
 void Say(Message message, ...);
 
 }  // namespace korvel

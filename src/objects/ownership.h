@@ -1,4 +1,5 @@
-// Owners of records on the engine's heap, including groups, and records that are never released.
+// Owning pointers to records on the engine's heap, and a holder for records that are never
+// released.
 #pragma once
 
 #include <memory>
@@ -16,10 +17,10 @@ template <class T> struct Releaser {
   }
 };
 
-// Releases an application or a scene as its own class.
+// Casts a group to its own class, Application or Scene, and releases it.
 template <> struct Releaser<Group> {
   Releaser() = default;
-  // Converts the owner of an Application or a Scene to the owner of a group.
+  // Lets an owner of an Application or a Scene convert to an owner of a group.
   template <class Record>
   Releaser(Releaser<Record> /*other*/) {}  // NOLINT(google-explicit-constructor)
   void operator()(Group* group) const {
@@ -32,7 +33,7 @@ template <> struct Releaser<Group> {
 };
 
 template <class T> using Owned = std::unique_ptr<T, Releaser<T>>;
-// An application or a scene. Null if nothing was built.
+// An application or a scene, or null.
 using OwnedGroup = Owned<Group>;
 
 // A record with its defaults, or null if memory runs out.
@@ -44,7 +45,7 @@ template <class T> [[nodiscard]] Owned<T> NewRecord() {
 [[nodiscard]] inline bool IsApplication(const OwnedGroup& group) {
   return group != nullptr && group->type == ItemType::Application;
 }
-// The group as its own class.
+// The group as its own class, which the caller has checked.
 [[nodiscard]] inline Application& AsApplication(const OwnedGroup& group) {
   return static_cast<Application&>(*group);
 }

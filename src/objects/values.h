@@ -1,6 +1,6 @@
-// The values that objects and actions carry: references, generic values, colours, fonts, contents
-// and the small pairs of numbers. They own their contents. Copying is an explicit call because it
-// can fail. Two values with a kind are equal if their kinds are and the field of that kind is.
+// The values that objects and actions hold: references, generic values, colours, fonts, contents,
+// sizes and positions. They own their contents. Copying is an explicit call because it can fail.
+// Two values with a kind are equal if their kinds are and the field of that kind is.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ struct ObjectReference {
   bool operator==(const ObjectReference&) const = default;
 };
 
-// The dump prints these numbers.
+// The dump prints these numbers, so they are fixed.
 enum class ValueKind : std::uint8_t {
   None = 0,
   Boolean = 1,
@@ -83,8 +83,8 @@ struct ContentBody {
   std::int32_t Size = 0;
   std::int32_t CachePriority = 127;
 
-  // The run-time content of an object that was never prepared. Only decoded content has the default
-  // cache priority.
+  // The run-time content of an object that was never prepared. Its cache priority is 0; 127 is the
+  // default of decoded content only.
   [[nodiscard]] static ContentBody NotPrepared() {
     ContentBody content;
     content.CachePriority = 0;
@@ -112,8 +112,8 @@ struct Position {
   bool operator==(const Position&) const = default;
 };
 
-// One step of an action list. `ActionType` is the number of the action table; the parameters are
-// in the order of the standard's syntax, nested groups of parameters flattened.
+// One step of an action list. `ActionType` is its number in the action table. The parameters are in
+// the order of the standard's syntax; nested groups of parameters are flattened.
 struct ElementaryAction {
   std::uint8_t ActionType = 0;
   GenericValue Target;
@@ -141,7 +141,7 @@ requires std::is_arithmetic_v<Number>
 [[nodiscard]] bool Copy(const ContentBody& from, ContentBody& to);
 [[nodiscard]] bool Copy(const GenericValue& from, GenericValue& to);
 
-// The name without its leading "~", which means the current directory and is not compared.
+// The name without its leading "~", which comparisons of names ignore.
 [[nodiscard]] constexpr std::string_view WithoutTilde(std::string_view name) {
   return name.substr(name.starts_with('~') ? 1 : 0);
 }

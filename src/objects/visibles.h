@@ -14,13 +14,13 @@ struct Visible : Ingredient {
   korvel::BoxSize OriginalBoxSize;
   korvel::Position OriginalPosition;
   OptionalReference OriginalPaletteRef;
-  // The run-time values. Their names are the standard's, so the types are named in full.
+  // The run-time values. They have the names of their types, so the types need the namespace.
   korvel::BoxSize BoxSize;
   korvel::Position Position;
   OptionalReference PaletteRef;
 };
 
-// A size that was never set: the picture is drawn at its own size.
+// The width and height of a ScaledSize that was never set: the picture is drawn at its own size.
 inline constexpr std::int32_t kNotScaled = -1;
 
 struct Bitmap : Visible {
@@ -64,7 +64,7 @@ struct Text : Visible {
   FontBody Font;
 };
 
-// The part of a visible that the viewer can operate.
+// The additional attributes of a visible that the viewer can operate.
 struct Interactible {
   bool EngineResp = true;
   ColourValue HighlightRefColour;

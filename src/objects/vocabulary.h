@@ -1,6 +1,6 @@
 // The numbers that content uses, with their names: classes and sets of classes, event types, keys,
 // and the enumerations of attributes with the words of the textual notation. Content may hold any
-// number in an enumeration: one without a name decodes, encodes and compares like the others.
+// number in an enumeration: a number without a name is decoded, encoded and compared too.
 #pragma once
 
 #include <array>
@@ -95,11 +95,11 @@ constexpr bool IsSameWord(const char* one, const char* other) {
   return false;
 }
 
-// The words of an enumeration in the textual notation; the first one is the word of 1. An
+// The words of an enumeration in the textual notation, beginning with the word for 1. An
 // enumeration without words is written as a number.
 template <IsEnumeration Enumeration> inline constexpr std::array<const char*, 0> kWords{};
 
-// The word of a value, or null.
+// The word for a value, or null.
 template <IsEnumeration Enumeration> constexpr const char* WordOf(Enumeration value) {
   constexpr Words words{kWords<Enumeration>};
   const std::size_t place = static_cast<std::size_t>(static_cast<std::int64_t>(value) - 1);
@@ -230,7 +230,7 @@ constexpr bool IsKey(std::int32_t number) {
          number == keys::kText;
 }
 
-// The input event register while no scene runs: only Cancel, the colours and Text pass.
+// The input event register while no scene runs: only Cancel, the colour keys and Text pass.
 inline constexpr std::int32_t kRegisterWithoutScene = 3;
 
 // Whether the input event register blocks the key from the scene. Registers 3 to 5 also block Info
@@ -245,7 +245,7 @@ constexpr bool IsKeyBlocked(std::int32_t inputEventRegister, std::int32_t key) {
   }
 }
 
-// The values of EngineEvent. Cancel and the colour keys are reported by their key numbers.
+// The event data of EngineEvent. For Cancel and the colour keys it is the key number.
 namespace engineEvents {
 inline constexpr std::int32_t kGroupReferenceError = 2;
 inline constexpr std::int32_t kContentReferenceError = 3;

@@ -13,18 +13,18 @@
 
 namespace korvel::ber {
 
-// The first refusal: the first byte of the wrong element. Callers add the other members as they
-// return.
+// The first refusal. `place` is the first byte of the wrong element; callers add the other members
+// as they return.
 struct Refusal {
   const std::uint8_t* place = nullptr;
   const char* owner = nullptr;     // the class of the object
-  const char* part = nullptr;      // the attribute or action of it; empty for the object itself
+  const char* part = nullptr;      // its attribute or action; empty for the object itself
   const char* expected = nullptr;  // the element that should be there
 };
 
 struct BerElement;
 
-// Whether a decoder knows a context tag at some place.
+// Whether a decoder knows a context tag where it is reading.
 using KnownTags = bool (*)(Tag tag);
 
 constexpr bool NoTag(Tag /*tag*/) { return false; }
@@ -44,7 +44,7 @@ class BerReader {
   [[nodiscard]] bool AtEnd() const { return cursor_ == end_; }
   // Reads one element and moves past it. False at the end, or if the header or length is invalid.
   [[nodiscard]] bool Next(BerElement& element);
-  // Reads the only element. False if there is none or more than one.
+  // Reads an element that must be the only one left. False if there is none or more than one.
   [[nodiscard]] bool Only(BerElement& element) const;
   // Whether all elements have been read. Otherwise refuses the next one.
   [[nodiscard]] bool Ends();
@@ -75,7 +75,7 @@ class BerReader {
   const std::uint8_t* cursor_ = nullptr;
   const std::uint8_t* end_ = nullptr;
   Refusal* refusal_ = nullptr;  // null while looking ahead, which refuses nothing
-  KnownTags known_ = nullptr;   // null: all; unknown tags are skipped in advance
+  KnownTags known_ = nullptr;   // null: all; elements with unknown tags are skipped in advance
   std::uint32_t depth_ = 0;
 };
 
@@ -115,7 +115,7 @@ class ListReader {
   void Enter(const BerElement& wrapper);
 
   BerReader reader_;                                       // of the innermost open wrapper
-  std::array<const std::uint8_t*, kDeepestNesting> ends_;  // of the list outside each open wrapper
+  std::array<const std::uint8_t*, kDeepestNesting> ends_;  // the end of what holds each wrapper
   std::uint32_t open_ = 0;
 };
 

@@ -34,7 +34,7 @@ inline constexpr Tag kContentSize = Context(60);
 inline constexpr Tag kContentCachePriority = Context(61);
 // The path of a content file as a generic value.
 inline constexpr Tag kContentReference = Context(69);
-// The variable that holds the value.
+// A reference to the variable that holds the value.
 inline constexpr Tag kIndirectReference = Context(236);
 
 // The tags that announce the type of a generic value if it would otherwise be ambiguous.
@@ -57,7 +57,7 @@ inline constexpr std::array kAnnouncedKinds = {
     ValueKind::OctetString,     ValueKind::OctetString,      ValueKind::ObjectReference,
     ValueKind::Integer,         ValueKind::Integer};
 
-// None for a tag that announces nothing.
+// The kind that a tag announces, or None.
 constexpr ValueKind AnnouncedKind(Tag tag) {
   const std::uint32_t place = tag.number - kNewBoolean.number;
   const bool announces = tag.tagClass == TagClass::Context && place < kAnnouncedKinds.size();

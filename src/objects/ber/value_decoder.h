@@ -20,8 +20,7 @@ template <class... Kinds> constexpr KindSet SetOfKinds(Kinds... kinds) {
 [[nodiscard]] bool Untag(const BerElement& tagged, Tag implied, BerElement& value);
 // The same for a reference, whose form follows from the content of the tag.
 [[nodiscard]] bool UntagReference(const BerElement& tagged, BerElement& value);
-// Whether an element is the reference to an object of a named group, and not a SEQUENCE that wraps
-// something.
+// Whether an element is a reference with a group identifier, and not a SEQUENCE that wraps a value.
 [[nodiscard]] bool IsExternalReference(const BerElement& element);
 
 enum class NumberType { Integer, Enumerated };

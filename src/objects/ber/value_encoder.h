@@ -15,7 +15,7 @@ concept IsChoice = std::same_as<T, ObjectReference> || std::same_as<T, OptionalR
     std::same_as<T, ColourValue> || std::same_as<T, FontBody> || std::same_as<T, ContentBody> ||
     std::same_as<T, GenericValue>;
 
-// Each writes one element, or nothing for a value that is absent.
+// Each writes one element, or nothing for an absent reference, colour or font. Content is present.
 void Encode(BerWriter& writer, const ObjectReference& value);
 void Encode(BerWriter& writer, const OptionalReference& value);
 void Encode(BerWriter& writer, const ColourValue& value);
@@ -24,7 +24,7 @@ void Encode(BerWriter& writer, const ContentBody& value);
 // A value of kind None is written as NULL.
 void Encode(BerWriter& writer, const GenericValue& value);
 
-// Whether there is a value to write at all.
+// Whether the value is present, so that there is something to write.
 inline bool IsPresent(const OctetString& value) { return value.IsPresent(); }
 inline bool IsPresent(const ContentReference& value) { return value.Path.IsPresent(); }
 inline bool IsPresent(const OptionalReference& value) { return value.IsPresent; }

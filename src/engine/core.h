@@ -1,5 +1,4 @@
-// The state and the functions that the files of the engine core share. Private to the engine
-// folder.
+// The state and the functions that the files of the engine core share. Private to this folder.
 #pragma once
 
 #include <cstddef>
@@ -22,8 +21,8 @@ struct LinkTableEntry {
   Scope scope = Scope::SceneFirst;  // ApplicationFirst when the link belongs to the application
 };
 
-// What a link waits for: an event of a type, from the source of a number or from any source, with
-// data of a kind and value. The data of a link that accepts any data is of kind None.
+// The event that a link waits for: its type, its source (the object with that number, or any
+// source) and its data. Data of kind None accepts any data.
 struct LinkKey {
   EventType type{};
   bool isAnySource = false;
@@ -42,8 +41,8 @@ struct LinkKey {
 }
 
 // All waiting links, in the order in which they run: those of the application first, and those of a
-// group in the order of its items. Each is found with its source and, for events that are raised
-// without one, as a link that waits for any source.
+// group in the order of its items. Each link has two entries: one with its source, and one with any
+// source, for events that are raised without one.
 using LinkTable = Index<LinkKey, LinkTableEntry>;
 
 // The names of the applications that spawned the current one, the last on top.
@@ -74,9 +73,10 @@ struct Core {
   std::uint32_t busyCount = 0;
   std::uint32_t nestingLevel = 0;
   std::uint32_t actionsLeft = 0;
-  // Milliseconds since the process started. After this, new work adds nothing to actionsLeft.
+  // When the engine noticed the pending close, in milliseconds since the process started. From then
+  // on, new work adds nothing to actionsLeft.
   std::optional<std::uint32_t> closeNoticedAt;
-  bool isOverLimit = false;  // reported once; the current work then unwinds
+  bool isOverLimit = false;  // a limit was exceeded and reported; the current work unwinds
   std::uint32_t redrawHolds = 0;
 };
 
@@ -106,8 +106,8 @@ void ReleaseEndedGroups();
 
 // ---- lookup.cpp ----
 
-// Enters the objects of a decoded group in its index, so that FindObject finds them. False if
-// memory or, during a close, time runs out.
+// Adds the objects of a decoded group to its index, so that FindObject finds them. False if memory
+// or, during a close, time runs out.
 [[nodiscard]] bool IndexObjects(Group& group);
 
 // ---- group_life.cpp: how a decoded group starts and a running group ends ----
@@ -123,13 +123,13 @@ Status StartApplication(Application& application);
 Status StartScene(Scene& scene);
 
 // Ends a running group, unless it is null: removes its links, raises IsDeleted, removes everything
-// that it owns from the engine's registers, and keeps its memory until no operation runs. Failure
-// if a link that waits for IsDeleted asks to stop; the group then keeps running, without its links.
-// Replaced if such a link replaces the group; the group is then removed from the registers before
-// its successor starts.
+// that it owns from the engine's state, and keeps its memory until no operation runs. Failure if a
+// link that waits for IsDeleted fails; unless that link replaced the group, it keeps running
+// without its links. Replaced if such a link replaces the group, which then leaves the engine's
+// state before its successor starts.
 Status EndGroup(Group* group);
 
-// Ends the scene and then the application. Replaced when a link has replaced them by others.
+// Ends the scene, then the application; stops at the first Failure or Replaced and returns it.
 Status EndRunningGroups();
 
 // Ends only the scene.
@@ -148,8 +148,8 @@ Scene& AdoptScene(OwnedGroup&& group);
 // the table. A link with an unknown event type is not entered and never fires.
 Status AddLinks(Group& group, Scope scope);
 
-// Removes the links of a group from the table: those named after the group, and those it owns under
-// any other name.
+// Removes the links of a group from the table: those that have its group identifier, and those that
+// it holds under another one.
 void RemoveLinks(const Group& group);
 
 // ---- events.cpp ----

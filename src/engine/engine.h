@@ -17,9 +17,9 @@ namespace korvel {
 
 // ---- The worker loop ----
 
-// Finds, decodes and starts the start-up application; an empty path searches "a" and "startup".
-// Groups that still run are first ended without events. Refused if no application could be started;
-// every other result means that the engine has started.
+// Finds, decodes and starts the start-up application; an empty path tries "a" and "startup". Groups
+// that still run are first ended without events. Refused if no application could be started; every
+// other result means that the engine has started.
 Status StartEngine(std::string_view path);
 
 // Ends the scene and the application without starting anything.
@@ -53,8 +53,8 @@ Status Spawn(std::string_view groupName);
 Status Quit();
 Status TransitionTo(std::string_view groupName);
 
-// The number of requests to replace the application and the scene, modulo 256. An action list ends
-// when one of them changes. Launch and TransitionTo actions increment them first.
+// The numbers of Launch and of TransitionTo actions so far, modulo 256. Each of these actions
+// counts itself before it replaces anything. An action list ends when one of the numbers changes.
 struct Generations {
   std::uint8_t application = 0;
   std::uint8_t scene = 0;
@@ -95,8 +95,8 @@ class [[nodiscard]] NestingLevel {
   bool isAllowed_;
 };
 
-// Counts one action of the current work. False when the limit is reached, which is printed once:
-// the caller returns Failure.
+// Counts one action of the current work. False, with a message the first time, when the limit is
+// reached: the caller then returns Failure.
 [[nodiscard]] bool TakeAction();
 
 // Whether a loop whose length content decides may continue. False once a pending close has used up
@@ -106,8 +106,8 @@ class [[nodiscard]] NestingLevel {
 
 // ---- Names and files ----
 
-// Reads the file of a group name or content reference. Refused, after a pause, if it cannot be
-// read.
+// Reads the file of a group name or content reference. Refused if the name cannot be a file name,
+// memory runs out or, after a pause of half a second, the file cannot be read.
 Status ResolveGroup(std::string_view groupName, OctetString& bytes);
 
 // ---- Objects ----
@@ -153,9 +153,9 @@ struct EventData {
   bool operator==(const EventData&) const = default;
 };
 
-// Runs the links (five at most) that wait for this event from this source, then returns. Done if
-// none ran, otherwise the result of the last one; Failure and Replaced skip the rest. `sourceGroup`
-// is not read after the first link has run.
+// Runs the links (five at most) that wait for this event from this source. Done if none ran,
+// otherwise the result of the last one; Failure and Replaced skip the rest. `sourceGroup` is not
+// read after the first link has run.
 Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
                   EventData data);
 // The same with an object as the source.
@@ -164,8 +164,8 @@ Status RaiseEvent(const Root& source, EventType type, EventData data = {});
 Status RaiseEventByType(EventType type, EventData data);
 
 // ---- The display stack of the running application ----
-// A Status is Failure, with a message, if memory runs out. A bool is false if there is no such
-// entry. Positions are 1-based; 1 is the bottom. Kind None means any.
+// A returned Status is Failure, with a message, if memory runs out; a bool is false if there is no
+// such entry. Positions are 1-based; 1 is the bottom. To search, kind None means any.
 
 Status AppendOnTop(Application& application, ItemType kind, Ingredient& visible);
 Status InsertAtPosition(Application& application, std::int32_t position, ItemType kind,
@@ -177,7 +177,7 @@ bool RemoveFromStack(Application& application, ItemType kind, const Ingredient& 
 [[nodiscard]] bool StackContains(const Application& application, ItemType kind,
                                  const Ingredient& visible);
 Status InsertAtBottom(Application& application, ItemType kind, Ingredient& visible);
-// On top if the reference is not in the stack.
+// Inserts on top if the reference is not in the stack.
 Status InsertBelow(Application& application, ItemType kind, Ingredient& visible,
                    const Ingredient& reference);
 // Refused if the reference is not in the stack.
@@ -198,7 +198,7 @@ Status PutBehind(ItemType kind, Visible& visible, const Ingredient& reference);
 // ---- Redraws ----
 
 // Requests a redraw, unless redraws are held. Actions and the engine use only this function.
-// Failure, which callers must return immediately, if an event raised while drawing asked to stop.
+// Failure, which callers must return immediately, if an event raised while drawing failed.
 Status RequestRedraw();
 
 // While one exists, requests for a redraw are dropped. Its owner requests one redraw afterwards, so
@@ -213,11 +213,11 @@ class [[nodiscard]] HeldRedraws {
 
 // ---- Timers ----
 
-// Cancels a timer.
+// The value that cancels a timer.
 inline constexpr std::int32_t kNoTimerValue = -1;
 // Sets a timer of the group, in milliseconds. The period of an absolute timer is `value`, a time
-// since the process started, minus the time at which the scene started. If the timer is pending,
-// `isAbsolute` is ignored: it stays as it was first set.
+// since the process started, minus the time at which the scene started. A pending timer stays
+// absolute or relative as it was first set: `isAbsolute` is then ignored.
 Status SetTimer(Group& group, std::int32_t id, std::int32_t value, bool isAbsolute);
 
 // ---- The persistent store: named blocks of bytes, in memory for as long as the engine runs ----

@@ -55,8 +55,8 @@ Status StartItemsAndGroup(Group& group, Scope scope) {
   return status;
 }
 
-// Removes everything that the group owns from the engine's registers and marks the group as ended.
-// The caller has removed its links. Its memory is kept until no operation that may use it runs.
+// Removes everything that the group owns from the engine's state and marks the group as ended. The
+// caller has removed its links. Its memory is kept until no operation that may use it runs.
 void MoveToEnded(Group& group) {
   Core& core = TheCore();
   group.AvailabilityStatus = false;
@@ -104,8 +104,8 @@ Status StartScene(Scene& scene) {
 
 Status EndGroup(Group* group) {
   if (group == nullptr) return Status::Done;
-  // A link that waits for its IsDeleted is replacing it: it must leave the registers before its
-  // successor starts.
+  // A link that waits for its IsDeleted is replacing it: it must leave the engine's state before
+  // its successor starts.
   if (std::exchange(group->life.isDying, true)) {
     MoveToEnded(*group);
     return Status::Done;

@@ -1,6 +1,6 @@
-// The built-in programs that content calls by a three-letter name, for the dispatcher that finds
-// them, reads their parameters and writes their results. A program sees values only, each at its
-// place in the program's signature.
+// The built-in programs that content calls by a three-letter name. A dispatcher reads their
+// parameters and writes their results to variables; a program itself only sees an array of values,
+// in the order of its signature.
 #pragma once
 
 #include <array>
@@ -13,8 +13,8 @@ namespace korvel {
 
 inline constexpr std::size_t kMostProgramParameters = 6;
 
-// The inputs, read, and the outputs, to be filled in. Only the field of the kind in the signature
-// is used.
+// The inputs, and the outputs for the program to fill in. Only the field of the kind in the
+// signature is used.
 using ProgramValues = std::array<GenericValue, kMostProgramParameters>;
 
 // The settings that programs keep between calls.

@@ -56,7 +56,7 @@ template <class Variable> auto& ValueOf(Variable& variable) {
 template <class Variable, class Value> Status SetValue(Variable& variable, Value value) {
   if (!variable.AvailabilityStatus) return Status::Refused;
   ValueOf(variable) = std::move(value);
-  // Content that has been fetched belongs to the old path.
+  // Fetched content belongs to the old path.
   if constexpr (requires { variable.Value.Path; }) variable.Content.Data.Clear();
   return Status::Done;
 }
@@ -89,8 +89,8 @@ inline ObjectReference& FieldOf(GenericValue& value, const ObjectReference& /*ty
 // False if memory runs out: the field of the value is then empty.
 [[nodiscard]] bool CopyValue(const FoundObject& found, GenericValue& value);
 
-// Offers a key to the interaction in progress. True if the interaction has used it: `result` is
-// then its result, and the key must not be passed on.
+// Offers a key to the interaction in progress. True if the interaction used it: `result` is then
+// the result of the key, which must not be passed on.
 [[nodiscard]] bool TakeInteractionKey(std::int32_t key, Status& result);
 
 // Resets the engine-wide state of the classes (the highlighted object, the interaction in

@@ -1,7 +1,7 @@
-// The behaviour of each class: first what the behaviours share, then one function for each
-// elementary action, listed under the file that holds it. The interpreter calls these functions
-// with an existing target of an accepted class and with evaluated parameters. They return Failure
-// or Replaced to end the action list, and anything else to continue.
+// The behaviour of each class: first the functions that the behaviours share, then one function for
+// each elementary action, listed under the file that holds it. The interpreter calls these
+// functions with an existing target of an accepted class and with evaluated parameters. They return
+// Failure or Replaced to end the action list, and anything else to continue.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ namespace korvel {
 // ---- answers.cpp: events, redraws and answers ----
 
 // Raises an event of the object. Callers must return Failure and Replaced immediately: after
-// Replaced the object itself has ended. Done in every other case, also when other groups were
+// Replaced the object itself has ended. Done in every other case, even if other groups were
 // replaced.
 Status RaiseFrom(const Ingredient& object, EventType type, EventData data = {});
 
@@ -73,7 +73,7 @@ Status FetchText(Text& text);
 struct ClassVariables {
   FoundObject highlightedObject;  // the object that was highlighted last
   FoundObject interactingObject;  // the interaction in progress, one at a time
-  std::size_t chosenAnchor = 0;   // the current anchor of an interacting hyper text
+  std::size_t chosenAnchor = 0;   // the 0-based current anchor of an interacting hyper text
 };
 [[nodiscard]] ClassVariables& CurrentClassVariables();
 
@@ -90,8 +90,8 @@ Status EndInteraction(Ingredient& object, Interactible& interactible);
 // Ends the highlight and the interaction of an object without events.
 void ClearInteraction(const FoundObject& object);
 
-// Offer a key to an object; each class lists its keys in its own file. False if the object does not
-// use the key, which is then passed to the scene; otherwise `result` is the result of the key.
+// Offer a key to an object; the file of its class lists its keys. False if it does not use the key,
+// which is then passed to the scene; otherwise `result` is the result of the key.
 [[nodiscard]] bool TakeKey(EntryField& field, std::int32_t key, Status& result);
 [[nodiscard]] bool TakeKey(HyperText& text, std::int32_t key, Status& result);
 [[nodiscard]] bool TakeKey(Slider& slider, std::int32_t key, Status& result);
@@ -124,7 +124,7 @@ Status ReadColour(const Arguments& arguments, ColourValue& colour);
 // The place of the item that the layout puts into a cell, or 0.
 [[nodiscard]] std::int32_t ItemInCell(const ListGroup& group, std::int32_t cell);
 
-// The first item: within the items if the list wraps around, and possibly outside them otherwise.
+// The first item: one of the items if the list wraps around, possibly outside them otherwise.
 [[nodiscard]] std::int32_t EffectiveFirstItem(const ListGroup& group);
 
 // Puts the items into the cells and removes the others from the screen, without events; then

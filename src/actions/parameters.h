@@ -1,6 +1,6 @@
 // Evaluates an action's parameters: reads indirect ones from their variables, and finds the objects
-// that references name. Values of the action itself are borrowed: its list lives while it runs.
-// Values of variables are copied, so that nothing that the action does can invalidate them.
+// that references name. Values of the action itself are borrowed, because its list is kept while it
+// runs. Values of variables are copied, so that nothing that the action does can invalidate them.
 #pragma once
 
 #include <array>
@@ -23,7 +23,8 @@ struct ReferenceContext {
   std::string_view groupName;  // borrowed; must outlive the ReferenceContext
 };
 
-// The context of an ingredient's own references: its group is searched first and completes them.
+// The context of an ingredient's own references: its group is searched first, and is the group of
+// references without a group identifier.
 [[nodiscard]] ReferenceContext ContextOf(const Ingredient& ingredient);
 
 // The values that an action works with.
@@ -35,9 +36,8 @@ struct Arguments : ReferenceContext {
 
   FoundObject target;
   const List<GenericValue>* given = nullptr;  // unevaluated; borrowed from the action
-  // The evaluated parameters, in the order of the syntax; null if an optional one is absent. They
-  // end before the first place that the behaviour reads itself (lists, colours, values of any
-  // type).
+  // The evaluated parameters, in the order of the syntax; null for absent ones. They end before the
+  // first list, colour or value of any type: the behaviour reads that and the rest from `given`.
   std::array<const GenericValue*, kMostParameters> values{};
   std::array<std::optional<GenericValue>, kMostParameters> read;  // those that come from variables
 
@@ -58,8 +58,7 @@ struct Arguments : ReferenceContext {
   [[nodiscard]] bool IsPresent(std::size_t place) const { return values[place] != nullptr; }
 };
 
-// Whether reading a content reference variable fetches its content, if that has not been fetched
-// yet.
+// Whether reading a content reference variable fetches its content if that has not been done yet.
 enum class ContentLoading : std::uint8_t { Fetch, LeaveOut };
 
 // The object that a reference names.

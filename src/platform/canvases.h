@@ -45,11 +45,11 @@ void ClearCanvas(DrawnColour fill, Canvas* canvas);
 
 void CanvasLine(CanvasPoint from, CanvasPoint to, const LineAttributes& line, Canvas* canvas);
 
-// An outline inside the rectangle between the two corners, and the fill inside the outline.
+// Draws an outline inside the rectangle between the two corners, and the fill inside the outline.
 void CanvasRectangle(CanvasPoint from, CanvasPoint to, const LineAttributes& line, DrawnColour fill,
                      Canvas* canvas);
 
-// The fill only: an oval's outline is not drawn.
+// Draws only the fill of an oval, not its outline.
 void CanvasOval(CanvasPoint at, std::int32_t width, std::int32_t height, DrawnColour fill,
                 Canvas* canvas);
 
@@ -59,7 +59,8 @@ void CanvasArc(CanvasPoint at, std::int32_t width, std::int32_t height, std::int
                std::int32_t arcAngle, const LineAttributes& line, DrawnColour fill, ArcForm form,
                Canvas* canvas);
 
-// Draws a closed and filled polygon, for polylines too. Two points give a line; fewer draw nothing.
+// Draws a closed, filled polygon, also for DrawPolyline. Two points give a line; fewer draw
+// nothing.
 void CanvasPolygon(std::span<const CanvasPoint> points, const LineAttributes& line,
                    DrawnColour fill, Canvas* canvas);
 

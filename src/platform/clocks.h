@@ -1,4 +1,4 @@
-// The clocks, elapsed time and the time of day, and the one-shot timers of the engine window.
+// The clocks for elapsed time and the time of day, and the one-shot timers of the engine window.
 // Worker thread only.
 #pragma once
 
@@ -14,7 +14,7 @@ namespace korvel {
 [[nodiscard]] std::uint32_t SecondsNow();
 
 struct LocalTime {
-  std::int32_t year = 0;   // with the century
+  std::int32_t year = 0;   // all four digits
   std::int32_t month = 0;  // 1 to 12
   std::int32_t day = 0;
   std::int32_t hour = 0;

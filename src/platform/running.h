@@ -1,12 +1,12 @@
-// Whether the engine may work: the running flag, the request to close, and the request to restart;
-// and the trace of the threads. Worker thread only, except Trace.
+// Whether the engine may work (the running flag and the request to close), the request to restart,
+// and the trace. Worker thread only, except Trace.
 #pragma once
 
 #include <cstdint>
 
 namespace korvel {
 
-// Whether MHEG-5 work may be done: the engine running flag is set and no close was requested.
+// Whether MHEG-5 work may be done: the running flag is set and no close was requested.
 [[nodiscard]] bool MayRun();
 
 // Whether a close was requested. Once true it stays true until the engine has ended.

@@ -17,8 +17,8 @@ inline constexpr std::int32_t kSceneHeight = 576;
 
 // Requests that the scene be drawn again. Only the 1st, 6th, 11th ... request since the counter was
 // reset paints; the others are cheap, so callers need not avoid them. After a request to close,
-// redraw requests are only counted. Failure if an event that was raised while drawing asked to
-// stop.
+// redraw requests are only counted. Failure if an event that was raised while drawing returned
+// Failure.
 Status Redraw();
 
 // ---- Broadcast streams ----

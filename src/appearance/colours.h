@@ -1,6 +1,6 @@
 // Converts the colours of objects to the form that drawing uses. An object's colour may be
 // absolute, an index into a palette, or not set. A colour that is not set comes from the running
-// application, and if that does not set it either, each function names the default.
+// application. If that does not set it either, the default in the function's comment applies.
 #pragma once
 
 #include <string_view>

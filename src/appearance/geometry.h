@@ -1,6 +1,6 @@
 // Boxes and lines in pixels, made safe to draw whatever numbers content gives. Sums are calculated
 // in 64 bits and limited to bounds far outside the scene: beyond them GDI+ overflows, and under
-// Wine it follows a dashed line for minutes.
+// Wine it takes minutes to draw a dashed line.
 #pragma once
 
 #include <algorithm>
@@ -28,7 +28,7 @@ inline constexpr std::int64_t kFarthestCoordinate = 32000;
 }
 
 // A rectangle by its edges; the right and bottom edges are one past the last pixel. Empty unless
-// each edge is beyond its opposite.
+// right > left and bottom > top.
 struct Box {
   std::int32_t left = 0;
   std::int32_t top = 0;
@@ -84,13 +84,13 @@ struct LinePart {
 
 // Cuts a line to the square that reaches `farthest` from the origin in each direction. A dashed
 // line loses a whole number of its `period` at its beginning, so that the remaining dashes do not
-// move; up to one period of it may begin outside the square. A period of 0 is a solid line. False,
-// with `part` unchanged, when the line does not meet the square.
+// move; up to one period of the part may lie outside the square. A period of 0 is a solid line.
+// False, with `part` unchanged, if no part of the line is in the square.
 [[nodiscard]] bool ClipLine(const CanvasPoint& from, const CanvasPoint& to, std::int64_t farthest,
                             double period, LinePart& part);
 
-// Adds to `clipped` the outline of the part of a polygon that lies in the same square, which may be
-// nothing. False if memory runs out.
+// Adds to `clipped` the corners of the part of a polygon that lies in the same square, if there is
+// any. False if memory runs out.
 [[nodiscard]] bool ClipPolygon(std::span<const CanvasPoint> points, std::int64_t farthest,
                                List<CanvasPoint>& clipped);
 

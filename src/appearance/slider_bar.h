@@ -1,5 +1,5 @@
-// The bar of a slider, as boxes in scene pixels. The orientation names the side where the bar
-// begins; it ends at the position of the value in the range.
+// The bar of a slider, as boxes in scene pixels. It begins at the side that the orientation names
+// and ends at the value, counted from 0. A proportional bar covers the portion after the value.
 #pragma once
 
 #include "appearance/geometry.h"
@@ -12,7 +12,7 @@ struct SliderBar {
   Box marker;  // across the bar's end; empty if the style has none
 };
 
-// A slider whose limits are equal has a bar of one pixel.
+// A slider whose MinValue equals its MaxValue has a bar of one pixel.
 [[nodiscard]] SliderBar SliderBarOf(const Slider& slider);
 
 }  // namespace korvel

@@ -20,8 +20,8 @@ namespace korvel {
 // `colour` unchanged, if there is none or if nothing follows it.
 [[nodiscard]] bool ReadLeadingColour(std::string_view text, DrawnColour& colour);
 
-// Copies the text without its control sequences and with each CR replaced by LF. A zero byte ends
-// the result; the bytes after it have no meaning. False if memory runs out.
+// Copies the text without its control sequences and with each CR replaced by LF. The result ends at
+// its first zero byte; ignore the bytes after that. False if memory runs out.
 [[nodiscard]] bool RemoveControlSequences(std::string_view text, OctetString& clean);
 
 // ---- Font attributes ----
@@ -36,7 +36,7 @@ struct FontAttributes {
   std::int32_t letterSpacing = 0;
 };
 
-// Reads the written form: a style word and three numbers. Returns the default if it cannot be read.
+// Reads that form: a style word and three numbers. Returns the default if it cannot be read.
 [[nodiscard]] FontAttributes ReadFontAttributes(std::string_view written);
 
 // The text's own attributes, or else the application's, or else the default.

@@ -15,8 +15,8 @@ struct FrameSize {
 };
 
 // Owns the bytes of a frame. The host's decoder fills them without knowing how many there are, and
-// reads the size from the stream again. So there is always room for the largest frame that a
-// sequence header can describe; the system provides only the pages that are written.
+// reads the size from the stream again. So the buffer is always large enough for any frame that a
+// sequence header can describe; the system only commits the pages that are written.
 class PlanarFrame {
  public:
   // Bytes() is null if memory runs out. Both sides must be above 0.

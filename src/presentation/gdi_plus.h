@@ -1,6 +1,6 @@
 // GDI+ as the drawing files use it: its flat functions, each of which returns a status that the
-// caller checks, and owners that release its objects. An object exists only during the call that
-// draws with it, except in the presentation's state and in canvases.
+// caller checks, and owners that release its objects. An object lives only for one drawing call,
+// except those in the presentation's state and in canvases.
 #pragma once
 
 #include <windows.h>
@@ -73,13 +73,13 @@ using ImageAttributesOwner =
           static_cast<float>(box.Width()), static_cast<float>(box.Height())};
 }
 
-// A bitmap of that size, 32 bits per pixel with alpha. False if it cannot be made.
+// Creates a bitmap of that size in pixels, 32 bits per pixel with alpha. False if that fails.
 [[nodiscard]] inline bool MakeBitmap(std::int32_t width, std::int32_t height, BitmapOwner& bitmap) {
   return Succeeded(gdip::GdipCreateBitmapFromScan0(width, height, 0, PixelFormat32bppARGB, nullptr,
                                                    bitmap.Slot()));
 }
 
-// A brush of the colour. False if the colour is invisible or the brush cannot be made.
+// Creates a brush of the colour. False if the colour is invisible or the creation fails.
 [[nodiscard]] inline bool MakeBrush(DrawnColour colour, SolidBrushOwner& brush) {
   return IsSeen(colour) && Succeeded(gdip::GdipCreateSolidFill(ToGdiPlus(colour), brush.Slot()));
 }

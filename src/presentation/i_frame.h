@@ -8,8 +8,8 @@
 
 namespace korvel {
 
-// Decodes a stream in memory by way of the temporary file, which each call overwrites. False, with
-// `image` unchanged, if there is no image.
+// Writes a stream to the temporary file, which each call overwrites, and decodes it. False, with
+// `image` unchanged, if that fails.
 [[nodiscard]] bool DecodeIFrame(std::string_view stream, BitmapOwner& image);
 
 // Determines the path of the temporary file, when the presentation opens.
@@ -18,7 +18,7 @@ void FindTemporaryFolder();
 // Unloads the host's library if it was loaded, when the presentation closes.
 void ReleaseDecoder();
 
-// ---- Saving pictures. Nothing in the engine calls these: they prepare bitmaps in advance. ----
+// ---- Saving pictures. The engine never calls these: developers convert pictures in advance. ----
 
 // Decodes the stream in a file and saves the picture as a PNG file.
 [[nodiscard]] bool ConvertIFrameToPng(const char* source, const char* target);

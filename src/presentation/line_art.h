@@ -1,4 +1,4 @@
-// How lines, outlines and canvases are drawn, on the back buffer and on canvases.
+// Pens and bordered rectangles, on the back buffer and on canvases, and the canvas itself.
 #pragma once
 
 #include <cstdint>

@@ -38,13 +38,13 @@ struct Picture {
 // unchanged, when GDI+ cannot read the bytes or the picture is beyond the limits.
 [[nodiscard]] bool ReadPicture(std::string_view bytes, Picture& picture);
 
-// The image of a picture file, decoded and kept unless a kept picture is of the same bytes. The
-// limits are kMostKeptPictures and kMostKeptBytes. Null if it cannot be read. Valid until the next
-// call.
+// The image of a picture file, from the kept pictures if one was decoded from the same bytes; else
+// decodes it and keeps it within kMostKeptPictures and kMostKeptBytes. Null if it cannot be read.
+// Valid until the next call.
 [[nodiscard]] Gdiplus::GpImage* DecodedImage(std::string_view file);
 
-// The named picture of the library's resources. It is decoded on first use, and kept until the
-// engine restarts or closes. Null if the library does not have it.
+// The library's picture for video, decoded once for each name (its first 100 bytes) and kept until
+// the engine restarts or closes. Null if it cannot be read.
 [[nodiscard]] Gdiplus::GpImage* NamedImage(std::string_view name);
 
 struct PicturePlacement {
@@ -55,7 +55,7 @@ struct PicturePlacement {
   korvel::BoxSize scaledSize{kNotScaled, kNotScaled};  // of the whole picture
 };
 
-// Paints the picture from the box's top-left corner on, cut to the box. False if there is no
+// Paints the picture at the box's top-left corner, clipped to the box. False if there is no
 // picture; true if it was painted, or if the box or the scale leaves nothing to paint.
 [[nodiscard]] bool PaintPicture(Gdiplus::GpImage* image, const PicturePlacement& placement);
 

@@ -16,7 +16,7 @@
 
 namespace korvel {
 
-// A picture of the library's resources; its image is null if it could not be read.
+// The library's picture under one name; its image is null if it could not be read.
 struct NamedPicture {
   OctetString name;
   Picture content;
@@ -46,9 +46,9 @@ struct PresentationState {
 
   // Decoded on first use, and kept until the engine restarts or closes.
   List<NamedPicture> namedPictures;
-  // The pictures that bitmaps have shown last, until they are too many.
+  // The pictures that bitmaps have shown; all are released when a new one would exceed the limits.
   KeptPictures keptPictures;
-  // The memory of pictures that a restart has destroyed, kept until the engine closes.
+  // The memory of the named pictures that restarts have destroyed, kept until the engine closes.
   List<GlobalBlock> keptBlocks;
 
   HMODULE decoderLibrary = nullptr;  // the host's; loaded when the first I-frame is drawn
@@ -56,7 +56,7 @@ struct PresentationState {
 
   std::uint32_t redrawRequests = 0;
   bool isPainting = false;
-  bool isPaintingDueAgain = false;  // an event raised while painting has requested another one
+  bool isPaintingDueAgain = false;  // an event raised while painting requested another painting
 };
 
 [[nodiscard]] PresentationState& State();

@@ -6,16 +6,16 @@
 
 namespace korvel {
 
-// Whether there is an object and it has every function that the engine calls.
+// Whether `host` is not null and has every function that the engine calls.
 [[nodiscard]] bool IsUsable(const MHEG5Host* host);
 
-// The thread that starts the engine: stores the object, adds a reference to it, and sets its exit
-// callback.
+// On the thread that starts the engine: stores the object, adds a reference to it, and sets its
+// exit callback.
 void KeepHostObject(MHEG5Host* host);
 
-// The worker at its end, or the engine thread if there is no worker: withdraws the exit callback
-// and releases the reference. No thread finds the object after the start of this call. Does nothing
-// the second time.
+// On the worker at its end, or on the engine thread if there is no worker: clears the exit callback
+// and releases the reference. No thread can get the object once this call has begun. A second call
+// does nothing.
 void ReleaseHostObject();
 
 }  // namespace korvel

@@ -12,10 +12,10 @@
 
 namespace korvel {
 
-// The life of an engine, from one RunMHEG5Window to the moment that the next one is accepted.
+// The life of an engine, from one RunMHEG5Window until the next one is accepted.
 enum class Phase : std::uint8_t {
   Idle,      // no engine; a start is accepted
-  Starting,  // RunMHEG5Window is running; the engine thread waits at the gate
+  Starting,  // RunMHEG5Window is running; the engine thread waits for `startGate`
   Alive,     // until the host is notified of the close
   Epilogue,  // the host is being notified; a start waits for the engine thread to end
 };

@@ -1,5 +1,5 @@
 // The two queues in which the engine thread passes window messages to the worker, and the queue
-// lock. A close overtakes all other messages.
+// lock. A close is taken before all other messages.
 #pragma once
 
 #include <windows.h>
@@ -13,7 +13,7 @@ struct QueuedMessage {
   std::uint32_t wParam = 0;
 };
 
-// Engine thread: before the window is created, and after the worker has ended.
+// Engine thread: opens the queues before the window is created, closes them after the worker ended.
 void OpenMessageQueues();
 void CloseMessageQueues();
 
@@ -32,8 +32,8 @@ void RemoveQueuedExpiries(std::uint32_t id);
 // Worker: releases all remaining messages.
 void DrainMessageQueues();
 
-// The queue lock, for a scope that does several of the above, or sets a timer, as one step. All the
-// functions take it themselves; a thread may take it more than once.
+// Holds the queue lock for a scope, which makes several of the calls above, or one and the setting
+// of a timer, one atomic step. The functions take the lock themselves; it is recursive.
 class [[nodiscard]] QueuesLocked {
  public:
   QueuesLocked();

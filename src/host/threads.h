@@ -22,7 +22,7 @@ inline constexpr UINT kRestartAfterQuit = 0x8001;  // the application has quit
 inline constexpr UINT kRestartAfterTune = 0x8003;  // the running application is closed first
 
 // Posted if the platform does not let the worker set a timer of the engine thread's window: the
-// engine thread then sets it. Timer id and period in milliseconds.
+// engine thread then sets it. The parameters are the timer id and the period in milliseconds.
 inline constexpr UINT kSetWindowTimer = 0x8010;
 
 [[nodiscard]] bool RegisterEngineWindowClass();

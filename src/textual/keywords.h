@@ -8,8 +8,8 @@
 
 namespace korvel {
 
-// The codes of tokens. 1 to kKeywordCount are the keywords; their order is the notation's own, in
-// which Stop precedes Step.
+// The codes of tokens. 1 to kKeywordCount are the keywords, in the fixed order of the notation. For
+// actions it is that of the action table, but Stop precedes Step.
 inline constexpr std::uint16_t kEndOfText = 0;
 inline constexpr std::uint16_t kKeywordCount = 300;
 inline constexpr std::uint16_t kNullWord = 298;
@@ -31,8 +31,8 @@ constexpr bool IsKeyword(std::uint16_t code) { return code >= 1 && code <= kKeyw
 // The code of an upper-case word, or 0 if it is not a keyword.
 [[nodiscard]] std::uint16_t FindKeyword(std::string_view word);
 
-// The hash of a word: the sum of its bytes as signed numbers, kept to 16 bits without a sign, so
-// that bytes from 128 on also have a bucket.
+// The hash of a word: the sum of its bytes as signed numbers, reduced to 16 unsigned bits, so that
+// words with bytes above 127 have a bucket too.
 inline constexpr std::size_t kKeywordBuckets = 101;
 [[nodiscard]] constexpr std::size_t KeywordBucket(std::string_view word) {
   std::int32_t sum = 0;

@@ -31,7 +31,7 @@ struct TokenList {
 
 enum class [[nodiscard]] LexResult : std::int32_t{
     Done = 0,
-    BadText = 1,  // no token begins here, a token is malformed, or the text is too long
+    BadText = 1,  // a byte begins no token, a token is malformed, or the text is too long
     NoMemory = -2,
     UnknownWord = -3,  // not a keyword, or a lone "/"
 };

@@ -1,5 +1,5 @@
-// Walks the tokens of a text for the builders, and remembers the furthest token that none of them
-// could read, which is probably the author's error.
+// Gives the tokens of a text to the builders, and remembers the furthest token that could not be
+// read, which is probably the author's error.
 #pragma once
 
 #include <utility>
@@ -49,7 +49,7 @@ class TextReader {
     return TakeKeyword(keyword) || Refuse(keyword);
   }
 
-  // The place of the next token, to return to later.
+  // The index of the next token, to return to later.
   [[nodiscard]] std::size_t Place() const { return place_; }
   void ReturnTo(std::size_t place) { place_ = place; }
 
@@ -120,7 +120,7 @@ class TextReader {
 // A parameter or target: a literal of that kind, or ":IndirectRef" and the variable that holds one.
 [[nodiscard]] bool ReadGeneric(TextReader& reader, ValueKind kind, GenericValue& value);
 
-// The number of a word. The first word is 1.
+// Reads one of these words as its number. The first word is 1.
 [[nodiscard]] bool ReadWord(TextReader& reader, Words words, std::int32_t& value);
 
 // A word, or the number of an enumeration without words.
@@ -134,7 +134,7 @@ template <IsEnumeration Enumeration>
   return isRead;
 }
 
-// A structure's elements in order. Those with a keyword are optional.
+// Reads a structure's elements in order. Those with a keyword are optional.
 template <IsSequence Record> [[nodiscard]] bool Read(TextReader& reader, Record& record) {
   bool isRead = true;
   ForEachElement<Record>([&](const auto& element) {
@@ -145,7 +145,7 @@ template <IsSequence Record> [[nodiscard]] bool Read(TextReader& reader, Record&
   return isRead;
 }
 
-// One entry of a list. An entry that is a structure is in parentheses.
+// Reads one entry of a list. A structure in a list is in parentheses.
 template <class Entry> [[nodiscard]] bool ReadEntry(TextReader& reader, Entry& entry) {
   return Read(reader, entry);
 }

@@ -1,4 +1,4 @@
-// The text that is being written: words with single spaces between them, brackets and indented
+// Collects the text that is written: words with single spaces between them, brackets and indented
 // lines. After a failure it writes nothing more and remembers the failure, so that callers need not
 // check every call.
 #pragma once
@@ -38,7 +38,7 @@ class TextWriter {
   void FailForWord(std::int32_t number);
 
   [[nodiscard]] bool HasFailed() const { return hasFailed_; }
-  // Empty when memory ran out.
+  // The value that caused the failure; its keyword is empty if memory ran out instead.
   [[nodiscard]] const WordlessValue& Wordless() const { return wordless_; }
   [[nodiscard]] std::string_view Text() const { return {text_.begin(), text_.Size()}; }
 
@@ -98,7 +98,7 @@ template <IsSequence Record> void Write(TextWriter& writer, const Record& record
   });
 }
 
-// One entry of a list. A structure is in parentheses there.
+// Writes one entry of a list. A structure in a list is in parentheses.
 template <class Entry> void WriteEntry(TextWriter& writer, const Entry& entry) {
   Write(writer, entry);
 }
@@ -112,7 +112,7 @@ void WriteEntry(TextWriter& writer, const ActionSlot& slot);
 void WriteEntry(TextWriter& writer, const ElementaryAction& action);
 void WriteEntry(TextWriter& writer, const Item& item);
 
-// Entries that are too long to share a line.
+// Whether list entries of this type each have their own line.
 template <class Entry>
 inline constexpr bool kHasLinesOfItsOwn =
     std::is_same_v<Entry, Item> || std::is_same_v<Entry, ElementaryAction> ||

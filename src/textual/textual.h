@@ -22,10 +22,10 @@ enum class [[nodiscard]] TextResult : std::int32_t{
     NoMemory = -1,  // the application's record could not be allocated
 };
 
-// The longest text that is read: a place in it is a number of 16 bits.
+// The longest text that is read, in bytes: offsets in it are limited to 16 bits.
 inline constexpr std::size_t kMaxTextSize = 65535;
 
-// A place in a text, both numbers from 1 on; the column counts bytes.
+// A place in a text. Both numbers count from 1; columns are bytes.
 struct TextPlace {
   std::uint32_t line = 0;
   std::uint32_t column = 0;
@@ -70,10 +70,10 @@ struct WordlessValue {
   std::int32_t number = 0;
 };
 
-// Writes a group as text: two spaces of indentation a level, an attribute a line, attributes at
-// their construction values omitted unless they are mandatory. Reading the text gives equal
-// records. Refused, with `text` unchanged, if a value has no word (`wordless` then receives it) or
-// memory runs out.
+// Writes a group as text: two spaces of indentation per level and one attribute per line.
+// Attributes at their construction values are omitted unless they are mandatory. Reading the text
+// gives equal records. Refused, with `text` unchanged, if a value has no word (`wordless` then
+// receives it) or memory runs out.
 Status WriteTextGroup(const Group& group, OctetString& text, WordlessValue* wordless = nullptr);
 
 }  // namespace korvel

@@ -77,7 +77,7 @@ void DumpComponent(const Tree& tree, const Item& component);
 void Dump(const Tree& tree, const Ingredient& ingredient);
 void Dump(const Tree& tree, const Link& link);
 void Dump(const Tree& tree, const Program& program);
-// One of the five variables; the class number says which.
+// A variable of one of the five classes, which `type` names.
 void DumpVariable(const Tree& tree, ItemType type, const Ingredient& variable);
 // The class between an ingredient and a visible, a stream, an audio or a token group; it has no
 // fields of its own.

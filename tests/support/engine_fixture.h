@@ -1,7 +1,7 @@
 // The fixture for tests of the engine core: it serves content written as text as files, sends keys
 // and timer expiries, and captures the engine's output and the values of the running application's
-// variables. In most tests the content records what happened: links append marks to a variable, and
-// the test compares the sequence of marks.
+// variables. In most tests the content records what happened: links append marks to a variable, the
+// notes, and the test compares the notes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ inline void PrintTo(ItemType type, std::ostream* out) {
 
 namespace test {
 
-// The number of the variable that collects the notes. Every group that GroupText builds has one.
+// The number of the variable that holds the notes. Every group that GroupText builds has one.
 inline constexpr std::int32_t kNotes = 99;
 
 // ---- Parts of content ----
@@ -139,13 +139,13 @@ class EngineTest : public testing::Test {
     Serve(file, SceneText("~/" + file, items, attributes));
   }
 
-  // Runs `work` as the worker runs one key or timer: it releases ended groups first, not
-  // afterwards.
+  // Runs `work` as the worker handles one key or timer: ended groups are released before, not
+  // after.
   template <class Work> auto Do(Work&& work) {
     BeginWork();
     return GoOn(work);
   }
-  // Runs `work` as part of the last key or timer.
+  // Runs `work` as part of the work that Do began last: ended groups are not released first.
   template <class Work> auto GoOn(Work&& work) { return WithOutputIn(printed_, work); }
   Status Start(std::string_view path = "") {
     return Do([&] { return StartEngine(path); });

@@ -18,13 +18,13 @@
 
 namespace korvel::test {
 
-// How content names an object. Without a group it means its own group.
+// The name of an object in content. Without a group, the object is in the group that uses the name.
 struct ObjectName {
   std::optional<std::string> group;
   std::int32_t number = 0;
 };
 
-// An action for a list. Every value of an indirect one is read from a variable.
+// An action to make. If it is indirect, all its values are references to variables that hold them.
 struct ChosenAction {
   std::uint8_t number = 0;
   bool isIndirect = false;
@@ -50,8 +50,8 @@ constexpr ClassSet VariableClassOf(ValueKind kind) {
 //   std::int32_t Integer(), std::string Octets()  any value
 //   std::int32_t EnumerationNumber(std::uint32_t count)
 //   ObjectName Group(ItemType), Item(ItemType)    the name of a new object
-//   ObjectName ObjectOf(ClassSet)                 a reference, to one of the classes if it can
-//   std::size_t ItemCount(ItemType)               the new items of a class in a list
+//   ObjectName ObjectOf(ClassSet)                 a reference, if possible to one of the classes
+//   std::size_t ItemCount(ItemType)               how many items of a class to add to a list
 //   std::vector<ChosenAction> Actions()           the actions of a new list
 template <class Choices> class GroupMaker {
  public:
@@ -86,7 +86,7 @@ template <class Choices> class GroupMaker {
     return action;
   }
 
-  // For a complete group, a value different from the attribute's default.
+  // Fills the chosen attributes; in a complete group each gets a value different from its default.
   template <class Record> void FillAttributes(Record& record) {
     const Record fresh;
     ForEachAttribute<Record>([&](const auto& attribute) {
@@ -273,13 +273,13 @@ template <class Choices> class GroupMaker {
     }
   }
 
-  // No allocation fails while these groups are generated.
+  // Aborts after a failed allocation: no test makes one fail while a group is generated.
   static void Require(bool isDone) {
     if (!isDone) std::abort();
   }
 
   Choices& choices_;
-  bool isIndirect_ = false;  // whether the action that is made reads all its values from variables
+  bool isIndirect_ = false;  // the current ChosenAction::isIndirect
 };
 
 }  // namespace korvel::test

@@ -1,5 +1,6 @@
-// Substitutes for the engine core and the presentation. They record the calls of the host's threads
-// and run the functions that a test has set, so that tests can check the order of calls.
+// Substitutes for the engine core and the presentation. They record each call by the host's threads
+// as a line of the journal, so that tests can check the order of calls, and run the functions that
+// a test has set.
 #pragma once
 
 #include <cstdint>

@@ -304,7 +304,7 @@ TEST_F(CanvasTest, half_transparent_black_is_invisible_too) {
   EXPECT_EQ(Paint().At(135, 135), kBlue);
 }
 
-TEST_F(CanvasTest, a_frame_is_drawn_around_and_the_canvas_inside_of_its_line) {
+TEST_F(CanvasTest, a_border_is_drawn_inside_the_box_and_the_canvas_inside_the_border) {
   lineArt.BorderedBoundingBox = true;
   lineArt.LineWidth = 5;
   lineArt.RefLineColour = Absolute(kGreenBytes);
@@ -375,7 +375,7 @@ TEST_F(CanvasTest, a_canvas_larger_than_the_scene_is_cut_at_its_edges) {
   EXPECT_EQ(Ink(), Area{});
 }
 
-TEST_F(CanvasTest, the_largest_numbers_take_no_time) {
+TEST_F(CanvasTest, drawing_with_the_largest_numbers_is_fast) {
   constexpr std::int32_t kLargest = 0x7FFFFFFF;
   constexpr std::int32_t kSmallest = -kLargest - 1;
   const std::uint64_t start = ProcessorMs();

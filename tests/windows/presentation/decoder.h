@@ -32,7 +32,7 @@ class Decoder {
   Decode decode_;
 };
 
-// A stream of this size; the byte after the size is the frame's luma.
+// A stream whose sequence header has this size, followed by one byte, the luma of the whole frame.
 [[nodiscard]] std::string Stream(int width, int height, std::uint8_t luma);
 
 // Decodes such a stream as a real decoder does: reads its size and fills a frame of that size.

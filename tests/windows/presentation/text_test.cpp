@@ -31,7 +31,7 @@ class TextTest : public Stage {
   Text text;
 };
 
-TEST_F(TextTest, some_text_is_always_visible) {
+TEST_F(TextTest, a_word_is_drawn_on_one_line_from_the_left_of_its_box) {
   const Pixels picture = Draw("Hello");
   const Area ink = picture.Extent(kWholeScene);
   EXPECT_GT(ink.Width(), 20);

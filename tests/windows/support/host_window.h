@@ -1,5 +1,5 @@
-// The host's window in tests: invisible, owned by the thread that creates it. Counts the engine's
-// closed messages.
+// The host's window in tests: invisible, owned by the thread that creates it. Counts the messages
+// by which the engine reports its close.
 #pragma once
 
 #include <windows.h>

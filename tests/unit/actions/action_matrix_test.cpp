@@ -84,8 +84,8 @@ TEST(ActionMatrix, the_table_of_actions_agrees_with_the_reviewed_copy) {
   EXPECT_EQ(printed, ReviewedCopy());
 }
 
-// One call of an action: `setup` runs first, then `text`. "$" is replaced by the target. Objects
-// are numbered by their class.
+// One call of an action: `setup` runs first, then `text`. "$" is replaced by the target, an object
+// whose number is that of its class.
 struct Trial {
   Action action;
   std::string text;
@@ -311,8 +311,7 @@ class ActionMatrixTest : public Stage {
   }
 };
 
-// BringToFront rebuilds the display stack with the same entries. That is no change, even if they
-// move to other addresses.
+// BringToFront removes the entry from the display stack and adds it again. That is no change.
 TEST_F(ActionMatrixTest, bringing_the_front_object_to_the_front_changes_nothing) {
   EXPECT_EQ(Changes(":BringToFront(13)", ":BringToFront(13)", true), "");
 }

@@ -23,7 +23,7 @@ class Events : public EngineTest {
   }
 };
 
-// Six links on one event, noting "1" to "6".
+// Six links on one event, which append "1" to "6" to the notes.
 std::string SixLinks(std::string_view source, std::string_view event) {
   std::string links;
   for (std::int32_t number = 1; number <= 6; ++number) {
@@ -321,7 +321,7 @@ TEST_F(Events, only_a_raise_by_type_ignores_a_tilde_in_a_links_own_name) {
   EXPECT_EQ(TakeNotes(), "x");
 }
 
-TEST_F(Events, a_scene_and_an_application_of_one_name_lose_each_others_links) {
+TEST_F(Events, the_end_of_a_scene_removes_the_links_of_an_application_of_its_name) {
   ServeApplication(LinkOnKey(1, 100, Note("a"), kShared));
   ServeScene("next", "");
   Serve("same", "{:Scene (\"/a\" 0) :Items (" + LinkOnKey(1, 100, Note("s")) + ")}");

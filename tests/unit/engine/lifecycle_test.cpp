@@ -131,7 +131,7 @@ TEST_F(Lifecycle, a_refused_spawn_does_not_end_its_list) {
   EXPECT_EQ(TheHost().pausedMs, 500U);
 }
 
-TEST_F(Lifecycle, a_spawn_that_fails_leaves_its_name_pushed) {
+TEST_F(Lifecycle, a_spawn_that_fails_leaves_the_application_on_the_stack) {
   ServeApplication("");
   ServeScene("menu", "");
   ServeBroken("broken");

@@ -225,8 +225,8 @@ TEST_F(ResidentProgramsTest, the_current_date_is_a_julian_date_and_the_time_is_b
   EXPECT_EQ(Integer(kSecond), 0);
 }
 
-// The formula for modified Julian dates holds from March 1900 to February 2100. The calendar of FDa
-// and GDW has no such limit.
+// GCD's formula for modified Julian dates is valid from March 1900 to February 2100. The calendar
+// of FDa and GDW has no such limit.
 TEST_F(ResidentProgramsTest, dates_agree_with_the_c_library_over_two_centuries) {
   constexpr std::int64_t kDayNumberOf1970 = 40587;
   constexpr std::int32_t kFirstOfTheFormula = 15079;     // 1 March 1900
@@ -348,8 +348,8 @@ TEST_F(ResidentProgramsTest, repeated_extraction_walks_through_a_list) {
   EXPECT_EQ(start, 10);
 }
 
-// The rule of a search: the first position from `start` on where the text matches, counted from 1,
-// or -1.
+// The rule of a search: the first position at or after `start`, counted from 1, where the text
+// matches, or -1.
 std::int32_t PlaceByRule(const std::string& text, std::int32_t start, const std::string& wanted) {
   for (std::size_t at = start < 1 ? 0 : static_cast<std::size_t>(start) - 1;
        at + wanted.size() <= text.size(); ++at) {

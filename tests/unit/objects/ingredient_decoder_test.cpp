@@ -112,7 +112,7 @@ TEST(DecodeLink, event_data_has_the_kind_of_its_type_or_none) {
   EXPECT_FALSE(OneItem<Link>(20, Holding(62, start + Null())).IsDone());
 }
 
-TEST(DecodeLink, condition_may_be_in_an_explicit_sequence_with_either_reference) {
+TEST(DecodeLink, condition_may_be_in_an_explicit_sequence_with_either_form_of_reference) {
   for (const Bytes& source : {Integer(3), External("~/a", 3)}) {
     const Bytes condition = source + Enumerated(6);
     const OneItem<Link> link(20, Holding(62, Sequence(condition)));

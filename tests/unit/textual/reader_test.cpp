@@ -63,7 +63,7 @@ TEST(TextReader, a_scene_is_read_into_its_records) {
   EXPECT_EQ(setPosition.Parameters.At(1)->Integer, 200);
 }
 
-// Reads a scene with these items; Only returns its single item as a Record.
+// Reads a scene with these items. Only() returns the first item, as a Record.
 Reading ReadItems(const std::string& items) {
   return ReadText("{:Scene (\"~/s\" 0) :Items (" + items + ")}");
 }
@@ -87,7 +87,7 @@ std::string KindsOf(const ElementaryAction& action) {
   }
   return kinds;
 }
-// Succeeds if the text is refused at that line and column, with these reports.
+// Whether the text was refused at that line and column, with these two texts in the error.
 testing::AssertionResult IsRefusedAt(const Reading& reading, unsigned line, unsigned column,
                                      const std::string& found, const std::string& expected) {
   const TextError& error = reading.error;
@@ -101,7 +101,7 @@ testing::AssertionResult IsRefusedAt(const Reading& reading, unsigned line, unsi
          << ", expected " << error.expected.data();
 }
 
-TEST(TextReader, default_attributes_of_an_application_are_mixed_with_its_others) {
+TEST(TextReader, default_attributes_are_written_among_the_applications_others) {
   const Reading reading = ReadText(R"({:Application ("~/a" 0)
     :TextColour '=FF=FF=FF=00' :OnRestart (:Quit(0)) :Font "Sans" :BitmapCHook 4
     :BackgroundColour 7 :StdID 2 20})");
@@ -316,7 +316,7 @@ TEST(TextReader, an_invisible_byte_is_reported_by_its_number) {
   EXPECT_TRUE(IsRefusedAt(ReadText("\xC8x"), 1, 1, "byte 200", "a keyword, a value or a bracket"));
 }
 
-// Callers without these headers see the numbers.
+// The number is fixed, because callers without these headers see only the number.
 TEST(TextReader, every_invalid_text_returns_1) {
   for (const std::string& text :
        {std::string("{:Scene 0x1}"), std::string("{:Scene -}"), std::string("{:Foo 0}"),

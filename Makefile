@@ -1,16 +1,16 @@
-# The short front of the CMake presets. Each target installs the Debian packages that it needs and
-# that are missing, builds no more than it needs, and does its job: any of them may be the first
-# command on a machine (scripts/fresh-machine.sh). Products: build/<preset>/bin/.
+# Short commands for the CMake presets. Each target installs the missing Debian packages that it
+# needs and builds only what it needs, so any target may be the first command on a new machine
+# (scripts/fresh-machine.sh tests that). Products: build/<preset>/bin/.
 .PHONY: play test test-elsewhere gallery dll mheg demos fuzz bench bench-check check format
 
-# Plays the demo that DEMO names (welcome, quiz, clock): in a window where there is a display, else
-# into screenshots.
+# Plays the demo that DEMO names (welcome, quiz, clock): in a window if there is a display,
+# otherwise takes screenshots.
 play: dll demos
 	@scripts/install-packages.sh run display
 	@scripts/play.sh $(or $(DEMO),welcome)
 
-# All tests: the instruction counts of the benchmarks, native tests under the sanitizers, a minute
-# of fuzzing each reader and the engine, Windows tests under Wine, scenarios, checks.
+# All tests: the benchmarks' instruction counts, native tests under the sanitizers, a minute of
+# fuzzing for each reader and the engine, Windows tests under Wine, scenarios, checks.
 test:
 	@scripts/install-packages.sh native windows run gallery test fuzz bench format tidy
 	@scripts/run-tests.sh native native-asan fuzz win64 win32
@@ -60,7 +60,7 @@ bench-check:
 	@cmake --build --preset native --target bench_check
 	@bench/check/compare.py build/native $(if $(ACCEPT),--accept)
 
-# Layout, clang-tidy, and every header by itself.
+# Checks the formatting, runs clang-tidy, and compiles every header by itself.
 check:
 	@scripts/install-packages.sh native windows format tidy
 	@scripts/check-format.sh

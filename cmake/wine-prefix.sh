@@ -1,7 +1,7 @@
 #!/bin/sh
 # Creates the Wine prefix at WINEPREFIX unless it exists. Several scripts may call it at once. Its
 # settings give the engine window a client area of exactly 720 x 576, allow windows without a
-# display, and end a crashed program at once without a dialogue.
+# display, and end a crashed program immediately without a dialogue.
 ready="$WINEPREFIX/korvel-ready"
 [ -e "$ready" ] && exit 0
 mkdir -p "$WINEPREFIX"

@@ -2,8 +2,8 @@
 """Prints the results of benchmarks as one table, with the goals that are met.
 
 Usage: bench_table.py [--curves FOLDER] GOALS RESULT...
-A RESULT is in Google Benchmark's JSON format. The references of a benchmark are its other numbers,
-in its own unit of time, or the benchmarks named like it with "#" and the name of the reference.
+A RESULT is in Google Benchmark's JSON format. The references of a benchmark, to which it is
+compared, are its counters (in its unit of time) and the benchmarks named BENCHMARK#REFERENCE.
 With --curves, writes an SVG picture per subject: the time by size of its workloads.
 """
 import argparse

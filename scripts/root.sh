@@ -27,7 +27,7 @@ make_root() {
 
 # run_in_root ROOT FOLDER COMMAND...: runs the command in that system, in FOLDER, which the system
 # shares with this machine under the same absolute name. The mounts and all processes live in
-# namespaces of their own, so nothing of them is left when the command ends or is interrupted.
+# namespaces of their own, so they are gone when the command ends or is interrupted.
 run_in_root() {
   unshare --mount --pid --fork --kill-child sh -ec '
     root=$1 folder=$2
@@ -41,7 +41,7 @@ run_in_root() {
       chroot "$root" sh -c '\''cd "$0" && "$@"'\'' "$folder" "$@"
   ' sh "$@" &
   inside=$!
-  trap 'kill -KILL "$inside"; exit 130' INT TERM  # unshare heeds no other signal
+  trap 'kill -KILL "$inside"; exit 130' INT TERM  # unshare ignores all other signals
   wait "$inside"
   set -- $?
   trap - INT TERM

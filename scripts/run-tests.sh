@@ -32,7 +32,7 @@ trap stop_wine EXIT
 start_wine || fail "Wine does not start"
 for preset; do
   # One native and one Windows build check that every header compiles alone. The native preset is
-  # optimised and has only the benchmarks, whose instructions its test counts.
+  # optimised and has no tests but the one that counts the benchmarks' instructions.
   tests=KORVEL_TESTS headers=all_verify_interface_header_sets
   case $preset in
   native) tests=KORVEL_BENCH headers= ;;

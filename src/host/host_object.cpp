@@ -1,6 +1,6 @@
 // The engine's reference to the host object, the callback by which the host can close the engine,
-// and reading broadcast files: the host object is called again while the host has not received the
-// file yet.
+// and reading broadcast files: calls the host object again while it reports that the file is not
+// yet available.
 #include "host/host_object.h"
 
 #include <cstdint>

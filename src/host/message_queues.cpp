@@ -25,7 +25,7 @@ struct MessageQueues {
 
 constinit MessageQueues queues = {};
 
-// The queue is in the order of the window's messages, but an expiry may be removed from its middle.
+// The queue has the order of the window's messages, but expiries may be removed from its middle.
 void Unlink(Record* before, Record* record) {
   (before == nullptr ? queues.head : before->next) = record->next;
   if (queues.tail == record) queues.tail = before;

@@ -1,7 +1,7 @@
 // The engine window. Its procedure turns messages into records for the worker and does no MHEG-5
 // work itself. The worker sets and kills the one-shot timers, and the engine thread receives their
-// expiries; both hold the queue lock meanwhile, so that an expiry on its way can neither kill the
-// timer that replaces it nor fire in its place.
+// expiries; both hold the queue lock as they do so, so that a late expiry of a replaced timer
+// neither kills the new timer nor counts as its expiry.
 #include <cstdint>
 
 #include "host/host_state.h"
@@ -26,8 +26,8 @@ constexpr int kTop = 50;
 constexpr int kOuterWidth = 726;
 constexpr int kOuterHeight = 607;
 
-// Afterwards a close request finds no window, so it never reaches another program's window with the
-// same handle.
+// After this, a close request finds no window, so it never reaches another program's window with
+// the same handle.
 HWND ForgetEngineWindow() {
   const StateLocked locked;
   return hostState.engineWindow.exchange(nullptr);

@@ -28,7 +28,7 @@ constexpr std::int32_t kNoSource = 0;
 struct KeyRange {
   std::uint32_t first;
   std::uint32_t last;
-  std::int32_t userInput;  // of the first
+  std::int32_t userInput;  // of the first code
 };
 
 constexpr std::array<KeyRange, 14> kKeys = {{

@@ -1,4 +1,4 @@
-// The redraw of the scene: which requests paint, and the walk over the display stack from the
+// The redraw of the scene: which requests paint, and the drawing of the display stack from the
 // bottom to the top. Each class is drawn by its own file.
 #include <cstdint>
 
@@ -33,9 +33,9 @@ constexpr std::uint32_t kRequestsPerPainting = 5;
   return true;
 }
 
-// Draws the entries that were in the stack when the walk began, because the event that reports a
-// missing picture may change the stack or end groups. False if the walk cannot continue; `result`
-// is then Failure if an event asked to stop.
+// Draws a copy of the stack's entries, because the event that reports a missing picture may change
+// the stack or end groups. False if drawing cannot continue; `result` is then Failure if an event
+// returned Failure.
 [[nodiscard]] bool DrawStack(Application& application, Status& result) {
   List<StackedVisible> entries;
   for (const StackedVisible& entry : application.DisplayStack) {

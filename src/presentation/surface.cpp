@@ -117,7 +117,7 @@ HWND UpdateScreen() {
   const ScreenLock lock;
   Trace(">>>>>>>>DeviceUpdate !!\n");
   if (screen.pixels == nullptr || State().backBuffer == nullptr) return nullptr;
-  // The clock never runs backwards.
+  // The clock never runs backwards, so a comparison for equality is enough.
   const std::uint32_t now = MillisecondsSinceProcessStart();
   if (screen.lastUpdateMs == now) return nullptr;
   screen.lastUpdateMs = now;
@@ -182,7 +182,7 @@ void DeviceUpdate() {
   HWND window = UpdateScreen();
   if (window == nullptr) return;
   Trace(">>>>>>>>DeviceUpdate END!!\n");
-  // Outside the lock, which the engine thread needs to paint what was uncovered meanwhile.
+  // Outside the lock, which the engine thread needs to paint parts that were uncovered meanwhile.
   UpdateWindow(window);
 }
 

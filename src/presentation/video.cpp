@@ -1,6 +1,6 @@
 // Video: a fixed picture replaces broadcast video, which is not decoded here. The picture is read
-// once from the library's resources. A name that cannot be read is kept too, so that it is not
-// tried again at every painting.
+// once from the library's resources. A failure is remembered, so that the reading is not tried
+// again at every painting.
 #include "appearance/geometry.h"
 #include "platform/screen.h"
 #include "presentation/drawings.h"

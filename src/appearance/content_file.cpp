@@ -49,7 +49,7 @@ std::size_t FirstGifFrame(const Header& header) {
   return at;
 }
 
-// A screen without a size is as large as its frame.
+// A GIF screen without a size is as large as its frame.
 bool IsDecodableGif(const Header& header) {
   const std::uint64_t screen = std::uint64_t{header.Little16(6)} * header.Little16(8);
   const std::size_t frame = FirstGifFrame(header);
@@ -62,7 +62,7 @@ std::uint32_t Magnitude(std::uint32_t number) {
   return (number & 0x8000'0000) != 0 ? 0 - number : number;
 }
 
-// The offset of the pixels must be inside the file: under Wine GDI+ follows any offset.
+// The offset of the pixels must be inside the file: under Wine GDI+ reads at any offset.
 bool IsDecodableBmp(const Header& header, std::size_t fileBytes) {
   constexpr std::uint32_t kOldHeaderBytes = 12;
   if (header.Little32(10) > fileBytes) return false;

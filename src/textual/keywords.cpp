@@ -145,7 +145,7 @@ static_assert(HasListedActions());
 
 // ---- Guesses ----
 
-// No longer word is near any keyword.
+// Longer words are not compared: they are not near any keyword.
 constexpr std::size_t kLongestWord = 40;
 
 // The number of letters to insert, omit or change. Neither word is longer than kLongestWord.

@@ -167,8 +167,8 @@ class Lexer {
                 static_cast<std::uint32_t>(list_.stringBytes.Size() - start)});
   }
 
-  // A minus or a digit and the digits after it. A leading zero is a number by itself, and
-  // hexadecimal numbers are not part of the notation.
+  // Reads a minus or a digit, and the digits after it. A leading zero is a number by itself, and
+  // there are no hexadecimal numbers.
   LexResult ReadNumber() {
     const std::size_t begin = position_;
     const bool isNegative = Here() == '-';

@@ -23,10 +23,11 @@
 namespace korvel::test {
 namespace {
 
-// Enough to see what a step does; content that never ends then takes milliseconds.
+// Far below the engine's own limit: content that loops forever then takes milliseconds, not
+// seconds.
 constexpr std::uint32_t kMostActionsOfStep = 2000;
 constexpr std::uint32_t kMostSteps = 64;
-// Strings that double themselves soon end.
+// Makes strings that content doubles repeatedly fail soon.
 constexpr std::size_t kLargestBlock = 1 << 18;
 
 // An application that sets its variable when a key is pressed.
@@ -186,10 +187,11 @@ class Player {
     }
   }
 
-  // Lets an allocation of the next work fail, if a step has asked for it.
+  // Makes an allocation fail in the work that follows, if an earlier step has chosen one.
   void Fail() { FailAllocation(std::exchange(failingAllocation_, 0)); }
 
-  // Reads the stack as a painting does, and reports a missing picture for each visible.
+  // Reads the display stack as a painting does and, if the input chooses so, raises the event of a
+  // missing picture for each visible.
   Status Paint() {
     CheckNesting();
     if (paintings_++ < kMostCheckedPaintings) CheckRegisters();
@@ -225,15 +227,15 @@ class Player {
 
   static constexpr int kMostRestarts = 3;
   static constexpr int kMostCheckedPaintings =
-      20;  // of one step; each takes a walk over all objects
+      20;  // in one step, because each check visits all objects
 
   Choices& choices_;
-  std::vector<KnownObject> groups_;  // of the carousel
+  std::vector<KnownObject> groups_;  // the carousel's groups
   int restarts_ = 0;
   int paintings_ = 0;
   std::size_t failingAllocation_ = 0;
   bool raisesInRedraws_ = false;
-  bool changesFetchedFiles_ = false;  // each fetch then takes long and may find another file
+  bool changesFetchedFiles_ = false;  // fetches take long and may find a file that has changed
   bool isPainting_ = false;
 };
 

@@ -20,10 +20,10 @@ namespace {
 namespace fs = std::filesystem;
 using Files = std::map<std::string, std::string>;
 
-// Larger content files are left out, because the native engine only copies them.
+// Larger content files are omitted, because without a presentation the engine only copies them.
 constexpr std::uintmax_t kMostFileBytes = 4096;
 
-// The programs are not a demo, but like one they act more than they show.
+// The demos, and a carousel that calls the resident programs: all have more actions than pictures.
 std::vector<Files> demos;
 std::vector<Files> scenarios;
 
@@ -215,7 +215,7 @@ void LoadSeeds() {
   for (const auto& entry : fs::directory_iterator(sources / "tests" / "scenarios")) {
     if (fs::is_directory(entry.path() / "carousel")) folders.push_back(entry.path() / "carousel");
   }
-  // The order decides what an input means.
+  // Inputs choose a carousel by its index, so the order must be the same on every machine.
   std::sort(folders.begin(), folders.end());
   for (const fs::path& folder : folders) scenarios.push_back(Compile(folder));
 }

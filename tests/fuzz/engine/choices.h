@@ -49,7 +49,7 @@ class Choices {
   [[nodiscard]] static constexpr bool IsComplete() { return false; }
   bool Sometimes() { return Below(4) != 0; }
 
-  // Mostly small, so that numbers of items, places, keys and timers are often the same.
+  // Mostly small, so that it often equals the number of an item, a place, a key or a timer.
   std::int32_t Integer();
   std::string Octets();
   std::int32_t EnumerationNumber(std::uint32_t count) {
@@ -61,8 +61,8 @@ class Choices {
   std::size_t ItemCount(ItemType type) { return Below(type == ItemType::Link ? 8 : 2); }
   std::vector<ChosenAction> Actions();
 
-  // The group of the next content that is made, the objects that its references should find, and
-  // the highest number of its actions.
+  // For the content that is made next: its group, the objects that its references may name, and the
+  // highest action number.
   std::string groupName;
   std::vector<KnownObject> known;
   std::uint8_t lastAction = kDecodedActionCount;

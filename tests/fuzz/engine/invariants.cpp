@@ -1,4 +1,4 @@
-// Walks the running groups and compares every register of the engine with them.
+// Visits all objects of the running groups and compares the engine's state with them.
 #include "invariants.h"
 
 #include <algorithm>
@@ -25,8 +25,8 @@ struct LivingObject {
   std::uint32_t entries = 0;  // in the display stack
 };
 
-// Every ingredient of the running groups, by its address: a register may hold the address of a
-// released one, which must not be read.
+// Every ingredient of the running groups, by its address. A pointer in the engine's state is only
+// looked up here, never followed: it may be wrong and point to a released ingredient.
 using LivingObjects = std::unordered_map<const Root*, LivingObject>;
 
 void AddObjects(const List<Item>& items, Group& group, LivingObjects& objects) {
@@ -124,7 +124,8 @@ void CheckStatuses(const LivingObjects& objects) {
   Require(!interacting || interacting.object->RunningStatus, "an interacting object runs");
 }
 
-// A timer may share its platform timer with the other group, which can replace or kill it.
+// The application and the scene share platform timers of the same id, so one group may replace or
+// kill the other's.
 void CheckTimers() {
   if (TheHost().isClosing) return;
   const auto& platform = TheHost().timers;
@@ -152,7 +153,8 @@ void CheckTimers() {
 
 using FirstObjects = std::map<std::pair<std::string_view, std::int32_t>, const Root*>;
 
-// Adds the objects that no earlier one of the same name and number hides.
+// Adds the objects, except those after the first of the same name and number: a search never finds
+// these.
 void AddFirst(const List<Item>& items, FirstObjects& objects) {
   for (const Item& item : items) {
     const ObjectReference& reference = item.Record()->Reference;
@@ -175,7 +177,7 @@ void CheckIndex() {
   for (const Group* group : LivingGroups()) AddFirst(group->Items, objects);
   for (const auto& [name, object] : objects) {
     const std::string_view group = object->Reference.GroupIdentifier.View();
-    // A close ends searches early, and the search itself may reach the check at which it begins.
+    // A pending close ends searches early, and this search may make the check that begins a close.
     const FoundObject found = FindObject(Scope::SceneFirst, group, name.second);
     Require(found.object == object || IsClosing(), "the index finds what a walk finds");
   }

@@ -1,22 +1,23 @@
-// What must hold for the engine's state at any time, whatever content does. A violation is reported
-// to standard error and ends the process, as a sanitizer does.
+// Rules that the engine's state must obey whatever content does. A violation is reported to
+// standard error and ends the process, as a sanitizer does.
 #pragma once
 
 namespace korvel::test {
 
-// Ends the process with the rule, unless it holds.
+// Reports `rule` and ends the process, unless `holds` is true.
 void Require(bool holds, const char* rule);
 
-// While actions run: every register refers to living groups only, and the display stack agrees with
-// the visibles' own counts.
+// May be called while actions run. The link table, the display stack and the class variables refer
+// only to running groups, and the display stack agrees with the visibles' own counts.
 void CheckRegisters();
 
-// While actions run: their lists and events do not nest deeper than the limit. Cheap.
+// May be called while actions run, and is cheap: lists and events do not nest deeper than the
+// limit.
 void CheckNesting();
 
-// Between two steps also: nothing is left on the call stack; only what is available runs; one
-// interaction at most is in progress, of a running object; the timers are those of the platform;
-// the index finds the same objects as a walk.
+// For use between two steps. Also checks that nothing is left on the call stack, only available
+// objects run, at most one interaction is in progress, and of a running object, the timers agree
+// with those of the platform, and the index finds the same objects as a search of all items.
 void CheckState();
 
 }  // namespace korvel::test

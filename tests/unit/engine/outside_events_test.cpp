@@ -210,7 +210,7 @@ TEST_F(OutsideEvents, other_types_run_all_input_links_with_the_same_source_numbe
   EXPECT_EQ(TakeNotes(), "1234567") << "no limit of five links here";
 }
 
-TEST_F(OutsideEvents, only_links_on_input_types_are_in_the_input_table) {
+TEST_F(OutsideEvents, only_input_types_run_links) {
   std::string links;
   for (std::size_t type = 1; type <= kWords<EventType>.size(); ++type) {
     links += LinkOn(static_cast<std::int32_t>(type), "50",

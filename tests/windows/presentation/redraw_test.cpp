@@ -56,7 +56,7 @@ TEST_F(RedrawTest, without_an_application_the_picture_is_cleared_and_the_window_
   EXPECT_EQ(Shown().At(120, 120), kRed);
 }
 
-TEST_F(RedrawTest, the_head_of_the_stack_is_drawn_first) {
+TEST_F(RedrawTest, the_bottom_of_the_stack_is_drawn_first) {
   Rectangle bottom;
   Rectangle top;
   Place(bottom, 100, 100, 50, 50);
@@ -187,7 +187,7 @@ TEST_F(RedrawTest, objects_of_a_group_that_an_event_ended_are_skipped) {
   EXPECT_EQ(picture.At(220, 220), kGreen);
 }
 
-TEST_F(RedrawTest, an_event_that_replaces_the_application_ends_the_walk_without_failure) {
+TEST_F(RedrawTest, an_event_that_replaces_the_application_ends_the_drawing_without_failure) {
   Bitmap bitmap;
   ShowMissingBitmap(bitmap);
   Rectangle rectangle;
@@ -255,7 +255,7 @@ TEST_F(RedrawTest, after_a_close_request_requests_only_count) {
   EXPECT_EQ(BackBufferPixels().At(120, 120), kBlack);
 }
 
-TEST_F(RedrawTest, a_close_request_while_it_paints_ends_the_walk) {
+TEST_F(RedrawTest, a_close_request_while_it_paints_ends_the_drawing) {
   Bitmap bitmap;
   ShowMissingBitmap(bitmap);
   Rectangle rectangle;

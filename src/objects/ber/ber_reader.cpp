@@ -9,6 +9,46 @@ constexpr std::uint8_t kTagNumberBits = 0x1F;  // all set: the number is in the 
 constexpr std::uint8_t kMoreBit = 0x80;
 constexpr std::uint8_t kLowBits = 0x7F;
 
+// The bytes from the cursor to the end of the enclosing element.
+struct Bytes {
+  const std::uint8_t* cursor;
+  const std::uint8_t* end;
+
+  bool Read(std::uint8_t& byte) {
+    if (cursor == end) return false;
+    byte = *cursor++;
+    return true;
+  }
+};
+
+bool ReadTag(Bytes& bytes, Tag& tag, bool& isConstructed) {
+  std::uint8_t byte = 0;
+  if (!bytes.Read(byte)) return false;
+  isConstructed = (byte & kConstructedBit) != 0;
+  tag = {static_cast<TagClass>(byte >> 6), byte & std::uint32_t{kTagNumberBits}};
+  if (tag.number != kTagNumberBits) return true;
+  tag.number = 0;
+  do {
+    if (!bytes.Read(byte)) return false;
+    tag.number = tag.number << 7 | (byte & kLowBits);
+  } while ((byte & kMoreBit) != 0);
+  return true;
+}
+
+// The indefinite form is not supported: its 0x80 announces no length bytes and so reads as 0.
+bool ReadLength(Bytes& bytes, std::uint32_t& length) {
+  std::uint8_t byte = 0;
+  if (!bytes.Read(byte)) return false;
+  length = byte;
+  if ((byte & kMoreBit) == 0) return true;
+  length = 0;
+  for (std::uint32_t count = byte & kLowBits; count > 0; --count) {
+    if (!bytes.Read(byte)) return false;
+    length = length << 8 | byte;
+  }
+  return true;
+}
+
 }  // namespace
 
 bool BerReader::RefuseAt(const std::uint8_t* place) const {
@@ -21,70 +61,43 @@ bool BerReader::Explain(const char* Refusal::*what, const char* text) const {
   return false;
 }
 
-bool BerReader::RefuseHeader(bool isWhole) const {
+bool BerReader::RefuseHeader() const {
+  BerElement element;
   Refuse();
-  return Explain(&Refusal::expected, isWhole ? "elements that are not nested so deep"
-                                             : "an element that ends within what encloses it");
+  return Explain(&Refusal::expected, ReadHeader(element)
+                                         ? "elements that are not nested so deep"
+                                         : "an element that ends within what encloses it");
 }
 
-bool BerReader::ReadByte(std::uint8_t& byte) {
-  if (cursor_ == end_) return false;
-  byte = *cursor_++;
-  return true;
-}
-
-bool BerReader::ReadTag(BerElement& element) {
-  std::uint8_t byte = 0;
-  if (!ReadByte(byte)) return false;
-  element.isConstructed = (byte & kConstructedBit) != 0;
-  element.tag = {static_cast<TagClass>(byte >> 6), byte & std::uint32_t{kTagNumberBits}};
-  if (element.tag.number != kTagNumberBits) return true;
-  element.tag.number = 0;
-  do {
-    if (!ReadByte(byte)) return false;
-    element.tag.number = element.tag.number << 7 | (byte & kLowBits);
-  } while ((byte & kMoreBit) != 0);
-  return true;
-}
-
-// The indefinite form is not supported: its 0x80 announces no length bytes and so reads as 0.
-bool BerReader::ReadLength(std::uint32_t& length) {
-  std::uint8_t byte = 0;
-  if (!ReadByte(byte)) return false;
-  length = byte;
-  if ((byte & kMoreBit) == 0) return true;
-  length = 0;
-  for (std::uint32_t count = byte & kLowBits; count > 0; --count) {
-    if (!ReadByte(byte)) return false;
-    length = length << 8 | byte;
-  }
+bool BerReader::ReadHeader(BerElement& element) const {
+  Bytes bytes{cursor_, end_};
+  Tag tag;
+  bool isConstructed = false;
+  std::uint32_t length = 0;
+  const bool isWhole = ReadTag(bytes, tag, isConstructed) && ReadLength(bytes, length) &&
+                       length <= static_cast<std::size_t>(end_ - bytes.cursor);
+  if (!isWhole) return false;
+  element.tag = tag;
+  element.isConstructed = isConstructed;
+  element.start = cursor_;
+  element.content.cursor_ = bytes.cursor;
+  element.content.end_ = bytes.cursor + length;
+  element.content.refusal_ = refusal_;
+  element.content.known_ = nullptr;
+  element.content.depth_ = depth_ + 1;
   return true;
 }
 
 bool BerReader::Next(BerElement& element) {
-  BerReader ahead = *this;
-  BerElement read;
-  std::uint32_t length = 0;
-  const bool isWhole = ahead.ReadTag(read) && ahead.ReadLength(length) &&
-                       length <= static_cast<std::size_t>(ahead.end_ - ahead.cursor_);
-  if (!isWhole || depth_ == kDeepestNesting) return RefuseHeader(isWhole);
-  read.start = cursor_;
-  read.content = ahead;
-  read.content.end_ = ahead.cursor_ + length;
-  read.content.known_ = nullptr;
-  ++read.content.depth_;
-  cursor_ = read.content.end_;
+  if (!Peek(element)) return RefuseHeader();
+  cursor_ = element.content.end_;
   SkipUnknown();
-  element = read;
   return true;
 }
 
 void BerReader::SkipUnknown() {
   if (known_ == nullptr) return;
-  BerReader ahead = *this;
-  ahead.known_ = nullptr;
-  ahead.refusal_ = nullptr;
-  for (BerElement element; ahead.Next(element); cursor_ = ahead.cursor_) {
+  for (BerElement element; Peek(element); cursor_ = element.content.end_) {
     if (element.tag.tagClass != TagClass::Context || known_(element.tag)) return;
   }
 }
@@ -107,11 +120,7 @@ bool BerReader::Only(BerElement& element) const {
 }
 
 bool BerReader::Peek(BerElement& element) const {
-  BerReader reader = *this;
-  reader.refusal_ = nullptr;
-  if (!reader.Next(element)) return false;
-  element.content.refusal_ = refusal_;
-  return true;
+  return depth_ < kDeepestNesting && ReadHeader(element);
 }
 
 bool BerReader::NextIs(Tag tag) const {
@@ -138,17 +147,16 @@ std::string_view BerElement::Bytes() const {
 }
 
 bool ListReader::HasMore() {
-  BerElement wrapper;
   for (;;) {
     if (reader_.AtEnd()) {
       if (open_ == 0) return false;
       reader_.end_ = ends_[--open_];
       --reader_.depth_;
       reader_.SkipUnknown();
-    } else if (reader_.Peek(wrapper) && wrapper.Is(kSequence)) {
-      Enter(wrapper);
     } else {
-      return true;
+      isRead_ = reader_.Next(next_);
+      if (!isRead_ || !next_.Is(kSequence)) return true;
+      Enter(next_);
     }
   }
 }

@@ -65,16 +65,15 @@ class BerReader {
   friend class ListReader;
   friend struct BerElement;
 
-  [[nodiscard]] bool ReadByte(std::uint8_t& byte);
-  [[nodiscard]] bool ReadTag(BerElement& element);
-  [[nodiscard]] bool ReadLength(std::uint32_t& length);
+  // Reads the tag and the length of the next element, at any depth, and does not advance.
+  [[nodiscard]] bool ReadHeader(BerElement& element) const;
   void SkipUnknown();
   bool RefuseAt(const std::uint8_t* place) const;
-  bool RefuseHeader(bool isWhole) const;
+  bool RefuseHeader() const;
 
   const std::uint8_t* cursor_ = nullptr;
   const std::uint8_t* end_ = nullptr;
-  Refusal* refusal_ = nullptr;  // null while looking ahead, which refuses nothing
+  Refusal* refusal_ = nullptr;  // null: none is recorded
   KnownTags known_ = nullptr;   // null: all; elements with unknown tags are skipped in advance
   std::uint32_t depth_ = 0;
 };
@@ -106,10 +105,13 @@ class ListReader {
  public:
   explicit ListReader(const BerReader& reader) : reader_(reader) {}
 
-  // Whether there is an element left, valid or not.
+  // Whether there is an element left, valid or not. Call Next before asking again.
   [[nodiscard]] bool HasMore();
-  // Reads the next element. Call only after HasMore, which enters the wrappers.
-  [[nodiscard]] bool Next(BerElement& element) { return reader_.Next(element); }
+  // The element that HasMore found. False if it is not valid.
+  [[nodiscard]] bool Next(BerElement& element) const {
+    element = next_;
+    return isRead_;
+  }
 
  private:
   void Enter(const BerElement& wrapper);
@@ -117,6 +119,8 @@ class ListReader {
   BerReader reader_;                                       // of the innermost open wrapper
   std::array<const std::uint8_t*, kDeepestNesting> ends_;  // the end of what holds each wrapper
   std::uint32_t open_ = 0;
+  BerElement next_;
+  bool isRead_ = false;  // whether `next_` is valid
 };
 
 }  // namespace korvel::ber

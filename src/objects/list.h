@@ -76,9 +76,26 @@ template <class T> class List {
   // Adds default values at the end or removes values there. False, and unchanged, if memory runs
   // out.
   [[nodiscard]] bool Resize(std::size_t size) {
-    if (size > capacity_ && !Reserve(size)) return false;
+    if (!Reserve(size)) return false;
     while (size_ < size) new (values_ + size_++) T();
     Truncate(size);
+    return true;
+  }
+
+  // Makes room for `capacity` values in all. False, and unchanged, if memory runs out.
+  [[nodiscard]] bool Reserve(std::size_t capacity) {
+    constexpr std::size_t kMost = std::min<std::size_t>(UINT32_MAX, SIZE_MAX / kValueSize);
+    if (capacity <= capacity_) return true;
+    if (capacity > kMost) return false;
+    auto* values = static_cast<T*>(AllocateZeroed(capacity * kValueSize));
+    if (values == nullptr) return false;
+    for (std::uint32_t place = 0; place < size_; ++place) {
+      new (values + place) T(std::move(values_[place]));
+      values_[place].~T();
+    }
+    ReleaseMemory(values_);
+    values_ = values;
+    capacity_ = static_cast<std::uint32_t>(capacity);
     return true;
   }
 
@@ -123,20 +140,6 @@ template <class T> class List {
   static constexpr std::size_t kValueSize = sizeof(T);
 
   [[nodiscard]] bool Grow() { return Reserve(IsEmpty() ? kFirstCapacity : std::size_t{size_} * 2); }
-  [[nodiscard]] bool Reserve(std::size_t capacity) {
-    constexpr std::size_t kMost = std::min<std::size_t>(UINT32_MAX, SIZE_MAX / kValueSize);
-    if (capacity > kMost) return false;
-    auto* values = static_cast<T*>(AllocateZeroed(capacity * kValueSize));
-    if (values == nullptr) return false;
-    for (std::uint32_t place = 0; place < size_; ++place) {
-      new (values + place) T(std::move(values_[place]));
-      values_[place].~T();
-    }
-    ReleaseMemory(values_);
-    values_ = values;
-    capacity_ = static_cast<std::uint32_t>(capacity);
-    return true;
-  }
 
   T* values_ = nullptr;
   std::uint32_t size_ = 0;

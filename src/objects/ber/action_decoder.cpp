@@ -158,6 +158,7 @@ bool DecodeTarget(BerReader& reader, GenericValue& target) {
 bool DecodeValues(const BerElement& element, const ActionRow& row, ElementaryAction& action) {
   BerReader reader;
   if (!EnterValues(element, reader) || !DecodeTarget(reader, action.Target)) return false;
+  if (!action.Parameters.Reserve(reader.Count())) return element.Refuse();
   for (const Parameter place : row.Syntax()) {
     if (!DecodePlace(place, reader, action.Parameters)) return false;
   }
@@ -192,7 +193,9 @@ bool IsAction(Tag tag) {
 }
 
 bool DecodeActions(const BerReader& reader, ActionList& actions) {
-  ListReader list(reader.Knowing(IsAction));
+  const BerReader known = reader.Knowing(IsAction);
+  if (!actions.Reserve(actions.Size() + known.Count())) return reader.Refuse();
+  ListReader list(known);
   BerElement element;
   while (list.HasMore()) {
     if (!list.Next(element)) return false;

@@ -9,6 +9,8 @@ constexpr std::uint8_t kTagNumberBits = 0x1F;  // all set: the number is in the 
 constexpr std::uint8_t kMoreBit = 0x80;
 constexpr std::uint8_t kLowBits = 0x7F;
 
+constexpr TagClass ClassOf(std::uint8_t firstByte) { return static_cast<TagClass>(firstByte >> 6); }
+
 // The bytes from the cursor to the end of the enclosing element.
 struct Bytes {
   const std::uint8_t* cursor;
@@ -25,7 +27,7 @@ bool ReadTag(Bytes& bytes, Tag& tag, bool& isConstructed) {
   std::uint8_t byte = 0;
   if (!bytes.Read(byte)) return false;
   isConstructed = (byte & kConstructedBit) != 0;
-  tag = {static_cast<TagClass>(byte >> 6), byte & std::uint32_t{kTagNumberBits}};
+  tag = {ClassOf(byte), byte & std::uint32_t{kTagNumberBits}};
   if (tag.number != kTagNumberBits) return true;
   tag.number = 0;
   do {
@@ -96,9 +98,10 @@ bool BerReader::Next(BerElement& element) {
 }
 
 void BerReader::SkipUnknown() {
+  const auto isNextContext = [this] { return !AtEnd() && ClassOf(*cursor_) == TagClass::Context; };
   if (known_ == nullptr) return;
-  for (BerElement element; Peek(element); cursor_ = element.content.end_) {
-    if (element.tag.tagClass != TagClass::Context || known_(element.tag)) return;
+  for (BerElement element; isNextContext() && Peek(element); cursor_ = element.content.end_) {
+    if (known_(element.tag)) return;
   }
 }
 
@@ -121,6 +124,16 @@ bool BerReader::Only(BerElement& element) const {
 
 bool BerReader::Peek(BerElement& element) const {
   return depth_ < kDeepestNesting && ReadHeader(element);
+}
+
+std::size_t BerReader::Count() const {
+  BerReader reader = *this;
+  std::size_t count = 0;
+  for (BerElement element; reader.Peek(element); ++count) {
+    reader.cursor_ = element.content.end_;
+    reader.SkipUnknown();
+  }
+  return count;
 }
 
 bool BerReader::NextIs(Tag tag) const {

@@ -52,6 +52,8 @@ class BerReader {
   [[nodiscard]] bool NextIs(Tag tag) const;
   // Like Next, but does not advance and refuses nothing.
   [[nodiscard]] bool Peek(BerElement& element) const;
+  // The number of elements up to the end or the first invalid one. Refuses nothing.
+  [[nodiscard]] std::size_t Count() const;
   // Moves to the end.
   void SkipAll() { cursor_ = end_; }
 

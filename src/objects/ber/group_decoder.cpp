@@ -102,6 +102,7 @@ template <IsSequence Record> bool DecodeEntry(const BerElement& element, Record&
 
 template <class T> bool DecodeEntries(const BerReader& entries, List<T>& list) {
   BerReader reader = entries.Knowing(NoTag);
+  if (!list.Reserve(reader.Count())) return reader.Refuse();
   BerElement element;
   while (!reader.AtEnd()) {
     T entry{};
@@ -305,6 +306,7 @@ bool DecodeItem(Classes<Records...> classes, const BerElement& element, List<Ite
 template <class... Records>
 bool DecodeItems(Classes<Records...> classes, const BerElement& tagged, List<Item>& field) {
   List<Item> items;
+  if (!items.Reserve(tagged.content.Count())) return tagged.Refuse();
   ListReader list(tagged.content);
   BerElement element;
   while (list.HasMore()) {

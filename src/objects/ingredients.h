@@ -12,9 +12,9 @@ namespace korvel {
 
 struct Ingredient : Root {
   bool InitiallyActive = true;
+  bool Shared = false;
   std::int32_t ContentHOOK = 0;
   ContentBody OriginalContent;
-  bool Shared = false;
   ContentBody Content = ContentBody::NotPrepared();
 
   // The group that holds it, directly or in a Stream; set when the group becomes current.
@@ -24,7 +24,7 @@ struct Ingredient : Root {
 };
 
 struct LinkCondition {
-  ObjectReference EventSource;
+  [[no_unique_address]] ObjectReference EventSource;
   korvel::EventType EventType{};  // a link with an unknown event type never fires
   GenericValue EventData;         // None, Boolean, Integer or OctetString
   bool operator==(const LinkCondition&) const = default;
@@ -98,7 +98,7 @@ struct TokenGroup : Ingredient {
 };
 
 struct ListItem {
-  ObjectReference AVisible;
+  [[no_unique_address]] ObjectReference AVisible;
   bool IsSelected = false;
   bool IsPresented = false;
 };

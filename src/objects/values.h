@@ -1,6 +1,8 @@
 // The values that objects and actions hold: references, generic values, colours, fonts, contents,
 // sizes and positions. They own their contents. Copying is an explicit call because it can fail.
-// Two values with a kind are equal if their kinds are and the field of that kind is.
+// Two values with a kind are equal if their kinds are and the field of that kind is. A scene holds
+// thousands of values: members without an address of their own let the members after them use
+// their padding.
 #pragma once
 
 #include <cstdint>
@@ -34,11 +36,11 @@ enum class ValueKind : std::uint8_t {
 // An action's target or parameter, or a link's event data: one value of the kind `Kind`. Only the
 // field of that kind is meaningful.
 struct GenericValue {
+  OctetString Octets;                               // OctetString, ContentReference
+  [[no_unique_address]] ObjectReference Reference;  // ObjectReference, IndirectReference
+  std::int32_t Integer = 0;
   ValueKind Kind = ValueKind::None;
   bool Boolean = false;
-  std::int32_t Integer = 0;
-  OctetString Octets;         // OctetString, ContentReference
-  ObjectReference Reference;  // ObjectReference, IndirectReference
 
   bool operator==(const GenericValue& other) const;
 };
@@ -62,9 +64,9 @@ struct ColourValue {
 
 // A font attribute: absent (None), a font name (OctetString), or a Font object (ObjectReference).
 struct FontBody {
-  ValueKind Kind = ValueKind::None;
   OctetString Name;
-  ObjectReference Reference;
+  [[no_unique_address]] ObjectReference Reference;
+  ValueKind Kind = ValueKind::None;
 
   bool operator==(const FontBody& other) const;
 };
@@ -95,8 +97,8 @@ struct ContentBody {
 
 // An optional reference. CompleteReferences skips it while it is absent.
 struct OptionalReference {
+  [[no_unique_address]] ObjectReference Reference;
   bool IsPresent = false;
-  ObjectReference Reference;
   bool operator==(const OptionalReference&) const = default;
 };
 
@@ -115,8 +117,8 @@ struct Position {
 // One step of an action list. `ActionType` is its number in the action table. The parameters are in
 // the order of the standard's syntax; nested groups of parameters are flattened.
 struct ElementaryAction {
+  [[no_unique_address]] GenericValue Target;
   std::uint8_t ActionType = 0;
-  GenericValue Target;
   List<GenericValue> Parameters;
   bool operator==(const ElementaryAction&) const = default;
 };

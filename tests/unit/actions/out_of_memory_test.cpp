@@ -59,7 +59,7 @@ TEST_F(OutOfMemoryActionsTest, a_text_content_that_cannot_be_copied_is_reported)
   CompiledActions actions(Action::GetTextContent, 1, ParametersOf(ReferenceValue(2)));
   const Texts texts = FailEachAllocation(
       [] {
-        Start("{:Text 1 :OrigBoxSize 9 9 :OrigContent \"content\"}"
+        Start("{:Text 1 :OrigBoxSize 9 9 :OrigContent \"a content that takes a block\"}"
               "{:OStringVar 2 :OrigValue \"before\"}");
       },
       [&actions] { return actions.Run(); },
@@ -67,7 +67,7 @@ TEST_F(OutOfMemoryActionsTest, a_text_content_that_cannot_be_copied_is_reported)
         if (text == "Can't allocate memory for TextContentVar\n") {
           EXPECT_EQ(status, Status::Failure);
         }
-        EXPECT_NE(Octets(2), "content");
+        EXPECT_NE(Octets(2), "a content that takes a block");
       });
   EXPECT_TRUE(texts.contains("Can't allocate memory for TextContentVar\n"));
 }
@@ -78,39 +78,43 @@ TEST_F(OutOfMemoryActionsTest, an_anchor_label_that_cannot_be_copied_is_reported
       [] {
         Start("{:HyperText 1 :OrigBoxSize 9 9 :OrigContent \"\"}"
               "{:OStringVar 2 :OrigValue \"before\"}");
-        ASSERT_TRUE(Object<HyperText>(1).LastAnchorFired.Assign("label"));
+        ASSERT_TRUE(Object<HyperText>(1).LastAnchorFired.Assign("a label that takes a block"));
       },
       [&actions] { return actions.Run(); },
       [](Status status, const std::string& text) {
         if (text == "Can't allocate memory for LastAnchorFiredVar\n") {
           EXPECT_EQ(status, Status::Failure);
         }
-        EXPECT_NE(Octets(2), "label");
+        EXPECT_NE(Octets(2), "a label that takes a block");
       });
   EXPECT_TRUE(texts.contains("Can't allocate memory for LastAnchorFiredVar\n"));
 }
 
 TEST_F(OutOfMemoryActionsTest, a_first_character_without_memory_fails) {
-  const Texts texts =
-      FailEachAllocation([] { Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"\"}"); },
-                         [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
-                         [](Status status, const std::string&) {
-                           EXPECT_EQ(status, Status::Failure);
-                           EXPECT_EQ(Object<EntryField>(1).TextData.View(), "");
-                           EXPECT_EQ(Object<EntryField>(1).EntryPoint, 0);
-                         });
+  const Texts texts = FailEachAllocation(
+      [] {
+        Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"\" :MaxLength 30}");
+        Object<EntryField>(1).OverwriteMode = true;
+        Object<EntryField>(1).EntryPoint = 20;  // a gap that takes a block
+      },
+      [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
+      [](Status status, const std::string&) {
+        EXPECT_EQ(status, Status::Failure);
+        EXPECT_EQ(Object<EntryField>(1).TextData.View(), "");
+        EXPECT_EQ(Object<EntryField>(1).EntryPoint, 20);
+      });
   EXPECT_EQ(texts, Texts{"Can't allocate memory for TextData\n"});
 }
 
 TEST_F(OutOfMemoryActionsTest, a_later_character_without_memory_keeps_the_text) {
-  const Texts texts =
-      FailEachAllocation([] { Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"ab\"}"); },
-                         [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
-                         [](Status status, const std::string&) {
-                           EXPECT_EQ(status, Status::Failure);
-                           EXPECT_EQ(Object<EntryField>(1).TextData.View(), "ab");
-                           EXPECT_EQ(Object<EntryField>(1).EntryPoint, 0);
-                         });
+  const Texts texts = FailEachAllocation(
+      [] { Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"text that takes a block\"}"); },
+      [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
+      [](Status status, const std::string&) {
+        EXPECT_EQ(status, Status::Failure);
+        EXPECT_EQ(Object<EntryField>(1).TextData.View(), "text that takes a block");
+        EXPECT_EQ(Object<EntryField>(1).EntryPoint, 0);
+      });
   EXPECT_EQ(texts, Texts{"Can't allocate memory for NewStr\n"});
 }
 

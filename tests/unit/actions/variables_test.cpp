@@ -281,14 +281,15 @@ std::string SetWithoutMemory(int variable, GenericValue value) {
 
 TEST_F(VariablesTest, a_string_that_cannot_be_copied_is_empty) {
   Start(kVariables);
-  EXPECT_EQ(SetWithoutMemory(3, OctetsValue("new")), "Can't allocate memory for CharVal\n");
+  EXPECT_EQ(SetWithoutMemory(3, OctetsValue("a value that takes a block")),
+            "Can't allocate memory for CharVal\n");
   EXPECT_EQ(Octets(3), "");
 }
 
 TEST_F(VariablesTest, a_reference_that_cannot_be_copied_is_empty) {
   Start(kVariables);
   GenericValue value = ReferenceValue(9);
-  ASSERT_TRUE(value.Reference.GroupIdentifier.Assign("~/y"));
+  ASSERT_TRUE(value.Reference.GroupIdentifier.Assign("~/a name that takes a block"));
   EXPECT_EQ(SetWithoutMemory(4, std::move(value)), "Can't allocate memory for ObjectRefVal\n");
   EXPECT_EQ(Object<ObjectRefVariable>(4).Value.GroupIdentifier.View(), "");
   EXPECT_EQ(Object<ObjectRefVariable>(4).Value.Number, 0);

@@ -49,7 +49,7 @@ class OutOfMemoryInDemos : public DemoTest {
 // A subject, two questions, an unfinished year, the time, the help.
 TEST_F(OutOfMemoryInDemos, the_quiz_leaks_nothing) {
   ServeDemo("quiz");
-  FailEveryNth(29, {kRed,    kDown,   kSelect,     kGreen,      kRight,  kSelect, kSelect, kDown,
+  FailEveryNth(17, {kRed,    kDown,   kSelect,     kGreen,      kRight,  kSelect, kSelect, kDown,
                     kSelect, kSelect, kDigit0 + 1, kDigit0 + 9, kLeft,   kSelect, kRed,    kGreen,
                     kRight,  kSelect, kBlue,       kDown,       kSelect, kCancel});
 }

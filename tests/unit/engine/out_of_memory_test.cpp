@@ -16,13 +16,14 @@ class OutOfMemory : public EngineTest {
                      "{:ContentRefVar 3 :OrigValue :ContentRef \"~/x\"}" +
                          RectangleText(4) +
                          LinkOn(5, "0", "IsRunning",
-                                ":Add(1 1) " + Note("r") + TransitionAction("~/menu"), kShared) +
+                                ":Add(1 1) " + Note("r") + TransitionAction("~/the_main_menu"),
+                                kShared) +
                          LinkOnKey(6, 103, SpawnAction("~/b"), kShared) +
-                         LinkOn(7, "(\"~/menu\" 0)", "IsDeleted", Note("d"), kShared),
+                         LinkOn(7, "(\"~/the_main_menu\" 0)", "IsDeleted", Note("d"), kShared),
                      ":OnStartUp (:SetVariable(1 :GInteger 5) :LockScreen(0))");
-    ServeScene("menu",
+    ServeScene("the_main_menu",
                RectangleText(1) +
-                   "{:Text 2 :OrigContent \"Some text\" :OrigBoxSize 100 20}"
+                   "{:Text 2 :OrigContent \"A text that takes a block\" :OrigBoxSize 100 20}"
                    "{:BooleanVar 3 :OrigValue TRUE}" +
                    LinkOnKey(4, 100, ":SetTimer(0 5 100) :TestVariable(3 1 :GBoolean TRUE)") +
                    LinkOn(5, "3", "TestEvent :EventData TRUE", Note("t")) +
@@ -52,7 +53,8 @@ TEST_F(OutOfMemory, no_failed_allocation_crashes_or_leaks) {
   TheHost().fetched.clear();
   RunEngine();
   const auto undisturbed = TheHost().fetched;
-  ASSERT_EQ(undisturbed, (std::vector<std::string>{"a", "menu", "missing", "next", "b", "b", "a"}));
+  ASSERT_EQ(undisturbed,
+            (std::vector<std::string>{"a", "the_main_menu", "missing", "next", "b", "b", "a"}));
   ASSERT_EQ(Printed(), "");
 
   std::set<std::string> messages;

@@ -96,23 +96,24 @@ TEST_F(PersistentStore, the_store_outlives_applications_until_the_engine_is_rese
 TEST_F(PersistentStore, without_memory_nothing_is_stored_and_a_message_printed) {
   OctetString data;
   ASSERT_TRUE(data.Assign("1"));
+  const std::string name = "a name that takes a block";
   std::string messages;
   for (const std::size_t failing : {1U, 2U}) {  // the name and the entry
     const Status result = Do([&] {
       FailAllocation(failing);
-      const Status status = AppendPersistent("x", std::move(data));
+      const Status status = AppendPersistent(name, std::move(data));
       FailAllocation(0);
       return status;
     });
     EXPECT_EQ(result, Status::Failure);
     EXPECT_EQ(data.View(), "1") << "the caller still owns the data";
     messages += Printed();
-    EXPECT_EQ(Take("x"), "none");
+    EXPECT_EQ(Take(name), "none");
   }
   EXPECT_NE(messages.find("Can't allocate memory for Persistent\n"), std::string::npos);
   EXPECT_NE(messages.find("Can't allocate memory for Persistent FileName\n"), std::string::npos);
-  EXPECT_EQ(Do([&] { return AppendPersistent("x", std::move(data)); }), Status::Done);
-  EXPECT_EQ(Take("x"), "1");
+  EXPECT_EQ(Do([&] { return AppendPersistent(name, std::move(data)); }), Status::Done);
+  EXPECT_EQ(Take(name), "1");
 }
 
 }  // namespace

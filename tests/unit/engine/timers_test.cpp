@@ -188,6 +188,7 @@ TEST_F(Timers, close_down_stops_every_timer) {
 }
 
 TEST_F(Timers, without_memory_no_timer_starts_and_a_message_is_printed) {
+  ASSERT_TRUE(CurrentScene()->Reference.GroupIdentifier.Assign("~/a name that takes a block"));
   for (const std::size_t failing : {1U, 2U}) {  // the name of the owner, then the record
     const Status result = Do([&] {
       FailAllocation(failing);

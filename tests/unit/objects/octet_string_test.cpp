@@ -44,6 +44,24 @@ TEST(OctetString, assigned_zeros_are_zero_terminated) {
   EXPECT_EQ(string.Length(), 2U);
 }
 
+// A string of up to 14 bytes (10 on a 32-bit system) takes no block.
+TEST(OctetString, of_any_length_is_kept_moved_and_zero_terminated) {
+  const std::size_t before = LiveBlocks();
+  for (std::size_t length = 0; length < 40; ++length) {
+    const std::string bytes(length, 'x');
+    OctetString string;
+    ASSERT_TRUE(string.Assign(bytes));
+    OctetString moved;
+    ASSERT_TRUE(moved.Assign("released by the move"));
+    moved = std::move(string);
+    EXPECT_TRUE(moved.IsPresent());
+    EXPECT_EQ(moved.View(), bytes);
+    EXPECT_EQ(moved.Text()[length], '\0');
+    EXPECT_EQ(LiveBlocks() - before, length > (sizeof(void*) == 8 ? 14U : 10U) ? 1U : 0U);
+  }
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
 TEST(OctetString, can_be_assigned_from_and_appended_to_itself) {
   OctetString string;
   ASSERT_TRUE(string.Assign("abc"));
@@ -51,15 +69,18 @@ TEST(OctetString, can_be_assigned_from_and_appended_to_itself) {
   EXPECT_EQ(string.View(), "abcabc");
   ASSERT_TRUE(string.Assign(string.View().substr(2, 2)));
   EXPECT_EQ(string.View(), "ca");
+  ASSERT_TRUE(string.Assign("a string that takes a block"));
+  ASSERT_TRUE(string.Assign(string.View().substr(2, 6)));
+  EXPECT_EQ(string.View(), "string");
 }
 
 TEST(OctetString, is_unchanged_when_out_of_memory) {
   OctetString string;
   ASSERT_TRUE(string.Assign("kept"));
   FailAllocation(1);
-  EXPECT_FALSE(string.Assign("other"));
+  EXPECT_FALSE(string.Assign("bytes that take a block"));
   FailAllocation(1);
-  EXPECT_FALSE(string.Append("more"));
+  EXPECT_FALSE(string.Append(" with a block"));
   FailAllocation(0);
   EXPECT_EQ(string.View(), "kept");
 }
@@ -76,12 +97,12 @@ TEST(OctetString, moving_leaves_the_source_absent) {
   const std::size_t before = LiveBlocks();
   {
     OctetString source;
-    ASSERT_TRUE(source.Assign("moved"));
+    ASSERT_TRUE(source.Assign("moved with its block"));
     OctetString target(std::move(source));
-    EXPECT_EQ(target.View(), "moved");
+    EXPECT_EQ(target.View(), "moved with its block");
     EXPECT_FALSE(source.IsPresent());  // NOLINT(bugprone-use-after-move): stated by the string
     source = std::move(target);
-    EXPECT_EQ(source.View(), "moved");
+    EXPECT_EQ(source.View(), "moved with its block");
   }
   EXPECT_EQ(LiveBlocks(), before);
 }

@@ -13,7 +13,7 @@
 namespace korvel::test {
 namespace {
 
-constexpr const char* kName = "~/scene";
+constexpr const char* kName = "~/a name that takes a block";
 
 Decoded DecodeAndComplete(const Bytes& file) {
   Decoded decoded = Decode(file);

@@ -100,9 +100,8 @@ void ClearInteraction(const FoundObject& object) {
   Interactible* interactible = InteractibleOf(object);
   if (interactible == nullptr) return;
   interactible->HighlightStatus = false;
-  interactible->InteractionStatus = false;
   ForgetIf(object.As<Ingredient>(), CurrentClassVariables().highlightedObject);
-  ForgetIf(object.As<Ingredient>(), CurrentClassVariables().interactingObject);
+  ForgetInteraction(object.As<Ingredient>(), *interactible);
 }
 
 bool TakeInteractionKey(std::int32_t key, Status& result) {

@@ -8,10 +8,11 @@ namespace {
 
 Visible& TargetOf(const Arguments& arguments) { return arguments.target.As<Visible>(); }
 
-// The reference object of a stacking action; null if it is not an ingredient.
-const Ingredient* FindReference(const Arguments& arguments) {
-  const FoundObject found = Find(arguments, arguments.Reference(0));
-  return found.type < ItemType::Link ? nullptr : &found.As<Ingredient>();
+// Moves the target to its place beside the reference object, which must be an ingredient.
+template <class Put> Status PutTarget(const Arguments& arguments, Put&& put) {
+  const FoundObject reference = Find(arguments, arguments.Reference(0));
+  if (reference.type < ItemType::Link) return Status::Refused;
+  return put(arguments.target.type, TargetOf(arguments), reference.As<Ingredient>());
 }
 
 constexpr std::int32_t kMostTransparent = 100;  // per cent
@@ -28,17 +29,9 @@ Status SendTargetToBack(const Arguments& arguments) {
   return SendToBack(arguments.target.type, TargetOf(arguments));
 }
 
-Status PutTargetBefore(const Arguments& arguments) {
-  const Ingredient* reference = FindReference(arguments);
-  if (reference == nullptr) return Status::Refused;
-  return PutBefore(arguments.target.type, TargetOf(arguments), *reference);
-}
+Status PutTargetBefore(const Arguments& arguments) { return PutTarget(arguments, PutBefore); }
 
-Status PutTargetBehind(const Arguments& arguments) {
-  const Ingredient* reference = FindReference(arguments);
-  if (reference == nullptr) return Status::Refused;
-  return PutBehind(arguments.target.type, TargetOf(arguments), *reference);
-}
+Status PutTargetBehind(const Arguments& arguments) { return PutTarget(arguments, PutBehind); }
 
 Status SetPosition(const Arguments& arguments) {
   Visible& visible = TargetOf(arguments);

@@ -2,6 +2,7 @@
 // selects the colours, the font and the modes.
 #include "presentation/text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <string_view>
@@ -44,15 +45,10 @@ namespace {
 // The first installed family whose name ends in "Sans", else the first of all.
 [[nodiscard]] bool FindAnyFamily(FontFamilyOwner& family) {
   List<Gdiplus::GpFontFamily*> families;
-  if (!ListInstalledFamilies(families)) return false;
-  Gdiplus::GpFontFamily* chosen = nullptr;
-  for (Gdiplus::GpFontFamily* candidate : families) {
-    if (chosen == nullptr) chosen = candidate;
-    if (!IsCalledSans(candidate)) continue;
-    chosen = candidate;
-    break;
-  }
-  return chosen != nullptr && Succeeded(gdip::GdipCloneFontFamily(chosen, family.Slot()));
+  if (!ListInstalledFamilies(families) || families.IsEmpty()) return false;
+  const auto* sans = std::ranges::find_if(families, IsCalledSans);
+  Gdiplus::GpFontFamily* chosen = sans == families.end() ? families[0] : *sans;
+  return Succeeded(gdip::GdipCloneFontFamily(chosen, family.Slot()));
 }
 
 // ---- Layout ----

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "objects/values.h"
+
 namespace korvel {
 
 // The codes of tokens. 1 to kKeywordCount are the keywords, in the fixed order of the notation. For
@@ -38,6 +40,18 @@ inline constexpr std::size_t kKeywordBuckets = 101;
   std::int32_t sum = 0;
   for (const char byte : word) sum += static_cast<signed char>(byte);
   return static_cast<std::uint16_t>(sum) % kKeywordBuckets;
+}
+
+// The keyword that announces the type of a parameter of that kind. The type of an indirect one is
+// unknown; it is announced as an integer.
+[[nodiscard]] constexpr const char* TypeWord(ValueKind kind) {
+  switch (kind) {
+  case ValueKind::Boolean: return ":GBoolean";
+  case ValueKind::OctetString: return ":GOctetString";
+  case ValueKind::ObjectReference: return ":GObjectRef";
+  case ValueKind::ContentReference: return ":GContentRef";
+  default: return ":GInteger";
+  }
 }
 
 // A guess at the keyword that an author meant by this upper-case word: the one with the fewest

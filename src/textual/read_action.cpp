@@ -29,16 +29,9 @@ bool AddOptional(TextReader& reader, ValueKind kind, Parameters& parameters) {
 }
 
 bool AddTyped(TextReader& reader, Parameters& parameters) {
-  if (reader.TakeKeyword(":GInteger")) return AddGeneric(reader, ValueKind::Integer, parameters);
-  if (reader.TakeKeyword(":GBoolean")) return AddGeneric(reader, ValueKind::Boolean, parameters);
-  if (reader.TakeKeyword(":GOctetString")) {
-    return AddGeneric(reader, ValueKind::OctetString, parameters);
-  }
-  if (reader.TakeKeyword(":GObjectRef")) {
-    return AddGeneric(reader, ValueKind::ObjectReference, parameters);
-  }
-  if (reader.TakeKeyword(":GContentRef")) {
-    return AddGeneric(reader, ValueKind::ContentReference, parameters);
+  using enum ValueKind;
+  for (const ValueKind kind : {Integer, Boolean, OctetString, ObjectReference, ContentReference}) {
+    if (reader.TakeKeyword(TypeWord(kind))) return AddGeneric(reader, kind, parameters);
   }
   return reader.Refuse("a value with its type, such as :GInteger");
 }
@@ -51,11 +44,8 @@ bool AddTypedList(TextReader& reader, Parameters& parameters) {
 }
 
 bool AddReferences(TextReader& reader, Parameters& parameters) {
-  if (!reader.Expect(kOpenParenthesis, "(")) return false;
-  while (!reader.Take(kCloseParenthesis)) {
-    if (!AddGeneric(reader, ValueKind::ObjectReference, parameters)) return false;
-  }
-  return true;
+  return ReadInParentheses(
+      reader, [&] { return AddGeneric(reader, ValueKind::ObjectReference, parameters); });
 }
 
 // A point without its second coordinate is accepted, because BER can hold one.
@@ -72,11 +62,7 @@ bool AddPoint(TextReader& reader, Parameters& parameters) {
 }
 
 bool AddPoints(TextReader& reader, Parameters& parameters) {
-  if (!reader.Expect(kOpenParenthesis, "(")) return false;
-  while (!reader.Take(kCloseParenthesis)) {
-    if (!AddPoint(reader, parameters)) return false;
-  }
-  return true;
+  return ReadInParentheses(reader, [&] { return AddPoint(reader, parameters); });
 }
 
 bool AddColour(TextReader& reader, Parameters& parameters) {

@@ -133,13 +133,11 @@ bool ReadObject(TextReader& reader, auto heldClasses, Item& item) {
 
 // Objects in parentheses, of the classes that the list holds.
 template <class HeldClasses> bool ReadObjects(TextReader& reader, List<Item>& list) {
-  if (!reader.Expect(kOpenParenthesis, "(")) return false;
-  while (!reader.Take(kCloseParenthesis)) {
+  return ReadInParentheses(reader, [&] {
     Item item;
     if (!ReadObject(reader, HeldClasses{}, item)) return false;
-    if (list.Append(std::move(item)) == nullptr) return reader.RefuseForMemory();
-  }
-  return true;
+    return list.Append(std::move(item)) != nullptr || reader.RefuseForMemory();
+  });
 }
 
 // Reads the whole text as a group of that class. If that fails, moves back to the first token.

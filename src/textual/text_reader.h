@@ -157,15 +157,22 @@ template <IsSequence Entry> [[nodiscard]] bool ReadEntry(TextReader& reader, Ent
 [[nodiscard]] bool ReadEntry(TextReader& reader, ActionSlot& slot);
 [[nodiscard]] bool ReadEntry(TextReader& reader, ElementaryAction& action);
 
-// Entries in parentheses.
-template <class Entry> [[nodiscard]] bool Read(TextReader& reader, List<Entry>& list) {
+// Any number of entries in parentheses. `readNext` reads one.
+template <class ReadNext>
+[[nodiscard]] bool ReadInParentheses(TextReader& reader, ReadNext&& readNext) {
   if (!reader.Expect(kOpenParenthesis, "(")) return false;
   while (!reader.Take(kCloseParenthesis)) {
-    Entry entry{};
-    if (!ReadEntry(reader, entry)) return false;
-    if (list.Append(std::move(entry)) == nullptr) return reader.RefuseForMemory();
+    if (!readNext()) return false;
   }
   return true;
+}
+
+template <class Entry> [[nodiscard]] bool Read(TextReader& reader, List<Entry>& list) {
+  return ReadInParentheses(reader, [&] {
+    Entry entry{};
+    if (!ReadEntry(reader, entry)) return false;
+    return list.Append(std::move(entry)) != nullptr || reader.RefuseForMemory();
+  });
 }
 
 }  // namespace korvel

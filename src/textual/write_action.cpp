@@ -3,25 +3,11 @@
 #include <initializer_list>
 
 #include "objects/action_values.h"
+#include "textual/keywords.h"
 #include "textual/text_writer.h"
 
 namespace korvel {
 namespace {
-
-// The keyword that announces the type of a value. The type of an indirect value is unknown; it is
-// announced as an integer.
-const char* TypeWord(ValueKind kind) {
-  switch (kind) {
-  case ValueKind::Boolean: return ":GBoolean";
-  case ValueKind::OctetString: return ":GOctetString";
-  case ValueKind::ObjectReference: return ":GObjectRef";
-  case ValueKind::ContentReference: return ":GContentRef";
-  case ValueKind::None:
-  case ValueKind::Integer:
-  case ValueKind::IndirectReference: break;
-  }
-  return ":GInteger";
-}
 
 void WriteTyped(TextWriter& writer, const GenericValue& value) {
   writer.Word(TypeWord(value.Kind));

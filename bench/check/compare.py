@@ -54,11 +54,16 @@ class Row:
 
 
 def count_instructions(program, rows):
-    """The instructions of one run, by workload and size."""
+    """The instructions of one run, by workload and size.
+
+    Each has a process of its own: blocks that another workload has released must be cleared again,
+    which counts, while those from the system are clear.
+    """
     names = [f"{row.workload}/{size}" for row in rows for size in row.counts]
     with tempfile.TemporaryDirectory() as folder:
-        subprocess.run(["valgrind", "-q", "--tool=callgrind", "--instr-atstart=no",
-                        f"--callgrind-out-file={folder}/out", program, *names], check=True)
+        for place, name in enumerate(names):
+            subprocess.run(["valgrind", "-q", "--tool=callgrind", "--instr-atstart=no",
+                            f"--callgrind-out-file={folder}/{place}", program, name], check=True)
         texts = [path.read_text() for path in pathlib.Path(folder).iterdir()]
     counts = {}
     for text in texts:

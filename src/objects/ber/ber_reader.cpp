@@ -169,14 +169,10 @@ bool ListReader::HasMore() {
     } else {
       isRead_ = reader_.Next(next_);
       if (!isRead_ || !next_.Is(kSequence)) return true;
-      Enter(next_);
+      ends_[open_++] = reader_.end_;
+      reader_ = next_.content.Knowing(reader_.known_);
     }
   }
-}
-
-void ListReader::Enter(const BerElement& wrapper) {
-  ends_[open_++] = reader_.end_;
-  reader_ = wrapper.content.Knowing(reader_.known_);
 }
 
 }  // namespace korvel::ber

@@ -116,8 +116,6 @@ class ListReader {
   }
 
  private:
-  void Enter(const BerElement& wrapper);
-
   BerReader reader_;                                       // of the innermost open wrapper
   std::array<const std::uint8_t*, kDeepestNesting> ends_;  // the end of what holds each wrapper
   std::uint32_t open_ = 0;

@@ -1,0 +1,176 @@
+// Plays random cases in the engine and in a reference model, and compares both after every step:
+// the result, the events in order, the messages, the redraws, and the state. A failure prints the
+// case in the textual notation, with as few steps as still show the difference.
+// KORVEL_REFERENCE_CASES and KORVEL_REFERENCE_SEED set the number of cases and the seed of the
+// first one; case n has the seed of the first case plus n.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/engine.h"
+
+namespace korvel::test {
+
+// The same numbers on every machine, which the distributions of the standard library do not
+// promise.
+class Random {
+ public:
+  explicit Random(std::uint64_t seed) : state_(seed * 0xD1342543DE82EF95U) {}
+  // A number from `least` to `most`.
+  std::int32_t Between(std::int32_t least, std::int32_t most) {
+    const auto count = static_cast<std::uint64_t>(std::int64_t{most} - least + 1);
+    return static_cast<std::int32_t>(least + static_cast<std::int64_t>(Next() % count));
+  }
+  bool OneIn(std::int32_t count) { return Between(1, count) == 1; }
+  // Mostly a number from `least` to `most`, sometimes a very small or large one.
+  std::int32_t Around(std::int32_t least, std::int32_t most);
+  template <class T> const T& Of(const std::vector<T>& values) {
+    return values[static_cast<std::size_t>(Next() % values.size())];
+  }
+
+ private:
+  // The generator splitmix64.
+  std::uint64_t Next() {
+    state_ += 0x9E3779B97F4A7C15U;
+    std::uint64_t mixed = (state_ ^ (state_ >> 30U)) * 0xBF58476D1CE4E5B9U;
+    mixed = (mixed ^ (mixed >> 27U)) * 0x94D049BB133111EBU;
+    return mixed ^ (mixed >> 31U);
+  }
+  std::uint64_t state_;
+};
+
+// An elementary action with a target and integers or references, which are written alike; or, as
+// "Key", a key that the viewer presses.
+struct Step {
+  std::string action;
+  std::vector<std::int32_t> numbers;  // the target comes first
+  std::string last = {};              // another parameter in the textual notation
+
+  [[nodiscard]] std::string Text() const;
+};
+
+// What a step did.
+struct Outcome {
+  Status status = Status::Done;
+  std::string events;
+  std::string messages;
+  int redraws = 0;  // requested by the actions
+  bool operator==(const Outcome&) const = default;
+};
+// The integers that a link waits for, as data of an event.
+inline constexpr std::int32_t kLeastWatched = -3;
+inline constexpr std::int32_t kMostWatched = 10;
+
+// The marks of an event. The engine's links and the models write the same ones.
+inline std::string Mark(std::string_view event) { return std::string(event) + " "; }
+inline std::string Mark(std::string_view event, std::int32_t data) {
+  const bool isWatched = data >= kLeastWatched && data <= kMostWatched;
+  return Mark(event) + (isWatched ? std::to_string(data) + " " : "");
+}
+inline std::string Mark(std::string_view event, bool data) {
+  return Mark(event) + (data ? "TRUE " : "FALSE ");
+}
+
+// The values of a state, separated by blanks.
+inline std::string Word(bool value) { return value ? "TRUE" : "FALSE"; }
+inline std::string Word(std::int32_t value) { return std::to_string(value); }
+inline std::string Word(std::string_view value) { return std::string(value); }
+inline std::string Word(const char* value) { return value; }
+template <class... Values> std::string Words(const Values&... values) {
+  return ((Word(values) + " ") + ...);
+}
+
+// ---- The engine with one application ----
+
+// Links of the application that write the marks of an event to its log. `data` is "integer",
+// "boolean" or "none".
+std::string Watch(std::int32_t source, std::string_view event, std::string_view data = "integer");
+
+// The number of the variable that collects the marks.
+inline constexpr std::int32_t kLog = 900;
+
+// Ends what runs and starts the application "~/a" with these items.
+void StartCase(const std::string& items);
+Outcome Play(const Step& step);
+
+// The run-time value of an object of the application.
+template <class Record> Record& ObjectOf(std::int32_t number) {
+  return FindObject(Scope::ApplicationFirst, "~/a", number).As<Record>();
+}
+// The numbers of the visibles in the display stack, from the bottom.
+std::string StackText();
+
+// ---- The comparison ----
+
+// Runs the engine for the cases of one test: it collects what the engine prints, and ends it.
+class EngineRun {
+ public:
+  EngineRun();
+  ~EngineRun();
+  EngineRun(const EngineRun&) = delete;
+  EngineRun& operator=(const EngineRun&) = delete;
+};
+
+std::uint64_t FirstSeed();
+std::uint64_t CaseCount(std::uint64_t usual);
+std::string Difference(const Outcome& model, const Outcome& engine);
+
+// The difference between model and engine after one of the steps, or nothing.
+template <class Piece, class Setup>
+std::optional<std::string> FindDifference(const Setup& setup, const std::vector<Step>& steps) {
+  StartCase(Piece::Items(setup));
+  typename Piece::Model model(setup);
+  if (Piece::EngineState(setup) != model.State()) {
+    return "at the start\n  model  " + model.State() + "\n  engine " + Piece::EngineState(setup);
+  }
+  for (const Step& step : steps) {
+    const Outcome engine = Play(step);
+    const Outcome expected = model.Do(step);
+    if (engine != expected) return "after " + step.Text() + Difference(expected, engine);
+    if (Piece::EngineState(setup) != model.State()) {
+      return "after " + step.Text() + "\n  model  " + model.State() + "\n  engine " +
+             Piece::EngineState(setup);
+    }
+  }
+  return std::nullopt;
+}
+
+// Removes every step without which the case still differs.
+template <class Piece, class Setup> void Shrink(const Setup& setup, std::vector<Step>& steps) {
+  for (std::size_t i = steps.size(); i-- > 0;) {
+    std::vector<Step> fewer = steps;
+    fewer.erase(fewer.begin() + static_cast<std::ptrdiff_t>(i));
+    if (FindDifference<Piece>(setup, fewer)) steps = fewer;
+  }
+}
+
+// `Piece` has a type Model, which is made of a setup and has Do(step) and State(), and the
+// functions MakeSetup(random), MakeSteps(random, setup), Items(setup) and EngineState(setup).
+template <class Piece> void CompareWithEngine(std::uint64_t usualCases) {
+  std::optional<std::string> report;
+  {
+    const EngineRun run;
+    const std::uint64_t first = FirstSeed();
+    const std::uint64_t count = CaseCount(usualCases);
+    for (std::uint64_t seed = first; seed < first + count && !report; ++seed) {
+      Random random(seed);
+      const auto setup = Piece::MakeSetup(random);
+      std::vector<Step> steps = Piece::MakeSteps(random, setup);
+      if (!FindDifference<Piece>(setup, steps)) continue;
+      Shrink<Piece>(setup, steps);
+      report = "seed " + std::to_string(seed) + "\n" + Piece::Items(setup) + "\n";
+      for (const Step& step : steps) *report += step.Text() + "\n";
+      *report += *FindDifference<Piece>(setup, steps);
+    }
+  }
+  if (report) ADD_FAILURE() << *report;
+}
+
+}  // namespace korvel::test

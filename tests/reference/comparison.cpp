@@ -105,10 +105,12 @@ std::string Watch(std::int32_t source, std::string_view event, std::string_view 
   return links;
 }
 
-void StartCase(const std::string& items) {
+void StartCase(const std::string& items, const std::map<std::string, std::string>& scenes) {
   TheHost().fetched.clear();
-  TheHost().files["a"] = Compiled("{:Application (\"~/a\" 0) :Items ({:OStringVar " +
-                                  std::to_string(kLog) + " :OrigValue \"\"}\n" + items + ")}");
+  for (const auto& [file, text] : scenes) TheHost().files[file] = Compiled(text);
+  TheHost().files["a"] =
+      Compiled("{:Application (\"~/a\" 0) :Items ({:OStringVar " + std::to_string(kLog) +
+               " :Shared TRUE :OrigValue \"\"}\n" + items + ")}");
   BeginWork();
   EXPECT_EQ(StartEngine(""), Status::Done);
   EXPECT_TRUE(ObjectOf<OctetStringVariable>(kLog).Value.Assign(""));
@@ -119,8 +121,14 @@ Outcome Play(const Step& step) {
   Outcome outcome;
   ThePresentation().redraws = 0;
   BeginWork();
+  const std::vector<std::int32_t>& numbers = step.numbers;
   if (step.action == "Key") {
-    outcome.status = RaiseOutsideEvent(0, EventType::UserInput, step.numbers[0]);
+    outcome.status = RaiseOutsideEvent(0, EventType::UserInput, numbers[0]);
+  } else if (step.action == "Raise") {
+    const auto type = static_cast<EventType>(numbers[1]);
+    const EventData data = {static_cast<ValueKind>(numbers[2]), numbers[3]};
+    outcome.status = step.last.empty() ? RaiseEventByType(type, data)
+                                       : RaiseEvent(step.last, numbers[0], type, data);
   } else {
     outcome.status =
         RunActions(Scope::ApplicationFirst, {&ActionsOf(step), CurrentApplication()}, "~/a");

@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -46,8 +47,10 @@ class Random {
   std::uint64_t state_;
 };
 
-// An elementary action with a target and integers or references, which are written alike; or, as
-// "Key", a key that the viewer presses.
+// An elementary action with a target and integers or references, which are written alike. Three
+// steps are no actions: "Key" with a key number, and "Raise" with the number of the source, the
+// event type, the kind and the value of the data, and the source's group; without a group, the
+// event is raised by type.
 struct Step {
   std::string action;
   std::vector<std::int32_t> numbers;  // the target comes first
@@ -96,8 +99,8 @@ std::string Watch(std::int32_t source, std::string_view event, std::string_view 
 // The number of the variable that collects the marks.
 inline constexpr std::int32_t kLog = 900;
 
-// Ends what runs and starts the application "~/a" with these items.
-void StartCase(const std::string& items);
+// Ends what runs and starts the application "~/a" with these items. `scenes` are groups by file.
+void StartCase(const std::string& items, const std::map<std::string, std::string>& scenes);
 Outcome Play(const Step& step);
 
 // The run-time value of an object of the application.
@@ -122,10 +125,20 @@ std::uint64_t FirstSeed();
 std::uint64_t CaseCount(std::uint64_t usual);
 std::string Difference(const Outcome& model, const Outcome& engine);
 
+// The scenes of a case, for the pieces that have some.
+template <class Piece, class Setup>
+std::map<std::string, std::string> ScenesOf(const Setup& setup) {
+  if constexpr (requires { Piece::Scenes(setup); }) {
+    return Piece::Scenes(setup);
+  } else {
+    return {};
+  }
+}
+
 // The difference between model and engine after one of the steps, or nothing.
 template <class Piece, class Setup>
 std::optional<std::string> FindDifference(const Setup& setup, const std::vector<Step>& steps) {
-  StartCase(Piece::Items(setup));
+  StartCase(Piece::Items(setup), ScenesOf<Piece>(setup));
   typename Piece::Model model(setup);
   if (Piece::EngineState(setup) != model.State()) {
     return "at the start\n  model  " + model.State() + "\n  engine " + Piece::EngineState(setup);
@@ -166,6 +179,7 @@ template <class Piece> void CompareWithEngine(std::uint64_t usualCases) {
       if (!FindDifference<Piece>(setup, steps)) continue;
       Shrink<Piece>(setup, steps);
       report = "seed " + std::to_string(seed) + "\n" + Piece::Items(setup) + "\n";
+      for (const auto& [file, text] : ScenesOf<Piece>(setup)) *report += text + "\n";
       for (const Step& step : steps) *report += step.Text() + "\n";
       *report += *FindDifference<Piece>(setup, steps);
     }

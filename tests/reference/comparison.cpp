@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "actions/actions.h"
+#include "actions/behaviours.h"
 #include "objects/action_table.h"
 #include "objects/ownership.h"
 #include "substitutes/host.h"
@@ -124,6 +125,11 @@ Outcome Play(const Step& step) {
   const std::vector<std::int32_t>& numbers = step.numbers;
   if (step.action == "Key") {
     outcome.status = RaiseOutsideEvent(0, EventType::UserInput, numbers[0]);
+  } else if (step.action == "Enter") {
+    auto& field = ObjectOf<EntryField>(numbers[0]);
+    if (field.InteractionStatus) {
+      outcome.status = EnterCharacter(field, static_cast<char>(numbers[1]));
+    }
   } else if (step.action == "Raise") {
     const auto type = static_cast<EventType>(numbers[1]);
     const EventData data = {static_cast<ValueKind>(numbers[2]), numbers[3]};

@@ -48,9 +48,10 @@ class Random {
 };
 
 // An elementary action with a target and integers or references, which are written alike. Three
-// steps are no actions: "Key" with a key number, and "Raise" with the number of the source, the
-// event type, the kind and the value of the data, and the source's group; without a group, the
-// event is raised by type.
+// steps are no actions: "Key" has a key number; "Enter" has an entry field and a character, which
+// arrives only while the field interacts; "Raise" has the number of the source, the event type, the
+// kind and the value of the data, and the source's group, or no group for an event that is raised
+// by type.
 struct Step {
   std::string action;
   std::vector<std::int32_t> numbers;  // the target comes first

@@ -1,0 +1,94 @@
+// A reference model of an entry field: the characters that the viewer enters in the two modes, the
+// entry point, and the events.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+
+#include "comparison.h"
+
+namespace korvel::test {
+
+class EntryFieldModel {
+ public:
+  struct Setup {
+    std::string text;
+    std::int32_t maxLength;  // 0: no limit
+    bool isFullFailing;      // a link on EntryFieldFull ends everything
+    bool isCompletedFailing;
+  };
+
+  explicit EntryFieldModel(const Setup& setup) : setup_(setup), text_(setup.text) {}
+
+  Outcome Do(const Step& step) {
+    done_ = {};
+    const std::int32_t number = step.numbers.back();
+    const bool isTrue = step.last == "TRUE";
+    if (step.action == "Enter" && isInteracting_) done_.status = Enter(static_cast<char>(number));
+    if (step.action == "SetEntryPoint" && number >= 0) entryPoint_ = number, Redraw();
+    if (step.action == "SetOverwriteMode") isOverwriting_ = isTrue;
+    if (step.action == "SetInteractionStatus" && isTrue) isInteracting_ = true;
+    if (step.action == "SetData") text_ = step.last.substr(1, step.last.size() - 2), Redraw();
+    if (step.action == "GetEntryPoint") integer_ = entryPoint_;
+    if (step.action == "GetOverwriteMode") boolean_ = isOverwriting_;
+    if (step.action == "GetInteractionStatus") boolean_ = isInteracting_;
+    if (step.action == "GetTextContent") octets_ = setup_.text;
+    if (step.action == "GetTextData") {
+      done_.messages = std::to_string(Length()) + "\n";
+      octets_ = text_;
+    }
+    return done_;
+  }
+
+  std::string State() const {
+    return Words(text_, entryPoint_, isOverwriting_, isInteracting_, integer_, boolean_, octets_);
+  }
+
+ private:
+  std::int32_t Length() const { return static_cast<std::int32_t>(text_.size()); }
+  void Redraw() { ++done_.redraws; }
+
+  Status Enter(char character) {
+    const std::int32_t most = setup_.maxLength;
+    const bool isLineEnd = character == '\r' || character == '\n';
+    if (most < 0) return Status::Refused;
+    if (!isOverwriting_ && most == 0 && isLineEnd) {
+      isInteracting_ = false;
+      done_.events += Mark("InteractionCompleted");
+      return Fail(setup_.isCompletedFailing);
+    }
+    if (most >= 1 && (isOverwriting_ ? entryPoint_ >= most : Length() + 1 >= most)) return Full();
+    // A character after the end of the text is appended, but within a maximum length it is
+    // overwritten in place.
+    if (most >= 1 && isOverwriting_ && Length() < entryPoint_) {
+      text_.resize(static_cast<std::size_t>(entryPoint_), '\0');
+    }
+    const std::int32_t place = std::min(entryPoint_, Length());
+    if (isOverwriting_ && place < Length()) text_.erase(static_cast<std::size_t>(place), 1);
+    text_.insert(static_cast<std::size_t>(place), 1, character);
+    entryPoint_ = place + 1;
+    Redraw();
+    return Status::Done;
+  }
+  Status Full() {
+    done_.events += Mark("EntryFieldFull");
+    return Fail(setup_.isFullFailing);
+  }
+  Status Fail(bool isFailing) {
+    if (!isFailing) return Status::Done;
+    done_.messages += "Element Error\n";
+    return Status::Failure;
+  }
+
+  Setup setup_;
+  std::string text_;
+  std::int32_t entryPoint_ = 0;
+  bool isOverwriting_ = false, isInteracting_ = false;
+  std::int32_t integer_ = -9;
+  bool boolean_ = false;
+  std::string octets_;
+  Outcome done_;
+};
+
+}  // namespace korvel::test

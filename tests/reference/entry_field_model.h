@@ -17,6 +17,7 @@ class EntryFieldModel {
     std::int32_t maxLength;  // 0: no limit
     bool isFullFailing;      // a link on EntryFieldFull ends everything
     bool isCompletedFailing;
+    std::string inputType, charList;
   };
 
   explicit EntryFieldModel(const Setup& setup) : setup_(setup), text_(setup.text) {}
@@ -26,6 +27,7 @@ class EntryFieldModel {
     const std::int32_t number = step.numbers.back();
     const bool isTrue = step.last == "TRUE";
     if (step.action == "Enter" && isInteracting_) done_.status = Enter(static_cast<char>(number));
+    if (step.action == "Key") done_.status = Press(number);
     if (step.action == "SetEntryPoint" && number >= 0) entryPoint_ = number, Redraw();
     if (step.action == "SetOverwriteMode") isOverwriting_ = isTrue;
     if (step.action == "SetInteractionStatus" && isTrue) isInteracting_ = true;
@@ -49,15 +51,39 @@ class EntryFieldModel {
   std::int32_t Length() const { return static_cast<std::int32_t>(text_.size()); }
   void Redraw() { ++done_.redraws; }
 
+  // The keys of an interaction. All others go to the scene, and without a scene most are blocked.
+  Status Press(std::int32_t key) {
+    const bool isDigit = key >= 5 && key <= 14;
+    if (isInteracting_ && isDigit) {
+      const char digit = static_cast<char>('0' + key - 5);
+      const bool isListed = setup_.charList.find(digit) != std::string::npos;
+      const bool isAllowed = setup_.inputType == "numeric" || setup_.inputType == "any" ||
+                             (setup_.inputType == "listed" && isListed);
+      return isAllowed ? Enter(digit) : Status::Done;
+    }
+    if (isInteracting_ && (key == 3 || key == 4)) {
+      const std::int32_t moved = entryPoint_ + (key == 3 ? -1 : 1);
+      if (moved < 0 || moved > Length()) return Status::Done;
+      entryPoint_ = moved;
+      Redraw();
+      return Status::Done;
+    }
+    if (isInteracting_ && (key == 15 || key == 16)) return Complete();
+    const bool isPassed = key == 16 || (key >= 100 && key <= 104);
+    return isPassed ? Status::Done : Status::Blocked;
+  }
+
+  Status Complete() {
+    isInteracting_ = false;
+    done_.events += Mark("InteractionCompleted");
+    return Fail(setup_.isCompletedFailing);
+  }
+
   Status Enter(char character) {
     const std::int32_t most = setup_.maxLength;
     const bool isLineEnd = character == '\r' || character == '\n';
     if (most < 0) return Status::Refused;
-    if (!isOverwriting_ && most == 0 && isLineEnd) {
-      isInteracting_ = false;
-      done_.events += Mark("InteractionCompleted");
-      return Fail(setup_.isCompletedFailing);
-    }
+    if (!isOverwriting_ && most == 0 && isLineEnd) return Complete();
     if (most >= 1 && (isOverwriting_ ? entryPoint_ >= most : Length() + 1 >= most)) return Full();
     // A character after the end of the text is appended, but within a maximum length it is
     // overwritten in place.

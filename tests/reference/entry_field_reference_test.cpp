@@ -21,8 +21,13 @@ struct EntryFieldPiece {
 
   static Setup MakeSetup(Random& random) {
     static const std::vector<std::int32_t> kLengths = {0, 0, 0, 1, 2, 3, 4, 6, -1, -2147483647};
-    return {random.OneIn(2) ? "" : RandomText(random), random.Of(kLengths), random.OneIn(8),
-            random.OneIn(8)};
+    static const std::vector<std::string> kTypes = {"alpha", "numeric", "any", "listed"};
+    return {random.OneIn(2) ? "" : RandomText(random),
+            random.Of(kLengths),
+            random.OneIn(8),
+            random.OneIn(8),
+            random.Of(kTypes),
+            random.OneIn(2) ? "" : "x37"};
   }
 
   static std::vector<Step> MakeSteps(Random& random, const Setup& /*setup*/) {
@@ -30,6 +35,7 @@ struct EntryFieldPiece {
     std::vector<Step> steps = {{"SetInteractionStatus", {1}, "TRUE"}};
     for (std::int32_t count = random.Between(1, 20); count > 0; --count) {
       const char* boolean = random.OneIn(2) ? "TRUE" : "FALSE";
+      const Step key = {"Key", {random.Between(1, 17)}};
       const Step enter = {"Enter", {1, random.Of(kCharacters)}};
       const std::vector<Step> choices = {enter,
                                          enter,
@@ -59,6 +65,7 @@ struct EntryFieldPiece {
     };
     std::string text = "{:EntryField 1 :OrigContent \"" + setup.text +
                        "\" :OrigBoxSize 99 20 :MaxLength " + std::to_string(setup.maxLength) +
+                       " :InputType " + setup.inputType + " :CharList \"" + setup.charList + "\"" +
                        "} {:IntegerVar 60 :OrigValue -9} {:BooleanVar 61 :OrigValue FALSE}"
                        " {:OStringVar 62 :OrigValue \"\"} {:Rectangle 9 :OrigBoxSize 9 9}"
                        " {:TokenGroup 51 :MovementTable ((1)) :TokenGroupItems ((9))}\n" +

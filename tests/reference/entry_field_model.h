@@ -54,23 +54,24 @@ class EntryFieldModel {
   // The keys of an interaction. All others go to the scene, and without a scene most are blocked.
   Status Press(std::int32_t key) {
     const bool isDigit = key >= 5 && key <= 14;
-    if (isInteracting_ && isDigit) {
-      const char digit = static_cast<char>('0' + key - 5);
-      const bool isListed = setup_.charList.find(digit) != std::string::npos;
-      const bool isAllowed = setup_.inputType == "numeric" || setup_.inputType == "any" ||
-                             (setup_.inputType == "listed" && isListed);
-      return isAllowed ? Enter(digit) : Status::Done;
+    if (isInteracting_ && isDigit && IsAllowed(static_cast<char>('0' + key - 5))) {
+      return Enter(static_cast<char>('0' + key - 5));
     }
     if (isInteracting_ && (key == 3 || key == 4)) {
-      const std::int32_t moved = entryPoint_ + (key == 3 ? -1 : 1);
-      if (moved < 0 || moved > Length()) return Status::Done;
-      entryPoint_ = moved;
+      const std::int32_t moved = std::min(entryPoint_, Length()) + (key == 3 ? -1 : 1);
+      entryPoint_ = std::clamp(moved, 0, Length());
       Redraw();
       return Status::Done;
     }
     if (isInteracting_ && (key == 15 || key == 16)) return Complete();
     const bool isPassed = key == 16 || (key >= 100 && key <= 104);
     return isPassed ? Status::Done : Status::Blocked;
+  }
+
+  bool IsAllowed(char digit) const {
+    const bool isListed = setup_.charList.find(digit) != std::string::npos;
+    return setup_.inputType == "numeric" || setup_.inputType == "any" ||
+           (setup_.inputType == "listed" && isListed);
   }
 
   Status Complete() {

@@ -37,7 +37,10 @@ struct EntryFieldPiece {
       const char* boolean = random.OneIn(2) ? "TRUE" : "FALSE";
       const Step key = {"Key", {random.Between(1, 17)}};
       const Step enter = {"Enter", {1, random.Of(kCharacters)}};
-      const std::vector<Step> choices = {enter,
+      const std::vector<Step> choices = {key,
+                                         key,
+                                         key,
+                                         enter,
                                          enter,
                                          enter,
                                          enter,

@@ -1,4 +1,6 @@
 // Sliders: stepping, setting and reading the value and the portion, by actions and by keys.
+#include <limits>
+
 #include "actions/behaviours.h"
 
 namespace korvel {
@@ -28,6 +30,8 @@ Status Step(Slider& slider, std::int32_t steps) {
   DropUnusedPortion(slider);
   const std::int64_t value = Wide(steps) * slider.StepSize + slider.SliderValue;
   if (value < slider.MinValue || value + slider.Portion > slider.MaxValue) return Status::Refused;
+  // A negative portion allows values above the maximum, but none that the record cannot hold.
+  if (value > std::numeric_limits<std::int32_t>::max()) return Status::Refused;
   slider.SliderValue = static_cast<std::int32_t>(value);
   return ShowChange(slider);
 }

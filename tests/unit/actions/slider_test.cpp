@@ -38,6 +38,14 @@ TEST_F(SliderTest, huge_steps_do_not_wrap) {
   EXPECT_EQ(Value(), 5);
 }
 
+TEST_F(SliderTest, a_negative_portion_allows_no_value_beyond_32_bits) {
+  StartSlider(":MinValue 0 :MaxValue 10 :InitialValue 0 :InitialPortion -2147483647"
+              " :SliderStyle proportional");
+  EXPECT_EQ(Run(":SetSliderValue(1 2147483647) :Step(1 1)"), Status::Done);
+  EXPECT_EQ(Value(), 2147483647);
+  EXPECT_EQ(TakeLog(), "done");
+}
+
 TEST_F(SliderTest, a_slider_with_step_0_refuses_every_value) {
   StartSlider(":MinValue 0 :MaxValue 10 :StepSize 0 :InitialValue 0");
   EXPECT_EQ(Run(":SetSliderValue(1 5) :SetSliderValue(1 0)"), Status::Done);

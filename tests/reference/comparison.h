@@ -136,6 +136,15 @@ std::map<std::string, std::string> ScenesOf(const Setup& setup) {
   }
 }
 
+// Plays a step, in the piece's own way if it has one.
+template <class Piece> Outcome PlayStep(const Step& step) {
+  if constexpr (requires { Piece::Play(step); }) {
+    return Piece::Play(step);
+  } else {
+    return Play(step);
+  }
+}
+
 // The difference between model and engine after one of the steps, or nothing.
 template <class Piece, class Setup>
 std::optional<std::string> FindDifference(const Setup& setup, const std::vector<Step>& steps) {
@@ -145,7 +154,7 @@ std::optional<std::string> FindDifference(const Setup& setup, const std::vector<
     return "at the start\n  model  " + model.State() + "\n  engine " + Piece::EngineState(setup);
   }
   for (const Step& step : steps) {
-    const Outcome engine = Play(step);
+    const Outcome engine = PlayStep<Piece>(step);
     const Outcome expected = model.Do(step);
     if (engine != expected) return "after " + step.Text() + Difference(expected, engine);
     if (Piece::EngineState(setup) != model.State()) {

@@ -111,7 +111,9 @@ void StartCase(const std::string& items, const std::map<std::string, std::string
   for (const auto& [file, text] : scenes) TheHost().files[file] = Compiled(text);
   TheHost().files["a"] =
       Compiled("{:Application (\"~/a\" 0) :Items ({:OStringVar " + std::to_string(kLog) +
-               " :Shared TRUE :OrigValue \"\"}\n" + items + ")}");
+               " :Shared TRUE :OrigValue \"\"} {:TokenGroup 901 :Shared TRUE"
+               " :MovementTable ((1)) :TokenGroupItems ()}\n" +
+               items + ")}");
   BeginWork();
   EXPECT_EQ(StartEngine(""), Status::Done);
   EXPECT_TRUE(ObjectOf<OctetStringVariable>(kLog).Value.Assign(""));

@@ -100,6 +100,10 @@ std::string Watch(std::int32_t source, std::string_view event, std::string_view 
 // The number of the variable that collects the marks.
 inline constexpr std::int32_t kLog = 900;
 
+// Actions that end their list and everything up the stack, and the message that they print.
+inline constexpr std::string_view kFail = ":MoveTo((\"~/a\" 901) 5) :Move((\"~/a\" 901) 1)";
+inline constexpr std::string_view kFailMessage = "Element Error\n";
+
 // Ends what runs and starts the application "~/a" with these items. `scenes` are groups by file.
 void StartCase(const std::string& items, const std::map<std::string, std::string>& scenes);
 Outcome Play(const Step& step);

@@ -104,7 +104,7 @@ class EntryFieldModel {
   }
   Status Fail(bool isFailing) {
     if (!isFailing) return Status::Done;
-    done_.messages += "Element Error\n";
+    done_.messages += kFailMessage;
     return Status::Failure;
   }
 

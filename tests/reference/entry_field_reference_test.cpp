@@ -64,14 +64,13 @@ struct EntryFieldPiece {
   static std::string Items(const Setup& setup) {
     const auto fail = [](int number, const char* event) {
       return "{:Link " + std::to_string(number) + " :EventSource 1 :EventType " + event +
-             " :LinkEffect (:MoveTo(51 5) :Move(51 1))}\n";
+             " :LinkEffect (" + std::string(kFail) + ")}\n";
     };
     std::string text = "{:EntryField 1 :OrigContent \"" + setup.text +
                        "\" :OrigBoxSize 99 20 :MaxLength " + std::to_string(setup.maxLength) +
                        " :InputType " + setup.inputType + " :CharList \"" + setup.charList + "\"" +
                        "} {:IntegerVar 60 :OrigValue -9} {:BooleanVar 61 :OrigValue FALSE}"
-                       " {:OStringVar 62 :OrigValue \"\"} {:Rectangle 9 :OrigBoxSize 9 9}"
-                       " {:TokenGroup 51 :MovementTable ((1)) :TokenGroupItems ((9))}\n" +
+                       " {:OStringVar 62 :OrigValue \"\"}\n" +
                        Watch(1, "EntryFieldFull", "none") +
                        Watch(1, "InteractionCompleted", "none");
     if (setup.isFullFailing) text += fail(71, "EntryFieldFull");

@@ -107,7 +107,7 @@ class LinkModel {
       if (effect.kind == ModelEffect::Activate) SetActive(effect.link, true);
       if (effect.kind == ModelEffect::Deactivate) SetActive(effect.link, false);
       if (effect.kind == ModelEffect::Fail) {
-        done_.messages += "Element Error\n";
+        done_.messages += kFailMessage;
         return Status::Failure;
       }
       if (effect.kind == ModelEffect::Transition) {

@@ -134,7 +134,7 @@ struct LinkPiece {
     case ModelEffect::Activate: return ":Activate(" + ReferenceTo(effect.link) + ")";
     case ModelEffect::Deactivate: return ":Deactivate(" + ReferenceTo(effect.link) + ")";
     case ModelEffect::Transition: return ":TransitionTo((\"" + effect.target + "\" 0))";
-    case ModelEffect::Fail: return ":MoveTo((\"~/a\" 70) 5) :Move((\"~/a\" 70) 1)";
+    case ModelEffect::Fail: return std::string(kFail);
     case ModelEffect::Send: break;
     }
     return ":SendEvent((\"" + effect.target + "\" 0) " + SourceText(effect.event) + " " +
@@ -156,11 +156,7 @@ struct LinkPiece {
     return text;
   }
 
-  static std::string Items(const Setup& setup) {
-    return "{:Rectangle 71 :InitiallyActive FALSE :OrigBoxSize 9 9} {:TokenGroup 70 :Shared TRUE"
-           " :MovementTable ((1)) :TokenGroupItems ((71))}\n" +
-           LinksText(setup.application);
-  }
+  static std::string Items(const Setup& setup) { return LinksText(setup.application); }
   static std::map<std::string, std::string> Scenes(const Setup& setup) {
     const auto scene = [](const char* name, const auto& links, std::int32_t inputRegister) {
       return "{:Scene (\"~/" + std::string(name) + "\" 0) :Items (" + LinksText(links) +

@@ -16,6 +16,10 @@ struct ListGroupPiece {
     setup.itemCount = random.Between(0, 6);
     setup.visibleCount = setup.itemCount + random.Between(0, 3);
     setup.cellCount = random.Between(0, 6);
+    static const std::vector<std::string> kEvents = {"FirstItemPresented", "LastItemPresented",
+                                                     "HeadItems",          "TailItems",
+                                                     "ItemSelected",       "ItemDeselected"};
+    if (random.OneIn(4)) setup.failing = random.Of(kEvents);
     setup.isActive = !random.OneIn(20);
     setup.wrapAround = random.OneIn(2);
     setup.multipleSelection = random.OneIn(2);
@@ -72,6 +76,10 @@ struct ListGroupPiece {
     for (const char* event : {"HeadItems", "TailItems", "ItemSelected", "ItemDeselected",
                               "TokenMovedFrom", "TokenMovedTo"}) {
       text += Watch(50, event);
+    }
+    if (!setup.failing.empty()) {
+      text += "{:Link 71 :EventSource 50 :EventType " + setup.failing + " :LinkEffect (" +
+              std::string(kFail) + ")}\n";
     }
     return text;
   }

@@ -14,7 +14,7 @@ class SliderModel {
   struct Setup {
     std::int32_t least, most, initialValue, initialPortion, step;
     std::string style;
-    bool isRunning, isFailing;  // a link on InteractionCompleted may end everything
+    bool isFailing;  // a link on InteractionCompleted may end everything
   };
 
   explicit SliderModel(const Setup& setup)
@@ -23,6 +23,7 @@ class SliderModel {
   Outcome Do(const Step& step) {
     done_ = {};
     const std::int64_t n = step.numbers.back();
+    if (step.action == "Stop") Stop();
     if (step.action == "Step") StepBy(n);
     if (step.action == "SetSliderValue") SetValue(n);
     if (step.action == "SetPortion") SetPortion(n);
@@ -39,6 +40,12 @@ class SliderModel {
   bool IsProportional() const { return setup_.style == "proportional"; }
   void ForgetPortion() {
     if (!IsProportional()) portion_ = 0;
+  }
+
+  // A stopped slider is still available, which is all that the actions require.
+  void Stop() {
+    if (isRunning_) ++done_.redraws;
+    isRunning_ = false;
   }
 
   void StepBy(std::int64_t steps) {
@@ -68,15 +75,16 @@ class SliderModel {
   }
 
   void Complete() {
-    if (setup_.isRunning) ++done_.redraws;
+    if (isRunning_) ++done_.redraws;
     done_.events += Mark("InteractionCompleted");
     if (!setup_.isFailing) return;
-    done_.messages += "Element Error\n";
+    done_.messages += kFailMessage;
     done_.status = Status::Failure;
   }
 
   Setup setup_;
   std::int64_t value_, portion_, integer_ = -77;
+  bool isRunning_ = true;
   Outcome done_;
 };
 

@@ -21,7 +21,6 @@ struct SliderPiece {
     setup.initialPortion = random.Around(-1, 6);
     setup.step = random.OneIn(2) ? 1 : random.Around(-2, 4);
     setup.style = random.Of(kStyles);
-    setup.isRunning = !random.OneIn(5);
     setup.isFailing = random.OneIn(10);
     return setup;
   }
@@ -38,6 +37,7 @@ struct SliderPiece {
                                          {"GetPortion", {1, 60}}};
       steps.push_back(random.Of(choices));
     }
+    if (random.OneIn(5)) steps[steps.size() / 2] = {"Stop", {1}};
     return steps;
   }
 
@@ -45,23 +45,16 @@ struct SliderPiece {
     const auto attribute = [](const char* name, std::int32_t value) {
       return " :" + std::string(name) + " " + std::to_string(value);
     };
-    std::string text = "{:Slider 1 :Orientation left :OrigBoxSize 9 9" +
-                       attribute("MinValue", setup.least) + attribute("MaxValue", setup.most) +
-                       attribute("InitialValue", setup.initialValue) +
-                       attribute("InitialPortion", setup.initialPortion) +
-                       attribute("StepSize", setup.step) + " :SliderStyle " + setup.style +
-                       "} {:IntegerVar 60 :OrigValue -77} {:Rectangle 9 :OrigBoxSize 9 9}"
-                       " {:TokenGroup 51 :MovementTable ((1)) :TokenGroupItems ((9))}\n" +
-                       Watch(1, "InteractionCompleted", "none");
+    std::string text =
+        "{:Slider 1 :Orientation left :OrigBoxSize 9 9" + attribute("MinValue", setup.least) +
+        attribute("MaxValue", setup.most) + attribute("InitialValue", setup.initialValue) +
+        attribute("InitialPortion", setup.initialPortion) + attribute("StepSize", setup.step) +
+        " :SliderStyle " + setup.style + "} {:IntegerVar 60 :OrigValue -77}\n" +
+        Watch(1, "InteractionCompleted", "none");
     if (setup.isFailing) {
       text += "{:Link 71 :EventSource 1 :EventType InteractionCompleted"
-              " :LinkEffect (:MoveTo(51 5) :Move(51 1))}\n";
-    }
-    // It starts and stops with its group: a slider that never ran is not available, which the
-    // actions require.
-    if (!setup.isRunning) {
-      text += "{:Link 72 :EventSource 51 :EventType TokenMovedTo :EventData 1"
-              " :LinkEffect (:Stop(1))}\n";
+              " :LinkEffect (" +
+              std::string(kFail) + ")}\n";
     }
     return text;
   }

@@ -66,7 +66,7 @@ class TokenGroupModel {
  private:
   Status Act(const Effect& effect) {
     if (effect.action == "Fail") {
-      done_.messages += "Element Error\n";
+      done_.messages += kFailMessage;
       return Status::Failure;
     }
     if (!setup_.isActive) return Status::Done;
@@ -90,7 +90,7 @@ class TokenGroupModel {
     if (token_ < 1) return Status::Done;
     const std::vector<std::int32_t>& row = setup_.movements[movement - 1];
     if (token_ > std::ssize(row)) {
-      done_.messages += "Element Error\n";
+      done_.messages += kFailMessage;
       return Status::Failure;
     }
     return MoveTo(row[token_ - 1]);

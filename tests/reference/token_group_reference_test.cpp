@@ -65,7 +65,7 @@ struct TokenGroupPiece {
   }
 
   static std::string EffectText(const Model::Effect& effect) {
-    if (effect.action == "Fail") return ":MoveTo(51 5) :Move(51 1)";
+    if (effect.action == "Fail") return std::string(kFail);
     return ":" + effect.action + "(50 " + std::to_string(effect.number) + ")";
   }
   static std::string SlotsText(const std::vector<Model::Slot>& slots) {
@@ -94,8 +94,7 @@ struct TokenGroupPiece {
       for (const std::int32_t target : row) movements += std::to_string(target) + " ";
       movements += ")";
     }
-    text += "{:IntegerVar 60 :OrigValue -9} {:Rectangle 9 :OrigBoxSize 9 9}"
-            " {:TokenGroup 51 :MovementTable ((1)) :TokenGroupItems ((9))}\n";
+    text += "{:IntegerVar 60 :OrigValue -9}\n";
     text += setup.isListGroup ? "{:ListGroup" : "{:TokenGroup";
     text += " 50 :MovementTable (" + movements + ")\n :TokenGroupItems (" + members +
             ") :NoTokenActionSlots (" + SlotsText(setup.noTokenSlots) + ")";

@@ -2,35 +2,15 @@
 // a change of scene affect the rest.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "comparison.h"
+#include "link_content.h"
 
 namespace korvel::test {
-
-struct ModelEvent {
-  std::string group;  // of the source; empty: no particular source
-  std::int32_t number = 0;
-  EventType type = EventType::TestEvent;
-  ValueKind kind = ValueKind::None;
-  std::int32_t value = 0;
-};
-// An effect after the mark of the link.
-struct ModelEffect {
-  enum Kind { Send, Activate, Deactivate, Transition, Fail } kind;
-  ModelEvent event;    // Send
-  std::int32_t link;   // Activate, Deactivate
-  std::string target;  // Send, Transition: the name of the scene
-};
-struct ModelLink {
-  std::int32_t number;  // 1 to 99 in the application, from 100 in "~/s", from 200 in "~/t"
-  bool isActive, isShared;
-  ModelEvent event;
-  std::vector<ModelEffect> effects;
-};
 
 class LinkModel {
  public:
@@ -56,11 +36,12 @@ class LinkModel {
     return text;
   }
 
-  static std::string WithoutTilde(const std::string& name) {
+ private:
+  // A name without the "~" that means the current directory.
+  static std::string_view Plain(std::string_view name) {
     return name.starts_with('~') ? name.substr(1) : name;
   }
 
- private:
   static ModelEffect StepTransition(const Step& step) {
     return {ModelEffect::Transition, {}, 0, step.last.substr(2, step.last.find('"', 2) - 2)};
   }
@@ -71,9 +52,8 @@ class LinkModel {
 
   static bool Matches(const ModelLink& link, const ModelEvent& event) {
     const ModelEvent& waits = link.event;
-    const bool isSource =
-        event.group.empty() ||
-        (WithoutTilde(waits.group) == WithoutTilde(event.group) && waits.number == event.number);
+    const bool isSource = event.group.empty() || (Plain(waits.group) == Plain(event.group) &&
+                                                  waits.number == event.number);
     const bool isCompared = waits.kind == ValueKind::Boolean || waits.kind == ValueKind::Integer;
     const bool isData = waits.kind == ValueKind::None ||
                         (isCompared && waits.kind == event.kind && waits.value == event.value);
@@ -122,7 +102,7 @@ class LinkModel {
   }
 
   bool IsScene(const std::string& name) const {
-    return !scene_.empty() && WithoutTilde(scene_) == WithoutTilde(name);
+    return !scene_.empty() && Plain(scene_) == Plain(name);
   }
 
   void SetActive(std::int32_t number, bool isActive) {
@@ -135,8 +115,8 @@ class LinkModel {
 
   Status Transition(const std::string& target) {
     if (target == scene_) return Status::Refused;
-    const bool isS = WithoutTilde(target) == "/s";
-    if (!isS && WithoutTilde(target) != "/t") {  // the file does not exist
+    const bool isS = Plain(target) == "/s";
+    if (!isS && Plain(target) != "/t") {  // the file does not exist
       const Status status = Raise({"~/a", 0, EventType::EngineEvent, ValueKind::Integer, 2});
       return status == Status::Failure ? status : Status::Refused;
     }

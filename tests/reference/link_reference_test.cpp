@@ -6,6 +6,7 @@
 #include <string>
 
 #include "comparison.h"
+#include "link_content.h"
 #include "link_model.h"
 
 namespace korvel::test {
@@ -111,49 +112,6 @@ struct LinkPiece {
       steps.push_back(random.Of(choices));
     }
     return steps;
-  }
-
-  static std::string ReferenceTo(std::int32_t link) {
-    const char* group = link < 100 ? "a" : link < 200 ? "s" : "t";
-    return std::string("(\"~/") + group + "\" " + std::to_string(link) + ")";
-  }
-  static std::string DataText(const ModelEvent& event, bool isGeneric) {
-    switch (event.kind) {
-    case ValueKind::Boolean:
-      return std::string(isGeneric ? ":GBoolean " : "") + (event.value != 0 ? "TRUE" : "FALSE");
-    case ValueKind::Integer: return (isGeneric ? ":GInteger " : "") + std::to_string(event.value);
-    case ValueKind::OctetString: return std::string(isGeneric ? ":GOctetString " : "") + "\"1\"";
-    default: return "";
-    }
-  }
-  static std::string SourceText(const ModelEvent& event) {
-    return "(\"" + event.group + "\" " + std::to_string(event.number) + ")";
-  }
-  static std::string EffectText(const ModelEffect& effect) {
-    switch (effect.kind) {
-    case ModelEffect::Activate: return ":Activate(" + ReferenceTo(effect.link) + ")";
-    case ModelEffect::Deactivate: return ":Deactivate(" + ReferenceTo(effect.link) + ")";
-    case ModelEffect::Transition: return ":TransitionTo((\"" + effect.target + "\" 0))";
-    case ModelEffect::Fail: return std::string(kFail);
-    case ModelEffect::Send: break;
-    }
-    return ":SendEvent((\"" + effect.target + "\" 0) " + SourceText(effect.event) + " " +
-           WordOf(effect.event.type) + " " + DataText(effect.event, true) + ")";
-  }
-  static std::string LinksText(const std::vector<ModelLink>& links) {
-    std::string text;
-    for (const ModelLink& link : links) {
-      text += "{:Link " + std::to_string(link.number);
-      if (!link.isActive) text += " :InitiallyActive FALSE";
-      if (link.isShared) text += " :Shared TRUE";
-      text += " :EventSource " + SourceText(link.event) + " :EventType " + WordOf(link.event.type) +
-              (link.event.kind == ValueKind::None ? "" : " :EventData ") +
-              DataText(link.event, false) + " :LinkEffect (:Append((\"~/a\" 900) \"" +
-              std::to_string(link.number) + " \")";
-      for (const ModelEffect& effect : link.effects) text += " " + EffectText(effect);
-      text += ")}\n";
-    }
-    return text;
   }
 
   static std::string Items(const Setup& setup) { return LinksText(setup.application); }

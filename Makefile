@@ -1,7 +1,8 @@
 # Short commands for the CMake presets. Each target installs the missing Debian packages that it
 # needs and builds only what it needs, so any target may be the first command on a new machine
 # (scripts/fresh-machine.sh tests that). Products: build/<preset>/bin/.
-.PHONY: play test test-elsewhere gallery dll mheg demos fuzz bench bench-check check format
+.PHONY: play test test-elsewhere gallery dll mheg demos fuzz endurance long-tests bench \
+  bench-check check format
 
 # Plays the demo that DEMO names (welcome, quiz, clock): in a window if there is a display,
 # otherwise takes screenshots.
@@ -47,6 +48,16 @@ fuzz:
 	@cmake --preset fuzz -DKORVEL_FUZZ_SECONDS=$(or $(SECONDS),600) >/dev/null
 	@cmake --build --preset fuzz
 	@ctest --preset fuzz; status=$$?; scripts/fuzz-table.sh; exit $$status
+
+# A million keys in the demos, eleven hours of a viewer's keys in the library, and plots of what the
+# process holds: build/endurance/. STEPS and KEYS set other numbers.
+endurance:
+	@scripts/install-packages.sh native windows run test bench
+	@cmake --preset native-asan -DKORVEL_TESTS=ON >/dev/null
+	@cmake --build --preset native-asan --target unit_demos
+	@cmake --preset win64 -DKORVEL_TESTS=ON >/dev/null
+	@cmake --build --preset win64 --target windows_library
+	@scripts/endurance.sh
 
 # One table of the times of all benchmarks, with the goals that are met.
 bench:

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <random>
 
 namespace korvel::test {
 namespace {
@@ -54,19 +53,22 @@ void DemoTest::ExpireTimer(std::int32_t timer) {
 }
 
 void AnyKeys::PressAnyKeys(const std::string& demo, int steps) {
+  ASSERT_NO_FATAL_FAILURE(Play(demo));
+  PressMoreKeys(steps);
+}
+
+void AnyKeys::PressMoreKeys(int steps) {
   constexpr std::int32_t kKeys[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,   10,  11,  12,  13,
                                     14, 15, 15, 15, 15, 15, 15, 16, 100, 101, 102, 103, 104};
-  ASSERT_NO_FATAL_FAILURE(Play(demo));
-  std::mt19937 random{20240607};
   for (int step = 0; step < steps; ++step) {
     SCOPED_TRACE("step " + std::to_string(step) + " in " + SceneName());
     const auto& timers = TheHost().timers;
-    if (!timers.empty() && random() % 4 == 0) {
+    if (!timers.empty() && random_() % 4 == 0) {
       auto timer = timers.begin();
-      std::advance(timer, static_cast<std::ptrdiff_t>(random() % timers.size()));
+      std::advance(timer, static_cast<std::ptrdiff_t>(random_() % timers.size()));
       ASSERT_NO_FATAL_FAILURE(ExpireTimer(static_cast<std::int32_t>(timer->first)));
     } else {
-      ASSERT_NO_FATAL_FAILURE(PressAll({kKeys[random() % std::size(kKeys)]}));
+      ASSERT_NO_FATAL_FAILURE(PressAll({kKeys[random_() % std::size(kKeys)]}));
     }
     if (HasFailure()) return;
   }

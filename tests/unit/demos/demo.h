@@ -2,6 +2,7 @@
 // keys, lets timers expire, and reads the texts of the scene.
 #pragma once
 
+#include <random>
 #include <string>
 
 #include "support/engine_fixture.h"
@@ -35,10 +36,16 @@ class DemoTest : public EngineTest {
   }
 };
 
-// Presses `steps` random keys, mixed with timer expiries.
+// Presses random keys, mixed with timer expiries.
 class AnyKeys : public DemoTest {
  protected:
+  // Starts the demo and presses `steps` keys.
   void PressAnyKeys(const std::string& demo, int steps);
+  // Presses `steps` more keys in the running demo.
+  void PressMoreKeys(int steps);
+
+ private:
+  std::mt19937 random_{20240607};
 };
 
 }  // namespace korvel::test

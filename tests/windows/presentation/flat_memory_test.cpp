@@ -7,44 +7,9 @@
 #include "presentation/state.h"
 #include "windows/presentation/content.h"
 #include "windows/presentation/stage.h"
+#include "windows/support/holdings.h"
 
 namespace korvel::test {
-
-namespace {
-
-// The resources of the process. All heap blocks are counted, including those of GDI+ and global
-// blocks. The heap of newer Wine versions groups small blocks and lists each group as one block.
-// The number of GDI objects cannot be queried, but the table index of a new one rises if others
-// leak.
-struct Holdings {
-  std::size_t blocks = 0;
-  std::size_t bytes = 0;
-  std::uintptr_t nextGdiPlace = 0;
-};
-
-std::uintptr_t NextGdiPlace() {
-  HBRUSH brush = CreateSolidBrush(RGB(1, 2, 3));
-  const std::uintptr_t place = reinterpret_cast<std::uintptr_t>(brush) & 0xFFFF;
-  DeleteObject(brush);
-  return place;
-}
-
-Holdings Held() {
-  Holdings held;
-  HANDLE heap = GetProcessHeap();
-  PROCESS_HEAP_ENTRY entry{};
-  HeapLock(heap);
-  while (HeapWalk(heap, &entry) != FALSE) {
-    if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) == 0) continue;
-    ++held.blocks;
-    held.bytes += entry.cbData;
-  }
-  HeapUnlock(heap);
-  held.nextGdiPlace = NextGdiPlace();
-  return held;
-}
-
-}  // namespace
 
 class FlatMemoryTest : public Stage {
  protected:

@@ -81,6 +81,11 @@ int RecordingHost::HeldBuffers() const {
   return static_cast<int>(buffers_.size());
 }
 
+void RecordingHost::ForgetCalls() {
+  const std::lock_guard lock(mutex_);
+  calls_.clear();
+}
+
 void RecordingHost::Record(const std::string& name) {
   {
     const std::lock_guard lock(mutex_);

@@ -44,6 +44,8 @@ class RecordingHost : public MHEG5Host {
   [[nodiscard]] std::vector<HostCall> Calls() const;
   [[nodiscard]] std::vector<std::string> Names() const;
   [[nodiscard]] int CountOf(const std::string& name) const;
+  // Removes the records of all calls so far.
+  void ForgetCalls();
 
   // The numbers of references and of buffers that the engine holds.
   [[nodiscard]] int HeldReferences() const { return references_; }

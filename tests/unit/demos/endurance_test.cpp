@@ -1,0 +1,100 @@
+// Random keys and timer expiries in all demos, as many as KORVEL_STEPS says, without restarting the
+// engine. Memory and timers stay flat. The samples are written to the file that KORVEL_SAMPLES
+// names, for a plot.
+#include <malloc.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <vector>
+
+#include "unit/demos/demo.h"
+
+#ifdef __SANITIZE_ADDRESS__
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // the compiler has no header
+#endif
+
+namespace korvel::test {
+namespace {
+
+constexpr int kSamples = 1000;  // for each demo
+
+int StepsOfRun() {
+  const char* steps = std::getenv("KORVEL_STEPS");
+  return steps == nullptr ? 60000 : std::atoi(steps);
+}
+
+// All bytes that the process holds. The sanitizer has an allocator of its own.
+std::size_t AllocatedBytes() {
+#ifdef __SANITIZE_ADDRESS__
+  return __sanitizer_get_current_allocated_bytes();
+#else
+  return mallinfo2().uordblks;
+#endif
+}
+
+struct Sample {
+  std::size_t bytes = 0;
+  std::size_t blocks = 0;
+  std::size_t timers = 0;
+};
+
+class Endurance : public AnyKeys {
+ protected:
+  // Presses that many keys and returns what is held afterwards.
+  Sample After(int steps) {
+    PressMoreKeys(steps);
+    // What the substitutes record is not the engine's.
+    TheHost().fetched = {};
+    TheHost().killedTimers = {};
+    TheHost().traced = {};
+    ThePresentation().drawings = {};
+    Printed();
+    return {AllocatedBytes(), LiveBlocks(), TheHost().timers.size()};
+  }
+};
+
+// The largest value of some samples. Scenes differ in size, so there must be many.
+std::size_t Most(const std::vector<Sample>& samples, int first, int end,
+                 std::size_t Sample::*value) {
+  std::size_t most = 0;
+  for (int place = first; place < end; ++place) {
+    most = std::max(most, samples[static_cast<std::size_t>(place)].*value);
+  }
+  return most;
+}
+
+// Compares the second half of the run with the first, without its first tenth. Flat means that one
+// per cent is added at most, or what one scene may hold more than another.
+void ExpectFlat(const std::vector<Sample>& samples, std::size_t Sample::*value,
+                std::size_t difference) {
+  const std::size_t early = Most(samples, kSamples / 10, kSamples / 2, value);
+  EXPECT_LE(Most(samples, kSamples / 2, kSamples, value),
+            early + std::max(early / 100, difference));
+}
+
+TEST_F(Endurance, memory_and_timers_stay_flat_however_long_the_viewer_presses_keys) {
+  const char* path = std::getenv("KORVEL_SAMPLES");
+  std::ofstream plot(path == nullptr ? "/dev/null" : path);
+  plot << "demo,bytes,blocks,timers\n";
+  for (const std::string demo : {"welcome", "quiz", "clock"}) {
+    SCOPED_TRACE(demo);
+    TheHost() = {};
+    ASSERT_NO_FATAL_FAILURE(Play(demo));
+    std::vector<Sample> samples;
+    samples.reserve(kSamples);  // so that it does not count as growth
+    for (int count = 0; count < kSamples && !HasFailure(); ++count) {
+      samples.push_back(After(StepsOfRun() / 3 / kSamples));
+      const Sample& last = samples.back();
+      plot << demo << ',' << last.bytes << ',' << last.blocks << ',' << last.timers << '\n';
+    }
+    ASSERT_FALSE(HasFailure());
+    ExpectFlat(samples, &Sample::bytes, 4096);
+    ExpectFlat(samples, &Sample::blocks, 10);
+    ExpectFlat(samples, &Sample::timers, 0);
+    EndEngine();
+  }
+}
+
+}  // namespace
+}  // namespace korvel::test

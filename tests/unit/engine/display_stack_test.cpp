@@ -272,8 +272,10 @@ TEST_F(DisplayStack, unavailable_visibles_are_not_restacked) {
 TEST_F(DisplayStack, only_visibles_in_the_stack_with_their_class_are_restacked) {
   StackThree();
   Box(4).AvailabilityStatus = true;
-  for (const auto& [kind, number] :
+  for (const auto& visible :
        {std::pair{kRectangle, 4}, std::pair{ItemType::Text, 1}, std::pair{ItemType::Bitmap, 3}}) {
+    const auto kind = visible.first;
+    const auto number = visible.second;
     EXPECT_EQ(Do([&] { return BringToFront(kind, Box(number)); }), Status::Refused);
     EXPECT_EQ(Do([&] { return SendToBack(kind, Box(number)); }), Status::Refused);
     EXPECT_EQ(Do([&] { return PutBefore(kind, Box(number), Box(2)); }), Status::Refused);

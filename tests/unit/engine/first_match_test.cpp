@@ -99,7 +99,9 @@ class FirstMatch : public EngineTest {
   template <class Choices> auto OneOf(const Choices& choices) {
     return choices[random_() % std::size(choices)];
   }
-  std::int32_t Number(std::int32_t most) { return static_cast<std::int32_t>(random_() % most); }
+  std::int32_t Number(std::int32_t most) {
+    return static_cast<std::int32_t>(random_() % static_cast<std::uint32_t>(most));
+  }
 
   // A number of the item itself, often with the name of some group.
   std::string Identity() {

@@ -186,7 +186,7 @@ inline constexpr ClassSet kLinkOrProgram = SetOf(Link, ResidentProgram);
 inline constexpr ClassSet kRunnable = kVisibles | kTokenGroups | SetOf(Audio, Stream);
 
 // The classes numbered from `first` to `last`, inclusive.
-constexpr ClassSet Span(ItemType first, ItemType last) {
+consteval ClassSet Span(ItemType first, ItemType last) {
   ClassSet set = 0;
   for (auto number = static_cast<unsigned>(first); number <= static_cast<unsigned>(last);
        ++number) {
@@ -201,7 +201,7 @@ inline constexpr ClassSet kStatusClasses =
     SetOf(LineArt, RemoteProgram, InterchangedProgram);
 inline constexpr ClassSet kIngredients3To24 = Span(Link, LineArt);
 
-constexpr ActionRow Row(Action action, const char* name,
+consteval ActionRow Row(Action action, const char* name,
                         std::initializer_list<Parameter> parameters, std::uint8_t requiredCount,
                         ClassSet accepts) {
   ActionRow row{action, name, {}, 0, requiredCount, accepts};
@@ -334,7 +334,7 @@ inline constexpr std::array<ActionRow, kActionCount> kActions = {
     Row(GetVideoDecodeOffset, "GetVideoDecodeOffset", {Reference, Reference}, 2, SetOf(Video)),
 };
 
-constexpr bool IsInNumericOrder() {
+consteval bool IsInNumericOrder() {
   for (std::size_t i = 0; i < kActions.size(); ++i) {
     if (static_cast<std::size_t>(kActions[i].action) != i + 1) return false;
   }

@@ -5,9 +5,6 @@
 #include <algorithm>
 #include <array>
 
-#include "objects/action_table.h"
-#include "objects/class_tables.h"
-
 namespace korvel {
 namespace {
 
@@ -74,7 +71,7 @@ struct KeywordTable {
   std::array<std::uint16_t, kKeywordCount + 1> next{};
 };
 
-constexpr KeywordTable MakeTable() {
+consteval KeywordTable MakeTable() {
   KeywordTable table;
   for (std::uint16_t code = kKeywordCount; code >= 1; --code) {
     std::uint16_t& first = table.first[KeywordBucket(kKeywords[code - 1U])];
@@ -84,64 +81,6 @@ constexpr KeywordTable MakeTable() {
   return table;
 }
 constexpr KeywordTable kTable = MakeTable();
-
-constexpr std::uint16_t Find(std::string_view word) {
-  std::uint16_t code = kTable.first[KeywordBucket(word)];
-  while (code != 0 && kKeywords[code - 1U] != word) code = kTable.next[code];
-  return code;
-}
-
-// ---- Every word of the class and action tables is a keyword ----
-
-constexpr bool IsListed(std::string_view word, std::string_view prefix = "") {
-  std::array<char, 64> upper{};
-  std::size_t length = 0;
-  for (const char c : prefix) upper[length++] = c;
-  for (const char c : word) upper[length++] = UpperCase(c);
-  return Find({upper.data(), length}) != 0;
-}
-
-template <class Field> constexpr bool AreListed(const char* keyword, const Form& form) {
-  bool areListed = keyword == nullptr || IsListed(keyword);
-  if (form.innerKeyword != nullptr) areListed = areListed && IsListed(form.innerKeyword);
-  if constexpr (IsEnumeration<Field>) {
-    for (const char* word : kWords<Field>) areListed = areListed && IsListed(word);
-  }
-  return areListed;
-}
-
-// The keywords of a class's attributes, and of the parts of those that are structures.
-template <class Record> constexpr bool HasListedAttributes() {
-  bool areListed = true;
-  const auto check = [&areListed]<class Owner, class Field>(const Attribute<Owner, Field>& row) {
-    areListed = areListed && AreListed<Field>(row.keyword, row.form);
-    if constexpr (IsDescribed<Field>) areListed = areListed && HasListedAttributes<Field>();
-  };
-  ForEachAttribute<Record>(check);
-  return areListed;
-}
-template <class Record> constexpr bool HasListedElements() {
-  bool areListed = true;
-  const auto check = [&areListed]<class Owner, class Field>(const Element<Owner, Field>& row) {
-    areListed = areListed && AreListed<Field>(row.keyword, row.form);
-  };
-  ForEachElement<Record>(check);
-  return areListed;
-}
-template <class... Records> constexpr bool HasListedClasses(Classes<Records...> /*classes*/) {
-  return ((IsListed(Description<Records>::heading.keyword) && HasListedAttributes<Records>()) &&
-          ...);
-}
-constexpr bool HasListedActions() {
-  for (std::uint8_t number = 1; number <= kDecodedActionCount; ++number) {
-    if (!IsListed(FindAction(number)->name, ":")) return false;
-  }
-  return true;
-}
-static_assert(HasListedClasses(Classes<Application, Scene>{}));
-static_assert(HasListedClasses(ItemClasses{}) && HasListedClasses(ComponentClasses{}));
-static_assert(HasListedElements<LinkCondition>() && HasListedElements<TokenGroupItem>());
-static_assert(HasListedActions());
 
 // ---- Guesses ----
 
@@ -169,7 +108,11 @@ std::size_t Distance(std::string_view one, std::string_view other) {
 
 const char* KeywordText(std::uint16_t code) { return kKeywords[code - 1U]; }
 
-std::uint16_t FindKeyword(std::string_view word) { return Find(word); }
+std::uint16_t FindKeyword(std::string_view word) {
+  std::uint16_t code = kTable.first[KeywordBucket(word)];
+  while (code != 0 && kKeywords[code - 1U] != word) code = kTable.next[code];
+  return code;
+}
 
 const char* NearestKeyword(std::string_view word) {
   if (word.size() > kLongestWord) return nullptr;

@@ -1,8 +1,8 @@
 # Short commands for the CMake presets. Each target installs the missing Debian packages that it
 # needs and builds only what it needs, so any target may be the first command on a new machine
 # (scripts/fresh-machine.sh tests that). Products: build/<preset>/bin/.
-.PHONY: play test test-elsewhere gallery dll mheg demos fuzz endurance long-tests bench \
-  bench-check check format
+.PHONY: play test test-elsewhere gallery dll mheg demos fuzz coverage mutants endurance long-tests \
+  bench bench-check check format
 
 # Plays the demo that DEMO names (welcome, quiz, clock): in a window if there is a display,
 # otherwise takes screenshots.
@@ -58,6 +58,14 @@ endurance:
 	@cmake --preset win64 -DKORVEL_TESTS=ON >/dev/null
 	@cmake --build --preset win64 --target windows_library
 	@scripts/endurance.sh
+
+# How much of the portable folders the native tests execute, and whether that meets the goals. Each
+# line: build/coverage/html/index.html.
+coverage:
+	@scripts/install-packages.sh native coverage
+	@cmake --preset coverage >/dev/null
+	@cmake --build --preset coverage --target core_tests
+	@scripts/coverage.py
 
 # One table of the times of all benchmarks, with the goals that are met.
 bench:

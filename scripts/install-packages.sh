@@ -17,6 +17,7 @@ for task; do
       packages="$packages libbenchmark-dev liblua5.4-dev libtasn1-6-dev python3-matplotlib valgrind"
       ;;
     fuzz) packages="$packages clang libclang-rt-dev cmake ninja-build" ;;
+    coverage) packages="$packages clang libclang-rt-dev llvm libgtest-dev openssl python3" ;;
     format) packages="$packages clang-format" ;;
     tidy) packages="$packages clang-tidy" ;;
     fresh) packages="$packages debootstrap git" ;;

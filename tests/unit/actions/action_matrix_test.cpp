@@ -299,8 +299,13 @@ class ActionMatrixTest : public Stage {
   std::string Changes(const std::string& setup, const std::string& text, bool isAvailable) {
     StartObjects();
     if (!isAvailable) {
-      for (const Item& item : CurrentApplication()->Items)
+      for (const Item& item : CurrentApplication()->Items) {
         item.Record()->AvailabilityStatus = false;
+        if (item.Type() != ItemType::Stream) continue;
+        for (const Item& component : item.As<Stream>().Multiplex) {
+          component.Record()->AvailabilityStatus = false;
+        }
+      }
     }
     if (!setup.empty()) {
       EXPECT_EQ(Run(setup), Status::Done);
@@ -314,6 +319,39 @@ class ActionMatrixTest : public Stage {
 // BringToFront removes the entry from the display stack and adds it again. That is no change.
 TEST_F(ActionMatrixTest, bringing_the_front_object_to_the_front_changes_nothing) {
   EXPECT_EQ(Changes(":BringToFront(13)", ":BringToFront(13)", true), "");
+}
+
+// These do not need a prepared object.
+const std::set<std::string> kNeedNoPreparation = {
+    "Activate",   "AddItem",           "Deactivate", "DelItem",       "Move",
+    "MoveTo",     "Preload",           "Run",        "ScrollItems",   "Select",
+    "SelectItem", "SetCounterTrigger", "SetData",    "SetEntryPoint", "SetFirstItem",
+    "SetFontRef", "SetOverwriteMode",  "SetVolume",  "Stop",          "ToggleItem"};
+
+TEST_F(ActionMatrixTest, other_actions_change_nothing_on_unprepared_objects) {
+  const auto matrix = ReviewedMatrix();
+  std::set<std::string> acting;
+  for (const Trial& trial : kTrials) {
+    const std::string name = FindAction(static_cast<std::uint8_t>(trial.action))->name;
+    for (const auto& [code, className] : kClasses) {
+      if (code <= 2 || code > 27 || matrix.at(name).count(className) == 0) continue;
+      const std::string changes = Changes("", Named(trial.text, code), false);
+      if (!changes.empty()) acting.insert(name);
+    }
+  }
+  EXPECT_EQ(acting, kNeedNoPreparation);
+}
+
+TEST_F(ActionMatrixTest, a_stopped_token_group_or_list_group_ignores_other_actions) {
+  std::set<std::string> acting;
+  for (const Trial& trial : kTrials) {
+    for (const unsigned code : {10U, 11U}) {
+      if (Changes(Named(":Stop($)", code), Named(trial.text, code), true).empty()) continue;
+      acting.insert(FindAction(static_cast<std::uint8_t>(trial.action))->name);
+    }
+  }
+  EXPECT_EQ(acting,
+            (std::set<std::string>{"GetAvailabilityStatus", "GetRunningStatus", "Run", "SetData"}));
 }
 
 TEST_F(ActionMatrixTest, actions_act_on_accepted_classes_and_on_no_others) {

@@ -137,5 +137,59 @@ TEST_F(OutOfMemoryActionsTest, a_polygon_without_memory_for_its_points_is_not_dr
   EXPECT_TRUE(texts.contains("Can't allocate memory for Points\n"));
 }
 
+// Each action copies or collects something.
+TEST_F(OutOfMemoryActionsTest, after_any_failed_allocation_the_next_key_is_handled) {
+  const std::string items = R"(
+    {:Palette 28 :OrigContent "abcd"} {:BooleanVar 5 :OrigValue FALSE}
+    {:IntegerVar 6 :OrigValue 9} {:OStringVar 7 :OrigValue "o"}
+    {:ObjectRefVar 8 :OrigValue :ObjectRef ("~/none" 77)}
+    {:ContentRefVar 9 :OrigValue :ContentRef "c"} {:ResidentPrg 4 :Name "DBG"}
+    {:ListGroup 11 :TokenGroupItems ((13) (14 :ActionSlots ((:Add(6 1))))) :MovementTable ((2 1))
+      :MultipleSelection TRUE :Positions ((0 0) (9 9) (1 1))}
+    {:Rectangle 13 :OrigBoxSize 9 9} {:Rectangle 14 :OrigBoxSize 9 9}
+    {:Rectangle 15 :OrigBoxSize 9 9}
+    {:Text 16 :InitiallyActive FALSE :OrigContent "t" :OrigBoxSize 9 9 :OrigFont "f"
+      :OrigPaletteRef 28 :FontAttributes "plain.24.24.0"}
+    {:PushButton 17 :InitiallyActive FALSE :OrigBoxSize 9 9 :OrigLabel "p" :OrigPaletteRef 28}
+    {:LineArt 18 :InitiallyActive FALSE :OrigContent "l" :OrigBoxSize 9 9 :OrigPaletteRef 28
+      :OrigRefLineColour '=01=02=03'}
+    {:HyperText 19 :InitiallyActive FALSE :OrigContent "h" :OrigBoxSize 9 9 :OrigPaletteRef 28}
+    {:TokenGroup 20 :InitiallyActive FALSE :TokenGroupItems ((13) (15)) :MovementTable ((2 1))}
+    {:Stream 21 :InitiallyActive FALSE :Multiplex ({:Audio 22 :ComponentTag 1})})";
+  for (const char* actions :
+       {":Run(16) :SetFontRef(16 \"g\") :SetData(16 \"new\")",
+        ":Run(17) :SetLabel(17 \"label\") :GetLabel(17 7)",
+        ":Run(18) :SetLineColour(18 "
+        ":NewAbsoluteColour '=04=05=06') :GetLineColour(18 7)",
+        ":Run(19)", ":Run(20) :MoveTo(20 2)", ":Run(21) :SetCounterTrigger(21 5 6)",
+        ":AddItem(11 1 15) :DelItem(11 13)",
+        ":SelectItem(11 1) :SelectItem(11 2) :DeselectItem(11 1) :GetListItem(11 1 8)",
+        ":SetPaletteRef(13 28)", ":Preload(16)", ":Fork(4 5 :GOctetString \"x\")",
+        ":StorePersistent((\"~/a\" 0) 5 (6 7 8 9) \"n\") :ReadPersistent((\"~/a\" 0) 5 (6 7 8 9) "
+        "\"n\")",
+        ":SetVariable(7 :GOctetString \"v\") :Append(7 :IndirectRef 7)",
+        ":SetVariable(8 :GObjectRef (\"~/x\" 6)) :SetVariable(8 :GObjectRef :IndirectRef 8)",
+        ":SetVariable(9 :GContentRef :ContentRef \"d\") :TestVariable(9 1 :GContentRef "
+        ":IndirectRef 9)",
+        ":SetTimer((\"~/a\" 0) 5 1000)",
+        ":SendEvent((\"~/a\" 0) (\"~/a\" 6) TestEvent :GBoolean "
+        "TRUE)"}) {
+    FailEachAllocation(
+        [&] {
+          EndEngine();
+          AddFile("a", ApplicationText("~/a", items + LinkOnKey(200, 100, actions) +
+                                                  LinkOnKey(201, 101, Note("x"))));
+          BeginWork();
+          EXPECT_EQ(StartEngine(""), Status::Done);
+          BeginWork();
+        },
+        [] { return RaiseOutsideEvent(0, EventType::UserInput, 100); },
+        [&](Status, const std::string& text) {
+          EXPECT_NE(Press(101), Status::Failure) << actions << " printed " << text;
+          EXPECT_EQ(Notes(), "x") << actions;
+        });
+  }
+}
+
 }  // namespace
 }  // namespace korvel::test

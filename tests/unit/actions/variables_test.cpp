@@ -155,6 +155,9 @@ TEST_F(VariablesTest, division_truncates_and_the_remainder_has_the_dividends_sig
   EXPECT_EQ(Calculate("Divide", -7, 3), -2);
   EXPECT_EQ(Calculate("Modulo", -7, 3), -1);
   EXPECT_EQ(Calculate("Modulo", 7, -3), 1);
+  EXPECT_EQ(Calculate("Divide", 7, -1), -7);
+  EXPECT_EQ(Calculate("Divide", std::numeric_limits<std::int32_t>::min(), -2), 1 << 30);
+  EXPECT_EQ(Calculate("Modulo", std::numeric_limits<std::int32_t>::min(), -3), -2);
 }
 
 TEST_F(VariablesTest, dividing_by_zero_changes_nothing) {

@@ -8,6 +8,8 @@
 #include <random>
 #include <vector>
 
+#include "substitutes/memory.h"
+
 namespace korvel::test {
 
 constexpr std::int32_t kFar = 32000;
@@ -137,6 +139,39 @@ TEST(Clipping, a_clipped_triangle_covers_the_same_points_of_the_square) {
     }
   }
   EXPECT_GT(covered, 500);
+}
+
+TEST(Clipping, a_polygon_that_crosses_all_sides_needs_memory_for_each) {
+  const CanvasPoint points[] = {{-40000, 0}, {0, -40000}, {40000, 0}, {0, 40000}};
+  List<CanvasPoint> whole;
+  ASSERT_TRUE(ClipPolygon(points, kFarthestCoordinate, whole));
+  EXPECT_EQ(whole.Size(), 8U);
+  std::size_t failed = 0;
+  for (bool isDone = false; !isDone; ++failed) {
+    List<CanvasPoint> cut;
+    FailAllocation(failed + 1);
+    isDone = ClipPolygon(points, kFarthestCoordinate, cut);
+    EXPECT_EQ(isDone, !HasFailedAllocation());
+    FailAllocation(0);
+  }
+  EXPECT_GT(failed, 4U);
+}
+
+TEST(Boxes, a_box_is_empty_unless_each_edge_is_beyond_its_opposite) {
+  const Box box = BoxAt({10, 20}, {30, 40});
+  EXPECT_EQ(box.Width(), 30);
+  EXPECT_EQ(box.Height(), 40);
+  EXPECT_FALSE(box.IsEmpty());
+  EXPECT_TRUE(BoxAt({10, 20}, {0, 40}).IsEmpty());
+  EXPECT_TRUE(BoxAt({10, 20}, {30, 0}).IsEmpty());
+  EXPECT_TRUE(BoxAt({10, 20}, {30, -1}).IsEmpty());
+  Rectangle rectangle;
+  rectangle.Position = {-100000, 5};
+  rectangle.BoxSize = {200000, 10};
+  EXPECT_EQ(BoxOf(rectangle).Width(), 64000);
+  EXPECT_FALSE(HasArea({0, 1}));
+  EXPECT_FALSE(HasArea({1, 0}));
+  EXPECT_TRUE(HasArea({1, 1}));
 }
 
 TEST(Clipping, a_polygon_without_points_stays_empty) {

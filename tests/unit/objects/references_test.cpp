@@ -193,6 +193,21 @@ TEST(CompleteReferences, failure_names_the_inner_reference) {
   }
 }
 
+TEST(CompleteReferences, failure_names_the_class_of_the_group) {
+  const std::pair<Bytes, const char*> cases[] = {{ApplicationFile(""), "Application"},
+                                                 {SceneFile(""), "Scene"}};
+  for (const auto& [file, name] : cases) {
+    const Decoded decoded = Decode(file);
+    decoded.group->Reference.GroupIdentifier.Clear();
+    testing::internal::CaptureStdout();
+    FailAllocation(1);
+    EXPECT_EQ(CompleteReferences(kName, *decoded.group), Status::Failure);
+    FailAllocation(0);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              std::string("Can't allocate memory for ") + name + " GroupIdentifier\n");
+  }
+}
+
 TEST(CompleteReferences, failure_ends_the_pass_after_one_message) {
   const Bytes file = SceneFile(Holding(8, Holding(12, Integer(1)) + Holding(12, Integer(2))));
   const Decoded decoded = Decode(file);

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "objects/objects.h"
 #include "substitutes/memory.h"
@@ -412,8 +414,69 @@ TEST(TextReader, too_many_parameters_are_refused) {
   EXPECT_EQ(ReadAction(":SetPosition(1 2 3 4)").result, TextResult::Refused);
 }
 
+// One of each construct.
+constexpr const char* kEachConstruct =
+    R"({:Application ("~/a" 0) :StdID 2 19 :OnStartUp (:Run(("~/a" 1)))
+  :BackgroundColour '=00=00=00' :TextColour 3 :Font "Sans" :BitmapCHook 4 :Items (
+  {:Bitmap 1 :OrigContent :ContentRef ("~/p" :ContentSize 9 :CCPriority 5) :OrigBoxSize 1 2
+    :Tiling TRUE :OrigPaletteRef ("~/a" 9)}
+  {:Text 2 :OrigContent "t" :OrigBoxSize 1 1 :OrigFont 9 :HJustification centre}
+  {:ObjectRefVar 4 :OrigValue :ObjectRef ("~/b" 5)}
+  {:ContentRefVar 5 :OrigValue :ContentRef ("~/c")}
+  {:ListGroup 6 :MovementTable ((1 2) ()) :TokenGroupItems ((1 :ActionSlots ((:Run(2)) NULL)))
+    :Positions ((10 20))}
+  {:Stream 7 :Multiplex ({:Audio 8 :ComponentTag 5}) :Looping 0}
+  {:Link 9 :EventSource ("~/a" 0) :EventType UserInput :EventData FALSE :LinkEffect (
+    :Call(1 2 :GBoolean TRUE :GInteger :IndirectRef 3 :GOctetString "x" :GObjectRef ("~/b" 4)
+      :GContentRef :ContentRef "~/c")
+    :ReadPersistent(("~/a" 0) 1 (2 ("~/b" 3)) "n")
+    :DrawPolygon(1 ((1 2) (3 :IndirectRef 6)))
+    :SetTimer(0 1 500 :AbsoluteTime TRUE)
+    :SetSpeed(0 1 2)
+    :TransitionTo(("~/s" 0) NULL 7)
+    :SetFillColour(1 :NewColourIndex 3) :SetFillColour(1 :NewAbsoluteColour '=00=00=00')
+    :SetFontRef(1 "Sans") :SetFontRef(1 9)
+    :SendEvent(0 1 UserInput :GInteger 15) :SendEvent(0 1 6)
+    :SetData(1 :NewRefContent (:ContentRef ("~/c") :NewContentSize 5 :NewCCPriority NULL))
+    :SetData(1 :NewRefContent (:IndirectRef 4 :NewCCPriority 5)))})})";
+
+// The text split into brackets, strings and words.
+std::vector<std::pair<std::size_t, std::size_t>> TokensOf(const std::string& text) {
+  std::vector<std::pair<std::size_t, std::size_t>> tokens;
+  for (std::size_t begin = text.find_first_not_of(" \n"); begin != std::string::npos;) {
+    const char first = text[begin];
+    std::size_t end = begin + 1;
+    if (first == '"' || first == '\'') {
+      end = text.find(first, end) + 1;
+    } else if (std::string("(){}").find(first) == std::string::npos) {
+      end = text.find_first_of(" \n(){}", end);
+    }
+    tokens.emplace_back(begin, end - begin);
+    begin = text.find_first_not_of(" \n", end);
+  }
+  return tokens;
+}
+
+// "memory" is only a value of :Storage, which the text does not have.
+TEST(TextReader, a_wrong_word_in_place_of_any_token_is_refused_there) {
+  const std::string text = kEachConstruct;
+  const Reading whole = ReadText(text);
+  ASSERT_EQ(whole.result, TextResult::Done)
+      << whole.error.place.line << ":" << whole.error.place.column << " expected "
+      << whole.error.expected.data();
+  EXPECT_TRUE(whole.missing.IsEmpty());
+  for (const auto& [begin, length] : TokensOf(text)) {
+    std::string broken = text;
+    broken.replace(begin, length, " memory ");
+    const Reading reading = ReadText(broken);
+    EXPECT_EQ(reading.result, TextResult::Refused) << broken.substr(begin);
+    EXPECT_STREQ(reading.error.found.data(), "memory") << broken.substr(begin);
+    EXPECT_FALSE(reading.group);
+  }
+}
+
 TEST(TextReader, every_failed_allocation_refuses_the_text_and_leaks_nothing) {
-  const std::string text = kMenu;
+  const std::string text = kEachConstruct;
   const std::size_t before = test::LiveBlocks();
   std::size_t refused = 0;
   for (std::size_t n = 1;; ++n) {

@@ -33,12 +33,8 @@ Status RaiseUserInput(std::int32_t key) {
 Status RaiseTimerFired(std::int32_t id) {
   ObjectReference owner;
   if (!RemoveFiredTimer(id, owner)) return Status::Refused;
-  const std::string_view ownerName = owner.GroupIdentifier.View();
-  const Scene* scene = CurrentScene();
-  if (scene == nullptr || !IsSameGroup(ownerName, NameOf(*scene))) {
-    return Status::Refused;
-  }
-  return RaiseEvent(ownerName, owner.Number, EventType::TimerFired, EventData::Integer(id));
+  return RaiseEvent(owner.GroupIdentifier.View(), owner.Number, EventType::TimerFired,
+                    EventData::Integer(id));
 }
 
 }  // namespace

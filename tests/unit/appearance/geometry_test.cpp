@@ -157,6 +157,10 @@ TEST(Clipping, a_polygon_that_crosses_all_sides_needs_memory_for_each) {
   EXPECT_GT(failed, 4U);
 }
 
+TEST(LineParts, a_length_is_the_distance_of_the_ends) {
+  EXPECT_DOUBLE_EQ((LinePart{1, 2, 4, -2}).Length(), 5);
+}
+
 TEST(Boxes, a_box_is_empty_unless_each_edge_is_beyond_its_opposite) {
   const Box box = BoxAt({10, 20}, {30, 40});
   EXPECT_EQ(box.Width(), 30);

@@ -63,6 +63,12 @@ TEST(Dump, is_available_has_no_name) {
   EXPECT_TRUE(Has(DumpOfLink("IsAvailable"), "|---Event Type: Not define event type 1\n"));
 }
 
+TEST(Dump, an_item_without_a_record_has_no_name) {
+  const OwnedGroup group = Read("{:Scene 0 :Items ({:Palette 1})}");
+  ASSERT_NE(group->Items.Append(Item()), nullptr);
+  EXPECT_TRUE(Has(DumpOf(group), "|---Not define 0\n"));
+}
+
 TEST(Dump, misspellings_are_part_of_the_format) {
   EXPECT_TRUE(Has(DumpOfText("{:Scene 0}"), "|---SCene:\n"));
   EXPECT_TRUE(Has(DumpOfText("{:Application 0}"), "|---DispalyStack:\n"));

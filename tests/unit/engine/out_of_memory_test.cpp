@@ -24,7 +24,8 @@ class OutOfMemory : public EngineTest {
     ServeScene("the_main_menu",
                RectangleText(1) +
                    "{:Text 2 :OrigContent \"A text that takes a block\" :OrigBoxSize 100 20}"
-                   "{:BooleanVar 3 :OrigValue TRUE}" +
+                   "{:BooleanVar 3 :OrigValue TRUE}"
+                   "{:Stream 8 :Multiplex ({:Audio 9 :ComponentTag 1})}" +
                    LinkOnKey(4, 100, ":SetTimer(0 5 100) :TestVariable(3 1 :GBoolean TRUE)") +
                    LinkOn(5, "3", "TestEvent :EventData TRUE", Note("t")) +
                    LinkOnKey(6, 101,

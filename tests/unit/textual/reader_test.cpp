@@ -400,6 +400,8 @@ TEST(TextReader, an_error_names_its_construct) {
       {"{:Scene 0 :Items ({:Link 1 :LinkEffect (:Run(2) 5)})}", "Link :LinkEffect", "5)})}",
        "an action"},
       {"{:Scene 0 :Items (5)}", "Scene :Items", "5)}", "{ or )"},
+      {"{:Scene 0 :Items ({:Link 1 :EventData NULL })}", "Link :EventData", "NULL",
+       "a boolean, an integer or a string"},
       {"{:Scene 0} 5", "", "5", "the end of the text"}};
   for (const Case& expected : cases) {
     const TextError error = ReadText(expected.text).error;
@@ -410,7 +412,10 @@ TEST(TextReader, an_error_names_its_construct) {
 }
 
 TEST(TextReader, too_many_parameters_are_refused) {
-  EXPECT_EQ(ReadAction(":Run(1 2)").result, TextResult::Refused);
+  const Reading reading = ReadAction(":Run(1 2 )");
+  EXPECT_EQ(reading.result, TextResult::Refused);
+  EXPECT_STREQ(reading.error.found.data(), "2");
+  EXPECT_STREQ(reading.error.expected.data(), ") or a parameter");
   EXPECT_EQ(ReadAction(":SetPosition(1 2 3 4)").result, TextResult::Refused);
 }
 
@@ -495,6 +500,23 @@ TEST(TextReader, every_failed_allocation_refuses_the_text_and_leaks_nothing) {
   }
   EXPECT_EQ(refused, 1U) << "only an allocation of the group record returns NoMemory";
   EXPECT_EQ(test::LiveBlocks(), before);
+}
+
+TEST(TextReader, without_memory_to_list_a_missing_part_the_text_is_refused) {
+  const std::string text = "{:Scene 0 :Items ({:Link 1 :LinkEffect (:Add(2) "
+                           ":DrawPolygon(3 ((1))))})}";
+  EXPECT_EQ(MissingOf(ReadText(text)),
+            "40 Add a parameter\n64 a point its y coordinate\n18 Link :EventSource\n"
+            "18 Link :EventType\n");
+  for (std::size_t n = 1;; ++n) {
+    test::FailAllocation(n);
+    const Reading reading = ReadText(text);
+    const bool hasFailed = test::HasFailedAllocation();
+    test::FailAllocation(0);
+    EXPECT_EQ(reading.result == TextResult::Done, !hasFailed) << n;
+    EXPECT_EQ(static_cast<bool>(reading.group), !hasFailed) << n;
+    if (!hasFailed) break;
+  }
 }
 
 }  // namespace

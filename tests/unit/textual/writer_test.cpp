@@ -122,6 +122,20 @@ TEST(TextWriter, an_unknown_event_type_is_refused) {
   EXPECT_EQ(wordless.number, 32);
 }
 
+TEST(TextWriter, an_action_without_a_keyword_is_refused_by_its_number) {
+  for (const std::uint8_t number : std::initializer_list<std::uint8_t>{0, 111, 200}) {
+    const OwnedGroup group = Read(
+        "{:Scene 0 :Items ({:Link 8 :EventSource 0 :EventType IsRunning :LinkEffect (:Run(1))})}");
+    group->Items.At(0)->As<Link>().LinkEffect.At(0)->ActionType = number;
+    OctetString written;
+    WordlessValue wordless;
+    EXPECT_EQ(WriteTextGroup(*group, written, &wordless), Status::Refused);
+    EXPECT_EQ(WriteTextGroup(*group, written), Status::Refused);
+    EXPECT_EQ(wordless.object, 8);
+    EXPECT_EQ(wordless.number, number);
+  }
+}
+
 TEST(TextWriter, an_unknown_event_type_of_an_action_is_written_as_a_number) {
   const std::string text =
       Written("{:Application 0 :OnStartUp (:SendEvent(0 0 6 :GInteger 1) :SendEvent(0 0 32))}");

@@ -23,6 +23,20 @@ void ExpectRoundTrip(const Group& group) {
   EXPECT_EQ(Encode(*decoded.group), bytes);
 }
 
+TEST(RoundTrip, lengths_take_as_few_bytes_as_possible) {
+  const std::pair<std::size_t, std::string_view> cases[] = {
+      {127, "\x7F"}, {128, "\x81\x80"}, {255, "\x81\xFF"}, {300, "\x82\x01\x2C"}};
+  for (const auto& [length, header] : cases) {
+    Scene scene;
+    const std::string text(length, 'x');
+    ASSERT_TRUE(scene.ObjectInformation.Assign(text));
+    const Bytes file = Encode(scene);
+    const std::size_t begin = file.find(text);
+    ASSERT_NE(begin, std::string::npos);
+    EXPECT_EQ(file.substr(begin - header.size(), header.size()), header) << length;
+  }
+}
+
 TEST(RoundTrip, complete_application_reads_back_equal) {
   ExpectRoundTrip(*MakeCompleteGroup(ItemType::Application));
 }

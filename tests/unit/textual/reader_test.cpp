@@ -301,6 +301,7 @@ TEST(TextReader, an_error_reports_the_furthest_place_and_the_expectation) {
                           ":OrigBoxSize", "} or an attribute of Scene"));
   EXPECT_TRUE(IsRefusedAt(ReadText("{:Scene 0 :SceneCS 1 2 :SceneCS 1 2}"), 1, 24, ":SceneCS",
                           "an attribute that is not written yet"));
+  EXPECT_TRUE(IsRefusedAt(ReadText("{:Scene 0 :Items :SceneCS 1 2}"), 1, 18, ":SceneCS", "("));
   EXPECT_TRUE(IsRefusedAt(ReadItems("{:Nothing}"), 1, 28, ":Nothing})}", "a keyword"));
   EXPECT_TRUE(IsRefusedAt(ReadItems("{:Run 1}"), 1, 28, ":Run", "a class"));
   EXPECT_TRUE(IsRefusedAt(ReadAction(":Text(1)"), 1, 85, ":Text(1))})}", "an action"));

@@ -99,7 +99,9 @@ struct ContentBody {
 struct OptionalReference {
   [[no_unique_address]] ObjectReference Reference;
   bool IsPresent = false;
-  bool operator==(const OptionalReference&) const = default;
+  bool operator==(const OptionalReference& other) const {
+    return IsPresent == other.IsPresent && (!IsPresent || Reference == other.Reference);
+  }
 };
 
 struct BoxSize {

@@ -1,7 +1,5 @@
 // Comparing values, items and groups: each part makes a difference, except those that the kind of a
 // value does not use.
-#include "objects/equality.h"
-
 #include <gtest/gtest.h>
 
 #include <string_view>
@@ -29,34 +27,34 @@ template <class Value, class Change> bool IsSameAfter(const Change& change) {
   Value value;
   change(value);
   const Value fresh;
-  EXPECT_TRUE(IsSame(value, value));
-  EXPECT_EQ(IsSame(value, fresh), IsSame(fresh, value));
-  return IsSame(value, fresh);
+  EXPECT_TRUE(value == value);
+  EXPECT_EQ((value == fresh), (fresh == value));
+  return value == fresh;
 }
 
 TEST(Equality, an_absent_string_differs_from_an_empty_one_and_strings_by_their_bytes) {
-  EXPECT_FALSE(IsSame(OctetString(), Octets("")));
-  EXPECT_FALSE(IsSame(Octets("a"), Octets("b")));
-  EXPECT_TRUE(IsSame(Octets("a"), Octets("a")));
+  EXPECT_FALSE(OctetString() == Octets(""));
+  EXPECT_FALSE(Octets("a") == Octets("b"));
+  EXPECT_TRUE(Octets("a") == Octets("a"));
 }
 
 TEST(Equality, references_differ_by_number_and_group) {
-  EXPECT_TRUE(IsSame(Reference("~/a", 1), Reference("~/a", 1)));
-  EXPECT_FALSE(IsSame(Reference("~/a", 1), Reference("~/a", 2)));
-  EXPECT_FALSE(IsSame(Reference("~/a", 1), Reference("~/b", 1)));
+  EXPECT_TRUE(Reference("~/a", 1) == Reference("~/a", 1));
+  EXPECT_FALSE(Reference("~/a", 1) == Reference("~/a", 2));
+  EXPECT_FALSE(Reference("~/a", 1) == Reference("~/b", 1));
 }
 
 TEST(Equality, absent_references_are_equal_whatever_they_hold) {
   OptionalReference one;
   OptionalReference other;
   one.Reference.Number = 1;
-  EXPECT_TRUE(IsSame(one, other));
+  EXPECT_TRUE(one == other);
   one.IsPresent = true;
-  EXPECT_FALSE(IsSame(one, other));
+  EXPECT_FALSE(one == other);
   other.IsPresent = true;
-  EXPECT_FALSE(IsSame(one, other));
+  EXPECT_FALSE(one == other);
   other.Reference.Number = 1;
-  EXPECT_TRUE(IsSame(one, other));
+  EXPECT_TRUE(one == other);
 }
 
 TEST(Equality, a_generic_value_differs_by_kind_and_by_the_field_of_its_kind) {
@@ -69,7 +67,7 @@ TEST(Equality, a_generic_value_differs_by_kind_and_by_the_field_of_its_kind) {
     other.Kind = kind;
     const auto isChangedBy = [&](auto GenericValue::*field, auto value) {
       other.*field = std::move(value);
-      const bool isSame = IsSame(one, other);
+      const bool isSame = one == other;
       other.*field = {};
       return !isSame;
     };
@@ -79,9 +77,9 @@ TEST(Equality, a_generic_value_differs_by_kind_and_by_the_field_of_its_kind) {
               kind == ValueKind::OctetString || kind == ValueKind::ContentReference);
     EXPECT_EQ(isChangedBy(&GenericValue::Reference, Reference("~/a", 1)),
               kind == ValueKind::ObjectReference || kind == ValueKind::IndirectReference);
-    EXPECT_TRUE(IsSame(one, other));
+    EXPECT_TRUE(one == other);
     other.Kind = kind == ValueKind::None ? ValueKind::Boolean : ValueKind::None;
-    EXPECT_FALSE(IsSame(one, other));
+    EXPECT_FALSE(one == other);
   }
 }
 
@@ -94,14 +92,14 @@ TEST(Equality, a_colour_differs_by_its_bytes_or_its_index) {
     other.Kind = kind;
     other.Index = index;
     other.Absolute = Octets(bytes);
-    return IsSame(one, other);
+    return one == other;
   };
   EXPECT_TRUE(isSame(ValueKind::None, 1, "x"));
   EXPECT_TRUE(isSame(ValueKind::Integer, 0, "x"));
   EXPECT_FALSE(isSame(ValueKind::Integer, 1, "abc"));
   EXPECT_TRUE(isSame(ValueKind::OctetString, 1, "abc"));
   EXPECT_FALSE(isSame(ValueKind::OctetString, 0, "x"));
-  EXPECT_FALSE(IsSame(ColourValue(), ColourValue::NotSet()));
+  EXPECT_FALSE(ColourValue() == ColourValue::NotSet());
 }
 
 TEST(Equality, a_font_differs_by_its_name_or_its_reference) {
@@ -113,7 +111,7 @@ TEST(Equality, a_font_differs_by_its_name_or_its_reference) {
     other.Kind = kind;
     other.Name = Octets(name);
     other.Reference.Number = number;
-    return IsSame(one, other);
+    return one == other;
   };
   EXPECT_TRUE(isSame(ValueKind::None, "g", 1));
   EXPECT_TRUE(isSame(ValueKind::OctetString, "f", 1));
@@ -147,24 +145,24 @@ TEST(Equality, each_part_of_an_action_makes_a_difference) {
 TEST(Equality, items_differ_by_class_reference_and_attributes) {
   const Item one = Item::New(ItemType::Rectangle);
   const Item other = Item::New(ItemType::Rectangle);
-  EXPECT_TRUE(IsSame(one, other));
-  EXPECT_FALSE(IsSame(one, Item::New(ItemType::DynamicLineArt)));
+  EXPECT_TRUE(one == other);
+  EXPECT_FALSE(one == Item::New(ItemType::DynamicLineArt));
   other.Record()->Shared = true;
-  EXPECT_FALSE(IsSame(one, other));
+  EXPECT_FALSE(one == other);
   other.Record()->Shared = false;
   other.Record()->Reference.Number = 1;
-  EXPECT_FALSE(IsSame(one, other));
+  EXPECT_FALSE(one == other);
 }
 
 TEST(Equality, groups_differ_by_class_reference_and_attributes) {
-  EXPECT_TRUE(IsSame(Scene(), Scene()));
+  EXPECT_TRUE(Scene() == Scene());
   const Application application;
   const Scene scene;
-  EXPECT_FALSE(IsSame(static_cast<const Group&>(application), static_cast<const Group&>(scene)));
+  EXPECT_FALSE(static_cast<const Group&>(application) == static_cast<const Group&>(scene));
   const auto isChangedBy = [](auto&& group, const auto& change) {
     const std::remove_reference_t<decltype(group)> fresh;
     change(group);
-    return !IsSame(static_cast<const Group&>(group), static_cast<const Group&>(fresh));
+    return static_cast<const Group&>(group) != static_cast<const Group&>(fresh);
   };
   EXPECT_TRUE(isChangedBy(Scene(), [](auto& group) { group.Reference.Number = 1; }));
   EXPECT_TRUE(isChangedBy(Scene(), [](auto& group) { group.Aspect.Width = 16; }));

@@ -59,7 +59,9 @@ std::string SceneItems(const std::string& other) {
          OnKey(24, 1, ":SetData(2 \"new\") :SetPosition(2 50 60)") +
          OnKey(25, 2, ":SetData(2 :NewRefContent (:ContentRef (\"~/text\")))") +
          OnKey(26, 3, ":Step(6 1) :BringToFront(3)") + OnKey(27, 4, ":SetSliderValue(6 0)") +
-         OnKey(28, 15, ":StorePersistent(9 (7 8) \"kept\") :ReadPersistent(9 (7 8) \"kept\")") +
+         OnKey(28, 15,
+               ":StorePersistent((\"~/a\" 0) 9 (7 8) \"kept\") :ReadPersistent((\"~/a\" 0) 9 (7 8) "
+               "\"kept\")") +
          "{:BooleanVar 9 :OrigValue FALSE}";
 }
 
@@ -106,7 +108,7 @@ void ExpectFlat(const std::vector<Holdings>& samples, std::size_t Holdings::*val
 TEST_F(Endurance, everything_that_the_process_holds_stays_flat) {
   host.Serve("a", CompileText(R"({:Application ("~/a" 0) :OnStartUp (:TransitionTo(("~/s" 0)))})"));
   host.Serve("b", CompileText(R"({:Application ("~/b" 0) :OnStartUp (:TransitionTo(("~/t" 0)))})"));
-  const std::string settle = OnKey(90, 9,
+  const std::string settle = OnKey(90, 14,
                                    ":SetData(91 :NewRefContent (:ContentRef "
                                    "(\"~/settled\")))") +
                              "{:Text 91 :OrigContent \"\" :OrigBoxSize 9 9}";

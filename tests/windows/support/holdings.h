@@ -13,7 +13,7 @@ struct Holdings {
   std::size_t blocks = 0;
   std::size_t bytes = 0;
   std::size_t nextGdiPlace = 0;
-  std::size_t handles = 0;
+  std::size_t handles = 0;  // 0 under Wine versions that do not count them
   std::size_t threads = 0;
 };
 

@@ -105,7 +105,8 @@ struct LinkPiece {
       const std::vector<Step> choices = {
           {"Raise", numbers, event.group},
           {"Raise", numbers, event.group},
-          {"Raise", numbers},
+          // Only some types are raised without a source.
+          {"Raise", numbers, IsRaisedByType(event.type) ? "" : event.group},
           {"Key", {random.Of(kKeys)}},
           {"TransitionTo", {}, "(\"" + random.Of(kTargets) + "\" 0)"},
       };

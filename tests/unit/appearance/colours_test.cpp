@@ -184,8 +184,8 @@ TEST_F(ColoursTest, a_missing_palette_file_is_requested_again) {
 }
 
 TEST_F(ColoursTest, without_memory_for_the_path_a_colour_is_not_set) {
-  AddPalette(application_, 7, "DSM:/colours").OriginalContent.IsReferenced = true;
-  TheHost().files["colours"] = "wxyz";
+  AddPalette(application_, 7, "DSM:/the_palette_file").OriginalContent.IsReferenced = true;
+  TheHost().files["the_palette_file"] = "wxyz";
   FailAllocation(1);
   EXPECT_EQ(TextColour(0), 0xFFFFFF00U);
   EXPECT_TRUE(TheHost().fetched.empty());

@@ -13,9 +13,13 @@ void Engine::ServeScene(const std::string& items) {
 }
 
 void Engine::ServeScene(const std::string& name, const std::string& items) {
+  host.Serve(name, CompileScene(name, items));
+}
+
+std::string Engine::CompileScene(const std::string& name, const std::string& items) {
   const std::string list = items.empty() ? "" : ":Items (" + items + ")";
-  host.Serve(name, CompileText("{:Scene (\"~/" + name + "\" 0) " + list +
-                               " :InputEventReg 1 :SceneCS 720 576}"));
+  return CompileText("{:Scene (\"~/" + name + "\" 0) " + list +
+                     " :InputEventReg 1 :SceneCS 720 576}");
 }
 
 void Engine::Start() {

@@ -26,6 +26,8 @@ class Engine : public testing::Test {
   void ServeScene(const std::string& items);
   // Serves a scene with this name and these items, which may be empty.
   void ServeScene(const std::string& name, const std::string& items);
+  // The file of such a scene.
+  [[nodiscard]] static std::string CompileScene(const std::string& name, const std::string& items);
 
   // Starts the engine and waits for its window.
   void Start();

@@ -94,9 +94,11 @@ void PassStartGate() {
   CloseHandle(std::exchange(hostState.startGate, nullptr));
 }
 
+// The system's own loops, for moving the window and for its menu, may take the quit message. So the
+// loop also ends when the window is gone.
 void RunMessageLoop() {
   MSG message;
-  while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+  while (IsWindow(hostState.engineWindow) && GetMessageA(&message, nullptr, 0, 0) > 0) {
     TranslateMessage(&message);
     DispatchMessageA(&message);
   }

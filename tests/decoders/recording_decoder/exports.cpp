@@ -20,7 +20,7 @@ extern "C" int DECODER_CONVENTION Decode(const char* path, std::uint8_t** buffer
   std::strncpy(record.path, path, sizeof record.path - 1);
   record.one = one;
   if (record.decode != nullptr) {
-    record.decode(path, *buffer);
+    record.decode(path, buffer);
     return record.result;
   }
   const korvel::test::PlaneSizes sizes = korvel::test::PlaneSizesInFile(path);

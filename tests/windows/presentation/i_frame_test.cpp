@@ -8,8 +8,8 @@
 #include "presentation/presentation.h"
 #include "presentation/state.h"
 #include "windows/presentation/content.h"
-#include "windows/presentation/decoder.h"
 #include "windows/presentation/stage.h"
+#include "windows/support/decoder.h"
 
 namespace korvel::test {
 
@@ -120,10 +120,10 @@ TEST_F(DecodedIFrameTest, the_result_of_the_decoder_is_ignored) {
 }
 
 TEST_F(DecodedIFrameTest, a_decoder_that_finds_a_larger_frame_stays_inside_the_buffer) {
-  decoder.DecodeBy([](const char* path, std::uint8_t* buffer) {
+  decoder.DecodeBy([](const char* path, std::uint8_t** buffer) {
     constexpr std::size_t kLargest = std::size_t{4096} * 4096 * 3 / 2;
-    std::fill_n(buffer, kLargest, std::uint8_t{128});
-    DecodeStream(FileBytes(path), buffer);
+    std::fill_n(*buffer, kLargest, std::uint8_t{128});
+    DecodeStream(FileBytes(path), *buffer);
   });
   TheHost().files["frame"] = Stream(720, 576, 235);
   for (int count = 0; count < 5; ++count) {
@@ -134,12 +134,12 @@ TEST_F(DecodedIFrameTest, a_decoder_that_finds_a_larger_frame_stays_inside_the_b
 TEST_F(DecodedIFrameTest, the_decoder_opens_the_file_in_any_sharing_mode) {
   TheHost().files["frame"] = Stream(720, 576, 235);
   for (const DWORD shares : {DWORD{0}, DWORD{FILE_SHARE_READ}, DWORD{FILE_SHARE_WRITE}}) {
-    decoder.DecodeBy([shares](const char* path, std::uint8_t* buffer) {
+    decoder.DecodeBy([shares](const char* path, std::uint8_t** buffer) {
       HANDLE file = CreateFileA(path, GENERIC_READ | GENERIC_WRITE, shares, nullptr, OPEN_EXISTING,
                                 0, nullptr);
       ASSERT_NE(file, INVALID_HANDLE_VALUE);
       CloseHandle(file);
-      DecodeStream(FileBytes(path), buffer);
+      DecodeStream(FileBytes(path), *buffer);
     });
     EXPECT_TRUE(Paint().IsAll(kWholeScene, 0xFEFEFE)) << shares;
   }
@@ -182,9 +182,9 @@ INSTANTIATE_TEST_SUITE_P(, DecoderConventionTest,
 TEST_P(DecoderConventionTest, a_hundred_calls_leave_the_stack_and_the_locals_unchanged) {
   constexpr int kCalls = 100;
   std::set<const void*> frames;
-  decoder.DecodeBy([&frames](const char* path, std::uint8_t* buffer) {
+  decoder.DecodeBy([&frames](const char* path, std::uint8_t** buffer) {
     frames.insert(__builtin_frame_address(0));
-    DecodeStream(FileBytes(path), buffer);
+    DecodeStream(FileBytes(path), *buffer);
   });
   const std::string stream = Stream(16, 16, 235);
   int decoded = 0;

@@ -1,6 +1,6 @@
 // Loads the library from a folder that the engine does not search. The engine then finds it by name
 // because it is already loaded.
-#include "windows/presentation/decoder.h"
+#include "windows/support/decoder.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +45,21 @@ Decoder::~Decoder() {
 void Decoder::DecodeBy(Decode decode) {
   decode_ = std::move(decode);
   currentDecode = &decode_;
-  record_->decode = [](const char* path, std::uint8_t* buffer) { (*currentDecode)(path, buffer); };
+  record_->decode = [](const char* path, std::uint8_t** buffer) { (*currentDecode)(path, buffer); };
+}
+
+// Clears the function's entry in the table of addresses.
+void Decoder::RemoveFunction() {
+  auto* base = reinterpret_cast<char*>(library_);
+  const auto* start = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+  const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + start->e_lfanew);
+  const auto* exports = reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(
+      base + headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT].VirtualAddress);
+  auto* first = reinterpret_cast<DWORD*>(base + exports->AddressOfFunctions);
+  DWORD protection = 0;
+  VirtualProtect(first, sizeof(*first), PAGE_READWRITE, &protection);
+  *first = 0;
+  VirtualProtect(first, sizeof(*first), protection, &protection);
 }
 
 std::string Stream(int width, int height, std::uint8_t luma) {

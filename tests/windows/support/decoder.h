@@ -22,9 +22,12 @@ class Decoder {
   // The decoder's arguments and results.
   [[nodiscard]] DecoderRecord& Record() { return *record_; }
 
-  // Makes `decode` decode all later frames.
-  using Decode = std::function<void(const char* path, std::uint8_t* buffer)>;
+  // Makes `decode` decode all later frames. It may replace the pointer to the buffer.
+  using Decode = std::function<void(const char* path, std::uint8_t** buffer)>;
   void DecodeBy(Decode decode);
+
+  // Removes the function with ordinal 1.
+  void RemoveFunction();
 
  private:
   HMODULE library_;

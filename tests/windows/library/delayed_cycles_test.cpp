@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "windows/library/hostile_fixture.h"
 #include "windows/support/delays.h"
@@ -88,18 +89,37 @@ class DelayedCycles : public HostileHost {
     } else {
       host.ForgetAnswer("s");
     }
+    // A wait in the handler begins while the engine's thread is in its last calls.
+    window.onClosed = [this, isWaiting = random.OneIn(2)] {
+      if (isWaiting) library.waitForClose();
+    };
     ASSERT_EQ(library.run(&host, window.Handle()), 0U);
     for (int count = random.Between(0, 12); count > 0; --count) Disturb();
     ASSERT_TRUE(WaitUntil([this] {
+      FindEngineThread();
       AskToClose();
       return window.Closes() == cycle;
     }));
     ASSERT_EQ(library.waitForClose(), 0U);
+    ASSERT_TRUE(HasEngineThreadEnded());
     ASSERT_TRUE(WaitUntil([] { return true; })) << "dispatches a second notification, if any";
     ASSERT_EQ(window.Closes(), cycle);
     ASSERT_EQ(host.HeldReferences(), 0);
     ASSERT_EQ(host.HeldBuffers(), 0);
     ASSERT_EQ(FindEngineWindow(), nullptr);
+  }
+  // Opens the engine's thread once its window exists.
+  void FindEngineThread() {
+    HWND found = engineThread == nullptr ? FindEngineWindow() : nullptr;
+    if (found == nullptr) return;
+    engineThread = OpenThread(SYNCHRONIZE, FALSE, GetWindowThreadProcessId(found, nullptr));
+  }
+  // Whether that thread has ended. Also true if the window closed before it could be found.
+  [[nodiscard]] bool HasEngineThreadEnded() {
+    if (engineThread == nullptr) return true;
+    const bool hasEnded = WaitForSingleObject(engineThread, 0) == WAIT_OBJECT_0;
+    CloseHandle(std::exchange(engineThread, nullptr));
+    return hasEnded;
   }
   // Does one thing that does not close the engine.
   void Disturb() {
@@ -135,6 +155,7 @@ class DelayedCycles : public HostileHost {
   SeededRandom random{seed};
   int cycle = 0;
   HMODULE module = nullptr;
+  HANDLE engineThread = nullptr;  // owned
   std::optional<Delays> delays;
 };
 
@@ -159,6 +180,7 @@ TEST_F(DelayedCycles, report_every_close_once_and_leave_nothing) {
     EXPECT_EQ(GetModuleHandleA(path.c_str()), nullptr) << "after cycle " << cycle;
     Load();
   }
+  ASSERT_FALSE(HasFailure());
   EXPECT_EQ(host.CountOf("AddRef"), cycle);
   EXPECT_EQ(host.CountOf("Release"), cycle);
   EXPECT_EQ(window.StrangeMessages(), 0);

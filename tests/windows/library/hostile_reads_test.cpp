@@ -65,6 +65,8 @@ TEST_F(HostileReads, that_block_delay_the_close_but_nothing_else) {
   EXPECT_EQ(library.run(&host, window.Handle()), 1U);
   EXPECT_FALSE(WaitUntil([&] { return window.Closes() > 0 || hasWaited; }, 300ms));
   EXPECT_TRUE(IsWindowAnswering()) << "while it waits for the worker";
+  EXPECT_NE(SendMessageTimeoutA(engineWindow, WM_CLOSE, 0, 0, SMTO_NORMAL, 2000, nullptr), 0);
+  EXPECT_EQ(FindEngineWindow(), engineWindow);
 
   isReleased = true;
   WaitForClosed();

@@ -32,8 +32,8 @@ void RemoveQueuedExpiries(std::uint32_t id);
 // Worker: releases all remaining messages.
 void DrainMessageQueues();
 
-// Holds the queue lock for a scope, which makes several of the calls above, or one and the setting
-// of a timer, one atomic step. The functions take the lock themselves; it is recursive.
+// Holds the queue lock for a scope, which makes several of the calls above one atomic step. The
+// functions take the lock themselves; it is recursive.
 class [[nodiscard]] QueuesLocked {
  public:
   QueuesLocked();

@@ -1,7 +1,7 @@
 // The engine window. Its procedure turns messages into records for the worker and does no MHEG-5
 // work itself. The worker sets and kills the one-shot timers, and the engine thread receives their
-// expiries; both hold the queue lock as they do so, so that a late expiry of a replaced timer
-// neither kills the new timer nor counts as its expiry.
+// expiries. The worker first waits for an expiry that is on its way, so that it can neither kill
+// the timer that replaces it nor fire in its place.
 #include <cstdint>
 
 #include "host/host_state.h"
@@ -81,7 +81,6 @@ void Close() {
 
 // Every timer of the engine fires once.
 void HandleExpiry(HWND window, std::uint32_t id) {
-  const QueuesLocked locked;
   KillTimer(window, id);
   if (HasWorker()) QueueInput({WM_TIMER, id});
 }
@@ -148,17 +147,18 @@ void EndWorkerAndWindow() {
 
 void SetWindowTimer(std::uint32_t id, std::uint32_t periodMs) {
   HWND window = hostState.engineWindow;
-  const QueuesLocked locked;
-  RemoveQueuedExpiries(id);
-  KillTimer(window, id);
+  KillWindowTimer(id);
   if (SetTimer(window, id, periodMs, nullptr) == 0) {
     PostMessageA(window, kSetWindowTimer, id, static_cast<LPARAM>(periodMs));
   }
 }
 
+// The engine thread may have taken an expiry from its message queue already. It answers the sent
+// message only after it has handled that.
 void KillWindowTimer(std::uint32_t id) {
-  const QueuesLocked locked;
-  KillTimer(hostState.engineWindow, id);
+  HWND window = hostState.engineWindow;
+  KillTimer(window, id);
+  SendMessageA(window, WM_NULL, 0, 0);
   RemoveQueuedExpiries(id);
 }
 

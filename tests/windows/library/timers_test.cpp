@@ -2,6 +2,8 @@
 // timers, the window and its queue, to the picture that the expiry changes. To check that a timer
 // has not fired, a test waits until another timer, which is due later, has fired.
 #include "windows/library/engine_fixture.h"
+#include "windows/support/delays.h"
+#include "windows/support/seeded_random.h"
 
 namespace korvel::test {
 namespace {
@@ -183,6 +185,31 @@ TEST_F(LibraryTimers, for_a_time_after_the_scene_fire_then) {
   ExpectExpiries(1, 0);
   WaitForExpiries(1, 1);
   EXPECT_EQ(Last(), kRed);
+}
+
+// The key OK sets timer 1 many times, to about the time between two keys, so that some expiries are
+// on their way when it is set again. The key Red sets it to ten minutes and clears its bar.
+TEST_F(LibraryTimers, set_again_while_their_expiry_is_on_its_way_do_not_fire) {
+  constexpr int kRounds = 15;
+  const std::uint32_t seed = Seed(9);
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  SeededRandom random(seed);
+  StartWithKey(":SetTimer(0 1 10)",
+               Link(51, "UserInput :EventData 100",
+                    ":SetTimer(0 1 600000) :SetVariable(21 :GInteger 0) :SetBoxSize(11 0 20)"
+                    " :SetTimer(0 2 30)"));
+  const Delays delays(GetModuleHandleA("korvel.dll"), seed);
+  ASSERT_TRUE(delays.AreInPlace());
+  for (int round = 1; round <= kRounds && !HasFailure(); ++round) {
+    for (int keys = random.Between(1, 3); keys > 0; --keys) {
+      PressKey(kEnter);
+      Sleep(static_cast<DWORD>(random.Between(5, 20)));
+    }
+    PressKey('R');
+    WaitForExpiries(2, round);
+    ExpectExpiries(1, 0);
+  }
+  Close();
 }
 
 }  // namespace

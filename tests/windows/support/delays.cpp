@@ -81,6 +81,7 @@ Delays::Delays(HMODULE module, std::uint32_t seed) {
   delay.operator()<"GetMessageA">(GetMessageA);
   delay.operator()<"PeekMessageA">(PeekMessageA);
   delay.operator()<"PostMessageA">(PostMessageA);
+  delay.operator()<"SendMessageA">(SendMessageA);
   delay.operator()<"PostQuitMessage">(PostQuitMessage);
   delay.operator()<"SetTimer">(SetTimer);
   delay.operator()<"KillTimer">(KillTimer);

@@ -2,6 +2,7 @@
 // must work with the next good file, and must close exactly once.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <thread>
 
@@ -224,7 +225,12 @@ class CallsInsideTheHost : public HostileReads, public testing::WithParamInterfa
 
 INSTANTIATE_TEST_SUITE_P(, CallsInsideTheHost,
                          testing::Values("ReadFile a", "ReadFile s", "FreeBuffer",
-                                         "SetExitCallback null", "Release"));
+                                         "SetExitCallback null", "Release"),
+                         [](const auto& call) {
+                           std::string name = call.param;
+                           std::ranges::replace(name, ' ', '_');
+                           return name;
+                         });
 
 TEST_P(CallsInsideTheHost, of_every_function_close_the_engine_once) {
   ServeLamp();

@@ -112,25 +112,24 @@ TEST_F(HostileWindow, moved_minimised_hidden_and_disabled_keeps_working) {
   ExpectWorkingScene();
 }
 
-class TreatedWindow : public HostileWindow,
-                      public testing::WithParamInterface<std::pair<const char*, void (*)(HWND)>> {};
+class TreatedWindow : public HostileWindow, public testing::WithParamInterface<const char*> {
+ protected:
+  void Treat() const {
+    const std::string treatment = GetParam();
+    if (treatment == "moved_away") SetWindowPos(engineWindow, nullptr, -9000, 9000, 0, 0, 0);
+    if (treatment == "minimised") ShowWindow(engineWindow, SW_MINIMIZE);
+    if (treatment == "hidden") ShowWindow(engineWindow, SW_HIDE);
+    if (treatment == "disabled") EnableWindow(engineWindow, FALSE);
+  }
+};
 
-INSTANTIATE_TEST_SUITE_P(
-    , TreatedWindow,
-    testing::Values(std::pair(
-                        "moved_off_the_screen",
-                        +[](HWND window) { SetWindowPos(window, nullptr, -9000, 9000, 0, 0, 0); }),
-                    std::pair(
-                        "minimised", +[](HWND window) { ShowWindow(window, SW_MINIMIZE); }),
-                    std::pair(
-                        "hidden", +[](HWND window) { ShowWindow(window, SW_HIDE); }),
-                    std::pair(
-                        "disabled", +[](HWND window) { EnableWindow(window, FALSE); })),
-    [](const auto& treatment) { return std::string(treatment.param.first); });
+INSTANTIATE_TEST_SUITE_P(, TreatedWindow,
+                         testing::Values("moved_away", "minimised", "hidden", "disabled"),
+                         [](const auto& treatment) { return std::string(treatment.param); });
 
 TEST_P(TreatedWindow, still_closes) {
   StartWithLamp();
-  GetParam().second(engineWindow);
+  Treat();
   library.exit();
   ExpectClosed();
 }

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <atomic>
-#include <optional>
 #include <thread>
 
 #include "windows/library/hostile_fixture.h"

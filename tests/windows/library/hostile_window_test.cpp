@@ -2,7 +2,7 @@
 // destroyed, and the engine's window is moved, hidden, disabled, adopted, destroyed and flooded.
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <atomic>
 #include <optional>
 #include <thread>
 

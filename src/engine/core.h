@@ -21,20 +21,19 @@ struct LinkTableEntry {
   Scope scope = Scope::SceneFirst;  // ApplicationFirst when the link belongs to the application
 };
 
-// The event that a link waits for: its type, the number of its source and its data. Data of kind
-// None accepts any data. The number is 0 for the types that are also raised without a source.
+// The event that a link waits for: its type, its source (the object with that number, or any
+// source) and its data. Data of kind None accepts any data.
 struct LinkKey {
-  LinkKey(EventType eventType, std::int32_t source, EventData eventData)
-      : type(eventType), sourceNumber(IsRaisedByType(type) ? 0 : source), data(eventData) {}
-  bool operator==(const LinkKey&) const = default;
-
-  EventType type;
-  std::int32_t sourceNumber;
+  EventType type{};
+  bool isAnySource = false;
+  std::int32_t sourceNumber = 0;
   EventData data;
+
+  bool operator==(const LinkKey&) const = default;
 };
 [[nodiscard]] inline std::uint32_t HashOf(const LinkKey& key) {
   return Hash()
-      .Add(static_cast<std::uint32_t>(key.type))
+      .Add(static_cast<std::uint32_t>(key.type) * 2 + (key.isAnySource ? 1 : 0))
       .Add(static_cast<std::uint32_t>(key.sourceNumber))
       .Add(static_cast<std::uint32_t>(key.data.kind))
       .Add(static_cast<std::uint32_t>(key.data.value))
@@ -42,7 +41,8 @@ struct LinkKey {
 }
 
 // All waiting links, in the order in which they run: those of the application first, and those of a
-// group in the order of its items.
+// group in the order of its items. Each link has two entries: one with its source, and one with any
+// source, for events that are raised without one.
 using LinkTable = Index<LinkKey, LinkTableEntry>;
 
 // The names of the applications that spawned the current one, the last on top.

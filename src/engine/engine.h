@@ -160,11 +160,7 @@ Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, Event
                   EventData data);
 // The same with an object as the source.
 Status RaiseEvent(const Root& source, EventType type, EventData data = {});
-// The types of event that RaiseEventByType raises: keys, and engine events that follow from keys.
-[[nodiscard]] constexpr bool IsRaisedByType(EventType type) {
-  return type == EventType::UserInput || type == EventType::EngineEvent;
-}
-// Runs the links that wait for this event, whatever their source.
+// Runs the links that wait for this event from any source.
 Status RaiseEventByType(EventType type, EventData data);
 
 // ---- The display stack of the running application ----

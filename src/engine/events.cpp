@@ -85,11 +85,10 @@ template <class Links> Status RunLinks(const Links& links) {
 
 Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
                   EventData data) {
-  const LinkKey key(type, sourceNumber, data);
+  const LinkKey key{type, false, sourceNumber, data};
   const LinkCollection collection = Collect(key, [&](const LinkTableEntry& entry) {
     const ObjectReference& source = entry.link->Condition.EventSource;
-    return source.Number == sourceNumber &&
-           IsSameGroup(source.GroupIdentifier.View(), sourceGroup) &&
+    return IsSameGroup(source.GroupIdentifier.View(), sourceGroup) &&
            IsInContext(entry, SceneName::AsStored);
   });
   return RunLinks(collection);
@@ -100,7 +99,7 @@ Status RaiseEvent(const Root& source, EventType type, EventData data) {
 }
 
 Status RaiseEventByType(EventType type, EventData data) {
-  const LinkCollection collection = Collect({type, 0, data}, [](const auto& entry) {
+  const LinkCollection collection = Collect({type, true, 0, data}, [](const auto& entry) {
     return IsInContext(entry, SceneName::WithoutTilde);
   });
   return RunLinks(collection);
@@ -112,7 +111,7 @@ Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t
   for (const auto& [key, entry, next, last] : TheCore().links) {
     if (!MayContinue()) return Status::Failure;
     const Link& link = *entry.link;
-    const bool isMatch = key.type == type && link.Condition.EventSource.Number == sourceNumber &&
+    const bool isMatch = !key.isAnySource && key.type == type && key.sourceNumber == sourceNumber &&
                          link.RunningStatus && link.Condition.EventData.Integer == value;
     if (isMatch && !links.Append(entry)) return Status::Failure;
   }

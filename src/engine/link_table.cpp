@@ -28,8 +28,14 @@ Status AddLink(Link& link, Scope scope) {
   }
   const LinkCondition& condition = link.Condition;
   if (!IsKnown(condition.EventType)) return Status::Done;
-  const LinkKey key(condition.EventType, condition.EventSource.Number, DataOf(condition));
-  if (TheCore().links.Add(key, {&link, scope})) return Status::Done;
+  LinkTable& table = TheCore().links;
+  const EventData data = DataOf(condition);
+  const LinkKey withSource{condition.EventType, false, condition.EventSource.Number, data};
+  const LinkKey anySource{condition.EventType, true, 0, data};
+  if (table.Add(withSource, {&link, scope}) && table.Add(anySource, {&link, scope})) {
+    return Status::Done;
+  }
+  table.RemoveAll([&link](const LinkTableEntry& entry) { return entry.link == &link; });
   Say(Message::NoMemoryForEvent);
   return Status::Failure;
 }

@@ -158,7 +158,6 @@ TEST_F(Events, every_event_type_finds_its_links) {
     EXPECT_EQ(Raise("~/a", 50, static_cast<EventType>(type), EventData::Integer(700)),
               Status::Done);
     EXPECT_EQ(TakeNotes(), std::to_string(type));
-    if (!IsRaisedByType(static_cast<EventType>(type))) continue;
     EXPECT_EQ(
         Do([&] { return RaiseEventByType(static_cast<EventType>(type), EventData::Integer(700)); }),
         Status::Done);

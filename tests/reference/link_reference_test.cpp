@@ -105,8 +105,7 @@ struct LinkPiece {
       const std::vector<Step> choices = {
           {"Raise", numbers, event.group},
           {"Raise", numbers, event.group},
-          // Only some types are raised without a source.
-          {"Raise", numbers, IsRaisedByType(event.type) ? "" : event.group},
+          {"Raise", numbers},
           {"Key", {random.Of(kKeys)}},
           {"TransitionTo", {}, "(\"" + random.Of(kTargets) + "\" 0)"},
       };

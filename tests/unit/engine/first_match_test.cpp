@@ -128,7 +128,8 @@ class FirstMatch : public EngineTest {
     const std::string name = OneOf(kNames);
     const std::string active = random_() % 5 == 0 ? " :InitiallyActive FALSE" : "";
     return "{:Link " + Identity() + active + " :EventSource " + Name(name, Number(3)) +
-           " :EventType " + OneOf(std::vector<std::string>{"TestEvent", "UserInput"}) + " " + data +
+           " :EventType " +
+           OneOf(std::vector<std::string>{"TestEvent", "UserInput", "EngineEvent"}) + " " + data +
            " :LinkEffect (" + Note(std::string(1, mark)) + ")} ";
   }
 
@@ -159,7 +160,8 @@ class FirstMatch : public EngineTest {
   }
 
   void CompareLinks() {
-    for (const EventType type : {EventType::TestEvent, EventType::UserInput}) {
+    for (const EventType type :
+         {EventType::TestEvent, EventType::UserInput, EventType::EngineEvent}) {
       for (const EventData data :
            {EventData{}, EventData::Integer(1), EventData::Integer(2), EventData::Boolean(true),
             EventData::Boolean(false), EventData{ValueKind::OctetString, 0}}) {

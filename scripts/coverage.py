@@ -17,7 +17,8 @@ GOALS = {"lines": 99.5, "branches": 95.0}
 FOLDERS = ["objects", "objects/ber", "platform", "appearance", "engine", "actions", "textual",
            "dump"]
 # The tests of the other tools run nothing of the portable folders.
-PROGRAMS = ["objects", "appearance", "engine", "actions", "textual", "dump", "demos", "mheg"]
+PROGRAMS = ["objects", "appearance", "engine", "actions", "textual", "dump", "demos", "mheg",
+            "reference"]
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build/coverage"
 

@@ -28,7 +28,8 @@ SEED = 1
 JOBS = 2
 FOLDERS = ["objects", "objects/ber", "appearance", "engine", "actions", "textual", "dump"]
 # The tests of the other tools run nothing of the portable folders.
-PROGRAMS = ["objects", "appearance", "engine", "actions", "textual", "dump", "demos", "mheg"]
+PROGRAMS = ["objects", "appearance", "engine", "actions", "textual", "dump", "demos", "mheg",
+            "reference"]
 MOST_MEMORY = 2 << 30
 # A test that takes longer than this many seconds runs after all the others.
 LONG = 0.3

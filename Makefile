@@ -74,6 +74,16 @@ mutants:
 	@cmake --build --preset mutants --target core_tests
 	@scripts/mutants.py $(N)
 
+# A million cases of each reference model, and ten thousand start and close cycles: about an hour.
+# CASES and CYCLES set other numbers.
+long-tests:
+	@scripts/install-packages.sh native windows run test
+	@cmake --preset native -DKORVEL_TESTS=ON >/dev/null
+	@cmake --build --preset native --target unit_reference
+	@cmake --preset win64 -DKORVEL_TESTS=ON >/dev/null
+	@cmake --build --preset win64 --target windows_library
+	@scripts/long-tests.sh
+
 # One table of the times of all benchmarks, with the goals that are met.
 bench:
 	@scripts/install-packages.sh native windows run bench

@@ -13,8 +13,8 @@ status=0
 KORVEL_STEPS=${STEPS:-1000000} KORVEL_SAMPLES=$folder/demos.csv \
   build/native-asan/tests/unit_demos --gtest_filter='Endurance.*' || status=1
 (cd build/win64/bin &&
-  KORVEL_KEYS=${KEYS:-20000} KORVEL_SAMPLES=endurance.csv \
-    timeout "${LIMIT:-3600}" wine ../tests/windows_library.exe --gtest_filter='Endurance.*') ||
+  KORVEL_KEYS=${KEYS:-20000} KORVEL_SAMPLES=endurance.csv KORVEL_WINE_LIMIT=3600 \
+    ../../../cmake/wine-run.sh ../tests/windows_library.exe --gtest_filter='Endurance.*') ||
   status=1
 mv build/win64/bin/endurance.csv "$folder/library.csv" 2>/dev/null
 python3 scripts/endurance_plot.py "$folder"/*.csv || status=1

@@ -1,7 +1,7 @@
 // The actions of workloads/actions.cpp as an author of Lua would write them: an action is a
 // function that finds its target by number in a table of objects, checks its class and changes a
 // field; an action list is a function of 100 such calls with literal parameters, compiled once and
-// called once a run. Events look their handlers up by source, type and data in nested tables, and
+// called once per run. Events look their handlers up by source, type and data in nested tables, and
 // call each of them.
 //
 // Lua has less to do in some places: there is one table of objects instead of two groups with names
@@ -80,11 +80,11 @@ objects[1000001] = {class = INTEGER, value = 0}
 local function count() add(1000001, 1) end
 )";
 
-// `number` is the number of the target.
+// The Lua code of a workload.
 struct Shape {
   const char* workload;
   const char* target;   // a new target
-  const char* call;     // the action with the arguments after the number
+  const char* call;     // the call of the action; %d is the target's number
   const char* handler;  // a handler of the target's events, or nil
 };
 const Shape kShapes[] = {

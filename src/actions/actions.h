@@ -14,8 +14,8 @@ namespace korvel {
 
 struct FoundObject;
 
-// Runs an action list. `groupName` is the group of references without a group identifier. It may
-// belong to a group that the actions end, because groups are kept while actions run. Returns Done;
+// Runs an action list. `groupName` is the group of references without a group identifier. The view
+// may point into a group that the actions end: groups are kept while actions run. Returns Done;
 // Refused if an action number was unknown (the others have run); Failure if a behaviour, a raised
 // event or a limit on nesting or work stops everything; Replaced if the application or scene was
 // replaced.
@@ -61,7 +61,7 @@ template <class Variable, class Value> Status SetValue(Variable& variable, Value
   return Status::Done;
 }
 
-// The field of a generic value that holds values of that type.
+// The field of a generic value that holds values of the type of the second argument.
 inline bool& FieldOf(GenericValue& value, const bool& /*type*/) { return value.Boolean; }
 inline std::int32_t& FieldOf(GenericValue& value, const std::int32_t& /*type*/) {
   return value.Integer;
@@ -89,12 +89,12 @@ inline ObjectReference& FieldOf(GenericValue& value, const ObjectReference& /*ty
 // False if memory runs out: the field of the value is then empty.
 [[nodiscard]] bool CopyValue(const FoundObject& found, GenericValue& value);
 
-// Offers a key to the interaction in progress. True if the interaction used it: `result` is then
-// the result of the key, which must not be passed on.
+// Offers a key to the interaction in progress. True if the interaction used the key: the caller
+// then returns `result` and does not raise UserInput.
 [[nodiscard]] bool TakeInteractionKey(std::int32_t key, Status& result);
 
 // Resets the engine-wide state of the classes (the highlighted object, the interaction in
-// progress), as an engine start does.
+// progress). Called when the engine starts or is reset.
 void ResetClassVariables();
 
 // Removes the objects of a group that ends from the engine-wide state of the classes.

@@ -101,8 +101,8 @@ constexpr bool OverflowsDivision(std::int32_t dividend, std::int32_t divisor) {
   return dividend == std::numeric_limits<std::int32_t>::min() && divisor == -1;
 }
 
-// Compares the operand with as many leading bytes of the value, as if zero bytes followed the
-// value. An empty operand begins only a value without text.
+// Whether the value begins with the operand, as if zero bytes followed the value. An empty operand
+// matches only a value that is empty or begins with a zero byte.
 bool BeginsWith(const OctetString& value, const OctetString& operand) {
   if (operand.IsEmpty()) return value.TextView().empty();
   const std::string_view bytes = value.View();
@@ -173,7 +173,7 @@ Status TestVariable(const Arguments& arguments) {
   const GenericValue& given = *arguments.given->At(1);
   GenericValue operand;
   if (!ReadValue(arguments, given, ContentLoading::Fetch, operand)) return Status::Refused;
-  // With its terminating zero byte, a path that is read from a variable equals only a whole path.
+  // IsEqual accepts a prefix. The zero byte makes a path from a variable match only a whole path.
   if (IsIndirect(given) && operand.Kind == ValueKind::ContentReference) {
     CountEndingZero(operand.Octets);
   }

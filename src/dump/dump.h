@@ -8,8 +8,8 @@
 
 namespace korvel {
 
-// Prints a group. Its line begins with `depth` copies of "|   " and one "|---"; its parts are one
-// level deeper.
+// Prints a group. Its first line begins with `depth` copies of "|   " and one "|---". The fields of
+// its own class are on the same level, those of each base class one level deeper.
 void DumpApplication(const Application& application, int depth, std::FILE* stream);
 void DumpScene(const Scene& scene, int depth, std::FILE* stream);
 

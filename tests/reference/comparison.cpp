@@ -54,7 +54,7 @@ const ActionList& ActionsOf(const Step& step) {
   if (known.size() > 10'000) known.clear();
   OwnedGroup& group = known[step.Text()];
   if (group) return group->OnCloseDown;
-  // An extension that the textual notation lacks is read as an action of the same parameters.
+  // The textual notation lacks SetCellPosition: read a DrawLine and replace its action number.
   Step written = step;
   const bool isCell = step.action == "SetCellPosition";
   if (isCell) {

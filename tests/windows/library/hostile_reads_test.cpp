@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A key that reads the next scene.
+// The key G reads the next scene.
 constexpr const char* kNextScene =
     R"({:Link 9 :EventSource 0 :EventType UserInput :EventData 101
         :LinkEffect (:TransitionTo(("~/next" 0)))})";
@@ -30,7 +30,7 @@ class HostileReads : public HostileHost {
     Start();
     WaitForLamp();
   }
-  // Makes all reads of `path` wait inside the host until Release. Set before the start.
+  // Makes all reads of `path` wait inside the host until `isReleased` is set. Call before Start.
   void BlockReadsOf(const std::string& path) {
     host.onCall = [this, path](const std::string& name) {
       if (name != "ReadFile " + path) return;
@@ -161,7 +161,7 @@ TEST_F(HostileReads, of_zero_bytes_are_files_without_a_group) {
   ExpectWorkingScene();
 }
 
-// A host that reports a size and stores no address, or the reverse.
+// A host that reports a read file and its size, but no address, until `isTruthful` is set.
 class LyingHost {
  public:
   explicit LyingHost(RecordingHost& host) : table_(*host.table) {
@@ -256,7 +256,7 @@ TEST_P(CallsInsideTheHost, of_every_function_close_the_engine_once) {
   ExpectWorkingScene();
 }
 
-// A host may subclass the engine's window, as programs do that embed it.
+// A host may subclass the engine's window, as programs that embed it do.
 WNDPROC engineProcedure = nullptr;
 std::function<void()> onForeignMessage;
 constexpr UINT kForeignMessage = WM_APP - 1;

@@ -1,4 +1,4 @@
-// Changes of list groups: of many items shown in 10 cells, and of as many cells as items.
+// Scrolls and changes list groups: many items in 10 cells, and as many cells as items.
 #include "stage.h"
 
 namespace bench {

@@ -44,7 +44,7 @@ Canvas* CanvasOf(DynamicLineArt& lineArt, std::int32_t lineWidth) {
   return lineArt.Canvas;
 }
 
-// Paints on a running object and shows the result.
+// Paints on a running object and requests a redraw.
 template <class Paint> Status Painted(const Arguments& arguments, Paint&& paint) {
   DynamicLineArt& lineArt = TargetOf(arguments);
   if (!lineArt.AvailabilityStatus || !lineArt.RunningStatus) return Status::Refused;

@@ -1,4 +1,4 @@
-// The lines of common values.
+// Prints the lines that many classes share: numbers, strings, references, colours, positions.
 #include "dump/tree.h"
 
 #include <cstdarg>

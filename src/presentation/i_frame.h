@@ -12,10 +12,10 @@ namespace korvel {
 // `image` unchanged, if that fails.
 [[nodiscard]] bool DecodeIFrame(std::string_view stream, BitmapOwner& image);
 
-// Determines the path of the temporary file, when the presentation opens.
+// Determines the path of the temporary file. Called when the presentation opens.
 void FindTemporaryFolder();
 
-// Unloads the host's library if it was loaded, when the presentation closes.
+// Unloads the host's library if it was loaded. Called when the presentation closes.
 void ReleaseDecoder();
 
 // ---- Saving pictures. The engine never calls these: developers convert pictures in advance. ----

@@ -1,5 +1,5 @@
-// The default matrix, the non-linear scale (table 7-6), and reading a matrix. The weights are in
-// zigzag order even if the picture uses the other scan.
+// The default matrix, the non-linear scale (ISO/IEC 13818-2, table 7-6), and reading a matrix. Its
+// weights are in zigzag order even if the picture uses the alternate scan.
 #include "menuapi/quantiser.h"
 
 #include <algorithm>

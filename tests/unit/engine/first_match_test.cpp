@@ -73,8 +73,8 @@ bool WaitsFor(const Link& link, bool isOfScene, const Event& event) {
   return data.Kind == ValueKind::Boolean && data.Boolean == (event.data.value != 0);
 }
 
-// The marks of the first five links that wait for the event; every link notes its mark, which is
-// the priority of its content.
+// The marks of the first five links that wait for the event. A mark is the text that the effect of
+// the link appends to the notes.
 std::string MarksOfFirstLinks(const Event& event) {
   std::ostringstream marks;
   std::size_t count = 0;
@@ -103,7 +103,7 @@ class FirstMatch : public EngineTest {
     return static_cast<std::int32_t>(random_() % static_cast<std::uint32_t>(most));
   }
 
-  // A number of the item itself, often with the name of some group.
+  // An item's own reference: a number, often with the name of some group.
   std::string Identity() {
     const std::int32_t number = 1 + Number(kMostNumber);
     const std::string name = OneOf(kNames);

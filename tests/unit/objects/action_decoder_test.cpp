@@ -48,7 +48,7 @@ std::string ParametersOf(const Bytes& actions) {
   return text;
 }
 
-// The parameters, as text, of an action with target 1 and these parameters.
+// Decodes an action with target 1 and these parameters. Returns the parameters as text.
 std::string Parameters(Action action, const Bytes& parameters) {
   return ParametersOf(Holding(TagOf(action), Integer(1) + parameters));
 }

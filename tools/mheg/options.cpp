@@ -107,7 +107,7 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
   AddInputs(*dump, "IN", "Groups in either form", given);
 
   CLI::App* check = AddCommand(app, Command::Check, "check",
-                               "Reports what a viewer would only notice as silence", given);
+                               "Reports faults that the engine would ignore silently", given);
   AddInputs(*check, "PATH", "Groups in either form, and folders with them", given);
   AddJobs(*check, given);
 

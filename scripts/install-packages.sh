@@ -1,6 +1,6 @@
 #!/bin/sh
-# Installs the missing Debian packages of the given tasks and lists them. Quick if nothing is
-# missing.
+# Lists and installs the Debian packages that the given tasks need and that are missing. Quick if
+# nothing is missing.
 # Usage: install-packages.sh TASK ..., with the tasks below.
 set -eu
 

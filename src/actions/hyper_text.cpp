@@ -13,7 +13,7 @@ class AnchorReader {
  public:
   explicit AnchorReader(std::string_view text) : rest_(text) {}
 
-  // The label of the next anchor. False when there is none.
+  // Reads the label of the next anchor. Returns false if there is none, or if its label is cut off.
   [[nodiscard]] bool Next(std::string_view& label) {
     for (;;) {
       const std::size_t escape = rest_.find(kEscape);

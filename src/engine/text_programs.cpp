@@ -1,4 +1,4 @@
-// The resident programs on texts and references. Places in a text count from 1; zero bytes are
+// The resident programs for texts and references. Positions in a text count from 1; zero bytes are
 // bytes like any other.
 #include <algorithm>
 #include <string_view>
@@ -12,14 +12,14 @@ namespace {
 
 std::int32_t LengthOf(std::string_view text) { return static_cast<std::int32_t>(text.size()); }
 
-// The index at which the search begins. A start before the text means its beginning.
+// The 0-based index for a start position. Positions below 1 mean the beginning of the text.
 std::size_t StartOf(std::int32_t start) {
   return start < 1 ? 0 : static_cast<std::size_t>(start) - 1;
 }
 
-// The index of the first occurrence at or after `start`, both from 0; npos when there is none. An
+// The 0-based index of the first occurrence at or after index `start`; npos if there is none. An
 // empty text is found at `start`, unless that is past the end. A pending close can end the search
-// early; nothing is then found.
+// early; the result is then npos.
 std::size_t Search(std::string_view text, std::size_t start, std::string_view wanted) {
   for (std::size_t at = start; at <= text.size() && MayContinue(); ++at) {
     if (!wanted.empty()) at = std::min(text.find(wanted.front(), at), text.size());

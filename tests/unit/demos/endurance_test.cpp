@@ -1,6 +1,6 @@
-// Random keys and timer expiries in all demos, as many as KORVEL_STEPS says, without restarting the
-// engine. Memory and timers stay flat. The samples are written to the file that KORVEL_SAMPLES
-// names, for a plot.
+// Checks that memory and timers stay flat during a long run of random keys and timer expiries. The
+// KORVEL_STEPS steps are shared equally by the demos; the engine restarts only between demos. The
+// samples are written to the file that KORVEL_SAMPLES names, for a plot.
 #include <malloc.h>
 
 #include <algorithm>
@@ -41,10 +41,10 @@ struct Sample {
 
 class Endurance : public AnyKeys {
  protected:
-  // Presses that many keys and returns what is held afterwards.
+  // Presses keys or expires timers, `steps` in all. Returns the memory and timers then in use.
   Sample After(int steps) {
     PressMoreKeys(steps);
-    // What the substitutes record is not the engine's.
+    // Clears the records of the substitutes, so that only the engine's memory is compared.
     TheHost().fetched = {};
     TheHost().killedTimers = {};
     TheHost().traced = {};
@@ -54,7 +54,7 @@ class Endurance : public AnyKeys {
   }
 };
 
-// The largest value of some samples. Scenes differ in size, so there must be many.
+// The largest value of samples [first, end). One sample alone depends on the scene that is shown.
 std::size_t Most(const std::vector<Sample>& samples, int first, int end,
                  std::size_t Sample::*value) {
   std::size_t most = 0;
@@ -64,8 +64,8 @@ std::size_t Most(const std::vector<Sample>& samples, int first, int end,
   return most;
 }
 
-// Compares the second half of the run with the first, without its first tenth. Flat means that one
-// per cent is added at most, or what one scene, or a buffer of the test, may hold more.
+// Ignores the first tenth of the run. The second half may exceed the rest of the first half by 1%,
+// or by `difference` if that is more: scenes and the test's own buffers vary in size by as much.
 void ExpectFlat(const std::vector<Sample>& samples, std::size_t Sample::*value,
                 std::size_t difference) {
   const std::size_t early = Most(samples, kSamples / 10, kSamples / 2, value);

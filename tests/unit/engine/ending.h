@@ -1,5 +1,5 @@
 // Fixture for tests of groups that end while their actions run: the ways to end them, the content
-// that runs next, and the check that nothing of the ended group has run on.
+// that runs next, and the check that no further action of the ended group has run.
 #pragma once
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 
 namespace korvel::test {
 
-// How a link ends the running group.
+// How a link ends the running group, and the group that holds this link.
 enum class End { TransitionTo, Launch, Spawn, QuitToParent, QuitToRestart };
 enum class HeldBy { Scene, Application };
 
@@ -23,12 +23,12 @@ inline std::string EndingName(End end, HeldBy holder) {
          (holder == HeldBy::Scene ? "_by_the_scene" : "_by_the_application");
 }
 
-// Follows every action that must be the last one to run. If it runs, the file "never" is fetched.
+// An action that must not run, placed after one that ends the group. It would fetch "never".
 inline std::string Never() { return SpawnAction("~/never"); }
 
 class EndingTest : public EngineTest {
  protected:
-  // The action that ends the running groups, or only the scene.
+  // The action for `end`. TransitionTo ends only the scene, the others the application as well.
   static std::string EndAction(End end) {
     switch (end) {
     case End::TransitionTo: return TransitionAction("~/other");
@@ -54,7 +54,7 @@ class EndingTest : public EngineTest {
                    LinkOnKey(1, 16, ":Append((\"~/other\" 98) \"k\")"),
                ":OnStartUp (:Append((\"~/other\" 98) \"s\"))");
   }
-  // Starts "~/main", spawned by "~/a" if the end is to quit to a parent.
+  // Starts "~/a" and then launches "~/main", or spawns it if `end` needs a parent to quit to.
   void StartMain(End end) {
     ASSERT_EQ(Start(), Status::Done);
     ASSERT_EQ(EnterMain(end), Status::Done);
@@ -63,7 +63,7 @@ class EndingTest : public EngineTest {
     return Do([&] { return end == End::QuitToParent ? Spawn("~/main") : Launch("~/main"); });
   }
 
-  // From now on each redraw raises the engine event of an object that could not be drawn.
+  // Makes each later redraw raise the engine event that reports a content reference error.
   static void RaiseInEachRedraw() {
     ThePresentation().onRedraw = [] {
       static bool isRaising = false;

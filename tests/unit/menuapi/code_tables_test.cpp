@@ -1,5 +1,5 @@
-// Checks that the code tables are prefix codes, and the known properties of each table. Decoding
-// streams of ffmpeg tests the meaning of each code.
+// Checks that the code tables are prefix codes, and the known properties of each table. The meaning
+// of the codes is tested by decoding streams that ffmpeg encoded.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -31,8 +31,8 @@ std::set<std::pair<int, int>> Steps(CoefficientTable table) {
   return steps;
 }
 
-// The number of 16-bit numbers that begin with a code of the table and, except for the end of a
-// block and the escape, with its sign.
+// The number of 16-bit numbers that begin with a code of the table. No code is longer. The sign
+// bit after a code may have either value, so it does not matter here.
 int UsedNumbers(CoefficientTable table) {
   int used = 0;
   for (const auto& part : {OwnCoefficientRows(table), SharedCoefficientRows()}) {
@@ -97,8 +97,8 @@ TEST(CoefficientCodes, reach_as_far_as_the_standard_lists_them) {
   EXPECT_FALSE(highest.contains(32));
 }
 
-// No code begins with twelve zeros, so none resembles a start code. Table one leaves nine times as
-// many numbers unused.
+// Table zero has a code for every 16-bit number except the 16 that begin with twelve zeros, so no
+// code resembles a start code. In table one, nine times as many numbers begin with no code.
 TEST(CoefficientCodes, use_nearly_every_number) {
   EXPECT_EQ((1 << 16) - UsedNumbers(CoefficientTable::Zero), 1 << 4);
   EXPECT_EQ((1 << 16) - UsedNumbers(CoefficientTable::One), 9 << 4);

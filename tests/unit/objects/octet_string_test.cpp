@@ -44,7 +44,7 @@ TEST(OctetString, assigned_zeros_are_zero_terminated) {
   EXPECT_EQ(string.Length(), 2U);
 }
 
-// A string of up to 14 bytes (10 on a 32-bit system) takes no block.
+// A string of up to 14 bytes (10 on a 32-bit system) is stored in place, without an allocation.
 TEST(OctetString, of_any_length_is_kept_moved_and_zero_terminated) {
   const std::size_t before = LiveBlocks();
   for (std::size_t length = 0; length < 40; ++length) {
@@ -100,7 +100,7 @@ TEST(OctetString, moving_leaves_the_source_absent) {
     ASSERT_TRUE(source.Assign("moved with its block"));
     OctetString target(std::move(source));
     EXPECT_EQ(target.View(), "moved with its block");
-    EXPECT_FALSE(source.IsPresent());  // NOLINT(bugprone-use-after-move): stated by the string
+    EXPECT_FALSE(source.IsPresent());  // NOLINT(bugprone-use-after-move): moving makes it absent
     source = std::move(target);
     EXPECT_EQ(source.View(), "moved with its block");
   }

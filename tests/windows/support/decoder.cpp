@@ -1,5 +1,5 @@
-// Loads the library from a folder that the engine does not search. The engine then finds it by name
-// because it is already loaded.
+// Loads the decoder's DLL from a folder that the engine does not search. The engine then finds it
+// by name because it is already loaded.
 #include "windows/support/decoder.h"
 
 #include <gtest/gtest.h>
@@ -48,7 +48,7 @@ void Decoder::DecodeBy(Decode decode) {
   record_->decode = [](const char* path, std::uint8_t** buffer) { (*currentDecode)(path, buffer); };
 }
 
-// Clears the function's entry in the table of addresses.
+// Clears the address of ordinal 1 in the DLL's export table, so GetProcAddress does not find it.
 void Decoder::RemoveFunction() {
   auto* base = reinterpret_cast<char*>(library_);
   const auto* start = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);

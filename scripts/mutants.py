@@ -58,8 +58,9 @@ RULES = [(kind, re.compile(pattern), replacement) for kind, pattern, replacement
     ("sign", r"(?<= )[/%](?==? )", "*"),
     ("bound", r"\bstd::min\b", "std::max"),
     ("bound", r"\bstd::max\b", "std::min"),
-    ("status", r"\bStatus::Done\b", "Status::Refused"),
-    ("status", r"\bStatus::(Refused|Failure|Replaced)\b", "Status::Done"),
+    # A list of actions continues after Done and Refused alike, so neither is replaced by the other.
+    ("status", r"\bStatus::(Done|Refused)\b", "Status::Failure"),
+    ("status", r"\bStatus::(Failure|Replaced)\b", "Status::Done"),
     ("message", r"\bMessage::(?!NoMemoryForEvent\b)\w+", "Message::NoMemoryForEvent"),
     ("text", r'"([^"%\\]+)"', r'"\1x"'),
     ("removed call", r"(?:(?<=^)|(?<=\) ))(\s*)(\(void\))?[\w.:]+(->\w+)*\([^;{}]*\);$", r"\1;"),

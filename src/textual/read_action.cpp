@@ -152,6 +152,7 @@ bool ReadEntry(TextReader& reader, ElementaryAction& action) {
   const ActionRow* row = ActionAt(reader);
   if (row == nullptr) return reader.Refuse("an action");
   const Token begin = reader.Next();
+  if (!reader.NoteActionPlace(begin)) return false;
   reader.Skip();
   const Construct outer = reader.Enter({row->name});
   action.ActionType = static_cast<std::uint8_t>(row->action);

@@ -54,6 +54,8 @@ template <class Record> class ObjectBuilder {
     if (!reader_.TakeKeyword(kHeading.keyword)) return reader_.Refuse(":Application or :Scene");
     const Construct outer = reader_.Enter({kHeading.name});
     if (!Read(reader_, record_.Reference)) return false;
+    Enter("");
+    if (!reader_.NotePlace(begin)) return false;
     while (!reader_.Take(kCloseBrace)) {
       if (!ReadAttribute()) return false;
     }
@@ -63,6 +65,11 @@ template <class Record> class ObjectBuilder {
 
  private:
   static constexpr const ClassHeading& kHeading = Description<Record>::heading;
+
+  // Enters an attribute, or the object itself.
+  void Enter(const char* keyword) {
+    reader_.Enter({kHeading.name, keyword, record_.Reference.Number});
+  }
 
   [[nodiscard]] bool ReadAttribute() {
     bool isKnown = false;
@@ -84,10 +91,11 @@ template <class Record> class ObjectBuilder {
                               const Form& form) {
     if ((written_ & place) != 0) return reader_.Refuse("an attribute that is not written yet");
     written_ |= place;
+    Enter(keyword);
+    if (!reader_.NotePlace(reader_.Next())) return false;
     reader_.Skip();
-    reader_.Enter({kHeading.name, keyword});
     if (!ReadField(field, form)) return false;
-    reader_.Enter({kHeading.name});
+    Enter("");
     return true;
   }
 
@@ -168,16 +176,18 @@ TextResult BuildGroup(TextReader& reader, OwnedGroup& group) {
 
 }  // namespace
 
-TextPlace PlaceInText(std::string_view text, std::size_t offset) {
-  TextPlace place{1, 1};
+TextPlace PlaceInText(std::string_view text, std::size_t offset, TextPlace begin) {
+  TextPlace place = begin;
   for (const char c : text.substr(0, offset)) {
-    place = c == '\n' ? TextPlace{place.line + 1, 1} : TextPlace{place.line, place.column + 1};
+    const bool beginsCharacter = (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+    if (beginsCharacter) ++place.column;
+    if (c == '\n') place = {place.line + 1, 1};
   }
   return place;
 }
 
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, TextError& error,
-                         List<MissingPart>* missing) {
+                         List<MissingPart>* missing, List<SourcePlace>* places) {
   TokenList list;
   LexStop stop;
   if (Lex(text, list, stop) != LexResult::Done) {
@@ -185,7 +195,7 @@ TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, TextError& er
     error.unknownWord = std::move(stop.word);
     return TextResult::Refused;
   }
-  TextReader reader(list, missing);
+  TextReader reader(list, missing, places);
   const TextResult result = BuildGroup(reader, group);
   if (result != TextResult::Done) {
     Explain(text, reader.RefusedToken().offset, reader.Expected(), reader.Subject(),

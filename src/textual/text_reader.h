@@ -10,17 +10,19 @@
 
 namespace korvel {
 
-// The context of a token, for messages: an object's class and the keyword of its attribute, or an
-// action. Empty outside all objects.
+// The context of a token, for messages: an object's class, the keyword of its attribute and its
+// number, or an action. Empty outside all objects.
 struct Construct {
   const char* owner = "";
   const char* part = "";
+  std::int32_t object = 0;
 };
 
 class TextReader {
  public:
-  // Both are borrowed. `missing` may be null.
-  TextReader(const TokenList& list, List<MissingPart>* missing) : list_(list), missing_(missing) {}
+  // All are borrowed. `missing` and `places` may be null.
+  TextReader(const TokenList& list, List<MissingPart>* missing, List<SourcePlace>* places)
+      : list_(list), missing_(missing), places_(places) {}
 
   [[nodiscard]] const Token& Next() const { return list_.tokens[place_]; }
   [[nodiscard]] std::string_view String(const Token& token) const { return list_.String(token); }
@@ -77,6 +79,14 @@ class TextReader {
     return missing_->Append({begin.offset, owner, missing}) != nullptr || RefuseForMemory();
   }
 
+  // Records the place of the object or attribute that has just been entered.
+  [[nodiscard]] bool NotePlace(const Token& begin) {
+    actionCount_ = 0;
+    return AddPlace(begin, -1);
+  }
+  // The same for the next action of the attribute.
+  [[nodiscard]] bool NoteActionPlace(const Token& begin) { return AddPlace(begin, actionCount_++); }
+
   // The furthest refusal.
   [[nodiscard]] const Token& RefusedToken() const { return list_.tokens[refusedPlace_]; }
   [[nodiscard]] const char* Expected() const { return expected_; }
@@ -88,9 +98,16 @@ class TextReader {
     ++place_;
     return true;
   }
+  [[nodiscard]] bool AddPlace(const Token& begin, std::int32_t action) {
+    if (places_ == nullptr) return true;
+    const SourcePlace place{begin.offset, construct_.object, construct_.part, action};
+    return places_->Append(place) != nullptr || RefuseForMemory();
+  }
 
   const TokenList& list_;
   List<MissingPart>* missing_;
+  List<SourcePlace>* places_;
+  std::int32_t actionCount_ = 0;  // of the attribute that is being read
   std::size_t place_ = 0;
   std::size_t refusedPlace_ = 0;
   const char* expected_ = "";

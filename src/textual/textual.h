@@ -25,7 +25,7 @@ enum class [[nodiscard]] TextResult : std::int32_t{
 // The longest text that is read, in bytes: offsets in it are limited to 16 bits.
 inline constexpr std::size_t kMaxTextSize = 65535;
 
-// A place in a text. Both numbers count from 1; columns are bytes.
+// A place in a text. Both numbers count from 1; columns are characters of UTF-8.
 struct TextPlace {
   std::uint32_t line = 0;
   std::uint32_t column = 0;
@@ -50,17 +50,29 @@ struct MissingPart {
   const char* missing = "";  // the attribute's keyword, or "a parameter"
 };
 
-// The line and column of an offset.
-[[nodiscard]] TextPlace PlaceInText(std::string_view text, std::size_t offset);
+// Where an object, one of its attributes or an action of that attribute begins in a text. An object
+// is identified by its number and an action by its index among all actions of its attribute, both
+// of which stay valid when records move.
+struct SourcePlace {
+  std::uint32_t offset = 0;
+  std::int32_t object = 0;   // its number; 0 for the group
+  const char* keyword = "";  // of the attribute, or empty for the object itself
+  std::int32_t action = -1;  // in the order of the text, or -1 for the attribute itself
+};
+
+// The line and column of an offset. `begin` is the place of the text's first byte.
+[[nodiscard]] TextPlace PlaceInText(std::string_view text, std::size_t offset,
+                                    TextPlace begin = {1, 1});
 
 // Reads a whole group. After a failure `group` is unchanged. A word that is not a keyword is
 // printed, as "Error string : " and the word.
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group);
 
 // The same for callers that report errors themselves: nothing is printed. `error` receives the
-// reason of a refusal, and `missing`, if given, the omitted parts.
+// reason of a refusal, `missing`, if given, the omitted parts, and `places`, if given, the places
+// of everything in the group, an object before its attributes and these before their actions.
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, TextError& error,
-                         List<MissingPart>* missing = nullptr);
+                         List<MissingPart>* missing = nullptr, List<SourcePlace>* places = nullptr);
 
 // A value that the notation has no word for: the object that carries it and the attribute's
 // keyword.

@@ -55,12 +55,15 @@ void ReadText(std::string_view text, GroupFile& file) {
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   korvel::TextError error;
   korvel::List<korvel::MissingPart> missing;
-  const korvel::TextResult result = korvel::ReadTextGroup(text, file.group, error, &missing);
+  korvel::List<korvel::SourcePlace> places;
+  const korvel::TextResult result =
+      korvel::ReadTextGroup(text, file.group, error, &missing, &places);
   if (result != korvel::TextResult::Done) {
     file.messages.push_back(AtPlace(file, error.place) + In(error.construct.data()) + "found " +
                             error.found.data() + ", expected " + error.expected.data());
     return;
   }
+  file.places = SourcePlaces(text, places);
   for (const korvel::MissingPart& part : missing) {
     file.messages.push_back(AtPlace(file, korvel::PlaceInText(text, part.offset)) + part.owner +
                             " lacks " + part.missing);

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "mheg/source_places.h"
 #include "objects/ownership.h"
 
 namespace mheg {
@@ -18,6 +19,7 @@ struct GroupFile {
   korvel::OwnedGroup group;           // empty if the file could not be read
   std::vector<std::string> messages;  // each with the file and, if known, the position
   bool isComplete = true;             // no mandatory attribute is missing
+  SourcePlaces places;                // of a text
 
   [[nodiscard]] bool IsGood() const { return group && isComplete; }
 };

@@ -71,7 +71,6 @@ Status FetchText(Text& text);
 // Engine-wide state of the classes. An engine start resets it, and a group that ends removes its
 // own objects.
 struct ClassVariables {
-  FoundObject highlightedObject;  // the object that was highlighted last
   FoundObject interactingObject;  // the interaction in progress, one at a time
   std::size_t chosenAnchor = 0;   // the 0-based current anchor of an interacting hyper text
 };

@@ -9,27 +9,6 @@ namespace {
 
 NeverDestroyed<ClassVariables> classVariables;
 
-void ForgetIfIn(const Group& group, FoundObject& kept) {
-  if (kept && kept.As<Ingredient>().owner == &group) kept = {};
-}
-
-void ForgetIf(const Ingredient& object, FoundObject& kept) {
-  if (kept.object == &object) kept = {};
-}
-
-Status SwitchHighlightOn(const FoundObject& object) {
-  const Status status = RaiseFrom(object.As<Ingredient>(), EventType::HighlightOn);
-  if (status == Status::Done) CurrentClassVariables().highlightedObject = object;
-  return status;
-}
-
-Status SwitchHighlightOff(const FoundObject& object) {
-  const auto& ingredient = object.As<Ingredient>();
-  const Status status = RaiseFrom(ingredient, EventType::HighlightOff);
-  if (status == Status::Done) ForgetIf(ingredient, CurrentClassVariables().highlightedObject);
-  return status;
-}
-
 // The target of an action of this file, which accepts those three classes only.
 Interactible& TargetOf(const Arguments& arguments) { return *InteractibleOf(arguments.target); }
 
@@ -40,8 +19,8 @@ ClassVariables& CurrentClassVariables() { return classVariables.value; }
 void ResetClassVariables() { CurrentClassVariables() = ClassVariables(); }
 
 void ForgetGroup(const Group& group) {
-  ForgetIfIn(group, CurrentClassVariables().highlightedObject);
-  ForgetIfIn(group, CurrentClassVariables().interactingObject);
+  FoundObject& inProgress = CurrentClassVariables().interactingObject;
+  if (inProgress && inProgress.As<Ingredient>().owner == &group) inProgress = {};
 }
 
 Interactible* InteractibleOf(const FoundObject& object) {
@@ -59,7 +38,7 @@ Status SetHighlightStatus(const Arguments& arguments) {
   const bool isOn = arguments.Boolean(0);
   if (!object.AvailabilityStatus || interactible.HighlightStatus == isOn) return Status::Refused;
   interactible.HighlightStatus = isOn;
-  return isOn ? SwitchHighlightOn(arguments.target) : SwitchHighlightOff(arguments.target);
+  return RaiseFrom(object, isOn ? EventType::HighlightOn : EventType::HighlightOff);
 }
 
 Status GetHighlightStatus(const Arguments& arguments) {
@@ -87,7 +66,8 @@ Status GetInteractionStatus(const Arguments& arguments) {
 
 void ForgetInteraction(const Ingredient& object, Interactible& interactible) {
   interactible.InteractionStatus = false;
-  ForgetIf(object, CurrentClassVariables().interactingObject);
+  FoundObject& inProgress = CurrentClassVariables().interactingObject;
+  if (inProgress.object == &object) inProgress = {};
 }
 
 Status EndInteraction(Ingredient& object, Interactible& interactible) {
@@ -100,7 +80,6 @@ void ClearInteraction(const FoundObject& object) {
   Interactible* interactible = InteractibleOf(object);
   if (interactible == nullptr) return;
   interactible->HighlightStatus = false;
-  ForgetIf(object.As<Ingredient>(), CurrentClassVariables().highlightedObject);
   ForgetInteraction(object.As<Ingredient>(), *interactible);
 }
 

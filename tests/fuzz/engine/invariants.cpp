@@ -92,12 +92,11 @@ void CheckDisplayStack(LivingObjects& objects) {
 
 void CheckClassVariables(const LivingObjects& objects) {
   const ClassVariables& variables = CurrentClassVariables();
-  for (const FoundObject& kept : {variables.highlightedObject, variables.interactingObject}) {
-    if (!kept) continue;
-    const auto object = objects.find(kept.object);
-    Require(object != objects.end(), "a highlighted or interacting object is living");
-    RequireOf(object->second, object->second.object.type == kept.type,
-              "a highlighted object has its class");
+  if (const FoundObject& inProgress = variables.interactingObject) {
+    const auto object = objects.find(inProgress.object);
+    Require(object != objects.end(), "an interacting object is living");
+    RequireOf(object->second, object->second.object.type == inProgress.type,
+              "an interacting object has its class");
   }
   for (const auto& [address, living] : objects) {
     const Interactible* interactible = InteractibleOf(living.object);

@@ -223,6 +223,13 @@ TEST(DecodeParameters, a_typed_value_that_does_not_match_its_tag_is_refused) {
   EXPECT_EQ(Parameters(Action::SetVariable, Holding(226, "")), "refused");
 }
 
+TEST(DecodeParameters, a_tag_of_another_kind_is_refused_even_around_an_indirect_value) {
+  EXPECT_EQ(Parameters(Action::Add, Holding(226, Integer(5))), "I5");
+  EXPECT_EQ(Parameters(Action::Add, Holding(226, Indirect(5))), "V5");
+  EXPECT_EQ(Parameters(Action::Add, Holding(227, Indirect(5))), "refused");
+  EXPECT_EQ(Parameters(Action::Append, Holding(226, Indirect(5))), "refused");
+}
+
 TEST(DecodeParameters, send_event_and_test_variable_end_with_a_typed_value) {
   EXPECT_EQ(Parameters(Action::SendEvent, Integer(3) + Enumerated(6) + Holding(226, Integer(15))),
             "R3 I6 I15");

@@ -93,6 +93,25 @@ TEST(TextWriter, text_is_written_in_double_quotes_and_other_bytes_in_single_quot
   EXPECT_EQ(WrittenString("cut \xE2\x82"), "'cut =E2=82'");
 }
 
+TEST(TextWriter, only_utf_8_characters_are_written_in_double_quotes) {
+  for (int first = 0; first < 256; ++first) {
+    // The bytes that must follow the first one, or -1 if no character begins with it.
+    const int following = first >= 0x20 && first <= 0x7E   ? 0
+                          : first >= 0xC2 && first <= 0xDF ? 1
+                          : first >= 0xE0 && first <= 0xEF ? 2
+                          : first >= 0xF0 && first <= 0xF4 ? 3
+                                                           : -1;
+    for (int given = 0; given < 5; ++given) {
+      const auto bytes =
+          static_cast<char>(first) + std::string(static_cast<std::size_t>(given), '\xA0');
+      const char quote = given == following ? '"' : '\'';
+      EXPECT_EQ(WrittenString(bytes).front(), quote) << first << " and " << given;
+    }
+  }
+  EXPECT_EQ(WrittenString("\xC3\x7F").front(), '\'');
+  EXPECT_EQ(WrittenString("\xC3\xC0").front(), '\'');
+}
+
 TEST(TextWriter, colours_are_written_as_hexadecimal_bytes) {
   EXPECT_NE(Written("{:Application 0 :TextColour \"abcd\"}").find(":TextColour '=61=62=63=64'"),
             std::string::npos);

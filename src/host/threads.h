@@ -4,8 +4,6 @@
 
 #include <windows.h>
 
-#include <cstdint>
-
 namespace korvel {
 
 // ---- Waiting (engine_thread.cpp) ----
@@ -43,11 +41,5 @@ void EndWorkerAndWindow();
 
 // Engine thread: asks the worker to end and waits for it. Does nothing if there is none.
 void EndWorker();
-
-inline constexpr std::int32_t kNoUserInput = 0;
-
-// The key number of a UserInput event for a virtual-key code of the platform, or kNoUserInput for a
-// key that content does not receive. Any thread.
-[[nodiscard]] std::int32_t UserInputKey(std::uint32_t virtualKey);
 
 }  // namespace korvel

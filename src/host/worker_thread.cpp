@@ -3,7 +3,6 @@
 // close ends the running groups.
 #include <windows.h>
 
-#include <array>
 #include <cstdint>
 #include <utility>
 
@@ -22,31 +21,6 @@ namespace {
 
 constexpr DWORD kPollPeriodMs = 10;
 constexpr std::int32_t kNoSource = 0;
-
-// Keys with consecutive codes and consecutive UserInput numbers. The colour keys and the Text key
-// of a remote control are letters.
-struct KeyRange {
-  std::uint32_t first;
-  std::uint32_t last;
-  std::int32_t userInput;  // of the first code
-};
-
-constexpr std::array<KeyRange, 14> kKeys = {{
-    {13, 13, keys::kSelect},  // Enter
-    {27, 27, keys::kCancel},  // Escape
-    {37, 37, keys::kLeft},
-    {38, 38, keys::kUp},
-    {39, 39, keys::kRight},
-    {40, 40, keys::kDown},
-    {'0', '9', keys::kDigit0},
-    {'B', 'B', keys::kBlue},
-    {'G', 'G', keys::kGreen},
-    {'I', 'I', keys::kInfo},
-    {'R', 'R', keys::kRed},
-    {'T', 'T', keys::kText},
-    {'Y', 'Y', keys::kYellow},
-    {96, 105, keys::kDigit0},  // the keypad
-}};
 
 // Shows the result of the viewer's input even if the last copy was made in the same millisecond, or
 // if the last request to paint came just before the change.
@@ -175,14 +149,6 @@ void EndWorker() {
   WaitAnsweringSentMessages(window.worker, INFINITE);
   window.isWaitingForWorker = false;
   CloseHandle(std::exchange(window.worker, nullptr));
-}
-
-std::int32_t UserInputKey(std::uint32_t virtualKey) {
-  for (const KeyRange& range : kKeys) {
-    if (virtualKey < range.first || virtualKey > range.last) continue;
-    return range.userInput + static_cast<std::int32_t>(virtualKey - range.first);
-  }
-  return kNoUserInput;
 }
 
 void RequestRestart(RestartReason reason) {

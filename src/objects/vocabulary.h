@@ -230,6 +230,42 @@ constexpr bool IsKey(std::int32_t number) {
          number == keys::kText;
 }
 
+// Keys of a keyboard with consecutive virtual-key codes and consecutive UserInput numbers. The
+// colour keys and the Text key of a remote control are letters.
+struct KeyRange {
+  std::uint32_t first;
+  std::uint32_t last;
+  std::int32_t userInput;  // of the first code
+};
+inline constexpr std::array<KeyRange, 14> kKeyboard = {{
+    {13, 13, keys::kSelect},  // Enter
+    {27, 27, keys::kCancel},  // Escape
+    {37, 37, keys::kLeft},
+    {38, 38, keys::kUp},
+    {39, 39, keys::kRight},
+    {40, 40, keys::kDown},
+    {'0', '9', keys::kDigit0},
+    {'B', 'B', keys::kBlue},
+    {'G', 'G', keys::kGreen},
+    {'I', 'I', keys::kInfo},
+    {'R', 'R', keys::kRed},
+    {'T', 'T', keys::kText},
+    {'Y', 'Y', keys::kYellow},
+    {96, 105, keys::kDigit0},  // the keypad
+}};
+
+inline constexpr std::int32_t kNoUserInput = 0;
+
+// The UserInput number of a virtual-key code, or kNoUserInput for a key that content does not
+// receive.
+constexpr std::int32_t UserInputKey(std::uint32_t virtualKey) {
+  for (const KeyRange& range : kKeyboard) {
+    if (virtualKey < range.first || virtualKey > range.last) continue;
+    return range.userInput + static_cast<std::int32_t>(virtualKey - range.first);
+  }
+  return kNoUserInput;
+}
+
 // The input event register while no scene runs: only Cancel, the colour keys and Text pass.
 inline constexpr std::int32_t kRegisterWithoutScene = 3;
 

@@ -7,6 +7,7 @@
 
 #include "host/host_state.h"
 #include "host/threads.h"
+#include "objects/vocabulary.h"
 #include "windows/host/host_threads.h"
 
 namespace korvel::test {

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "platform/files.h"
+
 namespace korvel {
 namespace {
 
@@ -142,6 +144,16 @@ bool ContentPath(std::string_view reference, OctetString& path) {
   }
   std::replace(path.MutableBytes(), path.MutableBytes() + path.Length(), '/', '\\');
   return true;
+}
+
+bool ReadPictureContent(const ContentBody& content, OctetString& file, std::string_view& bytes) {
+  bytes = content.Data.View();
+  if (content.IsReferenced) {
+    OctetString path;
+    if (!ContentPath(bytes, path) || !FetchFile(path.View(), &file)) return false;
+    bytes = file.View();
+  }
+  return !bytes.empty();
 }
 
 bool MayBeDecoded(std::string_view file) {

@@ -8,6 +8,7 @@
 #include "appearance/yuv.h"
 #include "objects/limits.h"
 #include "objects/octet_string.h"
+#include "objects/values.h"
 
 namespace korvel {
 
@@ -15,6 +16,11 @@ namespace korvel {
 // is removed ("~/", "DSM:/"), and the other '/' become '\'. Unlike the names of groups, it does not
 // depend on the current directory. False if memory runs out.
 [[nodiscard]] bool ContentPath(std::string_view reference, OctetString& path);
+
+// The bytes of a picture: included content is borrowed from the object, referenced content is read
+// into `file`. False if there are none.
+[[nodiscard]] bool ReadPictureContent(const ContentBody& content, OctetString& file,
+                                      std::string_view& bytes);
 
 // Whether a picture of that size, in pixels, is decoded. Accepts any 32-bit sides.
 [[nodiscard]] constexpr bool IsDecodableSize(std::uint64_t width, std::uint64_t height) {

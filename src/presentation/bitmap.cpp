@@ -3,7 +3,6 @@
 #include "appearance/content_file.h"
 #include "appearance/geometry.h"
 #include "engine/engine.h"
-#include "platform/files.h"
 #include "presentation/drawings.h"
 #include "presentation/i_frame.h"
 #include "presentation/picture.h"
@@ -18,18 +17,6 @@ void SettleContentHook(Bitmap& bitmap) {
   const Application* application = CurrentApplication();
   if (bitmap.ContentHOOK >= 1 || application == nullptr) return;
   bitmap.ContentHOOK = application->Defaults.BitmapContentHook;
-}
-
-// The bytes of the picture: included content is borrowed from the object, referenced content is
-// read into `file`. False if there are none.
-[[nodiscard]] bool ReadContent(const Bitmap& bitmap, OctetString& file, std::string_view& bytes) {
-  bytes = bitmap.Content.Data.View();
-  if (bitmap.Content.IsReferenced) {
-    OctetString path;
-    if (!ContentPath(bytes, path) || !FetchFile(path.View(), &file)) return false;
-    bytes = file.View();
-  }
-  return !bytes.empty();
 }
 
 [[nodiscard]] bool PaintContent(const Bitmap& bitmap, std::string_view bytes) {
@@ -52,7 +39,7 @@ bool Draw(Bitmap& bitmap) {
   SettleContentHook(bitmap);
   OctetString file;
   std::string_view bytes;
-  return ReadContent(bitmap, file, bytes) && PaintContent(bitmap, bytes);
+  return ReadPictureContent(bitmap.Content, file, bytes) && PaintContent(bitmap, bytes);
 }
 
 }  // namespace korvel

@@ -1,5 +1,6 @@
 // The redraw of the scene: which requests paint, and the drawing of the display stack from the
-// bottom to the top. Each class is drawn by its own file.
+// bottom to the top. Each class is drawn by its own file. Portable, so that a tool can play content
+// without a picture: it links functions that draw nothing.
 #include <cstdint>
 
 #include "engine/engine.h"
@@ -8,13 +9,20 @@
 #include "platform/screen.h"
 #include "presentation/drawings.h"
 #include "presentation/presentation.h"
-#include "presentation/state.h"
 
 namespace korvel {
 namespace {
 
 // Four of every five requests are dropped: a cheap limit on how often content can cause painting.
 constexpr std::uint32_t kRequestsPerPainting = 5;
+
+// The requests since the counter was reset, and the painting in progress. Worker thread only.
+struct RedrawState {
+  std::uint32_t requests = 0;
+  bool isPainting = false;
+  bool isPaintingDueAgain = false;  // an event raised while painting requested another painting
+};
+RedrawState state;
 
 // False if a picture is missing.
 [[nodiscard]] bool DrawVisible(ItemType kind, Ingredient& visible) {
@@ -55,7 +63,7 @@ constexpr std::uint32_t kRequestsPerPainting = 5;
 }
 
 Status PaintScene() {
-  State().isPaintingDueAgain = false;
+  state.isPaintingDueAgain = false;
   ClearSurface();
   Application* application = CurrentApplication();
   if (application == nullptr) return Status::Done;
@@ -68,9 +76,8 @@ Status PaintScene() {
 }  // namespace
 
 Status Redraw() {
-  PresentationState& state = State();
-  ++state.redrawRequests;
-  if (state.redrawRequests % kRequestsPerPainting != 1 || IsClosing()) return Status::Done;
+  ++state.requests;
+  if (state.requests % kRequestsPerPainting != 1 || IsClosing()) return Status::Done;
   if (state.isPainting) {
     state.isPaintingDueAgain = true;
     return Status::Done;
@@ -84,6 +91,6 @@ Status Redraw() {
   return result;
 }
 
-void ResetRedrawCounter() { State().redrawRequests = 0; }
+void ResetRedrawCounter() { state.requests = 0; }
 
 }  // namespace korvel

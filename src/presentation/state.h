@@ -1,6 +1,7 @@
 // The state of the presentation between calls, one record for the process. OpenPresentation fills
-// it and ClosePresentation empties it; only the worker thread uses it. The picture that both
-// threads paint the window from is separate, with its lock, in surface.cpp.
+// it and ClosePresentation empties it; only the worker thread uses it. Two parts are separate: the
+// picture that both threads paint the window from, with its lock, in surface.cpp, and the count of
+// redraw requests, in redraw.cpp.
 #pragma once
 
 #include <array>
@@ -53,10 +54,6 @@ struct PresentationState {
 
   HMODULE decoderLibrary = nullptr;  // the host's; loaded when the first I-frame is drawn
   TemporaryPath temporaryPath{};
-
-  std::uint32_t redrawRequests = 0;
-  bool isPainting = false;
-  bool isPaintingDueAgain = false;  // an event raised while painting requested another painting
 };
 
 [[nodiscard]] PresentationState& State();

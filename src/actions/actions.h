@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "objects/ingredients.h"
+#include "objects/observer.h"
 #include "objects/status.h"
 #include "objects/vocabulary.h"
 
@@ -54,10 +55,11 @@ template <class Variable> auto& ValueOf(Variable& variable) {
 
 // Sets a variable's value. Refused, with the value unchanged, if the variable is not available.
 template <class Variable, class Value> Status SetValue(Variable& variable, Value value) {
-  if (!variable.AvailabilityStatus) return Status::Refused;
+  if (!variable.AvailabilityStatus) return Refuse(Reason::NotAvailable);
   ValueOf(variable) = std::move(value);
   // Fetched content belongs to the old path.
   if constexpr (requires { variable.Value.Path; }) variable.Content.Data.Clear();
+  ObserveValue(variable);
   return Status::Done;
 }
 

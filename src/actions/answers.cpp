@@ -11,8 +11,9 @@ namespace {
 // The variable that a parameter names, or null if it is not of the class.
 template <class Variable> Variable* FindVariable(const Arguments& arguments, std::size_t place) {
   const FoundObject found = Find(arguments, arguments.Reference(place));
-  const bool isOfClass = found.type == Description<Variable>::heading.type;
-  return isOfClass ? &found.As<Variable>() : nullptr;
+  if (found.type == Description<Variable>::heading.type) return &found.As<Variable>();
+  ObserveReason(Reason::NoAnswerVariable, static_cast<std::int32_t>(place) + 1);
+  return nullptr;
 }
 
 }  // namespace

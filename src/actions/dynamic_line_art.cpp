@@ -96,7 +96,7 @@ Status PaintPolygon(const Arguments& arguments) {
 // Clears the whole canvas with the original fill colour and line width, not the current ones.
 Status ClearDrawing(const Arguments& arguments) {
   DynamicLineArt& lineArt = TargetOf(arguments);
-  if (!lineArt.AvailabilityStatus) return Status::Refused;
+  if (!lineArt.AvailabilityStatus) return Refuse(Reason::NotAvailable);
   ClearCanvas(OriginalFillColourOf(lineArt, CurrentGroups()),
               CanvasOf(lineArt, lineArt.OriginalLineWidth));
   return RedrawIfRunning(lineArt);

@@ -41,14 +41,14 @@ Status LaunchTarget(const Arguments& arguments, const GenericValue& target) {
 
 Status SpawnTarget(const Arguments& arguments, const GenericValue& target) {
   OctetString name;
-  if (!ReadGroupNameOrReference(arguments, target, name)) return Status::Refused;
+  if (!ReadGroupNameOrReference(arguments, target, name)) return Refuse(Reason::NoName);
   const Status status = Spawn(name.View());
   return status == Status::Done ? Status::Replaced : status;
 }
 
 Status TransitionToTarget(const Arguments& arguments, const GenericValue& target) {
   OctetString name;
-  if (!ReadGroupNameOrReference(arguments, target, name)) return Status::Refused;
+  if (!ReadGroupNameOrReference(arguments, target, name)) return Refuse(Reason::NoName);
   ++CurrentGenerations().scene;
   return TransitionTo(name.View());
 }
@@ -82,7 +82,7 @@ Status SetGroupTimer(const Arguments& arguments) {
 
 Status SetInputRegister(const Arguments& arguments) {
   auto& scene = arguments.target.As<Scene>();
-  if (!scene.AvailabilityStatus) return Status::Refused;
+  if (!scene.AvailabilityStatus) return Refuse(Reason::NotAvailable);
   scene.InputEventReg = arguments.Integer(0);
   return Status::Done;
 }
@@ -91,7 +91,9 @@ Status SendEvent(const Arguments& arguments) {
   EventData data;
   if (const GenericValue* given = arguments.given->At(2); given != nullptr) {
     GenericValue value;
-    if (!ReadValue(arguments, *given, ContentLoading::Fetch, value)) return Status::Refused;
+    if (!ReadValue(arguments, *given, ContentLoading::Fetch, value)) {
+      return Refuse(Reason::UnreadableParameter, 3);
+    }
     data.kind = value.Kind;
     data.value =
         value.Kind == ValueKind::Boolean ? static_cast<std::int32_t>(value.Boolean) : value.Integer;

@@ -82,7 +82,7 @@ bool TakeKey(HyperText& text, std::int32_t key, Status& result) {
 
 Status GetLastAnchorFired(const Arguments& arguments) {
   const auto& text = arguments.target.As<HyperText>();
-  if (!text.AvailabilityStatus) return Status::Refused;
+  if (!text.AvailabilityStatus) return Refuse(Reason::NotAvailable);
   return AnswerOctets(arguments, 0, text.LastAnchorFired.View(),
                       Message::NoMemoryForAnchorVariable);
 }

@@ -42,7 +42,7 @@ Status SetHighlightStatus(const Arguments& arguments) {
 }
 
 Status GetHighlightStatus(const Arguments& arguments) {
-  if (!arguments.target.object->AvailabilityStatus) return Status::Refused;
+  if (!arguments.target.object->AvailabilityStatus) return Refuse(Reason::NotAvailable);
   return AnswerBoolean(arguments, 0, TargetOf(arguments).HighlightStatus);
 }
 
@@ -52,7 +52,8 @@ Status SetInteractionStatus(const Arguments& arguments) {
   const auto& object = arguments.target.As<Ingredient>();
   FoundObject& inProgress = CurrentClassVariables().interactingObject;
   const bool canStart = object.AvailabilityStatus && object.RunningStatus && !inProgress;
-  if (!arguments.Boolean(0) || !canStart) return Status::Refused;
+  if (!arguments.Boolean(0)) return Status::Refused;
+  if (!canStart) return Refuse(Reason::InteractionBusy);
   inProgress = arguments.target;
   CurrentClassVariables().chosenAnchor = 0;
   TargetOf(arguments).InteractionStatus = true;
@@ -60,7 +61,7 @@ Status SetInteractionStatus(const Arguments& arguments) {
 }
 
 Status GetInteractionStatus(const Arguments& arguments) {
-  if (!arguments.target.object->AvailabilityStatus) return Status::Refused;
+  if (!arguments.target.object->AvailabilityStatus) return Refuse(Reason::NotAvailable);
   return AnswerBoolean(arguments, 0, TargetOf(arguments).InteractionStatus);
 }
 

@@ -12,20 +12,20 @@ namespace {
 LineArt& TargetOf(const Arguments& arguments) { return arguments.target.As<LineArt>(); }
 
 Status SetColour(const Arguments& arguments, ColourValue& colour, Message message) {
-  if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
+  if (!TargetOf(arguments).AvailabilityStatus) return Refuse(Reason::NotAvailable);
   const Status status = ReadColour(arguments, colour);
   if (status == Status::Refused) Say(message);
   return status;
 }
 
 template <class Number> Status SetNumber(const Arguments& arguments, Number& attribute) {
-  if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
+  if (!TargetOf(arguments).AvailabilityStatus) return Refuse(Reason::NotAvailable);
   attribute = static_cast<Number>(arguments.Integer(0));
   return Status::Done;
 }
 
 Status AnswerColour(const Arguments& arguments, const ColourValue& colour) {
-  if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
+  if (!TargetOf(arguments).AvailabilityStatus) return Refuse(Reason::NotAvailable);
   switch (colour.Kind) {
   case ValueKind::Integer: return AnswerInteger(arguments, 0, colour.Index);
   case ValueKind::OctetString:
@@ -35,7 +35,7 @@ Status AnswerColour(const Arguments& arguments, const ColourValue& colour) {
 }
 
 Status AnswerNumber(const Arguments& arguments, std::int32_t attribute) {
-  if (!TargetOf(arguments).AvailabilityStatus) return Status::Refused;
+  if (!TargetOf(arguments).AvailabilityStatus) return Refuse(Reason::NotAvailable);
   return AnswerInteger(arguments, 0, attribute);
 }
 

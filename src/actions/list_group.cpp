@@ -86,7 +86,7 @@ Status AddItem(const Arguments& arguments) {
 
 Status DelItem(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
-  if (!group.RunningStatus) return Status::Refused;
+  if (!group.RunningStatus) return Refuse(Reason::NotRunning);
   ObjectReference object;
   if (!Copy(arguments.Reference(0), object)) return Status::Failure;
   if (!object.GroupIdentifier.IsPresent() && !object.GroupIdentifier.Assign(arguments.groupName)) {
@@ -103,7 +103,7 @@ Status DelItem(const Arguments& arguments) {
 // Unlike SetFirstItem it raises none of the events of a list change.
 Status ScrollItems(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
-  if (!group.RunningStatus) return Status::Refused;
+  if (!group.RunningStatus) return Refuse(Reason::NotRunning);
   group.FirstItem = static_cast<std::int32_t>(static_cast<std::uint32_t>(group.FirstItem) +
                                               static_cast<std::uint32_t>(arguments.Integer(0)));
   return LayOut(group);
@@ -111,7 +111,7 @@ Status ScrollItems(const Arguments& arguments) {
 
 Status SetFirstItem(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
-  if (!group.RunningStatus) return Status::Refused;
+  if (!group.RunningStatus) return Refuse(Reason::NotRunning);
   const Outline before = OutlineOf(group);
   group.FirstItem = arguments.Integer(0);
   return FinishChange(group, before);
@@ -131,7 +131,7 @@ Status SetCellPosition(const Arguments& arguments) {
 
 Status GetCellItem(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
-  if (!group.RunningStatus) return Status::Refused;
+  if (!group.RunningStatus) return Refuse(Reason::NotRunning);
   const Status status = AnswerReference(arguments, 1, {});
   const std::int32_t cells = CellCount(group);
   if (status != Status::Done || cells == 0) return status;
@@ -143,13 +143,13 @@ Status GetCellItem(const Arguments& arguments) {
 
 Status GetFirstItem(const Arguments& arguments) {
   const ListGroup& group = TargetOf(arguments);
-  if (!group.RunningStatus) return Status::Refused;
+  if (!group.RunningStatus) return Refuse(Reason::NotRunning);
   return AnswerInteger(arguments, 0, group.FirstItem);
 }
 
 Status GetListSize(const Arguments& arguments) {
   const ListGroup& group = TargetOf(arguments);
-  if (!group.RunningStatus) return Status::Refused;
+  if (!group.RunningStatus) return Refuse(Reason::NotRunning);
   return AnswerInteger(arguments, 0, ItemCount(group));
 }
 

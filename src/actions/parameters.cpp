@@ -1,6 +1,7 @@
 // Evaluates parameters by the syntax of the action table, and reads the variables that they name.
 #include "actions/parameters.h"
 #include "objects/messages.h"
+#include "objects/observer.h"
 
 #include "objects/action_values.h"
 
@@ -93,6 +94,11 @@ bool EvaluateNext(ActionValues& given, ValueKind kind, std::size_t place, Argume
   return ReadValueOfKind(arguments, &value, kind, read);
 }
 
+bool ReportUnreadable(std::size_t place) {
+  ObserveReason(Reason::UnreadableParameter, static_cast<std::int32_t>(place) + 1);
+  return false;
+}
+
 }  // namespace
 
 ReferenceContext ContextOf(const Ingredient& ingredient) {
@@ -154,14 +160,14 @@ bool EvaluateParameters(const ActionRow& row, Arguments& arguments) {
     const bool isRequired = place < row.requiredCount;
     const EvaluatedKinds kinds = KindsAt(parameter);
     if (kinds.first == ValueKind::None) {
-      return !isRequired || IsList(parameter) || !given.IsEmpty();
+      return !isRequired || IsList(parameter) || !given.IsEmpty() || ReportUnreadable(place);
     }
     ActionValues values = given.TakePlace(parameter);
     for (const ValueKind kind : {kinds.first, kinds.second}) {
       if (kind == ValueKind::None) break;
-      if (!EvaluateNext(values, kind, evaluated++, arguments)) return false;
+      if (!EvaluateNext(values, kind, evaluated++, arguments)) return ReportUnreadable(place);
     }
-    if (isRequired && !arguments.IsPresent(place)) return false;
+    if (isRequired && !arguments.IsPresent(place)) return ReportUnreadable(place);
     ++place;
   }
   return true;

@@ -145,7 +145,11 @@ Status PerformOne(const ReferenceContext& context, const ActionRow& row,
   if (!EvaluateParameters(row, arguments)) return Status::Refused;
   if (row.accepts != 0) {
     arguments.target = FindTarget(context, action.Target);
-    if (!Contains(row.accepts, arguments.target.type)) return Status::Refused;
+    const ItemType type = arguments.target.type;
+    if (type == ItemType::None) return Refuse(Reason::NoTarget);
+    if (!Contains(row.accepts, type)) {
+      return Refuse(Reason::ClassNotAccepted, static_cast<std::int32_t>(type));
+    }
   }
   return Perform(row.action, arguments, action.Target);
 }
@@ -157,7 +161,8 @@ Status RunActions(Scope scope, const ActionHolder& owner, std::string_view group
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
   const ReferenceContext context{scope, WithoutTilde(groupName)};
-  const Generations remembered = CurrentGenerations();
+  const Generations& generations = CurrentGenerations();
+  const Generations remembered = generations;
   Status result = Status::Done;
   for (const ElementaryAction& action : *owner.actions) {
     if (!TakeAction()) return Status::Failure;
@@ -167,9 +172,12 @@ Status RunActions(Scope scope, const ActionHolder& owner, std::string_view group
       result = Status::Refused;
       continue;
     }
+    ObserveAction(owner, action);
     const Status status = PerformOne(context, *row, action);
+    ObserveActionEnd(status);
     if (status == Status::Failure || status == Status::Replaced) return status;
-    if (CurrentGenerations() != remembered) {
+    if (generations != remembered) {
+      if (&action + 1 != owner.actions->end()) ObserveReason(Reason::ListEnds, 0);
       // A scene's own list ends with the result of the transition that it requested.
       const bool isOwnTransition =
           row->action == Action::TransitionTo && scope == Scope::SceneFirst;

@@ -26,7 +26,7 @@ Status ShowChange(Slider& slider) {
 }
 
 Status Step(Slider& slider, std::int32_t steps) {
-  if (!slider.AvailabilityStatus) return Status::Refused;
+  if (!slider.AvailabilityStatus) return Refuse(Reason::NotAvailable);
   DropUnusedPortion(slider);
   const std::int64_t value = Wide(steps) * slider.StepSize + slider.SliderValue;
   if (value < slider.MinValue || value + slider.Portion > slider.MaxValue) return Status::Refused;
@@ -74,7 +74,7 @@ Status StepSlider(const Arguments& arguments) {
 
 Status SetSliderValue(const Arguments& arguments) {
   Slider& slider = TargetOf(arguments);
-  if (!slider.AvailabilityStatus) return Status::Refused;
+  if (!slider.AvailabilityStatus) return Refuse(Reason::NotAvailable);
   DropUnusedPortion(slider);
   const std::int32_t value = arguments.Integer(0);
   if (value < slider.MinValue || value > Wide(slider.MaxValue) - slider.Portion) {
@@ -89,14 +89,14 @@ Status SetSliderValue(const Arguments& arguments) {
 
 Status GetSliderValue(const Arguments& arguments) {
   const Slider& slider = TargetOf(arguments);
-  if (!slider.AvailabilityStatus) return Status::Refused;
+  if (!slider.AvailabilityStatus) return Refuse(Reason::NotAvailable);
   return AnswerInteger(arguments, 0, slider.SliderValue);
 }
 
 // The portion has no lower bound.
 Status SetPortion(const Arguments& arguments) {
   Slider& slider = TargetOf(arguments);
-  if (!slider.AvailabilityStatus) return Status::Refused;
+  if (!slider.AvailabilityStatus) return Refuse(Reason::NotAvailable);
   DropUnusedPortion(slider);
   const std::int32_t portion = arguments.Integer(0);
   const bool isTooLarge = portion > Wide(slider.MaxValue) - slider.SliderValue;

@@ -87,7 +87,7 @@ Status GetVolume(const Arguments& arguments) {
 // A negative size means unscaled in that direction. ScaleBitmap refuses it instead.
 Status ScaleVideo(const Arguments& arguments) {
   auto& video = arguments.target.As<Video>();
-  if (!video.AvailabilityStatus) return Status::Refused;
+  if (!video.AvailabilityStatus) return Refuse(Reason::NotAvailable);
   video.ScaledSize = {arguments.Integer(0), arguments.Integer(1)};
   return RedrawIfRunning(video);
 }

@@ -15,7 +15,7 @@ template <class T> const T* AtPlace(const List<T>& list, std::int32_t place) {
 }
 
 Status MoveTokenTo(TokenGroup& group, std::int32_t position) {
-  if (position == group.TokenPosition) return Status::Refused;
+  if (position == group.TokenPosition) return Refuse(Reason::SamePosition);
   const Status status =
       RaiseFrom(group, EventType::TokenMovedFrom, EventData::Integer(group.TokenPosition));
   if (status != Status::Done) return status;
@@ -67,13 +67,13 @@ Change DeactivateTokenGroup(TokenGroup& group) {
 
 Status Move(const Arguments& arguments) {
   TokenGroup& group = TargetOf(arguments);
-  if (!group.RunningStatus) return Status::Refused;
+  if (!group.RunningStatus) return Refuse(Reason::NotRunning);
   const Movement* movement = AtPlace(group.MovementTable, arguments.Integer(0));
   if (movement == nullptr) {
     Say(Message::MovementIdentifierError);
-    return Status::Refused;
+    return Refuse(Reason::NoSuchPosition, arguments.Integer(0));
   }
-  if (group.TokenPosition < 1) return Status::Refused;
+  if (group.TokenPosition < 1) return Refuse(Reason::NoSuchPosition, group.TokenPosition);
   const std::int32_t* position = AtPlace(movement->Targets, group.TokenPosition);
   if (position == nullptr) {
     Say(Message::ElementError);
@@ -85,19 +85,19 @@ Status Move(const Arguments& arguments) {
 // The position may be outside the members.
 Status MoveTo(const Arguments& arguments) {
   TokenGroup& group = TargetOf(arguments);
-  if (!group.RunningStatus) return Status::Refused;
+  if (!group.RunningStatus) return Refuse(Reason::NotRunning);
   return MoveTokenTo(group, arguments.Integer(0));
 }
 
 Status GetTokenPosition(const Arguments& arguments) {
   const TokenGroup& group = TargetOf(arguments);
-  if (!group.RunningStatus) return Status::Refused;
+  if (!group.RunningStatus) return Refuse(Reason::NotRunning);
   return AnswerInteger(arguments, 0, group.TokenPosition);
 }
 
 Status CallActionSlot(const Arguments& arguments) {
   const TokenGroup& group = TargetOf(arguments);
-  if (!group.RunningStatus) return Status::Refused;
+  if (!group.RunningStatus) return Refuse(Reason::NotRunning);
   const List<ActionSlot>* slots = &group.NoTokenActionSlots;
   if (group.TokenPosition > 0) {
     const TokenGroupItem* member = AtPlace(group.TokenGroupItems, group.TokenPosition);
@@ -109,7 +109,7 @@ Status CallActionSlot(const Arguments& arguments) {
   }
   const std::int32_t index = arguments.Integer(0);
   const ActionSlot* slot = AtPlace(*slots, index < 1 ? 1 : index);
-  if (slot == nullptr || slot->IsNull) return Status::Refused;
+  if (slot == nullptr || slot->IsNull) return Refuse(Reason::NoSuchPosition, index);
   const ReferenceContext context = ContextOf(group);
   return RunActions(context.scope, {&slot->Actions, group.owner}, context.groupName);
 }

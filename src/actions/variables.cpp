@@ -38,14 +38,15 @@ bool WriteDecimal(std::int32_t number, OctetString& text) {
 // Set a variable to a value of any kind. Refused if its class does not accept the kind.
 // `isIndirect`: the value was read from a variable.
 Status Set(BooleanVariable& variable, const GenericValue& value, bool /*isIndirect*/) {
-  return value.Kind == ValueKind::Boolean ? SetValue(variable, value.Boolean) : Status::Refused;
+  return value.Kind == ValueKind::Boolean ? SetValue(variable, value.Boolean)
+                                          : Refuse(Reason::WrongKind);
 }
 
 Status Set(IntegerVariable& variable, const GenericValue& value, bool /*isIndirect*/) {
   switch (value.Kind) {
   case ValueKind::Integer: return SetValue(variable, value.Integer);
   case ValueKind::OctetString: return SetValue(variable, LeadingNumber(value.Octets.View()));
-  default: return Status::Refused;
+  default: return Refuse(Reason::WrongKind);
   }
 }
 
@@ -54,13 +55,13 @@ Status Set(OctetStringVariable& variable, GenericValue& value, bool isIndirect) 
   if (value.Kind == ValueKind::Integer && isIndirect) {
     if (!WriteDecimal(value.Integer, value.Octets)) Say(Message::NoMemoryForOctets);
   } else if (value.Kind != ValueKind::OctetString) {
-    return Status::Refused;
+    return Refuse(Reason::WrongKind);
   }
   return SetValue(variable, std::move(value.Octets));
 }
 
 Status Set(ObjectRefVariable& variable, GenericValue& value, bool /*isIndirect*/) {
-  if (value.Kind != ValueKind::ObjectReference) return Status::Refused;
+  if (value.Kind != ValueKind::ObjectReference) return Refuse(Reason::WrongKind);
   return SetValue(variable, std::move(value.Reference));
 }
 
@@ -77,7 +78,7 @@ void CountEndingZero(OctetString& path) {
 Status Set(ContentRefVariable& variable, GenericValue& value, bool isIndirect) {
   const bool isPath = value.Kind == ValueKind::ContentReference ||
                       (value.Kind == ValueKind::OctetString && !isIndirect);
-  if (!isPath) return Status::Refused;
+  if (!isPath) return Refuse(Reason::WrongKind);
   if (isIndirect || value.Octets.IsEmpty()) CountEndingZero(value.Octets);
   return SetValue(variable, std::move(value.Octets));
 }
@@ -164,7 +165,7 @@ Status SetVariable(const Arguments& arguments) {
                                      ? ContentLoading::LeaveOut
                                      : ContentLoading::Fetch;
   GenericValue value;
-  if (!ReadValue(arguments, given, loading, value)) return Status::Refused;
+  if (!ReadValue(arguments, given, loading, value)) return Refuse(Reason::UnreadableParameter, 1);
   return VisitVariable(target, Status::Refused,
                        [&](auto& variable) { return Set(variable, value, IsIndirect(given)); });
 }
@@ -172,12 +173,14 @@ Status SetVariable(const Arguments& arguments) {
 Status TestVariable(const Arguments& arguments) {
   const GenericValue& given = *arguments.given->At(1);
   GenericValue operand;
-  if (!ReadValue(arguments, given, ContentLoading::Fetch, operand)) return Status::Refused;
+  if (!ReadValue(arguments, given, ContentLoading::Fetch, operand)) {
+    return Refuse(Reason::UnreadableParameter, 2);
+  }
   // IsEqual accepts a prefix. The zero byte makes a path from a variable match only a whole path.
   if (IsIndirect(given) && operand.Kind == ValueKind::ContentReference) {
     CountEndingZero(operand.Octets);
   }
-  if (!ComparesWith(arguments.target.type, operand.Kind)) return Status::Refused;
+  if (!ComparesWith(arguments.target.type, operand.Kind)) return Refuse(Reason::WrongKind);
   const bool result = VisitVariable(arguments.target, false, [&](const auto& variable) {
     return IsTrue(ValueOf(variable), static_cast<Comparison>(arguments.Integer(0)), operand);
   });
@@ -192,14 +195,14 @@ Status Subtract(const Arguments& arguments) { return Wrapped(arguments, std::min
 Status Multiply(const Arguments& arguments) { return Wrapped(arguments, std::multiplies()); }
 
 Status Divide(const Arguments& arguments) {
-  if (arguments.Integer(0) == 0) return Status::Refused;
+  if (arguments.Integer(0) == 0) return Refuse(Reason::DivisionByZero);
   return Calculated(arguments, [](std::int32_t value, std::int32_t operand) {
     return OverflowsDivision(value, operand) ? value : value / operand;
   });
 }
 
 Status Modulo(const Arguments& arguments) {
-  if (arguments.Integer(0) == 0) return Status::Refused;
+  if (arguments.Integer(0) == 0) return Refuse(Reason::DivisionByZero);
   return Calculated(arguments, [](std::int32_t value, std::int32_t operand) {
     return OverflowsDivision(value, operand) ? 0 : value % operand;
   });
@@ -207,12 +210,13 @@ Status Modulo(const Arguments& arguments) {
 
 Status Append(const Arguments& arguments) {
   auto& variable = arguments.target.As<OctetStringVariable>();
-  if (!variable.AvailabilityStatus) return Status::Refused;
+  if (!variable.AvailabilityStatus) return Refuse(Reason::NotAvailable);
   const std::string_view added = arguments.Octets(0);
   const bool isTooLong = added.size() + variable.Value.Length() > kLongestString;
   if (isTooLong || !variable.Value.Append(added)) {
     Say(Message::NoMemoryForAppended);
   }
+  ObserveValue(variable);
   return Status::Done;
 }
 

@@ -35,7 +35,7 @@ Status PutTargetBehind(const Arguments& arguments) { return PutTarget(arguments,
 
 Status SetPosition(const Arguments& arguments) {
   Visible& visible = TargetOf(arguments);
-  if (!visible.AvailabilityStatus) return Status::Refused;
+  if (!visible.AvailabilityStatus) return Refuse(Reason::NotAvailable);
   visible.Position = {arguments.Integer(0), arguments.Integer(1)};
   return RedrawIfRunning(visible);
 }
@@ -60,7 +60,7 @@ Status GetBoxSize(const Arguments& arguments) {
 
 Status SetPaletteRef(const Arguments& arguments) {
   Visible& visible = TargetOf(arguments);
-  if (!visible.AvailabilityStatus) return Status::Refused;
+  if (!visible.AvailabilityStatus) return Refuse(Reason::NotAvailable);
   OptionalReference palette;
   palette.IsPresent = true;
   if (!Copy(arguments.Reference(0), palette.Reference)) return Status::Failure;

@@ -142,17 +142,6 @@ Result VisitVariable(const FoundObject& found, Result otherwise, Visit&& visit) 
 
 // ---- Events ----
 
-// The data of an event. Links compare booleans and integers; a link waiting for another kind never
-// fires.
-struct EventData {
-  ValueKind kind = ValueKind::None;
-  std::int32_t value = 0;
-
-  [[nodiscard]] static EventData Boolean(bool value) { return {ValueKind::Boolean, value ? 1 : 0}; }
-  [[nodiscard]] static EventData Integer(std::int32_t value) { return {ValueKind::Integer, value}; }
-  bool operator==(const EventData&) const = default;
-};
-
 // Runs the links (five at most) that wait for this event from this source. Done if none ran,
 // otherwise the result of the last one; Failure and Replaced skip the rest. `sourceGroup` is not
 // read after the first link has run.

@@ -8,6 +8,7 @@
 #include "engine/core.h"
 #include "objects/bounded_list.h"
 #include "objects/limits.h"
+#include "objects/observer.h"
 
 namespace korvel {
 namespace {
@@ -30,31 +31,42 @@ bool IsInContext(const LinkTableEntry& entry, SceneName comparison) {
 bool IsCompared(ValueKind kind) { return kind == ValueKind::Boolean || kind == ValueKind::Integer; }
 
 // Collects the first links of a key that run: those that wait for this data and those that accept
-// any, in the order of the table.
-template <class Predicate> LinkCollection Collect(LinkKey key, Predicate&& waits) {
+// any, in the order of the table. `isSource` says whether a link waits for the event's source.
+template <class Predicate>
+LinkCollection Collect(LinkKey key, SceneName comparison, Predicate&& isSource) {
   LinkCollection collection;
   const LinkTable& table = TheCore().links;
   const auto* withData = IsCompared(key.data.kind) ? table.Find(key) : nullptr;
   key.data = {};
   const auto* withAnyData = table.Find(key);
-  while (!collection.IsFull() && MayContinue()) {
+  while ((withData != nullptr || withAnyData != nullptr) && MayContinue()) {
     const bool isAnyNext =
         withData == nullptr || (withAnyData != nullptr && withAnyData < withData);
     const auto*& next = isAnyNext ? withAnyData : withData;
-    if (next == nullptr) break;
     const LinkTableEntry& entry = next->value;
-    if (entry.link->RunningStatus && waits(entry)) {
+    next = table.Next(*next);
+    if (!isSource(entry)) continue;
+    if (!entry.link->RunningStatus) {
+      ObserveSkippedLink(*entry.link, Reason::NotActive);
+    } else if (!IsInContext(entry, comparison)) {
+      ObserveSkippedLink(*entry.link, Reason::OtherScene);
+    } else if (collection.IsFull()) {
+      ObserveSkippedLink(*entry.link, Reason::TooManyLinks);
+      break;
+    } else {
       collection.Append(entry);
     }
-    next = table.Next(*next);
   }
   return collection;
 }
 
 Status RunLink(const LinkTableEntry& entry) {
   Link& link = *entry.link;
-  return RunActions(entry.scope, {&link.LinkEffect, link.owner},
-                    link.Reference.GroupIdentifier.View());
+  ObserveLink(link);
+  const Status status = RunActions(entry.scope, {&link.LinkEffect, link.owner},
+                                   link.Reference.GroupIdentifier.View());
+  ObserveLinkEnd(status);
+  return status;
 }
 
 bool StopsDispatch(Status status) {
@@ -74,9 +86,13 @@ template <class Links> Status RunLinks(const Links& links) {
   const Busy busy;
   Status status = Status::Done;
   for (const LinkTableEntry& entry : links) {
-    if (IsGone(*entry.link)) continue;
-    status = RunLink(entry);
-    if (StopsDispatch(status)) break;
+    if (StopsDispatch(status)) {
+      ObserveSkippedLink(*entry.link, Reason::Stopped);
+    } else if (IsGone(*entry.link)) {
+      ObserveSkippedLink(*entry.link, Reason::GroupEnded);
+    } else {
+      status = RunLink(entry);
+    }
   }
   return status;
 }
@@ -85,13 +101,12 @@ template <class Links> Status RunLinks(const Links& links) {
 
 Status RaiseEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
                   EventData data) {
+  ObserveEvent(sourceGroup, sourceNumber, type, data);
   const LinkKey key{type, false, sourceNumber, data};
-  const LinkCollection collection = Collect(key, [&](const LinkTableEntry& entry) {
-    const ObjectReference& source = entry.link->Condition.EventSource;
-    return IsSameGroup(source.GroupIdentifier.View(), sourceGroup) &&
-           IsInContext(entry, SceneName::AsStored);
-  });
-  return RunLinks(collection);
+  const auto isSource = [&](const LinkTableEntry& entry) {
+    return IsSameGroup(entry.link->Condition.EventSource.GroupIdentifier.View(), sourceGroup);
+  };
+  return RunLinks(Collect(key, SceneName::AsStored, isSource));
 }
 
 Status RaiseEvent(const Root& source, EventType type, EventData data) {
@@ -99,10 +114,9 @@ Status RaiseEvent(const Root& source, EventType type, EventData data) {
 }
 
 Status RaiseEventByType(EventType type, EventData data) {
-  const LinkCollection collection = Collect({type, true, 0, data}, [](const auto& entry) {
-    return IsInContext(entry, SceneName::WithoutTilde);
-  });
-  return RunLinks(collection);
+  ObserveEvent(type, data);
+  const auto isSource = [](const LinkTableEntry& /*entry*/) { return true; };
+  return RunLinks(Collect({type, true, 0, data}, SceneName::WithoutTilde, isSource));
 }
 
 Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t value) {

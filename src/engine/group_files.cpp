@@ -2,6 +2,7 @@
 // rest is relative to the current directory, or to the root when two slashes follow "DSM:".
 
 #include "engine/core.h"
+#include "objects/observer.h"
 #include "platform/files.h"
 #include "platform/running.h"
 
@@ -93,10 +94,10 @@ bool FetchStartUp(std::string_view path, OctetString& bytes) {
 
 Status ResolveGroup(std::string_view groupName, OctetString& bytes) {
   OctetString fileName;
-  if (!MakeFileName(groupName, fileName)) return Status::Refused;
+  if (!MakeFileName(groupName, fileName)) return Refuse(Reason::NoName);
   if (FetchFile(fileName.View(), &bytes)) return Status::Done;
   PauseUnlessClosing(kPauseMs);
-  return Status::Refused;
+  return Refuse(Reason::NotReadable);
 }
 
 bool SetDirectoryOfLaunched(std::string_view groupName) {

@@ -6,6 +6,7 @@
 #include "actions/actions.h"
 #include "engine/core.h"
 #include "objects/ber/ber.h"
+#include "objects/observer.h"
 #include "platform/clocks.h"
 
 namespace korvel {
@@ -69,6 +70,7 @@ void MoveToEnded(Group& group) {
   group.life = {true, true};
   group.nextEnded = core.ended;
   core.ended = &group;
+  ObserveGroupEnd(group);
 }
 
 // Makes the group the current one of its kind.
@@ -80,6 +82,7 @@ template <class Record> Record& Adopt(OwnedGroup&& owned, Record*& current) {
     if (item.Type() != ItemType::Stream) continue;
     for (const Item& component : item.As<Stream>().Multiplex) component.Record()->owner = &group;
   }
+  ObserveGroupStart(group);
   return *current;
 }
 

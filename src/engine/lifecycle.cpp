@@ -6,20 +6,24 @@
 #include "engine/core.h"
 #include "objects/ber/ber.h"
 #include "objects/messages.h"
+#include "objects/observer.h"
 #include "platform/clocks.h"
 #include "platform/running.h"
 
 namespace korvel {
 namespace {
 
-Status Refuse(Message message) {
+Status RefuseClass(Message message) {
   Say(message);
-  return Status::Refused;
+  return Refuse(Reason::NotAnApplication);
 }
 
 bool Decode(const OctetString& bytes, OwnedGroup& group) {
   const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.Text());
-  return DecodeGroup({first, bytes.Length()}, group) == Status::Done && IndexObjects(*group);
+  const bool isDecoded =
+      DecodeGroup({first, bytes.Length()}, group) == Status::Done && IndexObjects(*group);
+  if (!isDecoded) ObserveReason(Reason::NotAGroup, 0);
+  return isDecoded;
 }
 
 Status RaiseReferenceError(const ObjectReference& source) {
@@ -43,7 +47,7 @@ Status ReadApplication(std::string_view groupName, Message message, OwnedGroup& 
   const Status status = FetchNamedGroup(groupName, bytes);
   if (status != Status::Done) return status;
   if (!Decode(bytes, group)) return Status::Failure;
-  return IsApplication(group) ? Status::Done : Refuse(message);
+  return IsApplication(group) ? Status::Done : RefuseClass(message);
 }
 
 ApplicationStack& TheStack() { return TheCore().applicationStack; }
@@ -75,7 +79,7 @@ Status QuitToParent(const ObjectReference& quitting) {
   stack.RemoveLast();
   OwnedGroup group;
   if (!Decode(bytes, group)) return Status::Failure;
-  if (!IsApplication(group)) return Refuse(Message::SpawnError);
+  if (!IsApplication(group)) return RefuseClass(Message::SpawnError);
   AdoptApplication(std::move(group));
   return Status::Done;
 }
@@ -116,8 +120,8 @@ Status StartEngine(std::string_view path) {
   OctetString bytes;
   if (!FetchStartUp(path, bytes)) return Status::Refused;
   OwnedGroup group;
-  if (!Decode(bytes, group)) return Refuse(Message::ParserFailed);
-  if (!IsApplication(group)) return Refuse(Message::StartupError);
+  if (!Decode(bytes, group)) return RefuseClass(Message::ParserFailed);
+  if (!IsApplication(group)) return RefuseClass(Message::StartupError);
   return StartApplication(AdoptApplication(std::move(group)));
 }
 
@@ -132,7 +136,7 @@ Status Launch(std::string_view groupName) {
 Status Spawn(std::string_view groupName) {
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
-  if (TheStack().IsFull()) return Status::Refused;
+  if (TheStack().IsFull()) return Refuse(Reason::TooManyApplications);
   OctetString name;
   if (!name.Assign(groupName) || !PushCurrentApplication()) return Status::Failure;
   return Replace(name, Message::SpawnError, SetDirectoryOfSpawned);
@@ -153,8 +157,8 @@ Status TransitionTo(std::string_view groupName) {
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
   const Scene* scene = CurrentScene();
-  if (groupName.empty() || (scene != nullptr && NameOf(*scene) == groupName))
-    return Status::Refused;
+  if (groupName.empty()) return Refuse(Reason::NoName);
+  if (scene != nullptr && NameOf(*scene) == groupName) return Refuse(Reason::SameScene);
   OctetString name;
   if (!name.Assign(groupName)) return Status::Failure;
   OctetString bytes;
@@ -165,7 +169,7 @@ Status TransitionTo(std::string_view groupName) {
     Say(Message::ParseError);
     return Status::Failure;
   }
-  if (IsApplication(group)) return Refuse(Message::TransitionToError);
+  if (IsApplication(group)) return RefuseClass(Message::TransitionToError);
 
   if (CurrentApplication() != nullptr) StopUnsharedItems(*CurrentApplication());
   status = EndScene();

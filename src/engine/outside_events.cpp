@@ -3,6 +3,7 @@
 
 #include "actions/actions.h"
 #include "engine/core.h"
+#include "objects/observer.h"
 
 namespace korvel {
 namespace {
@@ -21,18 +22,24 @@ Status RaiseEngineEvent(std::int32_t key) {
 Status RaiseUserInput(std::int32_t key) {
   if (RaiseEngineEvent(key) == Status::Failure) return Status::Failure;
   Status taken = Status::Done;
-  if (TakeInteractionKey(key, taken)) return taken;
+  if (TakeInteractionKey(key, taken)) {
+    ObserveReason(Reason::KeyTaken, 0);
+    return taken;
+  }
   // The engine event may have replaced the scene.
   const Scene* scene = CurrentScene();
   const std::int32_t inputRegister =
       scene == nullptr ? kRegisterWithoutScene : scene->InputEventReg;
-  if (IsKeyBlocked(inputRegister, key)) return Status::Blocked;
+  if (IsKeyBlocked(inputRegister, key)) {
+    ObserveReason(Reason::KeyBlocked, inputRegister);
+    return Status::Blocked;
+  }
   return RaiseEventByType(EventType::UserInput, EventData::Integer(key));
 }
 
 Status RaiseTimerFired(std::int32_t id) {
   ObjectReference owner;
-  if (!RemoveFiredTimer(id, owner)) return Status::Refused;
+  if (!RemoveFiredTimer(id, owner)) return Refuse(Reason::UnknownTimer, id);
   return RaiseEvent(owner.GroupIdentifier.View(), owner.Number, EventType::TimerFired,
                     EventData::Integer(id));
 }

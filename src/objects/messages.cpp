@@ -1,9 +1,9 @@
-// The texts of the fixed messages, and the one place where the portable code prints to standard
-// output.
+// The texts of the fixed messages. The observer prints them.
 #include "objects/messages.h"
 
 #include <cstdarg>
-#include <cstdio>
+
+#include "objects/observer.h"
 
 namespace korvel {
 
@@ -52,7 +52,7 @@ const char* TextOf(Message message) {
 void Say(Message message, ...) {
   std::va_list values;
   va_start(values, message);
-  std::vprintf(TextOf(message), values);
+  PrintMessage(TextOf(message), values);
   va_end(values);
 }
 

@@ -45,6 +45,17 @@ struct GenericValue {
   bool operator==(const GenericValue& other) const;
 };
 
+// The data of an event. Links compare booleans and integers; a link waiting for another kind never
+// fires.
+struct EventData {
+  ValueKind kind = ValueKind::None;
+  std::int32_t value = 0;
+
+  [[nodiscard]] static EventData Boolean(bool value) { return {ValueKind::Boolean, value ? 1 : 0}; }
+  [[nodiscard]] static EventData Integer(std::int32_t value) { return {ValueKind::Integer, value}; }
+  bool operator==(const EventData&) const = default;
+};
+
 // A colour attribute: absent (None), an index into a palette (Integer; -1 is "not set"), or an
 // absolute colour (OctetString) of three bytes red, green, blue and an optional fourth, the
 // transparency.

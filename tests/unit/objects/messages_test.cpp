@@ -75,7 +75,8 @@ std::string PortableCode() {
   std::string code;
   for (const char* folder : {"objects", "textual", "appearance", "engine", "actions"}) {
     for (const auto& entry : fs::recursive_directory_iterator(kSources / folder)) {
-      if (entry.is_regular_file() && entry.path().stem() != "messages")
+      if (entry.is_regular_file() && entry.path().stem() != "messages" &&
+          entry.path().stem() != "observer")
         code += Contents(entry.path());
     }
   }

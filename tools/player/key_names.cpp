@@ -15,8 +15,9 @@ struct KeyName {
 };
 
 constexpr KeyName kNames[] = {
-    {"enter", 13}, {"escape", 27}, {"left", 37},    {"up", 38},    {"right", 39}, {"down", 40},
-    {"red", 'R'},  {"green", 'G'}, {"yellow", 'Y'}, {"blue", 'B'}, {"text", 'T'},
+    {"enter", 13}, {"escape", 27}, {"left", 37},   {"up", 38},      {"right", 39},
+    {"down", 40},  {"red", 'R'},   {"green", 'G'}, {"yellow", 'Y'}, {"blue", 'B'},
+    {"text", 'T'}, {"ok", 13},     {"cancel", 27}, {"info", 'I'},
 };
 
 constexpr std::string_view kCharacters = "0123456789bgirty";

@@ -8,8 +8,8 @@ namespace player {
 
 // The virtual-key code for a name; nothing if the name is unknown. Case does not matter. Names are
 // Enter, Escape, Left, Up, Right, Down, 0 to 9, Keypad 0 to Keypad 9, the letters B G I R T Y, and
-// Red, Green, Yellow, Blue and Text, which stand for R, G, Y, B and T: the keyboard's substitutes
-// for those keys of a remote control. The words "arrow", "digit" and "letter" are ignored.
+// those of a remote control: OK (Enter), Cancel (Escape), and Red, Green, Yellow, Blue, Text and
+// Info (the letters with which they begin). The words "arrow", "digit" and "letter" are ignored.
 [[nodiscard]] std::optional<unsigned> VirtualKeyOf(std::string name);
 
 }  // namespace player

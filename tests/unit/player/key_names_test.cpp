@@ -41,7 +41,13 @@ TEST(KeyNames, colour_and_text_keys_are_letters) {
   EXPECT_EQ(VirtualKeyOf("Blue"), VirtualKeyOf("B"));
   EXPECT_EQ(VirtualKeyOf("Text"), VirtualKeyOf("T"));
   EXPECT_EQ(VirtualKeyOf("Text"), 84U);
+  EXPECT_EQ(VirtualKeyOf("Info"), VirtualKeyOf("I"));
   EXPECT_EQ(VirtualKeyOf("I"), 73U);
+}
+
+TEST(KeyNames, keys_of_a_remote_control_have_its_names) {
+  EXPECT_EQ(VirtualKeyOf("ok"), VirtualKeyOf("Enter"));
+  EXPECT_EQ(VirtualKeyOf("Cancel"), VirtualKeyOf("Escape"));
 }
 
 TEST(KeyNames, other_names_are_rejected) {

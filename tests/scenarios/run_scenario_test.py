@@ -33,7 +33,7 @@ class RunScenario(unittest.TestCase):
         self.write("red/pixels", "a.png 0 0 9 9 #FF0000\n")
         self.write("red/carousel/a.mheg", "text")
         self.write("red/carousel/more/b.mheg", "text")
-        for name in ("picture.png", "more/picture", "play.script", "README.md"):
+        for name in ("picture.png", "more/picture", "play.script", "test.script", "README.md"):
             self.write(f"red/carousel/{name}", "bytes")
         red = numpy.full((9, 9, 3), (255, 0, 0), numpy.uint8)
         Image.fromarray(red).save(self.root / "red.png")

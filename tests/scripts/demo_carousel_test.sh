@@ -26,7 +26,7 @@ echo program >examples/host/host.c
 echo "text of a" >examples/demo/a.mheg
 echo "text of b" >examples/demo/more/b.mheg
 for file in question.txt picture.png "more/pictures/with a space.jpg" more/no_extension \
-  play.script README.md; do
+  play.script test.script README.md; do
   echo "content of $file" >"examples/demo/$file"
 done
 

@@ -1,5 +1,5 @@
 // mheg: the content author's tool. It compiles the textual notation to the broadcast form (BER) and
-// back, prints groups, and finds faults that the engine ignores silently.
+// back, prints groups, finds faults that the engine ignores silently, and plays carousels.
 #include <cstdio>
 #include <system_error>
 
@@ -9,6 +9,7 @@
 #include "mheg/convert.h"
 #include "mheg/group_file.h"
 #include "mheg/options.h"
+#include "mheg/run/run.h"
 
 #ifdef _WIN32
 #include <fcntl.h>
@@ -71,14 +72,17 @@ bool Check(const mheg::Options& options) {
   return messages.empty();
 }
 
-bool Run(const mheg::Options& options) {
+// Returns the exit status.
+int CarryOut(const mheg::Options& options) {
+  bool isGood = false;
   switch (options.command) {
   case mheg::Command::Compile:
-  case mheg::Command::Decompile: return Convert(options);
-  case mheg::Command::Dump: return Dump(options);
-  case mheg::Command::Check: return Check(options);
+  case mheg::Command::Decompile: isGood = Convert(options); break;
+  case mheg::Command::Dump: isGood = Dump(options); break;
+  case mheg::Command::Check: isGood = Check(options); break;
+  case mheg::Command::Run: return mheg::Run(options.run);
   }
-  return false;
+  return isGood ? 0 : mheg::kBadInput;
 }
 
 // Fails the run if standard output could not be written completely.
@@ -99,5 +103,5 @@ int main(int count, char** arguments) {
   if (const auto status = mheg::ReadCommandLine(count, arguments, options)) {
     return StatusAfterOutput(*status);
   }
-  return StatusAfterOutput(Run(options) ? 0 : mheg::kBadInput);
+  return StatusAfterOutput(CarryOut(options));
 }

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
+#include <map>
 #include <set>
 #include <system_error>
 
@@ -36,6 +37,30 @@ void AddOutput(CLI::App& command, Options& options) {
 void AddJobs(CLI::App& command, Options& options) {
   command.add_option("-j,--jobs", options.jobs, "Files to work on at once; 0: one a processor")
       ->capture_default_str();
+}
+
+void AddRun(CLI::App& app, Options& options) {
+  RunOptions& run = options.run;
+  CLI::App* command = AddCommand(app, Command::Run, "run",
+                                 "Plays a carousel without a window, on a virtual clock", options);
+  command->add_option("CAROUSEL", run.carousel, "Folder of texts or of broadcast files")
+      ->required()
+      ->check(CLI::ExistingDirectory);
+  command->add_option("--keys", run.keys, "Keys and waits: \"down*2 ok wait:2s red\"");
+  command->add_option("--script", run.script, "Script of the player, with expect steps")
+      ->check(CLI::ExistingFile);
+  command->add_option("--start", run.start, "Path of the application to start");
+  command->add_option("--date", run.date, "Time of day at the start")->capture_default_str();
+  command->add_option("--latency", run.latencyMs, "Milliseconds that reading a file takes");
+  command->add_option("--missing", run.missing, "File that the engine does not find; repeatable")
+      ->expected(1)
+      ->take_all();
+  const std::map<std::string, TraceForm> forms{{"text", TraceForm::Text},
+                                               {"json", TraceForm::Json}};
+  command->add_flag("--trace{text}", run.trace, "Prints every event, link, action and value")
+      ->transform(CLI::CheckedTransformer(forms))
+      ->type_name("text|json");
+  command->add_flag("--scene-graph", run.showsSceneGraph, "Prints the display stack at the end");
 }
 
 // An output path that ends in a separator names a folder, which may not exist yet.
@@ -88,7 +113,7 @@ fs::path OutputFor(const fs::path& input, const Options& options) {
 
 std::optional<int> ReadCommandLine(int count, const char* const* arguments, Options& options) {
   Options given;
-  CLI::App app("Compiles, decompiles, prints and checks MHEG-5 groups.", "mheg");
+  CLI::App app("Compiles, decompiles, prints, checks and plays MHEG-5 groups.", "mheg");
   app.require_subcommand(1);
 
   CLI::App* compile =
@@ -110,6 +135,8 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
                                "Reports faults that the engine would ignore silently", given);
   AddInputs(*check, "PATH", "Groups in either form, and folders with them", given);
   AddJobs(*check, given);
+
+  AddRun(app, given);
 
   try {
     app.parse(count, arguments);

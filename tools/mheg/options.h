@@ -1,9 +1,13 @@
 // The command line of mheg.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <vector>
+
+#include "mheg/run/trace_line.h"
 
 namespace mheg {
 
@@ -11,13 +15,28 @@ namespace mheg {
 inline constexpr int kBadInput = 1;  // not a group, has faults, or cannot be read or written
 inline constexpr int kWrongUse = 2;  // wrong arguments
 
-enum class Command { Compile, Decompile, Dump, Check };
+enum class Command { Compile, Decompile, Dump, Check, Run };
+
+struct RunOptions {
+  std::filesystem::path carousel;
+  std::string start;             // path of the start-up application; empty: "a" or "startup"
+  std::filesystem::path script;  // empty: none
+  std::string keys;              // pressed after the script
+  std::string date = "2024-06-07T12:00:00";  // local time of day at the start
+  std::uint32_t latencyMs = 0;               // how long reading a file takes
+  std::vector<std::string> missing;          // files that the engine does not find
+  TraceForm trace = TraceForm::None;
+  bool showsSceneGraph = false;
+
+  [[nodiscard]] bool HasSteps() const { return !script.empty() || !keys.empty(); }
+};
 
 struct Options {
   Command command = Command::Compile;
   std::vector<std::filesystem::path> inputs;
   std::filesystem::path output;  // Compile and Decompile only: a file or a folder
   unsigned jobs = 0;             // number of threads; 0: one per processor
+  RunOptions run;                // Run only
 };
 
 // The file to write for an input: the output itself, or if that is a folder, a file in it with the

@@ -146,7 +146,7 @@ TEST_F(Tool, every_command_has_help) {
     const char* command;
     std::vector<const char*> words;
   };
-  const Help helps[] = {{"", {"compile", "decompile", "dump", "check"}},
+  const Help helps[] = {{"", {"compile", "decompile", "dump", "check", "run"}},
                         {"compile", {"IN", "-o,--output", "-j,--jobs", "textual notation"}},
                         {"decompile", {"IN", "-o,--output", "-j,--jobs", "BER to text"}},
                         {"dump", {"IN", "in either form", "indented tree"}},

@@ -1,0 +1,229 @@
+// Does the work of the library's worker thread, one step after the other: keys and timers become
+// events, a restart starts the engine again, and the end closes it.
+#include "mheg/run/run.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <optional>
+#include <utility>
+
+#include "engine/engine.h"
+#include "mheg/run/expectations.h"
+#include "mheg/run/scene_graph.h"
+#include "mheg/run/script.h"
+#include "mheg/run/surroundings.h"
+#include "mheg/run/tracer.h"
+#include "mheg/run/words.h"
+#include "platform/screen.h"
+#include "presentation/presentation.h"
+
+namespace mheg {
+namespace {
+
+using korvel::EventType;
+using korvel::RestartReason;
+using korvel::Status;
+
+// An application that quits as soon as it starts would be started again forever.
+constexpr int kMostRestartsInARow = 10;
+// Without keys and without a script, content runs until nothing can happen any more, but not longer
+// than this.
+constexpr std::uint32_t kLongestRunMs = 60'000;
+
+void RedrawAtOnce() {
+  korvel::ResetRedrawCounter();
+  static_cast<void>(korvel::Redraw());
+}
+
+// Starts the engine. False if there is no start-up application.
+bool Start(std::string_view path) {
+  korvel::BeginWork();
+  korvel::ResetRedrawCounter();
+  TheSurroundings().mayRun = true;
+  const bool isStarted = korvel::StartEngine(path) != Status::Refused;
+  if (isStarted) RedrawAtOnce();
+  TheSurroundings().mayRun = isStarted && !TheSurroundings().restart;
+  return isStarted;
+}
+
+// Carries out the restart that content has requested. False if the engine does not run any more.
+bool RestartIfRequested() {
+  for (int restarts = 0; TheSurroundings().restart; ++restarts) {
+    if (restarts == kMostRestartsInARow) {
+      std::fprintf(stderr, "mheg: the application quits whenever it starts\n");
+      TheSurroundings().restart.reset();
+      return false;
+    }
+    const RestartReason reason = *std::exchange(TheSurroundings().restart, std::nullopt);
+    TraceStep("restart", "the engine starts again");
+    korvel::BeginWork();
+    if (reason == RestartReason::Tune) {
+      korvel::CloseDown();
+    } else {
+      korvel::EmptyPersistentStore();
+    }
+    if (!Start({})) return false;
+  }
+  return true;
+}
+
+void Raise(EventType type, std::int32_t value) {
+  korvel::BeginWork();
+  if (!korvel::MayRun()) return;
+  korvel::ResetRedrawCounter();
+  static_cast<void>(korvel::RaiseOutsideEvent(0, type, value));
+  RedrawAtOnce();
+}
+
+class Player {
+ public:
+  explicit Player(const RunOptions& options) : options_(options) {}
+
+  // Returns the exit status.
+  int Play(const std::vector<Step>& steps) {
+    StartTrace(options_.trace);
+    TraceStep("start", "start");
+    TheSurroundings().isPlaying = true;
+    bool isGood = Start(options_.start);
+    if (!isGood) std::fprintf(stderr, "mheg: there is no application to start\n");
+    isGood = isGood && RestartIfRequested() && PlaySteps(steps);
+    if (options_.showsSceneGraph) PrintSceneGraph(GraphForm());
+    TraceStep("close", "close");
+    TheSurroundings().isClosing = true;
+    korvel::BeginWork();
+    korvel::CloseDown();
+    korvel::ResetEngine();
+    return isGood && !hasDifferences_ ? 0 : kBadInput;
+  }
+
+ private:
+  [[nodiscard]] TraceForm GraphForm() const {
+    return options_.trace == TraceForm::Json ? TraceForm::Json : TraceForm::Text;
+  }
+
+  // False if the engine does not run any more.
+  bool PlaySteps(const std::vector<Step>& steps) {
+    for (const Step& step : steps) {
+      if (!ExpireTimers(TheSurroundings().now)) return false;
+      switch (step.kind) {
+      case StepKind::Key:
+        if (!Press(step)) return false;
+        break;
+      case StepKind::Wait:
+        TraceStep("wait", "wait " + std::to_string(step.number) + " ms");
+        if (!Wait(step.number)) return false;
+        break;
+      case StepKind::Expect: Expect(step); break;
+      case StepKind::Exit: return true;
+      }
+    }
+    return options_.HasSteps() || WaitUntilIdle();
+  }
+
+  static bool Press(const Step& step) {
+    const auto key = static_cast<std::int32_t>(step.number);
+    const std::string words = IsTracing() ? "key " + KeyName(key) : std::string();
+    for (std::uint32_t i = 0; i < step.count; ++i) {
+      TraceStep("key", words);
+      Raise(EventType::UserInput, key);
+      if (!RestartIfRequested()) return false;
+    }
+    return true;
+  }
+
+  // Lets the timers expire that are due at `limit` or earlier.
+  static bool ExpireTimers(std::uint64_t limit) {
+    Surroundings& surroundings = TheSurroundings();
+    while (const auto id = NextTimer(limit)) {
+      surroundings.now = std::max(surroundings.now, surroundings.timers[*id].due);
+      surroundings.timers.erase(*id);
+      const auto number = static_cast<std::int32_t>(*id);
+      if (IsTracing()) TraceStep("timer", "timer " + std::to_string(number) + " expires");
+      Raise(EventType::TimerFired, number);
+      if (!RestartIfRequested()) return false;
+    }
+    return true;
+  }
+
+  static bool Wait(std::uint32_t milliseconds) {
+    const std::uint64_t end = TheSurroundings().now + milliseconds;
+    if (!ExpireTimers(end)) return false;
+    TheSurroundings().now = std::max(TheSurroundings().now, end);
+    return true;
+  }
+
+  static bool WaitUntilIdle() { return ExpireTimers(TheSurroundings().now + kLongestRunMs); }
+
+  void Expect(const Step& step) {
+    const auto actual = FindDifference(step.words);
+    if (!actual) return;
+    hasDifferences_ = true;
+    std::fflush(stdout);
+    std::fprintf(stderr, "%s:%u: expected %s, found %s\n", options_.script.string().c_str(),
+                 step.line, step.text.substr(step.text.find(' ') + 1).c_str(), actual->c_str());
+  }
+
+  const RunOptions& options_;
+  bool hasDifferences_ = false;
+};
+
+// Reads a date and a time such as "2024-06-07T20:15:00"; the time may be omitted.
+std::optional<std::chrono::sys_seconds> TimeOfDay(const std::string& text) {
+  using namespace std::chrono;
+  int year = 0;
+  unsigned month = 0, day = 0, hour = 0, minute = 0, second = 0;
+  int length = 0;
+  const int count = std::sscanf(text.c_str(), "%4d-%2u-%2uT%2u:%2u:%2u%n", &year, &month, &day,
+                                &hour, &minute, &second, &length);
+  const bool isWhole = count == 6 && static_cast<std::size_t>(length) == text.size();
+  const bool isDateAlone = count == 3 && text.size() == 10;
+  const year_month_day date{std::chrono::year(year), std::chrono::month(month),
+                            std::chrono::day(day)};
+  if ((!isWhole && !isDateAlone) || !date.ok() || hour > 23 || minute > 59 || second > 59) {
+    return std::nullopt;
+  }
+  return sys_days(date) + hours(hour) + minutes(minute) + seconds(second);
+}
+
+int Refuse(const std::string& problem) {
+  std::fprintf(stderr, "mheg: %s\n", problem.c_str());
+  return kWrongUse;
+}
+
+bool ReadSteps(const RunOptions& options, std::vector<Step>& steps, std::string& problem) {
+  if (!options.script.empty()) {
+    std::ifstream stream(options.script, std::ios::binary);
+    if (!ReadScript(stream, steps, problem)) {
+      problem = options.script.string() + ":" + problem;
+      return false;
+    }
+  }
+  return ReadKeys(options.keys, steps, problem);
+}
+
+}  // namespace
+
+int Run(const RunOptions& options) {
+  std::vector<Step> steps;
+  std::string problem;
+  if (!ReadSteps(options, steps, problem)) return Refuse(problem);
+  const auto startOfDay = TimeOfDay(options.date);
+  if (!startOfDay) return Refuse("no such date: " + options.date + " (as 2024-06-07T20:15:00)");
+
+  std::vector<std::string> messages;
+  Surroundings& surroundings = TheSurroundings();
+  surroundings.files.Load(options.carousel, messages);
+  for (const std::string& message : messages) std::fprintf(stderr, "%s\n", message.c_str());
+  if (!messages.empty()) return kBadInput;
+  for (const std::string& path : options.missing) {
+    if (!surroundings.files.Remove(path)) return Refuse("--missing: there is no file " + path);
+  }
+  surroundings.latencyMs = options.latencyMs;
+  surroundings.startOfDay = *startOfDay;
+  return Player(options).Play(steps);
+}
+
+}  // namespace mheg

@@ -1,0 +1,37 @@
+// The places of links and actions of the running groups in the texts of the carousel.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "mheg/run/carousel_files.h"
+#include "objects/ingredients.h"
+
+namespace mheg {
+
+struct Source {
+  std::string text;        // the path of the text in the carousel
+  std::uint32_t line = 0;  // 0: unknown
+};
+
+class Sources {
+ public:
+  // The engine has read a file that was compiled from a text.
+  void FileRead(const CarouselFile& file) { latest_[file.group] = &file; }
+  // A group has become current: it is that of the last file with its name.
+  void GroupStarted(const korvel::Group& group);
+
+  [[nodiscard]] Source Of(const korvel::Ingredient& object) const;
+  [[nodiscard]] Source Of(const korvel::ActionHolder& list,
+                          const korvel::ElementaryAction& action) const;
+
+ private:
+  [[nodiscard]] Source Find(const korvel::Group* group, std::int32_t object,
+                            std::string_view keyword, std::int32_t action) const;
+
+  std::map<std::string, const CarouselFile*, std::less<>> latest_;  // by the name of the group
+  std::map<const korvel::Group*, const CarouselFile*> running_;
+};
+
+}  // namespace mheg

@@ -1,0 +1,246 @@
+// The observer of the core for a run.
+#include "mheg/run/tracer.h"
+
+#include <array>
+#include <cstdio>
+#include <vector>
+
+#include "mheg/run/sources.h"
+#include "mheg/run/surroundings.h"
+#include "mheg/run/words.h"
+#include "objects/observer.h"
+
+namespace mheg {
+namespace {
+
+using korvel::EventData;
+using korvel::EventType;
+using korvel::Status;
+using korvel::ValueKind;
+
+struct Trace {
+  TraceForm form = TraceForm::None;
+  // The links and actions in progress; null for a link.
+  std::vector<const korvel::ElementaryAction*> open;
+  bool isReasonGiven = false;  // for the action in progress
+  Sources sources;
+};
+
+Trace& TheTrace() {
+  static Trace trace;
+  return trace;
+}
+
+// A line, `deeper` levels below the link or action in progress. Steps are at depth 0, so everything
+// else is at least at depth 1. A link is nested in its event, which has no end of its own.
+TraceLine LineAbout(std::string_view what, std::size_t deeper = 0) {
+  std::size_t depth = 1 + deeper;
+  for (const auto* action : TheTrace().open) depth += action == nullptr ? 2 : 1;
+  return {what, TheSurroundings().now, depth};
+}
+
+void Print(const TraceLine& line, std::string_view words) { line.Print(TheTrace().form, words); }
+
+std::string_view GroupOf(const korvel::Root& object) {
+  return object.Reference.GroupIdentifier.View();
+}
+
+const korvel::ElementaryAction* ActionInProgress() {
+  return TheTrace().open.empty() ? nullptr : TheTrace().open.back();
+}
+
+// " TRUE", " 5", " 100 (Red)"; empty without data.
+std::string WordsOf(EventType type, const EventData& data) {
+  if (data.kind == ValueKind::Boolean) return data.value != 0 ? " TRUE" : " FALSE";
+  if (data.kind != ValueKind::Integer) return {};
+  const std::string number = " " + std::to_string(data.value);
+  const bool isKey = type == EventType::UserInput && korvel::IsKey(data.value);
+  return isKey ? number + " (" + KeyName(data.value) + ")" : number;
+}
+
+void AddData(const EventData& data, TraceLine& line) {
+  if (data.kind == ValueKind::Boolean) line.FlagField("data", data.value != 0);
+  if (data.kind == ValueKind::Integer) line.Field("data", std::int64_t{data.value});
+}
+
+// Prints the line, with the place in its text.
+void PrintWithPlace(TraceLine line, const std::string& words, const Source& source) {
+  if (source.line == 0) return Print(line, words);
+  line.Field("file", source.text).Field("line", std::int64_t{source.line});
+  Print(line, words + "  (" + source.text + ":" + std::to_string(source.line) + ")");
+}
+
+void TraceLink(const korvel::Link& link, std::string_view suffix, TraceLine line) {
+  line.Field("group", GroupOf(link)).Field("number", std::int64_t{link.Reference.Number});
+  const std::string words = "link " + std::to_string(link.Reference.Number) + " of " +
+                            std::string(GroupOf(link)) + std::string(suffix);
+  PrintWithPlace(line, words, TheTrace().sources.Of(link));
+}
+
+void TraceGroup(std::string_view what, const korvel::Group& group, std::string_view suffix) {
+  if (!IsTracing()) return;
+  TraceLine line = LineAbout(what);
+  line.Field("class", ClassName(group.type)).Field("group", GroupOf(group));
+  Print(line, NameOf(group) + std::string(suffix));
+}
+
+void EndInnermost() {
+  if (!TheTrace().open.empty()) TheTrace().open.pop_back();
+}
+
+}  // namespace
+
+void StartTrace(TraceForm form) { TheTrace().form = form; }
+
+bool IsTracing() { return TheTrace().form != TraceForm::None; }
+
+void TraceStep(std::string_view what, std::string_view words) {
+  if (!IsTracing()) return;
+  TheTrace().open.clear();
+  TraceLine line(what, TheSurroundings().now, 0);
+  line.Field("step", words);
+  Print(line, words);
+}
+
+void TraceFile(std::string_view path, const CarouselFile* file) {
+  if (!IsTracing()) return;
+  TraceLine line = LineAbout("file");
+  line.Field("path", path).FlagField("found", file != nullptr);
+  if (file == nullptr) return Print(line, "file " + std::string(path) + " not found");
+  if (!file->text.empty()) TheTrace().sources.FileRead(*file);
+  line.Field("bytes", static_cast<std::int64_t>(file->bytes.size()));
+  Print(line,
+        "file " + std::string(path) + " read, " + std::to_string(file->bytes.size()) + " bytes");
+}
+
+void TracePause(std::uint32_t milliseconds) {
+  if (!IsTracing()) return;
+  TraceLine line = LineAbout("pause");
+  line.Field("milliseconds", std::int64_t{milliseconds});
+  Print(line, "the engine waits for " + std::to_string(milliseconds) + " ms");
+}
+
+void TraceTimer(std::uint32_t id, std::uint32_t periodMs) {
+  if (!IsTracing()) return;
+  const auto number = static_cast<std::int32_t>(id);
+  TraceLine line = LineAbout("timer");
+  line.Field("timer", std::int64_t{number}).Field("milliseconds", std::int64_t{periodMs});
+  Print(line, "timer " + std::to_string(number) + " set to " + std::to_string(periodMs) + " ms");
+}
+
+}  // namespace mheg
+
+namespace korvel {
+
+using mheg::IsTracing;
+using mheg::LineAbout;
+using mheg::Print;
+using mheg::PrintWithPlace;
+using mheg::TheTrace;
+
+void ObserveEvent(std::string_view sourceGroup, std::int32_t sourceNumber, EventType type,
+                  EventData data) {
+  if (!IsTracing()) return;
+  mheg::TraceLine line = LineAbout("event");
+  line.Field("type", mheg::EventName(type));
+  mheg::AddData(data, line);
+  line.Field("group", sourceGroup).Field("number", std::int64_t{sourceNumber});
+  Print(line, mheg::EventName(type) + mheg::WordsOf(type, data) + " from " +
+                  mheg::NameOf(sourceGroup, sourceNumber));
+}
+
+void ObserveEvent(EventType type, EventData data) {
+  if (!IsTracing()) return;
+  mheg::TraceLine line = LineAbout("event");
+  line.Field("type", mheg::EventName(type));
+  mheg::AddData(data, line);
+  Print(line, mheg::EventName(type) + mheg::WordsOf(type, data));
+}
+
+void ObserveLink(const Link& link) {
+  if (!IsTracing()) return;
+  mheg::TraceLink(link, "", LineAbout("link", 1));
+  TheTrace().open.push_back(nullptr);
+}
+
+void ObserveLinkEnd(Status /*status*/) { mheg::EndInnermost(); }
+
+void ObserveSkippedLink(const Link& link, Reason reason) {
+  if (!IsTracing()) return;
+  mheg::TraceLine line = LineAbout("skipped link", 1);
+  const std::string text = mheg::TextOf(reason, 0, nullptr);
+  line.Field("reason", mheg::NameOf(reason)).Field("text", text);
+  mheg::TraceLink(link, " skipped: " + text, line);
+}
+
+void ObserveAction(const ActionHolder& list, const ElementaryAction& action) {
+  if (!IsTracing()) return;
+  const std::string_view home =
+      list.holder == nullptr ? std::string_view{} : mheg::GroupOf(*list.holder);
+  const std::string text = mheg::TextOf(action, home);
+  mheg::TraceLine line = LineAbout("action");
+  line.Field("group", home).Field("action", text);
+  PrintWithPlace(line, text, TheTrace().sources.Of(list, action));
+  TheTrace().open.push_back(&action);
+  TheTrace().isReasonGiven = false;
+}
+
+void ObserveActionEnd(Status status) {
+  if (!IsTracing()) return;
+  mheg::Trace& trace = TheTrace();
+  if (status == Status::Refused && !trace.isReasonGiven) {
+    Print(LineAbout("unchanged"), "nothing to do");
+  }
+  if (status == Status::Failure) {
+    Print(LineAbout("failure"), "failed: ends everything that this step has caused");
+  }
+  mheg::EndInnermost();
+  trace.isReasonGiven = true;  // an action that caused others has done something
+}
+
+void ObserveReason(Reason reason, std::int32_t detail) {
+  if (!IsTracing()) return;
+  const std::string text = mheg::TextOf(reason, detail, mheg::ActionInProgress());
+  mheg::TraceLine line = LineAbout("reason");
+  line.Field("reason", mheg::NameOf(reason)).Field("detail", std::int64_t{detail});
+  line.Field("text", text);
+  Print(line, text);
+  TheTrace().isReasonGiven = true;
+}
+
+void ObserveValue(const Ingredient& variable) {
+  if (!IsTracing()) return;
+  const std::string value = mheg::ValueOf(variable);
+  mheg::TraceLine line = LineAbout("value");
+  line.Field("group", mheg::GroupOf(variable));
+  line.Field("number", std::int64_t{variable.Reference.Number}).Field("value", value);
+  Print(line, mheg::NameOf(variable) + " = " + value);
+}
+
+void ObserveGroupStart(const Group& group) {
+  if (IsTracing()) TheTrace().sources.GroupStarted(group);
+  mheg::TraceGroup("group start", group, " becomes current");
+}
+
+void ObserveGroupEnd(const Group& group) { mheg::TraceGroup("group end", group, " has ended"); }
+
+void PrintMessage(const char* text, std::va_list values) {
+  if (!mheg::TheSurroundings().isPlaying) {
+    std::vprintf(text, values);
+    return;
+  }
+  std::array<char, 256> line{};
+  std::vsnprintf(line.data(), line.size(), text, values);
+  std::string message = line.data();
+  while (message.ends_with('\n')) message.pop_back();
+  if (IsTracing()) {
+    mheg::TraceLine traced = LineAbout("message");
+    traced.Field("text", message);
+    Print(traced, "message: " + message);
+  } else {
+    std::printf("%s\n", message.c_str());
+  }
+  mheg::TheSurroundings().messages.push_back(message);
+}
+
+}  // namespace korvel

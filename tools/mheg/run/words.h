@@ -1,0 +1,52 @@
+// The words for objects, values and actions that the trace, the expectations and the scene graph
+// print. They are those of the textual notation.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "objects/group.h"
+#include "objects/observer.h"
+
+namespace mheg {
+
+// The class's keyword without its colon: "IntegerVar"; "object" for None.
+[[nodiscard]] std::string ClassName(korvel::ItemType type);
+
+// The names of the classes: "TokenGroup or ListGroup".
+[[nodiscard]] std::string ClassNames(korvel::ClassSet classes);
+
+// "Red"; "key 55" for a number without a key.
+[[nodiscard]] std::string KeyName(std::int32_t key);
+
+// "TestEvent", or the number of an unknown type.
+[[nodiscard]] std::string EventName(korvel::EventType type);
+
+// The class of an object that a group holds.
+[[nodiscard]] korvel::ItemType ClassOf(const korvel::Ingredient& object);
+
+// "IntegerVar 20 of ~/menu".
+[[nodiscard]] std::string NameOf(const korvel::Ingredient& object);
+// "Scene ~/menu".
+[[nodiscard]] std::string NameOf(const korvel::Group& group);
+// The same for the object of the running groups with that name. "object 20 of ~/menu" if there is
+// none.
+[[nodiscard]] std::string NameOf(std::string_view group, std::int32_t number);
+
+// A string in the notation, with quotes and coded bytes.
+[[nodiscard]] std::string Quoted(std::string_view bytes);
+
+// The value of a variable in the notation; empty if the object is not a variable.
+[[nodiscard]] std::string ValueOf(const korvel::Ingredient& variable);
+
+// An action in the notation. References into the group `home` are plain numbers.
+[[nodiscard]] std::string TextOf(const korvel::ElementaryAction& action, std::string_view home);
+
+// Why something was skipped. `action` is the action that it concerns, or null.
+[[nodiscard]] std::string TextOf(korvel::Reason reason, std::int32_t detail,
+                                 const korvel::ElementaryAction* action);
+// "NotActive".
+[[nodiscard]] std::string NameOf(korvel::Reason reason);
+
+}  // namespace mheg

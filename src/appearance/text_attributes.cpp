@@ -44,6 +44,11 @@ std::string_view TakePart(std::string_view& written) {
   return error == std::errc() && stop == end;
 }
 
+[[nodiscard]] bool ReadParts(std::string_view written, FontAttributes& read) {
+  return ReadStyle(TakePart(written), read.style) && ReadNumber(TakePart(written), read.size) &&
+         ReadNumber(TakePart(written), read.lineSpacing) && ReadNumber(written, read.letterSpacing);
+}
+
 }  // namespace
 
 bool ReadLeadingColour(std::string_view text, DrawnColour& colour) {
@@ -73,10 +78,12 @@ bool RemoveControlSequences(std::string_view text, OctetString& clean) {
 
 FontAttributes ReadFontAttributes(std::string_view written) {
   FontAttributes read;
-  const bool isReadable =
-      ReadStyle(TakePart(written), read.style) && ReadNumber(TakePart(written), read.size) &&
-      ReadNumber(TakePart(written), read.lineSpacing) && ReadNumber(written, read.letterSpacing);
-  return isReadable ? read : FontAttributes{};
+  return ReadParts(written, read) ? read : FontAttributes{};
+}
+
+bool IsFontAttributes(std::string_view written) {
+  FontAttributes read;
+  return ReadParts(written, read);
 }
 
 FontAttributes FontAttributesOf(const Text& text, const Application* application) {

@@ -39,6 +39,9 @@ struct FontAttributes {
 // Reads that form: a style word and three numbers. Returns the default if it cannot be read.
 [[nodiscard]] FontAttributes ReadFontAttributes(std::string_view written);
 
+// Whether it can be read.
+[[nodiscard]] bool IsFontAttributes(std::string_view written);
+
 // The text's own attributes, or else the application's, or else the default.
 [[nodiscard]] FontAttributes FontAttributesOf(const Text& text, const Application* application);
 

@@ -1,8 +1,7 @@
-// The one list of keywords, in the order of their codes, the hash table built from it at compile
-// time, and suggestions for misspelt keywords.
+// The one list of keywords, in the order of their codes, and the hash table built from it at
+// compile time.
 #include "textual/keywords.h"
 
-#include <algorithm>
 #include <array>
 
 namespace korvel {
@@ -82,28 +81,6 @@ consteval KeywordTable MakeTable() {
 }
 constexpr KeywordTable kTable = MakeTable();
 
-// ---- Guesses ----
-
-// Longer words are not compared: they are not near any keyword.
-constexpr std::size_t kLongestWord = 40;
-
-// The number of letters to insert, omit or change. Neither word is longer than kLongestWord.
-std::size_t Distance(std::string_view one, std::string_view other) {
-  // The distances between the part of `one` read so far and each prefix of `other`.
-  std::array<std::size_t, kLongestWord + 1> row{};
-  for (std::size_t k = 0; k <= other.size(); ++k) row[k] = k;
-  for (std::size_t i = 1; i <= one.size(); ++i) {
-    std::size_t diagonal = row[0];
-    row[0] = i;
-    for (std::size_t k = 1; k <= other.size(); ++k) {
-      const std::size_t changed = diagonal + (one[i - 1] == other[k - 1] ? 0 : 1);
-      diagonal = row[k];
-      row[k] = std::min({changed, row[k] + 1, row[k - 1] + 1});
-    }
-  }
-  return row[other.size()];
-}
-
 }  // namespace
 
 const char* KeywordText(std::uint16_t code) { return kKeywords[code - 1U]; }
@@ -112,19 +89,6 @@ std::uint16_t FindKeyword(std::string_view word) {
   std::uint16_t code = kTable.first[KeywordBucket(word)];
   while (code != 0 && kKeywords[code - 1U] != word) code = kTable.next[code];
   return code;
-}
-
-const char* NearestKeyword(std::string_view word) {
-  if (word.size() > kLongestWord) return nullptr;
-  std::size_t nearest = std::max<std::size_t>(word.size() / 4, 1) + 1;
-  const char* found = nullptr;
-  for (std::uint16_t code = 1; code <= kKeywordCount; ++code) {
-    const std::size_t distance = Distance(word, KeywordText(code));
-    if (distance >= nearest) continue;
-    nearest = distance;
-    found = KeywordText(code);
-  }
-  return found;
 }
 
 }  // namespace korvel

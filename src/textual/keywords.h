@@ -23,6 +23,8 @@ inline constexpr std::uint16_t kString = kKeywordCount + 3;
 inline constexpr std::uint16_t kOpenParenthesis = kKeywordCount + 4;
 inline constexpr std::uint16_t kCloseParenthesis = kKeywordCount + 5;
 inline constexpr std::uint16_t kInteger = kKeywordCount + 6;
+inline constexpr std::uint16_t kUnknown = kKeywordCount + 7;  // a bare word or an invalid byte
+inline constexpr std::uint16_t kUnknownKeyword = kKeywordCount + 8;  // it begins with a colon
 
 constexpr bool IsKeyword(std::uint16_t code) { return code >= 1 && code <= kKeywordCount; }
 
@@ -53,10 +55,5 @@ inline constexpr std::size_t kKeywordBuckets = 101;
   default: return ":GInteger";
   }
 }
-
-// A guess at the keyword that an author meant by this upper-case word: the one with the fewest
-// inserted, omitted or changed letters, and the first of several. Null if none is near: a word of
-// up to seven bytes may differ by one letter, longer ones by one for every four bytes.
-[[nodiscard]] const char* NearestKeyword(std::string_view word);
 
 }  // namespace korvel

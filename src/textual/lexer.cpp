@@ -5,7 +5,7 @@
 #include <limits>
 #include <utility>
 
-#include "textual/textual.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 namespace {
@@ -25,21 +25,18 @@ constexpr int HexadecimalDigit(char c) {
   return -1;
 }
 
+constexpr bool IsBracket(char c) { return c == '(' || c == ')' || c == '{' || c == '}'; }
+
 class Lexer {
  public:
-  Lexer(std::string_view text, TokenList& list, LexStop& stop)
-      : text_(text), list_(list), stop_(stop) {}
+  Lexer(std::string_view text, LexMode mode, TokenList& list)
+      : text_(text), mode_(mode), list_(list) {}
 
-  LexResult Run() {
-    if (text_.size() > kMaxTextSize) {
-      position_ = kMaxTextSize;
-      return Stop(LexResult::BadText, "the end: a text has at most 65535 bytes");
-    }
+  bool Run() {
     while (!IsAtEnd()) {
-      const LexResult result = ReadToken();
-      if (result != LexResult::Done) return result;
+      if (!ReadToken()) return false;
     }
-    return AddSimple(kEndOfText);
+    return Add(kEndOfText, position_);
   }
 
  private:
@@ -49,164 +46,207 @@ class Lexer {
   [[nodiscard]] char Ahead(std::size_t distance) const {
     return position_ + distance < text_.size() ? text_[position_ + distance] : '\0';
   }
-  LexResult Stop(LexResult result, const char* expected, const char* subject = "") {
-    stop_ = {static_cast<std::uint32_t>(position_), expected, subject, {}};
-    return result;
+
+  // Each returns false if memory runs out, like all functions that read a token.
+  [[nodiscard]] bool AddProblem(const char* expected, std::size_t begin, std::size_t end) {
+    list_.isValid = false;
+    return list_.problems.Append({list_.tokens.Size(), static_cast<std::uint32_t>(begin),
+                                  static_cast<std::uint32_t>(end - begin), expected}) != nullptr;
   }
-  LexResult StopAt(OctetString unknownWord) {
-    const char* guess = NearestKeyword(unknownWord.View());
-    const LexResult result = guess == nullptr
-                                 ? Stop(LexResult::UnknownWord, "a keyword")
-                                 : Stop(LexResult::UnknownWord, "a keyword such as ", guess);
-    stop_.word = std::move(unknownWord);
-    return result;
+  // Adds the token that ends at `end` and moves there.
+  [[nodiscard]] bool Add(std::uint16_t code, std::size_t end, std::int32_t number = 0) {
+    const std::size_t begin = std::exchange(position_, end);
+    return list_.tokens.Append({code, number, static_cast<std::uint32_t>(begin),
+                                static_cast<std::uint32_t>(end - begin), 0, 0}) != nullptr;
   }
-  LexResult Add(const Token& token) {
-    return list_.tokens.Append(token) ? LexResult::Done : LexResult::NoMemory;
-  }
-  LexResult AddSimple(std::uint16_t code) {
-    return Add({code, 0, static_cast<std::uint32_t>(position_), 0, 0});
-  }
-  LexResult AddBracket(std::uint16_t code) {
-    const LexResult result = AddSimple(code);
-    ++position_;
-    return result;
+  [[nodiscard]] bool AddBracket(std::uint16_t code, std::int32_t& open, std::int32_t change) {
+    open += change;
+    return Add(code, position_ + 1);
   }
 
-  LexResult ReadToken() {
+  [[nodiscard]] bool ReadToken() {
     const char c = Here();
     switch (c) {
     case 9:
     case 10:
     case 12:
     case 13:
-    case ' ': return SkipByte();
-    case '{': return AddBracket(kOpenBrace);
-    case '}': return AddBracket(kCloseBrace);
-    case '(': return AddBracket(kOpenParenthesis);
-    case ')': return AddBracket(kCloseParenthesis);
+    case ' ': ++position_; return true;
+    case '{': return AddBracket(kOpenBrace, list_.openBraces, 1);
+    case '}': return AddBracket(kCloseBrace, list_.openBraces, -1);
+    case '(': return AddBracket(kOpenParenthesis, list_.openParentheses, 1);
+    case ')': return AddBracket(kCloseParenthesis, list_.openParentheses, -1);
     case ':': return ReadWord('(', '{');
     case '/': return SkipComment();
-    case '"': return ReadQuoted();
-    case '\'': return ReadQuotedPrintable();
+    case '"': return ReadString([this](char& byte) { return ReadQuoted(byte); });
+    case '\'': return ReadString([this](char& byte) { return ReadQuotedPrintable(byte); });
     default: break;
     }
     if (IsDigit(c) || c == '-') return ReadNumber();
-    if (EndsWord(c) || static_cast<unsigned char>(c) > 126) {
-      return Stop(LexResult::BadText, "a keyword, a value or a bracket");
-    }
+    if (EndsWord(c) || static_cast<unsigned char>(c) > 126) return AddInvalidByte();
     return ReadWord('}', ')');
   }
 
-  LexResult SkipByte() {
-    ++position_;
-    return LexResult::Done;
+  // Adds a byte that begins no token, with all others of its character.
+  [[nodiscard]] bool AddInvalidByte() {
+    list_.isValid = false;
+    std::size_t end = position_ + 1;
+    while (end < text_.size() && (static_cast<unsigned char>(text_[end]) & 0xC0) == 0x80) ++end;
+    return Add(kUnknown, end);
   }
 
-  // Reads a keyword, up to a byte that ends words or one of two brackets: an opening one after a
-  // word with a colon, a closing one after a word without.
-  LexResult ReadWord(char bracket, char otherBracket) {
-    std::size_t end = position_;
-    while (end < text_.size() && !EndsWord(text_[end]) &&
-           (end == position_ || (text_[end] != bracket && text_[end] != otherBracket))) {
+  // Reads a keyword. It ends at a byte that ends words or at one of two brackets: an opening one
+  // after a word with a colon, a closing one after a word without. Any other bracket is an error,
+  // but ends the word too, so that reading can continue.
+  [[nodiscard]] bool ReadWord(char bracket, char otherBracket) {
+    std::size_t end = position_ + 1;
+    while (end < text_.size() && !EndsWord(text_[end]) && !IsBracket(text_[end])) ++end;
+    OctetString word;
+    if (!AssignUpper(end, word)) return false;
+    std::uint16_t code = FindKeyword(word.View());
+    const char next = end < text_.size() ? text_[end] : ' ';
+    const bool lacksSpace = IsBracket(next) && next != bracket && next != otherBracket;
+    if ((code == 0 || lacksSpace) && list_.isValid && !KeepUnknownWord(bracket, otherBracket)) {
+      return false;
+    }
+    if (code == 0) {
+      code = Here() == ':' ? kUnknownKeyword : kUnknown;
+    } else if (lacksSpace && !AddProblem("a space after this word", position_, end)) {
+      return false;
+    }
+    return Add(code, end);
+  }
+
+  // The text from here to `end` in capitals.
+  [[nodiscard]] bool AssignUpper(std::size_t end, OctetString& word) const {
+    if (!word.Assign(text_.substr(position_, end - position_))) return false;
+    for (char* c = word.MutableBytes(); *c != 0; ++c) *c = UpperCase(*c);
+    return true;
+  }
+
+  // Keeps the word as it is printed: with all brackets that do not end it.
+  [[nodiscard]] bool KeepUnknownWord(char bracket, char otherBracket) {
+    list_.isValid = false;
+    std::size_t end = position_ + 1;
+    while (end < text_.size() && !EndsWord(text_[end]) && text_[end] != bracket &&
+           text_[end] != otherBracket) {
       ++end;
     }
-    OctetString word;
-    if (!word.Assign(text_.substr(position_, end - position_))) return LexResult::NoMemory;
-    for (char* c = word.MutableBytes(); *c != 0; ++c) *c = UpperCase(*c);
-    const std::uint16_t code = FindKeyword(word.View());
-    if (code == 0) return StopAt(std::move(word));
-    const LexResult result = AddSimple(code);
-    position_ = end;
-    return result;
+    return AssignUpper(end, list_.unknownWord);
   }
 
-  LexResult SkipComment() {
-    if (Ahead(1) != '/') return Stop(LexResult::UnknownWord, "a second \"/\"");
+  [[nodiscard]] bool SkipComment() {
+    const bool isBlock = Ahead(1) == '*';
+    if (Ahead(1) != '/' && !AddProblem("//, which begins a comment up to the end of the line",
+                                       position_, position_ + (isBlock ? 2 : 1))) {
+      return false;
+    }
+    if (isBlock && !lacksBlockEnd_) {
+      const std::size_t end = text_.find("*/", position_ + 2);
+      if (end != std::string_view::npos) {
+        position_ = end + 2;
+        return true;
+      }
+      lacksBlockEnd_ = true;
+    }
     while (!IsAtEnd() && !EndsLine(Here())) ++position_;
-    if (!IsAtEnd()) ++position_;
-    return LexResult::Done;
+    return true;
   }
 
-  // In double quotes a backslash escapes the next byte.
-  LexResult ReadQuoted() {
-    return ReadString('"', [this](char& byte) {
-      if (Here() == '\\') ++position_;
-      if (IsAtEnd()) return false;
-      byte = text_[position_++];
-      return true;
-    });
+  // In double quotes a backslash escapes the next byte. False at the end of the text.
+  [[nodiscard]] bool ReadQuoted(char& byte) {
+    if (Here() == '\\') ++position_;
+    if (IsAtEnd()) return false;
+    byte = text_[position_++];
+    return true;
   }
 
   // In single quotes "=" and two hexadecimal digits are one byte.
-  LexResult ReadQuotedPrintable() {
-    return ReadString('\'', [this](char& byte) {
-      const int high = HexadecimalDigit(Ahead(1));
-      const int low = HexadecimalDigit(Ahead(2));
-      const bool isCoded = Here() == '=' && high >= 0 && low >= 0;
-      byte = isCoded ? static_cast<char>(high * 16 + low) : Here();
-      position_ += isCoded ? 3 : 1;
-      return true;
-    });
+  [[nodiscard]] bool ReadQuotedPrintable(char& byte) {
+    const int high = HexadecimalDigit(Ahead(1));
+    const int low = HexadecimalDigit(Ahead(2));
+    const bool isCoded = Here() == '=' && high >= 0 && low >= 0;
+    byte = isCoded ? static_cast<char>(high * 16 + low) : Here();
+    position_ += isCoded ? 3 : 1;
+    return true;
   }
 
-  template <class ReadByte> LexResult ReadString(char quote, ReadByte&& readByte) {
+  template <class ReadByte> [[nodiscard]] bool ReadString(ReadByte&& readByte) {
     const std::size_t begin = position_++;
+    const char quote = text_[begin];
     const std::size_t start = list_.stringBytes.Size();
     while (!IsAtEnd() && Here() != quote) {
       char byte = 0;
-      if (!readByte(byte)) break;
-      if (!list_.stringBytes.Append(byte)) return LexResult::NoMemory;
+      if (readByte(byte) && !list_.stringBytes.Append(byte)) return false;
     }
-    if (IsAtEnd()) {
-      position_ = begin;
-      return Stop(LexResult::BadText, "a string with its closing quote");
-    }
-    ++position_;
-    return Add({kString, 0, static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(start),
-                static_cast<std::uint32_t>(list_.stringBytes.Size() - start)});
+    const std::size_t length = list_.stringBytes.Size() - start;
+    const bool isClosed = !IsAtEnd();
+    const std::size_t end = isClosed ? position_ + 1 : text_.size();
+    position_ = begin;
+    const bool isDoubtful = isClosed && IsDoubtful(begin, end);
+    list_.hasDoubtfulString = list_.hasDoubtfulString || isDoubtful;
+    const bool isCut = mode_ == LexMode::ExplainingDoubtfulStrings && isDoubtful;
+    if (!isClosed || isCut) return AddOpenString(begin);
+    if (!Add(kString, end)) return false;
+    Token& token = *list_.tokens.Last();
+    token.stringStart = static_cast<std::uint32_t>(start);
+    token.stringLength = static_cast<std::uint32_t>(length);
+    return true;
+  }
+
+  [[nodiscard]] bool IsDoubtful(std::size_t begin, std::size_t end) const {
+    const bool isFollowed = end < text_.size() && !EndsWord(text_[end]) && !IsBracket(text_[end]);
+    return isFollowed && text_.substr(begin, end - begin).find('\n') != std::string_view::npos;
+  }
+
+  // A string without its closing quote ends with its line, before any brackets at the end.
+  [[nodiscard]] bool AddOpenString(std::size_t begin) {
+    std::size_t end = begin;
+    while (end < text_.size() && !EndsLine(text_[end])) ++end;
+    while (end > begin + 1 && (EndsWord(text_[end - 1]) || IsBracket(text_[end - 1]))) --end;
+    return AddProblem("the quote that ends this string", begin, end) && Add(kString, end);
   }
 
   // Reads a minus or a digit, and the digits after it. A leading zero is a number by itself, and
   // there are no hexadecimal numbers.
-  LexResult ReadNumber() {
+  [[nodiscard]] bool ReadNumber() {
     const std::size_t begin = position_;
     const bool isNegative = Here() == '-';
-    if (isNegative && !IsDigit(Ahead(1))) {
-      return Stop(LexResult::BadText, "a digit behind the \"-\"");
-    }
-    if (Here() == '0') {
-      if (Ahead(1) == 'x' || Ahead(1) == 'X') return Stop(LexResult::BadText, "a decimal number");
-      return AddNumber(begin, begin + 1, 0);
-    }
+    const bool isZero = Here() == '0';
     std::size_t end = begin + 1;
+    if (isZero && (Ahead(1) == 'x' || Ahead(1) == 'X')) {
+      for (end = begin + 2; end < text_.size() && HexadecimalDigit(text_[end]) >= 0;) ++end;
+      return AddProblem("a decimal number", begin, end) && Add(kInteger, end);
+    }
+    if (isZero && (mode_ == LexMode::Plain || !IsDigit(Ahead(1)))) return Add(kInteger, end);
     while (end < text_.size() && IsDigit(text_[end])) ++end;
     std::int64_t value = 0;
-    for (std::size_t i = begin + (isNegative ? 1 : 0); i < end; ++i) {
+    const std::int64_t largest = kLargest + (isNegative ? 1 : 0);
+    for (std::size_t i = begin + (isNegative ? 1 : 0); i < end && value <= largest; ++i) {
       value = value * 10 + (text_[i] - '0');
-      if (value > kLargest + (isNegative ? 1 : 0)) {
-        return Stop(LexResult::BadText, "a number of 32 bits");
-      }
     }
-    return AddNumber(begin, end, static_cast<std::int32_t>(isNegative ? -value : value));
-  }
-  LexResult AddNumber(std::size_t begin, std::size_t end, std::int32_t value) {
-    position_ = end;
-    return Add({kInteger, value, static_cast<std::uint32_t>(begin), 0, 0});
+    const char* expected = nullptr;
+    if (isZero) expected = "a number without a leading zero";
+    if (isNegative && end == begin + 1) expected = "a digit after the -";
+    if (value > largest) expected = "a number from -2147483648 to 2147483647";
+    if (expected != nullptr && !AddProblem(expected, begin, end)) return false;
+    return Add(kInteger, end,
+               value > largest ? 0 : static_cast<std::int32_t>(isNegative ? -value : value));
   }
 
   static constexpr std::int64_t kLargest = std::numeric_limits<std::int32_t>::max();
 
   std::string_view text_;
+  LexMode mode_;
   std::size_t position_ = 0;
+  bool lacksBlockEnd_ = false;  // no "*/" is left
   TokenList& list_;
-  LexStop& stop_;
 };
 
 }  // namespace
 
-LexResult Lex(std::string_view text, TokenList& list, LexStop& stop) {
-  return Lexer(text, list, stop).Run();
+bool Lex(std::string_view text, LexMode mode, TokenList& list) {
+  return Lexer(text, mode, list).Run();
 }
 
 }  // namespace korvel

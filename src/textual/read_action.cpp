@@ -33,7 +33,8 @@ bool AddTyped(TextReader& reader, Parameters& parameters) {
   for (const ValueKind kind : {Integer, Boolean, OctetString, ObjectReference, ContentReference}) {
     if (reader.TakeKeyword(TypeWord(kind))) return AddGeneric(reader, kind, parameters);
   }
-  return reader.Refuse("a value with its type, such as :GInteger");
+  return reader.Refuse("a value after its type: :GInteger, :GBoolean, :GOctetString, :GObjectRef "
+                       "or :GContentRef");
 }
 
 bool AddTypedList(TextReader& reader, Parameters& parameters) {
@@ -50,14 +51,13 @@ bool AddReferences(TextReader& reader, Parameters& parameters) {
 
 // A point without its second coordinate is accepted, because BER can hold one.
 bool AddPoint(TextReader& reader, Parameters& parameters) {
-  const Token begin = reader.Next();
   if (!reader.Expect(kOpenParenthesis, "(") ||
       !AddGeneric(reader, ValueKind::Integer, parameters)) {
     return false;
   }
   const bool isComplete = !reader.IsAt(kCloseParenthesis);
   const bool isTaken = isComplete ? AddGeneric(reader, ValueKind::Integer, parameters)
-                                  : reader.NoteMissing(begin, "a point", "its y coordinate");
+                                  : reader.NoteMissing(reader.Next().offset, "a point", "y");
   return isTaken && reader.Expect(kCloseParenthesis, ")");
 }
 
@@ -146,32 +146,40 @@ bool IsAnyMissing(const ActionRow& row, std::size_t given) {
   return given < row.requiredCount && row.parameters[given] != Parameter::Colour;
 }
 
-}  // namespace
-
-bool ReadEntry(TextReader& reader, ElementaryAction& action) {
-  const ActionRow* row = ActionAt(reader);
-  if (row == nullptr) return reader.Refuse("an action");
-  const Token begin = reader.Next();
-  if (!reader.NoteActionPlace(begin)) return false;
-  reader.Skip();
-  const Construct outer = reader.Enter({row->name});
-  action.ActionType = static_cast<std::uint8_t>(row->action);
+// The target and the values, with their parentheses.
+bool ReadValues(TextReader& reader, const ActionRow& row, ElementaryAction& action) {
   if (!reader.Expect(kOpenParenthesis, "(") ||
       !ReadGeneric(reader, ValueKind::ObjectReference, action.Target)) {
     return false;
   }
   std::size_t given = 0;
-  for (const Parameter parameter : row->Syntax()) {
+  for (const Parameter parameter : row.Syntax()) {
     if (reader.IsAt(kCloseParenthesis)) break;
     if (!AddParameter(reader, parameter, action.Parameters)) return false;
     ++given;
   }
-  if (IsAnyMissing(*row, given) && !reader.NoteMissing(begin, row->name, "a parameter")) {
-    return false;
-  }
-  if (!reader.Expect(kCloseParenthesis, ") or a parameter")) return false;
+  if (IsAnyMissing(row, given) && !reader.NoteMissingValue(row.name, given)) return false;
+  return reader.Expect(kCloseParenthesis, ")");
+}
+
+bool ReadAction(TextReader& reader, ElementaryAction& action) {
+  const ActionRow* row = ActionAt(reader);
+  if (row == nullptr) return reader.Refuse(")", TextChoice::Action);
+  if (!reader.NoteActionPlace(reader.Next())) return false;
+  reader.Skip();
+  const Construct outer = reader.Enter({row->name});
+  action.ActionType = static_cast<std::uint8_t>(row->action);
+  const bool isRead = ReadValues(reader, *row, action);
   reader.Enter(outer);
-  return true;
+  return isRead;
+}
+
+}  // namespace
+
+bool ReadEntry(TextReader& reader, ElementaryAction& action) {
+  const std::size_t begin = reader.Place();
+  const std::int32_t openParentheses = reader.OpenParentheses();
+  return ReadAction(reader, action) || reader.ContinueList(begin, openParentheses, false);
 }
 
 }  // namespace korvel

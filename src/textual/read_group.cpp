@@ -1,7 +1,4 @@
-// The builders of objects, and ReadTextGroup: a text is read as an application or, if that fails,
-// as a scene.
-#include <cstdio>
-#include <span>
+// The builders of objects, and ReadTextGroup.
 #include <type_traits>
 
 #include "objects/messages.h"
@@ -12,33 +9,6 @@
 namespace korvel {
 namespace {
 
-// Describes the text at the offset: a word, up to the next space, or the number of an unprintable
-// byte.
-void ShowFound(std::string_view text, std::size_t offset, std::span<char> shown) {
-  if (offset >= text.size()) {
-    std::snprintf(shown.data(), shown.size(), "the end of the text");
-    return;
-  }
-  const auto first = static_cast<unsigned char>(text[offset]);
-  if (first <= ' ' || first > '~') {
-    std::snprintf(shown.data(), shown.size(), "byte %d", first);
-    return;
-  }
-  std::size_t end = offset;
-  while (end < text.size() && static_cast<unsigned char>(text[end]) > ' ') ++end;
-  std::snprintf(shown.data(), shown.size(), "%.*s", static_cast<int>(end - offset),
-                text.data() + offset);
-}
-
-void Explain(std::string_view text, std::size_t offset, const char* expected, const char* subject,
-             Construct construct, TextError& error) {
-  error.place = PlaceInText(text, offset);
-  ShowFound(text, offset, error.found);
-  std::snprintf(error.expected.data(), error.expected.size(), "%s%s", expected, subject);
-  std::snprintf(error.construct.data(), error.construct.size(), "%s%s%s", construct.owner,
-                *construct.part == 0 ? "" : " ", construct.part);
-}
-
 template <class HeldClasses> bool ReadObjects(TextReader& reader, List<Item>& list);
 
 // Builds one object: its attributes come in any order, each at most once.
@@ -46,25 +16,46 @@ template <class Record> class ObjectBuilder {
  public:
   ObjectBuilder(TextReader& reader, Record& record) : reader_(reader), record_(record) {}
 
-  // From the opening brace to the closing one.
+  // From the opening brace to the closing one. After an error that does not end reading, the object
+  // counts as read.
   [[nodiscard]] bool Build() {
     const Token begin = reader_.Next();
     if (!reader_.Expect(kOpenBrace, "{")) return false;
     // An item is only built at its keyword, so this is a group.
-    if (!reader_.TakeKeyword(kHeading.keyword)) return reader_.Refuse(":Application or :Scene");
+    if (!reader_.TakeKeyword(kHeading.keyword)) return reader_.Refuse("", TextChoice::Class);
+    const std::size_t errorCount = reader_.ErrorCount();
     const Construct outer = reader_.Enter({kHeading.name});
-    if (!Read(reader_, record_.Reference)) return false;
-    Enter("");
-    if (!reader_.NotePlace(begin)) return false;
-    while (!reader_.Take(kCloseBrace)) {
-      if (!ReadAttribute()) return false;
-    }
+    const std::int32_t openParentheses = reader_.SetOpenParentheses(0);
+    const bool isRead = ReadReference(begin) && ReadAttributes();
+    reader_.SetOpenParentheses(openParentheses);
     reader_.Enter(outer);
+    if (!isRead || reader_.ErrorCount() != errorCount) return isRead || reader_.MayContinue();
     return NoteMissing(begin);
   }
 
  private:
   static constexpr const ClassHeading& kHeading = Description<Record>::heading;
+
+  [[nodiscard]] bool ReadReference(const Token& begin) {
+    const std::size_t place = reader_.Place();
+    if (!Read(reader_, record_.Reference) && !Continue(place - 1)) return false;
+    Enter("");
+    return reader_.NotePlace(begin);
+  }
+
+  // The attributes and the closing brace.
+  [[nodiscard]] bool ReadAttributes() {
+    while (!reader_.Take(kCloseBrace)) {
+      const std::size_t place = reader_.Place();
+      if (!ReadAttribute() && !Continue(place)) return false;
+      Enter("");
+    }
+    return true;
+  }
+
+  [[nodiscard]] bool Continue(std::size_t begin) {
+    return reader_.ContinueObject(begin, std::is_base_of_v<Group, Record>);
+  }
 
   // Enters an attribute, or the object itself.
   void Enter(const char* keyword) {
@@ -83,20 +74,18 @@ template <class Record> class ObjectBuilder {
       place <<= 1;
     };
     ForEachWrittenAttribute<Record>(readIfHere, record_);
-    return isKnown ? isRead : reader_.Refuse("} or an attribute of ", kHeading.name);
+    return isKnown ? isRead : reader_.Refuse("}", TextChoice::Attribute);
   }
 
   template <class Field>
   [[nodiscard]] bool ReadOnce(std::uint64_t place, const char* keyword, Field& field,
                               const Form& form) {
-    if ((written_ & place) != 0) return reader_.Refuse("an attribute that is not written yet");
+    if ((written_ & place) != 0) return reader_.Refuse("each attribute only once");
     written_ |= place;
     Enter(keyword);
     if (!reader_.NotePlace(reader_.Next())) return false;
     reader_.Skip();
-    if (!ReadField(field, form)) return false;
-    Enter("");
-    return true;
+    return ReadField(field, form);
   }
 
   template <class Field> [[nodiscard]] bool ReadField(Field& field, const Form& form) {
@@ -113,7 +102,7 @@ template <class Record> class ObjectBuilder {
     std::uint64_t place = 1;
     const auto noteIfLeftOut = [&](const char* keyword, const Form& form) {
       if (form.isRequired && (written_ & place) == 0) {
-        isNoted = isNoted && reader_.NoteMissing(begin, kHeading.name, keyword);
+        isNoted = isNoted && reader_.NoteMissing(begin.offset, kHeading.name, keyword);
       }
       place <<= 1;
     };
@@ -127,6 +116,8 @@ template <class Record> class ObjectBuilder {
 };
 
 bool ReadObject(TextReader& reader, auto heldClasses, Item& item) {
+  const std::size_t begin = reader.Place();
+  const std::int32_t openParentheses = reader.OpenParentheses();
   bool isKnown = false;
   bool isRead = false;
   ForEachClass(heldClasses, [&]<class Record>() {
@@ -136,7 +127,10 @@ bool ReadObject(TextReader& reader, auto heldClasses, Item& item) {
     isRead =
         item ? ObjectBuilder<Record>(reader, item.As<Record>()).Build() : reader.RefuseForMemory();
   });
-  return isKnown ? isRead : reader.Expect(kOpenBrace, "{ or )") && reader.Refuse("a class");
+  if (isKnown) return isRead;
+  if (reader.Expect(kOpenBrace, ") or {")) reader.Refuse("", TextChoice::Class);
+  reader.ReturnTo(begin);
+  return reader.ContinueList(begin, openParentheses, true);
 }
 
 // Objects in parentheses, of the classes that the list holds.
@@ -144,34 +138,43 @@ template <class HeldClasses> bool ReadObjects(TextReader& reader, List<Item>& li
   return ReadInParentheses(reader, [&] {
     Item item;
     if (!ReadObject(reader, HeldClasses{}, item)) return false;
-    return list.Append(std::move(item)) != nullptr || reader.RefuseForMemory();
+    return !item || list.Append(std::move(item)) != nullptr || reader.RefuseForMemory();
   });
 }
 
-// Reads the whole text as a group of that class. If that fails, moves back to the first token.
-template <class Record> bool ReadWhole(TextReader& reader, Record& record) {
-  const std::size_t place = reader.Place();
-  if (ObjectBuilder<Record>(reader, record).Build() &&
-      (reader.IsAt(kEndOfText) || reader.Refuse("the end of the text"))) {
-    return true;
+// Reads the whole text as a group of that class.
+template <class Record> TextResult ReadWhole(TextReader& reader, OwnedGroup& group) {
+  auto record = NewRecord<Record>();
+  if (!record) {
+    reader.RefuseForMemory();
+    return TextResult::NoMemory;
   }
-  reader.ReturnTo(place);
-  reader.Enter({});
-  return false;
+  const bool isRead = ObjectBuilder<Record>(reader, *record).Build() && reader.ErrorCount() == 0 &&
+                      (reader.IsAt(kEndOfText) || reader.Refuse("the end of the text"));
+  reader.Finish();
+  if (!isRead || reader.ErrorCount() > 0) return TextResult::Refused;
+  group = std::move(record);
+  return TextResult::Done;
 }
 
-TextResult BuildGroup(TextReader& reader, OwnedGroup& group) {
-  auto application = NewRecord<Application>();
-  if (!application) return TextResult::NoMemory;
-  if (ReadWhole(reader, *application)) {
-    group = std::move(application);
-    return TextResult::Done;
+TextResult ReadTokens(const TokenList& list, OwnedGroup& group, TextReport* report) {
+  TextReader reader(list, report);
+  return reader.IsAtObject(Description<Scene>::heading.keyword)
+             ? ReadWhole<Scene>(reader, group)
+             : ReadWhole<Application>(reader, group);
+}
+
+// Lexes and reads the text for its author.
+TextResult Explain(std::string_view text, LexMode mode, OwnedGroup& group, TextReport& report,
+                   bool& hasDoubtfulString) {
+  TokenList list;
+  report = {};
+  if (!Lex(text, mode, list)) {
+    (void)report.errors.Append({.expected = "more memory"});
+    return TextResult::Refused;
   }
-  application.reset();
-  auto scene = NewRecord<Scene>();
-  if (!scene || !ReadWhole(reader, *scene)) return TextResult::Refused;
-  group = std::move(scene);
-  return TextResult::Done;
+  hasDoubtfulString = list.hasDoubtfulString;
+  return ReadTokens(list, group, &report);
 }
 
 }  // namespace
@@ -186,31 +189,25 @@ TextPlace PlaceInText(std::string_view text, std::size_t offset, TextPlace begin
   return place;
 }
 
-TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, TextError& error,
-                         List<MissingPart>* missing, List<SourcePlace>* places) {
-  TokenList list;
-  LexStop stop;
-  if (Lex(text, list, stop) != LexResult::Done) {
-    Explain(text, stop.offset, stop.expected, stop.subject, {}, error);
-    error.unknownWord = std::move(stop.word);
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, TextReport& report) {
+  if (text.size() > kMaxTextSize) {
+    report = {};
+    (void)report.errors.Append(
+        {.offset = kMaxTextSize, .length = 1, .expected = "a text of at most 65535 bytes"});
     return TextResult::Refused;
   }
-  TextReader reader(list, missing, places);
-  const TextResult result = BuildGroup(reader, group);
-  if (result != TextResult::Done) {
-    Explain(text, reader.RefusedToken().offset, reader.Expected(), reader.Subject(),
-            reader.RefusedIn(), error);
-  }
-  return result;
+  bool hasDoubtfulString = false;
+  const TextResult result = Explain(text, LexMode::Explaining, group, report, hasDoubtfulString);
+  if (result == TextResult::Done || !hasDoubtfulString) return result;
+  return Explain(text, LexMode::ExplainingDoubtfulStrings, group, report, hasDoubtfulString);
 }
 
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group) {
-  TextError error;
-  const TextResult result = ReadTextGroup(text, group, error);
-  if (error.unknownWord.IsPresent()) {
-    Say(Message::UnknownWord, error.unknownWord.Text());
-  }
-  return result;
+  TokenList list;
+  if (text.size() > kMaxTextSize || !Lex(text, LexMode::Plain, list)) return TextResult::Refused;
+  if (list.isValid) return ReadTokens(list, group, nullptr);
+  if (list.unknownWord.IsPresent()) Say(Message::UnknownWord, list.unknownWord.Text());
+  return TextResult::Refused;
 }
 
 }  // namespace korvel

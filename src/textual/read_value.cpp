@@ -1,6 +1,8 @@
 // The builders of values, except actions and objects.
 #include "textual/text_reader.h"
 
+#include <array>
+
 namespace korvel {
 namespace {
 
@@ -34,7 +36,10 @@ bool ReadLiteral(TextReader& reader, ValueKind kind, GenericValue& value) {
 }  // namespace
 
 bool Read(TextReader& reader, bool& value) {
-  if (!reader.IsAt(kTrueWord) && !reader.IsAt(kFalseWord)) return reader.Refuse("TRUE or FALSE");
+  static constexpr std::array kBooleanWords = {"TRUE", "FALSE"};
+  if (!reader.IsAt(kTrueWord) && !reader.IsAt(kFalseWord)) {
+    return reader.Refuse("", TextChoice::None, kBooleanWords);
+  }
   value = reader.IsAt(kTrueWord);
   reader.Skip();
   return true;
@@ -46,7 +51,7 @@ bool ReadWord(TextReader& reader, Words words, std::int32_t& value) {
     value = static_cast<std::int32_t>(i + 1);
     return true;
   }
-  return reader.Refuse("a word such as ", words.front());
+  return reader.Refuse("", TextChoice::None, words);
 }
 
 bool Read(TextReader& reader, std::int32_t& value) {
@@ -66,7 +71,7 @@ bool Read(TextReader& reader, OctetString& value) {
 bool Read(TextReader& reader, ObjectReference& value) {
   if (!reader.Take(kOpenParenthesis)) {
     return reader.IsAt(kInteger) ? Read(reader, value.Number)
-                                 : reader.Refuse("an object number or (group number)");
+                                 : reader.Refuse("an object number or (\"group\" number)");
   }
   return Read(reader, value.GroupIdentifier) && Read(reader, value.Number) &&
          reader.Expect(kCloseParenthesis, ")");
@@ -81,7 +86,7 @@ bool Read(TextReader& reader, OptionalReference& value) {
 bool Read(TextReader& reader, ColourValue& value) {
   const bool isAbsolute = reader.IsAt(kString);
   if (!isAbsolute && !reader.IsAt(kInteger)) {
-    return reader.Refuse("a colour: a string or an index");
+    return reader.Refuse("a colour: '=FF=80=00' (red, green, blue) or an index in a palette");
   }
   value.Kind = isAbsolute ? ValueKind::OctetString : ValueKind::Integer;
   return isAbsolute ? Read(reader, value.Absolute) : Read(reader, value.Index);

@@ -1,7 +1,9 @@
-// Gives the tokens of a text to the builders, and remembers the furthest token that could not be
-// read, which is probably the author's error.
+// Gives the tokens of a text to the builders, and records errors. After an error it finds the place
+// where reading can continue, if there is a report to record further errors in.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <utility>
 
 #include "objects/class_tables.h"
@@ -20,9 +22,8 @@ struct Construct {
 
 class TextReader {
  public:
-  // All are borrowed. `missing` and `places` may be null.
-  TextReader(const TokenList& list, List<MissingPart>* missing, List<SourcePlace>* places)
-      : list_(list), missing_(missing), places_(places) {}
+  // Both are borrowed. Without a report reading ends at the first error.
+  TextReader(const TokenList& list, TextReport* report);
 
   [[nodiscard]] const Token& Next() const { return list_.tokens[place_]; }
   [[nodiscard]] std::string_view String(const Token& token) const { return list_.String(token); }
@@ -39,7 +40,7 @@ class TextReader {
   }
 
   // Consumes the next token, which must not be the end of the text.
-  void Skip() { ++place_; }
+  void Skip();
   // Consumes the next token if it is the given one.
   bool Take(std::uint16_t code) { return IsAt(code) && TakeNext(); }
   bool TakeKeyword(const char* keyword) { return IsAtKeyword(keyword) && TakeNext(); }
@@ -56,64 +57,82 @@ class TextReader {
   void ReturnTo(std::size_t place) { place_ = place; }
 
   // Sets the construct that is read from here on, and returns the previous one for the caller to
-  // restore. After a refusal, restoring it is not needed: the refusal has recorded the construct.
-  Construct Enter(Construct construct) { return std::exchange(construct_, construct); }
-
-  // Records what was expected in place of the next token; `subject` is appended to it. Always
-  // returns false, for the caller to return.
-  bool Refuse(const char* expected, const char* subject = "") {
-    if (place_ > refusedPlace_ || *expected_ == 0) {
-      refusedPlace_ = place_;
-      expected_ = expected;
-      subject_ = subject;
-      refusedIn_ = construct_;
-    }
-    return false;
-  }
-  // The same for an allocation that failed.
-  bool RefuseForMemory() { return Refuse("more memory"); }
-
-  // Records a missing mandatory part.
-  [[nodiscard]] bool NoteMissing(const Token& begin, const char* owner, const char* missing) {
-    if (missing_ == nullptr) return true;
-    return missing_->Append({begin.offset, owner, missing}) != nullptr || RefuseForMemory();
+  // restore.
+  Construct Enter(Construct construct) {
+    ReportProblems();  // in the construct that contains them
+    return std::exchange(construct_, construct);
   }
 
-  // Records the place of the object or attribute that has just been entered.
-  [[nodiscard]] bool NotePlace(const Token& begin) {
-    actionCount_ = 0;
-    return AddPlace(begin, -1);
-  }
-  // The same for the next action of the attribute.
+  // Records that the next token is wrong and what was expected in its place. Always returns false,
+  // for the caller to return.
+  bool Refuse(const char* expected, TextChoice choice = TextChoice::None, Words words = {});
+  bool RefuseForMemory();
+
+  // Records an omitted attribute of the object that begins at `offset`, or the omitted value before
+  // the next token. Like the next two, returns false if memory runs out.
+  [[nodiscard]] bool NoteMissing(std::uint32_t offset, const char* owner, const char* attribute);
+  [[nodiscard]] bool NoteMissingValue(const char* owner, std::size_t parameter);
+  // Records the place of the object or attribute that has just been entered, or of the attribute's
+  // next action.
+  [[nodiscard]] bool NotePlace(const Token& begin);
   [[nodiscard]] bool NoteActionPlace(const Token& begin) { return AddPlace(begin, actionCount_++); }
 
-  // The furthest refusal.
-  [[nodiscard]] const Token& RefusedToken() const { return list_.tokens[refusedPlace_]; }
-  [[nodiscard]] const char* Expected() const { return expected_; }
-  [[nodiscard]] const char* Subject() const { return subject_; }
-  [[nodiscard]] Construct RefusedIn() const { return refusedIn_; }
+  // ---- Continuing after an error ----
+
+  // False after an error that ends reading: the last of a report, or any if there is no report.
+  [[nodiscard]] bool MayContinue() const;
+  // The number of errors so far; always 0 without a report.
+  [[nodiscard]] std::size_t ErrorCount() const { return errorCount_; }
+  // The number of parentheses that are open in the object that is being read.
+  [[nodiscard]] std::int32_t OpenParentheses() const { return openParentheses_; }
+  std::int32_t SetOpenParentheses(std::int32_t count) {
+    return std::exchange(openParentheses_, count);
+  }
+  // After an error in what begins at the token `begin`, each skips at least that token unless it
+  // ends the object. Their number of steps is limited by that of the tokens.
+  //
+  // Moves to the object's next attribute or its closing brace. False if there is neither: the
+  // object lacks its brace, or reading must end.
+  [[nodiscard]] bool ContinueObject(std::size_t begin, bool isGroup);
+  // Moves to the next action or object of the list with that number of open parentheses, or to its
+  // closing parenthesis. False if the list lacks it or reading must end.
+  [[nodiscard]] bool ContinueList(std::size_t begin, std::int32_t openParentheses, bool hasObjects);
+  // Records the errors that the lexer has found after the last token.
+  void Finish() { ReportProblems(); }
 
  private:
   bool TakeNext() {
-    ++place_;
+    Skip();
     return true;
   }
-  [[nodiscard]] bool AddPlace(const Token& begin, std::int32_t action) {
-    if (places_ == nullptr) return true;
-    const SourcePlace place{begin.offset, construct_.object, construct_.part, action};
-    return places_->Append(place) != nullptr || RefuseForMemory();
-  }
+  [[nodiscard]] bool AddPlace(const Token& begin, std::int32_t action);
+  void AddError(const TextError& error);
+  void ReportProblems();
+
+  [[nodiscard]] bool IsAtAction() const;
+  [[nodiscard]] bool IsAtAttribute() const;
+  // Consumes an opening brace and everything up to its closing one.
+  void SkipObject();
+  // Whether the next token is a closing bracket too many in the whole text, which the call uses up.
+  [[nodiscard]] bool IsSurplus(std::uint16_t bracket);
+  // Whether the attribute at the next token shows that the closing parenthesis before it is
+  // missing.
+  [[nodiscard]] bool IsAfterLostParenthesis() const;
 
   const TokenList& list_;
-  List<MissingPart>* missing_;
-  List<SourcePlace>* places_;
-  std::int32_t actionCount_ = 0;  // of the attribute that is being read
+  TextReport* report_;
   std::size_t place_ = 0;
-  std::size_t refusedPlace_ = 0;
-  const char* expected_ = "";
-  const char* subject_ = "";
   Construct construct_;
-  Construct refusedIn_;
+  std::int32_t actionCount_ = 0;  // of the attribute that is being read
+  bool isOutOfMemory_ = false;
+  std::size_t errorCount_ = 0;
+  // No further error is recorded up to this token; SIZE_MAX before the first error.
+  std::size_t refusedPlace_ = SIZE_MAX;
+  std::size_t nextProblem_ = 0;  // the first of the lexer's that is not recorded yet
+  std::int32_t openParentheses_ = 0;
+  // Closing brackets too many in the rest of the text; negative if some are missing.
+  std::int32_t surplusBraces_;
+  std::int32_t surplusParentheses_;
 };
 
 // ---- Builders ----

@@ -3,7 +3,6 @@
 // records.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -11,6 +10,7 @@
 #include "objects/octet_string.h"
 #include "objects/ownership.h"
 #include "objects/status.h"
+#include "objects/vocabulary.h"
 
 namespace korvel {
 
@@ -19,7 +19,7 @@ enum class [[nodiscard]] TextResult : std::int32_t{
     Done = 0,
     Refused =
         1,  // not well-formed, neither an application nor a scene, or memory ran out on the way
-    NoMemory = -1,  // the application's record could not be allocated
+    NoMemory = -1,  // the group's record could not be allocated
 };
 
 // The longest text that is read, in bytes: offsets in it are limited to 16 bits.
@@ -31,23 +31,36 @@ struct TextPlace {
   std::uint32_t column = 0;
 };
 
-// Why a text was refused: the furthest place that could not be read; the construct that contains
-// it, such as "Scene :SceneCS" or "SetPosition", or empty if unknown; the text found there,
-// truncated if it is long; and the text expected instead.
-struct TextError {
-  TextPlace place;
-  std::array<char, 48> construct{};
-  std::array<char, 48> found{};
-  std::array<char, 96> expected{};
-  OctetString unknownWord;  // in capitals; absent if it is not the reason
+// Which words were possible at a place, if they follow from the tables of classes and actions.
+enum class TextChoice : std::uint8_t {
+  None,
+  Attribute,  // of the class `owner`
+  Class,      // of the group, or of an object in the list `owner` and `part`
+  Action,
 };
+
+// An error in a text: the place of what was found, the construct that contains it, and what was
+// expected instead. All strings are borrowed from tables.
+struct TextError {
+  std::uint32_t offset = 0;
+  std::uint32_t length = 0;   // 0 at the end of the text
+  const char* owner = "";     // the class or the action: "Scene", "SetPosition"; empty if unknown
+  const char* part = "";      // the attribute's keyword, or empty
+  const char* expected = "";  // in words; may be empty if one of the next two is not
+  TextChoice choice = TextChoice::None;
+  Words words{};  // exactly these words
+};
+
+// The maximum number of errors in a report. Reading ends with the last one.
+inline constexpr std::size_t kMostTextErrors = 20;
 
 // A mandatory part that the author has omitted. The reader keeps the construction value or the
 // shorter parameter list, as the BER decoder does; tools report these to the author.
 struct MissingPart {
-  std::uint32_t offset = 0;  // where the object or the action begins in the text
+  std::uint32_t offset = 0;  // where the object begins, or the ")" before which a value is missing
   const char* owner = "";    // the class or the action: "Rectangle", "SetPosition"
-  const char* missing = "";  // the attribute's keyword, or "a parameter"
+  const char* attribute = "";  // its keyword, or empty if a value is missing
+  std::size_t parameter = 0;   // the index of the missing value in the action's row
 };
 
 // Where an object, one of its attributes or an action of that attribute begins in a text. An object
@@ -68,11 +81,18 @@ struct SourcePlace {
 // printed, as "Error string : " and the word.
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group);
 
-// The same for callers that report errors themselves: nothing is printed. `error` receives the
-// reason of a refusal, `missing`, if given, the omitted parts, and `places`, if given, the places
-// of everything in the group, an object before its attributes and these before their actions.
-TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, TextError& error,
-                         List<MissingPart>* missing = nullptr, List<SourcePlace>* places = nullptr);
+// What reading a text has found for its author.
+struct TextReport {
+  List<TextError> errors;     // in the order of the text
+  List<MissingPart> missing;  // attributes only of objects without errors
+  // Everything in the group, an object before its attributes and these before their actions.
+  List<SourcePlace> places;
+};
+
+// The same for tools: nothing is printed, and reading continues after an error where the next
+// attribute, action or object begins. A number with a leading zero, which otherwise is two numbers,
+// is an error too. The result is Done if and only if `report` has no errors.
+TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, TextReport& report);
 
 // A value that the notation has no word for: the object that carries it and the attribute's
 // keyword.

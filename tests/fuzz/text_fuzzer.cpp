@@ -9,11 +9,20 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(bytes), size);
   korvel::OwnedGroup group;
-  korvel::TextError error;
-  korvel::List<korvel::MissingPart> missing;
-  if (korvel::ReadTextGroup(text, group, error, &missing) != korvel::TextResult::Done) {
-    return 0;
+  korvel::TextReport report;
+  const bool isGood = korvel::ReadTextGroup(text, group, report) == korvel::TextResult::Done;
+  // Each error is at a later place than the one before, and within the text.
+  std::uint64_t end = 0;
+  for (const korvel::TextError& error : report.errors) {
+    if (error.offset < end || error.offset + error.length > size) std::abort();
+    end = error.offset + std::uint64_t{1};
   }
+  if (isGood != report.errors.IsEmpty()) std::abort();
+  // The reader without a report accepts all that the other one accepts.
+  korvel::OwnedGroup plain;
+  const bool isPlainGood = korvel::ReadTextGroup(text, plain) == korvel::TextResult::Done;
+  if (isGood && (!isPlainGood || *plain != *group)) std::abort();
+  if (!isGood) return 0;
   korvel::OctetString written;
   if (korvel::WriteTextGroup(*group, written) != korvel::Status::Done) {
     return 0;  // a link without an event has no word for it

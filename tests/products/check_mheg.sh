@@ -13,7 +13,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cp -r "$source"/examples/welcome "$work/texts"
 cp "$source"/tests/golden/dump/*.mheg "$work/texts"
-cp -r "$source"/tests/unit/mheg/faulty "$work/faulty"
+cp -r "$source"/tests/unit/mheg/faulty "$source"/tests/unit/mheg/mistakes "$work"
 # These omit required attributes.
 rm "$work/texts/programs_variables.mheg" "$work/texts/links.mheg" "$work/texts/token_groups.mheg"
 
@@ -24,7 +24,7 @@ both() {
   shift
   for side in windows native; do
     mkdir -p "$work/$side"
-    cp -r "$work/texts" "$work/faulty" "$work/$side"
+    cp -r "$work/texts" "$work/faulty" "$work/mistakes" "$work/$side"
   done
   (cd "$work/native" && "$native" "$@" >out 2>err) && of_native=0 || of_native=$?
   (cd "$work/windows" && "$wine" "$windows" "$@" >out 2>raw) && of_windows=0 || of_windows=$?
@@ -48,8 +48,10 @@ both 0 dump $groups
 [ "$(grep -c '^|---\(SCene\|Application\):' "$work/windows/out")" -eq "$count" ] ||
   { echo "not all are printed"; exit 1; }
 both 1 check faulty
-[ "$(wc -l <"$work/windows/err")" -eq "$(wc -l <"$source/tests/unit/mheg/faulty.expected")" ] ||
+[ "$(grep -c '^faulty/' "$work/windows/err")" -eq \
+  "$(wc -l <"$source/tests/unit/mheg/faulty.expected")" ] ||
   { echo "not all faults are reported"; exit 1; }
+both 1 check mistakes
 both 1 compile faulty/broken.mheg faulty/missing.mheg texts/menu.mheg -o mixed/
 both 1 decompile faulty/cut -o cut.mheg
 both 1 dump faulty/cut faulty/broken.mheg

@@ -11,11 +11,11 @@ namespace {
 
 OwnedGroup Read(std::string_view text) {
   OwnedGroup group;
-  TextError error;
-  const TextResult result = ReadTextGroup(text, group, error);
-  EXPECT_EQ(result, TextResult::Done)
-      << "line " << error.place.line << ", column " << error.place.column << ": found \""
-      << error.found.data() << "\", expected " << error.expected.data();
+  TextReport report;
+  EXPECT_EQ(ReadTextGroup(text, group, report), TextResult::Done);
+  for (const TextError& error : report.errors) {
+    ADD_FAILURE() << "expected " << error.expected << " before " << text.substr(error.offset, 40);
+  }
   return group;
 }
 

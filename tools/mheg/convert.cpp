@@ -11,7 +11,7 @@ namespace mheg {
 namespace {
 
 Outcome Failed(Outcome outcome, const std::filesystem::path& path, const std::string& reason) {
-  outcome.messages.push_back(path.string() + ": " + reason);
+  outcome.messages.push_back({path, reason});
   outcome.isGood = false;
   return outcome;
 }
@@ -51,8 +51,8 @@ Outcome Decompile(const std::filesystem::path& input, const std::filesystem::pat
                       wordless.keyword + " " + std::to_string(wordless.number));
   }
   if (text.Length() > korvel::kMaxTextSize) {
-    outcome.messages.push_back(output.string() + ": longer than 65535 bytes, which is the most "
-                                                 "that a text can have to be compiled again");
+    outcome.messages.push_back({output, "longer than 65535 bytes, which is the most that a text "
+                                        "can have to be compiled again"});
   }
   return Write(text.View(), output, std::move(outcome));
 }

@@ -2,15 +2,15 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
-#include <vector>
+
+#include "mheg/message.h"
 
 namespace mheg {
 
 // The result for one file.
 struct Outcome {
-  std::vector<std::string> messages;  // lines to report
-  bool isGood = true;                 // the conversion succeeded
+  Messages messages;
+  bool isGood = true;  // the conversion succeeded
 };
 
 // Each reads one file and writes it in the other form. On failure no output is written, unless

@@ -1,27 +1,20 @@
 // Reads a group from a file. Messages give the position of each fault.
 #include "mheg/group_file.h"
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 #include <span>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
+#include "mheg/text_messages.h"
 #include "objects/ber/ber.h"
 #include "textual/textual.h"
 
 namespace mheg {
 namespace {
-
-std::string AtPlace(const GroupFile& file, korvel::TextPlace place) {
-  return file.path.string() + ":" + std::to_string(place.line) + ":" +
-         std::to_string(place.column) + ": ";
-}
-
-// A message's part that names the construct with the fault; empty if it is unknown.
-std::string In(const std::string& construct) {
-  return construct.empty() ? "" : "in " + construct + ": ";
-}
 
 // Far more than a group needs, but small enough for many threads to hold one file each.
 constexpr std::size_t kMaxFileSize = 128U << 20;
@@ -29,7 +22,7 @@ constexpr std::size_t kMaxFileSize = 128U << 20;
 // Reads the whole file. Returns null, or the reason why the file cannot be used.
 const char* ReadBytes(const std::filesystem::path& path, std::string& bytes) {
   std::error_code ignored;
-  if (std::filesystem::is_directory(path, ignored)) return "is a folder";
+  if (std::filesystem::is_directory(path, ignored)) return "is a folder, expected a file";
   std::ifstream stream(path, std::ios::binary);
   std::array<char, 16384> chunk;
   do {
@@ -43,6 +36,10 @@ const char* ReadBytes(const std::filesystem::path& path, std::string& bytes) {
 // Some editors write this mark before the text. The notation does not allow it, so it is skipped.
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
+bool IsUtf16(std::string_view bytes) {
+  return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+}
+
 // Detects the form from the first byte: BER begins with a tag, which is a byte that no text begins
 // with except in a byte order mark.
 GroupForm FormOf(std::string_view bytes) {
@@ -51,24 +48,16 @@ GroupForm FormOf(std::string_view bytes) {
   return hasTag && !bytes.starts_with(kByteOrderMark) ? GroupForm::Ber : GroupForm::Text;
 }
 
-void ReadText(std::string_view text, GroupFile& file) {
-  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-  korvel::TextError error;
-  korvel::List<korvel::MissingPart> missing;
-  korvel::List<korvel::SourcePlace> places;
-  const korvel::TextResult result =
-      korvel::ReadTextGroup(text, file.group, error, &missing, &places);
-  if (result != korvel::TextResult::Done) {
-    file.messages.push_back(AtPlace(file, error.place) + In(error.construct.data()) + "found " +
-                            error.found.data() + ", expected " + error.expected.data());
-    return;
-  }
-  file.places = SourcePlaces(text, places);
-  for (const korvel::MissingPart& part : missing) {
-    file.messages.push_back(AtPlace(file, korvel::PlaceInText(text, part.offset)) + part.owner +
-                            " lacks " + part.missing);
-  }
-  file.isComplete = missing.IsEmpty();
+void ReadText(std::string bytes, GroupFile& file) {
+  if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
+  korvel::TextReport report;
+  (void)korvel::ReadTextGroup(bytes, file.group, report);
+  // Nothing after the first byte too many is shown.
+  bytes.resize(std::min(bytes.size(), korvel::kMaxTextSize + 1));
+  AddMessages(bytes, report, file);
+  file.places = SourcePlaces(bytes, report.places);
+  file.isComplete = report.missing.IsEmpty();
+  file.text = std::move(bytes);
 }
 
 void ReadBer(std::string_view bytes, GroupFile& file) {
@@ -77,9 +66,11 @@ void ReadBer(std::string_view bytes, GroupFile& file) {
   if (korvel::DecodeGroup(octets, file.group, &error) == korvel::Status::Done) {
     return;
   }
-  const std::string part = *error.part == 0 ? "" : std::string(" ") + error.part;
-  file.messages.push_back(file.path.string() + ": byte " + std::to_string(error.offset) + ": " +
-                          In(error.owner + part) + "expected " + error.expected);
+  std::string text = "byte " + std::to_string(error.offset) + ": ";
+  if (*error.owner != 0) text.append("in ").append(error.owner);
+  if (*error.part != 0) text.append(" ").append(error.part);
+  if (*error.owner != 0) text += ": ";
+  file.messages.push_back({file.path, text + "expected " + error.expected});
   file.group.reset();
 }
 
@@ -90,11 +81,15 @@ GroupFile ReadGroupFile(const std::filesystem::path& path) {
   file.path = path;
   std::string bytes;
   if (const char* reason = ReadBytes(path, bytes)) {
-    file.messages.push_back(path.string() + ": " + reason);
+    file.messages.push_back({path, reason});
+    return file;
+  }
+  if (IsUtf16(bytes)) {
+    file.messages.push_back({path, "is text in UTF-16, expected UTF-8"});
     return file;
   }
   file.form = FormOf(bytes);
-  file.form == GroupForm::Text ? ReadText(bytes, file) : ReadBer(bytes, file);
+  file.form == GroupForm::Text ? ReadText(std::move(bytes), file) : ReadBer(bytes, file);
   return file;
 }
 

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
-#include <vector>
 
+#include "mheg/message.h"
 #include "mheg/source_places.h"
 #include "objects/ownership.h"
 
@@ -16,10 +16,11 @@ enum class GroupForm { Text, Ber };
 struct GroupFile {
   std::filesystem::path path;
   GroupForm form = GroupForm::Text;
-  korvel::OwnedGroup group;           // empty if the file could not be read
-  std::vector<std::string> messages;  // each with the file and, if known, the position
-  bool isComplete = true;             // no mandatory attribute is missing
-  SourcePlaces places;                // of a text
+  korvel::OwnedGroup group;  // empty if the file could not be read
+  Messages messages;         // each with its place, if known
+  bool isComplete = true;    // no mandatory part is missing
+  std::string text;          // without a byte order mark; empty for BER
+  SourcePlaces places;       // of a text
 
   [[nodiscard]] bool IsGood() const { return group && isComplete; }
 };

@@ -18,10 +18,6 @@
 
 namespace {
 
-void PrintMessages(const std::vector<std::string>& messages) {
-  for (const std::string& message : messages) std::fprintf(stderr, "%s\n", message.c_str());
-}
-
 // An output path that ends in a separator names a folder. Creates that folder.
 bool MakeOutputFolder(const std::filesystem::path& output) {
   if (output.empty() || output.has_filename()) return true;
@@ -43,7 +39,7 @@ bool Convert(const mheg::Options& options) {
   });
   bool isGood = true;
   for (const mheg::Outcome& outcome : outcomes) {
-    PrintMessages(outcome.messages);
+    Print(outcome.messages, stderr);
     isGood = isGood && outcome.isGood;
   }
   return isGood;
@@ -54,7 +50,7 @@ bool Dump(const mheg::Options& options) {
   bool isGood = true;
   for (const std::filesystem::path& input : options.inputs) {
     const mheg::GroupFile file = mheg::ReadGroupFile(input);
-    PrintMessages(file.messages);
+    Print(file.messages, stderr);
     isGood = isGood && file.group;
     if (!file.group) continue;
     if (IsApplication(file.group)) {
@@ -67,8 +63,8 @@ bool Dump(const mheg::Options& options) {
 }
 
 bool Check(const mheg::Options& options) {
-  const std::vector<std::string> messages = mheg::Check(options.inputs, options.jobs);
-  PrintMessages(messages);
+  const mheg::Messages messages = mheg::Check(options.inputs, options.jobs);
+  Print(messages, stderr);
   return messages.empty();
 }
 

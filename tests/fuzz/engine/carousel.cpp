@@ -200,8 +200,8 @@ Files Generate(Choices& choices) {
 
 std::string CompileGroup(std::string_view text) {
   OwnedGroup group;
-  TextError error;
-  if (ReadTextGroup(text, group, error) != TextResult::Done) std::abort();
+  TextReport report;
+  if (ReadTextGroup(text, group, report) != TextResult::Done) std::abort();
   return Encode(*group);
 }
 

@@ -26,10 +26,7 @@ template <class Print> std::string Printed(Print&& print) {
 // Reads the group without completing its references.
 inline OwnedGroup Read(const std::string& text) {
   OwnedGroup group;
-  TextError error;
-  EXPECT_EQ(ReadTextGroup(text, group, error), TextResult::Done)
-      << text << "\n"
-      << error.place.line << ":" << error.place.column << " expected " << error.expected.data();
+  EXPECT_EQ(ReadTextGroup(text, group), TextResult::Done) << text;
   return group;
 }
 

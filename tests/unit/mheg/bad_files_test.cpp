@@ -11,7 +11,7 @@ TEST_F(Tool, a_folder_is_refused_as_an_input) {
   for (const char* command : {"compile menu -o x", "decompile menu -o x", "dump menu"}) {
     const ToolOutcome run = Call(command);
     EXPECT_EQ(run.status, 1) << command;
-    EXPECT_EQ(run.output, "menu: is a folder\n") << command;
+    EXPECT_EQ(run.output, "menu: is a folder, expected a file\n") << command;
   }
   EXPECT_FALSE(Exists("x"));
 }
@@ -45,7 +45,7 @@ TEST_F(Tool, a_file_of_100_megabytes_is_refused) {
   fs::resize_file(folder_ / "s.mheg", 100000000);
   ToolOutcome run = Call("compile s.mheg -o x");
   EXPECT_EQ(run.status, 1);
-  EXPECT_NE(run.output.find("a text has at most 65535 bytes\n"), std::string::npos) << run.output;
+  EXPECT_NE(run.output.find("a text of at most 65535 bytes\n"), std::string::npos) << run.output;
   Write("s", "\xA1\x84\x7F\xFF\xFF\xFF");  // a scene that is even longer
   fs::resize_file(folder_ / "s", 100000000);
   run = Call("decompile s -o x");
@@ -59,9 +59,9 @@ TEST_F(Tool, check_reports_impossible_file_names_as_missing) {
                       name + "\"}) :OnStartUp (:TransitionTo((\"" + name + "\" 0)))}");
   const ToolOutcome run = Call("check s.mheg");
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.output, "s.mheg: object 0: refers to the group " + name +
-                            ", which is not there\ns.mheg: object 1: takes content from " + name +
-                            ", which is not there\n");
+  EXPECT_EQ(run.Messages(), "s.mheg:1:391: object 0: refers to the group " + name +
+                                ", which is not there\ns.mheg:1:47: object 1: takes content from " +
+                                name + ", which is not there\n");
 }
 
 TEST_F(Tool, check_skips_a_symbolic_link_to_itself) {
@@ -93,8 +93,8 @@ TEST_F(Tool, check_reports_files_it_may_not_read_and_checks_the_rest) {
       geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search " : "";
   const ToolOutcome run = Call("check .", restricted);
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.output, "./closed: cannot be read\n./ber: cannot be read\n"
-                        "./s.mheg: object 0: refers to object 5, which does not exist\n");
+  EXPECT_EQ(run.Messages(), "./closed: cannot be read\n./ber: cannot be read\n"
+                            "./s.mheg:1:23: object 0: refers to object 5, which does not exist\n");
   EXPECT_EQ(Call("check closed", restricted).output, "closed: cannot be read\n");
   fs::permissions(folder_ / "closed", fs::perms::owner_all);
 }
@@ -169,10 +169,12 @@ TEST_F(Tool, a_byte_order_mark_before_a_text_is_skipped) {
 
 TEST_F(Tool, columns_are_counted_after_a_byte_order_mark) {
   Write("marked.mheg", std::string(kByteOrderMark) + "{:Scene 0 :Items ({:Text 1})}");
-  EXPECT_EQ(Call("compile marked.mheg -o x").output, "marked.mheg:1:19: Text lacks :OrigBoxSize\n");
+  EXPECT_EQ(Call("compile marked.mheg -o x").Messages(),
+            "marked.mheg:1:19: Text lacks :OrigBoxSize\n");
   Write("marked.mheg", std::string(kByteOrderMark) + "{:Scene }");
   EXPECT_EQ(Call("compile marked.mheg -o x").output,
-            "marked.mheg:1:9: in Scene: found }, expected an object number or (group number)\n");
+            "marked.mheg:1:9: in Scene: found }, expected an object number or (\"group\" number)\n"
+            "    1 | {:Scene }\n      |         ^\n");
 }
 
 TEST_F(Tool, a_text_of_maximum_length_may_have_a_byte_order_mark) {

@@ -1,5 +1,5 @@
-// Long runs: the progress line on a terminal, and files processed in parallel. A file that is a
-// pipe blocks its reader until the test has written it.
+// The terminal: colours of messages, and the progress line of long runs. Also files processed in
+// parallel. A file that is a pipe blocks its reader until the test has written it.
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
@@ -128,7 +128,7 @@ TEST_F(LongRun, clears_its_progress_before_messages) {
   EXPECT_TRUE(tool.Shows(kShown));
   EndWriting(slow);
   EXPECT_EQ(tool.Status(), 1);
-  EXPECT_NE(tool.Shown().find(std::string(kCleared) + "bad.mheg:1:2: "), std::string::npos)
+  EXPECT_NE(tool.Shown().find(std::string(kCleared) + "\x1B[1mbad.mheg:1:2: "), std::string::npos)
       << tool.Shown();
 }
 
@@ -179,6 +179,20 @@ TEST_F(LongRun, with_one_job_processes_one_file_after_the_other) {
   ASSERT_NE(two, -1);
   EndWriting(two);
   EXPECT_EQ(tool.Status(), 0);
+}
+
+TEST_F(Tool, messages_are_coloured_on_a_terminal_unless_no_color_is_set) {
+  Write("bad.mheg", "{:Scene }");
+  unsetenv("NO_COLOR");
+  OnTerminal coloured(folder_, {"compile", "bad.mheg", "-o", "x"});
+  EXPECT_TRUE(coloured.Shows("\x1B[1mbad.mheg:1:9: \x1B[0min Scene"));
+  EXPECT_TRUE(coloured.Shows("\x1B[1;32m^\x1B[0m"));
+  EXPECT_EQ(coloured.Status(), 1);
+  setenv("NO_COLOR", "1", 1);
+  OnTerminal plain(folder_, {"compile", "bad.mheg", "-o", "x"});
+  EXPECT_TRUE(plain.Shows("bad.mheg:1:9: in Scene"));
+  EXPECT_EQ(plain.Status(), 1);
+  unsetenv("NO_COLOR");
 }
 
 }  // namespace

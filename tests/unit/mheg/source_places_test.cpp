@@ -10,10 +10,9 @@ namespace {
 
 SourcePlaces PlacesOf(std::string_view text) {
   korvel::OwnedGroup group;
-  korvel::TextError error;
-  korvel::List<korvel::SourcePlace> places;
-  EXPECT_EQ(korvel::ReadTextGroup(text, group, error, nullptr, &places), korvel::TextResult::Done);
-  return {text, places};
+  korvel::TextReport report;
+  EXPECT_EQ(korvel::ReadTextGroup(text, group, report), korvel::TextResult::Done);
+  return {text, report.places};
 }
 
 std::string Shown(korvel::TextPlace place) {
@@ -42,14 +41,14 @@ TEST(SourcePlaces, objects_are_found_by_number_and_attributes_by_keyword) {
   EXPECT_EQ(Shown(places.Find(0, ":Items")), "4:3");
   EXPECT_EQ(Shown(places.Find(1)), "5:5");
   EXPECT_EQ(Shown(places.Find(4)), "12:7") << "a component of a stream";
-  EXPECT_EQ(Shown(places.Find(4, ":ComponentTag")), "12:16");
+  EXPECT_EQ(Shown(places.Find(4, ":ComponentTag")), "12:17");
 }
 
 TEST(SourcePlaces, actions_are_counted_in_their_attribute_across_all_its_lists) {
   const SourcePlaces places = PlacesOf(kText);
   EXPECT_EQ(Shown(places.Find(0, ":OnStartUp", 0)), "2:15");
   EXPECT_EQ(Shown(places.Find(0, ":OnStartUp", 1)), "3:5");
-  EXPECT_EQ(Shown(places.Find(2, ":TokenGroupItems", 1)), "8:52");
+  EXPECT_EQ(Shown(places.Find(2, ":TokenGroupItems", 1)), "8:51");
   EXPECT_EQ(Shown(places.Find(2, ":TokenGroupItems", 2)), "9:10");
   EXPECT_EQ(Shown(places.Find(2, ":NoTokenActionSlots", 0)), "10:29");
 }

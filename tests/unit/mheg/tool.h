@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
 
 namespace mheg {
@@ -18,6 +19,17 @@ namespace fs = std::filesystem;
 struct ToolOutcome {
   int status = -1;
   std::string output;  // both streams
+
+  // The output without the excerpts of source lines.
+  [[nodiscard]] std::string Messages() const {
+    std::istringstream lines(output);
+    std::string messages;
+    for (std::string line; std::getline(lines, line);) {
+      const bool isExcerpt = line.find_first_not_of(" 0123456789") == 6 && line[6] == '|';
+      if (!isExcerpt) messages += line + "\n";
+    }
+    return messages;
+  }
 };
 
 class Tool : public testing::Test {

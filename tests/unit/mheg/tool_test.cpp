@@ -31,7 +31,7 @@ TEST_F(Tool, bad_text_is_reported_with_file_line_and_column_and_not_written) {
   Write("bad.mheg", "{:Scene (\"~/s\" 0)\n  :SceneCS 720\n}\n");
   const ToolOutcome run = Call("compile bad.mheg good.mheg -o out/");
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.output, "bad.mheg:3:1: in Scene :SceneCS: found }, expected an integer\n");
+  EXPECT_EQ(run.Messages(), "bad.mheg:3:1: in Scene :SceneCS: found }, expected an integer\n");
   EXPECT_FALSE(Exists("out/bad"));
   EXPECT_TRUE(Exists("out/good"));
 }
@@ -41,8 +41,8 @@ TEST_F(Tool, missing_attributes_are_reported_and_nothing_is_written) {
                   "IsRunning}\n )\n}\n");
   const ToolOutcome run = Call("compile s.mheg -o s");
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.output, "s.mheg:3:3: Rectangle lacks :OrigBoxSize\ns.mheg:4:3: Link lacks "
-                        ":LinkEffect\n");
+  EXPECT_EQ(run.Messages(), "s.mheg:3:3: Rectangle lacks :OrigBoxSize\ns.mheg:4:3: Link lacks "
+                            ":LinkEffect\n");
   EXPECT_FALSE(Exists("s"));
 }
 
@@ -89,7 +89,7 @@ TEST_F(Tool, check_returns_1_if_it_reports_anything) {
   Write("s.mheg", "{:Scene 0 :OnStartUp (:Run(5))}");
   const ToolOutcome run = Call("check .");
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.output, "./s.mheg: object 0: refers to object 5, which does not exist\n");
+  EXPECT_EQ(run.Messages(), "./s.mheg:1:23: object 0: refers to object 5, which does not exist\n");
 }
 
 TEST_F(Tool, check_reports_nothing_for_the_demos) {
@@ -111,14 +111,17 @@ TEST_F(Tool, errors_go_to_the_standard_error_and_trees_to_the_standard_output) {
   Write("bad.mheg", "{");
   Write("good.mheg", kScene);
   EXPECT_EQ(Call("dump bad.mheg good.mheg 2>/dev/null").output.rfind("|---SCene:\n", 0), 0U);
-  EXPECT_EQ(Call("dump bad.mheg good.mheg >/dev/null").output,
+  EXPECT_EQ(Call("dump bad.mheg good.mheg >/dev/null").Messages(),
             "bad.mheg:1:2: found the end of the text, expected :Application or :Scene\n");
 }
 
 TEST_F(Tool, an_unknown_word_is_reported_once) {
-  Write("bad.mheg", "{:Scene 0 :TextColor 1}");
+  Write("bad.mheg", "{:Application 0 :TextColor 1}");
   EXPECT_EQ(Call("compile bad.mheg -o bad").output,
-            "bad.mheg:1:11: found :TextColor, expected a keyword such as :TEXTCOLOUR\n");
+            "bad.mheg:1:17: in Application: found :TextColor, expected } or an attribute of "
+            "Application (did you mean :TextColour?)\n"
+            "    1 | {:Application 0 :TextColor 1}\n"
+            "      |                 ^~~~~~~~~~\n");
 }
 
 TEST_F(Tool, check_of_one_file_does_not_report_other_files) {
@@ -169,12 +172,13 @@ TEST_F(Tool, messages_are_in_file_order_with_any_number_of_jobs) {
     Write(name, i % 3 == 0 ? "{:Scene }" : kScene);
     names += " " + name;
     if (i % 3 == 0)
-      expected += name + ":1:9: in Scene: found }, expected an object number or (group number)\n";
+      expected +=
+          name + ":1:9: in Scene: found }, expected an object number or (\"group\" number)\n";
   }
   for (const char* jobs : {"", " --jobs 0", " --jobs 1", " -j 7"}) {
     const ToolOutcome run = Call("compile" + names + " -o out/" + jobs);
     EXPECT_EQ(run.status, 1) << jobs;
-    EXPECT_EQ(run.output, expected) << jobs;
+    EXPECT_EQ(run.Messages(), expected) << jobs;
     EXPECT_TRUE(Exists("out/38"));
     EXPECT_FALSE(Exists("out/39"));
   }

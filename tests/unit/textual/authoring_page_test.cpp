@@ -36,13 +36,14 @@ TEST(AuthoringPage, every_example_is_a_complete_group_and_compiles) {
   EXPECT_GE(examples.size(), 8U);
   for (const std::string& example : examples) {
     OwnedGroup group;
-    TextError error;
-    List<MissingPart> missing;
-    EXPECT_EQ(ReadTextGroup(example, group, error, &missing), TextResult::Done)
-        << example << error.place.line << ":" << error.place.column << " found "
-        << error.found.data() << ", expected " << error.expected.data();
-    for (const MissingPart& part : missing)
-      ADD_FAILURE() << part.owner << " lacks " << part.missing;
+    TextReport report;
+    EXPECT_EQ(ReadTextGroup(example, group, report), TextResult::Done) << example;
+    for (const TextError& error : report.errors) {
+      ADD_FAILURE() << "expected " << error.expected << " at " << example.substr(error.offset, 40);
+    }
+    for (const MissingPart& part : report.missing) {
+      ADD_FAILURE() << part.owner << " lacks " << part.attribute << part.parameter;
+    }
     OctetString bytes;
     EXPECT_EQ(EncodeGroup(*group, bytes), Status::Done) << example;
   }

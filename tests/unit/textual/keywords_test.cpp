@@ -1,9 +1,7 @@
-// Every keyword with its code, and the keywords suggested for misspelt words.
+// Every keyword with its code.
 #include "textual/keywords.h"
 
 #include <gtest/gtest.h>
-
-#include <string>
 
 namespace korvel {
 namespace {
@@ -120,38 +118,6 @@ TEST(Keywords, bucket_is_the_sum_of_signed_bytes_without_its_sign) {
   EXPECT_EQ(KeywordBucket("UP"), (85U + 80U) % 101U);
   EXPECT_EQ(KeywordBucket("\xFF"), 65535U % 101U);
   EXPECT_EQ(KeywordBucket("\x80\x80"), (65536U - 256U) % 101U);
-}
-
-std::string Guess(std::string_view word) {
-  const char* keyword = NearestKeyword(word);
-  return keyword == nullptr ? "none" : keyword;
-}
-
-TEST(NearestKeyword, a_word_with_one_wrong_letter_finds_its_keyword) {
-  EXPECT_EQ(Guess(":TEXTCOLOR"), ":TEXTCOLOUR") << "a letter left out";
-  EXPECT_EQ(Guess(":TEXTT"), ":TEXT") << "a letter inserted";
-  EXPECT_EQ(Guess(":TAXT"), ":TEXT") << "a letter changed";
-  EXPECT_EQ(Guess("ISRUNING"), "ISRUNNING");
-  EXPECT_EQ(Guess(":CONTENTREF)"), ":CONTENTREF") << "with a bracket at its end";
-}
-
-TEST(NearestKeyword, long_words_may_differ_by_more_letters) {
-  EXPECT_EQ(Guess(":ORIGREFFILCOLOR"), ":ORIGREFFILLCOLOUR");
-  EXPECT_EQ(Guess(":TXET"), "none") << "two letters of a short word";
-}
-
-TEST(NearestKeyword, words_unlike_any_keyword_have_no_suggestion) {
-  for (const char* word : {"", "X", "KEYPRESS", "RED", ":BUTTONPRESSED", "HELLO"}) {
-    EXPECT_EQ(Guess(word), "none") << word;
-  }
-  EXPECT_EQ(Guess(std::string(41, 'A')), "none");
-  EXPECT_EQ(Guess(":TEXT" + std::string(100'000, 'T')), "none");
-}
-
-TEST(NearestKeyword, each_keyword_is_nearest_to_itself) {
-  for (std::uint16_t code = 1; code <= kKeywordCount; ++code) {
-    EXPECT_EQ(Guess(KeywordText(code)), KeywordText(code));
-  }
 }
 
 }  // namespace

@@ -14,19 +14,18 @@ namespace {
 using namespace std::string_literals;
 
 struct Lexing {
-  LexResult result = LexResult::Done;
-  LexStop stop;
+  TokenList list;
   std::vector<int> codes;  // without the end of the text
   std::vector<std::int32_t> numbers;
   std::vector<std::string> strings;
 };
 
-Lexing LexText(const std::string& text) {
+Lexing LexText(const std::string& text, LexMode mode = LexMode::Plain) {
   // The text is in a block of exactly its size, so that the sanitizer reports a read past its end.
   const std::vector<char> exact(text.begin(), text.end());
-  TokenList list;
   Lexing lexing;
-  lexing.result = Lex({exact.data(), exact.size()}, list, lexing.stop);
+  TokenList& list = lexing.list;
+  EXPECT_TRUE(Lex({exact.data(), exact.size()}, mode, list));
   for (const Token& token : list.tokens) {
     if (token.code == kEndOfText) break;
     lexing.codes.push_back(token.code);
@@ -34,6 +33,15 @@ Lexing LexText(const std::string& text) {
     if (token.code == kString) lexing.strings.emplace_back(list.String(token));
   }
   return lexing;
+}
+bool IsValid(const std::string& text) { return LexText(text).list.isValid; }
+// The places of all problems: "OFFSET+LENGTH ".
+std::string ProblemsOf(const std::string& text, LexMode mode = LexMode::Plain) {
+  std::string all;
+  for (const LexProblem& problem : LexText(text, mode).list.problems) {
+    all += std::to_string(problem.offset) + "+" + std::to_string(problem.length) + " ";
+  }
+  return all;
 }
 
 TEST(Lexer, case_of_a_keyword_does_not_matter) {
@@ -47,7 +55,7 @@ TEST(Lexer, stop_precedes_step) {
 
 TEST(Lexer, white_space_is_tab_line_feed_form_feed_return_and_space) {
   EXPECT_EQ(LexText("\t\n\f\r TRUE \t\n\f\r").codes, (std::vector<int>{299}));
-  EXPECT_EQ(LexText("\v").result, LexResult::BadText);
+  EXPECT_FALSE(IsValid("\v"));
 }
 
 TEST(Lexer, brackets_are_tokens) {
@@ -62,14 +70,14 @@ TEST(Lexer, comment_runs_to_the_end_of_its_line) {
 
 TEST(Lexer, comment_may_end_with_the_text) {
   const Lexing lexing = LexText("TRUE // the end");
-  EXPECT_EQ(lexing.result, LexResult::Done);
+  EXPECT_TRUE(lexing.list.isValid);
   EXPECT_EQ(lexing.codes, (std::vector<int>{299}));
-  EXPECT_EQ(LexText("//").result, LexResult::Done);
+  EXPECT_TRUE(IsValid("//"));
 }
 
 TEST(Lexer, lone_slash_is_refused) {
-  EXPECT_EQ(LexText("TRUE / FALSE").result, LexResult::UnknownWord);
-  EXPECT_EQ(LexText("/").result, LexResult::UnknownWord);
+  EXPECT_FALSE(IsValid("TRUE / FALSE"));
+  EXPECT_FALSE(IsValid("/"));
 }
 
 TEST(Lexer, backslash_makes_the_next_byte_literal) {
@@ -98,8 +106,9 @@ TEST(Lexer, string_without_its_closing_quote_is_refused) {
   for (const char* text :
        {"\"", "\"abc", "\"abc\\", "\"abc\\\"", "'", "'abc", "'=", "'=4", "'=41"}) {
     const Lexing lexing = LexText(text);
-    EXPECT_EQ(lexing.result, LexResult::BadText) << text;
-    EXPECT_EQ(lexing.stop.offset, 0U) << "the reported place is the opening quote";
+    EXPECT_FALSE(lexing.list.isValid) << text;
+    ASSERT_EQ(lexing.list.problems.Size(), 1U) << text;
+    EXPECT_EQ(lexing.list.problems[0].offset, 0U) << "the reported place is the opening quote";
   }
 }
 
@@ -118,19 +127,19 @@ TEST(Lexer, leading_zero_is_a_separate_number) {
 TEST(Lexer, number_has_32_bits) {
   EXPECT_EQ(LexText("2147483647 -2147483648").numbers,
             (std::vector<std::int32_t>{2147483647, -2147483647 - 1}));
-  EXPECT_EQ(LexText("2147483648").result, LexResult::BadText);
-  EXPECT_EQ(LexText("-2147483649").result, LexResult::BadText);
-  EXPECT_EQ(LexText(std::string(60000, '9')).result, LexResult::BadText);
+  EXPECT_FALSE(IsValid("2147483648"));
+  EXPECT_FALSE(IsValid("-2147483649"));
+  EXPECT_FALSE(IsValid(std::string(60000, '9')));
 }
 
 TEST(Lexer, hexadecimal_number_is_refused) {
-  EXPECT_EQ(LexText("0x1").result, LexResult::BadText);
-  EXPECT_EQ(LexText("TRUE 0X").result, LexResult::BadText);
+  EXPECT_FALSE(IsValid("0x1"));
+  EXPECT_FALSE(IsValid("TRUE 0X"));
 }
 
 TEST(Lexer, minus_without_a_digit_is_refused) {
-  EXPECT_EQ(LexText("-").result, LexResult::BadText);
-  EXPECT_EQ(LexText("- 1").result, LexResult::BadText);
+  EXPECT_FALSE(IsValid("-"));
+  EXPECT_FALSE(IsValid("- 1"));
 }
 
 TEST(Lexer, keyword_with_a_colon_ends_at_an_opening_bracket) {
@@ -139,8 +148,8 @@ TEST(Lexer, keyword_with_a_colon_ends_at_an_opening_bracket) {
 }
 
 TEST(Lexer, keyword_with_a_colon_does_not_end_at_a_closing_bracket) {
-  EXPECT_EQ(LexText(":Name}").result, LexResult::UnknownWord);
-  EXPECT_EQ(LexText(":Name)").result, LexResult::UnknownWord);
+  EXPECT_FALSE(IsValid(":Name}"));
+  EXPECT_FALSE(IsValid(":Name)"));
 }
 
 TEST(Lexer, bare_word_ends_at_a_closing_bracket) {
@@ -149,34 +158,37 @@ TEST(Lexer, bare_word_ends_at_a_closing_bracket) {
 }
 
 TEST(Lexer, bare_word_does_not_end_at_an_opening_bracket) {
-  EXPECT_EQ(LexText("TRUE{").result, LexResult::UnknownWord);
-  EXPECT_EQ(LexText("TRUE(").result, LexResult::UnknownWord);
+  EXPECT_FALSE(IsValid("TRUE{"));
+  EXPECT_FALSE(IsValid("TRUE("));
 }
 
 TEST(Lexer, word_ends_at_a_control_byte_and_at_127) {
-  EXPECT_EQ(LexText("TRUE\x01").codes, (std::vector<int>{299}));
-  EXPECT_EQ(LexText("TRUE\x7F").codes, (std::vector<int>{299}));
-  EXPECT_EQ(LexText(":Name\x7F").codes, (std::vector<int>{73}));
+  EXPECT_EQ(LexText("TRUE\x01").codes, (std::vector<int>{299, kUnknown}));
+  EXPECT_EQ(LexText("TRUE\x7F").codes, (std::vector<int>{299, kUnknown}));
+  EXPECT_EQ(LexText(":Name\x7F").codes, (std::vector<int>{73, kUnknown}));
 }
 
 TEST(Lexer, word_does_not_end_at_a_high_byte) {
-  EXPECT_EQ(LexText("TRUE\xC8 ").result, LexResult::UnknownWord);
-  EXPECT_EQ(LexText(":Name\xC8 ").result, LexResult::UnknownWord);
+  EXPECT_FALSE(IsValid("TRUE\xC8 "));
+  EXPECT_FALSE(IsValid(":Name\xC8 "));
 }
 
 TEST(Lexer, unknown_word_is_reported_in_capitals) {
   const Lexing lexing = LexText("TRUE :foo(");
-  EXPECT_EQ(lexing.stop.word.View(), ":FOO");
-  EXPECT_FALSE(LexText("TRUE / FALSE").stop.word.IsPresent());
-  EXPECT_EQ(lexing.result, LexResult::UnknownWord);
-  EXPECT_EQ(lexing.stop.offset, 5U);
+  EXPECT_EQ(lexing.list.unknownWord.View(), ":FOO");
+  EXPECT_FALSE(LexText("TRUE / FALSE").list.unknownWord.IsPresent());
+  EXPECT_FALSE(lexing.list.isValid);
+  EXPECT_EQ(lexing.list.tokens[1].code, kUnknownKeyword);
+  EXPECT_EQ(lexing.list.tokens[1].offset, 5U);
+  EXPECT_FALSE(LexText("- :foo").list.unknownWord.IsPresent()) << "another error precedes it";
+  EXPECT_EQ(LexText(":foo :bar").list.unknownWord.View(), ":FOO");
 }
 
 TEST(Lexer, invisible_bytes_are_refused) {
-  EXPECT_EQ(LexText("\xC8").result, LexResult::BadText);
-  EXPECT_EQ(LexText("\x7F").result, LexResult::BadText);
-  EXPECT_EQ(LexText("\x01").result, LexResult::BadText);
-  EXPECT_EQ(LexText("TRUE \0"s).result, LexResult::BadText);
+  EXPECT_FALSE(IsValid("\xC8"));
+  EXPECT_FALSE(IsValid("\x7F"));
+  EXPECT_FALSE(IsValid("\x01"));
+  EXPECT_FALSE(IsValid("TRUE \0"s));
 }
 
 TEST(Lexer, text_of_65535_bytes_is_read) {
@@ -185,14 +197,53 @@ TEST(Lexer, text_of_65535_bytes_is_read) {
   EXPECT_EQ(LexText(text).codes, (std::vector<int>{299}));
 }
 
-TEST(Lexer, longer_text_is_refused) {
-  EXPECT_EQ(LexText(std::string(65536, ' ')).result, LexResult::BadText);
-  EXPECT_EQ(LexText(std::string(200000, '{')).result, LexResult::BadText);
+TEST(Lexer, a_wrong_bracket_ends_a_word_for_further_reading) {
+  EXPECT_EQ(LexText(":Name})").codes, (std::vector<int>{73, 302, 305}));
+  EXPECT_EQ(ProblemsOf(":Name})"), "0+5 ");
+  EXPECT_EQ(LexText(":Name})").list.unknownWord.View(), ":NAME})") << "as it is printed";
+  EXPECT_EQ(LexText("center(").codes, (std::vector<int>{kUnknown, 304}));
+  EXPECT_EQ(LexText("center{").list.unknownWord.View(), "CENTER{");
+}
+
+TEST(Lexer, lexing_continues_after_each_error) {
+  EXPECT_EQ(LexText("0x1F, - /x\n99999999999 \"a\nTRUE").codes,
+            (std::vector<int>{306, kUnknown, 306, 306, 303, 299}));
+  EXPECT_EQ(ProblemsOf("0x1F - /x\n99999999999 \"a\nTRUE"), "0+4 5+1 7+1 10+11 22+2 ");
+}
+
+TEST(Lexer, block_comment_is_skipped_as_a_whole_or_up_to_the_end_of_its_line) {
+  EXPECT_EQ(LexText("TRUE /* ) \n ) */ NULL").codes, (std::vector<int>{299, 298}));
+  EXPECT_EQ(ProblemsOf("TRUE /* ) \n ) */ NULL"), "5+2 ");
+  EXPECT_EQ(LexText("TRUE /* )\nNULL").codes, (std::vector<int>{299, 298}));
+}
+
+TEST(Lexer, leading_zero_is_a_problem_only_for_messages) {
+  EXPECT_EQ(ProblemsOf("007 0 10"), "");
+  EXPECT_EQ(ProblemsOf("007 0 10", LexMode::Explaining), "0+3 ");
+  EXPECT_EQ(LexText("007", LexMode::Explaining).numbers, (std::vector<std::int32_t>{7}));
+}
+
+TEST(Lexer, doubtful_string_ends_with_its_line_only_in_its_mode) {
+  const std::string text = "\"open)}\n:Name \"next\"";
+  EXPECT_TRUE(LexText(text, LexMode::Explaining).list.hasDoubtfulString);
+  EXPECT_EQ(LexText(text, LexMode::Explaining).codes, (std::vector<int>{303, kUnknown}));
+  EXPECT_EQ(ProblemsOf(text, LexMode::ExplainingDoubtfulStrings), "0+5 ");
+  EXPECT_EQ(LexText(text, LexMode::ExplainingDoubtfulStrings).codes,
+            (std::vector<int>{303, 305, 302, 73, 303}));
+  EXPECT_FALSE(LexText("\"two\nlines\" TRUE").list.hasDoubtfulString);
+  EXPECT_FALSE(LexText("\"two\nlines\")").list.hasDoubtfulString);
+  EXPECT_FALSE(LexText("\"line\"TRUE").list.hasDoubtfulString);
+}
+
+TEST(Lexer, open_brackets_are_counted) {
+  const TokenList list = LexText("{({}}}(").list;
+  EXPECT_EQ(list.openBraces, -1);
+  EXPECT_EQ(list.openParentheses, 2);
 }
 
 TEST(Lexer, empty_text_has_no_tokens) {
   const Lexing lexing = LexText("");
-  EXPECT_EQ(lexing.result, LexResult::Done);
+  EXPECT_TRUE(lexing.list.isValid);
   EXPECT_TRUE(lexing.codes.empty());
 }
 

@@ -22,11 +22,7 @@ OwnedGroup Decode(const OctetString& bytes) {
 
 OwnedGroup Read(const OctetString& text) {
   OwnedGroup group;
-  TextError error;
-  EXPECT_EQ(ReadTextGroup(text.View(), group, error), TextResult::Done)
-      << error.place.line << ":" << error.place.column << " found " << error.found.data()
-      << ", expected " << error.expected.data() << "\n"
-      << text.View();
+  EXPECT_EQ(ReadTextGroup(text.View(), group), TextResult::Done) << text.View();
   return group;
 }
 

@@ -60,7 +60,7 @@ using Files = std::map<fs::path, std::map<fs::path, bool>>;
 
 // The group files in a folder and its subfolders. Symbolic links to folders are not followed.
 // Reports folders that cannot be read.
-std::vector<fs::path> GroupFilesBelow(const fs::path& top, std::vector<std::string>& messages) {
+std::vector<fs::path> GroupFilesBelow(const fs::path& top, Messages& messages) {
   std::vector<fs::path> files;
   std::vector<fs::path> folders{top};
   while (!folders.empty()) {
@@ -76,13 +76,12 @@ std::vector<fs::path> GroupFilesBelow(const fs::path& top, std::vector<std::stri
         files.push_back(entry->path());
       }
     }
-    if (problem) messages.push_back(folder.string() + ": cannot be read");
+    if (problem) messages.push_back({folder, "cannot be read"});
   }
   return files;
 }
 
-void AddFolder(const fs::path& folder, bool isAskedFor, Files& files,
-               std::vector<std::string>& messages) {
+void AddFolder(const fs::path& folder, bool isAskedFor, Files& files, Messages& messages) {
   const std::size_t reported = messages.size();
   const auto found = GroupFilesBelow(folder.empty() ? fs::path(".") : folder, messages);
   for (const fs::path& path : found) {
@@ -91,7 +90,7 @@ void AddFolder(const fs::path& folder, bool isAskedFor, Files& files,
     isFileAskedFor = isFileAskedFor || isAskedFor;
   }
   const bool isEmpty = found.empty() && messages.size() == reported;
-  if (isEmpty && isAskedFor) messages.push_back(folder.string() + ": has no groups");
+  if (isEmpty && isAskedFor) messages.push_back({folder, "has no groups"});
 }
 
 void AddObject(const korvel::Item& item, CheckedGroup& group) {
@@ -171,8 +170,7 @@ const CheckedGroup* Carousel::ApplicationOf(const CheckedGroup& group) const {
   return nullptr;
 }
 
-std::vector<Carousel> FindCarousels(const std::vector<fs::path>& paths,
-                                    std::vector<std::string>& messages) {
+std::vector<Carousel> FindCarousels(const std::vector<fs::path>& paths, Messages& messages) {
   std::map<fs::path, bool> folders;  // true: check all groups in it
   for (const fs::path& path : paths) {
     const bool isFolder = IsFolder(path);
@@ -181,7 +179,8 @@ std::vector<Carousel> FindCarousels(const std::vector<fs::path>& paths,
   }
   Files files;
   for (const auto& [folder, isAskedFor] : folders) AddFolder(folder, isAskedFor, files, messages);
-  std::sort(messages.begin(), messages.end());
+  std::sort(messages.begin(), messages.end(),
+            [](const Message& one, const Message& other) { return one.file < other.file; });
   for (const fs::path& path : paths) {
     if (!IsFolder(path)) files[RootFor(path.parent_path(), path)][path] = true;
   }

@@ -73,6 +73,6 @@ class Carousel {
 // folder. Adds a message for each folder that cannot be read, and for each given folder without
 // groups.
 [[nodiscard]] std::vector<Carousel> FindCarousels(const std::vector<std::filesystem::path>& paths,
-                                                  std::vector<std::string>& messages);
+                                                  Messages& messages);
 
 }  // namespace mheg

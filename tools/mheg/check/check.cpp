@@ -22,8 +22,17 @@ std::vector<Place> AllGroups(const std::vector<Carousel>& carousels) {
   return places;
 }
 
-std::vector<std::string> CheckGroup(const Carousel& carousel, const CheckedGroup& group) {
-  std::vector<std::string> messages = group.file.messages;
+Message MessageOf(const GroupFile& file, const Finding& finding) {
+  Message message{file.path, "object " + std::to_string(finding.object) + ": " + finding.text};
+  message.place = finding.place.line > 0
+                      ? finding.place
+                      : file.places.Find(finding.object, finding.keyword, finding.action);
+  if (message.place.line > 0) message.excerpt = ExcerptAt(file.text, message.place, 1);
+  return message;
+}
+
+Messages CheckGroup(const Carousel& carousel, const CheckedGroup& group) {
+  Messages messages = group.file.messages;
   if (!group.file.group) return messages;
   Findings findings;
   CheckNumbers(group, findings);
@@ -33,32 +42,32 @@ std::vector<std::string> CheckGroup(const Carousel& carousel, const CheckedGroup
   CheckLinks(carousel, group, findings);
   CheckFiles(carousel, group, findings);
   CheckPlaces(group, findings);
+  CheckValues(group, findings);
   std::stable_sort(findings.begin(), findings.end(), [](const Finding& one, const Finding& other) {
     return one.object < other.object;
   });
   for (const Finding& finding : findings) {
-    messages.push_back(group.file.path.string() + ": object " + std::to_string(finding.object) +
-                       ": " + finding.text);
+    messages.push_back(MessageOf(group.file, finding));
   }
   return messages;
 }
 
 }  // namespace
 
-std::vector<std::string> Check(const std::vector<std::filesystem::path>& paths, unsigned jobs) {
-  std::vector<std::string> all;
+Messages Check(const std::vector<std::filesystem::path>& paths, unsigned jobs) {
+  Messages all;
   std::vector<Carousel> carousels = FindCarousels(paths, all);
   const std::vector<Place> places = AllGroups(carousels);
   RunBatch(places.size(), jobs,
            [&](std::size_t i) { carousels[places[i].carousel].Load(places[i].group); });
   for (Carousel& carousel : carousels) carousel.EndLoading();
-  std::vector<std::vector<std::string>> messages(places.size());
+  std::vector<Messages> messages(places.size());
   RunBatch(places.size(), jobs, [&](std::size_t i) {
     const Carousel& carousel = carousels[places[i].carousel];
     const CheckedGroup& group = carousel.At(places[i].group);
     if (group.isAskedFor) messages[i] = CheckGroup(carousel, group);
   });
-  for (const std::vector<std::string>& ofGroup : messages) {
+  for (const Messages& ofGroup : messages) {
     all.insert(all.end(), ofGroup.begin(), ofGroup.end());
   }
   return all;

@@ -14,6 +14,9 @@ namespace mheg {
 struct Finding {
   std::int32_t object = 0;
   std::string text;
+  const char* keyword = "";   // the attribute with the fault; empty: the object
+  std::int32_t action = -1;   // the action with the fault, as in SourcePlaces
+  korvel::TextPlace place{};  // if it is not that of the object with the number
 };
 using Findings = std::vector<Finding>;
 
@@ -25,11 +28,11 @@ void CheckActions(const Carousel& carousel, const CheckedGroup& group, Findings&
 void CheckLinks(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
 void CheckFiles(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
 void CheckPlaces(const CheckedGroup& group, Findings& findings);
+void CheckValues(const CheckedGroup& group, Findings& findings);
 
 // Checks all groups of these files and folders on `jobs` threads (0: one per processor). Returns
 // the findings in file order, each with its file and object number.
-[[nodiscard]] std::vector<std::string> Check(const std::vector<std::filesystem::path>& paths,
-                                             unsigned jobs);
+[[nodiscard]] Messages Check(const std::vector<std::filesystem::path>& paths, unsigned jobs);
 
 // The name of a class, for messages.
 [[nodiscard]] inline const char* ClassName(korvel::ItemType type) {

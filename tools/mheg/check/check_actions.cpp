@@ -22,9 +22,11 @@ class ActionCheck : public GroupVisitor {
     const ItemType type = owner->ClassOf(target.Number);
     const ClassSet accepted = Accepted(row);
     if (type == ItemType::None || accepted == 0 || Contains(accepted, type)) return;
-    findings_.push_back({currentObject, std::string(row.name) + " does nothing to object " +
-                                            std::to_string(target.Number) + ", which is of class " +
-                                            ClassName(type)});
+    findings_.push_back({currentObject,
+                         std::string(row.name) + " does nothing to object " +
+                             std::to_string(target.Number) + ", which is of class " +
+                             ClassName(type),
+                         currentKeyword, currentAction});
   }
 
  private:

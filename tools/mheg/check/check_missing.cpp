@@ -8,11 +8,11 @@ namespace {
 
 using namespace korvel;
 
-// Whether an author may have written the initial value on purpose: true for booleans, numbers and
-// references.
+// Whether an author may have written the initial value on purpose: true for booleans, numbers,
+// references and box sizes.
 template <class Field>
 constexpr bool kIsUsable = std::is_same_v<Field, bool> || std::is_same_v<Field, std::int32_t> ||
-                           std::is_same_v<Field, ObjectReference>;
+                           std::is_same_v<Field, ObjectReference> || std::is_same_v<Field, BoxSize>;
 
 class MissingCheck {
  public:

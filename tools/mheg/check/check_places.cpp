@@ -1,5 +1,5 @@
 // Finds visibles whose box is partly or wholly outside their scene. Skips visibles that an action
-// moves or resizes, because those may start outside on purpose.
+// moves or resizes, because those may start outside on purpose, and visibles without a size.
 #include <set>
 
 #include "mheg/check/check.h"
@@ -54,6 +54,7 @@ class PlaceCheck : public GroupVisitor {
   void Look(const Visible& visible) {
     const korvel::Position& place = visible.OriginalPosition;
     const korvel::BoxSize& size = visible.OriginalBoxSize;
+    if (size == korvel::BoxSize{}) return;
     if (IsOutside(place.X, size.Width, scene_.Width) ||
         IsOutside(place.Y, size.Height, scene_.Height)) {
       Report("lies outside the scene");

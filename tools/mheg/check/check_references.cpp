@@ -25,8 +25,9 @@ class ReferenceCheck : public GroupVisitor {
     const bool isKnown = group == nullptr || Exists(*group, reference.Number);
     if (!isKnown) Report(std::to_string(reference.Number) + " of " + std::string(name));
     if (group == nullptr && !carousel_.HasFile(group_, name)) {
-      findings_.push_back(
-          {currentObject, "refers to the group " + std::string(name) + ", which is not there"});
+      findings_.push_back({currentObject,
+                           "refers to the group " + std::string(name) + ", which is not there",
+                           currentKeyword, currentAction});
     }
   }
 
@@ -35,7 +36,8 @@ class ReferenceCheck : public GroupVisitor {
     return group.ClassOf(number) != ItemType::None;
   }
   void Report(const std::string& what) {
-    findings_.push_back({currentObject, "refers to object " + what + ", which does not exist"});
+    findings_.push_back({currentObject, "refers to object " + what + ", which does not exist",
+                         currentKeyword, currentAction});
   }
 
   const Carousel& carousel_;
@@ -58,8 +60,9 @@ class FileCheck : public GroupVisitor {
     const bool isStream = currentClass == ItemType::Stream;
     if (isStream || path.IsEmpty() || LeadsOutOfCarousel(path.View())) return;
     if (carousel_.HasFile(group_, path.View())) return;
-    findings_.push_back(
-        {currentObject, "takes content from " + std::string(path.View()) + ", which is not there"});
+    findings_.push_back({currentObject,
+                         "takes content from " + std::string(path.View()) + ", which is not there",
+                         currentKeyword, currentAction});
   }
 
  private:
@@ -78,10 +81,13 @@ void CheckNumbers(const CheckedGroup& group, Findings& findings) {
        place = objects.upper_bound(place->first)) {
     const std::int32_t number = place->first;
     const std::size_t count = objects.count(number);
+    const std::vector<TextPlace> places = group.file.places.FindAll(number);
+    const TextPlace second = places.size() > 1 ? places[1] : TextPlace{};
     if (number == group.Group().Reference.Number) {
-      findings.push_back({number, "an object has the number of the group itself"});
+      findings.push_back({number, "an object has the number of the group itself", "", -1, second});
     } else if (count > 1) {
-      findings.push_back({number, std::to_string(count) + " objects have this number"});
+      findings.push_back(
+          {number, std::to_string(count) + " objects have this number", "", -1, second});
     }
   }
 }
@@ -97,9 +103,10 @@ void CheckFiles(const Carousel& carousel, const CheckedGroup& group, Findings& f
   if (group.Group().type != ItemType::Scene) return;
   for (const NextScene& next : static_cast<const Scene&>(group.Group()).NextScenes) {
     if (carousel.HasFile(group, next.SceneReference.View())) continue;
-    findings.push_back({group.Group().Reference.Number,
-                        "names the next scene " + std::string(next.SceneReference.View()) +
-                            ", which is not there"});
+    findings.push_back(
+        {group.Group().Reference.Number,
+         "names the next scene " + std::string(next.SceneReference.View()) + ", which is not there",
+         ":NextScenes"});
   }
 }
 

@@ -17,6 +17,8 @@ void WalkField(const FontBody& font, GroupVisitor& visitor);
 void WalkField(const ContentReference& content, GroupVisitor& visitor);
 void WalkField(const ContentBody& content, GroupVisitor& visitor);
 void WalkField(const GenericValue& value, GroupVisitor& visitor);
+void WalkField(const ColourValue& colour, GroupVisitor& visitor);
+void WalkField(const OctetString& value, GroupVisitor& visitor);
 void WalkField(const ElementaryAction& action, GroupVisitor& visitor);
 void WalkField(const ActionSlot& slot, GroupVisitor& visitor);
 void WalkField(const Item& item, GroupVisitor& visitor);
@@ -49,7 +51,10 @@ void WalkField(const GenericValue& value, GroupVisitor& visitor) {
   if (isReference) visitor.VisitReference(value.Reference);
   if (value.Kind == ValueKind::ContentReference) visitor.VisitContentPath(value.Octets);
 }
+void WalkField(const ColourValue& colour, GroupVisitor& visitor) { visitor.VisitColour(colour); }
+void WalkField(const OctetString& value, GroupVisitor& visitor) { visitor.VisitString(value); }
 void WalkField(const ElementaryAction& action, GroupVisitor& visitor) {
+  ++visitor.currentAction;
   visitor.VisitAction(action);
   WalkField(action.Target, visitor);
   WalkField(action.Parameters, visitor);
@@ -57,21 +62,21 @@ void WalkField(const ElementaryAction& action, GroupVisitor& visitor) {
 void WalkField(const ActionSlot& slot, GroupVisitor& visitor) { WalkField(slot.Actions, visitor); }
 
 template <class Record> void WalkAttributes(const Record& record, GroupVisitor& visitor) {
-  ForEachAttribute<Record>([&](const auto& attribute) {
-    const auto& field = record.*attribute.field;
-    using Field = std::remove_cvref_t<decltype(field)>;
-    if constexpr (IsDescribed<Field>) {
-      WalkAttributes<Field>(field, visitor);
-    } else {
-      WalkField(field, visitor);
-    }
-  });
+  ForEachWrittenAttribute<Record>(
+      [&visitor](const char* keyword, const Form& /*form*/, const auto& field) {
+        visitor.currentKeyword = keyword;
+        visitor.currentAction = -1;
+        WalkField(field, visitor);
+      },
+      record);
 }
 
 void WalkField(const Item& item, GroupVisitor& visitor) {
   const std::int32_t outerObject =
       std::exchange(visitor.currentObject, item.Record()->Reference.Number);
   const ItemType outerType = std::exchange(visitor.currentClass, item.Type());
+  visitor.currentKeyword = "";
+  visitor.currentAction = -1;
   visitor.VisitObject(item.Type(), *item.Record());
   VisitIngredientClass(item.Type(),
                        [&]<class Record>() { WalkAttributes<Record>(item.As<Record>(), visitor); });

@@ -9,7 +9,9 @@
 namespace mheg {
 
 // Base class of the checks. `currentObject` and `currentClass` are the number and class of the
-// object being visited; outside items they are the group's own.
+// object being visited; outside items they are the group's own. `currentKeyword` is that of its
+// attribute, or empty for the object itself, and `currentAction` the index of the action among all
+// actions of the attribute, or -1.
 class GroupVisitor {
  public:
   virtual ~GroupVisitor() = default;
@@ -22,8 +24,14 @@ class GroupVisitor {
   // Called for every path of referenced content.
   virtual void VisitContentPath(const korvel::OctetString& /*path*/) {}
 
+  virtual void VisitColour(const korvel::ColourValue& /*colour*/) {}
+  // Called for every string that is the value of an attribute.
+  virtual void VisitString(const korvel::OctetString& /*value*/) {}
+
   std::int32_t currentObject = 0;
   korvel::ItemType currentClass = korvel::ItemType::None;
+  const char* currentKeyword = "";
+  std::int32_t currentAction = -1;
 };
 
 void Walk(const korvel::Group& group, GroupVisitor& visitor);

@@ -1,0 +1,43 @@
+// A message to the author about a file, and how it is printed.
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "textual/textual.h"
+
+namespace mheg {
+
+// Part of a source line, with the characters that a message is about.
+struct Excerpt {
+  std::string line;       // without control characters; empty: nothing to show
+  std::size_t begin = 0;  // both in characters
+  std::size_t length = 1;
+};
+
+struct Message {
+  std::filesystem::path file;
+  std::string text;
+  korvel::TextPlace place{};  // line 0: unknown
+  Excerpt excerpt{};
+};
+using Messages = std::vector<Message>;
+
+// An excerpt of the line with that place, cut where it is too long for a terminal. `length` counts
+// bytes from the place on; the excerpt marks at least one character and no others than the line's.
+[[nodiscard]] Excerpt ExcerptAt(std::string_view text, korvel::TextPlace place, std::size_t length);
+
+// The message on one line: "menu.mheg:12:20: Text lacks :OrigBoxSize".
+[[nodiscard]] std::string OneLine(const Message& message);
+
+// The number of characters of UTF-8. Bytes that are no UTF-8 count as the columns of messages do.
+[[nodiscard]] std::size_t CharacterCount(std::string_view text);
+
+// Prints each message and its excerpt. A terminal shows the place in bold and the marks in colour,
+// unless the environment variable NO_COLOR is set.
+void Print(const Messages& messages, std::FILE* stream);
+
+}  // namespace mheg

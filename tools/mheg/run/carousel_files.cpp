@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kTextExtension = ".mheg";
 
-CarouselFile Compiled(const fs::path& path, std::vector<std::string>& messages) {
+CarouselFile Compiled(const fs::path& path, Messages& messages) {
   GroupFile file = ReadGroupFile(path);
   messages.insert(messages.end(), file.messages.begin(), file.messages.end());
   korvel::OctetString bytes;
@@ -28,10 +28,10 @@ CarouselFile Compiled(const fs::path& path, std::vector<std::string>& messages) 
           std::string(file.group->Reference.GroupIdentifier.View())};
 }
 
-std::string BytesOf(const fs::path& path, std::vector<std::string>& messages) {
+std::string BytesOf(const fs::path& path, Messages& messages) {
   std::ifstream stream(path, std::ios::binary);
   std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-  if (!stream.is_open() || stream.bad()) messages.push_back(path.string() + ": cannot be read");
+  if (!stream.is_open() || stream.bad()) messages.push_back({path, "cannot be read"});
   return bytes;
 }
 
@@ -43,7 +43,7 @@ std::string Resolved(std::string_view path) {
 
 }  // namespace
 
-void CarouselFiles::Load(const fs::path& folder, std::vector<std::string>& messages) {
+void CarouselFiles::Load(const fs::path& folder, Messages& messages) {
   std::error_code problem;
   fs::recursive_directory_iterator entry(folder, problem);
   for (; !problem && entry != fs::recursive_directory_iterator(); entry.increment(problem)) {
@@ -60,7 +60,7 @@ void CarouselFiles::Load(const fs::path& folder, std::vector<std::string>& messa
       files_[name.generic_string()].bytes = BytesOf(entry->path(), messages);
     }
   }
-  if (problem) messages.push_back(folder.string() + ": cannot be read");
+  if (problem) messages.push_back({folder, "cannot be read"});
 }
 
 bool CarouselFiles::Remove(const std::string& path) { return files_.erase(Resolved(path)) > 0; }

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
+#include "mheg/message.h"
 #include "mheg/source_places.h"
 
 namespace mheg {
@@ -26,7 +26,7 @@ class CarouselFiles {
  public:
   // Reads the folder with its subfolders. Adds a message for each file that cannot be read or
   // compiled; the folder is then not fit to be played.
-  void Load(const std::filesystem::path& folder, std::vector<std::string>& messages);
+  void Load(const std::filesystem::path& folder, Messages& messages);
 
   // Makes the engine see the file as missing. False if there is no such file.
   [[nodiscard]] bool Remove(const std::string& path);

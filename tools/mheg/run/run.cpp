@@ -213,10 +213,10 @@ int Run(const RunOptions& options) {
   const auto startOfDay = TimeOfDay(options.date);
   if (!startOfDay) return Refuse("no such date: " + options.date + " (as 2024-06-07T20:15:00)");
 
-  std::vector<std::string> messages;
+  Messages messages;
   Surroundings& surroundings = TheSurroundings();
   surroundings.files.Load(options.carousel, messages);
-  for (const std::string& message : messages) std::fprintf(stderr, "%s\n", message.c_str());
+  Print(messages, stderr);
   if (!messages.empty()) return kBadInput;
   for (const std::string& path : options.missing) {
     if (!surroundings.files.Remove(path)) return Refuse("--missing: there is no file " + path);

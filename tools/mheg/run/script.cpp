@@ -124,7 +124,7 @@ bool ReadScript(std::istream& text, std::vector<Step>& steps, std::string& probl
     step.text = line;
     step.line = number;
     if (!ReadStep(word, Trimmed(line.substr(end)), step, problem)) {
-      problem = std::to_string(number) + ": " + problem;
+      problem.insert(0, std::to_string(number) + ": ");
       return false;
     }
     steps.push_back(std::move(step));

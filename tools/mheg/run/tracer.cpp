@@ -15,7 +15,6 @@ namespace {
 
 using korvel::EventData;
 using korvel::EventType;
-using korvel::Status;
 using korvel::ValueKind;
 
 struct Trace {
@@ -39,7 +38,9 @@ TraceLine LineAbout(std::string_view what, std::size_t deeper = 0) {
   return {what, TheSurroundings().now, depth};
 }
 
-void Print(const TraceLine& line, std::string_view words) { line.Print(TheTrace().form, words); }
+void PrintLine(const TraceLine& line, std::string_view words) {
+  line.Print(TheTrace().form, words);
+}
 
 std::string_view GroupOf(const korvel::Root& object) {
   return object.Reference.GroupIdentifier.View();
@@ -65,9 +66,9 @@ void AddData(const EventData& data, TraceLine& line) {
 
 // Prints the line, with the place in its text.
 void PrintWithPlace(TraceLine line, const std::string& words, const Source& source) {
-  if (source.line == 0) return Print(line, words);
+  if (source.line == 0) return PrintLine(line, words);
   line.Field("file", source.text).Field("line", std::int64_t{source.line});
-  Print(line, words + "  (" + source.text + ":" + std::to_string(source.line) + ")");
+  PrintLine(line, words + "  (" + source.text + ":" + std::to_string(source.line) + ")");
 }
 
 void TraceLink(const korvel::Link& link, std::string_view suffix, TraceLine line) {
@@ -81,7 +82,7 @@ void TraceGroup(std::string_view what, const korvel::Group& group, std::string_v
   if (!IsTracing()) return;
   TraceLine line = LineAbout(what);
   line.Field("class", ClassName(group.type)).Field("group", GroupOf(group));
-  Print(line, NameOf(group) + std::string(suffix));
+  PrintLine(line, NameOf(group) + std::string(suffix));
 }
 
 void EndInnermost() {
@@ -99,25 +100,25 @@ void TraceStep(std::string_view what, std::string_view words) {
   TheTrace().open.clear();
   TraceLine line(what, TheSurroundings().now, 0);
   line.Field("step", words);
-  Print(line, words);
+  PrintLine(line, words);
 }
 
 void TraceFile(std::string_view path, const CarouselFile* file) {
   if (!IsTracing()) return;
   TraceLine line = LineAbout("file");
   line.Field("path", path).FlagField("found", file != nullptr);
-  if (file == nullptr) return Print(line, "file " + std::string(path) + " not found");
+  if (file == nullptr) return PrintLine(line, "file " + std::string(path) + " not found");
   if (!file->text.empty()) TheTrace().sources.FileRead(*file);
   line.Field("bytes", static_cast<std::int64_t>(file->bytes.size()));
-  Print(line,
-        "file " + std::string(path) + " read, " + std::to_string(file->bytes.size()) + " bytes");
+  PrintLine(line, "file " + std::string(path) + " read, " + std::to_string(file->bytes.size()) +
+                      " bytes");
 }
 
 void TracePause(std::uint32_t milliseconds) {
   if (!IsTracing()) return;
   TraceLine line = LineAbout("pause");
   line.Field("milliseconds", std::int64_t{milliseconds});
-  Print(line, "the engine waits for " + std::to_string(milliseconds) + " ms");
+  PrintLine(line, "the engine waits for " + std::to_string(milliseconds) + " ms");
 }
 
 void TraceTimer(std::uint32_t id, std::uint32_t periodMs) {
@@ -125,7 +126,8 @@ void TraceTimer(std::uint32_t id, std::uint32_t periodMs) {
   const auto number = static_cast<std::int32_t>(id);
   TraceLine line = LineAbout("timer");
   line.Field("timer", std::int64_t{number}).Field("milliseconds", std::int64_t{periodMs});
-  Print(line, "timer " + std::to_string(number) + " set to " + std::to_string(periodMs) + " ms");
+  PrintLine(line,
+            "timer " + std::to_string(number) + " set to " + std::to_string(periodMs) + " ms");
 }
 
 }  // namespace mheg
@@ -134,7 +136,7 @@ namespace korvel {
 
 using mheg::IsTracing;
 using mheg::LineAbout;
-using mheg::Print;
+using mheg::PrintLine;
 using mheg::PrintWithPlace;
 using mheg::TheTrace;
 
@@ -145,8 +147,8 @@ void ObserveEvent(std::string_view sourceGroup, std::int32_t sourceNumber, Event
   line.Field("type", mheg::EventName(type));
   mheg::AddData(data, line);
   line.Field("group", sourceGroup).Field("number", std::int64_t{sourceNumber});
-  Print(line, mheg::EventName(type) + mheg::WordsOf(type, data) + " from " +
-                  mheg::NameOf(sourceGroup, sourceNumber));
+  PrintLine(line, mheg::EventName(type) + mheg::WordsOf(type, data) + " from " +
+                      mheg::NameOf(sourceGroup, sourceNumber));
 }
 
 void ObserveEvent(EventType type, EventData data) {
@@ -154,7 +156,7 @@ void ObserveEvent(EventType type, EventData data) {
   mheg::TraceLine line = LineAbout("event");
   line.Field("type", mheg::EventName(type));
   mheg::AddData(data, line);
-  Print(line, mheg::EventName(type) + mheg::WordsOf(type, data));
+  PrintLine(line, mheg::EventName(type) + mheg::WordsOf(type, data));
 }
 
 void ObserveLink(const Link& link) {
@@ -189,10 +191,10 @@ void ObserveActionEnd(Status status) {
   if (!IsTracing()) return;
   mheg::Trace& trace = TheTrace();
   if (status == Status::Refused && !trace.isReasonGiven) {
-    Print(LineAbout("unchanged"), "nothing to do");
+    PrintLine(LineAbout("unchanged"), "nothing to do");
   }
   if (status == Status::Failure) {
-    Print(LineAbout("failure"), "failed: ends everything that this step has caused");
+    PrintLine(LineAbout("failure"), "failed: ends everything that this step has caused");
   }
   mheg::EndInnermost();
   trace.isReasonGiven = true;  // an action that caused others has done something
@@ -204,7 +206,7 @@ void ObserveReason(Reason reason, std::int32_t detail) {
   mheg::TraceLine line = LineAbout("reason");
   line.Field("reason", mheg::NameOf(reason)).Field("detail", std::int64_t{detail});
   line.Field("text", text);
-  Print(line, text);
+  PrintLine(line, text);
   TheTrace().isReasonGiven = true;
 }
 
@@ -214,7 +216,7 @@ void ObserveValue(const Ingredient& variable) {
   mheg::TraceLine line = LineAbout("value");
   line.Field("group", mheg::GroupOf(variable));
   line.Field("number", std::int64_t{variable.Reference.Number}).Field("value", value);
-  Print(line, mheg::NameOf(variable) + " = " + value);
+  PrintLine(line, mheg::NameOf(variable) + " = " + value);
 }
 
 void ObserveGroupStart(const Group& group) {
@@ -236,7 +238,7 @@ void PrintMessage(const char* text, std::va_list values) {
   if (IsTracing()) {
     mheg::TraceLine traced = LineAbout("message");
     traced.Field("text", message);
-    Print(traced, "message: " + message);
+    PrintLine(traced, "message: " + message);
   } else {
     std::printf("%s\n", message.c_str());
   }

@@ -153,11 +153,13 @@ bool TextReader::ContinueObject(std::size_t begin, bool isGroup) {
 
 bool TextReader::ContinueList(std::size_t begin, std::int32_t openParentheses, bool hasObjects) {
   while (MayContinue()) {
-    if (IsAt(kCloseParenthesis) && openParentheses_ <= openParentheses) break;
+    const bool isInList = openParentheses_ <= openParentheses;
+    if (IsAt(kCloseParenthesis) && isInList) break;
     if (IsAt(kCloseBrace) && !IsSurplus(kCloseBrace)) return false;
     if (place_ > begin) {
       if (IsAfterLostParenthesis()) return false;
-      if (hasObjects ? IsAt(kOpenBrace) : IsAtAction()) break;
+      const bool isMisspelt = isInList && IsAt(kUnknownKeyword);
+      if (hasObjects ? IsAt(kOpenBrace) : IsAtAction() || isMisspelt) break;
     }
     IsAt(kOpenBrace) ? SkipObject() : Skip();
   }

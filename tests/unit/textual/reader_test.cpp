@@ -1,6 +1,7 @@
 // Reading whole groups and each kind of value from text.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 #include <utility>
 #include <vector>
@@ -362,6 +363,79 @@ TEST(TextReader, an_error_within_a_token_is_reported_once_and_its_value_is_read)
       {"{:Scene 0 \xC8}", "1:11 in Scene : \xC8, }|attribute\n"},
       {"{\x1B:Scene 0}", "1:2 in  : \x1B, |class\n"}};
   for (const Case& expected : cases) EXPECT_EQ(ErrorsOf(ReadText(expected.text)), expected.error);
+}
+
+TEST(TextReader, reading_continues_after_an_error_at_the_next_attribute_action_or_object) {
+  EXPECT_EQ(ErrorsOf(ReadText("{:Scene x :SceneCS 720 y :Foo 1 :MovingCursor z :OnStartUp (:Run(a) "
+                              ":Bar(1) :Stop(b)) :Items (c {:Baz 1} {:Text 1 :TextWrapping d}) "
+                              ":InputEventReg e}")),
+            "1:9 in Scene : x, an object number or (\"group\" number)\n"
+            "1:24 in Scene :SceneCS: y, an integer\n"
+            "1:26 in Scene : :Foo, }|attribute\n"
+            "1:47 in Scene :MovingCursor: z, |TRUE|FALSE\n"
+            "1:66 in Run : a, an object number or (\"group\" number)\n"
+            "1:69 in Scene :OnStartUp: :Bar, )|action\n"
+            "1:83 in Stop : b, an object number or (\"group\" number)\n"
+            "1:95 in Scene :Items: c, ) or {\n"
+            "1:98 in Scene :Items: :Baz, |class\n"
+            "1:129 in Text :TextWrapping: d, |TRUE|FALSE\n"
+            "1:148 in Scene :InputEventReg: e, an integer\n");
+}
+
+TEST(TextReader, a_wrong_bracket_is_one_error) {
+  const std::string tail = " {:Text 3 :OrigBoxSize 1 x})}";
+  const std::string tailError = " in Text :OrigBoxSize: x, an integer\n";
+  struct Case {
+    const char* items;
+    const char* error;
+  };
+  const Case cases[] = {
+      {"{:Text 1 :OrigBoxSize 1 1 {:Text 2 :OrigBoxSize 1 1}", "1:45 in Text : {, }|attribute\n"},
+      {"{:Text 1 :OrigBoxSize 1 1}}", "1:45 in Scene :Items: }, ) or {\n"},
+      {"{:Text 1 :OrigBoxSize 1 1)}", "1:44 in Text : ), }|attribute\n"},
+      {"{:Link 1 :LinkEffect (:Run(1) :EventSource 0 :EventType IsRunning}",
+       "1:49 in Link :LinkEffect: :EventSource, )|action\n"},
+      {"{:Link 1 :LinkEffect (:Run(1 :Stop(1)) :EventSource 0 :EventType IsRunning}",
+       "1:48 in Run : :Stop, )\n"},
+      {"{:Link 1 :LinkEffect (:Run(1))) :EventSource 0 :EventType IsRunning}",
+       "1:49 in Link : ), }|attribute\n"}};
+  for (const Case& each : cases) {
+    const std::string text = std::string("{:Scene 0 :Items (") + each.items + tail;
+    const std::string place = "1:" + std::to_string(text.rfind('x') + 1);
+    EXPECT_EQ(ErrorsOf(ReadText(text)), each.error + place + tailError) << text;
+  }
+}
+
+TEST(TextReader, an_object_with_an_error_is_not_reported_as_incomplete) {
+  const Reading reading = ReadText("{:Scene 0 :Items ({:Text 1 :OrigBoxSise 1 1} {:Text 2})}");
+  EXPECT_EQ(reading.report.errors.Size(), 1U);
+  ASSERT_EQ(reading.report.missing.Size(), 1U);
+  EXPECT_EQ(reading.report.missing[0].offset, 45U);
+}
+
+TEST(TextReader, at_most_twenty_errors_are_reported) {
+  std::string items;
+  for (int number = 1; number <= 30; ++number) items += "{:IntegerVar 1 :OrigValue x} ";
+  EXPECT_EQ(ReadText("{:Scene 0 :Items (" + items + ")}").report.errors.Size(), 20U);
+}
+
+// Reading a text again for each of its errors or brackets would take minutes.
+TEST(TextReader, reading_takes_linear_time_for_any_error) {
+  const char* const parts[] = {
+      "{",     "}",          "(",       ")",    "{:Text 1 ",
+      ":Run(", ":SceneCS",   ":a)",     "/* ",  "\"\n",
+      "'\n",   "\"a\n\"b\n", "x ",      "1 ",   "07 ",
+      "\xC8",  "(x ",        "{:Text ", "{:x ", ":Items ({:Text 1 :OrigBoxSize ("};
+  for (const char* part : parts) {
+    for (const char* head :
+         {"", "{:Scene 0 ", "{:Scene 0 :Items (", "{:Scene 0 x :OnStartUp (:Run("}) {
+      std::string text = head;
+      while (text.size() < 60'000) text += part;
+      const auto begin = std::chrono::steady_clock::now();
+      EXPECT_EQ(ReadText(text).result, TextResult::Refused) << head << part;
+      EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(3)) << head << part;
+    }
+  }
 }
 
 // The number is fixed, because callers without these headers see only the number.

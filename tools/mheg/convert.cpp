@@ -1,9 +1,8 @@
 // Both conversions write output only after the whole input has been read and is valid.
 #include "mheg/convert.h"
 
-#include <fstream>
-
 #include "mheg/group_file.h"
+#include "mheg/write_file.h"
 #include "objects/ber/ber.h"
 #include "textual/textual.h"
 
@@ -17,10 +16,7 @@ Outcome Failed(Outcome outcome, const std::filesystem::path& path, const std::st
 }
 
 Outcome Write(std::string_view bytes, const std::filesystem::path& output, Outcome outcome) {
-  std::ofstream stream(output, std::ios::binary);
-  stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  stream.close();
-  if (!stream) return Failed(std::move(outcome), output, "cannot be written");
+  if (!WriteFile(output, bytes)) return Failed(std::move(outcome), output, "cannot be written");
   return outcome;
 }
 

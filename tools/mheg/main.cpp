@@ -7,6 +7,7 @@
 #include "mheg/batch.h"
 #include "mheg/check/check.h"
 #include "mheg/convert.h"
+#include "mheg/format/format.h"
 #include "mheg/group_file.h"
 #include "mheg/options.h"
 #include "mheg/run/run.h"
@@ -76,6 +77,9 @@ int CarryOut(const mheg::Options& options) {
   case mheg::Command::Decompile: isGood = Convert(options); break;
   case mheg::Command::Dump: isGood = Dump(options); break;
   case mheg::Command::Check: isGood = Check(options); break;
+  case mheg::Command::Format:
+    isGood = mheg::Format(options.inputs, options.isCheckOnly, options.jobs);
+    break;
   case mheg::Command::Run: return mheg::Run(options.run);
   }
   return isGood ? 0 : mheg::kBadInput;

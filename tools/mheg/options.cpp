@@ -136,6 +136,14 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
   AddInputs(*check, "PATH", "Groups in either form, and folders with them", given);
   AddJobs(*check, given);
 
+  CLI::App* format =
+      AddCommand(app, Command::Format, "format",
+                 "Lays out texts as decompile does, and keeps their comments", given);
+  AddInputs(*format, "PATH", "Texts, and folders with them", given);
+  format->add_flag("--check", given.isCheckOnly,
+                   "Change nothing; list the files that would change");
+  AddJobs(*format, given);
+
   AddRun(app, given);
 
   try {

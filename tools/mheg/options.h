@@ -15,7 +15,7 @@ namespace mheg {
 inline constexpr int kBadInput = 1;  // not a group, has faults, or cannot be read or written
 inline constexpr int kWrongUse = 2;  // wrong arguments
 
-enum class Command { Compile, Decompile, Dump, Check, Run };
+enum class Command { Compile, Decompile, Dump, Check, Format, Run };
 
 struct RunOptions {
   std::filesystem::path carousel;
@@ -36,6 +36,7 @@ struct Options {
   std::vector<std::filesystem::path> inputs;
   std::filesystem::path output;  // Compile and Decompile only: a file or a folder
   unsigned jobs = 0;             // number of threads; 0: one per processor
+  bool isCheckOnly = false;      // Format only: changes no file
   RunOptions run;                // Run only
 };
 

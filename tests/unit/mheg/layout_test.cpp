@@ -1,0 +1,282 @@
+// The layout of texts: the rules one by one, and for many texts that the records, the words and the
+// comments stay the same.
+#include "mheg/format/layout.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+
+#include "mheg/format/tokens.h"
+#include "objects/ber/ber.h"
+#include "support/sample_groups.h"
+#include "textual/textual.h"
+
+namespace mheg {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A text's group in BER.
+std::string Compiled(const std::string& text) {
+  korvel::OwnedGroup group;
+  EXPECT_EQ(korvel::ReadTextGroup(text, group), korvel::TextResult::Done) << text;
+  korvel::OctetString bytes;
+  EXPECT_TRUE(group && korvel::EncodeGroup(*group, bytes) == korvel::Status::Done);
+  return std::string(bytes.View());
+}
+
+// The words and comments without the blanks between them.
+std::vector<std::string> WordsOf(const std::string& text) {
+  std::vector<std::string> words;
+  for (const Token& token : TokensOf(text)) words.emplace_back(token.text);
+  return words;
+}
+
+void ExpectGoodLayoutOf(const std::string& text) {
+  const std::string laidOut = LayOut(text);
+  ASSERT_EQ(Compiled(laidOut), Compiled(text)) << text;
+  ASSERT_EQ(WordsOf(laidOut), WordsOf(text));
+  ASSERT_EQ(LayOut(laidOut), laidOut) << text;
+}
+
+// Every text of the project that can be read alone.
+std::vector<std::string> AllTexts() {
+  std::vector<std::string> texts;
+  for (const char* folder : {"/examples", "/tests/scenarios"}) {
+    for (const auto& entry :
+         fs::recursive_directory_iterator(KORVEL_SOURCE_DIR + std::string(folder))) {
+      if (entry.path().extension() != ".mheg") continue;
+      std::ifstream stream(entry.path(), std::ios::binary);
+      texts.emplace_back(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+    }
+  }
+  return texts;
+}
+
+// The words of a text with random blanks and comments between them.
+std::string Scattered(const std::string& text, std::mt19937& random) {
+  const auto one = [&random](unsigned of) { return random() % of == 0; };
+  std::string scattered;
+  for (const std::string& word : WordsOf(text)) {
+    const bool isComment = word.front() == '/';
+    const bool mayJoin = !scattered.empty() && (scattered.back() == '(' || scattered.back() == '{');
+    if (!mayJoin || !one(2))
+      scattered += one(4) ? (one(2) ? "\r\n \t" : "\n\n\n") : (one(9) ? "\t " : " ");
+    if (one(20)) scattered += "// a remark, \"{(" + std::string(one(2) ? " \n" : "\r");
+    scattered += word;
+    if (isComment) scattered += '\n';
+  }
+  return scattered;
+}
+
+TEST(Layout, objects_and_lists_over_several_lines_have_a_line_for_each_entry) {
+  EXPECT_EQ(LayOut(R"({:Scene ("~/s" 0) :Items ({:Palette 1} {:Link 2
+      :EventSource 0 :EventType IsRunning :LinkEffect (:Run (3)
+      :SetPosition(4 :IndirectRef 5 -6))}
+      {:TokenGroup 7 :MovementTable
+      ( (1 2)(2 1)) :TokenGroupItems((1)
+      (2 :ActionSlots (NULL (:Stop(2)
+      )()))) }) })"),
+            R"({:Scene ("~/s" 0)
+  :Items (
+    {:Palette 1}
+    {:Link 2
+      :EventSource 0
+      :EventType IsRunning
+      :LinkEffect (
+        :Run(3)
+        :SetPosition(4 :IndirectRef 5 -6)
+      )
+    }
+    {:TokenGroup 7
+      :MovementTable ((1 2) (2 1))
+      :TokenGroupItems (
+        (1)
+        (2 :ActionSlots (
+          NULL
+          (
+            :Stop(2)
+          )
+          ()
+        ))
+      )
+    }
+  )
+}
+)");
+}
+
+TEST(Layout, an_object_or_a_list_of_actions_on_one_line_stays_on_one_line) {
+  const std::string text =
+      "{:Scene 0\n  :Items (\n    {:Link 1 :EventSource 0 :EventType IsRunning :LinkEffect "
+      "(:Run(2) :Stop(3))}\n  )\n}\n";
+  EXPECT_EQ(LayOut(text), text);
+  EXPECT_EQ(LayOut("{ :Scene   0 :Items ( {:Palette 1 } ) }"),
+            "{:Scene 0 :Items ({:Palette 1})}\n");
+}
+
+TEST(Layout, an_object_that_is_too_long_for_one_line_is_divided) {
+  const auto withText = [](std::size_t length) {
+    return "{:Scene 0 :ObjectInfo \"" + std::string(length, 'x') + "\"}";
+  };
+  EXPECT_EQ(LayOut(withText(75)), withText(75) + "\n");
+  EXPECT_EQ(LayOut(withText(76)), "{:Scene 0\n  :ObjectInfo \"" + std::string(76, 'x') + "\"\n}\n");
+}
+
+TEST(Layout, the_width_of_a_line_is_counted_in_characters_with_all_closing_brackets) {
+  const auto withText = [](std::size_t length) {
+    std::string text = "{:Scene 0\n  :Items (\n    {:TokenGroup 1\n      :TokenGroupItems (\n"
+                       "        (1 :ActionSlots ((:SetData(2 \"";
+    for (std::size_t i = 0; i < length; ++i) text += "é";
+    return text + "\"))))\n      )\n    }\n  )\n}\n";
+  };
+  EXPECT_EQ(LayOut(withText(57)), withText(57));
+  EXPECT_NE(LayOut(withText(58)), withText(58));
+}
+
+TEST(Layout, a_list_of_values_keeps_its_lines) {
+  const std::string text = R"({:Scene 0
+  :Items (
+    {:TokenGroup 1
+      :MovementTable (
+        (1 2 3)
+        (3 2 1)
+      )
+      :TokenGroupItems ((2) (3)
+        (4))
+    }
+    {:Link 2 :EventSource 0 :EventType IsRunning :LinkEffect (
+      :DrawPolygon(5 ((0 0) (1 1)
+  (2 2)))
+    )}
+  )
+}
+)";
+  EXPECT_EQ(LayOut(text), R"({:Scene 0
+  :Items (
+    {:TokenGroup 1
+      :MovementTable (
+        (1 2 3)
+        (3 2 1)
+      )
+      :TokenGroupItems (
+        (2)
+        (3)
+        (4)
+      )
+    }
+    {:Link 2
+      :EventSource 0
+      :EventType IsRunning
+      :LinkEffect (
+        :DrawPolygon(5 ((0 0) (1 1)
+          (2 2)))
+      )
+    }
+  )
+}
+)");
+}
+
+TEST(Layout, comments_stay_above_an_entry_or_at_the_end_of_a_line) {
+  EXPECT_EQ(LayOut(R"(// The file.
+// Its second line.
+
+{:Scene 0 // the scene
+
+  // Above the first attribute.
+ :ObjectInfo // between
+   // a word
+   "and its value"
+ :Items( // the items
+ // Nothing else.
+  {:Palette 1}//at the end
+// Last.
+) // after
+    // Before the end.
+} // after the end
+// The last line.   )"),
+            R"(// The file.
+// Its second line.
+
+{:Scene 0  // the scene
+
+  // Above the first attribute.
+  :ObjectInfo  // between
+  // a word
+    "and its value"
+  :Items (  // the items
+    // Nothing else.
+    {:Palette 1}  //at the end
+    // Last.
+  )  // after
+  // Before the end.
+}  // after the end
+// The last line.
+)");
+}
+
+TEST(Layout, an_object_with_a_comment_is_divided) {
+  EXPECT_EQ(LayOut("{:Scene 0 :ObjectInfo \"x\" // why\n}"),
+            "{:Scene 0\n  :ObjectInfo \"x\"  // why\n}\n");
+  EXPECT_EQ(LayOut("{:Scene 0 :OnStartUp (// nothing\n)}"),
+            "{:Scene 0\n  :OnStartUp (  // nothing\n  )\n}\n");
+}
+
+TEST(Layout, one_of_several_empty_lines_remains_but_none_beside_brackets) {
+  EXPECT_EQ(
+      LayOut("\n\n{:Scene 0\n\n\n\n :ObjectInfo \"x\"\n\n :Items (\n\n{:Palette 1}\n\n\n)\n\n}"
+             "\n\n"),
+      "{:Scene 0\n\n  :ObjectInfo \"x\"\n\n  :Items (\n    {:Palette 1}\n  )\n}\n");
+}
+
+TEST(Layout, strings_and_the_case_of_words_are_not_changed) {
+  EXPECT_EQ(LayOut("{:scene 0 :OBJECTINFO \"a  \\\" //\n\t'\" :ITEMS ({:Palette 1 "
+                   ":INITIALLYACTIVE false})}"),
+            "{:scene 0\n  :OBJECTINFO \"a  \\\" //\n\t'\"\n  :ITEMS ({:Palette 1 "
+            ":INITIALLYACTIVE false})\n}\n");
+  EXPECT_EQ(LayOut("{:Scene 0 :ObjectInfo  '=41 {\"' }"), "{:Scene 0 :ObjectInfo '=41 {\"'}\n");
+}
+
+TEST(Layout, line_ends_become_line_feeds) {
+  EXPECT_EQ(LayOut("{:Scene 0\r\n:ObjectInfo \"x\"\r\n\r\n// one\r// two\f}"),
+            "{:Scene 0\n  :ObjectInfo \"x\"\n\n  // one\n  // two\n}\n");
+}
+
+TEST(Layout, numbers_without_a_space_between_them_are_separated) {
+  EXPECT_EQ(LayOut("{:Scene 0:SceneCS 720-5}"), "{:Scene 0 :SceneCS 720 -5}\n");
+}
+
+TEST(Layout, what_decompiling_writes_is_laid_out) {
+  for (std::uint32_t seed = 0; seed < korvel::test::kEnoughRandomGroups; ++seed) {
+    korvel::OctetString text;
+    const korvel::OwnedGroup group = korvel::test::MakeRandomGroup(seed);
+    ASSERT_EQ(korvel::WriteTextGroup(*group, text), korvel::Status::Done);
+    if (text.Length() > korvel::kMaxTextSize) continue;
+    ASSERT_EQ(LayOut(std::string(text.View())), std::string(text.View())) << seed;
+  }
+}
+
+TEST(Layout, texts_keep_their_records_words_and_comments_and_their_layout_is_stable) {
+  const std::vector<std::string> texts = AllTexts();
+  EXPECT_GT(texts.size(), 100U);
+  for (const std::string& text : texts) ExpectGoodLayoutOf(text);
+}
+
+TEST(Layout, the_same_holds_for_any_blanks_and_comments_between_the_words) {
+  std::mt19937 random(1);
+  for (const std::string& text : AllTexts()) ExpectGoodLayoutOf(Scattered(text, random));
+  for (std::uint32_t seed = 0; seed < 200; ++seed) {
+    korvel::OctetString text;
+    const korvel::OwnedGroup group = korvel::test::MakeRandomGroup(seed);
+    ASSERT_EQ(korvel::WriteTextGroup(*group, text), korvel::Status::Done);
+    const std::string scattered = Scattered(std::string(text.View()), random);
+    if (scattered.size() < korvel::kMaxTextSize) ExpectGoodLayoutOf(scattered);
+  }
+}
+
+}  // namespace
+}  // namespace mheg

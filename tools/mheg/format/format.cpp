@@ -1,0 +1,88 @@
+// A text with errors is not laid out, because its brackets may be wrong.
+#include "mheg/format/format.h"
+
+#include <cstdio>
+#include <set>
+#include <string>
+#include <system_error>
+
+#include "mheg/batch.h"
+#include "mheg/format/layout.h"
+#include "mheg/group_file.h"
+#include "mheg/write_file.h"
+
+namespace mheg {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The result for one file.
+struct Formatting {
+  Messages messages;
+  bool isGood = true;      // the text has no errors and, unless it was only checked, is laid out now
+  bool isChanged = false;  // the layout was different
+};
+
+Formatting Failed(Formatting formatting, const fs::path& path, const std::string& reason) {
+  formatting.messages.push_back({path, reason});
+  formatting.isGood = false;
+  return formatting;
+}
+
+Formatting FormatFile(const fs::path& path, bool isCheck) {
+  GroupFile file = ReadGroupFile(path);
+  Formatting formatting{std::move(file.messages), file.IsGood()};
+  if (!formatting.isGood) return formatting;
+  if (file.form != GroupForm::Text) return Failed(std::move(formatting), path, "is no text");
+  const std::string text = LayOut(file.text);
+  formatting.isChanged = text != file.text;
+  if (!formatting.isChanged || isCheck) return formatting;
+  if (text.size() > korvel::kMaxTextSize) {
+    return Failed(std::move(formatting), path,
+                  "would be longer than 65535 bytes, the most that a text can have");
+  }
+  if (!WriteFile(path, text)) return Failed(std::move(formatting), path, "cannot be written");
+  return formatting;
+}
+
+// The texts among these files and in these folders, each once and in order. Adds a message for each
+// folder that cannot be read.
+std::vector<fs::path> TextsIn(const std::vector<fs::path>& paths, Messages& messages) {
+  std::set<fs::path> texts;
+  for (const fs::path& path : paths) {
+    std::error_code problem;
+    if (!fs::is_directory(path, problem)) {
+      texts.insert(path);
+      continue;
+    }
+    fs::recursive_directory_iterator entry(path, problem);
+    for (; !problem && entry != fs::end(entry); entry.increment(problem)) {
+      std::error_code ignored;
+      const bool isText = entry->path().extension() == ".mheg" && entry->is_regular_file(ignored);
+      if (isText) texts.insert(entry->path());
+    }
+    if (problem) messages.push_back({path, "cannot be read"});
+  }
+  return {texts.begin(), texts.end()};
+}
+
+}  // namespace
+
+bool Format(const std::vector<fs::path>& paths, bool isCheck, unsigned jobs) {
+  Messages messages;
+  const std::vector<fs::path> texts = TextsIn(paths, messages);
+  std::vector<Formatting> results(texts.size());
+  RunBatch(texts.size(), jobs,
+           [&](std::size_t index) { results[index] = FormatFile(texts[index], isCheck); });
+  Print(messages, stderr);
+  bool isGood = messages.empty();
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    Print(results[i].messages, stderr);
+    const bool isListed = isCheck && results[i].isChanged;
+    if (isListed) std::printf("%s\n", texts[i].string().c_str());
+    isGood = isGood && results[i].isGood && !isListed;
+  }
+  return isGood;
+}
+
+}  // namespace mheg

@@ -55,6 +55,33 @@ both 1 check mistakes
 both 1 compile faulty/broken.mheg faulty/missing.mheg texts/menu.mheg -o mixed/
 both 1 decompile faulty/cut -o cut.mheg
 both 1 dump faulty/cut faulty/broken.mheg
+both 0 format texts
+both 0 build texts -o carousel --jobs 2
+[ "$(ls "$work/windows/carousel" | wc -l)" -eq "$count" ] || { echo "not all is built"; exit 1; }
+both 2 build texts -o texts/carousel
 both 2 compile
 both 2 dump nowhere.mheg
 both 0 decompile --help
+
+# A watching build notices changes under Windows, too.
+cd "$work/windows"
+rm -rf carousel
+"$wine" "$windows" build texts -o carousel --watch >log 2>&1 &
+watch=$!
+await() {
+  for attempt in $(seq 300); do
+    ! "$@" || return 0
+    sleep 0.1
+  done
+  echo "the watching build did not notice: $*"
+  cat log
+  kill "$watch"
+  exit 1
+}
+await test -e carousel/menu
+mkdir texts/later
+echo late >texts/later/late.txt
+await test -e carousel/later/late.txt
+rm texts/menu.mheg
+await test ! -e carousel/menu
+kill "$watch"

@@ -2,7 +2,7 @@
 """Plays one scenario on the real library and checks its pictures and output.
 
 A scenario is a folder, named after the behaviour that it shows, with
-  carousel/          the broadcast as an author writes it (scripts/make-carousel.sh)
+  carousel/          the broadcast as an author writes it (`mheg build`)
   script             the steps of korvel-player (tools/player/script.h), after comments that
                      describe the expected result; its `shot` and `catch` steps take pictures
   pixels, expected/, tolerance
@@ -27,7 +27,6 @@ import sys
 
 import checks
 
-MAKE_CAROUSEL = pathlib.Path(__file__).resolve().parents[2] / "scripts" / "make-carousel.sh"
 RUN_LIMIT_S = 120
 
 
@@ -69,8 +68,9 @@ def shots_of(scenario):
 
 
 def make_carousel(source, target, compiler):
-    """Builds the carousel with the script for demos; returns the compiler's errors."""
-    command = [MAKE_CAROUSEL, source, target, compiler]
+    """Builds the carousel, which replaces an old one; returns the compiler's errors."""
+    shutil.rmtree(target, ignore_errors=True)
+    command = [compiler, "build", source, "-o", target]
     run = subprocess.run(command, capture_output=True, text=True)
     if run.returncode == 0:
         return []

@@ -15,7 +15,7 @@ from PIL import Image
 import run_scenario
 
 SCRIPT = "# A red picture\n# is seen.\n\n# Not this.\nwait 10\nshot b.png\nshot a.png\nexit\n"
-COMPILE = '[ "$1 $3" = "compile -o" ] && cp "$2" "$4"'
+BUILD = '[ "$1 $3" = "build -o" ] && cp -r "$2" "$4"'
 PLAY = 'cp "$(dirname "$0")/red.png" a.png; cp a.png b.png\n'
 
 
@@ -33,8 +33,6 @@ class RunScenario(unittest.TestCase):
         self.write("red/pixels", "a.png 0 0 9 9 #FF0000\n")
         self.write("red/carousel/a.mheg", "text")
         self.write("red/carousel/more/b.mheg", "text")
-        for name in ("picture.png", "more/picture", "play.script", "test.script", "README.md"):
-            self.write(f"red/carousel/{name}", "bytes")
         red = numpy.full((9, 9, 3), (255, 0, 0), numpy.uint8)
         Image.fromarray(red).save(self.root / "red.png")
 
@@ -42,7 +40,7 @@ class RunScenario(unittest.TestCase):
         (self.root / name).write_text(text)
         return self.root / name
 
-    def run_with(self, player, compiler=COMPILE):
+    def run_with(self, player, compiler=BUILD):
         mheg = self.write("mheg", f"#!/bin/sh\n{compiler}\n")
         mheg.chmod(0o755)
         player = self.write(self.player, player)
@@ -58,11 +56,13 @@ class RunScenario(unittest.TestCase):
         self.assertEqual(result["problems"], [])
         self.assertEqual(json.loads((self.work / "result.json").read_text()), result)
 
-    def test_carousel_is_compiled_and_copied(self):
+    def test_carousel_is_built_and_replaces_an_old_one(self):
         self.run_with(PLAY)
         carousel = self.work / "carousel"
+        (carousel / "old").write_text("bytes")
+        self.run_with(PLAY)
         files = {str(path.relative_to(carousel)) for path in carousel.rglob("*") if path.is_file()}
-        self.assertEqual(files, {"a", "more/b", "picture.png", "more/picture"})
+        self.assertEqual(files, {"a.mheg", "more/b.mheg"})
 
     def test_fault_that_shows_once_in_three_plays_fails(self):
         result = self.run_with('echo >>tries; [ $(wc -l <tries) = 1 ] && exit 0\n' + PLAY)

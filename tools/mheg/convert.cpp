@@ -22,15 +22,21 @@ Outcome Write(std::string_view bytes, const std::filesystem::path& output, Outco
 
 }  // namespace
 
-Outcome Compile(const std::filesystem::path& input, const std::filesystem::path& output) {
+Outcome CompileText(const std::filesystem::path& input, korvel::OctetString& bytes) {
   GroupFile file = ReadGroupFile(input);
   Outcome outcome{std::move(file.messages), file.IsGood()};
   if (!outcome.isGood) return outcome;
   if (file.form != GroupForm::Text) return Failed(std::move(outcome), input, "is no text");
-  korvel::OctetString bytes;
   if (korvel::EncodeGroup(*file.group, bytes) != korvel::Status::Done) {
     return Failed(std::move(outcome), input, "cannot be encoded: out of memory");
   }
+  return outcome;
+}
+
+Outcome Compile(const std::filesystem::path& input, const std::filesystem::path& output) {
+  korvel::OctetString bytes;
+  Outcome outcome = CompileText(input, bytes);
+  if (!outcome.isGood) return outcome;
   return Write(bytes.View(), output, std::move(outcome));
 }
 

@@ -5,6 +5,7 @@
 
 #include "dump/dump.h"
 #include "mheg/batch.h"
+#include "mheg/build/build.h"
 #include "mheg/check/check.h"
 #include "mheg/convert.h"
 #include "mheg/format/format.h"
@@ -79,6 +80,10 @@ int CarryOut(const mheg::Options& options) {
   case mheg::Command::Check: isGood = Check(options); break;
   case mheg::Command::Format:
     isGood = mheg::Format(options.inputs, options.isCheckOnly, options.jobs);
+    break;
+  case mheg::Command::Build:
+    isGood = (options.isWatching ? mheg::BuildAfterEachChange : mheg::Build)(
+        options.inputs.front(), options.output, options.jobs);
     break;
   case mheg::Command::Run: return mheg::Run(options.run);
   }

@@ -98,6 +98,14 @@ void RefuseOutputsThatClash(const Options& options) {
   }
 }
 
+// A carousel within its source would be copied into itself.
+void RefuseFolderWithin(const fs::path& output, const fs::path& source) {
+  const fs::path relative = Identity(output).lexically_relative(Identity(source));
+  if (!relative.empty() && *relative.begin() != "..") {
+    throw CLI::ValidationError("--output", "must not be in the folder " + source.string());
+  }
+}
+
 }  // namespace
 
 fs::path OutputFor(const fs::path& input, const Options& options) {
@@ -144,12 +152,23 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
                    "Change nothing; list the files that would change");
   AddJobs(*format, given);
 
+  CLI::App* build = AddCommand(app, Command::Build, "build",
+                               "Compiles, checks and copies a folder to a carousel", given);
+  build->add_option("SRC", given.inputs, "Folder with texts and other files")
+      ->required()
+      ->check(CLI::ExistingDirectory)
+      ->expected(1);
+  build->add_option("-o,--output", given.output, "Folder of the carousel")->required();
+  build->add_flag("--watch", given.isWatching, "Build again after each change, until interrupted");
+  AddJobs(*build, given);
+
   AddRun(app, given);
 
   try {
     app.parse(count, arguments);
     const bool hasOutputs = *compile || *decompile;
     if (hasOutputs) RefuseOutputsThatClash(given);
+    if (*build) RefuseFolderWithin(given.output, given.inputs.front());
   } catch (const CLI::Success& help) {
     return app.exit(help);
   } catch (const CLI::ParseError& mistake) {

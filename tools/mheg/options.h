@@ -15,7 +15,7 @@ namespace mheg {
 inline constexpr int kBadInput = 1;  // not a group, has faults, or cannot be read or written
 inline constexpr int kWrongUse = 2;  // wrong arguments
 
-enum class Command { Compile, Decompile, Dump, Check, Format, Run };
+enum class Command { Compile, Decompile, Dump, Check, Format, Build, Run };
 
 struct RunOptions {
   std::filesystem::path carousel;
@@ -34,10 +34,12 @@ struct RunOptions {
 struct Options {
   Command command = Command::Compile;
   std::vector<std::filesystem::path> inputs;
-  std::filesystem::path output;  // Compile and Decompile only: a file or a folder
-  unsigned jobs = 0;             // number of threads; 0: one per processor
-  bool isCheckOnly = false;      // Format only: changes no file
-  RunOptions run;                // Run only
+  // Compile and Decompile: a file or a folder. Build: a folder.
+  std::filesystem::path output;
+  unsigned jobs = 0;         // number of threads; 0: one per processor
+  bool isCheckOnly = false;  // Format only: changes no file
+  bool isWatching = false;   // Build only: continues until the user ends it
+  RunOptions run;            // Run only
 };
 
 // The file to write for an input: the output itself, or if that is a folder, a file in it with the

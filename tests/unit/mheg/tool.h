@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -11,6 +13,7 @@
 #include <iterator>
 #include <sstream>
 #include <string>
+#include <thread>
 
 namespace mheg {
 
@@ -51,6 +54,23 @@ class Tool : public testing::Test {
     }
     run.status = WEXITSTATUS(pclose(pipe));
     return run;
+  }
+  // Starts the tool in the background with its output in the file "log", and returns its process.
+  [[nodiscard]] pid_t Start(const std::string& arguments) const {
+    const std::string command =
+        "cd '" + folder_.string() + "' && '" KORVEL_TOOL "' " + arguments + " >log 2>&1 & echo $!";
+    FILE* pipe = popen(command.c_str(), "r");
+    pid_t process = 0;
+    EXPECT_EQ(std::fscanf(pipe, "%d", &process), 1);
+    pclose(pipe);
+    return process;
+  }
+  // Waits until the condition is true, for at most ten seconds.
+  template <class Condition> [[nodiscard]] static bool Until(Condition&& isTrue) {
+    for (int i = 0; i < 1000 && !isTrue(); ++i) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return isTrue();
   }
   void Write(const std::string& name, const std::string& bytes) const {
     std::ofstream(folder_ / name, std::ios::binary) << bytes;

@@ -154,7 +154,8 @@ TEST_F(Tool, every_command_has_help) {
                         {"decompile", {"IN", "-o,--output", "-j,--jobs", "BER to text"}},
                         {"dump", {"IN", "in either form", "indented tree"}},
                         {"check", {"PATH", "-j,--jobs", "folders", "silently"}},
-                        {"format", {"PATH", "--check", "-j,--jobs", "comments"}}};
+                        {"format", {"PATH", "--check", "-j,--jobs", "comments"}},
+                        {"build", {"SRC", "-o,--output", "--watch", "-j,--jobs", "carousel"}}};
   for (const Help& help : helps) {
     const ToolOutcome run = Call(std::string(help.command) + " --help");
     EXPECT_EQ(run.status, 0) << help.command;

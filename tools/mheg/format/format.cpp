@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 // The result for one file.
 struct Formatting {
   Messages messages;
-  bool isGood = true;      // the text has no errors and, unless it was only checked, is laid out now
+  bool isGood = true;  // the text has no errors and, unless it was only checked, is laid out now
   bool isChanged = false;  // the layout was different
 };
 

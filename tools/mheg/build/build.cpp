@@ -1,0 +1,196 @@
+// Texts are always compiled, because that is fast and leaves no doubt about what is up to date: a
+// new version of the compiler may give other bytes. Other files may be large, so they are compared
+// by size and time, which a copy keeps.
+#include "mheg/build/build.h"
+
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <set>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "mheg/batch.h"
+#include "mheg/build/product_list.h"
+#include "mheg/build/watch.h"
+#include "mheg/check/check.h"
+#include "mheg/convert.h"
+#include "mheg/write_file.h"
+
+namespace mheg {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kTextExtension = ".mheg";
+
+enum class Change { None, Written, Failed };
+
+// A file of the carousel. Its path is relative to the carousel.
+struct Product {
+  fs::path source;
+  Change change = Change::None;
+  Messages messages{};
+};
+using Products = std::map<fs::path, Product>;
+
+bool IsBroadcast(const fs::path& relative) {
+  const bool isInFolderItself = !relative.has_parent_path();
+  return !(isInFolderItself && (relative == "README.md" || relative.extension() == ".script"));
+}
+
+bool IsHidden(const fs::path& path) {
+  const fs::path name = path.filename();
+  return name.native().front() == '.';
+}
+
+// The files to broadcast, relative to the folder. Symbolic links are followed. Returns false if a
+// folder cannot be read.
+bool FindFiles(const fs::path& source, std::set<fs::path>& files) {
+  std::error_code problem;
+  fs::recursive_directory_iterator entry(source, fs::directory_options::follow_directory_symlink,
+                                         problem);
+  for (; !problem && entry != fs::end(entry); entry.increment(problem)) {
+    const fs::path relative = entry->path().lexically_relative(source);
+    std::error_code ignored;
+    const bool isFolder = entry->is_directory(ignored);
+    if (isFolder && IsHidden(relative)) entry.disable_recursion_pending();
+    if (!isFolder && !IsHidden(relative) && IsBroadcast(relative)) files.insert(relative);
+  }
+  return !problem;
+}
+
+// Two files with one product are an error of both.
+Products ProductsOf(const fs::path& source, const std::set<fs::path>& files) {
+  Products products;
+  for (const fs::path& file : files) {
+    fs::path name = file;
+    if (name.extension() == kTextExtension) name.replace_extension();
+    const auto [product, isNew] = products.emplace(name, Product{source / file});
+    if (isNew) continue;
+    product->second.change = Change::Failed;
+    product->second.messages.push_back(
+        {source / file, "has the same name in the carousel as " + product->second.source.string()});
+  }
+  return products;
+}
+
+bool HasBytes(const fs::path& path, std::string_view bytes) {
+  std::error_code problem;
+  if (fs::file_size(path, problem) != bytes.size() || problem) return false;
+  std::ifstream stream(path, std::ios::binary);
+  const std::string old(std::istreambuf_iterator<char>(stream), {});
+  return stream && old == bytes;
+}
+
+Change WriteText(const fs::path& target, Product& product) {
+  korvel::OctetString bytes;
+  Outcome outcome = CompileText(product.source, bytes);
+  product.messages = std::move(outcome.messages);
+  if (!outcome.isGood) return Change::Failed;
+  if (HasBytes(target, bytes.View())) return Change::None;
+  return WriteFile(target, bytes.View()) ? Change::Written : Change::Failed;
+}
+
+Change Copy(const fs::path& target, const fs::path& source) {
+  std::error_code problem;
+  std::error_code absence;
+  const auto time = fs::last_write_time(source, problem);
+  const bool isSame = fs::is_regular_file(target, absence) &&
+                      fs::file_size(target, absence) == fs::file_size(source, problem) &&
+                      fs::last_write_time(target, absence) == time;
+  if (!problem && isSame) return Change::None;
+  fs::path copy = target;
+  copy += ".part";
+  if (!problem) fs::copy_file(source, copy, fs::copy_options::overwrite_existing, problem);
+  if (!problem) fs::last_write_time(copy, time, problem);
+  if (!problem) fs::rename(copy, target, problem);
+  if (!problem) return Change::Written;
+  fs::remove(copy, absence);
+  return Change::Failed;
+}
+
+void BuildProduct(const fs::path& target, Product& product) {
+  if (product.change == Change::Failed) return;
+  std::error_code problem;
+  fs::create_directories(target.parent_path(), problem);
+  const bool isText = product.source.extension() == kTextExtension;
+  product.change = isText ? WriteText(target, product) : Copy(target, product.source);
+  if (product.change == Change::Failed && product.messages.empty()) {
+    product.messages.push_back({target, "cannot be written"});
+  }
+}
+
+// Removes the file, and the folders that are empty without it.
+bool Remove(const fs::path& output, const fs::path& file) {
+  std::error_code problem;
+  const bool isRemoved = fs::remove(output / file, problem);
+  for (fs::path folder = file.parent_path(); isRemoved && !folder.empty();
+       folder = folder.parent_path()) {
+    fs::remove(output / folder, problem);  // fails if it is not empty
+  }
+  return isRemoved;
+}
+
+// The findings of the check, except the errors that compiling has reported.
+Messages FindingsBeyond(const Messages& errors, const fs::path& source, unsigned jobs) {
+  std::set<std::string> reported;
+  for (const Message& error : errors) reported.insert(OneLine(error));
+  Messages findings = Check({source}, jobs);
+  std::erase_if(findings,
+                [&](const Message& finding) { return reported.contains(OneLine(finding)); });
+  return findings;
+}
+
+}  // namespace
+
+bool Build(const fs::path& source, const fs::path& output, unsigned jobs) {
+  std::set<fs::path> files;
+  if (!FindFiles(source, files)) {
+    Print({{source, "cannot be read"}}, stderr);
+    return false;
+  }
+  Products products = ProductsOf(source, files);
+  std::vector<Products::value_type*> work;
+  for (Products::value_type& product : products) work.push_back(&product);
+  RunBatch(work.size(), jobs,
+           [&](std::size_t i) { BuildProduct(output / work[i]->first, work[i]->second); });
+
+  Messages errors;
+  ProductList old = ReadProductList(output);
+  ProductList list;
+  std::size_t counts[] = {0, 0, 0};  // of each change
+  for (const auto& [file, product] : products) {
+    errors.insert(errors.end(), product.messages.begin(), product.messages.end());
+    ++counts[static_cast<std::size_t>(product.change)];
+    const bool wasBuilt = old.erase(file) > 0;
+    if (wasBuilt || product.change != Change::Failed) list.insert(file);
+  }
+  std::size_t removedCount = 0;
+  for (const fs::path& file : old) removedCount += Remove(output, file) ? 1 : 0;
+  if (!WriteProductList(output, list)) {
+    errors.push_back({output, "the list of its files cannot be written beside it"});
+  }
+  Print(errors, stderr);
+  Print(FindingsBeyond(errors, source, jobs), stderr);
+  std::printf("%s: %zu written, %zu removed, %zu up to date\n", output.string().c_str(),
+              counts[static_cast<std::size_t>(Change::Written)], removedCount,
+              counts[static_cast<std::size_t>(Change::None)]);
+  std::fflush(stdout);
+  return errors.empty();
+}
+
+bool BuildAfterEachChange(const fs::path& source, const fs::path& output, unsigned jobs) {
+  for (;;) {
+    // Begins before the build, so that changes during the build are noticed.
+    Watch watch(source);
+    (void)Build(source, output, jobs);
+    if (!watch.Wait()) break;
+  }
+  Print({{source, "cannot be watched"}}, stderr);
+  return false;
+}
+
+}  // namespace mheg

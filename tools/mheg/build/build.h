@@ -1,0 +1,24 @@
+// Makes a carousel, the folder that is broadcast, from an author's folder.
+#pragma once
+
+#include <filesystem>
+
+namespace mheg {
+
+// Brings the carousel `output` up to date with the folder `source`, on `jobs` threads (0: one per
+// processor): compiles each text NAME.mheg to NAME and copies all other files, including
+// subfolders. Files whose names begin with a dot, and README.md and *.script in the folder itself,
+// are not broadcast. Only files that change are written. Products of an earlier build that have no
+// source any more are removed; other files in the carousel are not touched.
+//
+// Prints errors, the findings of the check, and a line with the numbers of files. A text with
+// errors leaves the file that was compiled from it earlier. Returns whether every file of the
+// carousel is up to date; findings alone are no failure.
+[[nodiscard]] bool Build(const std::filesystem::path& source, const std::filesystem::path& output,
+                         unsigned jobs);
+
+// Builds now and after each change in the source, as long as it can be watched. Then returns false.
+[[nodiscard]] bool BuildAfterEachChange(const std::filesystem::path& source,
+                                        const std::filesystem::path& output, unsigned jobs);
+
+}  // namespace mheg

@@ -1,0 +1,48 @@
+// One path in a line, in UTF-8 and with slashes.
+#include "mheg/build/product_list.h"
+
+#include <fstream>
+#include <string>
+#include <system_error>
+
+#include "mheg/write_file.h"
+
+namespace mheg {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path ListOf(const fs::path& carousel) {
+  std::error_code problem;
+  fs::path full = fs::absolute(carousel, problem).lexically_normal();
+  if (!full.has_filename()) full = full.parent_path();  // a separator at the end
+  fs::path name = ".";
+  name += full.filename();
+  name += ".mheg-build";
+  return full.parent_path() / name;
+}
+
+}  // namespace
+
+// Skips lines that do not name a file in the carousel, so that a damaged list cannot remove others.
+ProductList ReadProductList(const fs::path& carousel) {
+  ProductList products;
+  std::ifstream stream(ListOf(carousel), std::ios::binary);
+  for (std::string line; std::getline(stream, line);) {
+    const fs::path file = fs::path(std::u8string(line.begin(), line.end())).lexically_normal();
+    const bool isWithin = !file.empty() && file.is_relative() && *file.begin() != "..";
+    if (isWithin && file.has_filename()) products.insert(file);
+  }
+  return products;
+}
+
+bool WriteProductList(const fs::path& carousel, const ProductList& products) {
+  std::string lines;
+  for (const fs::path& file : products) {
+    const std::u8string name = file.generic_u8string();
+    lines.append(name.begin(), name.end()).append("\n");
+  }
+  return WriteFile(ListOf(carousel), lines);
+}
+
+}  // namespace mheg

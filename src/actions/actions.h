@@ -59,8 +59,7 @@ template <class Variable, class Value> Status SetValue(Variable& variable, Value
   ValueOf(variable) = std::move(value);
   // Fetched content belongs to the old path.
   if constexpr (requires { variable.Value.Path; }) variable.Content.Data.Clear();
-  ObserveValue(variable);
-  return Status::Done;
+  return ObserveValue(variable);
 }
 
 // The field of a generic value that holds values of the type of the second argument.

@@ -146,12 +146,43 @@ Status PerformOne(const ReferenceContext& context, const ActionRow& row,
   if (row.accepts != 0) {
     arguments.target = FindTarget(context, action.Target);
     const ItemType type = arguments.target.type;
-    if (type == ItemType::None) return Refuse(Reason::NoTarget);
     if (!Contains(row.accepts, type)) {
-      return Refuse(Reason::ClassNotAccepted, static_cast<std::int32_t>(type));
+      return Refuse(type == ItemType::None ? Reason::NoTarget : Reason::ClassNotAccepted,
+                    static_cast<std::int32_t>(type));
     }
   }
   return Perform(row.action, arguments, action.Target);
+}
+
+Status RunList(Scope scope, const ActionHolder& list, std::string_view groupName) {
+  const ReferenceContext context{scope, WithoutTilde(groupName)};
+  const Generations& generations = CurrentGenerations();
+  const Generations remembered = generations;
+  Status result = Status::Done;
+  for (const ElementaryAction& action : *list.actions) {
+    if (!TakeAction()) return Status::Failure;
+    const ActionRow* row = FindAction(action.ActionType);
+    if (row == nullptr) {
+      Say(Message::UnknownAction, action.ActionType);
+      result = Status::Refused;
+      continue;
+    }
+    ObserveAction(list, action);
+    const Status status = PerformOne(context, *row, action);
+    if (status != Status::Done) {
+      ObserveActionStatus(list, status);
+      if (status == Status::Failure || status == Status::Replaced) return status;
+    }
+    if (generations != remembered) {
+      if (&action + 1 != list.actions->end()) ObserveReason(Reason::ListEnds, 0);
+      // A scene's own list ends with the result of the transition that it requested.
+      const bool isOwnTransition =
+          row->action == Action::TransitionTo && scope == Scope::SceneFirst;
+      return isOwnTransition ? status : Status::Replaced;
+    }
+    if (list.holder != nullptr && IsGone(*list.holder)) return Status::Replaced;
+  }
+  return result;
 }
 
 }  // namespace
@@ -160,32 +191,9 @@ Status RunActions(Scope scope, const ActionHolder& owner, std::string_view group
   if (owner.actions == nullptr || owner.actions->IsEmpty()) return Status::Done;
   const NestingLevel level;
   if (!level.IsAllowed()) return Status::Failure;
-  const ReferenceContext context{scope, WithoutTilde(groupName)};
-  const Generations& generations = CurrentGenerations();
-  const Generations remembered = generations;
-  Status result = Status::Done;
-  for (const ElementaryAction& action : *owner.actions) {
-    if (!TakeAction()) return Status::Failure;
-    const ActionRow* row = FindAction(action.ActionType);
-    if (row == nullptr) {
-      Say(Message::UnknownAction, action.ActionType);
-      result = Status::Refused;
-      continue;
-    }
-    ObserveAction(owner, action);
-    const Status status = PerformOne(context, *row, action);
-    ObserveActionEnd(status);
-    if (status == Status::Failure || status == Status::Replaced) return status;
-    if (generations != remembered) {
-      if (&action + 1 != owner.actions->end()) ObserveReason(Reason::ListEnds, 0);
-      // A scene's own list ends with the result of the transition that it requested.
-      const bool isOwnTransition =
-          row->action == Action::TransitionTo && scope == Scope::SceneFirst;
-      return isOwnTransition ? status : Status::Replaced;
-    }
-    if (owner.holder != nullptr && IsGone(*owner.holder)) return Status::Replaced;
-  }
-  return result;
+  const Status status = RunList(scope, owner, groupName);
+  ObserveListEnd(owner);
+  return status;
 }
 
 }  // namespace korvel

@@ -216,8 +216,7 @@ Status Append(const Arguments& arguments) {
   if (isTooLong || !variable.Value.Append(added)) {
     Say(Message::NoMemoryForAppended);
   }
-  ObserveValue(variable);
-  return Status::Done;
+  return ObserveValue(variable);
 }
 
 }  // namespace korvel

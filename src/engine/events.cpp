@@ -63,10 +63,8 @@ LinkCollection Collect(LinkKey key, SceneName comparison, Predicate&& isSource) 
 Status RunLink(const LinkTableEntry& entry) {
   Link& link = *entry.link;
   ObserveLink(link);
-  const Status status = RunActions(entry.scope, {&link.LinkEffect, link.owner},
-                                   link.Reference.GroupIdentifier.View());
-  ObserveLinkEnd(status);
-  return status;
+  return RunActions(entry.scope, {&link.LinkEffect, link.owner},
+                    link.Reference.GroupIdentifier.View());
 }
 
 bool StopsDispatch(Status status) {

@@ -12,17 +12,17 @@ void ObserveEvent(EventType /*type*/, EventData /*data*/) {}
 
 void ObserveLink(const Link& /*link*/) {}
 
-void ObserveLinkEnd(Status /*status*/) {}
-
 void ObserveSkippedLink(const Link& /*link*/, Reason /*reason*/) {}
 
 void ObserveAction(const ActionHolder& /*list*/, const ElementaryAction& /*action*/) {}
 
-void ObserveActionEnd(Status /*status*/) {}
+void ObserveActionStatus(const ActionHolder& /*list*/, Status /*status*/) {}
+
+void ObserveListEnd(const ActionHolder& /*list*/) {}
 
 void ObserveReason(Reason /*reason*/, std::int32_t /*detail*/) {}
 
-void ObserveValue(const Ingredient& /*variable*/) {}
+Status ObserveValue(const Ingredient& /*variable*/) { return Status::Done; }
 
 void ObserveGroupStart(const Group& /*group*/) {}
 

@@ -55,21 +55,24 @@ void ObserveEvent(std::string_view sourceGroup, std::int32_t sourceNumber, Event
                   EventData data);
 void ObserveEvent(EventType type, EventData data);
 
-// A link runs; its actions are reported before its end. The end has the status of its action list.
+// A link runs. Its actions follow, if it has any.
 void ObserveLink(const Link& link);
-void ObserveLinkEnd(Status status);
 void ObserveSkippedLink(const Link& link, Reason reason);
 
-// An action of a list begins; everything that it causes is reported before its end. The end of an
-// action that was skipped has the status Refused.
+// An action begins; everything that it causes is reported before the next action or the end of the
+// same list. `list` is the same object for all actions of one run of a list.
 void ObserveAction(const ActionHolder& list, const ElementaryAction& action);
-void ObserveActionEnd(Status status);
+// The action that began last in this list has ended with another status than Done. That of a
+// skipped action is Refused.
+void ObserveActionStatus(const ActionHolder& list, Status status);
+void ObserveListEnd(const ActionHolder& list);
 
 // Why the action that began last, the key or the timer was skipped.
 void ObserveReason(Reason reason, std::int32_t detail);
 
-// A variable has a new value.
-void ObserveValue(const Ingredient& variable);
+// A variable has a new value. Returns Done, so that the functions that set values can end with this
+// call, which then costs least.
+Status ObserveValue(const Ingredient& variable);
 
 // A group becomes the current one of its kind; a group has ended.
 void ObserveGroupStart(const Group& group);

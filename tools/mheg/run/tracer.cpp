@@ -17,11 +17,18 @@ using korvel::EventData;
 using korvel::EventType;
 using korvel::ValueKind;
 
+// An action list in progress.
+struct OpenList {
+  const korvel::ActionHolder* list;
+  const korvel::ElementaryAction* action;  // the one that began last
+  std::size_t depth;                       // of the lines of its actions
+};
+
 struct Trace {
   TraceForm form = TraceForm::None;
-  // The links and actions in progress; null for a link.
-  std::vector<const korvel::ElementaryAction*> open;
-  bool isReasonGiven = false;  // for the action in progress
+  std::vector<OpenList> open;
+  const korvel::ActionList* effect = nullptr;  // of the link that ran last
+  bool isReasonGiven = false;                  // for the action in progress
   Sources sources;
 };
 
@@ -30,12 +37,13 @@ Trace& TheTrace() {
   return trace;
 }
 
-// A line, `deeper` levels below the link or action in progress. Steps are at depth 0, so everything
-// else is at least at depth 1. A link is nested in its event, which has no end of its own.
+// The depth of what the action in progress causes. Steps are at depth 0, so everything else is at
+// least at depth 1.
+std::size_t Depth() { return TheTrace().open.empty() ? 1 : TheTrace().open.back().depth + 1; }
+
+// A line, `deeper` levels below the action in progress.
 TraceLine LineAbout(std::string_view what, std::size_t deeper = 0) {
-  std::size_t depth = 1 + deeper;
-  for (const auto* action : TheTrace().open) depth += action == nullptr ? 2 : 1;
-  return {what, TheSurroundings().now, depth};
+  return {what, TheSurroundings().now, Depth() + deeper};
 }
 
 void PrintLine(const TraceLine& line, std::string_view words) {
@@ -47,7 +55,7 @@ std::string_view GroupOf(const korvel::Root& object) {
 }
 
 const korvel::ElementaryAction* ActionInProgress() {
-  return TheTrace().open.empty() ? nullptr : TheTrace().open.back();
+  return TheTrace().open.empty() ? nullptr : TheTrace().open.back().action;
 }
 
 // " TRUE", " 5", " 100 (Red)"; empty without data.
@@ -85,10 +93,6 @@ void TraceGroup(std::string_view what, const korvel::Group& group, std::string_v
   PrintLine(line, NameOf(group) + std::string(suffix));
 }
 
-void EndInnermost() {
-  if (!TheTrace().open.empty()) TheTrace().open.pop_back();
-}
-
 }  // namespace
 
 void StartTrace(TraceForm form) { TheTrace().form = form; }
@@ -98,6 +102,7 @@ bool IsTracing() { return TheTrace().form != TraceForm::None; }
 void TraceStep(std::string_view what, std::string_view words) {
   if (!IsTracing()) return;
   TheTrace().open.clear();
+  TheTrace().effect = nullptr;
   TraceLine line(what, TheSurroundings().now, 0);
   line.Field("step", words);
   PrintLine(line, words);
@@ -162,10 +167,8 @@ void ObserveEvent(EventType type, EventData data) {
 void ObserveLink(const Link& link) {
   if (!IsTracing()) return;
   mheg::TraceLink(link, "", LineAbout("link", 1));
-  TheTrace().open.push_back(nullptr);
+  TheTrace().effect = &link.LinkEffect;
 }
-
-void ObserveLinkEnd(Status /*status*/) { mheg::EndInnermost(); }
 
 void ObserveSkippedLink(const Link& link, Reason reason) {
   if (!IsTracing()) return;
@@ -177,26 +180,36 @@ void ObserveSkippedLink(const Link& link, Reason reason) {
 
 void ObserveAction(const ActionHolder& list, const ElementaryAction& action) {
   if (!IsTracing()) return;
+  mheg::Trace& trace = TheTrace();
+  if (trace.open.empty() || trace.open.back().list != &list) {
+    // The list of a link is nested in the link, which is nested in its event.
+    const std::size_t depth = mheg::Depth() + (list.actions == trace.effect ? 2 : 0);
+    trace.open.push_back({&list, &action, depth});
+  }
+  trace.open.back().action = &action;
+  trace.isReasonGiven = false;
   const std::string_view home =
       list.holder == nullptr ? std::string_view{} : mheg::GroupOf(*list.holder);
   const std::string text = mheg::TextOf(action, home);
-  mheg::TraceLine line = LineAbout("action");
+  mheg::TraceLine line("action", mheg::TheSurroundings().now, trace.open.back().depth);
   line.Field("group", home).Field("action", text);
   PrintWithPlace(line, text, TheTrace().sources.Of(list, action));
-  TheTrace().open.push_back(&action);
-  TheTrace().isReasonGiven = false;
 }
 
-void ObserveActionEnd(Status status) {
+void ObserveActionStatus(const ActionHolder& /*list*/, Status status) {
   if (!IsTracing()) return;
-  mheg::Trace& trace = TheTrace();
-  if (status == Status::Refused && !trace.isReasonGiven) {
+  if (status == Status::Refused && !TheTrace().isReasonGiven) {
     PrintLine(LineAbout("unchanged"), "nothing to do");
   }
   if (status == Status::Failure) {
     PrintLine(LineAbout("failure"), "failed: ends everything that this step has caused");
   }
-  mheg::EndInnermost();
+}
+
+void ObserveListEnd(const ActionHolder& list) {
+  mheg::Trace& trace = TheTrace();
+  if (!IsTracing() || trace.open.empty() || trace.open.back().list != &list) return;
+  trace.open.pop_back();
   trace.isReasonGiven = true;  // an action that caused others has done something
 }
 
@@ -210,13 +223,14 @@ void ObserveReason(Reason reason, std::int32_t detail) {
   TheTrace().isReasonGiven = true;
 }
 
-void ObserveValue(const Ingredient& variable) {
-  if (!IsTracing()) return;
+Status ObserveValue(const Ingredient& variable) {
+  if (!IsTracing()) return Status::Done;
   const std::string value = mheg::ValueOf(variable);
   mheg::TraceLine line = LineAbout("value");
   line.Field("group", mheg::GroupOf(variable));
   line.Field("number", std::int64_t{variable.Reference.Number}).Field("value", value);
   PrintLine(line, mheg::NameOf(variable) + " = " + value);
+  return Status::Done;
 }
 
 void ObserveGroupStart(const Group& group) {

@@ -11,81 +11,113 @@ namespace {
 
 template <class HeldClasses> bool ReadObjects(TextReader& reader, List<Item>& list);
 
+// The part of building an object that is the same for all classes.
+class ObjectFrame {
+ public:
+  ObjectFrame(TextReader& reader, const ClassHeading& heading, ObjectReference& reference)
+      : reader_(reader), heading_(heading), reference_(reference) {}
+
+  // Reads the opening brace, the keyword and the reference.
+  [[nodiscard]] bool Open() {
+    const Token& begin = reader_.Next();
+    begin_ = begin.offset;
+    if (!reader_.Expect(kOpenBrace, "{")) return false;
+    // An item is only built at its keyword, so this is a group.
+    if (!reader_.TakeKeyword(heading_.keyword)) return reader_.Refuse("", TextChoice::Class);
+    errorCount_ = reader_.ErrorCount();
+    outer_ = reader_.Enter({heading_.name});
+    openParentheses_ = reader_.SetOpenParentheses(0);
+    attributePlace_ = reader_.Place() - 1;
+    return Continue(Read(reader_, reference_)) && reader_.NotePlace(begin);
+  }
+
+  // Consumes the closing brace if no attribute precedes it.
+  [[nodiscard]] bool HasAttribute() {
+    attributePlace_ = reader_.Place();
+    attributeBit_ = 1;
+    isKnown_ = false;
+    return !reader_.Take(kCloseBrace);
+  }
+  // Called for each attribute of the class in turn. True if it is the next one: its keyword is
+  // consumed.
+  [[nodiscard]] bool TakeAttribute(const char* keyword) {
+    const std::uint64_t bit = attributeBit_;
+    attributeBit_ <<= 1;
+    if (isKnown_ || !reader_.IsAtKeyword(keyword)) return false;
+    isKnown_ = true;
+    if ((written_ & bit) != 0) return reader_.Refuse("each attribute only once");
+    written_ |= bit;
+    Enter(keyword);
+    if (!reader_.NotePlace(reader_.Next())) return false;
+    reader_.Skip();
+    return true;
+  }
+  // Ends an attribute: after an error, moves to the next one. False if there is none.
+  [[nodiscard]] bool Continue(bool isRead) {
+    const bool isGroup = Contains(kGroups, heading_.type);
+    if (!isRead && !reader_.ContinueObject(attributePlace_, isGroup)) return false;
+    Enter("");
+    return true;
+  }
+  [[nodiscard]] bool RefuseUnknown() {
+    return isKnown_ ? false : reader_.Refuse("}", TextChoice::Attribute);
+  }
+
+  // Restores the outer construct. After an error that does not end reading, the object counts as
+  // read.
+  [[nodiscard]] bool Close(bool isRead) {
+    reader_.SetOpenParentheses(openParentheses_);
+    reader_.Enter(outer_);
+    return isRead || reader_.MayContinue();
+  }
+  // Notes the mandatory attribute with that index if it is missing. Objects with errors are
+  // skipped: the attribute may be misspelt.
+  [[nodiscard]] bool NoteIfMissing(std::uint32_t index, const char* keyword) {
+    const bool isWritten = (written_ >> index & 1) != 0;
+    return isWritten || reader_.ErrorCount() != errorCount_ ||
+           reader_.NoteMissing(begin_, heading_.name, keyword);
+  }
+
+ private:
+  // Enters an attribute, or the object itself.
+  void Enter(const char* keyword) { reader_.Enter({heading_.name, keyword, reference_.Number}); }
+
+  TextReader& reader_;
+  const ClassHeading& heading_;
+  ObjectReference& reference_;
+  std::uint32_t begin_ = 0;  // the offset of its opening brace
+  std::size_t errorCount_ = 0;
+  Construct outer_;
+  std::int32_t openParentheses_ = 0;  // of the outer construct
+  std::size_t attributePlace_ = 0;
+  std::uint64_t attributeBit_ = 1;
+  bool isKnown_ = false;
+  std::uint64_t written_ = 0;  // a bit for each attribute
+};
+
 // Builds one object: its attributes come in any order, each at most once.
 template <class Record> class ObjectBuilder {
  public:
-  ObjectBuilder(TextReader& reader, Record& record) : reader_(reader), record_(record) {}
+  ObjectBuilder(TextReader& reader, Record& record)
+      : reader_(reader), record_(record), frame_(reader, kHeading, record.Reference) {}
 
-  // From the opening brace to the closing one. After an error that does not end reading, the object
-  // counts as read.
+  // From the opening brace to the closing one.
   [[nodiscard]] bool Build() {
-    const Token begin = reader_.Next();
-    if (!reader_.Expect(kOpenBrace, "{")) return false;
-    // An item is only built at its keyword, so this is a group.
-    if (!reader_.TakeKeyword(kHeading.keyword)) return reader_.Refuse("", TextChoice::Class);
-    const std::size_t errorCount = reader_.ErrorCount();
-    const Construct outer = reader_.Enter({kHeading.name});
-    const std::int32_t openParentheses = reader_.SetOpenParentheses(0);
-    const bool isRead = ReadReference(begin) && ReadAttributes();
-    reader_.SetOpenParentheses(openParentheses);
-    reader_.Enter(outer);
-    if (!isRead || reader_.ErrorCount() != errorCount) return isRead || reader_.MayContinue();
-    return NoteMissing(begin);
+    bool isRead = frame_.Open();
+    while (isRead && frame_.HasAttribute()) isRead = frame_.Continue(ReadAttribute());
+    return frame_.Close(isRead) && NoteMissing();
   }
 
  private:
   static constexpr const ClassHeading& kHeading = Description<Record>::heading;
 
-  [[nodiscard]] bool ReadReference(const Token& begin) {
-    const std::size_t place = reader_.Place();
-    if (!Read(reader_, record_.Reference) && !Continue(place - 1)) return false;
-    Enter("");
-    return reader_.NotePlace(begin);
-  }
-
-  // The attributes and the closing brace.
-  [[nodiscard]] bool ReadAttributes() {
-    while (!reader_.Take(kCloseBrace)) {
-      const std::size_t place = reader_.Place();
-      if (!ReadAttribute() && !Continue(place)) return false;
-      Enter("");
-    }
-    return true;
-  }
-
-  [[nodiscard]] bool Continue(std::size_t begin) {
-    return reader_.ContinueObject(begin, std::is_base_of_v<Group, Record>);
-  }
-
-  // Enters an attribute, or the object itself.
-  void Enter(const char* keyword) {
-    reader_.Enter({kHeading.name, keyword, record_.Reference.Number});
-  }
-
   [[nodiscard]] bool ReadAttribute() {
-    bool isKnown = false;
     bool isRead = false;
-    std::uint64_t place = 1;
     const auto readIfHere = [&](const char* keyword, const Form& form, auto& field) {
-      if (!isKnown && reader_.IsAtKeyword(keyword)) {
-        isKnown = true;
-        isRead = ReadOnce(place, keyword, field, form);
-      }
-      place <<= 1;
+      if (frame_.TakeAttribute(keyword)) isRead = ReadField(field, form);
     };
     ForEachWrittenAttribute<Record>(readIfHere, record_);
-    return isKnown ? isRead : reader_.Refuse("}", TextChoice::Attribute);
-  }
-
-  template <class Field>
-  [[nodiscard]] bool ReadOnce(std::uint64_t place, const char* keyword, Field& field,
-                              const Form& form) {
-    if ((written_ & place) != 0) return reader_.Refuse("each attribute only once");
-    written_ |= place;
-    Enter(keyword);
-    if (!reader_.NotePlace(reader_.Next())) return false;
-    reader_.Skip();
-    return ReadField(field, form);
+    return isRead || frame_.RefuseUnknown();
   }
 
   template <class Field> [[nodiscard]] bool ReadField(Field& field, const Form& form) {
@@ -97,22 +129,20 @@ template <class Record> class ObjectBuilder {
     }
   }
 
-  [[nodiscard]] bool NoteMissing(const Token& begin) {
+  [[nodiscard]] bool NoteMissing() {
     bool isNoted = true;
-    std::uint64_t place = 1;
-    const auto noteIfLeftOut = [&](const char* keyword, const Form& form) {
-      if (form.isRequired && (written_ & place) == 0) {
-        isNoted = isNoted && reader_.NoteMissing(begin.offset, kHeading.name, keyword);
-      }
-      place <<= 1;
+    std::uint32_t index = 0;
+    const auto noteIfMissing = [&](const char* keyword, const Form& form) {
+      if (form.isRequired) isNoted = isNoted && frame_.NoteIfMissing(index, keyword);
+      ++index;
     };
-    ForEachWrittenAttribute<Record>(noteIfLeftOut);
+    ForEachWrittenAttribute<Record>(noteIfMissing);
     return isNoted;
   }
 
   TextReader& reader_;
   Record& record_;
-  std::uint64_t written_ = 0;  // a bit for each attribute
+  ObjectFrame frame_;
 };
 
 bool ReadObject(TextReader& reader, auto heldClasses, Item& item) {

@@ -24,8 +24,10 @@ pixels of the picture; RANGE is A..B, both included, or one number.
 
 `expected/NAME.png` are stored pictures, compared exactly but for the areas in `tolerance`:
 
-  NAME.png|* X Y WIDTH HEIGHT glyphs COUNT    up to COUNT pixels may differ there
-  NAME.png|* X Y WIDTH HEIGHT within D        each channel may differ there by up to D
+  NAMES X Y WIDTH HEIGHT glyphs COUNT    up to COUNT pixels may differ there
+  NAMES X Y WIDTH HEIGHT within D        each channel may differ there by up to D
+
+NAMES are one or more pictures, NAME.png,OTHER.png, or * for all.
 
 Lines that begin with "# " are comments. For each wrong picture the work folder then contains
 difference_NAME.png: the wrong pixels in white on black.
@@ -228,7 +230,7 @@ def excuse(differences, scenario, name):
     problems = []
     for line in lines_of(scenario / "tolerance"):
         picture, *numbers, kind, limit = line.split()
-        if picture not in (name, "*"):
+        if picture != "*" and name not in picture.split(","):
             continue
         x, y, width, height = (int(number) for number in numbers)
         area = differences[y : y + height, x : x + width]

@@ -191,7 +191,8 @@ class Checks(unittest.TestCase):
         line = "* 30 30 10 10 glyphs 3"
         problem = f"a.png: 4 pixels differ in the area of '{line}'"
         self.assertEqual(self.stored_problems(line), [problem])
-        others = self.stored_problems("b.png 30 30 10 10 glyphs 4")
+        self.assertEqual(self.stored_problems("b.png,a.png 30 30 10 10 glyphs 4"), [])
+        others = self.stored_problems("b.png,aa.png 30 30 10 10 glyphs 4")
         self.assertEqual(others, ["a.png: 4 pixels differ"])
 
     def test_channels_may_differ_in_value(self):

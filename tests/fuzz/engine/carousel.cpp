@@ -207,8 +207,9 @@ std::string CompileGroup(std::string_view text) {
 
 void LoadSeeds() {
   const fs::path sources = KORVEL_SOURCE_DIR;
-  for (const char* folder : {"examples/clock", "examples/quiz", "examples/welcome",
-                             "tests/fuzz/seeds/engine/programs"}) {
+  for (const char* folder :
+       {"examples/clock", "examples/gallery", "examples/news", "examples/paint", "examples/quiz",
+        "examples/welcome", "tests/fuzz/seeds/engine/programs"}) {
     demos.push_back(Compile(sources / folder));
   }
   std::vector<fs::path> folders;

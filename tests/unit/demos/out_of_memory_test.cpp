@@ -59,6 +59,17 @@ TEST_F(OutOfMemoryInDemos, the_clock_leaks_nothing) {
   FailEveryNth(7, {kRed, kSelect, kGreen, kSelect, kYellow, kYellow, kRed});
 }
 
+// A scrolled list, a story, the story that its hypertext leads to.
+TEST_F(OutOfMemoryInDemos, the_news_leak_nothing) {
+  ServeDemo("news");
+  FailEveryNth(5, {kDown, kUp, kSelect, kSelect, kGreen, kCancel, kRed});
+}
+
+TEST_F(OutOfMemoryInDemos, the_canvas_leaks_nothing) {
+  ServeDemo("paint");
+  FailEveryNth(3, {kRight, kSelect, kDigit0 + 6, kSelect, kRed, kGreen, kYellow, kBlue});
+}
+
 class OutOfMemoryInWelcome : public DemoTest {
  protected:
   void SetUp() override {
@@ -67,10 +78,11 @@ class OutOfMemoryInWelcome : public DemoTest {
     ASSERT_EQ(TheHost().files.count("a"), 1U);
   }
 
-  // Starts the demo and goes through every scene: down, OK, blue, four times red, green, blue.
+  // Starts the demo and goes through every scene: down, OK, right, blue, yellow, blue, five times
+  // red, green, blue.
   void PlayAll() {
     static_cast<void>(Start());
-    for (const std::int32_t key : {2, 15, 103, 100, 100, 100, 100, 101, 103}) {
+    for (const std::int32_t key : {2, 15, 4, 103, 102, 103, 100, 100, 100, 100, 100, 101, 103}) {
       static_cast<void>(Press(key));
     }
     EndEngine();
@@ -78,7 +90,7 @@ class OutOfMemoryInWelcome : public DemoTest {
 };
 
 TEST_F(OutOfMemoryInWelcome, decoding_is_refused_cleanly_whichever_allocation_fails) {
-  for (const char* name : {"a", "menu", "about", "counter"}) {
+  for (const char* name : {"a", "menu", "about", "counter", "move"}) {
     SCOPED_TRACE(name);
     const std::string& file = TheHost().files[name];
     const std::size_t blocks = LiveBlocks();
@@ -102,8 +114,8 @@ TEST_F(OutOfMemoryInWelcome, starting_and_playing_leak_nothing_whichever_allocat
   TheHost().fetched.clear();
   PlayAll();
   const auto undisturbed = TheHost().fetched;
-  ASSERT_EQ(undisturbed,
-            (std::vector<std::string>{"a", "menu", "about", "menu", "counter", "menu"}));
+  ASSERT_EQ(undisturbed, (std::vector<std::string>{"a", "menu", "move", "menu", "about", "menu",
+                                                   "counter", "menu"}));
   std::size_t failing = 0;
   do {
     const auto files = TheHost().files;

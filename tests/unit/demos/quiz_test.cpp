@@ -99,13 +99,16 @@ TEST_F(Quiz, wrong_answers_score_nothing_and_show_the_right_one) {
 
 TEST_F(Quiz, a_question_without_an_answer_ends_when_its_time_is_up) {
   Begin(1);
-  for (std::int32_t left = IntegerOf(kSeconds); left > 0; --left) {
+  constexpr std::int32_t kWholeBar = 570;
+  const std::int32_t seconds = IntegerOf(kSeconds);
+  for (std::int32_t left = seconds; left > 0; --left) {
     EXPECT_EQ(TextOf(44), std::to_string(left));
-    EXPECT_EQ(Find<Slider>(41, SceneName()).SliderValue, left);
+    EXPECT_EQ(Find<Rectangle>(41, SceneName()).BoxSize.Width, kWholeBar * left / seconds);
     EXPECT_EQ(TextOf(kVerdict), "");
     ASSERT_NO_FATAL_FAILURE(ExpireTimer(kCountdown));
   }
   EXPECT_EQ(TextOf(44), "0");
+  EXPECT_EQ(Find<Rectangle>(41, SceneName()).BoxSize.Width, 0);
   EXPECT_EQ(TextOf(kVerdict), "Time is up.");
   EXPECT_TRUE(TheHost().timers.empty());
   EXPECT_EQ(Find<TokenGroup>(kToken, SceneName()).TokenPosition, RightAnswer());
@@ -149,14 +152,16 @@ TEST_F(Quiz, an_answer_or_leaving_stops_the_countdown) {
 TEST_F(Quiz, without_a_limit_there_is_no_countdown) {
   PressAll({kGreen});
   ASSERT_EQ(SceneName(), "~/time");
+  EXPECT_EQ(Find<Rectangle>(9, SceneName()).BoxSize.Width, 624 * 20 / 30);
   for (std::int32_t steps = 0; steps < 10; ++steps) PressAll({kLeft});
+  EXPECT_EQ(Find<Rectangle>(9, SceneName()).BoxSize.Width, 0);
   EXPECT_EQ(TextOf(2), "No limit");
   PressAll({kSelect});
   EXPECT_EQ(TextOf(7), "No limit");
   PressAll({kSelect});
   ASSERT_EQ(SceneName(), "~/question");
   EXPECT_TRUE(TheHost().timers.empty());
-  EXPECT_FALSE(Find<Slider>(41, SceneName()).RunningStatus);
+  EXPECT_FALSE(Find<Rectangle>(41, SceneName()).RunningStatus);
 }
 
 TEST_F(Quiz, a_year_needs_four_digits_and_can_be_corrected) {
@@ -175,17 +180,20 @@ TEST_F(Quiz, a_year_needs_four_digits_and_can_be_corrected) {
   PressAll({kDigit0 + 9});
   ASSERT_NO_FATAL_FAILURE(ExpireTimer(kCellUpdate));
   EXPECT_EQ(TextOf(31) + TextOf(32) + TextOf(33) + TextOf(34), "1968");
-  EXPECT_EQ(Find<Rectangle>(25, SceneName()).Position.X, 206 + 2 * 80);
+  EXPECT_EQ(Find<Rectangle>(25, SceneName()).Position.X, 48 + 2 * 84);
 }
 
-TEST_F(Quiz, the_help_explains_each_anchor) {
+TEST_F(Quiz, the_help_explains_the_marked_row) {
   PressAll({kBlue});
   ASSERT_EQ(SceneName(), "~/help");
-  for (const char* label : {"Answering ", "The clock ", "The score ", "The keys  "}) {
-    const std::string before = TextOf(4);
-    PressAll({kSelect});
-    EXPECT_EQ(TextOf(3), label);
-    EXPECT_NE(TextOf(4), before);
+  std::int32_t row = 124;
+  std::string before;
+  for (const char* label : {"Answering", "The clock", "The score", "The keys"}) {
+    EXPECT_EQ(Find<Rectangle>(6, SceneName()).Position.Y, row);
+    EXPECT_EQ(TextOf(8), label);
+    EXPECT_NE(TextOf(10), before);
+    before = TextOf(10);
+    row += 90;
     PressAll({kDown});
   }
   PressAll({kCancel});

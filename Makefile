@@ -1,11 +1,11 @@
 # Short commands for the CMake presets. Each target installs the missing Debian packages that it
 # needs and builds only what it needs, so any target may be the first command on a new machine
 # (scripts/fresh-machine.sh tests that). Products: build/<preset>/bin/.
-.PHONY: play test test-elsewhere gallery dll mheg demos fuzz coverage mutants endurance long-tests \
-  bench bench-check check format
+.PHONY: play test test-elsewhere gallery gallery-check dll mheg demos fuzz coverage mutants \
+  endurance long-tests bench bench-check check format
 
-# Plays the demo that DEMO names (welcome, quiz, clock): in a window if there is a display,
-# otherwise takes screenshots.
+# Plays the demo that DEMO names (welcome, quiz, clock, news, paint, gallery): in a window if there
+# is a display, otherwise takes screenshots.
 play: dll demos
 	@scripts/install-packages.sh run display
 	@scripts/play.sh $(or $(DEMO),welcome)
@@ -20,11 +20,18 @@ test:
 test-elsewhere:
 	@scripts/test-elsewhere.sh
 
-# One page with the pictures of all demos and picture tests: build/gallery/index.html.
+# One page with the pictures of all demos and picture tests: build/gallery/index.html. Also makes
+# the pictures of docs/.
 gallery: dll mheg
 	@scripts/install-packages.sh run gallery
 	@cmake --build --preset win64 --target clock_decoder
 	@scripts/gallery.sh
+
+# Checks that page in headless Chromium, at two widths, with pictures, layout and keyboard.
+gallery-check: gallery
+	@scripts/install-packages.sh browser
+	@/usr/bin/python3 -B tests/scenarios/gallery_check_test.py
+	@/usr/bin/python3 -B tests/scenarios/gallery_check.py build/gallery/index.html
 
 # The 64-bit library, and the player with its decoder of I-frames.
 dll:

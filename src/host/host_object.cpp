@@ -3,6 +3,7 @@
 // yet available.
 #include "host/host_object.h"
 
+#include <cstddef>
 #include <cstdint>
 
 #include "host/host_state.h"
@@ -11,6 +12,16 @@
 
 namespace korvel {
 namespace {
+
+// Hosts are compiled apart from this library and may be in other languages, so the places of the
+// functions never change.
+constexpr std::size_t Slot(std::size_t offset) { return offset / sizeof(void*); }
+static_assert(sizeof(MHEG5HostTable) == 12 * sizeof(void*));
+static_assert(Slot(offsetof(MHEG5HostTable, AddRef)) == 1);
+static_assert(Slot(offsetof(MHEG5HostTable, Release)) == 2);
+static_assert(Slot(offsetof(MHEG5HostTable, ReadFile)) == 6);
+static_assert(Slot(offsetof(MHEG5HostTable, FreeBuffer)) == 7);
+static_assert(Slot(offsetof(MHEG5HostTable, SetExitCallback)) == 11);
 
 void KORVEL_CALL CloseOnExitCode(uint32_t code) {
   if (code == kMHEG5ExitCode) ExitMHEG5();

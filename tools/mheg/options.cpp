@@ -122,6 +122,7 @@ fs::path OutputFor(const fs::path& input, const Options& options) {
 std::optional<int> ReadCommandLine(int count, const char* const* arguments, Options& options) {
   Options given;
   CLI::App app("Compiles, decompiles, prints, checks and plays MHEG-5 groups.", "mheg");
+  app.set_version_flag("--version", "mheg " TOOL_VERSION);
   app.require_subcommand(1);
 
   CLI::App* compile =

@@ -13,6 +13,7 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
   Options given;
   CLI::App app("Plays an MHEG-5 application from a folder that stands for the broadcast.",
                "korvel-player");
+  app.set_version_flag("--version", "korvel-player " TOOL_VERSION);
   app.add_option("CAROUSEL_DIR", given.carousel, "Folder with the broadcast files")
       ->required()
       ->check(CLI::ExistingDirectory);

@@ -144,6 +144,12 @@ TEST_F(Tool, wrong_usage_returns_2) {
   EXPECT_EQ(Call("compile one.mheg two.mheg -o x").status, 2);
 }
 
+TEST_F(Tool, version_is_one_line) {
+  const ToolOutcome run = Call("--version");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output, "mheg " TOOL_VERSION "\n");
+}
+
 TEST_F(Tool, every_command_has_help) {
   struct Help {
     const char* command;

@@ -60,6 +60,13 @@ TEST(Options, every_mistake_prints_one_line_and_returns_2) {
   }
 }
 
+TEST(Options, version_is_one_line) {
+  player::Options options;
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(Read({"--version"}, options), 0);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "korvel-player " TOOL_VERSION "\n");
+}
+
 TEST(Options, help_returns_0) {
   player::Options options;
   testing::internal::CaptureStdout();

@@ -1,10 +1,12 @@
-// Tests that other programs can find the library's resources.
+// Tests that other programs can find the library's resources, and that each product reports its
+// version.
 #include <gtest/gtest.h>
 
+#include <string>
 #include <string_view>
 #include <vector>
 
-#include <windows.h>
+#include "korvel.h"
 
 namespace {
 
@@ -48,16 +50,59 @@ TEST_F(Resources, icon_loads_in_both_sizes) {
   }
 }
 
-TEST_F(Resources, version_block_names_the_library) {
-  DWORD unused = 0;
-  std::vector<char> block(GetFileVersionInfoSizeA("korvel.dll", &unused));
-  ASSERT_FALSE(block.empty());
-  ASSERT_TRUE(GetFileVersionInfoA("korvel.dll", 0, static_cast<DWORD>(block.size()), block.data()));
-  void* value = nullptr;
-  UINT length = 0;
-  ASSERT_TRUE(
-      VerQueryValueA(block.data(), "\\StringFileInfo\\040904B0\\InternalName", &value, &length));
-  EXPECT_STREQ(static_cast<const char*>(value), "korvel");
+// The version block of a file in the current folder.
+class VersionBlock {
+ public:
+  explicit VersionBlock(const char* file) {
+    DWORD unused = 0;
+    bytes_.resize(GetFileVersionInfoSizeA(file, &unused));
+    const auto size = static_cast<DWORD>(bytes_.size());
+    if (size == 0 || !GetFileVersionInfoA(file, 0, size, bytes_.data())) bytes_.clear();
+  }
+
+  // Empty if there is none.
+  std::string Text(const std::string& name) const {
+    void* value = nullptr;
+    UINT length = 0;
+    const std::string path = "\\StringFileInfo\\040904B0\\" + name;
+    if (bytes_.empty() || !VerQueryValueA(bytes_.data(), path.c_str(), &value, &length)) return "";
+    return static_cast<const char*>(value);
+  }
+
+  // The numbers that installers compare, with dots between them.
+  std::string Number() const {
+    void* value = nullptr;
+    UINT length = 0;
+    if (bytes_.empty() || !VerQueryValueA(bytes_.data(), "\\", &value, &length)) return "";
+    const auto& fixed = *static_cast<const VS_FIXEDFILEINFO*>(value);
+    std::string number;
+    for (const DWORD part : {fixed.dwFileVersionMS, fixed.dwFileVersionLS}) {
+      number += (number.empty() ? "" : ".") + std::to_string(HIWORD(part)) + "." +
+                std::to_string(LOWORD(part));
+    }
+    return number;
+  }
+
+ private:
+  std::vector<char> bytes_;
+};
+
+TEST(Products, each_has_a_block_with_the_version_of_the_header) {
+  const std::string version = KORVEL_VERSION ".0";
+  for (const std::string name : {"korvel.dll", "MenuAPI.dll", "korvel-player.exe", "mheg.exe"}) {
+    const VersionBlock block(name.c_str());
+    EXPECT_EQ(block.Number(), version) << name;
+    EXPECT_EQ(block.Text("FileVersion"), version) << name;
+    EXPECT_EQ(block.Text("ProductVersion"), version) << name;
+    EXPECT_EQ(block.Text("OriginalFilename"), name);
+    EXPECT_EQ(block.Text("InternalName"), name.substr(0, name.rfind('.')));
+  }
+}
+
+TEST(Products, version_text_of_the_header_has_its_numbers) {
+  EXPECT_EQ(KORVEL_VERSION, std::to_string(KORVEL_VERSION_MAJOR) + "." +
+                                std::to_string(KORVEL_VERSION_MINOR) + "." +
+                                std::to_string(KORVEL_VERSION_PATCH));
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 # needs and builds only what it needs, so any target may be the first command on a new machine
 # (scripts/fresh-machine.sh tests that). Products: build/<preset>/bin/.
 .PHONY: play test test-elsewhere gallery gallery-check dll mheg demos fuzz coverage mutants \
-  endurance long-tests bench bench-check check format
+  endurance long-tests bench bench-check check format package package-test reproducible docs
 
 # Plays the demo that DEMO names (welcome, quiz, clock, news, paint, gallery): in a window if there
 # is a display, otherwise takes screenshots.
@@ -65,6 +65,28 @@ endurance:
 	@cmake --preset win64 -DKORVEL_TESTS=ON >/dev/null
 	@cmake --build --preset win64 --target windows_library
 	@scripts/endurance.sh
+
+# What users receive: archives for Windows on x64 and x86, and the Debian package of mheg:
+# build/package/.
+package:
+	@scripts/install-packages.sh native windows package
+	@scripts/package.sh
+
+# Builds hosts with nothing but the packages, and runs them under Wine: 64 bits, and 32 in a system
+# of its own. Needs root.
+package-test: package
+	@scripts/install-packages.sh run package-test fresh
+	@scripts/package-test.sh
+
+# Whether two builds in two folders give the same bytes.
+reproducible:
+	@scripts/install-packages.sh native windows package
+	@scripts/reproducible.sh
+
+# The reference of the library's interface: build/docs/html/index.html.
+docs:
+	@scripts/install-packages.sh docs
+	@scripts/docs.sh
 
 # How much of the portable folders the native tests execute, and whether that meets the goals. Each
 # line: build/coverage/html/index.html.

@@ -16,6 +16,14 @@ if(WIN32)
   endif()
 endif()
 
+# Products do not contain the folder of their build, so that two builds give the same bytes. A
+# debugger that runs in the project's folder finds the sources.
+if(CMAKE_BUILD_TYPE STREQUAL RelWithDebInfo)
+  foreach(map "${PROJECT_SOURCE_DIR}=." "${PROJECT_BINARY_DIR}=build")
+    add_compile_options("$<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${map}>")
+  endforeach()
+endif()
+
 # files_in(<variable> <pattern> <folder>...): lists the matching files in these folders, without
 # subfolders.
 function(files_in variable pattern)
@@ -36,8 +44,9 @@ function(korvel_headers name)
   target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${ARGN})
 endfunction()
 
-# korvel_product(<target> <description>): adds the version block to a library or program that users
-# receive. Does nothing natively.
+# korvel_product(<target> <description>): for a library or program that users receive: adds the
+# version block, and puts a copy of the symbols, <file>.debug, beside the file, which names it, so
+# that packages can hold the two separately. Does nothing natively.
 function(korvel_product target description)
   if(NOT WIN32)
     return()
@@ -52,4 +61,8 @@ function(korvel_product target description)
   set(resources ${CMAKE_CURRENT_BINARY_DIR}/${target}-version.rc)
   configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${resources} @ONLY)
   target_sources(${target} PRIVATE ${resources})
+  set(file $<TARGET_FILE:${target}>)
+  add_custom_command(TARGET ${target} POST_BUILD
+    COMMAND ${CMAKE_OBJCOPY} --preserve-dates --only-keep-debug ${file} ${file}.debug
+    COMMAND ${CMAKE_OBJCOPY} --preserve-dates --add-gnu-debuglink=${file}.debug ${file} VERBATIM)
 endfunction()

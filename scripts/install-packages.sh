@@ -22,6 +22,11 @@ for task; do
     mutants) packages="$packages libgtest-dev openssl python3" ;;
     format) packages="$packages clang-format" ;;
     tidy) packages="$packages clang-tidy" ;;
+    package)
+      packages="$packages g++-mingw-w64-i686-posix llvm dpkg-dev file zip unzip git"
+      ;;
+    package-test) packages="$packages clang lld python3" ;;
+    docs) packages="$packages doxygen" ;;
     fresh) packages="$packages debootstrap git" ;;
     *) echo "$0: no such task: $task" >&2; exit 2 ;;
   esac

@@ -9,22 +9,6 @@ cd "$(dirname "$0")/.." || exit 1
 scripts/install-packages.sh native windows gallery test fresh || exit 1
 . scripts/root.sh
 
-# install_system SUITE ROOT PACKAGE ...
-install_system() {
-  suite=$1
-  root=$2
-  shift 2
-  [ -e "$root/installed" ] && return
-  rm -rf "$root"
-  make_root "$suite" "$root" &&
-    run_in_root "$root" "$PWD" sh -ec '
-      case "$*" in *:i386*) dpkg --add-architecture i386 ;; esac
-      apt-get update || echo "A source failed; the packages may be found all the same"
-      DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@"' sh \
-      "$@" cmake fonts-liberation libasan8 libubsan1 python3-numpy python3-pil &&
-    touch "$root/installed"
-}
-
 # run_tests BUILD_FOLDER ROOT: CTest needs a module of the CMake that configured the folder, and the
 # system has another version, so the module is copied. Tests that only examine files are excluded:
 # they need the cross compiler's tools, and `make test` runs them.

@@ -1,0 +1,46 @@
+#!/bin/sh
+# Runs each host bin/by-*.exe of an unpacked package under Wine, with a carousel whose application
+# makes the engine print. Fails unless the engine prints that and the host ends with 0 once its
+# window is closed.
+# Usage, in the project's folder: run_hosts.sh PACKAGE CAROUSEL EXPECTED_OUTPUT
+set -eu
+project=$PWD
+package=$1
+carousel=$2
+expected=$3
+. scripts/wine-server.sh
+[ -z "${ROOT_WINEPREFIX-}" ] || WINEPREFIX=$ROOT_WINEPREFIX
+trap stop_wine EXIT
+start_wine || { echo "Wine does not start"; exit 1; }
+wine=$project/cmake/wine-run.sh
+
+# close_window PROGRAM: as the viewer does. Fails if there is no window within 30 seconds.
+close_window() {
+  for _ in $(seq 60); do
+    KORVEL_WINE_LIMIT=30 "$wine" taskkill /im "$1" >/dev/null 2>&1 && return
+    sleep 0.5
+  done
+  return 1
+}
+
+# run_host HOST SECONDS: closes the window that many seconds after the start. The engine's output
+# arrives when the host ends, so nothing shows earlier whether the application has started.
+run_host() {
+  (cd "$carousel" && KORVEL_WINE_LIMIT=60 exec "$wine" "$1") >"$package/output" &
+  running=$!
+  sleep "$2"
+  close_window "${1##*/}" || { kill "$running"; return 1; }
+  wait "$running" && tr -d '\r' <"$package/output" | cmp -s - "$expected"
+}
+
+count=0
+for host in "$package"/bin/by-*.exe; do
+  run_host "$host" 1 || run_host "$host" 5 || run_host "$host" 20 || {
+    echo "${host##*/} failed, or the engine printed something else:"
+    cat "$package/output"
+    exit 1
+  }
+  echo "${host##*/} runs"
+  count=$((count + 1))
+done
+[ "$count" -eq 3 ]

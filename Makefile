@@ -2,7 +2,8 @@
 # needs and builds only what it needs, so any target may be the first command on a new machine
 # (scripts/fresh-machine.sh tests that). Products: build/<preset>/bin/.
 .PHONY: play test test-elsewhere gallery gallery-check dll mheg demos fuzz coverage mutants \
-  endurance long-tests bench bench-check check format package package-test reproducible docs
+  endurance long-tests bench bench-check check format package package-test reproducible \
+  windows-tests docs
 
 # Plays the demo that DEMO names (welcome, quiz, clock, news, paint, gallery): in a window if there
 # is a display, otherwise takes screenshots.
@@ -82,6 +83,12 @@ package-test: package
 reproducible:
 	@scripts/install-packages.sh native windows package
 	@scripts/reproducible.sh
+
+# An archive with the Windows tests for a computer with Windows, tried under Wine:
+# build/windows-tests/.
+windows-tests:
+	@scripts/install-packages.sh native windows run gallery test package
+	@scripts/windows-tests.sh
 
 # The reference of the library's interface: build/docs/html/index.html.
 docs:

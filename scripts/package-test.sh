@@ -76,7 +76,7 @@ dpkg-deb --fsys-tarfile "$packages"/mheg_*.deb | tar -t | check_list mheg .
 dpkg-deb -x "$packages"/mheg_*.deb "$work/mheg"
 dpkg-deb -f "$packages"/mheg_*.deb Depends | grep -q libc6
 [ "$("$work/mheg/usr/bin/mheg" --version)" = "mheg $version" ]
-scripts/make-carousel.sh "${expected%/*}/carousel" "$work/carousel" "$work/mheg/usr/bin/mheg"
+"$work/mheg/usr/bin/mheg" build "${expected%/*}/carousel" -o "$work/carousel"
 echo "mheg: passed"
 
 for processor in x64 x86; do

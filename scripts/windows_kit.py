@@ -54,8 +54,8 @@ def copy_programs(build, kit):
 def copy_scenario(scenario, kit, mheg):
     folder = kit / "scenarios" / scenario.name
     folder.mkdir(parents=True)
-    make_carousel = PROJECT / "scripts" / "make-carousel.sh"
-    subprocess.run([make_carousel, scenario / "carousel", folder / "carousel", mheg], check=True)
+    build = [mheg, "build", scenario / "carousel", "-o", folder / "carousel"]
+    subprocess.run(build, check=True)
     shutil.copy(scenario / "script", folder)
     if not (scenario / "decoder").exists():
         return

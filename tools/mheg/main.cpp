@@ -10,6 +10,7 @@
 #include "mheg/convert.h"
 #include "mheg/format/format.h"
 #include "mheg/group_file.h"
+#include "mheg/new/new.h"
 #include "mheg/options.h"
 #include "mheg/run/run.h"
 
@@ -85,6 +86,7 @@ int CarryOut(const mheg::Options& options) {
     isGood = (options.isWatching ? mheg::BuildAfterEachChange : mheg::Build)(
         options.inputs.front(), options.output, options.jobs);
     break;
+  case mheg::Command::New: isGood = mheg::MakeNew(options.output); break;
   case mheg::Command::Run: return mheg::Run(options.run);
   }
   return isGood ? 0 : mheg::kBadInput;

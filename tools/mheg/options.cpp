@@ -163,6 +163,10 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
   build->add_flag("--watch", given.isWatching, "Build again after each change, until interrupted");
   AddJobs(*build, given);
 
+  AddCommand(app, Command::New, "new", "Makes a small application to begin with", given)
+      ->add_option("DIR", given.output, "Folder, which must not exist or be empty")
+      ->required();
+
   AddRun(app, given);
 
   try {

@@ -15,7 +15,7 @@ namespace mheg {
 inline constexpr int kBadInput = 1;  // not a group, has faults, or cannot be read or written
 inline constexpr int kWrongUse = 2;  // wrong arguments
 
-enum class Command { Compile, Decompile, Dump, Check, Format, Build, Run };
+enum class Command { Compile, Decompile, Dump, Check, Format, Build, New, Run };
 
 struct RunOptions {
   std::filesystem::path carousel;
@@ -34,7 +34,7 @@ struct RunOptions {
 struct Options {
   Command command = Command::Compile;
   std::vector<std::filesystem::path> inputs;
-  // Compile and Decompile: a file or a folder. Build: a folder.
+  // Compile and Decompile: a file or a folder. Build and New: a folder.
   std::filesystem::path output;
   unsigned jobs = 0;         // number of threads; 0: one per processor
   bool isCheckOnly = false;  // Format only: changes no file

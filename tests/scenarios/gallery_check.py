@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Opens the gallery's page in headless Chromium, as wide as a telephone and as a desktop, and reports
-what a visitor would stumble over: pictures that do not load or have no words, content that is wider
-than the window, links that the keyboard does not reach or that do not show its focus, and errors
-that the browser reports. Ends with 1 if there is any.
+"""Opens the gallery's page in headless Chromium, as wide as a telephone and as a desktop, and
+reports what a visitor would stumble over: pictures that do not load or have no words, content
+that is wider than the window, links that the keyboard does not reach or that do not show its
+focus, and errors that the browser reports. Ends with 1 if there is any.
 
 Usage: gallery_check.py PAGE.
 """

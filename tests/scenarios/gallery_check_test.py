@@ -1,5 +1,5 @@
-"""The check of the gallery's page finds each kind of fault in a page that has only this one. It needs
-Chromium, so `make gallery-check` runs it."""
+"""The check of the gallery's page finds each kind of fault in a page that has only this one. It
+needs Chromium, so `make gallery-check` runs it."""
 
 import pathlib
 import tempfile

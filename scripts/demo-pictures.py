@@ -279,7 +279,7 @@ def scales():
 
 def stars():
     sheet = Sheet(48, 48, "#54203A")
-    for x, y, radius in ((12, 13, 10), (36, 36, 7)):
+    for x, y, radius in ((12, 13, 10), (36, 40, 7)):
         reach = (radius, radius * 0.4)
         sheet.shape(GOLD, *(around(x, y, 36 * at - 90, reach[at % 2], 0) for at in range(10)))
     return sheet

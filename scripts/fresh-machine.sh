@@ -12,7 +12,8 @@
 set -eu
 cd "$(dirname "$0")/.."
 [ "$(id -u)" -eq 0 ] || { echo "$0: needs root, to make and enter a root file system" >&2; exit 2; }
-[ $# -gt 0 ] || set -- play dll mheg demos gallery test check fuzz coverage package docs
+[ $# -gt 0 ] ||
+  set -- play dll mheg demos gallery gallery-check test check fuzz coverage package docs
 scripts/install-packages.sh fresh
 . scripts/root.sh
 

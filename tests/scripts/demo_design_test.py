@@ -41,6 +41,7 @@ class DemoDesign(unittest.TestCase):
                 self.assertIn(':FontAttributes "plain.', text, path)
 
     def test_texts_stay_in_the_safe_area(self):
+        """A text is drawn inside its box, so the box of a title may begin a pixel higher."""
         place = r":OrigBoxSize (\d+) (\d+)\s+:OrigPosition (\d+) (\d+)"
         for path, text in self.texts.items():
             for words in re.findall(r"\{:(?:Hyper)?Text \d+(.*?)\n    \}", text, re.DOTALL):

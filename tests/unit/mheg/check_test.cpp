@@ -115,6 +115,16 @@ TEST(Check, exactly_the_faults_of_the_faulty_folder_are_reported) {
 
 TEST(Check, the_demos_are_clean) { EXPECT_EQ(Joined(Check({kSource / "examples"}, 1)), ""); }
 
+TEST(Check, actions_in_the_slots_of_token_group_items_are_checked) {
+  const ScratchFolder folder;
+  folder.Write("s.mheg",
+               "{:Scene 0 :Items ({:Rectangle 1 :OrigBoxSize 1 1} {:TokenGroup 2\n"
+               ":TokenGroupItems ((1 :ActionSlots (NULL (:Run(1) :Run(7))))) :MovementTable ((1))}"
+               ")}");
+  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path()),
+            "s.mheg:2:50: object 2: refers to object 7, which does not exist\n");
+}
+
 TEST(Check, a_single_file_is_checked_within_its_folder) {
   EXPECT_EQ(CheckedIn(kFaulty, kFaulty / "missing.mheg"),
             "missing.mheg:3:5: Text lacks :OrigBoxSize\n"

@@ -23,6 +23,8 @@ void WalkField(const ElementaryAction& action, GroupVisitor& visitor);
 void WalkField(const ActionSlot& slot, GroupVisitor& visitor);
 void WalkField(const Item& item, GroupVisitor& visitor);
 
+template <class Entry> void WalkField(const List<Entry>& list, GroupVisitor& visitor);
+
 template <IsSequence Record> void WalkField(const Record& record, GroupVisitor& visitor) {
   ForEachElement<Record>([&](const auto& element) { WalkField(record.*element.field, visitor); });
 }

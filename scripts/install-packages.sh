@@ -13,7 +13,10 @@ for task; do
     display) packages="$packages xvfb xauth" ;;
     gallery) packages="$packages python3 python3-pil python3-numpy python3-jinja2" ;;
     browser) packages="$packages chromium chromium-driver python3-selenium python3-pil" ;;
-    test) packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest openssl ffmpeg" ;;
+    test)
+      packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest openssl ffmpeg"
+      packages="$packages graphviz"
+      ;;
     bench)
       packages="$packages libbenchmark-dev liblua5.4-dev libtasn1-6-dev python3-matplotlib valgrind"
       ;;

@@ -9,6 +9,7 @@
 #include "mheg/check/check.h"
 #include "mheg/convert.h"
 #include "mheg/format/format.h"
+#include "mheg/graph/graph.h"
 #include "mheg/group_file.h"
 #include "mheg/new/new.h"
 #include "mheg/options.h"
@@ -87,6 +88,9 @@ int CarryOut(const mheg::Options& options) {
         options.inputs.front(), options.output, options.jobs);
     break;
   case mheg::Command::New: isGood = mheg::MakeNew(options.output); break;
+  case mheg::Command::Graph:
+    isGood = mheg::PrintGraph(options.inputs, options.graphForm, options.output);
+    break;
   case mheg::Command::Run: return mheg::Run(options.run);
   }
   return isGood ? 0 : mheg::kBadInput;

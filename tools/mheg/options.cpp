@@ -58,7 +58,7 @@ void AddRun(CLI::App& app, Options& options) {
   const std::map<std::string, TraceForm> forms{{"text", TraceForm::Text},
                                                {"json", TraceForm::Json}};
   command->add_flag("--trace{text}", run.trace, "Prints every event, link, action and value")
-      ->transform(CLI::CheckedTransformer(forms))
+      ->transform(CLI::CheckedTransformer(forms).description(""))
       ->type_name("text|json");
   command->add_flag("--scene-graph", run.showsSceneGraph, "Prints the display stack at the end");
 }
@@ -166,6 +166,17 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
   AddCommand(app, Command::New, "new", "Makes a small application to begin with", given)
       ->add_option("DIR", given.output, "Folder, which must not exist or be empty")
       ->required();
+
+  CLI::App* graph = AddCommand(app, Command::Graph, "graph",
+                               "Draws scenes and the keys that lead from one to another", given);
+  AddInputs(*graph, "PATH", "Folders with groups in either form, and such files", given);
+  graph->add_option("-o,--output", given.output, "File to write instead of the standard output");
+  graph->add_option("--format", given.graphForm, "SVG needs Graphviz")
+      ->transform(CLI::CheckedTransformer(std::map<std::string, GraphForm>{{"dot", GraphForm::Dot},
+                                                                           {"svg", GraphForm::Svg}})
+                      .description(""))
+      ->type_name("dot|svg")
+      ->default_str("dot");
 
   AddRun(app, given);
 

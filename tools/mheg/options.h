@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "mheg/graph/graph.h"
 #include "mheg/run/trace_line.h"
 
 namespace mheg {
@@ -15,7 +16,7 @@ namespace mheg {
 inline constexpr int kBadInput = 1;  // not a group, has faults, or cannot be read or written
 inline constexpr int kWrongUse = 2;  // wrong arguments
 
-enum class Command { Compile, Decompile, Dump, Check, Format, Build, New, Run };
+enum class Command { Compile, Decompile, Dump, Check, Format, Build, New, Graph, Run };
 
 struct RunOptions {
   std::filesystem::path carousel;
@@ -34,12 +35,14 @@ struct RunOptions {
 struct Options {
   Command command = Command::Compile;
   std::vector<std::filesystem::path> inputs;
-  // Compile and Decompile: a file or a folder. Build and New: a folder.
+  // Compile and Decompile: a file or a folder. Build and New: a folder. Graph: a file; empty: the
+  // standard output.
   std::filesystem::path output;
   unsigned jobs = 0;         // number of threads; 0: one per processor
   bool isCheckOnly = false;  // Format only: changes no file
   bool isWatching = false;   // Build only: continues until the user ends it
-  RunOptions run;            // Run only
+  GraphForm graphForm = GraphForm::Dot;
+  RunOptions run;  // Run only
 };
 
 // The file to write for an input: the output itself, or if that is a folder, a file in it with the

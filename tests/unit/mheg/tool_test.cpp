@@ -162,7 +162,8 @@ TEST_F(Tool, every_command_has_help) {
                         {"check", {"PATH", "-j,--jobs", "folders", "silently"}},
                         {"format", {"PATH", "--check", "-j,--jobs", "comments"}},
                         {"build", {"SRC", "-o,--output", "--watch", "-j,--jobs", "carousel"}},
-                        {"new", {"DIR", "application"}}};
+                        {"new", {"DIR", "application"}},
+                        {"graph", {"PATH", "-o,--output", "dot|svg", "Graphviz"}}};
   for (const Help& help : helps) {
     const ToolOutcome run = Call(std::string(help.command) + " --help");
     EXPECT_EQ(run.status, 0) << help.command;

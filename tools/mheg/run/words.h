@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "mheg/event_words.h"
 #include "objects/group.h"
 #include "objects/observer.h"
 
@@ -16,12 +17,6 @@ namespace mheg {
 
 // The names of the classes: "TokenGroup or ListGroup".
 [[nodiscard]] std::string ClassNames(korvel::ClassSet classes);
-
-// "Red"; "key 55" for a number without a key.
-[[nodiscard]] std::string KeyName(std::int32_t key);
-
-// "TestEvent", or the number of an unknown type.
-[[nodiscard]] std::string EventName(korvel::EventType type);
 
 // The class of an object that a group holds.
 [[nodiscard]] korvel::ItemType ClassOf(const korvel::Ingredient& object);

@@ -1,0 +1,140 @@
+// `mheg graph`: nodes, edges and their labels, and the picture that Graphviz draws of them.
+#include "unit/mheg/tool.h"
+
+namespace mheg {
+namespace {
+
+class GraphTool : public Tool {
+ protected:
+  void SetUp() override {
+    Tool::SetUp();
+    Write("a.mheg", R"({:Application ("~/a" 0)
+  :OnStartUp (:TransitionTo(("~/menu" 0)))
+  :Items ({:BooleanVar 1 :OrigValue FALSE})
+})");
+  }
+  // The lines of the graph between the first lines and the last, without indentation.
+  [[nodiscard]] std::string Graph() const {
+    const ToolOutcome run = Call("graph .");
+    EXPECT_EQ(run.status, 0);
+    const std::string start = "digraph carousel {\n  rankdir=LR\n"
+                              "  node [fontname=\"sans-serif\"]\n"
+                              "  edge [fontname=\"sans-serif\" fontsize=11]\n";
+    EXPECT_EQ(run.output.substr(0, start.size()), start);
+    EXPECT_EQ(run.output.substr(run.output.size() - 2), "}\n");
+    return run.output.substr(start.size(), run.output.size() - start.size() - 2);
+  }
+  // A scene with these items.
+  static std::string Scene(const std::string& name, const std::string& items) {
+    return "{:Scene (\"~/" + name + "\" 0)\n :Items (\n" + items + ")\n :SceneCS 720 576}\n";
+  }
+  static std::string Link(int number, const std::string& event, const std::string& actions) {
+    return "{:Link " + std::to_string(number) + " " + event + " :LinkEffect (" + actions + ")}\n";
+  }
+};
+
+TEST_F(GraphTool, edges_have_the_keys_that_lead_from_one_group_to_another) {
+  Write("menu.mheg",
+        Scene("menu", Link(1, ":EventSource 0 :EventType UserInput :EventData 100",
+                           ":TransitionTo((\"~/sub/page\" 0))") +
+                          Link(2, ":EventSource 0 :EventType UserInput :EventData 15",
+                               ":TransitionTo((\"~/sub/page\" 0))") +
+                          Link(3, ":EventSource 0 :EventType UserInput", ":Launch((\"~/a\" 0))")));
+  fs::create_directory(folder_ / "sub");
+  Write("sub/page.mheg",
+        Scene("sub/page", Link(1, ":EventSource 0 :EventType TimerFired :EventData 4",
+                               ":Spawn((\"~/lost\" 0))")));
+  EXPECT_EQ(Graph(), R"(  n0 [label="~/a" shape=oval style=bold]
+  n1 [label="~/menu" shape=box]
+  n2 [label="~/sub/page" shape=box]
+  n0 -> n1 [label="start"]
+  n1 -> n0 [label="any key"]
+  n1 -> n2 [label="OK, Red"]
+  n3 [label="~/lost" shape=box style=dotted]
+  n2 -> n3 [label="TimerFired 4"]
+)");
+}
+
+TEST_F(GraphTool, events_that_actions_cause_are_traced_back_to_keys) {
+  const std::string key = ":EventSource 0 :EventType UserInput :EventData ";
+  const std::string test = " :EventType TestEvent :EventData TRUE";
+  Write("menu.mheg",
+        Scene("menu",
+              Link(1, key + "1", ":TestVariable((\"~/a\" 1) 1 :GBoolean TRUE)") +
+                  Link(2, ":EventSource (\"~/a\" 1)" + test, ":Run(5)") +
+                  Link(3, ":EventSource 5 :EventType IsRunning", ":Move(6 1)") +
+                  Link(4, key + "2", ":Move(6 2)") + "{:Rectangle 5 :OrigBoxSize 1 1}\n" +
+                  "{:TokenGroup 6 :TokenGroupItems ((5 :ActionSlots "
+                  "((:TransitionTo((\"~/menu\" 0))))))}\n" +
+                  Link(7, ":EventSource 6 :EventType TokenMovedTo :EventData 1",
+                       ":CallActionSlot(6 1)") +
+                  Link(8, ":EventSource 5 :EventType IsStopped", ":TransitionTo((\"~/a\" 0))")));
+  EXPECT_EQ(Graph(), R"(  n0 [label="~/a" shape=oval style=bold]
+  n1 [label="~/menu" shape=box]
+  n0 -> n1 [label="start"]
+  n1 -> n0 [label="IsStopped"]
+  n1 -> n1 [label="Down, Up"]
+)");
+}
+
+TEST_F(GraphTool, causes_that_are_circular_end) {
+  const std::string event = ":EventSource 5 :EventType TestEvent :EventData ";
+  Write("menu.mheg",
+        Scene("menu", "{:BooleanVar 5 :OrigValue TRUE}\n" +
+                          Link(1, event + "TRUE", ":TestVariable(5 1 :GBoolean TRUE)") +
+                          Link(2, event + "FALSE", ":TransitionTo((\"~/a\" 0))")));
+  EXPECT_NE(Graph().find("  n1 -> n0 [label=\"\"]\n"), std::string::npos) << Graph();
+}
+
+TEST_F(GraphTool, files_and_scenes_that_a_variable_names_are_nodes) {
+  Write(
+      "menu.mheg",
+      Scene("menu", "{:Bitmap 1 :OrigBoxSize 1 1 :OrigContent :ContentRef \"~/a \\\"b\\\".png\"}\n"
+                    "{:ObjectRefVar 2 :OrigValue :ObjectRef (\"~/menu\" 0)}\n" +
+                        Link(3, ":EventSource 0 :EventType UserInput :EventData 103",
+                             ":TransitionTo(:IndirectRef 2)")));
+  EXPECT_EQ(Graph(), R"(  n0 [label="~/a" shape=oval style=bold]
+  n1 [label="~/menu" shape=box]
+  n0 -> n1 [label="start"]
+  n2 [label="variable 2" shape=diamond]
+  n1 -> n2 [label="Blue"]
+  n3 [label="~/a \"b\".png" shape=note]
+  n1 -> n3 [style=dashed arrowhead=none]
+)");
+}
+
+TEST_F(GraphTool, graphviz_draws_the_graph) {
+  Write("menu.mheg", Scene("menu", ""));
+  const ToolOutcome run = Call("graph . --format svg -o graph.svg");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output, "");
+  const std::string svg = File("graph.svg");
+  EXPECT_EQ(svg.substr(0, 5), "<?xml");
+  EXPECT_NE(svg.find(">~/menu</text>"), std::string::npos);
+  EXPECT_NE(svg.find(">start</text>"), std::string::npos);
+  EXPECT_EQ(Call("graph . --format=svg").output, svg);
+}
+
+TEST_F(GraphTool, an_svg_without_graphviz_is_an_error_that_names_it) {
+  const ToolOutcome run = Call("graph . --format svg -o graph.svg", "PATH=/nowhere ");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.output.find("Graphviz"), std::string::npos) << run.output;
+  EXPECT_FALSE(Exists("graph.svg"));
+}
+
+TEST_F(GraphTool, groups_that_cannot_be_read_are_reported_and_the_others_drawn) {
+  Write("menu.mheg", "{");
+  const ToolOutcome run = Call("graph . 2>/dev/null");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.output.find("label=\"~/a\""), std::string::npos);
+  EXPECT_NE(Call("graph . >/dev/null").output.find("menu.mheg:1:2: "), std::string::npos);
+}
+
+TEST_F(GraphTool, a_graph_that_cannot_be_written_is_an_error) {
+  EXPECT_EQ(Call("graph a.mheg -o no/such/folder").status, 1);
+  EXPECT_EQ(Call("graph a.mheg >/dev/full").status, 1);
+  EXPECT_EQ(Call("graph a.mheg --format png").status, 2);
+}
+
+}  // namespace
+}  // namespace mheg

@@ -1,0 +1,51 @@
+// The keys and events that lead to an action.
+#pragma once
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "mheg/check/carousel.h"
+
+namespace mheg {
+
+// An action of a group, and where it is.
+struct HeldAction {
+  const CheckedGroup* group = nullptr;
+  std::int32_t object = 0;             // the object that holds it; 0 for the group
+  const korvel::Link* link = nullptr;  // that object, if it is a link
+  const char* keyword = "";            // of the attribute that holds it
+  const korvel::ElementaryAction* action = nullptr;
+
+  // Whether the action's target is that object.
+  [[nodiscard]] bool IsOn(const Carousel& carousel, const CheckedGroup& group,
+                          std::int32_t number) const;
+};
+
+// All actions of a group.
+[[nodiscard]] std::vector<HeldAction> ActionsOf(const CheckedGroup& group);
+
+class Causes {
+ public:
+  // The actions are those of the groups in which causes are searched. Borrowed.
+  Causes(const Carousel& carousel, const std::vector<HeldAction>& actions)
+      : carousel_(carousel), actions_(actions) {}
+
+  // In words: "Red", "start", "TimerFired 1".
+  [[nodiscard]] std::set<std::string> Of(const HeldAction& held);
+
+ private:
+  void Add(const HeldAction& held, std::set<std::string>& causes);
+  void AddCausesOfEvent(const HeldAction& held, std::set<std::string>& causes);
+  // Adds the causes of these actions on an object. Returns false if there are none.
+  bool AddCausesOf(std::initializer_list<korvel::Action> actions, const CheckedGroup& group,
+                   std::int32_t number, std::set<std::string>& causes);
+
+  const Carousel& carousel_;
+  const std::vector<HeldAction>& actions_;
+  std::set<const void*> seen_;  // the actions on the way, because causes may be circular
+};
+
+}  // namespace mheg

@@ -1,0 +1,193 @@
+// Nodes are numbered, because names may hold any character and several carousels may share names.
+#include "mheg/graph/graph.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <set>
+#include <string>
+
+#include "mheg/batch.h"
+#include "mheg/check/carousel.h"
+#include "mheg/check/walk.h"
+#include "mheg/graph/causes.h"
+#include "mheg/write_file.h"
+
+namespace mheg {
+namespace {
+
+using namespace korvel;
+
+std::string Quoted(std::string_view text) {
+  std::string quoted = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') quoted += '\\';
+    quoted += c;
+  }
+  return quoted + "\"";
+}
+
+// The files that a group shows or plays.
+class FileCollector : public GroupVisitor {
+ public:
+  void VisitContentPath(const OctetString& path) override { files.emplace(path.View()); }
+  std::set<std::string> files;
+};
+
+// The graph of one carousel, added to a text.
+class CarouselGraph {
+ public:
+  CarouselGraph(const Carousel& carousel, std::string& text) : carousel_(carousel), text_(text) {}
+
+  // `nodeCount` continues from one carousel to the next.
+  void Write(std::size_t& nodeCount) {
+    nodeCount_ = nodeCount;
+    for (std::size_t i = 0; i < carousel_.Size(); ++i) {
+      const CheckedGroup& group = carousel_.At(i);
+      if (!group.isAskedFor || !group.file.group) continue;
+      const bool isApplication = korvel::IsApplication(group.file.group);
+      nodes_[&group] = AddNode(group.Name(), isApplication ? "shape=oval style=bold" : "shape=box");
+    }
+    for (const auto& [group, node] : nodes_) actions_[group] = ActionsOf(*group);
+    for (std::size_t i = 0; i < carousel_.Size(); ++i) {
+      if (nodes_.contains(&carousel_.At(i))) AddEdges(carousel_.At(i));
+    }
+    nodeCount = nodeCount_;
+  }
+
+ private:
+  std::string AddNode(std::string_view label, const char* attributes) {
+    std::string name = "n" + std::to_string(nodeCount_++);
+    text_ += "  " + name + " [label=" + Quoted(label) + " " + attributes + "]\n";
+    return name;
+  }
+  // The node of something that is not a group of the carousel; added if it is new.
+  const std::string& OtherNode(const std::string& label, const char* attributes) {
+    std::string& node = others_[label];
+    if (node.empty()) node = AddNode(label, attributes);
+    return node;
+  }
+
+  // The actions in which the causes of a group's actions are searched.
+  std::vector<HeldAction> ActionsAround(const CheckedGroup& group) const {
+    std::vector<HeldAction> actions = actions_.at(&group);
+    const CheckedGroup* application = carousel_.ApplicationOf(group);
+    const auto ofApplication = actions_.find(application);
+    const bool isOther = application != &group && ofApplication != actions_.end();
+    if (isOther) {
+      actions.insert(actions.end(), ofApplication->second.begin(), ofApplication->second.end());
+    }
+    return actions;
+  }
+
+  std::string TargetOf(const CheckedGroup& group, const ElementaryAction& action) {
+    const ObjectReference& target = action.Target.Reference;
+    if (action.Target.Kind != ValueKind::ObjectReference) {
+      return OtherNode("variable " + std::to_string(target.Number), "shape=diamond");
+    }
+    const std::string_view name = target.GroupIdentifier.View();
+    const auto node = nodes_.find(carousel_.Find(group, name));
+    return node == nodes_.end() ? OtherNode(std::string(name), "shape=box style=dotted")
+                                : node->second;
+  }
+
+  void AddEdges(const CheckedGroup& group) {
+    const std::string& node = nodes_.at(&group);
+    const std::vector<HeldAction> around = ActionsAround(group);
+    Causes causes(carousel_, around);
+    std::map<std::string, std::set<std::string>> labels;  // by target
+    for (const HeldAction& held : actions_.at(&group)) {
+      const auto action = static_cast<Action>(held.action->ActionType);
+      const bool leads =
+          action == Action::TransitionTo || action == Action::Launch || action == Action::Spawn;
+      if (leads) labels[TargetOf(group, *held.action)].merge(causes.Of(held));
+    }
+    for (const auto& [target, words] : labels) {
+      std::string label;
+      for (const std::string& word : words) label += (label.empty() ? "" : ", ") + word;
+      text_ += "  " + node + " -> " + target + " [label=" + Quoted(label) + "]\n";
+    }
+    FileCollector collector;
+    Walk(group.Group(), collector);
+    for (const std::string& file : collector.files) {
+      text_ +=
+          "  " + node + " -> " + OtherNode(file, "shape=note") + " [style=dashed arrowhead=none]\n";
+    }
+  }
+
+  const Carousel& carousel_;
+  std::string& text_;
+  std::size_t nodeCount_ = 0;
+  std::map<const CheckedGroup*, std::string> nodes_;
+  std::map<std::string, std::string> others_;
+  std::map<const CheckedGroup*, std::vector<HeldAction>> actions_;
+};
+
+// The carousels with all their groups read. Adds the errors in them.
+std::vector<Carousel> Load(const std::vector<std::filesystem::path>& paths, Messages& messages) {
+  std::vector<Carousel> carousels = FindCarousels(paths, messages);
+  for (Carousel& carousel : carousels) {
+    RunBatch(carousel.Size(), 0, [&](std::size_t i) { carousel.Load(i); });
+    for (std::size_t i = 0; i < carousel.Size(); ++i) {
+      const CheckedGroup& group = carousel.At(i);
+      if (!group.isAskedFor) continue;
+      messages.insert(messages.end(), group.file.messages.begin(), group.file.messages.end());
+    }
+  }
+  return carousels;
+}
+
+std::string GraphOf(const std::vector<Carousel>& carousels) {
+  std::string text = "digraph carousel {\n  rankdir=LR\n"
+                     "  node [fontname=\"sans-serif\"]\n"
+                     "  edge [fontname=\"sans-serif\" fontsize=11]\n";
+  std::size_t nodeCount = 0;
+  for (const Carousel& carousel : carousels) CarouselGraph(carousel, text).Write(nodeCount);
+  return text + "}\n";
+}
+
+#ifdef _WIN32
+constexpr const char* kTryDot = "dot -V >NUL 2>&1";
+#else
+constexpr const char* kTryDot = "dot -V >/dev/null 2>&1";
+std::FILE* _popen(const char* command, const char* mode) { return popen(command, mode); }
+int _pclose(std::FILE* pipe) { return pclose(pipe); }
+#endif
+
+// Graphviz writes to our standard output, which is the file already.
+bool Draw(const std::string& graph) {
+  std::fflush(stdout);
+  std::FILE* pipe = _popen("dot -Tsvg", "w");
+  if (pipe == nullptr) return false;
+  const bool isWritten = std::fputs(graph.c_str(), pipe) >= 0;
+  return _pclose(pipe) == 0 && isWritten;
+}
+
+bool Fail(const char* reason) {
+  std::fprintf(stderr, "mheg: %s\n", reason);
+  return false;
+}
+
+}  // namespace
+
+bool PrintGraph(const std::vector<std::filesystem::path>& paths, GraphForm form,
+                const std::filesystem::path& output) {
+  const bool isDrawn = form == GraphForm::Svg;
+  if (isDrawn && std::system(kTryDot) != 0) {
+    return Fail(
+        "SVG needs the program dot of Graphviz, which was not found; --format=dot does not");
+  }
+  Messages messages;
+  const std::string graph = GraphOf(Load(paths, messages));
+  Print(messages, stderr);
+  if (!output.empty() && std::freopen(output.string().c_str(), "wb", stdout) == nullptr) {
+    Print({{output, "cannot be written"}}, stderr);
+    return false;
+  }
+  if (isDrawn && !Draw(graph)) return Fail("dot failed");
+  if (!isDrawn) std::fputs(graph.c_str(), stdout);
+  return messages.empty();
+}
+
+}  // namespace mheg

@@ -14,7 +14,7 @@ play: dll demos
 # All tests: the benchmarks' instruction counts, native tests under the sanitizers, a minute of
 # fuzzing for each reader and the engine, Windows tests under Wine, scenarios, checks.
 test:
-	@scripts/install-packages.sh native windows run gallery test fuzz bench format tidy
+	@scripts/install-packages.sh native windows run gallery test fuzz bench format tidy grammar
 	@scripts/run-tests.sh native native-asan fuzz win64 win32
 
 # The Windows tests with the 32-bit products, and under a newer Wine. Needs root.

@@ -23,6 +23,7 @@ for task; do
     fuzz) packages="$packages clang libclang-rt-dev cmake ninja-build" ;;
     coverage) packages="$packages clang libclang-rt-dev llvm libgtest-dev openssl python3" ;;
     mutants) packages="$packages libgtest-dev openssl python3" ;;
+    grammar) packages="$packages nodejs npm" ;;
     format) packages="$packages clang-format" ;;
     tidy) packages="$packages clang-tidy" ;;
     package)

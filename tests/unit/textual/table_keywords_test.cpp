@@ -1,6 +1,9 @@
-// Checks that every word in the tables of classes and actions is a keyword of the lexer.
+// Checks that every word in the tables of classes and actions is a keyword of the lexer, and that
+// the grammar for editors has the same words.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <set>
 #include <string>
 
@@ -10,6 +13,13 @@
 
 namespace korvel {
 namespace {
+
+// Keywords that occur only inside values and parameters.
+constexpr const char* kValueKeywords[] = {
+    ":ContentRef",    ":ContentSize", ":CCPriority",        ":ActionSlots",
+    ":AbsoluteTime",  ":GBoolean",    ":NewAbsoluteColour", ":NewColourIndex",
+    ":NewCCPriority", ":GInteger",    ":NewContentSize",    ":GOctetString",
+    ":GObjectRef",    ":GContentRef", ":NewRefContent",     ":IndirectRef"};
 
 class UsedWords {
  public:
@@ -58,15 +68,62 @@ TEST(TableKeywords, every_word_of_the_tables_is_a_keyword) {
     const ActionRow* row = FindAction(static_cast<std::uint8_t>(number));
     words.Meet((":" + std::string(row->name)).c_str());
   }
-  // Words that occur only inside values and parameters.
-  for (const char* word :
-       {":ContentRef", ":ContentSize", ":CCPriority", ":ActionSlots", ":AbsoluteTime",
-        ":NewAbsoluteColour", ":NewColourIndex", ":NewCCPriority", ":NewContentSize", ":GBoolean",
-        ":GInteger", ":GOctetString", ":GObjectRef", ":GContentRef", ":NewRefContent",
-        ":IndirectRef", "NULL", "TRUE", "FALSE"}) {
-    words.Meet(word);
-  }
+  for (const char* word : kValueKeywords) words.Meet(word);
+  for (const char* word : {"NULL", "TRUE", "FALSE"}) words.Meet(word);
   EXPECT_EQ(words.Met().size(), kKeywordCount) << "every keyword is used";
+}
+
+// The words of the tables as the grammar for editors groups them, without colons.
+struct GrammarWords {
+  using Words = std::set<std::string>;
+  Words classes, attributes, valueKeywords, actions, events, others;
+
+  template <class Record> void AddClass() {
+    classes.insert(Description<Record>::heading.keyword + 1);
+    Record record{};
+    ForEachWrittenAttribute<Record>(
+        [this](const char* keyword, const Form& form, const auto& field) {
+          attributes.insert(keyword + 1);
+          if (form.innerKeyword != nullptr) valueKeywords.insert(form.innerKeyword + 1);
+          if constexpr (IsEnumeration<std::remove_cvref_t<decltype(field)>>) {
+            for (const char* word : kWords<std::remove_cvref_t<decltype(field)>>) {
+              others.insert(word);
+            }
+          }
+        },
+        record);
+  }
+};
+
+// In the grammar the words of a group are alternatives of one regular expression.
+std::string Alternatives(const GrammarWords::Words& words) {
+  std::string text;
+  for (const std::string& word : words) text += (text.empty() ? ":" : "|") + word;
+  return text.substr(1);
+}
+
+TEST(TableKeywords, the_grammar_for_editors_has_exactly_the_words_of_the_tables) {
+  GrammarWords words;
+  words.AddClass<Application>();
+  words.AddClass<Scene>();
+  ForEachClass(ItemClasses{}, [&]<class Record>() { words.AddClass<Record>(); });
+  ForEachClass(ComponentClasses{}, [&]<class Record>() { words.AddClass<Record>(); });
+  for (int number = 1; number <= kDecodedActionCount; ++number) {
+    words.actions.insert(FindAction(static_cast<std::uint8_t>(number))->name);
+  }
+  for (const char* keyword : kValueKeywords) words.valueKeywords.insert(keyword + 1);
+  for (const char* event : kWords<EventType>) {
+    words.events.insert(event);
+    words.others.erase(event);
+  }
+  std::ifstream stream(KORVEL_SOURCE_DIR "/editors/mheg.tmLanguage.json");
+  const std::string grammar(std::istreambuf_iterator<char>(stream), {});
+  const GrammarWords::Words constants{"FALSE", "NULL", "TRUE"};
+  for (const auto& group : {words.classes, words.attributes, words.valueKeywords, words.actions,
+                            words.events, words.others, constants}) {
+    EXPECT_NE(grammar.find(":" + Alternatives(group) + ")"), std::string::npos)
+        << Alternatives(group);
+  }
 }
 
 TEST(TableKeywords, action_keywords_are_in_numerical_order_except_stop_and_step) {

@@ -7,7 +7,7 @@ SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH TZ=UTC
 
 cmake --preset native >/dev/null
-cmake --build --preset native --target mheg examples
+cmake --build --preset native --target mheg mheg_manual examples
 for preset in win64 win32; do
   cmake --preset $preset >/dev/null
   cmake --build --preset $preset --target korvel korvel-player MenuAPI mheg korvel_msvc

@@ -8,6 +8,8 @@
 #include <set>
 #include <system_error>
 
+#include "mheg/manual/manual.h"
+
 namespace mheg {
 namespace {
 
@@ -179,6 +181,14 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
       ->default_str("dot");
 
   AddRun(app, given);
+  app.footer(
+      "The exit status is 0 on success, 1 if a file is invalid, has faults, or cannot be read "
+      "or written, and 2 for wrong arguments.");
+
+  fs::path manualFolder;
+  CLI::App* manual = app.add_subcommand("manual", "Writes the manual page and completions");
+  manual->group("");  // for packages only, so it is not listed
+  manual->add_option("DIR", manualFolder)->required();
 
   try {
     app.parse(count, arguments);
@@ -191,6 +201,7 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
     std::fprintf(stderr, "mheg: %s\n", mistake.what());
     return kWrongUse;
   }
+  if (*manual) return WriteManual(app, manualFolder) ? 0 : kBadInput;
   options = given;
   return std::nullopt;
 }

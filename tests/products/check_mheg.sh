@@ -59,6 +59,9 @@ both 0 format texts
 both 0 build texts -o carousel --jobs 2
 [ "$(ls "$work/windows/carousel" | wc -l)" -eq "$count" ] || { echo "not all is built"; exit 1; }
 both 2 build texts -o texts/carousel
+both 0 new made
+both 1 new texts
+both 0 graph texts
 both 2 compile
 both 2 dump nowhere.mheg
 both 0 decompile --help

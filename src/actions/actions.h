@@ -86,6 +86,41 @@ inline ObjectReference& FieldOf(GenericValue& value, const ObjectReference& /*ty
   }
 }
 
+// Whether TestVariable compares a variable of the class with a value of the kind. A path may be
+// given as text.
+[[nodiscard]] constexpr bool ComparesWith(ItemType type, ValueKind kind) {
+  const bool isPathAsText = type == ItemType::ContentRefVariable && kind == ValueKind::OctetString;
+  return kind == KindOf(type) || isPathAsText;
+}
+
+// Whether SetVariable accepts a value of the kind for a variable of the class. An integer becomes
+// text only if it was read from a variable, and text a path only if it was not.
+[[nodiscard]] constexpr bool MayBeSetTo(ItemType type, ValueKind kind, bool isIndirect) {
+  switch (type) {
+  case ItemType::IntegerVariable:
+    return kind == ValueKind::Integer || kind == ValueKind::OctetString;
+  case ItemType::OctetStringVariable:
+    return kind == ValueKind::OctetString || (kind == ValueKind::Integer && isIndirect);
+  case ItemType::ContentRefVariable:
+    return kind == ValueKind::ContentReference || (kind == ValueKind::OctetString && !isIndirect);
+  default: return kind == KindOf(type);
+  }
+}
+
+// The answer of TestVariable for an integer. An unknown comparison means GreaterOrEqual.
+[[nodiscard]] constexpr bool IsTrue(std::int64_t value, Comparison comparison,
+                                    std::int64_t operand) {
+  switch (comparison) {
+  case Comparison::Equal: return value == operand;
+  case Comparison::NotEqual: return value != operand;
+  case Comparison::Less: return value < operand;
+  case Comparison::LessOrEqual: return value <= operand;
+  case Comparison::Greater: return value > operand;
+  case Comparison::GreaterOrEqual: break;
+  }
+  return value >= operand;
+}
+
 // Copies the value and the kind of a variable; the kind is None if the object is not a variable.
 // False if memory runs out: the field of the value is then empty.
 [[nodiscard]] bool CopyValue(const FoundObject& found, GenericValue& value);

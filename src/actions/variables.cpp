@@ -35,33 +35,24 @@ bool WriteDecimal(std::int32_t number, OctetString& text) {
   return text.Assign({digits, static_cast<std::size_t>(end - digits)});
 }
 
-// Set a variable to a value of any kind. Refused if its class does not accept the kind.
-// `isIndirect`: the value was read from a variable.
+// Set a variable to a value of a kind that its class accepts. `isIndirect`: the value was read from
+// a variable.
 Status Set(BooleanVariable& variable, const GenericValue& value, bool /*isIndirect*/) {
-  return value.Kind == ValueKind::Boolean ? SetValue(variable, value.Boolean)
-                                          : Refuse(Reason::WrongKind);
+  return SetValue(variable, value.Boolean);
 }
 
 Status Set(IntegerVariable& variable, const GenericValue& value, bool /*isIndirect*/) {
-  switch (value.Kind) {
-  case ValueKind::Integer: return SetValue(variable, value.Integer);
-  case ValueKind::OctetString: return SetValue(variable, LeadingNumber(value.Octets.View()));
-  default: return Refuse(Reason::WrongKind);
-  }
+  const bool isText = value.Kind == ValueKind::OctetString;
+  return SetValue(variable, isText ? LeadingNumber(value.Octets.View()) : value.Integer);
 }
 
-// An integer is converted to text only if it was read from a variable.
-Status Set(OctetStringVariable& variable, GenericValue& value, bool isIndirect) {
-  if (value.Kind == ValueKind::Integer && isIndirect) {
-    if (!WriteDecimal(value.Integer, value.Octets)) Say(Message::NoMemoryForOctets);
-  } else if (value.Kind != ValueKind::OctetString) {
-    return Refuse(Reason::WrongKind);
-  }
+Status Set(OctetStringVariable& variable, GenericValue& value, bool /*isIndirect*/) {
+  const bool isText = value.Kind == ValueKind::OctetString;
+  if (!isText && !WriteDecimal(value.Integer, value.Octets)) Say(Message::NoMemoryForOctets);
   return SetValue(variable, std::move(value.Octets));
 }
 
 Status Set(ObjectRefVariable& variable, GenericValue& value, bool /*isIndirect*/) {
-  if (value.Kind != ValueKind::ObjectReference) return Refuse(Reason::WrongKind);
   return SetValue(variable, std::move(value.Reference));
 }
 
@@ -76,9 +67,6 @@ void CountEndingZero(OctetString& path) {
 // A path that is given directly keeps its length. One that is read from a variable includes its
 // terminating zero byte.
 Status Set(ContentRefVariable& variable, GenericValue& value, bool isIndirect) {
-  const bool isPath = value.Kind == ValueKind::ContentReference ||
-                      (value.Kind == ValueKind::OctetString && !isIndirect);
-  if (!isPath) return Refuse(Reason::WrongKind);
   if (isIndirect || value.Octets.IsEmpty()) CountEndingZero(value.Octets);
   return SetValue(variable, std::move(value.Octets));
 }
@@ -128,24 +116,8 @@ template <class Value>
 bool IsTrue(const Value& value, Comparison comparison, const GenericValue& operand) {
   return IsEqual(value, operand) == (comparison == Comparison::Equal);
 }
-// An unknown comparison means GreaterOrEqual.
 bool IsTrue(std::int32_t value, Comparison comparison, const GenericValue& operand) {
-  switch (comparison) {
-  case Comparison::Equal: return value == operand.Integer;
-  case Comparison::NotEqual: return value != operand.Integer;
-  case Comparison::Less: return value < operand.Integer;
-  case Comparison::LessOrEqual: return value <= operand.Integer;
-  case Comparison::Greater: return value > operand.Integer;
-  case Comparison::GreaterOrEqual: break;
-  }
-  return value >= operand.Integer;
-}
-
-// Whether a variable of the class is compared with an operand of the kind. A path may be given as
-// text.
-constexpr bool ComparesWith(ItemType type, ValueKind kind) {
-  const bool isPathAsText = type == ItemType::ContentRefVariable && kind == ValueKind::OctetString;
-  return kind == KindOf(type) || isPathAsText;
+  return IsTrue(value, comparison, operand.Integer);
 }
 
 }  // namespace
@@ -166,6 +138,7 @@ Status SetVariable(const Arguments& arguments) {
                                      : ContentLoading::Fetch;
   GenericValue value;
   if (!ReadValue(arguments, given, loading, value)) return Refuse(Reason::UnreadableParameter, 1);
+  if (!MayBeSetTo(target.type, value.Kind, IsIndirect(given))) return Refuse(Reason::WrongKind);
   return VisitVariable(target, Status::Refused,
                        [&](auto& variable) { return Set(variable, value, IsIndirect(given)); });
 }

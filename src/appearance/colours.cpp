@@ -84,7 +84,7 @@ Palette* PaletteOf(const Visible& visible, const RunningGroups& groups) {
   }
   if (colour.Kind != ValueKind::OctetString) return false;
   const std::string_view bytes = colour.Absolute.View();
-  if (bytes.size() != 3 && bytes.size() != 4) return false;
+  if (!IsColourLength(bytes.size())) return false;
   reduced =
       bytes.size() == 4 ? PackColour(bytes) : PackColour(bytes) << 8;  // three bytes are opaque
   return true;

@@ -3,6 +3,7 @@
 // application. If that does not set it either, the default in the function's comment applies.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 #include "objects/group.h"
@@ -25,6 +26,10 @@ namespace korvel {
 
 // The fill colour of the content, which actions do not change.
 [[nodiscard]] DrawnColour OriginalFillColourOf(const LineArt& lineArt, const RunningGroups& groups);
+
+// Whether an absolute colour may have that many bytes. Three are opaque. A colour of another length
+// is not set.
+[[nodiscard]] constexpr bool IsColourLength(std::size_t bytes) { return bytes == 3 || bytes == 4; }
 
 // The colour with these bytes, the most significant first.
 [[nodiscard]] constexpr DrawnColour PackColour(std::string_view bytes) {

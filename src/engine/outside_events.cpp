@@ -13,7 +13,7 @@ Status RaiseEngineEvent(std::int32_t key) {
   if (key == keys::kText) {
     return RaiseEventByType(EventType::EngineEvent, EventData::Integer(engineEvents::kTextKey));
   }
-  if (key == keys::kCancel || IsColourKey(key)) {
+  if (RaisesOwnEngineEvent(key)) {
     return RaiseEventByType(EventType::EngineEvent, EventData::Integer(key));
   }
   return Status::Done;

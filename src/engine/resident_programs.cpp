@@ -1,5 +1,5 @@
-// The table of resident programs and their dispatcher. The dispatcher reads every input and finds
-// every output before the program runs, so that a failed call writes nothing.
+// The functions of the resident programs and their dispatcher. The dispatcher reads every input and
+// finds every output before the program runs, so that a failed call writes nothing.
 #include "engine/resident_programs.h"
 
 #include <string_view>
@@ -12,88 +12,52 @@
 namespace korvel {
 namespace {
 
-// One place of a program's signature.
-enum class Slot : std::uint8_t {
-  None,  // past the last parameter
-  BooleanIn,
-  IntegerIn,
-  TextIn,
-  ReferenceIn,
-  BooleanOut,
-  IntegerOut,
-  TextOut,
-  ReferenceOut,
-  ContentOut,
-};
+using enum ProgramSlot;
 
-struct ProgramRow {
+struct Program {
   std::string_view name;
-  std::array<Slot, kMostProgramParameters> slots;
   bool (*run)(ProgramValues& values);
 };
 
-using enum Slot;
+// In the order of the table.
+constexpr std::array<Program, program_rows::kPrograms.size()> kFunctions = {{
+    {"GCD", GetCurrentDate},
+    {"FDa", FormatDate},
+    {"GDW", GetDayOfWeek},
+    {"Rnd", GetRandomNumber},
+    {"CTC", CastToContentReference},
+    {"CTO", CastToObjectReference},
+    {"GSL", GetStringLength},
+    {"GSS", GetSubstring},
+    {"SSS", SearchSubstring},
+    {"SES", SearchAndExtractSubstring},
+    {"GSI", GetServiceIndex},
+    {"BSI", GetBasicServiceInformation},
+    {"TIn", TuneToIndex},
+    {"TII", SetTuneInfo},
+    {"GBI", GetBootInfo},
+    {"CCR", CheckContentReference},
+    {"CGR", CheckGroupReference},
+    {"VTG", DoNothing},
+    {"SWA", SetWidescreenAlignment},
+    {"GDA", GetDisplayAspectRatio},
+    {"CIS", DoNothing},
+    {"SSM", SetSubtitleMode},
+    {"WAI", WhoAmI},
+    {"DBG", DoNothing},
+}};
 
-constexpr ProgramRow kPrograms[] = {
-    {"GCD", {IntegerOut, IntegerOut}, GetCurrentDate},
-    {"FDa", {TextIn, IntegerIn, IntegerIn, TextOut}, FormatDate},
-    {"GDW", {IntegerIn, IntegerOut}, GetDayOfWeek},
-    {"Rnd", {IntegerIn, IntegerOut}, GetRandomNumber},
-    {"CTC", {TextIn, ContentOut}, CastToContentReference},
-    {"CTO", {TextIn, IntegerIn, ReferenceOut}, CastToObjectReference},
-    {"GSL", {TextIn, IntegerOut}, GetStringLength},
-    {"GSS", {TextIn, IntegerIn, IntegerIn, TextOut}, GetSubstring},
-    {"SSS", {TextIn, IntegerIn, TextIn, IntegerOut}, SearchSubstring},
-    {"SES", {TextIn, IntegerIn, TextIn, TextOut, IntegerOut}, SearchAndExtractSubstring},
-    {"GSI", {TextIn, IntegerOut}, GetServiceIndex},
-    {"BSI",
-     {IntegerIn, IntegerOut, IntegerOut, IntegerOut, IntegerOut},
-     GetBasicServiceInformation},
-    {"TIn", {IntegerIn}, TuneToIndex},
-    {"TII", {IntegerIn}, SetTuneInfo},
-    {"GBI", {BooleanOut, TextOut}, GetBootInfo},
-    {"CCR", {TextIn, BooleanOut, ContentOut}, CheckContentReference},
-    {"CGR", {ReferenceIn, BooleanOut, ReferenceOut}, CheckGroupReference},
-    {"VTG", {}, DoNothing},
-    {"SWA", {IntegerIn}, SetWidescreenAlignment},
-    {"GDA", {IntegerOut}, GetDisplayAspectRatio},
-    {"CIS", {}, DoNothing},
-    {"SSM", {BooleanIn}, SetSubtitleMode},
-    {"WAI", {TextOut}, WhoAmI},
-    {"DBG", {}, DoNothing},
-};
-
-const ProgramRow* FindProgram(std::string_view name) {
-  for (const ProgramRow& row : kPrograms) {
-    if (row.name == name) return &row;
+consteval bool AreInOrderOfTable() {
+  for (std::size_t i = 0; i < kFunctions.size(); ++i) {
+    if (kFunctions[i].name != program_rows::kPrograms[i].name) return false;
   }
-  return nullptr;
+  return true;
 }
+static_assert(AreInOrderOfTable());
 
 Status ReportType() {
   Say(Message::GetItemTypeError);
   return Status::Failure;
-}
-
-constexpr bool IsInput(Slot slot) {
-  return slot == BooleanIn || slot == IntegerIn || slot == TextIn || slot == ReferenceIn;
-}
-
-// The class of the variables that a slot accepts.
-constexpr ItemType ClassOf(Slot slot) {
-  switch (slot) {
-  case BooleanIn:
-  case BooleanOut: return ItemType::BooleanVariable;
-  case IntegerIn:
-  case IntegerOut: return ItemType::IntegerVariable;
-  case TextIn:
-  case TextOut: return ItemType::OctetStringVariable;
-  case ReferenceIn:
-  case ReferenceOut: return ItemType::ObjectRefVariable;
-  case ContentOut: return ItemType::ContentRefVariable;
-  case None: break;
-  }
-  return ItemType::None;
 }
 
 // One call: the program's parameters as given, the values that it works on, and the variables of
@@ -138,7 +102,7 @@ class ProgramCall {
                       given.Reference.Number);
   }
 
-  Status Read(Slot slot, std::size_t place) {
+  Status Read(ProgramSlot slot, std::size_t place) {
     GenericValue& value = values_[place];
     if (given_[place].Kind == KindOf(ClassOf(slot))) {
       return Copy(given_[place], value) ? Status::Done : Status::Failure;
@@ -148,7 +112,7 @@ class ProgramCall {
     return CopyValue(variable, value) ? Status::Done : Status::Failure;
   }
 
-  Status FindOutput(Slot slot, std::size_t place) {
+  Status FindOutput(ProgramSlot slot, std::size_t place) {
     const FoundObject variable = FindVariable(place);
     if (!variable) return Status::Refused;
     if (variable.type != ClassOf(slot)) return ReportType();
@@ -171,7 +135,8 @@ Status RunResidentProgram(std::string_view name, ProgramParameters parameters,
   ProgramCall call(parameters, groupName);
   const Status status = call.Open(*row);
   if (status != Status::Done) return status;
-  if (!row->run(call.Values())) return Status::Failure;
+  const auto place = static_cast<std::size_t>(row - program_rows::kPrograms.data());
+  if (!kFunctions[place].run(call.Values())) return Status::Failure;
   call.Write();
   return Status::Done;
 }

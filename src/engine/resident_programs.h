@@ -4,14 +4,12 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 
+#include "objects/program_table.h"
 #include "objects/values.h"
 
 namespace korvel {
-
-inline constexpr std::size_t kMostProgramParameters = 6;
 
 // The inputs, and the outputs for the program to fill in. Only the field of the kind in the
 // signature is used.

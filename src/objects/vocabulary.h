@@ -288,4 +288,15 @@ inline constexpr std::int32_t kContentReferenceError = 3;
 inline constexpr std::int32_t kTextKey = 4;
 }  // namespace engineEvents
 
+// Whether the key raises the engine event of its own number.
+constexpr bool RaisesOwnEngineEvent(std::int32_t key) {
+  return key == keys::kCancel || IsColourKey(key);
+}
+// Whether the engine raises an engine event of that number.
+constexpr bool IsEngineEvent(std::int32_t number) {
+  return number == engineEvents::kGroupReferenceError ||
+         number == engineEvents::kContentReferenceError || number == engineEvents::kTextKey ||
+         RaisesOwnEngineEvent(number);
+}
+
 }  // namespace korvel

@@ -188,7 +188,7 @@ TEST_F(ResidentProgramsTest, every_program_has_a_row_in_the_behaviour_page) {
   for (const std::string& line : LinesOf(rows)) {
     if (line.starts_with("| `")) names += line.substr(0, line.find('|', 1));
   }
-  const std::string table = Contents("/src/engine/resident_programs.cpp");
+  const std::string table = Contents("/src/objects/program_table.h");
   EXPECT_EQ(NamesIn(names, "`", "`"), NamesIn(table, R"(\{")", R"(",)"));
 }
 

@@ -28,7 +28,7 @@ def scene_text(number):
                      f":OrigRefFillColour '=00=40=80=00'}}")
         lines.append(f"{{:Link {row + 40} :EventSource 0 :EventType UserInput :EventData {row + 4} "
                      f":LinkEffect (:Add(60 {row}) :SetPosition({row} 110 {50 * row}) "
-                     f':TransitionTo(("~/s{(number * 7 + row) % SCENES}" 0)))}}')
+                     f':TransitionTo(("~/s{(number + row * 7) % SCENES}" 0)))}}')
     return "\n".join(lines + ["{:IntegerVar 60 :OrigValue 0}", ")}", ""])
 
 

@@ -48,10 +48,12 @@ both 0 dump $groups
 [ "$(grep -c '^|---\(SCene\|Application\):' "$work/windows/out")" -eq "$count" ] ||
   { echo "not all are printed"; exit 1; }
 both 1 check faulty
-[ "$(grep -c '^faulty/' "$work/windows/err")" -eq \
+[ "$(grep -c '^faulty/' "$work/windows/out")" -eq \
   "$(wc -l <"$source/tests/unit/mheg/faulty.expected")" ] ||
   { echo "not all faults are reported"; exit 1; }
 both 1 check mistakes
+both 1 check faulty --format=sarif
+both 1 check faulty --format=json
 both 1 compile faulty/broken.mheg faulty/missing.mheg texts/menu.mheg -o mixed/
 both 1 decompile faulty/cut -o cut.mheg
 both 1 dump faulty/cut faulty/broken.mheg

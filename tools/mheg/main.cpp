@@ -1,5 +1,6 @@
 // mheg: the content author's tool. It compiles the textual notation to the broadcast form (BER) and
 // back, prints groups, finds faults that the engine ignores silently, and plays carousels.
+#include <algorithm>
 #include <cstdio>
 #include <system_error>
 
@@ -7,6 +8,7 @@
 #include "mheg/batch.h"
 #include "mheg/build/build.h"
 #include "mheg/check/check.h"
+#include "mheg/check/report.h"
 #include "mheg/convert.h"
 #include "mheg/format/format.h"
 #include "mheg/graph/graph.h"
@@ -67,9 +69,9 @@ bool Dump(const mheg::Options& options) {
 }
 
 bool Check(const mheg::Options& options) {
-  const mheg::Messages messages = mheg::Check(options.inputs, options.jobs);
-  Print(messages, stderr);
-  return messages.empty();
+  const mheg::Findings findings = mheg::Check(options.inputs, options.jobs, options.ignoredRules);
+  PrintReport(findings, options.reportForm);
+  return std::none_of(findings.begin(), findings.end(), mheg::IsFault);
 }
 
 // Returns the exit status.

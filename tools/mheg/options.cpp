@@ -65,6 +65,23 @@ void AddRun(CLI::App& app, Options& options) {
   command->add_flag("--scene-graph", run.showsSceneGraph, "Prints the display stack at the end");
 }
 
+void AddReport(CLI::App& command, Options& options) {
+  const std::map<std::string, ReportForm> forms{
+      {"text", ReportForm::Text}, {"json", ReportForm::Json}, {"sarif", ReportForm::Sarif}};
+  command.add_option("--format", options.reportForm, "Form of the report: text, json or sarif")
+      ->transform(CLI::CheckedTransformer(forms))
+      ->option_text("FORM");
+  command
+      .add_option("--ignore", options.ignoredRules,
+                  "Name of a rule whose findings are omitted; repeatable")
+      ->option_text("RULE")
+      ->expected(1)
+      ->take_all()
+      ->check([](const std::string& name) {
+        return FindRule(name) == nullptr ? "there is no rule " + name : std::string();
+      });
+}
+
 // An output path that ends in a separator names a folder, which may not exist yet.
 bool IsFolder(const fs::path& output) {
   std::error_code ignored;
@@ -145,6 +162,7 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
   CLI::App* check = AddCommand(app, Command::Check, "check",
                                "Reports faults that the engine would ignore silently", given);
   AddInputs(*check, "PATH", "Groups in either form, and folders with them", given);
+  AddReport(*check, given);
   AddJobs(*check, given);
 
   CLI::App* format =

@@ -7,12 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "mheg/check/report.h"
 #include "mheg/graph/graph.h"
 #include "mheg/run/trace_line.h"
 
 namespace mheg {
 
-// The exit statuses of the tool; 0 means that every file was good.
+// The exit statuses of the tool; 0 means that every file was good. Notes of the check do not count.
 inline constexpr int kBadInput = 1;  // not a group, has faults, or cannot be read or written
 inline constexpr int kWrongUse = 2;  // wrong arguments
 
@@ -42,7 +43,9 @@ struct Options {
   bool isCheckOnly = false;  // Format only: changes no file
   bool isWatching = false;   // Build only: continues until the user ends it
   GraphForm graphForm = GraphForm::Dot;
-  RunOptions run;  // Run only
+  RunOptions run;                            // Run only
+  ReportForm reportForm = ReportForm::Text;  // Check only
+  std::vector<std::string> ignoredRules;     // Check only: their names
 };
 
 // The file to write for an input: the output itself, or if that is a folder, a file in it with the

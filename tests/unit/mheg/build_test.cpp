@@ -6,8 +6,17 @@
 namespace mheg {
 namespace {
 
-constexpr const char* kApplication =
-    "{:Application (\"~/a\" 0)\n  :OnStartUp (:TransitionTo((\"~/s\" 0)))\n}\n";
+// Any scene may be entered by a key, so the check has nothing to report.
+constexpr const char* kApplication = R"({:Application ("~/a" 0)
+  :OnStartUp (:TransitionTo(("~/s" 0)))
+  :Items (
+    {:OStringVar 1 :OrigValue "~/s"}
+    {:Link 2 :Shared TRUE :EventSource 0 :EventType UserInput
+      :LinkEffect (:TransitionTo(:IndirectRef 1))}
+  )
+}
+)";
+constexpr const char* kOtherScene = "{:Scene (\"~/more/t\" 0)\n  :SceneCS 720 576\n}\n";
 
 class BuildTool : public Tool {
  protected:
@@ -17,7 +26,7 @@ class BuildTool : public Tool {
     Write("src/a.mheg", kApplication);
     Write("src/s.mheg", kScene);
     Write("src/picture.png", "a picture");
-    Write("src/more/t.mheg", kScene);
+    Write("src/more/t.mheg", kOtherScene);
     Write("src/more/sound", "a sound");
   }
 
@@ -46,7 +55,7 @@ TEST_F(BuildTool, texts_are_compiled_and_everything_else_is_copied) {
   EXPECT_EQ(run.output, "out: 5 written, 0 removed, 0 up to date\n");
   EXPECT_EQ(FilesIn("out"), (Names{"a", "s", "picture.png", "more/t", "more/sound"}));
   EXPECT_EQ(File("out/a"), Compiled(kApplication));
-  EXPECT_EQ(File("out/more/t"), Compiled(kScene));
+  EXPECT_EQ(File("out/more/t"), Compiled(kOtherScene));
   EXPECT_EQ(File("out/picture.png"), "a picture");
   EXPECT_EQ(File("out/more/sound"), "a sound");
 }
@@ -150,7 +159,8 @@ TEST_F(BuildTool, findings_are_printed_and_are_no_failure) {
   Write("src/s.mheg", "{:Scene (\"~/s\" 0) :OnStartUp (:Run(5)) :SceneCS 720 576}");
   const ToolOutcome run = Call("build src -o out");
   EXPECT_EQ(run.status, 0);
-  EXPECT_NE(run.output.find("refers to object 5, which does not exist\n"), std::string::npos)
+  EXPECT_NE(run.output.find("refers to object 5, which does not exist [unknown-object]\n"),
+            std::string::npos)
       << run.output;
 }
 

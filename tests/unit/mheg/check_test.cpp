@@ -9,8 +9,12 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <optional>
+#include <set>
 
+#include "mheg/check/report.h"
 #include "mheg/convert.h"
+#include "unit/mheg/scratch_folder.h"
 
 namespace mheg {
 namespace {
@@ -20,43 +24,17 @@ namespace fs = std::filesystem;
 const fs::path kSource = KORVEL_SOURCE_DIR;
 const fs::path kFaulty = kSource / "tests/unit/mheg/faulty";
 
-std::string Joined(const Messages& messages) {
-  std::string all;
-  for (const Message& message : messages) all += OneLine(message) + "\n";
-  return all;
-}
-
-// The reports without the path of the folder at their start.
-std::string CheckedIn(const fs::path& folder, const fs::path& path) {
-  std::string all;
-  for (const Message& message : Check({path}, 2)) {
-    all += OneLine(message).substr(folder.string().size() + 1) + "\n";
+// The report, with paths relative to `folder`. Contents for one rule need not be complete
+// carousels, so the findings can be limited to that rule.
+std::string CheckedIn(const fs::path& folder, const fs::path& path,
+                      std::optional<Rule> only = std::nullopt) {
+  Findings findings = Check({path}, 2);
+  std::erase_if(findings, [&](const Finding& finding) { return only && finding.rule != *only; });
+  for (Finding& finding : findings) {
+    finding.message.file = fs::relative(finding.message.file, folder);
   }
-  return all;
+  return LinesOf(findings);
 }
-
-std::string FileText(const fs::path& path) {
-  std::ifstream stream(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-// A temporary folder.
-class ScratchFolder {
- public:
-  ScratchFolder() {
-    std::string name = (fs::temp_directory_path() / "mheg-test-XXXXXX").string();
-    path_ = mkdtemp(name.data());
-  }
-  ~ScratchFolder() { fs::remove_all(path_); }
-  [[nodiscard]] const fs::path& Path() const { return path_; }
-  fs::path Write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(path_ / name, std::ios::binary) << bytes;
-    return path_ / name;
-  }
-
- private:
-  fs::path path_;
-};
 
 // Counts how often the files of a folder are opened during its lifetime.
 class OpenCounter {
@@ -93,13 +71,14 @@ TEST(Check, each_of_many_named_files_is_read_once) {
   for (const char* name : {"s1", "s2", "s3", "s4"}) {
     const fs::path text = folder.Write(
         std::string(name) + ".mheg",
-        "{:Scene 0 :OnStartUp (:TransitionTo((\"~/s1\" 0)) :TransitionTo((\"~/s2\" 0)))}");
+        "{:Scene 0 :OnStartUp (:TransitionTo((\"~/s1\" 0)) :TransitionTo((\"~/s2\" 0))) "
+        ":SceneCS 720 576}");
     files.push_back(text);
     files.push_back(folder.Path() / (std::string("ber") + name));
     ASSERT_TRUE(Compile(files[files.size() - 2], files.back()).isGood);
   }
   const OpenCounter counter(folder.Path());
-  EXPECT_EQ(Joined(Check(files, 2)), "");
+  EXPECT_EQ(LinesOf(Check(files, 2)), "");
   const std::map<std::string, int> opened = counter.Opened();
   EXPECT_EQ(opened.size(), 8U);
   for (const auto& [name, count] : opened) {
@@ -113,7 +92,25 @@ TEST(Check, exactly_the_faults_of_the_faulty_folder_are_reported) {
   EXPECT_EQ(CheckedIn(kFaulty, kFaulty), FileText(kSource / "tests/unit/mheg/faulty.expected"));
 }
 
-TEST(Check, the_demos_are_clean) { EXPECT_EQ(Joined(Check({kSource / "examples"}, 1)), ""); }
+TEST(Check, the_demos_are_clean) { EXPECT_EQ(LinesOf(Check({kSource / "examples"}, 1)), ""); }
+
+TEST(Check, the_scenarios_have_only_the_faults_that_they_show_on_purpose) {
+  std::set<std::string> expected;
+  std::ifstream table(kSource / "tests/unit/mheg/scenario_rules.txt");
+  for (std::string line; std::getline(table, line);) {
+    if (!line.empty() && line[0] != '#') expected.insert(line.substr(0, line.find(" -- ")));
+  }
+  std::set<std::string> found;
+  for (const auto& scenario : fs::directory_iterator(kSource / "tests/scenarios")) {
+    const fs::path carousel = scenario.path() / "carousel";
+    if (!fs::is_directory(carousel)) continue;
+    for (const Finding& finding : Check({carousel}, 1)) {
+      found.insert(scenario.path().filename().string() + " " +
+                   std::string(RowOf(finding.rule).name));
+    }
+  }
+  EXPECT_EQ(found, expected);
+}
 
 TEST(Check, actions_in_the_slots_of_token_group_items_are_checked) {
   const ScratchFolder folder;
@@ -127,8 +124,8 @@ TEST(Check, actions_in_the_slots_of_token_group_items_are_checked) {
 
 TEST(Check, a_single_file_is_checked_within_its_folder) {
   EXPECT_EQ(CheckedIn(kFaulty, kFaulty / "missing.mheg"),
-            "missing.mheg:3:5: Text lacks :OrigBoxSize\n"
-            "missing.mheg:4:79: SetPosition lacks y\n");
+            "missing.mheg:3:5: error: Text lacks :OrigBoxSize [invalid-group]\n"
+            "missing.mheg:4:79: error: SetPosition lacks y [invalid-group]\n");
 }
 
 TEST(Check, empty_required_attributes_in_ber_are_reported_as_missing_but_not_empty_boxes) {
@@ -139,7 +136,8 @@ TEST(Check, empty_required_attributes_in_ber_are_reported_as_missing_but_not_emp
                " {:ResidentPrg 4 :Name \"\"})}");
   ASSERT_TRUE(Compile(folder.Path() / "s.mheg", folder.Path() / "s").isGood);
   fs::remove(folder.Path() / "s.mheg");
-  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path()), "s: object 3: Link lacks :LinkEffect\n");
+  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path(), Rule::InvalidGroup),
+            "s: error: object 3: Link lacks :LinkEffect [invalid-group]\n");
 }
 
 TEST(Check, a_visible_that_an_action_moves_may_begin_outside_the_scene) {
@@ -147,7 +145,7 @@ TEST(Check, a_visible_that_an_action_moves_may_begin_outside_the_scene) {
   folder.Write("s.mheg",
                "{:Scene 0 :OnStartUp (:SetPosition(:IndirectRef 2 0 0)) :Items ({:Rectangle 1 "
                ":OrigBoxSize 9 9 :OrigPosition 900 0} {:ObjectRefVar 2 :OrigValue :ObjectRef 1})}");
-  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path()), "");
+  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path(), Rule::OutsideScene), "");
 }
 
 // A link on a timer of the scene.
@@ -167,8 +165,9 @@ TEST(Check, five_links_without_data_block_a_sixth_link_with_data_but_not_the_rev
   folder.Write("1.mheg", "{:Scene 0 :Items (" + anyFirst + TimerLink(6, ":EventData 7") + ")}");
   folder.Write("2.mheg", "{:Scene 0 :Items (" + anyLast + TimerLink(6, "") + ")}");
   folder.Write("3.mheg", "{:Scene 0 :Items (" + anyLast + TimerLink(6, ":EventData 8") + ")}");
-  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path()),
-            "1.mheg:1:329: object 6: never fires: five links before it wait for the same event\n");
+  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path(), Rule::SixthLink),
+            "1.mheg:1:329: warning: object 6: never fires: five links before it wait for the same "
+            "event [sixth-link]\n");
 }
 
 TEST(Check, links_are_activated_by_their_group_or_application_or_if_the_applications_by_any_scene) {
@@ -183,9 +182,11 @@ TEST(Check, links_are_activated_by_their_group_or_application_or_if_the_applicat
                            ":Activate((\"~/three\" 1))) :Items (" +
                                link + ")}");
   folder.Write("three.mheg", "{:Scene (\"~/three\" 0) :Items (" + link + ")}");
-  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path()),
-            "three.mheg:1:31: object 1: never fires: nothing activates it\n"
-            "two.mheg:1:88: object 1: never fires: nothing activates it\n");
+  EXPECT_EQ(
+      CheckedIn(folder.Path(), folder.Path(), Rule::InactiveLink),
+      "three.mheg:1:40: warning: object 1: never fires: nothing activates it [inactive-link]\n"
+      "two.mheg:1:97: warning: object 1: never fires: nothing activates it "
+      "[inactive-link]\n");
 }
 
 TEST(Check, each_folder_with_a_start_up_application_is_a_carousel) {
@@ -196,8 +197,9 @@ TEST(Check, each_folder_with_a_start_up_application_is_a_carousel) {
                  "{:Application (\"~/a\" 0) :OnStartUp (:TransitionTo((\"~/s\" 0)))}");
   }
   folder.Write("one/s.mheg", "{:Scene (\"~/s\" 0)}");
-  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path()),
-            "two/a.mheg:1:37: object 0: refers to the group ~/s, which is not there\n");
+  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path(), Rule::UnknownGroup),
+            "two/a.mheg:1:37: error: object 0: refers to the group ~/s, which is not there "
+            "[unknown-group]\n");
 }
 
 }  // namespace

@@ -2,20 +2,15 @@
 // the tool, gives exactly the output that its file NAME.expected holds. The variable
 // KORVEL_WRITE_EXPECTED makes the test write these files instead.
 #include <algorithm>
-#include <iterator>
 #include <vector>
 
+#include "unit/mheg/scratch_folder.h"
 #include "unit/mheg/tool.h"
 
 namespace mheg {
 namespace {
 
 const fs::path kMistakes = fs::path(KORVEL_SOURCE_DIR) / "tests/unit/mheg/mistakes";
-
-std::string FileText(const fs::path& path) {
-  std::ifstream stream(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 std::vector<fs::path> Texts() {
   std::vector<fs::path> texts;

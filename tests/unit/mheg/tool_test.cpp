@@ -86,10 +86,37 @@ TEST_F(Tool, dumps_both_forms_alike) {
 TEST_F(Tool, check_returns_1_if_it_reports_anything) {
   Write("s.mheg", kScene);
   EXPECT_EQ(Call("check .").status, 0);
-  Write("s.mheg", "{:Scene 0 :OnStartUp (:Run(5))}");
+  Write("s.mheg", "{:Scene 0 :OnStartUp (:Run(5)) :SceneCS 720 576}");
   const ToolOutcome run = Call("check .");
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.Messages(), "./s.mheg:1:23: object 0: refers to object 5, which does not exist\n");
+  EXPECT_EQ(run.output, "./s.mheg:1:23: error: object 0: refers to object 5, which does not exist "
+                        "[unknown-object]\n"
+                        "    1 | {:Scene 0 :OnStartUp (:Run(5)) :SceneCS 720 576}\n"
+                        "      |                       ^\n");
+}
+
+TEST_F(Tool, notes_do_not_fail_the_check_and_findings_can_be_ignored) {
+  Write("s.mheg", "{:Scene (\"~/s\" 0) :SceneCS 720 576 :AspectRatio 16 9 :InputEventReg 6}");
+  const ToolOutcome run = Call("check . --ignore input-register");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(
+      run.Messages(),
+      "./s.mheg:1:36: note: object 0: :AspectRatio of Scene has no effect [idle-attribute]\n");
+  EXPECT_EQ(Call("check . --ignore idle-attribute").status, 1);
+  EXPECT_EQ(Call("check . --ignore idle-attribute --ignore input-register").output, "");
+}
+
+TEST_F(Tool, an_unknown_rule_or_form_is_wrong_usage) {
+  Write("s.mheg", kScene);
+  EXPECT_EQ(Call("check . --ignore nonsense").status, 2);
+  EXPECT_EQ(Call("check . --format xml").status, 2);
+}
+
+TEST_F(Tool, findings_go_to_the_standard_output) {
+  Write("s.mheg", "{:Scene 0 :TextColor 1}");
+  const ToolOutcome run = Call("check . 2>/dev/null");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.output.find("[invalid-group]"), std::string::npos) << run.output;
 }
 
 TEST_F(Tool, check_reports_nothing_for_the_demos) {
@@ -126,8 +153,8 @@ TEST_F(Tool, an_unknown_word_is_reported_once) {
 
 TEST_F(Tool, check_of_one_file_does_not_report_other_files) {
   Write("bad.mheg", "{:Scene 0 :TextColor 1}");
-  Write("good.mheg", kScene);
-  const ToolOutcome run = Call("check good.mheg");
+  Write("s.mheg", kScene);
+  const ToolOutcome run = Call("check s.mheg");
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.output, "");
 }
@@ -155,15 +182,16 @@ TEST_F(Tool, every_command_has_help) {
     const char* command;
     std::vector<const char*> words;
   };
-  const Help helps[] = {{"", {"compile", "decompile", "dump", "check", "run"}},
-                        {"compile", {"IN", "-o,--output", "-j,--jobs", "textual notation"}},
-                        {"decompile", {"IN", "-o,--output", "-j,--jobs", "BER to text"}},
-                        {"dump", {"IN", "in either form", "indented tree"}},
-                        {"check", {"PATH", "-j,--jobs", "folders", "silently"}},
-                        {"format", {"PATH", "--check", "-j,--jobs", "comments"}},
-                        {"build", {"SRC", "-o,--output", "--watch", "-j,--jobs", "carousel"}},
-                        {"new", {"DIR", "application"}},
-                        {"graph", {"PATH", "-o,--output", "dot|svg", "Graphviz"}}};
+  const Help helps[] = {
+      {"", {"compile", "decompile", "dump", "check", "run"}},
+      {"compile", {"IN", "-o,--output", "-j,--jobs", "textual notation"}},
+      {"decompile", {"IN", "-o,--output", "-j,--jobs", "BER to text"}},
+      {"dump", {"IN", "in either form", "indented tree"}},
+      {"check", {"PATH", "-j,--jobs", "--format FORM", "--ignore RULE", "folders"}},
+      {"format", {"PATH", "--check", "-j,--jobs", "comments"}},
+      {"build", {"SRC", "-o,--output", "--watch", "-j,--jobs", "carousel"}},
+      {"new", {"DIR", "application"}},
+      {"graph", {"PATH", "-o,--output", "dot|svg", "Graphviz"}}};
   for (const Help& help : helps) {
     const ToolOutcome run = Call(std::string(help.command) + " --help");
     EXPECT_EQ(run.status, 0) << help.command;

@@ -16,6 +16,7 @@
 #include "mheg/build/product_list.h"
 #include "mheg/build/watch.h"
 #include "mheg/check/check.h"
+#include "mheg/check/report.h"
 #include "mheg/convert.h"
 #include "mheg/write_file.h"
 
@@ -138,10 +139,11 @@ bool Remove(const fs::path& output, const fs::path& file) {
 Messages FindingsBeyond(const Messages& errors, const fs::path& source, unsigned jobs) {
   std::set<std::string> reported;
   for (const Message& error : errors) reported.insert(OneLine(error));
-  Messages findings = Check({source}, jobs);
-  std::erase_if(findings,
-                [&](const Message& finding) { return reported.contains(OneLine(finding)); });
-  return findings;
+  Findings findings = Check({source}, jobs);
+  std::erase_if(findings, [&](const Finding& finding) {
+    return reported.contains(OneLine(finding.message));
+  });
+  return MessagesOf(findings);
 }
 
 }  // namespace

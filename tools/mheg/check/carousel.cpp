@@ -60,7 +60,7 @@ using Files = std::map<fs::path, std::map<fs::path, bool>>;
 
 // The group files in a folder and its subfolders. Symbolic links to folders are not followed.
 // Reports folders that cannot be read.
-std::vector<fs::path> GroupFilesBelow(const fs::path& top, Messages& messages) {
+std::vector<fs::path> GroupFilesBelow(const fs::path& top, Findings& findings) {
   std::vector<fs::path> files;
   std::vector<fs::path> folders{top};
   while (!folders.empty()) {
@@ -76,21 +76,23 @@ std::vector<fs::path> GroupFilesBelow(const fs::path& top, Messages& messages) {
         files.push_back(entry->path());
       }
     }
-    if (problem) messages.push_back({folder, "cannot be read"});
+    if (problem) findings.push_back({Rule::InvalidGroup, {}, {folder, "cannot be read"}});
   }
   return files;
 }
 
-void AddFolder(const fs::path& folder, bool isAskedFor, Files& files, Messages& messages) {
-  const std::size_t reported = messages.size();
-  const auto found = GroupFilesBelow(folder.empty() ? fs::path(".") : folder, messages);
+void AddFolder(const fs::path& folder, bool isAskedFor, Files& files, Findings& findings) {
+  const std::size_t reported = findings.size();
+  const auto found = GroupFilesBelow(folder.empty() ? fs::path(".") : folder, findings);
   for (const fs::path& path : found) {
     const fs::path file = folder.empty() ? path.lexically_normal() : path;
     bool& isFileAskedFor = files[RootFor(folder, file)][file];
     isFileAskedFor = isFileAskedFor || isAskedFor;
   }
-  const bool isEmpty = found.empty() && messages.size() == reported;
-  if (isEmpty && isAskedFor) messages.push_back({folder, "has no groups"});
+  const bool isEmpty = found.empty() && findings.size() == reported;
+  if (isEmpty && isAskedFor) {
+    findings.push_back({Rule::NoGroups, {}, {folder, "has no groups"}});
+  }
 }
 
 void AddObject(const korvel::Item& item, CheckedGroup& group) {
@@ -121,11 +123,61 @@ void Carousel::Load(std::size_t index) {
   group.file = ReadGroupFile(group.file.path);
   if (!group.file.group) return;
   for (const korvel::Item& item : group.Group().Items) AddObject(item, group);
-  group.effects = LinkEffectsOf(group.Group());
+  group.effects = EffectsOf(group.Group());
+  group.departures = DeparturesOf(group.Group());
 }
 
 void Carousel::EndLoading() {
-  for (const auto& group : groups_) effects_.Add(group->effects);
+  std::set<std::string_view> applications;
+  for (const auto& group : groups_) {
+    if (!korvel::IsApplication(group->file.group)) continue;
+    applications.insert(korvel::WithoutTilde(group->Name()));
+    ofApplications_.Add(group->effects);
+  }
+  for (const auto& group : groups_) onApplications_.AddOn(applications, group->effects);
+  ways_ = Navigation(*this);
+}
+
+bool Carousel::IsStartUp(const CheckedGroup& group) const {
+  fs::path name = group.file.path.filename();
+  if (name.extension() == kTextExtension) name.replace_extension();
+  return korvel::IsApplication(group.file.group) &&
+         std::any_of(std::begin(kStartUpNames), std::end(kStartUpNames),
+                     [&](const char* startUp) { return name == startUp; });
+}
+
+bool Carousel::IsNamedAfterFile(const CheckedGroup& group) const {
+  const std::vector<fs::path> places = PlacesFor(group, group.Name());
+  return std::any_of(places.begin(), places.end(),
+                     [&](const fs::path& place) { return GroupIn(place) == &group; });
+}
+
+korvel::ItemType Carousel::ClassOf(const CheckedGroup& from,
+                                   const korvel::ObjectReference& reference) const {
+  const CheckedGroup* group = Find(from, reference.GroupIdentifier.View());
+  return group == nullptr ? korvel::ItemType::None : group->ClassOf(reference.Number);
+}
+
+const CheckedObject* Carousel::FindObject(const CheckedGroup& from,
+                                          const korvel::ObjectReference& reference) const {
+  const CheckedGroup* group = Find(from, reference.GroupIdentifier.View());
+  if (group == nullptr) return nullptr;
+  const auto found = group->objects.find(reference.Number);
+  return found == group->objects.end() ? nullptr : &found->second;
+}
+
+const Effects& Carousel::OthersOn(const CheckedGroup& on) const {
+  return on.Group().type == korvel::ItemType::Application ? onApplications_ : ofApplications_;
+}
+
+bool Carousel::Has(const CheckedGroup& on, korvel::Action action) const {
+  return on.effects.Has(action) || OthersOn(on).Has(action);
+}
+
+bool Carousel::May(const CheckedGroup& on, korvel::Action action, std::int32_t number,
+                   std::optional<std::int32_t> timer) const {
+  const Effect effect{action, on.Name(), number, timer};
+  return on.effects.May(effect) || OthersOn(on).May(effect);
 }
 
 // Ignores the prefix "~" or "DSM:" and its slashes. The rest of the name may be relative to the
@@ -170,7 +222,7 @@ const CheckedGroup* Carousel::ApplicationOf(const CheckedGroup& group) const {
   return nullptr;
 }
 
-std::vector<Carousel> FindCarousels(const std::vector<fs::path>& paths, Messages& messages) {
+std::vector<Carousel> FindCarousels(const std::vector<fs::path>& paths, Findings& findings) {
   std::map<fs::path, bool> folders;  // true: check all groups in it
   for (const fs::path& path : paths) {
     const bool isFolder = IsFolder(path);
@@ -178,9 +230,8 @@ std::vector<Carousel> FindCarousels(const std::vector<fs::path>& paths, Messages
     isAskedFor = isAskedFor || isFolder;
   }
   Files files;
-  for (const auto& [folder, isAskedFor] : folders) AddFolder(folder, isAskedFor, files, messages);
-  std::sort(messages.begin(), messages.end(),
-            [](const Message& one, const Message& other) { return one.file < other.file; });
+  for (const auto& [folder, isAskedFor] : folders) AddFolder(folder, isAskedFor, files, findings);
+  std::ranges::sort(findings, {}, [](const Finding& finding) { return finding.message.file; });
   for (const fs::path& path : paths) {
     if (!IsFolder(path)) files[RootFor(path.parent_path(), path)][path] = true;
   }

@@ -6,11 +6,14 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
-#include "mheg/check/link_effects.h"
+#include "mheg/check/effects.h"
+#include "mheg/check/finding.h"
+#include "mheg/check/navigation.h"
 #include "mheg/group_file.h"
 #include "objects/objects.h"
 
@@ -27,7 +30,8 @@ struct CheckedGroup {
   GroupFile file;
   bool isAskedFor = true;  // false: not checked, only referred to by other groups
   std::multimap<std::int32_t, CheckedObject> objects;  // by number
-  LinkEffects effects;
+  Effects effects;
+  std::vector<Departure> departures;
 
   [[nodiscard]] const korvel::Group& Group() const { return *file.group; }
   [[nodiscard]] std::string_view Name() const { return Group().Reference.GroupIdentifier.View(); }
@@ -43,7 +47,7 @@ class Carousel {
   [[nodiscard]] std::size_t Size() const { return groups_.size(); }
   // Reads the file of the group at `index`. Threads may load different groups at the same time.
   void Load(std::size_t index);
-  // Combines the effects of all groups. Call it once, after all are loaded.
+  // Combines what is known of all groups. Call it once, after all are loaded.
   void EndLoading();
   [[nodiscard]] const CheckedGroup& At(std::size_t index) const { return *groups_[index]; }
 
@@ -53,26 +57,45 @@ class Carousel {
   [[nodiscard]] const CheckedGroup* Find(const CheckedGroup& from, std::string_view name) const;
   // The start-up application of a group's folder or of the carousel, or null.
   [[nodiscard]] const CheckedGroup* ApplicationOf(const CheckedGroup& group) const;
-  // The combined effects of all groups on links.
-  [[nodiscard]] const LinkEffects& Effects() const { return effects_; }
+  // Whether the engine starts with this group.
+  [[nodiscard]] bool IsStartUp(const CheckedGroup& group) const;
+  // Whether the name of the group resolves to its own file.
+  [[nodiscard]] bool IsNamedAfterFile(const CheckedGroup& group) const;
+  [[nodiscard]] const Navigation& Ways() const { return ways_; }
+
+  // The class of an object that the group `from` refers to; None if it or its group is unknown.
+  [[nodiscard]] korvel::ItemType ClassOf(const CheckedGroup& from,
+                                         const korvel::ObjectReference& reference) const;
+  // The object itself, as far as it is no group; null if it is unknown.
+  [[nodiscard]] const CheckedObject* FindObject(const CheckedGroup& from,
+                                                const korvel::ObjectReference& reference) const;
+
+  // What may happen to the objects of a group: by its own actions and, for a scene, by those of the
+  // applications or, for an application, by those of any group.
+  [[nodiscard]] bool Has(const CheckedGroup& on, korvel::Action action) const;
+  [[nodiscard]] bool May(const CheckedGroup& on, korvel::Action action, std::int32_t number,
+                         std::optional<std::int32_t> timer = {}) const;
 
  private:
   [[nodiscard]] std::vector<std::filesystem::path> PlacesFor(const CheckedGroup& from,
                                                              std::string_view name) const;
   [[nodiscard]] const CheckedGroup* GroupIn(const std::filesystem::path& file) const;
+  [[nodiscard]] const Effects& OthersOn(const CheckedGroup& on) const;
 
   std::filesystem::path root_;
   std::vector<std::unique_ptr<CheckedGroup>> groups_;
   std::unordered_map<std::filesystem::path::string_type, const CheckedGroup*> groupsByPath_;
-  LinkEffects effects_;
+  Effects ofApplications_;
+  Effects onApplications_;
+  Navigation ways_;
 };
 
 // The carousels that contain these files and folders. All groups of a given folder are to be
 // checked; for a given file, only that file, although its whole folder is loaded. A folder with a
 // start-up application is a carousel of its own; a group outside all of those belongs to the given
-// folder. Adds a message for each folder that cannot be read, and for each given folder without
+// folder. Adds a finding for each folder that cannot be read, and for each given folder without
 // groups.
 [[nodiscard]] std::vector<Carousel> FindCarousels(const std::vector<std::filesystem::path>& paths,
-                                                  Messages& messages);
+                                                  Findings& findings);
 
 }  // namespace mheg

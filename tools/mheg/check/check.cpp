@@ -3,6 +3,8 @@
 #include "mheg/check/check.h"
 
 #include <algorithm>
+#include <tuple>
+#include <utility>
 
 #include "mheg/batch.h"
 
@@ -22,54 +24,73 @@ std::vector<Place> AllGroups(const std::vector<Carousel>& carousels) {
   return places;
 }
 
-Message MessageOf(const GroupFile& file, const Finding& finding) {
-  Message message{file.path, "object " + std::to_string(finding.object) + ": " + finding.text};
-  message.place = finding.place.line > 0
-                      ? finding.place
-                      : file.places.Find(finding.object, finding.keyword, finding.action);
-  if (message.place.line > 0) message.excerpt = ExcerptAt(file.text, message.place, 1);
-  return message;
+using CheckFunction = void (*)(const Carousel& carousel, const CheckedGroup& group,
+                               Findings& findings);
+
+constexpr CheckFunction kChecks[] = {
+    CheckNumbers,    CheckMissing, CheckReferences,  CheckFiles,
+    CheckNavigation, CheckActions, CheckVariables,   CheckQuestions,
+    CheckPrograms,   CheckLinks,   CheckTokenGroups, CheckInteraction,
+    CheckAttributes, CheckPlaces,  CheckTexts,       CheckIdle,
+};
+
+bool IsBefore(const Finding& one, const Finding& other) {
+  const auto order = [](const Finding& finding) {
+    const korvel::TextPlace& place = finding.message.place;
+    return std::tuple(place.line, place.column, finding.object);
+  };
+  return order(one) < order(other);
 }
 
-Messages CheckGroup(const Carousel& carousel, const CheckedGroup& group) {
-  Messages messages = group.file.messages;
-  if (!group.file.group) return messages;
+// The errors of the reader first, in its order.
+Findings CheckGroup(const Carousel& carousel, const CheckedGroup& group) {
   Findings findings;
-  CheckNumbers(group, findings);
-  CheckMissing(group, findings);
-  CheckReferences(carousel, group, findings);
-  CheckActions(carousel, group, findings);
-  CheckLinks(carousel, group, findings);
-  CheckFiles(carousel, group, findings);
-  CheckPlaces(group, findings);
-  CheckValues(group, findings);
-  std::stable_sort(findings.begin(), findings.end(), [](const Finding& one, const Finding& other) {
-    return one.object < other.object;
-  });
-  for (const Finding& finding : findings) {
-    messages.push_back(MessageOf(group.file, finding));
+  for (const Message& message : group.file.messages) {
+    findings.push_back({Rule::InvalidGroup, {}, message});
   }
-  return messages;
+  if (!group.file.group) return findings;
+  const auto errorCount = static_cast<std::ptrdiff_t>(findings.size());
+  for (const CheckFunction check : kChecks) check(carousel, group, findings);
+  std::stable_sort(findings.begin() + errorCount, findings.end(), IsBefore);
+  for (auto finding = findings.begin() + errorCount; finding != findings.end(); ++finding) {
+    Message& message = finding->message;
+    message.file = group.file.path;
+    if (message.place.line > 0) message.excerpt = ExcerptAt(group.file.text, message.place, 1);
+  }
+  return findings;
 }
 
 }  // namespace
 
-Messages Check(const std::vector<std::filesystem::path>& paths, unsigned jobs) {
-  Messages all;
+void CheckVisitor::ReportAt(const char* keyword, Rule rule, std::string text,
+                            std::int32_t action) const {
+  const bool isGroup = korvel::Contains(korvel::kGroups, currentClass);
+  const std::int32_t number = isGroup ? 0 : currentObject;
+  findings_.push_back({rule,
+                       currentObject,
+                       {{}, std::move(text), group_.file.places.Find(number, keyword, action)}});
+}
+
+bool IsFault(const Finding& finding) { return RowOf(finding.rule).level != Level::Note; }
+
+Findings Check(const std::vector<std::filesystem::path>& paths, unsigned jobs,
+               const std::vector<std::string>& ignored) {
+  Findings all;
   std::vector<Carousel> carousels = FindCarousels(paths, all);
   const std::vector<Place> places = AllGroups(carousels);
   RunBatch(places.size(), jobs,
            [&](std::size_t i) { carousels[places[i].carousel].Load(places[i].group); });
   for (Carousel& carousel : carousels) carousel.EndLoading();
-  std::vector<Messages> messages(places.size());
+  std::vector<Findings> found(places.size());
   RunBatch(places.size(), jobs, [&](std::size_t i) {
     const Carousel& carousel = carousels[places[i].carousel];
     const CheckedGroup& group = carousel.At(places[i].group);
-    if (group.isAskedFor) messages[i] = CheckGroup(carousel, group);
+    if (group.isAskedFor) found[i] = CheckGroup(carousel, group);
   });
-  for (const Messages& ofGroup : messages) {
-    all.insert(all.end(), ofGroup.begin(), ofGroup.end());
-  }
+  for (const Findings& ofGroup : found) all.insert(all.end(), ofGroup.begin(), ofGroup.end());
+  std::erase_if(all, [&](const Finding& finding) {
+    return std::ranges::find(ignored, RowOf(finding.rule).name) != ignored.end();
+  });
   return all;
 }
 

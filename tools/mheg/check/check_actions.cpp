@@ -1,17 +1,15 @@
 // Finds actions on objects whose class does not accept them, and transitions to the wrong kind of
 // group.
 #include "mheg/check/check.h"
-#include "mheg/check/walk.h"
 
 namespace mheg {
 namespace {
 
 using namespace korvel;
 
-class ActionCheck : public GroupVisitor {
+class ActionCheck : public CheckVisitor {
  public:
-  ActionCheck(const Carousel& carousel, const CheckedGroup& group, Findings& findings)
-      : carousel_(carousel), group_(group), findings_(findings) {}
+  using CheckVisitor::CheckVisitor;
 
   void VisitAction(const ElementaryAction& action) override {
     const ActionRow& row = *FindAction(action.ActionType);
@@ -22,11 +20,9 @@ class ActionCheck : public GroupVisitor {
     const ItemType type = owner->ClassOf(target.Number);
     const ClassSet accepted = Accepted(row);
     if (type == ItemType::None || accepted == 0 || Contains(accepted, type)) return;
-    findings_.push_back({currentObject,
-                         std::string(row.name) + " does nothing to object " +
-                             std::to_string(target.Number) + ", which is of class " +
-                             ClassName(type),
-                         currentKeyword, currentAction});
+    Report(Rule::WrongTarget, std::string(row.name) + " does nothing to object " +
+                                  std::to_string(target.Number) + ", which is of class " +
+                                  ClassName(type));
   }
 
  private:
@@ -39,10 +35,6 @@ class ActionCheck : public GroupVisitor {
     default: return row.accepts;
     }
   }
-
-  const Carousel& carousel_;
-  const CheckedGroup& group_;
-  Findings& findings_;
 };
 
 }  // namespace

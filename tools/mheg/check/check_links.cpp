@@ -1,11 +1,11 @@
 // Finds links that can never fire: their source does not raise their event with that kind of data,
-// the scene's input event register excludes their key, nothing activates them, or the maximum
-// number of links for the event is reached before them.
+// no action causes it, the scene's input event register excludes their key, nothing activates them,
+// or the maximum number of links for the event is reached before them.
 #include <map>
+#include <optional>
 #include <tuple>
 
 #include "mheg/check/check.h"
-#include "mheg/check/walk.h"
 #include "objects/limits.h"
 
 namespace mheg {
@@ -77,18 +77,17 @@ constexpr bool HasSource(EventType event) {
   return event != EventType::UserInput && event != EventType::EngineEvent;
 }
 
-class LinkCheck : public GroupVisitor {
+class LinkCheck : public CheckVisitor {
  public:
-  LinkCheck(const Carousel& carousel, const CheckedGroup& group, const LinkEffects& effects,
-            Findings& findings)
-      : carousel_(carousel), group_(group), effects_(effects), findings_(findings) {}
+  using CheckVisitor::CheckVisitor;
 
   void VisitObject(ItemType type, const Ingredient& record) override {
     if (type != ItemType::Link) return;
     const auto& link = static_cast<const Link&>(record);
-    const bool isActivated = effects_.activated.MayBe(group_.Name(), currentObject);
-    if (!link.InitiallyActive && !isActivated) Report("nothing activates it");
-    if (!effects_.sendsEvents) CheckCondition(link.Condition);
+    if (!link.InitiallyActive && !carousel_.May(group_, Action::Activate, currentObject)) {
+      ReportIdle(":InitiallyActive", Rule::InactiveLink, "nothing activates it");
+    }
+    if (!carousel_.Has(group_, Action::SendEvent)) CheckCondition(link.Condition);
     if (group_.Group().type == ItemType::Scene) CheckLinkLimit(link);
   }
 
@@ -108,59 +107,89 @@ class LinkCheck : public GroupVisitor {
       awaited.boolean = condition.EventData.Boolean;
       before += alwaysActive_[awaited];
     }
-    if (before >= kMostLinksOfEvent) Report("five links before it wait for the same event");
-    if (link.InitiallyActive && !effects_.deactivated.MayBe(group_.Name(), currentObject)) {
-      ++alwaysActive_[awaited];
+    if (before >= kMostLinksOfEvent) {
+      ReportIdle("", Rule::SixthLink, "five links before it wait for the same event");
     }
+    const bool isDeactivated = carousel_.May(group_, Action::Deactivate, currentObject);
+    if (link.InitiallyActive && !isDeactivated) ++alwaysActive_[awaited];
   }
   void CheckCondition(const LinkCondition& condition) {
     const EventType event = condition.EventType;
     const EventRule rule = RuleOf(event);
     if (rule.sources == 0) {
-      return Report("there is no event " + std::to_string(static_cast<std::int32_t>(event)));
+      return ReportIdle(":EventType", Rule::ImpossibleEvent,
+                        "there is no event " + std::to_string(static_cast<std::int32_t>(event)));
     }
     const std::string word = WordOf(event);
-    CheckSource(condition.EventSource, word, rule.sources);
+    const bool isSource = CheckSource(condition.EventSource, word, rule.sources);
     const ValueKind data = condition.EventData.Kind;
-    if (data != ValueKind::None && data != rule.data) Report(word + " has no such data");
-    if (event == EventType::UserInput && data == ValueKind::Integer) {
-      CheckKey(condition.EventData.Integer);
+    if (data != ValueKind::None && data != rule.data) {
+      ReportIdle(":EventData", Rule::ImpossibleData, word + " has no such data");
+    }
+    if (isSource) CheckCause(condition);
+    if (data == ValueKind::Integer) CheckNumber(event, condition.EventData.Integer);
+  }
+  // Timers and tests are events that only actions cause.
+  void CheckCause(const LinkCondition& condition) {
+    const ObjectReference& source = condition.EventSource;
+    const CheckedGroup* owner = carousel_.Find(group_, source.GroupIdentifier.View());
+    if (owner == nullptr) return;
+    if (condition.EventType == EventType::TimerFired) {
+      CheckTimer(*owner, condition.EventData);
+    } else if (condition.EventType == EventType::TestEvent &&
+               !carousel_.May(*owner, Action::TestVariable, source.Number) &&
+               !group_.effects.May({Action::TestVariable, owner->Name(), source.Number, {}})) {
+      ReportIdle(":EventSource", Rule::NeverTested,
+                 "nothing tests variable " + std::to_string(source.Number));
     }
   }
-  void CheckSource(const ObjectReference& source, const std::string& word, ClassSet sources) {
+  void CheckTimer(const CheckedGroup& owner, const GenericValue& data) {
+    std::optional<std::int32_t> timer;
+    if (data.Kind == ValueKind::Integer) timer = data.Integer;
+    if (owner.Group().type != ItemType::Scene ||
+        carousel_.May(owner, Action::SetTimer, owner.Group().Reference.Number, timer)) {
+      return;
+    }
+    const std::string which = timer ? "timer " + std::to_string(*timer) : "a timer";
+    ReportIdle(":EventData", Rule::TimerNeverSet, "nothing sets " + which);
+  }
+  void CheckNumber(EventType event, std::int32_t number) {
+    if (event == EventType::UserInput) CheckKey(number);
+    if (event != EventType::EngineEvent || IsEngineEvent(number)) return;
+    ReportIdle(":EventData", Rule::UnknownEngineEvent,
+               "there is no engine event " + std::to_string(number));
+  }
+  bool CheckSource(const ObjectReference& source, const std::string& word, ClassSet sources) {
     const CheckedGroup* owner = carousel_.Find(group_, source.GroupIdentifier.View());
     const ItemType type = owner == nullptr ? ItemType::None : owner->ClassOf(source.Number);
-    if (type == ItemType::None || Contains(sources, type)) return;
-    Report(std::string(ClassName(type)) + " raises no " + word);
+    if (type == ItemType::None || Contains(sources, type)) return true;
+    ReportIdle(":EventType", Rule::ImpossibleEvent,
+               std::string(ClassName(type)) + " raises no " + word);
+    return false;
   }
   void CheckKey(std::int32_t key) {
-    if (!IsKey(key)) return Report("no key has the number " + std::to_string(key));
+    if (!IsKey(key)) {
+      return ReportIdle(":EventData", Rule::UnknownKey,
+                        "no key has the number " + std::to_string(key));
+    }
     if (group_.Group().type != ItemType::Scene) return;
     const std::int32_t inputRegister = static_cast<const Scene&>(group_.Group()).InputEventReg;
     if (!IsKeyBlocked(inputRegister, key)) return;
-    Report("input event register " + std::to_string(inputRegister) + " keeps out key " +
-           std::to_string(key));
+    ReportIdle(":EventData", Rule::BlockedKey,
+               "input event register " + std::to_string(inputRegister) + " keeps out key " +
+                   std::to_string(key));
   }
-  void Report(const std::string& why) {
-    findings_.push_back({currentObject, "never fires: " + why});
+  void ReportIdle(const char* keyword, Rule rule, const std::string& why) {
+    ReportAt(keyword, rule, "never fires: " + why);
   }
 
-  const Carousel& carousel_;
-  const CheckedGroup& group_;
-  const LinkEffects& effects_;  // of all groups whose actions can affect the links
-  Findings& findings_;
   std::map<Awaited, std::size_t> alwaysActive_;  // number of earlier links that stay active
 };
 
 }  // namespace
 
 void CheckLinks(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
-  // A scene's links can be activated by its application, and an application's links by any scene.
-  LinkEffects effects = group.effects;
-  const CheckedGroup* application = carousel.ApplicationOf(group);
-  if (application != nullptr) effects.Add(application->effects);
-  const bool isApplication = group.Group().type == ItemType::Application;
-  LinkCheck check(carousel, group, isApplication ? carousel.Effects() : effects, findings);
+  LinkCheck check(carousel, group, findings);
   Walk(group.Group(), check);
 }
 

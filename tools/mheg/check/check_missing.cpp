@@ -32,7 +32,8 @@ class MissingCheck {
   template <class Field>
   void Check(const char* keyword, const Form& form, const Field& field, const Field& constructed) {
     if (!form.isRequired || kIsUsable<Field> || field != constructed) return;
-    findings_.push_back({object_, std::string(className_) + " lacks " + keyword});
+    findings_.push_back(
+        {Rule::InvalidGroup, object_, {{}, std::string(className_) + " lacks " + keyword}});
   }
 
   std::int32_t object_;
@@ -42,7 +43,7 @@ class MissingCheck {
 
 }  // namespace
 
-void CheckMissing(const CheckedGroup& group, Findings& findings) {
+void CheckMissing(const Carousel& /*carousel*/, const CheckedGroup& group, Findings& findings) {
   if (group.file.form == GroupForm::Text) return;
   for (const auto& [number, object] : group.objects) {
     VisitIngredientClass(object.type, [&, number = number, record = object.record]<class Record>() {

@@ -1,9 +1,6 @@
 // Finds visibles whose box is partly or wholly outside their scene. Skips visibles that an action
 // moves or resizes, because those may start outside on purpose, and visibles without a size.
-#include <set>
-
 #include "mheg/check/check.h"
-#include "mheg/check/walk.h"
 
 namespace mheg {
 namespace {
@@ -12,29 +9,22 @@ using namespace korvel;
 
 constexpr SceneCoordinateSystem kUsualScene{720, 576};
 
-// The numbers of the objects that actions move or resize. If an action names its target through a
-// variable, that may be any object.
-class MovedObjects : public GroupVisitor {
- public:
-  void VisitAction(const ElementaryAction& action) override {
-    const bool isMoving = action.ActionType == static_cast<int>(Action::SetPosition) ||
-                          action.ActionType == static_cast<int>(Action::SetBoxSize);
-    if (!isMoving) return;
-    areAll = areAll || action.Target.Kind == ValueKind::IndirectReference;
-    numbers.insert(action.Target.Reference.Number);
-  }
+SceneCoordinateSystem SceneOf(const Group& group) {
+  if (group.type != ItemType::Scene) return kUsualScene;
+  const SceneCoordinateSystem& scene = static_cast<const Scene&>(group).SceneCS;
+  return scene.Width > 0 && scene.Height > 0 ? scene : kUsualScene;
+}
 
-  std::set<std::int32_t> numbers;
-  bool areAll = false;
-};
-
-class PlaceCheck : public GroupVisitor {
+class PlaceCheck : public CheckVisitor {
  public:
-  PlaceCheck(const SceneCoordinateSystem& scene, const MovedObjects& moved, Findings& findings)
-      : scene_(scene), moved_(moved), findings_(findings) {}
+  PlaceCheck(const Carousel& carousel, const CheckedGroup& group, Findings& findings)
+      : CheckVisitor(carousel, group, findings), scene_(SceneOf(group.Group())) {}
 
   void VisitObject(ItemType type, const Ingredient& record) override {
-    if (moved_.areAll || moved_.numbers.contains(record.Reference.Number)) return;
+    const std::int32_t number = record.Reference.Number;
+    const bool isMoved = carousel_.May(group_, Action::SetPosition, number) ||
+                         carousel_.May(group_, Action::SetBoxSize, number);
+    if (isMoved) return;
     VisitIngredientClass(type, [&]<class Record>() {
       if constexpr (std::is_base_of_v<Visible, Record>) {
         Look(static_cast<const Record&>(record));
@@ -57,31 +47,20 @@ class PlaceCheck : public GroupVisitor {
     if (size == korvel::BoxSize{}) return;
     if (IsOutside(place.X, size.Width, scene_.Width) ||
         IsOutside(place.Y, size.Height, scene_.Height)) {
-      Report("lies outside the scene");
+      ReportAt(":OrigPosition", Rule::OutsideScene, "lies outside the scene");
     } else if (IsBeyond(place.X, size.Width, scene_.Width) ||
                IsBeyond(place.Y, size.Height, scene_.Height)) {
-      Report("reaches out of the scene");
+      ReportAt(":OrigPosition", Rule::PartlyOutsideScene, "reaches out of the scene");
     }
   }
-  void Report(const char* what) { findings_.push_back({currentObject, what}); }
 
   SceneCoordinateSystem scene_;
-  const MovedObjects& moved_;
-  Findings& findings_;
 };
-
-SceneCoordinateSystem SceneOf(const Group& group) {
-  if (group.type != ItemType::Scene) return kUsualScene;
-  const SceneCoordinateSystem& scene = static_cast<const Scene&>(group).SceneCS;
-  return scene.Width > 0 && scene.Height > 0 ? scene : kUsualScene;
-}
 
 }  // namespace
 
-void CheckPlaces(const CheckedGroup& group, Findings& findings) {
-  MovedObjects moved;
-  Walk(group.Group(), moved);
-  PlaceCheck check(SceneOf(group.Group()), moved, findings);
+void CheckPlaces(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
+  PlaceCheck check(carousel, group, findings);
   Walk(group.Group(), check);
 }
 

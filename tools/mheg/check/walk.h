@@ -8,10 +8,10 @@
 
 namespace mheg {
 
-// Base class of the checks. `currentObject` and `currentClass` are the number and class of the
-// object being visited; outside items they are the group's own. `currentKeyword` is that of its
-// attribute, or empty for the object itself, and `currentAction` the index of the action among all
-// actions of the attribute, or -1.
+// Base class of all that walks a group. `currentObject` and `currentClass` are the number and class
+// of the object being visited; outside items they are the group's own. `currentKeyword` is that of
+// its attribute, or empty for the object itself, and `currentAction` the index of the action among
+// all actions of the attribute, or -1.
 class GroupVisitor {
  public:
   virtual ~GroupVisitor() = default;
@@ -24,6 +24,7 @@ class GroupVisitor {
   // Called for every path of referenced content.
   virtual void VisitContentPath(const korvel::OctetString& /*path*/) {}
 
+  // Called for every colour of an attribute.
   virtual void VisitColour(const korvel::ColourValue& /*colour*/) {}
   // Called for every string that is the value of an attribute.
   virtual void VisitString(const korvel::OctetString& /*value*/) {}

@@ -4,59 +4,9 @@
 #include <array>
 #include <cstdio>
 
+#include "mheg/json.h"
+
 namespace mheg {
-namespace {
-
-// The number of bytes of the UTF-8 sequence at the start of the text; 0 if there is none.
-std::size_t SequenceLength(std::string_view text) {
-  const auto byte = [text](std::size_t at) {
-    return at < text.size() ? static_cast<unsigned char>(text[at]) : 0U;
-  };
-  const auto goesOn = [&](std::size_t at) { return (byte(at) & 0xC0U) == 0x80; };
-  const unsigned first = byte(0);
-  if (first < 0x80) return 1;
-  if (first >= 0xC2 && first < 0xE0) return goesOn(1) ? 2 : 0;
-  if (first >= 0xE0 && first < 0xF0) {
-    const bool isOverlong = first == 0xE0 && byte(1) < 0xA0;
-    const bool isSurrogate = first == 0xED && byte(1) >= 0xA0;
-    return goesOn(1) && goesOn(2) && !isOverlong && !isSurrogate ? 3 : 0;
-  }
-  if (first >= 0xF0 && first < 0xF5) {
-    const bool isOverlong = first == 0xF0 && byte(1) < 0x90;
-    const bool isBeyondUnicode = first == 0xF4 && byte(1) >= 0x90;
-    const bool isWhole = goesOn(1) && goesOn(2) && goesOn(3);
-    return isWhole && !isOverlong && !isBeyondUnicode ? 4 : 0;
-  }
-  return 0;
-}
-
-std::string Escape(char byte) {
-  std::array<char, 8> text{};
-  std::snprintf(text.data(), text.size(), "\\u%04x",
-                static_cast<unsigned>(static_cast<unsigned char>(byte)));
-  return text.data();
-}
-
-}  // namespace
-
-std::string JsonString(std::string_view bytes) {
-  std::string json = "\"";
-  while (!bytes.empty()) {
-    std::size_t length = SequenceLength(bytes);
-    const char first = bytes.front();
-    const bool isControl = static_cast<unsigned char>(first) < 0x20;
-    if (length == 0 || isControl) {
-      json += Escape(first);
-      length = 1;
-    } else {
-      if (first == '"' || first == '\\') json += '\\';
-      json += bytes.substr(0, length);
-    }
-    bytes.remove_prefix(length);
-  }
-  return json + '"';
-}
-
 TraceLine::TraceLine(std::string_view what, std::uint64_t now, std::size_t depth)
     : now_(now), depth_(depth) {
   Field("time", static_cast<std::int64_t>(now));

@@ -9,9 +9,6 @@ namespace mheg {
 
 enum class TraceForm : std::uint8_t { None, Text, Json };
 
-// The bytes as a JSON string with its quotes. Bytes that are not UTF-8 are taken as Latin-1.
-[[nodiscard]] std::string JsonString(std::string_view bytes);
-
 class TraceLine {
  public:
   // A line about `what`, `depth` levels deep, at a virtual time in milliseconds.

@@ -1,0 +1,115 @@
+// Finds texts that are probably larger than their box. The sizes of characters are estimates from
+// the font that the engine uses, made small, so that a text that fits is not reported.
+#include <algorithm>
+#include <cmath>
+
+#include "appearance/text_attributes.h"
+#include "mheg/check/check.h"
+
+namespace mheg {
+namespace {
+
+using namespace korvel;
+
+// Font sizes are points of which 96 are 72 pixels; an entry field has a size of its own.
+constexpr double kPixelsPerPoint = 72.0 / 96.0;
+constexpr std::int32_t kUsualSize = 24;
+constexpr std::int32_t kEntryFieldSize = 15;
+
+// In parts of the font's height.
+constexpr double kLineHeight = 1.05;
+constexpr double kNarrow = 0.24;
+constexpr double kUsual = 0.45;
+constexpr std::string_view kNarrowCharacters = " .,:;'!|()[]{}/\\-ijlftrI1";
+
+struct Extent {
+  double width = 0;
+  double height = 0;
+};
+
+bool BeginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }
+
+double WidthOf(std::string_view line) {
+  double width = 0;
+  for (const char c : line) {
+    if (!BeginsCharacter(c)) continue;
+    width += kNarrowCharacters.find(c) == std::string_view::npos ? kUsual : kNarrow;
+  }
+  return width;
+}
+
+// The pixels that a text takes in a box of that width.
+Extent ExtentOf(std::string_view text, double em, bool isWrapped, double boxWidth) {
+  double widest = 0;
+  double lines = 0;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    const double width = WidthOf(text.substr(0, end)) * em;
+    widest = std::max(widest, width);
+    lines += isWrapped ? std::max(1.0, std::ceil(width / boxWidth)) : 1.0;
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return {isWrapped ? std::min(widest, boxWidth) : widest, lines * kLineHeight * em};
+}
+
+class TextCheck : public CheckVisitor {
+ public:
+  using CheckVisitor::CheckVisitor;
+
+  void VisitObject(ItemType type, const Ingredient& record) override {
+    if (!Contains(kTexts, type)) return;
+    const ContentBody& content = record.OriginalContent;
+    if (content.IsReferenced || !content.Data.IsPresent()) return;
+    const std::string fault = FaultOf(type, static_cast<const Text&>(record), content.Data);
+    if (!fault.empty()) ReportAt(":OrigContent", Rule::TextTooLarge, "its text " + fault);
+  }
+
+  void VisitAction(const ElementaryAction& action) override {
+    if (action.ActionType != static_cast<int>(Action::SetData)) return;
+    const GenericValue* data = action.Parameters.At(0);
+    if (data == nullptr || data->Kind != ValueKind::OctetString) return;
+    if (action.Target.Kind != ValueKind::ObjectReference) return;
+    const CheckedObject* object = carousel_.FindObject(group_, action.Target.Reference);
+    if (object == nullptr || !Contains(kTexts, object->type)) return;
+    const std::string fault =
+        FaultOf(object->type, static_cast<const Text&>(*object->record), data->Octets);
+    if (fault.empty()) return;
+    Report(Rule::TextTooLarge,
+           "the text for object " + std::to_string(object->record->Reference.Number) + " " + fault);
+  }
+
+ private:
+  [[nodiscard]] std::int32_t SizeOf(ItemType type, const Text& text) const {
+    if (type == ItemType::EntryField) return kEntryFieldSize;
+    const CheckedGroup* application = carousel_.ApplicationOf(group_);
+    const auto* group =
+        application == nullptr ? nullptr : static_cast<const Application*>(&application->Group());
+    const std::int32_t size = FontAttributesOf(text, group).size;
+    return size == 0 ? kUsualSize : size;
+  }
+
+  // Empty if the text may fit.
+  [[nodiscard]] std::string FaultOf(ItemType type, const Text& text,
+                                    const OctetString& data) const {
+    OctetString clean;
+    const BoxSize& box = text.OriginalBoxSize;
+    if (box.Width < 1 || box.Height < 1 || !RemoveControlSequences(data.View(), clean)) return "";
+    if (carousel_.May(group_, Action::SetBoxSize, text.Reference.Number)) return "";
+    const double em = SizeOf(type, text) * kPixelsPerPoint;
+    const Extent extent = ExtentOf(clean.TextView(), em, text.TextWrapping, box.Width);
+    if (extent.width <= box.Width && extent.height <= box.Height) return "";
+    const auto rounded = [](double pixels) { return std::to_string(std::lround(pixels)); };
+    return "takes at least " + rounded(extent.width) + " by " + rounded(extent.height) +
+           " pixels, but its box is " + std::to_string(box.Width) + " by " +
+           std::to_string(box.Height);
+  }
+};
+
+}  // namespace
+
+void CheckTexts(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
+  TextCheck check(carousel, group, findings);
+  Walk(group.Group(), check);
+}
+
+}  // namespace mheg

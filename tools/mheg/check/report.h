@@ -1,0 +1,21 @@
+// Prints the findings of a check.
+#pragma once
+
+#include <cstdint>
+
+#include "mheg/check/finding.h"
+
+namespace mheg {
+
+// Text is for people, in the form that editors recognise. JSON is an array with an object for each
+// finding. SARIF 2.1.0 is the form that code hosting services show.
+enum class ReportForm : std::uint8_t { Text, Json, Sarif };
+
+// The findings as messages with the level, the object and the rule. As in all forms, paths have "/"
+// as separator on every system.
+[[nodiscard]] Messages MessagesOf(const Findings& findings);
+
+// Prints the whole report on the standard output.
+void PrintReport(const Findings& findings, ReportForm form);
+
+}  // namespace mheg

@@ -10,6 +10,7 @@
 
 #include "mheg/batch.h"
 #include "mheg/check/carousel.h"
+#include "mheg/check/finding.h"
 #include "mheg/check/walk.h"
 #include "mheg/graph/causes.h"
 #include "mheg/write_file.h"
@@ -126,7 +127,9 @@ class CarouselGraph {
 
 // The carousels with all their groups read. Adds the errors in them.
 std::vector<Carousel> Load(const std::vector<std::filesystem::path>& paths, Messages& messages) {
-  std::vector<Carousel> carousels = FindCarousels(paths, messages);
+  Findings findings;
+  std::vector<Carousel> carousels = FindCarousels(paths, findings);
+  for (const Finding& finding : findings) messages.push_back(finding.message);
   for (Carousel& carousel : carousels) {
     RunBatch(carousel.Size(), 0, [&](std::size_t i) { carousel.Load(i); });
     for (std::size_t i = 0; i < carousel.Size(); ++i) {

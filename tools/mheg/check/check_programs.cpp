@@ -72,7 +72,7 @@ class ProgramCheck : public CheckVisitor {
         IsReference(value)
             ? "object " + std::to_string(value.Reference.Number) + " is of class " + ClassName(type)
             : "the parameter is of another type";
-    ReportCall(row, "needs for " + what + " " + ClassName(wanted) + ", but " + given);
+    ReportCall(row, std::string("wants ") + ClassName(wanted) + " for " + what + ", but " + given);
   }
 
   void ReportCall(const ProgramRow& row, const std::string& text) {

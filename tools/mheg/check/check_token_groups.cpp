@@ -42,7 +42,7 @@ class TokenGroupCheck : public CheckVisitor {
       const List<std::int32_t>& targets = group.MovementTable[i].Targets;
       const std::string movement = "movement " + std::to_string(i + 1);
       if (targets.Size() < members) {
-        ReportMovement(movement + " has " + std::to_string(targets.Size()) + " positions for " +
+        ReportMovement(movement + " has positions for " + std::to_string(targets.Size()) + " of " +
                        std::to_string(members) + " members");
       }
       const auto outside = std::find_if(targets.begin(), targets.end(), [&](std::int32_t target) {

@@ -2,11 +2,11 @@
 // to find objects that wait for an action that nothing performs.
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <optional>
 #include <set>
 #include <string_view>
+#include <tuple>
 
 #include "objects/objects.h"
 
@@ -20,7 +20,8 @@ struct Effect {
   std::int32_t number = 0;
   std::optional<std::int32_t> timer;
 
-  auto operator<=>(const Effect&) const = default;
+  [[nodiscard]] auto Fields() const { return std::tie(action, group, number, timer); }
+  bool operator<(const Effect& other) const { return Fields() < other.Fields(); }
 };
 
 class Effects {

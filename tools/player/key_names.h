@@ -6,6 +6,10 @@
 
 namespace player {
 
+// The names to offer to someone who has used another one.
+inline constexpr const char* kKeyList =
+    "Up, Down, Left, Right, OK, Cancel, Info, 0 to 9, Red, Green, Yellow, Blue, Text";
+
 // The virtual-key code for a name; nothing if the name is unknown. Case does not matter. Names are
 // Enter, Escape, Left, Up, Right, Down, 0 to 9, Keypad 0 to Keypad 9, the letters B G I R T Y, and
 // those of a remote control: OK (Enter), Cancel (Escape), and Red, Green, Yellow, Blue, Text and

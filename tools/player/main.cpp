@@ -19,9 +19,9 @@ namespace {
 bool LoadScript(const std::filesystem::path& file, std::vector<player::Step>& steps) {
   if (file.empty()) return true;
   std::ifstream text(file);
-  std::string problem = "cannot be read";
+  std::string problem = " cannot be read";
   if (text && player::ReadScript(text, steps, problem)) return true;
-  std::fprintf(stderr, "korvel-player: %s: %s\n", file.string().c_str(), problem.c_str());
+  std::fprintf(stderr, "korvel-player: %s:%s\n", file.string().c_str(), problem.c_str());
   return false;
 }
 

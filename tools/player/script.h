@@ -1,15 +1,17 @@
-// A script of the host application: the steps to carry out in the engine window, one per line.
-// The reader is portable. It runs before the engine starts, so that mistakes are reported at once.
+// A script: the steps of a run, one per line. The host application carries them out in the engine's
+// window, `mheg run` without one. The reader is portable. It runs before the engine starts, so that
+// mistakes are reported immediately.
 #pragma once
 
 #include <cstdint>
 #include <iosfwd>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace player {
 
-enum class StepKind { Wait, Until, Key, Expose, Shot, Catch, Exit };
+enum class StepKind : std::uint8_t { Wait, Until, Key, Expose, Shot, Catch, Expect, Exit };
 
 struct Pixel {
   unsigned x = 0;
@@ -19,26 +21,35 @@ struct Pixel {
 
 struct Step {
   StepKind kind = StepKind::Exit;
-  unsigned number = 0;  // Wait: milliseconds. Key: virtual-key code.
-  std::string file;     // Shot, Catch: the path of the picture
-  Pixel pixel;          // Until, Catch: the pixel to wait for
+  unsigned number = 0;             // Wait: milliseconds. Key: virtual-key code.
+  unsigned count = 1;              // Key: how often it is pressed
+  std::string file;                // Shot, Catch: the path of the picture
+  Pixel pixel;                     // Until, Catch: the pixel to wait for
+  std::vector<std::string> words;  // Expect: the state and its values
+  std::string text;                // the step as it was written
+  unsigned line = 0;               // of the script; 0 on the command line
 };
 
 // Reads one step per line:
 //   key NAME           presses a key
 //   shot FILE.png      takes a picture once it is final: every key is handled, no work is queued,
 //                      no file is being read, no painting is pending, and the picture is stable
-//   wait MS            waits, for content that uses timers
+//   wait TIME          waits, for content that uses timers: "500", "500ms" or "2s"
 //   until X Y #RRGGBB  waits until every key is handled and the pixel has this colour, for content
 //                      that changes the picture by a timer
 //   catch X Y #RRGGBB FILE.png
 //                      takes the first picture in which the pixel has this colour, for a picture
 //                      that is soon replaced
 //   expose             wipes the window as if it had been covered, so that it must repaint itself
+//   expect STATE       checks the state of the content; only `mheg run` can do that, and only it
+//                      knows the states
 //   exit               closes the engine
 // `shot`, `until` and `catch` wait for a limited time; then the run fails. Blank lines and lines
 // that begin with '#' are skipped. For any other line the function returns false and describes the
-// line in `problem`.
+// line in `problem`, beginning with its number and a colon; `steps` is then unchanged.
 [[nodiscard]] bool ReadScript(std::istream& text, std::vector<Step>& steps, std::string& problem);
+
+// Appends the steps for words such as "down", "ok", "down*3" and "wait:2s", separated by blanks.
+[[nodiscard]] bool ReadKeys(std::string_view text, std::vector<Step>& steps, std::string& problem);
 
 }  // namespace player

@@ -113,6 +113,7 @@ bool Session::RunSteps(const std::vector<Step>& steps) {
       CatchPicture(step.pixel);
       if (!WritePicture(step.file)) return false;
       break;
+    case StepKind::Expect: break;  // the player cannot look into the engine
     case StepKind::Exit: isCloseWanted_ = true; return true;
     }
   }

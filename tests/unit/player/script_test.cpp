@@ -46,13 +46,8 @@ TEST(Script, skips_blank_lines_comments_and_carriage_returns) {
 }
 
 TEST(Script, reports_the_wrong_line_and_returns_no_steps) {
-  for (const char* wrong : {"wait",
-                            "wait -1",
-                            "wait 1s",
-                            "wait 99999999999",
-                            "key",
-                            "key Purple",
-                            "shot",
+  for (const char* wrong : {"shot",
+                            "expect",
                             "exit now",
                             "expose 1",
                             "until",
@@ -74,8 +69,58 @@ TEST(Script, reports_the_wrong_line_and_returns_no_steps) {
     std::string problem;
     EXPECT_FALSE(player::ReadScript(text, steps, problem)) << wrong;
     EXPECT_TRUE(steps.empty()) << wrong;
-    EXPECT_EQ(problem, "line 2: no such step: " + std::string(wrong));
+    EXPECT_EQ(problem, "2: no such step: " + std::string(wrong) +
+                           " (steps: key NAME, wait MS, shot FILE.png, until X Y #RRGGBB, "
+                           "catch X Y #RRGGBB FILE.png, expose, expect STATE, exit)");
   }
+}
+
+// The message for a script of one line.
+std::string ProblemOf(const std::string& line) {
+  std::istringstream text(line);
+  std::vector<Step> steps;
+  std::string problem;
+  EXPECT_FALSE(player::ReadScript(text, steps, problem)) << line;
+  return problem;
+}
+
+TEST(Script, an_unknown_key_is_answered_with_the_keys_that_exist) {
+  for (const char* name : {"", "Purple", "F5"}) {
+    EXPECT_EQ(ProblemOf("key " + std::string(name)),
+              "1: no such key: " + std::string(name) +
+                  " (keys: Up, Down, Left, Right, OK, Cancel, Info, 0 to 9, Red, Green, Yellow, "
+                  "Blue, Text)");
+  }
+}
+
+TEST(Script, a_wrong_time_is_answered_with_the_forms_that_exist) {
+  for (const char* time : {"", "-1", "1m", "s", "99999999999", "4294968s"}) {
+    EXPECT_EQ(ProblemOf("wait " + std::string(time)),
+              "1: no such time: " + std::string(time) + " (milliseconds, or seconds as 2s)");
+  }
+}
+
+TEST(Script, times_are_in_milliseconds_or_seconds) {
+  std::istringstream text("wait 5\nwait 6ms\nwait 2s");
+  std::vector<Step> steps;
+  std::string problem;
+  ASSERT_TRUE(player::ReadScript(text, steps, problem)) << problem;
+  ASSERT_EQ(steps.size(), 3U);
+  EXPECT_EQ(steps[0].number, 5U);
+  EXPECT_EQ(steps[1].number, 6U);
+  EXPECT_EQ(steps[2].number, 2000U);
+}
+
+TEST(Script, expectations_are_kept_as_words_with_their_place) {
+  std::istringstream text("# a text\nexpect text 4 \"two words\"\n");
+  std::vector<Step> steps;
+  std::string problem;
+  ASSERT_TRUE(player::ReadScript(text, steps, problem)) << problem;
+  ASSERT_EQ(steps.size(), 1U);
+  EXPECT_EQ(steps[0].kind, StepKind::Expect);
+  EXPECT_EQ(steps[0].words, (std::vector<std::string>{"text", "4", "\"two words\""}));
+  EXPECT_EQ(steps[0].text, "expect text 4 \"two words\"");
+  EXPECT_EQ(steps[0].line, 2U);
 }
 
 }  // namespace

@@ -13,11 +13,12 @@
 #include "engine/engine.h"
 #include "mheg/run/expectations.h"
 #include "mheg/run/scene_graph.h"
-#include "mheg/run/script.h"
 #include "mheg/run/surroundings.h"
 #include "mheg/run/tracer.h"
 #include "mheg/run/words.h"
+#include "objects/vocabulary.h"
 #include "platform/screen.h"
+#include "player/script.h"
 #include "presentation/presentation.h"
 
 namespace mheg {
@@ -26,6 +27,8 @@ namespace {
 using korvel::EventType;
 using korvel::RestartReason;
 using korvel::Status;
+using player::Step;
+using player::StepKind;
 
 // An application that quits as soon as it starts would be started again forever.
 constexpr int kMostRestartsInARow = 10;
@@ -118,13 +121,17 @@ class Player {
         break;
       case StepKind::Expect: Expect(step); break;
       case StepKind::Exit: return true;
+      case StepKind::Until:
+      case StepKind::Expose:
+      case StepKind::Shot:
+      case StepKind::Catch: break;  // need a picture
       }
     }
     return options_.HasSteps() || WaitUntilIdle();
   }
 
   static bool Press(const Step& step) {
-    const auto key = static_cast<std::int32_t>(step.number);
+    const std::int32_t key = korvel::UserInputKey(step.number);
     const std::string words = IsTracing() ? "key " + KeyName(key) : std::string();
     for (std::uint32_t i = 0; i < step.count; ++i) {
       TraceStep("key", words);
@@ -193,15 +200,24 @@ int Refuse(const std::string& problem) {
   return kWrongUse;
 }
 
+bool AreExpectations(const std::vector<Step>& steps, std::string& problem) {
+  for (const Step& step : steps) {
+    if (step.kind != StepKind::Expect || IsExpectation(step.words, problem)) continue;
+    problem.insert(0, std::to_string(step.line) + ": ");
+    return false;
+  }
+  return true;
+}
+
 bool ReadSteps(const RunOptions& options, std::vector<Step>& steps, std::string& problem) {
   if (!options.script.empty()) {
     std::ifstream stream(options.script, std::ios::binary);
-    if (!ReadScript(stream, steps, problem)) {
+    if (!player::ReadScript(stream, steps, problem) || !AreExpectations(steps, problem)) {
       problem = options.script.string() + ":" + problem;
       return false;
     }
   }
-  return ReadKeys(options.keys, steps, problem);
+  return player::ReadKeys(options.keys, steps, problem);
 }
 
 }  // namespace

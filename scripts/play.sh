@@ -19,7 +19,6 @@ export WINEPREFIX="$PWD/build/wine-play" KORVEL_WINE_DISPLAY=1 KORVEL_WINE_LIMIT
 trap 'wineserver -k >/dev/null 2>&1' EXIT
 
 if [ -n "${DISPLAY-}" ]; then
-  echo "Keys: arrows, Enter, Escape, digits, R G Y B, T. Close the window to end."
   cmake/wine-run.sh $player "$carousel"
 else
   pictures=build/play/$(basename "$demo")

@@ -1,6 +1,7 @@
 #!/bin/sh
-# Fails unless the player returns the right status (2 for wrong use, 1 if no engine starts or a
-# picture does not become final in time) and takes a picture of the window without a script.
+# Fails unless the player returns the right status (2 for wrong use or no application, 1 if no
+# engine starts, a text has an error or a picture does not become final in time), serves the files
+# as its options demand, writes pictures and scripts, and loads a changed folder again.
 # Usage: check_player.sh WINE korvel-player.exe mheg
 set -eu
 wine=$1
@@ -28,6 +29,7 @@ expect 2 "$player"
 expect 2 "$player" missing
 expect 2 "$player" carousel --wait soon
 expect 2 "$player" carousel --script wrong_script
+expect 2 "$player" carousel --missing nothing
 expect 1 player_alone.exe carousel
 lines=0
 expect 0 "$player" --help
@@ -55,8 +57,105 @@ grep -q '^korvel-player: no final picture for slow.png within the limit' err || 
 lines=0
 expect 0 "$player" slow --script slow_script
 
-# Without a script it takes one picture after the wait and closes.
-"$wine" "$player" carousel --screenshot shot.png --wait 200 --verbose >out 2>err
-grep -q '^read a: no such file' err || { echo "the log does not tell of a read"; exit 1; }
+fail() {
+  echo "$1"
+  cat err
+  exit 1
+}
+# Fails unless the last run has printed a line with exactly this beginning, this many times.
+logged() {
+  count=$(grep -c "^$1" err) || :
+  [ "$count" -eq "${2-1}" ] || fail "logged $count times instead of ${2-1}: $1"
+}
+
+# Without a script it takes one picture after the wait and closes. It fails without an application.
+lines=3
+expect 2 "$player" carousel --screenshot shot.png --wait 200 --verbose
+logged 'read a: no such file'
+logged 'korvel-player: carousel has no application'
 size=$(od -An -t u1 -j 16 -N 8 shot.png | tr -s ' ')
 [ "$size" = " 0 0 2 208 0 0 2 64" ] || { echo "the picture is not 720 x 576"; exit 1; }
+
+# A folder of texts. The key leads to a scene of another colour.
+mkdir texts
+cat >texts/a.mheg <<'END'
+{:Application ("~/a" 0)
+  :Items (
+    {:Link 1 :EventSource 0 :EventType IsRunning :LinkEffect (:TransitionTo(("~/one" 0)))}
+  )
+}
+END
+for scene in one:two:=FF=00=00=00 two:one:=00=00=FF=00; do
+  name=${scene%%:*} next=${scene#*:}
+  cat >"texts/$name.mheg" <<END
+{:Scene ("~/$name" 0)
+  :Items (
+    {:Link 1 :EventSource 0 :EventType UserInput :EventData 100
+      :LinkEffect (:TransitionTo(("~/${next%:*}" 0)))}
+    {:Rectangle 2 :OrigBoxSize 720 576 :OrigRefFillColour '${next#*:}'}
+  )
+  :InputEventReg 3 :SceneCS 720 576
+}
+END
+done
+echo exit >texts/test.script
+
+# It serves texts as compiled files; a script without an exit ends when nothing can happen any more.
+printf 'until 9 9 #FF0000\nwait 300\nkey Red\nuntil 9 9 #0000FF\nexpect scene ~/two\n' >red_script
+lines=4
+expect 0 "$player" texts --script red_script --record recorded --series series --verbose
+logged 'read two: '
+logged 'korvel-player: the script has no exit, and nothing can happen any more'
+
+# What was recorded does the same again, and `mheg run` plays it too.
+[ "$(grep -c '^key red$' recorded)" -eq 1 ] && [ "$(tail -n 1 recorded)" = exit ] ||
+  { echo "the recording is wrong"; cat recorded; exit 1; }
+[ "$(sed -n '1s/wait //p' recorded)" -ge 300 ] ||
+  { echo "the recording lacks the time before the key"; cat recorded; exit 1; }
+lines=3
+expect 0 "$player" texts --script recorded --verbose
+logged 'read two: '
+{ grep -v exit recorded; echo 'expect scene ~/two'; } >expecting
+"$mheg" run texts --script expecting
+
+# Each change of the picture is in the series, from which ffmpeg makes an animation.
+ffmpeg -loglevel error -f concat -i series/series.ffconcat series.gif
+frames=$(ffprobe -loglevel error -count_frames -show_entries stream=nb_read_frames -of csv=p=0 \
+  series.gif)
+[ "$frames" -ge 2 ] || { echo "the animation has $frames frames"; exit 1; }
+
+# Missing, late and slow files.
+printf 'key Red\nshot missing.png\nexit\n' >short_script
+lines=3
+expect 0 "$player" texts --script short_script --missing two --verbose
+logged 'read two: no such file'
+lines=6
+printf 'until 9 9 #FF0000\nkey Red\nuntil 9 9 #0000FF\nexit\n' >late_script
+expect 0 "$player" texts --script late_script --not-yet 1 --verbose --latency 20
+logged 'read two: not yet available'
+logged 'read two: [0-9]* bytes'
+
+# It loads a changed folder again; a text with an error leaves the old content running.
+KORVEL_WINE_LIMIT=100 "$wine" "$player" texts --watch --verbose >out 2>err &
+running=$!
+await() {
+  for _ in $(seq 200); do
+    [ "$(grep -c "$1" err)" -ge "$2" ] && return
+    sleep 0.2
+  done
+  kill $running
+  fail "not logged $2 times within 40 s: $1"
+}
+await '^read one: ' 1
+sed 's/=FF=00=00/=00=FF=00/' texts/one.mheg >new && cat new >texts/one.mheg
+await '^read one: ' 2
+echo '{:Scene' >texts/two.mheg
+await 'two.mheg:' 1
+kill -0 $running || fail "an error in a text ends the player"
+kill $running
+wait $running || :
+
+# A text with an error is reported and nothing is played.
+"$wine" "$player" texts --screenshot none.png >out 2>err && status=0 || status=$?
+[ "$status" -eq 1 ] && [ ! -e none.png ] || fail "status $status after an error in a text"
+grep -q 'two.mheg:' err || fail "the error in a text is not reported"

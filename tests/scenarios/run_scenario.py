@@ -10,6 +10,7 @@ A scenario is a folder, named after the behaviour that it shows, with
   output             (optional) the lines that the engine prints, in order
   decoder            (optional) the decoder of I-frames that the player uses instead of its own:
                      the name of a folder of tests/decoders
+  status             (optional) the exit status of the player; otherwise 0
 A scenario without pixels, expected and output, or without the sentence, is an error. It is played
 once, so that a fault that shows only sometimes is not hidden. The player takes pictures when they
 are final, so a script waits only for timers of the content.
@@ -91,6 +92,11 @@ def player_of(scenario, work, player):
     return copy / pathlib.Path(player).name
 
 
+def status_of(scenario):
+    file = scenario / "status"
+    return int(file.read_text()) if file.exists() else 0
+
+
 def play(scenario, work, tools):
     shutil.copy(scenario / "script", work)
     player = player_of(scenario, work, tools.player)
@@ -99,7 +105,7 @@ def play(scenario, work, tools):
     run = subprocess.run(command, cwd=work, capture_output=True, env=limit)
     (work / "output").write_bytes(run.stdout)
     (work / "log").write_bytes(run.stderr)
-    if run.returncode == 0:
+    if run.returncode == status_of(scenario):
         return []
     log = run.stderr.decode(errors="replace").splitlines()
     complaints = [line for line in log if line.startswith("korvel-player: ")]

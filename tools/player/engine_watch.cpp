@@ -1,13 +1,16 @@
 // The worker polls for queued work every 10 ms and sleeps in between. It does all reading, actions
 // and painting between two such sleeps, so counting the sleeps shows when it is idle. To count
-// them, the library's import of Sleep is replaced. A hook on the window's thread observes its
-// messages. Neither affects the engine.
+// them, the library's import of Sleep is replaced; to know which timers run, those of SetTimer and
+// KillTimer. A hook on the window's thread observes its messages. None of them affects the engine.
 #include "player/engine_watch.h"
 
 #include <atomic>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <mutex>
+#include <set>
+#include <utility>
 
 namespace player {
 namespace {
@@ -21,6 +24,11 @@ struct WatchState {
   std::atomic<unsigned> idleLooks = 0;
   std::uintptr_t idleStack = 0;   // worker only: its stack position in the polling loop
   unsigned postedMark = kNoMark;  // host's thread only
+  std::atomic<bool> isReloadWanted = false;
+
+  std::mutex lock;  // guards what follows
+  std::vector<KeyPress> keys;
+  std::set<UINT_PTR> timers;
 };
 
 WatchState watch;
@@ -36,11 +44,36 @@ void WINAPI SleepAndCount(DWORD milliseconds) {
   Sleep(milliseconds);
 }
 
+UINT_PTR WINAPI SetAndNoteTimer(HWND window, UINT_PTR id, UINT period, TIMERPROC procedure) {
+  {
+    const std::lock_guard guard(watch.lock);
+    watch.timers.insert(id);
+  }
+  return SetTimer(window, id, period, procedure);
+}
+
+BOOL WINAPI KillAndNoteTimer(HWND window, UINT_PTR id) {
+  {
+    const std::lock_guard guard(watch.lock);
+    watch.timers.erase(id);
+  }
+  return KillTimer(window, id);
+}
+
+void NoteKey(unsigned virtualKey) {
+  if (virtualKey == VK_F5) watch.isReloadWanted = true;
+  const std::lock_guard guard(watch.lock);
+  watch.keys.push_back({virtualKey, GetTickCount64()});
+}
+
 LRESULT CALLBACK SeeMessage(int code, WPARAM removal, LPARAM parameter) {
   const MSG& message = *std::bit_cast<const MSG*>(parameter);
   if (code == HC_ACTION && removal == PM_REMOVE && message.message == kMarkMessage &&
       message.wParam != kNoMark) {
     watch.lastMark = static_cast<unsigned>(message.wParam);
+  }
+  if (code == HC_ACTION && removal == PM_REMOVE && message.message == WM_KEYDOWN) {
+    NoteKey(static_cast<unsigned>(message.wParam));
   }
   return CallNextHookEx(nullptr, code, removal, parameter);
 }
@@ -70,14 +103,30 @@ bool ReplaceImport(FARPROC& slot, FARPROC function) {
   return VirtualProtect(&slot, sizeof slot, before, &before) != 0;
 }
 
+// Makes the library call `function` instead of the system's function. False if the library does not
+// import that.
+template <typename Function>
+bool Replace(HMODULE library, const char* system, const char* name, Function* function) {
+  const HMODULE module = GetModuleHandleA(system);
+  FARPROC* const slot =
+      module == nullptr ? nullptr : FindImport(library, GetProcAddress(module, name));
+  return slot != nullptr && ReplaceImport(*slot, std::bit_cast<FARPROC>(function));
+}
+
 }  // namespace
 
-bool WatchWorker() {
+bool WatchEngine() {
+  static bool isReplaced = false;
+  watch.idleStack = 0;
+  watch.isReloadWanted = false;
+  watch.keys.clear();
+  watch.timers.clear();
+  if (isReplaced) return true;
   const HMODULE library = GetModuleHandleA("korvel.dll");
-  const HMODULE system = GetModuleHandleA("kernel32.dll");
-  if (library == nullptr || system == nullptr) return false;
-  FARPROC* const sleep = FindImport(library, GetProcAddress(system, "Sleep"));
-  return sleep != nullptr && ReplaceImport(*sleep, std::bit_cast<FARPROC>(&SleepAndCount));
+  isReplaced = library != nullptr && Replace(library, "kernel32.dll", "Sleep", &SleepAndCount) &&
+               Replace(library, "user32.dll", "SetTimer", &SetAndNoteTimer) &&
+               Replace(library, "user32.dll", "KillTimer", &KillAndNoteTimer);
+  return isReplaced;
 }
 
 bool WatchWindow(HWND engineWindow) {
@@ -93,5 +142,17 @@ unsigned PostMark(HWND engineWindow) {
 EngineSight SightOfEngine(HWND engineWindow) {
   return {watch.lastMark, watch.idleLooks, GetUpdateRect(engineWindow, nullptr, FALSE) == 0};
 }
+
+bool HasTimer() {
+  const std::lock_guard guard(watch.lock);
+  return !watch.timers.empty();
+}
+
+std::vector<KeyPress> TakeKeys() {
+  const std::lock_guard guard(watch.lock);
+  return std::exchange(watch.keys, {});
+}
+
+bool TakeReloadRequest() { return watch.isReloadWanted.exchange(false); }
 
 }  // namespace player

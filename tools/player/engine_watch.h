@@ -1,17 +1,20 @@
 // Observes the engine's two threads from outside: which messages the window's thread has received,
-// and when the worker is idle.
+// which timers run, and when the worker is idle.
 #pragma once
 
 #include <windows.h>
 
+#include <vector>
+
+#include "player/recording.h"
 #include "player/stillness.h"
 
 namespace player {
 
-// Starts to watch the worker. Call it before the engine starts, because a running worker may
-// already have loaded the replaced function's address. Returns false if the library does not import
-// Sleep.
-[[nodiscard]] bool WatchWorker();
+// Starts to watch the engine. Call it before each start of the engine, because a running worker may
+// already have loaded a replaced function's address. Returns false if the library does not import
+// the functions that it should.
+[[nodiscard]] bool WatchEngine();
 
 // Starts to watch the thread of the engine's window. Returns false if the system call fails.
 [[nodiscard]] bool WatchWindow(HWND engineWindow);
@@ -21,5 +24,14 @@ namespace player {
 [[nodiscard]] unsigned PostMark(HWND engineWindow);
 
 [[nodiscard]] EngineSight SightOfEngine(HWND engineWindow);
+
+// Whether a timer of the engine runs.
+[[nodiscard]] bool HasTimer();
+
+// The keys that the window has received since the last call, with their times by GetTickCount64.
+[[nodiscard]] std::vector<KeyPress> TakeKeys();
+
+// Whether the user has pressed F5 since the last call.
+[[nodiscard]] bool TakeReloadRequest();
 
 }  // namespace player

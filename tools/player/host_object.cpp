@@ -1,5 +1,5 @@
 // The functions of the host object. A missing file will not appear later, so ReadFile reports a
-// failure and never "not yet available".
+// failure; only files that exist can be "not yet available", if the user wants that.
 #include "player/host_object.h"
 
 #include <algorithm>
@@ -26,23 +26,30 @@ std::uint32_t KORVEL_CALL Release(MHEG5Host* host) { return --Self(host).referen
 
 void KORVEL_CALL HostOwn(MHEG5Host* /*host*/) {}
 
+void LogRead(const HostObject& self, const char* path, const char* outcome) {
+  if (self.options.isVerbose) std::fprintf(stderr, "read %s: %s\n", path, outcome);
+}
+
 std::uint32_t KORVEL_CALL ReadFile(MHEG5Host* host, const char* path, void** data,
                                    std::uint32_t* size) {
   HostObject& self = Self(host);
-  const auto bytes = self.carousel.Read(path);
-  if (self.isVerbose) {
-    if (bytes) {
-      std::fprintf(stderr, "read %s: %zu bytes\n", path, bytes->size());
-    } else {
-      std::fprintf(stderr, "read %s: no such file\n", path);
-    }
+  Sleep(self.options.latencyMs);
+  const mheg::CarouselFile* file = self.files.Find(path);
+  if (file == nullptr) {
+    LogRead(self, path, "no such file");
+    return kNoSuchFile;
   }
-  if (!bytes) return kNoSuchFile;
-  char* const buffer = new (std::nothrow) char[bytes->size()];
+  if (self.requests[path]++ < self.options.notYet) {
+    LogRead(self, path, "not yet available");
+    return kMHEG5FileNotYetAvailable;
+  }
+  const std::string& bytes = file->bytes;
+  LogRead(self, path, (std::to_string(bytes.size()) + " bytes").c_str());
+  char* const buffer = new (std::nothrow) char[bytes.size()];
   if (buffer == nullptr) return kNoSuchFile;
-  std::ranges::copy(*bytes, buffer);
+  std::ranges::copy(bytes, buffer);
   *data = buffer;
-  if (size != nullptr) *size = static_cast<std::uint32_t>(bytes->size());
+  if (size != nullptr) *size = static_cast<std::uint32_t>(bytes.size());
   ++self.buffers;
   return kMHEG5FileRead;
 }
@@ -63,7 +70,7 @@ constexpr MHEG5HostTable kTable = {
 
 }  // namespace
 
-HostObject::HostObject(const Carousel& files, bool isLoggingReads)
-    : MHEG5Host{&kTable}, carousel(files), isVerbose(isLoggingReads) {}
+HostObject::HostObject(mheg::CarouselFiles& broadcast, const Options& commandLine)
+    : MHEG5Host{&kTable}, files(broadcast), options(commandLine) {}
 
 }  // namespace player

@@ -1,19 +1,22 @@
-// The object through which the engine reads the broadcast: a carousel folder with the function
+// The object through which the engine reads the broadcast: the files of a folder, with the function
 // table that korvel.h describes. It counts the references and buffers that the engine holds, so
 // that the player can report leaks.
 #pragma once
 
 #include <atomic>
+#include <map>
+#include <string>
 
 #include "korvel.h"
-#include "player/carousel.h"
+#include "mheg/carousel_files.h"
+#include "player/options.h"
 
 namespace player {
 
 // Lives on main's stack and outlives the engine, so Release() never frees it. The engine calls it
 // on the engine's own thread.
 struct HostObject : MHEG5Host {
-  HostObject(const Carousel& files, bool isLoggingReads);
+  HostObject(mheg::CarouselFiles& broadcast, const Options& commandLine);
   HostObject(const HostObject&) = delete;
   HostObject& operator=(const HostObject&) = delete;
   ~HostObject() = default;
@@ -21,8 +24,9 @@ struct HostObject : MHEG5Host {
   // Whether the engine has released every reference and every buffer.
   [[nodiscard]] bool IsGivenBack() const { return references == 1 && buffers == 0; }
 
-  const Carousel& carousel;
-  const bool isVerbose;
+  mheg::CarouselFiles& files;
+  const Options& options;
+  std::map<std::string, std::uint32_t> requests;  // of each file; used by the engine's thread
   std::atomic<std::uint32_t> references = 1;
   std::atomic<std::uint32_t> buffers = 0;
 };

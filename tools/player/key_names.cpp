@@ -14,10 +14,11 @@ struct KeyName {
   unsigned virtualKey;
 };
 
+// For each key, the name that a remote control has for it comes first.
 constexpr KeyName kNames[] = {
-    {"enter", 13}, {"escape", 27}, {"left", 37},   {"up", 38},      {"right", 39},
+    {"ok", 13},    {"cancel", 27}, {"left", 37},   {"up", 38},      {"right", 39},
     {"down", 40},  {"red", 'R'},   {"green", 'G'}, {"yellow", 'Y'}, {"blue", 'B'},
-    {"text", 'T'}, {"ok", 13},     {"cancel", 27}, {"info", 'I'},
+    {"text", 'T'}, {"info", 'I'},  {"enter", 13},  {"escape", 27},
 };
 
 constexpr std::string_view kCharacters = "0123456789bgirty";
@@ -44,6 +45,15 @@ std::optional<unsigned> VirtualKeyOf(std::string name) {
   if (!isOnKeypad) return static_cast<unsigned>(std::toupper(character));
   if (std::isdigit(character) == 0) return std::nullopt;
   return kKeypadZero + character - '0';
+}
+
+std::string NameOfKey(unsigned virtualKey) {
+  for (const KeyName& key : kNames) {
+    if (key.virtualKey == virtualKey) return std::string(key.name);
+  }
+  if (virtualKey >= '0' && virtualKey <= '9') return {static_cast<char>(virtualKey)};
+  if (virtualKey < kKeypadZero || virtualKey > kKeypadZero + 9) return {};
+  return "keypad " + std::to_string(virtualKey - kKeypadZero);
 }
 
 }  // namespace player

@@ -16,4 +16,7 @@ inline constexpr const char* kKeyList =
 // Info (the letters with which they begin). The words "arrow", "digit" and "letter" are ignored.
 [[nodiscard]] std::optional<unsigned> VirtualKeyOf(std::string name);
 
+// A name for a virtual-key code; empty if no name has this code.
+[[nodiscard]] std::string NameOfKey(unsigned virtualKey);
+
 }  // namespace player

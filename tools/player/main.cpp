@@ -1,11 +1,14 @@
-// korvel-player: a complete host application for the engine. It serves a folder as the broadcast.
-// Scripts can press keys and take pictures; the scenario tests of the whole engine use that.
+// korvel-player: a complete host application for the engine. It serves a folder as the broadcast,
+// for authors who try their content. Scripts can press keys and take pictures; the scenario tests
+// of the whole engine use that.
 #include <fcntl.h>
 #include <io.h>
 
 #include <cstdio>
 #include <fstream>
+#include <utility>
 
+#include "player/broadcast.h"
 #include "player/engine_library.h"
 #include "player/exit_status.h"
 #include "player/host_object.h"
@@ -25,6 +28,29 @@ bool LoadScript(const std::filesystem::path& file, std::vector<player::Step>& st
   return false;
 }
 
+// Plays the folder until the user ends that, starting again with each change of the folder. Returns
+// the status to exit with.
+int Play(const player::EngineLibrary& engine, const std::vector<player::Step>& steps,
+         const player::Options& options, player::Files files) {
+  bool hasApplication = true;
+  while (files) {
+    hasApplication = player::HasApplication(*files);
+    player::HostObject host(*files, options);
+    player::Session session(engine, options);
+    const int status = session.Run(host, steps);
+    if (status != 0) return status;
+    if (!host.IsGivenBack()) {
+      std::fprintf(stderr, "korvel-player: the engine has kept what belongs to its host\n");
+      return player::kRunFailed;
+    }
+    files = session.TakeReloaded();
+  }
+  if (hasApplication) return 0;
+  std::fprintf(stderr, "korvel-player: %s has no application: no file a or startup\n",
+               options.carousel.string().c_str());
+  return player::kWrongUse;
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -36,18 +62,14 @@ int main(int count, char** arguments) {
   if (const auto status = player::ReadCommandLine(count, arguments, options)) return *status;
   std::vector<player::Step> steps;
   if (!LoadScript(options.script, steps)) return player::kWrongUse;
+  player::Files files;
+  if (const int status = player::LoadFiles(options, files); status != 0) return status;
 
   player::EngineLibrary engine;
   if (!engine.Load()) {
     std::fprintf(stderr, "korvel-player: korvel.dll cannot be loaded\n");
     return player::kRunFailed;
   }
-  const player::Carousel carousel(options.carousel);
-  player::HostObject host(carousel, options.isVerbose);
-  const int status = player::Session(engine).Run(host, steps, options);
-  if (status == 0 && !host.IsGivenBack()) {
-    std::fprintf(stderr, "korvel-player: the engine has kept what belongs to its host\n");
-    return player::kRunFailed;
-  }
-  return status;
+  if (options.IsInteractive()) std::fputs(player::kKeyboardHelp, stderr);
+  return Play(engine, steps, options, std::move(files));
 }

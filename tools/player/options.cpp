@@ -4,30 +4,42 @@
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
+#include <string>
 
 #include "player/exit_status.h"
+#include "player/key_names.h"
 
 namespace player {
 
 std::optional<int> ReadCommandLine(int count, const char* const* arguments, Options& options) {
   Options given;
-  CLI::App app("Plays an MHEG-5 application from a folder that stands for the broadcast.",
+  CLI::App app("Plays an MHEG-5 application from a folder, as if it were broadcast.",
                "korvel-player");
+  app.allow_windows_style_options(false);  // "/x" is a path, as on every other platform
   app.set_version_flag("--version", "korvel-player " TOOL_VERSION);
-  app.add_option("CAROUSEL_DIR", given.carousel, "Folder with the broadcast files")
+  app.footer(std::string(kKeyboardHelp) + "Keys in scripts: " + kKeyList);
+  app.add_option("FOLDER", given.carousel, "Folder of texts or of broadcast files")
       ->required()
       ->check(CLI::ExistingDirectory);
   app.add_option("--script", given.script,
                  "File with a step a line: key NAME, shot FILE.png (when it is final), wait MS,\n"
                  "until X Y #RRGGBB, catch X Y #RRGGBB FILE.png, expose, exit")
       ->check(CLI::ExistingFile);
+  app.add_option("--record", given.record, "Write the pressed keys to this file, as a script");
   app.add_option("--screenshot", given.screenshot,
                  "Take a picture of the engine window after --wait, then close");
   app.add_option("--wait", given.waitMs, "Milliseconds before the screenshot")
       ->capture_default_str();
+  app.add_option("--series", given.series, "Write a picture of each change to this folder");
   app.add_option("--limit", given.limitS,
                  "Seconds that the script waits for a picture before the run fails")
       ->capture_default_str();
+  app.add_option("--latency", given.latencyMs, "Milliseconds that reading a file takes");
+  app.add_option("--not-yet", given.notYet, "How often each file is not yet available");
+  app.add_option("--missing", given.missing, "File that the engine does not find; repeatable")
+      ->expected(1)
+      ->take_all();
+  app.add_flag("--watch", given.isWatching, "Load the folder again after each change in it");
   app.add_flag("--verbose", given.isVerbose, "Log each file read on standard error");
   try {
     app.parse(count, arguments);

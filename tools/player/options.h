@@ -2,22 +2,40 @@
 // an exit status.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace player {
 
 struct Options {
-  std::filesystem::path carousel;
+  std::filesystem::path carousel;    // folder of texts or of broadcast files
   std::filesystem::path script;      // empty: no script
+  std::filesystem::path record;      // script to write the pressed keys to; empty: none
   std::filesystem::path screenshot;  // empty: no screenshot at the end
-  unsigned waitMs = 1500;            // milliseconds before that screenshot
+  std::filesystem::path series;      // folder for a picture of each change; empty: none
+  unsigned waitMs = 1500;            // milliseconds before the screenshot
   unsigned limitS = 30;              // seconds that each step waits for a picture
+  std::uint32_t latencyMs = 0;       // how long reading a file takes
+  std::uint32_t notYet = 0;          // how often each file is not yet available
+  std::vector<std::string> missing;  // files that the engine does not find
+  bool isWatching = false;           // load the folder again after each change
   bool isVerbose = false;            // log each file read
+
+  // Whether only the user presses keys and ends the run.
+  [[nodiscard]] bool IsInteractive() const { return script.empty() && screenshot.empty(); }
 };
 
+// The keys of the keyboard that do something, for the user.
+inline constexpr const char* kKeyboardHelp =
+    "Keys: arrows, Enter (OK), Escape (Cancel), 0 to 9, R, G, Y and B (colours), T (Text), I "
+    "(Info)\n"
+    "F5 loads the folder again. Close the window to end.\n";
+
 // Reads the command line into `options`. Returns the exit status if the program must end: 0 after
-// help was requested, 2 after a mistake, which it reports.
+// help or the version was requested, 2 after a mistake, which it reports.
 [[nodiscard]] std::optional<int> ReadCommandLine(int count, const char* const* arguments,
                                                  Options& options);
 

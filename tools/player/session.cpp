@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <utility>
 
 #include "player/engine_watch.h"
 #include "player/exit_status.h"
@@ -33,6 +34,11 @@ std::string NameOf(const Pixel& pixel) {
   return name.data();
 }
 
+bool SayUnwritable(const std::filesystem::path& file) {
+  std::fprintf(stderr, "korvel-player: cannot write %s\n", file.string().c_str());
+  return false;
+}
+
 int Fail(const char* problem) {
   std::fprintf(stderr, "korvel-player: %s\n", problem);
   return kRunFailed;
@@ -44,25 +50,66 @@ Session::~Session() {
   if (hostWindow_ != nullptr) DestroyWindow(hostWindow_);
 }
 
-int Session::Run(MHEG5Host& host, const std::vector<Step>& steps, const Options& options) {
-  limitMs_ = options.limitS * kMsPerSecond;
+int Session::Run(MHEG5Host& host, const std::vector<Step>& steps) {
+  if (options_.isWatching) folder_.emplace(options_.carousel);
   hostWindow_ = CreateWindowExA(0, "STATIC", "korvel-player", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                 nullptr, nullptr);
-  if (!steps.empty() && !WatchWorker()) return Fail("the engine cannot be watched");
+  if (!WatchEngine()) return Fail("the engine cannot be watched");
   if (hostWindow_ == nullptr || !engine_.Start(host, hostWindow_)) {
     return Fail("the engine refuses to start");
   }
   PumpUntil(kWindowLimitMs, [&] { return (engineWindow_ = FindEngineWindow()) != nullptr; });
-  bool isDone = engineWindow_ != nullptr && RunSteps(steps);
-  if (isDone && !options.screenshot.empty() && !isCloseWanted_) {
-    Pump(options.waitMs);
-    isDone = TakePicture(options.screenshot);
+  bool isDone = engineWindow_ != nullptr && StartToRecord() && RunSteps(steps);
+  if (isDone && !options_.screenshot.empty() && !isCloseWanted_) {
+    Pump(options_.waitMs);
+    isDone = TakePicture(options_.screenshot);
     isCloseWanted_ = true;
   }
-  while (isDone && !isCloseWanted_ && !isEngineClosed_) Pump(kCloseLimitMs);
+  if (isDone) RunUntilEnd(!options_.IsInteractive() && !options_.isWatching);
+  const bool isRecorded = EndRecords();
   if (!Close()) return Fail("the engine does not close");
   if (!isDone) return Fail("the engine window did not last until the run was over");
-  return isLost_ ? kRunFailed : 0;
+  return isLost_ || !isRecorded ? kRunFailed : 0;
+}
+
+// Opens the files to write during the run. False after a message if that fails.
+bool Session::StartToRecord() {
+  const ULONGLONG now = GetTickCount64();
+  if (!options_.series.empty()) series_.emplace(options_.series, now);
+  if (options_.record.empty()) return true;
+  record_.open(options_.record, std::ios::binary);
+  recording_.emplace(record_, now);
+  return record_.is_open() || SayUnwritable(options_.record);
+}
+
+bool Session::EndRecords() {
+  Observe();
+  const ULONGLONG now = GetTickCount64();
+  if (recording_) recording_->End(now);
+  if (recording_ && !record_) return SayUnwritable(options_.record);
+  return !series_ || series_->End(now) || SayUnwritable(options_.series);
+}
+
+// Runs until the user closes the window or wants the changed files.
+void Session::RunUntilEnd(bool isEndingWhenIdle) {
+  picture_ = {};
+  Stillness stillness(PostMark(engineWindow_));
+  while (!isCloseWanted_ && !isEngineClosed_) {
+    Pump(kLookAgainMs);
+    if (IsReloadWanted() && LoadFiles(options_, reloaded_) == 0) isCloseWanted_ = true;
+    if (isEndingWhenIdle && IsPictureFinal(stillness) && !HasTimer()) {
+      std::fprintf(stderr,
+                   "korvel-player: the script has no exit, and nothing can happen any more\n");
+      isCloseWanted_ = true;
+    }
+  }
+}
+
+bool Session::IsReloadWanted() {
+  if (TakeReloadRequest()) return true;
+  if (!folder_ || !folder_->HasChanged()) return false;
+  folder_.emplace(options_.carousel);
+  return true;
 }
 
 // Dispatches messages until the condition is met (returns true), the engine has closed, or the time
@@ -75,8 +122,21 @@ template <typename Condition> bool Session::PumpUntil(unsigned limitMs, Conditio
     const auto rest = static_cast<DWORD>(std::min<ULONGLONG>(end - now, kLookAgainMs));
     MsgWaitForMultipleObjects(0, nullptr, FALSE, rest, QS_ALLINPUT);
     TakeMessages();
+    Observe();
   }
   return true;
+}
+
+// Records keys and pictures.
+void Session::Observe() {
+  for (const KeyPress& key : TakeKeys()) {
+    if (recording_) recording_->Add(key);
+  }
+  const ULONGLONG now = GetTickCount64();
+  Picture picture;
+  if (!isEngineClosed_ && series_ && series_->IsDue(now) && Capture(engineWindow_, picture)) {
+    series_->Add(std::move(picture), now);
+  }
 }
 
 void Session::Pump(unsigned milliseconds) {
@@ -95,7 +155,7 @@ void Session::TakeMessages() {
 
 // Returns false if a step could not be carried out, for example because the engine has closed.
 bool Session::RunSteps(const std::vector<Step>& steps) {
-  if (!steps.empty() && !WatchWindow(engineWindow_)) return false;
+  if (!WatchWindow(engineWindow_)) return false;
   for (const Step& step : steps) {
     if (isEngineClosed_) return false;
     switch (step.kind) {
@@ -123,7 +183,7 @@ bool Session::RunSteps(const std::vector<Step>& steps) {
 // Waits until the condition is met. The first timeout fails the run; later steps then take their
 // pictures without waiting.
 template <typename Condition> void Session::Await(const std::string& wanted, Condition hasCome) {
-  if (!isLost_ && (PumpUntil(limitMs_, hasCome) || isEngineClosed_)) return;
+  if (!isLost_ && (PumpUntil(options_.limitS * kMsPerSecond, hasCome) || isEngineClosed_)) return;
   if (!isLost_) {
     std::fprintf(stderr, "korvel-player: no %s within the limit\n", wanted.c_str());
     isLost_ = true;
@@ -143,14 +203,17 @@ template <typename Condition>
 void Session::AwaitFinalPicture(const std::string& wanted, Condition isMet) {
   picture_ = {};
   Stillness stillness(PostMark(engineWindow_));
-  Await(wanted, [&] {
-    if (!stillness.IsRoundOver(SightOfEngine(engineWindow_))) return false;
-    Picture now;
-    if (!Capture(engineWindow_, now)) return false;
-    const bool isUnchanged = now == picture_;
-    picture_ = std::move(now);
-    return stillness.EndRound(isUnchanged, PostMark(engineWindow_)) && isMet();
-  });
+  Await(wanted, [&] { return IsPictureFinal(stillness) && isMet(); });
+}
+
+// Examines a picture whenever a round is over. False until one is final.
+bool Session::IsPictureFinal(Stillness& stillness) {
+  if (!stillness.IsRoundOver(SightOfEngine(engineWindow_))) return false;
+  Picture now;
+  if (!Capture(engineWindow_, now)) return false;
+  const bool isUnchanged = now == picture_;
+  picture_ = std::move(now);
+  return stillness.EndRound(isUnchanged, PostMark(engineWindow_));
 }
 
 // Fills the window with a colour that no scene should have, so that missing painting is visible.
@@ -171,9 +234,7 @@ bool Session::TakePicture(const std::filesystem::path& file) {
 }
 
 bool Session::WritePicture(const std::filesystem::path& file) {
-  if (!isEngineClosed_ && pictures_.Write(picture_, file)) return true;
-  std::fprintf(stderr, "korvel-player: cannot write %s\n", file.string().c_str());
-  return false;
+  return (!isEngineClosed_ && pictures_.Write(picture_, file)) || SayUnwritable(file);
 }
 
 void Session::PressKey(unsigned virtualKey) const {

@@ -4,35 +4,53 @@
 #pragma once
 
 #include <filesystem>
+#include <fstream>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "mheg/build/watch.h"
+#include "player/broadcast.h"
 #include "player/engine_library.h"
 #include "player/options.h"
+#include "player/picture_series.h"
+#include "player/recording.h"
 #include "player/screenshot.h"
 #include "player/script.h"
+#include "player/stillness.h"
 
 namespace player {
 
 class Session {
  public:
-  explicit Session(const EngineLibrary& engine) : engine_(engine) {}
+  Session(const EngineLibrary& engine, const Options& options)
+      : engine_(engine), options_(options) {}
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
   ~Session();
 
   // Runs from start to close. Returns 0, or the status to exit with after a message. Without a
-  // screenshot and without a script that exits, the run lasts until the engine window is closed.
-  [[nodiscard]] int Run(MHEG5Host& host, const std::vector<Step>& steps, const Options& options);
+  // screenshot and without a script, the run lasts until the engine window is closed or files have
+  // been loaded again; with a script that does not exit, also until nothing can happen any more.
+  [[nodiscard]] int Run(MHEG5Host& host, const std::vector<Step>& steps);
+
+  // The files to continue with in another session; null if the user has ended the run.
+  [[nodiscard]] Files TakeReloaded() { return std::move(reloaded_); }
 
  private:
   template <typename Condition> bool PumpUntil(unsigned limitMs, Condition isMet);
   void Pump(unsigned milliseconds);
   void TakeMessages();
+  void Observe();
+  bool StartToRecord();
+  bool EndRecords();
   bool RunSteps(const std::vector<Step>& steps);
   template <typename Condition> void Await(const std::string& wanted, Condition hasCome);
   template <typename Condition> void AwaitFinalPicture(const std::string& wanted, Condition isMet);
+  bool IsPictureFinal(Stillness& stillness);
   void CatchPicture(const Pixel& pixel);
+  void RunUntilEnd(bool isEndingWhenIdle);
+  bool IsReloadWanted();
   void WipeWindow() const;
   bool TakePicture(const std::filesystem::path& file);
   bool WritePicture(const std::filesystem::path& file);
@@ -40,11 +58,16 @@ class Session {
   bool Close();
 
   const EngineLibrary& engine_;
+  const Options& options_;
+  Files reloaded_;
+  std::optional<mheg::Watch> folder_;  // watched for changes
+  std::ofstream record_;
+  std::optional<Recording> recording_;
+  std::optional<PictureSeries> series_;
   PictureWriter pictures_;
   Picture picture_;  // the last one that was examined
   HWND hostWindow_ = nullptr;
   HWND engineWindow_ = nullptr;
-  unsigned limitMs_ = 0;
   bool isEngineClosed_ = false;
   bool isCloseWanted_ = false;
   bool isLost_ = false;  // a step has timed out, so the run has failed

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "objects/vocabulary.h"
+
 namespace {
 
 using player::VirtualKeyOf;
@@ -54,6 +56,19 @@ TEST(KeyNames, other_names_are_rejected) {
   for (const char* name : {"", "A", "10", "Keypad", "Keypad R", "F1", "Purple", "*"}) {
     EXPECT_FALSE(VirtualKeyOf(name)) << name;
   }
+}
+
+TEST(KeyNames, each_key_with_a_name_is_named_so_that_the_name_leads_back_to_it) {
+  for (unsigned virtualKey = 0; virtualKey < 256; ++virtualKey) {
+    const std::string name = player::NameOfKey(virtualKey);
+    const bool isReceived = korvel::UserInputKey(virtualKey) != korvel::kNoUserInput;
+    EXPECT_EQ(!name.empty(), isReceived) << virtualKey;
+    if (isReceived) {
+      EXPECT_EQ(VirtualKeyOf(name), virtualKey) << name;
+    }
+  }
+  EXPECT_EQ(player::NameOfKey(13), "ok");
+  EXPECT_EQ(player::NameOfKey('R'), "red");
 }
 
 }  // namespace

@@ -21,21 +21,56 @@ TEST(Options, a_folder_alone_is_enough) {
   EXPECT_TRUE(options.screenshot.empty());
   EXPECT_EQ(options.waitMs, 1500U);
   EXPECT_EQ(options.limitS, 30U);
+  EXPECT_TRUE(options.record.empty());
+  EXPECT_TRUE(options.series.empty());
+  EXPECT_EQ(options.latencyMs, 0U);
+  EXPECT_EQ(options.notYet, 0U);
+  EXPECT_TRUE(options.missing.empty());
+  EXPECT_FALSE(options.isWatching);
   EXPECT_FALSE(options.isVerbose);
+  EXPECT_TRUE(options.IsInteractive());
 }
 
 TEST(Options, all_options_are_read) {
   const std::string script = testing::TempDir() + "options_test.script";
   std::ofstream(script) << "exit\n";
   player::Options options;
-  EXPECT_FALSE(Read({"--script", script.c_str(), "--screenshot", "x.png", "--wait", "20", "--limit",
-                     "7", "--verbose", "."},
+  EXPECT_FALSE(Read({"--script",
+                     script.c_str(),
+                     "--screenshot",
+                     "x.png",
+                     "--wait",
+                     "20",
+                     "--limit",
+                     "7",
+                     "--verbose",
+                     "--record",
+                     "r",
+                     "--series",
+                     "s",
+                     "--latency",
+                     "5",
+                     "--not-yet",
+                     "2",
+                     "--missing",
+                     "a",
+                     "--missing",
+                     "b",
+                     "--watch",
+                     "."},
                     options));
   EXPECT_EQ(options.script, script);
   EXPECT_EQ(options.screenshot, "x.png");
   EXPECT_EQ(options.waitMs, 20U);
   EXPECT_EQ(options.limitS, 7U);
   EXPECT_TRUE(options.isVerbose);
+  EXPECT_EQ(options.record, "r");
+  EXPECT_EQ(options.series, "s");
+  EXPECT_EQ(options.latencyMs, 5U);
+  EXPECT_EQ(options.notYet, 2U);
+  EXPECT_EQ(options.missing, (std::vector<std::string>{"a", "b"}));
+  EXPECT_TRUE(options.isWatching);
+  EXPECT_FALSE(options.IsInteractive());
 }
 
 TEST(Options, every_mistake_prints_one_line_and_returns_2) {
@@ -44,6 +79,8 @@ TEST(Options, every_mistake_prints_one_line_and_returns_2) {
       {"no such folder"},
       {".", "--wait", "soon"},
       {".", "--wait", "-5"},
+      {".", "--latency", "-1"},
+      {".", "--missing"},
       {".", "--limit", "long"},
       {".", "--script", "no such file"},
       {".", "--loud"},
@@ -60,18 +97,23 @@ TEST(Options, every_mistake_prints_one_line_and_returns_2) {
   }
 }
 
-TEST(Options, version_is_one_line) {
+// The output of a command line that ends the program successfully.
+std::string Printed(const char* word) {
   player::Options options;
   testing::internal::CaptureStdout();
-  EXPECT_EQ(Read({"--version"}, options), 0);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "korvel-player " TOOL_VERSION "\n");
+  EXPECT_EQ(Read({word}, options), 0);
+  return testing::internal::GetCapturedStdout();
 }
 
-TEST(Options, help_returns_0) {
-  player::Options options;
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(Read({"--help"}, options), 0);
-  EXPECT_NE(testing::internal::GetCapturedStdout().find("--screenshot"), std::string::npos);
+TEST(Options, help_explains_the_options_and_the_keys) {
+  const std::string help = Printed("--help");
+  EXPECT_NE(help.find("--screenshot"), std::string::npos);
+  EXPECT_NE(help.find("F5 loads the folder again"), std::string::npos);
+  EXPECT_NE(help.find("0 to 9, Red, Green"), std::string::npos);
+}
+
+TEST(Options, version_is_one_line) {
+  EXPECT_EQ(Printed("--version"), "korvel-player " TOOL_VERSION "\n");
 }
 
 }  // namespace

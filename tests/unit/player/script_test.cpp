@@ -46,24 +46,11 @@ TEST(Script, skips_blank_lines_comments_and_carriage_returns) {
 }
 
 TEST(Script, reports_the_wrong_line_and_returns_no_steps) {
-  for (const char* wrong : {"shot",
-                            "expect",
-                            "exit now",
-                            "expose 1",
-                            "until",
-                            "until 1 2",
-                            "until changed",
-                            "until 1 2 102030",
-                            "until 1 2 #10203",
-                            "until 1 2 #10203g",
-                            "until -1 2 #102030",
-                            "until 1 2 #102030 4",
-                            "catch",
-                            "catch 1 2 a.png",
-                            "catch 1 2 #102030",
-                            "catch 1 2 #10203 a.png",
-                            "press Red",
-                            "Wait 5"}) {
+  for (const char* wrong :
+       {"shot", "expect", "exit now", "expose 1", "until", "until 1 2", "until changed",
+        "until 1 2 102030", "until 1 2 #10203", "until 1 2 #10203g", "until -1 2 #102030",
+        "until 1 2 #102030 4", "catch", "catch 1 2 a.png", "catch 1 2 #102030",
+        "catch 1 2 #10203 a.png", "press Red", "Wait 5"}) {
     std::istringstream text("wait 1\n" + std::string(wrong) + "\nexit\n");
     std::vector<Step> steps;
     std::string problem;

@@ -18,14 +18,13 @@
 #include "mheg/check/check.h"
 #include "mheg/check/report.h"
 #include "mheg/convert.h"
+#include "mheg/source_folder.h"
 #include "mheg/write_file.h"
 
 namespace mheg {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* kTextExtension = ".mheg";
 
 enum class Change { None, Written, Failed };
 
@@ -37,38 +36,12 @@ struct Product {
 };
 using Products = std::map<fs::path, Product>;
 
-bool IsBroadcast(const fs::path& relative) {
-  const bool isInFolderItself = !relative.has_parent_path();
-  return !(isInFolderItself && (relative == "README.md" || relative.extension() == ".script"));
-}
-
-bool IsHidden(const fs::path& path) {
-  const fs::path name = path.filename();
-  return name.native().front() == '.';
-}
-
-// The files to broadcast, relative to the folder. Symbolic links are followed. Returns false if a
-// folder cannot be read.
-bool FindFiles(const fs::path& source, std::set<fs::path>& files) {
-  std::error_code problem;
-  fs::recursive_directory_iterator entry(source, fs::directory_options::follow_directory_symlink,
-                                         problem);
-  for (; !problem && entry != fs::end(entry); entry.increment(problem)) {
-    const fs::path relative = entry->path().lexically_relative(source);
-    std::error_code ignored;
-    const bool isFolder = entry->is_directory(ignored);
-    if (isFolder && IsHidden(relative)) entry.disable_recursion_pending();
-    if (!isFolder && !IsHidden(relative) && IsBroadcast(relative)) files.insert(relative);
-  }
-  return !problem;
-}
-
 // Two files with one product are an error of both.
 Products ProductsOf(const fs::path& source, const std::set<fs::path>& files) {
   Products products;
   for (const fs::path& file : files) {
     fs::path name = file;
-    if (name.extension() == kTextExtension) name.replace_extension();
+    if (IsText(name)) name.replace_extension();
     const auto [product, isNew] = products.emplace(name, Product{source / file});
     if (isNew) continue;
     product->second.change = Change::Failed;
@@ -117,8 +90,8 @@ void BuildProduct(const fs::path& target, Product& product) {
   if (product.change == Change::Failed) return;
   std::error_code problem;
   fs::create_directories(target.parent_path(), problem);
-  const bool isText = product.source.extension() == kTextExtension;
-  product.change = isText ? WriteText(target, product) : Copy(target, product.source);
+  product.change =
+      IsText(product.source) ? WriteText(target, product) : Copy(target, product.source);
   if (product.change == Change::Failed && product.messages.empty()) {
     product.messages.push_back({target, "cannot be written"});
   }
@@ -150,7 +123,7 @@ Messages FindingsBeyond(const Messages& errors, const fs::path& source, unsigned
 
 bool Build(const fs::path& source, const fs::path& output, unsigned jobs) {
   std::set<fs::path> files;
-  if (!FindFiles(source, files)) {
+  if (!FindBroadcastFiles(source, files)) {
     Print({{source, "cannot be read"}}, stderr);
     return false;
   }

@@ -7,9 +7,9 @@ namespace mheg {
 
 // Brings the carousel `output` up to date with the folder `source`, on `jobs` threads (0: one per
 // processor): compiles each text NAME.mheg to NAME and copies all other files, including
-// subfolders. Files whose names begin with a dot, and README.md and *.script in the folder itself,
-// are not broadcast. Only files that change are written. Products of an earlier build that have no
-// source any more are removed; other files in the carousel are not touched.
+// subfolders, if they are broadcast (source_folder.h). Only files that change are written. Products
+// of an earlier build that have no source any more are removed; other files in the carousel are not
+// touched.
 //
 // Prints errors, the findings of the check, and a line with the numbers of files. A text with
 // errors leaves the file that was compiled from it earlier. Returns whether every file of the

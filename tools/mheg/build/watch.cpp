@@ -36,13 +36,13 @@ Watch::~Watch() {
   if (notification_ != INVALID_HANDLE_VALUE) FindCloseChangeNotification(notification_);
 }
 
-bool Watch::Wait() {
-  if (notification_ == INVALID_HANDLE_VALUE) return false;
-  for (DWORD limit = INFINITE;; limit = kCalmMs) {
-    const DWORD result = WaitForSingleObject(notification_, limit);
-    if (result == WAIT_TIMEOUT) return true;
-    if (result != WAIT_OBJECT_0 || FindNextChangeNotification(notification_) == 0) return false;
-  }
+Watch::Result Watch::WaitForOne(int limitMs) {
+  if (notification_ == INVALID_HANDLE_VALUE) return Result::Failure;
+  const DWORD limit = limitMs < 0 ? INFINITE : static_cast<DWORD>(limitMs);
+  const DWORD result = WaitForSingleObject(notification_, limit);
+  if (result == WAIT_TIMEOUT) return Result::Timeout;
+  const bool isChange = result == WAIT_OBJECT_0 && FindNextChangeNotification(notification_) != 0;
+  return isChange ? Result::Change : Result::Failure;
 }
 
 #else
@@ -66,17 +66,29 @@ Watch::Watch(const fs::path& folder) : queue_(inotify_init1(IN_CLOEXEC | IN_NONB
 
 Watch::~Watch() { close(queue_); }
 
-bool Watch::Wait() {
-  if (!isComplete_) return false;
+Watch::Result Watch::WaitForOne(int limitMs) {
+  if (!isComplete_) return Result::Failure;
   pollfd poll{queue_, POLLIN, 0};
-  for (int limit = -1;; limit = kCalmMs) {
-    const int count = ::poll(&poll, 1, limit);
-    if (count == 0) return true;
-    std::array<char, 4096> events;
-    if (count < 0 || read(queue_, events.data(), events.size()) < 0) return false;
-  }
+  const int count = ::poll(&poll, 1, limitMs);
+  if (count == 0) return Result::Timeout;
+  std::array<char, 4096> events;
+  if (count < 0 || read(queue_, events.data(), events.size()) < 0) return Result::Failure;
+  return Result::Change;
 }
 
 #endif
+
+bool Watch::HasChanged() {
+  Result result = WaitForOne(0);
+  if (result != Result::Change) return false;
+  while (result == Result::Change) result = WaitForOne(kCalmMs);
+  return result == Result::Timeout;
+}
+
+bool Watch::Wait() {
+  Result result = WaitForOne(-1);
+  while (result == Result::Change) result = WaitForOne(kCalmMs);
+  return result == Result::Timeout;
+}
 
 }  // namespace mheg

@@ -17,7 +17,14 @@ class Watch {
   // editors write a file in several steps. Returns false if the system cannot watch the folder.
   [[nodiscard]] bool Wait();
 
+  // The same without waiting for the first change: false if nothing has changed yet.
+  [[nodiscard]] bool HasChanged();
+
  private:
+  enum class Result { Change, Timeout, Failure };
+  // Waits for one change, `limitMs` milliseconds at most; without limit if that is negative.
+  Result WaitForOne(int limitMs);
+
 #ifdef _WIN32
   void* notification_;
 #else

@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-#include "mheg/run/carousel_files.h"
+#include "mheg/carousel_files.h"
 #include "objects/ingredients.h"
 
 namespace mheg {

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "mheg/run/carousel_files.h"
+#include "mheg/carousel_files.h"
 #include "platform/running.h"
 
 namespace mheg {

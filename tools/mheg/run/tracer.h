@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "mheg/run/carousel_files.h"
+#include "mheg/carousel_files.h"
 #include "mheg/run/trace_line.h"
 #include "objects/group.h"
 

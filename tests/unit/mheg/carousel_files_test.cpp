@@ -1,5 +1,5 @@
-// How a carousel folder resolves paths of the broadcast file system and reads files.
-#include "player/carousel.h"
+// How a carousel folder resolves paths of the broadcast file system, and which files it has.
+#include "mheg/carousel_files.h"
 
 #include <gtest/gtest.h>
 
@@ -31,8 +31,12 @@ class CarouselTest : public testing::Test {
 
   // The content of the file at a path, or "refused".
   std::string Read(std::string_view path) {
-    const auto bytes = player::Carousel(top_ / "root").Read(path);
-    return bytes ? std::string(bytes->begin(), bytes->end()) : "refused";
+    mheg::CarouselFiles files;
+    mheg::Messages messages;
+    files.Load(top_ / "root", messages);
+    EXPECT_TRUE(messages.empty());
+    const mheg::CarouselFile* file = files.Find(path);
+    return file != nullptr ? file->bytes : "refused";
   }
 
   fs::path top_;
@@ -64,18 +68,46 @@ TEST_F(CarouselTest, paths_out_of_the_folder_are_refused) {
 }
 
 TEST_F(CarouselTest, drives_and_streams_are_refused) {
-  Write("root/c:x", "drive");
   EXPECT_EQ(Read("c:x"), "refused");
   EXPECT_EQ(Read("C:\\a"), "refused");
   EXPECT_EQ(Read("a::$DATA"), "refused");
 }
 
-TEST_F(CarouselTest, names_that_windows_would_shorten_are_refused) {
-  Write("root/.../a", "dots");
-  Write("root/a ", "blank");
-  EXPECT_EQ(Read(".../a"), "refused");
+TEST_F(CarouselTest, names_are_never_shortened_as_windows_does) {
+  EXPECT_EQ(Read("a."), "refused");
   EXPECT_EQ(Read("a "), "refused");
-  EXPECT_EQ(Read(".. /secret"), "refused");
+  EXPECT_EQ(Read("pictures /logo.png"), "refused");
+}
+
+TEST_F(CarouselTest, upper_and_lower_case_differ) { EXPECT_EQ(Read("A"), "refused"); }
+
+TEST_F(CarouselTest, files_that_are_not_broadcast_do_not_exist) {
+  Write("root/README.md", "for authors");
+  Write("root/test.script", "exit");
+  Write("root/.hidden", "");
+  Write("root/.git/config", "");
+  Write("root/below/README.md", "broadcast");
+  EXPECT_EQ(Read("README.md"), "refused");
+  EXPECT_EQ(Read("test.script"), "refused");
+  EXPECT_EQ(Read(".hidden"), "refused");
+  EXPECT_EQ(Read(".git/config"), "refused");
+  EXPECT_EQ(Read("below/README.md"), "broadcast");
+}
+
+TEST_F(CarouselTest, a_text_is_compiled_and_replaces_the_file_of_its_name) {
+  Write("root/b", "old");
+  Write("root/b.mheg", "{:Application (\"~/b\" 0)}");
+  EXPECT_EQ(Read("b.mheg"), "refused");
+  EXPECT_EQ(static_cast<unsigned char>(Read("b").at(0)), 0xA0U);
+}
+
+TEST_F(CarouselTest, a_removed_file_does_not_exist) {
+  mheg::CarouselFiles files;
+  mheg::Messages messages;
+  files.Load(top_ / "root", messages);
+  EXPECT_TRUE(files.Remove("/pictures\\logo.png"));
+  EXPECT_FALSE(files.Remove("/pictures\\logo.png"));
+  EXPECT_EQ(files.Find("pictures/logo.png"), nullptr);
 }
 
 TEST_F(CarouselTest, a_name_with_a_zero_byte_is_refused) {

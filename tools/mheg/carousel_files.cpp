@@ -1,21 +1,22 @@
-// Loads a carousel and resolves paths as the player does.
-#include "mheg/run/carousel_files.h"
+// Loads a carousel and resolves the paths in it.
+#include "mheg/carousel_files.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "mheg/group_file.h"
+#include "mheg/source_folder.h"
 #include "objects/ber/ber.h"
-#include "player/carousel.h"
 
 namespace mheg {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::string_view kTextExtension = ".mheg";
 
 CarouselFile Compiled(const fs::path& path, Messages& messages) {
   GroupFile file = ReadGroupFile(path);
@@ -35,32 +36,50 @@ std::string BytesOf(const fs::path& path, Messages& messages) {
   return bytes;
 }
 
+// Appends one part of a path to `parts`. Returns false if that leads out of the folder.
+bool Follow(std::string_view part, std::vector<std::string_view>& parts) {
+  if (part.empty() || part == ".") return true;
+  if (part != "..") {
+    parts.push_back(part);
+    return true;
+  }
+  if (parts.empty()) return false;
+  parts.pop_back();
+  return true;
+}
+
 // The path in the folder that a path of the engine leads to; empty if it leads nowhere.
 std::string Resolved(std::string_view path) {
-  const auto found = player::Carousel({}).Resolve(path);
-  return found ? found->generic_string() : std::string();
+  std::vector<std::string_view> parts;
+  while (!path.empty()) {
+    const std::size_t end = std::min(path.find_first_of("\\/"), path.size());
+    if (!Follow(path.substr(0, end), parts)) return {};
+    path.remove_prefix(std::min(end + 1, path.size()));
+  }
+  std::string resolved;
+  for (std::string_view part : parts) {
+    if (!resolved.empty()) resolved += '/';
+    resolved += part;
+  }
+  return resolved;
 }
 
 }  // namespace
 
 void CarouselFiles::Load(const fs::path& folder, Messages& messages) {
-  std::error_code problem;
-  fs::recursive_directory_iterator entry(folder, problem);
-  for (; !problem && entry != fs::recursive_directory_iterator(); entry.increment(problem)) {
-    std::error_code ignored;
-    if (!entry->is_regular_file(ignored)) continue;
-    fs::path name = entry->path().lexically_relative(folder);
-    if (name.extension() == kTextExtension) {
-      CarouselFile file = Compiled(entry->path(), messages);
-      file.text = name.generic_string();
-      name.replace_extension();
-      files_[name.generic_string()] = std::move(file);
+  std::set<fs::path> paths;
+  if (!FindBroadcastFiles(folder, paths)) messages.push_back({folder, "cannot be read"});
+  for (const fs::path& path : paths) {
+    fs::path name = path;
+    if (IsText(path)) {
+      CarouselFile file = Compiled(folder / path, messages);
+      file.text = path.generic_string();
+      files_[name.replace_extension().generic_string()] = std::move(file);
     } else if (!files_.contains(name.generic_string())) {
       // A text replaces a file that was compiled from it earlier.
-      files_[name.generic_string()].bytes = BytesOf(entry->path(), messages);
+      files_[name.generic_string()].bytes = BytesOf(folder / path, messages);
     }
   }
-  if (problem) messages.push_back({folder, "cannot be read"});
 }
 
 bool CarouselFiles::Remove(const std::string& path) { return files_.erase(Resolved(path)) > 0; }

@@ -24,16 +24,16 @@ struct CarouselFile {
 
 class CarouselFiles {
  public:
-  // Reads the folder with its subfolders. Adds a message for each file that cannot be read or
-  // compiled; the folder is then not fit to be played.
+  // Reads the files of the folder that are broadcast (source_folder.h). Adds a message for each
+  // file that cannot be read or compiled; the folder is then not fit to be played.
   void Load(const std::filesystem::path& folder, Messages& messages);
 
   // Makes the engine see the file as missing. False if there is no such file.
   [[nodiscard]] bool Remove(const std::string& path);
 
-  // A file; null if there is none. The path has the form in which the engine asks for
-  // it: '/' and '\\' separate folders, and ".." must not lead out of the folder. Upper and lower
-  // case differ on every platform.
+  // A file; null if there is none. The path has the form in which the engine asks for it: '/' and
+  // '\\' separate folders, a leading one is ignored, and ".." must not lead out of the folder.
+  // Upper and lower case differ on every platform.
   [[nodiscard]] const CarouselFile* Find(std::string_view path);
 
  private:

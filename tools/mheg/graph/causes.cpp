@@ -41,12 +41,12 @@ std::string WordsOf(const LinkCondition& condition) {
 
 }  // namespace
 
-bool HeldAction::IsOn(const Carousel& carousel, const CheckedGroup& other,
+bool HeldAction::IsOn(const Carousel& carousel, const CheckedGroup& holder,
                       std::int32_t number) const {
   const ObjectReference& target = action->Target.Reference;
   const bool isDirect = action->Target.Kind == ValueKind::ObjectReference;
   return isDirect && target.Number == number &&
-         carousel.Find(*group, target.GroupIdentifier.View()) == &other;
+         carousel.Find(*group, target.GroupIdentifier.View()) == &holder;
 }
 
 std::vector<HeldAction> ActionsOf(const CheckedGroup& group) {

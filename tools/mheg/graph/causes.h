@@ -19,8 +19,8 @@ struct HeldAction {
   const char* keyword = "";            // of the attribute that holds it
   const korvel::ElementaryAction* action = nullptr;
 
-  // Whether the action's target is that object.
-  [[nodiscard]] bool IsOn(const Carousel& carousel, const CheckedGroup& group,
+  // Whether the action's target is that object of the group `holder`.
+  [[nodiscard]] bool IsOn(const Carousel& carousel, const CheckedGroup& holder,
                           std::int32_t number) const;
 };
 

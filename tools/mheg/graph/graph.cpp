@@ -106,7 +106,7 @@ class CarouselGraph {
     }
     for (const auto& [target, words] : labels) {
       std::string label;
-      for (const std::string& word : words) label += (label.empty() ? "" : ", ") + word;
+      for (const std::string& word : words) label.append(label.empty() ? "" : ", ").append(word);
       text_ += "  " + node + " -> " + target + " [label=" + Quoted(label) + "]\n";
     }
     FileCollector collector;

@@ -34,7 +34,7 @@ std::vector<std::string> NamesOf(const CLI::Option& option) {
 // The word for the option's value: "FILE", or "dot|svg" if there is a choice. Empty for a flag.
 std::string ValueOf(const CLI::Option& option) {
   if (option.get_items_expected_max() == 0) return "";
-  const std::string type = option.get_type_name();
+  std::string type = option.get_type_name();
   if (type.find('|') != std::string::npos) return type;
   if (type == "UINT" || type == "INT") return "N";
   std::string name = option.get_lnames().empty() ? type : option.get_lnames().front();

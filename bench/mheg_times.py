@@ -41,10 +41,12 @@ def write_carousel(folder):
     return sorted(map(str, folder.iterdir()))
 
 
-def seconds_of(command):
-    """The shortest time. Ends the program if the command reports anything."""
+def seconds_of(command, prepare=lambda: None):
+    """The shortest time. Ends the program if the command reports anything. The time of `prepare`,
+    which is called before each run, does not count."""
     best, spent, runs = float("inf"), 0, 0
     while runs < LEAST_RUNS or spent < LEAST_SECONDS:
+        prepare()
         start = time.perf_counter()
         done = subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
         elapsed = time.perf_counter() - start
@@ -62,17 +64,27 @@ def main():
         compiled = work / "compiled"
         rows = []
 
-        def measure(name, arguments, cat_of):
+        def measure(name, arguments, cat_of, prepare=lambda: None):
             cat = seconds_of(["cat", *cat_of])
             for label, jobs in (("1_core", 1), (f"{os.cpu_count()}_cores", 0)):
                 command = [mheg, arguments[0], "-j", str(jobs), *arguments[1:]]
-                rows.append({"name": f"mheg/{name}_{label}", "real_time": seconds_of(command) * 1e3,
-                             "time_unit": "ms", "cat": cat * 1e3})
+                rows.append({"name": f"mheg/{name}_{label}", "time_unit": "ms",
+                             "real_time": seconds_of(command, prepare) * 1e3, "cat": cat * 1e3})
 
         measure("compile", ["compile", *texts, "-o", f"{compiled}/"], texts)
         binaries = sorted(map(str, compiled.iterdir()))
         measure("check", ["check", str(compiled)], binaries)
         measure("decompile", ["decompile", *binaries, "-o", f"{work}/decompiled/"], binaries)
+        texts_folder, copy, built = work / "texts", work / "copy", work / "built"
+
+        def copy_texts():
+            shutil.rmtree(copy, ignore_errors=True)
+            shutil.copytree(texts_folder, copy)
+
+        measure("build", ["build", str(texts_folder), "-o", str(built)], texts,
+                lambda: shutil.rmtree(built, ignore_errors=True))
+        measure("build_again", ["build", str(texts_folder), "-o", str(built)], texts)
+        measure("format", ["format", str(copy)], texts, copy_texts)
         pathlib.Path(results).write_text(json.dumps({"benchmarks": rows}, indent=1))
     finally:
         shutil.rmtree(work)

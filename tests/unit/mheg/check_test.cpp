@@ -115,11 +115,12 @@ TEST(Check, the_scenarios_have_only_the_faults_that_they_show_on_purpose) {
 TEST(Check, actions_in_the_slots_of_token_group_items_are_checked) {
   const ScratchFolder folder;
   folder.Write("s.mheg",
-               "{:Scene 0 :Items ({:Rectangle 1 :OrigBoxSize 1 1} {:TokenGroup 2\n"
+               "{:Scene 0 :SceneCS 720 576 :Items ({:Rectangle 1 :OrigBoxSize 1 1} {:TokenGroup 2\n"
                ":TokenGroupItems ((1 :ActionSlots (NULL (:Run(1) :Run(7))))) :MovementTable ((1))}"
                ")}");
-  EXPECT_EQ(CheckedIn(folder.Path(), folder.Path()),
-            "s.mheg:2:50: object 2: refers to object 7, which does not exist\n");
+  EXPECT_EQ(
+      CheckedIn(folder.Path(), folder.Path()),
+      "s.mheg:2:50: error: object 2: refers to object 7, which does not exist [unknown-object]\n");
 }
 
 TEST(Check, a_single_file_is_checked_within_its_folder) {

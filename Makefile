@@ -3,7 +3,7 @@
 # (scripts/fresh-machine.sh tests that). Products: build/<preset>/bin/.
 .PHONY: play test test-elsewhere gallery gallery-check dll mheg demos fuzz coverage mutants \
   endurance long-tests bench bench-check check format package package-test reproducible \
-  windows-tests docs
+  windows-tests docs grammar-check
 
 # Plays the demo that DEMO names (welcome, quiz, clock, news, paint, gallery): in a window if there
 # is a display, otherwise takes screenshots.
@@ -14,7 +14,7 @@ play: dll demos
 # All tests: the benchmarks' instruction counts, native tests under the sanitizers, a minute of
 # fuzzing for each reader and the engine, Windows tests under Wine, scenarios, checks.
 test:
-	@scripts/install-packages.sh native windows run gallery test fuzz bench format tidy grammar
+	@scripts/install-packages.sh native windows run gallery test fuzz bench format tidy
 	@scripts/run-tests.sh native native-asan fuzz win64 win32
 
 # The Windows tests with the 32-bit products, and under a newer Wine. Needs root.
@@ -94,6 +94,11 @@ windows-tests:
 docs:
 	@scripts/install-packages.sh docs
 	@scripts/docs.sh
+
+# Tokenizes the texts of demos and scenarios with the grammar for editors; npm downloads the tokenizer.
+grammar-check:
+	@scripts/install-packages.sh grammar
+	@scripts/check-grammar.sh build/grammar
 
 # How much of the portable folders the native tests execute, and whether that meets the goals. Each
 # line: build/coverage/html/index.html.

@@ -23,7 +23,10 @@ for task; do
     fuzz) packages="$packages clang libclang-rt-dev cmake ninja-build" ;;
     coverage) packages="$packages clang libclang-rt-dev llvm libgtest-dev openssl python3" ;;
     mutants) packages="$packages libgtest-dev openssl python3" ;;
-    grammar) packages="$packages nodejs npm" ;;
+    grammar)
+      # Node's own packages bring npm along, and conflict with Debian's.
+      command -v npm >/dev/null || packages="$packages nodejs npm"
+      ;;
     format) packages="$packages clang-format" ;;
     tidy) packages="$packages clang-tidy" ;;
     package)

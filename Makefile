@@ -95,7 +95,8 @@ docs:
 	@scripts/install-packages.sh docs
 	@scripts/docs.sh
 
-# Tokenizes the texts of demos and scenarios with the grammar for editors; npm downloads the tokenizer.
+# Tokenizes the texts of demos and scenarios with the grammar for editors. npm downloads the
+# tokenizer.
 grammar-check:
 	@scripts/install-packages.sh grammar
 	@scripts/check-grammar.sh build/grammar

@@ -63,6 +63,10 @@ class CarouselGraph {
     text_ += "  " + name + " [label=" + Quoted(label) + " " + attributes + "]\n";
     return name;
   }
+  void Edge(const std::string& from, const std::string& to, const std::string& attributes) {
+    text_.append("  ").append(from).append(" -> ").append(to);
+    text_.append(" [").append(attributes).append("]\n");
+  }
   // The node of something that is not a group of the carousel; added if it is new.
   const std::string& OtherNode(const std::string& label, const char* attributes) {
     std::string& node = others_[label];
@@ -107,13 +111,12 @@ class CarouselGraph {
     for (const auto& [target, words] : labels) {
       std::string label;
       for (const std::string& word : words) label.append(label.empty() ? "" : ", ").append(word);
-      text_ += "  " + node + " -> " + target + " [label=" + Quoted(label) + "]\n";
+      Edge(node, target, "label=" + Quoted(label));
     }
     FileCollector collector;
     Walk(group.Group(), collector);
     for (const std::string& file : collector.files) {
-      text_ +=
-          "  " + node + " -> " + OtherNode(file, "shape=note") + " [style=dashed arrowhead=none]\n";
+      Edge(node, OtherNode(file, "shape=note"), "style=dashed arrowhead=none");
     }
   }
 

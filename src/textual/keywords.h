@@ -32,6 +32,13 @@ constexpr bool IsKeyword(std::uint16_t code) { return code >= 1 && code <= kKeyw
 // a class or an action begins with its colon.
 [[nodiscard]] const char* KeywordText(std::uint16_t code);
 
+// The keywords that occur only inside the values of attributes and the parameters of actions.
+inline constexpr const char* kValueKeywords[] = {
+    ":ContentRef",    ":ContentSize",       ":CCPriority",     ":ObjectRef",     ":ActionSlots",
+    ":AbsoluteTime",  ":NewAbsoluteColour", ":NewColourIndex", ":NewCCPriority", ":NewContentSize",
+    ":GBoolean",      ":GInteger",          ":GOctetString",   ":GObjectRef",    ":GContentRef",
+    ":NewRefContent", ":IndirectRef"};
+
 // The code of an upper-case word, or 0 if it is not a keyword.
 [[nodiscard]] std::uint16_t FindKeyword(std::string_view word);
 

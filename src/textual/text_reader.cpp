@@ -96,12 +96,7 @@ bool TextReader::IsAtAction() const {
 bool TextReader::IsAtAttribute() const {
   const std::uint16_t code = Next().code;
   if (!IsKeyword(code) || KeywordText(code)[0] != ':' || IsAtAction()) return false;
-  // These begin a part of an attribute's or an action's value.
-  for (const char* word :
-       {":ContentRef", ":ContentSize", ":CCPriority", ":ObjectRef", ":ActionSlots", ":IndirectRef",
-        ":GBoolean", ":GInteger", ":GOctetString", ":GObjectRef", ":GContentRef", ":AbsoluteTime",
-        ":NewAbsoluteColour", ":NewColourIndex", ":NewRefContent", ":NewContentSize",
-        ":NewCCPriority"}) {
+  for (const char* word : kValueKeywords) {
     if (IsAtKeyword(word)) return false;
   }
   return true;

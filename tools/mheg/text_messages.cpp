@@ -111,7 +111,7 @@ Candidates CandidatesFor(const TextError& error) {
 // All possible words if there are few, or if there is no hint to one of them.
 std::string ChoiceOf(const TextError& error, const Candidates& candidates, bool hasHint) {
   constexpr std::size_t kMostListed = 8;
-  const bool areEvents = error.words.size() > kMostListed;  // only events have so many words
+  const bool areEvents = error.words.size() > kMostListed;  // no other type has as many words
   if (areEvents && hasHint) return "an event";
   if (!error.words.empty()) return Joined(candidates);
   if (error.choice == TextChoice::Attribute) return std::string("an attribute of ") + error.owner;

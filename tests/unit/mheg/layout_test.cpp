@@ -19,13 +19,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A text's group in BER.
-std::string Compiled(const std::string& text) {
+korvel::OwnedGroup Read(const std::string& text) {
   korvel::OwnedGroup group;
   EXPECT_EQ(korvel::ReadTextGroup(text, group), korvel::TextResult::Done) << text;
+  return group;
+}
+
+// A text's group in BER.
+std::string Compiled(const std::string& text) {
+  const korvel::OwnedGroup group = Read(text);
   korvel::OctetString bytes;
   EXPECT_TRUE(group && korvel::EncodeGroup(*group, bytes) == korvel::Status::Done);
   return std::string(bytes.View());
+}
+
+// A text's group as the text that the dump makes of it.
+std::string Dumped(const std::string& text) {
+  const korvel::OwnedGroup group = Read(text);
+  korvel::OctetString written;
+  EXPECT_TRUE(group && korvel::WriteTextGroup(*group, written) == korvel::Status::Done);
+  return std::string(written.View());
 }
 
 // The words and comments without the blanks between them.
@@ -72,41 +85,15 @@ std::string Scattered(const std::string& text, std::mt19937& random) {
   return scattered;
 }
 
-TEST(Layout, objects_and_lists_over_several_lines_have_a_line_for_each_entry) {
-  EXPECT_EQ(LayOut(R"({:Scene ("~/s" 0) :Items ({:Palette 1} {:Link 2
+TEST(Layout, objects_and_lists_over_several_lines_have_the_layout_of_dump) {
+  const std::string text = R"({:Scene ("~/s" 0) :Items ({:Palette 1} {:Link 2
       :EventSource 0 :EventType IsRunning :LinkEffect (:Run (3)
       :SetPosition(4 :IndirectRef 5 -6))}
       {:TokenGroup 7 :MovementTable
       ( (1 2)(2 1)) :TokenGroupItems((1)
       (2 :ActionSlots (NULL (:Stop(2)
-      )()))) }) })"),
-            R"({:Scene ("~/s" 0)
-  :Items (
-    {:Palette 1}
-    {:Link 2
-      :EventSource 0
-      :EventType IsRunning
-      :LinkEffect (
-        :Run(3)
-        :SetPosition(4 :IndirectRef 5 -6)
-      )
-    }
-    {:TokenGroup 7
-      :MovementTable ((1 2) (2 1))
-      :TokenGroupItems (
-        (1)
-        (2 :ActionSlots (
-          NULL
-          (
-            :Stop(2)
-          )
-          ()
-        ))
-      )
-    }
-  )
-}
-)");
+      )()))) }) })";
+  EXPECT_EQ(LayOut(text), Dumped(text));
 }
 
 TEST(Layout, an_object_or_a_list_of_actions_on_one_line_stays_on_one_line) {

@@ -81,7 +81,7 @@ class AttributeCheck : public CheckVisitor {
       ReportAt(":SceneCS", Rule::NoSceneSize, "has no :SceneCS with its width and height");
     }
     const std::int32_t input = scene.InputEventReg;
-    // Every known register blocks the numbers above the keys. 0 stands for none.
+    // Every known register blocks the numbers above the keys. 0 means that the scene has none.
     if (input != 0 && !IsKeyBlocked(input, keys::kText + 1)) {
       ReportAt(":InputEventReg", Rule::InputRegister,
                Valued(":InputEventReg", input) + " blocks no keys; the registers are 3 to 5");

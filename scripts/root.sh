@@ -18,6 +18,7 @@ make_root() {
   suite=$1 root=$2
   shift 2
   mirror=$(sources_of "$suite" | awk -v suite="$suite" '$3 == suite { print $2; exit }')
+  mkdir -p "$(dirname "$root")"
   proxy=$(apt-config dump --format '%v%n' Acquire::http::Proxy)
   http_proxy=$proxy unshare --mount debootstrap --variant=minbase "$@" "$suite" "$root" "$mirror" ||
     return 1

@@ -9,6 +9,7 @@ set -eu
 cd "$(dirname "$0")/.."
 [ "$(id -u)" -eq 0 ] || { echo "$0: needs root, to run 32-bit programs in a system" >&2; exit 2; }
 . scripts/root.sh
+unset MAKEFLAGS MAKELEVEL  # a make that make calls prints its folders
 version=$(sed -n 's/^#define KORVEL_VERSION "\(.*\)"/\1/p' include/korvel.h)
 packages=$PWD/build/package
 work=$PWD/build/package-test

@@ -16,7 +16,7 @@ call :system >"%report%\system.txt" 2>&1
 rem The scenarios come first: under Wine, the first window starts a service that keeps the output of
 rem its program open, so that it cannot be added to output.txt.
 echo This takes some minutes. Windows open and close; please do not touch them.
-for /f "usebackq tokens=1" %%a in ("%kit%\scenarios.txt") do call :scenario %%a
+for /f "usebackq tokens=1,2" %%a in ("%kit%\scenarios.txt") do call :scenario %%a %%b
 for /f "usebackq tokens=1,2,3" %%a in ("%kit%\tests.txt") do call :test %%a %%b %%c
 
 cd /d "%kit%"
@@ -48,7 +48,8 @@ call :count %2 %3
 if exist "%output%" type "%output%" >>"%report%\output.txt"
 goto :eof
 
-rem :scenario NAME plays one scenario. Its pictures are compared by whoever receives the report.
+rem :scenario NAME STATUS plays one scenario, which should end the player with that status. The
+rem pictures are compared by windows_report.py, where the report is read.
 :scenario
 mkdir "%report%\scenarios\%1"
 cd /d "%report%\scenarios\%1"
@@ -56,6 +57,7 @@ set "player=%kit%\bin\korvel-player.exe"
 if exist "%kit%\scenarios\%1\player" set "player=%kit%\scenarios\%1\player\korvel-player.exe"
 "%player%" "%kit%\scenarios\%1\carousel" --script "%kit%\scenarios\%1\script" --verbose >output 2>log
 set status=!errorlevel!
+if %status%==%2 (set status=0) else (set status=%status%_instead_of_%2)
 call :count scenario %1
 goto :eof
 

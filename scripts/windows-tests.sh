@@ -7,7 +7,6 @@ cd "$(dirname "$0")/.."
 work=$PWD/build/windows-tests
 version=$(sed -n 's/^#define KORVEL_VERSION "\(.*\)"/\1/p' include/korvel.h)
 name=korvel-$version-windows-tests
-mheg=build/native/bin/mheg
 
 cmake --preset native >/dev/null
 cmake --build --preset native --target mheg
@@ -18,7 +17,7 @@ mkdir -p "$work"
 . scripts/wine-server.sh
 trap stop_wine EXIT
 start_wine || { echo "Wine does not start" >&2; exit 1; }
-/usr/bin/python3 -B scripts/windows_kit.py "$work/$name" --build build/win64 --mheg $mheg
+/usr/bin/python3 -B scripts/windows_kit.py "$work/$name"
 stop_wine
 (cd "$work" && zip -q -r -X "$name.zip" "$name" && rm -r "$name")
 ls -l "$work/$name.zip"

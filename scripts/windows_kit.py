@@ -11,18 +11,24 @@ import json
 import pathlib
 import shutil
 import subprocess
+import sys
 
 PROJECT = pathlib.Path(__file__).resolve().parents[1]
+BUILD = PROJECT / "build" / "win64"
+MHEG = PROJECT / "build" / "native" / "bin" / "mheg"
 SCENARIOS = PROJECT / "tests" / "scenarios"
+sys.path.insert(0, str(SCENARIOS))
+
+import run_scenario  # noqa: E402
 
 
 def value_after(words, option):
     return next((word.removeprefix(option) for word in words if word.startswith(option)), None)
 
 
-def tests_of(build):
+def tests_of():
     """Lines of tests.txt: the folder to run in (bin, or any other), the program, the test."""
-    command = ["ctest", "--test-dir", build, "--show-only=json-v1"]
+    command = ["ctest", "--test-dir", BUILD, "--show-only=json-v1"]
     listing = json.loads(subprocess.run(command, check=True, capture_output=True).stdout)
     lines = []
     for test in listing["tests"]:
@@ -39,22 +45,22 @@ def tests_of(build):
     return lines
 
 
-def copy_programs(build, kit):
+def copy_programs(kit):
     (kit / "bin").mkdir(parents=True)
     for name in ("korvel.dll", "MenuAPI.dll", "korvel-player.exe", "mheg.exe"):
-        shutil.copy(build / "bin" / name, kit / "bin")
+        shutil.copy(BUILD / "bin" / name, kit / "bin")
     (kit / "tests").mkdir()
-    for program in (build / "tests").glob("windows_*.exe"):
+    for program in (BUILD / "tests").glob("windows_*.exe"):
         shutil.copy(program, kit / "tests")
-    for decoder in (build / "tests").glob("*_decoder/MenuAPI.dll"):
+    for decoder in (BUILD / "tests").glob("*_decoder/MenuAPI.dll"):
         (kit / "tests" / decoder.parent.name).mkdir()
         shutil.copy(decoder, kit / "tests" / decoder.parent.name)
 
 
-def copy_scenario(scenario, kit, mheg):
+def copy_scenario(scenario, kit):
     folder = kit / "scenarios" / scenario.name
     folder.mkdir(parents=True)
-    build = [mheg, "build", scenario / "carousel", "-o", folder / "carousel"]
+    build = [MHEG, "build", scenario / "carousel", "-o", folder / "carousel"]
     subprocess.run(build, check=True)
     shutil.copy(scenario / "script", folder)
     if not (scenario / "decoder").exists():
@@ -72,21 +78,19 @@ def write_lines(path, lines):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("kit", type=pathlib.Path)
-    parser.add_argument("--build", type=pathlib.Path, required=True)
-    parser.add_argument("--mheg", type=pathlib.Path, required=True)
-    options = parser.parse_args()
-    kit = options.kit
+    kit = parser.parse_args().kit
     shutil.rmtree(kit, ignore_errors=True)
-    copy_programs(options.build, kit)
-    tests = tests_of(options.build)
+    copy_programs(kit)
+    tests = tests_of()
     missing = {line.split()[1] for line in tests} - {path.stem for path in kit.glob("tests/*.exe")}
     if not tests or missing:
         raise SystemExit(f"no tests, or programs are missing: {sorted(missing)}")
     scenarios = sorted(script.parent for script in SCENARIOS.glob("*/script"))
     for scenario in scenarios:
-        copy_scenario(scenario, kit, options.mheg.resolve())
+        copy_scenario(scenario, kit)
     write_lines(kit / "tests.txt", tests)
-    write_lines(kit / "scenarios.txt", [scenario.name for scenario in scenarios])
+    statuses = [f"{scenario.name} {run_scenario.status_of(scenario)}" for scenario in scenarios]
+    write_lines(kit / "scenarios.txt", statuses)
     for source, name in (("run-tests.cmd", "run-tests.cmd"), ("run-tests.txt", "README.txt")):
         write_lines(kit / name, (PROJECT / "packaging" / source).read_text().splitlines())
     print(f"{len(tests)} tests, {len(scenarios)} scenarios")

@@ -12,8 +12,8 @@ import pathlib
 import re
 import sys
 
-PROJECT = pathlib.Path(__file__).resolve().parents[1]
-sys.path.insert(0, str(PROJECT / "tests" / "scenarios"))
+SCENARIOS = pathlib.Path(__file__).resolve().parents[1] / "tests" / "scenarios"
+sys.path.insert(0, str(SCENARIOS))
 
 import checks  # noqa: E402
 
@@ -37,7 +37,7 @@ def main():
             failed += 1
             print(f"failed: {program} {name}")
     wrong = 0
-    scenarios = sorted(script.parent for script in checks_folder().glob("*/script"))
+    scenarios = sorted(script.parent for script in SCENARIOS.glob("*/script"))
     for scenario in scenarios:
         problems = ["it was not played"]
         if scenario.name in played:
@@ -50,10 +50,6 @@ def main():
     print(f"tests: {len(programs) - failed} passed, {failed} failed")
     print(f"scenarios: {len(scenarios) - wrong} passed, {wrong} failed")
     return 1 if failed or wrong or not programs else 0
-
-
-def checks_folder():
-    return pathlib.Path(checks.__file__).parent
 
 
 if __name__ == "__main__":

@@ -30,6 +30,8 @@ FOLDERS = ["objects", "objects/ber", "appearance", "engine", "actions", "textual
 # The tests of the other tools run nothing of the portable folders.
 PROGRAMS = ["objects", "appearance", "engine", "actions", "textual", "dump", "demos", "mheg",
             "reference"]
+# The tests of the same name call this program.
+TOOL = "mheg"
 MOST_MEMORY = 2 << 30
 # A test that takes longer than this many seconds runs after all the others.
 LONG = 0.3
@@ -106,13 +108,13 @@ def limit_memory():
     resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))
 
 
-def passes(program, limit, *options):
-    """Whether the tests of a program pass within a number of seconds."""
+def passes(program, limit, *options, tool=BUILD / "bin" / "mheg"):
+    """Whether the tests of a program pass within a number of seconds. They may call the tool."""
     try:
         return subprocess.run([program, *options, "--gtest_fail_fast"], cwd=program.parent,
                               timeout=limit, preexec_fn=limit_memory, stdin=subprocess.DEVNULL,
-                              stdout=subprocess.DEVNULL,
-                              stderr=subprocess.DEVNULL).returncode == 0
+                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                              env={**os.environ, "KORVEL_TOOL": str(tool)}).returncode == 0
     except subprocess.TimeoutExpired:
         return False
 
@@ -123,12 +125,13 @@ class Laboratory:
     def __init__(self):
         commands = json.loads((BUILD / "compile_commands.json").read_text())
         self.compile = {command["file"]: shlex.split(command["command"]) for command in commands}
-        self.link = {name: self.link_command(name) for name in PROGRAMS}
+        self.link = {name: self.link_command(name)
+                     for name in [TOOL, *(f"unit_{name}" for name in PROGRAMS)]}
         self.tests = {name: self.tests_of(name) for name in PROGRAMS}
 
     @staticmethod
     def link_command(name):
-        commands = subprocess.run(["ninja", "-C", BUILD, "-t", "commands", f"unit_{name}"],
+        commands = subprocess.run(["ninja", "-C", BUILD, "-t", "commands", name],
                                   check=True, text=True, stdout=subprocess.PIPE).stdout
         return shlex.split(commands.splitlines()[-1].split(" && ")[1])
 
@@ -166,13 +169,19 @@ class Laboratory:
         return built if finished.returncode == 0 else None
 
     def link_program(self, name, built, folder):
-        program = folder / f"unit_{name}"
+        program = folder / name
         if not program.exists():
             command = list(self.link[name])
-            command[command.index("-o") + 1] = str(program)
-            command.insert(command.index("src/libkorvel_portable.a"), str(built))
+            output = command.index("-o")
+            command[output:output + 2] = ["-o", str(program), str(built)]
             subprocess.run([*command, "-fuse-ld=gold"], cwd=BUILD, check=True)
         return program
+
+    def is_noticed(self, built, folder, run):
+        name, tests, limit = run
+        program = self.link_program(f"unit_{name}", built, folder)
+        tool = {"tool": self.link_program(TOOL, built, folder)} if name == TOOL else {}
+        return not passes(program, limit, tests, **tool)
 
     def outcome(self, numbered):
         """Whether a test notices the mutant; None if it does not compile."""
@@ -181,8 +190,7 @@ class Laboratory:
         folder.mkdir(parents=True, exist_ok=True)
         built = self.build_object(mutant, folder)
         result = None if built is None else any(
-            not passes(self.link_program(name, built, folder), limit, tests)
-            for name, tests, limit in self.runs_for(mutant.path))
+            self.is_noticed(built, folder, run) for run in self.runs_for(mutant.path))
         shutil.rmtree(folder)
         return result
 

@@ -18,7 +18,7 @@ std::size_t EntryPlace(const EntryField& field) {
 // The entry point, limited to the end of the text, so that a new character leaves no gap.
 std::size_t PlaceInText(const EntryField& field) {
   const std::size_t length = field.TextData.Length();
-  return EntryPlace(field) < length ? EntryPlace(field) : length;
+  return std::min(EntryPlace(field), length);
 }
 
 // Builds the text with the character at `place`, replacing `replaced` bytes (0 or 1). Fills a gap
@@ -87,8 +87,7 @@ bool TakesDigit(const EntryField& field, char digit) {
 Status MoveEntryPoint(EntryField& field, int step) {
   const auto place = static_cast<std::int32_t>(PlaceInText(field));
   const auto length = static_cast<std::int32_t>(field.TextData.Length());
-  const std::int32_t moved = place + step;
-  field.EntryPoint = moved < 0 ? 0 : moved > length ? length : moved;
+  field.EntryPoint = std::clamp(place + step, 0, length);
   return RedrawIfRunning(field);
 }
 

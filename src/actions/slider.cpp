@@ -38,8 +38,8 @@ Status Step(Slider& slider, std::int32_t steps) {
 
 // The keys that increase and decrease the value, in the direction of the bar.
 struct StepKeys {
-  std::int32_t up = 0;
-  std::int32_t down = 0;
+  std::int32_t up;
+  std::int32_t down;
 };
 
 constexpr StepKeys KeysOf(Orientation orientation) {

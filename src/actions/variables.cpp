@@ -1,5 +1,6 @@
 // Sets, calculates with, appends to and tests variables. A value of a kind that a variable's class
 // does not accept is ignored: nothing changes and no event is raised.
+#include <algorithm>
 #include <charconv>
 #include <functional>
 #include <limits>
@@ -21,11 +22,10 @@ std::int32_t LeadingNumber(std::string_view text) {
   constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
   std::int64_t number = 0;
   for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at) {
-    number = number * 10 + (text[at] - '0');
-    if (number > kMost + 1) number = kMost + 1;
+    number = std::min(number * 10 + (text[at] - '0'), kMost + 1);
   }
   if (isNegative) return static_cast<std::int32_t>(-number);
-  return static_cast<std::int32_t>(number > kMost ? kMost : number);
+  return static_cast<std::int32_t>(std::min(number, kMost));
 }
 
 // Writes the number as decimal text. False if memory runs out.

@@ -117,6 +117,17 @@ TEST(PictureSize, every_frame_of_a_jpeg_file_is_examined) {
   EXPECT_FALSE(MayBeDecoded("\xFF\xD8" + Scans(1))) << "no frame";
 }
 
+TEST(PictureSize, every_kind_of_frame_of_a_jpeg_file_is_examined) {
+  for (const int kind : {0, 1, 2, 3, 5, 6, 7, 9, 10, 11, 13, 14, 15}) {
+    const auto ofKind = [kind](std::string frame) {
+      frame[1] = static_cast<char>(0xC0 + kind);
+      return "\xFF\xD8" + frame;
+    };
+    EXPECT_TRUE(MayBeDecoded(ofKind(JpegFrame(8, 8)))) << kind;
+    EXPECT_FALSE(MayBeDecoded(ofKind(JpegFrame(60000, 60000)))) << kind;
+  }
+}
+
 TEST(PictureSize, markers_inside_segments_and_data_of_a_jpeg_file_are_ignored) {
   const std::string hidden = JpegFrame(60000, 60000);
   const std::string segment =

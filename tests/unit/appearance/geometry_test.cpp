@@ -58,6 +58,7 @@ TEST(Clipping, a_line_inside_is_unchanged_and_a_line_outside_is_not_drawn) {
   EXPECT_EQ(part.toX, kFar);
   EXPECT_EQ(part.toY, 7);
   EXPECT_FALSE(ClipLine({kFar + 1, 0}, {kFar + 9, 5}, kFar, 0, part));
+  EXPECT_FALSE(ClipLine({kFar + 1, 0}, {kFar + 1, 5}, kFar, 0, part));
   EXPECT_FALSE(ClipLine({0, 150}, {150, 0}, 70, 0, part)) << "past the corner";
   EXPECT_EQ(part.toY, 7) << "unchanged";
 }

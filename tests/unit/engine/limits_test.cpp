@@ -20,6 +20,11 @@ class Limits : public EngineTest {
     const NestingLevel level;
     return level.IsAllowed() ? 1 + Descend() : 0;
   }
+  // Performs the action when all levels are used up.
+  template <class Action> static Status BeyondAllLevels(Action&& act) {
+    const NestingLevel level;
+    return level.IsAllowed() ? BeyondAllLevels(act) : act();
+  }
 };
 
 constexpr std::string_view kTooDeep = "Event nesting too deep\n";
@@ -39,6 +44,20 @@ TEST_F(Limits, a_hundred_levels_of_nesting_are_allowed) {
   EXPECT_EQ(Do([] { return Descend(); }), kNestingLimit);
   EXPECT_EQ(Printed(), kTooDeep);
   EXPECT_EQ(Do([] { return Descend(); }), kNestingLimit) << "levels are released";
+}
+
+TEST_F(Limits, a_change_of_scene_or_application_that_is_nested_too_deeply_fails) {
+  ServeApplication("");
+  ServeScene("one", RectangleText(1));
+  ASSERT_EQ(Start(), Status::Done);
+  TheHost().fetched.clear();
+  for (const auto act : {+[] { return TransitionTo("~/one"); }, +[] { return Launch("~/a"); },
+                         +[] { return Spawn("~/a"); }, +[] { return Quit(); }}) {
+    EXPECT_EQ(Do([act] { return BeyondAllLevels(act); }), Status::Failure);
+    EXPECT_EQ(Printed(), kTooDeep);
+    EXPECT_TRUE(TheHost().fetched.empty());
+    EXPECT_TRUE(CurrentApplication()->RunningStatus);
+  }
 }
 
 TEST_F(Limits, an_event_that_raises_itself_fails_with_one_message) {

@@ -19,6 +19,12 @@ namespace mheg {
 
 namespace fs = std::filesystem;
 
+// The tool that was built with the tests, unless KORVEL_TOOL names another.
+inline std::string ToolPath() {
+  const char* other = std::getenv("KORVEL_TOOL");
+  return other != nullptr ? other : KORVEL_TOOL;
+}
+
 struct ToolOutcome {
   int status = -1;
   std::string output;  // both streams
@@ -46,7 +52,7 @@ class Tool : public testing::Test {
   // Runs the tool in the temporary folder. `by` is a command prefix, such as a wrapper program.
   ToolOutcome Call(const std::string& arguments, const std::string& by = "") const {
     const std::string command =
-        "exec 2>&1; cd '" + folder_.string() + "' && " + by + "'" KORVEL_TOOL "' " + arguments;
+        "exec 2>&1; cd '" + folder_.string() + "' && " + by + "'" + ToolPath() + "' " + arguments;
     ToolOutcome run;
     FILE* pipe = popen(command.c_str(), "r");
     for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) {
@@ -57,8 +63,8 @@ class Tool : public testing::Test {
   }
   // Starts the tool in the background with its output in the file "log", and returns its process.
   [[nodiscard]] pid_t Start(const std::string& arguments) const {
-    const std::string command =
-        "cd '" + folder_.string() + "' && '" KORVEL_TOOL "' " + arguments + " >log 2>&1 & echo $!";
+    const std::string command = "cd '" + folder_.string() + "' && '" + ToolPath() + "' " +
+                                arguments + " >log 2>&1 & echo $!";
     FILE* pipe = popen(command.c_str(), "r");
     pid_t process = 0;
     EXPECT_EQ(std::fscanf(pipe, "%d", &process), 1);

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <random>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -315,6 +317,7 @@ TEST(TextReader, an_error_reports_its_place_its_construct_and_the_expectation) {
       {"{:Scene 0} {", "1:12 in  : {, the end of the text\n"},
       {"{:Scene 0} 5", "1:12 in  : 5, the end of the text\n"},
       {"{:Scene :Items ()}", "1:9 in Scene : :Items, an object number or (\"group\" number)\n"},
+      {"{:Scene (\"~/s\" 0 5)}", "1:18 in Scene : 5, )\n"},
       {"{:Scene 0\n  :SceneCS 720 :InputEventReg 1}",
        "2:16 in Scene :SceneCS: :InputEventReg, an integer\n"},
       {"{:Scene 0\n  :OrigBoxSize 1 1}", "2:3 in Scene : :OrigBoxSize, }|attribute\n"},
@@ -348,6 +351,8 @@ TEST(TextReader, an_error_within_a_token_is_reported_once_and_its_value_is_read)
   };
   const Case cases[] = {
       {"{:Scene 0 :SceneCS 0x1F 5}", "1:20 in Scene :SceneCS: 0x1F, a decimal number\n"},
+      {"{:Scene 0 :SceneCS 0x0 5}", "1:20 in Scene :SceneCS: 0x0, a decimal number\n"},
+      {"{:Scene 0 :SceneCS 0x 5}", "1:20 in Scene :SceneCS: 0x, a decimal number\n"},
       {"{:Scene 0 :SceneCS - 5}", "1:20 in Scene :SceneCS: -, a digit after the -\n"},
       {"{:Scene 0 :SceneCS 07 5}", "1:20 in Scene :SceneCS: 07, a number without a leading zero\n"},
       {"{:Scene 0 :SceneCS 99999999999 5}", "1:20 in Scene :SceneCS: 99999999999, "
@@ -544,7 +549,7 @@ std::vector<std::pair<std::size_t, std::size_t>> TokensOf(const std::string& tex
 }
 
 // "memory" is only a value of :Storage, which the text does not have.
-TEST(TextReader, a_wrong_word_in_place_of_any_token_is_refused_there) {
+TEST(TextReader, a_wrong_word_in_place_of_any_token_is_refused_there_once) {
   const std::string text = kEachConstruct;
   const Reading whole = ReadText(text);
   ASSERT_EQ(whole.result, TextResult::Done) << ErrorsOf(whole);
@@ -556,6 +561,33 @@ TEST(TextReader, a_wrong_word_in_place_of_any_token_is_refused_there) {
     EXPECT_EQ(reading.result, TextResult::Refused) << broken.substr(begin);
     EXPECT_EQ(FoundIn(broken, reading.report.errors[0]), "memory") << broken.substr(begin);
     EXPECT_FALSE(reading.group);
+    for (std::size_t i = 1; i < reading.report.errors.Size(); ++i) {
+      EXPECT_GT(reading.report.errors[i].offset, reading.report.errors[i - 1].offset)
+          << ErrorsOf(reading);
+    }
+  }
+}
+
+TEST(TextReader, a_place_has_at_most_one_error) {
+  const std::string text = kEachConstruct;
+  const auto tokens = TokensOf(text);
+  std::mt19937 random(1);  // NOLINT: the same texts every time
+  for (int round = 0; round < 3000; ++round) {
+    std::string broken = text;
+    for (int count = 0; count < 3; ++count) {
+      const auto& [begin, length] = tokens[random() % tokens.size()];
+      const auto& [from, taken] = tokens[random() % tokens.size()];
+      if (begin + length > broken.size()) continue;
+      const std::size_t replaced = random() % 2 == 0 ? length : 0;
+      const std::string other = random() % 3 == 0 ? "" : " " + text.substr(from, taken) + " ";
+      broken.replace(begin, replaced, other);
+    }
+    const Reading reading = ReadText(broken);
+    std::set<std::uint32_t> places;
+    for (const TextError& error : reading.report.errors) {
+      EXPECT_TRUE(places.insert(error.offset).second) << broken << ErrorsOf(reading);
+    }
+    if (HasFailure()) break;
   }
 }
 

@@ -44,13 +44,14 @@ function(korvel_headers name)
   target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${ARGN})
 endfunction()
 
-# korvel_product(<target> <description>): for a library or program that users receive: adds the
-# version block, and puts a copy of the symbols, <file>.debug, beside the file, which names it, so
-# that packages can hold the two separately. Does nothing natively.
+# korvel_product(<target> <description>): for a library or program that users receive: packages it
+# (target `products`), adds the version block, and puts a copy of the symbols, <file>.debug, beside
+# the file, which names it, so that packages can hold the two separately. Does nothing natively.
 function(korvel_product target description)
   if(NOT WIN32)
     return()
   endif()
+  set_property(GLOBAL APPEND PROPERTY KORVEL_PRODUCTS ${target})
   set(product_type VFT_APP)
   set(product_suffix .exe)
   get_target_property(type ${target} TYPE)

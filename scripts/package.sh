@@ -10,7 +10,7 @@ cmake --preset native >/dev/null
 cmake --build --preset native --target mheg mheg_manual examples
 for preset in win64 win32; do
   cmake --preset $preset >/dev/null
-  cmake --build --preset $preset --target korvel korvel-player MenuAPI mheg korvel_msvc
+  cmake --build --preset $preset --target products
 done
 
 rm -rf build/package

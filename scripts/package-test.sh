@@ -23,9 +23,19 @@ same() {
 # check_list LIST ROOT, with the names in the package on standard input: all files are in ROOT.
 check_list() {
   grep -v '/$' | LC_ALL=C sort >"$work/names"
-  ! grep -v "^$2/" "$work/names"
+  if grep -v "^$2/" "$work/names"; then return 1; fi
   sed "s|^$2/||" "$work/names" >"$work/list"
   same "tests/packages/$1.list" "$work/list"
+}
+
+# check_links FOLDER: the relative links of the pages in it lead to files.
+check_links() {
+  find "$1" -name '*.md' | while read -r page; do
+    grep -o '](\([^):#]*\))' "$page" | while read -r link; do
+      link=$(expr "$link" : '](\(.*\))')
+      [ -e "${page%/*}/$link" ] || { echo "$page: dead link: $link"; exit 1; }
+    done
+  done
 }
 
 # build_hosts TRIPLE: builds bin/by-*.exe in $package.
@@ -73,11 +83,16 @@ mkdir -p "$work"
   echo "CHANGELOG.md does not begin with version $version"
   exit 1
 }
+grep -q "\"version\": \"$version\"" editors/package.json || {
+  echo "editors/package.json does not have version $version"
+  exit 1
+}
 dpkg-deb --fsys-tarfile "$packages"/mheg_*.deb | tar -t | check_list mheg .
 dpkg-deb -x "$packages"/mheg_*.deb "$work/mheg"
 dpkg-deb -f "$packages"/mheg_*.deb Depends | grep -q libc6
 [ "$("$work/mheg/usr/bin/mheg" --version)" = "mheg $version" ]
 "$work/mheg/usr/bin/mheg" build "${expected%/*}/carousel" -o "$work/carousel"
+check_links "$work/mheg"
 echo "mheg: passed"
 
 for processor in x64 x86; do
@@ -89,6 +104,7 @@ for processor in x64 x86; do
   unzip -Z1 "$packages/$name-symbols.zip" | check_list symbols "$name"
   unzip -q "$packages/$name.zip" -d "$work/$processor"
   unzip -q "$packages/$name-symbols.zip" -d "$work/$processor"
+  check_links "$package"
   check_symbols $triple
   build_hosts $triple
   if [ $processor = x64 ]; then
@@ -102,18 +118,12 @@ for processor in x64 x86; do
   echo "$processor: passed"
 done
 
-# The transcript is the text between the first line with ```console and the next ```.
 mkdir "$work/programs" "$work/minutes"
 # wine-run.sh must not find this `wine` itself.
-printf '#!/bin/sh\nPATH=${PATH#*:} exec %s "$@"\n' "$PWD/cmake/wine-run.sh" >"$work/programs/wine"
+printf '#!/bin/sh\nPATH=${PATH#*:} exec "%s" "$@"\n' "$PWD/cmake/wine-run.sh" >"$work/programs/wine"
 chmod +x "$work/programs/wine"
 cp "$packages/korvel-$version-windows-x64.zip" "$work/minutes"
-test=$PWD/tests/packages/first_minutes.sh
+test=$PWD/tests/packages/hosts_minutes.sh
 (cd "$work/minutes" && PATH="$work/programs:$PATH" "$test" "$version" >"$work/transcript")
-awk -v file="$work/transcript" '
-  inside && /^```$/ { inside = 0 }
-  !inside { print }
-  /^```console$/ { inside = 1; while ((getline line < file) > 0) print line }
-' docs/embedding.md >"$work/embedding.md"
-same docs/embedding.md "$work/embedding.md"
+tests/products/transcript.sh docs/embedding.md "$work/transcript"
 echo "transcript: passed"

@@ -1,13 +1,11 @@
 #!/bin/sh
 # Does what an author does in the first ten minutes, and compares the transcript with the one in
-# docs/authoring.md: the text between the first line with ```console and the next ```. ACCEPT=1
-# stores it instead.
-# Usage: first_minutes.sh WINE korvel-player.exe mheg SOURCE_FOLDER
+# docs/authoring.md. ACCEPT=1 stores it instead.
+# Usage: authors_minutes.sh WINE korvel-player.exe mheg SOURCE_FOLDER
 set -eu
 wine=$1
 player=$2
 mheg=$3
-page=$4/docs/authoring.md
 [ -x "$mheg" ] || { echo "$mheg is not built"; exit 1; }
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -41,14 +39,4 @@ run() {
   run "korvel-player carousel --screenshot menu.png"
   run "ls"
 } >"$work/transcript"
-
-awk -v file="$work/transcript" '
-  inside && /^```$/ { inside = 0 }
-  !inside { print }
-  /^```console$/ && !done { inside = done = 1; while ((getline line <file) > 0) print line }
-' "$page" >"$work/page"
-if [ -n "${ACCEPT-}" ]; then
-  cp "$work/page" "$page"
-else
-  diff -u "$page" "$work/page"
-fi
+"$4/tests/products/transcript.sh" "$4/docs/authoring.md" "$work/transcript"

@@ -1,10 +1,10 @@
 #!/bin/sh
-# Runs the commands of first_minutes.txt in the current folder and prints each, with its output, as
+# Runs the commands of hosts_minutes.txt in the current folder and prints each, with its output, as
 # a terminal shows it. taskkill plays the viewer who closes the host's window.
-# Usage: first_minutes.sh VERSION
+# Usage: hosts_minutes.sh VERSION
 set -u
 export VERSION="$1"
-commands=$(dirname "$(readlink -f "$0")")/first_minutes.txt
+commands=$(dirname "$(readlink -f "$0")")/hosts_minutes.txt
 output=$PWD/output
 
 (

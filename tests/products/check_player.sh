@@ -107,7 +107,7 @@ expect 0 "$player" texts --script red_script --record recorded --series series -
 logged 'read two: '
 logged 'korvel-player: the script has no exit, and nothing can happen any more'
 
-# What was recorded does the same again, and `mheg run` plays it too.
+# The recording does the same when it is played, and `mheg run` plays it too.
 [ "$(grep -c '^key red$' recorded)" -eq 1 ] && [ "$(tail -n 1 recorded)" = exit ] ||
   { echo "the recording is wrong"; cat recorded; exit 1; }
 [ "$(sed -n '1s/wait //p' recorded)" -ge 300 ] ||

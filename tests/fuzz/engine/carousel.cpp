@@ -196,6 +196,17 @@ Files Generate(Choices& choices) {
   return files;
 }
 
+// The folders in `parent` that have a file or folder of this name. Inputs choose a carousel by its
+// index, so the order is the same on every machine.
+std::vector<fs::path> FoldersWith(const char* name, const fs::path& parent) {
+  std::vector<fs::path> folders;
+  for (const auto& entry : fs::directory_iterator(parent)) {
+    if (fs::exists(entry.path() / name)) folders.push_back(entry.path());
+  }
+  std::sort(folders.begin(), folders.end());
+  return folders;
+}
+
 }  // namespace
 
 std::string CompileGroup(std::string_view text) {
@@ -207,18 +218,13 @@ std::string CompileGroup(std::string_view text) {
 
 void LoadSeeds() {
   const fs::path sources = KORVEL_SOURCE_DIR;
-  for (const char* folder :
-       {"examples/clock", "examples/gallery", "examples/news", "examples/paint", "examples/quiz",
-        "examples/welcome", "tests/fuzz/seeds/engine/programs"}) {
-    demos.push_back(Compile(sources / folder));
+  for (const fs::path& folder : FoldersWith("a.mheg", sources / "examples")) {
+    demos.push_back(Compile(folder));
   }
-  std::vector<fs::path> folders;
-  for (const auto& entry : fs::directory_iterator(sources / "tests" / "scenarios")) {
-    if (fs::is_directory(entry.path() / "carousel")) folders.push_back(entry.path() / "carousel");
+  demos.push_back(Compile(sources / "tests/fuzz/seeds/engine/programs"));
+  for (const fs::path& folder : FoldersWith("carousel", sources / "tests/scenarios")) {
+    scenarios.push_back(Compile(folder / "carousel"));
   }
-  // Inputs choose a carousel by its index, so the order must be the same on every machine.
-  std::sort(folders.begin(), folders.end());
-  for (const fs::path& folder : folders) scenarios.push_back(Compile(folder));
 }
 
 void AddKnown(const Group& group, Choices& choices) {

@@ -88,13 +88,5 @@ TEST_F(Clock, keeps_its_settings_through_launches) {
   EXPECT_EQ(TextOf(kColours), "Night");
 }
 
-class ClockAnyKeys : public AnyKeys {};
-
-TEST_F(ClockAnyKeys, never_end_or_lock_the_demo) {
-  TheHost().localTime = {2024, 12, 31, 0, 0, 0};
-  PressAnyKeys("clock", 2000);
-  EXPECT_EQ(Printed(), "");
-}
-
 }  // namespace
 }  // namespace korvel::test

@@ -1,6 +1,7 @@
 // Serves and plays the demos of examples/.
 #include "unit/demos/demo.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -16,6 +17,15 @@ std::string BytesOf(const fs::path& path) {
 }
 
 }  // namespace
+
+std::vector<std::string> Demos() {
+  std::vector<std::string> demos;
+  for (const auto& entry : fs::directory_iterator(KORVEL_SOURCE_DIR "/examples")) {
+    if (fs::exists(entry.path() / "a.mheg")) demos.push_back(entry.path().filename().string());
+  }
+  std::sort(demos.begin(), demos.end());
+  return demos;
+}
 
 void DemoTest::ServeDemo(const std::string& demo) {
   const fs::path carousel = fs::path(KORVEL_DEMOS_FOLDER) / demo;
@@ -52,12 +62,7 @@ void DemoTest::ExpireTimer(std::int32_t timer) {
   ASSERT_NO_FATAL_FAILURE(ExpectPlayable());
 }
 
-void AnyKeys::PressAnyKeys(const std::string& demo, int steps) {
-  ASSERT_NO_FATAL_FAILURE(Play(demo));
-  PressMoreKeys(steps);
-}
-
-void AnyKeys::PressMoreKeys(int steps) {
+void AnyKeys::PressAnyKeys(int steps) {
   constexpr std::int32_t kKeys[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,   10,  11,  12,  13,
                                     14, 15, 15, 15, 15, 15, 15, 16, 100, 101, 102, 103, 104};
   for (int step = 0; step < steps; ++step) {

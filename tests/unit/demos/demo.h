@@ -4,10 +4,14 @@
 
 #include <random>
 #include <string>
+#include <vector>
 
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
+
+// The names of all demos.
+std::vector<std::string> Demos();
 
 class DemoTest : public EngineTest {
  protected:
@@ -39,10 +43,8 @@ class DemoTest : public EngineTest {
 // Presses random keys, mixed with timer expiries.
 class AnyKeys : public DemoTest {
  protected:
-  // Starts the demo and presses `steps` keys.
-  void PressAnyKeys(const std::string& demo, int steps);
-  // Presses `steps` more keys in the running demo.
-  void PressMoreKeys(int steps);
+  // Presses `steps` keys in the running demo.
+  void PressAnyKeys(int steps);
 
  private:
   std::mt19937 random_{20240607};

@@ -42,19 +42,5 @@ TEST_F(Gallery, ok_changes_only_the_chosen_picture_and_its_caption) {
   }
 }
 
-TEST_F(Gallery, every_picture_that_it_names_is_in_its_folder) {
-  for (const char* file :
-       {"leaves.png", "scales.png", "stars.png", "day.png", "dawn.m2v", "night.m2v"}) {
-    EXPECT_EQ(TheHost().files.count(file), 1U) << file;
-  }
-}
-
-class GalleryAnyKeys : public AnyKeys {};
-
-TEST_F(GalleryAnyKeys, never_end_or_lock_the_demo) {
-  PressAnyKeys("gallery", 2000);
-  EXPECT_EQ(Printed(), "");
-}
-
 }  // namespace
 }  // namespace korvel::test

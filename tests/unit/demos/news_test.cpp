@@ -101,12 +101,5 @@ TEST_F(News, a_missing_scene_keeps_the_old_one_visible) {
   EXPECT_EQ(CurrentApplication()->LockCount, 0U);
 }
 
-class NewsAnyKeys : public AnyKeys {};
-
-TEST_F(NewsAnyKeys, never_end_or_lock_the_demo) {
-  PressAnyKeys("news", 2000);
-  EXPECT_EQ(Printed().find("Error"), std::string::npos);
-}
-
 }  // namespace
 }  // namespace korvel::test

@@ -82,12 +82,5 @@ TEST_F(Paint, the_sample_has_the_colours_and_the_line_of_the_brush) {
   }
 }
 
-class PaintAnyKeys : public AnyKeys {};
-
-TEST_F(PaintAnyKeys, never_end_or_lock_the_demo) {
-  PressAnyKeys("paint", 2000);
-  EXPECT_EQ(Printed(), "");
-}
-
 }  // namespace
 }  // namespace korvel::test

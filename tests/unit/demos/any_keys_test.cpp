@@ -1,0 +1,28 @@
+// Random keys reach every group of a demo, and never end or lock it.
+#include <algorithm>
+
+#include "unit/demos/demo.h"
+
+namespace korvel::test {
+namespace {
+
+class EachDemo : public AnyKeys, public testing::WithParamInterface<std::string> {};
+
+TEST_P(EachDemo, is_never_ended_or_locked_by_any_keys) {
+  TheHost().localTime = {2024, 12, 31, 0, 0, 0};
+  ASSERT_NO_FATAL_FAILURE(Play(GetParam()));
+  PressAnyKeys(6000);
+  EXPECT_EQ(Printed().find_first_not_of("0123456789\n"), std::string::npos)
+      << "the engine prints nothing but the lengths of texts";
+  for (const auto& [name, bytes] : TheHost().files) {
+    // A file with a dot in its name is content, not a group.
+    if (name.find('.') != std::string::npos) continue;
+    EXPECT_NE(std::ranges::count(TheHost().fetched, name), 0) << name;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(AnyKeys, EachDemo, testing::ValuesIn(Demos()),
+                         [](const auto& demo) { return demo.param; });
+
+}  // namespace
+}  // namespace korvel::test

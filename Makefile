@@ -99,7 +99,7 @@ docs:
 # tokenizer.
 grammar-check:
 	@scripts/install-packages.sh grammar
-	@scripts/check-grammar.sh build/grammar
+	@scripts/check-grammar.sh
 
 # How much of the portable folders the native tests execute, and whether that meets the goals. Each
 # line: build/coverage/html/index.html.

@@ -1,10 +1,9 @@
 #!/bin/sh
 # Tokenizes texts with the grammar for editors. npm downloads the tokenizer, once, in the versions
 # and with the checksums of tests/editors/package-lock.json.
-# Usage: check-grammar.sh BUILD_FOLDER
 set -eu
-work=$1/editors
 cd "$(dirname "$0")/.."
+work=build/grammar/editors
 
 mkdir -p "$work"
 if ! cmp -s tests/editors/package-lock.json "$work/package-lock.json"; then

@@ -5,7 +5,7 @@ set -eu
 cd "$(dirname "$0")/.."
 . scripts/wine-server.sh
 
-/usr/bin/python3 -B scripts/docs-pictures.py docs
+/usr/bin/python3 -B scripts/docs_pictures.py docs
 trap stop_wine EXIT
 start_wine || { echo "Wine does not start" >&2; exit 1; }
 /usr/bin/python3 -B tests/scenarios/gallery.py build/gallery/index.html --work build/gallery-work \

@@ -100,12 +100,17 @@ def keyboard_problems(driver):
     return problems
 
 
-def problems_of(driver, page, width):
+def open_page(driver, page, width):
+    """Opens the page with all its pictures in a window of this width."""
     set_width(driver, width)
     driver.get(page.resolve().as_uri())
+    driver.execute_async_script(LOAD_PICTURES)
+
+
+def problems_of(driver, page, width):
+    open_page(driver, page, width)
     if not driver.title:
         return ["the page has no title"]
-    driver.execute_async_script(LOAD_PICTURES)
     problems = driver.execute_script(PICTURES) + driver.execute_script(OVERFLOW)
     problems += [entry["message"] for entry in driver.get_log("browser")]
     return problems + keyboard_problems(driver)
@@ -120,9 +125,7 @@ def main():
             problems = problems_of(driver, page, width)
             failed = failed or bool(problems)
             print(f"{page}: {width} pixels wide: {len(problems)} problems", *problems, sep="\n  ")
-            set_width(driver, width)
-            driver.get(page.resolve().as_uri())
-            driver.execute_async_script(LOAD_PICTURES)
+            open_page(driver, page, width)
             driver.save_screenshot(str(page.parent / f"browser_{width}.png"))
     finally:
         driver.quit()

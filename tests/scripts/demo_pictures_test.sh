@@ -1,11 +1,11 @@
 #!/bin/sh
-# The pictures of the demos are those that demo-pictures.py draws.
+# The pictures of the demos are those that demo_pictures.py draws.
 set -eu
 cd "$(dirname "$0")/../.."
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-/usr/bin/python3 -B scripts/demo-pictures.py "$work"
+/usr/bin/python3 -B scripts/demo_pictures.py "$work"
 failed=0
 for picture in examples/*/*.png examples/*/*.m2v "$work"/*/*; do
   name=$(basename "$(dirname "$picture")")/$(basename "$picture")

@@ -1,12 +1,12 @@
 #!/bin/sh
-# The pictures in docs/ show the current demos: docs-pictures.py makes the same ones from the stored
+# The pictures in docs/ show the current demos: docs_pictures.py makes the same ones from the stored
 # pictures of the scenarios. `make gallery` updates them.
 set -eu
 cd "$(dirname "$0")/../.."
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-/usr/bin/python3 -B scripts/docs-pictures.py "$work"
+/usr/bin/python3 -B scripts/docs_pictures.py "$work"
 failed=0
 for picture in docs/*.png "$work"/*.png; do
   name=$(basename "$picture")

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Draws the pictures of the demos news and gallery, in the demos' colours.
 
-Usage: demo-pictures.py EXAMPLES_FOLDER. The pictures are PNG files; the frames of the gallery are
+Usage: demo_pictures.py EXAMPLES_FOLDER. The pictures are PNG files; the frames of the gallery are
 also encoded as MPEG-2 I-frames, by ffmpeg. They are stored beside the demos' texts, so that
 building a demo needs neither this script nor its libraries. A test draws them again and compares.
 """
@@ -9,14 +9,18 @@ building a demo needs neither this script nor its libraries. A test draws them a
 import math
 import pathlib
 import random
+import re
 import subprocess
 import sys
 
 from PIL import Image, ImageDraw
 
-GROUND, PANEL, RAISED, LINE = "#0F1A2E", "#1B2B49", "#2C4674", "#5B78AC"
-MUTED, WHITE, GOLD = "#B3C1D9", "#FFFFFF", "#F2C14E"
-RED, GREEN, BLUE, PINE, WINE = "#D64545", "#4CA66A", "#4B7BD1", "#2B8654", "#A83246"
+# The palette in the order of its table.
+DESIGN = pathlib.Path(__file__).resolve().parent.parent / "examples" / "README.md"
+COLOURS = re.findall("`([0-9A-F]{6})`", DESIGN.read_text())
+GROUND, PANEL, RAISED, LINE, MUTED, WHITE, GOLD, RED, GREEN, YELLOW, BLUE, PINE, WINE = (
+    f"#{colour}" for colour in COLOURS[:13]
+)
 FINER = 4  # pictures are drawn this many times larger, and then reduced
 
 

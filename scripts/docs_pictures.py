@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Makes the pictures of docs/ from the stored pictures of the demos' scenarios.
 
-Usage: docs-pictures.py FOLDER. Each demo has a picture, and demos.png shows all of them.
+Usage: docs_pictures.py FOLDER. Each demo has a picture, and demos.png shows all of them.
 """
 
 import pathlib
@@ -9,6 +9,8 @@ import shutil
 import sys
 
 from PIL import Image, ImageDraw
+
+from demo_pictures import RAISED
 
 SCENARIOS = pathlib.Path(__file__).resolve().parent.parent / "tests" / "scenarios"
 STORED = {
@@ -32,7 +34,7 @@ PLACES = {
     "paint": (1, 2),
     "gallery": (2, 2),
 }
-CARD, EDGE = "#060B16", "#2C4674"
+CARD, EDGE = "#060B16", RAISED
 FINER = 4  # corners are drawn this many times larger, and then reduced
 
 

@@ -1,12 +1,12 @@
 # Short commands for the CMake presets. Each target installs the missing Debian packages that it
 # needs and builds only what it needs, so any target may be the first command on a new machine
-# (scripts/fresh-machine.sh tests that). Products: build/<preset>/bin/.
+# (scripts/fresh-machine.sh tests those that users begin with). Products: build/<preset>/bin/.
 .PHONY: play test test-elsewhere gallery gallery-check dll mheg demos fuzz coverage mutants \
   endurance long-tests bench bench-check check format package package-test reproducible \
   windows-tests docs grammar-check
 
-# Plays the demo that DEMO names (welcome, quiz, clock, news, paint, gallery): in a window if there
-# is a display, otherwise takes screenshots.
+# Plays the demo that DEMO names, a folder of examples/ (welcome): in a window if there is a
+# display, otherwise takes screenshots.
 play: dll demos
 	@scripts/install-packages.sh run display
 	@scripts/play.sh $(or $(DEMO),welcome)
@@ -67,7 +67,7 @@ endurance:
 	@cmake --build --preset win64 --target windows_library
 	@scripts/endurance.sh
 
-# What users receive: archives for Windows on x64 and x86, and the Debian package of mheg:
+# Packs the products for users: archives for Windows on x64 and x86, and the Debian package of mheg:
 # build/package/.
 package:
 	@scripts/install-packages.sh native windows package
@@ -79,7 +79,7 @@ package-test: package
 	@scripts/install-packages.sh run package-test fresh
 	@scripts/package-test.sh
 
-# Whether two builds in two folders give the same bytes.
+# Checks that two builds in different folders give the same bytes.
 reproducible:
 	@scripts/install-packages.sh native windows package
 	@scripts/reproducible.sh

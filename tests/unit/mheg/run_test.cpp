@@ -199,13 +199,13 @@ TEST_F(Run, the_time_of_day_is_chosen_and_advances) {
   WriteScene("{:ResidentPrg 5 :Name \"GCD\"}{:BooleanVar 6 :OrigValue FALSE}"
              "{:IntegerVar 7 :OrigValue 0}{:IntegerVar 8 :OrigValue 0}" +
              OnKey(9, 100, ":Call(5 6 :GObjectRef 7 :GObjectRef 8)"));
-  // 51544 is the first of January 2000. The time is in decimal digits of four bits.
-  Write("t.script", "wait 2s\nkey Red\nexpect variable 7 51544\nexpect variable 8 2425857\n");
+  // 51544 is the first of January 2000. The time is in decimal digits of four bits: 0x230401.
+  Write("t.script", "wait 2s\nkey Red\nexpect variable 7 51544\nexpect variable 8 2294785\n");
   EXPECT_EQ(Call("run . --script t.script --date 2000-01-01T25:03:59").status, 2);
   EXPECT_EQ(Call("run . --script t.script --date 2000-13-01").status, 2);
   const ToolOutcome run = Call("run . --script t.script --date 2000-01-01T23:03:59");
-  ExpectHas(run.output, "t.script:4: expected variable 8 2425857, found 2294785\n");
-  ExpectLacks(run.output, "t.script:3");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output, "");
 }
 
 TEST_F(Run, a_file_takes_as_long_as_the_latency_says) {

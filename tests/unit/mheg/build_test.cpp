@@ -21,7 +21,6 @@ constexpr const char* kOtherScene = "{:Scene (\"~/more/t\" 0)\n  :SceneCS 720 57
 class BuildTool : public Tool {
  protected:
   void SetUp() override {
-    Tool::SetUp();
     fs::create_directories(folder_ / "src" / "more");
     Write("src/a.mheg", kApplication);
     Write("src/s.mheg", kScene);

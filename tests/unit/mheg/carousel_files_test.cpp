@@ -3,43 +3,31 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <string>
+
+#include "unit/mheg/scratch_folder.h"
 
 namespace {
 
-namespace fs = std::filesystem;
-
 // A temporary carousel folder next to a file that must not be readable.
-class CarouselTest : public testing::Test {
+class CarouselTest : public testing::Test, protected mheg::ScratchFolder {
  protected:
   void SetUp() override {
-    top_ = fs::path(testing::TempDir()) /
-           ("carousel_" + std::to_string(testing::UnitTest::GetInstance()->random_seed()) + "_" +
-            testing::UnitTest::GetInstance()->current_test_info()->name());
     Write("secret", "outside");
     Write("root/a", "start-up");
     Write("root/pictures/logo.png", "logo");
     Write("root/empty", "");
-  }
-  void TearDown() override { fs::remove_all(top_); }
-
-  void Write(const char* name, std::string_view text) {
-    fs::create_directories((top_ / name).parent_path());
-    std::ofstream(top_ / name) << text;
   }
 
   // The content of the file at a path, or "refused".
   std::string Read(std::string_view path) {
     mheg::CarouselFiles files;
     mheg::Messages messages;
-    files.Load(top_ / "root", messages);
+    files.Load(folder_ / "root", messages);
     EXPECT_TRUE(messages.empty());
     const mheg::CarouselFile* file = files.Find(path);
     return file != nullptr ? file->bytes : "refused";
   }
-
-  fs::path top_;
 };
 
 TEST_F(CarouselTest, slashes_and_backslashes_are_separators) {
@@ -64,7 +52,7 @@ TEST_F(CarouselTest, paths_out_of_the_folder_are_refused) {
   EXPECT_EQ(Read("..\\secret"), "refused");
   EXPECT_EQ(Read("pictures/../../secret"), "refused");
   EXPECT_EQ(Read("../root/a"), "refused");
-  EXPECT_EQ(Read((top_ / "secret").string()), "refused");
+  EXPECT_EQ(Read((folder_ / "secret").string()), "refused");
 }
 
 TEST_F(CarouselTest, drives_and_streams_are_refused) {
@@ -104,7 +92,7 @@ TEST_F(CarouselTest, a_text_is_compiled_and_replaces_the_file_of_its_name) {
 TEST_F(CarouselTest, a_removed_file_does_not_exist) {
   mheg::CarouselFiles files;
   mheg::Messages messages;
-  files.Load(top_ / "root", messages);
+  files.Load(folder_ / "root", messages);
   EXPECT_TRUE(files.Remove("/pictures\\logo.png"));
   EXPECT_FALSE(files.Remove("/pictures\\logo.png"));
   EXPECT_EQ(files.Find("pictures/logo.png"), nullptr);

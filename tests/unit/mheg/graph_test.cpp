@@ -7,7 +7,6 @@ namespace {
 class GraphTool : public Tool {
  protected:
   void SetUp() override {
-    Tool::SetUp();
     Write("a.mheg", R"({:Application ("~/a" 0)
   :OnStartUp (:TransitionTo(("~/menu" 0)))
   :Items ({:BooleanVar 1 :OrigValue FALSE})

@@ -5,14 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <random>
 
 #include "mheg/format/tokens.h"
 #include "objects/ber/ber.h"
 #include "support/sample_groups.h"
 #include "textual/textual.h"
+#include "unit/mheg/scratch_folder.h"
 
 namespace mheg {
 namespace {
@@ -33,8 +32,8 @@ std::string Compiled(const std::string& text) {
   return std::string(bytes.View());
 }
 
-// A text's group as the text that the dump makes of it.
-std::string Dumped(const std::string& text) {
+// A text's group as the text that `mheg decompile` writes.
+std::string Decompiled(const std::string& text) {
   const korvel::OwnedGroup group = Read(text);
   korvel::OctetString written;
   EXPECT_TRUE(group && korvel::WriteTextGroup(*group, written) == korvel::Status::Done);
@@ -62,8 +61,7 @@ std::vector<std::string> AllTexts() {
     for (const auto& entry :
          fs::recursive_directory_iterator(KORVEL_SOURCE_DIR + std::string(folder))) {
       if (entry.path().extension() != ".mheg") continue;
-      std::ifstream stream(entry.path(), std::ios::binary);
-      texts.emplace_back(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+      texts.push_back(FileText(entry.path()));
     }
   }
   return texts;
@@ -85,7 +83,7 @@ std::string Scattered(const std::string& text, std::mt19937& random) {
   return scattered;
 }
 
-TEST(Layout, objects_and_lists_over_several_lines_have_the_layout_of_dump) {
+TEST(Layout, objects_and_lists_over_several_lines_have_the_layout_of_decompile) {
   const std::string text = R"({:Scene ("~/s" 0) :Items ({:Palette 1} {:Link 2
       :EventSource 0 :EventType IsRunning :LinkEffect (:Run (3)
       :SetPosition(4 :IndirectRef 5 -6))}
@@ -93,7 +91,7 @@ TEST(Layout, objects_and_lists_over_several_lines_have_the_layout_of_dump) {
       ( (1 2)(2 1)) :TokenGroupItems((1)
       (2 :ActionSlots (NULL (:Stop(2)
       )()))) }) })";
-  EXPECT_EQ(LayOut(text), Dumped(text));
+  EXPECT_EQ(LayOut(text), Decompiled(text));
 }
 
 TEST(Layout, an_object_or_a_list_of_actions_on_one_line_stays_on_one_line) {
@@ -237,7 +235,7 @@ TEST(Layout, numbers_without_a_space_between_them_are_separated) {
   EXPECT_EQ(LayOut("{:Scene 0:SceneCS 720-5}"), "{:Scene 0 :SceneCS 720 -5}\n");
 }
 
-TEST(Layout, what_decompiling_writes_is_laid_out) {
+TEST(Layout, decompiled_texts_are_not_changed) {
   for (std::uint32_t seed = 0; seed < korvel::test::kEnoughRandomGroups; ++seed) {
     korvel::OctetString text;
     const korvel::OwnedGroup group = korvel::test::MakeRandomGroup(seed);

@@ -28,17 +28,20 @@ class ScratchFolder {
  public:
   ScratchFolder() {
     std::string name = (std::filesystem::temp_directory_path() / "mheg-test-XXXXXX").string();
-    path_ = mkdtemp(name.data());
+    folder_ = mkdtemp(name.data());
   }
-  ~ScratchFolder() { std::filesystem::remove_all(path_); }
-  [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+  ~ScratchFolder() { std::filesystem::remove_all(folder_); }
+  [[nodiscard]] const std::filesystem::path& Path() const { return folder_; }
+  // Writes a file, in folders that need not exist, and returns its path.
   std::filesystem::path Write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(path_ / name, std::ios::binary) << bytes;
-    return path_ / name;
+    const std::filesystem::path path = folder_ / name;
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
+    return path;
   }
 
- private:
-  std::filesystem::path path_;
+ protected:
+  std::filesystem::path folder_;
 };
 
 }  // namespace mheg

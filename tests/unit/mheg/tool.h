@@ -7,13 +7,14 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
+
+#include "unit/mheg/scratch_folder.h"
 
 namespace mheg {
 
@@ -41,25 +42,21 @@ struct ToolOutcome {
   }
 };
 
-class Tool : public testing::Test {
+class Tool : public testing::Test, protected ScratchFolder {
  protected:
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "mheg-test-XXXXXX").string();
-    folder_ = mkdtemp(name.data());
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  // Runs the tool in the temporary folder. `by` is a command prefix, such as a wrapper program.
-  ToolOutcome Call(const std::string& arguments, const std::string& by = "") const {
-    const std::string command =
-        "exec 2>&1; cd '" + folder_.string() + "' && " + by + "'" + ToolPath() + "' " + arguments;
+  // Runs a shell command in the temporary folder.
+  [[nodiscard]] ToolOutcome OutcomeOf(const std::string& command) const {
     ToolOutcome run;
-    FILE* pipe = popen(command.c_str(), "r");
+    FILE* pipe = popen(("exec 2>&1; cd '" + folder_.string() + "' && " + command).c_str(), "r");
     for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) {
       run.output += static_cast<char>(c);
     }
     run.status = WEXITSTATUS(pclose(pipe));
     return run;
+  }
+  // Runs the tool. `by` is a command prefix, such as a wrapper program.
+  ToolOutcome Call(const std::string& arguments, const std::string& by = "") const {
+    return OutcomeOf(by + "'" + ToolPath() + "' " + arguments);
   }
   // Starts the tool in the background with its output in the file "log", and returns its process.
   [[nodiscard]] pid_t Start(const std::string& arguments) const {
@@ -78,16 +75,23 @@ class Tool : public testing::Test {
     }
     return isTrue();
   }
-  void Write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(folder_ / name, std::ios::binary) << bytes;
+  // The names of the commands and their descriptions, in the order of the help.
+  [[nodiscard]] std::vector<std::pair<std::string, std::string>> Commands() const {
+    std::istringstream lines(Call("--help").output);
+    std::string line;
+    while (std::getline(lines, line) && line != "Subcommands:") {
+    }
+    std::vector<std::pair<std::string, std::string>> commands;
+    while (std::getline(lines, line) && !line.empty()) {
+      std::istringstream words(line);
+      commands.emplace_back();
+      std::getline(words >> commands.back().first >> std::ws, commands.back().second);
+    }
+    EXPECT_FALSE(commands.empty());
+    return commands;
   }
-  [[nodiscard]] std::string File(const std::string& name) const {
-    std::ifstream stream(folder_ / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
+  [[nodiscard]] std::string File(const std::string& name) const { return FileText(folder_ / name); }
   [[nodiscard]] bool Exists(const std::string& name) const { return fs::exists(folder_ / name); }
-
-  fs::path folder_;
 };
 
 constexpr const char* kScene = "{:Scene (\"~/s\" 0)\n  :SceneCS 720 576\n}\n";

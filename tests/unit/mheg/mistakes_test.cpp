@@ -1,7 +1,8 @@
 // The messages for the mistakes that authors make: each text in the folder "mistakes", checked by
-// the tool, gives exactly the output that its file NAME.expected holds. The variable
-// KORVEL_WRITE_EXPECTED makes the test write these files instead.
+// the tool, gives exactly the output that its file NAME.expected holds. ACCEPT=1 stores it instead.
 #include <algorithm>
+#include <cstdlib>
+#include <fstream>
 #include <vector>
 
 #include "unit/mheg/scratch_folder.h"
@@ -30,7 +31,7 @@ TEST_F(Tool, each_mistake_has_its_message) {
     fs::remove(folder_ / text.filename());
     EXPECT_EQ(run.status, 1) << text;
     const fs::path expected = fs::path(text).replace_extension(".expected");
-    if (std::getenv("KORVEL_WRITE_EXPECTED") != nullptr) {
+    if (std::getenv("ACCEPT") != nullptr) {
       std::ofstream(expected, std::ios::binary) << run.output;
     }
     EXPECT_EQ(run.output, FileText(expected)) << text;

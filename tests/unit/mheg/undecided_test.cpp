@@ -102,55 +102,5 @@ INSTANTIATE_TEST_SUITE_P(
             "{:Link 4 :EventSource 0 :EventType UserInput :LinkEffect (:SetPosition(1 0 0))}"}),
     [](const auto& test) { return std::string(test.param.name); });
 
-// A carousel of one application "a" and scenes, given as their actions at the start.
-std::string Starts(const std::string& application, const std::string& first,
-                   const std::string& second) {
-  const ScratchFolder folder;
-  folder.Write("a.mheg", "{:Application (\"~/a\" 0) " + application + "}");
-  folder.Write("one.mheg", "{:Scene (\"~/one\" 0) :SceneCS 720 576 " + first + "}");
-  folder.Write("two.mheg", "{:Scene (\"~/two\" 0) :SceneCS 720 576 " + second + "}");
-  std::string rules;
-  for (const Finding& finding : Check({folder.Path()}, 1)) {
-    rules += finding.message.file.stem().string() + " " + std::string(RowOf(finding.rule).name);
-    rules += "\n";
-  }
-  return rules;
-}
-
-constexpr const char* kToOne = ":OnStartUp (:TransitionTo((\"~/one\" 0)))";
-constexpr const char* kToTwo = ":OnStartUp (:TransitionTo((\"~/two\" 0)))";
-
-TEST(Starts, without_end_are_reported_for_the_groups_of_the_cycle_only) {
-  EXPECT_EQ(Starts(kToOne, kToTwo, kToOne), "one endless-start\ntwo endless-start\n");
-}
-
-TEST(Starts, that_launch_the_own_application_are_without_end) {
-  EXPECT_EQ(Starts(kToOne, ":OnStartUp (:Launch((\"~/a\" 0)))", kToOne),
-            "a endless-start\none endless-start\ntwo unreachable-scene\n");
-}
-
-TEST(Starts, that_a_test_may_divert_are_not_reported) {
-  const std::string diverted = std::string(kToTwo) +
-                               " :Items ({:IntegerVar 1 :OrigValue 0} {:Link 2 :EventSource 1 "
-                               ":EventType TestEvent :LinkEffect (:TransitionTo((\"~/a\" 0)))})";
-  EXPECT_EQ(Starts(kToOne, diverted, kToOne).find("endless-start"), std::string::npos);
-}
-
-TEST(Starts, scenes_are_reached_if_a_variable_names_the_target) {
-  const std::string byVariable =
-      std::string(kToOne) + " :Items ({:OStringVar 1 :OrigValue \"~/two\"} {:Link 2 :Shared TRUE "
-                            ":EventSource 0 :EventType UserInput :LinkEffect (:TransitionTo("
-                            ":IndirectRef 1))})";
-  EXPECT_EQ(Starts(byVariable, "", ""), "");
-}
-
-TEST(Starts, scenes_that_only_lead_to_each_other_are_not_reached) {
-  const std::string toTwo = ":Items ({:Link 2 :EventSource 0 :EventType UserInput "
-                            ":LinkEffect (:TransitionTo((\"~/two\" 0)))})";
-  const std::string toOne = ":Items ({:Link 2 :EventSource 0 :EventType UserInput "
-                            ":LinkEffect (:TransitionTo((\"~/one\" 0)))})";
-  EXPECT_EQ(Starts("", toTwo, toOne), "one unreachable-scene\ntwo unreachable-scene\n");
-}
-
 }  // namespace
 }  // namespace mheg

@@ -60,7 +60,7 @@ struct Step {
   [[nodiscard]] std::string Text() const;
 };
 
-// What a step did.
+// The effects of a step.
 struct Outcome {
   Status status = Status::Done;
   std::string events;

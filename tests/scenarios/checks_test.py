@@ -202,7 +202,7 @@ class Checks(unittest.TestCase):
         for line, count in (("a.png 30 30 2 2 within 2", 4), ("a.png 30 30 1 2 within 3", 2)):
             self.assertEqual(self.stored_problems(line), [f"a.png: {count} pixels differ"])
 
-    # What the engine prints
+    # The output of the engine
 
     def test_output(self):
         (self.work / "output").write_bytes(b"one\n")

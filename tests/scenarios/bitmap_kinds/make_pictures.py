@@ -98,7 +98,7 @@ def indices(bits):
 
 
 def words(red, green, blue):
-    """Rows of 16 bits a pixel, of which so many are each channel's."""
+    """Rows of 16-bit pixels with these numbers of bits for the channels."""
     def pixel(x, y):
         r, g, b = QUARTERS[quarter(x, y)]
         word = r >> 8 - red

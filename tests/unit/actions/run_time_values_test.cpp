@@ -83,7 +83,7 @@ TEST(RunTimeValues, each_is_set_when_its_object_is_prepared) {
       // No action changes them.
       "Button.SelectionStatus", "Stream.Speed", "Stream.CounterPosition",
       "Stream.CounterEndPosition",
-      // What was drawn and the triggers stay until an action removes them.
+      // Drawings and triggers stay until an action removes them.
       "DynamicLineArt.Canvas", "Stream.CounterTriggers"};
   const std::string source = Source("src/actions/lifecycle.cpp");
   int count = 0;

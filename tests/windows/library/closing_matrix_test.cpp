@@ -15,7 +15,8 @@ using namespace std::chrono_literals;
 constexpr auto kLongestClose = 1000ms;
 constexpr int kAttempts = 3;  // other programs may hold up one of them
 
-// When the close is requested: this long after the scene begins to start, and after so many keys.
+// When the close is requested: the time since the scene began to start, and the number of keys
+// pressed by then.
 struct Moment {
   std::chrono::milliseconds delay;
   int keys;

@@ -28,12 +28,13 @@ constexpr const char* kCleared = "\r            \r";
 class OnTerminal {
  public:
   OnTerminal(const fs::path& folder, std::vector<const char*> arguments) {
-    arguments.insert(arguments.begin(), KORVEL_TOOL);
+    const std::string tool = ToolPath();
+    arguments.insert(arguments.begin(), tool.c_str());
     arguments.push_back(nullptr);
     process_ = forkpty(&terminal_, nullptr, nullptr, nullptr);
     if (process_ != 0) return;
     if (chdir(folder.c_str()) == 0) {
-      execv(KORVEL_TOOL, const_cast<char* const*>(arguments.data()));
+      execv(tool.c_str(), const_cast<char* const*>(arguments.data()));
     }
     _exit(127);
   }

@@ -3,7 +3,7 @@
 
 A scenario is a folder, named after the behaviour that it shows, with
   carousel/          the broadcast as an author writes it (`mheg build`)
-  script             the steps of korvel-player (tools/player/script.h), after comments that
+  script             the steps of korvel-player (tools/mheg/script.h), after comments that
                      describe the expected result; its `shot` and `catch` steps take pictures
   pixels, expected/, tolerance
                      the checks of the pictures (checks.py)

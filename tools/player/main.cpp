@@ -8,29 +8,29 @@
 #include <fstream>
 #include <utility>
 
+#include "mheg/script.h"
 #include "player/broadcast.h"
 #include "player/engine_library.h"
 #include "player/exit_status.h"
 #include "player/host_object.h"
 #include "player/options.h"
-#include "player/script.h"
 #include "player/session.h"
 
 namespace {
 
 // Reads the script, unless `file` is empty. On failure, prints a message and returns false.
-bool LoadScript(const std::filesystem::path& file, std::vector<player::Step>& steps) {
+bool LoadScript(const std::filesystem::path& file, std::vector<mheg::Step>& steps) {
   if (file.empty()) return true;
   std::ifstream text(file);
   std::string problem = " cannot be read";
-  if (text && player::ReadScript(text, steps, problem)) return true;
+  if (text && mheg::ReadScript(text, steps, problem)) return true;
   std::fprintf(stderr, "korvel-player: %s:%s\n", file.string().c_str(), problem.c_str());
   return false;
 }
 
 // Plays the folder until the user ends that, starting again with each change of the folder. Returns
 // the status to exit with.
-int Play(const player::EngineLibrary& engine, const std::vector<player::Step>& steps,
+int Play(const player::EngineLibrary& engine, const std::vector<mheg::Step>& steps,
          const player::Options& options, player::Files files) {
   bool hasApplication = true;
   while (files) {
@@ -60,7 +60,7 @@ int main(int count, char** arguments) {
 
   player::Options options;
   if (const auto status = player::ReadCommandLine(count, arguments, options)) return *status;
-  std::vector<player::Step> steps;
+  std::vector<mheg::Step> steps;
   if (!LoadScript(options.script, steps)) return player::kWrongUse;
   player::Files files;
   if (const int status = player::LoadFiles(options, files); status != 0) return status;

@@ -6,8 +6,8 @@
 #include <cstdio>
 #include <string>
 
+#include "mheg/key_names.h"
 #include "player/exit_status.h"
-#include "player/key_names.h"
 
 namespace player {
 
@@ -17,7 +17,7 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
                "korvel-player");
   app.allow_windows_style_options(false);  // "/x" is a path, as on every other platform
   app.set_version_flag("--version", "korvel-player " TOOL_VERSION);
-  app.footer(std::string(kKeyboardHelp) + "Keys in scripts: " + kKeyList);
+  app.footer(std::string(kKeyboardHelp) + "Keys in scripts: " + mheg::kKeyList);
   app.add_option("FOLDER", given.carousel, "Folder of texts or of broadcast files")
       ->required()
       ->check(CLI::ExistingDirectory);

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string>
 
-#include "player/key_names.h"
+#include "mheg/key_names.h"
 
 namespace player {
 
@@ -15,7 +15,7 @@ void Recording::WriteWait(std::uint64_t time) {
 }
 
 void Recording::Add(const KeyPress& press) {
-  const std::string name = NameOfKey(press.virtualKey);
+  const std::string name = mheg::NameOfKey(press.virtualKey);
   if (name.empty()) return;
   WriteWait(press.time);
   script_ << "key " << name << std::endl;

@@ -14,6 +14,8 @@
 namespace player {
 namespace {
 
+using mheg::StepKind;
+
 constexpr unsigned kWindowLimitMs = 20000;
 constexpr unsigned kCloseLimitMs = 30000;
 constexpr unsigned kCloseAgainMs = 100;  // repeats the request: it is lost if there is no window
@@ -22,12 +24,12 @@ constexpr unsigned kMsPerSecond = 1000;
 
 constexpr std::uint32_t kColourBits = 0xFFFFFF;
 
-bool IsColour(const Picture& picture, const Pixel& pixel) {
+bool IsColour(const Picture& picture, const mheg::Pixel& pixel) {
   return pixel.x < kPictureWidth && pixel.y < kPictureHeight &&
          (picture.pixels[pixel.y * kPictureWidth + pixel.x] & kColourBits) == pixel.colour;
 }
 
-std::string NameOf(const Pixel& pixel) {
+std::string NameOf(const mheg::Pixel& pixel) {
   std::array<char, 64> name{};
   std::snprintf(name.data(), name.size(), "#%06X at %u %u", static_cast<unsigned>(pixel.colour),
                 pixel.x, pixel.y);
@@ -50,7 +52,7 @@ Session::~Session() {
   if (hostWindow_ != nullptr) DestroyWindow(hostWindow_);
 }
 
-int Session::Run(MHEG5Host& host, const std::vector<Step>& steps) {
+int Session::Run(MHEG5Host& host, const std::vector<mheg::Step>& steps) {
   if (options_.isWatching) folder_.emplace(options_.carousel);
   hostWindow_ = CreateWindowExA(0, "STATIC", "korvel-player", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                 nullptr, nullptr);
@@ -154,9 +156,9 @@ void Session::TakeMessages() {
 }
 
 // Returns false if a step could not be carried out, for example because the engine has closed.
-bool Session::RunSteps(const std::vector<Step>& steps) {
+bool Session::RunSteps(const std::vector<mheg::Step>& steps) {
   if (!WatchWindow(engineWindow_)) return false;
-  for (const Step& step : steps) {
+  for (const mheg::Step& step : steps) {
     if (isEngineClosed_) return false;
     switch (step.kind) {
     case StepKind::Wait: Pump(step.number); break;
@@ -192,7 +194,7 @@ template <typename Condition> void Session::Await(const std::string& wanted, Con
 }
 
 // Takes the first picture in which the pixel has its colour.
-void Session::CatchPicture(const Pixel& pixel) {
+void Session::CatchPicture(const mheg::Pixel& pixel) {
   Await(NameOf(pixel),
         [&] { return Capture(engineWindow_, picture_) && IsColour(picture_, pixel); });
 }

@@ -9,14 +9,14 @@
 #include <string>
 #include <vector>
 
-#include "mheg/build/watch.h"
+#include "mheg/script.h"
+#include "mheg/watch.h"
 #include "player/broadcast.h"
 #include "player/engine_library.h"
 #include "player/options.h"
 #include "player/picture_series.h"
 #include "player/recording.h"
 #include "player/screenshot.h"
-#include "player/script.h"
 #include "player/stillness.h"
 
 namespace player {
@@ -32,7 +32,7 @@ class Session {
   // Runs from start to close. Returns 0, or the status to exit with after a message. Without a
   // screenshot and without a script, the run lasts until the engine window is closed or files have
   // been loaded again; with a script that does not exit, also until nothing can happen any more.
-  [[nodiscard]] int Run(MHEG5Host& host, const std::vector<Step>& steps);
+  [[nodiscard]] int Run(MHEG5Host& host, const std::vector<mheg::Step>& steps);
 
   // The files to continue with in another session; null if the user has ended the run.
   [[nodiscard]] Files TakeReloaded() { return std::move(reloaded_); }
@@ -44,11 +44,11 @@ class Session {
   void Observe();
   bool StartToRecord();
   bool EndRecords();
-  bool RunSteps(const std::vector<Step>& steps);
+  bool RunSteps(const std::vector<mheg::Step>& steps);
   template <typename Condition> void Await(const std::string& wanted, Condition hasCome);
   template <typename Condition> void AwaitFinalPicture(const std::string& wanted, Condition isMet);
   bool IsPictureFinal(Stillness& stillness);
-  void CatchPicture(const Pixel& pixel);
+  void CatchPicture(const mheg::Pixel& pixel);
   void RunUntilEnd(bool isEndingWhenIdle);
   bool IsReloadWanted();
   void WipeWindow() const;

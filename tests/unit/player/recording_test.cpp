@@ -5,7 +5,7 @@
 
 #include <sstream>
 
-#include "player/script.h"
+#include "mheg/script.h"
 
 namespace {
 
@@ -34,12 +34,12 @@ TEST(Recording, is_a_script_that_presses_the_same_keys) {
   const unsigned keys[] = {13, 27, 37, 38, 39, 40, '0', '9', 'B', 'G', 'I', 'R', 'T', 'Y', 96, 105};
   for (unsigned key : keys) recording.Add({key, 0});
   std::istringstream text(script.str());
-  std::vector<player::Step> steps;
+  std::vector<mheg::Step> steps;
   std::string problem;
-  ASSERT_TRUE(player::ReadScript(text, steps, problem)) << problem;
+  ASSERT_TRUE(mheg::ReadScript(text, steps, problem)) << problem;
   std::vector<unsigned> pressed;
-  for (const player::Step& step : steps) {
-    if (step.kind == player::StepKind::Key) pressed.push_back(step.number);
+  for (const mheg::Step& step : steps) {
+    if (step.kind == mheg::StepKind::Key) pressed.push_back(step.number);
   }
   EXPECT_EQ(pressed, std::vector<unsigned>(std::begin(keys), std::end(keys)));
 }

@@ -14,11 +14,11 @@
 
 #include "mheg/batch.h"
 #include "mheg/build/product_list.h"
-#include "mheg/build/watch.h"
 #include "mheg/check/check.h"
 #include "mheg/check/report.h"
 #include "mheg/convert.h"
 #include "mheg/source_folder.h"
+#include "mheg/watch.h"
 #include "mheg/write_file.h"
 
 namespace mheg {

@@ -16,9 +16,9 @@
 #include "mheg/run/surroundings.h"
 #include "mheg/run/tracer.h"
 #include "mheg/run/words.h"
+#include "mheg/script.h"
 #include "objects/vocabulary.h"
 #include "platform/screen.h"
-#include "player/script.h"
 #include "presentation/presentation.h"
 
 namespace mheg {
@@ -27,8 +27,6 @@ namespace {
 using korvel::EventType;
 using korvel::RestartReason;
 using korvel::Status;
-using player::Step;
-using player::StepKind;
 
 // An application that quits as soon as it starts would be started again forever.
 constexpr int kMostRestartsInARow = 10;
@@ -212,12 +210,12 @@ bool AreExpectations(const std::vector<Step>& steps, std::string& problem) {
 bool ReadSteps(const RunOptions& options, std::vector<Step>& steps, std::string& problem) {
   if (!options.script.empty()) {
     std::ifstream stream(options.script, std::ios::binary);
-    if (!player::ReadScript(stream, steps, problem) || !AreExpectations(steps, problem)) {
+    if (!ReadScript(stream, steps, problem) || !AreExpectations(steps, problem)) {
       problem = options.script.string() + ":" + problem;
       return false;
     }
   }
-  return player::ReadKeys(options.keys, steps, problem);
+  return ReadKeys(options.keys, steps, problem);
 }
 
 }  // namespace

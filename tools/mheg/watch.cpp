@@ -1,6 +1,6 @@
 // Linux watches single folders, so the watch adds every subfolder. Subfolders that are created
 // later need a new watch.
-#include "mheg/build/watch.h"
+#include "mheg/watch.h"
 
 #ifdef _WIN32
 #include <windows.h>

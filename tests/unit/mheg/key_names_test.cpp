@@ -1,5 +1,5 @@
 // Every key name in scripts, and its virtual key.
-#include "player/key_names.h"
+#include "mheg/key_names.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 namespace {
 
-using player::VirtualKeyOf;
+using mheg::VirtualKeyOf;
 
 TEST(KeyNames, control_keys_have_names) {
   EXPECT_EQ(VirtualKeyOf("Enter"), 13U);
@@ -60,15 +60,15 @@ TEST(KeyNames, other_names_are_rejected) {
 
 TEST(KeyNames, each_key_with_a_name_is_named_so_that_the_name_leads_back_to_it) {
   for (unsigned virtualKey = 0; virtualKey < 256; ++virtualKey) {
-    const std::string name = player::NameOfKey(virtualKey);
+    const std::string name = mheg::NameOfKey(virtualKey);
     const bool isReceived = korvel::UserInputKey(virtualKey) != korvel::kNoUserInput;
     EXPECT_EQ(!name.empty(), isReceived) << virtualKey;
     if (isReceived) {
       EXPECT_EQ(VirtualKeyOf(name), virtualKey) << name;
     }
   }
-  EXPECT_EQ(player::NameOfKey(13), "ok");
-  EXPECT_EQ(player::NameOfKey('R'), "red");
+  EXPECT_EQ(mheg::NameOfKey(13), "ok");
+  EXPECT_EQ(mheg::NameOfKey('R'), "red");
 }
 
 }  // namespace

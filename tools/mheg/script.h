@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace player {
+namespace mheg {
 
 enum class StepKind : std::uint8_t { Wait, Until, Key, Expose, Shot, Catch, Expect, Exit };
 
@@ -52,4 +52,4 @@ struct Step {
 // Appends the steps for words such as "down", "ok", "down*3" and "wait:2s", separated by blanks.
 [[nodiscard]] bool ReadKeys(std::string_view text, std::vector<Step>& steps, std::string& problem);
 
-}  // namespace player
+}  // namespace mheg

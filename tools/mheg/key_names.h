@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-namespace player {
+namespace mheg {
 
 // The names to offer to someone who has used another one.
 inline constexpr const char* kKeyList =
@@ -19,4 +19,4 @@ inline constexpr const char* kKeyList =
 // A name for a virtual-key code; empty if no name has this code.
 [[nodiscard]] std::string NameOfKey(unsigned virtualKey);
 
-}  // namespace player
+}  // namespace mheg

@@ -1,6 +1,6 @@
 // A line is a step's word and its argument: the rest of the line, which may contain blanks (in
 // names of keys and files).
-#include "player/script.h"
+#include "mheg/script.h"
 
 #include <algorithm>
 #include <charconv>
@@ -9,9 +9,9 @@
 #include <sstream>
 #include <utility>
 
-#include "player/key_names.h"
+#include "mheg/key_names.h"
 
-namespace player {
+namespace mheg {
 namespace {
 
 constexpr const char* kBlanks = " \t\r";
@@ -191,4 +191,4 @@ bool ReadKeys(std::string_view text, std::vector<Step>& steps, std::string& prob
   return true;
 }
 
-}  // namespace player
+}  // namespace mheg

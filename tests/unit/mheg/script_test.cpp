@@ -1,5 +1,5 @@
 // Reading the steps of a script, and reporting the first wrong line.
-#include "player/script.h"
+#include "mheg/script.h"
 
 #include <gtest/gtest.h>
 
@@ -7,15 +7,15 @@
 
 namespace {
 
-using player::Step;
-using player::StepKind;
+using mheg::Step;
+using mheg::StepKind;
 
 TEST(Script, returns_its_steps_in_order) {
   std::istringstream text("wait 250\nkey Red\nuntil 719 0 #0a80FF\nexpose\nshot "
                           "pictures/first one.png\ncatch 8 9 #123456 second one.png\nexit\n");
   std::vector<Step> steps;
   std::string problem;
-  ASSERT_TRUE(player::ReadScript(text, steps, problem)) << problem;
+  ASSERT_TRUE(mheg::ReadScript(text, steps, problem)) << problem;
   ASSERT_EQ(steps.size(), 7U);
   EXPECT_EQ(steps[0].kind, StepKind::Wait);
   EXPECT_EQ(steps[0].number, 250U);
@@ -40,7 +40,7 @@ TEST(Script, skips_blank_lines_comments_and_carriage_returns) {
   std::istringstream text("# first\r\n\r\n  wait 1  \r\n\t# last\nexit");
   std::vector<Step> steps;
   std::string problem;
-  ASSERT_TRUE(player::ReadScript(text, steps, problem)) << problem;
+  ASSERT_TRUE(mheg::ReadScript(text, steps, problem)) << problem;
   ASSERT_EQ(steps.size(), 2U);
   EXPECT_EQ(steps[0].number, 1U);
 }
@@ -54,7 +54,7 @@ TEST(Script, reports_the_wrong_line_and_returns_no_steps) {
     std::istringstream text("wait 1\n" + std::string(wrong) + "\nexit\n");
     std::vector<Step> steps;
     std::string problem;
-    EXPECT_FALSE(player::ReadScript(text, steps, problem)) << wrong;
+    EXPECT_FALSE(mheg::ReadScript(text, steps, problem)) << wrong;
     EXPECT_TRUE(steps.empty()) << wrong;
     EXPECT_EQ(problem, "2: no such step: " + std::string(wrong) +
                            " (steps: key NAME, wait MS, shot FILE.png, until X Y #RRGGBB, "
@@ -67,7 +67,7 @@ std::string ProblemOf(const std::string& line) {
   std::istringstream text(line);
   std::vector<Step> steps;
   std::string problem;
-  EXPECT_FALSE(player::ReadScript(text, steps, problem)) << line;
+  EXPECT_FALSE(mheg::ReadScript(text, steps, problem)) << line;
   return problem;
 }
 
@@ -91,7 +91,7 @@ TEST(Script, times_are_in_milliseconds_or_seconds) {
   std::istringstream text("wait 5\nwait 6ms\nwait 2s");
   std::vector<Step> steps;
   std::string problem;
-  ASSERT_TRUE(player::ReadScript(text, steps, problem)) << problem;
+  ASSERT_TRUE(mheg::ReadScript(text, steps, problem)) << problem;
   ASSERT_EQ(steps.size(), 3U);
   EXPECT_EQ(steps[0].number, 5U);
   EXPECT_EQ(steps[1].number, 6U);
@@ -102,7 +102,7 @@ TEST(Script, expectations_are_kept_as_words_with_their_place) {
   std::istringstream text("# a text\nexpect text 4 \"two words\"\n");
   std::vector<Step> steps;
   std::string problem;
-  ASSERT_TRUE(player::ReadScript(text, steps, problem)) << problem;
+  ASSERT_TRUE(mheg::ReadScript(text, steps, problem)) << problem;
   ASSERT_EQ(steps.size(), 1U);
   EXPECT_EQ(steps[0].kind, StepKind::Expect);
   EXPECT_EQ(steps[0].words, (std::vector<std::string>{"text", "4", "\"two words\""}));

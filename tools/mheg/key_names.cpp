@@ -1,21 +1,21 @@
 // Converts a name to lower case and removes blanks and the words for the kind of key. Looks up the
 // rest, or takes a single character as its own virtual key.
-#include "player/key_names.h"
+#include "mheg/key_names.h"
 
 #include <algorithm>
 #include <cctype>
 #include <string_view>
 
-namespace player {
+namespace mheg {
 namespace {
 
-struct KeyName {
+struct NamedKey {
   std::string_view name;
   unsigned virtualKey;
 };
 
 // For each key, the name that a remote control has for it comes first.
-constexpr KeyName kNames[] = {
+constexpr NamedKey kNames[] = {
     {"ok", 13},    {"cancel", 27}, {"left", 37},   {"up", 38},      {"right", 39},
     {"down", 40},  {"red", 'R'},   {"green", 'G'}, {"yellow", 'Y'}, {"blue", 'B'},
     {"text", 'T'}, {"info", 'I'},  {"enter", 13},  {"escape", 27},
@@ -35,7 +35,7 @@ std::optional<unsigned> VirtualKeyOf(std::string name) {
   std::ranges::transform(name, name.begin(),
                          [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   for (std::string_view word : {"arrow", "digit", "letter"}) RemoveWord(word, name);
-  for (const KeyName& key : kNames) {
+  for (const NamedKey& key : kNames) {
     if (key.name == name) return key.virtualKey;
   }
   const bool isOnKeypad = name.starts_with("keypad");
@@ -48,7 +48,7 @@ std::optional<unsigned> VirtualKeyOf(std::string name) {
 }
 
 std::string NameOfKey(unsigned virtualKey) {
-  for (const KeyName& key : kNames) {
+  for (const NamedKey& key : kNames) {
     if (key.virtualKey == virtualKey) return std::string(key.name);
   }
   if (virtualKey >= '0' && virtualKey <= '9') return {static_cast<char>(virtualKey)};
@@ -56,4 +56,4 @@ std::string NameOfKey(unsigned virtualKey) {
   return "keypad " + std::to_string(virtualKey - kKeypadZero);
 }
 
-}  // namespace player
+}  // namespace mheg

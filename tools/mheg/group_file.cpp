@@ -2,36 +2,17 @@
 #include "mheg/group_file.h"
 
 #include <algorithm>
-#include <array>
-#include <fstream>
 #include <span>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
+#include "mheg/read_file.h"
 #include "mheg/text_messages.h"
 #include "objects/ber/ber.h"
 #include "textual/textual.h"
 
 namespace mheg {
 namespace {
-
-// Far more than a group needs, but small enough for many threads to hold one file each.
-constexpr std::size_t kMaxFileSize = 128U << 20;
-
-// Reads the whole file. Returns null, or the reason why the file cannot be used.
-const char* ReadBytes(const std::filesystem::path& path, std::string& bytes) {
-  std::error_code ignored;
-  if (std::filesystem::is_directory(path, ignored)) return "is a folder, expected a file";
-  std::ifstream stream(path, std::ios::binary);
-  std::array<char, 16384> chunk;
-  do {
-    stream.read(chunk.data(), chunk.size());
-    bytes.append(chunk.data(), static_cast<std::size_t>(stream.gcount()));
-    if (bytes.size() > kMaxFileSize) return "is longer than 128 MiB";
-  } while (stream);
-  return stream.eof() ? nullptr : "cannot be read";
-}
 
 // Some editors write this mark before the text. The notation does not allow it, so it is skipped.
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";

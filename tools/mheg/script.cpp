@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "mheg/key_names.h"
+#include "mheg/read_file.h"
 
 namespace mheg {
 namespace {
@@ -179,6 +180,19 @@ bool ReadScript(std::istream& text, std::vector<Step>& steps, std::string& probl
   }
   steps = std::move(read);
   return true;
+}
+
+bool ReadScriptFile(const std::filesystem::path& file, std::vector<Step>& steps,
+                    std::string& problem) {
+  std::string bytes;
+  if (const char* reason = ReadBytes(file, bytes)) {
+    problem = file.string() + ": " + reason;
+    return false;
+  }
+  std::istringstream text(bytes);
+  if (ReadScript(text, steps, problem)) return true;
+  problem.insert(0, file.string() + ":");
+  return false;
 }
 
 bool ReadKeys(std::string_view text, std::vector<Step>& steps, std::string& problem) {

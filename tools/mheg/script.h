@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -48,6 +49,10 @@ struct Step {
 // that begin with '#' are skipped. For any other line the function returns false and describes the
 // line in `problem`, beginning with its number and a colon; `steps` is then unchanged.
 [[nodiscard]] bool ReadScript(std::istream& text, std::vector<Step>& steps, std::string& problem);
+
+// The same for the script in a file; `problem` begins with the file's name.
+[[nodiscard]] bool ReadScriptFile(const std::filesystem::path& file, std::vector<Step>& steps,
+                                  std::string& problem);
 
 // Appends the steps for words such as "down", "ok", "down*3" and "wait:2s", separated by blanks.
 [[nodiscard]] bool ReadKeys(std::string_view text, std::vector<Step>& steps, std::string& problem);

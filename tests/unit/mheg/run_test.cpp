@@ -124,6 +124,19 @@ TEST_F(Run, rejects_an_unknown_word_before_anything_runs) {
   EXPECT_EQ(Keys("wait:").status, 2);
 }
 
+TEST_F(Run, rejects_a_script_that_cannot_be_read) {
+  WriteScene("");
+  // Address 0 of a process is not mapped, so reading its memory fails for every user.
+  ToolOutcome run = Call("run . --script /proc/self/mem");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.output, "mheg: /proc/self/mem: cannot be read\n");
+  Write("t.script", "expect scene ~/other\n");
+  fs::permissions(folder_ / "t.script", fs::perms::none);
+  run = Call("run . --script t.script", Restricted());
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.output, "mheg: t.script: cannot be read\n");
+}
+
 TEST_F(Run, fails_if_there_is_no_application) {
   Write("s.mheg", kScene);
   const ToolOutcome run = Call("run . --keys red");
@@ -203,6 +216,9 @@ TEST_F(Run, the_time_of_day_is_chosen_and_advances) {
   Write("t.script", "wait 2s\nkey Red\nexpect variable 7 51544\nexpect variable 8 2294785\n");
   EXPECT_EQ(Call("run . --script t.script --date 2000-01-01T25:03:59").status, 2);
   EXPECT_EQ(Call("run . --script t.script --date 2000-13-01").status, 2);
+  EXPECT_EQ(Call("run . --script t.script --date 2000-1-01ab").status, 2);
+  EXPECT_EQ(Call("run . --script t.script --date 2000-01-01T").status, 2);
+  EXPECT_EQ(Call("run . --script t.script --date 2000-01-01").status, 1);
   const ToolOutcome run = Call("run . --script t.script --date 2000-01-01T23:03:59");
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.output, "");

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <csignal>
@@ -58,6 +59,11 @@ class Tool : public testing::Test, protected ScratchFolder {
   // Runs the tool. `by` is a command prefix, such as a wrapper program.
   ToolOutcome Call(const std::string& arguments, const std::string& by = "") const {
     return OutcomeOf(by + "'" + ToolPath() + "' " + arguments);
+  }
+  // A prefix for Call under which file permissions matter: the superuser can read everything unless
+  // these capabilities are dropped.
+  [[nodiscard]] static std::string Restricted() {
+    return geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search " : "";
   }
   // Starts the tool in the background with its output in the file "log", and returns its process.
   [[nodiscard]] pid_t Start(const std::string& arguments) const {

@@ -6,7 +6,6 @@
 #include <charconv>
 #include <chrono>
 #include <cstdio>
-#include <fstream>
 #include <optional>
 #include <utility>
 
@@ -176,15 +175,15 @@ class Player {
 };
 
 // Reads a date and a time such as "2024-06-07T20:15:00"; the time may be omitted.
-std::optional<std::chrono::sys_seconds> TimeOfDay(const std::string& text) {
+std::optional<std::chrono::sys_seconds> ReadLocalTime(const std::string& text) {
   using namespace std::chrono;
   int year = 0;
   unsigned month = 0, day = 0, hour = 0, minute = 0, second = 0;
-  int length = 0;
-  const int count = std::sscanf(text.c_str(), "%4d-%2u-%2uT%2u:%2u:%2u%n", &year, &month, &day,
-                                &hour, &minute, &second, &length);
+  int dateLength = 0, length = 0;
+  const int count = std::sscanf(text.c_str(), "%4d-%2u-%2u%nT%2u:%2u:%2u%n", &year, &month, &day,
+                                &dateLength, &hour, &minute, &second, &length);
   const bool isWhole = count == 6 && static_cast<std::size_t>(length) == text.size();
-  const bool isDateAlone = count == 3 && text.size() == 10;
+  const bool isDateAlone = count == 3 && static_cast<std::size_t>(dateLength) == text.size();
   const year_month_day date{std::chrono::year(year), std::chrono::month(month),
                             std::chrono::day(day)};
   if ((!isWhole && !isDateAlone) || !date.ok() || hour > 23 || minute > 59 || second > 59) {
@@ -198,22 +197,12 @@ int Refuse(const std::string& problem) {
   return kWrongUse;
 }
 
-bool AreExpectations(const std::vector<Step>& steps, std::string& problem) {
+bool ReadSteps(const RunOptions& options, std::vector<Step>& steps, std::string& problem) {
+  if (!options.script.empty() && !ReadScriptFile(options.script, steps, problem)) return false;
   for (const Step& step : steps) {
     if (step.kind != StepKind::Expect || IsExpectation(step.words, problem)) continue;
-    problem.insert(0, std::to_string(step.line) + ": ");
+    problem.insert(0, options.script.string() + ":" + std::to_string(step.line) + ": ");
     return false;
-  }
-  return true;
-}
-
-bool ReadSteps(const RunOptions& options, std::vector<Step>& steps, std::string& problem) {
-  if (!options.script.empty()) {
-    std::ifstream stream(options.script, std::ios::binary);
-    if (!ReadScript(stream, steps, problem) || !AreExpectations(steps, problem)) {
-      problem = options.script.string() + ":" + problem;
-      return false;
-    }
   }
   return ReadKeys(options.keys, steps, problem);
 }
@@ -224,8 +213,9 @@ int Run(const RunOptions& options) {
   std::vector<Step> steps;
   std::string problem;
   if (!ReadSteps(options, steps, problem)) return Refuse(problem);
-  const auto startOfDay = TimeOfDay(options.date);
-  if (!startOfDay) return Refuse("no such date: " + options.date + " (as 2024-06-07T20:15:00)");
+  const auto localTimeAtStart = ReadLocalTime(options.date);
+  if (!localTimeAtStart)
+    return Refuse("no such date: " + options.date + " (as 2024-06-07T20:15:00)");
 
   Messages messages;
   Surroundings& surroundings = TheSurroundings();
@@ -236,7 +226,7 @@ int Run(const RunOptions& options) {
     if (!surroundings.files.Remove(path)) return Refuse("--missing: there is no file " + path);
   }
   surroundings.latencyMs = options.latencyMs;
-  surroundings.startOfDay = *startOfDay;
+  surroundings.localTimeAtStart = *localTimeAtStart;
   return Player(options).Play(steps);
 }
 

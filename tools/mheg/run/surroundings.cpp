@@ -71,13 +71,14 @@ std::uint32_t MillisecondsSinceProcessStart() {
 
 std::uint32_t SecondsNow() {
   const auto elapsed = std::chrono::seconds(TheSurroundings().now / 1000);
-  const auto now = TheSurroundings().startOfDay.time_since_epoch() + elapsed;
+  const auto now = TheSurroundings().localTimeAtStart.time_since_epoch() + elapsed;
   return static_cast<std::uint32_t>(now.count());
 }
 
 bool GetLocalClock(LocalTime& now) {
   using namespace std::chrono;
-  const sys_seconds time = TheSurroundings().startOfDay + seconds(TheSurroundings().now / 1000);
+  const sys_seconds time =
+      TheSurroundings().localTimeAtStart + seconds(TheSurroundings().now / 1000);
   const auto day = floor<days>(time);
   const year_month_day date(day);
   const hh_mm_ss clock(time - day);

@@ -1,5 +1,5 @@
 // The surroundings of the engine core without a window: files in memory, a virtual clock with
-// timers, and a time of day that is chosen. Time advances only in waits: those of a script, those
+// timers, and a local time that is chosen. Time advances only in waits: those of a script, those
 // of the engine, and those for files.
 #pragma once
 
@@ -22,9 +22,9 @@ struct PendingTimer {
 
 struct Surroundings {
   CarouselFiles files;
-  std::uint64_t now = 0;                // the virtual time, in milliseconds since the start
-  std::uint32_t latencyMs = 0;          // the time that reading a file takes
-  std::chrono::sys_seconds startOfDay;  // the local time of day at the start
+  std::uint64_t now = 0;        // the virtual time, in milliseconds since the start
+  std::uint32_t latencyMs = 0;  // the time that reading a file takes
+  std::chrono::sys_seconds localTimeAtStart;
 
   bool isPlaying = false;  // the engine runs; its messages are collected
   bool mayRun = true;

@@ -2,38 +2,27 @@
 #include "mheg/carousel_files.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
-#include <set>
-#include <system_error>
-#include <utility>
 #include <vector>
 
-#include "mheg/group_file.h"
+#include "mheg/read_file.h"
 #include "mheg/source_folder.h"
-#include "objects/ber/ber.h"
 
 namespace mheg {
 namespace {
 
 namespace fs = std::filesystem;
 
-CarouselFile Compiled(const fs::path& path, Messages& messages) {
-  GroupFile file = ReadGroupFile(path);
-  messages.insert(messages.end(), file.messages.begin(), file.messages.end());
-  korvel::OctetString bytes;
-  if (!file.IsGood() || korvel::EncodeGroup(*file.group, bytes) != korvel::Status::Done) return {};
-  return {std::string(bytes.View()),
-          {},
-          std::move(file.places),
-          std::string(file.group->Reference.GroupIdentifier.View())};
-}
-
-std::string BytesOf(const fs::path& path, Messages& messages) {
-  std::ifstream stream(path, std::ios::binary);
-  std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-  if (!stream.is_open() || stream.bad()) messages.push_back({path, "cannot be read"});
-  return bytes;
+// Reads or compiles the file. Adds a message for each error.
+CarouselFile ReadOrCompile(const fs::path& folder, const fs::path& source, Messages& messages) {
+  CarouselFile file;
+  if (IsText(source)) {
+    file.text = source.generic_string();
+    const Outcome outcome = CompileText(folder / source, file);
+    messages.insert(messages.end(), outcome.messages.begin(), outcome.messages.end());
+  } else if (const char* reason = ReadBytes(folder / source, file.bytes)) {
+    messages.push_back({folder / source, reason});
+  }
+  return file;
 }
 
 // Appends one part of a path to `parts`. Returns false if that leads out of the folder.
@@ -67,30 +56,17 @@ std::string Resolved(std::string_view path) {
 }  // namespace
 
 void CarouselFiles::Load(const fs::path& folder, Messages& messages) {
-  std::set<fs::path> paths;
-  if (!FindBroadcastFiles(folder, paths)) messages.push_back({folder, "cannot be read"});
-  for (const fs::path& path : paths) {
-    fs::path name = path;
-    if (IsText(path)) {
-      CarouselFile file = Compiled(folder / path, messages);
-      file.text = path.generic_string();
-      files_[name.replace_extension().generic_string()] = std::move(file);
-    } else if (!files_.contains(name.generic_string())) {
-      // A text replaces a file that was compiled from it earlier.
-      files_[name.generic_string()].bytes = BytesOf(folder / path, messages);
-    }
+  for (const auto& [name, file] : FindBroadcastFiles(folder, messages)) {
+    messages.insert(messages.end(), file.clashes.begin(), file.clashes.end());
+    files_[name.generic_string()] = ReadOrCompile(folder, file.source, messages);
   }
 }
 
 bool CarouselFiles::Remove(const std::string& path) { return files_.erase(Resolved(path)) > 0; }
 
-const CarouselFile* CarouselFiles::Find(std::string_view path) {
-  const auto [place, isNew] = foundPaths_.try_emplace(std::string(path));
-  if (isNew) {
-    const auto file = files_.find(Resolved(path));
-    place->second = file == files_.end() ? nullptr : &file->second;
-  }
-  return place->second;
+const CarouselFile* CarouselFiles::Find(std::string_view path) const {
+  const auto file = files_.find(Resolved(path));
+  return file == files_.end() ? nullptr : &file->second;
 }
 
 }  // namespace mheg

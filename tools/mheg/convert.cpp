@@ -22,22 +22,25 @@ Outcome Write(std::string_view bytes, const std::filesystem::path& output, Outco
 
 }  // namespace
 
-Outcome CompileText(const std::filesystem::path& input, korvel::OctetString& bytes) {
+Outcome CompileText(const std::filesystem::path& input, CompiledText& compiled) {
   GroupFile file = ReadGroupFile(input);
   Outcome outcome{std::move(file.messages), file.IsGood()};
   if (!outcome.isGood) return outcome;
   if (file.form != GroupForm::Text) return Failed(std::move(outcome), input, "is no text");
+  korvel::OctetString bytes;
   if (korvel::EncodeGroup(*file.group, bytes) != korvel::Status::Done) {
     return Failed(std::move(outcome), input, "cannot be encoded: out of memory");
   }
+  compiled = {std::string(bytes.View()), std::string(file.group->Reference.GroupIdentifier.View()),
+              std::move(file.places)};
   return outcome;
 }
 
 Outcome Compile(const std::filesystem::path& input, const std::filesystem::path& output) {
-  korvel::OctetString bytes;
-  Outcome outcome = CompileText(input, bytes);
+  CompiledText compiled;
+  Outcome outcome = CompileText(input, compiled);
   if (!outcome.isGood) return outcome;
-  return Write(bytes.View(), output, std::move(outcome));
+  return Write(compiled.bytes, output, std::move(outcome));
 }
 
 Outcome Decompile(const std::filesystem::path& input, const std::filesystem::path& output) {

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include "mheg/message.h"
-
-#include "objects/octet_string.h"
+#include "mheg/source_places.h"
 
 namespace mheg {
 
@@ -15,8 +15,15 @@ struct Outcome {
   bool isGood = true;  // the conversion succeeded
 };
 
-// Reads a text and encodes its group. On failure `bytes` is unchanged.
-[[nodiscard]] Outcome CompileText(const std::filesystem::path& input, korvel::OctetString& bytes);
+// The group of a text.
+struct CompiledText {
+  std::string bytes;  // in BER
+  std::string group;  // its name
+  SourcePlaces places;
+};
+
+// Reads a text and encodes its group. On failure `compiled` is unchanged.
+[[nodiscard]] Outcome CompileText(const std::filesystem::path& input, CompiledText& compiled);
 
 // Each reads one file and writes it in the other form. On failure no output is written, unless
 // writing itself fails.

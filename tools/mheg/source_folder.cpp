@@ -1,6 +1,9 @@
-// The same rules for all commands, so that `mheg run` and the player play what `mheg build` makes.
+// The same rules for all commands, so that `mheg run` and the player play what `mheg build` makes,
+// and `mheg check` checks it.
 #include "mheg/source_folder.h"
 
+#include <algorithm>
+#include <set>
 #include <system_error>
 
 namespace mheg {
@@ -8,30 +11,66 @@ namespace {
 
 namespace fs = std::filesystem;
 
+bool IsHidden(const fs::path& path) { return path.filename().native().front() == '.'; }
+
 bool IsBroadcast(const fs::path& relative) {
   const bool isInFolderItself = !relative.has_parent_path();
   return !(isInFolderItself && (relative == "README.md" || relative.extension() == ".script"));
 }
 
-bool IsHidden(const fs::path& path) {
-  const fs::path name = path.filename();
-  return name.native().front() == '.';
+// Whether a link to a folder leads back to a folder around it.
+bool LeadsBack(const fs::path& link) {
+  std::error_code ignored;
+  const fs::path target = fs::canonical(link, ignored);
+  const fs::path home = fs::canonical(link.parent_path(), ignored);
+  return std::mismatch(target.begin(), target.end(), home.begin(), home.end()).first ==
+         target.end();
 }
 
 }  // namespace
 
-bool FindBroadcastFiles(const fs::path& folder, std::set<fs::path>& files) {
-  std::error_code problem;
-  fs::recursive_directory_iterator entry(folder, fs::directory_options::follow_directory_symlink,
-                                         problem);
-  for (; !problem && entry != fs::end(entry); entry.increment(problem)) {
-    const fs::path relative = entry->path().lexically_relative(folder);
-    std::error_code ignored;
-    const bool isFolder = entry->is_directory(ignored);
-    if (isFolder && IsHidden(relative)) entry.disable_recursion_pending();
-    if (!isFolder && !IsHidden(relative) && IsBroadcast(relative)) files.insert(relative);
+std::vector<fs::path> FilesIn(const fs::path& folder, FolderLinks links, Messages& messages) {
+  std::vector<fs::path> files;
+  std::vector<fs::path> folders{folder};
+  while (!folders.empty()) {
+    const fs::path next = folders.back();
+    folders.pop_back();
+    std::error_code problem;
+    fs::directory_iterator entry(next, problem);
+    for (; !problem && entry != fs::end(entry); entry.increment(problem)) {
+      const fs::path& path = entry->path();
+      std::error_code ignored;
+      if (IsHidden(path)) continue;
+      if (!entry->is_directory(ignored)) {
+        files.push_back(path);
+      } else if (!entry->is_symlink(ignored)) {
+        folders.push_back(path);
+      } else if (links == FolderLinks::Followed) {
+        LeadsBack(path) ? messages.push_back({path, "leads back to a folder around it"})
+                        : folders.push_back(path);
+      }
+    }
+    if (problem) messages.push_back({next, "cannot be read"});
   }
-  return !problem;
+  return files;
+}
+
+BroadcastFiles FindBroadcastFiles(const fs::path& folder, Messages& messages) {
+  std::set<fs::path> sources;  // in order, so that a text comes after the file of its name
+  for (const fs::path& file : FilesIn(folder, FolderLinks::Followed, messages)) {
+    const fs::path relative = file.lexically_relative(folder);
+    if (IsBroadcast(relative)) sources.insert(relative);
+  }
+  BroadcastFiles files;
+  for (const fs::path& source : sources) {
+    fs::path name = source;
+    if (IsText(name)) name.replace_extension();
+    const auto [file, isNew] = files.emplace(name, BroadcastFile{source});
+    if (isNew) continue;
+    file->second.clashes.push_back({folder / source, "has the same name in the carousel as " +
+                                                         (folder / file->second.source).string()});
+  }
+  return files;
 }
 
 bool IsText(const fs::path& file) { return file.extension() == ".mheg"; }

@@ -25,18 +25,26 @@ bool WriteFile(const fs::path& path, std::string_view bytes) {
   // Devices and pipes are written directly.
   const bool isReplaced = fs::is_regular_file(target, problem) || !fs::exists(target, problem);
   if (!isReplaced) return WriteNew(target, bytes);
-  fs::path written = target;
-  written += ".part";
-  const fs::perms permissions = fs::status(target, problem).permissions();
-  bool isGood = WriteNew(written, bytes);
-  if (isGood) {
+  return WriteFile(target, [&](const fs::path& part) {
+    const fs::perms permissions = fs::status(target, problem).permissions();
+    if (!WriteNew(part, bytes)) return false;
     if (permissions != fs::perms::none && permissions != fs::perms::unknown) {
-      fs::permissions(written, permissions, problem);
+      fs::permissions(part, permissions, problem);
     }
-    fs::rename(written, target, problem);
+    return true;
+  });
+}
+
+bool WriteFile(const fs::path& path, const std::function<bool(const fs::path&)>& write) {
+  fs::path part = path;
+  part += ".part";
+  std::error_code problem;
+  bool isGood = write(part);
+  if (isGood) {
+    fs::rename(part, path, problem);
     isGood = !problem;
   }
-  if (!isGood) fs::remove(written, problem);
+  if (!isGood) fs::remove(part, problem);
   return isGood;
 }
 

@@ -1,14 +1,19 @@
-// Writes a whole file.
+// Writes a whole file. The old contents stay until the new ones are complete, so that a failure
+// destroys nothing and other programs never see half a file.
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string_view>
 
 namespace mheg {
 
-// Replaces the contents of a file, or creates it. The old contents stay until the new ones are
-// complete, so that a failure destroys nothing and other programs never see half a file. Returns
-// false if that fails.
+// Replaces the contents of a file, or creates it. Returns false if that fails.
 [[nodiscard]] bool WriteFile(const std::filesystem::path& path, std::string_view bytes);
+
+// The same for a file that is no link, with contents that `write` writes to the path that it is
+// called with. Also returns false if `write` does.
+[[nodiscard]] bool WriteFile(const std::filesystem::path& path,
+                             const std::function<bool(const std::filesystem::path&)>& write);
 
 }  // namespace mheg

@@ -24,7 +24,7 @@ int LoadFiles(const Options& options, Files& files) {
   return 0;
 }
 
-bool HasApplication(mheg::CarouselFiles& files) {
+bool HasApplication(const mheg::CarouselFiles& files) {
   return files.Find("a") != nullptr || files.Find("startup") != nullptr;
 }
 

@@ -15,6 +15,6 @@ using Files = std::unique_ptr<mheg::CarouselFiles>;
 [[nodiscard]] int LoadFiles(const Options& options, Files& files);
 
 // Whether the engine will find a file to start with.
-[[nodiscard]] bool HasApplication(mheg::CarouselFiles& files);
+[[nodiscard]] bool HasApplication(const mheg::CarouselFiles& files);
 
 }  // namespace player

@@ -70,7 +70,7 @@ constexpr MHEG5HostTable kTable = {
 
 }  // namespace
 
-HostObject::HostObject(mheg::CarouselFiles& broadcast, const Options& commandLine)
+HostObject::HostObject(const mheg::CarouselFiles& broadcast, const Options& commandLine)
     : MHEG5Host{&kTable}, files(broadcast), options(commandLine) {}
 
 }  // namespace player

@@ -16,15 +16,15 @@ namespace player {
 // Lives on main's stack and outlives the engine, so Release() never frees it. The engine calls it
 // on the engine's own thread.
 struct HostObject : MHEG5Host {
-  HostObject(mheg::CarouselFiles& broadcast, const Options& commandLine);
+  HostObject(const mheg::CarouselFiles& broadcast, const Options& commandLine);
   HostObject(const HostObject&) = delete;
   HostObject& operator=(const HostObject&) = delete;
   ~HostObject() = default;
 
   // Whether the engine has released every reference and every buffer.
-  [[nodiscard]] bool IsGivenBack() const { return references == 1 && buffers == 0; }
+  [[nodiscard]] bool IsReleased() const { return references == 1 && buffers == 0; }
 
-  mheg::CarouselFiles& files;
+  const mheg::CarouselFiles& files;
   const Options& options;
   std::map<std::string, std::uint32_t> requests;  // of each file; used by the engine's thread
   std::atomic<std::uint32_t> references = 1;

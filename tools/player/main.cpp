@@ -5,7 +5,6 @@
 #include <io.h>
 
 #include <cstdio>
-#include <fstream>
 #include <utility>
 
 #include "mheg/script.h"
@@ -20,11 +19,9 @@ namespace {
 
 // Reads the script, unless `file` is empty. On failure, prints a message and returns false.
 bool LoadScript(const std::filesystem::path& file, std::vector<mheg::Step>& steps) {
-  if (file.empty()) return true;
-  std::ifstream text(file);
-  std::string problem = " cannot be read";
-  if (text && mheg::ReadScript(text, steps, problem)) return true;
-  std::fprintf(stderr, "korvel-player: %s:%s\n", file.string().c_str(), problem.c_str());
+  std::string problem;
+  if (file.empty() || mheg::ReadScriptFile(file, steps, problem)) return true;
+  std::fprintf(stderr, "korvel-player: %s\n", problem.c_str());
   return false;
 }
 
@@ -39,8 +36,9 @@ int Play(const player::EngineLibrary& engine, const std::vector<mheg::Step>& ste
     player::Session session(engine, options);
     const int status = session.Run(host, steps);
     if (status != 0) return status;
-    if (!host.IsGivenBack()) {
-      std::fprintf(stderr, "korvel-player: the engine has kept what belongs to its host\n");
+    if (!host.IsReleased()) {
+      std::fprintf(stderr,
+                   "korvel-player: the engine has not released all references and buffers\n");
       return player::kRunFailed;
     }
     files = session.TakeReloaded();

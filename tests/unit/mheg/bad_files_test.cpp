@@ -74,6 +74,25 @@ TEST_F(Tool, check_skips_a_symbolic_link_to_itself) {
   EXPECT_EQ(run.output, "");
 }
 
+TEST_F(Tool, check_reports_a_link_to_a_folder_around_it) {
+  fs::create_directory(folder_ / "below");
+  fs::create_directory_symlink("..", folder_ / "below/up");
+  Write("s.mheg", kScene);
+  const ToolOutcome run = Call("check .");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.output, "./below/up: error: leads back to a folder around it [invalid-group]\n");
+}
+
+TEST_F(Tool, check_finds_the_groups_that_build_finds) {
+  fs::create_directories(folder_ / "mine/.git");
+  fs::create_directory(folder_ / "other");
+  fs::create_directory_symlink("../other", folder_ / "mine/link");
+  for (const char* name : {"mine/.git/s.mheg", "mine/.s.mheg", "other/s.mheg"}) Write(name, "{");
+  EXPECT_EQ(Call("check mine").Messages().substr(0, 21), "mine/link/s.mheg:1:2:");
+  Write("other/s.mheg", "{:Scene (\"~/link/s\" 0)\n  :SceneCS 720 576\n}\n");
+  EXPECT_EQ(Call("check mine").output, "");
+}
+
 TEST_F(Tool, check_reports_a_folder_without_groups) {
   fs::create_directory(folder_ / "empty");
   Write("picture.png", "\x89PNG");
@@ -90,16 +109,13 @@ TEST_F(Tool, check_reports_files_it_may_not_read_and_checks_the_rest) {
   Write("ber", "\xA1");
   Write("s.mheg", "{:Scene 0 :OnStartUp (:Run(5)) :SceneCS 720 576}");
   for (const char* name : {"closed", "ber"}) fs::permissions(folder_ / name, fs::perms::none);
-  // The superuser can read everything unless these capabilities are dropped.
-  const std::string restricted =
-      geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search " : "";
-  const ToolOutcome run = Call("check .", restricted);
+  const ToolOutcome run = Call("check .", Restricted());
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.Messages(), "./closed: error: cannot be read [invalid-group]\n"
                             "./ber: error: cannot be read [invalid-group]\n"
                             "./s.mheg:1:23: error: object 0: refers to object 5, which does not "
                             "exist [unknown-object]\n");
-  EXPECT_EQ(Call("check closed", restricted).output,
+  EXPECT_EQ(Call("check closed", Restricted()).output,
             "closed: error: cannot be read [invalid-group]\n");
   fs::permissions(folder_ / "closed", fs::perms::owner_all);
 }

@@ -142,7 +142,22 @@ TEST_F(BuildTool, a_source_that_cannot_be_read_removes_nothing) {
   fs::create_directory_symlink("..", folder_ / "src/more/up");
   const ToolOutcome run = Call("build src -o out");
   EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.output, "src/more/up: leads back to a folder around it\n");
   EXPECT_TRUE(Exists("out/picture.png"));
+}
+
+TEST_F(BuildTool, a_file_that_cannot_be_read_is_an_error_of_that_file) {
+  fs::create_symlink("loop", folder_ / "src/loop");
+  ASSERT_EQ(Call("build src -o out").output,
+            "src/loop: cannot be read\nout: 5 written, 0 removed, 0 up to date\n");
+  fs::remove(folder_ / "src/loop");
+  fs::permissions(folder_ / "src/picture.png", fs::perms::none);
+  Write("src/more/sound", "another sound");
+  fs::remove(folder_ / "out/picture.png");
+  const ToolOutcome run = Call("build src -o out", Restricted());
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.output,
+            "src/picture.png: cannot be read\nout: 1 written, 0 removed, 3 up to date\n");
 }
 
 TEST_F(BuildTool, two_sources_of_one_product_are_an_error) {

@@ -28,6 +28,16 @@ class CarouselTest : public testing::Test, protected mheg::ScratchFolder {
     const mheg::CarouselFile* file = files.Find(path);
     return file != nullptr ? file->bytes : "refused";
   }
+
+  // The messages of loading the folder.
+  std::string Problems() {
+    mheg::CarouselFiles files;
+    mheg::Messages messages;
+    files.Load(folder_ / "root", messages);
+    std::string lines;
+    for (const mheg::Message& message : messages) lines += OneLine(message) + "\n";
+    return lines;
+  }
 };
 
 TEST_F(CarouselTest, slashes_and_backslashes_are_separators) {
@@ -82,11 +92,26 @@ TEST_F(CarouselTest, files_that_are_not_broadcast_do_not_exist) {
   EXPECT_EQ(Read("below/README.md"), "broadcast");
 }
 
-TEST_F(CarouselTest, a_text_is_compiled_and_replaces_the_file_of_its_name) {
-  Write("root/b", "old");
+TEST_F(CarouselTest, a_text_is_compiled_and_has_its_name_without_extension) {
   Write("root/b.mheg", "{:Application (\"~/b\" 0)}");
   EXPECT_EQ(Read("b.mheg"), "refused");
   EXPECT_EQ(static_cast<unsigned char>(Read("b").at(0)), 0xA0U);
+}
+
+TEST_F(CarouselTest, a_file_that_build_rejects_is_rejected_with_the_same_message) {
+  Write("root/b", "old");
+  Write("root/b.mheg", "{:Application (\"~/b\" 0)}");
+  const std::string root = (folder_ / "root").string();
+  EXPECT_EQ(Problems(), root + "/b.mheg: has the same name in the carousel as " + root + "/b\n");
+  std::filesystem::remove(folder_ / "root/b");
+  Write("root/b.mheg", Read("b"));
+  EXPECT_EQ(Problems(), root + "/b.mheg: is no text\n");
+}
+
+TEST_F(CarouselTest, a_file_that_cannot_be_read_is_reported) {
+  // Reading it fails, even for the superuser.
+  std::filesystem::create_symlink("/proc/self/mem", folder_ / "root/memory");
+  EXPECT_EQ(Problems(), (folder_ / "root/memory").string() + ": cannot be read\n");
 }
 
 TEST_F(CarouselTest, a_removed_file_does_not_exist) {

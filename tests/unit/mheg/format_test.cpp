@@ -67,6 +67,21 @@ TEST_F(Tool, format_does_not_make_a_text_too_long_to_be_compiled) {
   EXPECT_EQ(File("s.mheg"), text);
 }
 
+TEST_F(Tool, format_leaves_hidden_and_linked_folders_alone) {
+  fs::create_directories(folder_ / "mine/.git");
+  fs::create_directory(folder_ / "other");
+  fs::create_directory_symlink("../other", folder_ / "mine/link");
+  for (const char* name : {"mine/s.mheg", "mine/.git/s.mheg", "mine/.s.mheg", "other/s.mheg"}) {
+    Write(name, kScattered);
+  }
+  EXPECT_EQ(Call("format --check mine").output, "mine/s.mheg\n");
+  EXPECT_EQ(Call("format mine").status, 0);
+  EXPECT_EQ(File("mine/s.mheg"), kScene);
+  EXPECT_EQ(File("mine/.git/s.mheg"), kScattered);
+  EXPECT_EQ(File("mine/.s.mheg"), kScattered);
+  EXPECT_EQ(File("other/s.mheg"), kScattered);
+}
+
 TEST_F(Tool, format_keeps_the_permissions_of_a_file_and_links_to_it) {
   Write("s.mheg", kScattered);
   fs::permissions(folder_ / "s.mheg", fs::perms::owner_read | fs::perms::owner_write);

@@ -5,7 +5,6 @@
 
 #include <cstdio>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <set>
 #include <string>
@@ -17,6 +16,7 @@
 #include "mheg/check/check.h"
 #include "mheg/check/report.h"
 #include "mheg/convert.h"
+#include "mheg/read_file.h"
 #include "mheg/source_folder.h"
 #include "mheg/watch.h"
 #include "mheg/write_file.h"
@@ -31,70 +31,60 @@ enum class Change { None, Written, Failed };
 // A file of the carousel. Its path is relative to the carousel.
 struct Product {
   fs::path source;
-  Change change = Change::None;
-  Messages messages{};
+  Messages messages{};  // errors
+  Change change = messages.empty() ? Change::None : Change::Failed;
 };
 using Products = std::map<fs::path, Product>;
 
-// Two files with one product are an error of both.
-Products ProductsOf(const fs::path& source, const std::set<fs::path>& files) {
-  Products products;
-  for (const fs::path& file : files) {
-    fs::path name = file;
-    if (IsText(name)) name.replace_extension();
-    const auto [product, isNew] = products.emplace(name, Product{source / file});
-    if (isNew) continue;
-    product->second.change = Change::Failed;
-    product->second.messages.push_back(
-        {source / file, "has the same name in the carousel as " + product->second.source.string()});
-  }
-  return products;
+void Fail(const fs::path& file, const char* reason, Product& product) {
+  product.messages.push_back({file, reason});
+  product.change = Change::Failed;
 }
 
 bool HasBytes(const fs::path& path, std::string_view bytes) {
   std::error_code problem;
   if (fs::file_size(path, problem) != bytes.size() || problem) return false;
-  std::ifstream stream(path, std::ios::binary);
-  const std::string old(std::istreambuf_iterator<char>(stream), {});
-  return stream && old == bytes;
+  std::string old;
+  return ReadBytes(path, old) == nullptr && old == bytes;
 }
 
-Change WriteText(const fs::path& target, Product& product) {
-  korvel::OctetString bytes;
-  Outcome outcome = CompileText(product.source, bytes);
+void WriteText(const fs::path& target, Product& product) {
+  CompiledText compiled;
+  Outcome outcome = CompileText(product.source, compiled);
   product.messages = std::move(outcome.messages);
-  if (!outcome.isGood) return Change::Failed;
-  if (HasBytes(target, bytes.View())) return Change::None;
-  return WriteFile(target, bytes.View()) ? Change::Written : Change::Failed;
+  if (!outcome.isGood) {
+    product.change = Change::Failed;
+  } else if (!HasBytes(target, compiled.bytes)) {
+    product.change = Change::Written;
+    if (!WriteFile(target, compiled.bytes)) Fail(target, "cannot be written", product);
+  }
 }
 
-Change Copy(const fs::path& target, const fs::path& source) {
+void Copy(const fs::path& target, Product& product) {
   std::error_code problem;
   std::error_code absence;
-  const auto time = fs::last_write_time(source, problem);
+  const auto time = fs::last_write_time(product.source, problem);
   const bool isSame = fs::is_regular_file(target, absence) &&
-                      fs::file_size(target, absence) == fs::file_size(source, problem) &&
+                      fs::file_size(target, absence) == fs::file_size(product.source, problem) &&
                       fs::last_write_time(target, absence) == time;
-  if (!problem && isSame) return Change::None;
-  fs::path copy = target;
-  copy += ".part";
-  if (!problem) fs::copy_file(source, copy, fs::copy_options::overwrite_existing, problem);
-  if (!problem) fs::last_write_time(copy, time, problem);
-  if (!problem) fs::rename(copy, target, problem);
-  if (!problem) return Change::Written;
-  fs::remove(copy, absence);
-  return Change::Failed;
+  if (!problem && isSame) return;
+  if (problem || !std::ifstream(product.source, std::ios::binary)) {
+    return Fail(product.source, "cannot be read", product);
+  }
+  product.change = Change::Written;
+  const bool isCopied = WriteFile(target, [&](const fs::path& part) {
+    fs::copy_file(product.source, part, fs::copy_options::overwrite_existing, problem);
+    if (!problem) fs::last_write_time(part, time, problem);
+    return !problem;
+  });
+  if (!isCopied) Fail(target, "cannot be written", product);
 }
 
 void BuildProduct(const fs::path& target, Product& product) {
   if (product.change == Change::Failed) return;
   std::error_code problem;
   fs::create_directories(target.parent_path(), problem);
-  product.change =
-      IsText(product.source) ? WriteText(target, product) : Copy(target, product.source);
-  if (product.change == Change::Failed && product.messages.empty()) {
-    product.messages.push_back({target, "cannot be written"});
-  }
+  IsText(product.source) ? WriteText(target, product) : Copy(target, product);
 }
 
 // Removes the file, and the folders that are empty without it.
@@ -122,18 +112,20 @@ Messages FindingsBeyond(const Messages& errors, const fs::path& source, unsigned
 }  // namespace
 
 bool Build(const fs::path& source, const fs::path& output, unsigned jobs) {
-  std::set<fs::path> files;
-  if (!FindBroadcastFiles(source, files)) {
-    Print({{source, "cannot be read"}}, stderr);
+  Messages errors;
+  Products products;
+  for (const auto& [name, file] : FindBroadcastFiles(source, errors)) {
+    products.emplace(name, Product{source / file.source, file.clashes});
+  }
+  if (!errors.empty()) {
+    Print(errors, stderr);
     return false;
   }
-  Products products = ProductsOf(source, files);
   std::vector<Products::value_type*> work;
   for (Products::value_type& product : products) work.push_back(&product);
   RunBatch(work.size(), jobs,
            [&](std::size_t i) { BuildProduct(output / work[i]->first, work[i]->second); });
 
-  Messages errors;
   ProductList old = ReadProductList(output);
   ProductList list;
   std::size_t counts[] = {0, 0, 0};  // of each change

@@ -5,6 +5,8 @@
 #include <fstream>
 #include <system_error>
 
+#include "mheg/source_folder.h"
+
 namespace mheg {
 namespace {
 
@@ -58,32 +60,18 @@ fs::path RootFor(const fs::path& top, const fs::path& file) {
 // For each carousel root, its files, and whether each is to be checked.
 using Files = std::map<fs::path, std::map<fs::path, bool>>;
 
-// The group files in a folder and its subfolders. Symbolic links to folders are not followed.
-// Reports folders that cannot be read.
-std::vector<fs::path> GroupFilesBelow(const fs::path& top, Findings& findings) {
-  std::vector<fs::path> files;
-  std::vector<fs::path> folders{top};
-  while (!folders.empty()) {
-    const fs::path folder = folders.back();
-    folders.pop_back();
-    std::error_code problem;
-    fs::directory_iterator entry(folder, problem);
-    for (; !problem && entry != fs::directory_iterator(); entry.increment(problem)) {
-      std::error_code ignored;
-      if (entry->is_directory(ignored) && !entry->is_symlink(ignored)) {
-        folders.push_back(entry->path());
-      } else if (IsFile(entry->path()) && IsGroupFile(entry->path())) {
-        files.push_back(entry->path());
-      }
-    }
-    if (problem) findings.push_back({Rule::InvalidGroup, {}, {folder, "cannot be read"}});
-  }
+// The group files in a folder and its subfolders. Reports folders that cannot be read.
+std::vector<fs::path> GroupFilesIn(const fs::path& folder, Findings& findings) {
+  Messages problems;
+  std::vector<fs::path> files = FilesIn(folder, FolderLinks::Followed, problems);
+  std::erase_if(files, [](const fs::path& file) { return !IsFile(file) || !IsGroupFile(file); });
+  for (const Message& problem : problems) findings.push_back({Rule::InvalidGroup, {}, problem});
   return files;
 }
 
 void AddFolder(const fs::path& folder, bool isAskedFor, Files& files, Findings& findings) {
   const std::size_t reported = findings.size();
-  const auto found = GroupFilesBelow(folder.empty() ? fs::path(".") : folder, findings);
+  const auto found = GroupFilesIn(folder.empty() ? fs::path(".") : folder, findings);
   for (const fs::path& path : found) {
     const fs::path file = folder.empty() ? path.lexically_normal() : path;
     bool& isFileAskedFor = files[RootFor(folder, file)][file];

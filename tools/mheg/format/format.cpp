@@ -9,6 +9,7 @@
 #include "mheg/batch.h"
 #include "mheg/format/layout.h"
 #include "mheg/group_file.h"
+#include "mheg/source_folder.h"
 #include "mheg/write_file.h"
 
 namespace mheg {
@@ -45,8 +46,8 @@ Formatting FormatFile(const fs::path& path, bool isCheck) {
   return formatting;
 }
 
-// The texts among these files and in these folders, each once and in order. Adds a message for each
-// folder that cannot be read.
+// The texts among these files and in these folders, each once and in order. A linked folder belongs
+// to others, so its texts are left alone. Adds a message for each folder that cannot be read.
 std::vector<fs::path> TextsIn(const std::vector<fs::path>& paths, Messages& messages) {
   std::set<fs::path> texts;
   for (const fs::path& path : paths) {
@@ -55,13 +56,9 @@ std::vector<fs::path> TextsIn(const std::vector<fs::path>& paths, Messages& mess
       texts.insert(path);
       continue;
     }
-    fs::recursive_directory_iterator entry(path, problem);
-    for (; !problem && entry != fs::end(entry); entry.increment(problem)) {
-      std::error_code ignored;
-      const bool isText = entry->path().extension() == ".mheg" && entry->is_regular_file(ignored);
-      if (isText) texts.insert(entry->path());
+    for (const fs::path& file : FilesIn(path, FolderLinks::Skipped, messages)) {
+      if (IsText(file) && fs::is_regular_file(file, problem)) texts.insert(file);
     }
-    if (problem) messages.push_back({path, "cannot be read"});
   }
   return {texts.begin(), texts.end()};
 }

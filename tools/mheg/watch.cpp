@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kCalmMs = 50;
+constexpr int kCalmMs = 50;  // the moment without changes
 
 }  // namespace
 
@@ -30,19 +30,21 @@ Watch::Watch(const fs::path& folder)
     : notification_(FindFirstChangeNotificationW(
           folder.c_str(), TRUE,
           FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_DIR_NAME | FILE_NOTIFY_CHANGE_SIZE |
-              FILE_NOTIFY_CHANGE_LAST_WRITE)) {}
+              FILE_NOTIFY_CHANGE_LAST_WRITE)) {
+  hasFailed_ = notification_ == INVALID_HANDLE_VALUE;
+}
 
 Watch::~Watch() {
   if (notification_ != INVALID_HANDLE_VALUE) FindCloseChangeNotification(notification_);
 }
 
 Watch::Result Watch::WaitForOne(int limitMs) {
-  if (notification_ == INVALID_HANDLE_VALUE) return Result::Failure;
+  if (hasFailed_) return Result::Failure;
   const DWORD limit = limitMs < 0 ? INFINITE : static_cast<DWORD>(limitMs);
   const DWORD result = WaitForSingleObject(notification_, limit);
   if (result == WAIT_TIMEOUT) return Result::Timeout;
   const bool isChange = result == WAIT_OBJECT_0 && FindNextChangeNotification(notification_) != 0;
-  return isChange ? Result::Change : Result::Failure;
+  return isChange ? Result::Change : Fail();
 }
 
 #else
@@ -51,7 +53,7 @@ Watch::Watch(const fs::path& folder) : queue_(inotify_init1(IN_CLOEXEC | IN_NONB
   constexpr std::uint32_t kChanges = IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM |
                                      IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ATTRIB |
                                      IN_ONLYDIR;
-  isComplete_ = inotify_add_watch(queue_, folder.c_str(), kChanges) >= 0;
+  hasFailed_ = inotify_add_watch(queue_, folder.c_str(), kChanges) < 0;
   std::error_code problem;
   fs::recursive_directory_iterator entry(folder, fs::directory_options::follow_directory_symlink,
                                          problem);
@@ -60,29 +62,35 @@ Watch::Watch(const fs::path& folder) : queue_(inotify_init1(IN_CLOEXEC | IN_NONB
     if (!entry->is_directory(ignored)) continue;
     const bool isAdded = inotify_add_watch(queue_, entry->path().c_str(), kChanges) >= 0;
     // A folder that has just been removed needs no watch.
-    isComplete_ = isComplete_ && (isAdded || errno == ENOENT);
+    if (!isAdded && errno != ENOENT) hasFailed_ = true;
   }
 }
 
 Watch::~Watch() { close(queue_); }
 
 Watch::Result Watch::WaitForOne(int limitMs) {
-  if (!isComplete_) return Result::Failure;
+  if (hasFailed_) return Result::Failure;
   pollfd poll{queue_, POLLIN, 0};
   const int count = ::poll(&poll, 1, limitMs);
   if (count == 0) return Result::Timeout;
   std::array<char, 4096> events;
-  if (count < 0 || read(queue_, events.data(), events.size()) < 0) return Result::Failure;
+  if (count < 0 || read(queue_, events.data(), events.size()) < 0) return Fail();
   return Result::Change;
 }
 
 #endif
 
+Watch::Result Watch::Fail() {
+  hasFailed_ = true;
+  return Result::Failure;
+}
+
 bool Watch::HasChanged() {
-  Result result = WaitForOne(0);
-  if (result != Result::Change) return false;
-  while (result == Result::Change) result = WaitForOne(kCalmMs);
-  return result == Result::Timeout;
+  const auto now = std::chrono::steady_clock::now();
+  const Result result = WaitForOne(0);
+  if (result == Result::Change) lastChange_ = now;
+  return result == Result::Timeout && lastChange_ &&
+         now - *lastChange_ >= std::chrono::milliseconds(kCalmMs);
 }
 
 bool Watch::Wait() {

@@ -71,7 +71,7 @@ int Session::Run(MHEG5Host& host, const std::vector<mheg::Step>& steps) {
   const bool isRecorded = EndRecords();
   if (!Close()) return Fail("the engine does not close");
   if (!isDone) return Fail("the engine window did not last until the run was over");
-  return isLost_ || !isRecorded ? kRunFailed : 0;
+  return hasFailed_ || !isRecorded ? kRunFailed : 0;
 }
 
 // Opens the files to write during the run. False after a message if that fails.
@@ -98,6 +98,10 @@ void Session::RunUntilEnd(bool isEndingWhenIdle) {
   Stillness stillness(PostMark(engineWindow_));
   while (!isCloseWanted_ && !isEngineClosed_) {
     Pump(kLookAgainMs);
+    if (folder_ && folder_->HasFailed()) {
+      std::fprintf(stderr, "korvel-player: the folder cannot be watched\n");
+      hasFailed_ = isCloseWanted_ = true;
+    }
     if (IsReloadWanted() && LoadFiles(options_, reloaded_) == 0) isCloseWanted_ = true;
     if (isEndingWhenIdle && IsPictureFinal(stillness) && !HasTimer()) {
       std::fprintf(stderr,
@@ -185,10 +189,11 @@ bool Session::RunSteps(const std::vector<mheg::Step>& steps) {
 // Waits until the condition is met. The first timeout fails the run; later steps then take their
 // pictures without waiting.
 template <typename Condition> void Session::Await(const std::string& wanted, Condition hasCome) {
-  if (!isLost_ && (PumpUntil(options_.limitS * kMsPerSecond, hasCome) || isEngineClosed_)) return;
-  if (!isLost_) {
+  if (!hasFailed_ && (PumpUntil(options_.limitS * kMsPerSecond, hasCome) || isEngineClosed_))
+    return;
+  if (!hasFailed_) {
     std::fprintf(stderr, "korvel-player: no %s within the limit\n", wanted.c_str());
-    isLost_ = true;
+    hasFailed_ = true;
   }
   static_cast<void>(Capture(engineWindow_, picture_));
 }

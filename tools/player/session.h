@@ -70,7 +70,7 @@ class Session {
   HWND engineWindow_ = nullptr;
   bool isEngineClosed_ = false;
   bool isCloseWanted_ = false;
-  bool isLost_ = false;  // a step has timed out, so the run has failed
+  bool hasFailed_ = false;  // a step has timed out, or the folder cannot be watched
 };
 
 }  // namespace player

@@ -66,6 +66,7 @@ both 1 new texts
 both 0 graph texts
 both 2 compile
 both 2 dump nowhere.mheg
+both 2 dump /nowhere.mheg
 both 0 decompile --help
 
 # A watching build notices changes under Windows, too.

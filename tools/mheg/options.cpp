@@ -141,6 +141,7 @@ fs::path OutputFor(const fs::path& input, const Options& options) {
 std::optional<int> ReadCommandLine(int count, const char* const* arguments, Options& options) {
   Options given;
   CLI::App app("Compiles, decompiles, prints, checks and plays MHEG-5 groups.", "mheg");
+  app.allow_windows_style_options(false);  // "/x" is a path, as on every other platform
   app.set_version_flag("--version", "mheg " TOOL_VERSION);
   app.require_subcommand(1);
 

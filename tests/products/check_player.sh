@@ -108,7 +108,7 @@ logged 'read two: '
 logged 'korvel-player: the script has no exit, and nothing can happen any more'
 
 # The recording does the same when it is played, and `mheg run` plays it too.
-[ "$(grep -c '^key red$' recorded)" -eq 1 ] && [ "$(tail -n 1 recorded)" = exit ] ||
+[ "$(grep -c '^key Red$' recorded)" -eq 1 ] && [ "$(tail -n 1 recorded)" = exit ] ||
   { echo "the recording is wrong"; cat recorded; exit 1; }
 [ "$(sed -n '1s/wait //p' recorded)" -ge 300 ] ||
   { echo "the recording lacks the time before the key"; cat recorded; exit 1; }

@@ -1,26 +1,17 @@
-// Keys have the names that scripts use.
+// Keys have the names that scripts use for them.
 #include "mheg/event_words.h"
+
+#include "mheg/key_names.h"
 
 namespace mheg {
 
 std::string KeyName(std::int32_t key) {
-  namespace keys = korvel::keys;
-  if (korvel::IsDigitKey(key)) return std::to_string(key - keys::kDigit0);
-  switch (key) {
-  case keys::kUp: return "Up";
-  case keys::kDown: return "Down";
-  case keys::kLeft: return "Left";
-  case keys::kRight: return "Right";
-  case keys::kSelect: return "OK";
-  case keys::kCancel: return "Cancel";
-  case keys::kInfo: return "Info";
-  case keys::kRed: return "Red";
-  case keys::kGreen: return "Green";
-  case keys::kYellow: return "Yellow";
-  case keys::kBlue: return "Blue";
-  case keys::kText: return "Text";
-  default: return "key " + std::to_string(key);
+  for (const korvel::KeyRange& range : korvel::kKeyboard) {
+    const std::uint32_t virtualKey = range.first + (static_cast<std::uint32_t>(key) -
+                                                    static_cast<std::uint32_t>(range.userInput));
+    if (virtualKey >= range.first && virtualKey <= range.last) return NameOfKey(virtualKey);
   }
+  return "key " + std::to_string(key);
 }
 
 std::string EventName(korvel::EventType type) {

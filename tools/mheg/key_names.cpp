@@ -6,22 +6,23 @@
 #include <cctype>
 #include <string_view>
 
+#include "objects/vocabulary.h"
+
 namespace mheg {
 namespace {
 
 struct NamedKey {
-  std::string_view name;
+  const char* name;
   unsigned virtualKey;
 };
 
 // For each key, the name that a remote control has for it comes first.
 constexpr NamedKey kNames[] = {
-    {"ok", 13},    {"cancel", 27}, {"left", 37},   {"up", 38},      {"right", 39},
-    {"down", 40},  {"red", 'R'},   {"green", 'G'}, {"yellow", 'Y'}, {"blue", 'B'},
-    {"text", 'T'}, {"info", 'I'},  {"enter", 13},  {"escape", 27},
+    {"OK", 13},    {"Cancel", 27}, {"Left", 37},   {"Up", 38},      {"Right", 39},
+    {"Down", 40},  {"Red", 'R'},   {"Green", 'G'}, {"Yellow", 'Y'}, {"Blue", 'B'},
+    {"Text", 'T'}, {"Info", 'I'},  {"Enter", 13},  {"Escape", 27},
 };
 
-constexpr std::string_view kCharacters = "0123456789bgirty";
 constexpr unsigned kKeypadZero = 96;
 
 void RemoveWord(std::string_view word, std::string& name) {
@@ -36,24 +37,25 @@ std::optional<unsigned> VirtualKeyOf(std::string name) {
                          [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   for (std::string_view word : {"arrow", "digit", "letter"}) RemoveWord(word, name);
   for (const NamedKey& key : kNames) {
-    if (key.name == name) return key.virtualKey;
+    if (korvel::IsSameWord(key.name, name.c_str())) return key.virtualKey;
   }
   const bool isOnKeypad = name.starts_with("keypad");
   if (isOnKeypad) RemoveWord("keypad", name);
-  if (name.size() != 1 || kCharacters.find(name[0]) == std::string_view::npos) return std::nullopt;
-  const auto character = static_cast<unsigned char>(name[0]);
-  if (!isOnKeypad) return static_cast<unsigned>(std::toupper(character));
-  if (std::isdigit(character) == 0) return std::nullopt;
-  return kKeypadZero + character - '0';
+  const int character = name.size() == 1 ? std::toupper(static_cast<unsigned char>(name[0])) : 0;
+  const bool isNamed = isOnKeypad ? std::isdigit(character) != 0 : std::isalnum(character) != 0;
+  const unsigned virtualKey =
+      static_cast<unsigned>(character) + (isOnKeypad ? kKeypadZero - '0' : 0);
+  if (!isNamed || korvel::UserInputKey(virtualKey) == korvel::kNoUserInput) return std::nullopt;
+  return virtualKey;
 }
 
 std::string NameOfKey(unsigned virtualKey) {
   for (const NamedKey& key : kNames) {
-    if (key.virtualKey == virtualKey) return std::string(key.name);
+    if (key.virtualKey == virtualKey) return key.name;
   }
   if (virtualKey >= '0' && virtualKey <= '9') return {static_cast<char>(virtualKey)};
   if (virtualKey < kKeypadZero || virtualKey > kKeypadZero + 9) return {};
-  return "keypad " + std::to_string(virtualKey - kKeypadZero);
+  return "Keypad " + std::to_string(virtualKey - kKeypadZero);
 }
 
 }  // namespace mheg

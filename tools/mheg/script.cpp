@@ -134,12 +134,7 @@ bool ReadStep(Step& step, std::string& problem) {
     step.kind = form->kind;
     if (ReadArgument(Trimmed(step.text.substr(end)), step, problem)) return true;
   }
-  if (problem.empty()) {
-    problem = "no such step: " + step.text + " (steps: ";
-    for (const StepForm& known : kForms) {
-      problem.append(known.form).append(&known == &kForms[std::size(kForms) - 1] ? ")" : ", ");
-    }
-  }
+  if (problem.empty()) problem = "no such step: " + step.text + " (steps: " + StepForms() + ")";
   return false;
 }
 
@@ -162,6 +157,12 @@ bool ReadKeyWord(const std::string& word, Step& step, std::string& problem) {
 }
 
 }  // namespace
+
+std::string StepForms() {
+  std::string forms;
+  for (const StepForm& step : kForms) forms.append(forms.empty() ? "" : ", ").append(step.form);
+  return forms;
+}
 
 bool ReadScript(std::istream& text, std::vector<Step>& steps, std::string& problem) {
   std::vector<Step> read;

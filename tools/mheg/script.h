@@ -31,6 +31,9 @@ struct Step {
   unsigned line = 0;               // of the script; 0 on the command line
 };
 
+// The forms of all steps, for the user: "key NAME, wait MS, ...".
+[[nodiscard]] std::string StepForms();
+
 // Reads one step per line:
 //   key NAME           presses a key
 //   shot FILE.png      takes a picture once it is final: every key is handled, no work is queued,

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "mheg/key_names.h"
+#include "mheg/script.h"
 #include "player/exit_status.h"
 
 namespace player {
@@ -21,9 +22,7 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
   app.add_option("FOLDER", given.carousel, "Folder of texts or of broadcast files")
       ->required()
       ->check(CLI::ExistingDirectory);
-  app.add_option("--script", given.script,
-                 "File with a step a line: key NAME, shot FILE.png (when it is final), wait MS,\n"
-                 "until X Y #RRGGBB, catch X Y #RRGGBB FILE.png, expose, exit")
+  app.add_option("--script", given.script, "File with one step per line: " + mheg::StepForms())
       ->check(CLI::ExistingFile);
   app.add_option("--record", given.record, "Write the pressed keys to this file, as a script");
   app.add_option("--screenshot", given.screenshot,

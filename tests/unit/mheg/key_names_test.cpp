@@ -53,7 +53,7 @@ TEST(KeyNames, keys_of_a_remote_control_have_its_names) {
 }
 
 TEST(KeyNames, other_names_are_rejected) {
-  for (const char* name : {"", "A", "10", "Keypad", "Keypad R", "F1", "Purple", "*"}) {
+  for (const char* name : {"", "A", "10", "Keypad", "Keypad R", "F1", "Purple", "*", "%"}) {
     EXPECT_FALSE(VirtualKeyOf(name)) << name;
   }
 }
@@ -67,8 +67,8 @@ TEST(KeyNames, each_key_with_a_name_is_named_so_that_the_name_leads_back_to_it) 
       EXPECT_EQ(VirtualKeyOf(name), virtualKey) << name;
     }
   }
-  EXPECT_EQ(mheg::NameOfKey(13), "ok");
-  EXPECT_EQ(mheg::NameOfKey('R'), "red");
+  EXPECT_EQ(mheg::NameOfKey(13), "OK");
+  EXPECT_EQ(mheg::NameOfKey('R'), "Red");
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ TEST(Recording, has_the_keys_with_the_times_between_them_and_ends) {
   recording.Add({'R', 1250});
   recording.Add({105, 3000});
   recording.End(3010);
-  EXPECT_EQ(script.str(), "wait 250\nkey down\nwait 0\nkey red\nwait 1750\nkey keypad 9\n"
+  EXPECT_EQ(script.str(), "wait 250\nkey Down\nwait 0\nkey Red\nwait 1750\nkey Keypad 9\n"
                           "wait 10\nexit\n");
 }
 
@@ -25,7 +25,7 @@ TEST(Recording, skips_keys_that_content_does_not_receive) {
   player::Recording recording(script, 0);
   recording.Add({116, 10});
   recording.Add({13, 30});
-  EXPECT_EQ(script.str(), "wait 30\nkey ok\n");
+  EXPECT_EQ(script.str(), "wait 30\nkey OK\n");
 }
 
 TEST(Recording, is_a_script_that_presses_the_same_keys) {

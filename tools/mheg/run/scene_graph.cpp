@@ -16,11 +16,11 @@ void PrintVisible(const korvel::StackedVisible& entry, TraceForm form) {
   const std::string_view group = visible.Reference.GroupIdentifier.View();
   TraceLine line("visible", TheSurroundings().now, 0);
   line.Field("class", ClassName(entry.kind)).Field("group", group);
-  line.Field("number", std::int64_t{visible.Reference.Number});
+  line.Field("number", visible.Reference.Number);
   line.FlagField("running", visible.RunningStatus);
-  line.Field("x", std::int64_t{visible.Position.X}).Field("y", std::int64_t{visible.Position.Y});
-  line.Field("width", std::int64_t{visible.BoxSize.Width});
-  line.Field("height", std::int64_t{visible.BoxSize.Height});
+  line.Field("x", visible.Position.X).Field("y", visible.Position.Y);
+  line.Field("width", visible.BoxSize.Width);
+  line.Field("height", visible.BoxSize.Height);
   std::string words =
       ClassName(entry.kind) + " " + number + " of " + std::string(group) + " at " +
       std::to_string(visible.Position.X) + " " + std::to_string(visible.Position.Y) + ", size " +

@@ -69,18 +69,18 @@ std::string WordsOf(EventType type, const EventData& data) {
 
 void AddData(const EventData& data, TraceLine& line) {
   if (data.kind == ValueKind::Boolean) line.FlagField("data", data.value != 0);
-  if (data.kind == ValueKind::Integer) line.Field("data", std::int64_t{data.value});
+  if (data.kind == ValueKind::Integer) line.Field("data", data.value);
 }
 
 // Prints the line, with the place in its text.
 void PrintWithPlace(TraceLine line, const std::string& words, const Source& source) {
   if (source.line == 0) return PrintLine(line, words);
-  line.Field("file", source.text).Field("line", std::int64_t{source.line});
+  line.Field("file", source.text).Field("line", source.line);
   PrintLine(line, words + "  (" + source.text + ":" + std::to_string(source.line) + ")");
 }
 
 void TraceLink(const korvel::Link& link, std::string_view suffix, TraceLine line) {
-  line.Field("group", GroupOf(link)).Field("number", std::int64_t{link.Reference.Number});
+  line.Field("group", GroupOf(link)).Field("number", link.Reference.Number);
   const std::string words = "link " + std::to_string(link.Reference.Number) + " of " +
                             std::string(GroupOf(link)) + std::string(suffix);
   PrintWithPlace(line, words, TheTrace().sources.Of(link));
@@ -122,7 +122,7 @@ void TraceFile(std::string_view path, const CarouselFile* file) {
 void TracePause(std::uint32_t milliseconds) {
   if (!IsTracing()) return;
   TraceLine line = LineAbout("pause");
-  line.Field("milliseconds", std::int64_t{milliseconds});
+  line.Field("milliseconds", milliseconds);
   PrintLine(line, "the engine waits for " + std::to_string(milliseconds) + " ms");
 }
 
@@ -130,7 +130,7 @@ void TraceTimer(std::uint32_t id, std::uint32_t periodMs) {
   if (!IsTracing()) return;
   const auto number = static_cast<std::int32_t>(id);
   TraceLine line = LineAbout("timer");
-  line.Field("timer", std::int64_t{number}).Field("milliseconds", std::int64_t{periodMs});
+  line.Field("timer", number).Field("milliseconds", std::int64_t{periodMs});
   PrintLine(line,
             "timer " + std::to_string(number) + " set to " + std::to_string(periodMs) + " ms");
 }
@@ -151,7 +151,7 @@ void ObserveEvent(std::string_view sourceGroup, std::int32_t sourceNumber, Event
   mheg::TraceLine line = LineAbout("event");
   line.Field("type", mheg::EventName(type));
   mheg::AddData(data, line);
-  line.Field("group", sourceGroup).Field("number", std::int64_t{sourceNumber});
+  line.Field("group", sourceGroup).Field("number", sourceNumber);
   PrintLine(line, mheg::EventName(type) + mheg::WordsOf(type, data) + " from " +
                       mheg::NameOf(sourceGroup, sourceNumber));
 }
@@ -217,7 +217,7 @@ void ObserveReason(Reason reason, std::int32_t detail) {
   if (!IsTracing()) return;
   const std::string text = mheg::TextOf(reason, detail, mheg::ActionInProgress());
   mheg::TraceLine line = LineAbout("reason");
-  line.Field("reason", mheg::NameOf(reason)).Field("detail", std::int64_t{detail});
+  line.Field("reason", mheg::NameOf(reason)).Field("detail", detail);
   line.Field("text", text);
   PrintLine(line, text);
   TheTrace().isReasonGiven = true;
@@ -228,7 +228,7 @@ Status ObserveValue(const Ingredient& variable) {
   const std::string value = mheg::ValueOf(variable);
   mheg::TraceLine line = LineAbout("value");
   line.Field("group", mheg::GroupOf(variable));
-  line.Field("number", std::int64_t{variable.Reference.Number}).Field("value", value);
+  line.Field("number", variable.Reference.Number).Field("value", value);
   PrintLine(line, mheg::NameOf(variable) + " = " + value);
   return Status::Done;
 }

@@ -58,12 +58,38 @@ both 1 compile faulty/broken.mheg faulty/missing.mheg texts/menu.mheg -o mixed/
 both 1 decompile faulty/cut -o cut.mheg
 both 1 dump faulty/cut faulty/broken.mheg
 both 0 format texts
+# A damaged list of an earlier build is ignored.
+mkdir -p "$work/windows" "$work/native"
+printf '\377\n' | tee "$work/windows/.carousel.mheg-build" >"$work/native/.carousel.mheg-build"
 both 0 build texts -o carousel --jobs 2
 [ "$(ls "$work/windows/carousel" | wc -l)" -eq "$count" ] || { echo "not all is built"; exit 1; }
 both 2 build texts -o texts/carousel
 both 0 new made
 both 1 new texts
 both 0 graph texts
+
+# Names that the ANSI code page of Windows does not have. Wine takes the encoding of files from the
+# locale.
+LC_ALL=C.UTF-8
+export LC_ALL
+mkdir "$work/größe日"
+cat >"$work/größe日/a.mheg" <<'END'
+{:Application ("~/a" 0) :OnStartUp (:TransitionTo(("~/menü€" 0)))}
+END
+cat >"$work/größe日/menü€.mheg" <<'END'
+{:Scene ("~/menü€" 0) :OnStartUp (:Run(5)) :SceneCS 720 576}
+END
+cp -r "$work/größe日" "$work/windows"
+cp -r "$work/größe日" "$work/native"
+both 0 build größe日 -o ziel日
+both 1 check größe日
+both 1 check größe日 --format=sarif
+both 0 format größe日
+both 0 run größe日 --trace
+both 2 run größe日 --missing menü
+both 0 graph größe日 -o bild日.dot
+both 0 decompile ziel日/menü€ -o zurück.mheg
+both 2 dump größe日/nicht日
 both 2 compile
 both 2 dump nowhere.mheg
 both 2 dump /nowhere.mheg

@@ -124,6 +124,19 @@ frames=$(ffprobe -loglevel error -count_frames -show_entries stream=nb_read_fram
   series.gif)
 [ "$frames" -ge 2 ] || { echo "the animation has $frames frames"; exit 1; }
 
+# Names that the ANSI code page of Windows does not have. Wine takes the encoding of files from the
+# locale.
+LC_ALL=C.UTF-8
+export LC_ALL
+cp -r texts 'größe日'
+sed 's#~/one#~/menü€#' texts/a.mheg >größe日/a.mheg
+sed 's#~/one#~/menü€#' texts/one.mheg >größe日/menü€.mheg
+printf 'shot bild日.png\nexit\n' >skript日
+lines=2
+expect 0 "$player" größe日 --script skript日 --verbose
+logged 'read menü€: [0-9]* bytes'
+[ -f bild日.png ] || { echo "a picture's name is wrong"; ls; exit 1; }
+
 # Missing, late and slow files.
 printf 'key Red\nshot missing.png\nexit\n' >short_script
 lines=3

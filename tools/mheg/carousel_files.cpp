@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "mheg/path_text.h"
 #include "mheg/read_file.h"
 #include "mheg/source_folder.h"
 
@@ -16,7 +17,7 @@ namespace fs = std::filesystem;
 CarouselFile ReadOrCompile(const fs::path& folder, const fs::path& source, Messages& messages) {
   CarouselFile file;
   if (IsText(source)) {
-    file.text = source.generic_string();
+    file.text = GenericTextOf(source);
     const Outcome outcome = CompileText(folder / source, file);
     messages.insert(messages.end(), outcome.messages.begin(), outcome.messages.end());
   } else if (const char* reason = ReadBytes(folder / source, file.bytes)) {
@@ -58,7 +59,7 @@ std::string Resolved(std::string_view path) {
 void CarouselFiles::Load(const fs::path& folder, Messages& messages) {
   for (const auto& [name, file] : FindBroadcastFiles(folder, messages)) {
     messages.insert(messages.end(), file.clashes.begin(), file.clashes.end());
-    files_[name.generic_string()] = ReadOrCompile(folder, file.source, messages);
+    files_[GenericTextOf(name)] = ReadOrCompile(folder, file.source, messages);
   }
 }
 

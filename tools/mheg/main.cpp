@@ -15,6 +15,7 @@
 #include "mheg/group_file.h"
 #include "mheg/new/new.h"
 #include "mheg/options.h"
+#include "mheg/path_text.h"
 #include "mheg/run/run.h"
 
 #ifdef _WIN32
@@ -30,7 +31,7 @@ bool MakeOutputFolder(const std::filesystem::path& output) {
   std::error_code problem;
   std::filesystem::create_directories(output, problem);
   if (!problem) return true;
-  std::fprintf(stderr, "%s: cannot be made\n", output.string().c_str());
+  std::fprintf(stderr, "%s: cannot be made\n", mheg::TextOf(output).c_str());
   return false;
 }
 
@@ -111,9 +112,10 @@ int main(int count, char** arguments) {
 #ifdef _WIN32
   // Dumps have "\n" line ends on every platform.
   _setmode(_fileno(stdout), _O_BINARY);
+  const mheg::Utf8Console console;
 #endif
   mheg::Options options;
-  if (const auto status = mheg::ReadCommandLine(count, arguments, options)) {
+  if (const auto status = mheg::ReadCommandLine(mheg::TextOfArguments(count, arguments), options)) {
     return StatusAfterOutput(*status);
   }
   return StatusAfterOutput(CarryOut(options));

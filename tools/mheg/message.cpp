@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "mheg/path_text.h"
+
 #ifdef _WIN32
 #include <windows.h>
 
@@ -58,7 +60,7 @@ bool IsColoured(std::FILE* stream) {
 }
 
 std::string PlaceOf(const Message& message) {
-  std::string place = message.file.string();
+  std::string place = TextOf(message.file);
   if (message.place.line > 0) {
     place += ":" + std::to_string(message.place.line) + ":" + std::to_string(message.place.column);
   }

@@ -9,6 +9,8 @@
 #include <system_error>
 
 #include "mheg/manual/manual.h"
+#include "mheg/path_options.h"
+#include "mheg/path_text.h"
 
 namespace mheg {
 namespace {
@@ -25,14 +27,14 @@ CLI::App* AddCommand(CLI::App& app, Command command, const char* name, const cha
 }
 
 void AddInputs(CLI::App& command, const char* name, const char* description, Options& options) {
-  command.add_option(name, options.inputs, description)
+  AddPaths(command, name, options.inputs, description)
       ->required()
-      ->check(CLI::ExistingPath)
+      ->check(IsExistingPath())
       ->expected(1, CLI::detail::expected_max_vector_size);
 }
 
 void AddOutput(CLI::App& command, Options& options) {
-  command.add_option("-o,--output", options.output, "File to write; a folder for several inputs")
+  AddPath(command, "-o,--output", options.output, "File to write; a folder for several inputs")
       ->required();
 }
 
@@ -45,12 +47,12 @@ void AddRun(CLI::App& app, Options& options) {
   RunOptions& run = options.run;
   CLI::App* command = AddCommand(app, Command::Run, "run",
                                  "Plays a carousel without a window, on a virtual clock", options);
-  command->add_option("CAROUSEL", run.carousel, "Folder of texts or of broadcast files")
+  AddPath(*command, "CAROUSEL", run.carousel, "Folder of texts or of broadcast files")
       ->required()
-      ->check(CLI::ExistingDirectory);
+      ->check(IsExistingFolder());
   command->add_option("--keys", run.keys, "Keys and waits: \"down*2 ok wait:2s red\"");
-  command->add_option("--script", run.script, "Script of the player, with expect steps")
-      ->check(CLI::ExistingFile);
+  AddPath(*command, "--script", run.script, "Script of the player, with expect steps")
+      ->check(IsExistingFile());
   command->add_option("--start", run.start, "Path of the application to start");
   command->add_option("--date", run.date, "Time of day at the start")->capture_default_str();
   command->add_option("--latency", run.latencyMs, "Milliseconds that reading a file takes");
@@ -109,10 +111,10 @@ void RefuseOutputsThatClash(const Options& options) {
     std::error_code ignored;
     // Only the system can recognise hard links, and names that differ only in case.
     if (inputs.contains(identity) || fs::equivalent(input, output, ignored)) {
-      throw CLI::ValidationError(output.string(), "is an input and would be overwritten");
+      throw CLI::ValidationError(TextOf(output), "is an input and would be overwritten");
     }
     if (!outputs.insert(identity).second) {
-      throw CLI::ValidationError(output.string(), "would be written twice");
+      throw CLI::ValidationError(TextOf(output), "would be written twice");
     }
   }
 }
@@ -121,7 +123,7 @@ void RefuseOutputsThatClash(const Options& options) {
 void RefuseFolderWithin(const fs::path& output, const fs::path& source) {
   const fs::path relative = Identity(output).lexically_relative(Identity(source));
   if (!relative.empty() && *relative.begin() != "..") {
-    throw CLI::ValidationError("--output", "must not be in the folder " + source.string());
+    throw CLI::ValidationError("--output", "must not be in the folder " + TextOf(source));
   }
 }
 
@@ -138,7 +140,7 @@ fs::path OutputFor(const fs::path& input, const Options& options) {
   return options.output / name;
 }
 
-std::optional<int> ReadCommandLine(int count, const char* const* arguments, Options& options) {
+std::optional<int> ReadCommandLine(const std::vector<std::string>& arguments, Options& options) {
   Options given;
   CLI::App app("Compiles, decompiles, prints, checks and plays MHEG-5 groups.", "mheg");
   app.allow_windows_style_options(false);  // "/x" is a path, as on every other platform
@@ -176,22 +178,22 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
 
   CLI::App* build = AddCommand(app, Command::Build, "build",
                                "Compiles, checks and copies a folder to a carousel", given);
-  build->add_option("SRC", given.inputs, "Folder with texts and other files")
+  AddPaths(*build, "SRC", given.inputs, "Folder with texts and other files")
       ->required()
-      ->check(CLI::ExistingDirectory)
+      ->check(IsExistingFolder())
       ->expected(1);
-  build->add_option("-o,--output", given.output, "Folder of the carousel")->required();
+  AddPath(*build, "-o,--output", given.output, "Folder of the carousel")->required();
   build->add_flag("--watch", given.isWatching, "Build again after each change, until interrupted");
   AddJobs(*build, given);
 
-  AddCommand(app, Command::New, "new", "Makes a small application to begin with", given)
-      ->add_option("DIR", given.output, "Folder, which must not exist or be empty")
-      ->required();
+  CLI::App* made =
+      AddCommand(app, Command::New, "new", "Makes a small application to begin with", given);
+  AddPath(*made, "DIR", given.output, "Folder, which must not exist or be empty")->required();
 
   CLI::App* graph = AddCommand(app, Command::Graph, "graph",
                                "Draws scenes and the keys that lead from one to another", given);
   AddInputs(*graph, "PATH", "Folders with groups in either form, and such files", given);
-  graph->add_option("-o,--output", given.output, "File to write instead of the standard output");
+  AddPath(*graph, "-o,--output", given.output, "File to write instead of the standard output");
   graph->add_option("--format", given.graphForm, "SVG needs Graphviz")
       ->transform(CLI::CheckedTransformer(std::map<std::string, GraphForm>{{"dot", GraphForm::Dot},
                                                                            {"svg", GraphForm::Svg}})
@@ -207,10 +209,10 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
   fs::path manualFolder;
   CLI::App* manual = app.add_subcommand("manual", "Writes the manual page and completions");
   manual->group("");  // for packages only, so it is not listed
-  manual->add_option("DIR", manualFolder)->required();
+  AddPath(*manual, "DIR", manualFolder, "")->required();
 
   try {
-    app.parse(count, arguments);
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     const bool hasOutputs = *compile || *decompile;
     if (hasOutputs) RefuseOutputsThatClash(given);
     if (*build) RefuseFolderWithin(given.output, given.inputs.front());

@@ -53,9 +53,9 @@ struct Options {
 [[nodiscard]] std::filesystem::path OutputFor(const std::filesystem::path& input,
                                               const Options& options);
 
-// Reads the command line. Returns an exit status if the program must end: after --help, or after
-// reporting wrong arguments.
-[[nodiscard]] std::optional<int> ReadCommandLine(int count, const char* const* arguments,
+// Reads the arguments, without the name of the program. Returns an exit status if the program must
+// end: after --help, or after reporting wrong arguments.
+[[nodiscard]] std::optional<int> ReadCommandLine(const std::vector<std::string>& arguments,
                                                  Options& options);
 
 }  // namespace mheg

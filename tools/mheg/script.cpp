@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "mheg/key_names.h"
+#include "mheg/path_text.h"
 #include "mheg/read_file.h"
 
 namespace mheg {
@@ -187,12 +188,12 @@ bool ReadScriptFile(const std::filesystem::path& file, std::vector<Step>& steps,
                     std::string& problem) {
   std::string bytes;
   if (const char* reason = ReadBytes(file, bytes)) {
-    problem = file.string() + ": " + reason;
+    problem = TextOf(file) + ": " + reason;
     return false;
   }
   std::istringstream text(bytes);
   if (ReadScript(text, steps, problem)) return true;
-  problem.insert(0, file.string() + ":");
+  problem.insert(0, TextOf(file) + ":");
   return false;
 }
 

@@ -6,6 +6,8 @@
 #include <set>
 #include <system_error>
 
+#include "mheg/path_text.h"
+
 namespace mheg {
 namespace {
 
@@ -68,7 +70,7 @@ BroadcastFiles FindBroadcastFiles(const fs::path& folder, Messages& messages) {
     const auto [file, isNew] = files.emplace(name, BroadcastFile{source});
     if (isNew) continue;
     file->second.clashes.push_back({folder / source, "has the same name in the carousel as " +
-                                                         (folder / file->second.source).string()});
+                                                         TextOf(folder / file->second.source)});
   }
   return files;
 }

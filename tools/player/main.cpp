@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "mheg/path_text.h"
 #include "mheg/script.h"
 #include "player/broadcast.h"
 #include "player/engine_library.h"
@@ -45,7 +46,7 @@ int Play(const player::EngineLibrary& engine, const std::vector<mheg::Step>& ste
   }
   if (hasApplication) return 0;
   std::fprintf(stderr, "korvel-player: %s has no application: no file a or startup\n",
-               options.carousel.string().c_str());
+               mheg::TextOf(options.carousel).c_str());
   return player::kWrongUse;
 }
 
@@ -56,8 +57,10 @@ int main(int count, char** arguments) {
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);
 
+  const mheg::Utf8Console console;
   player::Options options;
-  if (const auto status = player::ReadCommandLine(count, arguments, options)) return *status;
+  const std::vector<std::string> words = mheg::TextOfArguments(count, arguments);
+  if (const auto status = player::ReadCommandLine(words, options)) return *status;
   std::vector<mheg::Step> steps;
   if (!LoadScript(options.script, steps)) return player::kWrongUse;
   player::Files files;

@@ -7,29 +7,30 @@
 #include <string>
 
 #include "mheg/key_names.h"
+#include "mheg/path_options.h"
 #include "mheg/script.h"
 #include "player/exit_status.h"
 
 namespace player {
 
-std::optional<int> ReadCommandLine(int count, const char* const* arguments, Options& options) {
+std::optional<int> ReadCommandLine(const std::vector<std::string>& arguments, Options& options) {
   Options given;
   CLI::App app("Plays an MHEG-5 application from a folder, as if it were broadcast.",
                "korvel-player");
   app.allow_windows_style_options(false);  // "/x" is a path, as on every other platform
   app.set_version_flag("--version", "korvel-player " TOOL_VERSION);
   app.footer(std::string(kKeyboardHelp) + "Keys in scripts: " + mheg::kKeyList);
-  app.add_option("FOLDER", given.carousel, "Folder of texts or of broadcast files")
+  mheg::AddPath(app, "FOLDER", given.carousel, "Folder of texts or of broadcast files")
       ->required()
-      ->check(CLI::ExistingDirectory);
-  app.add_option("--script", given.script, "File with one step per line: " + mheg::StepForms())
-      ->check(CLI::ExistingFile);
-  app.add_option("--record", given.record, "Write the pressed keys to this file, as a script");
-  app.add_option("--screenshot", given.screenshot,
-                 "Take a picture of the engine window after --wait, then close");
+      ->check(mheg::IsExistingFolder());
+  mheg::AddPath(app, "--script", given.script, "File with one step per line: " + mheg::StepForms())
+      ->check(mheg::IsExistingFile());
+  mheg::AddPath(app, "--record", given.record, "Write the pressed keys to this file, as a script");
+  mheg::AddPath(app, "--screenshot", given.screenshot,
+                "Take a picture of the engine window after --wait, then close");
   app.add_option("--wait", given.waitMs, "Milliseconds before the screenshot")
       ->capture_default_str();
-  app.add_option("--series", given.series, "Write a picture of each change to this folder");
+  mheg::AddPath(app, "--series", given.series, "Write a picture of each change to this folder");
   app.add_option("--limit", given.limitS,
                  "Seconds that the script waits for a picture before the run fails")
       ->capture_default_str();
@@ -41,7 +42,7 @@ std::optional<int> ReadCommandLine(int count, const char* const* arguments, Opti
   app.add_flag("--watch", given.isWatching, "Load the folder again after each change in it");
   app.add_flag("--verbose", given.isVerbose, "Log each file read on standard error");
   try {
-    app.parse(count, arguments);
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::Success& help) {
     return app.exit(help);
   } catch (const CLI::ParseError& mistake) {

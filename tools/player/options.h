@@ -34,9 +34,10 @@ inline constexpr const char* kKeyboardHelp =
     "(Info)\n"
     "F5 loads the folder again. Close the window to end.\n";
 
-// Reads the command line into `options`. Returns the exit status if the program must end: 0 after
-// help or the version was requested, 2 after a mistake, which it reports.
-[[nodiscard]] std::optional<int> ReadCommandLine(int count, const char* const* arguments,
+// Reads the arguments, without the name of the program, into `options`. Returns the exit status if
+// the program must end: 0 after help or the version was requested, 2 after a mistake, which it
+// reports.
+[[nodiscard]] std::optional<int> ReadCommandLine(const std::vector<std::string>& arguments,
                                                  Options& options);
 
 }  // namespace player

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "mheg/path_text.h"
 #include "player/engine_watch.h"
 #include "player/exit_status.h"
 #include "player/stillness.h"
@@ -37,7 +38,7 @@ std::string NameOf(const mheg::Pixel& pixel) {
 }
 
 bool SayUnwritable(const std::filesystem::path& file) {
-  std::fprintf(stderr, "korvel-player: cannot write %s\n", file.string().c_str());
+  std::fprintf(stderr, "korvel-player: cannot write %s\n", mheg::TextOf(file).c_str());
   return false;
 }
 
@@ -173,11 +174,11 @@ bool Session::RunSteps(const std::vector<mheg::Step>& steps) {
     case StepKind::Expose: WipeWindow(); break;
     case StepKind::Shot:
       AwaitFinalPicture("final picture for " + step.file, [] { return true; });
-      if (!WritePicture(step.file)) return false;
+      if (!WritePicture(mheg::PathOf(step.file))) return false;
       break;
     case StepKind::Catch:
       CatchPicture(step.pixel);
-      if (!WritePicture(step.file)) return false;
+      if (!WritePicture(mheg::PathOf(step.file))) return false;
       break;
     case StepKind::Expect: break;  // the player cannot look into the engine
     case StepKind::Exit: isCloseWanted_ = true; return true;

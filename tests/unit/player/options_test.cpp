@@ -8,9 +8,8 @@
 
 namespace {
 
-std::optional<int> Read(std::vector<const char*> words, player::Options& options) {
-  words.insert(words.begin(), "korvel-player");
-  return player::ReadCommandLine(static_cast<int>(words.size()), words.data(), options);
+std::optional<int> Read(const std::vector<std::string>& words, player::Options& options) {
+  return player::ReadCommandLine(words, options);
 }
 
 TEST(Options, a_folder_alone_is_enough) {
@@ -35,29 +34,14 @@ TEST(Options, all_options_are_read) {
   const std::string script = testing::TempDir() + "options_test.script";
   std::ofstream(script) << "exit\n";
   player::Options options;
-  EXPECT_FALSE(Read({"--script",
-                     script.c_str(),
-                     "--screenshot",
-                     "x.png",
-                     "--wait",
-                     "20",
-                     "--limit",
-                     "7",
-                     "--verbose",
-                     "--record",
-                     "r",
-                     "--series",
-                     "s",
-                     "--latency",
-                     "5",
-                     "--not-yet",
-                     "2",
-                     "--missing",
-                     "a",
-                     "--missing",
-                     "b",
-                     "--watch",
-                     "."},
+  EXPECT_FALSE(Read({"--script",  script,      "--screenshot",
+                     "x.png",     "--wait",    "20",
+                     "--limit",   "7",         "--verbose",
+                     "--record",  "r",         "--series",
+                     "s",         "--latency", "5",
+                     "--not-yet", "2",         "--missing",
+                     "a",         "--missing", "b",
+                     "--watch",   "."},
                     options));
   EXPECT_EQ(options.script, script);
   EXPECT_EQ(options.screenshot, "x.png");
@@ -74,7 +58,7 @@ TEST(Options, all_options_are_read) {
 }
 
 TEST(Options, every_mistake_prints_one_line_and_returns_2) {
-  const std::vector<std::vector<const char*>> mistakes = {
+  const std::vector<std::vector<std::string>> mistakes = {
       {},
       {"no such folder"},
       {".", "--wait", "soon"},

@@ -16,6 +16,7 @@
 #include "mheg/check/check.h"
 #include "mheg/check/report.h"
 #include "mheg/convert.h"
+#include "mheg/path_text.h"
 #include "mheg/read_file.h"
 #include "mheg/source_folder.h"
 #include "mheg/watch.h"
@@ -142,7 +143,7 @@ bool Build(const fs::path& source, const fs::path& output, unsigned jobs) {
   }
   Print(errors, stderr);
   Print(FindingsBeyond(errors, source, jobs), stderr);
-  std::printf("%s: %zu written, %zu removed, %zu up to date\n", output.string().c_str(),
+  std::printf("%s: %zu written, %zu removed, %zu up to date\n", TextOf(output).c_str(),
               counts[static_cast<std::size_t>(Change::Written)], removedCount,
               counts[static_cast<std::size_t>(Change::None)]);
   std::fflush(stdout);

@@ -5,6 +5,7 @@
 #include <string>
 #include <system_error>
 
+#include "mheg/path_text.h"
 #include "mheg/write_file.h"
 
 namespace mheg {
@@ -29,7 +30,7 @@ ProductList ReadProductList(const fs::path& carousel) {
   ProductList products;
   std::ifstream stream(ListOf(carousel), std::ios::binary);
   for (std::string line; std::getline(stream, line);) {
-    const fs::path file = fs::path(std::u8string(line.begin(), line.end())).lexically_normal();
+    const fs::path file = PathOf(line).lexically_normal();
     const bool isWithin = !file.empty() && file.is_relative() && *file.begin() != "..";
     if (isWithin && file.has_filename()) products.insert(file);
   }
@@ -39,8 +40,7 @@ ProductList ReadProductList(const fs::path& carousel) {
 bool WriteProductList(const fs::path& carousel, const ProductList& products) {
   std::string lines;
   for (const fs::path& file : products) {
-    const std::u8string name = file.generic_u8string();
-    lines.append(name.begin(), name.end()).append("\n");
+    lines += GenericTextOf(file) + "\n";
   }
   return WriteFile(ListOf(carousel), lines);
 }

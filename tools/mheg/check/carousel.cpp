@@ -5,6 +5,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "mheg/path_text.h"
 #include "mheg/source_folder.h"
 
 namespace mheg {
@@ -176,7 +177,8 @@ std::vector<fs::path> Carousel::PlacesFor(const CheckedGroup& from, std::string_
   std::string_view rest = slash == std::string_view::npos ? name : name.substr(slash + 1);
   if (rest.starts_with('/')) rest.remove_prefix(1);
   if (name.starts_with("CI:") || rest.empty()) return {};
-  return {from.file.path.parent_path() / rest, root_ / rest};
+  const fs::path path = PathOf(rest);
+  return {from.file.path.parent_path() / path, root_ / path};
 }
 
 bool Carousel::HasFile(const CheckedGroup& from, std::string_view name) const {

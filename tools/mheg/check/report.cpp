@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "mheg/json.h"
+#include "mheg/path_text.h"
 
 namespace mheg {
 namespace {
@@ -19,7 +20,7 @@ std::string NumberOrNothing(std::uint32_t number) {
 
 std::string JsonOf(const Finding& finding) {
   const RuleRow& row = RowOf(finding.rule);
-  return JsonObject({{"file", JsonString(finding.message.file.generic_string())},
+  return JsonObject({{"file", JsonString(GenericTextOf(finding.message.file))},
                      {"line", NumberOrNothing(finding.message.place.line)},
                      {"column", NumberOrNothing(finding.message.place.column)},
                      {"object", finding.object ? std::to_string(*finding.object) : ""},
@@ -33,7 +34,7 @@ std::string UriOf(const std::filesystem::path& path) {
   constexpr std::string_view kPlain = "-._~/:!$&'()*+,;=@";
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string uri = path.is_absolute() ? path.has_root_name() ? "file:///" : "file://" : "";
-  for (const char c : path.generic_string()) {
+  for (const char c : GenericTextOf(path)) {
     const auto code = static_cast<unsigned char>(c);
     const bool isAlphanumeric =
         (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
@@ -89,7 +90,7 @@ Messages MessagesOf(const Findings& findings) {
   for (const Finding& finding : findings) {
     const RuleRow& row = RowOf(finding.rule);
     Message& message = messages.emplace_back(finding.message);
-    message.file = finding.message.file.generic_string();
+    message.file = PathOf(GenericTextOf(finding.message.file));
     message.text = std::string(NameOf(row.level)) + ": " + TextOf(finding) + " [" +
                    std::string(row.name) + "]";
   }

@@ -9,6 +9,7 @@
 #include "mheg/batch.h"
 #include "mheg/format/layout.h"
 #include "mheg/group_file.h"
+#include "mheg/path_text.h"
 #include "mheg/source_folder.h"
 #include "mheg/write_file.h"
 
@@ -76,7 +77,7 @@ bool Format(const std::vector<fs::path>& paths, bool isCheck, unsigned jobs) {
   for (std::size_t i = 0; i < texts.size(); ++i) {
     Print(results[i].messages, stderr);
     const bool isListed = isCheck && results[i].isChanged;
-    if (isListed) std::printf("%s\n", texts[i].string().c_str());
+    if (isListed) std::printf("%s\n", TextOf(texts[i]).c_str());
     isGood = isGood && results[i].isGood && !isListed;
   }
   return isGood;

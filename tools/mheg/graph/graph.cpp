@@ -155,10 +155,16 @@ std::string GraphOf(const std::vector<Carousel>& carousels) {
 
 #ifdef _WIN32
 constexpr const char* kTryDot = "dot -V >NUL 2>&1";
+std::FILE* Reopen(const std::filesystem::path& output, std::FILE* stream) {
+  return _wfreopen(output.c_str(), L"wb", stream);
+}
 #else
 constexpr const char* kTryDot = "dot -V >/dev/null 2>&1";
 std::FILE* _popen(const char* command, const char* mode) { return popen(command, mode); }
 int _pclose(std::FILE* pipe) { return pclose(pipe); }
+std::FILE* Reopen(const std::filesystem::path& output, std::FILE* stream) {
+  return std::freopen(output.c_str(), "wb", stream);
+}
 #endif
 
 // Graphviz writes to our standard output, which is the file already.
@@ -187,7 +193,7 @@ bool PrintGraph(const std::vector<std::filesystem::path>& paths, GraphForm form,
   Messages messages;
   const std::string graph = GraphOf(Load(paths, messages));
   Print(messages, stderr);
-  if (!output.empty() && std::freopen(output.string().c_str(), "wb", stdout) == nullptr) {
+  if (!output.empty() && Reopen(output, stdout) == nullptr) {
     Print({{output, "cannot be written"}}, stderr);
     return false;
   }

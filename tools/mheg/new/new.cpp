@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "mheg/message.h"
+#include "mheg/path_text.h"
 #include "mheg/write_file.h"
 
 namespace mheg {
@@ -41,9 +42,9 @@ bool MakeNew(const fs::path& folder) {
   for (const NewFile& file : kNewFiles) {
     const fs::path path = folder / file.name;
     if (!WriteFile(path, file.text)) return Fail(path, "cannot be written");
-    std::printf("%s\n", path.generic_string().c_str());
+    std::printf("%s\n", GenericTextOf(path).c_str());
   }
-  const std::string name = folder.generic_string();
+  const std::string name = GenericTextOf(folder);
   std::printf("\nTest it:         mheg run %s --script %s/test.script\n"
               "Look inside:     mheg run %s --keys \"green ok\" --trace\n"
               "Make a carousel: mheg build %s -o CAROUSEL\n",

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "engine/engine.h"
+#include "mheg/path_text.h"
 #include "mheg/run/expectations.h"
 #include "mheg/run/scene_graph.h"
 #include "mheg/run/surroundings.h"
@@ -166,7 +167,7 @@ class Player {
     if (!actual) return;
     hasDifferences_ = true;
     std::fflush(stdout);
-    std::fprintf(stderr, "%s:%u: expected %s, found %s\n", options_.script.string().c_str(),
+    std::fprintf(stderr, "%s:%u: expected %s, found %s\n", TextOf(options_.script).c_str(),
                  step.line, step.text.substr(step.text.find(' ') + 1).c_str(), actual->c_str());
   }
 
@@ -201,7 +202,7 @@ bool ReadSteps(const RunOptions& options, std::vector<Step>& steps, std::string&
   if (!options.script.empty() && !ReadScriptFile(options.script, steps, problem)) return false;
   for (const Step& step : steps) {
     if (step.kind != StepKind::Expect || IsExpectation(step.words, problem)) continue;
-    problem.insert(0, options.script.string() + ":" + std::to_string(step.line) + ": ");
+    problem.insert(0, TextOf(options.script) + ":" + std::to_string(step.line) + ": ");
     return false;
   }
   return ReadKeys(options.keys, steps, problem);

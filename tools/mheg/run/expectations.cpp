@@ -18,7 +18,7 @@ using korvel::FoundObject;
 using korvel::ItemType;
 using Words = std::vector<std::string>;
 
-// What follows a word: an object or not, and how many values.
+// The form of a state: its word, whether an object follows, and how many values.
 struct Form {
   std::string_view word;
   bool hasObject;

@@ -1,3 +1,4 @@
+// CLI11 passes strings to functions, which make the paths.
 #include "mheg/path_options.h"
 
 #include <system_error>

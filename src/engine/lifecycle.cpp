@@ -120,7 +120,10 @@ Status StartEngine(std::string_view path) {
   OctetString bytes;
   if (!FetchStartUp(path, bytes)) return Status::Refused;
   OwnedGroup group;
-  if (!Decode(bytes, group)) return RefuseClass(Message::ParserFailed);
+  if (!Decode(bytes, group)) {
+    Say(Message::ParserFailed);
+    return Status::Refused;
+  }
   if (!IsApplication(group)) return RefuseClass(Message::StartupError);
   return StartApplication(AdoptApplication(std::move(group)));
 }

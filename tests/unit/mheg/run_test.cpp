@@ -144,6 +144,14 @@ TEST_F(Run, fails_if_there_is_no_application) {
   EXPECT_EQ(run.output, "mheg: there is no application to start\n");
 }
 
+TEST_F(Run, a_start_up_file_that_cannot_be_decoded_has_one_reason) {
+  Write("a", "\xA0\x01");
+  const std::string trace = Keys("red", "--trace").output;
+  ExpectHas(trace, "the file holds no group");
+  ExpectHas(trace, "Parser failed");
+  ExpectLacks(trace, "the file holds a scene");
+}
+
 TEST_F(Run, fails_if_a_text_cannot_be_compiled) {
   WriteScene("");
   Write("bad.mheg", "{");

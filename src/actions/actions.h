@@ -59,7 +59,8 @@ template <class Variable, class Value> Status SetValue(Variable& variable, Value
   ValueOf(variable) = std::move(value);
   // Fetched content belongs to the old path.
   if constexpr (requires { variable.Value.Path; }) variable.Content.Data.Clear();
-  return ObserveValue(variable);
+  ObserveValue(variable);
+  return Status::Done;
 }
 
 // The field of a generic value that holds values of the type of the second argument.

@@ -170,7 +170,7 @@ Status RunList(Scope scope, const ActionHolder& list, std::string_view groupName
     ObserveAction(list, action);
     const Status status = PerformOne(context, *row, action);
     if (status != Status::Done) {
-      ObserveActionStatus(list, status);
+      ObserveActionStatus(status);
       if (status == Status::Failure || status == Status::Replaced) return status;
     }
     if (generations != remembered) {

@@ -189,7 +189,8 @@ Status Append(const Arguments& arguments) {
   if (isTooLong || !variable.Value.Append(added)) {
     Say(Message::NoMemoryForAppended);
   }
-  return ObserveValue(variable);
+  ObserveValue(variable);
+  return Status::Done;
 }
 
 }  // namespace korvel

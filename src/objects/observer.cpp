@@ -16,13 +16,13 @@ void ObserveSkippedLink(const Link& /*link*/, Reason /*reason*/) {}
 
 void ObserveAction(const ActionHolder& /*list*/, const ElementaryAction& /*action*/) {}
 
-void ObserveActionStatus(const ActionHolder& /*list*/, Status /*status*/) {}
+void ObserveActionStatus(Status /*status*/) {}
 
 void ObserveListEnd(const ActionHolder& /*list*/) {}
 
 void ObserveReason(Reason /*reason*/, std::int32_t /*detail*/) {}
 
-Status ObserveValue(const Ingredient& /*variable*/) { return Status::Done; }
+void ObserveValue(const Ingredient& /*variable*/) {}
 
 void ObserveGroupStart(const Group& /*group*/) {}
 

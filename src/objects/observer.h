@@ -62,17 +62,16 @@ void ObserveSkippedLink(const Link& link, Reason reason);
 // An action begins; everything that it causes is reported before the next action or the end of the
 // same list. `list` is the same object for all actions of one run of a list.
 void ObserveAction(const ActionHolder& list, const ElementaryAction& action);
-// The action that began last in this list has ended with another status than Done. That of a
+// The action that began last in its list has ended with another status than Done. That of a
 // skipped action is Refused.
-void ObserveActionStatus(const ActionHolder& list, Status status);
+void ObserveActionStatus(Status status);
 void ObserveListEnd(const ActionHolder& list);
 
 // Why the action that began last, the key or the timer was skipped.
 void ObserveReason(Reason reason, std::int32_t detail);
 
-// A variable has a new value. Returns Done, so that the functions that set values can end with this
-// call, which then costs least.
-Status ObserveValue(const Ingredient& variable);
+// A variable has a new value.
+void ObserveValue(const Ingredient& variable);
 
 // A group becomes the current one of its kind; a group has ended.
 void ObserveGroupStart(const Group& group);

@@ -196,7 +196,7 @@ void ObserveAction(const ActionHolder& list, const ElementaryAction& action) {
   PrintWithPlace(line, text, TheTrace().sources.Of(list, action));
 }
 
-void ObserveActionStatus(const ActionHolder& /*list*/, Status status) {
+void ObserveActionStatus(Status status) {
   if (!IsTracing()) return;
   if (status == Status::Refused && !TheTrace().isReasonGiven) {
     PrintLine(LineAbout("unchanged"), "nothing to do");
@@ -223,14 +223,13 @@ void ObserveReason(Reason reason, std::int32_t detail) {
   TheTrace().isReasonGiven = true;
 }
 
-Status ObserveValue(const Ingredient& variable) {
-  if (!IsTracing()) return Status::Done;
+void ObserveValue(const Ingredient& variable) {
+  if (!IsTracing()) return;
   const std::string value = mheg::ValueOf(variable);
   mheg::TraceLine line = LineAbout("value");
   line.Field("group", mheg::GroupOf(variable));
   line.Field("number", variable.Reference.Number).Field("value", value);
   PrintLine(line, mheg::NameOf(variable) + " = " + value);
-  return Status::Done;
 }
 
 void ObserveGroupStart(const Group& group) {

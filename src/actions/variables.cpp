@@ -35,25 +35,28 @@ bool WriteDecimal(std::int32_t number, OctetString& text) {
   return text.Assign({digits, static_cast<std::size_t>(end - digits)});
 }
 
-// Set a variable to a value of a kind that its class accepts. `isIndirect`: the value was read from
-// a variable.
-Status Set(BooleanVariable& variable, const GenericValue& value, bool /*isIndirect*/) {
+// Set a variable to a value of a kind that its class accepts.
+Status Set(BooleanVariable& variable, const GenericValue& value) {
   return SetValue(variable, value.Boolean);
 }
 
-Status Set(IntegerVariable& variable, const GenericValue& value, bool /*isIndirect*/) {
+Status Set(IntegerVariable& variable, const GenericValue& value) {
   const bool isText = value.Kind == ValueKind::OctetString;
   return SetValue(variable, isText ? LeadingNumber(value.Octets.View()) : value.Integer);
 }
 
-Status Set(OctetStringVariable& variable, GenericValue& value, bool /*isIndirect*/) {
+Status Set(OctetStringVariable& variable, GenericValue& value) {
   const bool isText = value.Kind == ValueKind::OctetString;
   if (!isText && !WriteDecimal(value.Integer, value.Octets)) Say(Message::NoMemoryForOctets);
   return SetValue(variable, std::move(value.Octets));
 }
 
-Status Set(ObjectRefVariable& variable, GenericValue& value, bool /*isIndirect*/) {
+Status Set(ObjectRefVariable& variable, GenericValue& value) {
   return SetValue(variable, std::move(value.Reference));
+}
+
+Status Set(ContentRefVariable& variable, GenericValue& value) {
+  return SetValue(variable, std::move(value.Octets));
 }
 
 // Ends a path at its first zero byte and includes that byte in its length. Makes the path absent if
@@ -62,13 +65,6 @@ void CountEndingZero(OctetString& path) {
   if (path.Assign({path.Text(), path.TextView().size() + 1})) return;
   Say(Message::NoMemoryForOctets);
   path.Clear();
-}
-
-// A path that is given directly keeps its length. One that is read from a variable includes its
-// terminating zero byte.
-Status Set(ContentRefVariable& variable, GenericValue& value, bool isIndirect) {
-  if (isIndirect || value.Octets.IsEmpty()) CountEndingZero(value.Octets);
-  return SetValue(variable, std::move(value.Octets));
 }
 
 // Replaces the value of the integer variable that is the target.
@@ -139,8 +135,12 @@ Status SetVariable(const Arguments& arguments) {
   GenericValue value;
   if (!ReadValue(arguments, given, loading, value)) return Refuse(Reason::UnreadableParameter, 1);
   if (!MayBeSetTo(target.type, value.Kind, IsIndirect(given))) return Refuse(Reason::WrongKind);
+  // A path that is given directly keeps its length. One that is read from a variable includes its
+  // terminating zero byte.
+  const bool isPath = target.type == ItemType::ContentRefVariable;
+  if (isPath && (IsIndirect(given) || value.Octets.IsEmpty())) CountEndingZero(value.Octets);
   return VisitVariable(target, Status::Refused,
-                       [&](auto& variable) { return Set(variable, value, IsIndirect(given)); });
+                       [&](auto& variable) { return Set(variable, value); });
 }
 
 Status TestVariable(const Arguments& arguments) {

@@ -18,7 +18,7 @@ struct Token {
   [[nodiscard]] bool Closes() const { return text == ")" || text == "}"; }
 };
 
-// The tokens are borrowed from the text.
+// The tokens are borrowed from the text, which must not be longer than kMaxTextSize.
 [[nodiscard]] std::vector<Token> TokensOf(std::string_view text);
 
 }  // namespace mheg

@@ -33,11 +33,7 @@ bool IsRecorded(const ElementaryAction& action) {
   case Action::SetBoxSize:
   case Action::Step:
   case Action::SetSliderValue:
-  case Action::SetPortion:
-  case Action::TransitionTo:
-  case Action::Launch:
-  case Action::Spawn:
-  case Action::Quit: return true;
+  case Action::SetPortion: return true;
   case Action::SetInteractionStatus:
     return first == nullptr || first->Kind != ValueKind::Boolean || first->Boolean;
   case Action::SetTimer: return action.Parameters.Size() > 1;  // without a value it cancels

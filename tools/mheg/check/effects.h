@@ -36,14 +36,12 @@ class Effects {
   [[nodiscard]] bool Has(korvel::Action action) const;
   // Whether there is such an effect, or an action that names its target through a variable.
   [[nodiscard]] bool May(const Effect& effect) const;
-  // Whether an action names its target through a variable.
-  [[nodiscard]] bool MayBeAny(korvel::Action action) const { return onAny_.contains(action); }
-
-  [[nodiscard]] const std::set<Effect>& All() const { return effects_; }
 
  private:
+  [[nodiscard]] bool MayBeAny(korvel::Action action) const { return onAny_.contains(action); }
+
   std::set<Effect> effects_;
-  std::set<korvel::Action> onAny_;
+  std::set<korvel::Action> onAny_;  // that name their target or timer through a variable
 };
 
 [[nodiscard]] Effects EffectsOf(const korvel::Group& group);

@@ -48,7 +48,7 @@ const std::string kLinkThatTurnsItselfOff =
     std::string(kAsked) + "{:Link 4 :EventSource 1 :EventType TestEvent :EventData FALSE "
                           ":LinkEffect (:Deactivate(4) :TestVariable(1 1 :GInteger 9))}";
 
-const std::string kQuestionWithTheOtherAnswer =
+const std::string kTestWithTheOtherResult =
     std::string(kAsked) + "{:Link 4 :EventSource 1 :EventType TestEvent :EventData TRUE "
                           ":LinkEffect (:TestVariable(1 1 :GInteger 9))}";
 
@@ -58,7 +58,7 @@ INSTANTIATE_TEST_SUITE_P(
         Undecided{"loop_by_another_link", kLoopByAnotherLink.c_str()},
         Undecided{"loop_that_ends", kLoopThatEnds.c_str()},
         Undecided{"link_that_turns_itself_off", kLinkThatTurnsItselfOff.c_str()},
-        Undecided{"question_with_the_other_answer", kQuestionWithTheOtherAnswer.c_str()},
+        Undecided{"test_with_the_other_result", kTestWithTheOtherResult.c_str()},
         Undecided{"timer_with_a_number_from_a_variable",
                   "{:IntegerVar 1 :OrigValue 7} {:Link 2 :EventSource 0 :EventType TimerFired "
                   ":EventData 7 :LinkEffect (:SetTimer(0 :IndirectRef 1 100))}"},

@@ -29,7 +29,7 @@ using CheckFunction = void (*)(const Carousel& carousel, const CheckedGroup& gro
 
 constexpr CheckFunction kChecks[] = {
     CheckNumbers,    CheckMissing, CheckReferences,  CheckFiles,
-    CheckNavigation, CheckActions, CheckVariables,   CheckQuestions,
+    CheckNavigation, CheckActions, CheckVariables,   CheckEndlessTests,
     CheckPrograms,   CheckLinks,   CheckTokenGroups, CheckInteraction,
     CheckAttributes, CheckPlaces,  CheckTexts,       CheckIdle,
 };

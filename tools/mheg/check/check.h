@@ -43,7 +43,7 @@ void CheckLinks(const Carousel& carousel, const CheckedGroup& group, Findings& f
 void CheckFiles(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
 void CheckPlaces(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
 void CheckVariables(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
-void CheckQuestions(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
+void CheckEndlessTests(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
 void CheckPrograms(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
 void CheckTokenGroups(const Carousel& carousel, const CheckedGroup& group, Findings& findings);
 void CheckAttributes(const Carousel& carousel, const CheckedGroup& group, Findings& findings);

@@ -11,10 +11,6 @@ namespace {
 
 using namespace korvel;
 
-bool IsReference(const GenericValue& value) {
-  return value.Kind == ValueKind::ObjectReference || value.Kind == ValueKind::IndirectReference;
-}
-
 class ProgramCheck : public CheckVisitor {
  public:
   using CheckVisitor::CheckVisitor;

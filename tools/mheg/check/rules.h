@@ -2,7 +2,6 @@
 // documentation use. docs/checks.md has a row for each rule, and tests/unit/mheg/rules a case.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string_view>
@@ -30,7 +29,7 @@ enum class Rule : std::uint8_t {
   WrongTarget,
   IdleAction,
   WrongType,
-  EndlessQuestion,
+  EndlessTest,
   UnknownProgram,
   ProgramParameters,
   NoSuchMovement,
@@ -96,8 +95,9 @@ inline constexpr std::array kRules = {
             "The engine does not perform an action."},
     RuleRow{Rule::WrongType, "wrong-type", Level::Warning,
             "A variable is compared with a value of another type, or set to one."},
-    RuleRow{Rule::EndlessQuestion, "endless-question", Level::Error,
-            "A link asks a question again in its own answer, which stays the same."},
+    RuleRow{Rule::EndlessTest, "endless-test", Level::Error,
+            "A link tests a variable again in reaction to its test, with the same result, so it "
+            "never ends."},
     RuleRow{Rule::UnknownProgram, "unknown-program", Level::Error,
             "There is no resident program of that name, so a call ends the action list."},
     RuleRow{Rule::ProgramParameters, "program-parameters", Level::Error,

@@ -48,9 +48,7 @@ void WalkField(const ContentBody& content, GroupVisitor& visitor) {
   if (content.IsReferenced) visitor.VisitContentPath(content.Data);
 }
 void WalkField(const GenericValue& value, GroupVisitor& visitor) {
-  const bool isReference =
-      value.Kind == ValueKind::ObjectReference || value.Kind == ValueKind::IndirectReference;
-  if (isReference) visitor.VisitReference(value.Reference);
+  if (IsReference(value)) visitor.VisitReference(value.Reference);
   if (value.Kind == ValueKind::ContentReference) visitor.VisitContentPath(value.Octets);
 }
 void WalkField(const ColourValue& colour, GroupVisitor& visitor) { visitor.VisitColour(colour); }

@@ -8,6 +8,16 @@
 
 namespace mheg {
 
+[[nodiscard]] inline korvel::Action ActionOf(const korvel::ElementaryAction& action) {
+  return static_cast<korvel::Action>(action.ActionType);
+}
+
+// Whether the value names an object, or a variable that holds the value.
+[[nodiscard]] inline bool IsReference(const korvel::GenericValue& value) {
+  return value.Kind == korvel::ValueKind::ObjectReference ||
+         value.Kind == korvel::ValueKind::IndirectReference;
+}
+
 // Base class of all that walks a group. `currentObject` and `currentClass` are the number and class
 // of the object being visited; outside items they are the group's own. `currentKeyword` is that of
 // its attribute, or empty for the object itself, and `currentAction` the index of the action among

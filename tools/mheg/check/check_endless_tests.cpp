@@ -1,5 +1,5 @@
-// Finds questions without end: a link that waits for an answer about a variable and asks about it
-// again, although nothing changes in between.
+// Finds links that test a variable again in reaction to its test, although nothing changes in
+// between, so the tests never end.
 #include <algorithm>
 
 #include "actions/actions.h"
@@ -10,8 +10,8 @@ namespace {
 
 using namespace korvel;
 
-// Whether an action raises no event and leaves the variable of a question and the link as they are,
-// unless it refers to one of them.
+// Whether an action raises no event and leaves the tested variable and the link as they are, unless
+// it refers to one of them.
 bool IsQuiet(Action action) {
   switch (action) {
   case Action::Add:
@@ -33,61 +33,56 @@ bool IsQuiet(Action action) {
   }
 }
 
-bool IsTest(const ElementaryAction& action) {
-  return action.ActionType == static_cast<int>(Action::TestVariable);
-}
+bool IsTest(const ElementaryAction& action) { return ActionOf(action) == Action::TestVariable; }
 
-bool IsReference(const GenericValue& value) {
-  return value.Kind == ValueKind::ObjectReference || value.Kind == ValueKind::IndirectReference;
-}
-
-// A question whose operator and operand are constant integers.
-struct Question {
+// A test whose operator and operand are constant integers.
+struct ConstantTest {
   Comparison comparison{};
   std::int64_t constant = 0;
 
-  [[nodiscard]] bool Answer(std::int64_t value) const {
+  [[nodiscard]] bool ResultFor(std::int64_t value) const {
     return IsTrue(value, comparison, constant);
   }
 };
 
-bool ReadQuestion(const ElementaryAction& action, Question& question) {
+// False if the action is not such a test.
+bool ReadTest(const ElementaryAction& action, ConstantTest& test) {
   const GenericValue* comparison = action.Parameters.At(0);
   const GenericValue* operand = action.Parameters.At(1);
   const bool isConstant = comparison != nullptr && operand != nullptr &&
                           comparison->Kind == ValueKind::Integer &&
                           operand->Kind == ValueKind::Integer;
   if (!isConstant) return false;
-  question = {static_cast<Comparison>(comparison->Integer), operand->Integer};
+  test = {static_cast<Comparison>(comparison->Integer), operand->Integer};
   return true;
 }
 
-// Whether a value exists for which both questions have that answer. It is enough to try the
-// constants and their neighbours.
-bool MayBothAnswer(const Question& one, const Question& other, bool answer) {
+// Whether a value exists for which both tests have that result. It is enough to try the constants
+// and their neighbours.
+bool MayBothHave(bool result, const ConstantTest& one, const ConstantTest& other) {
   for (const std::int64_t constant : {one.constant, other.constant}) {
     for (const std::int64_t value : {constant - 1, constant, constant + 1}) {
-      if (one.Answer(value) == answer && other.Answer(value) == answer) return true;
+      if (one.ResultFor(value) == result && other.ResultFor(value) == result) return true;
     }
   }
   return false;
 }
 
-// Collects the questions of a group about one variable.
-class QuestionCollector : public GroupVisitor {
+// Collects the tests of one variable in a group.
+class TestCollector : public GroupVisitor {
  public:
-  QuestionCollector(const Carousel& carousel, const CheckedGroup& group, const CheckedGroup& owner,
-                    std::int32_t variable)
+  TestCollector(const Carousel& carousel, const CheckedGroup& group, const CheckedGroup& owner,
+                std::int32_t variable)
       : carousel_(carousel), group_(group), owner_(owner), variable_(variable) {}
 
   void VisitAction(const ElementaryAction& action) override {
     const ObjectReference& target = action.Target.Reference;
     if (!IsTest(action) || action.Target.Kind != ValueKind::ObjectReference) return;
     if (target.Number != variable_) return;
-    if (carousel_.Find(group_, target.GroupIdentifier.View()) == &owner_) asked.push_back(&action);
+    if (carousel_.Find(group_, target.GroupIdentifier.View()) == &owner_) tests.push_back(&action);
   }
 
-  std::vector<const ElementaryAction*> asked;
+  std::vector<const ElementaryAction*> tests;
 
  private:
   const Carousel& carousel_;
@@ -96,7 +91,7 @@ class QuestionCollector : public GroupVisitor {
   std::int32_t variable_;
 };
 
-class QuestionCheck : public CheckVisitor {
+class EndlessTestCheck : public CheckVisitor {
  public:
   using CheckVisitor::CheckVisitor;
 
@@ -109,49 +104,49 @@ class QuestionCheck : public CheckVisitor {
     if (owner_ == nullptr) return;
     for (const ElementaryAction& action : link.LinkEffect) {
       if (IsTest(action) && IsAbout(action.Target, variable)) {
-        if (MayRepeat(link, action) && !MayBeDisturbed(link)) {
-          ReportAt(":LinkEffect", Rule::EndlessQuestion,
-                   "asks about variable " + std::to_string(variable.Number) +
-                       " in the answer about it, and the answer is the same without end");
+        if (MayRepeat(link, action) && !MayOthersChangeResult(link)) {
+          ReportAt(":LinkEffect", Rule::EndlessTest,
+                   "tests variable " + std::to_string(variable.Number) +
+                       " again in reaction to its test, with the same result, so it never ends");
         }
         return;
       }
-      if (MayDisturb(action, link)) return;
+      if (MayChangeResult(action, link)) return;
     }
   }
 
  private:
-  // Whether the value refers to that object of the question's group.
+  // Whether the value refers to that object of the variable's group.
   [[nodiscard]] bool IsAbout(const GenericValue& value, const ObjectReference& object) const {
     return IsReference(value) && value.Reference.Number == object.Number &&
            carousel_.Find(group_, value.Reference.GroupIdentifier.View()) == owner_;
   }
 
-  // Whether the action may change the next answer.
-  [[nodiscard]] bool MayDisturb(const ElementaryAction& action, const Link& link) const {
-    if (!IsQuiet(static_cast<Action>(action.ActionType))) return true;
+  // Whether the action may change the result of the next test.
+  [[nodiscard]] bool MayChangeResult(const ElementaryAction& action, const Link& link) const {
+    if (!IsQuiet(ActionOf(action))) return true;
     if (action.Target.Kind == ValueKind::IndirectReference) return true;
     return IsAbout(action.Target, link.Condition.EventSource);
   }
 
-  // Whether another link that the same answer runs may change the next one.
-  [[nodiscard]] bool MayBeDisturbed(const Link& link) const {
+  // Whether another link that the same result runs may change the next one.
+  [[nodiscard]] bool MayOthersChangeResult(const Link& link) const {
     for (std::size_t i = 0; i < carousel_.Size(); ++i) {
       const CheckedGroup& group = carousel_.At(i);
       for (const auto& [number, object] : group.objects) {
         if (object.type != ItemType::Link || object.record == &link) continue;
         const auto& other = static_cast<const Link&>(*object.record);
-        if (!IsForSameAnswer(group, other, link)) continue;
+        if (!WaitsForSameResult(group, other, link)) continue;
         for (const ElementaryAction& action : other.LinkEffect) {
-          if (MayDisturb(action, link)) return true;
+          if (MayChangeResult(action, link)) return true;
         }
       }
     }
     return false;
   }
 
-  [[nodiscard]] bool IsForSameAnswer(const CheckedGroup& group, const Link& other,
-                                     const Link& link) const {
+  [[nodiscard]] bool WaitsForSameResult(const CheckedGroup& group, const Link& other,
+                                        const Link& link) const {
     const ObjectReference& source = other.Condition.EventSource;
     return other.Condition.EventType == EventType::TestEvent &&
            source.Number == link.Condition.EventSource.Number &&
@@ -161,21 +156,21 @@ class QuestionCheck : public CheckVisitor {
            carousel_.Find(group, source.GroupIdentifier.View()) == owner_;
   }
 
-  // Whether the question is asked again for its own answer. A question with an operand that
-  // actions may change is not decided.
+  // Whether the test `again` of a link, which it reacts to, may have the result that the link waits
+  // for. Undecided, and thus false, for an operand that actions may change.
   [[nodiscard]] bool MayRepeat(const Link& link, const ElementaryAction& again) const {
     const GenericValue& data = link.Condition.EventData;
     if (data.Kind == ValueKind::None) return true;
     if (data.Kind != ValueKind::Boolean) return false;
-    Question question;
-    if (!ReadQuestion(again, question)) return false;
-    QuestionCollector others(carousel_, group_, *owner_, link.Condition.EventSource.Number);
+    ConstantTest test;
+    if (!ReadTest(again, test)) return false;
+    TestCollector others(carousel_, group_, *owner_, link.Condition.EventSource.Number);
     Walk(group_.Group(), others);
-    std::erase(others.asked, &again);
-    if (others.asked.empty()) return true;
-    return std::ranges::any_of(others.asked, [&](const ElementaryAction* asked) {
-      Question other;
-      return ReadQuestion(*asked, other) && MayBothAnswer(question, other, data.Boolean);
+    std::erase(others.tests, &again);
+    if (others.tests.empty()) return true;
+    return std::ranges::any_of(others.tests, [&](const ElementaryAction* action) {
+      ConstantTest other;
+      return ReadTest(*action, other) && MayBothHave(data.Boolean, test, other);
     });
   }
 
@@ -184,8 +179,8 @@ class QuestionCheck : public CheckVisitor {
 
 }  // namespace
 
-void CheckQuestions(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
-  QuestionCheck check(carousel, group, findings);
+void CheckEndlessTests(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
+  EndlessTestCheck check(carousel, group, findings);
   Walk(group.Group(), check);
 }
 

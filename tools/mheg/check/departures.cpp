@@ -10,11 +10,6 @@ namespace {
 
 using namespace korvel;
 
-constexpr bool IsDeparture(Action action) {
-  return action == Action::TransitionTo || action == Action::Launch || action == Action::Spawn ||
-         action == Action::Quit;
-}
-
 class DepartureCollector : public GroupVisitor {
  public:
   explicit DepartureCollector(const Group& group) : group_(group) {}
@@ -24,7 +19,7 @@ class DepartureCollector : public GroupVisitor {
   }
 
   void VisitAction(const ElementaryAction& action) override {
-    if (!IsDeparture(static_cast<Action>(action.ActionType))) return;
+    if (!IsDeparture(ActionOf(action))) return;
     const bool isGroups = Contains(kGroups, currentClass);
     departures.push_back({&action, isGroups ? MomentOf(currentKeyword) : ofObject_,
                           isGroups ? 0 : currentObject, currentKeyword, currentAction});
@@ -71,7 +66,7 @@ std::vector<Departure> DeparturesOf(const Group& group) {
 }
 
 bool IsTransitionTo(const ElementaryAction& action, const Group& group) {
-  if (action.ActionType != static_cast<int>(Action::TransitionTo)) return false;
+  if (ActionOf(action) != Action::TransitionTo) return false;
   if (action.Target.Kind != ValueKind::ObjectReference) return false;
   const OctetString& name = action.Target.Reference.GroupIdentifier;
   return !name.IsPresent() || name.View() == group.Reference.GroupIdentifier.View();

@@ -25,6 +25,17 @@ struct Departure {
   std::int32_t index = 0;
 };
 
+// Whether the action starts the group that its target names.
+[[nodiscard]] constexpr bool LeadsToGroup(korvel::Action action) {
+  return action == korvel::Action::TransitionTo || action == korvel::Action::Launch ||
+         action == korvel::Action::Spawn;
+}
+
+// Whether the action ends the group that performs it, or suspends its application.
+[[nodiscard]] constexpr bool IsDeparture(korvel::Action action) {
+  return LeadsToGroup(action) || action == korvel::Action::Quit;
+}
+
 [[nodiscard]] std::vector<Departure> DeparturesOf(const korvel::Group& group);
 
 // Whether the action is a transition to the group that performs it, which the engine refuses. The

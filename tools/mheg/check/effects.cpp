@@ -24,7 +24,7 @@ class EffectCollector : public GroupVisitor {
 // Whether a check asks about the action's effect.
 bool IsRecorded(const ElementaryAction& action) {
   const GenericValue* first = action.Parameters.At(0);
-  switch (static_cast<Action>(action.ActionType)) {
+  switch (ActionOf(action)) {
   case Action::Activate:
   case Action::Deactivate:
   case Action::SendEvent:
@@ -45,7 +45,7 @@ bool IsRecorded(const ElementaryAction& action) {
 
 void Effects::Add(const ElementaryAction& action, std::string_view groupName) {
   if (!IsRecorded(action)) return;
-  const auto kind = static_cast<Action>(action.ActionType);
+  const Action kind = ActionOf(action);
   const GenericValue& target = action.Target;
   if (target.Kind == ValueKind::IndirectReference) onAny_.insert(kind);
   const OctetString& group = target.Reference.GroupIdentifier;

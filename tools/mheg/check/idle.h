@@ -6,6 +6,7 @@
 #include <array>
 #include <string_view>
 
+#include "mheg/check/departures.h"
 #include "objects/action_table.h"
 #include "objects/vocabulary.h"
 
@@ -51,11 +52,9 @@ inline constexpr std::array kIdleAttributes = {
       });
 }
 
-// An action that accepts no class is not performed, except those whose target is a group's name.
+// An action that accepts no class is not performed, except those that lead out of a group.
 [[nodiscard]] constexpr bool IsIdleAction(const korvel::ActionRow& row) {
-  using korvel::Action;
-  return row.accepts == 0 && row.action != Action::TransitionTo && row.action != Action::Launch &&
-         row.action != Action::Spawn && row.action != Action::Quit;
+  return row.accepts == 0 && !IsDeparture(row.action);
 }
 
 }  // namespace mheg

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "mheg/check/carousel.h"
+#include "mheg/check/walk.h"
 
 namespace mheg {
 namespace {
@@ -15,8 +16,8 @@ using namespace korvel;
 const CheckedGroup* TargetOf(const Carousel& carousel, const CheckedGroup& from,
                              const Departure& departure) {
   const GenericValue& target = departure.action->Target;
-  const bool isQuit = departure.action->ActionType == static_cast<int>(Action::Quit);
-  if (isQuit || target.Kind != ValueKind::ObjectReference) return nullptr;
+  const bool isGroup = LeadsToGroup(ActionOf(*departure.action));
+  if (!isGroup || target.Kind != ValueKind::ObjectReference) return nullptr;
   return carousel.Find(from, target.Reference.GroupIdentifier.View());
 }
 
@@ -78,7 +79,7 @@ Navigation::Next Navigation::NextOf(const Carousel& carousel, const CheckedGroup
     }
     const bool mayBeInactive =
         departure.object != 0 && carousel.May(group, Action::Deactivate, departure.object);
-    const bool isSpawn = departure.action->ActionType == static_cast<int>(Action::Spawn);
+    const bool isSpawn = ActionOf(*departure.action) == Action::Spawn;
     const CheckedGroup* target = TargetOf(carousel, group, departure);
     const bool isOther = next.group != nullptr && next.group != target;
     if (departure.moment == Moment::Event || mayBeInactive || isSpawn || target == nullptr ||

@@ -109,9 +109,7 @@ bool Causes::AddCausesOf(std::initializer_list<Action> actions, const CheckedGro
   bool isFound = false;
   for (const HeldAction& held : actions_) {
     for (const Action action : actions) {
-      const bool isCause = static_cast<Action>(held.action->ActionType) == action &&
-                           held.IsOn(carousel_, group, number);
-      if (!isCause) continue;
+      if (ActionOf(*held.action) != action || !held.IsOn(carousel_, group, number)) continue;
       isFound = true;
       Add(held, causes);
     }

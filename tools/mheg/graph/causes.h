@@ -14,7 +14,7 @@ namespace mheg {
 // An action of a group, and where it is.
 struct HeldAction {
   const CheckedGroup* group = nullptr;
-  std::int32_t object = 0;             // the object that holds it; 0 for the group
+  std::int32_t object = 0;             // the number of the object or group that holds it
   const korvel::Link* link = nullptr;  // that object, if it is a link
   const char* keyword = "";            // of the attribute that holds it
   const korvel::ElementaryAction* action = nullptr;

@@ -103,10 +103,8 @@ class CarouselGraph {
     Causes causes(carousel_, around);
     std::map<std::string, std::set<std::string>> labels;  // by target
     for (const HeldAction& held : actions_.at(&group)) {
-      const auto action = static_cast<Action>(held.action->ActionType);
-      const bool leads =
-          action == Action::TransitionTo || action == Action::Launch || action == Action::Spawn;
-      if (leads) labels[TargetOf(group, *held.action)].merge(causes.Of(held));
+      if (!LeadsToGroup(ActionOf(*held.action))) continue;
+      labels[TargetOf(group, *held.action)].merge(causes.Of(held));
     }
     for (const auto& [target, words] : labels) {
       std::string label;

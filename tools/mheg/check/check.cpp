@@ -71,6 +71,13 @@ void CheckVisitor::ReportAt(const char* keyword, Rule rule, std::string text,
                        {{}, std::move(text), group_.file.places.Find(number, keyword, action)}});
 }
 
+const CheckedObject* CheckVisitor::TargetOf(const korvel::ElementaryAction& action,
+                                            korvel::ClassSet classes) const {
+  if (action.Target.Kind != korvel::ValueKind::ObjectReference) return nullptr;
+  const CheckedObject* object = carousel_.FindObject(group_, action.Target.Reference);
+  return object != nullptr && korvel::Contains(classes, object->type) ? object : nullptr;
+}
+
 bool IsFault(const Finding& finding) { return RowOf(finding.rule).level != Level::Note; }
 
 Findings Check(const std::vector<std::filesystem::path>& paths, unsigned jobs,

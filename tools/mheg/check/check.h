@@ -28,6 +28,11 @@ class CheckVisitor : public GroupVisitor {
   void ReportAt(const char* keyword, Rule rule, std::string text, std::int32_t action = -1) const;
 
   const Carousel& carousel_;
+  // The object that the action names directly as its target; null if it is unknown or of none of
+  // these classes.
+  [[nodiscard]] const CheckedObject* TargetOf(const korvel::ElementaryAction& action,
+                                              korvel::ClassSet classes) const;
+
   const CheckedGroup& group_;
 
  private:

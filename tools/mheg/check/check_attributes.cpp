@@ -103,8 +103,6 @@ void CheckAttributes(const Carousel& carousel, const CheckedGroup& group, Findin
   AttributeCheck check(carousel, group, findings);
   Walk(group.Group(), check);
   if (group.Group().type != ItemType::Scene) return;
-  check.currentObject = group.Group().Reference.Number;
-  check.currentClass = ItemType::Scene;
   check.CheckScene(static_cast<const Scene&>(group.Group()));
 }
 

@@ -43,8 +43,6 @@ class IdleCheck : public CheckVisitor {
 void CheckIdle(const Carousel& carousel, const CheckedGroup& group, Findings& findings) {
   IdleCheck check(carousel, group, findings);
   Walk(group.Group(), check);
-  check.currentObject = group.Group().Reference.Number;
-  check.currentClass = group.Group().type;
   VisitGroup(group.Group(),
              [&](const auto& record) { check.CheckAttributes(group.Group().type, record); });
 }

@@ -25,11 +25,7 @@ class PlaceCheck : public CheckVisitor {
     const bool isMoved = carousel_.May(group_, Action::SetPosition, number) ||
                          carousel_.May(group_, Action::SetBoxSize, number);
     if (isMoved) return;
-    VisitIngredientClass(type, [&]<class Record>() {
-      if constexpr (std::is_base_of_v<Visible, Record>) {
-        Look(static_cast<const Record&>(record));
-      }
-    });
+    if (Contains(kVisibles, type)) Look(static_cast<const Visible&>(record));
   }
 
  private:

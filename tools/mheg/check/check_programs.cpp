@@ -24,11 +24,9 @@ class ProgramCheck : public CheckVisitor {
   }
 
   void VisitAction(const ElementaryAction& action) override {
-    const bool isCall = action.ActionType == static_cast<int>(Action::Call) ||
-                        action.ActionType == static_cast<int>(Action::Fork);
-    if (!isCall || action.Target.Kind != ValueKind::ObjectReference) return;
-    const CheckedObject* object = carousel_.FindObject(group_, action.Target.Reference);
-    if (object == nullptr || object->type != ItemType::ResidentProgram) return;
+    if (ActionOf(action) != Action::Call && ActionOf(action) != Action::Fork) return;
+    const CheckedObject* object = TargetOf(action, SetOf(ItemType::ResidentProgram));
+    if (object == nullptr) return;
     const auto& program = static_cast<const ResidentProgram&>(*object->record);
     const ProgramRow* row = FindProgram(program.Name.View());
     if (row != nullptr && !action.Parameters.IsEmpty()) CheckCall(*row, action.Parameters);

@@ -65,12 +65,11 @@ class TextCheck : public CheckVisitor {
   }
 
   void VisitAction(const ElementaryAction& action) override {
-    if (action.ActionType != static_cast<int>(Action::SetData)) return;
+    if (ActionOf(action) != Action::SetData) return;
     const GenericValue* data = action.Parameters.At(0);
     if (data == nullptr || data->Kind != ValueKind::OctetString) return;
-    if (action.Target.Kind != ValueKind::ObjectReference) return;
-    const CheckedObject* object = carousel_.FindObject(group_, action.Target.Reference);
-    if (object == nullptr || !Contains(kTexts, object->type)) return;
+    const CheckedObject* object = TargetOf(action, kTexts);
+    if (object == nullptr) return;
     const std::string fault =
         FaultOf(object->type, static_cast<const Text&>(*object->record), data->Octets);
     if (fault.empty()) return;

@@ -22,13 +22,12 @@ class TokenGroupCheck : public CheckVisitor {
   using CheckVisitor::CheckVisitor;
 
   void VisitAction(const ElementaryAction& action) override {
-    const bool isMove = action.ActionType == static_cast<int>(Action::Move);
-    const bool isCall = action.ActionType == static_cast<int>(Action::CallActionSlot);
+    const bool isMove = ActionOf(action) == Action::Move;
+    const bool isCall = ActionOf(action) == Action::CallActionSlot;
     const GenericValue* place = action.Parameters.At(0);
     if ((!isMove && !isCall) || place == nullptr || place->Kind != ValueKind::Integer) return;
-    if (action.Target.Kind != ValueKind::ObjectReference) return;
-    const CheckedObject* object = carousel_.FindObject(group_, action.Target.Reference);
-    if (object == nullptr || !Contains(kTokenGroups, object->type)) return;
+    const CheckedObject* object = TargetOf(action, kTokenGroups);
+    if (object == nullptr) return;
     const auto& group = static_cast<const TokenGroup&>(*object->record);
     isMove ? CheckMove(group, place->Integer) : CheckCall(group, place->Integer);
   }

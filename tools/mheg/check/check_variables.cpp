@@ -25,13 +25,13 @@ class VariableCheck : public CheckVisitor {
   using CheckVisitor::CheckVisitor;
 
   void VisitAction(const ElementaryAction& action) override {
-    const bool isTest = action.ActionType == static_cast<int>(Action::TestVariable);
-    const bool isSet = action.ActionType == static_cast<int>(Action::SetVariable);
+    const bool isTest = ActionOf(action) == Action::TestVariable;
+    const bool isSet = ActionOf(action) == Action::SetVariable;
     const GenericValue* value = action.Parameters.At(isTest ? 1 : 0);
     if ((!isTest && !isSet) || value == nullptr) return;
-    if (action.Target.Kind != ValueKind::ObjectReference) return;
-    const ItemType type = carousel_.ClassOf(group_, action.Target.Reference);
-    if (!Contains(kVariables, type)) return;
+    const CheckedObject* variable = TargetOf(action, kVariables);
+    if (variable == nullptr) return;
+    const ItemType type = variable->type;
     const bool isIndirect = value->Kind == ValueKind::IndirectReference;
     const ItemType source =
         isIndirect ? carousel_.ClassOf(group_, value->Reference) : ItemType::None;

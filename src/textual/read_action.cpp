@@ -57,7 +57,7 @@ bool AddPoint(TextReader& reader, Parameters& parameters) {
   }
   const bool isComplete = !reader.IsAt(kCloseParenthesis);
   const bool isTaken = isComplete ? AddGeneric(reader, ValueKind::Integer, parameters)
-                                  : reader.NoteMissing(reader.Next().offset, "a point", "y");
+                                  : reader.NoteMissing({reader.Next().offset, "a point", "y"});
   return isTaken && reader.Expect(kCloseParenthesis, ")");
 }
 
@@ -158,7 +158,10 @@ bool ReadValues(TextReader& reader, const ActionRow& row, ElementaryAction& acti
     if (!AddParameter(reader, parameter, action.Parameters)) return false;
     ++given;
   }
-  if (IsAnyMissing(row, given) && !reader.NoteMissingValue(row.name, given)) return false;
+  if (IsAnyMissing(row, given) &&
+      !reader.NoteMissing({reader.Next().offset, row.name, "", given})) {
+    return false;
+  }
   return reader.Expect(kCloseParenthesis, ")");
 }
 

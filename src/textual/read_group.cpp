@@ -75,7 +75,7 @@ class ObjectFrame {
   [[nodiscard]] bool NoteIfMissing(std::uint32_t index, const char* keyword) {
     const bool isWritten = (written_ >> index & 1) != 0;
     return isWritten || reader_.ErrorCount() != errorCount_ ||
-           reader_.NoteMissing(begin_, heading_.name, keyword);
+           reader_.NoteMissing({begin_, heading_.name, keyword});
   }
 
  private:
@@ -221,6 +221,7 @@ TextPlace PlaceInText(std::string_view text, std::size_t offset, TextPlace begin
 
 TextResult ReadTextGroup(std::string_view text, OwnedGroup& group, TextReport& report) {
   if (text.size() > kMaxTextSize) {
+    static_assert(kMaxTextSize == 65535);  // as the message says
     report = {};
     (void)report.errors.Append(
         {.offset = kMaxTextSize, .length = 1, .expected = "a text of at most 65535 bytes"});

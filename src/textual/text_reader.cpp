@@ -60,14 +60,8 @@ void TextReader::ReportProblems() {
   }
 }
 
-bool TextReader::NoteMissing(std::uint32_t offset, const char* owner, const char* attribute) {
+bool TextReader::NoteMissing(const MissingPart& part) {
   if (report_ == nullptr) return true;
-  return report_->missing.Append({offset, owner, attribute, 0}) != nullptr || RefuseForMemory();
-}
-
-bool TextReader::NoteMissingValue(const char* owner, std::size_t parameter) {
-  if (report_ == nullptr) return true;
-  const MissingPart part{Next().offset, owner, "", parameter};
   return report_->missing.Append(part) != nullptr || RefuseForMemory();
 }
 

@@ -68,10 +68,8 @@ class TextReader {
   bool Refuse(const char* expected, TextChoice choice = TextChoice::None, Words words = {});
   bool RefuseForMemory();
 
-  // Records an omitted attribute of the object that begins at `offset`, or the omitted value before
-  // the next token. Like the next two, returns false if memory runs out.
-  [[nodiscard]] bool NoteMissing(std::uint32_t offset, const char* owner, const char* attribute);
-  [[nodiscard]] bool NoteMissingValue(const char* owner, std::size_t parameter);
+  // Like the next two, returns false if memory runs out.
+  [[nodiscard]] bool NoteMissing(const MissingPart& part);
   // Records the place of the object or attribute that has just been entered, or of the attribute's
   // next action.
   [[nodiscard]] bool NotePlace(const Token& begin);

@@ -22,7 +22,8 @@ enum class [[nodiscard]] TextResult : std::int32_t{
     NoMemory = -1,  // the group's record could not be allocated
 };
 
-// The longest text that is read, in bytes: offsets in it are limited to 16 bits.
+// The longest text that is read, in bytes. Longer ones are rejected, because other readers of the
+// notation count positions in 16 bits.
 inline constexpr std::size_t kMaxTextSize = 65535;
 
 // A place in a text. Both numbers count from 1; columns are characters of UTF-8.
@@ -43,9 +44,9 @@ enum class TextChoice : std::uint8_t {
 // expected instead. All strings are borrowed from tables.
 struct TextError {
   std::uint32_t offset = 0;
-  std::uint32_t length = 0;   // 0 at the end of the text
-  const char* owner = "";     // the class or the action: "Scene", "SetPosition"; empty if unknown
-  const char* part = "";      // the attribute's keyword, or empty
+  std::uint32_t length = 0;  // 0 at the end of the text
+  const char* owner = "";  // the class's word or the action: "OStringVar", "SetPosition", or empty
+  const char* part = "";   // the attribute's keyword, or empty
   const char* expected = "";  // in words; may be empty if one of the next two is not
   TextChoice choice = TextChoice::None;
   Words words{};  // exactly these words
@@ -58,9 +59,10 @@ inline constexpr std::size_t kMostTextErrors = 20;
 // shorter parameter list, as the BER decoder does; tools report these to the author.
 struct MissingPart {
   std::uint32_t offset = 0;  // where the object begins, or the ")" before which a value is missing
-  const char* owner = "";    // the class or the action: "Rectangle", "SetPosition"
-  const char* attribute = "";  // its keyword, or empty if a value is missing
-  std::size_t parameter = 0;   // the index of the missing value in the action's row
+  const char* owner = "";    // the class, the action, or "a point": "Rectangle", "SetPosition"
+  // The attribute's keyword, or "y" of a point. Empty if an action lacks a value.
+  const char* name = "";
+  std::size_t parameter = 0;  // the index of that value in the action's row
 };
 
 // Where an object, one of its attributes or an action of that attribute begins in a text. An object

@@ -26,7 +26,7 @@ Outcome CompileText(const std::filesystem::path& input, CompiledText& compiled) 
   GroupFile file = ReadGroupFile(input);
   Outcome outcome{std::move(file.messages), file.IsGood()};
   if (!outcome.isGood) return outcome;
-  if (file.form != GroupForm::Text) return Failed(std::move(outcome), input, "is no text");
+  if (file.form != GroupForm::Text) return Failed(std::move(outcome), input, "is not a text");
   korvel::OctetString bytes;
   if (korvel::EncodeGroup(*file.group, bytes) != korvel::Status::Done) {
     return Failed(std::move(outcome), input, "cannot be encoded: out of memory");
@@ -56,8 +56,9 @@ Outcome Decompile(const std::filesystem::path& input, const std::filesystem::pat
                       wordless.keyword + " " + std::to_string(wordless.number));
   }
   if (text.Length() > korvel::kMaxTextSize) {
-    outcome.messages.push_back({output, "longer than 65535 bytes, which is the most that a text "
-                                        "can have to be compiled again"});
+    outcome.messages.push_back({output, "longer than " + std::to_string(korvel::kMaxTextSize) +
+                                            " bytes, which is the most that a text "
+                                            "can have to be compiled again"});
   }
   return Write(text.View(), output, std::move(outcome));
 }

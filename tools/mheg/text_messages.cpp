@@ -162,7 +162,7 @@ std::string Explained(std::string_view text, const TextError& error) {
 }
 
 std::string Explained(const MissingPart& part) {
-  std::string missing = part.attribute;
+  std::string missing = part.name;
   const auto names = ParameterNames(part.owner);
   if (missing.empty()) missing = names[part.parameter];
   return std::string(part.owner) + " lacks " + missing;
@@ -191,7 +191,8 @@ void AddMessages(std::string_view text, const TextReport& report, GroupFile& fil
                                 : one.place.column < other.place.column;
                    });
   if (report.errors.Size() == kMostTextErrors) {
-    file.messages.push_back({file.path, "only the first 20 errors are reported"});
+    file.messages.push_back(
+        {file.path, "only the first " + std::to_string(kMostTextErrors) + " errors are reported"});
   }
 }
 

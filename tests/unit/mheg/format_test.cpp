@@ -52,7 +52,7 @@ TEST_F(Tool, format_reports_texts_with_errors_and_leaves_them) {
   EXPECT_EQ(File("s.mheg"), kScene);
   Write("s.mheg", kScene);
   ASSERT_EQ(Call("compile s.mheg -o s").status, 0);
-  EXPECT_EQ(Call("format s").output, "s: is no text\n");
+  EXPECT_EQ(Call("format s").output, "s: is not a text\n");
 }
 
 TEST_F(Tool, format_does_not_make_a_text_too_long_to_be_compiled) {

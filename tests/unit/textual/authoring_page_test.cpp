@@ -42,7 +42,7 @@ TEST(AuthoringPage, every_example_is_a_complete_group_and_compiles) {
       ADD_FAILURE() << "expected " << error.expected << " at " << example.substr(error.offset, 40);
     }
     for (const MissingPart& part : report.missing) {
-      ADD_FAILURE() << part.owner << " lacks " << part.attribute << part.parameter;
+      ADD_FAILURE() << part.owner << " lacks " << part.name << part.parameter;
     }
     OctetString bytes;
     EXPECT_EQ(EncodeGroup(*group, bytes), Status::Done) << example;

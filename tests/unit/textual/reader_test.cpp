@@ -482,7 +482,7 @@ std::string MissingOf(const Reading& reading) {
   std::string all;
   for (const MissingPart& part : reading.report.missing) {
     all += std::to_string(part.offset) + " " + part.owner + " " +
-           (*part.attribute == 0 ? std::to_string(part.parameter) : part.attribute) + "\n";
+           (*part.name == 0 ? std::to_string(part.parameter) : part.name) + "\n";
   }
   return all;
 }

@@ -35,13 +35,14 @@ Formatting FormatFile(const fs::path& path, bool isCheck) {
   GroupFile file = ReadGroupFile(path);
   Formatting formatting{std::move(file.messages), file.IsGood()};
   if (!formatting.isGood) return formatting;
-  if (file.form != GroupForm::Text) return Failed(std::move(formatting), path, "is no text");
+  if (file.form != GroupForm::Text) return Failed(std::move(formatting), path, "is not a text");
   const std::string text = LayOut(file.text);
   formatting.isChanged = text != file.text;
   if (!formatting.isChanged || isCheck) return formatting;
   if (text.size() > korvel::kMaxTextSize) {
     return Failed(std::move(formatting), path,
-                  "would be longer than 65535 bytes, the most that a text can have");
+                  "would be longer than " + std::to_string(korvel::kMaxTextSize) +
+                      " bytes, the most that a text can have");
   }
   if (!WriteFile(path, text)) return Failed(std::move(formatting), path, "cannot be written");
   return formatting;

@@ -25,7 +25,7 @@ class ObjectFrame {
     // An item is only built at its keyword, so this is a group.
     if (!reader_.TakeKeyword(heading_.keyword)) return reader_.Refuse("", TextChoice::Class);
     errorCount_ = reader_.ErrorCount();
-    outer_ = reader_.Enter({heading_.name});
+    outer_ = reader_.Enter({Owner()});
     openParentheses_ = reader_.SetOpenParentheses(0);
     attributePlace_ = reader_.Place() - 1;
     return Continue(Read(reader_, reference_)) && reader_.NotePlace(begin);
@@ -75,12 +75,14 @@ class ObjectFrame {
   [[nodiscard]] bool NoteIfMissing(std::uint32_t index, const char* keyword) {
     const bool isWritten = (written_ >> index & 1) != 0;
     return isWritten || reader_.ErrorCount() != errorCount_ ||
-           reader_.NoteMissing({begin_, heading_.name, keyword});
+           reader_.NoteMissing({begin_, Owner(), keyword});
   }
 
  private:
+  // The class's keyword without its colon.
+  [[nodiscard]] const char* Owner() const { return heading_.keyword + 1; }
   // Enters an attribute, or the object itself.
-  void Enter(const char* keyword) { reader_.Enter({heading_.name, keyword, reference_.Number}); }
+  void Enter(const char* keyword) { reader_.Enter({Owner(), keyword, reference_.Number}); }
 
   TextReader& reader_;
   const ClassHeading& heading_;

@@ -55,7 +55,7 @@ std::string Joined(const Candidates& words) {
 }
 
 template <class Record> void AddAttributes(std::string_view className, Candidates& candidates) {
-  if (Description<Record>::heading.name != className) return;
+  if (Description<Record>::heading.keyword + 1 != className) return;
   ForEachWrittenAttribute<Record>(
       [&](const char* keyword, const Form& /*form*/) { candidates.emplace_back(keyword); });
 }
@@ -79,7 +79,7 @@ template <class AnyClasses> Candidates KeywordsOf(AnyClasses classes) {
 
 Candidates ClassesIn(const TextError& error) {
   if (*error.owner == 0) return KeywordsOf(Classes<Application, Scene>{});
-  const bool isStream = std::string_view(error.owner) == Description<Stream>::heading.name;
+  const bool isStream = std::string_view(error.owner) == Description<Stream>::heading.keyword + 1;
   return isStream ? KeywordsOf(ComponentClasses{}) : KeywordsOf(ItemClasses{});
 }
 

@@ -227,7 +227,7 @@ bool ExplainAttribute(const BerElement& element, const char* keyword, const char
   return element.content.Explain(&Refusal::expected, expected);
 }
 template <class Record> bool ExplainObject(const BerElement& element) {
-  element.content.Explain(&Refusal::owner, Description<Record>::heading.name);
+  element.content.Explain(&Refusal::owner, Description<Record>::heading.keyword + 1);
   element.content.Explain(&Refusal::part, "");
   return element.content.Explain(&Refusal::expected, "an attribute");
 }

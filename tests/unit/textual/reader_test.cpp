@@ -494,8 +494,8 @@ TEST(TextReader, missing_attributes_are_listed_but_do_not_fail) {
   EXPECT_EQ(reading.result, TextResult::Done);
   EXPECT_EQ(MissingOf(reading),
             "18 Link :EventSource\n18 Link :EventType\n18 Link :LinkEffect\n28 Text :OrigBoxSize\n"
-            "38 IntegerVariable :OrigValue\n54 TokenGroup :TokenGroupItems\n"
-            "70 ResidentProgram :Name\n87 Stream :Multiplex\n");
+            "38 IntegerVar :OrigValue\n54 TokenGroup :TokenGroupItems\n"
+            "70 ResidentPrg :Name\n87 Stream :Multiplex\n");
 }
 
 TEST(TextReader, missing_parameters_shorten_the_list_and_are_listed) {

@@ -10,6 +10,7 @@
 #include "mheg/check/carousel.h"
 #include "mheg/check/finding.h"
 #include "mheg/check/walk.h"
+#include "mheg/report_words.h"
 
 namespace mheg {
 
@@ -27,12 +28,12 @@ class CheckVisitor : public GroupVisitor {
   // Reports a fault of an attribute of the current object; of the object if the keyword is empty.
   void ReportAt(const char* keyword, Rule rule, std::string text, std::int32_t action = -1) const;
 
-  const Carousel& carousel_;
   // The object that the action names directly as its target; null if it is unknown or of none of
   // these classes.
   [[nodiscard]] const CheckedObject* TargetOf(const korvel::ElementaryAction& action,
                                               korvel::ClassSet classes) const;
 
+  const Carousel& carousel_;
   const CheckedGroup& group_;
 
  private:
@@ -65,15 +66,5 @@ void CheckTexts(const Carousel& carousel, const CheckedGroup& group, Findings& f
 
 // Whether a finding makes the check fail: any except a note.
 [[nodiscard]] bool IsFault(const Finding& finding);
-
-// The name of a class, for messages.
-[[nodiscard]] inline const char* ClassName(korvel::ItemType type) {
-  if (type == korvel::ItemType::Application) return "Application";
-  if (type == korvel::ItemType::Scene) return "Scene";
-  const char* name = "object";
-  korvel::VisitIngredientClass(
-      type, [&name]<class Record>() { name = korvel::Description<Record>::heading.name; });
-  return name;
-}
 
 }  // namespace mheg

@@ -13,7 +13,7 @@ class IdleCheck : public CheckVisitor {
 
   void VisitObject(ItemType type, const Ingredient& record) override {
     if (Contains(kIdleClasses, type)) {
-      return ReportAt("", Rule::IdleClass, std::string(ClassName(type)) + " has no effect");
+      return ReportAt("", Rule::IdleClass, ClassName(type) + " has no effect");
     }
     VisitIngredientClass(
         type, [&]<class Record>() { CheckAttributes(type, static_cast<const Record&>(record)); });

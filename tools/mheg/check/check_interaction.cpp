@@ -14,7 +14,7 @@ class InteractionCheck : public CheckVisitor {
     if (!Contains(kInteractibles, type) || May(Action::SetInteractionStatus)) return;
     if (type != ItemType::Slider) {
       return ReportAt("", Rule::NoInteraction,
-                      std::string(ClassName(type)) +
+                      ClassName(type) +
                           " never receives a key: no SetInteractionStatus begins its interaction");
     }
     // A slider may also show a value that actions set.

@@ -163,8 +163,7 @@ class LinkCheck : public CheckVisitor {
     const CheckedGroup* owner = carousel_.Find(group_, source.GroupIdentifier.View());
     const ItemType type = owner == nullptr ? ItemType::None : owner->ClassOf(source.Number);
     if (type == ItemType::None || Contains(sources, type)) return true;
-    ReportIdle(":EventType", Rule::ImpossibleEvent,
-               std::string(ClassName(type)) + " raises no " + word);
+    ReportIdle(":EventType", Rule::ImpossibleEvent, ClassName(type) + " raises no " + word);
     return false;
   }
   void CheckKey(std::int32_t key) {

@@ -16,8 +16,8 @@ constexpr bool kIsUsable = std::is_same_v<Field, bool> || std::is_same_v<Field, 
 
 class MissingCheck {
  public:
-  MissingCheck(std::int32_t object, const char* className, Findings& findings)
-      : object_(object), className_(className), findings_(findings) {}
+  MissingCheck(std::int32_t object, ItemType type, Findings& findings)
+      : object_(object), type_(type), findings_(findings) {}
 
   template <class Record> void Check(const Record& record) {
     const Record construction{};
@@ -33,11 +33,11 @@ class MissingCheck {
   void Check(const char* keyword, const Form& form, const Field& field, const Field& constructed) {
     if (!form.isRequired || kIsUsable<Field> || field != constructed) return;
     findings_.push_back(
-        {Rule::InvalidGroup, object_, {{}, std::string(className_) + " lacks " + keyword}});
+        {Rule::InvalidGroup, object_, {{}, ClassName(type_) + " lacks " + keyword}});
   }
 
   std::int32_t object_;
-  const char* className_;
+  ItemType type_;
   Findings& findings_;
 };
 
@@ -46,9 +46,9 @@ class MissingCheck {
 void CheckMissing(const Carousel& /*carousel*/, const CheckedGroup& group, Findings& findings) {
   if (group.file.form == GroupForm::Text) return;
   for (const auto& [number, object] : group.objects) {
-    VisitIngredientClass(object.type, [&, number = number, record = object.record]<class Record>() {
-      MissingCheck(number, Description<Record>::heading.name, findings)
-          .Check(static_cast<const Record&>(*record));
+    MissingCheck check(number, object.type, findings);
+    VisitIngredientClass(object.type, [&, record = object.record]<class Record>() {
+      check.Check(static_cast<const Record&>(*record));
     });
   }
 }

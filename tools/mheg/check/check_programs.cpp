@@ -66,7 +66,7 @@ class ProgramCheck : public CheckVisitor {
         IsReference(value)
             ? "object " + std::to_string(value.Reference.Number) + " is of class " + ClassName(type)
             : "the parameter is of another type";
-    ReportCall(row, std::string("wants ") + ClassName(wanted) + " for " + what + ", but " + given);
+    ReportCall(row, "wants " + ClassName(wanted) + " for " + what + ", but " + given);
   }
 
   void ReportCall(const ProgramRow& row, const std::string& text) {

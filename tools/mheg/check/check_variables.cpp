@@ -42,7 +42,7 @@ class VariableCheck : public CheckVisitor {
     const std::string given = isIndirect ? "object " + std::to_string(value->Reference.Number) +
                                                ", which is of class " + ClassName(source)
                                          : NameOf(kind);
-    Report(Rule::WrongType, std::string(isTest ? "compares " : "sets ") + ClassName(type) + " " +
+    Report(Rule::WrongType, (isTest ? "compares " : "sets ") + ClassName(type) + " " +
                                 std::to_string(action.Target.Reference.Number) +
                                 (isTest ? " with " : " to ") + given);
   }

@@ -3,7 +3,7 @@
 #include "mheg/graph/causes.h"
 
 #include "mheg/check/walk.h"
-#include "mheg/event_words.h"
+#include "mheg/report_words.h"
 
 namespace mheg {
 namespace {

@@ -114,15 +114,6 @@ const ReasonRow& RowOf(Reason reason) { return kReasons[static_cast<std::size_t>
 
 }  // namespace
 
-std::string ClassName(korvel::ItemType type) {
-  if (type == korvel::ItemType::Application) return "Application";
-  if (type == korvel::ItemType::Scene) return "Scene";
-  std::string name = "object";
-  korvel::VisitIngredientClass(
-      type, [&]<class Record>() { name = korvel::Description<Record>::heading.keyword + 1; });
-  return name;
-}
-
 std::string ClassNames(korvel::ClassSet classes) {
   std::vector<std::string> names;
   for (std::uint32_t type = 1; type < 64; ++type) {

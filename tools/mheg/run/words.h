@@ -6,14 +6,11 @@
 #include <string>
 #include <string_view>
 
-#include "mheg/event_words.h"
+#include "mheg/report_words.h"
 #include "objects/group.h"
 #include "objects/observer.h"
 
 namespace mheg {
-
-// The class's keyword without its colon: "IntegerVar"; "object" for None.
-[[nodiscard]] std::string ClassName(korvel::ItemType type);
 
 // The names of the classes: "TokenGroup or ListGroup".
 [[nodiscard]] std::string ClassNames(korvel::ClassSet classes);

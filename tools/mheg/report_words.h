@@ -1,4 +1,4 @@
-// The words for keys and events in reports.
+// The words for classes, keys and events in reports.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +7,9 @@
 #include "objects/vocabulary.h"
 
 namespace mheg {
+
+// The class's keyword without its colon: "IntegerVar"; "object" for None.
+[[nodiscard]] std::string ClassName(korvel::ItemType type);
 
 // "Red"; "key 55" for a number without a key.
 [[nodiscard]] std::string KeyName(std::int32_t key);

@@ -1,9 +1,19 @@
-// Keys have the names that scripts use for them.
-#include "mheg/event_words.h"
+// Classes and events have the words of the notation, keys the names that scripts use.
+#include "mheg/report_words.h"
 
 #include "mheg/key_names.h"
+#include "objects/class_tables.h"
 
 namespace mheg {
+
+std::string ClassName(korvel::ItemType type) {
+  if (type == korvel::ItemType::Application) return "Application";
+  if (type == korvel::ItemType::Scene) return "Scene";
+  std::string name = "object";
+  korvel::VisitIngredientClass(
+      type, [&]<class Record>() { name = korvel::Description<Record>::heading.keyword + 1; });
+  return name;
+}
 
 std::string KeyName(std::int32_t key) {
   for (const korvel::KeyRange& range : korvel::kKeyboard) {

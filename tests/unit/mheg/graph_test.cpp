@@ -112,13 +112,24 @@ TEST_F(GraphTool, graphviz_draws_the_graph) {
   EXPECT_NE(svg.find(">~/menu</text>"), std::string::npos);
   EXPECT_NE(svg.find(">start</text>"), std::string::npos);
   EXPECT_EQ(Call("graph . --format=svg").output, svg);
+  const std::string temporary = "TMPDIR='" + folder_.string() + "/a b' ";
+  fs::create_directory(folder_ / "a b");
+  EXPECT_EQ(Call("graph . --format=svg", temporary).output, svg);
+  EXPECT_TRUE(fs::is_empty(folder_ / "a b")) << "temporary files are removed";
 }
 
-TEST_F(GraphTool, an_svg_without_graphviz_is_an_error_that_names_it) {
-  const ToolOutcome run = Call("graph . --format svg -o graph.svg", "PATH=/nowhere ");
-  EXPECT_EQ(run.status, 1);
-  EXPECT_NE(run.output.find("Graphviz"), std::string::npos) << run.output;
-  EXPECT_FALSE(Exists("graph.svg"));
+TEST_F(GraphTool, an_svg_needs_graphviz_and_without_it_keeps_the_old_file) {
+  Write("graph.svg", "old");
+  // A dot that only knows its version.
+  fs::create_directory(folder_ / "bin");
+  Write("bin/dot", "#!/bin/sh\ntest $1 = -V\n");
+  fs::permissions(folder_ / "bin/dot", fs::perms::owner_all);
+  for (const std::string& path : {std::string("/nowhere"), (folder_ / "bin").string()}) {
+    const ToolOutcome run = Call("graph . --format svg -o graph.svg", "PATH='" + path + "' ");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.output.find("Graphviz"), std::string::npos) << run.output;
+    EXPECT_EQ(File("graph.svg"), "old");
+  }
 }
 
 TEST_F(GraphTool, groups_that_cannot_be_read_are_reported_and_the_others_drawn) {

@@ -4,9 +4,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <map>
+#include <random>
 #include <set>
 #include <string>
+#include <system_error>
 
 #include "mheg/batch.h"
 #include "mheg/check/carousel.h"
@@ -18,6 +21,7 @@
 namespace mheg {
 namespace {
 
+namespace fs = std::filesystem;
 using namespace korvel;
 
 std::string Quoted(std::string_view text) {
@@ -127,7 +131,7 @@ class CarouselGraph {
 };
 
 // The carousels with all their groups read. Adds the errors in them.
-std::vector<Carousel> Load(const std::vector<std::filesystem::path>& paths, Messages& messages) {
+std::vector<Carousel> Load(const std::vector<fs::path>& paths, Messages& messages) {
   Findings findings;
   std::vector<Carousel> carousels = FindCarousels(paths, findings);
   for (const Finding& finding : findings) messages.push_back(finding.message);
@@ -151,52 +155,45 @@ std::string GraphOf(const std::vector<Carousel>& carousels) {
   return text + "}\n";
 }
 
-#ifdef _WIN32
-constexpr const char* kTryDot = "dot -V >NUL 2>&1";
-std::FILE* Reopen(const std::filesystem::path& output, std::FILE* stream) {
-  return _wfreopen(output.c_str(), L"wb", stream);
-}
-#else
-constexpr const char* kTryDot = "dot -V >/dev/null 2>&1";
-std::FILE* _popen(const char* command, const char* mode) { return popen(command, mode); }
-int _pclose(std::FILE* pipe) { return pclose(pipe); }
-std::FILE* Reopen(const std::filesystem::path& output, std::FILE* stream) {
-  return std::freopen(output.c_str(), "wb", stream);
-}
-#endif
-
-// Graphviz writes to our standard output, which is the file already.
-bool Draw(const std::string& graph) {
-  std::fflush(stdout);
-  std::FILE* pipe = _popen("dot -Tsvg", "w");
-  if (pipe == nullptr) return false;
-  const bool isWritten = std::fputs(graph.c_str(), pipe) >= 0;
-  return _pclose(pipe) == 0 && isWritten;
-}
-
-bool Fail(const char* reason) {
-  std::fprintf(stderr, "mheg: %s\n", reason);
-  return false;
+// The picture that Graphviz draws of a graph, as SVG; empty if that fails. Graphviz reports errors
+// itself. It runs in a temporary folder, so that its command holds no path, which may need quotes.
+std::string Draw(const std::string& graph) {
+  std::error_code problem;
+  const fs::path before = fs::current_path(problem);
+  const std::string name = "mheg-" + std::to_string(std::random_device()());
+  const fs::path folder = fs::temp_directory_path(problem) / name;
+  fs::create_directory(folder, problem);
+  fs::current_path(folder, problem);
+  std::string svg;
+  if (!problem && WriteFile("graph.dot", graph) &&
+      std::system("dot -Tsvg -o graph.svg graph.dot") == 0) {
+    std::ifstream stream("graph.svg", std::ios::binary);
+    svg.assign(std::istreambuf_iterator<char>(stream), {});
+  }
+  fs::current_path(before, problem);
+  fs::remove_all(folder, problem);
+  return svg;
 }
 
 }  // namespace
 
-bool PrintGraph(const std::vector<std::filesystem::path>& paths, GraphForm form,
-                const std::filesystem::path& output) {
-  const bool isDrawn = form == GraphForm::Svg;
-  if (isDrawn && std::system(kTryDot) != 0) {
-    return Fail(
-        "SVG needs the program dot of Graphviz, which was not found; --format=dot does not");
-  }
+bool PrintGraph(const std::vector<fs::path>& paths, GraphForm form, const fs::path& output) {
   Messages messages;
-  const std::string graph = GraphOf(Load(paths, messages));
+  std::string graph = GraphOf(Load(paths, messages));
   Print(messages, stderr);
-  if (!output.empty() && Reopen(output, stdout) == nullptr) {
+  if (form == GraphForm::Svg) graph = Draw(graph);
+  if (graph.empty()) {
+    std::fputs("mheg: SVG needs the program dot of Graphviz, which failed or was not found; "
+               "--format=dot does not\n",
+               stderr);
+    return false;
+  }
+  if (output.empty()) {
+    std::fputs(graph.c_str(), stdout);
+  } else if (!WriteFile(output, graph)) {
     Print({{output, "cannot be written"}}, stderr);
     return false;
   }
-  if (isDrawn && !Draw(graph)) return Fail("dot failed");
-  if (!isDrawn) std::fputs(graph.c_str(), stdout);
   return messages.empty();
 }
 

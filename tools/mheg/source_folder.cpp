@@ -75,6 +75,6 @@ BroadcastFiles FindBroadcastFiles(const fs::path& folder, Messages& messages) {
   return files;
 }
 
-bool IsText(const fs::path& file) { return file.extension() == ".mheg"; }
+bool IsText(const fs::path& file) { return file.extension() == kTextExtension; }
 
 }  // namespace mheg

@@ -3,11 +3,15 @@
 
 #include <filesystem>
 #include <map>
+#include <string_view>
 #include <vector>
 
 #include "mheg/message.h"
 
 namespace mheg {
+
+// The extension of texts.
+inline constexpr std::string_view kTextExtension = ".mheg";
 
 // Whether links to folders are followed.
 enum class FolderLinks { Followed, Skipped };

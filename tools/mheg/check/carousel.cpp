@@ -13,7 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kTextExtension = ".mheg";
 constexpr const char* kStartUpNames[] = {"a", "startup"};
 
 // False if the path cannot be queried, for example because it is too long.
@@ -41,7 +40,7 @@ bool HasStartUpApplication(const fs::path& folder) {
 // A BER group begins with the tag of an application or a scene. Returns true if the file cannot be
 // read: loading it then reports the error.
 bool IsGroupFile(const fs::path& path) {
-  if (path.extension() == kTextExtension) return true;
+  if (IsText(path)) return true;
   std::ifstream stream(path, std::ios::binary);
   const int first = stream.get();
   return !stream.is_open() || stream.bad() || first == 0xA0 || first == 0xA1;
@@ -129,7 +128,7 @@ void Carousel::EndLoading() {
 
 bool Carousel::IsStartUp(const CheckedGroup& group) const {
   fs::path name = group.file.path.filename();
-  if (name.extension() == kTextExtension) name.replace_extension();
+  if (IsText(name)) name.replace_extension();
   return korvel::IsApplication(group.file.group) &&
          std::any_of(std::begin(kStartUpNames), std::end(kStartUpNames),
                      [&](const char* startUp) { return name == startUp; });

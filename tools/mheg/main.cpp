@@ -13,6 +13,7 @@
 #include "mheg/format/format.h"
 #include "mheg/graph/graph.h"
 #include "mheg/group_file.h"
+#include "mheg/manual/manual.h"
 #include "mheg/new/new.h"
 #include "mheg/options.h"
 #include "mheg/path_text.h"
@@ -95,6 +96,7 @@ int CarryOut(const mheg::Options& options) {
     isGood = mheg::PrintGraph(options.inputs, options.graphForm, options.output);
     break;
   case mheg::Command::Run: return mheg::Run(options.run);
+  case mheg::Command::Manual: isGood = mheg::WriteManual(options.output); break;
   }
   return isGood ? 0 : mheg::kBadInput;
 }

@@ -4,20 +4,18 @@
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
-#include <map>
 #include <set>
 #include <system_error>
+#include <utility>
 
-#include "mheg/manual/manual.h"
 #include "mheg/path_options.h"
 #include "mheg/path_text.h"
+#include "mheg/source_folder.h"
 
 namespace mheg {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* kTextExtension = ".mheg";
 
 CLI::App* AddCommand(CLI::App& app, Command command, const char* name, const char* description,
                      Options& options) {
@@ -39,8 +37,99 @@ void AddOutput(CLI::App& command, Options& options) {
 }
 
 void AddJobs(CLI::App& command, Options& options) {
-  command.add_option("-j,--jobs", options.jobs, "Files to work on at once; 0: one a processor")
+  command.add_option("-j,--jobs", options.jobs, "Files to work on at once; 0: one per processor")
       ->capture_default_str();
+}
+
+// Makes the option accept these words, each for a value.
+template <class Value>
+void SetChoice(CLI::Option* option, const std::vector<std::pair<std::string, Value>>& values) {
+  std::string words;
+  for (const auto& [word, value] : values) words += (words.empty() ? "" : "|") + word;
+  option->transform(CLI::CheckedTransformer(values).description(""))->type_name(words);
+}
+
+// ---- The commands ----
+
+void AddCompile(CLI::App& app, Options& options) {
+  CLI::App* command = AddCommand(app, Command::Compile, "compile",
+                                 "Text to the BER form that is broadcast", options);
+  AddInputs(*command, "IN", "Groups in the textual notation", options);
+  AddOutput(*command, options);
+  AddJobs(*command, options);
+}
+
+void AddDecompile(CLI::App& app, Options& options) {
+  CLI::App* command = AddCommand(app, Command::Decompile, "decompile", "BER to text", options);
+  AddInputs(*command, "IN", "Groups in their BER form", options);
+  AddOutput(*command, options);
+  AddJobs(*command, options);
+}
+
+void AddDump(CLI::App& app, Options& options) {
+  CLI::App* command = AddCommand(app, Command::Dump, "dump",
+                                 "Prints every record of a group, as an indented tree", options);
+  AddInputs(*command, "IN", "Groups in either form", options);
+}
+
+void AddCheck(CLI::App& app, Options& options) {
+  CLI::App* command = AddCommand(app, Command::Check, "check",
+                                 "Reports faults that the engine would ignore silently", options);
+  AddInputs(*command, "PATH", "Groups in either form, and folders with them", options);
+  SetChoice<ReportForm>(
+      command->add_option("--format", options.reportForm, "Form of the report")
+          ->default_str("text"),
+      {{"text", ReportForm::Text}, {"json", ReportForm::Json}, {"sarif", ReportForm::Sarif}});
+  command
+      ->add_option("--ignore", options.ignoredRules,
+                   "Name of a rule whose findings are omitted; repeatable")
+      ->option_text("RULE")
+      ->expected(1)
+      ->take_all()
+      ->check([](const std::string& name) {
+        return FindRule(name) == nullptr ? "there is no rule " + name : std::string();
+      });
+  AddJobs(*command, options);
+}
+
+void AddFormat(CLI::App& app, Options& options) {
+  CLI::App* command =
+      AddCommand(app, Command::Format, "format",
+                 "Lays out texts as decompile does, and keeps their comments", options);
+  AddInputs(*command, "PATH", "Texts, and folders with them", options);
+  command->add_flag("--check", options.isCheckOnly,
+                    "Change nothing; list the files that would change");
+  AddJobs(*command, options);
+}
+
+void AddBuild(CLI::App& app, Options& options) {
+  CLI::App* command = AddCommand(app, Command::Build, "build",
+                                 "Compiles, checks and copies a folder to a carousel", options);
+  AddPaths(*command, "SRC", options.inputs, "Folder with texts and other files")
+      ->required()
+      ->check(IsExistingFolder())
+      ->expected(1);
+  AddPath(*command, "-o,--output", options.output, "Folder of the carousel")->required();
+  command->add_flag("--watch", options.isWatching,
+                    "Build again after each change, until interrupted");
+  AddJobs(*command, options);
+}
+
+void AddNew(CLI::App& app, Options& options) {
+  CLI::App* command =
+      AddCommand(app, Command::New, "new", "Makes a small application to begin with", options);
+  AddPath(*command, "DIR", options.output, "Folder, which must not exist or be empty")->required();
+}
+
+void AddGraph(CLI::App& app, Options& options) {
+  CLI::App* command =
+      AddCommand(app, Command::Graph, "graph",
+                 "Draws scenes and the keys that lead from one to another", options);
+  AddInputs(*command, "PATH", "Folders with groups in either form, and such files", options);
+  AddPath(*command, "-o,--output", options.output, "File to write instead of the standard output");
+  SetChoice<GraphForm>(
+      command->add_option("--format", options.graphForm, "SVG needs Graphviz")->default_str("dot"),
+      {{"dot", GraphForm::Dot}, {"svg", GraphForm::Svg}});
 }
 
 void AddRun(CLI::App& app, Options& options) {
@@ -59,30 +148,21 @@ void AddRun(CLI::App& app, Options& options) {
   command->add_option("--missing", run.missing, "File that the engine does not find; repeatable")
       ->expected(1)
       ->take_all();
-  const std::map<std::string, TraceForm> forms{{"text", TraceForm::Text},
-                                               {"json", TraceForm::Json}};
-  command->add_flag("--trace{text}", run.trace, "Prints every event, link, action and value")
-      ->transform(CLI::CheckedTransformer(forms).description(""))
-      ->type_name("text|json");
+  SetChoice<TraceForm>(
+      command->add_flag("--trace{text}", run.trace, "Prints every event, link, action and value"),
+      {{"text", TraceForm::Text}, {"json", TraceForm::Json}});
   command->add_flag("--scene-graph", run.showsSceneGraph, "Prints the display stack at the end");
 }
 
-void AddReport(CLI::App& command, Options& options) {
-  const std::map<std::string, ReportForm> forms{
-      {"text", ReportForm::Text}, {"json", ReportForm::Json}, {"sarif", ReportForm::Sarif}};
-  command.add_option("--format", options.reportForm, "Form of the report: text, json or sarif")
-      ->transform(CLI::CheckedTransformer(forms))
-      ->option_text("FORM");
-  command
-      .add_option("--ignore", options.ignoredRules,
-                  "Name of a rule whose findings are omitted; repeatable")
-      ->option_text("RULE")
-      ->expected(1)
-      ->take_all()
-      ->check([](const std::string& name) {
-        return FindRule(name) == nullptr ? "there is no rule " + name : std::string();
-      });
+// For packages only, so it is not listed.
+void AddManual(CLI::App& app, Options& options) {
+  CLI::App* command =
+      AddCommand(app, Command::Manual, "manual", "Writes the manual page and completions", options);
+  command->group("");
+  AddPath(*command, "DIR", options.output, "")->required();
 }
+
+// ---- Outputs that would destroy inputs ----
 
 // An output path that ends in a separator names a folder, which may not exist yet.
 bool IsFolder(const fs::path& output) {
@@ -134,95 +214,43 @@ fs::path OutputFor(const fs::path& input, const Options& options) {
   fs::path name = input.filename();
   if (options.command == Command::Decompile) {
     name += kTextExtension;
-  } else if (name.extension() == kTextExtension) {
+  } else if (IsText(name)) {
     name.replace_extension();
   }
   return options.output / name;
 }
 
-std::optional<int> ReadCommandLine(const std::vector<std::string>& arguments, Options& options) {
-  Options given;
-  CLI::App app("Compiles, decompiles, prints, checks and plays MHEG-5 groups.", "mheg");
+void Describe(CLI::App& app, Options& options) {
+  app.name("mheg");
+  app.description("Compiles, decompiles, prints, checks and plays MHEG-5 groups.");
   app.allow_windows_style_options(false);  // "/x" is a path, as on every other platform
   app.set_version_flag("--version", "mheg " TOOL_VERSION);
   app.require_subcommand(1);
-
-  CLI::App* compile =
-      AddCommand(app, Command::Compile, "compile", "Text to the BER form that is broadcast", given);
-  AddInputs(*compile, "IN", "Groups in the textual notation", given);
-  AddOutput(*compile, given);
-  AddJobs(*compile, given);
-
-  CLI::App* decompile = AddCommand(app, Command::Decompile, "decompile", "BER to text", given);
-  AddInputs(*decompile, "IN", "Groups in their BER form", given);
-  AddOutput(*decompile, given);
-  AddJobs(*decompile, given);
-
-  CLI::App* dump = AddCommand(app, Command::Dump, "dump",
-                              "Prints every record of a group, as an indented tree", given);
-  AddInputs(*dump, "IN", "Groups in either form", given);
-
-  CLI::App* check = AddCommand(app, Command::Check, "check",
-                               "Reports faults that the engine would ignore silently", given);
-  AddInputs(*check, "PATH", "Groups in either form, and folders with them", given);
-  AddReport(*check, given);
-  AddJobs(*check, given);
-
-  CLI::App* format =
-      AddCommand(app, Command::Format, "format",
-                 "Lays out texts as decompile does, and keeps their comments", given);
-  AddInputs(*format, "PATH", "Texts, and folders with them", given);
-  format->add_flag("--check", given.isCheckOnly,
-                   "Change nothing; list the files that would change");
-  AddJobs(*format, given);
-
-  CLI::App* build = AddCommand(app, Command::Build, "build",
-                               "Compiles, checks and copies a folder to a carousel", given);
-  AddPaths(*build, "SRC", given.inputs, "Folder with texts and other files")
-      ->required()
-      ->check(IsExistingFolder())
-      ->expected(1);
-  AddPath(*build, "-o,--output", given.output, "Folder of the carousel")->required();
-  build->add_flag("--watch", given.isWatching, "Build again after each change, until interrupted");
-  AddJobs(*build, given);
-
-  CLI::App* made =
-      AddCommand(app, Command::New, "new", "Makes a small application to begin with", given);
-  AddPath(*made, "DIR", given.output, "Folder, which must not exist or be empty")->required();
-
-  CLI::App* graph = AddCommand(app, Command::Graph, "graph",
-                               "Draws scenes and the keys that lead from one to another", given);
-  AddInputs(*graph, "PATH", "Folders with groups in either form, and such files", given);
-  AddPath(*graph, "-o,--output", given.output, "File to write instead of the standard output");
-  graph->add_option("--format", given.graphForm, "SVG needs Graphviz")
-      ->transform(CLI::CheckedTransformer(std::map<std::string, GraphForm>{{"dot", GraphForm::Dot},
-                                                                           {"svg", GraphForm::Svg}})
-                      .description(""))
-      ->type_name("dot|svg")
-      ->default_str("dot");
-
-  AddRun(app, given);
+  for (const auto add : {AddCompile, AddDecompile, AddDump, AddCheck, AddFormat, AddBuild, AddNew,
+                         AddGraph, AddRun, AddManual}) {
+    add(app, options);
+  }
   app.footer(
       "The exit status is 0 on success, 1 if a file is invalid, has faults, or cannot be read "
       "or written, and 2 for wrong arguments.");
+}
 
-  fs::path manualFolder;
-  CLI::App* manual = app.add_subcommand("manual", "Writes the manual page and completions");
-  manual->group("");  // for packages only, so it is not listed
-  AddPath(*manual, "DIR", manualFolder, "")->required();
-
+std::optional<int> ReadCommandLine(const std::vector<std::string>& arguments, Options& options) {
+  Options given;
+  CLI::App app;
+  Describe(app, given);
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
-    const bool hasOutputs = *compile || *decompile;
+    const bool hasOutputs =
+        given.command == Command::Compile || given.command == Command::Decompile;
     if (hasOutputs) RefuseOutputsThatClash(given);
-    if (*build) RefuseFolderWithin(given.output, given.inputs.front());
+    if (given.command == Command::Build) RefuseFolderWithin(given.output, given.inputs.front());
   } catch (const CLI::Success& help) {
     return app.exit(help);
   } catch (const CLI::ParseError& mistake) {
     std::fprintf(stderr, "mheg: %s\n", mistake.what());
     return kWrongUse;
   }
-  if (*manual) return WriteManual(app, manualFolder) ? 0 : kBadInput;
   options = given;
   return std::nullopt;
 }

@@ -11,13 +11,17 @@
 #include "mheg/graph/graph.h"
 #include "mheg/run/trace_line.h"
 
+namespace CLI {
+class App;
+}
+
 namespace mheg {
 
 // The exit statuses of the tool; 0 means that every file was good. Notes of the check do not count.
 inline constexpr int kBadInput = 1;  // not a group, has faults, or cannot be read or written
 inline constexpr int kWrongUse = 2;  // wrong arguments
 
-enum class Command { Compile, Decompile, Dump, Check, Format, Build, New, Graph, Run };
+enum class Command { Compile, Decompile, Dump, Check, Format, Build, New, Graph, Run, Manual };
 
 struct RunOptions {
   std::filesystem::path carousel;
@@ -36,8 +40,8 @@ struct RunOptions {
 struct Options {
   Command command = Command::Compile;
   std::vector<std::filesystem::path> inputs;
-  // Compile and Decompile: a file or a folder. Build and New: a folder. Graph: a file; empty: the
-  // standard output.
+  // Compile and Decompile: a file or a folder. Build, New and Manual: a folder. Graph: a file;
+  // empty: the standard output.
   std::filesystem::path output;
   unsigned jobs = 0;         // number of threads; 0: one per processor
   bool isCheckOnly = false;  // Format only: changes no file
@@ -52,6 +56,10 @@ struct Options {
 // input's name, without ".mheg" when compiling and with ".mheg" added when decompiling.
 [[nodiscard]] std::filesystem::path OutputFor(const std::filesystem::path& input,
                                               const Options& options);
+
+// Adds the commands and options to an empty description of a command line. Parsing with it writes
+// to `options`, which is borrowed.
+void Describe(CLI::App& app, Options& options);
 
 // Reads the arguments, without the name of the program. Returns an exit status if the program must
 // end: after --help, or after reporting wrong arguments.

@@ -68,12 +68,15 @@ TEST_F(Manual, bash_completes_commands_options_and_words) {
   EXPECT_EQ(Completions("mheg build --w"), "--watch\n");
   EXPECT_EQ(Completions("mheg graph . --format s"), "svg\n");
   EXPECT_EQ(Completions("mheg graph . --format ''"), "dot svg\n");
+  EXPECT_EQ(Completions("mheg check . --format ''"), "text json sarif\n");
   EXPECT_EQ(Completions("mheg dump --w"), "\n");
   EXPECT_EQ(Completions("mheg build x"), "\n") << "files are completed by bash itself";
 }
 
 TEST_F(Manual, a_folder_that_cannot_be_written_is_an_error) {
-  EXPECT_EQ(Call("manual /dev/null/x").status, 1);
+  const ToolOutcome run = Call("manual /dev/null/x");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.output, "/dev/null/x/share/man/man1/mheg.1: cannot be written\n");
 }
 
 }  // namespace

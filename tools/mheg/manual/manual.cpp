@@ -6,6 +6,8 @@
 #include <system_error>
 #include <vector>
 
+#include "mheg/message.h"
+#include "mheg/options.h"
 #include "mheg/write_file.h"
 #include "objects/vocabulary.h"
 
@@ -119,8 +121,7 @@ std::string WordCases(const CLI::App& command) {
   return cases;
 }
 
-}  // namespace
-
+// A page for `man`, with all commands that --help lists.
 std::string ManualPage(const CLI::App& app) {
   std::string page = ".TH MHEG 1 \"\" \"mheg " TOOL_VERSION "\" \"User Commands\"\n"
                      ".SH NAME\nmheg \\- tool for authors of MHEG\\-5 applications\n"
@@ -138,6 +139,7 @@ std::string ManualPage(const CLI::App& app) {
   return page + ".SH EXIT STATUS\n" + Escaped(app.get_footer()) + "\n";
 }
 
+// A script for bash that completes commands, options, their words, and files.
 std::string BashCompletions(const CLI::App& app) {
   std::vector<std::string> names;
   std::string options;
@@ -174,14 +176,22 @@ std::string BashCompletions(const CLI::App& app) {
          "complete -o bashdefault -o default -F _mheg mheg\n";
 }
 
-bool WriteManual(const CLI::App& app, const fs::path& folder) {
-  const fs::path page = folder / "share/man/man1/mheg.1";
-  const fs::path completions = folder / "share/bash-completion/completions/mheg";
+bool Write(const fs::path& file, const std::string& text) {
   std::error_code problem;
-  for (const fs::path& file : {page, completions}) {
-    fs::create_directories(file.parent_path(), problem);
-  }
-  return WriteFile(page, ManualPage(app)) && WriteFile(completions, BashCompletions(app));
+  fs::create_directories(file.parent_path(), problem);
+  if (WriteFile(file, text)) return true;
+  Print({{file, "cannot be written"}}, stderr);
+  return false;
+}
+
+}  // namespace
+
+bool WriteManual(const fs::path& folder) {
+  CLI::App app;
+  Options ignored;
+  Describe(app, ignored);
+  return Write(folder / "share/man/man1/mheg.1", ManualPage(app)) &&
+         Write(folder / "share/bash-completion/completions/mheg", BashCompletions(app));
 }
 
 }  // namespace mheg

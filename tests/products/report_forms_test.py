@@ -58,6 +58,11 @@ def of_sarif(paths):
 
 
 class ReportForms(unittest.TestCase):
+    def test_sarif_has_the_version_of_the_tool(self):
+        driver = json.loads(report("sarif", "faulty"))["runs"][0]["tool"]["driver"]
+        version = subprocess.run([sys.argv[1], "--version"], stdout=subprocess.PIPE, check=True)
+        self.assertEqual(f"mheg {driver['semanticVersion']}\n", version.stdout.decode())
+
     def test_all_forms_have_the_same_findings(self):
         findings = of_text(["faulty"])
         self.assertGreater(len(findings), 20)

@@ -73,8 +73,9 @@ std::string SarifResult(const Finding& finding) {
 }
 
 std::string SarifReport(const Findings& findings) {
-  const std::string driver =
-      JsonObject({{"name", JsonString("mheg check")}, {"rules", JsonArray(kRules, SarifRule)}});
+  const std::string driver = JsonObject({{"name", JsonString("mheg check")},
+                                         {"semanticVersion", JsonString(TOOL_VERSION)},
+                                         {"rules", JsonArray(kRules, SarifRule)}});
   const std::string run = JsonObject({{"tool", JsonObject({{"driver", driver}})},
                                       {"columnKind", JsonString("unicodeCodePoints")},
                                       {"results", JsonArray(findings, SarifResult)}});

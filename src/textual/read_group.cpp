@@ -45,7 +45,7 @@ class ObjectFrame {
     attributeBit_ <<= 1;
     if (isKnown_ || !reader_.IsAtKeyword(keyword)) return false;
     isKnown_ = true;
-    if ((written_ & bit) != 0) return reader_.Refuse("each attribute only once");
+    if ((written_ & bit) != 0) return reader_.RefuseRepeated(keyword);
     written_ |= bit;
     Enter(keyword);
     if (!reader_.NotePlace(reader_.Next())) return false;

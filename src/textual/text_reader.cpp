@@ -20,15 +20,26 @@ void TextReader::Skip() {
   ++place_;
 }
 
-bool TextReader::Refuse(const char* expected, TextChoice choice, Words words) {
+bool TextReader::Refuse(const char* expected, TextChoice choice, Words words, std::uint32_t first) {
   ReportProblems();
   const bool isReported = refusedPlace_ != SIZE_MAX && place_ <= refusedPlace_;
   if (report_ == nullptr || isReported) return false;
   refusedPlace_ = place_;
   const Token& token = Next();
-  AddError(
-      {token.offset, token.length, construct_.owner, construct_.part, expected, choice, words});
+  AddError({token.offset, token.length, construct_.owner, construct_.part, expected, choice, words,
+            first});
   return false;
+}
+
+bool TextReader::RefuseRepeated(const char* keyword) {
+  std::uint32_t first = 0;
+  for (std::size_t i = report_ == nullptr ? 0 : report_->places.Size(); i > 0 && first == 0; --i) {
+    const SourcePlace& place = report_->places[i - 1];
+    const bool isFirst = place.object == construct_.object && place.action < 0 &&
+                         std::string_view(place.keyword) == keyword;
+    if (isFirst) first = place.offset;
+  }
+  return Refuse("each attribute only once", TextChoice::None, {}, first);
 }
 
 bool TextReader::RefuseForMemory() {

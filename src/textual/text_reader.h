@@ -65,7 +65,10 @@ class TextReader {
 
   // Records that the next token is wrong and what was expected in its place. Always returns false,
   // for the caller to return.
-  bool Refuse(const char* expected, TextChoice choice = TextChoice::None, Words words = {});
+  bool Refuse(const char* expected, TextChoice choice = TextChoice::None, Words words = {},
+              std::uint32_t first = 0);
+  // The same for an attribute that the object already has.
+  bool RefuseRepeated(const char* keyword);
   bool RefuseForMemory();
 
   // Like the next two, returns false if memory runs out.

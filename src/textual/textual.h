@@ -49,7 +49,8 @@ struct TextError {
   const char* part = "";   // the attribute's keyword, or empty
   const char* expected = "";  // in words; may be empty if one of the next two is not
   TextChoice choice = TextChoice::None;
-  Words words{};  // exactly these words
+  Words words{};            // exactly these words
+  std::uint32_t first = 0;  // of a repeated attribute: the offset of the first one; otherwise 0
 };
 
 // The maximum number of errors in a report. Reading ends with the last one.

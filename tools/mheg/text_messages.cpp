@@ -146,6 +146,11 @@ std::string Hint(std::string_view found, const Candidates& candidates) {
 }
 
 // ---- Messages ----
+std::string AfterFirst(std::string_view text, const TextError& error) {
+  if (error.first == 0) return "";
+  return " (the first one is in line " + std::to_string(PlaceInText(text, error.first).line) + ")";
+}
+
 
 std::string In(const TextError& error) {
   const std::string owner = error.owner;
@@ -158,7 +163,7 @@ std::string Explained(std::string_view text, const TextError& error) {
   const Candidates candidates = CandidatesFor(error);
   const std::string hint = Hint(found, candidates);
   return In(error) + "found " + Shown(found) + ", expected " +
-         Expected(error, candidates, !hint.empty()) + hint;
+         Expected(error, candidates, !hint.empty()) + hint + AfterFirst(text, error);
 }
 
 std::string Explained(const MissingPart& part) {

@@ -33,7 +33,7 @@ using Messages = std::vector<Message>;
 // The message on one line: "menu.mheg:12:20: Text lacks :OrigBoxSize".
 [[nodiscard]] std::string OneLine(const Message& message);
 
-// The number of characters of UTF-8. Bytes that are no UTF-8 count as the columns of messages do.
+// The number of characters of UTF-8. Invalid bytes count as in the columns of messages.
 [[nodiscard]] std::size_t CharacterCount(std::string_view text);
 
 // Prints each message and its excerpt. A terminal shows the place in bold and the marks in colour,

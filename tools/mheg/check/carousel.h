@@ -66,7 +66,7 @@ class Carousel {
   // The class of an object that the group `from` refers to; None if it or its group is unknown.
   [[nodiscard]] korvel::ItemType ClassOf(const CheckedGroup& from,
                                          const korvel::ObjectReference& reference) const;
-  // The object itself, as far as it is no group; null if it is unknown.
+  // The object itself; null if it is unknown or a group.
   [[nodiscard]] const CheckedObject* FindObject(const CheckedGroup& from,
                                                 const korvel::ObjectReference& reference) const;
 

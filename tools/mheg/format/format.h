@@ -7,7 +7,7 @@
 namespace mheg {
 
 // Lays out these texts and those in these folders and their subfolders, on `jobs` threads (0: one
-// per processor). A file that is laid out already is not written, and one with errors neither. With
+// per processor). Files that are already laid out, or have errors, are not written. With
 // `isCheck`, lists the files that are not laid out on standard output, and writes none. Returns
 // whether all texts are laid out.
 [[nodiscard]] bool Format(const std::vector<std::filesystem::path>& paths, bool isCheck,

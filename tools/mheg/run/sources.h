@@ -19,7 +19,7 @@ class Sources {
  public:
   // The engine has read a file that was compiled from a text.
   void FileRead(const CarouselFile& file) { latest_[file.group] = &file; }
-  // A group has become current: it is that of the last file with its name.
+  // A group has become current. Its text is the last file read with that group name.
   void GroupStarted(const korvel::Group& group);
 
   [[nodiscard]] Source Of(const korvel::Ingredient& object) const;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "objects/vocabulary.h"
+#include "textual/textual.h"
 
 namespace korvel {
 namespace {
@@ -91,7 +92,7 @@ class Lexer {
   [[nodiscard]] bool AddInvalidByte() {
     list_.isValid = false;
     std::size_t end = position_ + 1;
-    while (end < text_.size() && (static_cast<unsigned char>(text_[end]) & 0xC0) == 0x80) ++end;
+    while (end < text_.size() && !BeginsCharacter(text_[end])) ++end;
     return Add(kUnknown, end);
   }
 

@@ -214,8 +214,7 @@ TextResult Explain(std::string_view text, LexMode mode, OwnedGroup& group, TextR
 TextPlace PlaceInText(std::string_view text, std::size_t offset, TextPlace begin) {
   TextPlace place = begin;
   for (const char c : text.substr(0, offset)) {
-    const bool beginsCharacter = (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-    if (beginsCharacter) ++place.column;
+    if (BeginsCharacter(c)) ++place.column;
     if (c == '\n') place = {place.line + 1, 1};
   }
   return place;

@@ -16,7 +16,6 @@ std::size_t CharacterLength(char first) {
   return byte >= 0xF0 && byte < 0xF5 ? 4 : 0;
 }
 
-bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 bool IsControl(char c) { return static_cast<unsigned char>(c) < 32 || c == 127; }
 
 // Whether the bytes are UTF-8 text without control bytes.
@@ -25,7 +24,7 @@ bool IsPlainText(std::string_view bytes) {
     const std::size_t length = CharacterLength(bytes[i]);
     if (length == 0 || length > bytes.size() - i || IsControl(bytes[i])) return false;
     for (std::size_t k = 1; k < length; ++k) {
-      if (!IsContinuation(bytes[i + k])) return false;
+      if (BeginsCharacter(bytes[i + k])) return false;
     }
     i += length;
   }

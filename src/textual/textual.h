@@ -32,6 +32,11 @@ struct TextPlace {
   std::uint32_t column = 0;
 };
 
+// Whether a byte begins a character of UTF-8. Other bytes continue one.
+[[nodiscard]] constexpr bool BeginsCharacter(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+}
+
 // Which words were possible at a place, if they follow from the tables of classes and actions.
 enum class TextChoice : std::uint8_t {
   None,

@@ -10,22 +10,10 @@
 #include <thread>
 #include <vector>
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
+#include "mheg/message.h"
 
 namespace mheg {
 namespace {
-
-bool IsTerminal() {
-#ifdef _WIN32
-  return _isatty(_fileno(stderr)) != 0;
-#else
-  return isatty(STDERR_FILENO) != 0;
-#endif
-}
 
 class Batch {
  public:
@@ -55,7 +43,7 @@ class Batch {
   void ShowProgress() {
     constexpr auto kPatience = std::chrono::seconds(1);
     constexpr auto kStep = std::chrono::milliseconds(100);
-    const bool isShown = IsTerminal();
+    const bool isShown = IsTerminal(stderr);
     int width = 0;  // of the progress line, including its carriage return
     std::unique_lock lock(guard_);
     change_.wait_for(lock, kPatience, [this] { return finished_ == count_; });

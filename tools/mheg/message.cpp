@@ -20,7 +20,6 @@ namespace {
 constexpr std::size_t kMostCharacters = 100;       // of an excerpt
 constexpr std::size_t kCharactersBeforeMark = 60;  // if it is cut
 
-bool BeginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }
 bool IsControl(char c) { return static_cast<unsigned char>(c) < 32 || c == 127; }
 
 std::string_view LineOf(std::string_view text, std::uint32_t line) {
@@ -34,7 +33,7 @@ std::string_view Characters(std::string_view text, std::size_t begin, std::size_
   const auto skip = [&](std::size_t characters) {
     for (; characters > 0 && offset < text.size(); --characters) {
       do ++offset;
-      while (offset < text.size() && !BeginsCharacter(text[offset]));
+      while (offset < text.size() && !korvel::BeginsCharacter(text[offset]));
     }
     return offset;
   };
@@ -44,19 +43,19 @@ std::string_view Characters(std::string_view text, std::size_t begin, std::size_
 
 #ifdef _WIN32
 // The console interprets escape sequences only if asked to.
-bool IsTerminal(std::FILE* stream) {
+bool AcceptsColours(std::FILE* stream) {
   const auto console = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
   DWORD mode = 0;
   return GetConsoleMode(console, &mode) != 0 &&
          SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 #else
-bool IsTerminal(std::FILE* stream) { return isatty(fileno(stream)) != 0; }
+bool AcceptsColours(std::FILE* stream) { return IsTerminal(stream); }
 #endif
 
 bool IsColoured(std::FILE* stream) {
   const char* refusal = std::getenv("NO_COLOR");
-  return (refusal == nullptr || *refusal == 0) && IsTerminal(stream);
+  return (refusal == nullptr || *refusal == 0) && AcceptsColours(stream);
 }
 
 std::string PlaceOf(const Message& message) {
@@ -81,8 +80,16 @@ void PrintOne(const Message& message, bool isColoured, std::FILE* stream) {
 
 }  // namespace
 
+bool IsTerminal(std::FILE* stream) {
+#ifdef _WIN32
+  return _isatty(_fileno(stream)) != 0;
+#else
+  return isatty(fileno(stream)) != 0;
+#endif
+}
+
 std::size_t CharacterCount(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), BeginsCharacter));
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), korvel::BeginsCharacter));
 }
 
 Excerpt ExcerptAt(std::string_view text, korvel::TextPlace place, std::size_t length) {

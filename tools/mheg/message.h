@@ -36,6 +36,8 @@ using Messages = std::vector<Message>;
 // The number of characters of UTF-8. Invalid bytes count as in the columns of messages.
 [[nodiscard]] std::size_t CharacterCount(std::string_view text);
 
+[[nodiscard]] bool IsTerminal(std::FILE* stream);
+
 // Prints each message and its excerpt. A terminal shows the place in bold and the marks in colour,
 // unless the environment variable NO_COLOR is set.
 void Print(const Messages& messages, std::FILE* stream);

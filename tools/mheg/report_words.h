@@ -1,8 +1,9 @@
-// The words for classes, keys and events in reports.
+// The words for classes, keys and events in reports, and lists of words.
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "objects/vocabulary.h"
 
@@ -16,5 +17,19 @@ namespace mheg {
 
 // "TestEvent", or the number of an unknown type.
 [[nodiscard]] std::string EventName(korvel::EventType type);
+
+// The words with a separator between them; with another one before the last word, if it is given.
+template <class Words>
+[[nodiscard]] std::string Joined(const Words& words, std::string_view separator,
+                                 std::string_view lastSeparator = {}) {
+  std::string joined;
+  std::size_t left = words.size();
+  for (const auto& word : words) {
+    joined += word;
+    --left;
+    if (left > 0) joined += left == 1 && !lastSeparator.empty() ? lastSeparator : separator;
+  }
+  return joined;
+}
 
 }  // namespace mheg

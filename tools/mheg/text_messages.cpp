@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "mheg/parameter_names.h"
+#include "mheg/report_words.h"
 #include "mheg/suggestion.h"
 #include "objects/objects.h"
 
@@ -44,15 +45,6 @@ std::string Shown(std::string_view found) {
 }
 
 // ---- What was expected ----
-
-std::string Joined(const Candidates& words) {
-  std::string joined;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    if (i > 0) joined += i + 1 == words.size() ? " or " : ", ";
-    joined += words[i];
-  }
-  return joined;
-}
 
 template <class Record> void AddAttributes(std::string_view className, Candidates& candidates) {
   if (Description<Record>::heading.keyword + 1 != className) return;
@@ -113,10 +105,11 @@ std::string ChoiceOf(const TextError& error, const Candidates& candidates, bool 
   constexpr std::size_t kMostListed = 8;
   const bool areEvents = error.words.size() > kMostListed;  // no other type has as many words
   if (areEvents && hasHint) return "an event";
-  if (!error.words.empty()) return Joined(candidates);
+  if (!error.words.empty()) return Joined(candidates, ", ", " or ");
   if (error.choice == TextChoice::Attribute) return std::string("an attribute of ") + error.owner;
   if (error.choice == TextChoice::Action) return "an action";
-  return candidates.size() <= kMostListed ? Joined(candidates) : "a class such as :Text";
+  return candidates.size() <= kMostListed ? Joined(candidates, ", ", " or ")
+                                          : "a class such as :Text";
 }
 
 std::string Expected(const TextError& error, const Candidates& candidates, bool hasHint) {
@@ -146,16 +139,16 @@ std::string Hint(std::string_view found, const Candidates& candidates) {
 }
 
 // ---- Messages ----
-std::string AfterFirst(std::string_view text, const TextError& error) {
-  if (error.first == 0) return "";
-  return " (the first one is in line " + std::to_string(PlaceInText(text, error.first).line) + ")";
-}
-
 
 std::string In(const TextError& error) {
   const std::string owner = error.owner;
   if (owner.empty()) return "";
   return "in " + owner + (*error.part == 0 ? "" : " ") + error.part + ": ";
+}
+
+std::string AfterFirst(std::string_view text, const TextError& error) {
+  if (error.first == 0) return "";
+  return " (the first one is in line " + std::to_string(PlaceInText(text, error.first).line) + ")";
 }
 
 std::string Explained(std::string_view text, const TextError& error) {

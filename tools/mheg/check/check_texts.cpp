@@ -27,8 +27,6 @@ struct Extent {
   double height = 0;
 };
 
-bool BeginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }
-
 double WidthOf(std::string_view line) {
   double width = 0;
   for (const char c : line) {

@@ -16,6 +16,7 @@
 #include "mheg/check/finding.h"
 #include "mheg/check/walk.h"
 #include "mheg/graph/causes.h"
+#include "mheg/report_words.h"
 #include "mheg/write_file.h"
 
 namespace mheg {
@@ -111,9 +112,7 @@ class CarouselGraph {
       labels[TargetOf(group, *held.action)].merge(causes.Of(held));
     }
     for (const auto& [target, words] : labels) {
-      std::string label;
-      for (const std::string& word : words) label.append(label.empty() ? "" : ", ").append(word);
-      Edge(node, target, "label=" + Quoted(label));
+      Edge(node, target, "label=" + Quoted(Joined(words, ", ")));
     }
     FileCollector collector;
     Walk(group.Group(), collector);

@@ -8,6 +8,7 @@
 
 #include "mheg/message.h"
 #include "mheg/options.h"
+#include "mheg/report_words.h"
 #include "mheg/write_file.h"
 #include "objects/vocabulary.h"
 
@@ -42,12 +43,6 @@ std::string ValueOf(const CLI::Option& option) {
   std::string name = option.get_lnames().empty() ? type : option.get_lnames().front();
   for (char& c : name) c = korvel::UpperCase(c);
   return name;
-}
-
-std::string Joined(const std::vector<std::string>& words, const char* separator) {
-  std::string text;
-  for (const std::string& word : words) text += (text.empty() ? "" : separator) + word;
-  return text;
 }
 
 // ---- The manual page ----

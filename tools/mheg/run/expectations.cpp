@@ -1,8 +1,6 @@
 // Compares states of the engine core with the words of a script.
 #include "mheg/run/expectations.h"
 
-#include <algorithm>
-#include <cctype>
 #include <charconv>
 #include <cstdint>
 #include <string_view>
@@ -112,12 +110,6 @@ std::string StateOf(const korvel::ListGroup& list) {
   return state;
 }
 
-std::string Joined(const Words& words) {
-  std::string text;
-  for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
-  return text;
-}
-
 std::optional<std::string> DifferenceTo(bool isSame, const std::string& actual) {
   return isSame ? std::nullopt : std::optional(actual);
 }
@@ -137,20 +129,20 @@ std::optional<std::string> DifferenceOf(const Expectation& expected, const Found
   }
   if (word == "variable" && korvel::Contains(korvel::kVariables, found.type)) {
     const std::string value = ValueOf(found.As<korvel::Ingredient>());
-    return DifferenceTo(IsSameValue(value, Joined(expected.values)), value);
+    return DifferenceTo(IsSameValue(value, Joined(expected.values, " ")), value);
   }
   if (word == "text" && korvel::Contains(korvel::kTexts, found.type)) {
     const std::string text = Quoted(found.As<korvel::Text>().TextData.View());
-    return DifferenceTo(IsSameValue(text, Joined(expected.values)), text);
+    return DifferenceTo(IsSameValue(text, Joined(expected.values, " ")), text);
   }
   if (word == "position" && korvel::Contains(korvel::kVisibles, found.type)) {
     const korvel::Position& at = found.As<korvel::Visible>().Position;
     const std::string position = std::to_string(at.X) + " " + std::to_string(at.Y);
-    return DifferenceTo(position == Joined(expected.values), position);
+    return DifferenceTo(position == Joined(expected.values, " "), position);
   }
   if (word == "list" && found.type == ItemType::ListGroup) {
     const std::string state = StateOf(found.As<korvel::ListGroup>());
-    const std::string wanted = Joined(expected.values);
+    const std::string wanted = Joined(expected.values, " ");
     const bool isFirstAlone = expected.values.size() == 1;
     return DifferenceTo(state == wanted || (isFirstAlone && state.starts_with(wanted + " ")),
                         state);
@@ -168,7 +160,7 @@ std::optional<std::string> DifferenceOfGroup(const std::string& expected,
 
 bool IsExpectation(const Words& words, std::string& problem) {
   if (Parse(words)) return true;
-  problem = "no such state: " + Joined(words) + " (states:";
+  problem = "no such state: " + Joined(words, " ") + " (states:";
   for (const Form& form : kForms) problem += std::string(" ") + form.text + ",";
   problem.back() = ')';
   return false;

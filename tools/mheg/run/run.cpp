@@ -3,7 +3,6 @@
 #include "mheg/run/run.h"
 
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <optional>

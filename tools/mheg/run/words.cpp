@@ -120,12 +120,7 @@ std::string ClassNames(korvel::ClassSet classes) {
     const auto item = static_cast<korvel::ItemType>(type);
     if (korvel::Contains(classes, item)) names.push_back(ClassName(item));
   }
-  std::string text;
-  for (std::size_t place = 0; place < names.size(); ++place) {
-    if (place > 0) text += place + 1 == names.size() ? " or " : ", ";
-    text += names[place];
-  }
-  return text;
+  return Joined(names, ", ", " or ");
 }
 
 korvel::ItemType ClassOf(const korvel::Ingredient& object) {

@@ -222,7 +222,8 @@ fs::path OutputFor(const fs::path& input, const Options& options) {
 
 void Describe(CLI::App& app, Options& options) {
   app.name("mheg");
-  app.description("Compiles, decompiles, prints, checks and plays MHEG-5 groups.");
+  app.description(
+      "Makes, compiles, checks, formats, builds and draws content, and plays it without a window.");
   app.allow_windows_style_options(false);  // "/x" is a path, as on every other platform
   app.set_version_flag("--version", "mheg " TOOL_VERSION);
   app.require_subcommand(1);

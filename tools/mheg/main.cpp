@@ -1,5 +1,5 @@
-// mheg: the content author's tool. It makes, compiles, checks, formats, builds and draws content, and
-// plays it without a window.
+// mheg: the content author's tool. It makes, compiles, checks, formats, builds and draws content,
+// and plays it without a window.
 #include <algorithm>
 #include <cstdio>
 #include <system_error>

@@ -17,5 +17,5 @@ KORVEL_STEPS=${STEPS:-1000000} KORVEL_SAMPLES=$folder/demos.csv \
     ../../../cmake/wine-run.sh ../tests/windows_library.exe --gtest_filter='Endurance.*') ||
   status=1
 mv build/win64/bin/endurance.csv "$folder/library.csv" 2>/dev/null
-python3 scripts/endurance_plot.py "$folder"/*.csv || status=1
+/usr/bin/python3 -B scripts/endurance_plot.py "$folder"/*.csv || status=1
 exit $status

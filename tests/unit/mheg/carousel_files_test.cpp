@@ -105,7 +105,7 @@ TEST_F(CarouselTest, a_file_that_build_rejects_is_rejected_with_the_same_message
   EXPECT_EQ(Problems(), root + "/b.mheg: has the same name in the carousel as " + root + "/b\n");
   std::filesystem::remove(folder_ / "root/b");
   Write("root/b.mheg", Read("b"));
-  EXPECT_EQ(Problems(), root + "/b.mheg: is no text\n");
+  EXPECT_EQ(Problems(), root + "/b.mheg: is not a text\n");
 }
 
 TEST_F(CarouselTest, a_file_that_cannot_be_read_is_reported) {

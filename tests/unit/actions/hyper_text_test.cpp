@@ -57,6 +57,13 @@ TEST_F(HyperTextTest, a_truncated_anchor_is_ignored) {
   EXPECT_EQ(TakeLog(), "");
 }
 
+TEST_F(HyperTextTest, an_anchor_may_end_with_the_text) {
+  Start("{:HyperText 1 :OrigBoxSize 9 9 :OrigContent 'x=1BA=02ab'}");
+  EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)"), Status::Done);
+  EXPECT_EQ(Press(keys::kSelect), Status::Done);
+  EXPECT_EQ(Object<HyperText>(1).LastAnchorFired.View(), "ab");
+}
+
 TEST_F(HyperTextTest, an_unavailable_hyper_text_does_not_report_its_last_anchor) {
   Start("{:HyperText 1 :InitiallyActive FALSE :OrigContent \"\" :OrigBoxSize 9 9}"
         "{:OStringVar 2 :OrigValue \"kept\"}");

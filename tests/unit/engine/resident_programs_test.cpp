@@ -421,6 +421,12 @@ TEST_F(ResidentProgramsTest, basic_service_information_is_returned) {
   EXPECT_EQ(Integer(kSecond), 9018);
   EXPECT_EQ(Integer(kThird), 4109);
   EXPECT_EQ(Integer(kFourth), 4351);
+  std::int32_t known = 1;
+  for (const std::int32_t service : {4173, 4237, 4351, 4415, 4479, 4671}) {
+    EXPECT_EQ(Call("BSI", known, kFirst, kSecond, kThird, kFourth), Status::Done);
+    EXPECT_EQ(Integer(kFourth), service) << known;
+    ++known;
+  }
   for (const std::int32_t index : {7, 0, -1, kMost}) {
     EXPECT_EQ(Call("BSI", index, kFirst, kSecond, kThird, kFourth), Status::Done);
     for (const Variable output : {kFirst, kSecond, kThird, kFourth}) {

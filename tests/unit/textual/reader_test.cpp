@@ -336,6 +336,7 @@ TEST(TextReader, an_error_reports_its_place_its_construct_and_the_expectation) {
       {"{:Scene 0 :OnStartUp (:Run(2) 5)}", "1:31 in Scene :OnStartUp: 5, )|action\n"},
       {"{:Scene 0 :OnStartUp (:Text(1))}", "1:23 in Scene :OnStartUp: :Text, )|action\n"},
       {"{:Scene 0 :OnStartUp (:Run(1 2))}", "1:30 in Run : 2, )\n"},
+      {"{:Scene 0 :OnStartUp (:SetData(1 :NewRefContent 5))}", "1:49 in SetData : 5, (\n"},
       {"{:Scene 0 :OnStartUp (:SetPosition(1 2 3 4))}", "1:42 in SetPosition : 4, )\n"},
       {"{:Scene 0 :Items ({:Text 1 :OrigBoxSize 1 1 :HJustification center})}",
        "1:61 in Text :HJustification: center, |start|end|centre|justified\n"},

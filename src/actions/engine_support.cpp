@@ -1,5 +1,5 @@
 // The features that the engine reports as supported: those of the broadcast profile, by their long
-// and short names.
+// and short names. All others are reported as not supported.
 #include <charconv>
 #include <string_view>
 
@@ -18,7 +18,6 @@ enum class Rule : std::uint8_t {
   SceneSize,     // width and height
   SceneRatio,    // width and height
   PositiveSize,  // a content hook, a width and a height
-  Never,         // whatever the arguments
 };
 
 struct Feature {
@@ -37,14 +36,6 @@ constexpr Feature kFeatures[] = {
     {"BitmapScaling", "BSc", Rule::PositiveSize},
     {"VideoScaling", "VSc", Rule::PositiveSize},
     {"UKEngineProfile", "UEP", Rule::ExactlyOne},
-    {"AncillaryConnections", "ACo", Rule::Never},
-    {"Cloning", "Clo", Rule::Never},
-    {"FreeMovingCursor", "FMC", Rule::Never},
-    {"Scaling", "Sca", Rule::Never},
-    {"TrickModes", "TrM", Rule::Never},
-    {"VideoDecodeOffset", "VDO", Rule::Never},
-    {"BitmapDecodeOffset", "BDO", Rule::Never},
-    {"DownloadableFont", "DLF", Rule::Never},
 };
 
 constexpr std::size_t kMostNumbers = 3;
@@ -91,7 +82,6 @@ bool IsSupported(Rule rule, const Question& question) {
   case Rule::SceneSize: return count == 2 && numbers[0] == 720 && numbers[1] == 576;
   case Rule::SceneRatio: return count == 2 && numbers[0] == 4 && numbers[1] == 3;
   case Rule::PositiveSize: return count == 3 && numbers[1] > 0 && numbers[2] > 0;
-  case Rule::Never: return false;
   }
   return false;
 }

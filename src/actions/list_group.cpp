@@ -1,4 +1,5 @@
 // The items of list groups: adding and removing them, scrolling, and the events of a change.
+#include <algorithm>
 #include <utility>
 
 #include "actions/behaviours.h"
@@ -122,8 +123,7 @@ Status SetCellPosition(const Arguments& arguments) {
   ListGroup& group = TargetOf(arguments);
   const std::int32_t cells = CellCount(group);
   if (cells == 0) return Status::Refused;
-  std::int32_t cell = arguments.Integer(0);
-  cell = cell < 1 ? 1 : cell > cells ? cells : cell;
+  const std::int32_t cell = std::clamp(arguments.Integer(0), 1, cells);
   *group.Positions.At(static_cast<std::size_t>(cell) - 1) = {arguments.Integer(1),
                                                              arguments.Integer(2)};
   return group.RunningStatus ? LayOut(group) : Status::Done;
@@ -135,8 +135,7 @@ Status GetCellItem(const Arguments& arguments) {
   const Status status = AnswerReference(arguments, 1, {});
   const std::int32_t cells = CellCount(group);
   if (status != Status::Done || cells == 0) return status;
-  std::int32_t cell = arguments.Integer(0);
-  cell = cell < 1 ? 1 : cell > cells ? cells : cell;
+  const std::int32_t cell = std::clamp(arguments.Integer(0), 1, cells);
   const ListItem* item = ItemAt(group, ItemInCell(group, cell));
   return item == nullptr ? Status::Done : AnswerReference(arguments, 1, item->AVisible);
 }

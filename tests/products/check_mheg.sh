@@ -31,7 +31,8 @@ both() {
   tr -d '\r' <"$work/windows/raw" | tr '\\' / >"$work/windows/err"
   rm "$work/windows/raw"
   [ "$of_native" -eq "$status" ] && [ "$of_windows" -eq "$status" ] ||
-    { echo "status $of_windows (Windows), $of_native (native), $status expected: $*"; exit 1; }
+    { echo "status $of_windows (Windows), $of_native (native), $status expected: $*"
+      cat "$work/windows/out" "$work/windows/err" "$work/native/err"; exit 1; }
   diff -r "$work/windows" "$work/native" || { echo "differs: $*"; exit 1; }
 }
 

@@ -10,12 +10,18 @@ namespace {
 using mheg::Step;
 using mheg::StepKind;
 
-TEST(Script, returns_its_steps_in_order) {
-  std::istringstream text("wait 250\nkey Red\nuntil 719 0 #0a80FF\nexpose\nshot "
-                          "pictures/first one.png\ncatch 8 9 #123456 second one.png\nexit\n");
+std::vector<Step> StepsOf(const std::string& script) {
+  std::istringstream text(script);
   std::vector<Step> steps;
   std::string problem;
-  ASSERT_TRUE(mheg::ReadScript(text, steps, problem)) << problem;
+  EXPECT_TRUE(mheg::ReadScript(text, steps, problem)) << problem;
+  return steps;
+}
+
+TEST(Script, returns_its_steps_in_order) {
+  const std::vector<Step> steps =
+      StepsOf("wait 250\nkey Red\nuntil 719 0 #0a80FF\nexpose\nshot "
+              "pictures/first one.png\ncatch 8 9 #123456 second one.png\nexit\n");
   ASSERT_EQ(steps.size(), 7U);
   EXPECT_EQ(steps[0].kind, StepKind::Wait);
   EXPECT_EQ(steps[0].number, 250U);
@@ -37,10 +43,7 @@ TEST(Script, returns_its_steps_in_order) {
 }
 
 TEST(Script, skips_blank_lines_comments_and_carriage_returns) {
-  std::istringstream text("# first\r\n\r\n  wait 1  \r\n\t# last\nexit");
-  std::vector<Step> steps;
-  std::string problem;
-  ASSERT_TRUE(mheg::ReadScript(text, steps, problem)) << problem;
+  const std::vector<Step> steps = StepsOf("# first\r\n\r\n  wait 1  \r\n\t# last\nexit");
   ASSERT_EQ(steps.size(), 2U);
   EXPECT_EQ(steps[0].number, 1U);
 }
@@ -88,10 +91,7 @@ TEST(Script, a_wrong_time_is_answered_with_the_forms_that_exist) {
 }
 
 TEST(Script, times_are_in_milliseconds_or_seconds) {
-  std::istringstream text("wait 5\nwait 6ms\nwait 2s");
-  std::vector<Step> steps;
-  std::string problem;
-  ASSERT_TRUE(mheg::ReadScript(text, steps, problem)) << problem;
+  const std::vector<Step> steps = StepsOf("wait 5\nwait 6ms\nwait 2s");
   ASSERT_EQ(steps.size(), 3U);
   EXPECT_EQ(steps[0].number, 5U);
   EXPECT_EQ(steps[1].number, 6U);
@@ -99,10 +99,7 @@ TEST(Script, times_are_in_milliseconds_or_seconds) {
 }
 
 TEST(Script, expectations_are_kept_as_words_with_their_place) {
-  std::istringstream text("# a text\nexpect text 4 \"two words\"\n");
-  std::vector<Step> steps;
-  std::string problem;
-  ASSERT_TRUE(mheg::ReadScript(text, steps, problem)) << problem;
+  const std::vector<Step> steps = StepsOf("# a text\nexpect text 4 \"two words\"\n");
   ASSERT_EQ(steps.size(), 1U);
   EXPECT_EQ(steps[0].kind, StepKind::Expect);
   EXPECT_EQ(steps[0].words, (std::vector<std::string>{"text", "4", "\"two words\""}));

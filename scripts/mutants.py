@@ -5,9 +5,10 @@ tests notice.
 Usage: mutants.py [COUNT]
 Needs the programs of the preset `mutants`. The places are a random sample that is the same in each
 run. A mutant is noticed if a test fails, crashes or runs far longer than usual. One that does not
-compile is replaced by the next of the sample. The ones that no test notices are listed in
-build/mutants/survivors.txt. Exits with 1 if fewer are noticed than the goal. No source is changed:
-each mutant is a copy, whose object file is linked before the library of the others.
+compile, or whose optimised code is that of the source, is replaced by the next of the sample. The
+ones that no test notices are listed in build/mutants/survivors.txt. Exits with 1 if fewer are
+noticed than the goal. No source is changed: each mutant is a copy, whose object file is linked
+before the library of the others.
 """
 import collections
 import itertools
@@ -156,17 +157,24 @@ class Laboratory:
         names = sorted(PROGRAMS, key=lambda name: (name != own, self.tests[name][0][1]))
         return [(name, *self.tests[name][part]) for part in (0, 1) for name in names]
 
-    def build_object(self, mutant, folder):
+    def build_object(self, mutant, line, folder, *options):
+        """The object file of the source with that line instead; None if it does not compile."""
         source, built = folder / mutant.path.name, folder / "mutant.o"
         lines = mutant.path.read_text().splitlines()
-        lines[mutant.line] = mutant.new
+        lines[mutant.line] = line
         source.write_text("\n".join(lines) + "\n")
         command = list(self.compile[str(mutant.path)])
         command[command.index("-o") + 1] = str(built)
         command[command.index("-c") + 1] = str(source)
-        finished = subprocess.run([*command, "-w"], cwd=BUILD, stdout=subprocess.DEVNULL,
+        finished = subprocess.run([*command, "-w", *options], cwd=BUILD, stdout=subprocess.DEVNULL,
                                   stderr=subprocess.DEVNULL)
         return built if finished.returncode == 0 else None
+
+    def is_same_code(self, mutant, folder):
+        """Whether the mutant means the same as the source, as far as the optimiser can tell."""
+        old, new = [self.build_object(mutant, line, folder, "-O2", "-g0").read_bytes()
+                    for line in (mutant.old, mutant.new)]
+        return old == new
 
     def link_program(self, name, built, folder):
         program = folder / name
@@ -184,13 +192,15 @@ class Laboratory:
         return not passes(program, limit, tests, **tool)
 
     def outcome(self, numbered):
-        """Whether a test notices the mutant; None if it does not compile."""
+        """Whether a test notices the mutant; None if it does not compile or is no change."""
         number, mutant = numbered
         folder = BUILD / "work" / str(number)
         folder.mkdir(parents=True, exist_ok=True)
-        built = self.build_object(mutant, folder)
+        built = self.build_object(mutant, mutant.new, folder)
         result = None if built is None else any(
             self.is_noticed(built, folder, run) for run in self.runs_for(mutant.path))
+        if result is False and self.is_same_code(mutant, folder):
+            result = None
         shutil.rmtree(folder)
         return result
 

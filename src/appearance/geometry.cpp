@@ -85,7 +85,7 @@ std::int32_t DashPeriod(const LineAttributes& line) {
 }
 
 bool HasTooManyDashes(const LineAttributes& line, double length) {
-  return DashPeriod(line) > 0 && length > kMostDashes * DashPeriod(line);
+  return DashPeriod(line) != 0 && length > kMostDashes * DashPeriod(line);
 }
 
 double LinePart::Length() const { return std::hypot(toX - fromX, toY - fromY); }

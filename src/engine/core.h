@@ -167,6 +167,6 @@ Status RaiseOutsideInput(std::int32_t sourceNumber, EventType type, std::int32_t
 [[nodiscard]] bool RemoveFiredTimer(std::int32_t id, ObjectReference& owner);
 
 // Kills every pending timer of a group that ends.
-void CancelAllTimers(Group& group);
+void CancelAllTimers(const Group& group);
 
 }  // namespace korvel

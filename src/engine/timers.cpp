@@ -71,12 +71,11 @@ bool RemoveFiredTimer(std::int32_t id, ObjectReference& owner) {
   return true;
 }
 
-void CancelAllTimers(Group& group) {
+void CancelAllTimers(const Group& group) {
   for (const Timer& timer : group.Timers) {
     if (!MayContinue()) break;  // the system kills the others with the window
     KillWindowTimer(static_cast<std::uint32_t>(timer.id));
   }
-  group.Timers.Clear();
 }
 
 }  // namespace korvel

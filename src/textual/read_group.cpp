@@ -1,4 +1,5 @@
 // The builders of objects, and ReadTextGroup.
+#include <optional>
 #include <type_traits>
 
 #include "objects/messages.h"
@@ -27,7 +28,6 @@ class ObjectFrame {
     errorCount_ = reader_.ErrorCount();
     outer_ = reader_.Enter({Owner()});
     openParentheses_ = reader_.SetOpenParentheses(0);
-    attributePlace_ = reader_.Place() - 1;
     return Continue(Read(reader_, reference_)) && reader_.NotePlace(begin);
   }
 
@@ -150,16 +150,14 @@ template <class Record> class ObjectBuilder {
 bool ReadObject(TextReader& reader, auto heldClasses, Item& item) {
   const std::size_t begin = reader.Place();
   const std::int32_t openParentheses = reader.OpenParentheses();
-  bool isKnown = false;
-  bool isRead = false;
+  std::optional<bool> isRead;
   ForEachClass(heldClasses, [&]<class Record>() {
-    if (isKnown || !reader.IsAtObject(Description<Record>::heading.keyword)) return;
-    isKnown = true;
+    if (isRead || !reader.IsAtObject(Description<Record>::heading.keyword)) return;
     item = Item::New(Description<Record>::heading.type);
     isRead =
         item ? ObjectBuilder<Record>(reader, item.As<Record>()).Build() : reader.RefuseForMemory();
   });
-  if (isKnown) return isRead;
+  if (isRead) return *isRead;
   if (reader.Expect(kOpenBrace, ") or {")) reader.Refuse("", TextChoice::Class);
   reader.ReturnTo(begin);
   return reader.ContinueList(begin, openParentheses, true);

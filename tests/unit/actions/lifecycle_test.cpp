@@ -194,15 +194,17 @@ TEST_F(LifecycleTest, running_and_stopping_a_stream_notifies_the_presentation) {
   Start("{:Stream 1 :InitiallyActive FALSE :Multiplex ("
         "{:Audio 2 :ComponentTag 1}"
         "{:Video 3 :ComponentTag 5 :OrigBoxSize 70 50 :OrigPosition 4 -6}"
-        "{:Video 4 :InitiallyActive FALSE :ComponentTag 6 :OrigBoxSize 9 9})}");
+        "{:Video 4 :InitiallyActive FALSE :ComponentTag 6 :OrigBoxSize 9 9}"
+        "{:Video 5 :ComponentTag 7 :OrigBoxSize 8 8})}");
   EXPECT_TRUE(ThePresentation().streams.empty());
   EXPECT_EQ(Run(":Run(1)"), Status::Done);
-  EXPECT_EQ(ThePresentation().streams, std::vector<std::string>{"start 1 video 5 at 4,-6 70 50"});
+  EXPECT_EQ(ThePresentation().streams, (std::vector<std::string>{"start 1 video 5 at 4,-6 70 50",
+                                                                 "start 1 video 7 at 0,0 8 8"}));
   EXPECT_EQ(Run(":Stop(1)"), Status::Done);
-  ASSERT_EQ(ThePresentation().streams.size(), 2U);
-  EXPECT_EQ(ThePresentation().streams[1], "end 1");
+  ASSERT_EQ(ThePresentation().streams.size(), 3U);
+  EXPECT_EQ(ThePresentation().streams[2], "end 1");
   EXPECT_EQ(Run(":Stop(1)"), Status::Done);
-  EXPECT_EQ(ThePresentation().streams.size(), 2U) << "the stream was not running";
+  EXPECT_EQ(ThePresentation().streams.size(), 3U) << "the stream was not running";
 }
 
 TEST_F(LifecycleTest, a_link_that_stops_a_stopping_stream_does_not_repeat_events) {

@@ -44,6 +44,23 @@ TEST_F(TokenGroupTest, a_member_that_is_no_visible_is_reported_and_skipped) {
   EXPECT_EQ(Stack(), "1");
 }
 
+// An object can bear the name of another group.
+TEST_F(TokenGroupTest, members_of_an_applications_group_are_its_objects_rather_than_the_scenes) {
+  StartWithScene("{:Rectangle (\"~/s\" 1) :InitiallyActive FALSE :OrigBoxSize 1 1}"
+                 "{:TokenGroup 10 :InitiallyActive FALSE :TokenGroupItems (((\"~/s\" 1)))}",
+                 "{:Rectangle 1 :InitiallyActive FALSE :OrigBoxSize 1 1}"
+                 "{:TokenGroup 10 :InitiallyActive FALSE :TokenGroupItems ((1))}");
+  const auto isRunning = [](Scope scope) {
+    return FindObject(scope, "~/s", 1).As<Rectangle>().RunningStatus;
+  };
+  EXPECT_EQ(Run(":Run((\"~/a\" 10))"), Status::Done);
+  EXPECT_TRUE(isRunning(Scope::ApplicationFirst));
+  EXPECT_FALSE(isRunning(Scope::SceneFirst));
+  EXPECT_EQ(Run(":Stop((\"~/a\" 10)) :Run((\"~/s\" 10))"), Status::Done);
+  EXPECT_FALSE(isRunning(Scope::ApplicationFirst));
+  EXPECT_TRUE(isRunning(Scope::SceneFirst));
+}
+
 TEST_F(TokenGroupTest, stopping_a_token_group_stops_its_members) {
   StartTokens();
   EXPECT_EQ(Run(":Stop(10)"), Status::Done);

@@ -406,7 +406,9 @@ TEST_F(Run, a_skipped_action_has_a_reason) {
       "{:TokenGroup 50 :MovementTable ((1)) :TokenGroupItems ((40 :ActionSlots (NULL)))}"
       "{:TokenGroup 51 :InitiallyActive FALSE :MovementTable ((1)) :TokenGroupItems ((40))}"
       "{:EntryField 60 :InitiallyActive FALSE :OrigBoxSize 10 10}"
-      "{:IntegerVar 4 :InitiallyActive FALSE :OrigValue 0}";
+      "{:IntegerVar 4 :InitiallyActive FALSE :OrigValue 0}"
+      "{:Link 42 :EventSource 40 :EventType IsStopped :LinkEffect ()}"
+      "{:Link 43 :InitiallyActive FALSE :EventSource 40 :EventType IsStopped :LinkEffect ()}";
   struct Case {
     const char* action;
     const char* reason;
@@ -417,6 +419,8 @@ TEST_F(Run, a_skipped_action_has_a_reason) {
       {":Add(1 :IndirectRef 2)", "parameter 1 is missing, cannot be read or is of the wrong type"},
       {":SetVariable(1 :GInteger :IndirectRef 45)",
        "parameter 1 is missing, cannot be read or is of the wrong type"},
+      {":TestVariable(1 1 :GInteger :IndirectRef 45)",
+       "parameter 2 is missing, cannot be read or is of the wrong type"},
       {":SetVariable(1 :GBoolean TRUE)", "the variable is of another type than the value"},
       {":TestVariable(1 1 :GBoolean TRUE)", "the variable is of another type than the value"},
       {":SetVariable(4 :GInteger 1)", "the object is not available"},
@@ -432,6 +436,8 @@ TEST_F(Run, a_skipped_action_has_a_reason) {
        "the object does not run, or another interaction is in progress"},
       {":Stop(41)", nullptr},
       {":SetHighlightStatus(60 TRUE)", "nothing to do"},
+      {":Deactivate(42)", nullptr},
+      {":Deactivate(43)", "nothing to do"},
       {":TransitionTo(0)", "it is the current scene"},
       {":TransitionTo((\"CI:x\" 0))", "no name of a file"},
       {":TransitionTo((\"~/none\" 0))", "the file cannot be read"},

@@ -404,11 +404,23 @@ TEST(TextReader, a_wrong_bracket_is_one_error) {
       {"{:Link 1 :LinkEffect (:Run(1 :Stop(1)) :EventSource 0 :EventType IsRunning}",
        "1:48 in Run : :Stop, )\n"},
       {"{:Link 1 :LinkEffect (:Run(1))) :EventSource 0 :EventType IsRunning}",
-       "1:49 in Link : ), }|attribute\n"}};
+       "1:49 in Link : ), }|attribute\n"},
+      {"{:Link 1 :LinkEffect (x :EventSource 0) :EventType IsRunning}",
+       "1:41 in Link :LinkEffect: x, )|action\n"}};
   for (const Case& each : cases) {
     const std::string text = std::string("{:Scene 0 :Items (") + each.items + tail;
     const std::string place = "1:" + std::to_string(text.rfind('x') + 1);
     EXPECT_EQ(ErrorsOf(ReadText(text)), each.error + place + tailError) << text;
+  }
+}
+
+TEST(TextReader, a_text_that_begins_with_another_token_is_one_error) {
+  EXPECT_EQ(ErrorsOf(ReadText(":Scene 0 :SceneCS x}")), "1:1 in  : :Scene, {\n");
+}
+
+TEST(TextReader, an_error_after_the_group_refuses_the_text) {
+  for (const char* rest : {"\"", "'41", "/* x"}) {
+    EXPECT_EQ(ReadText(std::string("{:Scene 0} ") + rest).result, TextResult::Refused) << rest;
   }
 }
 

@@ -36,6 +36,24 @@ TEST(PlanarFrame, colours_are_calculated_in_fractions_and_truncated) {
   EXPECT_EQ(ColourOf(100, 148, 138), 0xFF000000U | 113U << 16 | 81U << 8 | 138U);
 }
 
+TEST(PlanarFrame, each_chroma_sample_colours_two_columns_of_two_rows) {
+  const PlanarFrame frame({6, 4});
+  std::fill_n(frame.Bytes(), 24, std::uint8_t{126});
+  const auto u = [](int sample) { return static_cast<std::uint8_t>(100 + 5 * sample); };
+  const auto v = [](int sample) { return static_cast<std::uint8_t>(150 - 5 * sample); };
+  for (int sample = 0; sample < 6; ++sample) {
+    frame.Bytes()[24 + sample] = u(sample);
+    frame.Bytes()[30 + sample] = v(sample);
+  }
+  for (int row = 0; row < 4; ++row) {
+    for (int column = 0; column < 6; ++column) {
+      const int sample = row / 2 * 3 + column / 2;
+      EXPECT_EQ(PixelAt(frame, column, row), ColourOf(126, u(sample), v(sample)))
+          << column << ' ' << row;
+    }
+  }
+}
+
 TEST(PlanarFrame, the_last_row_and_column_of_an_odd_size_share_the_chroma_before_them) {
   const PlanarFrame frame({3, 3});
   for (int sample = 0; sample < 9; ++sample) frame.Bytes()[sample] = 126;

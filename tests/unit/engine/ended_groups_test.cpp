@@ -19,6 +19,7 @@ TEST_F(EndedGroups, stay_readable_until_the_next_piece_of_work) {
   EXPECT_TRUE(IsGone(*menu));
   EXPECT_TRUE(IsGone(box));
   EXPECT_FALSE(menu->AvailabilityStatus);
+  EXPECT_FALSE(menu->RunningStatus);
 }
 
 TEST_F(EndedGroups, are_released_by_the_next_piece_of_work) {

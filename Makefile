@@ -109,12 +109,13 @@ coverage:
 	@cmake --build --preset coverage --target core_tests
 	@scripts/coverage.py
 
-# Breaks a sample of the portable sources, N places (300), and lists what no test notices.
+# Breaks a sample of the portable sources, N places (300), and lists what no test notices. Each SEED
+# (1) is another sample.
 mutants:
 	@scripts/install-packages.sh native mutants
 	@cmake --preset mutants >/dev/null
 	@cmake --build --preset mutants --target core_tests
-	@scripts/mutants.py $(N)
+	@scripts/mutants.py $(or $(N),300) $(SEED)
 
 # A million cases of each reference model, and ten thousand start and close cycles: about an hour.
 # CASES and CYCLES set other numbers.

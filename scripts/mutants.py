@@ -2,13 +2,13 @@
 """Breaks the portable sources one place at a time and counts how many of these mutants the native
 tests notice.
 
-Usage: mutants.py [COUNT]
-Needs the programs of the preset `mutants`. The places are a random sample that is the same in each
-run. A mutant is noticed if a test fails, crashes or runs far longer than usual. One that does not
-compile, or whose optimised code is that of the source, is replaced by the next of the sample. The
-ones that no test notices are listed in build/mutants/survivors.txt. Exits with 1 if fewer are
-noticed than the goal. No source is changed: each mutant is a copy, whose object file is linked
-before the library of the others.
+Usage: mutants.py [COUNT [SEED]]
+Needs the programs of the preset `mutants`. The places are a random sample, another one for each
+seed. A change of a source changes only its own part of the sample. A mutant is noticed if a test
+fails, crashes or runs far longer than usual. One that does not compile, or whose optimised code is
+that of the source, is replaced by the next of the sample. The ones that no test notices are listed
+in build/mutants/survivors.txt. Exits with 1 if fewer are noticed than the goal. No source is
+changed: each mutant is a copy, whose object file is linked before the library of the others.
 """
 import collections
 import itertools
@@ -25,7 +25,6 @@ import subprocess
 import sys
 
 GOAL = 95.0
-SEED = 1
 JOBS = 2
 FOLDERS = ["objects", "objects/ber", "appearance", "engine", "actions", "textual", "dump"]
 # The tests of the other tools run nothing of the portable folders.
@@ -93,12 +92,12 @@ def mutants_of(path):
                     yield Mutant(path, number, kind, line, new)
 
 
-def sample():
-    """All mutants in a random order that is the same each time."""
+def sample(seed):
+    """All mutants in a random order. A mutant's place in it follows from its lines alone."""
     sources = [path for folder in FOLDERS for path in sorted((ROOT / "src" / folder).glob("*.cpp"))]
     found = [mutant for path in sources for mutant in mutants_of(path)]
-    random.Random(SEED).shuffle(found)
-    return found
+    return sorted(found, key=lambda mutant: random.Random(
+        f"{seed} {mutant.path.name} {mutant.old} {mutant.new}").random())
 
 
 def place(mutant):
@@ -209,7 +208,7 @@ def main():
     count = int(sys.argv[1]) if len(sys.argv) > 1 else 300
     laboratory = Laboratory()
     os.nice(3)
-    rest = enumerate(sample())
+    rest = enumerate(sample(sys.argv[2] if len(sys.argv) > 2 else "1"))
     results = []
     with multiprocessing.pool.ThreadPool(JOBS) as pool:
         while batch := list(itertools.islice(rest, count - len(results))):

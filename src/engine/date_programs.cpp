@@ -117,9 +117,8 @@ bool FormatDate(ProgramValues& values) {
     char field[24] = {format[at]};
     int length = 1;
     if (format[at] == '%') {
-      ++at;  // a "%" at the end of the format writes nothing
-      const char code = at < format.size() ? format[at] : '\0';
-      length = WriteField(code, date, values[2].Integer, field, sizeof field);
+      if (++at == format.size()) break;  // a "%" at the end of the format writes nothing
+      length = WriteField(format[at], date, values[2].Integer, field, sizeof field);
     }
     if (!text.Append({field, static_cast<std::size_t>(length)})) return false;
   }

@@ -200,11 +200,12 @@ class Lexer {
     return isFollowed && text_.substr(begin, end - begin).find('\n') != std::string_view::npos;
   }
 
-  // A string without its closing quote ends with its line, before any brackets at the end.
+  // A string without its closing quote ends with its line, before any brackets at the end, but not
+  // before its opening quote.
   [[nodiscard]] bool AddOpenString(std::size_t begin) {
     std::size_t end = begin;
     while (end < text_.size() && !EndsLine(text_[end])) ++end;
-    while (end > begin + 1 && (EndsWord(text_[end - 1]) || IsBracket(text_[end - 1]))) --end;
+    while (EndsWord(text_[end - 1]) || IsBracket(text_[end - 1])) --end;
     return AddProblem("the quote that ends this string", begin, end) && Add(kString, end);
   }
 

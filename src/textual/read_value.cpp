@@ -78,9 +78,8 @@ bool Read(TextReader& reader, ObjectReference& value) {
 }
 
 bool Read(TextReader& reader, OptionalReference& value) {
-  if (!Read(reader, value.Reference)) return false;
-  value.IsPresent = true;
-  return true;
+  value.IsPresent = Read(reader, value.Reference);
+  return value.IsPresent;
 }
 
 bool Read(TextReader& reader, ColourValue& value) {

@@ -52,7 +52,7 @@ bool TextReader::RefuseForMemory() {
 void TextReader::AddError(const TextError& error) {
   ++errorCount_;
   if (errorCount_ > kMostTextErrors || isOutOfMemory_) return;
-  if (report_->errors.Append(error) == nullptr) isOutOfMemory_ = true;
+  isOutOfMemory_ = report_->errors.Append(error) == nullptr;
 }
 
 // Without a report there are no problems: the lexer's first one ended reading.

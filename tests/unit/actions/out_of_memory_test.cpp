@@ -137,6 +137,28 @@ TEST_F(OutOfMemoryActionsTest, a_polygon_without_memory_for_its_points_is_not_dr
   EXPECT_TRUE(texts.contains("Can't allocate memory for Points\n"));
 }
 
+TEST_F(OutOfMemoryActionsTest, a_path_that_cannot_be_copied_with_its_zero_byte_is_lost) {
+  GenericValue path;
+  path.Kind = ValueKind::IndirectReference;
+  path.Reference.Number = 2;
+  CompiledActions actions(Action::SetVariable, 1, ParametersOf(std::move(path)));
+  const Texts texts = FailEachAllocation(
+      [] {
+        Start("{:ContentRefVar 1 :OrigValue :ContentRef \"before\"}"
+              "{:ContentRefVar 2 :OrigValue :ContentRef \"a path that takes a block\"}");
+      },
+      [&actions] { return actions.Run(); },
+      [](Status, const std::string& text) {
+        const OctetString& value = Object<ContentRefVariable>(1).Value.Path;
+        if (text == "Can't allocate memory for CharVal\n") {
+          EXPECT_EQ(value.TextView(), "");
+        } else {
+          EXPECT_EQ(value.View(), "before");
+        }
+      });
+  EXPECT_TRUE(texts.contains("Can't allocate memory for CharVal\n"));
+}
+
 // Each action copies or collects something.
 TEST_F(OutOfMemoryActionsTest, after_any_failed_allocation_the_next_key_is_handled) {
   const std::string items = R"(

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "objects/objects.h"
+#include "substitutes/memory.h"
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -148,6 +149,26 @@ TEST_F(ResidentProgramsTest, names_are_compared_exactly) {
   EXPECT_EQ(Call(""), Status::Failure);
   EXPECT_EQ(testing::internal::GetCapturedStdout(),
             "GetItemType Error\nGetItemType Error\nGetItemType Error\nGetItemType Error\n");
+}
+
+TEST_F(ResidentProgramsTest, a_result_without_memory_fails_and_sets_no_variable) {
+  std::vector<GenericValue> values;
+  values.push_back(Of("a text that takes a block"));
+  values.push_back(Of(1));
+  values.push_back(Of(0));
+  values.push_back(Of(kText));
+  const std::string before = Text();
+  std::size_t n = 1;
+  for (bool hasFailed = true; hasFailed; ++n) {
+    FailAllocation(n);
+    const Status status = RunResidentProgram("FDa", values, "~/a");
+    hasFailed = HasFailedAllocation();
+    FailAllocation(0);
+    EXPECT_EQ(status == Status::Done, !hasFailed) << n;
+    EXPECT_EQ(Text() == before, hasFailed) << n;
+  }
+  EXPECT_GT(n, 2U);
+  EXPECT_EQ(Text(), "a text that takes a block");
 }
 
 TEST_F(ResidentProgramsTest, every_program_of_the_table_runs) {

@@ -352,6 +352,7 @@ TEST(TextReader, an_error_within_a_token_is_reported_once_and_its_value_is_read)
   };
   const Case cases[] = {
       {"{:Scene 0 :SceneCS 0x1F 5}", "1:20 in Scene :SceneCS: 0x1F, a decimal number\n"},
+      {"{:Scene 0 :SceneCS 0X1f 5}", "1:20 in Scene :SceneCS: 0X1f, a decimal number\n"},
       {"{:Scene 0 :SceneCS 0x0 5}", "1:20 in Scene :SceneCS: 0x0, a decimal number\n"},
       {"{:Scene 0 :SceneCS 0x 5}", "1:20 in Scene :SceneCS: 0x, a decimal number\n"},
       {"{:Scene 0 :SceneCS - 5}", "1:20 in Scene :SceneCS: -, a digit after the -\n"},

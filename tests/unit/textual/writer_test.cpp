@@ -4,6 +4,7 @@
 #include <string>
 
 #include "objects/objects.h"
+#include "substitutes/memory.h"
 #include "textual/textual.h"
 
 namespace korvel {
@@ -153,6 +154,21 @@ TEST(TextWriter, an_action_without_a_keyword_is_refused_by_its_number) {
     EXPECT_EQ(wordless.object, 8);
     EXPECT_EQ(wordless.number, number);
   }
+}
+
+TEST(TextWriter, without_memory_nothing_is_written) {
+  const OwnedGroup group = Read("{:Scene 0 :Items ({:Text 1 :OrigBoxSize 2 3})}");
+  std::size_t n = 1;
+  for (bool hasFailed = true; hasFailed; ++n) {
+    OctetString written;
+    test::FailAllocation(n);
+    const Status status = WriteTextGroup(*group, written);
+    hasFailed = test::HasFailedAllocation();
+    test::FailAllocation(0);
+    EXPECT_EQ(status, hasFailed ? Status::Refused : Status::Done) << n;
+    EXPECT_EQ(written.IsEmpty(), hasFailed) << n;
+  }
+  EXPECT_GT(n, 2U);
 }
 
 TEST(TextWriter, an_unknown_event_type_of_an_action_is_written_as_a_number) {

@@ -15,7 +15,7 @@ for task; do
     browser) packages="$packages chromium chromium-driver python3-selenium python3-pil" ;;
     test)
       packages="$packages g++-mingw-w64-i686-posix libgtest-dev googletest openssl ffmpeg"
-      packages="$packages graphviz mandoc python3 python3-jsonschema"
+      packages="$packages graphviz mandoc python3 python3-jsonschema tesseract-ocr"
       ;;
     bench)
       packages="$packages libbenchmark-dev liblua5.4-dev libtasn1-6-dev python3-matplotlib valgrind"

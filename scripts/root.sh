@@ -62,6 +62,7 @@ install_system() {
       case "$*" in *:i386*) dpkg --add-architecture i386 ;; esac
       apt-get update || echo "A source failed; the packages may be found all the same"
       DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@"' sh \
-      "$@" cmake ffmpeg fonts-liberation libasan8 libubsan1 python3-numpy python3-pil &&
+      "$@" cmake ffmpeg fonts-liberation libasan8 libubsan1 python3-numpy python3-pil \
+      tesseract-ocr &&
     touch "$root/installed"
 }

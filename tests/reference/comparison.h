@@ -47,6 +47,11 @@ class Random {
   std::uint64_t state_;
 };
 
+// The element that content calls by this number, from 1.
+template <class List> auto& At(List& list, std::int32_t number) {
+  return list[static_cast<std::size_t>(number) - 1];
+}
+
 // An elementary action with a target and integers or references, which are written alike. Three
 // steps are no actions: "Key" has a key number; "Enter" has an entry field and a character, which
 // arrives only while the field interacts; "Raise" has the number of the source, the event type, the

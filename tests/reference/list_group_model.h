@@ -61,13 +61,13 @@ class ListGroupModel {
     if (action == "AddItem") Add(n, last);
     if (action == "DelItem") Delete(list_.PlaceOf(n));
     if (action == "SetCellPosition" && list_.K() != 0) {
-      list_.cells[cell - 1] = last;
+      At(list_.cells, cell) = last;
       LayOut();
     }
     if (action == "Stop") Stop();
     if (action == "SelectItem") Select(i);
     if (action == "DeselectItem") Deselect(i);
-    if (action == "ToggleItem" && i != 0) list_.items[i - 1].isSelected ? Deselect(i) : Select(i);
+    if (action == "ToggleItem" && i != 0) At(list_.items, i).isSelected ? Deselect(i) : Select(i);
     if (action == "Select") Select(token);
     if (action == "Deselect") Deselect(token);
     if (action == "MoveTo" && n != token_) {
@@ -78,8 +78,8 @@ class ListGroupModel {
     if (action == "GetListSize") integer_ = size;
     if (action == "GetFirstItem") integer_ = list_.first;
     if (action == "GetTokenPosition") integer_ = token_;
-    if (action == "GetItemStatus" && i != 0) boolean_ = list_.items[i - 1].isSelected;
-    if (action == "GetListItem" && i != 0) reference_ = list_.items[i - 1].visible;
+    if (action == "GetItemStatus" && i != 0) boolean_ = At(list_.items, i).isSelected;
+    if (action == "GetListItem" && i != 0) reference_ = At(list_.items, i).visible;
     if (action == "GetCellItem") reference_ = list_.K() == 0 ? 0 : list_.VisibleInCell(cell);
   }
 
@@ -117,7 +117,7 @@ class ListGroupModel {
   void Delete(std::int32_t i) {
     if (i == 0) return;
     Change([&] {
-      list_.Withdraw(list_.items[i - 1]);
+      list_.Withdraw(At(list_.items, i));
       list_.items.erase(list_.items.begin() + (i - 1));
     });
   }
@@ -128,13 +128,13 @@ class ListGroupModel {
     ++done_.redraws;
   }
   void Deselect(std::int32_t i) {
-    if (i == 0 || !list_.items[i - 1].isSelected) return;
-    list_.items[i - 1].isSelected = false;
+    if (i == 0 || !At(list_.items, i).isSelected) return;
+    At(list_.items, i).isSelected = false;
     Raise("ItemDeselected", i);
   }
   void Select(std::int32_t i) {
-    if (i == 0 || list_.items[i - 1].isSelected) return;
-    list_.items[i - 1].isSelected = true;
+    if (i == 0 || At(list_.items, i).isSelected) return;
+    At(list_.items, i).isSelected = true;
     for (std::int32_t other = 1; other <= list_.N(); ++other) {
       if (!setup_.multipleSelection && other != i && !HasFailed()) Deselect(other);
     }

@@ -30,7 +30,7 @@ struct ListLayoutModel {
 
   std::int32_t PlaceOf(std::int32_t visible) const {
     for (std::int32_t i = 1; i <= N(); ++i) {
-      if (items[i - 1].visible == visible) return i;
+      if (At(items, i).visible == visible) return i;
     }
     return 0;
   }
@@ -49,9 +49,9 @@ struct ListLayoutModel {
   // The visible that belongs into a cell, or 0.
   std::int32_t VisibleInCell(std::int32_t cell) const {
     const std::int32_t start = Reduced(first) < 1 ? 1 : Reduced(first);
-    if (wrapAround && cell <= N()) return items[(start - 1 + cell - 1) % N()].visible;
+    if (wrapAround && cell <= N()) return At(items, (start - 1 + cell - 1) % N() + 1).visible;
     if (wrapAround || start > N() || cell > N() - start + 1) return 0;
-    return items[start - 1 + cell - 1].visible;
+    return At(items, start - 1 + cell).visible;
   }
 
   void Withdraw(ModelItem& item) {
@@ -66,11 +66,11 @@ struct ListLayoutModel {
       if (std::ranges::count(placed, item.visible) == 0) Withdraw(item);
     }
     for (std::int32_t cell = 1; cell <= K(); ++cell) {
-      if (placed[cell - 1] == 0) continue;
-      ModelItem& item = items[PlaceOf(placed[cell - 1]) - 1];
+      if (At(placed, cell) == 0) continue;
+      ModelItem& item = At(items, PlaceOf(At(placed, cell)));
       if (!item.isPresented) stack.push_back(item.visible);
       item.isPresented = true;
-      y[item.visible] = cells[cell - 1];
+      y[item.visible] = At(cells, cell);
     }
   }
 

@@ -48,7 +48,7 @@ class TokenGroupModel {
     const std::int32_t number = step.numbers.back();
     if (step.action == "Activate") {
       const std::int32_t answer = number - kFirstAnswer;
-      if (answer < std::ssize(setup_.answers)) setup_.answers[answer].isActive = true;
+      if (answer < std::ssize(setup_.answers)) At(setup_.answers, answer + 1).isActive = true;
     } else if (step.action == "GetTokenPosition") {
       if (setup_.isActive) integer_ = token_;
     } else {
@@ -88,12 +88,12 @@ class TokenGroupModel {
       return Status::Done;
     }
     if (token_ < 1) return Status::Done;
-    const std::vector<std::int32_t>& row = setup_.movements[movement - 1];
+    const std::vector<std::int32_t>& row = At(setup_.movements, movement);
     if (token_ > std::ssize(row)) {
       done_.messages += kFailMessage;
       return Status::Failure;
     }
-    return MoveTo(row[token_ - 1]);
+    return MoveTo(At(row, token_));
   }
 
   Status CallActionSlot(std::int32_t index) {
@@ -101,11 +101,11 @@ class TokenGroupModel {
       done_.messages += "TokenGroupItem Error\n";
       return Status::Failure;
     }
-    const auto& slots = token_ > 0 ? setup_.members[token_ - 1] : setup_.noTokenSlots;
+    const auto& slots = token_ > 0 ? At(setup_.members, token_) : setup_.noTokenSlots;
     if (index < 1) index = 1;
-    if (index > std::ssize(slots) || slots[index - 1].isNull) return Status::Done;
-    done_.events += Mark(slots[index - 1].mark);
-    for (const Effect& effect : slots[index - 1].effects) {
+    if (index > std::ssize(slots) || At(slots, index).isNull) return Status::Done;
+    done_.events += Mark(At(slots, index).mark);
+    for (const Effect& effect : At(slots, index).effects) {
       if (Act(effect) == Status::Failure) return Status::Failure;
     }
     return Status::Done;

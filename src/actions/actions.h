@@ -130,11 +130,8 @@ inline ObjectReference& FieldOf(GenericValue& value, const ObjectReference& /*ty
 // then returns `result` and does not raise UserInput.
 [[nodiscard]] bool TakeInteractionKey(std::int32_t key, Status& result);
 
-// Resets the engine-wide state of the classes, which is the interaction in progress. Called when
-// the engine starts or is reset.
-void ResetClassVariables();
-
-// Removes the objects of a group that ends from the engine-wide state of the classes.
+// Removes the objects of a group that ends from the engine-wide state of the classes, which is the
+// interaction in progress.
 void ForgetGroup(const Group& group);
 
 }  // namespace korvel

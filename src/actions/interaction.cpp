@@ -16,8 +16,6 @@ Interactible& TargetOf(const Arguments& arguments) { return *InteractibleOf(argu
 
 ClassVariables& CurrentClassVariables() { return classVariables.value; }
 
-void ResetClassVariables() { CurrentClassVariables() = ClassVariables(); }
-
 void ForgetGroup(const Group& group) {
   FoundObject& inProgress = CurrentClassVariables().interactingObject;
   if (inProgress && inProgress.As<Ingredient>().owner == &group) inProgress = {};

@@ -115,7 +115,6 @@ Status StartEngine(std::string_view path) {
   TheCore().currentDirectory.Clear();
   TheCore().random = SecondsNow();
   TheCore().programSettings = {};
-  ResetClassVariables();
 
   OctetString bytes;
   if (!FetchStartUp(path, bytes)) return Status::Refused;
@@ -193,7 +192,6 @@ void ResetEngine() {
   EmptyPersistentStore();
   TheCore().currentDirectory.Clear();
   TheCore().closeNoticedAt.reset();
-  ResetClassVariables();
 }
 
 }  // namespace korvel

@@ -425,8 +425,10 @@ TEST_F(ResidentProgramsTest, texts_are_converted_to_references) {
 }
 
 TEST_F(ResidentProgramsTest, a_service_is_identified_by_its_first_and_third_field) {
-  EXPECT_EQ(ServiceIndex("dvb://233a.100d.104d"), 1);
-  EXPECT_EQ(ServiceIndex("dvb://233a.100d.108d"), 2);
+  std::int32_t index = 1;
+  for (const char* service : {"104d", "108d", "10ff", "113f", "117f", "123f"}) {
+    EXPECT_EQ(ServiceIndex(std::string("dvb://233a.100d.") + service), index++);
+  }
   EXPECT_EQ(ServiceIndex("dvb://233a.anything.123f"), 6);
   EXPECT_EQ(ServiceIndex("dvb://233A.100d.108d"), -1);
   EXPECT_EQ(ServiceIndex("dvb://233a.100d.108D"), -1);

@@ -318,6 +318,7 @@ TEST(TextReader, an_error_reports_its_place_its_construct_and_the_expectation) {
       {"{:Scene 0} 5", "1:12 in  : 5, the end of the text\n"},
       {"{:Scene :Items ()}", "1:9 in Scene : :Items, an object number or (\"group\" number)\n"},
       {"{:Scene (\"~/s\" 0 5)}", "1:18 in Scene : 5, )\n"},
+      {"{:Scene (5 0)}", "1:10 in Scene : 5, a string\n"},
       {"{:Scene 0\n  :SceneCS 720 :InputEventReg 1}",
        "2:16 in Scene :SceneCS: :InputEventReg, an integer\n"},
       {"{:Scene 0\n  :OrigBoxSize 1 1}", "2:3 in Scene : :OrigBoxSize, }|attribute\n"},
@@ -337,6 +338,7 @@ TEST(TextReader, an_error_reports_its_place_its_construct_and_the_expectation) {
       {"{:Scene 0 :OnStartUp (:Text(1))}", "1:23 in Scene :OnStartUp: :Text, )|action\n"},
       {"{:Scene 0 :OnStartUp (:Run(1 2))}", "1:30 in Run : 2, )\n"},
       {"{:Scene 0 :OnStartUp (:SetData(1 :NewRefContent 5))}", "1:49 in SetData : 5, (\n"},
+      {"{:Scene 0 :OnStartUp (:DrawPolygon(1 (5)))}", "1:39 in DrawPolygon : 5, (\n"},
       {"{:Scene 0 :OnStartUp (:SetPosition(1 2 3 4))}", "1:42 in SetPosition : 4, )\n"},
       {"{:Scene 0 :Items ({:Text 1 :OrigBoxSize 1 1 :HJustification center})}",
        "1:61 in Text :HJustification: center, |start|end|centre|justified\n"},
@@ -419,10 +421,12 @@ TEST(TextReader, a_text_that_begins_with_another_token_is_one_error) {
   EXPECT_EQ(ErrorsOf(ReadText(":Scene 0 :SceneCS x}")), "1:1 in  : :Scene, {\n");
 }
 
-TEST(TextReader, an_error_after_the_group_refuses_the_text) {
-  for (const char* rest : {"\"", "'41", "/* x"}) {
-    EXPECT_EQ(ReadText(std::string("{:Scene 0} ") + rest).result, TextResult::Refused) << rest;
-  }
+TEST(TextReader, an_error_after_the_group_is_reported) {
+  EXPECT_EQ(ErrorsOf(ReadText("{:Scene 0} \"")),
+            "1:12 in Scene : \", the quote that ends this string\n");
+  EXPECT_EQ(ErrorsOf(ReadText("{:Scene 0} /* x")),
+            "1:12 in Scene : /*, //, which begins a comment up to the end of the line\n");
+  EXPECT_EQ(ErrorsOf(ReadText("{:Scene 0} x")), "1:12 in  : x, the end of the text\n");
 }
 
 TEST(TextReader, an_object_with_an_error_is_not_reported_as_incomplete) {
@@ -632,6 +636,7 @@ TEST(TextReader, without_memory_to_list_a_missing_part_the_text_is_refused) {
                            ":DrawPolygon(3 ((1))))})}";
   EXPECT_EQ(MissingOf(ReadText(text)), "46 Add 0\n66 a point y\n18 Link :EventSource\n"
                                        "18 Link :EventType\n");
+  int reported = 0;
   for (std::size_t n = 1;; ++n) {
     test::FailAllocation(n);
     const Reading reading = ReadText(text);
@@ -639,8 +644,13 @@ TEST(TextReader, without_memory_to_list_a_missing_part_the_text_is_refused) {
     test::FailAllocation(0);
     EXPECT_EQ(reading.result == TextResult::Done, !hasFailed) << n;
     EXPECT_EQ(static_cast<bool>(reading.group), !hasFailed) << n;
+    for (const TextError& error : reading.report.errors) {
+      EXPECT_STREQ(error.expected, "more memory");
+      ++reported;
+    }
     if (!hasFailed) break;
   }
+  EXPECT_GT(reported, 0);
 }
 
 }  // namespace

@@ -59,10 +59,8 @@ bool GetRandomNumber(ProgramValues& values) {
   return true;
 }
 
-bool GetBootInfo(ProgramValues& values) {
-  values[0].Boolean = false;
-  return values[1].Octets.Assign({});
-}
+// There is none: returns false and an empty text.
+bool GetBootInfo(ProgramValues& values) { return values[1].Octets.Assign({}); }
 
 bool CheckContentReference(ProgramValues& values) {
   values[1].Boolean = true;

@@ -32,8 +32,9 @@ bool TextReader::Refuse(const char* expected, TextChoice choice, Words words, st
 }
 
 bool TextReader::RefuseRepeated(const char* keyword) {
+  if (report_ == nullptr) return false;
   std::uint32_t first = 0;
-  for (std::size_t i = report_ == nullptr ? 0 : report_->places.Size(); i > 0 && first == 0; --i) {
+  for (std::size_t i = report_->places.Size(); i > 0 && first == 0; --i) {
     const SourcePlace& place = report_->places[i - 1];
     const bool isFirst = place.object == construct_.object && place.action < 0 &&
                          std::string_view(place.keyword) == keyword;

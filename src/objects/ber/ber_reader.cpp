@@ -85,7 +85,6 @@ bool BerReader::ReadHeader(BerElement& element) const {
   element.content.cursor_ = bytes.cursor;
   element.content.end_ = bytes.cursor + length;
   element.content.refusal_ = refusal_;
-  element.content.known_ = nullptr;
   element.content.depth_ = depth_ + 1;
   return true;
 }

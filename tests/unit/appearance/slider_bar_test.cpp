@@ -52,6 +52,12 @@ TEST(SliderBarTest, equal_limits_give_the_shortest_bar) {
 TEST(SliderBarTest, a_thermometer_has_a_marker_of_three_pixels_at_the_end_of_its_bar) {
   EXPECT_TRUE(SliderBarOf(SliderAt(50, kLeft)).marker.IsEmpty());
   ExpectBox(SliderBarOf(SliderAt(50, kLeft, kThermometer)).marker, 57, 20, 60, 71);
+  ExpectBox(SliderBarOf(SliderAt(50, kRight, kThermometer)).marker, 61, 20, 64, 71);
+}
+
+TEST(SliderBarTest, the_marker_of_a_bar_without_length_is_in_the_box) {
+  ExpectBox(SliderBarOf(SliderAt(0, kLeft, kThermometer)).marker, 10, 20, 13, 71);
+  ExpectBox(SliderBarOf(SliderAt(0, kRight, kThermometer)).marker, 108, 20, 111, 71);
 }
 
 TEST(SliderBarTest, a_proportional_slider_shows_its_portion_starting_at_its_value) {

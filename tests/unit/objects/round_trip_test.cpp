@@ -6,6 +6,7 @@
 #include <fstream>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "objects/objects.h"
 #include "support/ber_bytes.h"
@@ -34,6 +35,23 @@ TEST(RoundTrip, lengths_take_as_few_bytes_as_possible) {
     const std::size_t begin = file.find(text);
     ASSERT_NE(begin, std::string::npos);
     EXPECT_EQ(file.substr(begin - header.size(), header.size()), header) << length;
+  }
+}
+
+TEST(RoundTrip, integers_take_as_few_bytes_as_possible) {
+  const auto sizeWith = [](std::int32_t value) {
+    Scene scene;
+    Item item = Item::New(ItemType::IntegerVariable);
+    item.As<IntegerVariable>().OriginalValue = value;
+    EXPECT_NE(scene.Items.Append(std::move(item)), nullptr);
+    return Encode(scene).size();
+  };
+  const std::pair<std::int32_t, std::size_t> cases[] = {
+      {1, 1},      {63, 1},      {64, 1},      {127, 1},      {-1, 1},        {-128, 1},
+      {128, 2},    {16383, 2},   {32767, 2},   {-129, 2},     {-32768, 2},    {32768, 3},
+      {-32769, 3}, {8388607, 3}, {8388608, 4}, {-8388609, 4}, {2147483647, 4}};
+  for (const auto& [value, bytes] : cases) {
+    EXPECT_EQ(sizeWith(value) - sizeWith(1), bytes - 1) << value;
   }
 }
 

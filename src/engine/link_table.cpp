@@ -23,9 +23,7 @@ EventData DataOf(const LinkCondition& condition) {
 
 Status AddLink(Link& link, Scope scope) {
   if (Prepare(ItemType::Link, link) == Change::Failure) return Status::Failure;
-  if (link.InitiallyActive && Activate(ItemType::Link, link) == Change::Failure) {
-    return Status::Failure;
-  }
+  if (link.InitiallyActive) link.RunningStatus = true;
   const LinkCondition& condition = link.Condition;
   if (!IsKnown(condition.EventType)) return Status::Done;
   LinkTable& table = TheCore().links;

@@ -138,14 +138,16 @@ TEST_F(LineArtTest, colours_come_from_integer_and_string_variables) {
   EXPECT_EQ(Object<Rectangle>(5).RefFillColour.Absolute.View(), "abcd");
 }
 
-TEST_F(LineArtTest, a_colour_from_a_boolean_variable_is_reported_and_changes_nothing) {
+TEST_F(LineArtTest, a_colour_from_a_boolean_or_no_variable_is_reported_and_changes_nothing) {
   StartDrawing();
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(Run(":SetLineColour(1 :NewColourIndex :IndirectRef 4)"
-                ":SetFillColour(1 :NewColourIndex :IndirectRef 4)"),
-            Status::Done);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "MHEG_DYNAMICLINEART_SetLineColour Error\n"
-                                                    "MHEG_DYNAMICLINEART_SetFillColour Error\n");
+  for (const std::string variable : {"4", "99"}) {
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(Run(":SetLineColour(1 :NewColourIndex :IndirectRef " + variable +
+                  ") :SetFillColour(1 :NewColourIndex :IndirectRef " + variable + ")"),
+              Status::Done);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "MHEG_DYNAMICLINEART_SetLineColour Error\n"
+                                                      "MHEG_DYNAMICLINEART_SetFillColour Error\n");
+  }
   EXPECT_EQ(Object<DynamicLineArt>(1).RefLineColour.Index, 7);
 }
 

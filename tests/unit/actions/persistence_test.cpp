@@ -121,6 +121,16 @@ TEST_F(PersistenceTest, reading_a_missing_entry_resets_the_variables_and_succeed
   EXPECT_TRUE(Object<ContentRefVariable>(5).Value.Path.View().empty());
 }
 
+TEST_F(PersistenceTest, without_a_name_nothing_is_read) {
+  Start(kStored);
+  EXPECT_EQ(Run(":StorePersistent(0 9 (3) \"name\") :SetVariable(3 :GOctetString \"new\")"
+                ":SetVariable(9 :GBoolean FALSE) :ReadPersistent(0 9 (3) :IndirectRef 99)"),
+            Status::Done);
+  EXPECT_FALSE(Boolean(9));
+  EXPECT_EQ(Octets(3), "new");
+  EXPECT_NE(TakeStored("name"), "nothing");
+}
+
 TEST_F(PersistenceTest, a_second_store_replaces_the_first) {
   Start(kStored);
   EXPECT_EQ(Run(":StorePersistent(0 9 (3) \"name\") :StorePersistent(0 9 (1) \"name\")"),

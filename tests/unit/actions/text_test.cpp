@@ -112,7 +112,8 @@ TEST_F(TextTest, a_font_is_a_name_or_an_object) {
   EXPECT_EQ(Object<Text>(1).Font.Reference.Number, 8);
   EXPECT_EQ(Run(":SetFontRef(1 :IndirectRef 2)"), Status::Done);
   EXPECT_EQ(Object<Text>(1).Font.Name.View(), "before");
-  EXPECT_EQ(Run(":SetFontRef(1 :IndirectRef 3)"), Status::Done);
+  // An integer, and a variable that does not exist, change nothing.
+  EXPECT_EQ(Run(":SetFontRef(1 :IndirectRef 3) :SetFontRef(1 :IndirectRef 99)"), Status::Done);
   EXPECT_EQ(Object<Text>(1).Font.Name.View(), "before");
 }
 

@@ -32,6 +32,17 @@ TEST_F(TokenGroupTest, a_token_group_runs_its_members_before_itself) {
   EXPECT_EQ(Stack(), "1 2");
 }
 
+TEST_F(TokenGroupTest, a_link_of_a_member_that_runs_the_group_runs_it_once) {
+  Start(StoppedRectangles(1) +
+        "{:TokenGroup 10 :InitiallyActive FALSE :TokenGroupItems ((1))}"
+        "{:Link 11 :EventSource 1 :EventType IsRunning"
+        " :LinkEffect (:Run(10))}" +
+        Watch(10, "TokenMovedTo", "token", "1") + Watch(10, "IsRunning", "group"));
+  EXPECT_EQ(Run(":Run(10)"), Status::Done);
+  EXPECT_EQ(TakeLog(), "token group");
+  EXPECT_TRUE(IsRunning(10));
+}
+
 TEST_F(TokenGroupTest, a_member_that_is_no_visible_is_reported_and_skipped) {
   Start(StoppedRectangles(1) +
         "{:IntegerVar 3 :OrigValue 0}"

@@ -610,6 +610,22 @@ TEST(TextReader, a_place_has_at_most_one_error) {
   }
 }
 
+TEST(TextReader, without_memory_a_text_with_errors_is_refused_as_well) {
+  for (const char* text : {"{:Scene 0 :a_long_unknown_keyword", "{:Scene 0 a_long_unknown_word",
+                           "{:Scene 0 :SceneCS{ 1 2}", "{:Scene 0 /* */ }", "{:Scene 07 }"}) {
+    for (std::size_t n = 1;; ++n) {
+      OwnedGroup group;
+      TextReport report;
+      test::FailAllocation(n);
+      const TextResult result = ReadTextGroup(text, group, report);
+      const bool hasFailed = test::HasFailedAllocation();
+      test::FailAllocation(0);
+      EXPECT_NE(result, TextResult::Done) << text << n;
+      if (!hasFailed) break;
+    }
+  }
+}
+
 TEST(TextReader, every_failed_allocation_refuses_the_text_and_leaks_nothing) {
   const std::string text = kEachConstruct;
   const std::size_t before = test::LiveBlocks();

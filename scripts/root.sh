@@ -49,20 +49,20 @@ run_in_root() {
   return "$1"
 }
 
-# install_system SUITE ROOT PACKAGE ...: installs once, in the folder ROOT, a Debian that can run
-# the Windows tests with Wine, whose packages are given.
+# install_system SUITE ROOT PACKAGE ...: installs in the folder ROOT, unless that has the same
+# packages already, a Debian that can run the Windows tests with Wine, whose packages are given.
 install_system() {
   suite=$1
   root=$2
   shift 2
-  [ -e "$root/installed" ] && return
+  set -- "$@" cmake ffmpeg fonts-liberation libasan8 libubsan1 python3-numpy python3-pil \
+    tesseract-ocr
+  [ "$(cat "$root/installed" 2>/dev/null)" = "$*" ] && return
   rm -rf "$root"
   make_root "$suite" "$root" &&
     run_in_root "$root" "$PWD" sh -ec '
       case "$*" in *:i386*) dpkg --add-architecture i386 ;; esac
       apt-get update || echo "A source failed; the packages may be found all the same"
-      DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@"' sh \
-      "$@" cmake ffmpeg fonts-liberation libasan8 libubsan1 python3-numpy python3-pil \
-      tesseract-ocr &&
-    touch "$root/installed"
+      DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@"' sh "$@" &&
+    echo "$*" >"$root/installed"
 }

@@ -74,11 +74,6 @@ constexpr EvaluatedKinds KindsAt(Parameter place) {
   return {};
 }
 
-constexpr bool IsList(Parameter place) {
-  return place == Parameter::TypedList || place == Parameter::References ||
-         place == Parameter::Points;
-}
-
 // Evaluates the next value into a place of the arguments. It stays absent if the action does not
 // give it.
 bool EvaluateNext(ActionValues& given, ValueKind kind, std::size_t place, Arguments& arguments) {
@@ -160,7 +155,9 @@ bool EvaluateParameters(const ActionRow& row, Arguments& arguments) {
     const bool isRequired = place < row.requiredCount;
     const EvaluatedKinds kinds = KindsAt(parameter);
     if (kinds.first == ValueKind::None) {
-      return !isRequired || IsList(parameter) || !given.IsEmpty() || ReportUnreadable(place);
+      // There may be no points.
+      return !isRequired || parameter == Parameter::Points || !given.IsEmpty() ||
+             ReportUnreadable(place);
     }
     ActionValues values = given.TakePlace(parameter);
     for (const ValueKind kind : {kinds.first, kinds.second}) {

@@ -181,8 +181,7 @@ template <class Record> TextResult ReadWhole(TextReader& reader, OwnedGroup& gro
   }
   const bool isRead = ObjectBuilder<Record>(reader, *record).Build() && reader.ErrorCount() == 0 &&
                       (reader.IsAt(kEndOfText) || reader.Refuse("the end of the text"));
-  reader.Finish();
-  if (!isRead || reader.ErrorCount() > 0) return TextResult::Refused;
+  if (!isRead) return TextResult::Refused;
   group = std::move(record);
   return TextResult::Done;
 }

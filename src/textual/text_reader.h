@@ -98,8 +98,6 @@ class TextReader {
   // Moves to the next action or object of the list with that number of open parentheses, or to its
   // closing parenthesis. False if the list lacks it or reading must end.
   [[nodiscard]] bool ContinueList(std::size_t begin, std::int32_t openParentheses, bool hasObjects);
-  // Records the errors that the lexer has found after the last token.
-  void Finish() { ReportProblems(); }
 
  private:
   bool TakeNext() {

@@ -140,11 +140,12 @@ TEST_F(LineArtTest, colours_come_from_integer_and_string_variables) {
 
 TEST_F(LineArtTest, a_colour_from_a_boolean_or_no_variable_is_reported_and_changes_nothing) {
   StartDrawing();
-  for (const std::string variable : {"4", "99"}) {
+  for (const char* actions : {":SetLineColour(1 :NewColourIndex :IndirectRef 4)"
+                              ":SetFillColour(1 :NewColourIndex :IndirectRef 4)",
+                              ":SetLineColour(1 :NewColourIndex :IndirectRef 99)"
+                              ":SetFillColour(1 :NewColourIndex :IndirectRef 99)"}) {
     testing::internal::CaptureStdout();
-    EXPECT_EQ(Run(":SetLineColour(1 :NewColourIndex :IndirectRef " + variable +
-                  ") :SetFillColour(1 :NewColourIndex :IndirectRef " + variable + ")"),
-              Status::Done);
+    EXPECT_EQ(Run(actions), Status::Done);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "MHEG_DYNAMICLINEART_SetLineColour Error\n"
                                                       "MHEG_DYNAMICLINEART_SetFillColour Error\n");
   }

@@ -74,8 +74,9 @@ TEST(DecodeIngredient, referenced_content_has_an_optional_size_and_priority) {
     EXPECT_EQ(bitmap->OriginalContent.Size, expected.size);
     EXPECT_EQ(bitmap->OriginalContent.CachePriority, expected.priority);
   }
+  const Bytes cut = "\x02\x05\x01";  // an integer that ends too early
   for (const Bytes& behind :
-       {Integer(1) + Integer(2) + Integer(3), Boolean(true), Holding(60, Null())}) {
+       {Integer(1) + Integer(2) + Integer(3), Boolean(true), Holding(60, Null()), cut}) {
     const OneItem<Bitmap> bitmap(22, Holding(58, Sequence(Octets("/a.png") + behind)));
     EXPECT_FALSE(bitmap.IsDone()) << Hexadecimal(behind);
   }

@@ -9,4 +9,6 @@ start_wine() {
   timeout 30 wineserver -p || :  # fails if a server already runs, which is fine
   cmake/wine-run.sh cmd /c exit
 } >/dev/null 2>&1
-stop_wine() { timeout 30 wineserver -k; } >/dev/null 2>&1
+stop_wine() {
+  timeout 30 wineserver -k || :  # fails if no server runs, which is fine
+} >/dev/null 2>&1

@@ -11,6 +11,21 @@ void FailAllocation(std::size_t n);
 // Whether an allocation has failed on purpose since FailAllocation was called.
 bool HasFailedAllocation();
 
+// Repeats `work`, failing its first allocation, then its second, until none has failed. Each time
+// calls `check` with the result of `work` and whether an allocation has failed. Returns how often
+// one has.
+template <class Work, class Check>
+std::size_t FailEachInTurn(const Work& work, const Check& check) {
+  for (std::size_t n = 1;; ++n) {
+    FailAllocation(n);
+    auto result = work();
+    const bool hasFailed = HasFailedAllocation();
+    FailAllocation(0);
+    check(result, hasFailed);
+    if (!hasFailed) return n - 1;
+  }
+}
+
 // Makes every allocation of more than `bytes` fail from now on.
 void LimitBlocks(std::size_t bytes);
 

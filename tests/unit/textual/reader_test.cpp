@@ -613,16 +613,12 @@ TEST(TextReader, a_place_has_at_most_one_error) {
 TEST(TextReader, without_memory_a_text_with_errors_is_refused_as_well) {
   for (const char* text : {"{:Scene 0 :a_long_unknown_keyword", "{:Scene 0 a_long_unknown_word",
                            "{:Scene 0 :SceneCS{ 1 2}", "{:Scene 0 /* */ }", "{:Scene 07 }"}) {
-    for (std::size_t n = 1;; ++n) {
-      OwnedGroup group;
-      TextReport report;
-      test::FailAllocation(n);
-      const TextResult result = ReadTextGroup(text, group, report);
-      const bool hasFailed = test::HasFailedAllocation();
-      test::FailAllocation(0);
-      EXPECT_NE(result, TextResult::Done) << text << n;
-      if (!hasFailed) break;
-    }
+    OwnedGroup group;
+    TextReport report;
+    const std::size_t failures = test::FailEachInTurn(
+        [&] { return ReadTextGroup(text, group, report); },
+        [text](TextResult result, bool) { EXPECT_NE(result, TextResult::Done) << text; });
+    EXPECT_GT(failures, 0U);
   }
 }
 
@@ -630,20 +626,14 @@ TEST(TextReader, every_failed_allocation_refuses_the_text_and_leaks_nothing) {
   const std::string text = kEachConstruct;
   const std::size_t before = test::LiveBlocks();
   std::size_t refused = 0;
-  for (std::size_t n = 1;; ++n) {
-    OwnedGroup group;
-    test::FailAllocation(n);
-    const TextResult result = ReadTextGroup(text, group);
-    const bool hasFailed = test::HasFailedAllocation();
-    test::FailAllocation(0);
-    if (!hasFailed) {
-      EXPECT_EQ(result, TextResult::Done);
-      break;
-    }
-    EXPECT_NE(result, TextResult::Done) << "allocation " << n;
-    EXPECT_FALSE(group);
-    refused += result == TextResult::NoMemory ? 1 : 0;
-  }
+  OwnedGroup group;
+  test::FailEachInTurn([&] { return ReadTextGroup(text, group); },
+                       [&](TextResult result, bool hasFailed) {
+                         EXPECT_EQ(result == TextResult::Done, !hasFailed);
+                         EXPECT_EQ(static_cast<bool>(group), !hasFailed);
+                         refused += result == TextResult::NoMemory ? 1 : 0;
+                       });
+  group.reset();
   EXPECT_EQ(refused, 1U) << "only an allocation of the group record returns NoMemory";
   EXPECT_EQ(test::LiveBlocks(), before);
 }
@@ -654,19 +644,15 @@ TEST(TextReader, without_memory_to_list_a_missing_part_the_text_is_refused) {
   EXPECT_EQ(MissingOf(ReadText(text)), "46 Add 0\n66 a point y\n18 Link :EventSource\n"
                                        "18 Link :EventType\n");
   int reported = 0;
-  for (std::size_t n = 1;; ++n) {
-    test::FailAllocation(n);
-    const Reading reading = ReadText(text);
-    const bool hasFailed = test::HasFailedAllocation();
-    test::FailAllocation(0);
-    EXPECT_EQ(reading.result == TextResult::Done, !hasFailed) << n;
-    EXPECT_EQ(static_cast<bool>(reading.group), !hasFailed) << n;
-    for (const TextError& error : reading.report.errors) {
-      EXPECT_STREQ(error.expected, "more memory");
-      ++reported;
-    }
-    if (!hasFailed) break;
-  }
+  test::FailEachInTurn([&text] { return ReadText(text); },
+                       [&reported](const Reading& reading, bool hasFailed) {
+                         EXPECT_EQ(reading.result == TextResult::Done, !hasFailed);
+                         EXPECT_EQ(static_cast<bool>(reading.group), !hasFailed);
+                         for (const TextError& error : reading.report.errors) {
+                           EXPECT_STREQ(error.expected, "more memory");
+                           ++reported;
+                         }
+                       });
   EXPECT_GT(reported, 0);
 }
 

@@ -158,17 +158,14 @@ TEST(TextWriter, an_action_without_a_keyword_is_refused_by_its_number) {
 
 TEST(TextWriter, without_memory_nothing_is_written) {
   const OwnedGroup group = Read("{:Scene 0 :Items ({:Text 1 :OrigBoxSize 2 3})}");
-  std::size_t n = 1;
-  for (bool hasFailed = true; hasFailed; ++n) {
-    OctetString written;
-    test::FailAllocation(n);
-    const Status status = WriteTextGroup(*group, written);
-    hasFailed = test::HasFailedAllocation();
-    test::FailAllocation(0);
-    EXPECT_EQ(status, hasFailed ? Status::Refused : Status::Done) << n;
-    EXPECT_EQ(written.IsEmpty(), hasFailed) << n;
-  }
-  EXPECT_GT(n, 2U);
+  OctetString written;
+  const std::size_t failures =
+      test::FailEachInTurn([&] { return WriteTextGroup(*group, written); },
+                           [&written](Status status, bool hasFailed) {
+                             EXPECT_EQ(status, hasFailed ? Status::Refused : Status::Done);
+                             EXPECT_EQ(written.IsEmpty(), hasFailed);
+                           });
+  EXPECT_GT(failures, 0U);
 }
 
 TEST(TextWriter, an_unknown_event_type_of_an_action_is_written_as_a_number) {

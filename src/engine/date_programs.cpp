@@ -2,7 +2,10 @@
 // November 1858; a time is six binary-coded decimal digits, hhmmss.
 #include <cstdio>
 
+#include "engine/engine.h"
 #include "engine/resident_programs.h"
+#include "objects/limits.h"
+#include "objects/list.h"
 #include "objects/messages.h"
 #include "platform/clocks.h"
 
@@ -111,8 +114,7 @@ bool GetCurrentDate(ProgramValues& values) {
 bool FormatDate(ProgramValues& values) {
   const std::string_view format = values[0].Octets.View();
   const Date date = DateOf(values[1].Integer);
-  OctetString& text = values[3].Octets;
-  if (!text.Assign({})) return false;
+  List<char> text;
   for (std::size_t at = 0; at < format.size(); ++at) {
     char field[24] = {format[at]};
     int length = 1;
@@ -120,9 +122,12 @@ bool FormatDate(ProgramValues& values) {
       if (++at == format.size()) break;  // a "%" at the end of the format writes nothing
       length = WriteField(format[at], date, values[2].Integer, field, sizeof field);
     }
-    if (!text.Append({field, static_cast<std::size_t>(length)})) return false;
+    if (!MayContinue() || text.Size() >= kLongestString) return false;
+    for (const char character : std::string_view(field, static_cast<std::size_t>(length))) {
+      if (!text.Append(character)) return false;
+    }
   }
-  return true;
+  return values[3].Octets.Assign({text.begin(), text.Size()});
 }
 
 bool GetDayOfWeek(ProgramValues& values) {

@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "objects/limits.h"
 #include "objects/objects.h"
 #include "substitutes/memory.h"
 #include "support/engine_fixture.h"
@@ -166,6 +167,20 @@ TEST_F(ResidentProgramsTest, a_result_without_memory_fails_and_sets_no_variable)
                      });
   EXPECT_GT(failures, 0U);
   EXPECT_EQ(Text(), "a text that takes a block");
+}
+
+// Growing the text by one character at a time must not copy it each time: this would take minutes.
+TEST_F(ResidentProgramsTest, a_date_format_may_be_long) {
+  const std::string format(3'000'000, 'x');
+  EXPECT_TRUE(Formatted(format, 0, 0) == format);
+}
+
+TEST_F(ResidentProgramsTest, a_formatted_date_has_the_limit_of_octet_strings) {
+  std::string format;
+  while (format.size() <= kLongestString / 2) format += "%Y";
+  Object<OctetStringVariable>(kText).Value.Clear();
+  EXPECT_EQ(Call("FDa", format, 0, 0, kText), Status::Failure);
+  EXPECT_EQ(Text().size(), 0U);
 }
 
 TEST_F(ResidentProgramsTest, every_program_of_the_table_runs) {

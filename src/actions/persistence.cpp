@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "actions/behaviours.h"
+#include "objects/limits.h"
 #include "objects/messages.h"
 
 namespace korvel {
@@ -45,10 +46,14 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
   return Status::Done;
 }
 
-// Adds values to an entry. Each returns false if memory runs out.
+// Adds values to an entry. Each returns false if the entry would be too long or memory runs out.
+[[nodiscard]] bool AddBytes(OctetString& data, std::string_view bytes) {
+  return data.Length() + bytes.size() <= kLongestString && data.Append(bytes);
+}
+
 [[nodiscard]] bool Add(OctetString& data, bool value) {
   const char byte = value ? '\1' : '\0';
-  return data.Append({&byte, 1});
+  return AddBytes(data, {&byte, 1});
 }
 
 [[nodiscard]] bool Add(OctetString& data, std::int32_t value) {
@@ -58,11 +63,11 @@ Status ReadArguments(const Arguments& arguments, PersistentArguments& read) {
     byte = static_cast<char>(number & 0xFF);
     number >>= 8;
   }
-  return data.Append({bytes, sizeof bytes});
+  return AddBytes(data, {bytes, sizeof bytes});
 }
 
 [[nodiscard]] bool Add(OctetString& data, const OctetString& value) {
-  return Add(data, static_cast<std::int32_t>(value.Length())) && data.Append(value.View());
+  return Add(data, static_cast<std::int32_t>(value.Length())) && AddBytes(data, value.View());
 }
 
 [[nodiscard]] bool Add(OctetString& data, const ObjectReference& value) {
@@ -154,6 +159,7 @@ Status StorePersistent(const Arguments& arguments) {
   RemovePersistent(read.name.View());
   OctetString data;
   for (const FoundObject& variable : read.variables) {
+    if (!MayContinue()) return Status::Failure;
     status = AddVariable(data, variable);
     if (status == Status::Refused) return status;
     if (status == Status::Failure) {

@@ -70,6 +70,11 @@ std::string StreamText(const std::string& component, const std::string& attribut
 const std::string kInactive = ":InitiallyActive FALSE";
 const std::string kVariables = "{:BooleanVar 2 :OrigValue FALSE} {:OStringVar 3 :OrigValue \"f\"}";
 
+std::string StoreText(int count) {
+  const std::string variables = Repeated([](int) { return std::string("3 "); }, count);
+  return ":StorePersistent(0 2 (" + variables + ") \"file\")";
+}
+
 const Walk kWalks[] = {
     {"items_without_a_cell", ListGroupText(Members(kSteps), Cells(1), ""), "",
      ":ScrollItems(10 1)"},
@@ -86,8 +91,8 @@ const Walk kWalks[] = {
     {"members_of_a_token_group_that_stops", TokenGroupText(""), "", ":Stop(10)"},
     {"components_of_a_stream_that_runs", StreamText("Audio", kInactive), "", ":Run(10)"},
     {"components_of_a_stream_that_stops", StreamText("Audio", ""), "", ":Stop(10)"},
-    {"variables_to_store", kVariables, "",
-     ":StorePersistent(0 2 (" + Repeated([](int) { return std::string("3 "); }) + ") \"file\")"},
+    {"variables_to_store", kVariables, "", StoreText(kSteps)},
+    {"values_to_store", kVariables, "", StoreText(kSteps / 4)},  // finding them takes half the time
 };
 
 class ClosingWalk : public Stage, public testing::WithParamInterface<Walk> {};
@@ -207,6 +212,19 @@ TEST_F(Closing, stops_searching_a_text) {
   EXPECT_NE(Integer(3), kSteps);
   EXPECT_EQ(Run(search), Status::Done);
   EXPECT_EQ(Integer(3), kSteps);
+}
+
+TEST_F(Closing, stops_formatting_a_date) {
+  const std::string format(kSteps, 'x');
+  Start("{:ResidentPrg 1 :Name \"FDa\"}" + kVariables);
+  const std::string call = ":Call(1 2 :GOctetString \"" + format +
+                           "\" :GInteger 0 :GInteger 0 :GOctetString :IndirectRef 3)";
+  RequestClose();
+  EXPECT_EQ(Run(call), Status::Failure);
+  CancelClose();
+  EXPECT_EQ(Octets(3), "f");
+  EXPECT_EQ(Run(call), Status::Done);
+  EXPECT_EQ(Octets(3), format);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <tuple>
 #include <vector>
 
+#include "objects/limits.h"
 #include "stage.h"
 
 namespace korvel::test {
@@ -137,6 +138,21 @@ TEST_F(PersistenceTest, a_second_store_replaces_the_first) {
             Status::Done);
   EXPECT_EQ(TakeStored("name"), "\x01");
   EXPECT_EQ(TakeStored("name"), "nothing");
+}
+
+TEST_F(PersistenceTest, an_entry_has_the_limit_of_octet_strings) {
+  Start(kStored);
+  testing::internal::CaptureStdout();
+  ASSERT_TRUE(Object<OctetStringVariable>(3).Value.AssignZeros(kLongestString / 2 - 4));
+  EXPECT_EQ(Run(":StorePersistent(0 9 (3 3) \"name\")"), Status::Done);
+  EXPECT_TRUE(Boolean(9));
+  EXPECT_EQ(TakeStored("name").size(), kLongestString);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(Run(":StorePersistent(0 9 (3 3 1) \"name\")"), Status::Failure);
+  EXPECT_FALSE(Boolean(9));
+  EXPECT_EQ(TakeStored("name"), "nothing");
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "Can't allocate memory for Persistent\n");
 }
 
 TEST_F(PersistenceTest, a_non_variable_ends_the_action_without_setting_the_success_variable) {

@@ -20,8 +20,8 @@ Status RefuseClass(Message message) {
 
 bool Decode(const OctetString& bytes, OwnedGroup& group) {
   const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.Text());
-  const bool isDecoded =
-      DecodeGroup({first, bytes.Length()}, group) == Status::Done && IndexObjects(*group);
+  const bool isDecoded = DecodeGroup({first, bytes.Length()}, group) == Status::Done &&
+                         NameOf(*group).size() <= kLongestGroupName && IndexObjects(*group);
   if (!isDecoded) ObserveReason(Reason::NotAGroup, 0);
   return isDecoded;
 }
@@ -113,6 +113,7 @@ Status StartEngine(std::string_view path) {
   EndRunningGroupsSilently();
   TheStack().Clear();
   TheCore().currentDirectory.Clear();
+  TheCore().sceneStartTime = 0;
   TheCore().random = SecondsNow();
   TheCore().programSettings = {};
 

@@ -14,8 +14,13 @@ namespace korvel {
 // call stack and for ListReader's array of open wrappers.
 inline constexpr std::uint32_t kDeepestNesting = 64;
 
-// The size in bytes to which content may grow an octet string. A longer one is treated as out of
-// memory: doubling it a few more times would exhaust the host process.
+// The bytes of a group's name. Each reference of the group that names no other group gets a copy of
+// the name, so with a long one a small file would need a large multiple of its size in memory.
+inline constexpr std::size_t kLongestGroupName = 1024;
+
+// The size in bytes to which content may grow an octet string or an entry of the persistent store.
+// A longer one is treated as out of memory: doubling it a few more times would exhaust the host
+// process.
 inline constexpr std::size_t kLongestString = std::size_t{16} * 1024 * 1024;
 
 // ---- Work ----
@@ -78,6 +83,10 @@ inline constexpr double kMostDashes = 3000;
 // The characters of a text that are drawn: more than fit on the screen. Under Wine GDI+ also lays
 // out the text beyond the box, which takes long.
 inline constexpr std::size_t kMostCharacters = 20000;
+
+// The line feeds of a text that are drawn: no picture has more lines than pixel rows. Under Wine
+// the time that GDI+ takes grows with the square of their number.
+inline constexpr std::size_t kMostLines = 576;
 
 // A font of a larger size is not drawn: no part of a character would be visible.
 inline constexpr std::int32_t kLargestFontSize = 10000;

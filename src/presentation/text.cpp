@@ -68,8 +68,6 @@ Gdiplus::StringAlignment AlignmentOf(Justification justification) {
 
 constexpr float kDefaultSize = 24.0F;
 constexpr float kPointsPerInch = 72.0F;
-// No picture has more lines than pixel rows.
-constexpr std::size_t kMostLines = kSceneHeight;
 
 // The UTF-16 text for GDI+, terminated by a zero.
 class WideText {

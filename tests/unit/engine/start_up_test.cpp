@@ -1,4 +1,5 @@
 // How the start-up application is found, and the order in which an application starts.
+#include "objects/limits.h"
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -90,6 +91,16 @@ TEST_F(StartUp, a_start_file_that_is_a_scene_is_refused) {
   EXPECT_EQ(Printed(), "startup error\n");
   EXPECT_EQ(CurrentApplication(), nullptr);
   EXPECT_EQ(CurrentScene(), nullptr);
+}
+
+TEST_F(StartUp, a_group_whose_name_is_too_long_is_refused) {
+  const std::string longest = "~/" + std::string(kLongestGroupName - 2, 'a');
+  Serve("a", ApplicationText(longest, ""));
+  EXPECT_EQ(Start(), Status::Done);
+  EXPECT_EQ(NameOf(CurrentApplication()), longest);
+  Serve("a", ApplicationText(longest + "a", ""));
+  EXPECT_EQ(Start(), Status::Refused);
+  EXPECT_EQ(Printed(), "Parser failed\n");
 }
 
 TEST_F(StartUp, a_start_file_cut_short_anywhere_is_refused) {

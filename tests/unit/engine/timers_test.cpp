@@ -77,6 +77,12 @@ TEST_F(Timers, each_scene_has_its_own_time_of_entry) {
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 1500}}));
 }
 
+TEST_F(Timers, before_the_first_scene_of_a_start_absolute_timers_count_from_zero) {
+  ASSERT_EQ(Start(), Status::Done);
+  EXPECT_EQ(Set(CurrentApplication(), 5, 4000, true), Status::Done);
+  EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 4000}}));
+}
+
 TEST_F(Timers, a_value_of_zero_sets_a_timer) {
   EXPECT_EQ(SetInScene(5, 0), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 0}}));

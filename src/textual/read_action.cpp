@@ -75,21 +75,21 @@ bool AddColour(TextReader& reader, Parameters& parameters) {
   return reader.Refuse(":NewColourIndex or :NewAbsoluteColour");
 }
 
-// A size that is omitted before a cache priority becomes a value of kind None.
+// A size that is omitted becomes a value of kind None before a cache priority, and after an
+// indirect reference, which would be included content if it were the only value.
 bool AddNewContent(TextReader& reader, Parameters& parameters) {
   if (!reader.TakeKeyword(":NewRefContent")) {
     return AddGeneric(reader, ValueKind::OctetString, parameters);
   }
-  if (!reader.Expect(kOpenParenthesis, "(") ||
-      !AddGeneric(reader, ValueKind::ContentReference, parameters)) {
-    return false;
-  }
-  const bool hasSize = reader.TakeKeyword(":NewContentSize");
-  if (hasSize && !AddIntegerOrNull(reader, parameters)) return false;
-  if (reader.TakeKeyword(":NewCCPriority")) {
-    if (!hasSize && !Add(reader, GenericValue{}, parameters)) return false;
+  if (!reader.Expect(kOpenParenthesis, "(")) return false;
+  const bool isIndirect = reader.IsAtKeyword(":IndirectRef");
+  if (!AddGeneric(reader, ValueKind::ContentReference, parameters)) return false;
+  if (reader.TakeKeyword(":NewContentSize")) {
     if (!AddIntegerOrNull(reader, parameters)) return false;
+  } else if (isIndirect || reader.IsAtKeyword(":NewCCPriority")) {
+    if (!Add(reader, GenericValue{}, parameters)) return false;
   }
+  if (reader.TakeKeyword(":NewCCPriority") && !AddIntegerOrNull(reader, parameters)) return false;
   return reader.Expect(kCloseParenthesis, ")");
 }
 

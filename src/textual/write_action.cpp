@@ -42,12 +42,15 @@ void WriteAfterKeywords(TextWriter& writer, std::initializer_list<const char*> k
   }
 }
 
+// The reader adds a size of kind None after a lone indirect reference.
 void WriteNewContent(TextWriter& writer, ActionValues values) {
+  const bool isIndirect = values.Next().Kind == ValueKind::IndirectReference;
   const bool isReferenced = values.Next().Kind == ValueKind::ContentReference || values.Left() > 1;
   if (!isReferenced) return Write(writer, values.Take());
   writer.Word(":NewRefContent");
   writer.Open('(');
   Write(writer, values.Take());
+  if (isIndirect && values.Left() == 1 && values.Next().Kind == ValueKind::None) values.Take();
   WriteAfterKeywords(writer, {":NewContentSize", ":NewCCPriority"}, values);
   writer.Close(')');
 }

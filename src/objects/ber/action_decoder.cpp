@@ -83,23 +83,31 @@ bool DecodeReferences(BerReader& reader, Values& values) {
   return isFlat ? readReferences(reader) : ReadNestedOrFlat(reader, readReferences);
 }
 
+bool AppendNone(BerReader& reader, Values& values) {
+  return values.Append(GenericValue{}) != nullptr || reader.Refuse();
+}
+
 // Reads a size or cache priority. A size that is missing before a cache priority becomes a value of
 // kind None.
 bool DecodeContentNumber(BerReader& reader, Tag own, Tag later, Values& values) {
   const KindSet kinds = SetOfKinds(Integer, None);
   if (!reader.NextIs(later) || own == later) return DecodeNext(reader, kinds, values);
-  return values.Append(GenericValue{}) != nullptr || reader.Refuse();
+  return AppendNone(reader, values);
 }
 
+// A lone indirect value is included content. In a SEQUENCE it is a path, and a size of kind None
+// keeps that known.
 bool DecodeNewContent(BerReader& reader, Values& values) {
   const KindSet kinds = SetOfKinds(OctetString, ContentReference);
-  return ReadNestedOrFlat(reader, [&values](BerReader& content) {
+  const bool isNested = reader.NextIs(kSequence);
+  return ReadNestedOrFlat(reader, [&](BerReader& content) {
     if (!DecodeNext(content, kinds, values)) return false;
-    const bool isIncluded = !values.IsEmpty() && values.Last()->Kind == OctetString;
-    return isIncluded ||
-           (DecodeContentNumber(content, kNewContentSize, kNewContentCachePriority, values) &&
-            DecodeContentNumber(content, kNewContentCachePriority, kNewContentCachePriority,
-                                values));
+    const GenericValue* value = values.Last();
+    if (value != nullptr && value->Kind == OctetString) return true;
+    const bool isLonePath = isNested && content.AtEnd() && value != nullptr;
+    if (isLonePath && value->Kind == IndirectReference) return AppendNone(content, values);
+    return DecodeContentNumber(content, kNewContentSize, kNewContentCachePriority, values) &&
+           DecodeContentNumber(content, kNewContentCachePriority, kNewContentCachePriority, values);
   });
 }
 

@@ -317,6 +317,7 @@ TEST(DecodeParameters, new_content_is_included_or_referenced) {
             "V5 I1 V6");
   EXPECT_EQ(Parameters(Action::SetData, Sequence(path)), "C/p");
   EXPECT_EQ(Parameters(Action::SetData, Sequence(Holding(229, path))), "C/p");
+  EXPECT_EQ(Parameters(Action::SetData, Sequence(Indirect(5))), "V5 -");
   EXPECT_EQ(Parameters(Action::SetData, Octets("text") + Integer(1)), "refused");
 }
 

@@ -295,6 +295,11 @@ TEST(TextReader, an_omitted_size_of_new_content_is_null_before_a_priority) {
             "500");
 }
 
+TEST(TextReader, an_omitted_size_of_new_content_is_null_after_an_indirect_reference) {
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetData(1 :IndirectRef 4)"))), "5");
+  EXPECT_EQ(KindsOf(OnlyAction(ReadAction(":SetData(1 :NewRefContent (:IndirectRef 4))"))), "50");
+}
+
 TEST(TextReader, a_target_may_be_indirect) {
   const Reading reading = ReadAction(":Run(:IndirectRef (\"~/a\" 3))");
   EXPECT_EQ(OnlyAction(reading).Target.Kind, ValueKind::IndirectReference);
@@ -548,6 +553,7 @@ constexpr const char* kEachConstruct =
     :SetFontRef(1 "Sans") :SetFontRef(1 9)
     :SendEvent(0 1 UserInput :GInteger 15) :SendEvent(0 1 6)
     :SetData(1 :NewRefContent (:ContentRef ("~/c") :NewContentSize 5 :NewCCPriority NULL))
+    :SetData(1 :IndirectRef 4) :SetData(1 :NewRefContent (:IndirectRef 4))
     :SetData(1 :NewRefContent (:IndirectRef 4 :NewCCPriority 5)))})})";
 
 // The text split into brackets, strings and words.

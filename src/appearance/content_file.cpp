@@ -81,7 +81,7 @@ constexpr std::uint32_t kHuffmanTables = 0xC4;
 constexpr std::uint32_t kJpegExtension = 0xC8;
 constexpr std::uint32_t kArithmeticTables = 0xCC;
 constexpr std::uint32_t kFirstRestart = 0xD0;
-constexpr std::uint32_t kStartOfImage = 0xD8;
+constexpr std::uint32_t kEndOfImage = 0xD9;
 constexpr std::uint32_t kScan = 0xDA;
 
 bool IsFrame(std::uint32_t marker) {
@@ -90,16 +90,18 @@ bool IsFrame(std::uint32_t marker) {
 }
 
 bool HasSegment(std::uint32_t marker) {
-  return marker >= kFirstFrame && (marker < kFirstRestart || marker > kStartOfImage + 1) &&
+  return marker >= kFirstFrame && (marker < kFirstRestart || marker > kEndOfImage) &&
          marker != 0xFF;
 }
 
+// Decoders stop at the end of the image. Some cameras append other data to it.
 bool IsDecodableJpeg(const Header& header, std::string_view file) {
   std::uint64_t pixels = 0;
   std::uint64_t scans = 0;
   std::size_t at = 2;
   while ((at = file.find('\xFF', at)) != std::string_view::npos) {
     const std::uint32_t marker = header.Byte(at + 1);
+    if (marker == kEndOfImage) break;
     ++at;
     if (!HasSegment(marker)) continue;
     if (IsFrame(marker)) {
@@ -150,7 +152,7 @@ bool ReadPictureContent(const ContentBody& content, OctetString& file, std::stri
   bytes = content.Data.View();
   if (content.IsReferenced) {
     OctetString path;
-    if (!ContentPath(bytes, path) || !FetchFile(path.View(), &file)) return false;
+    if (!ContentPath(content.Data.TextView(), path) || !FetchFile(path.View(), &file)) return false;
     bytes = file.View();
   }
   return !bytes.empty();

@@ -136,6 +136,12 @@ TEST(PictureSize, markers_inside_segments_and_data_of_a_jpeg_file_are_ignored) {
   EXPECT_TRUE(MayBeDecoded(Jpeg(8, 8) + Scans(1) + std::string("\xFF\0\xC0\xFF\xD0\xFF\xD7", 7)));
 }
 
+TEST(PictureSize, data_after_the_end_of_a_jpeg_image_is_ignored) {
+  const std::string image = Jpeg(8, 8) + Scans(1) + "\xFF\xD9";
+  EXPECT_TRUE(MayBeDecoded(image + JpegFrame(60000, 60000)));
+  EXPECT_FALSE(MayBeDecoded("\xFF\xD8\xFF\xD9" + JpegFrame(8, 8))) << "an image without a frame";
+}
+
 TEST(PictureSize, a_truncated_header_is_refused) {
   for (const FileOfSize file : kFormats) {
     const std::string whole = file(8, 8);

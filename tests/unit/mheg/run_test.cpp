@@ -266,6 +266,21 @@ TEST_F(Run, a_missing_picture_raises_the_engine_event) {
             "t.script:1: expected variable ~/a 1 5, found 0\n");
 }
 
+// The value of a variable that was set from another one ends in a zero byte.
+TEST_F(Run, a_picture_is_found_by_a_path_that_was_copied_between_variables) {
+  Write("picture.png", "any bytes");
+  WriteScene("{:Bitmap 5 :OrigBoxSize 10 10 :OrigContent :ContentRef (\"~/picture.png\")}"
+             "{:ContentRefVar 6 :OrigValue :ContentRef (\"~/picture.png\")}"
+             "{:ContentRefVar 7 :OrigValue :ContentRef (\"~/none\")}"
+             "{:IntegerVar 8 :OrigValue 0}" +
+             OnKey(9, 100,
+                   ":SetVariable(7 :GContentRef :IndirectRef 6) "
+                   ":SetData(5 :NewRefContent (:IndirectRef 7))") +
+             "{:Link 10 :EventSource 0 :EventType EngineEvent :EventData 3 "
+             ":LinkEffect (:SetVariable(8 :GInteger 5))}");
+  ExpectSuccess("key Red\nexpect variable 8 0\n");
+}
+
 // ---- Expectations ----
 
 TEST_F(Run, a_difference_is_reported_with_the_line_and_the_state) {

@@ -58,8 +58,10 @@ typedef struct MHEG5Host {
 /** The functions of a host object, 12 slots in this order. The engine calls ReadFile and FreeBuffer
  * on its own worker thread, one call at a time and never on the thread that called RunMHEG5Window;
  * AddRef and the first SetExitCallback on the thread that called RunMHEG5Window; Release and the
- * last SetExitCallback on the worker. No function may wait for the engine to close, or for a thread
- * that waits for that by any means other than MHEG5WaitForClose.
+ * last SetExitCallback on the worker, or on another thread of the engine if it has no worker. No
+ * function may wait for the engine to close, or for a thread that waits for that. SendMessage to a
+ * thread in MHEG5WaitForClose is the exception: that wait answers it, but neither a posted message
+ * nor a COM call.
  *
  * Slots 0, 3 to 5 and 8 to 10 belong to the host. They are never called and may be null. */
 typedef struct MHEG5HostTable {
@@ -121,10 +123,10 @@ uint32_t KORVEL_CALL ExitMHEG5(void);
 uint32_t KORVEL_CALL MHEG5ReStart(void);
 
 /** Waits without limit until the engine's thread has ended, and returns 0. Returns immediately if
- * there is no engine, or if the caller is one of the engine's own threads (inside a function of the
- * host object). The wait answers messages that other threads send to the caller's windows, but
- * removes no posted ones. It does not request a close itself. Any thread may call this, but not
- * from a DllMain. */
+ * there is no engine, or inside a function of the host object: the caller is then one of the
+ * engine's own threads, or the one that is starting it. The wait answers messages that other
+ * threads send to the caller's windows, but removes no posted ones. It does not request a close
+ * itself. Any thread may call this, but not from a DllMain. */
 uint32_t KORVEL_CALL MHEG5WaitForClose(void);
 
 #ifdef __cplusplus

@@ -15,6 +15,7 @@
 #include "host/message_queues.h"
 #include "host/threads.h"
 #include "korvel.h"
+#include "platform/running.h"
 #include "presentation/presentation.h"
 
 namespace korvel {
@@ -107,10 +108,9 @@ void RunMessageLoop() {
 // Runs the engine in its window until the window is gone and the worker has ended.
 void RunInWindow() {
   if (!CreateEngineWindow()) return;
-  if (CreateWorker()) {
-    ShowEngineWindow();
-    RunMessageLoop();
-  }
+  // Before the worker paints: the window's first painting erases what it shows.
+  ShowEngineWindow();
+  if (CreateWorker()) RunMessageLoop();
   EndWorkerAndWindow();
 }
 
@@ -200,15 +200,15 @@ void EndStart(Phase phase) {
 // The effect of a close request while the engine has no window.
 enum class WithoutWindow { Ignore, Stop };
 
-// Asks the running engine to close. The window is destroyed under the same lock, so the request
-// cannot reach a later engine.
+// Asks the running engine to close. The window is forgotten under the same lock before it is
+// destroyed, so the request cannot reach a later engine.
 void AskToClose(WithoutWindow withoutWindow) {
   const StateLocked locked;
   HWND window = hostState.engineWindow;
   if (hostState.engineThread == nullptr) return;
   if (window != nullptr) {
     StopForClose();
-  } else if (withoutWindow == WithoutWindow::Ignore) {
+  } else if (withoutWindow == WithoutWindow::Ignore || IsClosing()) {
     return;
   } else {
     StopRunning();
@@ -221,10 +221,10 @@ void AskToClose(WithoutWindow withoutWindow) {
 void WaitAnsweringSentMessages(HANDLE object, DWORD limitMs) {
   const ULONGLONG start = GetTickCount64();
   for (DWORD remaining = limitMs;;) {
-    if (MsgWaitForMultipleObjects(1, &object, FALSE, remaining, QS_SENDMESSAGE) !=
-        WAIT_OBJECT_0 + 1) {
-      return;
-    }
+    // A message may have arrived before: the caller has seen it in its queue but not answered it.
+    const DWORD answer =
+        MsgWaitForMultipleObjectsEx(1, &object, remaining, QS_SENDMESSAGE, MWMO_INPUTAVAILABLE);
+    if (answer != WAIT_OBJECT_0 + 1) return;
     AnswerSentMessages();
     if (limitMs == INFINITE) continue;
     const ULONGLONG passed = GetTickCount64() - start;

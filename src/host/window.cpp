@@ -98,9 +98,9 @@ LRESULT CALLBACK EngineWindowProcedure(HWND window, UINT message, WPARAM wParam,
   case WM_KEYUP: NoteModifier(wParam, false); return 0;
   case WM_SYSKEYDOWN:
   case WM_SYSKEYUP:
-    // Alt without another key arrives here, not as a plain key. The system also uses it for its
-    // menu.
-    if (wParam == VK_MENU) NoteModifier(wParam, message == WM_SYSKEYDOWN);
+    // Alt without another key arrives here, not as a plain key, and so does a Ctrl that is released
+    // while Alt is down. The system also uses Alt for its menu.
+    NoteModifier(wParam, message == WM_SYSKEYDOWN);
     return DefaultResult(window, message, wParam, lParam);
   case WM_TIMER: HandleExpiry(window, static_cast<std::uint32_t>(wParam)); return 0;
   case kSetWindowTimer: SetTimer(window, wParam, static_cast<UINT>(lParam), nullptr); return 0;

@@ -108,6 +108,7 @@ void StartFirstTime() {
   ShowScreenText("Please Wait");
   if (StartAndShow()) return;
   StopRunning();
+  DiscardUpdateStamp();  // the start may have failed in the millisecond of the first text
   ShowScreenText("No MHEG5 Service");
 }
 

@@ -75,6 +75,16 @@ TEST_F(Keys, are_raised_again_when_alt_is_released_first) {
   EXPECT_THAT(Raised(), ElementsAre("6 7"));
 }
 
+TEST_F(Keys, are_raised_again_when_ctrl_is_released_while_alt_is_down) {
+  Start();
+  Post(WM_SYSKEYDOWN, kAlt);
+  PostKeys({kCtrl, kDigit1});
+  Post(WM_SYSKEYUP, kCtrl);
+  PostKeys({kDigit2});
+  FinishPosted();
+  EXPECT_THAT(Raised(), ElementsAre("6 7"));
+}
+
 TEST_F(Keys, are_raised_again_when_the_window_loses_the_focus) {
   Start();
   PostKeys({kCtrl, kAlt, kDigit1});

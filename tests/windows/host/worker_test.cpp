@@ -34,10 +34,10 @@ TEST_F(Worker, shows_no_service_on_a_cleared_picture_when_no_application_starts)
   substitutes.onStartEngine = [] { return Status::Refused; };
   Start();
   const auto lines = WorkerLines();
-  ASSERT_GE(lines.size(), 4U);
-  EXPECT_THAT(std::vector(lines.end() - 4, lines.end()),
-              ElementsAre("StartEngine ", "ClearSurface", "DrawScreenText No MHEG5 Service",
-                          "DeviceUpdate"));
+  ASSERT_GE(lines.size(), 5U);
+  EXPECT_THAT(std::vector(lines.end() - 5, lines.end()),
+              ElementsAre("StartEngine ", "DiscardUpdateStamp", "ClearSurface",
+                          "DrawScreenText No MHEG5 Service", "DeviceUpdate"));
   EXPECT_FALSE(MayRun());
 }
 

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "windows/library/engine_fixture.h"
+#include "windows/support/imports.h"
 
 namespace korvel::test {
 namespace {
@@ -262,6 +263,46 @@ TEST_F(Boundary, waiting_for_the_close_answers_messages_sent_to_the_waiting_thre
   EXPECT_EQ(host.HeldReferences(), 0);
   EXPECT_EQ(window.Closes(), 0) << "the posted message is still in the queue";
   WaitForClosed();
+}
+
+// A message is new to the system's waits only until its thread has looked at its queue.
+TEST_F(Boundary, waiting_for_the_close_answers_sent_messages_that_the_thread_has_already_seen) {
+  StartWaitingForFile();
+  std::atomic<bool> isAnswered = false;
+  host.onCall = [&](const std::string& name) {
+    if (name != "SetExitCallback null") return;
+    SendMessageA(window.Handle(), WM_NULL, 0, 0);
+    isAnswered = true;
+  };
+  library.exit();
+  const ULONGLONG end = GetTickCount64() + kWaitLimit.count();
+  while ((HIWORD(GetQueueStatus(QS_SENDMESSAGE)) & QS_SENDMESSAGE) == 0) {
+    ASSERT_LT(GetTickCount64(), end);
+    Sleep(1);
+  }
+  EXPECT_EQ(library.waitForClose(), 0U);
+  EXPECT_TRUE(isAnswered);
+  WaitForClosed();
+}
+
+std::atomic<bool> hasPostedToItself;
+
+BOOL WINAPI RestartThenDestroyWindow(HWND window) {
+  TheLibrary().reStart();
+  MSG message;
+  HWND const none = reinterpret_cast<HWND>(-1);  // finds the messages that belong to no window
+  hasPostedToItself = PeekMessageA(&message, none, WM_CLOSE, WM_CLOSE, PM_NOREMOVE) != 0;
+  return DestroyWindow(window);
+}
+
+TEST_F(Boundary, a_restart_request_during_the_close_posts_nothing_to_its_caller) {
+  StartWaitingForFile();
+  hasPostedToItself = true;
+  const ReplacedImport hook(GetModuleHandleA("korvel.dll"), "DestroyWindow",
+                            RestartThenDestroyWindow);
+  ASSERT_TRUE(hook.IsInPlace());
+  Close();
+  EXPECT_FALSE(hasPostedToItself);
 }
 
 TEST_F(Boundary, every_waiting_thread_returns_when_the_engine_has_closed) {

@@ -74,7 +74,7 @@ Delays::Delays(HMODULE module, std::uint32_t seed) {
   delay.operator()<"SetEvent">(SetEvent);
   delay.operator()<"CloseHandle">(CloseHandle);
   delay.operator()<"WaitForSingleObject">(WaitForSingleObject);
-  delay.operator()<"MsgWaitForMultipleObjects">(MsgWaitForMultipleObjects);
+  delay.operator()<"MsgWaitForMultipleObjectsEx">(MsgWaitForMultipleObjectsEx);
   delay.operator()<"Sleep">(Sleep);
   delay.operator()<"FreeLibraryAndExitThread">(FreeLibraryAndExitThread);
   // Messages.

@@ -33,7 +33,7 @@ run() {
   run "sed -i 's/:Run(4)/:Run(44)/' shop/lamp.mheg"
   run "mheg check shop"
   run "mheg run shop --script shop/test.script"
-  say "Repaired. Now the carousel that is broadcast, and a picture of it."
+  say "Fix it, build the carousel that is broadcast, and take a picture of it."
   run "sed -i 's/:Run(44)/:Run(4)/' shop/lamp.mheg"
   run "mheg build shop -o carousel"
   run "korvel-player carousel --screenshot menu.png"

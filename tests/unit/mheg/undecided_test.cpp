@@ -40,6 +40,12 @@ const std::string kLoopByAnotherLink =
     "{:Link 4 :EventSource 1 :EventType TestEvent :EventData FALSE "
     ":LinkEffect (:TestVariable(1 1 :GInteger 9))}";
 
+const char* const kLoopByALinkOfTheApplication =
+    "{:Link 2 :EventSource 0 :EventType UserInput "
+    ":LinkEffect (:TestVariable((\"~/a\" 1) 1 :GInteger 1))}"
+    "{:Link 4 :EventSource (\"~/a\" 1) :EventType TestEvent :EventData FALSE "
+    ":LinkEffect (:TestVariable((\"~/a\" 1) 1 :GInteger 9))}";
+
 const std::string kLoopThatEnds = std::string(kAsked) +
                                   "{:Link 4 :EventSource 1 :EventType TestEvent :EventData FALSE "
                                   ":LinkEffect (:Add(1 1) :TestVariable(1 1 :GInteger 9))}";
@@ -56,6 +62,10 @@ INSTANTIATE_TEST_SUITE_P(
     Check, UndecidedContent,
     testing::Values(
         Undecided{"loop_by_another_link", kLoopByAnotherLink.c_str()},
+        Undecided{"loop_by_a_link_of_the_application", kLoopByALinkOfTheApplication,
+                  "{:IntegerVar 1 :Shared TRUE :OrigValue 0}"
+                  "{:Link 3 :Shared TRUE :EventSource 1 :EventType TestEvent :EventData FALSE "
+                  ":LinkEffect (:Add(1 1))}"},
         Undecided{"loop_that_ends", kLoopThatEnds.c_str()},
         Undecided{"link_that_turns_itself_off", kLinkThatTurnsItselfOff.c_str()},
         Undecided{"test_with_the_other_result", kTestWithTheOtherResult.c_str()},

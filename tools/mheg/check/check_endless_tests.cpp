@@ -10,8 +10,8 @@ namespace {
 
 using namespace korvel;
 
-// Whether an action raises no event and leaves the tested variable and the link as they are, unless
-// it refers to one of them.
+// Whether an action raises no event and changes nothing but its own target. It cannot change the
+// result of the next test unless its target is the tested variable.
 bool IsQuiet(Action action) {
   switch (action) {
   case Action::Add:
@@ -32,8 +32,6 @@ bool IsQuiet(Action action) {
   default: return false;
   }
 }
-
-bool IsTest(const ElementaryAction& action) { return ActionOf(action) == Action::TestVariable; }
 
 // A test whose operator and operand are constant integers.
 struct ConstantTest {
@@ -59,7 +57,7 @@ bool ReadTest(const ElementaryAction& action, ConstantTest& test) {
 
 // Whether a value exists for which both tests have that result. It is enough to try the constants
 // and their neighbours.
-bool MayBothHave(bool result, const ConstantTest& one, const ConstantTest& other) {
+bool CanBothHave(bool result, const ConstantTest& one, const ConstantTest& other) {
   for (const std::int64_t constant : {one.constant, other.constant}) {
     for (const std::int64_t value : {constant - 1, constant, constant + 1}) {
       if (one.ResultFor(value) == result && other.ResultFor(value) == result) return true;
@@ -68,27 +66,43 @@ bool MayBothHave(bool result, const ConstantTest& one, const ConstantTest& other
   return false;
 }
 
+// The variable that a link waits for.
+struct TestedVariable {
+  const Carousel& carousel;
+  const CheckedGroup* group;
+  std::int32_t number;
+
+  // Whether a reference in the group `from` names the variable.
+  [[nodiscard]] bool IsNamedBy(const CheckedGroup& from, const ObjectReference& reference) const {
+    return reference.Number == number &&
+           carousel.Find(from, reference.GroupIdentifier.View()) == group;
+  }
+  // Whether an action of the group `from` names it as its target. An indirect target names the
+  // variable that holds the target.
+  [[nodiscard]] bool IsTargetOf(const CheckedGroup& from, const ElementaryAction& action) const {
+    return action.Target.Kind == ValueKind::ObjectReference &&
+           IsNamedBy(from, action.Target.Reference);
+  }
+  [[nodiscard]] bool IsTestedBy(const CheckedGroup& from, const ElementaryAction& action) const {
+    return ActionOf(action) == Action::TestVariable && IsTargetOf(from, action);
+  }
+};
+
 // Collects the tests of one variable in a group.
 class TestCollector : public GroupVisitor {
  public:
-  TestCollector(const Carousel& carousel, const CheckedGroup& group, const CheckedGroup& owner,
-                std::int32_t variable)
-      : carousel_(carousel), group_(group), owner_(owner), variable_(variable) {}
+  TestCollector(const CheckedGroup& group, const TestedVariable& variable)
+      : group_(group), variable_(variable) {}
 
   void VisitAction(const ElementaryAction& action) override {
-    const ObjectReference& target = action.Target.Reference;
-    if (!IsTest(action) || action.Target.Kind != ValueKind::ObjectReference) return;
-    if (target.Number != variable_) return;
-    if (carousel_.Find(group_, target.GroupIdentifier.View()) == &owner_) tests.push_back(&action);
+    if (variable_.IsTestedBy(group_, action)) tests.push_back(&action);
   }
 
   std::vector<const ElementaryAction*> tests;
 
  private:
-  const Carousel& carousel_;
   const CheckedGroup& group_;
-  const CheckedGroup& owner_;
-  std::int32_t variable_;
+  const TestedVariable& variable_;
 };
 
 class EndlessTestCheck : public CheckVisitor {
@@ -99,82 +113,76 @@ class EndlessTestCheck : public CheckVisitor {
     if (type != ItemType::Link) return;
     const auto& link = static_cast<const Link&>(record);
     if (link.Condition.EventType != EventType::TestEvent) return;
-    const ObjectReference& variable = link.Condition.EventSource;
-    owner_ = carousel_.Find(group_, variable.GroupIdentifier.View());
-    if (owner_ == nullptr) return;
+    const ObjectReference& source = link.Condition.EventSource;
+    const TestedVariable variable{carousel_, carousel_.Find(group_, source.GroupIdentifier.View()),
+                                  source.Number};
+    if (variable.group == nullptr) return;
     for (const ElementaryAction& action : link.LinkEffect) {
-      if (IsTest(action) && IsAbout(action.Target, variable)) {
-        if (MayRepeat(link, action) && !MayOthersChangeResult(link)) {
+      if (variable.IsTestedBy(group_, action)) {
+        if (MayRepeat(link, action, variable) && !MayOthersChangeResult(link, variable)) {
           ReportAt(":LinkEffect", Rule::EndlessTest,
-                   "tests variable " + std::to_string(variable.Number) +
+                   "tests variable " + std::to_string(variable.number) +
                        " again in reaction to its test, with the same result, so it never ends");
         }
         return;
       }
-      if (MayChangeResult(action, link)) return;
+      if (MayChangeResult(group_, action, variable)) return;
     }
   }
 
  private:
-  // Whether the value refers to that object of the variable's group.
-  [[nodiscard]] bool IsAbout(const GenericValue& value, const ObjectReference& object) const {
-    return IsReference(value) && value.Reference.Number == object.Number &&
-           carousel_.Find(group_, value.Reference.GroupIdentifier.View()) == owner_;
+  // Whether an action of the group may change the result of the next test.
+  [[nodiscard]] static bool MayChangeResult(const CheckedGroup& group,
+                                            const ElementaryAction& action,
+                                            const TestedVariable& variable) {
+    return !IsQuiet(ActionOf(action)) || action.Target.Kind == ValueKind::IndirectReference ||
+           variable.IsTargetOf(group, action);
   }
 
-  // Whether the action may change the result of the next test.
-  [[nodiscard]] bool MayChangeResult(const ElementaryAction& action, const Link& link) const {
-    if (!IsQuiet(ActionOf(action))) return true;
-    if (action.Target.Kind == ValueKind::IndirectReference) return true;
-    return IsAbout(action.Target, link.Condition.EventSource);
-  }
-
-  // Whether another link that the same result runs may change the next one.
-  [[nodiscard]] bool MayOthersChangeResult(const Link& link) const {
+  // Whether another link that fires on the same result may change the variable before the next
+  // test.
+  [[nodiscard]] bool MayOthersChangeResult(const Link& link, const TestedVariable& variable) const {
     for (std::size_t i = 0; i < carousel_.Size(); ++i) {
       const CheckedGroup& group = carousel_.At(i);
       for (const auto& [number, object] : group.objects) {
         if (object.type != ItemType::Link || object.record == &link) continue;
         const auto& other = static_cast<const Link&>(*object.record);
-        if (!WaitsForSameResult(group, other, link)) continue;
+        if (!WaitsForSameResult(group, other, link, variable)) continue;
         for (const ElementaryAction& action : other.LinkEffect) {
-          if (MayChangeResult(action, link)) return true;
+          if (MayChangeResult(group, action, variable)) return true;
         }
       }
     }
     return false;
   }
 
-  [[nodiscard]] bool WaitsForSameResult(const CheckedGroup& group, const Link& other,
-                                        const Link& link) const {
-    const ObjectReference& source = other.Condition.EventSource;
+  [[nodiscard]] static bool WaitsForSameResult(const CheckedGroup& group, const Link& other,
+                                               const Link& link, const TestedVariable& variable) {
     return other.Condition.EventType == EventType::TestEvent &&
-           source.Number == link.Condition.EventSource.Number &&
            (other.Condition.EventData.Kind == ValueKind::None ||
             link.Condition.EventData.Kind == ValueKind::None ||
             other.Condition.EventData == link.Condition.EventData) &&
-           carousel_.Find(group, source.GroupIdentifier.View()) == owner_;
+           variable.IsNamedBy(group, other.Condition.EventSource);
   }
 
-  // Whether the test `again` of a link, which it reacts to, may have the result that the link waits
-  // for. Undecided, and thus false, for an operand that actions may change.
-  [[nodiscard]] bool MayRepeat(const Link& link, const ElementaryAction& again) const {
+  // Whether `nextTest`, the link's own test, may have the result that fires the link once more.
+  // False if its operand is not constant, because then it cannot be decided.
+  [[nodiscard]] bool MayRepeat(const Link& link, const ElementaryAction& nextTest,
+                               const TestedVariable& variable) const {
     const GenericValue& data = link.Condition.EventData;
     if (data.Kind == ValueKind::None) return true;
     if (data.Kind != ValueKind::Boolean) return false;
     ConstantTest test;
-    if (!ReadTest(again, test)) return false;
-    TestCollector others(carousel_, group_, *owner_, link.Condition.EventSource.Number);
+    if (!ReadTest(nextTest, test)) return false;
+    TestCollector others(group_, variable);
     Walk(group_.Group(), others);
-    std::erase(others.tests, &again);
+    std::erase(others.tests, &nextTest);
     if (others.tests.empty()) return true;
     return std::ranges::any_of(others.tests, [&](const ElementaryAction* action) {
       ConstantTest other;
-      return ReadTest(*action, other) && MayBothHave(data.Boolean, test, other);
+      return ReadTest(*action, other) && CanBothHave(data.Boolean, test, other);
     });
   }
-
-  const CheckedGroup* owner_ = nullptr;  // of the variable
 };
 
 }  // namespace

@@ -61,9 +61,9 @@ def count_instructions(program, rows):
     """
     names = [f"{row.workload}/{size}" for row in rows for size in row.counts]
     with tempfile.TemporaryDirectory() as folder:
-        for place, name in enumerate(names):
+        for index, name in enumerate(names):
             subprocess.run(["valgrind", "-q", "--tool=callgrind", "--instr-atstart=no",
-                            f"--callgrind-out-file={folder}/{place}", program, name], check=True)
+                            f"--callgrind-out-file={folder}/{index}", program, name], check=True)
         texts = [path.read_text() for path in pathlib.Path(folder).iterdir()]
     counts = {}
     for text in texts:

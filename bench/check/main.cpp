@@ -1,5 +1,6 @@
 // Runs workloads under callgrind, which counts the instructions of one run of each. Each argument
-// is a workload and a size: "actions/add/1000". Callgrind writes a file for each, which names it.
+// is a workload and a size: "actions/add/1000". Callgrind writes one file per argument, labelled
+// with it.
 #include <valgrind/callgrind.h>
 
 #include "objects/index.h"

@@ -1,13 +1,13 @@
-// The actions of workloads/actions.cpp as an author of Lua would write them: an action is a
+// The actions of workloads/actions.cpp as a Lua programmer would write them: an action is a
 // function that finds its target by number in a table of objects, checks its class and changes a
 // field; an action list is a function of 100 such calls with literal parameters, compiled once and
-// called once per run. Events look their handlers up by source, type and data in nested tables, and
-// call each of them.
+// called once per run. An event looks up its handlers by source, type and data in nested tables,
+// and calls each of them.
 //
 // Lua has less to do in some places: there is one table of objects instead of two groups with names
 // and a search order, strings are shared instead of copied, there is no limit on the number of
 // actions and no check for a pending close. It has more to do in others: it decodes bytecode and
-// checks the type of each operand. Both walk one list of 100 actions over the same targets.
+// checks the type of each operand. Both run the same 100 actions on the same targets.
 #include <lua.hpp>
 
 #include <memory>
@@ -80,20 +80,19 @@ objects[1000001] = {class = INTEGER, value = 0}
 local function count() add(1000001, 1) end
 )";
 
-// The Lua code of a workload.
-struct Shape {
+struct ActionCase {
   const char* workload;
   const char* target;   // a new target
   const char* call;     // the call of the action; %d is the target's number
   const char* handler;  // a handler of the target's events, or nil
 };
-const Shape kShapes[] = {
+const ActionCase kActionCases[] = {
     {"actions/add", "{class = INTEGER, value = 0}", "add(%d, 3)", "nil"},
     {"actions/set_integer", "{class = INTEGER, value = 0}", "set_integer(%d, 7)", "nil"},
     {"actions/set_string", "{class = STRING, value = ''}", "set_string(%d, 'Channel 4')", "nil"},
     {"actions/test_and_fire", "{class = INTEGER, value = 0}", "test(%d, EQUAL, 0)",
      "{[TEST_EVENT] = {[true] = {count}}}"},
-    {"actions/move", "{class = TOKEN, running = true, position = 1, movements = {{2, 1}}}",
+    {"actions/move", "{class = TOKEN, running = true, position = 1, movements = {{2, 3, 1}}}",
      "move(%d, 1)", "nil"},
     {"actions/call_action_slot",
      "{class = TOKEN, running = true, position = 1, members = {{slots = {count}}}}",
@@ -103,25 +102,27 @@ const Shape kShapes[] = {
 };
 
 // A chunk that creates the objects and returns the function to measure.
-std::string ChunkOf(const Shape& shape, int size) {
+std::string ChunkOf(const ActionCase& measured, int size) {
   std::string chunk = kActionFunctions;
   chunk += "for number = 1, " + std::to_string(size) +
            " do objects[number] = {class = INTEGER, value = 0} end\n";
+  for (int i = 0; i < kTargets; ++i) {
+    const std::string number = std::to_string(TargetAt(i, size));
+    chunk.append("objects[").append(number).append("] = ").append(measured.target).append("\n");
+    chunk.append("handlers[").append(number).append("] = ").append(measured.handler).append("\n");
+  }
   std::string calls;
   for (int i = 0; i < kActions; ++i) {
-    const std::string number = std::to_string(TargetAt(i, size));
-    chunk.append("objects[").append(number).append("] = ").append(shape.target).append("\n");
-    chunk.append("handlers[").append(number).append("] = ").append(shape.handler).append("\n");
-    calls.append(shape.call).append("\n");
-    calls.replace(calls.rfind("%d"), 2, number);
+    calls.append(measured.call).append("\n");
+    calls.replace(calls.rfind("%d"), 2, std::to_string(TargetAt(i, size)));
   }
   return chunk + "return function()\n" + calls + "end";
 }
 
-Work Prepare(const Shape& shape, int size) {
+Work Prepare(const ActionCase& measured, int size) {
   const std::shared_ptr<lua_State> state(luaL_newstate(), lua_close);
   lua_State* lua = state.get();
-  if (luaL_dostring(lua, ChunkOf(shape, size).c_str()) != LUA_OK) Fail(lua_tostring(lua, -1));
+  if (luaL_dostring(lua, ChunkOf(measured, size).c_str()) != LUA_OK) Fail(lua_tostring(lua, -1));
   const int function = luaL_ref(lua, LUA_REGISTRYINDEX);
   return {[state, lua, function] {
             lua_rawgeti(lua, LUA_REGISTRYINDEX, function);
@@ -134,9 +135,9 @@ Work Prepare(const Shape& shape, int size) {
 
 std::vector<Reference> LuaReferences() {
   std::vector<Reference> references;
-  for (const Shape& shape : kShapes) {
+  for (const ActionCase& measured : kActionCases) {
     references.push_back(
-        {shape.workload, "lua", [&shape](int size) { return Prepare(shape, size); }});
+        {measured.workload, "lua", [&measured](int size) { return Prepare(measured, size); }});
   }
   return references;
 }

@@ -1,6 +1,6 @@
 // Measures the library as a host uses it: from a key to the changed pixel in the window, from the
 // start to the first scene, and from the request to close to the closed message. Records the
-// engine's calls that begin a painting and that copy the picture to the window. Takes the name of
+// engine's calls that begin a redraw and that copy the picture to the window. Takes the name of
 // the file to write.
 #include <windows.h>
 
@@ -32,7 +32,7 @@ constexpr COLORREF kBlue = RGB(0, 0, 255);
 // ---- The copies to the window ----
 
 struct Copy {
-  Clock::time_point painting;  // the start of the painting that it shows
+  Clock::time_point redrawStart;  // of the redraw that it shows
   Clock::time_point done;
   COLORREF corner = 0;
 };
@@ -42,7 +42,7 @@ std::mutex copiesLock;  // guards the next two
 std::vector<Copy> copies;
 Clock::time_point lastClear;
 
-// Replaces the engine's first call of a painting.
+// Replaces GdipGraphicsClear, with which a redraw begins.
 Gdiplus::GpStatus WINAPI RecordClear(Gdiplus::GpGraphics* graphics, Gdiplus::ARGB colour) {
   {
     const std::lock_guard lock(copiesLock);
@@ -51,7 +51,8 @@ Gdiplus::GpStatus WINAPI RecordClear(Gdiplus::GpGraphics* graphics, Gdiplus::ARG
   return Gdiplus::DllExports::GdipGraphicsClear(graphics, colour);
 }
 
-// Replaces the engine's last call of a copy: the pixels are in the window when it returns.
+// Replaces SetDIBitsToDevice, with which a copy to the window ends: the pixels are in the window
+// when it returns.
 int WINAPI RecordCopy(HDC target, int x, int y, DWORD width, DWORD height, int fromX, int fromY,
                       UINT firstLine, UINT lines, const void* bits, const BITMAPINFO* format,
                       UINT use) {
@@ -83,7 +84,7 @@ Copy WaitForCopies(COLORREF corner, std::ptrdiff_t count) {
   std::unique_lock lock(copiesLock);
   if (!copied.wait_for(lock, std::chrono::seconds(20),
                        [&] { return std::ranges::count_if(copies, isShown) >= count; })) {
-    Fail("a picture did not come");
+    Fail("timed out waiting for a redraw");
   }
   return *std::ranges::find_if(copies, isShown);
 }
@@ -127,18 +128,18 @@ class Engine {
 
 struct KeySamples {
   std::vector<double> whole;
-  std::vector<double> waits;  // until the painting begins
+  std::vector<double> waits;  // until the redraw begins
   std::vector<double> redraws;
 
   void Add(Clock::time_point posted, const Copy& copy) {
     whole.push_back(Microseconds(copy.done - posted).count());
-    waits.push_back(Microseconds(copy.painting - posted).count());
-    redraws.push_back(Microseconds(copy.done - copy.painting).count());
+    waits.push_back(Microseconds(copy.redrawStart - posted).count());
+    redraws.push_back(Microseconds(copy.done - copy.redrawStart).count());
   }
 };
 
-// Presses each key at a random moment of the engine's poll. A key is shown twice: as its action
-// asks for it, and once it has been handled. The second copy ends its work.
+// Posts each key at a random point of the engine's 10 ms poll. Each key copies to the window twice,
+// when its action requests a redraw and after it is handled; waits for the second copy.
 KeySamples PressKeys(HWND window) {
   KeySamples samples;
   std::mt19937 random(20240607);
@@ -154,29 +155,29 @@ KeySamples PressKeys(HWND window) {
   return samples;
 }
 
-// The pause of the engine's poll, as long as this system makes it.
+// The median length, in microseconds, of the poll's Sleep(10) on this system.
 double MeasurePoll() {
   std::vector<Timed> calls = {{"poll", [] { Sleep(10); }}};
   TimeInTurn(calls, std::chrono::seconds(2));
   return Percentile(calls[0].samples, 0.5);
 }
 
-// A slow key may take as long as a poll and a slow redraw, and 5 ms.
-void MeasureKeys(const NamedContent& scene, double poll, Report& report) {
-  constexpr double kAllowance = 5000;
+// A slow key may take as long as a poll, a slow redraw and 5 ms.
+void MeasureKeys(const NamedContent& scene, double pollUs, Report& report) {
+  constexpr double kAllowanceUs = 5000;
   Engine engine(scene.content);
   engine.Start();
-  Sleep(500);  // until the redraws of the start are over
+  Sleep(500);  // until the redraws of the start have ended
   const KeySamples samples = PressKeys(test::FindEngineWindow());
   const std::string name = std::string("key_to_picture/") + scene.name;
-  const double slowRedraw = Percentile(samples.redraws, 0.99);
+  const double slowRedrawUs = Percentile(samples.redraws, 0.99);
   report.Add(
       name + "_p50", Percentile(samples.whole, 0.5),
       {{"wait", Percentile(samples.waits, 0.5)}, {"redraw", Percentile(samples.redraws, 0.5)}});
   report.Add(name + "_p99", Percentile(samples.whole, 0.99),
              {{"wait", Percentile(samples.waits, 0.99)},
-              {"redraw", slowRedraw},
-              {"allowed", poll + slowRedraw + kAllowance}});
+              {"redraw", slowRedrawUs},
+              {"allowed", pollUs + slowRedrawUs + kAllowanceUs}});
   engine.Close();
 }
 
@@ -199,10 +200,11 @@ void MeasureAll(Report& report) {
   if (library == nullptr) Fail("korvel.dll is missing");
   const test::ReplacedImport clear(library, "GdipGraphicsClear", RecordClear);
   const test::ReplacedImport copy(library, "SetDIBitsToDevice", RecordCopy);
-  if (!clear.IsInPlace() || !copy.IsInPlace()) Fail("the library paints in another way");
+  if (!clear.IsInPlace() || !copy.IsInPlace())
+    Fail("korvel.dll does not import GdipGraphicsClear or SetDIBitsToDevice");
   for (const NamedContent& scene : Scenes()) MeasureStarts(scene, report);
-  const double poll = MeasurePoll();
-  for (const NamedContent& scene : Scenes()) MeasureKeys(scene, poll, report);
+  const double pollUs = MeasurePoll();
+  for (const NamedContent& scene : Scenes()) MeasureKeys(scene, pollUs, report);
 }
 
 }  // namespace

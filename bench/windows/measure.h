@@ -15,11 +15,12 @@ namespace korvel::bench {
 using Clock = std::chrono::steady_clock;
 using Microseconds = std::chrono::duration<double, std::micro>;
 
-// The time at `share` of all samples, in microseconds: 0.5 is the median. Needs one sample.
+// The time at `share` of all samples, in microseconds: 0.5 is the median. Needs at least one
+// sample.
 [[nodiscard]] inline double Percentile(std::vector<double> samples, double share) {
-  const auto place = static_cast<std::ptrdiff_t>(share * static_cast<double>(samples.size() - 1));
-  std::nth_element(samples.begin(), samples.begin() + place, samples.end());
-  return samples[static_cast<std::size_t>(place)];
+  const auto index = static_cast<std::ptrdiff_t>(share * static_cast<double>(samples.size() - 1));
+  std::nth_element(samples.begin(), samples.begin() + index, samples.end());
+  return samples[static_cast<std::size_t>(index)];
 }
 
 // A call to time, and the work before each call that is not timed.
@@ -68,7 +69,7 @@ class Report {
     std::fflush(stdout);
     rows_ += (rows_.empty() ? "" : ",\n") + row + "}";
   }
-  // Adds the median of the first call, beside those of the others.
+  // Adds the median of the first call, and those of the others to compare it with.
   void AddMedians(const std::vector<Timed>& calls) {
     std::vector<Reference> references;
     for (std::size_t index = 1; index < calls.size(); ++index) {

@@ -35,9 +35,9 @@ std::unique_ptr<Gdiplus::Image> ImageOf(std::string_view bytes) {
 
 // The picture that replaces video, from this program's resources.
 std::string_view VideoResource() {
-  HRSRC place = FindResourceA(nullptr, MAKEINTRESOURCEA(101), "VIDEO_JPG");
-  return {static_cast<const char*>(LockResource(LoadResource(nullptr, place))),
-          SizeofResource(nullptr, place)};
+  HRSRC found = FindResourceA(nullptr, MAKEINTRESOURCEA(101), "VIDEO_JPG");
+  return {static_cast<const char*>(LockResource(LoadResource(nullptr, found))),
+          SizeofResource(nullptr, found)};
 }
 
 // Decodes the I-frame with the same decoder as the engine.
@@ -79,29 +79,28 @@ std::wstring FindFamilyName() {
   return name;
 }
 
-void FillPlace(Gdiplus::Graphics& graphics, const Place& place, Gdiplus::Color colour) {
+void FillArea(Gdiplus::Graphics& graphics, const Area& area, Gdiplus::Color colour) {
   const Gdiplus::SolidBrush brush(colour);
-  graphics.FillRectangle(&brush, place.x, place.y, place.width, place.height);
+  graphics.FillRectangle(&brush, area.x, area.y, area.width, area.height);
 }
 
-// A rectangle with its border inside the place.
-void DrawBordered(Gdiplus::Graphics& graphics, const Place& place, int border, Gdiplus::Color line,
+// A rectangle with its border inside the area.
+void DrawBordered(Gdiplus::Graphics& graphics, const Area& area, int border, Gdiplus::Color line,
                   Gdiplus::Color fill) {
   Gdiplus::Pen pen(line, static_cast<float>(border));
   pen.SetDashStyle(Gdiplus::DashStyleSolid);
   const float inset = static_cast<float>(border) / 2;
   graphics.DrawRectangle(
-      &pen, static_cast<float>(place.x) + inset, static_cast<float>(place.y) + inset,
-      static_cast<float>(place.width - border), static_cast<float>(place.height - border));
-  FillPlace(
-      graphics,
-      {place.x + border, place.y + border, place.width - 2 * border, place.height - 2 * border},
-      fill);
+      &pen, static_cast<float>(area.x) + inset, static_cast<float>(area.y) + inset,
+      static_cast<float>(area.width - border), static_cast<float>(area.height - border));
+  FillArea(graphics,
+           {area.x + border, area.y + border, area.width - 2 * border, area.height - 2 * border},
+           fill);
 }
 
-void DrawTextAt(Gdiplus::Graphics& graphics, const Place& place, const std::string& text) {
-  const Gdiplus::RectF layout(static_cast<float>(place.x), static_cast<float>(place.y),
-                              static_cast<float>(place.width), static_cast<float>(place.height));
+void DrawTextAt(Gdiplus::Graphics& graphics, const Area& area, const std::string& text) {
+  const Gdiplus::RectF layout(static_cast<float>(area.x), static_cast<float>(area.y),
+                              static_cast<float>(area.width), static_cast<float>(area.height));
   graphics.SetClip(layout);
   const std::wstring wide(text.begin(), text.end());
   static const std::wstring familyName = FindFamilyName();
@@ -118,7 +117,7 @@ void DrawTextAt(Gdiplus::Graphics& graphics, const Place& place, const std::stri
 
 // Paints with a texture of the whole picture and an opaque colour matrix, as a picture that may be
 // tiled and transparent needs.
-void DrawPicture(Gdiplus::Graphics& graphics, Gdiplus::Image& image, const Place& place) {
+void DrawPicture(Gdiplus::Graphics& graphics, Gdiplus::Image& image, const Area& area) {
   const Gdiplus::ColorMatrix opaque = {
       {{1, 0, 0, 0, 0}, {0, 1, 0, 0, 0}, {0, 0, 1, 0, 0}, {0, 0, 0, 1, 0}, {0, 0, 0, 0, 1}}};
   Gdiplus::ImageAttributes attributes;
@@ -128,9 +127,9 @@ void DrawPicture(Gdiplus::Graphics& graphics, Gdiplus::Image& image, const Place
                                 Gdiplus::RectF(0, 0, static_cast<float>(image.GetWidth()),
                                                static_cast<float>(image.GetHeight())),
                                 &attributes);
-  const Gdiplus::RectF source(0, 0, static_cast<float>(place.width),
-                              static_cast<float>(place.height));
-  const Gdiplus::RectF destination(static_cast<float>(place.x), static_cast<float>(place.y),
+  const Gdiplus::RectF source(0, 0, static_cast<float>(area.width),
+                              static_cast<float>(area.height));
+  const Gdiplus::RectF destination(static_cast<float>(area.x), static_cast<float>(area.y),
                                    source.Width, source.Height);
   const Gdiplus::GraphicsContainer container =
       graphics.BeginContainer(destination, source, Gdiplus::UnitPixel);
@@ -162,7 +161,7 @@ std::unique_ptr<Gdiplus::Bitmap> DrawnCanvas() {
 PlainDrawing::PlainDrawing(const Content& content)
     : content_(content), surface_(kWidth, kHeight, PixelFormat32bppARGB), graphics_(&surface_) {
   if (content.hasVideo) video_ = ImageOf(VideoResource());
-  for (int index = 0; content.hasPictures && index < kPictures; ++index) {
+  for (int index = 0; content.hasPictures && index < kPictureCount; ++index) {
     pictures_.push_back(ImageOf(PictureFile(index)));
   }
   if (content.hasCanvas) canvas_ = DrawnCanvas();
@@ -175,24 +174,24 @@ void PlainDrawing::Draw(Decoding decoding) {
   DrawPictures(decoding);
   if (canvas_) DrawCanvas(graphics_, *canvas_);
   if (content_.hasTexts) DrawTexts();
-  FillPlace(graphics_, kCorner, kRed);
-  FillPlace(graphics_, kCorner, kBlue);
+  FillArea(graphics_, kCorner, kRed);
+  FillArea(graphics_, kCorner, kBlue);
 }
 
 void PlainDrawing::DrawPictures(Decoding decoding) {
   int index = 0;
   for (std::unique_ptr<Gdiplus::Image>& picture : pictures_) {
     if (decoding == Decoding::EachTime) picture = ImageOf(PictureFile(index));
-    DrawPicture(graphics_, *picture, PicturePlace(index));
+    DrawPicture(graphics_, *picture, PictureArea(index));
     ++index;
   }
 }
 
 void PlainDrawing::DrawTexts() {
-  for (int index = 0; index < kTexts; ++index) {
-    const Place place = TextPlace(index);
-    if (content_.hasRectangles) DrawBordered(graphics_, place, kLineWidth, kWhite, kNight);
-    DrawTextAt(graphics_, place, TextOf(index));
+  for (int index = 0; index < kTextCount; ++index) {
+    const Area area = TextArea(index);
+    if (content_.hasRectangles) DrawBordered(graphics_, area, kLineWidth, kWhite, kNight);
+    DrawTextAt(graphics_, area, TextOf(index));
   }
 }
 

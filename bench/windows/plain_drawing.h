@@ -1,6 +1,5 @@
-// The pictures of the scenes, drawn by hand with GDI+ and nothing else: what the engine's redraw is
-// compared with. Uses the same calls, fonts, brushes and clips as a redraw does, but only those
-// that the picture needs.
+// Draws the benchmark scenes directly with GDI+: the baseline for the engine's redraw. Uses the
+// same calls, fonts, brushes and clips as a redraw does, but only those that the picture needs.
 #pragma once
 
 #include <windows.h>
@@ -19,7 +18,7 @@ namespace korvel::bench {
 
 enum class Decoding { Once, EachTime };
 
-// Needs GDI+ while it exists.
+// GDI+ must stay initialised for the lifetime of this object.
 class PlainDrawing {
  public:
   explicit PlainDrawing(const Content& content);

@@ -33,15 +33,15 @@ std::string Compile(const std::string& text) {
   return std::string(bytes.View());
 }
 
-std::string At(const Place& place) {
-  return ":OrigBoxSize " + std::to_string(place.width) + " " + std::to_string(place.height) +
-         " :OrigPosition " + std::to_string(place.x) + " " + std::to_string(place.y) + " ";
+std::string At(const Area& area) {
+  return ":OrigBoxSize " + std::to_string(area.width) + " " + std::to_string(area.height) +
+         " :OrigPosition " + std::to_string(area.x) + " " + std::to_string(area.y) + " ";
 }
 
 std::string PictureName(int index) { return "picture" + std::to_string(index); }
 
-std::string Rectangle(int number, const Place& place, int lineWidth, const std::string& fill) {
-  return "{:Rectangle " + std::to_string(number) + " " + At(place) + ":OrigLineWidth " +
+std::string Rectangle(int number, const Area& area, int lineWidth, const std::string& fill) {
+  return "{:Rectangle " + std::to_string(number) + " " + At(area) + ":OrigLineWidth " +
          std::to_string(lineWidth) + " :OrigRefLineColour '=FF=FF=FF=00' :OrigRefFillColour '" +
          fill + "'}\n";
 }
@@ -56,10 +56,10 @@ std::string ItemsOf(const Content& content) {
     items += R"({:Bitmap 3 :CHook 2 :OrigContent :ContentRef ("~/frame")
                  :OrigBoxSize 720 576})";
   }
-  for (int index = 0; content.hasPictures && index < kPictures; ++index) {
+  for (int index = 0; content.hasPictures && index < kPictureCount; ++index) {
     items += "{:Bitmap " + std::to_string(10 + index) +
              R"( :CHook 4 :OrigContent :ContentRef ("~/)" + PictureName(index) + "\") " +
-             At(PicturePlace(index)) + "}\n";
+             At(PictureArea(index)) + "}\n";
   }
   if (content.hasCanvas) {
     items += R"({:DynamicLineArt 4 :OrigBoxSize 720 576 :BBBox FALSE :OrigLineWidth 3
@@ -68,11 +68,11 @@ std::string ItemsOf(const Content& content) {
                    :DrawRectangle(4 100 100 600 400) :DrawLine(4 0 0 719 575)
                    :DrawOval(4 200 150 300 200))})";
   }
-  for (int index = 0; content.hasTexts && index < kTexts; ++index) {
+  for (int index = 0; content.hasTexts && index < kTextCount; ++index) {
     if (content.hasRectangles) {
-      items += Rectangle(100 + index, TextPlace(index), kLineWidth, "=10=20=60=00");
+      items += Rectangle(100 + index, TextArea(index), kLineWidth, "=10=20=60=00");
     }
-    items += "{:Text " + std::to_string(200 + index) + " " + At(TextPlace(index)) +
+    items += "{:Text " + std::to_string(200 + index) + " " + At(TextArea(index)) +
              ":OrigContent \"" + TextOf(index) + "\" :TextWrapping TRUE}\n";
   }
   items += Rectangle(300, kCorner, 0, "=FF=00=00=00") + Rectangle(301, kCorner, 0, "=00=00=FF=00");
@@ -121,7 +121,7 @@ std::vector<std::string> MakePictureFiles() {
   ULONG_PTR token = 0;
   if (Gdiplus::GdiplusStartup(&token, &input, nullptr) != Gdiplus::Ok) Fail("GDI+ does not start");
   std::vector<std::string> files;
-  for (int index = 0; index < kPictures; ++index) {
+  for (int index = 0; index < kPictureCount; ++index) {
     Gdiplus::Bitmap picture(360, 288, PixelFormat32bppARGB);
     DrawPicture(index, picture);
     files.push_back(Encode(picture));
@@ -139,10 +139,10 @@ std::string ReadFrameFile() {
 
 }  // namespace
 
-Place TextPlace(int index) { return {20 + index % 4 * 170, 30 + index / 4 * 105, 160, 95}; }
+Area TextArea(int index) { return {20 + index % 4 * 170, 30 + index / 4 * 105, 160, 95}; }
 
-Place PicturePlace(int index) {
-  if (index == kPictures - 1) return {180, 144, 360, 288};
+Area PictureArea(int index) {
+  if (index == kPictureCount - 1) return {180, 144, 360, 288};
   return {index % 2 * 360, index / 2 * 288, 360, 288};
 }
 
@@ -166,7 +166,8 @@ std::map<std::string, std::string> Carousel(const Content& content) {
       {"s", Compile("{:Scene (\"~/s\" 0) :Items (" + ItemsOf(content) +
                     ") :InputEventReg 4 :SceneCS 720 576}")},
       {"frame", ReadFrameFile()}};
-  for (int index = 0; index < kPictures; ++index) files[PictureName(index)] = PictureFile(index);
+  for (int index = 0; index < kPictureCount; ++index)
+    files[PictureName(index)] = PictureFile(index);
   return files;
 }
 

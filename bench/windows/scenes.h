@@ -1,5 +1,5 @@
 // The scenes that the Windows benchmarks show, with their pictures. The engine and the plain
-// drawing take the same places and texts from here.
+// drawing take the same areas and texts from here.
 #pragma once
 
 #include <map>
@@ -8,23 +8,23 @@
 
 namespace korvel::bench {
 
-struct Place {
+struct Area {
   int x = 0;
   int y = 0;
   int width = 0;
   int height = 0;
 };
 
-inline constexpr int kTexts = 20;     // in four columns
-inline constexpr int kPictures = 5;   // of 360 x 288: four quarters and the middle
-inline constexpr int kLineWidth = 2;  // of the rectangles around the texts
+inline constexpr int kTextCount = 20;    // in four columns
+inline constexpr int kPictureCount = 5;  // of 360 x 288: four quarters and the middle
+inline constexpr int kLineWidth = 2;     // of the rectangles around the texts
 
-[[nodiscard]] Place TextPlace(int index);
-[[nodiscard]] Place PicturePlace(int index);
+[[nodiscard]] Area TextArea(int index);
+[[nodiscard]] Area PictureArea(int index);
 [[nodiscard]] std::string TextOf(int index);
 
 // The corner whose colour the keys change: Up makes it red, Down blue. It starts blue.
-inline constexpr Place kCorner{704, 560, 16, 16};
+inline constexpr Area kCorner{704, 560, 16, 16};
 
 // The parts of a scene.
 struct Content {
@@ -45,7 +45,7 @@ struct NamedContent {
 // The files of a carousel with this scene.
 [[nodiscard]] std::map<std::string, std::string> Carousel(const Content& content);
 
-// The bytes of a picture's PNG file.
+// The PNG file of a picture.
 [[nodiscard]] const std::string& PictureFile(int index);
 
 }  // namespace korvel::bench

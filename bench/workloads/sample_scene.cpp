@@ -1,3 +1,5 @@
+// Writes the sample scene in the textual notation: sets of a text, a rectangle, two variables and a
+// link that refers to them.
 #include "sample_scene.h"
 
 #include <algorithm>
@@ -34,11 +36,11 @@ korvel::OwnedGroup SampleScene(int objects) {
 }
 
 korvel::OwnedGroup SampleSceneOfBytes(int bytes) {
-  // Numbers of more digits make the objects of large scenes longer.
+  // Measured on a large scene, because longer object numbers take more bytes.
   constexpr int kObjects = 10'000;
-  static const double bytesOfObject =
+  static const double bytesPerObject =
       static_cast<double>(BytesOf(*SampleScene(kObjects)).size()) / kObjects;
-  return SampleScene(std::max(static_cast<int>(bytes / bytesOfObject), 1));
+  return SampleScene(std::max(static_cast<int>(bytes / bytesPerObject), 1));
 }
 
 Work DecodeAndRelease(std::string bytes) {

@@ -5,7 +5,7 @@
 
 namespace bench {
 
-// One of each of these classes.
+// Objects are added in sets of five: one of each class.
 inline constexpr int kSampleClasses = 5;
 
 // At least `objects` objects.

@@ -8,13 +8,13 @@
 namespace bench {
 namespace {
 
-struct Shape {
+struct RepeatedText {
   const char* name;
   const char* before;
-  const char* piece;
+  const char* piece;  // repeated until the text is long enough
   const char* after;
 };
-constexpr Shape kShapes[] = {
+constexpr RepeatedText kRepeatedTexts[] = {
     {"objects", "{:Scene (\"~/s\" 0) :Items (",
      "{:Link 1 :EventSource 0 :EventType UserInput :EventData 100 :LinkEffect "
      "(:Add((\"~/a\" 1) 1) :SetPosition(2 :IndirectRef 5 200))}\n"
@@ -27,10 +27,10 @@ constexpr Shape kShapes[] = {
     {"comment", "// ", "any text ", "\n{:Scene (\"~/s\" 0)}"},
 };
 
-Work ReadText(const Shape& shape, int bytes) {
-  std::string text = shape.before;
-  while (text.size() < static_cast<std::size_t>(bytes)) text += shape.piece;
-  return {[text = text + shape.after] {
+Work ReadText(const RepeatedText& repeated, int bytes) {
+  std::string text = repeated.before;
+  while (text.size() < static_cast<std::size_t>(bytes)) text += repeated.piece;
+  return {[text = text + repeated.after] {
     korvel::OwnedGroup group;
     Require(korvel::ReadTextGroup(text, group) == korvel::TextResult::Done,
             "a text cannot be read");
@@ -51,9 +51,9 @@ Work WriteText(int bytes) {
 std::vector<Workload> TextWorkloads() {
   const std::vector<int> sizes{2'000, 60'000};
   std::vector<Workload> workloads;
-  for (const Shape& shape : kShapes) {
-    workloads.push_back({std::string("text/read_") + shape.name, sizes,
-                         [&shape](int bytes) { return ReadText(shape, bytes); }});
+  for (const RepeatedText& repeated : kRepeatedTexts) {
+    workloads.push_back({std::string("text/read_") + repeated.name, sizes,
+                         [&repeated](int bytes) { return ReadText(repeated, bytes); }});
   }
   workloads.push_back({"text/write", sizes, WriteText});
   return workloads;

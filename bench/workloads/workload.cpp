@@ -1,3 +1,4 @@
+// The list of all workloads, and their failures.
 #include "workload.h"
 
 #include <cstdio>

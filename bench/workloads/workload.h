@@ -1,5 +1,5 @@
-// The measured works: each has a name and sizes, and is prepared once for a size and then run
-// repeatedly. The benchmarks measure its time, the check counts its instructions.
+// The workloads, by name and size. `prepare` sets one up for a size; the result is run repeatedly.
+// The benchmarks measure its time, the check counts its instructions.
 #pragma once
 
 #include <functional>
@@ -8,7 +8,7 @@
 
 namespace bench {
 
-// A prepared work. One run does `units` units; all figures are per unit.
+// A workload set up for one size. One run does `units` units; all figures are per unit.
 struct Work {
   std::function<void()> run;
   double units = 1;
@@ -16,8 +16,8 @@ struct Work {
 
 struct Workload {
   std::string name;        // "actions/add"
-  std::vector<int> sizes;  // as the work counts: objects, links, items or bytes
-  // The engine is process-wide, so preparing a work ends the work that was prepared before it.
+  std::vector<int> sizes;  // in the unit of the workload: objects, links, items or bytes
+  // The engine is process-wide, so preparing a workload ends the one that was prepared before it.
   std::function<Work(int size)> prepare;
 };
 
@@ -29,10 +29,9 @@ std::vector<Workload> EventWorkloads();
 std::vector<Workload> ListWorkloads();
 std::vector<Workload> CheckWorkloads();
 
-// All of them.
 std::vector<Workload> AllWorkloads();
 
-// Ends the program with a message: the measured work did not do what it should.
+// Ends the program with a message: a workload did not do what it should.
 [[noreturn]] void Fail(const std::string& message);
 
 inline void Require(bool isTrue, const char* message) {

@@ -18,10 +18,8 @@ auto HasId(std::int32_t id) {
 }
 
 Timer* FindTimer(Group& group, std::int32_t id) {
-  for (Timer& timer : group.Timers) {
-    if (timer.id == id) return &timer;
-  }
-  return nullptr;
+  auto* found = std::ranges::find_if(group.Timers, HasId(id));
+  return found == group.Timers.end() ? nullptr : found;
 }
 
 Timer* AddTimer(Group& group, std::int32_t id, bool isAbsolute) {
@@ -34,7 +32,8 @@ Timer* AddTimer(Group& group, std::int32_t id, bool isAbsolute) {
   return added;
 }
 
-// An absolute value before the start of the scene makes a period so long that it does not fire.
+// An absolute value before the start of the scene wraps around to a period of about 25 days, so the
+// timer never fires in practice. So does a negative relative value.
 std::uint32_t PeriodOf(const Timer& timer) {
   const auto value = static_cast<std::uint32_t>(timer.value);
   const std::uint32_t period = timer.isAbsolute ? value - TheCore().sceneStartTime : value;

@@ -62,7 +62,6 @@ template <class Choices> class GroupMaker {
     return MakeGroup<Scene>();
   }
 
-  // A new item of the class.
   template <class Record> Item MakeItem() {
     const ItemType type = Description<Record>::heading.type;
     Item item = Item::New(type);
@@ -76,12 +75,11 @@ template <class Choices> class GroupMaker {
     ElementaryAction action;
     action.ActionType = chosen.number;
     isIndirect_ = chosen.isIndirect;
-    AddValue(action, ValueKind::ObjectReference, row.accepts == 0 ? kGroups : row.accepts);
-    action.Target = std::move(*action.Parameters.At(0));
-    action.Parameters.Clear();
-    for (const Parameter place : row.Syntax()) {
+    action.Target =
+        ChooseValue(ValueKind::ObjectReference, row.accepts == 0 ? kGroups : row.accepts);
+    for (const Parameter parameter : row.Syntax()) {
       if (!IsComplete() && Below(6) == 0) break;
-      AddPlace(action, place);
+      AddParameter(action, parameter);
     }
     return action;
   }
@@ -212,11 +210,15 @@ template <class Choices> class GroupMaker {
     return value;
   }
 
-  void AddValue(ElementaryAction& action, ValueKind kind, ClassSet classes = kAllClasses) {
+  // A value, or a reference to a variable that holds it.
+  GenericValue ChooseValue(ValueKind kind, ClassSet classes = kAllClasses) {
     const bool isIndirect = isIndirect_ || (!IsComplete() && Below(4) == 0);
-    Add(action.Parameters, isIndirect
-                               ? MakeValue(ValueKind::IndirectReference, VariableClassOf(kind))
-                               : MakeValue(kind, classes));
+    return isIndirect ? MakeValue(ValueKind::IndirectReference, VariableClassOf(kind))
+                      : MakeValue(kind, classes);
+  }
+
+  void AddValue(ElementaryAction& action, ValueKind kind, ClassSet classes = kAllClasses) {
+    Add(action.Parameters, ChooseValue(kind, classes));
   }
   void AddSome(ElementaryAction& action, ValueKind kind, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) AddValue(action, kind);
@@ -242,8 +244,8 @@ template <class Choices> class GroupMaker {
     }
   }
 
-  void AddPlace(ElementaryAction& action, Parameter place) {
-    switch (place) {
+  void AddParameter(ElementaryAction& action, Parameter parameter) {
+    switch (parameter) {
     case Parameter::Integer:
     case Parameter::EventNumber: return AddValue(action, ValueKind::Integer);
     case Parameter::IntegerOrNull: return AddIntegerOrNull(action);

@@ -32,8 +32,7 @@ struct RunTimeValue {
   [[nodiscard]] std::string Name() const { return className + "." + field; }
 };
 
-// The fields with a standard's name that a struct of the two headers declares beside its
-// attributes.
+// The PascalCase fields of the structs in the two headers that are not attributes.
 std::vector<RunTimeValue> RunTimeValues() {
   const std::string tables = Source("src/objects/class_tables.h");
   const std::string headers =

@@ -1,5 +1,5 @@
-// Line attributes, and the clipping of lines and polygons. The visible parts keep their position
-// and direction.
+// Boxes, line attributes, and the clipping of lines and polygons. The visible parts keep their
+// position and direction.
 #include "appearance/geometry.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,8 @@ bool IsDrawn(const CanvasPoint& point) {
   return std::abs(point.x) <= kFar && std::abs(point.y) <= kFar;
 }
 
-// Twice the area of the triangle a, b, c. Positive if a, b, c turn left.
+// Twice the area of the triangle a, b, c. Positive if a, b, c turn right on the screen, where y
+// grows downward.
 double Turn(const CanvasPoint& a, const CanvasPoint& b, const CanvasPoint& c) {
   return (static_cast<double>(b.x) - a.x) * (static_cast<double>(c.y) - a.y) -
          (static_cast<double>(b.y) - a.y) * (static_cast<double>(c.x) - a.x);
@@ -33,7 +34,7 @@ double Distance(const CanvasPoint& a, const CanvasPoint& b, double x, double y) 
                      : std::abs(alongX * (y - a.y) - alongY * (x - a.x)) / length;
 }
 
-// Points with any 32-bit coordinates. One in four is inside the drawn square.
+// Points with any 32-bit coordinates. At least one in four is inside the drawn square.
 class RandomPoints {
  public:
   CanvasPoint Next() {
@@ -74,8 +75,8 @@ TEST(Clipping, a_clipped_line_keeps_its_direction) {
       EXPECT_FALSE(IsDrawn(from) || IsDrawn(to));
       continue;
     }
-    for (const double place : {part.fromX, part.fromY, part.toX, part.toY}) {
-      ASSERT_LE(std::abs(place), kFar + kRounding) << round;
+    for (const double coordinate : {part.fromX, part.fromY, part.toX, part.toY}) {
+      ASSERT_LE(std::abs(coordinate), kFar + kRounding) << round;
     }
     ASSERT_LE(Distance(from, to, part.fromX, part.fromY), kRounding) << round;
     ASSERT_LE(Distance(from, to, part.toX, part.toY), kRounding) << round;
@@ -103,20 +104,20 @@ TEST(Clipping, a_dashed_line_is_clipped_by_whole_dashes_at_its_start) {
   EXPECT_EQ(part.fromX, 50);
 }
 
-// Whether the point is inside a convex polygon, and its distance from the outline.
-struct Place {
+// Whether a point is inside a convex polygon, and its distance from the outline.
+struct PointInPolygon {
   bool isInside;
   double distance;
 };
-Place PlaceIn(const std::vector<CanvasPoint>& corners, const CanvasPoint& point) {
-  bool isLeft = false;
+PointInPolygon Locate(const std::vector<CanvasPoint>& corners, const CanvasPoint& point) {
   bool isRight = false;
+  bool isLeft = false;
   double nearest = 1e300;
   for (std::size_t i = 0; i < corners.size(); ++i) {
     const CanvasPoint& next = corners[(i + 1) % corners.size()];
     const double turn = Turn(corners[i], next, point);
-    isLeft = isLeft || turn > 0;
-    isRight = isRight || turn < 0;
+    isRight = isRight || turn > 0;
+    isLeft = isLeft || turn < 0;
     nearest = std::min(nearest, Distance(corners[i], next, point.x, point.y));
   }
   return {!corners.empty() && isLeft != isRight, nearest};
@@ -127,42 +128,40 @@ TEST(Clipping, a_clipped_triangle_covers_the_same_points_of_the_square) {
   int covered = 0;
   for (int round = 0; round < 2000; ++round) {
     const std::vector<CanvasPoint> triangle = {random.Next(), random.Next(), random.Next()};
-    List<CanvasPoint> cut;
-    ASSERT_TRUE(ClipPolygon(triangle, kFarthestCoordinate, cut));
-    const std::vector<CanvasPoint> clipped(cut.begin(), cut.end());
+    List<CanvasPoint> polygon;
+    ASSERT_TRUE(ClipPolygon(triangle, kFarthestCoordinate, polygon));
+    const std::vector<CanvasPoint> clipped(polygon.begin(), polygon.end());
     for (const CanvasPoint& corner : clipped) ASSERT_TRUE(IsDrawn(corner));
     for (int sample = 0; sample < 10; ++sample) {
       const CanvasPoint point = random.Near();
-      const Place wanted = PlaceIn(triangle, point);
+      const PointInPolygon wanted = Locate(triangle, point);
       if (wanted.distance < 4) continue;
       covered += wanted.isInside ? 1 : 0;
-      ASSERT_EQ(PlaceIn(clipped, point).isInside, wanted.isInside) << round;
+      ASSERT_EQ(Locate(clipped, point).isInside, wanted.isInside) << round;
     }
   }
   EXPECT_GT(covered, 500);
 }
 
-TEST(Clipping, a_polygon_that_crosses_all_sides_needs_memory_for_each) {
+TEST(Clipping, clipping_fails_if_any_allocation_fails) {
   const CanvasPoint points[] = {{-40000, 0}, {0, -40000}, {40000, 0}, {0, 40000}};
   List<CanvasPoint> whole;
   ASSERT_TRUE(ClipPolygon(points, kFarthestCoordinate, whole));
   EXPECT_EQ(whole.Size(), 8U);
-  std::size_t failed = 0;
-  for (bool isDone = false; !isDone; ++failed) {
-    List<CanvasPoint> cut;
-    FailAllocation(failed + 1);
-    isDone = ClipPolygon(points, kFarthestCoordinate, cut);
-    EXPECT_EQ(isDone, !HasFailedAllocation());
-    FailAllocation(0);
-  }
-  EXPECT_GT(failed, 4U);
+  const std::size_t failures = FailEachInTurn(
+      [&points] {
+        List<CanvasPoint> clipped;
+        return ClipPolygon(points, kFarthestCoordinate, clipped);
+      },
+      [](bool isDone, bool hasFailed) { EXPECT_EQ(isDone, !hasFailed); });
+  EXPECT_GE(failures, 4U);
 }
 
-TEST(LineParts, a_length_is_the_distance_of_the_ends) {
+TEST(LineParts, length_is_the_distance_between_the_ends) {
   EXPECT_DOUBLE_EQ((LinePart{1, 2, 4, -2}).Length(), 5);
 }
 
-TEST(Boxes, a_box_is_empty_unless_each_edge_is_beyond_its_opposite) {
+TEST(Boxes, a_box_without_width_or_height_is_empty) {
   const Box box = BoxAt({10, 20}, {30, 40});
   EXPECT_EQ(box.Width(), 30);
   EXPECT_EQ(box.Height(), 40);
@@ -170,22 +169,28 @@ TEST(Boxes, a_box_is_empty_unless_each_edge_is_beyond_its_opposite) {
   EXPECT_TRUE(BoxAt({10, 20}, {0, 40}).IsEmpty());
   EXPECT_TRUE(BoxAt({10, 20}, {30, 0}).IsEmpty());
   EXPECT_TRUE(BoxAt({10, 20}, {30, -1}).IsEmpty());
+}
+
+TEST(Boxes, the_box_of_a_visible_ends_at_the_farthest_coordinates) {
   Rectangle rectangle;
   rectangle.Position = {-100000, 5};
   rectangle.BoxSize = {200000, 10};
   EXPECT_EQ(BoxOf(rectangle).Width(), 64000);
+}
+
+TEST(Boxes, a_size_without_width_or_height_has_no_area) {
   EXPECT_FALSE(HasArea({0, 1}));
   EXPECT_FALSE(HasArea({1, 0}));
   EXPECT_TRUE(HasArea({1, 1}));
 }
 
 TEST(Clipping, a_polygon_without_points_stays_empty) {
-  List<CanvasPoint> cut;
-  EXPECT_TRUE(ClipPolygon({}, kFarthestCoordinate, cut));
-  EXPECT_EQ(cut.Size(), 0U);
+  List<CanvasPoint> clipped;
+  EXPECT_TRUE(ClipPolygon({}, kFarthestCoordinate, clipped));
+  EXPECT_EQ(clipped.Size(), 0U);
 }
 
-TEST(LineAttributes, a_width_is_limited_to_between_0_and_the_farthest_coordinate) {
+TEST(LineAttributes, a_width_is_clamped_to_0_and_the_farthest_coordinate) {
   EXPECT_EQ(DrawnWidth({.width = 7}), 7);
   EXPECT_EQ(DrawnWidth({.width = 0}), 0);
   EXPECT_EQ(DrawnWidth({.width = -1}), 0);

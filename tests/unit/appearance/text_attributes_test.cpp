@@ -10,7 +10,6 @@
 
 namespace korvel::test {
 
-// A copy of the text in a heap block of exactly its size.
 class ExactText {
  public:
   explicit ExactText(std::string_view text)
@@ -88,7 +87,7 @@ TEST(ControlSequences, a_truncated_sequence_ends_the_text) {
   }
 }
 
-TEST(ControlSequences, random_bytes_are_read_within_their_bounds) {
+TEST(ControlSequences, random_bytes_are_read_within_bounds) {
   std::mt19937 random(1);  // NOLINT: the same texts every time
   for (int round = 0; round < 2000; ++round) {
     std::string text(random() % 24, ' ');

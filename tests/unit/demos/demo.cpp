@@ -62,7 +62,7 @@ void DemoTest::ExpireTimer(std::int32_t timer) {
   ASSERT_NO_FATAL_FAILURE(ExpectPlayable());
 }
 
-void AnyKeys::PressAnyKeys(int steps) {
+void RandomKeys::PressRandomKeys(int steps) {
   constexpr std::int32_t kKeys[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,   10,  11,  12,  13,
                                     14, 15, 15, 15, 15, 15, 15, 16, 100, 101, 102, 103, 104};
   for (int step = 0; step < steps; ++step) {

@@ -41,10 +41,10 @@ class DemoTest : public EngineTest {
 };
 
 // Presses random keys, mixed with timer expiries.
-class AnyKeys : public DemoTest {
+class RandomKeys : public DemoTest {
  protected:
   // Presses `steps` keys in the running demo.
-  void PressAnyKeys(int steps);
+  void PressRandomKeys(int steps);
 
  private:
   std::mt19937 random_{20240607};

@@ -39,11 +39,11 @@ struct Sample {
   std::size_t timers = 0;
 };
 
-class Endurance : public AnyKeys {
+class Endurance : public RandomKeys {
  protected:
   // Presses keys or expires timers, `steps` in all. Returns the memory and timers then in use.
   Sample After(int steps) {
-    PressAnyKeys(steps);
+    PressRandomKeys(steps);
     // Clears the records of the substitutes, so that only the engine's memory is compared.
     TheHost().fetched = {};
     TheHost().killedTimers = {};
@@ -59,8 +59,8 @@ class Endurance : public AnyKeys {
 std::size_t Most(const std::vector<Sample>& samples, int first, int end,
                  std::size_t Sample::*value) {
   std::size_t most = 0;
-  for (int place = first; place < end; ++place) {
-    most = std::max(most, samples[static_cast<std::size_t>(place)].*value);
+  for (int index = first; index < end; ++index) {
+    most = std::max(most, samples[static_cast<std::size_t>(index)].*value);
   }
   return most;
 }

@@ -6,14 +6,14 @@
 namespace korvel::test {
 namespace {
 
-class EachDemo : public AnyKeys, public testing::WithParamInterface<std::string> {};
+class EachDemo : public RandomKeys, public testing::WithParamInterface<std::string> {};
 
-TEST_P(EachDemo, is_never_ended_or_locked_by_any_keys) {
-  TheHost().localTime = {2024, 12, 31, 0, 0, 0};
+TEST_P(EachDemo, random_keys_never_end_or_lock_it) {
+  TheHost().localTime = {2024, 12, 31, 0, 0, 0};  // any valid date, for the clock
   ASSERT_NO_FATAL_FAILURE(Play(GetParam()));
-  PressAnyKeys(6000);
+  PressRandomKeys(6000);
   EXPECT_EQ(Printed().find_first_not_of("0123456789\n"), std::string::npos)
-      << "the engine prints nothing but the lengths of texts";
+      << "the engine prints only the lengths of texts";
   for (const auto& [name, bytes] : TheHost().files) {
     // A file with a dot in its name is content, not a group.
     if (name.find('.') != std::string::npos) continue;
@@ -21,7 +21,7 @@ TEST_P(EachDemo, is_never_ended_or_locked_by_any_keys) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(AnyKeys, EachDemo, testing::ValuesIn(Demos()),
+INSTANTIATE_TEST_SUITE_P(RandomKeys, EachDemo, testing::ValuesIn(Demos()),
                          [](const auto& demo) { return demo.param; });
 
 }  // namespace

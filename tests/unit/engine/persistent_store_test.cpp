@@ -11,7 +11,7 @@ class PersistentStore : public EngineTest {
     EXPECT_TRUE(data.Assign(bytes));
     return AppendPersistent(name, std::move(data));
   }
-  // The block of that name, or "none".
+  // Takes the first block of that name; returns "none" if there is none.
   static std::string Take(std::string_view name) {
     OctetString data;
     if (!TakePersistent(name, data)) return "none";
@@ -25,7 +25,7 @@ TEST_F(PersistentStore, a_block_can_be_taken_once) {
   EXPECT_EQ(Take("scores"), "none");
 }
 
-TEST_F(PersistentStore, taking_an_unknown_name_is_refused_and_does_not_change_the_output) {
+TEST_F(PersistentStore, taking_an_unknown_name_fails_and_does_not_change_the_output) {
   OctetString data;
   ASSERT_TRUE(data.Assign("before"));
   EXPECT_FALSE(TakePersistent("scores", data));
@@ -47,7 +47,7 @@ TEST_F(PersistentStore, blocks_of_one_name_are_taken_in_the_order_stored) {
   EXPECT_EQ(Take("y"), "2");
 }
 
-TEST_F(PersistentStore, removing_removes_the_first_block_of_the_name) {
+TEST_F(PersistentStore, remove_takes_the_first_block_of_the_name) {
   EXPECT_EQ(Put("x", "1"), Status::Done);
   EXPECT_EQ(Put("x", "2"), Status::Done);
   EXPECT_TRUE(RemovePersistent("x"));
@@ -93,7 +93,7 @@ TEST_F(PersistentStore, the_store_outlives_applications_until_the_engine_is_rese
   EXPECT_EQ(Take("x"), "none");
 }
 
-TEST_F(PersistentStore, without_memory_nothing_is_stored_and_a_message_printed) {
+TEST_F(PersistentStore, without_memory_nothing_is_stored_and_a_message_is_printed) {
   OctetString data;
   ASSERT_TRUE(data.Assign("1"));
   const std::string name = "a name that takes a block";

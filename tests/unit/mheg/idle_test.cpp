@@ -52,7 +52,7 @@ template <class Visit> void ForEveryClass(Visit&& visit) {
   ForEachClass(ComponentClasses{}, visit);
 }
 
-// The classes that a row is about.
+// The classes that a row lists.
 ClassSet ClassesOf(const PageRow& row) {
   if (row.classes == "every group") return kGroups;
   if (row.classes == "every interactible") return kInteractibles;
@@ -74,7 +74,7 @@ const std::set<std::string> kDescriptions = {
     ":LineArtCHook", ":ComponentTag", ":OrigVolume", ":Termination",      ":Storage",
     ":Looping"};
 
-TEST(Idle, every_ignored_attribute_of_the_page_is_reported_unless_it_only_describes) {
+TEST(Idle, every_ignored_attribute_of_the_page_is_reported_unless_it_only_describes_content) {
   const std::vector<PageRow> rows = RowsOfPage();
   ASSERT_GT(rows.size(), 25U);
   for (const PageRow& row : rows) {

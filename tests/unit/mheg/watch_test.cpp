@@ -1,4 +1,4 @@
-// Asking repeatedly whether a folder has changed. The tests of `mheg build --watch` wait for it.
+// Polling a folder for changes with HasChanged. The tests of `mheg build --watch` cover Wait.
 #include "mheg/watch.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +38,7 @@ TEST(Watch, has_changed_once_a_change_is_50_ms_old) {
 TEST(Watch, answers_without_waiting_while_files_change) {
   const ScratchFolder folder;
   Watch watch(folder.Path());
-  // Each write is noticed by the answer that follows it, which therefore is no.
+  // Each call sees a write less than 50 ms old, so it returns false.
   for (int i = 0; i < 200; ++i) {
     (void)folder.Write("s.mheg", std::to_string(i));
     EXPECT_FALSE(watch.HasChanged());

@@ -53,7 +53,7 @@ TEST(DecodeIngredient, included_content_is_an_octet_string) {
 
 TEST(DecodeIngredient, referenced_content_has_an_optional_size_and_priority) {
   struct Case {
-    Bytes behindPath;
+    Bytes afterPath;
     std::int32_t size;
     std::int32_t priority;
   };
@@ -67,18 +67,18 @@ TEST(DecodeIngredient, referenced_content_has_an_optional_size_and_priority) {
                         {Holding(60, Integer(5)) + Holding(61, Integer(6)), 5, 6},
                         {Primitive(62, "\x07") + Integer(5), 5, 127}};
   for (const Case& expected : cases) {
-    const OneItem<Bitmap> bitmap(22, Holding(58, Sequence(Octets("/a.png") + expected.behindPath)));
-    ASSERT_TRUE(bitmap.IsDone()) << Hexadecimal(expected.behindPath);
+    const OneItem<Bitmap> bitmap(22, Holding(58, Sequence(Octets("/a.png") + expected.afterPath)));
+    ASSERT_TRUE(bitmap.IsDone()) << Hexadecimal(expected.afterPath);
     EXPECT_TRUE(bitmap->OriginalContent.IsReferenced);
     EXPECT_EQ(bitmap->OriginalContent.Data.View(), "/a.png");
     EXPECT_EQ(bitmap->OriginalContent.Size, expected.size);
     EXPECT_EQ(bitmap->OriginalContent.CachePriority, expected.priority);
   }
-  const Bytes cut = "\x02\x05\x01";  // an integer that ends too early
-  for (const Bytes& behind :
-       {Integer(1) + Integer(2) + Integer(3), Boolean(true), Holding(60, Null()), cut}) {
-    const OneItem<Bitmap> bitmap(22, Holding(58, Sequence(Octets("/a.png") + behind)));
-    EXPECT_FALSE(bitmap.IsDone()) << Hexadecimal(behind);
+  const Bytes truncated = "\x02\x05\x01";  // an integer
+  for (const Bytes& extra :
+       {Integer(1) + Integer(2) + Integer(3), Boolean(true), Holding(60, Null()), truncated}) {
+    const OneItem<Bitmap> bitmap(22, Holding(58, Sequence(Octets("/a.png") + extra)));
+    EXPECT_FALSE(bitmap.IsDone()) << Hexadecimal(extra);
   }
 }
 
@@ -88,14 +88,14 @@ TEST(DecodeIngredient, classes_without_content_skip_it) {
   EXPECT_EQ(link->ContentHOOK, 0);
 }
 
-TEST(DecodeLink, condition_and_effect) {
+TEST(DecodeLink, reads_condition_and_effect) {
   const Bytes effect = Holding(63, Holding(115, Integer(1)) + Holding(216, Integer(2)));
   const OneItem<Link> link(20,
                            Holding(62, External("~/a", 3) + Enumerated(7) + Integer(15)) + effect);
   ASSERT_TRUE(link.IsDone());
   EXPECT_EQ(link->Condition.EventSource.GroupIdentifier.View(), "~/a");
   EXPECT_EQ(link->Condition.EventSource.Number, 3);
-  EXPECT_EQ(link->Condition.EventType, EventType{7});
+  EXPECT_EQ(link->Condition.EventType, EventType::AnchorFired);
   EXPECT_EQ(link->Condition.EventData.Kind, ValueKind::Integer);
   EXPECT_EQ(link->Condition.EventData.Integer, 15);
   EXPECT_EQ(link->LinkEffect.Size(), 2U);
@@ -119,17 +119,17 @@ TEST(DecodeLink, condition_may_be_in_an_explicit_sequence_with_either_form_of_re
     const OneItem<Link> link(20, Holding(62, Sequence(condition)));
     ASSERT_TRUE(link.IsDone());
     EXPECT_EQ(link->Condition.EventSource.Number, 3);
-    EXPECT_EQ(link->Condition.EventType, EventType{6});
+    EXPECT_EQ(link->Condition.EventType, EventType::UserInput);
   }
 }
 
 TEST(DecodeLink, event_type_may_be_encoded_as_an_integer) {
   const OneItem<Link> link(20, Holding(62, Integer(3) + Integer(6)));
   ASSERT_TRUE(link.IsDone());
-  EXPECT_EQ(link->Condition.EventType, EventType{6});
+  EXPECT_EQ(link->Condition.EventType, EventType::UserInput);
 }
 
-TEST(DecodeProgram, name_availability_and_connection) {
+TEST(DecodeProgram, reads_name_availability_and_connection) {
   const OneItem<RemoteProgram> remote(10, Primitive(64, "prg") + Primitive(65, "\0"s) +
                                               Primitive(66, "\x05"));
   ASSERT_TRUE(remote.IsDone());
@@ -155,7 +155,7 @@ TEST(DecodeVariable, each_class_has_the_value_of_its_type) {
             "/a.png");
 }
 
-TEST(DecodeVariable, a_value_of_another_type_is_refused) {
+TEST(DecodeVariable, a_value_of_another_type_is_rejected) {
   EXPECT_FALSE(OneItem<BooleanVariable>(15, Holding(67, Integer(1))).IsDone());
   EXPECT_FALSE(OneItem<IntegerVariable>(16, Holding(67, Octets("1"))).IsDone());
   EXPECT_FALSE(OneItem<ObjectRefVariable>(18, Holding(67, Primitive(69, "x"))).IsDone());
@@ -167,7 +167,7 @@ TEST(DecodeVariable, the_run_time_value_is_not_set) {
   EXPECT_EQ(variable->Value, 0);
 }
 
-TEST(DecodeTokenGroup, movements_members_and_slots) {
+TEST(DecodeTokenGroup, reads_movements_members_and_slots) {
   const Bytes row = Sequence(Integer(2) + Integer(1));
   const Bytes slots = Sequence(Sequence(Holding(115, Integer(9))) + Null() + Sequence(""));
   const Bytes members =
@@ -231,7 +231,7 @@ TEST(DecodeListGroup, adds_positions_and_flags_to_a_token_group) {
   }
 }
 
-TEST(DecodeVisible, box_position_and_bitmap_attributes) {
+TEST(DecodeVisible, reads_box_position_and_bitmap_attributes) {
   const OneItem<Bitmap> plain(22, "");
   EXPECT_FALSE(plain->Tiling);
   EXPECT_EQ(plain->OriginalTransparency, 0);
@@ -253,17 +253,17 @@ TEST(DecodeLineArt, without_attributes_has_its_defaults) {
   const OneItem<LineArt> art(23, "");
   EXPECT_TRUE(art->BorderedBoundingBox);
   EXPECT_EQ(art->OriginalLineWidth, 1);
-  EXPECT_EQ(art->OriginalLineStyle, LineStyle{1});
+  EXPECT_EQ(art->OriginalLineStyle, LineStyle::Solid);
   EXPECT_TRUE(IsNotSet(art->OriginalRefLineColour));
   EXPECT_TRUE(IsNotSet(art->OriginalRefFillColour));
 }
 
-TEST(DecodeText, layout_attributes_and_their_defaults) {
+TEST(DecodeText, reads_layout_attributes_or_their_defaults) {
   const OneItem<Text> plain(29, "");
-  EXPECT_EQ(plain->HorizontalJustification, Justification{1});
-  EXPECT_EQ(plain->VerticalJustification, Justification{1});
-  EXPECT_EQ(plain->LineOrientation, LineOrientation{2});
-  EXPECT_EQ(plain->StartCorner, StartCorner{1});
+  EXPECT_EQ(plain->HorizontalJustification, Justification::Start);
+  EXPECT_EQ(plain->VerticalJustification, Justification::Start);
+  EXPECT_EQ(plain->LineOrientation, LineOrientation::Horizontal);
+  EXPECT_EQ(plain->StartCorner, StartCorner::UpperLeft);
   EXPECT_FALSE(plain->TextWrapping);
   EXPECT_EQ(plain->TextColour.Kind, ValueKind::None);
   const OneItem<Text> text(29, Primitive(38, "\x0A") + Primitive(43, "plain") +
@@ -273,17 +273,17 @@ TEST(DecodeText, layout_attributes_and_their_defaults) {
   ASSERT_TRUE(text.IsDone());
   EXPECT_EQ(text->CharacterSet, 10);
   EXPECT_EQ(text->FontAttributes.View(), "plain");
-  EXPECT_EQ(text->HorizontalJustification, Justification{3});
-  EXPECT_EQ(text->VerticalJustification, Justification{2});
-  EXPECT_EQ(text->LineOrientation, LineOrientation{1});
-  EXPECT_EQ(text->StartCorner, StartCorner{4});
+  EXPECT_EQ(text->HorizontalJustification, Justification::Centre);
+  EXPECT_EQ(text->VerticalJustification, Justification::End);
+  EXPECT_EQ(text->LineOrientation, LineOrientation::Vertical);
+  EXPECT_EQ(text->StartCorner, StartCorner::LowerRight);
   EXPECT_TRUE(text->TextWrapping);
 }
 
 TEST(DecodeText, enumeration_may_be_encoded_as_an_integer) {
   const OneItem<Text> text(29, Holding(88, Integer(2)));
   ASSERT_TRUE(text.IsDone());
-  EXPECT_EQ(text->VerticalJustification, Justification{2});
+  EXPECT_EQ(text->VerticalJustification, Justification::End);
 }
 
 TEST(DecodeText, an_unknown_number_of_an_enumeration_is_kept) {
@@ -294,17 +294,17 @@ TEST(DecodeInteractible, missing_attributes_have_their_defaults) {
   const OneItem<EntryField> field(30, "");
   ASSERT_TRUE(field.IsDone());
   EXPECT_TRUE(field->EngineResp);
-  EXPECT_EQ(field->InputType, InputType{3});  // any
+  EXPECT_EQ(field->InputType, InputType::Any);
   EXPECT_TRUE(OneItem<HyperText>(31, "")->EngineResp);
   EXPECT_TRUE(OneItem<SwitchButton>(27, "")->EngineResp);
   const OneItem<Slider> slider(32, "");
   ASSERT_TRUE(slider.IsDone());
   EXPECT_TRUE(slider->EngineResp);
   EXPECT_EQ(slider->StepSize, 1);
-  EXPECT_EQ(slider->SliderStyle, SliderStyle{1});  // normal
+  EXPECT_EQ(slider->SliderStyle, SliderStyle::Normal);
 }
 
-TEST(DecodeInteractible, entry_field_hyper_text_buttons_and_slider) {
+TEST(DecodeInteractible, reads_every_attribute) {
   const Bytes interactible = Primitive(101, "\0"s) + Holding(49, Integer(2));
   const OneItem<EntryField> field(30, interactible + Primitive(109, "\x02") +
                                           Primitive(110, "0123") + Primitive(111, "\x01") +
@@ -312,7 +312,7 @@ TEST(DecodeInteractible, entry_field_hyper_text_buttons_and_slider) {
   ASSERT_TRUE(field.IsDone());
   EXPECT_FALSE(field->EngineResp);
   EXPECT_EQ(field->HighlightRefColour.Index, 2);
-  EXPECT_EQ(field->InputType, InputType{2});
+  EXPECT_EQ(field->InputType, InputType::Numeric);
   EXPECT_EQ(field->CharList.View(), "0123");
   EXPECT_TRUE(field->ObsuredInput);
   EXPECT_EQ(field->MaxLength, 12);
@@ -324,19 +324,19 @@ TEST(DecodeInteractible, entry_field_hyper_text_buttons_and_slider) {
   EXPECT_EQ(button->ButtonRefColour.Index, 3);
   EXPECT_EQ(button->OriginalLabel.View(), "label");
   EXPECT_EQ(button->CharacterSet, 10);
-  EXPECT_EQ(button->ButtonStyle, ButtonStyle{3});
+  EXPECT_EQ(button->ButtonStyle, ButtonStyle::CheckBox);
   const OneItem<Slider> slider(32, interactible + Primitive(102, "\x04") + Primitive(103, "\x0A") +
                                        Primitive(104, "\xFF") + Primitive(105, "\x05") +
                                        Primitive(106, "\x02") + Primitive(107, "\x03") +
                                        Primitive(108, "\x02") + Holding(50, Integer(6)));
   ASSERT_TRUE(slider.IsDone());
-  EXPECT_EQ(slider->Orientation, Orientation{4});
+  EXPECT_EQ(slider->Orientation, Orientation::Down);
   EXPECT_EQ(slider->MaxValue, 10);
   EXPECT_EQ(slider->MinValue, -1);
   EXPECT_EQ(slider->InitialValue, 5);
   EXPECT_EQ(slider->InitialPortion, 2);
   EXPECT_EQ(slider->StepSize, 3);
-  EXPECT_EQ(slider->SliderStyle, SliderStyle{2});
+  EXPECT_EQ(slider->SliderStyle, SliderStyle::Thermometer);
   EXPECT_EQ(slider->SliderRefColour.Index, 6);
 }
 
@@ -358,11 +358,11 @@ TEST(DecodeStream, components_belong_to_the_stream_and_not_to_the_items) {
     EXPECT_EQ(stream->Multiplex.At(1)->Type(), ItemType::Video);
     EXPECT_EQ(stream->Multiplex.At(1)->As<Video>().Reference.Number, 12);
     EXPECT_EQ(stream->Multiplex.At(1)->As<Video>().OriginalBoxSize.Width, 720);
-    EXPECT_EQ(stream->Multiplex.At(1)->As<Video>().Termination, Termination{1});
+    EXPECT_EQ(stream->Multiplex.At(1)->As<Video>().Termination, Termination::Freeze);
     EXPECT_FALSE(stream->Multiplex.At(1)->As<Video>().InitiallyActive);
     EXPECT_EQ(stream->Multiplex.At(2)->Type(), ItemType::RTGraphics);
     EXPECT_TRUE(stream->Multiplex.At(2)->As<RTGraphics>().OriginalPaletteRef.IsPresent);
-    EXPECT_EQ(stream->Storage, Storage{1});
+    EXPECT_EQ(stream->Storage, Storage::Memory);
     EXPECT_EQ(stream->Looping, 0);
   }
 }
@@ -370,14 +370,14 @@ TEST(DecodeStream, components_belong_to_the_stream_and_not_to_the_items) {
 TEST(DecodeStream, starts_from_its_defaults) {
   const OneItem<Stream> stream(21, Holding(92, Holding(96, Integer(1)) + Holding(95, Integer(2))));
   ASSERT_TRUE(stream.IsDone());
-  EXPECT_EQ(stream->Storage, Storage{2});
+  EXPECT_EQ(stream->Storage, Storage::Stream);
   EXPECT_EQ(stream->Looping, 1);
   EXPECT_EQ(stream->Speed.Numerator, 1);
   EXPECT_EQ(stream->Speed.Denominator, 1);
   EXPECT_EQ(stream->CounterPosition, 0);
   EXPECT_EQ(stream->CounterEndPosition, -1);
   EXPECT_TRUE(stream->CounterTriggers.IsEmpty());
-  EXPECT_EQ(stream->Multiplex.At(0)->As<Video>().Termination, Termination{2});
+  EXPECT_EQ(stream->Multiplex.At(0)->As<Video>().Termination, Termination::Disappear);
   EXPECT_EQ(stream->Multiplex.At(1)->As<Audio>().OriginalVolume, 0);
 }
 

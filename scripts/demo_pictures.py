@@ -6,6 +6,7 @@ also encoded as MPEG-2 I-frames, by ffmpeg. They are stored beside the demos' te
 building a demo needs neither this script nor its libraries. A test draws them again and compares.
 """
 
+import io
 import math
 import pathlib
 import random
@@ -21,7 +22,7 @@ COLOURS = re.findall("`([0-9A-F]{6})`", DESIGN.read_text())
 GROUND, PANEL, RAISED, LINE, MUTED, WHITE, GOLD, RED, GREEN, YELLOW, BLUE, PINE, WINE = (
     f"#{colour}" for colour in COLOURS[:13]
 )
-FINER = 4  # pictures are drawn this many times larger, and then reduced
+SCALE = 4  # pictures are drawn this many times larger, and then reduced
 
 
 class Sheet:
@@ -29,40 +30,40 @@ class Sheet:
 
     def __init__(self, width, height, colour):
         self.size = (width, height)
-        self.image = Image.new("RGB", (width * FINER, height * FINER), colour)
+        self.image = Image.new("RGB", (width * SCALE, height * SCALE), colour)
         self.pen = ImageDraw.Draw(self.image)
 
     @staticmethod
-    def _finer(points):
-        return [(x * FINER, y * FINER) for x, y in points]
+    def _scaled(points):
+        return [(x * SCALE, y * SCALE) for x, y in points]
 
     def shape(self, colour, *points):
-        self.pen.polygon(self._finer(points), fill=colour)
+        self.pen.polygon(self._scaled(points), fill=colour)
 
     def box(self, colour, left, top, right, bottom):
         self.pen.rectangle(
-            (left * FINER, top * FINER, right * FINER - 1, bottom * FINER - 1), fill=colour
+            (left * SCALE, top * SCALE, right * SCALE - 1, bottom * SCALE - 1), fill=colour
         )
 
-    def disc(self, colour, x, y, radius, flat=1.0):
-        box = self._finer([(x - radius, y - radius * flat), (x + radius, y + radius * flat)])
+    def disc(self, colour, x, y, radius, aspect=1.0):
+        box = self._scaled([(x - radius, y - radius * aspect), (x + radius, y + radius * aspect)])
         self.pen.ellipse([*box[0], *box[1]], fill=colour)
 
     def line(self, colour, width, *points):
-        self.pen.line(self._finer(points), fill=colour, width=round(width * FINER), joint="curve")
+        self.pen.line(self._scaled(points), fill=colour, width=round(width * SCALE), joint="curve")
 
     def sky(self, top, bottom, height):
         first, last = (tuple(bytes.fromhex(colour[1:])) for colour in (top, bottom))
-        for row in range(height * FINER):
-            share = row / (height * FINER - 1)
+        for row in range(height * SCALE):
+            share = row / (height * SCALE - 1)
             mixed = tuple(round(a + (b - a) * share) for a, b in zip(first, last))
             self.pen.line([(0, row), (self.image.width, row)], fill=mixed)
 
     def stars(self, seed, count, height):
-        places = random.Random(seed)
+        rng = random.Random(seed)
         for _ in range(count):
-            x, y = places.uniform(0, self.size[0]), places.uniform(0, height)
-            self.disc(MUTED, x, y, places.choice((0.8, 1.0, 1.5)))
+            x, y = rng.uniform(0, self.size[0]), rng.uniform(0, height)
+            self.disc(MUTED, x, y, rng.choice((0.8, 1.0, 1.5)))
 
     def wave(self, colour, level, height, length, shift=0.0):
         """Fills everything below a wavy line."""
@@ -132,7 +133,6 @@ def tide():
     sheet.wave("#5B8AD8", 122, 7, 96)
     sheet.wave(BLUE, 146, 8, 118, 40)
     sheet.wave("#3A66B4", 168, 9, 104, 12)
-    sheet.wave("#2B4F92", 192, 8, 128, 70)
     sheet.shape(WHITE, (64, 134), (64, 62), (104, 124))
     sheet.shape(MUTED, (58, 132), (58, 76), (34, 126))
     sheet.shape(RED, (26, 138), (112, 138), (96, 160), (42, 160))
@@ -209,18 +209,17 @@ def bridge():
 
 
 def books():
-    sheet = Sheet(288, 216, PANEL)
-    sheet.box("#22345A", 0, 0, 288, 216)
+    sheet = Sheet(288, 216, "#22345A")
     colours = (RED, GOLD, BLUE, WHITE, GREEN, WINE, MUTED, PINE, LINE)
-    turn = random.Random(7)
+    rng = random.Random(7)
     for shelf in (68, 134, 200):
         x = 14
         while x < 262:
-            width, height = turn.choice((12, 15, 18, 22)), turn.choice((36, 42, 46, 50))
-            colour = turn.choice(colours)
+            width, height = rng.choice((12, 15, 18, 22)), rng.choice((36, 42, 46, 50))
+            colour = rng.choice(colours)
             if x + width > 274:
                 break
-            if turn.random() < 0.12 and x + 36 < 274:
+            if rng.random() < 0.12 and x + 36 < 274:
                 top = ((x + 14, shelf - 46), (x + 27, shelf - 42))
                 sheet.shape(colour, *top, (x + 13, shelf), (x, shelf))
                 x += 30
@@ -292,21 +291,21 @@ def stars():
 def landscape(width, height, top, bottom, sun, sun_height, tones):
     sheet = Sheet(width, height, top)
     sheet.sky(top, bottom, height)
-    part = width / 288
-    sheet.disc(sun, 200 * part, sun_height * part, 18 * part)
+    unit = width / 288
+    sheet.disc(sun, 200 * unit, sun_height * unit, 18 * unit)
     far, middle, near, tree = tones
-    sheet.wave(far, 84 * part, 14 * part, 190 * part, 30 * part)
-    sheet.wave(middle, 98 * part, 10 * part, 150 * part, 90 * part)
-    sheet.wave(near, 114 * part, 6 * part, 240 * part)
+    sheet.wave(far, 84 * unit, 14 * unit, 190 * unit, 30 * unit)
+    sheet.wave(middle, 98 * unit, 10 * unit, 150 * unit, 90 * unit)
+    sheet.wave(near, 114 * unit, 6 * unit, 240 * unit)
     for x, foot, size in ((40, 112, 1.0), (58, 116, 0.8), (250, 116, 1.0), (236, 119, 0.7)):
         for step in range(3):
-            y = (foot - 34 * size + step * 9 * size) * part
-            half = (6 + step * 3) * size * part
+            y = (foot - 34 * size + step * 9 * size) * unit
+            half = (6 + step * 3) * size * unit
             sheet.shape(
                 tree,
-                (x * part, y),
-                (x * part - half, y + 15 * size * part),
-                (x * part + half, y + 15 * size * part),
+                (x * unit, y),
+                (x * unit - half, y + 15 * size * unit),
+                (x * unit + half, y + 15 * size * unit),
             )
     return sheet
 
@@ -314,7 +313,7 @@ def landscape(width, height, top, bottom, sun, sun_height, tones):
 def day(width, height):
     tones = ("#7FA8B8", GREEN, PINE, "#1C4632")
     sheet = landscape(width, height, "#5F8FD8", "#DCE9F8", "#FFF4D6", 34, tones)
-    # A balloon, in the part that is seen when the picture is cut.
+    # A balloon, placed so that it stays visible when the picture is clipped.
     sheet.disc(RED, 150, 62, 44)
     sheet.shape(RED, (111, 82), (189, 82), (160, 122), (140, 122))
     sheet.disc(GOLD, 150, 62, 16, 44 / 16)
@@ -339,12 +338,10 @@ def write_frame(picture, path):
     command = "ffmpeg -v error -threads 1 -f image2pipe -c:v png -i - -frames:v 1 -pix_fmt yuv420p"
     command += " -c:v mpeg2video -g 1 -bf 0 -qmin 1 -qscale:v 2 -fflags +bitexact -flags +bitexact"
     # The same bytes on every processor.
-    command += f" -dct int -idct simple -f mpeg2video -y {path}"
-    coder = subprocess.Popen(command.split(), stdin=subprocess.PIPE)
-    picture.save(coder.stdin, "png")
-    coder.stdin.close()
-    if coder.wait() != 0:
-        sys.exit(f"ffmpeg does not encode {path}")
+    command += " -dct int -idct simple -f mpeg2video -y"
+    png = io.BytesIO()
+    picture.save(png, "png")
+    subprocess.run([*command.split(), path], input=png.getvalue(), check=True)
 
 
 def main():

@@ -74,8 +74,6 @@ def read_goals(path):
 
 def compare(result, smallest, measure):
     """The value to divide by, and the text that shows it; none if it was not measured."""
-    if measure == "absolute":
-        return 1, ""
     if measure == "same":
         return smallest.value, result.shown(smallest.value)
     if measure == "linear":
@@ -90,15 +88,18 @@ def goal_cells(result, smallest, measure, limit):
     goal = f"<= {limit:g}"
     if result.value is None:
         return [measure, "", "", goal, "not met: too slow to measure"]
+    if measure == "absolute":
+        met = "met" if result.value <= limit else "not met"
+        return ["", "", "", f"<= {result.shown(limit)}", met]
     other, text = compare(result, smallest, measure)
     if other is None:
         return [measure, "", "", goal, f"not measured: {measure} takes too long"]
-    ratio = result.value / other if other else result.value
+    ratio = result.value / other
     return [measure, text, f"{ratio:.2f}", goal, "met" if ratio <= limit else "not met"]
 
 
 def table_of(workloads, goals):
-    yield ["workload", "size", "result", "beside", "its result", "ratio", "goal", ""]
+    yield ["workload", "size", "result", "compared with", "its value", "ratio", "goal", ""]
     for workload, results in workloads.items():
         smallest = results[0]
         for result in results:
@@ -122,9 +123,9 @@ def print_table(rows):
         print("| " + " | ".join(cell.ljust(width) for cell, width in zip(row, widths)) + " |")
         if number == 0:
             print("|" + "|".join("-" * (width + 2) for width in widths) + "|")
-    outcomes = [row[-1] for row in rows]
-    print(f"\n{outcomes.count('met')} goals met, "
-          f"{sum(outcome.startswith('not') for outcome in outcomes)} not met")
+    outcomes = collections.Counter(row[-1].partition(":")[0] for row in rows)
+    print("\nGoals: " + ", ".join(f"{outcomes[outcome]} {outcome}"
+                                 for outcome in ("met", "not met", "not measured")))
 
 
 def draw_curves(workloads, folder):

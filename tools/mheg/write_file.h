@@ -11,8 +11,8 @@ namespace mheg {
 // Replaces the contents of a file, or creates it. Returns false if that fails.
 [[nodiscard]] bool WriteFile(const std::filesystem::path& path, std::string_view bytes);
 
-// The same for a file that is no link, with contents that `write` writes to the path that it is
-// called with. Also returns false if `write` does.
+// The same for a file that is not a link. `write` is called with a path and writes the contents
+// there. Also returns false if `write` does.
 [[nodiscard]] bool WriteFile(const std::filesystem::path& path,
                              const std::function<bool(const std::filesystem::path&)>& write);
 

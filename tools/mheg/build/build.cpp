@@ -1,6 +1,6 @@
-// Texts are always compiled, because that is fast and leaves no doubt about what is up to date: a
-// new version of the compiler may give other bytes. Other files may be large, so they are compared
-// by size and time, which a copy keeps.
+// Source files are always compiled, because that is fast and leaves no doubt about what is up to
+// date: a new version of the compiler may give other bytes. Other files may be large, so they are
+// compared by size and time, which a copy keeps.
 #include "mheg/build/build.h"
 
 #include <cstdio>

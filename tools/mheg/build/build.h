@@ -8,12 +8,12 @@ namespace mheg {
 // Brings the carousel `output` up to date with the folder `source`, on `jobs` threads (0: one per
 // processor): compiles each text NAME.mheg to NAME and copies all other files, including
 // subfolders, if they are broadcast (source_folder.h). Only files that change are written. Products
-// of an earlier build that have no source any more are removed; other files in the carousel are not
-// touched.
+// of an earlier build whose source no longer exists are removed; other files in the carousel are
+// not touched.
 //
-// Prints errors, the findings of the check, and a line with the numbers of files. A text with
-// errors leaves the file that was compiled from it earlier. Returns whether every file of the
-// carousel is up to date; findings alone are no failure.
+// Prints errors, the findings of the check, and a line with the numbers of files. If a
+// source file has errors, the result of its last good build is kept. Returns whether every file of
+// the carousel is up to date, whatever the findings.
 [[nodiscard]] bool Build(const std::filesystem::path& source, const std::filesystem::path& output,
                          unsigned jobs);
 

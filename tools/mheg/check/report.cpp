@@ -1,4 +1,4 @@
-// The forms of a report. docs/checks.md describes them.
+// Prints findings as text, JSON or SARIF. docs/checks.md describes these forms.
 #include "mheg/check/report.h"
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-// Finds the attribute that holds an action list, because places are known by attribute.
+// Finds the attribute that holds an action list, because source positions are stored by attribute.
 #include "mheg/run/sources.h"
 
 #include <optional>
@@ -61,7 +61,7 @@ std::optional<ListPlace> FindList(const korvel::Group& group, const ActionList& 
 
 }  // namespace
 
-void Sources::GroupStarted(const korvel::Group& group) {
+void Sources::OnGroupStarted(const korvel::Group& group) {
   const auto file = latest_.find(group.Reference.GroupIdentifier.View());
   running_[&group] = file == latest_.end() ? nullptr : file->second;
 }

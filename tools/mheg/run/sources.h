@@ -1,4 +1,4 @@
-// The places of links and actions of the running groups in the texts of the carousel.
+// Finds the source file and line of a running link or action.
 #pragma once
 
 #include <cstdint>
@@ -11,16 +11,16 @@
 namespace mheg {
 
 struct Source {
-  std::string text;        // the path of the text in the carousel
+  std::string text;        // the path of the source file in the carousel
   std::uint32_t line = 0;  // 0: unknown
 };
 
 class Sources {
  public:
-  // The engine has read a file that was compiled from a text.
-  void FileRead(const CarouselFile& file) { latest_[file.group] = &file; }
-  // A group has become current. Its text is the last file read with that group name.
-  void GroupStarted(const korvel::Group& group);
+  // Call when the engine has read a file that was compiled from a source file.
+  void OnFileRead(const CarouselFile& file) { latest_[file.group] = &file; }
+  // Call when a group becomes current. Its source is the last file read with that group name.
+  void OnGroupStarted(const korvel::Group& group);
 
   [[nodiscard]] Source Of(const korvel::Ingredient& object) const;
   [[nodiscard]] Source Of(const korvel::ActionHolder& list,

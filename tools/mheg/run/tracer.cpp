@@ -113,7 +113,7 @@ void TraceFile(std::string_view path, const CarouselFile* file) {
   TraceLine line = LineAbout("file");
   line.Field("path", path).FlagField("found", file != nullptr);
   if (file == nullptr) return PrintLine(line, "file " + std::string(path) + " not found");
-  if (!file->text.empty()) TheTrace().sources.FileRead(*file);
+  if (!file->text.empty()) TheTrace().sources.OnFileRead(*file);
   line.Field("bytes", static_cast<std::int64_t>(file->bytes.size()));
   PrintLine(line, "file " + std::string(path) + " read, " + std::to_string(file->bytes.size()) +
                       " bytes");
@@ -233,7 +233,7 @@ void ObserveValue(const Ingredient& variable) {
 }
 
 void ObserveGroupStart(const Group& group) {
-  if (IsTracing()) TheTrace().sources.GroupStarted(group);
+  if (IsTracing()) TheTrace().sources.OnGroupStarted(group);
   mheg::TraceGroup("group start", group, " becomes current");
 }
 

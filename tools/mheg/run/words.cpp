@@ -153,7 +153,7 @@ std::string Quoted(std::string_view bytes) {
 
 std::string ValueOf(const korvel::Ingredient& variable) {
   const korvel::ItemType type = ClassOf(variable);
-  // Only the variable's own class tells what it is; nothing is changed.
+  // VisitVariable wants an object that may change; nothing is changed.
   auto& object = const_cast<korvel::Ingredient&>(variable);
   return korvel::VisitVariable({type, &object}, std::string(), [](const auto& record) {
     return Written([&](korvel::TextWriter& writer) { Write(writer, korvel::ValueOf(record)); });

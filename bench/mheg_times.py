@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Times `mheg` on a carousel of 1,000 scenes, beside `cat` of the same files.
+"""Times `mheg` on a carousel of 1,000 scenes and, for comparison, `cat` of the same files.
 
 Usage: mheg_times.py MHEG RESULTS
 Writes the shortest times to RESULTS, in Google Benchmark's JSON format.

@@ -1,5 +1,6 @@
 // Other readers of the bytes of a scene: a generic ASN.1 decoder, a walk over the elements that
-// does nothing else, and a plain copy. And decoding itself, beside starting and ending a scene.
+// does nothing else, and a plain copy. And decoding itself, to compare starting and ending a scene
+// with.
 #include <benchmark/benchmark.h>
 #include <libtasn1.h>
 

@@ -1,4 +1,4 @@
-// Measures the time of all workloads beside their references. The figure of a workload is the
+// Measures the time of all workloads and of their references. The figure of a workload is the
 // shortest time of many runs, which other load of the machine affects least. Each reference is a
 // counter of the same name, in nanoseconds.
 #include <benchmark/benchmark.h>

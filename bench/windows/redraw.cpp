@@ -1,7 +1,7 @@
-// Measures a painting redraw of each scene, beside the same picture drawn with GDI+ alone, and the
-// copy of the picture to the window, beside plain copies of as many bytes. The engine's core and
-// its presentation run in this process; their host is a substitute. Takes the name of the file to
-// write.
+// Measures a redraw of each scene and, for comparison, the same picture drawn with GDI+ alone; and
+// the copy of the picture to the window and, for comparison, plain copies of the same number of
+// bytes. The engine's core and its presentation run in this process; their host is a substitute.
+// Takes the name of the file to write.
 #include <cstring>
 #include <optional>
 

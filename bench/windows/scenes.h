@@ -26,7 +26,6 @@ inline constexpr int kLineWidth = 2;     // of the rectangles around the texts
 // The corner whose colour the keys change: Up makes it red, Down blue. It starts blue.
 inline constexpr Area kCorner{704, 560, 16, 16};
 
-// The parts of a scene.
 struct Content {
   bool hasTexts = false;
   bool hasRectangles = false;  // around the texts

@@ -148,7 +148,7 @@ expect 0 "$player" texts --script late_script --not-yet 1 --verbose --latency 20
 logged 'read two: not yet available'
 logged 'read two: [0-9]* bytes'
 
-# It loads a changed folder again; a text with an error leaves the old content running.
+# It loads a changed folder again; a source file with an error leaves the old content running.
 KORVEL_WINE_LIMIT=100 "$wine" "$player" texts --watch --verbose >out 2>err &
 running=$!
 await() {

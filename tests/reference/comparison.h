@@ -53,7 +53,7 @@ template <class List> auto& At(List& list, std::int32_t number) {
 }
 
 // An elementary action with a target and integers or references, which are written alike. Three
-// steps are no actions: "Key" has a key number; "Enter" has an entry field and a character, which
+// steps are not actions: "Key" has a key number; "Enter" has an entry field and a character, which
 // arrives only while the field interacts; "Raise" has the number of the source, the event type, the
 // kind and the value of the data, and the source's group, or no group for an event that is raised
 // by type.

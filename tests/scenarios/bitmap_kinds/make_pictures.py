@@ -24,7 +24,7 @@ def quarter(x, y):
 
 
 def packed(values, bits):
-    """Values one behind the other, the first in the highest bits, up to a whole byte."""
+    """Values one after another, the first in the highest bits, padded to a whole byte."""
     text = "".join(format(value, f"0{bits}b") for value in values)
     text += "0" * (-len(text) % 8)
     return int(text, 2).to_bytes(len(text) // 8, "big")

@@ -52,7 +52,6 @@ template <class Visit> void ForEveryClass(Visit&& visit) {
   ForEachClass(ComponentClasses{}, visit);
 }
 
-// The classes that a row lists.
 ClassSet ClassesOf(const PageRow& row) {
   if (row.classes == "every group") return kGroups;
   if (row.classes == "every interactible") return kInteractibles;

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "mheg/check/check.h"
+#include "mheg/report_words.h"
 #include "objects/limits.h"
 
 namespace mheg {
@@ -14,38 +15,36 @@ namespace {
 using namespace korvel;
 
 constexpr ClassSet kAnything = ~ClassSet{0};
+constexpr ClassSet kNotRun = kPrograms | SetOf(ItemType::Link);
+// Buttons stop as members of a token group, the other classes also by Stop.
+constexpr ClassSet kStoppable = kVisibles | kButtons | kTokenGroups |
+                                SetOf(ItemType::Stream, ItemType::Audio, ItemType::RTGraphics);
 
-// Which classes raise an event, and the kind of data that goes with it.
+// Which classes raise an event, and the kind of data that goes with it. No class raises the events
+// of cursors, buttons and counters, nor those of a stream's content.
 struct EventRule {
-  ClassSet sources;
-  ValueKind data;
+  ClassSet sources = 0;
+  ValueKind data = ValueKind::None;
 };
 
 constexpr EventRule RuleOf(EventType event) {
   switch (event) {
   case EventType::IsAvailable:
   case EventType::ContentAvailable:
-  case EventType::IsDeleted:
-  case EventType::IsRunning:
-  case EventType::IsStopped: return {kAnything, ValueKind::None};
+    return {kGroups | SetOf(ItemType::Bitmap, ItemType::Text, ItemType::LineArt), ValueKind::None};
+  case EventType::IsDeleted: return {kGroups, ValueKind::None};
+  case EventType::IsRunning: return {kAnything & ~kNotRun, ValueKind::None};
+  case EventType::IsStopped: return {kStoppable, ValueKind::None};
   case EventType::UserInput:
   case EventType::EngineEvent: return {kAnything, ValueKind::Integer};
   case EventType::AnchorFired: return {SetOf(ItemType::HyperText), ValueKind::None};
   case EventType::TimerFired: return {SetOf(ItemType::Scene), ValueKind::Integer};
-  case EventType::AsynchStopped: return {kPrograms, ValueKind::None};
+  case EventType::AsynchStopped: return {SetOf(ItemType::ResidentProgram), ValueKind::None};
   case EventType::TokenMovedFrom:
   case EventType::TokenMovedTo: return {kTokenGroups, ValueKind::Integer};
-  case EventType::StreamEvent:
-  case EventType::CounterTrigger: return {SetOf(ItemType::Stream), ValueKind::Integer};
-  case EventType::StreamPlaying:
-  case EventType::StreamStopped: return {SetOf(ItemType::Stream), ValueKind::None};
   case EventType::InteractionCompleted:
   case EventType::HighlightOn:
-  case EventType::HighlightOff:
-  case EventType::CursorEnter:
-  case EventType::CursorLeave: return {kInteractibles | kButtons, ValueKind::None};
-  case EventType::IsSelected:
-  case EventType::IsDeselected: return {kButtons, ValueKind::None};
+  case EventType::HighlightOff: return {kInteractibles, ValueKind::None};
   case EventType::TestEvent: return {kVariables, ValueKind::Boolean};
   case EventType::FirstItemPresented:
   case EventType::LastItemPresented: return {SetOf(ItemType::ListGroup), ValueKind::Boolean};
@@ -54,8 +53,23 @@ constexpr EventRule RuleOf(EventType event) {
   case EventType::ItemSelected:
   case EventType::ItemDeselected: return {SetOf(ItemType::ListGroup), ValueKind::Integer};
   case EventType::EntryFieldFull: return {SetOf(ItemType::EntryField), ValueKind::None};
+  case EventType::StreamEvent:
+  case EventType::StreamPlaying:
+  case EventType::StreamStopped:
+  case EventType::CounterTrigger:
+  case EventType::CursorEnter:
+  case EventType::CursorLeave:
+  case EventType::IsSelected:
+  case EventType::IsDeselected: break;
   }
   return {};
+}
+
+// Whether an engine event comes from the application. The others, those of keys, reach links of
+// any source.
+constexpr bool IsOfApplication(std::int32_t engineEvent) {
+  return engineEvent == engineEvents::kGroupReferenceError ||
+         engineEvent == engineEvents::kContentReferenceError;
 }
 
 // The event that a link waits for. Fields that do not apply keep their defaults.
@@ -116,18 +130,19 @@ class LinkCheck : public CheckVisitor {
   void CheckCondition(const LinkCondition& condition) {
     const EventType event = condition.EventType;
     const EventRule rule = RuleOf(event);
+    const std::string name = EventName(event);
     if (rule.sources == 0) {
       return ReportIdle(":EventType", Rule::ImpossibleEvent,
-                        "there is no event " + std::to_string(static_cast<std::int32_t>(event)));
+                        (WordOf(event) == nullptr ? "there is no event " : "nothing raises ") +
+                            name);
     }
-    const std::string word = WordOf(event);
-    const bool isSource = CheckSource(condition.EventSource, word, rule.sources);
+    const bool isSource = CheckSource(condition.EventSource, name, rule.sources);
     const ValueKind data = condition.EventData.Kind;
     if (data != ValueKind::None && data != rule.data) {
-      ReportIdle(":EventData", Rule::ImpossibleData, word + " has no such data");
+      ReportIdle(":EventData", Rule::ImpossibleData, name + " has no such data");
     }
     if (isSource) CheckCause(condition);
-    if (data == ValueKind::Integer) CheckNumber(event, condition.EventData.Integer);
+    if (data == ValueKind::Integer) CheckNumber(condition);
   }
   // Timers and tests are events that only actions cause.
   void CheckCause(const LinkCondition& condition) {
@@ -153,17 +168,23 @@ class LinkCheck : public CheckVisitor {
     const std::string which = timer ? "timer " + std::to_string(*timer) : "a timer";
     ReportIdle(":EventData", Rule::TimerNeverSet, "nothing sets " + which);
   }
-  void CheckNumber(EventType event, std::int32_t number) {
-    if (event == EventType::UserInput) CheckKey(number);
-    if (event != EventType::EngineEvent || IsEngineEvent(number)) return;
-    ReportIdle(":EventData", Rule::UnknownEngineEvent,
-               "there is no engine event " + std::to_string(number));
+  void CheckNumber(const LinkCondition& condition) {
+    const std::int32_t number = condition.EventData.Integer;
+    if (condition.EventType == EventType::UserInput) CheckKey(number);
+    if (condition.EventType != EventType::EngineEvent) return;
+    if (!IsEngineEvent(number)) {
+      ReportIdle(":EventData", Rule::UnknownEngineEvent,
+                 "there is no engine event " + std::to_string(number));
+    } else if (IsOfApplication(number)) {
+      CheckSource(condition.EventSource, "EngineEvent " + std::to_string(number),
+                  SetOf(ItemType::Application));
+    }
   }
-  bool CheckSource(const ObjectReference& source, const std::string& word, ClassSet sources) {
+  bool CheckSource(const ObjectReference& source, const std::string& event, ClassSet sources) {
     const CheckedGroup* owner = carousel_.Find(group_, source.GroupIdentifier.View());
     const ItemType type = owner == nullptr ? ItemType::None : owner->ClassOf(source.Number);
     if (type == ItemType::None || Contains(sources, type)) return true;
-    ReportIdle(":EventType", Rule::ImpossibleEvent, ClassName(type) + " raises no " + word);
+    ReportIdle(":EventType", Rule::ImpossibleEvent, ClassName(type) + " raises no " + event);
     return false;
   }
   void CheckKey(std::int32_t key) {

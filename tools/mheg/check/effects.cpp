@@ -47,7 +47,9 @@ void Effects::Add(const ElementaryAction& action, std::string_view groupName) {
   if (!IsRecorded(action)) return;
   const Action kind = ActionOf(action);
   const GenericValue& target = action.Target;
-  if (target.Kind == ValueKind::IndirectReference) onAny_.insert(kind);
+  // SendEvent targets the scene, but the event may come from any object.
+  const bool isOnAny = target.Kind == ValueKind::IndirectReference || kind == Action::SendEvent;
+  if (isOnAny) onAny_.insert(kind);
   const OctetString& group = target.Reference.GroupIdentifier;
   Effect effect{kind, WithoutTilde(group.IsPresent() ? group.View() : groupName),
                 target.Reference.Number, std::nullopt};

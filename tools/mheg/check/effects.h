@@ -41,7 +41,8 @@ class Effects {
   [[nodiscard]] bool MayBeAny(korvel::Action action) const { return onAny_.contains(action); }
 
   std::set<Effect> effects_;
-  std::set<korvel::Action> onAny_;  // that name their target or timer through a variable
+  // Actions that name their target or timer through a variable, and SendEvent.
+  std::set<korvel::Action> onAny_;
 };
 
 [[nodiscard]] Effects EffectsOf(const korvel::Group& group);

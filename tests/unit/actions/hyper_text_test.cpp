@@ -57,6 +57,16 @@ TEST_F(HyperTextTest, a_truncated_anchor_is_ignored) {
   EXPECT_EQ(TakeLog(), "");
 }
 
+TEST_F(HyperTextTest, a_label_that_looks_like_an_anchor_holds_none) {
+  Start(Watch(1, "AnchorFired", "fired") +
+        "{:HyperText 1 :OrigBoxSize 99 20 :OrigContent '=1BA=06=1BA=03onelink=1Ba'}");
+  EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)"), Status::Done);
+  EXPECT_EQ(Press(2), Status::Done) << "the next anchor, if there were one";
+  EXPECT_EQ(Press(keys::kSelect), Status::Done);
+  EXPECT_EQ(Object<HyperText>(1).LastAnchorFired.View(), "\x1B"
+                                                         "A\x03one");
+}
+
 TEST_F(HyperTextTest, an_anchor_may_end_with_the_text) {
   Start("{:HyperText 1 :OrigBoxSize 9 9 :OrigContent 'x=1BA=02ab'}");
   EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)"), Status::Done);

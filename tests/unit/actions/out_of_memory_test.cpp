@@ -123,6 +123,23 @@ TEST_F(OutOfMemoryActionsTest, a_later_character_without_memory_keeps_the_text) 
   EXPECT_EQ(texts, Texts{"Can't allocate memory for NewStr\n"});
 }
 
+TEST_F(OutOfMemoryActionsTest, new_text_that_cannot_be_copied_is_reported_and_not_shown) {
+  const std::string report = "Can't allocate memory for TextData\n";
+  GenericValue content;
+  content.Kind = ValueKind::OctetString;
+  ASSERT_TRUE(content.Octets.Assign("a new text that takes a block"));
+  CompiledActions actions(Action::SetData, 1, ParametersOf(std::move(content)));
+  const Texts texts =
+      FailEachAllocation([] { Start("{:Text 1 :OrigBoxSize 9 9 :OrigContent \"old\"}"); },
+                         [&] { return actions.Run(); },
+                         [&report](Status, const std::string& text) {
+                           if (text == report) {
+                             EXPECT_EQ(Object<Text>(1).TextData.View(), "old");
+                           }
+                         });
+  EXPECT_TRUE(texts.contains(report));
+}
+
 TEST_F(OutOfMemoryActionsTest, a_polygon_without_memory_for_its_points_is_not_drawn) {
   CompiledActions actions(Action::DrawPolygon, 1,
                           ParametersOf(IntegerValue(1), IntegerValue(2), IntegerValue(3),

@@ -2,6 +2,7 @@
 #include <limits>
 
 #include "actions/actions.h"
+#include "objects/limits.h"
 #include "stage.h"
 #include "substitutes/memory.h"
 
@@ -171,6 +172,13 @@ TEST_F(VariablesTest, dividing_the_least_integer_by_minus_one_leaves_it_unchange
   constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
   EXPECT_EQ(Calculate("Divide", kLeast, -1), kLeast);
   EXPECT_EQ(Calculate("Modulo", kLeast, -1), 0);
+}
+
+TEST_F(VariablesTest, appending_may_fill_a_string_up_to_the_limit) {
+  StartVariables();
+  ASSERT_TRUE(Object<OctetStringVariable>(3).Value.AssignZeros(kLongestString - 1));
+  EXPECT_EQ(Run(":Append(3 \"x\")"), Status::Done);
+  EXPECT_EQ(Object<OctetStringVariable>(3).Value.Length(), kLongestString);
 }
 
 TEST_F(VariablesTest, appending_adds_at_the_end) {

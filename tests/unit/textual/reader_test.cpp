@@ -343,6 +343,8 @@ TEST(TextReader, an_error_reports_its_place_its_construct_and_the_expectation) {
       {"{:Scene 0 :OnStartUp (:Text(1))}", "1:23 in Scene :OnStartUp: :Text, )|action\n"},
       {"{:Scene 0 :OnStartUp (:Run(1 2))}", "1:30 in Run : 2, )\n"},
       {"{:Scene 0 :OnStartUp (:SetData(1 :NewRefContent 5))}", "1:49 in SetData : 5, (\n"},
+      {"{:Scene 0 :OnStartUp (:SetData(1 :NewRefContent (:IndirectRef 2 3)))}",
+       "1:65 in SetData : 3, )\n"},
       {"{:Scene 0 :OnStartUp (:DrawPolygon(1 (5)))}", "1:39 in DrawPolygon : 5, (\n"},
       {"{:Scene 0 :OnStartUp (:DrawPolygon(1 ((1 2 3))))}", "1:44 in DrawPolygon : 3, )\n"},
       {"{:Scene 0 :OnStartUp (:SetPosition(1 2 3 4))}", "1:42 in SetPosition : 4, )\n"},

@@ -33,7 +33,8 @@ void StopClock() {
   isStopped = stopped->IsInPlace();
 }
 
-// Keeps this library loaded after the engine releases it, because the clock's replacement is in it.
+// Keeps this library loaded after the engine releases it, because the library contains the
+// replacement of the clock.
 void StayLoaded() {
   HMODULE library = nullptr;
   GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,

@@ -17,7 +17,8 @@ struct DecoderRecord {
   std::uint8_t u = 128;
   std::uint8_t v = 128;
   int result = 0;
-  // If not null, called instead. It may fill the buffer or replace the pointer to it.
+  // If not null, called instead of filling the frame with the samples. It may fill the buffer or
+  // replace the pointer to it.
   void (*decode)(const char* path, std::uint8_t** buffer) = nullptr;
 };
 

@@ -1,5 +1,5 @@
-// Tests that a close request is handled before all other queued work and is never undone, at
-// whatever moment it arrives; and when the window paints.
+// Tests that a close request, whenever it arrives, is handled before all other queued work and is
+// never undone. Also tests when the window paints.
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -175,9 +175,9 @@ TEST_F(Closing, through_the_window_needs_no_request_from_the_host) {
   EXPECT_EQ(MHEG5WaitForClose(), 0U);
 }
 
-// A late wait is a call of MHEG5WaitForClose when a start is accepted again. After it the host may
-// end the process, which under Wine can crash if a thread is still ending.
-TEST_F(Closing, ends_a_late_wait_only_after_the_thread_has_ended) {
+// A late wait is a call of MHEG5WaitForClose when the next start would already be accepted. After
+// it the host may end the process, which under Wine can crash if a thread is still ending.
+TEST_F(Closing, lets_a_late_wait_return_only_after_the_thread_has_ended) {
   for (int round = 0; round < 20; ++round) {
     journal.Clear();
     Start();
@@ -192,7 +192,7 @@ TEST_F(Closing, ends_a_late_wait_only_after_the_thread_has_ended) {
 }
 
 // The system reuses the ids of ended threads.
-TEST_F(Closing, ends_a_late_wait_if_another_thread_has_the_id) {
+TEST_F(Closing, lets_a_late_wait_return_if_another_thread_has_the_id) {
   Start();
   Close();
   std::atomic<bool> mayEnd = false;
@@ -287,8 +287,8 @@ TEST_F(Painting, happens_once_for_each_exposure) {
   Start();
   const HWND engineWindow = FindEngineWindow();
   EXPECT_TRUE(WaitUntil([&] { return GetUpdateRect(engineWindow, nullptr, FALSE) == 0; }));
-  SendMessageA(engineWindow, WM_NULL, 0,
-               0);  // returns after the painting that validated the window
+  // Returns after the painting that validated the window.
+  SendMessageA(engineWindow, WM_NULL, 0, 0);
   journal.Clear();
   InvalidateRect(engineWindow, nullptr, TRUE);
   WaitForLine("PaintWindow");
@@ -302,9 +302,9 @@ TEST_F(Painting, an_exposure_during_a_painting_is_painted_too) {
   EXPECT_TRUE(WaitUntil([&] { return GetUpdateRect(engineWindow, nullptr, FALSE) == 0; }));
   SendMessageA(engineWindow, WM_NULL, 0, 0);
   journal.Clear();
-  const auto more = std::make_shared<std::atomic<int>>(2);
-  substitutes.onLine = [more, engineWindow](const std::string& line) {
-    if (line == "PaintWindow" && (*more)-- > 0) InvalidateRect(engineWindow, nullptr, TRUE);
+  const auto remaining = std::make_shared<std::atomic<int>>(2);
+  substitutes.onLine = [remaining, engineWindow](const std::string& line) {
+    if (line == "PaintWindow" && (*remaining)-- > 0) InvalidateRect(engineWindow, nullptr, TRUE);
   };
   InvalidateRect(engineWindow, nullptr, TRUE);
   WaitForLine("PaintWindow", 3);

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 class FileFetch : public HostThreads {
  protected:
-  // Fetches inside the engine start; the members below hold the result.
+  // Fetches the file inside StartEngine and stores the result in the members below.
   void FetchOnWorker(std::string_view path, bool isWanted = true) {
     substitutes.onStartEngine = [=, this] {
       isFetched = FetchFile(path, isWanted ? &bytes : nullptr);
@@ -66,11 +66,11 @@ TEST_F(FileFetch, without_output_only_checks_that_the_file_exists) {
 }
 
 TEST_F(FileFetch, fails_at_once_on_any_other_result) {
-  for (const std::uint32_t answer : {2U, 3U, 0x80004005U}) {
-    host.Answer("lost", answer);
+  for (const std::uint32_t result : {2U, 3U, 0x80004005U}) {
+    host.SetResult("lost", result);
     bytes.Clear();
     FetchOnWorker("lost");
-    EXPECT_EQ(isFetched, false) << answer;
+    EXPECT_EQ(isFetched, false) << result;
     EXPECT_FALSE(bytes.IsPresent());
     EXPECT_EQ(host.CountOf("FreeBuffer"), 0);
     Close();
@@ -86,11 +86,11 @@ TEST_F(FileFetch, does_not_call_the_host_for_an_empty_path) {
 }
 
 TEST_F(FileFetch, retries_every_half_second_while_the_file_is_not_available) {
-  host.Answer("late", kMHEG5FileNotYetAvailable);
+  host.SetResult("late", kMHEG5FileNotYetAvailable);
   host.Serve("ready", "");
   int reads = 0;
   host.onCall = [&](const std::string& name) {
-    if (name == "ReadFile late" && ++reads == 3) host.Answer("late", kNoSuchFile);
+    if (name == "ReadFile late" && ++reads == 3) host.SetResult("late", kNoSuchFile);
   };
   FetchOnWorker("late");
   EXPECT_EQ(isFetched, false);
@@ -118,7 +118,7 @@ TEST_F(FileFetch, fails_when_the_engine_may_not_run) {
 }
 
 TEST_F(FileFetch, fails_within_one_pause_after_a_close_request) {
-  host.Answer("never", kMHEG5FileNotYetAvailable);
+  host.SetResult("never", kMHEG5FileNotYetAvailable);
   substitutes.onStartEngine = [this] {
     isFetched = FetchFile("never", &bytes);
     return Status::Refused;
@@ -126,9 +126,9 @@ TEST_F(FileFetch, fails_within_one_pause_after_a_close_request) {
   StartWithoutWaiting();
   ASSERT_TRUE(WaitUntil([this] { return host.CountOf("ReadFile never") == 2; }));
   ExitMHEG5();
-  const auto asked = std::chrono::steady_clock::now();
+  const auto requested = std::chrono::steady_clock::now();
   ASSERT_TRUE(WaitUntil([this] { return window.Closes() == 1; }));
-  EXPECT_LT(std::chrono::steady_clock::now() - asked, 3000ms);
+  EXPECT_LT(std::chrono::steady_clock::now() - requested, 3000ms);
   EXPECT_EQ(isFetched, false);
   EXPECT_EQ(host.CountOf("ReadFile never"), 2);
 }

@@ -20,11 +20,11 @@ class HostThreads : public testing::Test {
   HostThreads();
   ~HostThreads() override;
 
-  // Starts the engine and waits until its start-up application has been tried.
+  // Starts the engine and waits until it has tried to start the start-up application.
   void Start();
   // Starts the engine and returns when its thread has been created.
   void StartWithoutWaiting();
-  // Closes the engine and waits for its thread. Safe when none runs.
+  // Closes the engine and waits for its thread. Does nothing if no engine runs.
   void Close();
 
   // Posts to the engine window. The engine handles messages in the order of the calls.

@@ -48,7 +48,7 @@ TEST_F(Worker, treats_a_start_that_failed_half_way_as_started) {
   EXPECT_TRUE(WaitUntil(MayRun));
 }
 
-TEST_F(Worker, may_run_while_the_start_up_application_is_searched) {
+TEST_F(Worker, may_run_while_it_looks_for_the_start_up_application) {
   bool mayRun = false;
   substitutes.onStartEngine = [&] {
     mayRun = MayRun();
@@ -79,7 +79,7 @@ TEST_F(Worker, raises_a_key_between_two_resets_of_the_redraw_counter) {
                                          "DiscardUpdateStamp", "ResetRedrawCounter", "Redraw"));
 }
 
-TEST_F(Worker, resets_the_redraw_counter_only_after_a_timer) {
+TEST_F(Worker, resets_the_redraw_counter_after_a_timer_but_not_before) {
   Start();
   journal.Clear();
   Post(WM_TIMER, 77);
@@ -157,7 +157,7 @@ TEST_F(Worker, draws_no_text_when_a_restart_fails) {
   EXPECT_EQ(journal.CountOf("DeviceUpdate"), 0);
 }
 
-TEST_F(Worker, leaves_no_service_when_a_restart_succeeds) {
+TEST_F(Worker, stops_showing_no_service_when_a_restart_succeeds) {
   substitutes.onStartEngine = [] { return Status::Refused; };
   Start();
   substitutes.onStartEngine = nullptr;

@@ -19,7 +19,7 @@ class Boundary : public Engine {
   // Starts with a host that never supplies the start-up application, so that the worker keeps
   // requesting it.
   void StartWaitingForFile() {
-    host.Answer("a", kMHEG5FileNotYetAvailable);
+    host.SetResult("a", kMHEG5FileNotYetAvailable);
     Start();
     WaitForRead("a");
   }
@@ -28,14 +28,14 @@ class Boundary : public Engine {
   }
 };
 
-TEST_F(Boundary, a_start_without_a_host_object_is_refused) {
+TEST_F(Boundary, a_start_without_a_host_object_fails) {
   const int threads = CountThreads();
   EXPECT_EQ(library.run(nullptr, window.Handle()), 1U);
   EXPECT_EQ(CountThreads(), threads);
   EXPECT_EQ(FindEngineWindow(), nullptr);
 }
 
-TEST_F(Boundary, a_start_without_a_function_table_is_refused) {
+TEST_F(Boundary, a_start_without_a_function_table_fails) {
   const int threads = CountThreads();
   MHEG5Host other = {nullptr};
   EXPECT_EQ(library.run(&other, window.Handle()), 1U);
@@ -43,7 +43,7 @@ TEST_F(Boundary, a_start_without_a_function_table_is_refused) {
   StartWaitingForFile();
 }
 
-TEST_F(Boundary, a_start_without_a_function_that_the_engine_calls_is_refused) {
+TEST_F(Boundary, a_start_without_a_function_that_the_engine_calls_fails) {
   using Removal = void (*)(MHEG5HostTable&);
   constexpr Removal kRemovals[] = {[](MHEG5HostTable& table) { table.AddRef = nullptr; },
                                    [](MHEG5HostTable& table) { table.Release = nullptr; },
@@ -73,17 +73,17 @@ TEST_F(Boundary, a_start_without_the_functions_that_the_engine_never_calls_is_ac
   Close();
 }
 
-TEST_F(Boundary, a_second_start_is_refused_while_an_engine_exists) {
+TEST_F(Boundary, a_second_start_fails_while_an_engine_exists) {
   StartWaitingForFile();
   RecordingHost other;
   EXPECT_EQ(library.run(&other, window.Handle()), 1U);
   EXPECT_TRUE(other.Calls().empty());
 }
 
-TEST_F(Boundary, a_start_is_refused_while_the_engine_is_closing) {
-  std::atomic<bool> mayAnswer = false;
+TEST_F(Boundary, a_start_fails_while_the_engine_is_closing) {
+  std::atomic<bool> mayReturn = false;
   host.onCall = [&](const std::string& name) {
-    if (name == "ReadFile a") static_cast<void>(WaitUntil([&] { return mayAnswer.load(); }));
+    if (name == "ReadFile a") static_cast<void>(WaitUntil([&] { return mayReturn.load(); }));
   };
   Start();
   WaitForRead("a");
@@ -91,7 +91,7 @@ TEST_F(Boundary, a_start_is_refused_while_the_engine_is_closing) {
   RecordingHost other;
   EXPECT_EQ(library.run(&other, window.Handle()), 1U);
   EXPECT_TRUE(other.Calls().empty());
-  mayAnswer = true;
+  mayReturn = true;
   WaitForClosed();
 }
 
@@ -118,7 +118,7 @@ TEST_F(Boundary, only_the_exit_code_closes_through_the_callback) {
   WaitForClosed();
 }
 
-TEST_F(Boundary, a_missing_file_is_requested_until_the_close) {
+TEST_F(Boundary, a_file_that_is_not_available_yet_is_requested_until_the_close) {
   StartWaitingForFile();
   WaitForRead("a", 4);
   library.exit();
@@ -148,10 +148,10 @@ TEST_F(Boundary, the_host_object_is_retained_and_released_in_order) {
   EXPECT_THAT(host.Names(), ElementsAre("AddRef", "SetExitCallback", "ReadFile a", "FreeBuffer",
                                         "SetExitCallback null", "Release"));
   EXPECT_EQ(closesBeforeRelease, 0);
-  EXPECT_EQ(window.StrangeMessages(), 0);
+  EXPECT_EQ(window.UnexpectedMessages(), 0);
 }
 
-TEST_F(Boundary, the_host_object_is_called_on_the_threads_it_expects) {
+TEST_F(Boundary, the_host_object_is_called_on_the_documented_threads) {
   host.Serve("a", "no group");
   Start();
   WaitForRead("a");
@@ -166,7 +166,7 @@ TEST_F(Boundary, the_host_object_is_called_on_the_threads_it_expects) {
   }
 }
 
-TEST_F(Boundary, each_success_and_no_failure_releases_its_buffer) {
+TEST_F(Boundary, only_successful_reads_release_a_buffer) {
   ServeScene("");
   host.Serve("startup", "never read");
   Start();
@@ -188,7 +188,7 @@ TEST_F(Boundary, missing_start_up_files_are_read_twice) {
 }
 
 TEST_F(Boundary, a_missing_host_window_is_accepted) {
-  host.Answer("a", kMHEG5FileNotYetAvailable);
+  host.SetResult("a", kMHEG5FileNotYetAvailable);
   ASSERT_EQ(library.run(&host, nullptr), 0U);
   WaitForWindow();
   Close();
@@ -197,20 +197,20 @@ TEST_F(Boundary, a_missing_host_window_is_accepted) {
 
 TEST_F(Boundary, the_engine_starts_again_from_the_handler_of_the_closed_message) {
   constexpr int kCycles = 100;
-  host.Answer("a", kNoSuchFile);
-  host.Answer("startup", kNoSuchFile);
-  int refused = 0;
+  host.SetResult("a", kNoSuchFile);
+  host.SetResult("startup", kNoSuchFile);
+  int failedStarts = 0;
   window.onClosed = [&] {
-    if (window.Closes() < kCycles && library.run(&host, window.Handle()) != 0) ++refused;
+    if (window.Closes() < kCycles && library.run(&host, window.Handle()) != 0) ++failedStarts;
   };
   ASSERT_EQ(library.run(&host, window.Handle()), 0U);
   EXPECT_TRUE(WaitUntil(
       [&] {
         library.exit();
-        return window.Closes() == kCycles || refused > 0;
+        return window.Closes() == kCycles || failedStarts > 0;
       },
       100s));
-  EXPECT_EQ(refused, 0);
+  EXPECT_EQ(failedStarts, 0);
   EXPECT_EQ(host.CountOf("AddRef"), kCycles);
 }
 
@@ -238,7 +238,7 @@ TEST_F(Boundary, waiting_for_the_close_inside_a_host_function_returns_at_once) {
 }
 
 TEST_F(Boundary, the_functions_may_be_called_from_inside_the_start) {
-  host.Answer("a", kMHEG5FileNotYetAvailable);
+  host.SetResult("a", kMHEG5FileNotYetAvailable);
   host.onCall = [&](const std::string& name) {
     if (name != "AddRef" && name != "SetExitCallback") return;
     RecordingHost other;
@@ -249,17 +249,17 @@ TEST_F(Boundary, the_functions_may_be_called_from_inside_the_start) {
   WaitForRead("a", 2);
 }
 
-TEST_F(Boundary, waiting_for_the_close_answers_messages_sent_to_the_waiting_thread) {
+TEST_F(Boundary, waiting_for_the_close_handles_messages_sent_to_the_waiting_thread) {
   StartWaitingForFile();
-  std::atomic<bool> isAnswered = false;
+  std::atomic<bool> isHandled = false;
   host.onCall = [&](const std::string& name) {
     if (name != "SetExitCallback null") return;
     SendMessageA(window.Handle(), WM_NULL, 0, 0);
-    isAnswered = true;
+    isHandled = true;
   };
   library.exit();
   EXPECT_EQ(library.waitForClose(), 0U);
-  EXPECT_TRUE(isAnswered);
+  EXPECT_TRUE(isHandled);
   EXPECT_EQ(host.HeldReferences(), 0);
   EXPECT_EQ(window.Closes(), 0) << "the posted message is still in the queue";
   WaitForClosed();
@@ -320,7 +320,7 @@ TEST_F(Boundary, every_waiting_thread_returns_when_the_engine_has_closed) {
   EXPECT_EQ(returned, 4);
 }
 
-// An ended thread can still be opened by its id while any handle to it exists.
+// A thread that has ended can still be opened by its id while any handle to it exists.
 TEST_F(Boundary, no_handle_of_the_threads_is_left_when_the_host_never_waits) {
   StartWaitingForFile();
   const DWORD engineThread = GetWindowThreadProcessId(engineWindow, nullptr);
@@ -362,7 +362,7 @@ TEST(BoundaryDeathTest, the_process_may_end_while_the_engine_runs) {
   EXPECT_EXIT(
       {
         RecordingHost host;
-        host.Answer("a", kMHEG5FileNotYetAvailable);
+        host.SetResult("a", kMHEG5FileNotYetAvailable);
         TheLibrary().run(&host, nullptr);
         static_cast<void>(WaitUntil([&] { return host.CountOf("ReadFile a") > 0; }));
         std::exit(kExitStatus);
@@ -373,7 +373,7 @@ TEST(BoundaryDeathTest, the_process_may_end_while_the_engine_runs) {
 TEST_F(Boundary, the_engine_runs_on_two_threads_of_its_own_and_ends_both) {
   for (int run = 0; run < 3; ++run) {
     const int reads = ReadsOf("a");
-    host.Answer("a", kMHEG5FileNotYetAvailable);
+    host.SetResult("a", kMHEG5FileNotYetAvailable);
     Start();
     WaitForRead("a", reads + 1);
     const int threads = CountThreads();

@@ -1,4 +1,4 @@
-// Several threads call the exported functions at once, in any order and at any moment. There is
+// Tests several threads that call the exported functions at the same time, in any order. There is
 // never more than one engine, every start reports its close exactly once, and nothing hangs.
 #include <gtest/gtest.h>
 
@@ -26,8 +26,8 @@ class ConcurrentExports : public HostileHost {
     };
   }
 
-  // Runs the threads. This thread handles the messages of the host window, and requests a close
-  // from time to time, because all the others may be waiting for one.
+  // Runs the threads. The calling thread handles the messages of the host window, and requests a
+  // close from time to time, because all the others may be waiting for one.
   void CallFromAllThreads(int steps) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::vector<std::thread> threads;
@@ -46,7 +46,7 @@ class ConcurrentExports : public HostileHost {
         },
         100s));
     for (std::thread& thread : threads) thread.join();
-    // The last engine may not have a window yet; a request is then lost.
+    // A request is lost while the engine has no window yet, so this repeats it.
     EXPECT_TRUE(WaitUntil([this] {
       library.exit();
       return host.HeldReferences() == 0;
@@ -56,7 +56,7 @@ class ConcurrentExports : public HostileHost {
     EXPECT_GT(starts, 0);
     EXPECT_FALSE(hasTwoEngines);
     EXPECT_EQ(window.Closes(), expectedCloses);
-    EXPECT_EQ(window.StrangeMessages(), 0);
+    EXPECT_EQ(window.UnexpectedMessages(), 0);
     for (const char* name : {"AddRef", "Release", "SetExitCallback", "SetExitCallback null"}) {
       EXPECT_EQ(host.CountOf(name), starts) << name;
     }
@@ -135,7 +135,7 @@ TEST_F(ConcurrentExports, of_delayed_threads_run_one_engine_and_report_every_clo
   CallFromAllThreads(150);
 }
 
-// All threads start an engine at the same moment: one of them succeeds.
+// All threads start an engine at the same moment; only one start succeeds.
 TEST_F(ConcurrentExports, start_one_engine_when_all_threads_start_one) {
   constexpr int kRounds = 10;
   for (int round = 1; round <= kRounds; ++round) {

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A scene that redraws repeatedly, by a timer that sets itself again.
+// A scene with a timer that causes redraws and sets itself again.
 constexpr const char* kBusyScene = R"(
     {:Rectangle 1 :OrigBoxSize 700 500 :OrigRefFillColour '=FF=00=00=00'}
     {:Text 2 :OrigContent "busy" :OrigBoxSize 700 500}
@@ -29,15 +29,15 @@ class Cycles : public Engine {
       engineWindow = FindEngineWindow();
       return engineWindow != nullptr && std::chrono::steady_clock::now() >= moment;
     }));
-    AskToClose();
+    RequestClose();
     ASSERT_TRUE(WaitUntil([this] { return window.Closes() == cycle; }))
         << "after " << delay.count();
     library.waitForClose();
     EXPECT_EQ(host.HeldReferences(), 0);
     EXPECT_EQ(host.HeldBuffers(), 0);
   }
-  // Counts while the engine's two threads run and subtracts them, because an ending thread may
-  // exist for a moment after the close.
+  // Counts while the engine's two threads run and subtracts them, because they may still exist for
+  // a moment after the close.
   int CountThreadsWithoutEngine() {
     ++cycle;
     Start();
@@ -48,7 +48,7 @@ class Cycles : public Engine {
   }
   // Requests the close in one of the four ways, in turn. A window that is not visible yet may still
   // be under construction; the library then ignores requests, so the message goes to the window.
-  void AskToClose() {
+  void RequestClose() {
     switch (IsWindowVisible(engineWindow) != 0 ? cycle % 4 : 2) {
     case 0: library.exit(); break;
     case 1: library.reStart(); break;
@@ -64,7 +64,7 @@ class Cycles : public Engine {
   std::mt19937 random{20240607};
 };
 
-TEST_F(Cycles, two_hundred_with_closes_at_random_moments_leave_nothing) {
+TEST_F(Cycles, two_hundred_with_closes_at_random_moments_leak_nothing) {
   constexpr int kCycles = 200;
   ServeScene(kBusyScene);
   const int threads = CountThreadsWithoutEngine();
@@ -72,9 +72,9 @@ TEST_F(Cycles, two_hundred_with_closes_at_random_moments_leave_nothing) {
     ++cycle;
     // In every fifth cycle the file is not available yet, so that the close happens during a retry.
     if (cycle % 5 == 0) {
-      host.Answer("s", kMHEG5FileNotYetAvailable);
+      host.SetResult("s", kMHEG5FileNotYetAvailable);
     } else {
-      host.ForgetAnswer("s");
+      host.ClearResult("s");
     }
     ASSERT_EQ(library.run(&host, window.Handle()), 0U) << cycle;
     CloseAfter(cycle % 2 == 0 ? Random(0, 50) : Random(0, 250));
@@ -82,7 +82,7 @@ TEST_F(Cycles, two_hundred_with_closes_at_random_moments_leave_nothing) {
   EXPECT_EQ(window.Closes(), kCycles);
   EXPECT_EQ(host.CountOf("AddRef"), kCycles);
   EXPECT_EQ(host.CountOf("Release"), kCycles);
-  EXPECT_EQ(window.StrangeMessages(), 0);
+  EXPECT_EQ(window.UnexpectedMessages(), 0);
   EXPECT_TRUE(WaitUntil([&] { return CountThreads() == threads; })) << CountThreads();
 }
 

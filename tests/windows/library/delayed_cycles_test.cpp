@@ -34,8 +34,8 @@ std::string BusyScene(const std::string& other) {
       :LinkEffect (:SetTimer(0 1) :Quit(("~/a" 0)))})";
 }
 
-// The platform does not count handles under Wine, but the table index of new ones rises if others
-// leak. Several, so that they do not all fill gaps.
+// Wine does not count the handles of a process, but the table index of a new handle rises if
+// others leak. Creates several, because some fill gaps in the table.
 std::uintptr_t HighestNewHandle() {
   std::array<HANDLE, 16> events{};
   for (HANDLE& event : events) event = CreateEventA(nullptr, FALSE, FALSE, nullptr);
@@ -43,7 +43,7 @@ std::uintptr_t HighestNewHandle() {
   return reinterpret_cast<std::uintptr_t>(*std::ranges::max_element(events)) / 4;
 }
 
-// A copy of the library that this program can unload. Its functions are null while it is not
+// The functions of a copy of the library, which this program can unload. Null while it is not
 // loaded.
 Library copy;
 
@@ -73,7 +73,7 @@ class DelayedCycles : public HostileHost {
     copy = FindFunctions(module);
     if (module != nullptr) delays.emplace(module, seed + static_cast<std::uint32_t>(cycle));
   }
-  // The host may do this as soon as MHEG5WaitForClose has returned.
+  // A host may unload the library as soon as MHEG5WaitForClose has returned.
   void Unload() {
     if (module == nullptr) return;
     delays.reset();
@@ -85,9 +85,9 @@ class DelayedCycles : public HostileHost {
     const Watchdog watchdog(30s, [this] { return Describe(); });
     ++cycle;
     if (random.OneIn(5)) {
-      host.Answer("s", kMHEG5FileNotYetAvailable);
+      host.SetResult("s", kMHEG5FileNotYetAvailable);
     } else {
-      host.ForgetAnswer("s");
+      host.ClearResult("s");
     }
     // A wait in the handler begins while the engine's thread is in its last calls.
     window.onClosed = [this, isWaiting = random.OneIn(2)] {
@@ -97,7 +97,7 @@ class DelayedCycles : public HostileHost {
     for (int count = random.Between(0, 12); count > 0; --count) Disturb();
     ASSERT_TRUE(WaitUntil([this] {
       FindEngineThread();
-      AskToClose();
+      RequestClose();
       return window.Closes() == cycle;
     }));
     ASSERT_EQ(library.waitForClose(), 0U);
@@ -121,7 +121,7 @@ class DelayedCycles : public HostileHost {
     CloseHandle(std::exchange(engineThread, nullptr));
     return hasEnded;
   }
-  // Does one thing that does not close the engine.
+  // Does one random thing that does not close the engine.
   void Disturb() {
     engineWindow = FindEngineWindow();
     switch (random.Between(1, 7)) {
@@ -135,7 +135,7 @@ class DelayedCycles : public HostileHost {
     default: Sleep(static_cast<DWORD>(random.Between(0, 40)));
     }
   }
-  void AskToClose() {
+  void RequestClose() {
     switch (random.Between(1, 4)) {
     case 1: library.exit(); return;
     case 2: library.reStart(); return;
@@ -159,7 +159,7 @@ class DelayedCycles : public HostileHost {
   std::optional<Delays> delays;
 };
 
-TEST_F(DelayedCycles, report_every_close_once_and_leave_nothing) {
+TEST_F(DelayedCycles, report_every_close_once_and_leak_nothing) {
   constexpr int kWarmUp = 10;
   constexpr int kUnloadPeriod = 20;
   constexpr std::uintptr_t kFewHandles = 8;
@@ -183,7 +183,7 @@ TEST_F(DelayedCycles, report_every_close_once_and_leave_nothing) {
   ASSERT_FALSE(HasFailure());
   EXPECT_EQ(host.CountOf("AddRef"), cycle);
   EXPECT_EQ(host.CountOf("Release"), cycle);
-  EXPECT_EQ(window.StrangeMessages(), 0);
+  EXPECT_EQ(window.UnexpectedMessages(), 0);
   EXPECT_TRUE(WaitUntil([&] { return CountThreads() == threads; })) << CountThreads();
   EXPECT_LE(HighestNewHandle(), handles + kFewHandles);
 }

@@ -1,4 +1,4 @@
-// The fixture of tests of the whole library.
+// Compiles the scenes, and starts and closes the engine.
 #include "windows/library/engine_fixture.h"
 
 #include "support/text_content.h"

@@ -14,6 +14,9 @@
 
 namespace korvel::test {
 
+// The message with which the engine restarts itself after a Quit.
+inline constexpr UINT kRestartAfterQuit = 0x8001;
+
 class Engine : public testing::Test {
  protected:
   Engine() : Engine(TheLibrary()) {}
@@ -26,7 +29,7 @@ class Engine : public testing::Test {
   void ServeScene(const std::string& items);
   // Serves a scene with this name and these items, which may be empty.
   void ServeScene(const std::string& name, const std::string& items);
-  // The file of such a scene.
+  // Returns the encoded file of such a scene.
   [[nodiscard]] static std::string CompileScene(const std::string& name, const std::string& items);
 
   // Starts the engine and waits for its window.

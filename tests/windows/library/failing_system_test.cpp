@@ -1,4 +1,4 @@
-// Tests a system that cannot create the engine's threads or its window.
+// Tests a system that cannot create the engine's threads or its event.
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -28,7 +28,7 @@ HANDLE WINAPI CreateNoEvent(SECURITY_ATTRIBUTES* /*attributes*/, BOOL /*isManual
 
 class FailingSystem : public HostileHost {
  protected:
-  void ExpectRefusal() {
+  void ExpectFailedStart() {
     EXPECT_EQ(library.run(&host, window.Handle()), 1U);
     EXPECT_THAT(host.Calls(), IsEmpty());
     EXPECT_EQ(library.waitForClose(), 0U);
@@ -43,21 +43,21 @@ class FailingSystem : public HostileHost {
   const HMODULE module = GetModuleHandleA("korvel.dll");
 };
 
-TEST_F(FailingSystem, without_a_thread_for_the_engine_refuses_the_start) {
+TEST_F(FailingSystem, without_a_thread_for_the_engine_makes_the_start_fail) {
   threadsBeforeFailure = 0;
   {
     const ReplacedImport hook(module, "CreateThread", CreateFewThreads);
     ASSERT_TRUE(hook.IsInPlace());
-    ExpectRefusal();
+    ExpectFailedStart();
   }
   ExpectGoodStart();
 }
 
-TEST_F(FailingSystem, without_a_start_gate_refuses_the_start) {
+TEST_F(FailingSystem, without_a_start_event_makes_the_start_fail) {
   {
     const ReplacedImport hook(module, "CreateEventA", CreateNoEvent);
     ASSERT_TRUE(hook.IsInPlace());
-    ExpectRefusal();
+    ExpectFailedStart();
   }
   ExpectGoodStart();
 }

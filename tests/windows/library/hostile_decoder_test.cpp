@@ -1,5 +1,5 @@
 // Tests I-frame decoders that are missing, incomplete, blocked, or careless with the buffer. The
-// engine works on and shows its own buffer.
+// engine must keep working and show its own buffer.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 constexpr COLORREF kUnwritten = RGB(0, 135, 0);  // luma and chroma 0
 constexpr COLORREF kMissing = RGB(0, 0, 0);
 
-// A frame and above it the lamp and a lamp for missing pictures.
+// A frame, and above it a blue square that turns red when a picture is missing.
 constexpr const char* kFrame = R"(
     {:Bitmap 5 :CHook 2 :OrigContent :ContentRef ("~/frame") :OrigBoxSize 720 576}
     {:Rectangle 6 :OrigBoxSize 40 40 :OrigPosition 600 400 :OrigLineWidth 0
@@ -35,7 +35,7 @@ class HostileDecoder : public HostileHost {
   }
   ~HostileDecoder() override { Close(); }
 
-  // Shows the frame with a decoder that does this, and checks the frame's colour.
+  // Shows the frame as decoded by `decode`, and checks its colour.
   void ExpectColour(Decoder::Decode decode, COLORREF colour) {
     decoder.emplace();
     decoder->DecodeBy(std::move(decode));
@@ -103,12 +103,12 @@ TEST_F(HostileDecoder, that_blocks_delays_the_close_but_nothing_else) {
   });
   Start();
   ASSERT_TRUE(WaitUntil([&] { return isBlocked.load(); }));
-  EXPECT_TRUE(IsWindowAnswering());
+  EXPECT_TRUE(IsWindowResponding());
   InvalidateRect(engineWindow, nullptr, TRUE);
   EXPECT_TRUE(WaitUntil([this] { return GetUpdateRect(engineWindow, nullptr, FALSE) == 0; }));
   EXPECT_EQ(library.exit(), 0U);
   EXPECT_FALSE(WaitUntil([this] { return window.Closes() > 0; }, 300ms));
-  EXPECT_TRUE(IsWindowAnswering()) << "while it waits for the worker";
+  EXPECT_TRUE(IsWindowResponding()) << "while it waits for the worker";
   isReleased = true;
   WaitForClosed();
 }

@@ -1,4 +1,4 @@
-// Checks that the engine still works, and calls it from inside.
+// Checks that the engine still works, and calls the exported functions.
 #include "windows/library/hostile_fixture.h"
 
 namespace korvel::test {
@@ -21,7 +21,7 @@ void HostileHost::CallEverything() const {
   EXPECT_EQ(library.waitForClose(), 0U);
 }
 
-bool HostileHost::IsWindowAnswering() const {
+bool HostileHost::IsWindowResponding() const {
   constexpr UINT kLimitMs = 2000;
   return SendMessageTimeoutA(engineWindow, WM_NULL, 0, 0, SMTO_NORMAL, kLimitMs, nullptr) != 0;
 }

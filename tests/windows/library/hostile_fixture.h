@@ -7,7 +7,7 @@
 
 namespace korvel::test {
 
-// The items of a scene with a square lamp. The key Enter lights it, the key R makes it red again.
+// The items of a scene with a red square, the lamp. Enter turns it green, and R red again.
 inline constexpr const char* kLamp = R"(
     {:Rectangle 1 :OrigBoxSize 200 200 :OrigLineWidth 0 :OrigRefFillColour '=FF=00=00=00'}
     {:Link 2 :EventSource 0 :EventType UserInput :EventData 15
@@ -30,11 +30,11 @@ class HostileHost : protected Watchdog, public Engine {
   void WaitForClosed(int closes = 1) {
     ASSERT_TRUE(WaitUntil([&] { return window.Closes() == closes; })) << window.Closes();
   }
-  // From inside one of the engine's calls: calls every exported function and the exit callback. A
-  // start is refused.
+  // Calls every exported function and the exit callback, from inside one of the engine's calls.
+  // Expects the start to fail.
   void CallEverything() const;
   // Whether the thread of the engine window handles a message within two seconds.
-  [[nodiscard]] bool IsWindowAnswering() const;
+  [[nodiscard]] bool IsWindowResponding() const;
 };
 
 }  // namespace korvel::test

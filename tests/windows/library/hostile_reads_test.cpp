@@ -51,7 +51,7 @@ TEST_F(HostileReads, that_block_delay_the_close_but_nothing_else) {
   BlockReadsOf("s");
   Start();
   WaitUntilBlocked();
-  EXPECT_TRUE(IsWindowAnswering());
+  EXPECT_TRUE(IsWindowResponding());
   for (int count = 0; count < 50; ++count) PressKey(VK_RETURN);
   InvalidateRect(engineWindow, nullptr, TRUE);
   EXPECT_TRUE(WaitUntil([this] { return GetUpdateRect(engineWindow, nullptr, FALSE) == 0; }));
@@ -63,10 +63,10 @@ TEST_F(HostileReads, that_block_delay_the_close_but_nothing_else) {
     library.waitForClose();
     hasWaited = true;
   });
-  EXPECT_TRUE(IsWindowAnswering());
+  EXPECT_TRUE(IsWindowResponding());
   EXPECT_EQ(library.run(&host, window.Handle()), 1U);
   EXPECT_FALSE(WaitUntil([&] { return window.Closes() > 0 || hasWaited; }, 300ms));
-  EXPECT_TRUE(IsWindowAnswering()) << "while it waits for the worker";
+  EXPECT_TRUE(IsWindowResponding()) << "while it waits for the worker";
   EXPECT_NE(SendMessageTimeoutA(engineWindow, WM_CLOSE, 0, 0, SMTO_NORMAL, 2000, nullptr), 0);
   EXPECT_EQ(FindEngineWindow(), engineWindow);
 
@@ -102,18 +102,18 @@ TEST_F(HostileReads, with_random_results_never_stop_the_engine) {
   for (int read = 0; read < kReads; ++read) {
     if (random.OneIn(3)) {
       const int reads = ReadsOf("next");
-      host.Answer("next", kMHEG5FileNotYetAvailable);
+      host.SetResult("next", kMHEG5FileNotYetAvailable);
       PressKey(kNextSceneKey);
       WaitForRead("next", reads + 1);
-      host.Answer("next", kNoSuchFile);
+      host.SetResult("next", kNoSuchFile);
     } else {
-      host.Answer("next", static_cast<std::uint32_t>(random.Between(2, INT_MAX)));
+      host.SetResult("next", static_cast<std::uint32_t>(random.Between(2, INT_MAX)));
       PressKey(kNextSceneKey);
     }
     ExpectWorkingScene();
   }
   EXPECT_GE(ReadsOf("next"), kReads);
-  host.ForgetAnswer("next");
+  host.ClearResult("next");
   ServeScene("next", kLamp);
   const int buffers = host.CountOf("FreeBuffer");
   PressKey(kNextSceneKey);
@@ -135,33 +135,33 @@ TEST_F(HostileReads, of_another_file_each_time_never_stop_the_engine) {
       scene.substr(0, scene.size() / 2),
       scene + scene,
   };
-  std::atomic<std::size_t> turn = 0;
+  std::atomic<std::size_t> nextFile = 0;
   host.onCall = [&](const std::string& name) {
-    if (name == "ReadFile next") host.Serve("next", files.at(turn++ % files.size()));
+    if (name == "ReadFile next") host.Serve("next", files.at(nextFile++ % files.size()));
   };
   for (std::size_t file = 0; file < files.size(); ++file) {
     PressKey(kNextSceneKey);
     WaitForRead("next", static_cast<int>(file) + 1);
-    ASSERT_TRUE(IsWindowAnswering());
+    ASSERT_TRUE(IsWindowResponding());
   }
-  Post(0x8001);
+  Post(kRestartAfterQuit);
   WaitForRead("s", 2);
   WaitForLamp();
   ExpectWorkingScene();
 }
 
-TEST_F(HostileReads, of_zero_bytes_are_files_without_a_group) {
+TEST_F(HostileReads, of_zero_bytes_count_as_files_without_a_group) {
   host.Serve("a", "");
   Start();
   ASSERT_TRUE(WaitUntil([this] { return host.CountOf("FreeBuffer") == 1; }));
-  EXPECT_TRUE(IsWindowAnswering());
+  EXPECT_TRUE(IsWindowResponding());
   Close();
   EXPECT_EQ(ReadsOf("a"), 1);
   StartWithLamp();
   ExpectWorkingScene();
 }
 
-// A host that reports a read file and its size, but no address, until `isTruthful` is set.
+// A host whose reads succeed and store a size, but no address, until `isTruthful` is set.
 class LyingHost {
  public:
   explicit LyingHost(RecordingHost& host) : table_(*host.table) {
@@ -172,7 +172,6 @@ class LyingHost {
     host.table = &table_;
   }
 
-  static inline void* storedData = nullptr;
   static inline std::uint32_t storedSize = 0;
   static inline std::atomic<int> reads;
   static inline std::atomic<int> frees;
@@ -183,14 +182,14 @@ class LyingHost {
                                             std::uint32_t* size) {
     if (isTruthful) return original->ReadFile(host, path, data, size);
     ++reads;
-    *data = storedData;
+    *data = nullptr;
     if (size != nullptr) *size = storedSize;
     return kMHEG5FileRead;
   }
   static void KORVEL_CALL FreeBuffer(MHEG5Host* host, void* data) {
     if (isTruthful) return original->FreeBuffer(host, data);
     ++frees;
-    EXPECT_EQ(data, storedData);
+    EXPECT_EQ(data, nullptr);
   }
 
   static inline const MHEG5HostTable* original = nullptr;
@@ -203,17 +202,17 @@ class SizesOfHostileReads : public HostileReads,
 INSTANTIATE_TEST_SUITE_P(, SizesOfHostileReads,
                          testing::Values(1U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU));
 
-TEST_P(SizesOfHostileReads, without_an_address_are_missing_files) {
+TEST_P(SizesOfHostileReads, without_an_address_count_as_missing_files) {
   LyingHost lyingHost(host);
   LyingHost::isTruthful = false;
   LyingHost::storedSize = GetParam();
   Start();
   ASSERT_TRUE(WaitUntil([] { return LyingHost::frees == 4; })) << "two names, read twice each";
   EXPECT_EQ(LyingHost::reads, 4);
-  EXPECT_TRUE(IsWindowAnswering());
+  EXPECT_TRUE(IsWindowResponding());
   ServeLamp();
   LyingHost::isTruthful = true;
-  Post(0x8001);
+  Post(kRestartAfterQuit);
   WaitForLamp();
   ExpectWorkingScene();
   Close();
@@ -256,7 +255,7 @@ TEST_P(CallsInsideTheHost, of_every_function_close_the_engine_once) {
   ExpectWorkingScene();
 }
 
-// A host may subclass the engine's window, as programs that embed it do.
+// Programs that embed the engine's window subclass it.
 WNDPROC engineProcedure = nullptr;
 std::function<void()> onForeignMessage;
 constexpr UINT kForeignMessage = WM_APP - 1;
@@ -287,22 +286,22 @@ TEST_F(CallsInsideAHandler, of_a_message_to_the_engine_window_close_the_engine_o
 TEST_F(CallsInsideAHandler, of_the_closed_message_never_hang) {
   constexpr int kCycles = 20;
   ServeLamp();
-  int refused = 0;
+  int failedStarts = 0;
   window.onClosed = [&] {
     library.exit();
     library.reStart();
     library.waitForClose();
     if (window.Closes() == kCycles) return;
-    refused += static_cast<int>(library.run(&host, window.Handle()));
+    failedStarts += static_cast<int>(library.run(&host, window.Handle()));
     library.reStart();
     library.exit();
   };
   ASSERT_EQ(library.run(&host, window.Handle()), 0U);
   ASSERT_TRUE(WaitUntil([&] {
     library.exit();
-    return window.Closes() == kCycles || refused > 0;
+    return window.Closes() == kCycles || failedStarts > 0;
   }));
-  EXPECT_EQ(refused, 0);
+  EXPECT_EQ(failedStarts, 0);
   EXPECT_EQ(host.CountOf("AddRef"), kCycles);
   EXPECT_EQ(host.CountOf("Release"), kCycles);
 }

@@ -1,5 +1,6 @@
-// Tests what a host, a viewer or another program may do to the two windows: the host's window is
-// destroyed, and the engine's window is moved, hidden, disabled, adopted, destroyed and flooded.
+// Tests interference with the two windows by a host, a viewer or another program: the host's window
+// is destroyed, and the engine's window is moved, hidden, disabled, given another parent, destroyed
+// and flooded with messages.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -57,7 +58,7 @@ class DestroyedHostWindow : public HostileWindow {
   std::optional<HostWindow> ownWindow{std::in_place};
 };
 
-TEST_F(DestroyedHostWindow, during_the_start_does_not_matter) {
+TEST_F(DestroyedHostWindow, during_the_start_does_not_affect_the_engine) {
   StartWithOwnWindow();
   ownWindow.reset();
   WaitForWindow();
@@ -65,7 +66,7 @@ TEST_F(DestroyedHostWindow, during_the_start_does_not_matter) {
   ExpectCloseAndNewStart();
 }
 
-TEST_F(DestroyedHostWindow, while_the_scene_runs_does_not_matter) {
+TEST_F(DestroyedHostWindow, while_the_scene_runs_does_not_affect_the_engine) {
   StartWithOwnWindow();
   WaitForWindow();
   WaitForLamp();
@@ -74,7 +75,7 @@ TEST_F(DestroyedHostWindow, while_the_scene_runs_does_not_matter) {
   ExpectCloseAndNewStart();
 }
 
-TEST_F(DestroyedHostWindow, during_the_close_does_not_matter) {
+TEST_F(DestroyedHostWindow, during_the_close_does_not_affect_the_engine) {
   StartWithOwnWindow();
   WaitForWindow();
   library.exit();
@@ -82,15 +83,15 @@ TEST_F(DestroyedHostWindow, during_the_close_does_not_matter) {
   ExpectCloseAndNewStart();
 }
 
-// Programs that embed the engine's window make it a child of theirs. The system then destroys it
-// with its parent.
-TEST_F(DestroyedHostWindow, that_has_adopted_the_engine_window_closes_the_engine) {
+// Programs that embed the engine's window make it a child of one of their windows. The system then
+// destroys it with its parent.
+TEST_F(DestroyedHostWindow, that_is_the_parent_of_the_engine_window_closes_the_engine) {
   StartWithLamp();
   HWND parent = CreateWindowExA(0, "STATIC", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 800, 700,
                                 nullptr, nullptr, nullptr, nullptr);
   SetWindowLongPtrA(engineWindow, GWL_STYLE, WS_CHILD | WS_VISIBLE);
   ASSERT_NE(SetParent(engineWindow, parent), nullptr);
-  EXPECT_TRUE(IsWindowAnswering());
+  EXPECT_TRUE(IsWindowResponding());
   ExpectWorkingScene();
   EXPECT_NE(DestroyWindow(parent), 0);
   ExpectClosed();
@@ -104,7 +105,7 @@ TEST_F(HostileWindow, moved_minimised_hidden_and_disabled_keeps_working) {
   ShowWindow(engineWindow, SW_MINIMIZE);
   ShowWindow(engineWindow, SW_HIDE);
   EnableWindow(engineWindow, FALSE);
-  EXPECT_TRUE(IsWindowAnswering());
+  EXPECT_TRUE(IsWindowResponding());
   for (int count = 0; count < 10; ++count) PressKey('R');
   EnableWindow(engineWindow, TRUE);
   ShowWindow(engineWindow, SW_RESTORE);
@@ -112,30 +113,30 @@ TEST_F(HostileWindow, moved_minimised_hidden_and_disabled_keeps_working) {
   ExpectWorkingScene();
 }
 
-class TreatedWindow : public HostileWindow, public testing::WithParamInterface<const char*> {
+class ChangedWindow : public HostileWindow, public testing::WithParamInterface<const char*> {
  protected:
-  void Treat() const {
-    const std::string treatment = GetParam();
-    if (treatment == "moved_away") SetWindowPos(engineWindow, nullptr, -9000, 9000, 0, 0, 0);
-    if (treatment == "minimised") ShowWindow(engineWindow, SW_MINIMIZE);
-    if (treatment == "hidden") ShowWindow(engineWindow, SW_HIDE);
-    if (treatment == "disabled") EnableWindow(engineWindow, FALSE);
+  void Change() const {
+    const std::string change = GetParam();
+    if (change == "moved_away") SetWindowPos(engineWindow, nullptr, -9000, 9000, 0, 0, 0);
+    if (change == "minimised") ShowWindow(engineWindow, SW_MINIMIZE);
+    if (change == "hidden") ShowWindow(engineWindow, SW_HIDE);
+    if (change == "disabled") EnableWindow(engineWindow, FALSE);
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(, TreatedWindow,
+INSTANTIATE_TEST_SUITE_P(, ChangedWindow,
                          testing::Values("moved_away", "minimised", "hidden", "disabled"),
-                         [](const auto& treatment) { return std::string(treatment.param); });
+                         [](const auto& change) { return std::string(change.param); });
 
-TEST_P(TreatedWindow, still_closes) {
+TEST_P(ChangedWindow, still_closes) {
   StartWithLamp();
-  Treat();
+  Change();
   library.exit();
   ExpectClosed();
 }
 
-// The system's own loops for moving the window and for its menu take all messages of the thread,
-// the one that ends the engine's loop included.
+// The system's own loops for moving the window and for its menu receive all messages of the thread,
+// including the one that ends the engine's loop.
 class ModalLoop : public HostileWindow, public testing::WithParamInterface<WPARAM> {};
 
 INSTANTIATE_TEST_SUITE_P(, ModalLoop, testing::Values(SC_MOVE, SC_KEYMENU, SC_MOUSEMENU),
@@ -150,7 +151,7 @@ INSTANTIATE_TEST_SUITE_P(, ModalLoop, testing::Values(SC_MOVE, SC_KEYMENU, SC_MO
 TEST_P(ModalLoop, of_the_window_does_not_prevent_the_close) {
   StartWithLamp();
   Post(WM_SYSCOMMAND, GetParam());
-  EXPECT_TRUE(IsWindowAnswering());
+  EXPECT_TRUE(IsWindowResponding());
   library.exit();
   ExpectClosed();
 }
@@ -250,7 +251,7 @@ TEST_F(FloodedWindow, works_afterwards) {
       SendMessageA(engineWindow, message.number, message.wParam, 0);
     }
   }
-  EXPECT_TRUE(IsWindowAnswering());
+  EXPECT_TRUE(IsWindowResponding());
   // The keys may have left Ctrl and Alt down.
   Post(WM_KILLFOCUS);
   ExpectWorkingScene();

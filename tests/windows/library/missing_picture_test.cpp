@@ -24,9 +24,10 @@ bool MakeCopy() {
   std::ifstream source("korvel.dll", std::ios::binary);
   std::string bytes{std::istreambuf_iterator<char>(source), {}};
   const std::string type("V\0I\0D\0E\0O\0_\0J\0P\0G\0", 18);
-  const std::size_t place = bytes.find(type);
-  if (place == std::string::npos || bytes.find(type, place + 1) != std::string::npos) return false;
-  bytes[place] = 'X';
+  const std::size_t position = bytes.find(type);
+  if (position == std::string::npos || bytes.find(type, position + 1) != std::string::npos)
+    return false;
+  bytes[position] = 'X';
   std::ofstream(CopyPath(), std::ios::binary) << bytes;
   return true;
 }

@@ -99,7 +99,7 @@ TEST(Products, each_has_a_block_with_the_version_of_the_header) {
   }
 }
 
-TEST(Products, version_text_of_the_header_has_its_numbers) {
+TEST(Products, version_text_of_the_header_matches_its_numbers) {
   EXPECT_EQ(KORVEL_VERSION, std::to_string(KORVEL_VERSION_MAJOR) + "." +
                                 std::to_string(KORVEL_VERSION_MINOR) + "." +
                                 std::to_string(KORVEL_VERSION_PATCH));

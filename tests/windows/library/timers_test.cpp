@@ -64,7 +64,7 @@ class LibraryTimers : public Engine {
     Start();
     WaitForColour(710, 10, kRed);
   }
-  // A mark that shows that the scene runs and can receive keys.
+  // A red square, which shows that the scene runs and can receive keys.
   static std::string Ready() {
     return "{:Rectangle 60 :OrigBoxSize 20 20 :OrigPosition 700 0 :OrigLineWidth 0"
            " :OrigRefFillColour '=FF=00=00=00'} ";
@@ -168,7 +168,7 @@ TEST_F(LibraryTimers, of_the_scene_replace_those_of_the_application) {
   EXPECT_EQ(Last(), kRed);
 }
 
-TEST_F(LibraryTimers, for_a_time_before_the_scene_do_not_fire) {
+TEST_F(LibraryTimers, for_a_time_before_the_start_of_the_scene_do_not_fire) {
   StartWithKey(":SetTimer(0 1 0 :AbsoluteTime TRUE) :SetTimer(0 2 300)");
   PressKey(kEnter);
   WaitForExpiries(2, 1);
@@ -177,7 +177,7 @@ TEST_F(LibraryTimers, for_a_time_before_the_scene_do_not_fire) {
 
 // An absolute time counts from the start of the process. The scene starts later, so the timer waits
 // only for the rest of the time.
-TEST_F(LibraryTimers, for_a_time_after_the_scene_fire_then) {
+TEST_F(LibraryTimers, for_a_time_after_the_start_of_the_scene_fire_at_that_time) {
   const std::string later = std::to_string(ProcessAgeMs() + 4000);
   StartWithKey(":SetTimer(0 1 " + later + " :AbsoluteTime TRUE) :SetTimer(0 2 200)");
   PressKey(kEnter);

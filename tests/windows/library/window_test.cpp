@@ -71,7 +71,7 @@ class EngineWindowTest : public Engine {
 };
 
 TEST_F(EngineWindowTest, has_the_fixed_title_style_and_position) {
-  host.Answer("a", kMHEG5FileNotYetAvailable);
+  host.SetResult("a", kMHEG5FileNotYetAvailable);
   Start();
   std::array<char, 64> title{};
   GetWindowTextA(engineWindow, title.data(), static_cast<int>(title.size()));
@@ -104,7 +104,7 @@ TEST_F(EngineWindowTest, shows_the_scene) {
 }
 
 TEST_F(EngineWindowTest, shows_please_wait_while_the_file_is_not_available) {
-  host.Answer("a", kMHEG5FileNotYetAvailable);
+  host.SetResult("a", kMHEG5FileNotYetAvailable);
   Start();
   WaitForRead("a");
   EXPECT_TRUE(WaitUntil([this] { return CountTextPixels() > 50; }));
@@ -156,8 +156,8 @@ TEST_F(EngineWindowTest, shows_what_a_key_has_changed) {
   WaitForColour(100, 100, kRed);
 }
 
-// Each link also tries to read a file that does not exist: during that read the test looks at the
-// window.
+// Each link also tries to read a file that does not exist; during that read the test captures a
+// pixel of the window.
 TEST_F(EngineWindowTest,
        paints_the_first_redraw_of_a_key_during_its_actions_and_of_a_timer_after_them) {
   ServeScene(FilledRectangle(1, "=FF=00=00=00") +
@@ -210,15 +210,15 @@ TEST_F(EngineWindowTest, shows_no_service_when_no_application_is_found) {
 
 void WINAPI ReadStoppedWallClock(FILETIME* time) { *time = {0, 0x01DB'0000}; }
 
-// Reading a start-up file that is not a group fails so fast that both screens are shown within one
-// tick of the wall clock; a stopped clock makes sure of it.
+// A start-up file that is not a group fails so fast that both screens are usually shown within one
+// tick of the wall clock. The test stops that clock so that it always happens.
 TEST_F(EngineWindowTest, shows_no_service_at_once_when_the_start_up_file_is_broken) {
-  host.Answer("a", kMHEG5FileNotYetAvailable);
+  host.SetResult("a", kMHEG5FileNotYetAvailable);
   Start();
   EXPECT_TRUE(WaitUntil([this] { return CountTextPixels() > 50; }));
   const int endOfPleaseWait = RightEndOfText();
   Close();
-  host.ForgetAnswer("a");
+  host.ClearResult("a");
   host.Serve("a", "no group");
   const ReplacedImport hook(GetModuleHandleA("korvel.dll"), "GetSystemTimeAsFileTime",
                             ReadStoppedWallClock);
@@ -248,11 +248,11 @@ TEST_F(EngineWindowTest, shows_no_text_when_the_start_after_a_quit_fails) {
   ServeScene(FilledRectangle(1, "=FF=00=00=00") + LinkOnKey(2, 15, ":Quit((\"~/a\" 0))"));
   Start();
   WaitForColour(100, 100, kRed);
-  host.Answer("a", kNoSuchFile);
+  host.SetResult("a", kNoSuchFile);
   PressKey(kEnter);
   WaitForRead("startup", 2);
-  host.ForgetAnswer("a");
-  Post(0x8001);
+  host.ClearResult("a");
+  Post(kRestartAfterQuit);
   WaitForRead("a", 4);
   WaitForColour(100, 100, kRed);
   EXPECT_EQ(CountTextPixels(), 0);

@@ -87,7 +87,7 @@ TEST_F(Ordinal, decodes_the_file_into_the_callers_buffer) {
   EXPECT_EQ(planes_[kFrameBytes - 1], 200);
 }
 
-TEST_F(Ordinal, missing_and_refused_parts_are_black) {
+TEST_F(Ordinal, missing_rows_and_frames_without_rows_are_black) {
   Write(Stream(1));
   EXPECT_EQ(Decode(), kDamaged);
   EXPECT_EQ(planes_[0], 50);
@@ -99,13 +99,13 @@ TEST_F(Ordinal, missing_and_refused_parts_are_black) {
 }
 
 TEST_F(Ordinal, writes_nothing_if_the_size_is_unknown) {
-  EXPECT_EQ(Decode(), kRefused);  // there is no file
+  EXPECT_EQ(Decode(), kRefused);  // the file does not exist
   Write({'G', 'I', 'F', '8', '9', 'a', 0, 1, 2, 3});
   EXPECT_EQ(Decode(), kRefused);
   EXPECT_EQ(planes_[0], kUntouched);
 }
 
-TEST_F(Ordinal, decodes_for_the_next_caller_after_refusing_one_without_path_or_buffer) {
+TEST_F(Ordinal, decodes_after_calls_without_a_path_or_a_buffer) {
   std::uint8_t* none = nullptr;
   std::uint8_t* buffer = planes_.data();
   EXPECT_EQ(decode_(nullptr, &buffer, 1), kRefused);

@@ -1,4 +1,4 @@
-// Keys that the engine's window receives, seen through the hook on its thread.
+// Tests the hook on the engine window's thread, which reports the keys that the window receives.
 #include "player/engine_watch.h"
 
 #include <gtest/gtest.h>

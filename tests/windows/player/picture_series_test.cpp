@@ -1,4 +1,4 @@
-// The files that a series of pictures consists of.
+// Tests the files of a series of pictures.
 #include "player/picture_series.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ Picture Filled(std::uint32_t colour) {
   return {std::vector<std::uint32_t>(std::size_t{kPictureWidth} * kPictureHeight, colour)};
 }
 
-TEST(PictureSeries, has_each_picture_that_differs_from_the_last_one_with_its_time) {
+TEST(PictureSeries, lists_each_picture_that_differs_from_the_last_one_with_its_duration) {
   const korvel::test::TemporaryFolder temporary;
   const std::filesystem::path folder = std::filesystem::path(temporary.Path()) / "series";
   PictureSeries series(folder, 1000);
@@ -42,7 +42,7 @@ TEST(PictureSeries, is_due_25_times_a_second) {
   EXPECT_TRUE(series.IsDue(1043));
 }
 
-TEST(PictureSeries, ends_without_success_if_its_folder_cannot_be_made) {
+TEST(PictureSeries, fails_if_its_folder_cannot_be_created) {
   const korvel::test::TemporaryFolder temporary;
   const std::string file = temporary.Path() + "file";
   std::ofstream(file) << "no folder";

@@ -45,17 +45,17 @@ class ScreenshotTest : public testing::Test {
   Picture picture_;
 };
 
-TEST_F(ScreenshotTest, rows_that_a_window_lacks_are_black) {
+TEST_F(ScreenshotTest, missing_rows_are_black) {
   Open(kWidth, kHeight - 1);
   ExpectWhite(kWidth, kHeight - 1);
 }
 
-TEST_F(ScreenshotTest, columns_that_a_window_lacks_are_black) {
+TEST_F(ScreenshotTest, missing_columns_are_black) {
   Open(kWidth - 20, kHeight);
   ExpectWhite(kWidth - 20, kHeight);
 }
 
-TEST_F(ScreenshotTest, a_larger_window_is_cut_to_the_scene) {
+TEST_F(ScreenshotTest, a_larger_window_is_cropped_to_the_scene) {
   Open(kWidth + 10, kHeight + 6);
   ExpectWhite(kWidth, kHeight);
 }

@@ -158,7 +158,7 @@ TEST_F(BitmapTest, without_tiling_it_is_shown_once_and_the_rest_of_the_box_is_un
   EXPECT_EQ(Paint().Extent(kWholeScene), (Area{100, 100, 140, 140}));
 }
 
-TEST_F(BitmapTest, with_tiling_it_repeats_from_the_top_left_corner_and_is_cut_to_the_box) {
+TEST_F(BitmapTest, with_tiling_it_repeats_from_the_top_left_corner_and_is_clipped_to_the_box) {
   bitmap.BoxSize = {100, 90};
   bitmap.Tiling = true;
   const Pixels picture = Paint();
@@ -204,8 +204,8 @@ TEST_F(BitmapTest, scaled_to_nothing_it_is_not_drawn_or_reported_missing) {
 }
 
 TEST_F(BitmapTest, in_a_box_without_area_its_file_is_not_read) {
-  for (const bool isThere : {true, false}) {
-    if (!isThere) TheHost().files.clear();
+  for (const bool exists : {true, false}) {
+    if (!exists) TheHost().files.clear();
     for (const int hook : {2, 4}) {
       bitmap.ContentHOOK = hook;
       for (const korvel::BoxSize size : {korvel::BoxSize{0, 40}, {40, 0}, {-1, 40}, {40, -1}}) {

@@ -71,7 +71,7 @@ TEST_F(CanvasTest, a_rectangle_has_its_fill_inside_its_border) {
   EXPECT_TRUE(picture.IsAll({114, 114, 116, 116}, kGreen));
 }
 
-TEST_F(CanvasTest, an_oval_is_only_its_fill) {
+TEST_F(CanvasTest, an_oval_has_a_fill_and_no_outline) {
   CanvasOval({20, 10}, 100, 60, kOpaqueGreen, lineArt.Canvas);
   const Pixels picture = Paint();
   const Area ink = picture.Extent(kWholeScene);
@@ -98,7 +98,7 @@ TEST_F(CanvasTest, a_positive_arc_runs_counter_clockwise_from_its_start) {
   EXPECT_LE(ink.bottom, 152);
 }
 
-TEST_F(CanvasTest, the_ellipse_of_an_arc_is_the_box_less_the_line_on_every_side) {
+TEST_F(CanvasTest, the_ellipse_of_an_arc_is_inset_from_the_box_by_the_line_width) {
   red.width = 6;
   CanvasArc({50, 0}, 100, 100, 0, 360, red, kTransparentColour, ArcForm::Arc, lineArt.Canvas);
   const Area ink = Ink();  // the line's middle is 6 inside the box, its outer edge 3
@@ -121,7 +121,7 @@ TEST_F(CanvasTest, a_sector_is_a_filled_pie) {
   EXPECT_EQ(picture.At(220, 170), kBlack);
 }
 
-TEST_F(CanvasTest, a_sector_whose_fill_is_transparent_is_its_outline) {
+TEST_F(CanvasTest, a_sector_with_a_transparent_fill_has_only_an_outline) {
   CanvasArc({50, 0}, 100, 100, 0, 90, red, 0x00FF00FF, ArcForm::Sector, lineArt.Canvas);
   const Pixels picture = Paint();
   EXPECT_EQ(picture.Count(kWholeScene, kGreen), 0);
@@ -136,7 +136,7 @@ TEST_F(CanvasTest, a_sectors_fill_is_as_transparent_as_its_line) {
   EXPECT_EQ(mixed & 0xFF00FF, 0U);
 }
 
-TEST_F(CanvasTest, a_sector_whose_line_has_no_width_is_its_fill) {
+TEST_F(CanvasTest, a_sector_whose_line_has_no_width_has_only_a_fill) {
   for (const int width : {0, -1}) {
     Clear();
     red.width = width;
@@ -187,7 +187,7 @@ TEST_F(CanvasTest, fewer_than_two_points_draw_nothing) {
   EXPECT_EQ(Ink(), Area{});
 }
 
-TEST_F(CanvasTest, a_polygon_with_far_corners_is_cut_without_bending) {
+TEST_F(CanvasTest, a_polygon_with_far_corners_is_clipped_without_distortion) {
   constexpr std::int32_t kFar = 2000000000;
   const CanvasPoint corners[] = {{0, 0}, {kFar, kFar / 2}, {-kFar, kFar}};
   CanvasPolygon(corners, red, kOpaqueGreen, lineArt.Canvas);
@@ -362,7 +362,7 @@ TEST_F(CanvasTest, sizes_without_area_or_beyond_the_limit_make_no_canvas) {
   EXPECT_EQ(NewCanvas(kLargest, 1), nullptr);
 }
 
-TEST_F(CanvasTest, a_canvas_larger_than_the_scene_is_cut_at_its_edges) {
+TEST_F(CanvasTest, a_canvas_larger_than_the_scene_is_clipped_to_it) {
   DestroyCanvas(lineArt.Canvas);
   lineArt.Canvas = NewCanvas(3000, 2000);
   ASSERT_NE(lineArt.Canvas, nullptr);

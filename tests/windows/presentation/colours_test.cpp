@@ -20,7 +20,7 @@ class ColoursTest : public Stage {
     palette.owner = &group;
     return palette;
   }
-  static void NamePalette(Visible& visible, std::string_view group, std::int32_t number) {
+  static void ReferToPalette(Visible& visible, std::string_view group, std::int32_t number) {
     visible.PaletteRef.IsPresent = true;
     visible.PaletteRef.Reference.Number = number;
     visible.PaletteRef.Reference.GroupIdentifier = Octets(group);
@@ -39,14 +39,14 @@ TEST_F(ColoursTest, three_bytes_are_opaque_and_a_fourth_is_the_transparency) {
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x12345678U);
 }
 
-TEST_F(ColoursTest, strings_of_other_lengths_are_not_set) {
+TEST_F(ColoursTest, strings_of_other_lengths_count_as_not_set) {
   for (const char* bytes : {"", "\x12", "\x12\x34", "\x12\x34\x56\x78\x9A"}) {
     rectangle.RefFillColour = Absolute(bytes);
     EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), kTransparentColour) << bytes;
   }
 }
 
-TEST_F(ColoursTest, colours_that_nothing_sets_have_defaults) {
+TEST_F(ColoursTest, colours_that_are_not_set_have_defaults) {
   EXPECT_EQ(LineAttributesOf(rectangle, CurrentGroups()).ink, 0x00000000U);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0xFFFFFFFFU);
   EXPECT_EQ(TextColourOf(text, CurrentGroups()), 0xFFFFFF00U);
@@ -69,10 +69,10 @@ TEST_F(ColoursTest, colours_that_the_object_does_not_set_come_from_the_applicati
   EXPECT_EQ(TextColourOf(text, CurrentGroups()), 0x0000FF00U);
 }
 
-TEST_F(ColoursTest, an_index_selects_an_entry_of_the_palette_that_the_object_names) {
+TEST_F(ColoursTest, an_index_selects_an_entry_of_the_palette_that_the_object_refers_to) {
   TheEngine().scene = &scene;
   static_cast<void>(AddPalette(scene, 7, kEntries));
-  NamePalette(rectangle, "~/scene", 7);
+  ReferToPalette(rectangle, "~/scene", 7);
   rectangle.RefFillColour = Indexed(0);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x01020304U);
   rectangle.RefFillColour = Indexed(1);
@@ -82,7 +82,7 @@ TEST_F(ColoursTest, an_index_selects_an_entry_of_the_palette_that_the_object_nam
 TEST_F(ColoursTest, a_palette_may_belong_to_the_application) {
   TheEngine().scene = &scene;
   static_cast<void>(AddPalette(App(), 7, kEntries));
-  NamePalette(rectangle, "/app", 7);
+  ReferToPalette(rectangle, "/app", 7);
   rectangle.RefFillColour = Indexed(1);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x11121314U);
 }
@@ -97,24 +97,24 @@ TEST_F(ColoursTest, a_reference_without_a_group_means_the_group_of_the_object) {
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x11121314U);
 }
 
-TEST_F(ColoursTest, an_index_outside_the_palette_is_not_set) {
+TEST_F(ColoursTest, an_index_outside_the_palette_counts_as_not_set) {
   TheEngine().scene = &scene;
   static_cast<void>(AddPalette(scene, 7, std::string_view(kEntries).substr(0, 7)));
-  NamePalette(rectangle, "~/scene", 7);
+  ReferToPalette(rectangle, "~/scene", 7);
   for (const int index : {-2, -1, 1, 2, 0x7FFFFFFF}) {
     rectangle.RefFillColour = Indexed(index);
     EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), kTransparentColour) << index;
   }
 }
 
-TEST_F(ColoursTest, an_index_without_any_palette_is_not_set) {
+TEST_F(ColoursTest, an_index_without_any_palette_counts_as_not_set) {
   rectangle.RefFillColour = Indexed(0);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), kTransparentColour);
-  NamePalette(rectangle, "~/scene", 7);
+  ReferToPalette(rectangle, "~/scene", 7);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), kTransparentColour);
 }
 
-TEST_F(ColoursTest, an_object_that_names_no_palette_uses_the_first_of_the_application) {
+TEST_F(ColoursTest, an_object_without_a_palette_reference_uses_the_applications_first_palette) {
   static_cast<void>(AddPalette(App(), 7, kEntries));
   rectangle.RefFillColour = Indexed(1);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x11121314U);
@@ -124,7 +124,7 @@ TEST_F(ColoursTest, a_palette_whose_content_is_a_file_is_read) {
   TheHost().files["colours\\p"] = kEntries;
   Palette& palette = AddPalette(App(), 7, "~/colours/p");
   palette.OriginalContent.IsReferenced = true;
-  NamePalette(rectangle, "~/app", 7);
+  ReferToPalette(rectangle, "~/app", 7);
   rectangle.RefFillColour = Indexed(1);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x11121314U);
 }
@@ -156,9 +156,9 @@ TEST_F(ColoursTest, each_palette_reads_its_own_file) {
     AddPalette(App(), number, number == 7 ? "~/p" : "~/q").OriginalContent.IsReferenced = true;
   }
   rectangle.RefFillColour = Indexed(0);
-  NamePalette(rectangle, "~/app", 7);
+  ReferToPalette(rectangle, "~/app", 7);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x01020304U);
-  NamePalette(rectangle, "~/app", 8);
+  ReferToPalette(rectangle, "~/app", 8);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x21222324U);
 }
 
@@ -173,7 +173,7 @@ TEST_F(ColoursTest, a_palette_whose_file_is_missing_is_read_again) {
 TEST_F(ColoursTest, run_time_content_overrides_the_original_content) {
   Palette& palette = AddPalette(App(), 7, kEntries);
   palette.Content.Data = Octets("\x21\x22\x23\x24");
-  NamePalette(rectangle, "~/app", 7);
+  ReferToPalette(rectangle, "~/app", 7);
   rectangle.RefFillColour = Indexed(0);
   EXPECT_EQ(FillColourOf(rectangle, CurrentGroups()), 0x21222324U);
 }

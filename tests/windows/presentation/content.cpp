@@ -1,4 +1,4 @@
-// Writes picture files.
+// Builds BMP files, and converts them with GDI+.
 #include "windows/presentation/content.h"
 
 #include <fstream>

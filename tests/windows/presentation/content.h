@@ -1,4 +1,4 @@
-// Picture files that the tests write.
+// Builds picture files for the tests.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ namespace korvel::test {
 
 // A chunk of a PNG file.
 [[nodiscard]] std::string PngChunk(const std::string& name, const std::string& data);
-// The same, with these chunks between its header and its pixels.
+// A file as from FlatPng, with these chunks between its header and its pixels.
 [[nodiscard]] std::string FlatPngWith(std::uint32_t width, std::uint32_t height,
                                       std::uint32_t colour, const std::string& chunks);
 

@@ -30,22 +30,22 @@ class FlatMemoryTest : public Stage {
   void PaintInTurn(int times) {
     TheEngine().raised.clear();
     for (int count = 0; count < times; ++count) {
-      std::size_t turn = static_cast<std::size_t>(count) % kPictures;
+      int index = 0;
       for (const StackedVisible& entry : App().DisplayStack) {
-        entry.visible->RunningStatus = turn-- == 0;
+        entry.visible->RunningStatus = index++ == count % kPictures;
       }
       TheHost().fetched.clear();
       State().keptPictures.Clear();  // so that each redraw decodes
       ResetRedrawCounter();
       ASSERT_EQ(Redraw(), Status::Done);
     }
-    const std::size_t rounds = static_cast<std::size_t>(times) / kPictures;
+    const auto rounds = static_cast<std::size_t>(times / kPictures);
     EXPECT_EQ(TheEngine().raised.size(), 3 * rounds)
         << "one event each for an invalid file, a missing file, and a file that is no I-frame";
   }
 
  private:
-  static constexpr std::size_t kPictures = 8;
+  static constexpr int kPictures = 8;
 
   void Add(const std::string& name, std::int32_t hook) {
     Bitmap& bitmap = bitmaps_.at(count_++);
@@ -73,7 +73,7 @@ TEST_F(FlatMemoryTest, ten_thousand_redraws_hold_no_more_than_a_thousand) {
   const Holdings after = Held();
   EXPECT_LT(after.blocks, before.blocks + kFewBlocks);
   EXPECT_LT(after.bytes, before.bytes + kFewBytes);
-  EXPECT_LT(after.nextGdiPlace, before.nextGdiPlace + kFewBlocks);
+  EXPECT_LT(after.nextGdiIndex, before.nextGdiIndex + kFewBlocks);
 }
 
 TEST_F(FlatMemoryTest, held_resources_are_counted) {
@@ -89,7 +89,7 @@ TEST_F(FlatMemoryTest, held_resources_are_counted) {
   const Holdings after = Held();
   EXPECT_GE(after.blocks, before.blocks + kSome);
   EXPECT_GE(after.bytes, before.bytes + kSome * kTooLargeForGroups);
-  EXPECT_GE(after.nextGdiPlace, before.nextGdiPlace + kSome / 2) << "some may fill gaps";
+  EXPECT_GE(after.nextGdiIndex, before.nextGdiIndex + kSome / 2) << "some may fill gaps";
   for (HGLOBAL block : blocks) GlobalFree(block);
   for (HBRUSH brush : brushes) DeleteObject(brush);
 }

@@ -13,9 +13,9 @@ namespace {
 
 // The library's own picture, which is a progressive JPEG.
 std::string ProgressiveJpeg() {
-  HRSRC place = FindResourceA(nullptr, MAKEINTRESOURCEA(101), "VIDEO_JPG");
-  return {static_cast<const char*>(LockResource(LoadResource(nullptr, place))),
-          SizeofResource(nullptr, place)};
+  HRSRC resource = FindResourceA(nullptr, MAKEINTRESOURCEA(101), "VIDEO_JPG");
+  return {static_cast<const char*>(LockResource(LoadResource(nullptr, resource))),
+          SizeofResource(nullptr, resource)};
 }
 
 // The last scan of a JPEG file, without the end-of-image marker.

@@ -1,4 +1,4 @@
-// Tests I-frames: the call of the host's decoder, and the picture of its result.
+// Tests I-frames: the call of the host's decoder, and the picture made from its result.
 #include "presentation/i_frame.h"
 
 #include <algorithm>

@@ -17,7 +17,7 @@ class PictureStage : public Stage {
     bitmap.Content.IsReferenced = true;
     bitmap.Content.Data = Octets("~/picture");
     Show(ItemType::Bitmap, bitmap);
-    static_cast<void>(Paint());  // performs one-time work
+    static_cast<void>(Paint());  // performs one-time initialisation
     TheEngine().raised.clear();
   }
 

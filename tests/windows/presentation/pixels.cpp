@@ -38,11 +38,11 @@ std::uint32_t Pixels::At(int x, int y) const {
   return values_[static_cast<std::size_t>(y) * kSceneWidth + static_cast<std::size_t>(x)];
 }
 
-Area Pixels::Extent(const Area& within, std::uint32_t ground) const {
+Area Pixels::Extent(const Area& within, std::uint32_t background) const {
   Area extent{within.right, within.bottom, within.left, within.top};
   for (int y = within.top; y < within.bottom; ++y) {
     for (int x = within.left; x < within.right; ++x) {
-      if (At(x, y) == ground) continue;
+      if (At(x, y) == background) continue;
       extent = {std::min(extent.left, x), std::min(extent.top, y), std::max(extent.right, x + 1),
                 std::max(extent.bottom, y + 1)};
     }
@@ -50,11 +50,11 @@ Area Pixels::Extent(const Area& within, std::uint32_t ground) const {
   return extent.right <= extent.left ? Area{} : extent;
 }
 
-int Pixels::Bands(const Area& within, std::uint32_t ground) const {
+int Pixels::Bands(const Area& within, std::uint32_t background) const {
   int bands = 0;
   bool isInBand = false;
   for (int y = within.top; y < within.bottom; ++y) {
-    const bool hasInk = !IsAll({within.left, y, within.right, y + 1}, ground);
+    const bool hasInk = !IsAll({within.left, y, within.right, y + 1}, background);
     if (hasInk && !isInBand) ++bands;
     isInBand = hasInk;
   }

@@ -34,10 +34,11 @@ class Pixels {
  public:
   explicit Pixels(std::vector<std::uint32_t> values) : values_(std::move(values)) {}
   [[nodiscard]] std::uint32_t At(int x, int y) const;
-  // The smallest area around all pixels of `within` that are not `ground`; empty if there are none.
-  [[nodiscard]] Area Extent(const Area& within, std::uint32_t ground = kBlack) const;
-  // The number of text rows: groups of adjacent pixel rows with pixels that are not `ground`.
-  [[nodiscard]] int Bands(const Area& within, std::uint32_t ground = kBlack) const;
+  // The smallest area around all pixels of `within` that are not `background`; empty if there are
+  // none.
+  [[nodiscard]] Area Extent(const Area& within, std::uint32_t background = kBlack) const;
+  // The number of text rows: groups of adjacent pixel rows with pixels that are not `background`.
+  [[nodiscard]] int Bands(const Area& within, std::uint32_t background = kBlack) const;
   [[nodiscard]] int Count(const Area& within, std::uint32_t colour) const;
   // Whether every pixel of the area has the colour.
   [[nodiscard]] bool IsAll(const Area& within, std::uint32_t colour) const;

@@ -21,10 +21,4 @@ inline std::uint64_t ProcessorMs() {
   return milliseconds(inKernel) + milliseconds(inProgram);
 }
 
-template <class Function> std::uint64_t MillisecondsFor(Function&& function) {
-  const std::uint64_t start = ProcessorMs();
-  function();
-  return ProcessorMs() - start;
-}
-
 }  // namespace korvel::test

@@ -3,6 +3,7 @@
 
 #include "presentation/presentation.h"
 #include "windows/presentation/processor_time.h"
+
 namespace korvel::test {
 
 class RectangleTest : public Stage {
@@ -135,7 +136,7 @@ TEST_F(RectangleTest, the_largest_numbers_neither_overflow_nor_take_long) {
       static_cast<void>(Paint());
     }
   }
-  EXPECT_LT(ProcessorMs() - start, 18 * 1000U) << "half a second per painting";
+  EXPECT_LT(ProcessorMs() - start, 18 * 1000U) << "more than half a second per painting";
   rectangle.LineStyle = LineStyle{1};
   rectangle.LineWidth = 2;
   EXPECT_TRUE(Paint().IsAll({0, 102, 720, 118}, kGreen));

@@ -97,7 +97,7 @@ TEST_F(RedrawTest, a_video_that_does_not_run_is_not_drawn) {
   EXPECT_TRUE(TheEngine().raised.empty());
 }
 
-TEST_F(RedrawTest, objects_of_invisible_classes_are_skipped) {
+TEST_F(RedrawTest, objects_of_classes_that_are_not_drawn_are_skipped) {
   PushButton button;
   LineArt lineArt;
   RTGraphics graphics;
@@ -244,7 +244,7 @@ TEST_F(RedrawTest, ended_groups_are_kept_while_it_paints) {
   EXPECT_EQ(TheEngine().busy, 0);
 }
 
-TEST_F(RedrawTest, after_a_close_request_requests_only_count) {
+TEST_F(RedrawTest, after_a_close_request_redraw_requests_are_counted_and_not_painted) {
   Rectangle rectangle;
   Place(rectangle, 100, 100, 50, 50);
   ShowFilled(rectangle, kRedBytes);

@@ -102,7 +102,7 @@ TEST_F(SliderTest, the_marker_stays_inside_the_box) {
   EXPECT_EQ(BarIn(4), (Area{100, 198, 201, 201}));
 }
 
-TEST_F(SliderTest, a_proportional_bar_reaches_from_the_value_over_the_portion) {
+TEST_F(SliderTest, a_proportional_bar_begins_at_the_value_and_spans_the_portion) {
   slider.SliderStyle = SliderStyle{3};
   slider.Portion = 4;
   EXPECT_EQ(BarIn(1), (Area{130, 100, 170, 201}));

@@ -48,7 +48,7 @@ class Stage : public testing::Test {
 [[nodiscard]] ColourValue Indexed(std::int32_t index);
 void Place(Visible& visible, std::int32_t x, std::int32_t y, std::int32_t width,
            std::int32_t height);
-// A filled rectangle without a border.
+// Fills the rectangle and draws its border in the same colour.
 void Fill(Rectangle& rectangle, std::string_view colour);
 
 inline constexpr std::string_view kRedBytes("\xFF\x00\x00", 3);

@@ -21,7 +21,7 @@ bool IsWine() {
 
 class StringFormatTest : public Stage {
  protected:
-  [[nodiscard]] Gdiplus::GpStringFormat* Made(float resolution = kResolution) {
+  [[nodiscard]] Gdiplus::GpStringFormat* MakeFormat(float resolution = kResolution) {
     EXPECT_TRUE(MakeStringFormat(drawing, resolution, format_));
     return format_;
   }
@@ -38,7 +38,7 @@ TEST_F(StringFormatTest, has_one_tab_stop_of_42_pixels_at_96_dots_per_inch) {
     float stop;
   };
   for (const Case& known : {Case{96, 42}, Case{48, 84}, Case{144, 28}}) {
-    Gdiplus::GpStringFormat* format = Made(known.resolution);
+    Gdiplus::GpStringFormat* format = MakeFormat(known.resolution);
     INT count = 0;
     float first = -1;
     float stop = -1;
@@ -56,11 +56,11 @@ TEST_F(StringFormatTest, the_picture_has_96_dots_per_inch) {
   EXPECT_EQ(resolution, kResolution);
 }
 
-TEST_F(StringFormatTest, has_a_flag_that_keeps_lines_whole_unless_text_is_wrapped) {
+TEST_F(StringFormatTest, has_the_no_wrap_flag_unless_text_is_wrapped) {
   for (const bool isWrapped : {false, true}) {
     drawing.textWrapping = isWrapped;
     INT flags = -1;
-    EXPECT_EQ(gdip::GdipGetStringFormatFlags(Made(), &flags), Gdiplus::Ok);
+    EXPECT_EQ(gdip::GdipGetStringFormatFlags(MakeFormat(), &flags), Gdiplus::Ok);
     EXPECT_EQ(flags, isWrapped ? 0 : 0x1000);
   }
 }
@@ -78,16 +78,16 @@ TEST_F(StringFormatTest, start_end_and_centre_are_near_far_and_centre_and_all_el
     drawing.verticalJustification = Justification{0};
     Gdiplus::StringAlignment alignment{};
     Gdiplus::StringAlignment lineAlignment{};
-    EXPECT_EQ(gdip::GdipGetStringFormatAlign(Made(), &alignment), Gdiplus::Ok);
+    EXPECT_EQ(gdip::GdipGetStringFormatAlign(MakeFormat(), &alignment), Gdiplus::Ok);
     EXPECT_EQ(alignment, known.alignment) << known.justification;
     drawing.horizontalJustification = Justification{0};
     drawing.verticalJustification = Justification{known.justification};
-    EXPECT_EQ(gdip::GdipGetStringFormatLineAlign(Made(), &lineAlignment), Gdiplus::Ok);
+    EXPECT_EQ(gdip::GdipGetStringFormatLineAlign(MakeFormat(), &lineAlignment), Gdiplus::Ok);
     EXPECT_EQ(lineAlignment, known.alignment) << known.justification;
   }
 }
 
-TEST_F(StringFormatTest, a_tab_leads_to_the_next_multiple_of_42_pixels) {
+TEST_F(StringFormatTest, a_tab_advances_to_the_next_multiple_of_42_pixels) {
   Text text;
   Place(text, 100, 100, 500, 300);
   text.TextColour = Absolute(kWhiteBytes);

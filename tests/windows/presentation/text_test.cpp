@@ -160,7 +160,7 @@ TEST_F(TextTest, justification_places_the_text_in_the_box) {
   EXPECT_NEAR(centre.top + centre.bottom, kBox.top + kBox.bottom, 10);
 }
 
-TEST_F(TextTest, justified_text_is_drawn_as_start) {
+TEST_F(TextTest, justified_text_is_aligned_to_the_start) {
   const Pixels start = Draw("Hi");
   for (const int justification : {4, 0, 5, -1}) {
     text.HorizontalJustification = Justification{justification};

@@ -14,12 +14,13 @@ namespace korvel::test {
 
 class Decoder {
  public:
+  // `name` is the folder of the decoder's DLL, beside the test program.
   explicit Decoder(const char* name = "recording_decoder");
   ~Decoder();
   Decoder(const Decoder&) = delete;
   Decoder& operator=(const Decoder&) = delete;
 
-  // The decoder's arguments and results.
+  // The arguments of the last call, and the results that the decoder returns.
   [[nodiscard]] DecoderRecord& Record() { return *record_; }
 
   // Makes `decode` decode all later frames. It may replace the pointer to the buffer.

@@ -1,5 +1,5 @@
-// Delays a module's threads at their locks, posts and waits, so that tests meet the orders of
-// events that are rare otherwise.
+// Delays a module's threads at their locks, posts and waits, so that tests also run into orders of
+// events that are otherwise rare.
 #pragma once
 
 #include <windows.h>

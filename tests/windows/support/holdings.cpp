@@ -6,11 +6,11 @@
 namespace korvel::test {
 namespace {
 
-std::size_t NextGdiPlace() {
+std::size_t NextGdiIndex() {
   HBRUSH brush = CreateSolidBrush(RGB(1, 2, 3));
-  const std::size_t place = reinterpret_cast<std::uintptr_t>(brush) & 0xFFFF;
+  const std::size_t index = reinterpret_cast<std::uintptr_t>(brush) & 0xFFFF;
   DeleteObject(brush);
-  return place;
+  return index;
 }
 
 }  // namespace
@@ -26,7 +26,7 @@ Holdings Held() {
     held.bytes += entry.cbData;
   }
   HeapUnlock(heap);
-  held.nextGdiPlace = NextGdiPlace();
+  held.nextGdiIndex = NextGdiIndex();
   DWORD handles = 0;
   GetProcessHandleCount(GetCurrentProcess(), &handles);
   held.handles = handles;

@@ -1,4 +1,4 @@
-// The resources that the test's process holds, to show that something does not leak.
+// Counts the resources that the test's process holds, so that tests can detect leaks.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@ namespace korvel::test {
 struct Holdings {
   std::size_t blocks = 0;
   std::size_t bytes = 0;
-  std::size_t nextGdiPlace = 0;
+  std::size_t nextGdiIndex = 0;
   std::size_t handles = 0;  // 0 under Wine versions that do not count them
   std::size_t threads = 0;
 };

@@ -30,7 +30,7 @@ LRESULT CALLBACK HostWindow::Procedure(HWND window, UINT message, WPARAM wParam,
     ++self->closes_;
     if (self->onClosed) self->onClosed();
   } else {
-    ++self->strangeMessages_;
+    ++self->unexpectedMessages_;
   }
   return 0;
 }

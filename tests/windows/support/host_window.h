@@ -16,10 +16,10 @@ class HostWindow {
   ~HostWindow();
 
   [[nodiscard]] HWND Handle() const { return window_; }
-  // The number of closed messages so far, with both parameters 0.
+  // The number of closed messages so far. Both parameters of such a message are 0.
   [[nodiscard]] int Closes() const { return closes_; }
   // The number of other messages from WM_USER upwards; the engine should send none.
-  [[nodiscard]] int StrangeMessages() const { return strangeMessages_; }
+  [[nodiscard]] int UnexpectedMessages() const { return unexpectedMessages_; }
 
   // Called inside the handler of the closed message.
   std::function<void()> onClosed;
@@ -29,7 +29,7 @@ class HostWindow {
 
   HWND window_ = nullptr;
   int closes_ = 0;
-  int strangeMessages_ = 0;
+  int unexpectedMessages_ = 0;
 };
 
 }  // namespace korvel::test

@@ -19,34 +19,34 @@ ULONG_PTR* FindImport(HMODULE module, std::string_view name) {
   for (const auto* library = At<IMAGE_IMPORT_DESCRIPTOR>(module, imports.VirtualAddress);
        library->FirstThunk != 0; ++library) {
     const auto* named = At<IMAGE_THUNK_DATA>(module, library->OriginalFirstThunk);
-    auto* place = At<ULONG_PTR>(module, library->FirstThunk);
-    for (; named->u1.AddressOfData != 0; ++named, ++place) {
+    auto* entry = At<ULONG_PTR>(module, library->FirstThunk);
+    for (; named->u1.AddressOfData != 0; ++named, ++entry) {
       if (IMAGE_SNAP_BY_ORDINAL(named->u1.Ordinal)) continue;
       const auto* import = At<IMAGE_IMPORT_BY_NAME>(module, named->u1.AddressOfData);
-      if (name == reinterpret_cast<const char*>(import->Name)) return place;
+      if (name == reinterpret_cast<const char*>(import->Name)) return entry;
     }
   }
   return nullptr;
 }
 
-void Write(ULONG_PTR function, ULONG_PTR* place) {
+void Write(ULONG_PTR function, ULONG_PTR* entry) {
   DWORD protection = 0;
-  VirtualProtect(place, sizeof(*place), PAGE_READWRITE, &protection);
-  *place = function;
-  VirtualProtect(place, sizeof(*place), protection, &protection);
+  VirtualProtect(entry, sizeof(*entry), PAGE_READWRITE, &protection);
+  *entry = function;
+  VirtualProtect(entry, sizeof(*entry), protection, &protection);
 }
 
 }  // namespace
 
 ReplacedImport::ReplacedImport(HMODULE module, std::string_view name, ULONG_PTR function)
-    : place_(FindImport(module, name)) {
-  if (place_ == nullptr) return;
-  original_ = *place_;
-  Write(function, place_);
+    : entry_(FindImport(module, name)) {
+  if (entry_ == nullptr) return;
+  original_ = *entry_;
+  Write(function, entry_);
 }
 
 ReplacedImport::~ReplacedImport() {
-  if (place_ != nullptr) Write(original_, place_);
+  if (entry_ != nullptr) Write(original_, entry_);
 }
 
 }  // namespace korvel::test

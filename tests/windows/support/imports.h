@@ -19,12 +19,12 @@ class ReplacedImport {
   ~ReplacedImport();
 
   // False if the module does not import the function.
-  [[nodiscard]] bool IsInPlace() const { return place_ != nullptr; }
+  [[nodiscard]] bool IsInPlace() const { return entry_ != nullptr; }
 
  private:
   ReplacedImport(HMODULE module, std::string_view name, ULONG_PTR function);
 
-  ULONG_PTR* place_;
+  ULONG_PTR* entry_;
   ULONG_PTR original_ = 0;
 };
 

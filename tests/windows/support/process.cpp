@@ -8,7 +8,7 @@
 namespace korvel::test {
 namespace {
 
-BOOL CALLBACK TakeEngineWindow(HWND window, LPARAM found) {
+BOOL CALLBACK StoreEngineWindow(HWND window, LPARAM found) {
   char name[32] = {};
   DWORD process = 0;
   GetClassNameA(window, name, sizeof(name));
@@ -25,8 +25,8 @@ int CountThreads() {
   int count = 0;
   THREADENTRY32 entry = {};
   entry.dwSize = sizeof(entry);
-  for (BOOL isThere = Thread32First(snapshot, &entry); isThere != 0;
-       isThere = Thread32Next(snapshot, &entry)) {
+  for (BOOL hasEntry = Thread32First(snapshot, &entry); hasEntry != 0;
+       hasEntry = Thread32Next(snapshot, &entry)) {
     if (entry.th32OwnerProcessID == GetCurrentProcessId()) ++count;
   }
   CloseHandle(snapshot);
@@ -35,7 +35,7 @@ int CountThreads() {
 
 HWND FindEngineWindow() {
   HWND window = nullptr;
-  EnumWindows(TakeEngineWindow, reinterpret_cast<LPARAM>(&window));
+  EnumWindows(StoreEngineWindow, reinterpret_cast<LPARAM>(&window));
   return window;
 }
 

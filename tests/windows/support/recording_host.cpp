@@ -29,7 +29,7 @@ struct RecordingHost::Functions {
   }
   static void KORVEL_CALL FreeBuffer(MHEG5Host* host, void* data) {
     Self(host).Record("FreeBuffer");
-    Self(host).GiveBack(data);
+    Self(host).Free(data);
   }
   static void KORVEL_CALL SetExitCallback(MHEG5Host* host, MHEG5ExitCallback callback,
                                           std::uintptr_t context) {
@@ -50,14 +50,14 @@ void RecordingHost::Serve(const std::string& path, std::string bytes) {
   files_[path] = std::move(bytes);
 }
 
-void RecordingHost::Answer(const std::string& path, std::uint32_t answer) {
+void RecordingHost::SetResult(const std::string& path, std::uint32_t result) {
   const std::lock_guard lock(mutex_);
-  answers_[path] = answer;
+  results_[path] = result;
 }
 
-void RecordingHost::ForgetAnswer(const std::string& path) {
+void RecordingHost::ClearResult(const std::string& path) {
   const std::lock_guard lock(mutex_);
-  answers_.erase(path);
+  results_.erase(path);
 }
 
 std::vector<HostCall> RecordingHost::Calls() const {
@@ -98,7 +98,7 @@ std::uint32_t RecordingHost::Read(const std::string& path, void** data, std::uin
   const std::lock_guard lock(mutex_);
   if (path.empty() || data == nullptr) isMisused_ = true;
   if (size == nullptr) ++readsWithoutSize_;
-  if (const auto answer = answers_.find(path); answer != answers_.end()) return answer->second;
+  if (const auto result = results_.find(path); result != results_.end()) return result->second;
   const auto file = files_.find(path);
   if (file == files_.end()) return kNoSuchFile;
   char* buffer = new char[file->second.size()];
@@ -109,7 +109,7 @@ std::uint32_t RecordingHost::Read(const std::string& path, void** data, std::uin
   return kMHEG5FileRead;
 }
 
-void RecordingHost::GiveBack(void* data) {
+void RecordingHost::Free(void* data) {
   const std::lock_guard lock(mutex_);
   if (buffers_.erase(data) == 1) {
     delete[] static_cast<char*>(data);

@@ -32,11 +32,12 @@ class RecordingHost : public MHEG5Host {
   RecordingHost& operator=(const RecordingHost&) = delete;
   ~RecordingHost() = default;
 
-  // Set and clear ReadFile's results. Any thread, even while the engine runs. Reading any other
-  // path returns kNoSuchFile.
+  // Any thread may call these, even while the engine runs. After Serve, reads of the path succeed
+  // with these bytes, unless SetResult makes them return another result. Reads of all other paths
+  // return kNoSuchFile.
   void Serve(const std::string& path, std::string bytes);
-  void Answer(const std::string& path, std::uint32_t answer);
-  void ForgetAnswer(const std::string& path);
+  void SetResult(const std::string& path, std::uint32_t result);
+  void ClearResult(const std::string& path);
 
   // Runs at the beginning of every call by the engine. Set it before the engine starts.
   std::function<void(const std::string& name)> onCall;
@@ -62,11 +63,11 @@ class RecordingHost : public MHEG5Host {
 
   void Record(const std::string& name);
   std::uint32_t Read(const std::string& path, void** data, std::uint32_t* size);
-  void GiveBack(void* data);
+  void Free(void* data);
 
   mutable std::mutex mutex_;
   std::map<std::string, std::string> files_;
-  std::map<std::string, std::uint32_t> answers_;
+  std::map<std::string, std::uint32_t> results_;
   std::vector<HostCall> calls_;
   std::set<void*> buffers_;
   std::atomic<int> references_ = 0;

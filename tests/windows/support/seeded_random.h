@@ -1,5 +1,5 @@
-// Random choices of tests, which can be repeated: they depend only on a seed. The environment
-// variable KORVEL_SEED replaces a test's own seed.
+// Repeatable random choices for tests: they depend only on a seed. The environment variable
+// KORVEL_SEED replaces a test's own seed.
 #pragma once
 
 #include <cstdint>
@@ -8,15 +8,15 @@
 
 namespace korvel::test {
 
-// The number in an environment variable, or `otherwise`.
+// The number in an environment variable, or `fallback` if the variable is not set.
 [[nodiscard]] inline std::uint32_t NumberFromEnvironment(const char* variable,
-                                                         std::uint32_t otherwise) {
+                                                         std::uint32_t fallback) {
   const char* text = std::getenv(variable);
-  return text == nullptr ? otherwise : static_cast<std::uint32_t>(std::strtoul(text, nullptr, 10));
+  return text == nullptr ? fallback : static_cast<std::uint32_t>(std::strtoul(text, nullptr, 10));
 }
 
-[[nodiscard]] inline std::uint32_t Seed(std::uint32_t ofTest) {
-  return NumberFromEnvironment("KORVEL_SEED", ofTest);
+[[nodiscard]] inline std::uint32_t Seed(std::uint32_t testsOwn) {
+  return NumberFromEnvironment("KORVEL_SEED", testsOwn);
 }
 
 // One thread only.

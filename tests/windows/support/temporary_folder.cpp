@@ -1,4 +1,5 @@
-// Creates the folder in the usual one and sets TMP to it, the variable that Windows checks first.
+// Creates the folder inside the usual temporary folder, and sets TMP to it, the variable that
+// Windows checks first.
 #include "windows/support/temporary_folder.h"
 
 #include <windows.h>

@@ -6,7 +6,7 @@
 namespace korvel::test {
 namespace {
 
-constexpr DWORD kLookPeriodMs = 2;
+constexpr DWORD kPollPeriodMs = 2;
 
 void DispatchWaitingMessages() {
   MSG message;
@@ -21,7 +21,7 @@ bool WaitUntil(const std::function<bool()>& condition, std::chrono::milliseconds
     DispatchWaitingMessages();
     if (condition()) return true;
     if (std::chrono::steady_clock::now() > end) return false;
-    Sleep(kLookPeriodMs);
+    Sleep(kPollPeriodMs);
   }
 }
 

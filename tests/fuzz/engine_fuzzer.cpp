@@ -72,7 +72,7 @@ class Player {
     return values[choices_.StepBelow(kSize)];
   }
 
-  // Runs one piece of the worker's work, and the restart that it may have requested.
+  // Runs one unit of the worker's work, and then the restart that it may have requested.
   void Work(const std::function<void()>& run) {
     BeginWork();
     paintings_ = 0;
@@ -128,7 +128,7 @@ class Player {
     const auto source = static_cast<std::int32_t>(choices_.StepBelow(32));
     // A timer that fires is no longer pending.
     if (type == EventType::TimerFired) TheHost().timers.erase(static_cast<std::uint32_t>(value));
-    Fail();
+    ArmFailure();
     Work([&] { static_cast<void>(RaiseOutsideEvent(source, type, value)); });
   }
 
@@ -142,7 +142,7 @@ class Player {
   void EnterScene() {
     const ObjectName scene = choices_.ObjectOf(SetOf(ItemType::Scene));
     if (CurrentApplication() == nullptr) return;
-    Fail();
+    ArmFailure();
     Work([&] { static_cast<void>(TransitionTo(scene.group.value_or("~/s"))); });
   }
 
@@ -160,7 +160,7 @@ class Player {
     }
     ActionList actions;
     GroupMaker<Choices>(choices_).Fill(actions);
-    Fail();
+    ArmFailure();
     Work([&] {
       static_cast<void>(RunActions(isScene ? Scope::SceneFirst : Scope::ApplicationFirst,
                                    {&actions, group}, NameOf(*group)));
@@ -187,8 +187,8 @@ class Player {
     }
   }
 
-  // Makes an allocation fail in the work that follows, if an earlier step has chosen one.
-  void Fail() { FailAllocation(std::exchange(failingAllocation_, 0)); }
+  // Makes an allocation fail in the next unit of work, if an earlier step has chosen one.
+  void ArmFailure() { FailAllocation(std::exchange(failingAllocation_, 0)); }
 
   // Reads the display stack as a painting does and, if the input chooses so, raises the event of a
   // missing picture for each visible.
@@ -226,8 +226,7 @@ class Player {
   }
 
   static constexpr int kMostRestarts = 3;
-  static constexpr int kMostCheckedPaintings =
-      20;  // in one step, because each check visits all objects
+  static constexpr int kMostCheckedPaintings = 20;  // per step: each check visits all objects
 
   Choices& choices_;
   std::vector<KnownObject> groups_;  // the carousel's groups
@@ -250,7 +249,7 @@ void PlaySoundApplication() {
   static_cast<void>(RaiseOutsideEvent(0, EventType::UserInput, keys::kRed));
   const FoundObject variable = FindObject(Scope::ApplicationFirst, "~/a", 1);
   Require(variable && variable.As<IntegerVariable>().Value == kSoundResult,
-          "a sound application answers a key");
+          "a sound application reacts to a key");
   CheckState();
   CloseDown();
   ResetEngine();

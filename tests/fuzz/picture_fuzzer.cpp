@@ -1,5 +1,5 @@
-// Reads a picture size from any bytes, which must end and stay within the file. Then does the same
-// as for an I-frame stream, whose size must be one that can be decoded, or none.
+// Examines any bytes as a picture file, which must end and stay within the file. Then reads their
+// frame size as an I-frame stream, which must be a size that can be decoded, or none.
 #include <cstdint>
 #include <cstdlib>
 

@@ -11,14 +11,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   korvel::OwnedGroup group;
   korvel::TextReport report;
   const bool isGood = korvel::ReadTextGroup(text, group, report) == korvel::TextResult::Done;
-  // Each error is at a later place than the one before, and within the text.
+  // Each error begins after the start of the one before it, and lies within the text.
   std::uint64_t end = 0;
   for (const korvel::TextError& error : report.errors) {
     if (error.offset < end || error.offset + error.length > size) std::abort();
     end = error.offset + std::uint64_t{1};
   }
   if (isGood != report.errors.IsEmpty()) std::abort();
-  // The reader without a report accepts all that the other one accepts.
+  // A group that is accepted with a report is accepted without one, with the same records.
   korvel::OwnedGroup plain;
   const bool isPlainGood = korvel::ReadTextGroup(text, plain) == korvel::TextResult::Done;
   if (isGood && (!isPlainGood || *plain != *group)) std::abort();

@@ -36,23 +36,23 @@ std::string TakePrinted() {
   return text;
 }
 
-std::uint64_t NumberFrom(const char* variable, std::uint64_t otherwise) {
+std::uint64_t NumberFrom(const char* variable, std::uint64_t fallback) {
   const char* text = std::getenv(variable);
-  return text == nullptr ? otherwise : std::strtoull(text, nullptr, 10);
+  return text == nullptr ? fallback : std::strtoull(text, nullptr, 10);
 }
 
-// The same few texts occur in many cases, so each is read once.
+// Many cases contain the same texts, so each text is compiled once.
 const std::string& Compiled(const std::string& text) {
-  static std::unordered_map<std::string, std::string> known;
-  if (known.size() > 10'000) known.clear();
-  std::string& bytes = known[text];
+  static std::unordered_map<std::string, std::string> cache;
+  if (cache.size() > 10'000) cache.clear();
+  std::string& bytes = cache[text];
   if (bytes.empty()) bytes = CompileText(text);
   return bytes;
 }
 const ActionList& ActionsOf(const Step& step) {
-  static std::unordered_map<std::string, OwnedGroup> known;
-  if (known.size() > 10'000) known.clear();
-  OwnedGroup& group = known[step.Text()];
+  static std::unordered_map<std::string, OwnedGroup> cache;
+  if (cache.size() > 10'000) cache.clear();
+  OwnedGroup& group = cache[step.Text()];
   if (group) return group->OnCloseDown;
   // The textual notation lacks SetCellPosition: read a DrawLine and replace its action number.
   Step written = step;
@@ -82,10 +82,10 @@ std::string Step::Text() const {
   return text + last + ")";
 }
 
-std::string Watch(std::int32_t source, std::string_view event, std::string_view data) {
+std::string WatchLinks(std::int32_t source, std::string_view event, std::string_view data) {
   const auto& words = kWords<EventType>;
-  const auto place = std::find(words.begin(), words.end(), event) - words.begin();
-  std::int32_t number = 10'000 * source + 100 * static_cast<std::int32_t>(place + 1);
+  const auto index = std::find(words.begin(), words.end(), event) - words.begin();
+  std::int32_t number = 10'000 * source + 100 * static_cast<std::int32_t>(index + 1);
   std::string links;
   const auto add = [&](const std::string& value, std::string_view mark) {
     links += "{:Link " + std::to_string(number++) + " :Shared TRUE :EventSource " +

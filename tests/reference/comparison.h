@@ -19,8 +19,8 @@
 
 namespace korvel::test {
 
-// The same numbers on every machine, which the distributions of the standard library do not
-// promise.
+// Generates the same numbers on every machine, which the distributions of the standard library do
+// not promise.
 class Random {
  public:
   explicit Random(std::uint64_t seed) : state_(seed * 0xD1342543DE82EF95U) {}
@@ -47,16 +47,16 @@ class Random {
   std::uint64_t state_;
 };
 
-// The element that content calls by this number, from 1.
+// The element at a 1-based index.
 template <class List> auto& At(List& list, std::int32_t number) {
   return list[static_cast<std::size_t>(number) - 1];
 }
 
 // An elementary action with a target and integers or references, which are written alike. Three
-// steps are not actions: "Key" has a key number; "Enter" has an entry field and a character, which
-// arrives only while the field interacts; "Raise" has the number of the source, the event type, the
-// kind and the value of the data, and the source's group, or no group for an event that is raised
-// by type.
+// kinds of step are not actions: "Key" has a key number; "Enter" has an entry field and a
+// character, which arrives only while the field interacts; "Raise" has the number of the source,
+// the event type, the kind and the value of the data, and the source's group, or no group for an
+// event that is raised by type.
 struct Step {
   std::string action;
   std::vector<std::int32_t> numbers;  // the target comes first
@@ -100,16 +100,19 @@ template <class... Values> std::string Words(const Values&... values) {
 
 // Links of the application that write the marks of an event to its log. `data` is "integer",
 // "boolean" or "none".
-std::string Watch(std::int32_t source, std::string_view event, std::string_view data = "integer");
+std::string WatchLinks(std::int32_t source, std::string_view event,
+                       std::string_view data = "integer");
 
 // The number of the variable that collects the marks.
 inline constexpr std::int32_t kLog = 900;
 
-// Actions that end their list and everything up the stack, and the message that they print.
+// Actions that fail, which ends their list and all lists that caused it, and the message that they
+// print.
 inline constexpr std::string_view kFail = ":MoveTo((\"~/a\" 901) 5) :Move((\"~/a\" 901) 1)";
 inline constexpr std::string_view kFailMessage = "Element Error\n";
 
-// Ends what runs and starts the application "~/a" with these items. `scenes` are groups by file.
+// Starts the application "~/a" with these items, in place of the running one. `scenes` maps file
+// names to groups in the textual notation.
 void StartCase(const std::string& items, const std::map<std::string, std::string>& scenes);
 Outcome Play(const Step& step);
 
@@ -122,7 +125,8 @@ std::string StackText();
 
 // ---- The comparison ----
 
-// Runs the engine for the cases of one test: it collects what the engine prints, and ends it.
+// Collects everything that the engine prints while the object exists. The destructor ends the
+// engine.
 class EngineRun {
  public:
   EngineRun();
@@ -135,57 +139,58 @@ std::uint64_t FirstSeed();
 std::uint64_t CaseCount(std::uint64_t usual);
 std::string Difference(const Outcome& model, const Outcome& engine);
 
-// The scenes of a case, for the pieces that have some.
-template <class Piece, class Setup>
+// The scenes of a case, if the subject has any.
+template <class Subject, class Setup>
 std::map<std::string, std::string> ScenesOf(const Setup& setup) {
-  if constexpr (requires { Piece::Scenes(setup); }) {
-    return Piece::Scenes(setup);
+  if constexpr (requires { Subject::Scenes(setup); }) {
+    return Subject::Scenes(setup);
   } else {
     return {};
   }
 }
 
-// Plays a step, in the piece's own way if it has one.
-template <class Piece> Outcome PlayStep(const Step& step) {
-  if constexpr (requires { Piece::Play(step); }) {
-    return Piece::Play(step);
+// Plays a step, with the subject's own function if it has one.
+template <class Subject> Outcome PlayStep(const Step& step) {
+  if constexpr (requires { Subject::Play(step); }) {
+    return Subject::Play(step);
   } else {
     return Play(step);
   }
 }
 
 // The difference between model and engine after one of the steps, or nothing.
-template <class Piece, class Setup>
+template <class Subject, class Setup>
 std::optional<std::string> FindDifference(const Setup& setup, const std::vector<Step>& steps) {
-  StartCase(Piece::Items(setup), ScenesOf<Piece>(setup));
-  typename Piece::Model model(setup);
-  if (Piece::EngineState(setup) != model.State()) {
-    return "at the start\n  model  " + model.State() + "\n  engine " + Piece::EngineState(setup);
+  StartCase(Subject::Items(setup), ScenesOf<Subject>(setup));
+  typename Subject::Model model(setup);
+  if (Subject::EngineState(setup) != model.State()) {
+    return "at the start\n  model  " + model.State() + "\n  engine " + Subject::EngineState(setup);
   }
   for (const Step& step : steps) {
-    const Outcome engine = PlayStep<Piece>(step);
+    const Outcome engine = PlayStep<Subject>(step);
     const Outcome expected = model.Do(step);
     if (engine != expected) return "after " + step.Text() + Difference(expected, engine);
-    if (Piece::EngineState(setup) != model.State()) {
+    if (Subject::EngineState(setup) != model.State()) {
       return "after " + step.Text() + "\n  model  " + model.State() + "\n  engine " +
-             Piece::EngineState(setup);
+             Subject::EngineState(setup);
     }
   }
   return std::nullopt;
 }
 
 // Removes every step without which the case still differs.
-template <class Piece, class Setup> void Shrink(const Setup& setup, std::vector<Step>& steps) {
+template <class Subject, class Setup> void Shrink(const Setup& setup, std::vector<Step>& steps) {
   for (std::size_t i = steps.size(); i-- > 0;) {
     std::vector<Step> fewer = steps;
     fewer.erase(fewer.begin() + static_cast<std::ptrdiff_t>(i));
-    if (FindDifference<Piece>(setup, fewer)) steps = fewer;
+    if (FindDifference<Subject>(setup, fewer)) steps = fewer;
   }
 }
 
-// `Piece` has a type Model, which is made of a setup and has Do(step) and State(), and the
-// functions MakeSetup(random), MakeSteps(random, setup), Items(setup) and EngineState(setup).
-template <class Piece> void CompareWithEngine(std::uint64_t usualCases) {
+// `Subject` has a type Model, which is constructed from a setup and has Do(step) and State(),
+// and the functions MakeSetup(random), MakeSteps(random, setup), Items(setup) and
+// EngineState(setup).
+template <class Subject> void CompareWithEngine(std::uint64_t usualCases) {
   std::optional<std::string> report;
   {
     const EngineRun run;
@@ -193,14 +198,14 @@ template <class Piece> void CompareWithEngine(std::uint64_t usualCases) {
     const std::uint64_t count = CaseCount(usualCases);
     for (std::uint64_t seed = first; seed < first + count && !report; ++seed) {
       Random random(seed);
-      const auto setup = Piece::MakeSetup(random);
-      std::vector<Step> steps = Piece::MakeSteps(random, setup);
-      if (!FindDifference<Piece>(setup, steps)) continue;
-      Shrink<Piece>(setup, steps);
-      report = "seed " + std::to_string(seed) + "\n" + Piece::Items(setup) + "\n";
-      for (const auto& [file, text] : ScenesOf<Piece>(setup)) *report += text + "\n";
+      const auto setup = Subject::MakeSetup(random);
+      std::vector<Step> steps = Subject::MakeSteps(random, setup);
+      if (!FindDifference<Subject>(setup, steps)) continue;
+      Shrink<Subject>(setup, steps);
+      report = "seed " + std::to_string(seed) + "\n" + Subject::Items(setup) + "\n";
+      for (const auto& [file, text] : ScenesOf<Subject>(setup)) *report += text + "\n";
       for (const Step& step : steps) *report += step.Text() + "\n";
-      *report += *FindDifference<Piece>(setup, steps);
+      *report += *FindDifference<Subject>(setup, steps);
     }
   }
   if (report) ADD_FAILURE() << *report;

@@ -15,7 +15,7 @@ class EntryFieldModel {
   struct Setup {
     std::string text;
     std::int32_t maxLength;  // 0: no limit
-    bool isFullFailing;      // a link on EntryFieldFull ends everything
+    bool isFullFailing;      // a link on EntryFieldFull fails
     bool isCompletedFailing;
     std::string inputType, charList;
   };
@@ -81,20 +81,20 @@ class EntryFieldModel {
   }
 
   Status Enter(char character) {
-    const std::int32_t most = setup_.maxLength;
+    const std::int32_t limit = setup_.maxLength;
     const bool isLineEnd = character == '\r' || character == '\n';
-    if (most < 0) return Status::Refused;
-    if (!isOverwriting_ && most == 0 && isLineEnd) return Complete();
-    if (most >= 1 && (isOverwriting_ ? entryPoint_ >= most : Length() + 1 >= most)) return Full();
-    // A character after the end of the text is appended, but within a maximum length it is
-    // overwritten in place.
-    if (most >= 1 && isOverwriting_ && Length() < entryPoint_) {
+    if (limit < 0) return Status::Refused;
+    if (!isOverwriting_ && limit == 0 && isLineEnd) return Complete();
+    if (limit >= 1 && (isOverwriting_ ? entryPoint_ : Length() + 1) >= limit) return Full();
+    // An entry point beyond the end of the text means its end. Overwriting with a maximum length
+    // instead extends the text to the entry point with zero bytes.
+    if (limit >= 1 && isOverwriting_ && Length() < entryPoint_) {
       text_.resize(static_cast<std::size_t>(entryPoint_), '\0');
     }
-    const std::int32_t place = std::min(entryPoint_, Length());
-    if (isOverwriting_ && place < Length()) text_.erase(static_cast<std::size_t>(place), 1);
-    text_.insert(static_cast<std::size_t>(place), 1, character);
-    entryPoint_ = place + 1;
+    const std::int32_t index = std::min(entryPoint_, Length());
+    if (isOverwriting_ && index < Length()) text_.erase(static_cast<std::size_t>(index), 1);
+    text_.insert(static_cast<std::size_t>(index), 1, character);
+    entryPoint_ = index + 1;
     Redraw();
     return Status::Done;
   }

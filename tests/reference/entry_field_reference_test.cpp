@@ -7,7 +7,7 @@
 namespace korvel::test {
 namespace {
 
-struct EntryFieldPiece {
+struct EntryFieldSubject {
   using Model = EntryFieldModel;
   using Setup = Model::Setup;
 
@@ -71,8 +71,8 @@ struct EntryFieldPiece {
                        " :InputType " + setup.inputType + " :CharList \"" + setup.charList + "\"" +
                        "} {:IntegerVar 60 :OrigValue -9} {:BooleanVar 61 :OrigValue FALSE}"
                        " {:OStringVar 62 :OrigValue \"\"}\n" +
-                       Watch(1, "EntryFieldFull", "none") +
-                       Watch(1, "InteractionCompleted", "none");
+                       WatchLinks(1, "EntryFieldFull", "none") +
+                       WatchLinks(1, "InteractionCompleted", "none");
     if (setup.isFullFailing) text += fail(71, "EntryFieldFull");
     if (setup.isCompletedFailing) text += fail(72, "InteractionCompleted");
     return text;
@@ -88,7 +88,7 @@ struct EntryFieldPiece {
 };
 
 TEST(EntryFieldReference, an_entry_field_behaves_like_its_model) {
-  CompareWithEngine<EntryFieldPiece>(2000);
+  CompareWithEngine<EntryFieldSubject>(2000);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The links of a case: what they wait for, what they do, and their text.
+// The links of a case: their events, their effects, and their textual notation.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ struct ModelEvent {
   ValueKind kind = ValueKind::None;
   std::int32_t value = 0;
 };
-// An effect after the mark of the link.
+// An action of a link. The link first appends its mark to the log.
 struct ModelEffect {
   enum Kind { Send, Activate, Deactivate, Transition, Fail } kind;
   ModelEvent event;    // Send

@@ -19,7 +19,7 @@ constexpr std::array kTypes = {EventType::UserInput, EventType::EngineEvent, Eve
 constexpr std::array kSceneTypes = {EventType::IsAvailable, EventType::ContentAvailable,
                                     EventType::IsRunning, EventType::IsDeleted};
 
-struct LinkPiece {
+struct LinkSubject {
   using Model = LinkModel;
   using Setup = Model::Setup;
 
@@ -138,7 +138,7 @@ struct LinkPiece {
   }
 };
 
-TEST(LinkReference, links_run_like_their_model) { CompareWithEngine<LinkPiece>(500); }
+TEST(LinkReference, links_run_like_their_model) { CompareWithEngine<LinkSubject>(500); }
 
 }  // namespace
 }  // namespace korvel::test

@@ -15,7 +15,7 @@ class ListGroupModel {
   struct Setup {
     int itemCount, visibleCount, cellCount;  // the items are the visibles 1 to itemCount
     bool isActive, wrapAround, multipleSelection;
-    std::string failing;  // the event on which a link ends everything, or none
+    std::string failing;  // the event on which a link fails; empty: none
   };
 
   explicit ListGroupModel(const Setup& setup) : setup_(setup) {
@@ -59,7 +59,7 @@ class ListGroupModel {
     }
     if (action == "SetFirstItem") Change([&] { list_.first = n; });
     if (action == "AddItem") Add(n, last);
-    if (action == "DelItem") Delete(list_.PlaceOf(n));
+    if (action == "DelItem") Delete(list_.PositionOf(n));
     if (action == "SetCellPosition" && list_.K() != 0) {
       At(list_.cells, cell) = last;
       LayOut();
@@ -108,10 +108,10 @@ class ListGroupModel {
     if (list_.Head() != before.Head()) Raise("HeadItems", list_.Head());
     if (list_.Tail() != before.Tail()) Raise("TailItems", list_.Tail());
   }
-  // Only a visible that is not yet in the list.
+  // Adds the visible unless the list already contains it.
   void Add(std::int32_t i, std::int32_t visible) {
     if (i < 1 || i > list_.N() + 1) return;
-    if (visible > setup_.visibleCount || list_.PlaceOf(visible) != 0) return;
+    if (visible > setup_.visibleCount || list_.PositionOf(visible) != 0) return;
     Change([&] { list_.items.insert(list_.items.begin() + (i - 1), {visible}); });
   }
   void Delete(std::int32_t i) {

@@ -7,7 +7,7 @@
 namespace korvel::test {
 namespace {
 
-struct ListGroupPiece {
+struct ListGroupSubject {
   using Model = ListGroupModel;
   using Setup = Model::Setup;
 
@@ -71,11 +71,11 @@ struct ListGroupPiece {
     if (!setup.isActive) text += " :InitiallyActive FALSE";
     if (setup.wrapAround) text += " :WrapAround TRUE";
     if (setup.multipleSelection) text += " :MultipleSelection TRUE";
-    text += "}\n" + Watch(50, "FirstItemPresented", "boolean") +
-            Watch(50, "LastItemPresented", "boolean");
+    text += "}\n" + WatchLinks(50, "FirstItemPresented", "boolean") +
+            WatchLinks(50, "LastItemPresented", "boolean");
     for (const char* event : {"HeadItems", "TailItems", "ItemSelected", "ItemDeselected",
                               "TokenMovedFrom", "TokenMovedTo"}) {
-      text += Watch(50, event);
+      text += WatchLinks(50, event);
     }
     if (!setup.failing.empty()) {
       text += "{:Link 71 :EventSource 50 :EventType " + setup.failing + " :LinkEffect (" +
@@ -99,7 +99,7 @@ struct ListGroupPiece {
 };
 
 TEST(ListGroupReference, a_list_group_behaves_like_its_model) {
-  CompareWithEngine<ListGroupPiece>(500);
+  CompareWithEngine<ListGroupSubject>(500);
 }
 
 }  // namespace

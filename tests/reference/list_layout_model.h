@@ -28,7 +28,7 @@ struct ListLayoutModel {
   std::int32_t N() const { return static_cast<std::int32_t>(items.size()); }
   std::int32_t K() const { return static_cast<std::int32_t>(cells.size()); }
 
-  std::int32_t PlaceOf(std::int32_t visible) const {
+  std::int32_t PositionOf(std::int32_t visible) const {
     for (std::int32_t i = 1; i <= N(); ++i) {
       if (At(items, i).visible == visible) return i;
     }
@@ -40,13 +40,13 @@ struct ListLayoutModel {
     if (!wrapAround || N() == 0) return n;
     return n % N() == 0 ? N() : n % N();
   }
-  // The index of the item that an action names, or 0.
+  // The index of the item that an action's number refers to, or 0.
   std::int32_t IndexOf(std::int32_t n) const {
     if (N() == 0 || (!wrapAround && (n < 1 || n > N()))) return 0;
     return Reduced(n) < 1 ? 1 : Reduced(n);
   }
 
-  // The visible that belongs into a cell, or 0.
+  // The visible that belongs in a cell, or 0.
   std::int32_t VisibleInCell(std::int32_t cell) const {
     const std::int32_t start = Reduced(first) < 1 ? 1 : Reduced(first);
     if (wrapAround && cell <= N()) return At(items, (start - 1 + cell - 1) % N() + 1).visible;
@@ -67,7 +67,7 @@ struct ListLayoutModel {
     }
     for (std::int32_t cell = 1; cell <= K(); ++cell) {
       if (At(placed, cell) == 0) continue;
-      ModelItem& item = At(items, PlaceOf(At(placed, cell)));
+      ModelItem& item = At(items, PositionOf(At(placed, cell)));
       if (!item.isPresented) stack.push_back(item.visible);
       item.isPresented = true;
       y[item.visible] = At(cells, cell);

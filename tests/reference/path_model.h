@@ -1,4 +1,4 @@
-// A reference model of names: the file that a group name or a content reference means, and the
+// A reference model of names: the file to which a group name or a content reference refers, and the
 // current directory after Launch and Spawn.
 #pragma once
 
@@ -15,14 +15,15 @@ class PathModel {
 
   explicit PathModel(const Setup& /*setup*/) {}
 
-  // A step has a name, and 1 if every file exists. The fetched paths take the place of the events.
+  // `step.last` is a name, and the step's number is 1 if every file exists. The result holds the
+  // fetched paths instead of events.
   Outcome Do(const Step& step) {
     const std::string& name = step.last;
     if (step.action == "Content") return {Status::Done, ContentPath(name), "", 0};
     if (step.action == "Spawn" && waiting_ == 5) return {Status::Refused, "", "", 0};
     if (step.action == "Spawn") ++waiting_;
     // No file has an empty path.
-    const bool isFound = step.numbers[0] == 1 && !IsRefused(name) && Fetched(name) != "[]";
+    const bool isFound = step.numbers[0] == 1 && !IsRejected(name) && Fetched(name) != "[]";
     Outcome outcome{isFound ? Status::Done : Status::Refused, Fetched(name), "", 0};
     if (isFound && step.action == "Launch") EnterByLaunch(name);
     if (isFound && step.action == "Spawn") EnterBySpawn(name);
@@ -43,7 +44,7 @@ class PathModel {
     return name.size() > 1 ? name.find('/') + 1 : 0;  // 0 without a slash
   }
 
-  bool IsRefused(const std::string& name) const {
+  bool IsRejected(const std::string& name) const {
     if (name.starts_with("CI:")) return true;
     const std::string rest = name.substr(Start(name));
     return rest.starts_with("/..") || (directory_.empty() && rest.starts_with(".."));
@@ -66,7 +67,7 @@ class PathModel {
   }
 
   std::string Fetched(const std::string& name) const {
-    return IsRefused(name) ? "" : "[" + Normalised(FileOf(name)) + "]";
+    return IsRejected(name) ? "" : "[" + Normalised(FileOf(name)) + "]";
   }
 
   void EnterByLaunch(const std::string& name) {

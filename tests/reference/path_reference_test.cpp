@@ -10,7 +10,7 @@
 namespace korvel::test {
 namespace {
 
-struct PathPiece {
+struct PathSubject {
   using Model = PathModel;
   using Setup = Model::Setup;
 
@@ -74,7 +74,7 @@ struct PathPiece {
 };
 
 TEST(PathReference, names_mean_the_same_files_as_in_the_model) {
-  CompareWithEngine<PathPiece>(2000);
+  CompareWithEngine<PathSubject>(2000);
 }
 
 }  // namespace

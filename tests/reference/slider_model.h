@@ -14,7 +14,7 @@ class SliderModel {
   struct Setup {
     std::int32_t least, most, initialValue, initialPortion, step;
     std::string style;
-    bool isFailing;  // a link on InteractionCompleted may end everything
+    bool isFailing;  // a link on InteractionCompleted fails
   };
 
   explicit SliderModel(const Setup& setup)
@@ -38,7 +38,7 @@ class SliderModel {
 
  private:
   bool IsProportional() const { return setup_.style == "proportional"; }
-  void ForgetPortion() {
+  void ClearPortion() {
     if (!IsProportional()) portion_ = 0;
   }
 
@@ -49,7 +49,7 @@ class SliderModel {
   }
 
   void StepBy(std::int64_t steps) {
-    ForgetPortion();
+    ClearPortion();
     const std::int64_t candidate = steps * setup_.step + value_;
     if (candidate < setup_.least || candidate + portion_ > setup_.most) return;
     if (candidate > INT32_MAX) return;  // possible with a negative portion
@@ -59,7 +59,7 @@ class SliderModel {
 
   // A step size of 0 has no multiples.
   void SetValue(std::int64_t value) {
-    ForgetPortion();
+    ClearPortion();
     if (value < setup_.least || value > setup_.most - portion_) return;
     if (setup_.step == 0 || (value - setup_.least) % setup_.step != 0) return;
     value_ = value;
@@ -68,7 +68,7 @@ class SliderModel {
 
   // The portion has no lower bound.
   void SetPortion(std::int64_t portion) {
-    ForgetPortion();
+    ClearPortion();
     if (!IsProportional() || portion > setup_.most - value_) return;
     portion_ = portion;
     Complete();

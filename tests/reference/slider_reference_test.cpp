@@ -7,7 +7,7 @@
 namespace korvel::test {
 namespace {
 
-struct SliderPiece {
+struct SliderSubject {
   using Model = SliderModel;
   using Setup = Model::Setup;
 
@@ -50,7 +50,7 @@ struct SliderPiece {
         attribute("MaxValue", setup.most) + attribute("InitialValue", setup.initialValue) +
         attribute("InitialPortion", setup.initialPortion) + attribute("StepSize", setup.step) +
         " :SliderStyle " + setup.style + "} {:IntegerVar 60 :OrigValue -77}\n" +
-        Watch(1, "InteractionCompleted", "none");
+        WatchLinks(1, "InteractionCompleted", "none");
     if (setup.isFailing) {
       text += "{:Link 71 :EventSource 1 :EventType InteractionCompleted"
               " :LinkEffect (" +
@@ -65,7 +65,7 @@ struct SliderPiece {
   }
 };
 
-TEST(SliderReference, a_slider_behaves_like_its_model) { CompareWithEngine<SliderPiece>(2000); }
+TEST(SliderReference, a_slider_behaves_like_its_model) { CompareWithEngine<SliderSubject>(2000); }
 
 }  // namespace
 }  // namespace korvel::test

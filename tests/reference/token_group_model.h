@@ -1,5 +1,5 @@
-// A reference model of the token of token groups and list groups: movements, action slots, and what
-// links do that answer the events of a move.
+// A reference model of the token of token groups and list groups: movements, action slots, and
+// links that react to the events of a move.
 #pragma once
 
 #include <cstdint>
@@ -23,20 +23,21 @@ class TokenGroupModel {
     std::vector<Effect> effects;
   };
   // A link that waits for an event of the group once: it deactivates itself first.
-  struct Answer {
+  struct Reaction {
     std::string event;
     bool isForAnyPosition;
     std::int32_t position;
     Effect effect;
     bool isActive = false;
   };
-  static constexpr std::int32_t kFirstAnswer = 70;  // the number of the first of these links
+  static constexpr std::int32_t kFirstReaction = 70;  // the object number of the first such link
   struct Setup {
     bool isActive, isListGroup;
     std::vector<std::vector<std::int32_t>> movements;
     std::vector<std::vector<Slot>> members;  // the slots of each
     std::vector<Slot> noTokenSlots;
-    std::vector<Answer> answers;  // three at most: an event runs five links, two of them watch it
+    // At most three, because an event runs only five links, and two of those record the event.
+    std::vector<Reaction> reactions;
   };
 
   explicit TokenGroupModel(const Setup& setup) : setup_(setup) {
@@ -47,8 +48,8 @@ class TokenGroupModel {
     done_ = {};
     const std::int32_t number = step.numbers.back();
     if (step.action == "Activate") {
-      const std::int32_t answer = number - kFirstAnswer;
-      if (answer < std::ssize(setup_.answers)) At(setup_.answers, answer + 1).isActive = true;
+      const std::int32_t index = number - kFirstReaction + 1;
+      if (index <= std::ssize(setup_.reactions)) At(setup_.reactions, index).isActive = true;
     } else if (step.action == "GetTokenPosition") {
       if (setup_.isActive) integer_ = token_;
     } else {
@@ -59,7 +60,7 @@ class TokenGroupModel {
 
   std::string State() const {
     std::string text = Words(token_, integer_);
-    for (const Answer& answer : setup_.answers) text += Words(answer.isActive);
+    for (const Reaction& reaction : setup_.reactions) text += Words(reaction.isActive);
     return text;
   }
 
@@ -115,14 +116,14 @@ class TokenGroupModel {
   Status Raise(const std::string& event, std::int32_t position) {
     done_.events += Mark(event, position);
     std::vector<std::size_t> collected;
-    for (std::size_t i = 0; i < setup_.answers.size(); ++i) {
-      const Answer& answer = setup_.answers[i];
-      const bool isPosition = answer.isForAnyPosition || answer.position == position;
-      if (answer.isActive && answer.event == event && isPosition) collected.push_back(i);
+    for (std::size_t i = 0; i < setup_.reactions.size(); ++i) {
+      const Reaction& reaction = setup_.reactions[i];
+      const bool isPosition = reaction.isForAnyPosition || reaction.position == position;
+      if (reaction.isActive && reaction.event == event && isPosition) collected.push_back(i);
     }
     for (const std::size_t i : collected) {
-      setup_.answers[i].isActive = false;
-      if (Act(setup_.answers[i].effect) == Status::Failure) return Status::Failure;
+      setup_.reactions[i].isActive = false;
+      if (Act(setup_.reactions[i].effect) == Status::Failure) return Status::Failure;
     }
     return Status::Done;
   }

@@ -7,7 +7,7 @@
 namespace korvel::test {
 namespace {
 
-struct TokenGroupPiece {
+struct TokenGroupSubject {
   using Model = TokenGroupModel;
   using Setup = Model::Setup;
 
@@ -38,10 +38,10 @@ struct TokenGroupPiece {
       setup.members.push_back(RandomSlots(random, "slot" + std::to_string(count) + "."));
     }
     for (std::int32_t count = random.Between(0, 3); count > 0 && random.OneIn(2); --count) {
-      Model::Answer answer{random.OneIn(2) ? "TokenMovedFrom" : "TokenMovedTo", random.OneIn(3),
-                           random.Between(-1, 5), RandomEffect(random)};
-      if (random.OneIn(4)) answer.effect = {"CallActionSlot", random.Between(0, 3)};
-      setup.answers.push_back(answer);
+      Model::Reaction reaction{random.OneIn(2) ? "TokenMovedFrom" : "TokenMovedTo", random.OneIn(3),
+                               random.Between(-1, 5), RandomEffect(random)};
+      if (random.OneIn(4)) reaction.effect = {"CallActionSlot", random.Between(0, 3)};
+      setup.reactions.push_back(reaction);
     }
     return setup;
   }
@@ -57,8 +57,8 @@ struct TokenGroupPiece {
           {"CallActionSlot", {50, random.Around(-1, 4)}},
           {"CallActionSlot", {50, random.Around(1, 3)}},
           {"GetTokenPosition", {50, 60}},
-          {"Activate", {Model::kFirstAnswer + random.Between(0, 2)}},
-          {"Activate", {Model::kFirstAnswer + random.Between(0, 2)}}};
+          {"Activate", {Model::kFirstReaction + random.Between(0, 2)}},
+          {"Activate", {Model::kFirstReaction + random.Between(0, 2)}}};
       steps.push_back(random.Of(choices));
     }
     return steps;
@@ -100,14 +100,14 @@ struct TokenGroupPiece {
             ") :NoTokenActionSlots (" + SlotsText(setup.noTokenSlots) + ")";
     if (setup.isListGroup) text += " :Positions ()";
     if (!setup.isActive) text += " :InitiallyActive FALSE";
-    text += "}\n" + Watch(50, "TokenMovedFrom") + Watch(50, "TokenMovedTo");
-    std::int32_t number = Model::kFirstAnswer;
-    for (const Model::Answer& answer : setup.answers) {
+    text += "}\n" + WatchLinks(50, "TokenMovedFrom") + WatchLinks(50, "TokenMovedTo");
+    std::int32_t number = Model::kFirstReaction;
+    for (const Model::Reaction& reaction : setup.reactions) {
       text += "{:Link " + std::to_string(number) + " :InitiallyActive FALSE :EventSource 50" +
-              " :EventType " + answer.event;
-      if (!answer.isForAnyPosition) text += " :EventData " + std::to_string(answer.position);
+              " :EventType " + reaction.event;
+      if (!reaction.isForAnyPosition) text += " :EventData " + std::to_string(reaction.position);
       text += " :LinkEffect (:Deactivate(" + std::to_string(number++) + ") " +
-              EffectText(answer.effect) + ")}\n";
+              EffectText(reaction.effect) + ")}\n";
     }
     return text;
   }
@@ -115,15 +115,17 @@ struct TokenGroupPiece {
   static std::string EngineState(const Setup& setup) {
     std::string text =
         Words(ObjectOf<TokenGroup>(50).TokenPosition, ObjectOf<IntegerVariable>(60).Value);
-    for (std::size_t i = 0; i < setup.answers.size(); ++i) {
+    for (std::size_t i = 0; i < setup.reactions.size(); ++i) {
       text +=
-          Words(ObjectOf<Link>(Model::kFirstAnswer + static_cast<std::int32_t>(i)).RunningStatus);
+          Words(ObjectOf<Link>(Model::kFirstReaction + static_cast<std::int32_t>(i)).RunningStatus);
     }
     return text;
   }
 };
 
-TEST(TokenGroupReference, a_token_moves_like_its_model) { CompareWithEngine<TokenGroupPiece>(500); }
+TEST(TokenGroupReference, a_token_moves_like_its_model) {
+  CompareWithEngine<TokenGroupSubject>(500);
+}
 
 }  // namespace
 }  // namespace korvel::test

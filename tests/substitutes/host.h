@@ -17,7 +17,8 @@ struct FakeHost {
   std::map<std::string, std::string> files;
   bool mayRun = true;
   bool isClosing = false;
-  std::uint32_t checksUntilClose = 0;  // this call of IsClosing requests a close (1: next; 0: none)
+  std::uint32_t checksUntilClose =
+      0;  // which call of IsClosing requests a close (1: next; 0: none)
   std::uint32_t milliseconds = 0;
   std::uint32_t millisecondsPerReading = 0;  // added to the clock by each reading
   std::uint32_t seconds = 0;

@@ -12,8 +12,8 @@ void FailAllocation(std::size_t n);
 bool HasFailedAllocation();
 
 // Repeats `work`, failing its first allocation, then its second, until none has failed. Each time
-// calls `check` with the result of `work` and whether an allocation has failed. Returns how often
-// one has.
+// calls `check` with the result of `work` and whether an allocation has failed. Returns the number
+// of failed allocations.
 template <class Work, class Check>
 std::size_t FailEachInTurn(const Work& work, const Check& check) {
   for (std::size_t n = 1;; ++n) {
@@ -29,7 +29,7 @@ std::size_t FailEachInTurn(const Work& work, const Check& check) {
 // Makes every allocation of more than `bytes` fail from now on.
 void LimitBlocks(std::size_t bytes);
 
-// The number of blocks that are allocated now.
+// The number of blocks that are currently allocated.
 std::size_t LiveBlocks();
 
 }  // namespace korvel::test

@@ -92,7 +92,7 @@ inline std::string SceneText(std::string_view name, std::string_view items,
 
 // ---- Running the engine ----
 
-// Runs `work` and adds what it printed to `printed`.
+// Runs `work`, appends its standard output to `printed`, and returns its result.
 template <class Work> auto WithOutputIn(std::string& printed, Work&& work) {
   struct Capture {
     explicit Capture(std::string& sink) : sink_(sink) { testing::internal::CaptureStdout(); }
@@ -139,14 +139,14 @@ class EngineTest : public testing::Test {
     Serve(file, SceneText("~/" + file, items, attributes));
   }
 
-  // Runs `work` as the worker handles one key or timer: ended groups are released before, not
-  // after.
+  // Runs `work` as the worker handles one key or timer: groups that have ended are released before
+  // it, not after it.
   template <class Work> auto Do(Work&& work) {
     BeginWork();
-    return GoOn(work);
+    return Continue(work);
   }
-  // Runs `work` as part of the work that Do began last: ended groups are not released first.
-  template <class Work> auto GoOn(Work&& work) { return WithOutputIn(printed_, work); }
+  // Runs `work` as a continuation of the last Do: groups that have ended are not released first.
+  template <class Work> auto Continue(Work&& work) { return WithOutputIn(printed_, work); }
   Status Start(std::string_view path = "") {
     return Do([&] { return StartEngine(path); });
   }

@@ -1,4 +1,4 @@
-// Converts numbers to bytes, for files that tests write.
+// Converts numbers to bytes, for files that tests build.
 #pragma once
 
 #include <cstdint>

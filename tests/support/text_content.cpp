@@ -1,4 +1,4 @@
-// Reads and compiles the texts of tests.
+// Parses and compiles groups in the textual notation.
 #include "support/text_content.h"
 
 #include <gtest/gtest.h>

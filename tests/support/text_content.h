@@ -1,5 +1,5 @@
-// Converts a group in the textual notation to records or BER bytes. A text that cannot be read
-// fails the current test, with the position and the expected token in the message.
+// Converts a group in the textual notation to records or BER bytes. A syntax error fails the
+// current test, with the position and the expected token in the message.
 #pragma once
 
 #include <string>
@@ -9,11 +9,11 @@
 
 namespace korvel {
 
-// The group of a text. References without a group name are completed with the group's own name, as
-// the engine does after decoding.
+// Returns the group's records. References without a group name are completed with the group's own
+// name, as the engine does after decoding.
 [[nodiscard]] OwnedGroup ParseText(std::string_view text);
 
-// The BER bytes of a text's group; empty if the text cannot be read.
+// Returns the group's BER bytes; empty after a syntax error.
 [[nodiscard]] std::string CompileText(std::string_view text);
 
 }  // namespace korvel

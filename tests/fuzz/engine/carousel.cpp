@@ -72,9 +72,9 @@ class GroupChanger {
   template <class Record> void ChangeAttribute(Record& record) {
     std::uint32_t count = 0;
     ForEachAttribute<Record>([&](const auto& /*attribute*/) { ++count; });
-    std::uint32_t left = choices_.Below(count);
+    std::uint32_t remaining = choices_.Below(count);
     ForEachAttribute<Record>([&](const auto& attribute) {
-      if (left-- == 0) ChangeField<Record>(record.*attribute.field);
+      if (remaining-- == 0) ChangeField<Record>(record.*attribute.field);
     });
   }
 
@@ -91,9 +91,9 @@ class GroupChanger {
   template <class... Records> void ChangeItems(Classes<Records...> classes, List<Item>& items) {
     const std::uint32_t kind = choices_.Below(8);
     if (items.IsEmpty() || kind == 0) {
-      std::uint32_t left = choices_.Below(sizeof...(Records));
+      std::uint32_t remaining = choices_.Below(sizeof...(Records));
       return ForEachClass(classes, [&]<class Record>() {
-        if (left-- == 0) maker_.Add(items, maker_.template MakeItem<Record>());
+        if (remaining-- == 0) maker_.Add(items, maker_.template MakeItem<Record>());
       });
     }
     Item& item = OneOf(items);

@@ -16,10 +16,10 @@ void LoadSeeds();
 // The bytes of a group in the textual notation, which must be correct.
 std::string CompileGroup(std::string_view text);
 
-// The files of a carousel, by name. Tells `choices` which objects they hold.
+// Makes a carousel, and adds its objects to those that `choices` knows. Returns the files by name.
 std::map<std::string, std::string> MakeCarousel(Choices& choices);
 
-// Makes the choices know a group and its objects.
+// Adds a group and its objects to those that `choices` knows.
 void AddKnown(const Group& group, Choices& choices);
 
 }  // namespace korvel::test

@@ -1,7 +1,7 @@
-// Turns the fuzzer's input into decisions about content and about the viewer's steps. Content is
-// decided by the bytes at the front, steps by those at the back, so that a mutation of one keeps
-// the other. After the last byte the decisions are pseudo-random, so that a short input already
-// plays a whole carousel.
+// Turns the fuzzer's input into decisions about content and about the viewer's steps. The bytes at
+// the front decide the content, those at the back the steps, so that a mutation of one keeps the
+// other. After the last byte the decisions are pseudo-random, so that even a short input plays a
+// whole carousel.
 #pragma once
 
 #include <array>
@@ -15,7 +15,7 @@
 
 namespace korvel::test {
 
-// An object of the carousel that references may name.
+// An object of the carousel, to which references may refer.
 struct KnownObject {
   ItemType type = ItemType::None;
   ObjectName name;
@@ -36,7 +36,7 @@ class Choices {
     input_ = input_.subspan(1);
     return byte % limit;
   }
-  // The same for a step.
+  // As Below, but for a step.
   std::uint32_t StepBelow(std::uint32_t limit) {
     if (input_.empty()) return NextRandom() % limit;
     const std::uint32_t byte = input_.back();
@@ -49,7 +49,7 @@ class Choices {
   [[nodiscard]] static constexpr bool IsComplete() { return false; }
   bool Sometimes() { return Below(4) != 0; }
 
-  // Mostly small, so that it often equals the number of an item, a place, a key or a timer.
+  // Mostly small, so that it often equals the number of an item, a list entry, a key or a timer.
   std::int32_t Integer();
   std::string Octets();
   std::int32_t EnumerationNumber(std::uint32_t count) {
@@ -61,8 +61,8 @@ class Choices {
   std::size_t ItemCount(ItemType type) { return Below(type == ItemType::Link ? 8 : 2); }
   std::vector<ChosenAction> Actions();
 
-  // For the content that is made next: its group, the objects that its references may name, and the
-  // highest action number.
+  // For the content that is made next: its group, the objects to which its references may refer,
+  // and the highest action number.
   std::string groupName;
   std::vector<KnownObject> known;
   std::uint8_t lastAction = kDecodedActionCount;

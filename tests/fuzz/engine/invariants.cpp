@@ -114,7 +114,7 @@ void CheckStatuses(const LivingObjects& objects) {
     constexpr ClassSet activated = kPrograms | SetOf(ItemType::Link);
     const bool mayRun =
         living.object.object->AvailabilityStatus || Contains(activated, living.object.type);
-    RequireOf(living, mayRun || !isRunning, "what runs is available");
+    RequireOf(living, mayRun || !isRunning, "a running object is available");
     if (IsVisibleClass(living.object.type)) {
       RequireOf(living, !isRunning || living.entries == 1, "a running visible is stacked");
     }
@@ -152,8 +152,8 @@ void CheckTimers() {
 
 using FirstObjects = std::map<std::pair<std::string_view, std::int32_t>, const Root*>;
 
-// Adds the objects, except those after the first of the same name and number: a search never finds
-// these.
+// Adds the objects. Of several with the same name and number, adds only the first, because a search
+// never finds the others.
 void AddFirst(const List<Item>& items, FirstObjects& objects) {
   for (const Item& item : items) {
     const ObjectReference& reference = item.Record()->Reference;
@@ -176,9 +176,10 @@ void CheckIndex() {
   for (const Group* group : LivingGroups()) AddFirst(group->Items, objects);
   for (const auto& [name, object] : objects) {
     const std::string_view group = object->Reference.GroupIdentifier.View();
-    // A pending close ends searches early, and this search may make the check that begins a close.
+    // A pending close ends searches early, and this search may itself cause the close, because it
+    // calls IsClosing.
     const FoundObject found = FindObject(Scope::SceneFirst, group, name.second);
-    Require(found.object == object || IsClosing(), "the index finds what a walk finds");
+    Require(found.object == object || IsClosing(), "the index finds the same object as a walk");
   }
 }
 
@@ -203,9 +204,10 @@ void CheckRegisters() {
 
 void CheckState() {
   const Core& core = TheCore();
-  Require(core.busyCount == 0 && core.nestingLevel == 0, "nothing is left on the call stack");
+  Require(core.busyCount == 0 && core.nestingLevel == 0, "no action or event is in progress");
   Require(core.redrawHolds == 0, "no redraw is held");
-  Require(core.applicationStack.Size() <= kMostSpawnedApplications, "few applications wait");
+  Require(core.applicationStack.Size() <= kMostSpawnedApplications,
+          "the number of waiting applications is within its limit");
   LivingObjects objects = Collect();
   CheckLinks(objects);
   CheckDisplayStack(objects);

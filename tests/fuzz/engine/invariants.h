@@ -15,9 +15,9 @@ void CheckRegisters();
 // limit.
 void CheckNesting();
 
-// For use between two steps. Also checks that nothing is left on the call stack, only available
-// objects run, at most one interaction is in progress, and of a running object, the timers agree
-// with those of the platform, and the index finds the same objects as a search of all items.
+// For use between two steps. Also checks that no action or event is in progress, only available
+// objects run, at most one interaction is in progress and its object runs, the timers agree with
+// those of the platform, and the index finds the same objects as a search of all items.
 void CheckState();
 
 }  // namespace korvel::test

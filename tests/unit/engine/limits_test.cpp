@@ -120,7 +120,7 @@ TEST_F(Limits, a_link_that_requests_the_missing_file_again_fails) {
 TEST_F(Limits, one_piece_of_work_may_run_a_million_actions) {
   EXPECT_EQ(Do([] { return TakeActions(2 * kActionLimit); }), kActionLimit);
   EXPECT_EQ(Printed(), kTooMany);
-  EXPECT_FALSE(GoOn([] { return TakeAction(); }));
+  EXPECT_FALSE(Continue([] { return TakeAction(); }));
   EXPECT_EQ(Printed(), "") << "reported once";
 }
 

@@ -114,7 +114,7 @@ TEST_F(OutOfMemory, the_engine_works_after_an_event_that_ran_out_of_memory) {
   for (std::size_t failing = 1; failing <= 20; ++failing) {
     BeginWork();
     FailAllocation(failing);
-    static_cast<void>(GoOn([] { return RaiseOutsideEvent(0, EventType::UserInput, 100); }));
+    static_cast<void>(Continue([] { return RaiseOutsideEvent(0, EventType::UserInput, 100); }));
     FailAllocation(0);
   }
   TakeNotes();

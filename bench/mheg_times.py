@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Times `mheg` on a carousel of 1,000 scenes and, for comparison, `cat` of the same files.
+"""Times `mheg` on a carousel of 1,000 scenes, and `cat` of the same files for comparison.
 
 Usage: mheg_times.py MHEG RESULTS
 Writes the shortest times to RESULTS, in Google Benchmark's JSON format.
@@ -42,8 +42,8 @@ def write_carousel(folder):
 
 
 def seconds_of(command, prepare=lambda: None):
-    """The shortest time. Ends the program if the command reports anything. The time of `prepare`,
-    which is called before each run, does not count."""
+    """The shortest time of several runs. Ends the program if the command prints an error. Calls
+    `prepare` before each run, outside the measured time."""
     best, spent, runs = float("inf"), 0, 0
     while runs < LEAST_RUNS or spent < LEAST_SECONDS:
         prepare()
@@ -60,7 +60,7 @@ def main():
     mheg, results = sys.argv[1:]
     work = pathlib.Path(tempfile.mkdtemp())
     try:
-        texts = write_carousel(work / "texts")
+        sources = write_carousel(work / "sources")
         compiled = work / "compiled"
         rows = []
 
@@ -71,20 +71,20 @@ def main():
                 rows.append({"name": f"mheg/{name}_{label}", "time_unit": "ms",
                              "real_time": seconds_of(command, prepare) * 1e3, "cat": cat * 1e3})
 
-        measure("compile", ["compile", *texts, "-o", f"{compiled}/"], texts)
+        measure("compile", ["compile", *sources, "-o", f"{compiled}/"], sources)
         binaries = sorted(map(str, compiled.iterdir()))
         measure("check", ["check", str(compiled)], binaries)
         measure("decompile", ["decompile", *binaries, "-o", f"{work}/decompiled/"], binaries)
-        texts_folder, copy, built = work / "texts", work / "copy", work / "built"
+        sources_folder, copy, built = work / "sources", work / "copy", work / "built"
 
-        def copy_texts():
+        def copy_sources():
             shutil.rmtree(copy, ignore_errors=True)
-            shutil.copytree(texts_folder, copy)
+            shutil.copytree(sources_folder, copy)
 
-        measure("build", ["build", str(texts_folder), "-o", str(built)], texts,
+        measure("build", ["build", str(sources_folder), "-o", str(built)], sources,
                 lambda: shutil.rmtree(built, ignore_errors=True))
-        measure("build_again", ["build", str(texts_folder), "-o", str(built)], texts)
-        measure("format", ["format", str(copy)], texts, copy_texts)
+        measure("build_again", ["build", str(sources_folder), "-o", str(built)], sources)
+        measure("format", ["format", str(copy)], sources, copy_sources)
         pathlib.Path(results).write_text(json.dumps({"benchmarks": rows}, indent=1))
     finally:
         shutil.rmtree(work)

@@ -1,7 +1,7 @@
 #!/bin/sh
 # Builds and runs the benchmarks, and prints their results as one table. The results and the curves
-# are in build/bench/. An optional argument is a pattern of the native benchmarks to run; the ones
-# under Wine then do not run.
+# are in build/bench/. The optional argument is a pattern that selects native benchmarks; those
+# under Wine are then skipped.
 # Usage: [DOCS=1] bench.sh [PATTERN]
 #   DOCS=1   copies the curves to docs/curves/
 set -eu

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Fails if a source file is not formatted as .clang-format demands, or if a line of any file that we
-# write by hand is longer than 100 columns. With --fix, formats the sources.
+# Fails if a source file is not formatted as .clang-format requires, or if a line of a source,
+# script or CMake file is longer than 100 columns. With --fix, formats the sources.
 cd "$(dirname "$0")/.." || exit 1
 mode="--dry-run --Werror"
 [ "${1-}" != --fix ] || mode=-i

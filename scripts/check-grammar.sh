@@ -1,6 +1,6 @@
 #!/bin/sh
-# Tokenizes texts with the grammar for editors. npm downloads the tokenizer, once, in the versions
-# and with the checksums of tests/editors/package-lock.json.
+# Tokenizes source files with the grammar for editors. npm downloads the tokenizer once, in the
+# versions and with the checksums of tests/editors/package-lock.json.
 set -eu
 cd "$(dirname "$0")/.."
 work=build/grammar/editors

@@ -16,7 +16,7 @@ import sys
 GOALS = {"lines": 99.5, "branches": 95.0}
 FOLDERS = ["objects", "objects/ber", "platform", "appearance", "engine", "actions", "textual",
            "dump"]
-# The tests of the other tools run nothing of the portable folders.
+# The tests of the other tools execute no code of the portable folders.
 PROGRAMS = ["objects", "appearance", "engine", "actions", "textual", "dump", "demos", "mheg",
             "reference"]
 ROOT = pathlib.Path(__file__).resolve().parent.parent
@@ -27,7 +27,7 @@ def run_tests(programs):
     """Runs each program once. True if all tests pass."""
     profiles = BUILD / "profiles"
     shutil.rmtree(profiles, ignore_errors=True)
-    # %m is a number of the program: repeated runs, as of the tool in its tests, add to one file.
+    # %m identifies the program: repeated runs, as of the tool in its tests, are merged in one file.
     environment = dict(os.environ, LLVM_PROFILE_FILE=str(profiles / "%m.profraw"))
     passed = True
     for program in programs:

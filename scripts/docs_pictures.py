@@ -26,7 +26,7 @@ STORED = {
 # The picture of all demos: a large screen and five small ones, on a card with round corners.
 LARGE, SMALL = (700, 560), (340, 272)
 ACROSS, DOWN, MARGIN = SMALL[0] + 20, SMALL[1] + 16, 28
-PLACES = {
+POSITIONS = {
     "news": (0, 0),
     "welcome": (2, 0),
     "quiz": (2, 1),
@@ -35,20 +35,20 @@ PLACES = {
     "gallery": (2, 2),
 }
 CARD, EDGE = "#060B16", RAISED
-FINER = 4  # corners are drawn this many times larger, and then reduced
+SCALE = 4  # corners are drawn this many times larger, and then reduced
 
 
 def round_mask(size, radius):
-    mask = Image.new("L", (size[0] * FINER, size[1] * FINER))
+    mask = Image.new("L", (size[0] * SCALE, size[1] * SCALE))
     box = (0, 0, mask.width - 1, mask.height - 1)
-    ImageDraw.Draw(mask).rounded_rectangle(box, radius * FINER, fill=255)
+    ImageDraw.Draw(mask).rounded_rectangle(box, radius * SCALE, fill=255)
     return mask.resize(size, Image.LANCZOS)
 
 
 def all_demos():
     size = (3 * ACROSS - 20 + 2 * MARGIN, 3 * DOWN - 16 + 2 * MARGIN)
     card = Image.new("RGB", size, CARD)
-    for demo, (column, row) in PLACES.items():
+    for demo, (column, row) in POSITIONS.items():
         shown = LARGE if demo == "news" else SMALL
         x, y = MARGIN + column * ACROSS, MARGIN + row * DOWN
         edge = (shown[0] + 4, shown[1] + 4)

@@ -1,7 +1,7 @@
 #!/bin/sh
 # Plays for a long time: a million keys and timer expiries in the demos natively, and as many keys
-# as a viewer presses in eleven hours on the library under Wine. Plots what the process holds to
-# build/endurance/*.svg. STEPS and KEYS set other numbers.
+# as a viewer presses in eleven hours on the library under Wine. Plots the resources that the
+# processes hold to build/endurance/*.svg. STEPS and KEYS set other numbers.
 cd "$(dirname "$0")/.." || exit 1
 . scripts/wine-server.sh
 folder=$PWD/build/endurance

@@ -4,8 +4,8 @@
 # the number of packages it installed. Exits with 1 if a target failed. Run it before a release.
 # Usage, as root: [NAME=VALUE] fresh-machine.sh [TARGET...]
 #   TARGET       default: all targets that users begin with
-#   SECONDS=60   how long `fuzz` runs each reader
-#   LIMIT=7200   how many seconds a target may take
+#   SECONDS=60   how many seconds `fuzz` runs each fuzz target
+#   LIMIT=7200   how many seconds a make target may take
 #   KEEP=1       keeps the systems of targets that passed; those of failed targets are always kept
 # Everything is in build/fresh/: the new system, the downloaded packages (so the time of a target
 # does not always include the download), and for each target its system and TARGET.log.
@@ -66,5 +66,5 @@ for target; do
   printf "$format" "$target" "$result" "$(($(date +%s) - began))" "$installed"
   [ "$result" = failed ] || [ -n "${KEEP-}" ] || rm -rf "$machine"
 done
-[ "$status" -eq 0 ] || echo "Failed targets have their output in $fresh/TARGET.log."
+[ "$status" -eq 0 ] || echo "The output of failed targets is in $fresh/TARGET.log."
 exit "$status"

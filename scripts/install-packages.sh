@@ -24,7 +24,7 @@ for task; do
     coverage) packages="$packages clang libclang-rt-dev llvm libgtest-dev openssl python3" ;;
     mutants) packages="$packages libgtest-dev openssl python3" ;;
     grammar)
-      # Node's own packages bring npm along, and conflict with Debian's.
+      # The packages of nodejs.org include npm, and conflict with Debian's package npm.
       command -v npm >/dev/null || packages="$packages nodejs npm"
       ;;
     format) packages="$packages clang-format" ;;
@@ -50,6 +50,6 @@ as_root=""
 [ "$(id -u)" -eq 0 ] || as_root="sudo"
 echo "Installing packages:$missing"
 $as_root apt-get update -q ||
-  echo "$0: apt-get update failed for some source; the packages may be found all the same" >&2
+  echo "$0: apt-get update failed for a source; the packages may still be found" >&2
 $as_root env DEBIAN_FRONTEND=noninteractive \
   apt-get install -q -y --no-install-recommends $missing

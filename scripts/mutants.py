@@ -1,14 +1,15 @@
 #!/usr/bin/python3
-"""Breaks the portable sources one place at a time and counts how many of these mutants the native
-tests notice.
+"""Changes the portable sources in one place at a time, and counts how many of these mutants the
+native tests notice.
 
 Usage: mutants.py [COUNT [SEED]]
-Needs the programs of the preset `mutants`. The places are a random sample, another one for each
-seed. A change of a source changes only its own part of the sample. A mutant is noticed if a test
-fails, crashes or runs far longer than usual. One that does not compile, or whose optimised code is
-that of the source, is replaced by the next of the sample. The ones that no test notices are listed
-in build/mutants/survivors.txt. Exits with 1 if fewer are noticed than the goal. No source is
-changed: each mutant is a copy, whose object file is linked before the library of the others.
+Needs the programs of the preset `mutants`. The places are a random sample that depends on the seed.
+Editing a source changes only its own part of the sample. A mutant is noticed if a test fails,
+crashes or runs far longer than usual. A mutant that does not compile, or whose optimised code
+equals that of the source, is replaced by the next of the sample. The mutants that no test notices
+are listed in build/mutants/survivors.txt. Exits with 1 if fewer are noticed than the goal. No
+source is changed: each mutant is a copy, whose object file is linked before the library of the
+others.
 """
 import collections
 import itertools
@@ -27,12 +28,12 @@ import sys
 GOAL = 95.0
 JOBS = 2
 FOLDERS = ["objects", "objects/ber", "appearance", "engine", "actions", "textual", "dump"]
-# Tests have a memory of their own.
+# The tests link a substitute for the allocator instead.
 SUBSTITUTED = ["memory.cpp"]
-# The tests of the other tools run nothing of the portable folders.
+# The tests of the other tools execute no code of the portable folders.
 PROGRAMS = ["objects", "appearance", "engine", "actions", "textual", "dump", "demos", "mheg",
             "reference"]
-# The tests of the same name call this program.
+# The tests of this tool also run its program.
 TOOL = "mheg"
 MOST_MEMORY = 2 << 30
 # A test that takes longer than this many seconds runs after all the others.
@@ -40,8 +41,8 @@ LONG = 0.3
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build/mutants"
 
-# The kind of change, what it looks for, and its replacement. Sources are laid out by clang-format,
-# so an operator has spaces around it and a bracket of a template has not.
+# The kind of change, the pattern to find, and its replacement. Sources are formatted by
+# clang-format, so an operator has spaces around it and a bracket of a template does not.
 RULES = [(kind, re.compile(pattern), replacement) for kind, pattern, replacement in [
     ("bound", r"(?<= )<=(?= )", "<"),
     ("bound", r"(?<= )>=(?= )", ">"),
@@ -95,7 +96,7 @@ def mutants_of(path):
 
 
 def sample(seed):
-    """All mutants in a random order. A mutant's place in it follows from its lines alone."""
+    """All mutants in a random order. A mutant's position in it depends only on its lines."""
     sources = [path for folder in FOLDERS for path in sorted((ROOT / "src" / folder).glob("*.cpp"))
                if path.name not in SUBSTITUTED]
     found = [mutant for path in sources for mutant in mutants_of(path)]
@@ -103,7 +104,7 @@ def sample(seed):
         f"{seed} {mutant.path.name} {mutant.old} {mutant.new}").random())
 
 
-def place(mutant):
+def location(mutant):
     return f"{mutant.path.relative_to(ROOT)}:{mutant.line + 1}: {mutant.kind}"
 
 
@@ -173,7 +174,7 @@ class Laboratory:
         return built if finished.returncode == 0 else None
 
     def is_same_code(self, mutant, folder):
-        """Whether the mutant means the same as the source, as far as the optimiser can tell."""
+        """Whether the optimiser generates the same code for the mutant as for the source."""
         old, new = [self.build_object(mutant, line, folder, "-O2", "-g0").read_bytes()
                     for line in (mutant.old, mutant.new)]
         return old == new
@@ -219,10 +220,10 @@ def main():
                 if outcome is not None:
                     results.append((mutant, outcome))
                 if outcome is False:
-                    print(f"No test notices {place(mutant)}", flush=True)
+                    print(f"No test notices {location(mutant)}", flush=True)
                 if outcome is not None and len(results) % 20 == 0:
                     print(f"{len(results)} of {count} mutants are tested", flush=True)
-    survivors = [f"{place(mutant)}\n  - {mutant.old.strip()}\n  + {mutant.new.strip()}\n"
+    survivors = [f"{location(mutant)}\n  - {mutant.old.strip()}\n  + {mutant.new.strip()}\n"
                  for mutant, outcome in results if not outcome]
     (BUILD / "survivors.txt").write_text("".join(sorted(survivors)))
     noticed = len(results) - len(survivors)

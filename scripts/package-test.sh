@@ -1,5 +1,5 @@
 #!/bin/sh
-# Uses the packages in build/package as their receivers do, with nothing else of this project:
+# Uses the packages in build/package as their users do, with nothing else of this project:
 # compares the list of their files with tests/packages/*.list, runs mheg from the Debian package,
 # and builds the smallest host with MinGW by hand, with MinGW by CMake, and with clang and lld-link
 # as MSVC does. All hosts run under Wine, the 32-bit ones in a system of their own
@@ -7,9 +7,9 @@
 # first failure. Needs root. ACCEPT=1 stores the lists and the transcript.
 set -eu
 cd "$(dirname "$0")/.."
-[ "$(id -u)" -eq 0 ] || { echo "$0: needs root, to run 32-bit programs in a system" >&2; exit 2; }
+[ "$(id -u)" -eq 0 ] || { echo "$0: needs root, to run 32-bit programs" >&2; exit 2; }
 . scripts/root.sh
-unset MAKEFLAGS MAKELEVEL  # a make that make calls prints its folders
+unset MAKEFLAGS MAKELEVEL  # otherwise a make called here prints the folders that it enters
 version=$(sed -n 's/^#define KORVEL_VERSION "\(.*\)"/\1/p' include/korvel.h)
 packages=$PWD/build/package
 work=$PWD/build/package-test
@@ -20,7 +20,8 @@ same() {
   if [ -n "${ACCEPT-}" ]; then cp "$2" "$1"; else diff "$1" "$2"; fi
 }
 
-# check_list LIST ROOT, with the names in the package on standard input: all files are in ROOT.
+# check_list LIST ROOT: compares the names of a package's files, on standard input, with the stored
+# list. All of them must be in the folder ROOT.
 check_list() {
   grep -v '/$' | LC_ALL=C sort >"$work/names"
   if grep -v "^$2/" "$work/names"; then return 1; fi
@@ -28,7 +29,7 @@ check_list() {
   same "tests/packages/$1.list" "$work/list"
 }
 
-# check_links FOLDER: the relative links of the pages in it lead to files.
+# check_links FOLDER: fails unless the relative links of the pages in it lead to files.
 check_links() {
   find "$1" -name '*.md' | while read -r page; do
     grep -o '](\([^):#]*\))' "$page" | while read -r link; do
@@ -50,8 +51,8 @@ build_hosts() {
   cmp "$package/build/korvel.dll" "$package/bin/korvel.dll"
   cp "$package/build/host.exe" "$package/bin/by-cmake.exe"
 
-  # The C library and the Windows headers are MinGW's, because Microsoft's are not free; they want a
-  # compiler that looks like GCC. The program begins with main itself: msvcrt.dll needs no start-up
+  # The C library and the Windows headers are MinGW's, because Microsoft's are not free; they need a
+  # compiler that claims to be GCC. The entry point is main, because msvcrt.dll needs no start-up
   # code.
   processor_macro=
   [ "$1" != i686-w64-mingw32 ] || processor_macro=-D_X86_
@@ -66,7 +67,8 @@ build_hosts() {
     -out:"$package/bin/by-lld-link.exe" "$package/host.obj" "$package/lib/korvel.lib" "$@"
 }
 
-# check_symbols TRIPLE: each product in $package is stripped, and names the file of its symbols.
+# check_symbols TRIPLE: fails unless each product in $package is stripped and refers to the file of
+# its symbols.
 check_symbols() {
   for symbols in "$package"/bin/*.debug; do
     product=${symbols%.debug}

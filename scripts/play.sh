@@ -11,7 +11,7 @@ case $demo in
 *) carousel=build/native/examples/$demo script=examples/$demo/play.script ;;
 esac
 if [ ! -d "$carousel" ]; then
-  echo "There is no demo '$demo', but: $(ls build/native/examples | grep -v -i cmake | xargs)" >&2
+  echo "There is no demo '$demo'. Demos: $(ls build/native/examples | grep -v -i cmake | xargs)" >&2
   exit 2
 fi
 player=build/win64/bin/korvel-player.exe

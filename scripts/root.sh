@@ -27,8 +27,8 @@ make_root() {
 }
 
 # run_in_root ROOT FOLDER COMMAND...: runs the command in that system, in FOLDER, which the system
-# shares with this machine under the same absolute name. The mounts and all processes live in
-# namespaces of their own, so they are gone when the command ends or is interrupted.
+# shares with this machine under the same absolute name. The mounts and all processes are in
+# namespaces of their own, so they disappear when the command ends or is interrupted.
 run_in_root() {
   unshare --mount --pid --fork --kill-child sh -ec '
     root=$1 folder=$2
@@ -49,8 +49,8 @@ run_in_root() {
   return "$1"
 }
 
-# install_system SUITE ROOT PACKAGE ...: installs in the folder ROOT, unless that has the same
-# packages already, a Debian that can run the Windows tests with Wine, whose packages are given.
+# install_system SUITE ROOT PACKAGE ...: installs in the folder ROOT a Debian that can run the
+# Windows tests. The packages are those of Wine. Does nothing if ROOT already has the same packages.
 install_system() {
   suite=$1
   root=$2
@@ -62,7 +62,7 @@ install_system() {
   make_root "$suite" "$root" &&
     run_in_root "$root" "$PWD" sh -ec '
       case "$*" in *:i386*) dpkg --add-architecture i386 ;; esac
-      apt-get update || echo "A source failed; the packages may be found all the same"
+      apt-get update || echo "apt-get update failed for a source; the packages may still be found"
       DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@"' sh "$@" &&
     echo "$*" >"$root/installed"
 }

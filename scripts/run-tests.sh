@@ -31,8 +31,8 @@ mkdir -p build
 trap stop_wine EXIT
 start_wine || fail "Wine does not start"
 for preset; do
-  # One native and one Windows build check that every header compiles alone. The native preset is
-  # optimised and has no tests but the one that counts the benchmarks' instructions.
+  # One native and one Windows build check that every header compiles alone. The preset `native` is
+  # optimised; its only test counts the instructions of the benchmarks.
   tests=KORVEL_TESTS headers=all_verify_interface_header_sets
   case $preset in
   native) tests=KORVEL_BENCH headers= ;;
@@ -42,7 +42,7 @@ for preset; do
     cmake --build --preset "$preset" --target all $headers; then
     count_tests "$preset"
   else
-    fail "$preset: the build failed; build/$preset.log tells how it was set up"
+    fail "$preset: the build failed; build/$preset.log has the output of the configuration"
   fi
 done
 

@@ -2,8 +2,8 @@
 """Collects the Windows tests and the scenarios in a folder that runs them without CTest.
 
 The list of tests, each with its program, name and folder, comes from CTest, so that the kit runs
-what `make test` runs under Wine. Tests that examine the files of the build, and those of the two
-tools' command lines, are shell scripts and stay out; the kit's own list names the rest.
+the same tests as `make test` under Wine. Tests that examine the files of the build, and those of
+the two tools' command lines, are shell scripts and are omitted.
 """
 
 import argparse

@@ -32,13 +32,13 @@ def reviewed():
 
 
 class Walls(unittest.TestCase):
-    def test_folders_include_what_the_reviewed_copy_says(self):
+    def test_folders_include_only_the_reviewed_folders(self):
         seen = {folder: set() for folder in reviewed()}
         for folder, header in includes():
             seen.setdefault(folder, set()).add(pathlib.PurePosixPath(header).parent.as_posix())
         self.assertEqual(seen, reviewed())
 
-    def test_folders_with_a_doorway_are_reached_through_it_alone(self):
+    def test_only_the_doorway_of_a_folder_is_included(self):
         for folder, header in includes():
             other = pathlib.PurePosixPath(header).parent.as_posix()
             if other in DOORWAYS:

@@ -56,8 +56,8 @@ class Row:
 def count_instructions(program, rows):
     """The instructions of one run, by workload and size.
 
-    Each has a process of its own: blocks that another workload has released must be cleared again,
-    which counts, while those from the system are clear.
+    Each has its own process: memory that another workload has released would have to be cleared
+    again, which takes instructions, while memory from the system is already cleared.
     """
     names = [f"{row.workload}/{size}" for row in rows for size in row.counts]
     with tempfile.TemporaryDirectory() as folder:

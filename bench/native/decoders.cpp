@@ -1,6 +1,6 @@
-// Other readers of the bytes of a scene: a generic ASN.1 decoder, a walk over the elements that
-// does nothing else, and a plain copy. And decoding itself, to compare starting and ending a scene
-// with.
+// References for decoding a scene: a generic ASN.1 decoder, a walk over the elements that does
+// nothing else, and a plain copy of the bytes. Decoding itself is the reference for starting and
+// ending a scene.
 #include <benchmark/benchmark.h>
 #include <libtasn1.h>
 

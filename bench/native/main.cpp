@@ -1,6 +1,6 @@
-// Measures the time of all workloads and of their references. The figure of a workload is the
-// shortest time of many runs, which other load of the machine affects least. Each reference is a
-// counter of the same name, in nanoseconds.
+// Measures the times of all workloads and their references. The result is the shortest time of many
+// runs, which other load of the machine affects least. Each reference is a counter of the same
+// name, in nanoseconds.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -47,8 +47,8 @@ struct Measured {
   [[nodiscard]] double SecondsPerUnit() const { return best.count() / work.units; }
 };
 
-// Measures one size. `all` holds the workload and then its references, as the smaller size left
-// them; those that have become too slow are left out.
+// Measures one size. `all` holds the workload and then its references, with the times of the next
+// smaller size. Removes those that would take too long at this size.
 void Measure(benchmark::State& state, int size, std::vector<Measured>& all) {
   if (all[0].IsTooSlowAt(size)) state.SkipWithError("takes too long");
   for (auto _ : state) {

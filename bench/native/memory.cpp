@@ -1,6 +1,6 @@
-// Memory: the bytes of decoded scenes and of their BER form, and the allocations of work that
-// content repeats for as long as it runs. Counts every allocation of the process: the C library
-// allows a program to replace its allocating functions.
+// Measures memory: the bytes of decoded scenes and of their BER form, and the allocations of
+// workloads that content repeats for as long as it runs. Counts every allocation of the process:
+// the C library allows a program to replace its allocating functions.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 

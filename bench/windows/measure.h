@@ -1,5 +1,5 @@
-// The harness of the Windows benchmarks: times calls that are interleaved, and writes the results
-// in the JSON form of Google Benchmark, so that one table shows these and the native ones.
+// The harness of the Windows benchmarks: times calls in turn, and writes the results in the JSON
+// form of Google Benchmark, so that one table shows these and the native ones.
 #pragma once
 
 #include <algorithm>

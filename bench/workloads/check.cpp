@@ -1,4 +1,5 @@
-// Checking carousels of many groups, given as folders and as files, and all kinds of references.
+// Workloads of `mheg check`: carousels of many groups, given as a folder or as files, a scene of
+// many links, and a scene of many objects.
 #include "mheg/check/check.h"
 
 #include <cstdlib>

@@ -5,7 +5,7 @@
 namespace bench {
 namespace {
 
-constexpr int kRaises = 100;  // of one run
+constexpr int kRaises = 100;  // in one run
 
 // `matching` links wait for the event, evenly spread over `size` links. `other` makes the links
 // that do not match.
@@ -27,7 +27,7 @@ Work Prepare(int size, int matching, std::string (*other)(int number), const std
           kRaises};
 }
 
-// The others wait for the same event from other sources.
+// The links that do not match wait for the same event from other sources.
 Work PrepareSources(int size, int matching) {
   return Prepare(
       size, matching,
@@ -35,7 +35,7 @@ Work PrepareSources(int size, int matching) {
       "EngineEvent :EventData 7", korvel::EventType::EngineEvent, korvel::EventData::Integer(7));
 }
 
-// The others wait for other keys.
+// The links that do not match wait for other keys.
 Work PrepareKeys(int size) {
   return Prepare(
       size, 1,

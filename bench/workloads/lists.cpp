@@ -34,7 +34,7 @@ Work Prepare(int size, int cells, const std::string& actions, double units) {
   Require(running.RunningStatus && running.FirstItem == 1 &&
               running.ItemList.Size() == static_cast<std::size_t>(size) &&
               running.ItemList.At(0)->IsPresented,
-          "the list is not as it was");
+          "a run has changed the list");
   return work;
 }
 

@@ -1,3 +1,4 @@
+// Builds scenes from items in the textual notation, and starts them in the engine.
 #include "stage.h"
 
 #include <utility>
@@ -19,7 +20,7 @@ korvel::OwnedGroup Read(const std::string& items) {
   korvel::OwnedGroup group;
   const std::string text = "{:Scene (\"~/s\" 0) :Items (" + items + ")}";
   const auto result = korvel::ReadTextGroup(text, group);
-  if (result != korvel::TextResult::Done) Fail("this scene cannot be read: " + text);
+  if (result != korvel::TextResult::Done) Fail("a scene cannot be read: " + text);
   return group;
 }
 

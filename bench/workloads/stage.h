@@ -15,8 +15,8 @@ namespace bench {
 
 inline constexpr std::string_view kScene = "~/s";
 
-// A scene "~/s" with items in the textual notation. A text is limited to 64 KB, so the scene is
-// read in parts.
+// A scene "~/s" with items in the textual notation. The reader accepts at most 64 KB, so the items
+// are read in parts.
 [[nodiscard]] korvel::OwnedGroup SceneOf(const std::vector<std::string>& items);
 
 // The BER form of a group.
@@ -35,10 +35,10 @@ template <class Record> [[nodiscard]] Record& Object(std::int32_t number) {
 // A link that never fires: it only holds an action list, which RunEffect runs.
 [[nodiscard]] std::string ActionHolder(int number, const std::string& actions);
 
-// Runs the effect of a link of the scene, as a key does that fires it.
+// Runs the effect of a link of the scene, as a key that fires the link does.
 [[nodiscard]] Work RunEffect(int number, double units);
 
-// Item texts.
+// Items in the textual notation.
 [[nodiscard]] std::string IntegerVariable(int number);
 [[nodiscard]] std::string Rectangle(int number, std::string_view attributes = "");
 [[nodiscard]] std::string LinkOn(int number, int source, const std::string& event,

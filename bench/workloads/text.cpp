@@ -1,4 +1,5 @@
-// The textual notation: reading texts of one repeated piece of content, and writing a scene.
+// Workloads of the textual notation: reading one piece of content that is repeated, and writing a
+// scene.
 #include "textual/textual.h"
 
 #include <memory>
@@ -33,11 +34,11 @@ Work ReadText(const RepeatedText& repeated, int bytes) {
   return {[text = text + repeated.after] {
     korvel::OwnedGroup group;
     Require(korvel::ReadTextGroup(text, group) == korvel::TextResult::Done,
-            "a text cannot be read");
+            "a scene cannot be read");
   }};
 }
 
-// The size is that of the scene's BER form; its text is about three times as long.
+// `bytes` is the size of the scene's BER form; its textual notation is about three times as long.
 Work WriteText(int bytes) {
   return {[scene = std::shared_ptr<korvel::Group>(SampleSceneOfBytes(bytes))] {
     korvel::OctetString text;

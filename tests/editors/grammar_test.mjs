@@ -1,5 +1,5 @@
-// Tokenizes texts with the grammar in editors/ by the tokenizer of VS Code. Each word of a sample has
-// the expected scope, and no demo or scenario has an invalid token.
+// Tokenizes source files with the grammar in editors/ and the tokenizer of VS Code. Each word of a
+// sample must have the expected scope, and no demo or scenario may contain an invalid token.
 // Usage: node grammar_test.mjs SOURCE_FOLDER NODE_MODULES
 import fs from 'node:fs';
 import path from 'node:path';
@@ -40,13 +40,13 @@ function tokensOf(grammar, text) {
   return tokens;
 }
 
-function textsBelow(folder) {
+function sourcesBelow(folder) {
   return fs.readdirSync(folder, {recursive: true})
       .filter((name) => name.endsWith('.mheg'))
       .map((name) => path.join(folder, name));
 }
 
-// The files that the description of the extension names.
+// The extension's description must refer to existing files and agree with the grammar.
 function testExtension() {
   const folder = path.join(source, 'editors');
   const {contributes} = JSON.parse(fs.readFileSync(path.join(folder, 'package.json'), 'utf8'));
@@ -77,23 +77,23 @@ function testSample(grammar) {
   }
 }
 
-function testTexts(grammar) {
-  const texts = [...textsBelow(path.join(source, 'examples')),
-    ...textsBelow(path.join(source, 'tests/scenarios')),
-    ...textsBelow(path.join(source, 'tools/mheg/new/template'))];
-  if (texts.length < 100) fail(`only ${texts.length} texts were found`);
-  for (const text of texts) {
-    for (const {line, word, scope} of tokensOf(grammar, fs.readFileSync(text, 'utf8'))) {
+function testSources(grammar) {
+  const files = [...sourcesBelow(path.join(source, 'examples')),
+    ...sourcesBelow(path.join(source, 'tests/scenarios')),
+    ...sourcesBelow(path.join(source, 'tools/mheg/new/template'))];
+  if (files.length < 100) fail(`only ${files.length} source files were found`);
+  for (const file of files) {
+    for (const {line, word, scope} of tokensOf(grammar, fs.readFileSync(file, 'utf8'))) {
       if (scope.startsWith('invalid') || scope === 'source.mheg') {
-        fail(`${text}:${line}: "${word}" is ${scope}`);
+        fail(`${file}:${line}: "${word}" is ${scope}`);
       }
     }
   }
-  console.log(`${texts.length} texts are tokenized`);
+  console.log(`${files.length} source files are tokenized`);
 }
 
 const grammar = await loadGrammar();
 testExtension();
 testSample(grammar);
-testTexts(grammar);
+testSources(grammar);
 process.exit(failures > 0 ? 1 : 0);

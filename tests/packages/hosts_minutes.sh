@@ -1,6 +1,6 @@
 #!/bin/sh
 # Runs the commands of hosts_minutes.txt in the current folder and prints each, with its output, as
-# a terminal shows it. taskkill plays the viewer who closes the host's window.
+# a terminal shows it. taskkill closes the host's window, as a viewer does.
 # Usage: hosts_minutes.sh VERSION
 set -u
 export VERSION="$1"

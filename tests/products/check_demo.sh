@@ -9,7 +9,7 @@ trace=$(mktemp)
 trap 'rm -f "$trace"' EXIT
 "$@" run "examples/$demo" --script "examples/$demo/test.script" --trace >"$trace"
 diff "tests/golden/run/$demo.trace" "$trace" || {
-  echo "The trace has changed. If that is intended, renew it:"
+  echo "The trace has changed. If that is intended, store the new one:"
   echo "mheg run examples/$demo --script examples/$demo/test.script --trace" \
     ">tests/golden/run/$demo.trace"
   exit 1

@@ -1,7 +1,7 @@
 #!/bin/sh
 # Fails unless the Windows tool writes the same bytes, prints the same output and returns the same
-# status as the native one: compiled and decompiled groups, dumps, reports, messages about faulty
-# files.
+# status as the native one. Covers compiled and decompiled groups, dumps, reports, and messages
+# about faulty files.
 # Usage: check_mheg.sh WINE mheg.exe mheg SOURCE_FOLDER
 set -eu
 wine=$1
@@ -17,8 +17,9 @@ cp -r "$source"/tests/unit/mheg/faulty "$source"/tests/unit/mheg/mistakes "$work
 # These omit required attributes.
 rm "$work/texts/programs_variables.mheg" "$work/texts/links.mheg" "$work/texts/token_groups.mheg"
 
-# Runs both tools with these arguments, in folders of their own, and compares all their output.
-# Standard error has the line ends and the separators of the system.
+# both STATUS ARGUMENT ...: runs both tools with these arguments, each in its own folder, and
+# compares all their output. The line endings and path separators on standard error are those of the
+# system, so they are converted first.
 both() {
   status=$1
   shift
@@ -63,7 +64,7 @@ both 0 format texts
 mkdir -p "$work/windows" "$work/native"
 printf '\377\n' | tee "$work/windows/.carousel.mheg-build" >"$work/native/.carousel.mheg-build"
 both 0 build texts -o carousel --jobs 2
-[ "$(ls "$work/windows/carousel" | wc -l)" -eq "$count" ] || { echo "not all is built"; exit 1; }
+[ "$(ls "$work/windows/carousel" | wc -l)" -eq "$count" ] || { echo "not all are built"; exit 1; }
 both 2 build texts -o texts/carousel
 both 0 new made
 both 1 new texts
@@ -96,7 +97,7 @@ both 2 dump nowhere.mheg
 both 2 dump /nowhere.mheg
 both 0 decompile --help
 
-# A watching build notices changes under Windows, too.
+# `mheg build --watch` notices changes under Windows, too.
 cd "$work/windows"
 rm -rf carousel
 "$wine" "$windows" build texts -o carousel --watch >log 2>&1 &

@@ -1,7 +1,7 @@
 #!/bin/sh
 # Fails unless the player returns the right status (2 for wrong use or no application, 1 if no
-# engine starts, a text has an error or a picture does not become final in time), serves the files
-# as its options demand, writes pictures and scripts, and loads a changed folder again.
+# engine starts, a source file has an error or a picture does not become final in time), serves the
+# files as its options demand, writes pictures and scripts, and reloads a changed folder.
 # Usage: check_player.sh WINE korvel-player.exe mheg
 set -eu
 wine=$1
@@ -14,6 +14,7 @@ mkdir carousel
 printf 'press Red\n' >wrong_script
 cp "$player" player_alone.exe
 
+# expect STATUS COMMAND ...: also expects $lines lines on standard error.
 expect() {
   status=$1
   shift
@@ -53,7 +54,7 @@ printf 'key Red\nshot slow.png\nexit\n' >slow_script
 lines=1
 expect 1 "$player" slow --script slow_script --limit 1
 grep -q '^korvel-player: no final picture for slow.png within the limit' err || { cat err; exit 1; }
-[ -f slow.png ] || { echo "what was seen at the limit is not kept"; exit 1; }
+[ -f slow.png ] || { echo "no picture of the state at the limit"; exit 1; }
 lines=0
 expect 0 "$player" slow --script slow_script
 
@@ -62,13 +63,15 @@ fail() {
   cat err
   exit 1
 }
-# Fails unless the last run has printed a line with exactly this beginning, this many times.
+# logged BEGINNING [COUNT]: fails unless the last run printed exactly COUNT lines with this
+# beginning (1 by default).
 logged() {
   count=$(grep -c "^$1" err) || :
   [ "$count" -eq "${2-1}" ] || fail "logged $count times instead of ${2-1}: $1"
 }
 
-# Without a script it takes one picture after the wait and closes. It fails without an application.
+# Without a script the player takes one picture after the wait and closes. It fails without an
+# application.
 lines=3
 expect 2 "$player" carousel --screenshot shot.png --wait 200 --verbose
 logged 'read a: no such file'
@@ -76,7 +79,7 @@ logged 'korvel-player: carousel has no application'
 size=$(od -An -t u1 -j 16 -N 8 shot.png | tr -s ' ')
 [ "$size" = " 0 0 2 208 0 0 2 64" ] || { echo "the picture is not 720 x 576"; exit 1; }
 
-# A folder of texts. The key leads to a scene of another colour.
+# A folder of source files. The red key enters a scene of another colour.
 mkdir texts
 cat >texts/a.mheg <<'END'
 {:Application ("~/a" 0)
@@ -100,14 +103,15 @@ END
 done
 echo exit >texts/test.script
 
-# It serves texts as compiled files; a script without an exit ends when nothing can happen any more.
+# The player serves source files compiled. A script without an exit ends when nothing can happen any
+# more.
 printf 'until 9 9 #FF0000\nwait 300\nkey Red\nuntil 9 9 #0000FF\nexpect scene ~/two\n' >red_script
 lines=4
 expect 0 "$player" texts --script red_script --record recorded --series series --verbose
 logged 'read two: '
 logged 'korvel-player: the script has no exit, and nothing can happen any more'
 
-# The recording does the same when it is played, and `mheg run` plays it too.
+# Playing the recording has the same effect, and `mheg run` plays it too.
 [ "$(grep -c '^key Red$' recorded)" -eq 1 ] && [ "$(tail -n 1 recorded)" = exit ] ||
   { echo "the recording is wrong"; cat recorded; exit 1; }
 [ "$(sed -n '1s/wait //p' recorded)" -ge 300 ] ||
@@ -148,7 +152,8 @@ expect 0 "$player" texts --script late_script --not-yet 1 --verbose --latency 20
 logged 'read two: not yet available'
 logged 'read two: [0-9]* bytes'
 
-# It loads a changed folder again; a source file with an error leaves the old content running.
+# With --watch the player reloads a changed folder. If a source file has an error, the old content
+# keeps running.
 KORVEL_WINE_LIMIT=100 "$wine" "$player" texts --watch --verbose >out 2>err &
 running=$!
 await() {
@@ -164,11 +169,11 @@ sed 's/=FF=00=00/=00=FF=00/' texts/one.mheg >new && cat new >texts/one.mheg
 await '^read one: ' 2
 echo '{:Scene' >texts/two.mheg
 await 'two.mheg:' 1
-kill -0 $running || fail "an error in a text ends the player"
+kill -0 $running || fail "an error in a source file ends the player"
 kill $running
 wait $running || :
 
-# A text with an error is reported and nothing is played.
+# If a source file has an error, it is reported and nothing is played.
 "$wine" "$player" texts --screenshot none.png >out 2>err && status=0 || status=$?
-[ "$status" -eq 1 ] && [ ! -e none.png ] || fail "status $status after an error in a text"
-grep -q 'two.mheg:' err || fail "the error in a text is not reported"
+[ "$status" -eq 1 ] && [ ! -e none.png ] || fail "status $status after an error in a source file"
+grep -q 'two.mheg:' err || fail "the error in a source file is not reported"

@@ -1,6 +1,7 @@
 #!/bin/sh
-# Fails unless the library, not stripped, contains all of these functions, so that a developer can
-# call them from a debugger. Usage: check_symbols.sh OBJDUMP LIBRARY FUNCTION ...
+# Fails unless the symbols of the library, before it is stripped, contain all of these functions,
+# so that a developer can call them from a debugger.
+# Usage: check_symbols.sh OBJDUMP LIBRARY FUNCTION ...
 set -eu
 listing=$(mktemp)
 trap 'rm -f "$listing"' EXIT

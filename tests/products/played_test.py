@@ -26,12 +26,13 @@ from PIL import Image, ImageOps
 
 FOLDER, WORK = (pathlib.Path(path).resolve() for path in sys.argv[1:3])
 WINE, PLAYER, MHEG = sys.argv[3:]
-# Texts that this changes depend on time: it has another time of day and waits.
+# Options for a second run, which waits and has another date and time of day. A text that differs
+# in it depends on time.
 LATER = ("--date", "2031-10-18T07:45:10", "--keys", "wait:10s")
 
-# Tesseract now and then reads a wrong letter, or a piece of something else in the box. One letter
-# may also be all the difference to another text of the demo, so the words must be more similar to
-# the expected ones than to all others that the demo expects or shows.
+# Tesseract sometimes misreads a letter, or reads part of another object in the box. Two texts of a
+# demo may also differ by one letter only, so the words must be more similar to the expected ones
+# than to all others that the demo expects or shows.
 LEAST_SIMILARITY = 0.8
 LOOK_ALIKES = str.maketrans("oil|", "0111")
 
@@ -74,23 +75,23 @@ def play(steps, name):
     return re.findall(r"^read (.*: (?:\d+ bytes|no such file))$", log, re.MULTILINE)
 
 
-def write_cut(picture, box, cut):
-    """Writes the box, enlarged, with dark letters on a light ground and a margin."""
+def write_crop(picture, box, crop):
+    """Writes the box, enlarged, with dark letters on a light background and a margin."""
     part = Image.open(WORK / picture).convert("L").crop(box)
     shades = part.histogram()
     if shades.index(max(shades)) < 128:
         part = ImageOps.invert(part)
     enlarged = ImageOps.scale(ImageOps.autocontrast(part), 4)
-    ImageOps.expand(enlarged, 40, "white").save(WORK / cut)
+    ImageOps.expand(enlarged, 40, "white").save(WORK / crop)
 
 
 def words_in(pictures):
-    (WORK / "cuts").write_text("\n".join(pictures) + "\n")
+    (WORK / "crops").write_text("\n".join(pictures) + "\n")
     one_block = "6"
-    run = subprocess.run(["tesseract", "cuts", "words", "--psm", one_block], cwd=WORK,
+    run = subprocess.run(["tesseract", "crops", "words", "--psm", one_block], cwd=WORK,
                          capture_output=True, env=dict(os.environ, OMP_THREAD_LIMIT="1"))
     if run.returncode != 0:
-        sys.exit(f"tesseract fails: {run.stderr.decode()}")
+        sys.exit(f"tesseract failed: {run.stderr.decode()}")
     pages = (WORK / "words.txt").read_text(encoding="utf-8").split("\f")
     return [" ".join(page.split()) for page in pages]
 
@@ -119,26 +120,26 @@ class Expectations:
         self.words = set()
 
     def add(self, script):
-        """Returns the script with a `shot` for each state that is expected to show words."""
-        steps, now = [], None
+        """Returns the script with a `shot` for each state whose words are compared."""
+        steps, run = [], None
         lines = script.read_text().splitlines()
-        for at, line in enumerate(lines, 1):
+        for line_number, line in enumerate(lines, 1):
             steps.append(line)
             if not line.startswith("expect "):
-                now = None
+                run = None
             form = re.fullmatch(r"expect (?:scene .*|text (?:(\D\S*) )?(\d+) (.*))", line)
             if not form:
                 continue
-            if now is None:
-                begin, picture = WORK / "begin.script", f"{script.stem}-{at}.png"
-                begin.write_text("\n".join(lines[:at]))
-                now, later = Run(begin), Run(begin, *LATER)
-                self.words.update(words for words, _ in now.texts.values())
+            if run is None:
+                begin, picture = WORK / "begin.script", f"{script.stem}-{line_number}.png"
+                begin.write_text("\n".join(lines[:line_number]))
+                run, later = Run(begin), Run(begin, *LATER)
+                self.words.update(words for words, _ in run.texts.values())
                 steps.append(f"shot {picture}")
             group, number, words = form.groups()
-            keys = now.texts_of(group, number) if number else now.texts
-            lasting = [now.texts[key] for key in keys if now.texts[key] == later.texts.get(key)]
-            step = f"{script.name}:{at}"
+            keys = run.texts_of(group, number) if number else run.texts
+            lasting = [run.texts[key] for key in keys if run.texts[key] == later.texts.get(key)]
+            step = f"{script.name}:{line_number}"
             if lasting:
                 shown, box = lasting[0]
                 self.all.append(Expected(step, words.strip('"') if words else shown, box, picture))
@@ -149,17 +150,17 @@ class Expectations:
     def differences(self):
         if not self.all:
             return ["no text was compared"]
-        cuts = [f"cut-{number}.png" for number in range(len(self.all))]
-        for expected, cut in zip(self.all, cuts):
-            write_cut(expected.picture, expected.box, cut)
+        crops = [f"crop-{number}.png" for number in range(len(self.all))]
+        for expected, crop in zip(self.all, crops):
+            write_crop(expected.picture, expected.box, crop)
         words = self.words.union(expected.words for expected in self.all)
         problems = []
-        for expected, cut, read in zip(self.all, cuts, words_in(cuts), strict=True):
+        for expected, crop, read in zip(self.all, crops, words_in(crops), strict=True):
             own = similarity(expected.words, read)
             others = words - {expected.words}
             if own < LEAST_SIMILARITY or any(similarity(other, read) >= own for other in others):
                 shown = f'expected "{expected.words}", the window shows "{read}"'
-                problems.append(f"{expected.step}: {shown} ({WORK / cut})")
+                problems.append(f"{expected.step}: {shown} ({WORK / crop})")
         return problems
 
 

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""The three forms of a report have the same findings, and the SARIF form matches an excerpt of its
-schema.
+"""Tests that a report has the same findings in all three formats, and that the SARIF format matches
+an excerpt of its schema.
 
 Usage: report_forms_test.py MHEG
 """
@@ -47,9 +47,9 @@ def of_sarif(paths):
     rules = sarif["runs"][0]["tool"]["driver"]["rules"]
     for result in sarif["runs"][0]["results"]:
         assert rules[result["ruleIndex"]]["id"] == result["ruleId"]
-        place = result["locations"][0]["physicalLocation"]
-        uri = urllib.parse.urlsplit(place["artifactLocation"]["uri"])
-        region = place.get("region", {})
+        location = result["locations"][0]["physicalLocation"]
+        uri = urllib.parse.urlsplit(location["artifactLocation"]["uri"])
+        region = location.get("region", {})
         message = re.fullmatch(r"(?:object (-?\d+): )?(.*)", result["message"]["text"])
         findings.append((urllib.parse.unquote(uri.path), *(
             str(region[name]) if name in region else None for name in ("startLine", "startColumn")),

@@ -1,5 +1,6 @@
 #!/bin/sh
-# Builds the carousel of an invented demo by the rules of examples/, with a tool that only copies.
+# Builds the carousel of an invented demo by the rules of examples/, with a stand-in for the tool
+# that only copies files.
 set -eu
 project=$(readlink -f "$(dirname "$0")/../..")
 work=$(mktemp -d)
@@ -36,32 +37,34 @@ carousel=build/examples/demo
 # Ninja rebuilds for a file that is newer than the last build. The file system's clock may tick only
 # every ten milliseconds, which is longer than a build takes here, so the time is set.
 edit() { echo "$1" >"$2" && touch -r build/examples/CMakeFiles/demo.stamp -d "+1 second" "$2"; }
-says() { [ "$(cat "$carousel/$1" 2>/dev/null)" = "$2" ] || fail "$1 is missing or different"; }
+expect_content() {
+  [ "$(cat "$carousel/$1" 2>/dev/null)" = "$2" ] || fail "$1 is missing or different"
+}
 
 test=every_folder_with_an_application_is_built
 build || fail "the build failed"
-says more/b.mheg "text of b"
+expect_content more/b.mheg "text of b"
 [ ! -e build/examples/host ] || fail "host has a carousel"
 
-test=files_that_come_and_go_later_are_noticed
+test=added_and_removed_files_are_noticed
 echo "content of late.png" >examples/demo/late.png
 touch -d 2001-01-01 examples/demo/late.png
 rm examples/demo/question.txt
 build || fail "the build failed"
-says late.png "content of late.png"
+expect_content late.png "content of late.png"
 [ ! -e "$carousel/question.txt" ] || fail "question.txt is still there"
 
-test=an_edited_text_is_compiled_again
+test=an_edited_source_file_is_compiled_again
 edit "text of c" examples/demo/more/b.mheg
 build || fail "the build failed"
-says more/b.mheg "text of c"
+expect_content more/b.mheg "text of c"
 
-test=wrong_text_fails_the_build_until_it_is_right
+test=a_source_error_fails_the_build_until_it_is_fixed
 edit wrong examples/demo/more/b.mheg
 ! build || fail "the build succeeded"
 ! build || fail "the build succeeded the second time"
 echo "text of d" >examples/demo/more/b.mheg
 build || fail "the build failed"
-says more/b.mheg "text of d"
+expect_content more/b.mheg "text of d"
 
 exit "$failed"

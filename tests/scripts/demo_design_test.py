@@ -1,5 +1,5 @@
-"""The demos keep to the design that examples/README.md describes: its colours, and texts that can
-be read from far away."""
+"""Tests that the demos follow the design that examples/README.md describes: its colours, and texts
+that can be read from far away."""
 
 import pathlib
 import re
@@ -18,15 +18,15 @@ def palette():
 
 class DemoDesign(unittest.TestCase):
     def setUp(self):
-        self.texts = {
+        self.sources = {
             path.relative_to(EXAMPLES): re.sub("//.*", "", path.read_text())
             for path in EXAMPLES.glob("*/*.mheg")
         }
-        self.assertGreater(len(self.texts), 15)
+        self.assertGreater(len(self.sources), 15)
 
     def test_colours_are_those_of_the_palette(self):
         known = palette()
-        for path, text in self.texts.items():
+        for path, text in self.sources.items():
             for colour in re.findall(r"(?:'|=1BC=04)((?:=[0-9A-F]{2}){4})", text):
                 digits = colour.replace("=", "")
                 if digits in TRANSPARENT:
@@ -34,7 +34,7 @@ class DemoDesign(unittest.TestCase):
                 self.assertEqual((digits[6:], digits[:6] in known), ("00", True), (path, colour))
 
     def test_texts_can_be_read_from_far_away(self):
-        for path, text in self.texts.items():
+        for path, text in self.sources.items():
             for size in re.findall(r'"plain\.(\d+)\.', text):
                 self.assertGreaterEqual(int(size), SMALLEST_TEXT, path)
             if ":Application" in text:
@@ -42,10 +42,10 @@ class DemoDesign(unittest.TestCase):
 
     def test_texts_stay_in_the_safe_area(self):
         """A text is drawn inside its box, so the box of a title may begin a pixel higher."""
-        place = r":OrigBoxSize (\d+) (\d+)\s+:OrigPosition (\d+) (\d+)"
-        for path, text in self.texts.items():
+        area = r":OrigBoxSize (\d+) (\d+)\s+:OrigPosition (\d+) (\d+)"
+        for path, text in self.sources.items():
             for words in re.findall(r"\{:(?:Hyper)?Text \d+(.*?)\n    \}", text, re.DOTALL):
-                for numbers in re.findall(place, words):
+                for numbers in re.findall(area, words):
                     width, height, x, y = (int(number) for number in numbers)
                     self.assertTrue(36 <= x and x + width <= 684, (path, numbers))
                     self.assertTrue(y >= 28 and y + height <= 547, (path, numbers))

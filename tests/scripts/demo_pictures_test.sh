@@ -1,5 +1,5 @@
 #!/bin/sh
-# The pictures of the demos are those that demo_pictures.py draws.
+# Fails unless the pictures of the demos are those that demo_pictures.py draws.
 set -eu
 cd "$(dirname "$0")/../.."
 work=$(mktemp -d)

@@ -1,6 +1,6 @@
 #!/bin/sh
-# The pictures in docs/ show the current demos: docs_pictures.py makes the same ones from the stored
-# pictures of the scenarios. `make gallery` updates them.
+# Fails unless the pictures in docs/ are those that docs_pictures.py makes from the stored pictures
+# of the scenarios. `make gallery` updates them.
 set -eu
 cd "$(dirname "$0")/../.."
 work=$(mktemp -d)

@@ -40,13 +40,13 @@ test=installs_what_is_missing
 install_with 0 0
 [ "$status" -eq 0 ] || fail "the status is $status"
 grep -q '^install .* clang-format' calls || fail "nothing is installed"
-[ ! -s err ] || fail "it complains"
+[ ! -s err ] || fail "standard error is not empty"
 
-test=goes_on_when_a_source_cannot_be_read
+test=continues_when_a_package_source_cannot_be_read
 install_with 100 0
 [ "$status" -eq 0 ] || fail "the status is $status"
 grep -q '^install .* clang-format' calls || fail "nothing is installed"
-[ "$(wc -l <err)" -eq 1 ] && grep -q 'apt-get update' err || fail "it does not say so in one line"
+[ "$(wc -l <err)" -eq 1 ] && grep -q 'apt-get update' err || fail "there is no message of one line"
 
 test=fails_when_a_package_cannot_be_installed
 install_with 100 100

@@ -2,7 +2,7 @@
 """Counts the instructions of workloads with callgrind and compares them with the stored counts.
 
 Usage: compare.py BUILD_FOLDER [--accept]
-Fails if a count has grown by more than 5 %, or if it grows with the size faster than the row says.
+Fails if a count has grown by more than 5 %, or grows with the size faster than its row allows.
 With --accept, stores the new counts instead of comparing them.
 """
 import argparse

@@ -159,7 +159,7 @@ class Checks(unittest.TestCase):
         self.fill(0, 0, 1, 1, INK)
         unknown = "nothing is known about 'colum'"
         self.assert_wrong("ink a.png 0 0 9 9 #102060 colum 5", unknown)
-        self.assert_wrong("ink a.png 0 0 9 9 #102060 left", "'left' stands alone")
+        self.assert_wrong("ink a.png 0 0 9 9 #102060 left", "'left' has no value")
         self.assert_wrong("a.png 0 zero #102060", "'zero' is no number")
         self.assert_wrong("a.png 0 0 #10206", "'#10206' is no colour")
         self.assert_wrong("a.png 0 0 #10206G", "'#10206G' is no colour")

@@ -17,7 +17,7 @@ from selenium.webdriver.common.keys import Keys
 
 WIDTHS = (400, 1400)
 
-# Pictures further down are loaded only when they are needed, so each is asked for.
+# Pictures further down are loaded only when they are needed, so each is requested.
 LOAD_PICTURES = """
 const done = arguments[0];
 const pictures = [...document.images];

@@ -52,7 +52,7 @@ def sentence_of(scenario):
 def lacks_of(scenario):
     lacks = []
     if not any((scenario / part).exists() for part in ("pixels", "expected", "output")):
-        lacks.append("nothing says what must be seen")
+        lacks.append("there is no check of its pictures or output")
     if not sentence_of(scenario):
         lacks.append("the script does not begin with a sentence")
     return lacks

@@ -119,7 +119,7 @@ class RunScenario(unittest.TestCase):
         (self.scenario / "pixels").unlink()
         result = self.run_with(PLAY)
         nothing_seen, nothing_said = result["problems"]
-        self.assertEqual(nothing_seen, "nothing says what must be seen")
+        self.assertEqual(nothing_seen, "there is no check of its pictures or output")
         self.assertEqual(nothing_said, "the script does not begin with a sentence")
         self.assertEqual(result["pictures"], [])
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes the pictures of this scenario, the scene that shows them, and what it must look like.
+"""Makes the pictures of this scenario, the scene that shows them, and the checks of its appearance.
 
 Every picture has 32 x 32 pixels in four quarters: red, green, blue and white, or four greys from
 black to white where there are no colours, or two where there are no more. PNG and BMP files are
@@ -89,8 +89,8 @@ def bmp(bits, pixels, palette=b"", header=40, compression=0, masks=b"", is_from_
 
 
 def bmp_rows(row, is_from_top=False):
-    places = range(SIDE) if is_from_top else reversed(range(SIDE))
-    return b"".join(row(y) + b"\0" * (-len(row(y)) % 4) for y in places)
+    rows = range(SIDE) if is_from_top else reversed(range(SIDE))
+    return b"".join(row(y) + b"\0" * (-len(row(y)) % 4) for y in rows)
 
 
 def indices(bits):
@@ -108,7 +108,7 @@ def words(red, green, blue):
 
 
 def bytes_of(count, is_from_top=False):
-    """Rows of blue, green, red and perhaps nothing."""
+    """Rows of blue, green and red bytes, and zeros up to `count` bytes for each pixel."""
     def row(y):
         return b"".join(bytes(reversed(QUARTERS[quarter(x, y)])).ljust(count, b"\0")
                         for x in range(SIDE))
@@ -189,8 +189,8 @@ def gifs(folder):
     few.save(folder / "interlaced.gif", interlace=1)
     picture.save(folder / "animated.gif", save_all=True, duration=100, loop=0,
                  append_images=[Image.new("RGB", (SIDE, SIDE), (255, 255, 0))])
-    place = few.getpixel((SIDE - 1, 0))
-    few.save(folder / "transparent.gif", transparency=place)
+    index = few.getpixel((SIDE - 1, 0))
+    few.save(folder / "transparent.gif", transparency=index)
     return [("plain.gif", QUARTERS), ("interlaced.gif", QUARTERS), ("animated.gif", QUARTERS),
             ("transparent.gif", [QUARTERS[0], GROUND] + QUARTERS[2:])]
 

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 
 namespace korvel::test {
@@ -12,9 +14,7 @@ inline std::uint64_t ProcessorMs() {
   FILETIME ended{};
   FILETIME inKernel{};
   FILETIME inProgram{};
-  if (GetThreadTimes(GetCurrentThread(), &created, &ended, &inKernel, &inProgram) == FALSE) {
-    return 0;
-  }
+  EXPECT_NE(GetThreadTimes(GetCurrentThread(), &created, &ended, &inKernel, &inProgram), FALSE);
   const auto milliseconds = [](const FILETIME& time) {
     return ((std::uint64_t{time.dwHighDateTime} << 32) + time.dwLowDateTime) / 10'000;
   };

@@ -1,7 +1,7 @@
 """The checks of a scenario's pictures, and the reports of what is wrong with them.
 
-The file `pixels` has the checks that follow from the rules, one per line. Areas are X Y WIDTH HEIGHT
-in pixels of the picture; RANGE is A..B, both included, or one number.
+The file `pixels` has the checks that follow from the rules, one per line. Areas are X Y WIDTH
+HEIGHT in pixels of the picture; RANGE is A..B, both included, or one number.
 
   NAME.png X Y [WIDTH HEIGHT] #RRGGBB [within D]
       Every pixel of the area has this colour; each channel may differ by up to D.

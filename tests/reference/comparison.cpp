@@ -106,6 +106,11 @@ std::string WatchLinks(std::int32_t source, std::string_view event, std::string_
   return links;
 }
 
+std::string FailLink(std::int32_t number, std::int32_t source, std::string_view event) {
+  return "{:Link " + std::to_string(number) + " :EventSource " + std::to_string(source) +
+         " :EventType " + std::string(event) + " :LinkEffect (" + std::string(kFail) + ")}\n";
+}
+
 void StartCase(const std::string& items, const std::map<std::string, std::string>& scenes) {
   TheHost().fetched.clear();
   for (const auto& [file, text] : scenes) TheHost().files[file] = Compiled(text);

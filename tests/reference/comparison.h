@@ -111,6 +111,9 @@ inline constexpr std::int32_t kLog = 900;
 inline constexpr std::string_view kFail = ":MoveTo((\"~/a\" 901) 5) :Move((\"~/a\" 901) 1)";
 inline constexpr std::string_view kFailMessage = "Element Error\n";
 
+// A link of the application that fails when the event occurs.
+std::string FailLink(std::int32_t number, std::int32_t source, std::string_view event);
+
 // Starts the application "~/a" with these items, in place of the running one. `scenes` maps file
 // names to groups in the textual notation.
 void StartCase(const std::string& items, const std::map<std::string, std::string>& scenes);

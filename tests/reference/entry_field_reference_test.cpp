@@ -62,10 +62,6 @@ struct EntryFieldSubject {
   }
 
   static std::string Items(const Setup& setup) {
-    const auto fail = [](int number, const char* event) {
-      return "{:Link " + std::to_string(number) + " :EventSource 1 :EventType " + event +
-             " :LinkEffect (" + std::string(kFail) + ")}\n";
-    };
     std::string text = "{:EntryField 1 :OrigContent \"" + setup.text +
                        "\" :OrigBoxSize 99 20 :MaxLength " + std::to_string(setup.maxLength) +
                        " :InputType " + setup.inputType + " :CharList \"" + setup.charList + "\"" +
@@ -73,8 +69,8 @@ struct EntryFieldSubject {
                        " {:OStringVar 62 :OrigValue \"\"}\n" +
                        WatchLinks(1, "EntryFieldFull", "none") +
                        WatchLinks(1, "InteractionCompleted", "none");
-    if (setup.isFullFailing) text += fail(71, "EntryFieldFull");
-    if (setup.isCompletedFailing) text += fail(72, "InteractionCompleted");
+    if (setup.isFullFailing) text += FailLink(71, 1, "EntryFieldFull");
+    if (setup.isCompletedFailing) text += FailLink(72, 1, "InteractionCompleted");
     return text;
   }
 

@@ -77,10 +77,7 @@ struct ListGroupSubject {
                               "TokenMovedFrom", "TokenMovedTo"}) {
       text += WatchLinks(50, event);
     }
-    if (!setup.failing.empty()) {
-      text += "{:Link 71 :EventSource 50 :EventType " + setup.failing + " :LinkEffect (" +
-              std::string(kFail) + ")}\n";
-    }
+    if (!setup.failing.empty()) text += FailLink(71, 50, setup.failing);
     return text;
   }
 

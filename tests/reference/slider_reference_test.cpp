@@ -51,11 +51,7 @@ struct SliderSubject {
         attribute("InitialPortion", setup.initialPortion) + attribute("StepSize", setup.step) +
         " :SliderStyle " + setup.style + "} {:IntegerVar 60 :OrigValue -77}\n" +
         WatchLinks(1, "InteractionCompleted", "none");
-    if (setup.isFailing) {
-      text += "{:Link 71 :EventSource 1 :EventType InteractionCompleted"
-              " :LinkEffect (" +
-              std::string(kFail) + ")}\n";
-    }
+    if (setup.isFailing) text += FailLink(71, 1, "InteractionCompleted");
     return text;
   }
 

@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   if (!menuapi::ReadFrameSize({bytes, size}, frame)) return 0;
   if (frame.width * frame.height > kMaxArea) return 0;
   std::vector<std::uint8_t> planes(menuapi::PlanesBytes(frame));
-  if (menuapi::DecodeFrame({bytes, size}, planes) != menuapi::Result::Refused) return 0;
+  if (menuapi::DecodeFrame({bytes, size}, planes) != menuapi::Result::Rejected) return 0;
   std::vector<std::uint8_t> black(planes.size());
   menuapi::FillBlack(frame, black);
   if (planes != black) std::abort();

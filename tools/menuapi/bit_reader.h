@@ -30,12 +30,12 @@ class BitReader {
     return bits;
   }
   bool ReadFlag() { return Read(1) != 0; }
-  // Whether bits past the end were read.
+  // Whether bits past the end have been skipped or read.
   [[nodiscard]] bool HasPassedEnd() const { return position_ > bytes_.size() * 8; }
 
  private:
-  static constexpr std::size_t kWordBytes =
-      8;  // holds the rest of a partly read byte and 32 more bits
+  // Holds the rest of a partly read byte and 32 more bits.
+  static constexpr std::size_t kWordBytes = 8;
 
   // Compilers turn this expression into one load.
   static std::uint64_t WordAt(const std::uint8_t* bytes) {

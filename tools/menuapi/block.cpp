@@ -1,5 +1,5 @@
-// Reads a block in stream order: the DC coefficient, then the AC coefficients up to the end of the
-// block. Then corrects the last coefficient.
+// Reads a block in stream order: the DC coefficient, then the AC coefficients up to the
+// end-of-block code. Then corrects the last coefficient.
 #include "menuapi/block.h"
 
 #include <algorithm>
@@ -81,14 +81,14 @@ bool BlockReader::ReadAc(BitReader& reader, int scale, Coefficients& block) cons
     if (!ReadStep(reader, *code, step)) return false;
     index += static_cast<std::size_t>(step.run) + 1;
     if (index >= block.size()) return false;
-    const std::size_t place = scan_[index];
-    block[place] = Multiplied(step.level, place, scale);
+    const std::size_t position = scan_[index];
+    block[position] = Dequantised(step.level, position, scale);
   }
   return false;
 }
 
-int BlockReader::Multiplied(int level, std::size_t place, int scale) const {
-  return std::clamp(level * matrix_[place] * scale / 16, kMinCoefficient, kMaxCoefficient);
+int BlockReader::Dequantised(int level, std::size_t position, int scale) const {
+  return std::clamp(level * matrix_[position] * scale / 16, kMinCoefficient, kMaxCoefficient);
 }
 
 }  // namespace menuapi

@@ -8,7 +8,7 @@
 
 namespace menuapi {
 
-// Reads the blocks of one picture. Borrows the codes and the matrix.
+// Reads the blocks of one picture. Borrows the sequence, for its quantiser matrix.
 class BlockReader {
  public:
   BlockReader(const Sequence& sequence, const Picture& picture);
@@ -24,7 +24,7 @@ class BlockReader {
  private:
   [[nodiscard]] bool ReadDc(BitReader& reader, const CodeTable<int>& sizes, int& dc) const;
   [[nodiscard]] bool ReadAc(BitReader& reader, int scale, Coefficients& block) const;
-  [[nodiscard]] int Multiplied(int level, std::size_t place, int scale) const;
+  [[nodiscard]] int Dequantised(int level, std::size_t position, int scale) const;
 
   const CodeTable<RunLevel>& codes_;
   const ScanOrder& scan_;

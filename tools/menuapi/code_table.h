@@ -22,7 +22,7 @@ template <typename Value> class CodeTable {
  public:
   using Rows = std::span<const Code<Value>>;
 
-  // Copies the rows of all parts.
+  // Copies the rows of all parts, which together must form a prefix code.
   CodeTable(std::initializer_list<Rows> parts) {
     for (const Rows rows : parts) {
       for (const Code<Value>& row : rows) bits_ = std::max(bits_, Length(row));
@@ -59,9 +59,9 @@ template <typename Value> class CodeTable {
   static void Fill(std::vector<Entry>& entries, int bits, const Code<Value>& row) {
     std::size_t first = 0;
     for (const char bit : row.bits) first = first * 2 + (bit == '1' ? 1 : 0);
-    const int open = bits - Length(row);
-    std::fill_n(entries.begin() + static_cast<std::ptrdiff_t>(first << open),
-                std::size_t{1} << open,
+    const int freeBits = bits - Length(row);
+    std::fill_n(entries.begin() + static_cast<std::ptrdiff_t>(first << freeBits),
+                std::size_t{1} << freeBits,
                 Entry{row.value, static_cast<std::uint8_t>(row.bits.size())});
   }
 

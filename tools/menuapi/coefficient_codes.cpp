@@ -1,5 +1,6 @@
-// The tables B.14 (zero) and B.15 (one), sorted by run and level. Table zero has another code for
-// run 0 and level 1 at the beginning of a block, but not for intra coded blocks.
+// The tables B.14 (zero) and B.15 (one), sorted by run and level. At the start of a block
+// that is not intra coded, table zero has another code for run 0 and level 1, which is omitted
+// here.
 #include "menuapi/coefficient_codes.h"
 
 namespace menuapi {

@@ -43,11 +43,11 @@ bool ReadFrameSize(std::span<const std::uint8_t> stream, FrameSize& size) {
 
 Result DecodeFrame(std::span<const std::uint8_t> stream, std::span<std::uint8_t> planes) {
   FrameSize size;
-  if (!ReadFrameSize(stream, size) || planes.size() < PlanesBytes(size)) return Result::Refused;
+  if (!ReadFrameSize(stream, size) || planes.size() < PlanesBytes(size)) return Result::Rejected;
   FillBlack(size, planes);
   StartCodes units(stream);
   HeaderReader headers;
-  if (!headers.ReadToSlices(units)) return Result::Refused;
+  if (!headers.ReadToSlices(units)) return Result::Rejected;
   Frame frame(headers.CurrentSequence());
   bool isWhole = DecodePicture(units, headers, frame);
   if (headers.CurrentPicture().IsField()) {

@@ -11,8 +11,8 @@ namespace menuapi {
 
 enum class Result {
   Done,
-  Damaged,  // some macroblocks could not be decoded and are black
-  Refused,  // the stream is not supported
+  Damaged,   // some macroblocks could not be decoded and are black
+  Rejected,  // the stream is not supported, or the buffer is too small
 };
 
 // Reads the size from the sequence header at the start of the stream. Returns false if there is no
@@ -24,9 +24,9 @@ enum class Result {
 // unchanged.
 //
 // A frame is one picture or two fields. If only the first field exists or is intra coded, its lines
-// are doubled: half the detail of a still picture is better than none. A refused frame is black.
-// The decoder refuses MPEG-1, chroma formats other than 4:2:0, scalable streams, sizes that do not
-// fit in the sequence header, and streams whose first picture is not intra coded.
+// are doubled: half the detail of a still picture is better than none. A rejected frame is
+// black. The decoder rejects MPEG-1, chroma formats other than 4:2:0, scalable streams, sizes that
+// do not fit in the sequence header, and streams whose first picture is not intra coded.
 [[nodiscard]] Result DecodeFrame(std::span<const std::uint8_t> stream,
                                  std::span<std::uint8_t> planes);
 

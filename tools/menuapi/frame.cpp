@@ -26,17 +26,17 @@ Plane ChromaPlane(const Sequence& sequence) {
 
 }  // namespace
 
-void Put(const Samples& samples, BlockPlace place) {
+void Put(const Samples& samples, SampleLines target) {
   for (std::size_t line = 0; line < kBlockSide; ++line) {
-    std::copy_n(&samples[line * kBlockSide], kBlockSide, place.first);
-    place.first += place.step;
+    std::copy_n(&samples[line * kBlockSide], kBlockSide, target.first);
+    target.first += target.step;
   }
 }
 
 Plane::Plane(int width, int height, std::uint8_t level)
     : width_(static_cast<std::size_t>(width)), samples_(Area(width, height), level) {}
 
-PlaneLines Plane::Lines(PictureStructure structure) {
+SampleLines Plane::Lines(PictureStructure structure) {
   const auto step = static_cast<std::ptrdiff_t>(width_);
   if (structure == PictureStructure::Frame) return {samples_.data(), step};
   const bool isBottom = structure == PictureStructure::BottomField;

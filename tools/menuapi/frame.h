@@ -13,28 +13,22 @@
 
 namespace menuapi {
 
-// A block's first sample, and the distance between its lines in samples.
-struct BlockPlace {
+// The lines of a plane, of one of its fields, or of a block in it. Borrowed from the plane.
+struct SampleLines {
   std::uint8_t* first = nullptr;
-  std::ptrdiff_t step = 0;
-};
-
-void Put(const Samples& samples, BlockPlace place);
-
-// A plane, or every second line of one.
-struct PlaneLines {
-  std::uint8_t* first = nullptr;
-  std::ptrdiff_t step = 0;
+  std::ptrdiff_t step = 0;  // between the starts of two lines, in samples
 
   [[nodiscard]] std::uint8_t* At(int x, int y) const { return first + y * step + x; }
 };
+
+void Put(const Samples& samples, SampleLines target);
 
 class Plane {
  public:
   Plane(int width, int height, std::uint8_t level);
 
-  // The lines of a frame or of one of its fields. The plane owns them.
-  [[nodiscard]] PlaneLines Lines(PictureStructure structure);
+  // The lines that a picture of this structure has.
+  [[nodiscard]] SampleLines Lines(PictureStructure structure);
   // Copies each line of `field` over the neighbouring line of the other field.
   void DoubleLines(PictureStructure field);
   // Fills `target` with rows of `width` samples from the plane's upper left corner.
@@ -52,7 +46,7 @@ class Frame {
   // Creates a black frame, large enough for every picture of the sequence.
   explicit Frame(const Sequence& sequence);
 
-  [[nodiscard]] PlaneLines Lines(Component component, PictureStructure structure) {
+  [[nodiscard]] SampleLines Lines(Component component, PictureStructure structure) {
     return planes_[component].Lines(structure);
   }
   void DoubleLines(PictureStructure field);

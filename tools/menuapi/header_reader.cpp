@@ -1,5 +1,5 @@
-// The order of the headers, and the extensions that matter. An extension belongs to the header
-// before it.
+// Checks the order of the headers and reads the extensions that an intra picture needs. An
+// extension belongs to the header before it.
 #include "menuapi/header_reader.h"
 
 namespace menuapi {
@@ -61,7 +61,7 @@ bool HeaderReader::TakeExtension(BitReader& reader) {
     return ReadPictureCodingExtension(reader, sequence_, picture_);
   case kMatrixExtension: return stage_ == Stage::Picture && ReadMatrixExtension(reader, sequence_);
   case kScalableSequence: return false;
-  default: return true;  // display, copyright and the like
+  default: return true;  // display, copyright and similar: not needed
   }
 }
 

@@ -1,5 +1,5 @@
 // Reads the headers before the slices of a picture and checks their order. sequence.h and picture.h
-// describe their fields.
+// read the fields of each header.
 #pragma once
 
 #include "menuapi/picture.h"

@@ -18,19 +18,19 @@ Lines MakeWaves() {
   Lines waves{};
   waves[0].fill(1);
   for (std::size_t frequency = 1; frequency < waves.size(); ++frequency) {
-    for (std::size_t place = 0; place < kBlockSide; ++place) {
-      const auto angle = static_cast<double>((2 * place + 1) * frequency) * std::numbers::pi / 16;
-      waves[frequency][place] = std::numbers::sqrt2 * std::cos(angle);
+    for (std::size_t x = 0; x < kBlockSide; ++x) {
+      const auto angle = static_cast<double>((2 * x + 1) * frequency) * std::numbers::pi / 16;
+      waves[frequency][x] = std::numbers::sqrt2 * std::cos(angle);
     }
   }
   return waves;
 }
 
 void AddScaled(Line& sum, const Line& line, double factor) {
-  for (std::size_t place = 0; place < sum.size(); ++place) sum[place] += line[place] * factor;
+  for (std::size_t x = 0; x < sum.size(); ++x) sum[x] += line[x] * factor;
 }
 
-// Adds up the waves of a row. Returns false if all coefficients are 0.
+// Adds the waves of a row of coefficients to `row`. Returns false if all coefficients are 0.
 bool TransformRow(const int* coefficients, const Lines& waves, Line& row) {
   bool isUsed = false;
   for (std::size_t frequency = 0; frequency < waves.size(); ++frequency) {
@@ -54,9 +54,9 @@ Samples InverseDct(const Coefficients& coefficients) {
     for (std::size_t y = 0; y < sums.size(); ++y) AddScaled(sums[y], row, waves[frequency][y]);
   }
   Samples samples;
-  for (std::size_t place = 0; place < samples.size(); ++place) {
-    const double level = sums[place / kBlockSide][place % kBlockSide] / 8;
-    samples[place] = static_cast<std::uint8_t>(std::clamp(level, 0.0, 255.0));
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    const double level = sums[i / kBlockSide][i % kBlockSide] / 8;
+    samples[i] = static_cast<std::uint8_t>(std::clamp(level, 0.0, 255.0));
   }
   return samples;
 }

@@ -1,5 +1,5 @@
 // The fields of a picture header and its coding extension that intra coded pictures need: ISO/IEC
-// 13818-2, 6.2.3. Also the number of macroblocks in a picture.
+// 13818-2, 6.2.3. Also computes the number of macroblocks in a picture.
 #pragma once
 
 #include <array>

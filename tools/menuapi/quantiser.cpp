@@ -1,5 +1,5 @@
-// The default matrix, the non-linear scale (ISO/IEC 13818-2, table 7-6), and reading a matrix. Its
-// weights are in zigzag order even if the picture uses the alternate scan.
+// The default matrix, the non-linear scale (ISO/IEC 13818-2, table 7-6), and the reader of a
+// matrix. A matrix is coded in zigzag order even if the picture uses the alternate scan.
 #include "menuapi/quantiser.h"
 
 #include <algorithm>
@@ -31,8 +31,8 @@ const QuantiserMatrix& DefaultIntraMatrix() { return kDefaultIntra; }
 
 bool ReadMatrix(BitReader& reader, QuantiserMatrix& matrix) {
   QuantiserMatrix read{};
-  for (const std::uint8_t place : ZigzagScan()) {
-    read[place] = static_cast<std::uint8_t>(reader.Read(8));
+  for (const std::uint8_t position : ZigzagScan()) {
+    read[position] = static_cast<std::uint8_t>(reader.Read(8));
   }
   if (std::find(read.begin(), read.end(), 0) != read.end()) return false;
   matrix = read;

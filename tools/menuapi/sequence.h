@@ -16,7 +16,7 @@ struct FrameSize {
 
 struct Sequence {
   FrameSize size;
-  bool isProgressive = false;  // it has no fields and no interlaced pictures
+  bool isProgressive = false;  // all pictures are progressive frames
   QuantiserMatrix intraMatrix{};
 };
 

@@ -1,5 +1,5 @@
-// The syntax of slices and macroblocks, and the positions of their blocks. An error ends the slice
-// but keeps the macroblocks decoded so far.
+// Reads slices and macroblocks, and computes where their blocks are in the frame. An error ends the
+// slice but keeps the macroblocks decoded so far.
 #include "menuapi/slice.h"
 
 #include "menuapi/macroblock_codes.h"
@@ -11,7 +11,7 @@ constexpr int kLumaBlocks = 4;
 constexpr int kTallHeight = 2800;  // above this, slices have three more bits for their row
 constexpr int kSliceEndBits = 23;  // a run of this many zeros occurs only in a start code
 
-// Each extra byte follows a bit of 1. The first byte holds flags, none of which is needed.
+// A bit of 1 precedes each extra byte. The first byte holds flags, none of which is needed.
 void SkipExtraInformation(BitReader& reader) {
   while (reader.ReadFlag()) reader.Skip(8);
 }
@@ -55,7 +55,7 @@ void SliceDecoder::Decode(const Unit& slice) {
   Progress at;
   if (!ReadSliceHeader(slice.code, reader, at)) return;
   do {
-    if (!TakeNext(reader, at) || !DecodeMacroblock(reader, at)) return;
+    if (!MoveToNext(reader, at) || !DecodeMacroblock(reader, at)) return;
     ++decoded_;
   } while (reader.Peek(kSliceEndBits) != 0);
 }
@@ -75,7 +75,7 @@ bool SliceDecoder::ReadScale(BitReader& reader, Progress& at) const {
 }
 
 // Moves to the next macroblock. A slice of an intra picture skips macroblocks only at its start.
-bool SliceDecoder::TakeNext(BitReader& reader, Progress& at) {
+bool SliceDecoder::MoveToNext(BitReader& reader, Progress& at) {
   const int limit = at.column < 0 ? columns_ : 1;
   int increment = 0;
   if (!ReadIncrement(reader, limit, increment) || increment > limit) return false;
@@ -110,17 +110,17 @@ bool SliceDecoder::DecodeBlocks(BitReader& reader, bool isFieldDct, Progress& at
   Coefficients block;
   for (int index = 0; index < kLumaBlocks; ++index) {
     if (!blocks_.Read(reader, LumaDcSizeCodes(), at.scale, at.dc[kLuma], block)) return false;
-    Put(InverseDct(block), LumaPlace(at, index, isFieldDct));
+    Put(InverseDct(block), LumaBlock(at, index, isFieldDct));
   }
   for (const Component component : {kChromaBlue, kChromaRed}) {
     if (!blocks_.Read(reader, ChromaDcSizeCodes(), at.scale, at.dc[component], block)) return false;
-    Put(InverseDct(block), ChromaPlace(at, component));
+    Put(InverseDct(block), ChromaBlock(at, component));
   }
   return true;
 }
 
-BlockPlace SliceDecoder::LumaPlace(const Progress& at, int block, bool isFieldDct) {
-  const PlaneLines lines = frame_.Lines(kLuma, picture_.structure);
+SampleLines SliceDecoder::LumaBlock(const Progress& at, int block, bool isFieldDct) {
+  const SampleLines lines = frame_.Lines(kLuma, picture_.structure);
   const int x = at.column * kMacroblockSide + block % 2 * kBlockSide;
   const int y = at.row * kMacroblockSide;
   const int lower = block / 2;  // 1: the lower half, or with field DCT the odd lines
@@ -129,8 +129,8 @@ BlockPlace SliceDecoder::LumaPlace(const Progress& at, int block, bool isFieldDc
 }
 
 // Each chroma component has one block per macroblock, which is never split into fields.
-BlockPlace SliceDecoder::ChromaPlace(const Progress& at, Component component) {
-  const PlaneLines lines = frame_.Lines(component, picture_.structure);
+SampleLines SliceDecoder::ChromaBlock(const Progress& at, Component component) {
+  const SampleLines lines = frame_.Lines(component, picture_.structure);
   return {lines.At(at.column * kBlockSide, at.row * kBlockSide), lines.step};
 }
 

@@ -16,8 +16,8 @@ class SliceDecoder {
   // Decodes one picture. Borrows all three arguments.
   SliceDecoder(const Sequence& sequence, const Picture& picture, Frame& frame);
 
-  // Decodes a slice up to its first error. A macroblock that was decoded before ends the slice, so
-  // a stream that repeats slices costs no extra time.
+  // Decodes a slice up to its first error. A macroblock that has already been decoded ends the
+  // slice, so that a stream that repeats slices costs no extra time.
   void Decode(const Unit& slice);
 
   // Whether every macroblock of the picture has been decoded.
@@ -33,12 +33,12 @@ class SliceDecoder {
   };
   [[nodiscard]] bool ReadSliceHeader(std::uint8_t code, BitReader& reader, Progress& at) const;
   [[nodiscard]] bool ReadScale(BitReader& reader, Progress& at) const;
-  [[nodiscard]] bool TakeNext(BitReader& reader, Progress& at);
+  [[nodiscard]] bool MoveToNext(BitReader& reader, Progress& at);
   [[nodiscard]] bool DecodeMacroblock(BitReader& reader, Progress& at);
   [[nodiscard]] bool DecodeBlocks(BitReader& reader, bool isFieldDct, Progress& at);
   [[nodiscard]] bool SkipVectors(BitReader& reader) const;
-  [[nodiscard]] BlockPlace LumaPlace(const Progress& at, int block, bool isFieldDct);
-  [[nodiscard]] BlockPlace ChromaPlace(const Progress& at, Component component);
+  [[nodiscard]] SampleLines LumaBlock(const Progress& at, int block, bool isFieldDct);
+  [[nodiscard]] SampleLines ChromaBlock(const Progress& at, Component component);
 
   const Sequence& sequence_;
   const Picture& picture_;

@@ -1,5 +1,5 @@
-// Searches for prefixes. A unit never contains the bytes of a prefix, so even a damaged unit ends
-// at the next prefix.
+// Finds the start code prefixes. A unit never contains the bytes of a prefix, so even a damaged
+// unit ends at the next prefix.
 #include "menuapi/start_codes.h"
 
 #include <algorithm>

@@ -34,7 +34,7 @@ std::vector<std::uint8_t> ReadStream(const char* path) {
 Result DecodeFrameFile(const char* path, std::uint8_t* planes) {
   const std::vector<std::uint8_t> stream = ReadStream(path);
   FrameSize size;
-  if (!ReadFrameSize(stream, size)) return Result::Refused;
+  if (!ReadFrameSize(stream, size)) return Result::Rejected;
   return DecodeFrame(stream, {planes, PlanesBytes(size)});
 }
 

@@ -1,4 +1,4 @@
-// Coefficients: their positions, their values, and the correction that makes their sum odd.
+// The positions and values of coefficients, and the correction that makes their sum odd.
 // damage_test.cpp tests damaged blocks.
 #include "menuapi/block.h"
 
@@ -60,10 +60,10 @@ TEST(Block, limits_coefficients_to_12_bits) {
 
 TEST(Block, uses_the_weight_of_the_position_in_the_block) {
   BlockSettings settings;
-  for (std::size_t place = 0; place < kBlockSize; ++place) {
-    settings.sequence.intraMatrix[place] = static_cast<std::uint8_t>(16 + place);
+  for (std::size_t i = 0; i < kBlockSize; ++i) {
+    settings.sequence.intraMatrix[i] = static_cast<std::uint8_t>(16 + i);
   }
-  // The third in zigzag order is the first of the second row.
+  // The third coefficient in zigzag order is the first of the second row.
   EXPECT_EQ(ReadBlock(settings, Escape(1, 1) + "10", 16)[8], 16 + 8);
 }
 
@@ -72,7 +72,7 @@ TEST(Block, makes_the_sum_of_its_coefficients_odd_by_changing_the_last) {
   EXPECT_EQ(ReadBlock(settings, "10", 1)[63], 1);                   // 1024 alone
   EXPECT_EQ(ReadBlock(settings, Escape(0, 1) + "10", 1)[63], 0);    // 1024 + 1
   EXPECT_EQ(ReadBlock(settings, Escape(0, -1) + "10", 1)[63], 0);   // 1024 - 1
-  EXPECT_EQ(ReadBlock(settings, Escape(62, 5) + "10", 2)[63], 11);  // 10 is even: one more
+  EXPECT_EQ(ReadBlock(settings, Escape(62, 5) + "10", 2)[63], 11);  // 1024 + 10 is even: one more
   EXPECT_EQ(ReadBlock(settings, Escape(0, 1) + Escape(61, 5) + "10", 1)[63], 4);  // 5: one less
 }
 
@@ -95,8 +95,8 @@ TEST(Block, changes_the_dc_coefficient_by_the_difference) {
     int dc = blocks.InitialDc();
     EXPECT_EQ(dc, 128 << precision);
     BitWriter writer;
-    writer.Put("101 011 10");  // 3 bits, the fourth of the negative ones: -4
-    writer.Put("101 100 10");  // the first of the positive ones: 4
+    writer.Put("101 011 10");  // 3 bits: the negative difference nearest to 0, -4
+    writer.Put("101 100 10");  // the smallest positive difference of 3 bits, 4
     BitReader reader(writer.Bytes());
     Coefficients block{};
     ASSERT_TRUE(blocks.Read(reader, LumaDcSizeCodes(), 1, dc, block));

@@ -1,5 +1,5 @@
-// Checks that the code tables are prefix codes, and the known properties of each table. The meaning
-// of the codes is tested by decoding streams that ffmpeg encoded.
+// Checks that the code tables are prefix codes, and the known properties of each table.
+// reference_streams_test.cpp tests the meaning of the codes with streams that ffmpeg encoded.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -31,8 +31,8 @@ std::set<std::pair<int, int>> Steps(CoefficientTable table) {
   return steps;
 }
 
-// The number of 16-bit numbers that begin with a code of the table. No code is longer. The sign
-// bit after a code may have either value, so it does not matter here.
+// The number of 16-bit numbers that begin with a code of the table. No code is longer than 16 bits.
+// A code is followed by a sign bit, which may have either value and is therefore not counted.
 int UsedNumbers(CoefficientTable table) {
   int used = 0;
   for (const auto& part : {OwnCoefficientRows(table), SharedCoefficientRows()}) {
@@ -73,14 +73,13 @@ TEST(CodeTable, reads_a_code_but_not_the_bits_after_it) {
   EXPECT_EQ(reader.Peek(11), 0U);
 }
 
-TEST(CoefficientCodes, of_both_tables_have_the_same_meanings) {
+TEST(CoefficientCodes, both_tables_encode_the_same_steps) {
   const auto zero = Steps(CoefficientTable::Zero);
   EXPECT_EQ(zero.size(), 113U);  // 111 steps, end and escape
   EXPECT_EQ(zero, Steps(CoefficientTable::One));
 }
 
-// The highest level that has a code, for each run.
-TEST(CoefficientCodes, reach_as_far_as_the_standard_lists_them) {
+TEST(CoefficientCodes, cover_the_levels_of_each_run_up_to_the_highest_of_the_standard) {
   std::map<int, int> highest;
   std::map<int, int> count;
   for (const auto& [run, level] : Steps(CoefficientTable::Zero)) {
@@ -89,22 +88,22 @@ TEST(CoefficientCodes, reach_as_far_as_the_standard_lists_them) {
     ++count[run];
   }
   EXPECT_EQ(highest, count);  // no level is missing
-  const std::map<int, int> firsts = {{0, 40}, {1, 18}, {2, 5}, {3, 4}, {4, 3}, {5, 3}, {6, 3}};
+  const std::map<int, int> firstRuns = {{0, 40}, {1, 18}, {2, 5}, {3, 4}, {4, 3}, {5, 3}, {6, 3}};
   for (int run = 0; run <= 31; ++run) {
-    const auto first = firsts.find(run);
-    EXPECT_EQ(highest[run], first != firsts.end() ? first->second : run <= 16 ? 2 : 1) << run;
+    const auto first = firstRuns.find(run);
+    EXPECT_EQ(highest[run], first != firstRuns.end() ? first->second : run <= 16 ? 2 : 1) << run;
   }
   EXPECT_FALSE(highest.contains(32));
 }
 
 // Table zero has a code for every 16-bit number except the 16 that begin with twelve zeros, so no
 // code resembles a start code. In table one, nine times as many numbers begin with no code.
-TEST(CoefficientCodes, use_nearly_every_number) {
+TEST(CoefficientCodes, leave_only_the_known_gaps) {
   EXPECT_EQ((1 << 16) - UsedNumbers(CoefficientTable::Zero), 1 << 4);
   EXPECT_EQ((1 << 16) - UsedNumbers(CoefficientTable::One), 9 << 4);
 }
 
-TEST(CoefficientCodes, are_read_back_row_by_row) {
+TEST(CoefficientCodes, are_read_as_the_value_of_their_row) {
   for (const CoefficientTable table : {CoefficientTable::Zero, CoefficientTable::One}) {
     for (const auto& part : {OwnCoefficientRows(table), SharedCoefficientRows()}) {
       for (const auto& row : part) {

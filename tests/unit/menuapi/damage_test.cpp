@@ -20,7 +20,7 @@ Bytes NoisyStream(const std::string& options) {
 }
 
 // A frame of two rows. The second macroblock of the first row has this head (address increment,
-// type and their fields), this first block and five flat ones.
+// type, and the fields that depend on the type), this first block, and five flat blocks.
 StreamWriter WithMacroblock(std::string_view head, std::string_view block) {
   StreamWriter stream({});
   stream.Headers();
@@ -34,8 +34,8 @@ StreamWriter WithMacroblock(std::string_view head, std::string_view block) {
   return stream;
 }
 
-// Expects every macroblock except that one to be decoded.
-void ExpectBroken(std::string_view head, std::string_view block) {
+// Expects that every macroblock except the one with this head and block is decoded.
+void ExpectDamaged(std::string_view head, std::string_view block) {
   Planes planes(kSize);
   EXPECT_EQ(planes.Decode(WithMacroblock(head, block).Bytes()), Result::Damaged) << head << block;
   EXPECT_EQ(planes.Luma(15, 15), 60) << head << block;
@@ -45,7 +45,7 @@ void ExpectBroken(std::string_view head, std::string_view block) {
 
 }  // namespace
 
-TEST(Damage, of_a_stream_cut_at_any_byte) {
+TEST(Damage, a_stream_cut_at_any_byte_is_never_decoded_wrongly) {
   const Bytes stream = NoisyStream("-qscale:v 6 -flags +ildct+ilme");
   Planes whole({64, 48});
   ASSERT_EQ(whole.Decode(stream), Result::Done);
@@ -55,7 +55,7 @@ TEST(Damage, of_a_stream_cut_at_any_byte) {
     const Bytes cut(stream.begin(), stream.begin() + static_cast<std::ptrdiff_t>(size));
     Planes planes({64, 48});
     const Result result = planes.Decode(cut);
-    EXPECT_TRUE(result != Result::Refused || planes.IsBlack()) << size;
+    EXPECT_TRUE(result != Result::Rejected || planes.IsBlack()) << size;
     EXPECT_TRUE(result != Result::Done || std::ranges::equal(planes.Bytes(), whole.Bytes()))
         << size;
     damaged += result == Result::Damaged ? 1 : 0;
@@ -63,8 +63,8 @@ TEST(Damage, of_a_stream_cut_at_any_byte) {
   EXPECT_GT(damaged, 100);
 }
 
-// The missing bit is a zero, like the bits read past the end.
-TEST(Damage, of_the_last_bit_alone_is_reported) {
+// The missing bit is a zero, like the bits that are read past the end, so only the length differs.
+TEST(Damage, a_missing_last_bit_is_reported) {
   StreamSettings settings;
   settings.width = 16;
   settings.height = 16;
@@ -82,7 +82,7 @@ TEST(Damage, of_the_last_bit_alone_is_reported) {
   EXPECT_EQ(planes.Decode(bytes), Result::Damaged);
 }
 
-TEST(Damage, of_random_bytes) {
+TEST(Damage, random_bytes_do_not_affect_the_next_stream) {
   for (const char* options :
        {"-qscale:v 4", "-qscale:v 3 -flags +ildct+ilme -alternate_scan 1 -intra_vlc 1 -dc 10"}) {
     const Bytes stream = NoisyStream(options);
@@ -95,14 +95,14 @@ TEST(Damage, of_random_bytes) {
         damaged[7 + random() % (damaged.size() - 7)] = static_cast<std::uint8_t>(random());
       }
       Planes planes({64, 48});
-      if (planes.Decode(damaged) != Result::Refused) ++decoded;
+      if (planes.Decode(damaged) != Result::Rejected) ++decoded;
     }
     EXPECT_GT(decoded, 100);
     EXPECT_EQ(Planes({64, 48}).Decode(stream), Result::Done) << "the next good stream";
   }
 }
 
-TEST(Damage, of_one_slice_does_not_affect_the_others) {
+TEST(Damage, of_one_slice_leaves_the_other_slices_intact) {
   const Bytes stream = NoisyStream("-qscale:v 4");
   Planes whole({64, 48});
   ASSERT_EQ(whole.Decode(stream), Result::Done);
@@ -121,36 +121,33 @@ TEST(Damage, of_one_slice_does_not_affect_the_others) {
 }
 
 TEST(Damage, of_a_macroblock_ends_its_slice) {
-  ExpectBroken("00000000001 1",
-               "100 10");  // no increment
-  ExpectBroken("1 001",
-               "100 10");  // no type of an intra picture
-  ExpectBroken("1 01 00000",
-               "100 10");  // no quantiser scale
+  ExpectDamaged("00000000001 1", "100 10");  // no address increment has this code
+  ExpectDamaged("1 001", "100 10");          // no macroblock type of intra pictures has this code
+  ExpectDamaged("1 01 00000", "100 10");     // the quantiser scale code 0 is invalid
 }
 
 TEST(Damage, of_a_block_ends_its_slice) {
   // The DC coefficient falls below 0 or exceeds its range: 60 - 63, 60 + 255.
-  ExpectBroken("11", "11110 000000 10");
-  ExpectBroken("11", "1111110 11111111 10");
+  ExpectDamaged("11", "11110 000000 10");
+  ExpectDamaged("11", "1111110 11111111 10");
   // No coefficient has this code.
-  ExpectBroken("11", "100 000000000000 1111");
+  ExpectDamaged("11", "100 000000000000 1111");
   // An escape with level 0, and with -2048, which has no opposite.
-  ExpectBroken("11", "100 000001 000000 000000000000 10");
-  ExpectBroken("11", "100 000001 000000 100000000000 10");
+  ExpectDamaged("11", "100 000001 000000 000000000000 10");
+  ExpectDamaged("11", "100 000001 000000 100000000000 10");
   // A run past the end of the block, directly and one step after the last coefficient.
-  ExpectBroken("11", "100 000001 111111 000000000001 10");
-  ExpectBroken("11", "100 000001 111110 000000000001 110 10");
+  ExpectDamaged("11", "100 000001 111111 000000000001 10");
+  ExpectDamaged("11", "100 000001 111110 000000000001 110 10");
 }
 
-// Without the extra step of the last case above, the block is full and valid.
-TEST(Damage, does_not_occur_if_a_block_is_full) {
+// The last case above without its extra step.
+TEST(Damage, is_not_reported_for_a_full_block) {
   const StreamWriter stream = WithMacroblock("1 01 00001", "100 000001 111110 000000000001 10");
   Planes planes(kSize);
   EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Done);
 }
 
-TEST(Damage, by_a_missing_macroblock_ends_the_slice) {
+TEST(Damage, a_missing_macroblock_ends_its_slice) {
   StreamSettings settings;
   settings.width = 48;
   settings.height = 16;
@@ -166,7 +163,7 @@ TEST(Damage, by_a_missing_macroblock_ends_the_slice) {
 }
 
 // Macroblocks that a stream repeats are not decoded again, so repetition costs no time.
-TEST(Damage, by_repeated_rows_or_rows_below_the_picture_does_not_change_the_others) {
+TEST(Damage, repeated_rows_and_rows_below_the_picture_are_skipped) {
   StreamWriter stream({});
   stream.Headers();
   stream.FlatRow(0, 60);
@@ -178,7 +175,7 @@ TEST(Damage, by_repeated_rows_or_rows_below_the_picture_does_not_change_the_othe
   EXPECT_EQ(planes.Luma(0, 16), 16);
 }
 
-TEST(Damage, by_a_macroblock_beyond_the_row) {
+TEST(Damage, macroblocks_beyond_the_end_of_a_row_are_skipped) {
   StreamWriter stream({});
   stream.Headers();
   stream.Slice(0);

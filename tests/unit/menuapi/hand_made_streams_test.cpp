@@ -1,5 +1,6 @@
 // Valid streams that ffmpeg does not write: field pictures, vectors in intra pictures, slices that
-// begin anywhere, and matrices for a single picture. ffmpeg decodes them all with the same result.
+// begin anywhere, and matrices for a single picture. Most are also decoded with ffmpeg and
+// compared.
 #include <gtest/gtest.h>
 
 #include "unit/menuapi/planes.h"
@@ -34,7 +35,7 @@ void WriteField(StreamWriter& stream, int structure, int luma, int blue) {
 
 }  // namespace
 
-TEST(HandMadeStream, of_flat_macroblocks) {
+TEST(HandMadeStream, of_flat_macroblocks_is_decoded_exactly) {
   const StreamSettings settings;
   StreamWriter stream(settings);
   stream.Headers();
@@ -50,7 +51,7 @@ TEST(HandMadeStream, of_flat_macroblocks) {
   ExpectReferenceAgrees(stream, planes);
 }
 
-TEST(HandMadeStream, of_two_intra_coded_fields_in_either_order) {
+TEST(HandMadeStream, of_two_intra_coded_fields_is_interleaved_in_either_order) {
   for (const int first : {kTopField, kBottomField}) {
     const StreamSettings settings = Interlaced();
     StreamWriter stream(settings);
@@ -71,8 +72,8 @@ TEST(HandMadeStream, of_two_intra_coded_fields_in_either_order) {
   }
 }
 
-// The second field is predicted from the first, invalid, the same field again, or missing.
-TEST(HandMadeStream, whose_first_field_alone_can_be_decoded_has_its_lines_doubled) {
+// The second field is missing, predicted from the first, the same field again, or a whole frame.
+TEST(HandMadeStream, of_one_decodable_field_has_its_lines_doubled) {
   const StreamSettings settings = Interlaced();
   for (const int first : {kTopField, kBottomField}) {
     for (int second = 0; second < 4; ++second) {
@@ -118,7 +119,7 @@ TEST(HandMadeStream, with_one_damaged_field_keeps_the_other) {
   }
 }
 
-TEST(HandMadeStream, whose_macroblocks_choose_between_frame_and_field_lines) {
+TEST(HandMadeStream, may_choose_frame_or_field_dct_for_each_macroblock) {
   StreamSettings settings = Interlaced();
   settings.width = 16;
   StreamWriter stream(settings);
@@ -134,9 +135,9 @@ TEST(HandMadeStream, whose_macroblocks_choose_between_frame_and_field_lines) {
   ExpectReferenceAgrees(stream, planes);
 }
 
-// Rows are paired so that each field has whole macroblocks. The last row of this frame is below its
-// height.
-TEST(HandMadeStream, of_an_interlaced_sequence_has_rows_in_pairs) {
+// Rows come in pairs, so that each field has whole macroblocks. The last row of this frame is below
+// the visible picture.
+TEST(HandMadeStream, of_an_interlaced_sequence_has_an_even_number_of_rows) {
   StreamSettings settings = Interlaced();
   settings.isFrameDctOnly = true;
   settings.height = 48;
@@ -152,26 +153,24 @@ TEST(HandMadeStream, of_an_interlaced_sequence_has_rows_in_pairs) {
 TEST(HandMadeStream, with_concealment_vectors_is_decoded_as_without_them) {
   // Horizontally: no step, then a step of -5 with two more bits. Vertically: a step of 16, then
   // none.
-  for (const auto& [first, second] : {std::pair{"11 1 0000001100 0 11 1", "11 00001011 01 1 1"}}) {
-    StreamSettings settings;
-    settings.height = 16;
-    settings.hasVectors = true;
-    settings.vectorSize = 3;
-    StreamWriter stream(settings);
-    stream.Headers();
-    stream.Slice(0);
-    stream.Macroblock(first, 50, 128, 128);
-    stream.Macroblock(second, 70, 90, 128);
-    Planes planes(SizeOf(settings));
-    ASSERT_EQ(planes.Decode(stream.Bytes()), Result::Done);
-    EXPECT_EQ(planes.Luma(0, 0), 50);
-    EXPECT_EQ(planes.Luma(16, 0), 70);
-    EXPECT_EQ(planes.Blue(8, 0), 90);
-    ExpectReferenceAgrees(stream, planes);
-  }
+  StreamSettings settings;
+  settings.height = 16;
+  settings.hasVectors = true;
+  settings.vectorSize = 3;
+  StreamWriter stream(settings);
+  stream.Headers();
+  stream.Slice(0);
+  stream.Macroblock("11 1 0000001100 0 11 1", 50, 128, 128);
+  stream.Macroblock("11 00001011 01 1 1", 70, 90, 128);
+  Planes planes(SizeOf(settings));
+  ASSERT_EQ(planes.Decode(stream.Bytes()), Result::Done);
+  EXPECT_EQ(planes.Luma(0, 0), 50);
+  EXPECT_EQ(planes.Luma(16, 0), 70);
+  EXPECT_EQ(planes.Blue(8, 0), 90);
+  ExpectReferenceAgrees(stream, planes);
 }
 
-TEST(HandMadeStream, with_concealment_vectors_in_fields_names_the_field_too) {
+TEST(HandMadeStream, of_fields_with_concealment_vectors_has_a_field_selection_bit) {
   StreamSettings settings = Interlaced();
   settings.width = 16;
   settings.hasVectors = true;
@@ -192,7 +191,7 @@ TEST(HandMadeStream, with_concealment_vectors_in_fields_names_the_field_too) {
   ExpectReferenceAgrees(stream, planes);
 }
 
-TEST(HandMadeStream, whose_slices_begin_within_the_row) {
+TEST(HandMadeStream, may_begin_slices_within_a_row) {
   StreamSettings settings;
   settings.width = 1184;  // 74 macroblocks
   settings.height = 16;
@@ -216,7 +215,7 @@ TEST(HandMadeStream, whose_slices_begin_within_the_row) {
   ExpectReferenceAgrees(stream, planes);
 }
 
-TEST(HandMadeStream, whose_slices_contain_extra_information) {
+TEST(HandMadeStream, may_have_extra_information_in_slices) {
   StreamSettings settings;
   settings.height = 16;
   StreamWriter stream(settings);
@@ -230,7 +229,7 @@ TEST(HandMadeStream, whose_slices_contain_extra_information) {
   EXPECT_EQ(planes.Luma(16, 0), 60);
 }
 
-TEST(HandMadeStream, above_2800_lines_extends_the_rows_of_slices) {
+TEST(HandMadeStream, of_more_than_2800_lines_has_three_more_bits_for_the_row) {
   StreamSettings settings;
   settings.width = 16;
   settings.height = 2816;
@@ -243,7 +242,7 @@ TEST(HandMadeStream, above_2800_lines_extends_the_rows_of_slices) {
   ExpectReferenceAgrees(stream, planes);
 }
 
-TEST(HandMadeStream, has_a_matrix_for_its_picture) {
+TEST(HandMadeStream, may_have_a_matrix_for_one_picture) {
   // One coefficient of level 1 at the second position; the matrix and the scale decide its value.
   StreamSettings settings;
   settings.width = 16;
@@ -257,13 +256,14 @@ TEST(HandMadeStream, has_a_matrix_for_its_picture) {
   stream.Bits().Put("0010 0010");
   Planes planes(SizeOf(settings));
   ASSERT_EQ(planes.Decode(stream.Bytes()), Result::Done);
-  // 1 x 100 x 20 / 16 = 125; a quarter of it, by cos(pi / 16) / sqrt(2), is 21.7.
+  // The coefficient is 1 x 100 x 20 / 16 = 125. At the corner it adds 125 / 4 x cos(pi / 16) /
+  // sqrt(2) = 21.7.
   EXPECT_EQ(planes.Luma(0, 0), 128 + 22);
   EXPECT_EQ(planes.Luma(7, 7), 128 - 22);
   ExpectReferenceAgrees(stream, planes);
 }
 
-TEST(HandMadeStream, has_its_headers_twice_with_others_between_them) {
+TEST(HandMadeStream, may_repeat_its_headers_with_others_between_them) {
   StreamSettings settings;
   settings.width = 16;
   settings.height = 16;

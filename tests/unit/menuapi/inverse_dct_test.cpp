@@ -13,12 +13,12 @@ namespace menuapi::test {
 
 namespace {
 
-double Wave(int frequency, int place) {
+double Wave(int frequency, int x) {
   const double scale = frequency == 0 ? std::numbers::sqrt2 / 2 : 1;
-  return scale * std::cos((2 * place + 1) * frequency * std::numbers::pi / 16);
+  return scale * std::cos((2 * x + 1) * frequency * std::numbers::pi / 16);
 }
 
-// The sample by the formula, neither rounded nor limited.
+// The sample by the formula, neither rounded nor clamped.
 double SampleOf(const Coefficients& block, int x, int y) {
   double sum = 0;
   for (int v = 0; v < 8; ++v) {
@@ -29,8 +29,7 @@ double SampleOf(const Coefficients& block, int x, int y) {
   return sum / 4;
 }
 
-// The coefficients of a block of random samples around the middle level, transformed and rounded
-// exactly.
+// The rounded coefficients of a block of random samples at most `range` from the middle level.
 Coefficients Transformed(std::mt19937& random, int range) {
   std::array<int, kBlockSize> samples{};
   for (int& sample : samples) sample = 128 + static_cast<int>(random() % (2 * range + 1)) - range;
@@ -38,8 +37,8 @@ Coefficients Transformed(std::mt19937& random, int range) {
   for (int v = 0; v < 8; ++v) {
     for (int u = 0; u < 8; ++u) {
       double sum = 0;
-      for (int place = 0; place < 64; ++place) {
-        sum += samples[static_cast<std::size_t>(place)] * Wave(u, place % 8) * Wave(v, place / 8);
+      for (int i = 0; i < 64; ++i) {
+        sum += samples[static_cast<std::size_t>(i)] * Wave(u, i % 8) * Wave(v, i / 8);
       }
       block[static_cast<std::size_t>(8 * v + u)] = static_cast<int>(std::lround(sum / 4));
     }
@@ -50,9 +49,9 @@ Coefficients Transformed(std::mt19937& random, int range) {
 // Half a level may be rounded up or down.
 void ExpectFormula(const Coefficients& block) {
   const Samples samples = InverseDct(block);
-  for (int place = 0; place < 64; ++place) {
-    const double exact = std::clamp(SampleOf(block, place % 8, place / 8), 0.0, 255.0);
-    ASSERT_NEAR(samples[static_cast<std::size_t>(place)], exact, 0.5 + 1e-9);
+  for (int i = 0; i < 64; ++i) {
+    const double exact = std::clamp(SampleOf(block, i % 8, i / 8), 0.0, 255.0);
+    ASSERT_NEAR(samples[static_cast<std::size_t>(i)], exact, 0.5 + 1e-9);
   }
 }
 
@@ -66,11 +65,11 @@ TEST(InverseDct, rounds_the_formula_to_the_nearest_level) {
 }
 
 TEST(InverseDct, of_a_single_coefficient_is_its_wave) {
-  for (std::size_t place = 0; place < kBlockSize; ++place) {
+  for (std::size_t position = 0; position < kBlockSize; ++position) {
     for (const int level : {-2048, -300, 1, 2047}) {
       Coefficients block{};
       block[0] = 1024;
-      block[place] += level;
+      block[position] += level;
       ExpectFormula(block);
     }
   }
@@ -83,7 +82,7 @@ TEST(InverseDct, of_a_flat_block_is_exact) {
   }
 }
 
-TEST(InverseDct, of_any_coefficients_stays_between_0_and_255) {
+TEST(InverseDct, of_any_coefficients_is_clamped_to_0_and_255) {
   std::mt19937 random(2);
   for (int round = 0; round < 200; ++round) {
     Coefficients block{};

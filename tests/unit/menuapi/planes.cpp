@@ -10,8 +10,8 @@ namespace menuapi::test {
 
 Result Planes::Decode(std::span<const std::uint8_t> stream) {
   const Result result = DecodeFrame(stream, std::span(bytes_).first(PlanesBytes(size_)));
-  const auto behind = bytes_.begin() + static_cast<std::ptrdiff_t>(PlanesBytes(size_));
-  EXPECT_TRUE(std::all_of(behind, bytes_.end(), [](int byte) { return byte == kUntouched; }));
+  const auto end = bytes_.begin() + static_cast<std::ptrdiff_t>(PlanesBytes(size_));
+  EXPECT_TRUE(std::all_of(end, bytes_.end(), [](int byte) { return byte == kUntouched; }));
   return result;
 }
 

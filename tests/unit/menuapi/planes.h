@@ -13,12 +13,12 @@ namespace menuapi::test {
 // Initial value of each byte of a buffer. The bytes after the frame must keep it.
 inline constexpr std::uint8_t kUntouched = 0xA5;
 
-// A frame in a buffer of the size that the engine allocates, which is larger than the frame if a
-// side is odd.
+// A frame in a buffer of the size that the engine allocates, which exceeds the frame if a side is
+// odd, and some bytes to detect writes past its end.
 class Planes {
  public:
   explicit Planes(FrameSize size)
-      : size_(size), bytes_(LumaBytes(size) * 3 / 2 + kBehind, kUntouched) {}
+      : size_(size), bytes_(LumaBytes(size) * 3 / 2 + kGuardBytes, kUntouched) {}
 
   // Decodes into the buffer. A write past the frame fails the test.
   Result Decode(std::span<const std::uint8_t> stream);
@@ -36,7 +36,7 @@ class Planes {
   [[nodiscard]] bool IsUntouched() const;
 
  private:
-  static constexpr std::size_t kBehind = 64;
+  static constexpr std::size_t kGuardBytes = 64;
 
   [[nodiscard]] int At(std::size_t plane, int width, int x, int y) const {
     return bytes_.at(plane + static_cast<std::size_t>(y * width + x));

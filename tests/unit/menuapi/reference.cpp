@@ -1,5 +1,5 @@
-// Runs ffmpeg on numbered files: s0, s1, ... are the streams it writes, i0, ... those it reads, and
-// o0, ... are frames.
+// Runs ffmpeg on numbered files: it writes the streams s0, s1, ..., reads the streams i0, i1, ...
+// and writes the frames o0, o1, ...
 #include "unit/menuapi/reference.h"
 
 #include <gtest/gtest.h>

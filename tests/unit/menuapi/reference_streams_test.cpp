@@ -1,5 +1,5 @@
 // Compares this decoder with ffmpeg on streams that ffmpeg encodes. Frames may differ by at most 2
-// levels. Both use the same formula, so hardly any samples differ.
+// levels, and in few samples, because both use the same formula.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -60,7 +60,7 @@ Picture PictureOf(const Bytes& stream) {
 
 }  // namespace
 
-TEST(ReferenceStreams, of_all_kinds_of_sizes) {
+TEST(ReferenceStreams, of_even_sizes_are_decoded_alike) {
   for (const FrameSize size :
        {FrameSize{16, 16}, FrameSize{64, 48}, FrameSize{18, 34}, FrameSize{50, 14}, FrameSize{2, 2},
         FrameSize{352, 288}, FrameSize{720, 576}, FrameSize{4094, 30}, FrameSize{30, 4094}}) {
@@ -71,7 +71,7 @@ TEST(ReferenceStreams, of_all_kinds_of_sizes) {
   }
 }
 
-TEST(ReferenceStreams, of_odd_sizes) {
+TEST(ReferenceStreams, of_odd_sizes_are_decoded_alike) {
   const Reference reference;
   Bytes stream = reference.Encode(Source({64, 48}), "-qscale:v 3");
   stream[4] = 0x03;  // 63 x 47 has as many macroblocks as 64 x 48
@@ -80,7 +80,7 @@ TEST(ReferenceStreams, of_odd_sizes) {
   ExpectSame(stream, reference.Decode(stream), "63 x 47");
 }
 
-TEST(ReferenceStreams, of_every_linear_quantiser_scale) {
+TEST(ReferenceStreams, of_every_linear_quantiser_scale_are_decoded_alike) {
   std::vector<std::string> options;
   for (int scale = 1; scale <= 31; ++scale) {
     options.push_back("-qmin 1 -qscale:v " + std::to_string(scale));
@@ -88,7 +88,7 @@ TEST(ReferenceStreams, of_every_linear_quantiser_scale) {
   ExpectSameFrames(Source({112, 80}), options);
 }
 
-TEST(ReferenceStreams, of_non_linear_quantiser_scales) {
+TEST(ReferenceStreams, of_non_linear_quantiser_scales_are_decoded_alike) {
   std::vector<std::string> options;
   for (int scale = 1; scale <= 28; ++scale) {
     options.push_back("-qmin 1 -qmax 28 -non_linear_quant 1 -qscale:v " + std::to_string(scale));
@@ -97,12 +97,12 @@ TEST(ReferenceStreams, of_non_linear_quantiser_scales) {
   EXPECT_EQ(PictureOf(streams.front()).scaleType, ScaleType::NonLinear);
 }
 
-TEST(ReferenceStreams, whose_quantiser_changes_from_macroblock_to_macroblock) {
+TEST(ReferenceStreams, with_a_quantiser_scale_per_macroblock_are_decoded_alike) {
   ExpectSameFrames(Source({352, 288}), {"-b:v 3M -mbd rd -lumi_mask 0.3 -scplx_mask 0.3",
                                         "-b:v 500k -qmin 1 -qmax 31 -lumi_mask 0.5"});
 }
 
-TEST(ReferenceStreams, of_both_coefficient_tables) {
+TEST(ReferenceStreams, of_both_coefficient_tables_are_decoded_alike) {
   const auto streams = ExpectSameFrames(Source({352, 288}), {"-qscale:v 1 -qmin 1 -intra_vlc 0",
                                                              "-qscale:v 1 -qmin 1 -intra_vlc 1",
                                                              "-qscale:v 6 -intra_vlc 1"});
@@ -110,14 +110,14 @@ TEST(ReferenceStreams, of_both_coefficient_tables) {
   EXPECT_EQ(PictureOf(streams[1]).coefficientTable, CoefficientTable::One);
 }
 
-TEST(ReferenceStreams, of_both_scans) {
+TEST(ReferenceStreams, of_both_scans_are_decoded_alike) {
   const auto streams = ExpectSameFrames(
       Source({352, 288}), {"-qscale:v 4 -alternate_scan 0", "-qscale:v 4 -alternate_scan 1"});
   EXPECT_FALSE(PictureOf(streams[0]).usesAlternateScan);
   EXPECT_TRUE(PictureOf(streams[1]).usesAlternateScan);
 }
 
-TEST(ReferenceStreams, of_every_precision_of_dc_coefficients) {
+TEST(ReferenceStreams, of_every_dc_precision_are_decoded_alike) {
   const auto streams =
       ExpectSameFrames(Source({176, 144}), {"-qscale:v 5 -dc 8", "-qscale:v 5 -dc 9",
                                             "-qscale:v 5 -dc 10", "-qscale:v 5 -dc 11"});
@@ -126,7 +126,7 @@ TEST(ReferenceStreams, of_every_precision_of_dc_coefficients) {
   }
 }
 
-TEST(ReferenceStreams, of_interlaced_frames) {
+TEST(ReferenceStreams, of_interlaced_frames_are_decoded_alike) {
   const auto streams = ExpectSameFrames(
       InterlacedSource({352, 288}),
       {"-qscale:v 2 -flags +ildct+ilme", "-qscale:v 2 -flags +ildct+ilme -alternate_scan 1",
@@ -136,18 +136,18 @@ TEST(ReferenceStreams, of_interlaced_frames) {
 }
 
 // A progressive sequence has rows of 16 lines, an interlaced one pairs of such rows.
-TEST(ReferenceStreams, of_interlaced_frames_whose_height_is_not_a_multiple_of_32) {
+TEST(ReferenceStreams, of_interlaced_frames_of_any_height_are_decoded_alike) {
   for (const int height : {16, 34, 48, 60}) {
     ExpectSameFrames(InterlacedSource({64, height}), {"-qscale:v 2 -flags +ildct+ilme"});
   }
 }
 
-TEST(ReferenceStreams, with_their_own_matrix) {
+TEST(ReferenceStreams, with_their_own_matrix_are_decoded_alike) {
   std::string rising = "8";
   std::string falling = "8";
-  for (int place = 1; place < 64; ++place) {
-    rising += "," + std::to_string(4 + 3 * place);
-    falling += "," + std::to_string(200 - 3 * place);
+  for (int i = 1; i < 64; ++i) {
+    rising += "," + std::to_string(4 + 3 * i);
+    falling += "," + std::to_string(200 - 3 * i);
   }
   const auto streams = ExpectSameFrames(Source({176, 144}),
                                         {"-qscale:v 2 -intra_matrix " + rising,
@@ -158,7 +158,7 @@ TEST(ReferenceStreams, with_their_own_matrix) {
   EXPECT_EQ(headers.CurrentSequence().intraMatrix[63], 4 + 3 * 63);
 }
 
-TEST(ReferenceStreams, of_flat_and_of_extreme_colours) {
+TEST(ReferenceStreams, of_flat_and_of_extreme_colours_are_decoded_alike) {
   for (const char* source :
        {"color=black:size=64x48", "color=white:size=64x48", "color=red:size=64x48",
         "nullsrc=size=64x48,geq=lum='255*mod(X+Y,2)':cb='255*mod(X,2)':cr='255*mod(Y,2)'",
@@ -167,7 +167,7 @@ TEST(ReferenceStreams, of_flat_and_of_extreme_colours) {
   }
 }
 
-TEST(ReferenceStreams, with_a_second_frame_after_the_first) {
+TEST(ReferenceStreams, of_two_frames_yield_the_first) {
   const Reference reference;
   const Bytes first = reference.Encode(Source({64, 48}), "-qscale:v 3");
   const Bytes second = reference.Encode("color=red:size=64x48", "-qscale:v 3");

@@ -1,5 +1,5 @@
-// Any stream is refused unless it is MPEG-2 and begins with an intra coded 4:2:0 frame. If its size
-// is known, the frame is filled with black.
+// Any stream is rejected unless it is MPEG-2 and begins with an intra coded 4:2:0 frame. If its
+// size is known, the frame is filled with black.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -23,7 +23,7 @@ Result DecodeWritten(const std::function<void(StreamWriter&)>& writeHeaders,
   stream.FlatRow(1, 50);
   Planes planes(kSize);
   const Result result = planes.Decode(stream.Bytes());
-  EXPECT_EQ(planes.IsBlack(), result == Result::Refused);
+  EXPECT_EQ(planes.IsBlack(), result == Result::Rejected);
   return result;
 }
 
@@ -33,23 +33,23 @@ Result DecodeWithSettings(const StreamSettings& settings) {
 
 }  // namespace
 
-TEST(Refusal, does_not_touch_the_buffer_without_a_sequence_header) {
+TEST(Rejects, a_stream_without_a_sequence_header_and_leaves_the_buffer_unchanged) {
   StreamWriter complete({});
   complete.Headers();
   for (std::size_t size = 0; size < 7; ++size) {
     Planes planes(kSize);
-    EXPECT_EQ(planes.Decode(std::span(complete.Bytes()).first(size)), Result::Refused);
+    EXPECT_EQ(planes.Decode(std::span(complete.Bytes()).first(size)), Result::Rejected);
     EXPECT_TRUE(planes.IsUntouched()) << size;
   }
   StreamWriter withoutSequence({});
   withoutSequence.PictureHeader(kIntraPicture);
   withoutSequence.SequenceHeader();
   Planes planes(kSize);
-  EXPECT_EQ(planes.Decode(withoutSequence.Bytes()), Result::Refused);
+  EXPECT_EQ(planes.Decode(withoutSequence.Bytes()), Result::Rejected);
   EXPECT_TRUE(planes.IsUntouched());
 }
 
-TEST(Refusal, of_a_size_without_area) {
+TEST(Rejects, a_size_without_area) {
   for (const unsigned side : {0U, 32U}) {
     StreamSettings settings;
     settings.width = side;
@@ -59,35 +59,35 @@ TEST(Refusal, of_a_size_without_area) {
     FrameSize size;
     EXPECT_FALSE(ReadFrameSize(stream.Bytes(), size));
     Planes planes(kSize);
-    EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Refused);
+    EXPECT_EQ(planes.Decode(stream.Bytes()), Result::Rejected);
     EXPECT_TRUE(planes.IsUntouched());
   }
 }
 
-TEST(Refusal, of_a_buffer_that_is_too_small) {
+TEST(Rejects, a_buffer_that_is_too_small) {
   StreamWriter stream({});
   stream.Headers();
   stream.FlatRow(0, 50);
   std::vector<std::uint8_t> planes(PlanesBytes(kSize) - 1, kUntouched);
-  EXPECT_EQ(DecodeFrame(stream.Bytes(), planes), Result::Refused);
+  EXPECT_EQ(DecodeFrame(stream.Bytes(), planes), Result::Rejected);
   EXPECT_EQ(planes.front(), kUntouched);
 }
 
-TEST(Refusal, of_other_chroma_formats_and_sizes_above_4095) {
+TEST(Rejects, other_chroma_formats_and_sizes_above_4095) {
   EXPECT_EQ(DecodeWithSettings({}), Result::Done);
   for (const unsigned chromaFormat : {0U, 2U, 3U}) {
     StreamSettings settings;
     settings.chromaFormat = chromaFormat;
-    EXPECT_EQ(DecodeWithSettings(settings), Result::Refused);
+    EXPECT_EQ(DecodeWithSettings(settings), Result::Rejected);
   }
   for (const unsigned extensions : {1U, 4U}) {
     StreamSettings settings;
     settings.sizeExtensions = extensions;
-    EXPECT_EQ(DecodeWithSettings(settings), Result::Refused);
+    EXPECT_EQ(DecodeWithSettings(settings), Result::Rejected);
   }
 }
 
-TEST(Refusal, of_streams_from_other_encoders_or_options) {
+TEST(Rejects, streams_from_other_encoders_or_options) {
   const Reference reference;
   const auto streams = reference.Encode(
       "testsrc2=size=32x32",
@@ -97,12 +97,12 @@ TEST(Refusal, of_streams_from_other_encoders_or_options) {
   for (const Bytes& stream : streams) {
     EXPECT_GT(stream.size(), 100U);
     Planes planes(kSize);
-    EXPECT_EQ(planes.Decode(stream), Result::Refused);
+    EXPECT_EQ(planes.Decode(stream), Result::Rejected);
     EXPECT_TRUE(planes.IsBlack() || planes.IsUntouched());
   }
 }
 
-TEST(Refusal, of_a_first_picture_that_is_not_intra_coded) {
+TEST(Rejects, a_first_picture_that_is_not_intra_coded) {
   for (const int type : {0, 2, 3, 4, 7}) {
     EXPECT_EQ(DecodeWritten([type](StreamWriter& stream) {
                 stream.SequenceHeader();
@@ -110,11 +110,11 @@ TEST(Refusal, of_a_first_picture_that_is_not_intra_coded) {
                 stream.PictureHeader(type);
                 stream.PictureCodingExtension(kFramePicture);
               }),
-              Result::Refused);
+              Result::Rejected);
   }
 }
 
-TEST(Refusal, of_headers_that_are_missing_or_out_of_order) {
+TEST(Rejects, headers_that_are_missing_or_out_of_order) {
   const std::function<void(StreamWriter&)> cases[] = {
       [](StreamWriter& stream) { stream.SequenceHeader(); },
       [](StreamWriter& stream) {
@@ -160,11 +160,11 @@ TEST(Refusal, of_headers_that_are_missing_or_out_of_order) {
       },
   };
   for (const auto& writeHeaders : cases) {
-    EXPECT_EQ(DecodeWritten(writeHeaders), Result::Refused) << (&writeHeaders - cases);
+    EXPECT_EQ(DecodeWritten(writeHeaders), Result::Rejected) << (&writeHeaders - cases);
   }
 }
 
-TEST(Refusal, of_a_second_size) {
+TEST(Rejects, a_second_sequence_header_with_another_size) {
   StreamSettings larger;
   larger.width = 64;
   larger.height = 64;
@@ -177,11 +177,11 @@ TEST(Refusal, of_a_second_size) {
   std::vector<std::uint8_t> both = first.Bytes();
   both.insert(both.end(), second.Bytes().begin(), second.Bytes().end());
   Planes planes(kSize);
-  EXPECT_EQ(planes.Decode(both), Result::Refused);
+  EXPECT_EQ(planes.Decode(both), Result::Rejected);
   EXPECT_TRUE(planes.IsBlack());
 }
 
-TEST(Refusal, of_scalable_streams) {
+TEST(Rejects, scalable_streams) {
   EXPECT_EQ(DecodeWritten([](StreamWriter& stream) {
               stream.SequenceHeader();
               stream.SequenceExtension();
@@ -190,33 +190,33 @@ TEST(Refusal, of_scalable_streams) {
               stream.PictureHeader(kIntraPicture);
               stream.PictureCodingExtension(kFramePicture);
             }),
-            Result::Refused);
+            Result::Rejected);
 }
 
-TEST(Refusal, of_headers_that_contradict_themselves) {
+TEST(Rejects, headers_that_contradict_themselves) {
   // Fields of a progressive sequence.
   for (const int structure : {kTopField, kBottomField}) {
     EXPECT_EQ(DecodeWritten([structure](StreamWriter& stream) { stream.Headers(structure); }),
-              Result::Refused);
+              Result::Rejected);
   }
   // A picture that is neither field nor frame.
   StreamSettings interlaced;
   interlaced.isProgressive = false;
   EXPECT_EQ(DecodeWritten([](StreamWriter& stream) { stream.Headers(0); }, interlaced),
-            Result::Refused);
+            Result::Rejected);
   // Vectors whose size is invalid.
   for (const unsigned size : {0U, 10U, 15U}) {
     StreamSettings settings;
     settings.hasVectors = true;
     settings.vectorSize = size;
-    EXPECT_EQ(DecodeWithSettings(settings), Result::Refused) << size;
+    EXPECT_EQ(DecodeWithSettings(settings), Result::Rejected) << size;
   }
   // A matrix with a weight of 0.
   EXPECT_EQ(DecodeWritten([](StreamWriter& stream) {
               stream.Headers();
               stream.MatrixExtension(0);
             }),
-            Result::Refused);
+            Result::Rejected);
 }
 
 }  // namespace menuapi::test

@@ -1,4 +1,4 @@
-// Rules for any bytes, video or not: the bits and units of a stream, and a stream in a file.
+// The layers below the video syntax: the bits and units of a stream, and a stream in a file.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -80,7 +80,7 @@ TEST(StartCodes, divide_a_stream_into_units) {
   EXPECT_TRUE(units.IsAtEnd());
 }
 
-TEST(StartCodes, end_where_a_prefix_has_no_code) {
+TEST(StartCodes, are_at_the_end_if_no_prefix_with_a_code_follows) {
   for (const Bytes& bytes :
        {Bytes{}, Bytes{0}, Bytes{0, 0}, Bytes{0, 0, 1}, Bytes{1, 2, 3, 4, 5}}) {
     EXPECT_TRUE(StartCodes(bytes).IsAtEnd());
@@ -99,13 +99,13 @@ TEST_F(StreamFile, is_decoded) {
   EXPECT_EQ(planes[31 * 32], 60);
 }
 
-TEST_F(StreamFile, that_is_unreadable_or_no_sequence_is_refused) {
+TEST_F(StreamFile, is_rejected_if_it_cannot_be_read_or_has_no_sequence_header) {
   Bytes planes(64, kUntouched);
-  EXPECT_EQ(DecodeFrameFile(Path().c_str(), planes.data()), Result::Refused);
-  EXPECT_EQ(DecodeFrameFile(folder_.c_str(), planes.data()), Result::Refused);
+  EXPECT_EQ(DecodeFrameFile(Path().c_str(), planes.data()), Result::Rejected);
+  EXPECT_EQ(DecodeFrameFile(folder_.c_str(), planes.data()), Result::Rejected);
   for (const Bytes& bytes : {Bytes{}, Bytes{0, 0, 1, 0xB3, 0, 0}, Bytes(3000000, 0x55)}) {
     Write(bytes);
-    EXPECT_EQ(DecodeFrameFile(Path().c_str(), planes.data()), Result::Refused);
+    EXPECT_EQ(DecodeFrameFile(Path().c_str(), planes.data()), Result::Rejected);
   }
   EXPECT_EQ(planes, Bytes(64, kUntouched));
 }

@@ -1,5 +1,5 @@
-// Writes the fields of headers and slices in order. The codes of DC sizes are repeated here, so
-// that the writer does not depend on the tables that it tests.
+// Writes the fields of headers and slices in order. Repeats the codes of DC sizes, so that the
+// writer does not depend on the tables under test.
 #include "unit/menuapi/stream_writer.h"
 
 #include <cstdlib>

@@ -17,14 +17,14 @@ inline constexpr int kTopField = 1;
 inline constexpr int kBottomField = 2;
 inline constexpr int kFramePicture = 3;
 
-// The values in the headers. The sizes need not be those of the slices that follow.
+// The values in the headers. The size may differ from that of the slices that follow.
 struct StreamSettings {
   unsigned width = 32;
   unsigned height = 32;
   bool isProgressive = true;
   unsigned chromaFormat = 1;
   unsigned sizeExtensions = 0;  // two bits for the width, two for the height
-  unsigned vectorSize = 15;     // the code of all four
+  unsigned vectorSize = 15;     // the code for all four vector components
   unsigned dcPrecision = 0;
   bool isFrameDctOnly = true;
   bool hasVectors = false;
@@ -49,8 +49,8 @@ class StreamWriter {
 
   // Begins a slice. `information` is the extra information between the scale and the macroblocks.
   void Slice(unsigned row, unsigned scaleCode = 1, std::string_view information = "0");
-  // Writes `head` (address increment, type and their fields), then flat blocks of these levels,
-  // which must be representable with the precision of DC coefficients.
+  // Writes `head` (address increment, type, and the fields that depend on the type), then flat
+  // blocks of these levels.
   void Macroblock(std::string_view head, int luma, int blue, int red);
   // Writes a slice with a full row of macroblocks, each two levels lighter than the one before.
   void FlatRow(unsigned row, int luma, int blue = 128, int red = 128);

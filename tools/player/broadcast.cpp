@@ -1,4 +1,4 @@
-// The files are those that `mheg run` plays.
+// Loads the folder in the same way as `mheg run`.
 #include "player/broadcast.h"
 
 #include <cstdio>

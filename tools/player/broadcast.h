@@ -10,11 +10,11 @@ namespace player {
 
 using Files = std::unique_ptr<mheg::CarouselFiles>;
 
-// Reads the folder and compiles its texts. Returns 0, or after reporting an error the status to
-// exit with; `files` is then unchanged.
+// Reads the folder and compiles its source files. Returns 0. On failure, reports the error, leaves
+// `files` unchanged and returns the exit status.
 [[nodiscard]] int LoadFiles(const Options& options, Files& files);
 
-// Whether the engine will find a file to start with.
+// Whether the engine will find a start-up application.
 [[nodiscard]] bool HasApplication(const mheg::CarouselFiles& files);
 
 }  // namespace player

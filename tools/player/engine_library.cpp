@@ -13,7 +13,7 @@ template <typename Function> bool Find(HMODULE library, const char* name, Functi
 
 // Stores the window and ends the search if it is this process's engine window. Players in other
 // processes have windows of the same class.
-BOOL CALLBACK TakeEngineWindow(HWND window, LPARAM found) {
+BOOL CALLBACK StoreEngineWindow(HWND window, LPARAM found) {
   char name[32] = {};
   DWORD process = 0;
   GetClassNameA(window, name, sizeof name);
@@ -41,7 +41,7 @@ void EngineLibrary::WaitForClose() const { wait_(); }
 
 HWND FindEngineWindow() {
   HWND window = nullptr;
-  EnumWindows(TakeEngineWindow, std::bit_cast<LPARAM>(&window));
+  EnumWindows(StoreEngineWindow, std::bit_cast<LPARAM>(&window));
   return window;
 }
 

@@ -8,7 +8,8 @@ namespace player {
 
 class EngineLibrary {
  public:
-  // Loads the library and finds its functions. False if the library or a function is missing.
+  // Loads the library and finds its functions. Returns false if the library or a function is
+  // missing.
   [[nodiscard]] bool Load();
 
   // RunMHEG5Window, ExitMHEG5 and MHEG5WaitForClose as korvel.h describes them. Call Load() first.

@@ -1,7 +1,7 @@
 // The worker polls for queued work every 10 ms and sleeps in between. It does all reading, actions
 // and painting between two such sleeps, so counting the sleeps shows when it is idle. To count
 // them, the library's import of Sleep is replaced; to know which timers run, those of SetTimer and
-// KillTimer. A hook on the window's thread observes its messages. None of them affects the engine.
+// KillTimer. A hook on the window's thread observes its messages. None of this affects the engine.
 #include "player/engine_watch.h"
 
 #include <atomic>
@@ -21,30 +21,31 @@ constexpr unsigned kNoMark = 0;
 
 struct WatchState {
   std::atomic<unsigned> lastMark = kNoMark;
-  std::atomic<unsigned> idleLooks = 0;
+  std::atomic<unsigned> idlePolls = 0;
   std::uintptr_t idleStack = 0;   // worker only: its stack position in the polling loop
   unsigned postedMark = kNoMark;  // host's thread only
   std::atomic<bool> isReloadWanted = false;
 
-  std::mutex lock;  // guards what follows
+  std::mutex lock;  // guards the fields below
   std::vector<KeyPress> keys;
   std::set<UINT_PTR> timers;
 };
 
 WatchState watch;
 
-// The worker may also sleep for 10 ms during its work, to wait for a file that another process has
-// open. It is then deeper in its stack, which grows downwards, than in the polling loop.
+// The worker may also sleep for 10 ms while it handles queued work, to wait for a file that another
+// process has open. It is then deeper in its stack, which grows downwards, than in the polling
+// loop.
 void WINAPI SleepAndCount(DWORD milliseconds) {
   const auto stack = std::bit_cast<std::uintptr_t>(&milliseconds);
   if (milliseconds == kIdleSleepMs && stack >= watch.idleStack) {
     watch.idleStack = stack;
-    ++watch.idleLooks;
+    ++watch.idlePolls;
   }
   Sleep(milliseconds);
 }
 
-UINT_PTR WINAPI SetAndNoteTimer(HWND window, UINT_PTR id, UINT period, TIMERPROC procedure) {
+UINT_PTR WINAPI SetAndRecordTimer(HWND window, UINT_PTR id, UINT period, TIMERPROC procedure) {
   {
     const std::lock_guard guard(watch.lock);
     watch.timers.insert(id);
@@ -52,7 +53,7 @@ UINT_PTR WINAPI SetAndNoteTimer(HWND window, UINT_PTR id, UINT period, TIMERPROC
   return SetTimer(window, id, period, procedure);
 }
 
-BOOL WINAPI KillAndNoteTimer(HWND window, UINT_PTR id) {
+BOOL WINAPI KillAndRecordTimer(HWND window, UINT_PTR id) {
   {
     const std::lock_guard guard(watch.lock);
     watch.timers.erase(id);
@@ -60,20 +61,20 @@ BOOL WINAPI KillAndNoteTimer(HWND window, UINT_PTR id) {
   return KillTimer(window, id);
 }
 
-void NoteKey(unsigned virtualKey) {
+void RecordKey(unsigned virtualKey) {
   if (virtualKey == VK_F5) watch.isReloadWanted = true;
   const std::lock_guard guard(watch.lock);
   watch.keys.push_back({virtualKey, GetTickCount64()});
 }
 
-LRESULT CALLBACK SeeMessage(int code, WPARAM removal, LPARAM parameter) {
+LRESULT CALLBACK ObserveMessage(int code, WPARAM removal, LPARAM parameter) {
   const MSG& message = *std::bit_cast<const MSG*>(parameter);
   if (code == HC_ACTION && removal == PM_REMOVE && message.message == kMarkMessage &&
       message.wParam != kNoMark) {
     watch.lastMark = static_cast<unsigned>(message.wParam);
   }
   if (code == HC_ACTION && removal == PM_REMOVE && message.message == WM_KEYDOWN) {
-    NoteKey(static_cast<unsigned>(message.wParam));
+    RecordKey(static_cast<unsigned>(message.wParam));
   }
   return CallNextHookEx(nullptr, code, removal, parameter);
 }
@@ -82,7 +83,7 @@ template <typename Part> Part* PartOf(HMODULE library, std::size_t offset) {
   return std::bit_cast<Part*>(std::bit_cast<std::byte*>(library) + offset);
 }
 
-// The library's import table slot for a function; null if the library does not import it.
+// The slot of a function in the library's import table; null if the library does not import it.
 FARPROC* FindImport(HMODULE library, FARPROC function) {
   const auto start = PartOf<const IMAGE_DOS_HEADER>(library, 0)->e_lfanew;
   const auto* headers = PartOf<const IMAGE_NT_HEADERS>(library, static_cast<std::size_t>(start));
@@ -103,8 +104,8 @@ bool ReplaceImport(FARPROC& slot, FARPROC function) {
   return VirtualProtect(&slot, sizeof slot, before, &before) != 0;
 }
 
-// Makes the library call `function` instead of the system's function. False if the library does not
-// import that.
+// Makes the library call `function` instead of the function `name` of the system library `system`.
+// Returns false if the library does not import that function.
 template <typename Function>
 bool Replace(HMODULE library, const char* system, const char* name, Function* function) {
   const HMODULE module = GetModuleHandleA(system);
@@ -124,14 +125,14 @@ bool WatchEngine() {
   if (isReplaced) return true;
   const HMODULE library = GetModuleHandleA("korvel.dll");
   isReplaced = library != nullptr && Replace(library, "kernel32.dll", "Sleep", &SleepAndCount) &&
-               Replace(library, "user32.dll", "SetTimer", &SetAndNoteTimer) &&
-               Replace(library, "user32.dll", "KillTimer", &KillAndNoteTimer);
+               Replace(library, "user32.dll", "SetTimer", &SetAndRecordTimer) &&
+               Replace(library, "user32.dll", "KillTimer", &KillAndRecordTimer);
   return isReplaced;
 }
 
 bool WatchWindow(HWND engineWindow) {
   const DWORD thread = GetWindowThreadProcessId(engineWindow, nullptr);
-  return SetWindowsHookExA(WH_GETMESSAGE, SeeMessage, nullptr, thread) != nullptr;
+  return SetWindowsHookExA(WH_GETMESSAGE, ObserveMessage, nullptr, thread) != nullptr;
 }
 
 unsigned PostMark(HWND engineWindow) {
@@ -139,8 +140,8 @@ unsigned PostMark(HWND engineWindow) {
   return watch.postedMark;
 }
 
-EngineSight SightOfEngine(HWND engineWindow) {
-  return {watch.lastMark, watch.idleLooks, GetUpdateRect(engineWindow, nullptr, FALSE) == 0};
+EngineState StateOfEngine(HWND engineWindow) {
+  return {watch.lastMark, watch.idlePolls, GetUpdateRect(engineWindow, nullptr, FALSE) == 0};
 }
 
 bool HasTimer() {

@@ -12,8 +12,8 @@
 namespace player {
 
 // Starts to watch the engine. Call it before each start of the engine, because a running worker may
-// already have loaded a replaced function's address. Returns false if the library does not import
-// the functions that it should.
+// already have loaded the address of a function to be replaced. Returns false if the library does
+// not import all the functions to be replaced.
 [[nodiscard]] bool WatchEngine();
 
 // Starts to watch the thread of the engine's window. Returns false if the system call fails.
@@ -23,7 +23,8 @@ namespace player {
 // which is unique.
 [[nodiscard]] unsigned PostMark(HWND engineWindow);
 
-[[nodiscard]] EngineSight SightOfEngine(HWND engineWindow);
+// The current state, for Stillness.
+[[nodiscard]] EngineState StateOfEngine(HWND engineWindow);
 
 // Whether a timer of the engine runs.
 [[nodiscard]] bool HasTimer();

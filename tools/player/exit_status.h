@@ -3,7 +3,7 @@
 
 namespace player {
 
-inline constexpr int kRunFailed = 1;  // the engine, a text, a step of the script, or a picture
+inline constexpr int kRunFailed = 1;  // the engine, a source file, a step or a picture failed
 inline constexpr int kWrongUse = 2;   // wrong arguments, an unreadable script, or a folder that is
                                       // missing or has no application
 }  // namespace player

@@ -1,5 +1,5 @@
 // The functions of the host object. A missing file will not appear later, so ReadFile reports a
-// failure; only files that exist can be "not yet available", if the user wants that.
+// failure; only files that exist can be "not yet available", as the option --not-yet requests.
 #include "player/host_object.h"
 
 #include <algorithm>

@@ -26,7 +26,8 @@ struct HostObject : MHEG5Host {
 
   const mheg::CarouselFiles& files;
   const Options& options;
-  std::map<std::string, std::uint32_t> requests;  // of each file; used by the engine's thread
+  // How often each file has been requested so far. Used only on the engine's thread.
+  std::map<std::string, std::uint32_t> requests;
   std::atomic<std::uint32_t> references = 1;
   std::atomic<std::uint32_t> buffers = 0;
 };

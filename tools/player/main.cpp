@@ -1,6 +1,6 @@
 // korvel-player: a complete host application for the engine. It serves a folder as the broadcast,
-// for authors who try their content. Scripts can press keys and take pictures; the scenario tests
-// of the whole engine use that.
+// so that authors can try their content. Scripts can press keys and take pictures; the scenario
+// tests of the whole engine use them.
 #include <fcntl.h>
 #include <io.h>
 
@@ -26,8 +26,8 @@ bool LoadScript(const std::filesystem::path& file, std::vector<mheg::Step>& step
   return false;
 }
 
-// Plays the folder until the user ends that, starting again with each change of the folder. Returns
-// the status to exit with.
+// Plays the folder until the run ends, and starts again whenever the folder has been loaded again.
+// Returns the exit status.
 int Play(const player::EngineLibrary& engine, const std::vector<mheg::Step>& steps,
          const player::Options& options, player::Files files) {
   bool hasApplication = true;
@@ -59,8 +59,8 @@ int main(int count, char** arguments) {
 
   const mheg::Utf8Console console;
   player::Options options;
-  const std::vector<std::string> words = mheg::TextOfArguments(count, arguments);
-  if (const auto status = player::ReadCommandLine(words, options)) return *status;
+  const std::vector<std::string> texts = mheg::TextOfArguments(count, arguments);
+  if (const auto status = player::ReadCommandLine(texts, options)) return *status;
   std::vector<mheg::Step> steps;
   if (!LoadScript(options.script, steps)) return player::kWrongUse;
   player::Files files;

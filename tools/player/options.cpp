@@ -20,7 +20,7 @@ std::optional<int> ReadCommandLine(const std::vector<std::string>& arguments, Op
   app.allow_windows_style_options(false);  // "/x" is a path, as on every other platform
   app.set_version_flag("--version", "korvel-player " TOOL_VERSION);
   app.footer(std::string(kKeyboardHelp) + "Keys in scripts: " + mheg::kKeyList);
-  mheg::AddPath(app, "FOLDER", given.carousel, "Folder of texts or of broadcast files")
+  mheg::AddPath(app, "FOLDER", given.carousel, "Folder of source files or of broadcast files")
       ->required()
       ->check(mheg::IsExistingFolder());
   mheg::AddPath(app, "--script", given.script, "File with one step per line: " + mheg::StepForms())
@@ -30,7 +30,7 @@ std::optional<int> ReadCommandLine(const std::vector<std::string>& arguments, Op
                 "Take a picture of the engine window after --wait, then close");
   app.add_option("--wait", given.waitMs, "Milliseconds before the screenshot")
       ->capture_default_str();
-  mheg::AddPath(app, "--series", given.series, "Write a picture of each change to this folder");
+  mheg::AddPath(app, "--series", given.series, "Write a picture to this folder after each change");
   app.add_option("--limit", given.limitS,
                  "Seconds that the script waits for a picture before the run fails")
       ->capture_default_str();

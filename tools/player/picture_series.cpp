@@ -1,5 +1,5 @@
-// The list has the form of ffmpeg's concat demuxer. That ignores the duration of the last picture,
-// so the last one is listed twice.
+// The list is in the format of ffmpeg's concat demuxer, which ignores the duration of the last
+// picture, so that picture is listed twice.
 #include "player/picture_series.h"
 
 #include <array>
@@ -11,19 +11,19 @@
 namespace player {
 namespace {
 
-constexpr std::uint64_t kShortestMs = 40;
+constexpr std::uint64_t kShortestDurationMs = 40;
 constexpr std::uint64_t kMsPerSecond = 1000;
 
 }  // namespace
 
 PictureSeries::PictureSeries(std::filesystem::path folder, std::uint64_t start)
     : folder_(std::move(folder)), shownSince_(start), nextTime_(start) {
-  std::error_code problem;  // shows when the first picture cannot be written
-  std::filesystem::create_directories(folder_, problem);
+  std::error_code ignored;  // writing the first picture then fails
+  std::filesystem::create_directories(folder_, ignored);
 }
 
 void PictureSeries::Add(Picture&& picture, std::uint64_t now) {
-  nextTime_ = now + kShortestMs;
+  nextTime_ = now + kShortestDurationMs;
   if (picture == last_) return;
   EndPicture(now);
   last_ = std::move(picture);

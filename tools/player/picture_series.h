@@ -1,5 +1,5 @@
-// A series of pictures of a run, for documents: numbered PNG files, one for each change, and a list
-// of them with their times, from which ffmpeg makes an animation.
+// A series of pictures of a run, for documents: numbered PNG files, one after each change, and a
+// list of them with their durations, from which ffmpeg makes an animation.
 #pragma once
 
 #include <cstdint>
@@ -15,13 +15,13 @@ class PictureSeries {
   // The series begins at `start`. Times are in milliseconds.
   PictureSeries(std::filesystem::path folder, std::uint64_t start);
 
-  // Whether a new picture may be added. There are 25 of them a second at most.
+  // Whether a new picture may be added: at most 25 a second.
   [[nodiscard]] bool IsDue(std::uint64_t now) const { return now >= nextTime_; }
 
   // Writes the picture as 0001.png and so on, unless it is the same as the last one.
   void Add(Picture&& picture, std::uint64_t now);
 
-  // Writes the list, series.ffconcat. False if a file of the series could not be written.
+  // Writes the list, series.ffconcat. Returns false if a file of the series could not be written.
   [[nodiscard]] bool End(std::uint64_t now);
 
  private:

@@ -1,4 +1,5 @@
-// A wait before each key, even a short one, so that timers expire between the same keys again.
+// Writes a wait before each key, even a short one, so that timers expire between the same keys when
+// the script is played.
 #include "player/recording.h"
 
 #include <algorithm>

@@ -13,8 +13,8 @@ struct KeyPress {
 
 class Recording {
  public:
-  // Times are relative to `start`. Each step is written immediately, so that a run that is
-  // interrupted leaves its steps.
+  // The recording begins at the time `start`. Each key is written immediately, so that the steps of
+  // an interrupted run are not lost. Borrows the stream.
   Recording(std::ostream& script, std::uint64_t start) : script_(script), last_(start) {}
 
   // Keys that have no name have no effect on content and are skipped.

@@ -1,4 +1,4 @@
-// Reads pixels from the window's device context, to which the engine copies its picture.
+// Reads the pixels of the window's device context, to which the engine copies its picture.
 #include "player/screenshot.h"
 
 #include <algorithm>
@@ -32,7 +32,7 @@ BITMAPINFO PictureFormat() {
 
 }  // namespace
 
-// Copies the client pixels through a bitmap of the picture's size.
+// Reads the pixels from a bitmap of the picture's size, into which the client area is copied first.
 bool Capture(HWND window, Picture& picture) {
   RECT client = {};
   if (GetClientRect(window, &client) == 0 || IsRectEmpty(&client) != 0) return false;

@@ -31,7 +31,7 @@ class PictureWriter {
   PictureWriter& operator=(const PictureWriter&) = delete;
   ~PictureWriter();
 
-  // False if the file cannot be written.
+  // Returns false if the file cannot be written.
   [[nodiscard]] bool Write(Picture& picture, const std::filesystem::path& file) const;
 
  private:

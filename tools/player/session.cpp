@@ -19,8 +19,8 @@ using mheg::StepKind;
 
 constexpr unsigned kWindowLimitMs = 20000;
 constexpr unsigned kCloseLimitMs = 30000;
-constexpr unsigned kCloseAgainMs = 100;  // repeats the request: it is lost if there is no window
-constexpr unsigned kLookAgainMs = 10;
+constexpr unsigned kCloseRetryMs = 100;  // a request is lost if there is no window yet
+constexpr unsigned kPollMs = 10;
 constexpr unsigned kMsPerSecond = 1000;
 
 constexpr std::uint32_t kColourBits = 0xFFFFFF;
@@ -37,7 +37,7 @@ std::string NameOf(const mheg::Pixel& pixel) {
   return name.data();
 }
 
-bool SayUnwritable(const std::filesystem::path& file) {
+bool ReportUnwritable(const std::filesystem::path& file) {
   std::fprintf(stderr, "korvel-player: cannot write %s\n", mheg::TextOf(file).c_str());
   return false;
 }
@@ -75,30 +75,32 @@ int Session::Run(MHEG5Host& host, const std::vector<mheg::Step>& steps) {
   return hasFailed_ || !isRecorded ? kRunFailed : 0;
 }
 
-// Opens the files to write during the run. False after a message if that fails.
+// Starts the picture series and the recording. If the recording cannot be written, reports that and
+// returns false.
 bool Session::StartToRecord() {
   const ULONGLONG now = GetTickCount64();
   if (!options_.series.empty()) series_.emplace(options_.series, now);
   if (options_.record.empty()) return true;
   record_.open(options_.record, std::ios::binary);
   recording_.emplace(record_, now);
-  return record_.is_open() || SayUnwritable(options_.record);
+  return record_.is_open() || ReportUnwritable(options_.record);
 }
 
 bool Session::EndRecords() {
   Observe();
   const ULONGLONG now = GetTickCount64();
   if (recording_) recording_->End(now);
-  if (recording_ && !record_) return SayUnwritable(options_.record);
-  return !series_ || series_->End(now) || SayUnwritable(options_.series);
+  if (recording_ && !record_) return ReportUnwritable(options_.record);
+  return !series_ || series_->End(now) || ReportUnwritable(options_.series);
 }
 
-// Runs until the user closes the window or wants the changed files.
+// Runs until the user closes the window or the folder has been loaded again; with
+// `isEndingWhenIdle`, also until nothing can happen any more.
 void Session::RunUntilEnd(bool isEndingWhenIdle) {
   picture_ = {};
   Stillness stillness(PostMark(engineWindow_));
   while (!isCloseWanted_ && !isEngineClosed_) {
-    Pump(kLookAgainMs);
+    Pump(kPollMs);
     if (folder_ && folder_->HasFailed()) {
       std::fprintf(stderr, "korvel-player: the folder cannot be watched\n");
       hasFailed_ = isCloseWanted_ = true;
@@ -119,14 +121,14 @@ bool Session::IsReloadWanted() {
   return true;
 }
 
-// Dispatches messages until the condition is met (returns true), the engine has closed, or the time
-// is over.
+// Dispatches messages until the condition is met. Returns false if the engine closes or the time
+// runs out first.
 template <typename Condition> bool Session::PumpUntil(unsigned limitMs, Condition isMet) {
   const ULONGLONG end = GetTickCount64() + limitMs;
   while (!isMet()) {
     const ULONGLONG now = GetTickCount64();
     if (isEngineClosed_ || now >= end) return false;
-    const auto rest = static_cast<DWORD>(std::min<ULONGLONG>(end - now, kLookAgainMs));
+    const auto rest = static_cast<DWORD>(std::min<ULONGLONG>(end - now, kPollMs));
     MsgWaitForMultipleObjects(0, nullptr, FALSE, rest, QS_ALLINPUT);
     TakeMessages();
     Observe();
@@ -134,7 +136,7 @@ template <typename Condition> bool Session::PumpUntil(unsigned limitMs, Conditio
   return true;
 }
 
-// Records keys and pictures.
+// Adds new keys to the recording, and the current picture to the series.
 void Session::Observe() {
   for (const KeyPress& key : TakeKeys()) {
     if (recording_) recording_->Add(key);
@@ -160,7 +162,7 @@ void Session::TakeMessages() {
   }
 }
 
-// Returns false if a step could not be carried out, for example because the engine has closed.
+// Returns false if a step fails, for example because the engine has closed.
 bool Session::RunSteps(const std::vector<mheg::Step>& steps) {
   if (!WatchWindow(engineWindow_)) return false;
   for (const mheg::Step& step : steps) {
@@ -180,7 +182,7 @@ bool Session::RunSteps(const std::vector<mheg::Step>& steps) {
       CatchPicture(step.pixel);
       if (!WritePicture(mheg::PathOf(step.file))) return false;
       break;
-    case StepKind::Expect: break;  // the player cannot look into the engine
+    case StepKind::Expect: break;  // the state of the content is not visible to a host
     case StepKind::Exit: isCloseWanted_ = true; return true;
     }
   }
@@ -214,9 +216,9 @@ void Session::AwaitFinalPicture(const std::string& wanted, Condition isMet) {
   Await(wanted, [&] { return IsPictureFinal(stillness) && isMet(); });
 }
 
-// Examines a picture whenever a round is over. False until one is final.
+// At the end of a round, compares the picture with the one before. Returns false until it is final.
 bool Session::IsPictureFinal(Stillness& stillness) {
-  if (!stillness.IsRoundOver(SightOfEngine(engineWindow_))) return false;
+  if (!stillness.IsRoundOver(StateOfEngine(engineWindow_))) return false;
   Picture now;
   if (!Capture(engineWindow_, now)) return false;
   const bool isUnchanged = now == picture_;
@@ -224,7 +226,7 @@ bool Session::IsPictureFinal(Stillness& stillness) {
   return stillness.EndRound(isUnchanged, PostMark(engineWindow_));
 }
 
-// Fills the window with a colour that no scene should have, so that missing painting is visible.
+// Fills the window with a colour that no scene should have, so that unpainted areas are visible.
 void Session::WipeWindow() const {
   constexpr COLORREF kMagenta = RGB(255, 0, 255);
   RECT client = {};
@@ -242,7 +244,7 @@ bool Session::TakePicture(const std::filesystem::path& file) {
 }
 
 bool Session::WritePicture(const std::filesystem::path& file) {
-  return (!isEngineClosed_ && pictures_.Write(picture_, file)) || SayUnwritable(file);
+  return (!isEngineClosed_ && pictures_.Write(picture_, file)) || ReportUnwritable(file);
 }
 
 void Session::PressKey(unsigned virtualKey) const {
@@ -253,9 +255,9 @@ void Session::PressKey(unsigned virtualKey) const {
 }
 
 bool Session::Close() {
-  for (unsigned waited = 0; !isEngineClosed_ && waited < kCloseLimitMs; waited += kCloseAgainMs) {
+  for (unsigned waited = 0; !isEngineClosed_ && waited < kCloseLimitMs; waited += kCloseRetryMs) {
     engine_.RequestClose();
-    Pump(kCloseAgainMs);
+    Pump(kCloseRetryMs);
   }
   if (isEngineClosed_) engine_.WaitForClose();
   return isEngineClosed_;

@@ -1,6 +1,6 @@
-// One run of the engine: starts it, carries out the script, takes the last picture, and waits until
-// the engine has closed. Everything runs on the thread that created the session, which also
-// dispatches its messages.
+// One run of the engine: starts it, performs the steps of the script, takes the last picture, and
+// waits until the engine has closed. Everything runs on the thread that created the session, which
+// also dispatches its messages.
 #pragma once
 
 #include <filesystem>
@@ -29,12 +29,13 @@ class Session {
   Session& operator=(const Session&) = delete;
   ~Session();
 
-  // Runs from start to close. Returns 0, or the status to exit with after a message. Without a
-  // screenshot and without a script, the run lasts until the engine window is closed or files have
-  // been loaded again; with a script that does not exit, also until nothing can happen any more.
+  // Starts the engine, runs, and closes it. Returns 0, or reports an error and returns the exit
+  // status. Without a screenshot and without a script, the run lasts until the engine window is
+  // closed or the folder has been loaded again. With a script that does not exit, it also ends when
+  // nothing can happen any more.
   [[nodiscard]] int Run(MHEG5Host& host, const std::vector<mheg::Step>& steps);
 
-  // The files to continue with in another session; null if the user has ended the run.
+  // The files for the next session; null if the folder has not been loaded again.
   [[nodiscard]] Files TakeReloaded() { return std::move(reloaded_); }
 
  private:

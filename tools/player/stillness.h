@@ -1,5 +1,5 @@
-// Decides when the engine is idle, from what a host can observe. Portable; engine_watch.h observes
-// the threads, and the session takes the pictures.
+// Decides whether the engine is idle, from the facts that a host can observe. Portable:
+// engine_watch.h observes the threads, and the session takes the pictures.
 #pragma once
 
 #include <optional>
@@ -7,23 +7,23 @@
 namespace player {
 
 // The state of the engine's threads at one moment. The numbers only increase.
-struct EngineSight {
+struct EngineState {
   unsigned mark = 0;       // the last mark that the window's thread has received
-  unsigned idleLooks = 0;  // how often the worker has found no queued work and slept
+  unsigned idlePolls = 0;  // how often the worker has found no queued work and slept
   bool isPainted = true;   // no part of the window needs painting
 };
 
-// Works in rounds. Each round begins with a mark, posted to the window after all of the host's
-// other messages. Once the window has received the mark, all work from those messages is queued for
-// the worker; once the worker then finds no queued work, the round is over. The worker may have
-// posted messages itself meanwhile, so the picture is final only if two more rounds leave it
-// unchanged.
+// Works in rounds. Each round begins with a mark, which is posted to the window after all of the
+// host's other messages. Once the window has received the mark, the work that those messages cause
+// is in the worker's queue. The round is over when the worker finds its queue empty and the window
+// is painted. The worker may have posted messages itself meanwhile, so the picture is final only if
+// two more rounds leave it unchanged.
 class Stillness {
  public:
   explicit Stillness(unsigned mark) : mark_(mark) {}
 
   // Whether the current round is over. The caller polls this.
-  [[nodiscard]] bool IsRoundOver(const EngineSight& sight);
+  [[nodiscard]] bool IsRoundOver(const EngineState& state);
 
   // Ends a round and begins the next one with `nextMark`. Returns true if the picture is final; a
   // timer may still change it later.
@@ -31,7 +31,7 @@ class Stillness {
 
  private:
   unsigned mark_;
-  std::optional<unsigned> looksAtMark_;
+  std::optional<unsigned> pollsAtMark_;
   unsigned roundsUnchanged_ = 0;
 };
 

@@ -8,11 +8,11 @@
 
 namespace {
 
-std::optional<int> Read(const std::vector<std::string>& words, player::Options& options) {
-  return player::ReadCommandLine(words, options);
+std::optional<int> Read(const std::vector<std::string>& arguments, player::Options& options) {
+  return player::ReadCommandLine(arguments, options);
 }
 
-TEST(Options, a_folder_alone_is_enough) {
+TEST(Options, have_their_defaults_if_only_the_folder_is_given) {
   player::Options options;
   EXPECT_FALSE(Read({"."}, options));
   EXPECT_EQ(options.carousel, ".");
@@ -30,7 +30,7 @@ TEST(Options, a_folder_alone_is_enough) {
   EXPECT_TRUE(options.IsInteractive());
 }
 
-TEST(Options, all_options_are_read) {
+TEST(Options, are_all_read_from_the_command_line) {
   const std::string script = testing::TempDir() + "options_test.script";
   std::ofstream(script) << "exit\n";
   player::Options options;
@@ -70,10 +70,10 @@ TEST(Options, every_mistake_prints_one_line_and_returns_2) {
       {".", "--loud"},
       {".", "second folder"},
   };
-  for (const auto& words : mistakes) {
+  for (const auto& arguments : mistakes) {
     player::Options options;
     testing::internal::CaptureStderr();
-    EXPECT_EQ(Read(words, options), 2);
+    EXPECT_EQ(Read(arguments, options), 2);
     const std::string printed = testing::internal::GetCapturedStderr();
     EXPECT_EQ(printed.find('\n'), printed.size() - 1) << printed;
     EXPECT_TRUE(printed.starts_with("korvel-player: ")) << printed;
@@ -81,11 +81,11 @@ TEST(Options, every_mistake_prints_one_line_and_returns_2) {
   }
 }
 
-// The output of a command line that ends the program successfully.
-std::string Printed(const char* word) {
+// The output for an argument that ends the program successfully.
+std::string Printed(const char* argument) {
   player::Options options;
   testing::internal::CaptureStdout();
-  EXPECT_EQ(Read({word}, options), 0);
+  EXPECT_EQ(Read({argument}, options), 0);
   return testing::internal::GetCapturedStdout();
 }
 

@@ -1,4 +1,4 @@
-// Tests the decision whether the engine is idle and its picture final. Plain numbers represent its
+// Tests the decision whether the engine is idle and its picture final, with made-up states of its
 // threads.
 #include "player/stillness.h"
 
@@ -8,40 +8,40 @@ namespace {
 
 using player::Stillness;
 
-// Ends a round: the window has reached the mark and the worker has looked twice.
+// Ends a round: the window receives the mark and the worker polls twice.
 void PassRound(Stillness& stillness, unsigned mark) {
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = mark, .idleLooks = 0}));
-  EXPECT_TRUE(stillness.IsRoundOver({.mark = mark, .idleLooks = 2}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = mark, .idlePolls = 0}));
+  EXPECT_TRUE(stillness.IsRoundOver({.mark = mark, .idlePolls = 2}));
 }
 
-TEST(Stillness, round_lasts_until_the_window_has_reached_the_mark) {
+TEST(Stillness, round_lasts_until_the_window_has_received_the_mark) {
   Stillness stillness(7);
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 6, .idleLooks = 10}));
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 6, .idleLooks = 20}));
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 7, .idleLooks = 30}));
-  EXPECT_TRUE(stillness.IsRoundOver({.mark = 7, .idleLooks = 32}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 6, .idlePolls = 10}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 6, .idlePolls = 20}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 7, .idlePolls = 30}));
+  EXPECT_TRUE(stillness.IsRoundOver({.mark = 7, .idlePolls = 32}));
 }
 
-TEST(Stillness, round_lasts_until_the_worker_has_looked_twice_after_the_mark) {
+TEST(Stillness, round_lasts_until_the_worker_has_polled_twice_after_the_mark) {
   Stillness stillness(1);
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idleLooks = 5}));
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idleLooks = 5}));
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idleLooks = 6}));
-  EXPECT_TRUE(stillness.IsRoundOver({.mark = 1, .idleLooks = 7}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idlePolls = 5}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idlePolls = 5}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idlePolls = 6}));
+  EXPECT_TRUE(stillness.IsRoundOver({.mark = 1, .idlePolls = 7}));
 }
 
-TEST(Stillness, the_count_of_looks_may_wrap) {
+TEST(Stillness, the_count_of_polls_may_wrap_around) {
   Stillness stillness(1);
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idleLooks = ~0U}));
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idleLooks = 0}));
-  EXPECT_TRUE(stillness.IsRoundOver({.mark = 1, .idleLooks = 1}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idlePolls = ~0U}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idlePolls = 0}));
+  EXPECT_TRUE(stillness.IsRoundOver({.mark = 1, .idlePolls = 1}));
 }
 
 TEST(Stillness, round_lasts_until_the_window_is_painted) {
   Stillness stillness(1);
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idleLooks = 0, .isPainted = false}));
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idleLooks = 9, .isPainted = false}));
-  EXPECT_TRUE(stillness.IsRoundOver({.mark = 1, .idleLooks = 9, .isPainted = true}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idlePolls = 0, .isPainted = false}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idlePolls = 9, .isPainted = false}));
+  EXPECT_TRUE(stillness.IsRoundOver({.mark = 1, .idlePolls = 9, .isPainted = true}));
 }
 
 TEST(Stillness, picture_is_final_when_two_more_rounds_leave_it_unchanged) {
@@ -72,14 +72,14 @@ TEST(Stillness, changed_picture_needs_two_more_rounds_again) {
   EXPECT_TRUE(stillness.EndRound(true, 6));
 }
 
-TEST(Stillness, next_round_counts_looks_from_its_own_mark) {
+TEST(Stillness, next_round_counts_polls_from_its_own_mark) {
   Stillness stillness(1);
   PassRound(stillness, 1);
   EXPECT_FALSE(stillness.EndRound(false, 2));
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idleLooks = 50}));
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 2, .idleLooks = 60}));
-  EXPECT_FALSE(stillness.IsRoundOver({.mark = 2, .idleLooks = 61}));
-  EXPECT_TRUE(stillness.IsRoundOver({.mark = 2, .idleLooks = 62}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 1, .idlePolls = 50}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 2, .idlePolls = 60}));
+  EXPECT_FALSE(stillness.IsRoundOver({.mark = 2, .idlePolls = 61}));
+  EXPECT_TRUE(stillness.IsRoundOver({.mark = 2, .idlePolls = 62}));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-# Functions that build targets from all files of a folder, and the compile options of all our own
-# code. Third-party code (GoogleTest) is compiled without them.
+# Functions that define targets, and the compile options of our own code. Third-party code
+# (GoogleTest) is compiled without these options.
 
 add_library(korvel_options INTERFACE)
 target_compile_options(korvel_options INTERFACE
@@ -9,15 +9,15 @@ target_include_directories(korvel_options INTERFACE
 if(WIN32)
   target_compile_definitions(korvel_options INTERFACE
     WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
-  # Uses SSE as on 64 bits, because the x87 unit rounds differently, and a scene's picture must not
-  # depend on that.
+  # Uses SSE, as x64 does: the x87 unit rounds differently, and a scene's picture must not depend
+  # on that.
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     target_compile_options(korvel_options INTERFACE -msse2 -mfpmath=sse)
   endif()
 endif()
 
-# Products do not contain the folder of their build, so that two builds give the same bytes. A
-# debugger that runs in the project's folder finds the sources.
+# Products do not contain the path of the build folder, so that builds in different folders give the
+# same bytes. A debugger that is started in the project's folder finds the sources.
 if(CMAKE_BUILD_TYPE STREQUAL RelWithDebInfo)
   foreach(map "${PROJECT_SOURCE_DIR}=." "${PROJECT_BINARY_DIR}=build")
     add_compile_options("$<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${map}>")
@@ -38,15 +38,16 @@ function(korvel_library name kind)
   target_link_libraries(${name} PUBLIC korvel_options)
 endfunction()
 
-# korvel_headers(<library> <header>...): headers that the build compiles on their own, to check that
-# each includes everything it needs.
+# korvel_headers(<library> <header>...): adds headers that the build compiles on their own, to check
+# that each includes everything it needs.
 function(korvel_headers name)
   target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${ARGN})
 endfunction()
 
-# korvel_product(<target> <description>): for a library or program that users receive: packages it
-# (target `products`), adds the version block, and puts a copy of the symbols, <file>.debug, beside
-# the file, which names it, so that packages can hold the two separately. Does nothing natively.
+# korvel_product(<target> <description>): marks a library or program as one that users receive. Adds
+# it to the target `products`, adds the version block, and copies its symbols to <file>.debug. The
+# file records the name of that copy, so that packages can ship the symbols separately. Does nothing
+# in a native build.
 function(korvel_product target description)
   if(NOT WIN32)
     return()

@@ -1,6 +1,6 @@
 @echo off
-rem Runs all tests of the kit on this computer and writes the folder "report". Each test is a process
-rem of its own. A double click is enough; the window then waits for a key.
+rem Runs all tests of the kit on this computer and writes the folder "report". Each test runs in its
+rem own process. A double click starts it; at the end, the window waits for a key.
 setlocal enabledelayedexpansion
 cd /d "%~dp0"
 set "kit=%CD%"
@@ -13,8 +13,8 @@ set failed=0
 set number=0
 
 call :system >"%report%\system.txt" 2>&1
-rem The scenarios come first: under Wine, the first window starts a service that keeps the output of
-rem its program open, so that it cannot be added to output.txt.
+rem The scenarios run first: under Wine, the first window starts a service that keeps the output
+rem file of its program open, so that this output cannot be appended to output.txt.
 echo This takes some minutes. Windows open and close; please do not touch them.
 for /f "usebackq tokens=1,2" %%a in ("%kit%\scenarios.txt") do call :scenario %%a %%b
 for /f "usebackq tokens=1,2,3" %%a in ("%kit%\tests.txt") do call :test %%a %%b %%c
@@ -35,8 +35,8 @@ echo processor: %PROCESSOR_ARCHITECTURE% %PROCESSOR_IDENTIFIER%, %NUMBER_OF_PROC
 "%kit%\bin\korvel-player.exe" --version
 goto :eof
 
-rem :test FOLDER PROGRAM NAME runs one test in the folder bin of the kit, or in an empty one. Each has
-rem a file of its own for its output, because a service that it starts may keep that file open.
+rem :test FOLDER PROGRAM NAME runs one test, in the folder bin of the kit or in a work folder. Each
+rem test has its own output file, because a service that it starts may keep that file open.
 :test
 if %1==bin (cd /d "%kit%\bin") else (cd /d "%report%\work")
 set /a number+=1
@@ -49,7 +49,7 @@ if exist "%output%" type "%output%" >>"%report%\output.txt"
 goto :eof
 
 rem :scenario NAME STATUS plays one scenario, which should end the player with that status. The
-rem pictures are compared by windows_report.py, where the report is read.
+rem pictures are compared later, when windows_report.py evaluates the report.
 :scenario
 mkdir "%report%\scenarios\%1"
 cd /d "%report%\scenarios\%1"
@@ -61,7 +61,7 @@ if %status%==%2 (set status=0) else (set status=%status%_instead_of_%2)
 call :count scenario %1
 goto :eof
 
-rem :count PROGRAM NAME adds the test to the results, by its %status%.
+rem :count PROGRAM NAME counts the test as passed if %status% is 0, and logs the result.
 :count
 if %status%==0 (set /a passed+=1) else (set /a failed+=1)
 set result=passed

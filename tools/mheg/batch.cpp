@@ -22,36 +22,36 @@ class Batch {
 
   void Run(std::size_t jobs) {
     std::vector<std::jthread> threads;
-    for (std::size_t i = 0; i < jobs; ++i) threads.emplace_back([this] { WorkOff(); });
+    for (std::size_t i = 0; i < jobs; ++i) threads.emplace_back([this] { ProcessFiles(); });
     ShowProgress();
   }
 
  private:
-  void WorkOff() {
-    for (std::size_t index = Take(); index < count_; index = Take()) {
+  void ProcessFiles() {
+    for (std::size_t index = NextIndex(); index < count_; index = NextIndex()) {
       work_(index);
       const std::lock_guard lock(guard_);
       ++finished_;
       change_.notify_one();
     }
   }
-  std::size_t Take() {
+  std::size_t NextIndex() {
     const std::lock_guard lock(guard_);
     return next_++;
   }
 
   void ShowProgress() {
-    constexpr auto kPatience = std::chrono::seconds(1);
-    constexpr auto kStep = std::chrono::milliseconds(100);
+    constexpr auto kDelay = std::chrono::seconds(1);
+    constexpr auto kInterval = std::chrono::milliseconds(100);
     const bool isShown = IsTerminal(stderr);
     int width = 0;  // of the progress line, including its carriage return
     std::unique_lock lock(guard_);
-    change_.wait_for(lock, kPatience, [this] { return finished_ == count_; });
+    change_.wait_for(lock, kDelay, [this] { return finished_ == count_; });
     while (finished_ < count_) {
       if (isShown) width = std::fprintf(stderr, "\r%zu of %zu files", finished_, count_);
-      change_.wait_for(lock, kStep, [this] { return finished_ == count_; });
+      change_.wait_for(lock, kInterval, [this] { return finished_ == count_; });
     }
-    // Overwrites the line with blanks: not every console supports an escape sequence for it.
+    // Overwrites the line with blanks, because not every console supports an escape sequence.
     if (width > 0) std::fprintf(stderr, "\r%*s\r", width - 1, "");
   }
 

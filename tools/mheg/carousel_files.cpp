@@ -16,9 +16,9 @@ namespace fs = std::filesystem;
 // Reads or compiles the file. Adds a message for each error.
 CarouselFile ReadOrCompile(const fs::path& folder, const fs::path& source, Messages& messages) {
   CarouselFile file;
-  if (IsText(source)) {
-    file.text = GenericTextOf(source);
-    const Outcome outcome = CompileText(folder / source, file);
+  if (IsSourceFile(source)) {
+    file.source = GenericTextOf(source);
+    const Outcome outcome = CompileSource(folder / source, file);
     messages.insert(messages.end(), outcome.messages.begin(), outcome.messages.end());
   } else if (const char* reason = ReadBytes(folder / source, file.bytes)) {
     messages.push_back({folder / source, reason});
@@ -26,7 +26,7 @@ CarouselFile ReadOrCompile(const fs::path& folder, const fs::path& source, Messa
   return file;
 }
 
-// Appends one part of a path to `parts`. Returns false if that leads out of the folder.
+// Appends one part of a path to `parts`. Returns false if the path then leaves the folder.
 bool Follow(std::string_view part, std::vector<std::string_view>& parts) {
   if (part.empty() || part == ".") return true;
   if (part != "..") {
@@ -38,7 +38,7 @@ bool Follow(std::string_view part, std::vector<std::string_view>& parts) {
   return true;
 }
 
-// The path in the folder that a path of the engine leads to; empty if it leads nowhere.
+// The path in the folder that a path of the engine resolves to; empty if it leaves the folder.
 std::string Resolved(std::string_view path) {
   std::vector<std::string_view> parts;
   while (!path.empty()) {

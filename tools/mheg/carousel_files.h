@@ -11,24 +11,24 @@
 
 namespace mheg {
 
-// Only its bytes are known unless it was compiled from a text.
-struct CarouselFile : CompiledText {
-  std::string text;  // the text's path in the folder
+// Only `bytes` is set unless the file was compiled from a source file.
+struct CarouselFile : CompiledGroup {
+  std::string source;  // path of the source file in the folder
 };
 
 class CarouselFiles {
  public:
   // Reads the files of the folder that are broadcast (source_folder.h). Adds a message for each
-  // file that cannot be read or compiled or whose name clashes with another one's; the folder is
-  // then not fit to be played.
+  // file that cannot be read or compiled, or whose name clashes with that of another file; the
+  // folder cannot be played then.
   void Load(const std::filesystem::path& folder, Messages& messages);
 
-  // Makes the engine see the file as missing. False if there is no such file.
+  // Removes a file, so that the engine does not find it. Returns false if there is no such file.
   [[nodiscard]] bool Remove(const std::string& path);
 
-  // A file; null if there is none. The path has the form in which the engine asks for it: '/' and
-  // '\\' separate folders, a leading one is ignored, and ".." must not lead out of the folder.
-  // Upper and lower case differ on every platform.
+  // The file that the engine requests with this path; null if there is none. '/' and '\\' separate
+  // folders, a leading separator is ignored, and ".." must not leave the folder. The case of
+  // letters matters on every platform.
   [[nodiscard]] const CarouselFile* Find(std::string_view path) const;
 
  private:

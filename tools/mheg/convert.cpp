@@ -1,4 +1,4 @@
-// Both conversions write output only after the whole input has been read and is valid.
+// Both conversions write the output only if the whole input has been read and is valid.
 #include "mheg/convert.h"
 
 #include "mheg/group_file.h"
@@ -22,7 +22,7 @@ Outcome Write(std::string_view bytes, const std::filesystem::path& output, Outco
 
 }  // namespace
 
-Outcome CompileText(const std::filesystem::path& input, CompiledText& compiled) {
+Outcome CompileSource(const std::filesystem::path& input, CompiledGroup& compiled) {
   GroupFile file = ReadGroupFile(input);
   Outcome outcome{std::move(file.messages), file.IsGood()};
   if (!outcome.isGood) return outcome;
@@ -37,8 +37,8 @@ Outcome CompileText(const std::filesystem::path& input, CompiledText& compiled) 
 }
 
 Outcome Compile(const std::filesystem::path& input, const std::filesystem::path& output) {
-  CompiledText compiled;
-  Outcome outcome = CompileText(input, compiled);
+  CompiledGroup compiled;
+  Outcome outcome = CompileSource(input, compiled);
   if (!outcome.isGood) return outcome;
   return Write(compiled.bytes, output, std::move(outcome));
 }

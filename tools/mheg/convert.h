@@ -1,4 +1,4 @@
-// Converts one file from text to BER, or from BER to text.
+// Converts a file from the textual notation to BER, or from BER to the notation.
 #pragma once
 
 #include <filesystem>
@@ -15,18 +15,18 @@ struct Outcome {
   bool isGood = true;  // the conversion succeeded
 };
 
-// The group of a text.
-struct CompiledText {
+// The group of a source file.
+struct CompiledGroup {
   std::string bytes;  // in BER
-  std::string group;  // its name
+  std::string group;  // name of the group
   SourcePlaces places;
 };
 
-// Reads a text and encodes its group. On failure `compiled` is unchanged.
-[[nodiscard]] Outcome CompileText(const std::filesystem::path& input, CompiledText& compiled);
+// Reads a source file and encodes its group. On failure `compiled` is unchanged.
+[[nodiscard]] Outcome CompileSource(const std::filesystem::path& input, CompiledGroup& compiled);
 
-// Each reads one file and writes it in the other form. On failure no output is written, unless
-// writing itself fails.
+// Reads a file and writes it in the other form. If the input cannot be converted, no output is
+// written.
 [[nodiscard]] Outcome Compile(const std::filesystem::path& input,
                               const std::filesystem::path& output);
 [[nodiscard]] Outcome Decompile(const std::filesystem::path& input,

@@ -1,4 +1,4 @@
-// Reads a group from a file. Messages give the position of each fault.
+// Detects the form of the file, decodes the group, and turns errors into messages.
 #include "mheg/group_file.h"
 
 #include <algorithm>
@@ -14,15 +14,16 @@
 namespace mheg {
 namespace {
 
-// Some editors write this mark before the text. The notation does not allow it, so it is skipped.
+// Some editors write this mark at the start of a file. The notation does not allow it, so it is
+// skipped.
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 bool IsUtf16(std::string_view bytes) {
   return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
 }
 
-// Detects the form from the first byte: BER begins with a tag, which is a byte that no text begins
-// with except in a byte order mark.
+// Detects the form by the first byte: BER begins with a tag of at least 0x80. Text begins with such
+// a byte only if it has a byte order mark.
 GroupForm FormOf(std::string_view bytes) {
   constexpr unsigned char kFirstTag = 0x80;
   const bool hasTag = !bytes.empty() && static_cast<unsigned char>(bytes.front()) >= kFirstTag;
@@ -33,7 +34,7 @@ void ReadText(std::string bytes, GroupFile& file) {
   if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
   korvel::TextReport report;
   (void)korvel::ReadTextGroup(bytes, file.group, report);
-  // Nothing after the first byte too many is shown.
+  // Messages quote at most the first byte that exceeds the maximum size.
   bytes.resize(std::min(bytes.size(), korvel::kMaxTextSize + 1));
   AddMessages(bytes, report, file);
   file.places = SourcePlaces(bytes, report.places);

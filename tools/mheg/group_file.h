@@ -17,10 +17,10 @@ struct GroupFile {
   std::filesystem::path path;
   GroupForm form = GroupForm::Text;
   korvel::OwnedGroup group;  // empty if the file could not be read
-  Messages messages;         // each with its place, if known
-  bool isComplete = true;    // no mandatory part is missing
+  Messages messages;         // errors, each with its position if known
+  bool isComplete = true;    // no mandatory part is missing; always true for BER
   std::string text;          // without a byte order mark; empty for BER
-  SourcePlaces places;       // of a text
+  SourcePlaces places;       // empty for BER
 
   [[nodiscard]] bool IsGood() const { return group && isComplete; }
 };

@@ -1,4 +1,4 @@
-// Strings are checked to be UTF-8, because content may hold any bytes.
+// Checks that strings are UTF-8, because content may contain any bytes.
 #include "mheg/json.h"
 
 namespace mheg {

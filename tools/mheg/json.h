@@ -11,11 +11,11 @@ namespace mheg {
 // The bytes as a JSON string with its quotes. Bytes that are not UTF-8 are taken as Latin-1.
 [[nodiscard]] std::string JsonString(std::string_view bytes);
 
-// An object with these members, of which each is a name and JSON. Members without JSON are omitted.
+// An object with these members: names and their values as JSON. Omits members with an empty value.
 [[nodiscard]] std::string
 JsonObject(std::initializer_list<std::pair<std::string_view, std::string>> members);
 
-// The elements, each on a line of its own. `write` returns the JSON of one.
+// An array with each element on its own line. `write` returns the JSON of an element.
 template <class Range, class Write>
 [[nodiscard]] std::string JsonArray(const Range& range, Write&& write) {
   std::string json;

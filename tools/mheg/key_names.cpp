@@ -16,7 +16,7 @@ struct NamedKey {
   unsigned virtualKey;
 };
 
-// For each key, the name that a remote control has for it comes first.
+// For each key, the name that it has on a remote control comes first.
 constexpr NamedKey kNames[] = {
     {"OK", 13},    {"Cancel", 27}, {"Left", 37},   {"Up", 38},      {"Right", 39},
     {"Down", 40},  {"Red", 'R'},   {"Green", 'G'}, {"Yellow", 'Y'}, {"Blue", 'B'},

@@ -6,7 +6,7 @@
 
 namespace mheg {
 
-// The names to offer to someone who has used another one.
+// The names to list in a message about an unknown name.
 inline constexpr const char* kKeyList =
     "Up, Down, Left, Right, OK, Cancel, Info, 0 to 9, Red, Green, Yellow, Blue, Text";
 

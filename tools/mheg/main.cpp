@@ -1,5 +1,5 @@
-// mheg: the content author's tool. It makes, compiles, checks, formats, builds and draws content,
-// and plays it without a window.
+// mheg: the tool for authors of content. It makes, compiles, checks, formats, builds and draws
+// content, and plays it without a window.
 #include <algorithm>
 #include <cstdio>
 #include <system_error>
@@ -53,7 +53,7 @@ bool Convert(const mheg::Options& options) {
   return isGood;
 }
 
-// Not parallel: each tree goes straight to standard output, in the order of the inputs.
+// Not parallel: each tree is printed directly to standard output, in the order of the inputs.
 bool Dump(const mheg::Options& options) {
   bool isGood = true;
   for (const std::filesystem::path& input : options.inputs) {
@@ -77,7 +77,7 @@ bool Check(const mheg::Options& options) {
 }
 
 // Returns the exit status.
-int CarryOut(const mheg::Options& options) {
+int RunCommand(const mheg::Options& options) {
   bool isGood = false;
   switch (options.command) {
   case mheg::Command::Compile:
@@ -101,7 +101,7 @@ int CarryOut(const mheg::Options& options) {
   return isGood ? 0 : mheg::kBadInput;
 }
 
-// Fails the run if standard output could not be written completely.
+// Returns `status`, or a failure if standard output could not be written completely.
 int StatusAfterOutput(int status) {
   if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
   std::fprintf(stderr, "mheg: the standard output cannot be written\n");
@@ -120,5 +120,5 @@ int main(int count, char** arguments) {
   if (const auto status = mheg::ReadCommandLine(mheg::TextOfArguments(count, arguments), options)) {
     return StatusAfterOutput(*status);
   }
-  return StatusAfterOutput(CarryOut(options));
+  return StatusAfterOutput(RunCommand(options));
 }

@@ -1,4 +1,4 @@
-// The layout of messages follows that of compilers, so that editors find the places.
+// Messages have the layout of compiler messages, so that editors recognise the positions.
 #include "mheg/message.h"
 
 #include <algorithm>
@@ -18,7 +18,7 @@ namespace mheg {
 namespace {
 
 constexpr std::size_t kMostCharacters = 100;       // of an excerpt
-constexpr std::size_t kCharactersBeforeMark = 60;  // if it is cut
+constexpr std::size_t kCharactersBeforeMark = 60;  // of an excerpt that is cut at its start
 
 bool IsControl(char c) { return static_cast<unsigned char>(c) < 32 || c == 127; }
 
@@ -27,7 +27,7 @@ std::string_view LineOf(std::string_view text, std::uint32_t line) {
   return text.substr(0, text.find('\n'));
 }
 
-// The bytes of `count` characters from the character `begin` on.
+// The bytes of `count` characters, starting with the character at index `begin`.
 std::string_view Characters(std::string_view text, std::size_t begin, std::size_t count) {
   std::size_t offset = 0;
   const auto skip = [&](std::size_t characters) {
@@ -42,7 +42,7 @@ std::string_view Characters(std::string_view text, std::size_t begin, std::size_
 }
 
 #ifdef _WIN32
-// The console interprets escape sequences only if asked to.
+// The console interprets escape sequences only in this mode.
 bool AcceptsColours(std::FILE* stream) {
   const auto console = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
   DWORD mode = 0;
@@ -54,23 +54,25 @@ bool AcceptsColours(std::FILE* stream) { return IsTerminal(stream); }
 #endif
 
 bool IsColoured(std::FILE* stream) {
-  const char* refusal = std::getenv("NO_COLOR");
-  return (refusal == nullptr || *refusal == 0) && AcceptsColours(stream);
+  const char* noColour = std::getenv("NO_COLOR");
+  return (noColour == nullptr || *noColour == 0) && AcceptsColours(stream);
 }
 
-std::string PlaceOf(const Message& message) {
-  std::string place = TextOf(message.file);
+std::string PositionOf(const Message& message) {
+  std::string position = TextOf(message.file);
   if (message.place.line > 0) {
-    place += ":" + std::to_string(message.place.line) + ":" + std::to_string(message.place.column);
+    position +=
+        ":" + std::to_string(message.place.line) + ":" + std::to_string(message.place.column);
   }
-  return place + ": ";
+  return position + ": ";
 }
 
 void PrintOne(const Message& message, bool isColoured, std::FILE* stream) {
   const char* bold = isColoured ? "\x1B[1m" : "";
   const char* green = isColoured ? "\x1B[1;32m" : "";
   const char* plain = isColoured ? "\x1B[0m" : "";
-  std::fprintf(stream, "%s%s%s%s\n", bold, PlaceOf(message).c_str(), plain, message.text.c_str());
+  std::fprintf(stream, "%s%s%s%s\n", bold, PositionOf(message).c_str(), plain,
+               message.text.c_str());
   const Excerpt& excerpt = message.excerpt;
   if (excerpt.line.empty()) return;
   const std::string marks = "^" + std::string(excerpt.length - 1, '~');
@@ -111,7 +113,7 @@ Excerpt ExcerptAt(std::string_view text, korvel::TextPlace place, std::size_t le
   return excerpt;
 }
 
-std::string OneLine(const Message& message) { return PlaceOf(message) + message.text; }
+std::string OneLine(const Message& message) { return PositionOf(message) + message.text; }
 
 void Print(const Messages& messages, std::FILE* stream) {
   const bool isColoured = IsColoured(stream);

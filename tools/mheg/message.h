@@ -1,4 +1,4 @@
-// A message to the author about a file, and how it is printed.
+// A message to the author about a file.
 #pragma once
 
 #include <cstdio>
@@ -21,25 +21,25 @@ struct Excerpt {
 struct Message {
   std::filesystem::path file;
   std::string text;
-  korvel::TextPlace place{};  // line 0: unknown
+  korvel::TextPlace place{};  // position in the file; line 0: unknown
   Excerpt excerpt{};
 };
 using Messages = std::vector<Message>;
 
-// An excerpt of the line with that place, cut where it is too long for a terminal. `length` counts
-// bytes from the place on; the excerpt marks at least one character and no others than the line's.
+// An excerpt of the line at `place`, shortened if the line is too long for a terminal. Marks the
+// characters of the `length` bytes from `place`: at least one, and none of the next line.
 [[nodiscard]] Excerpt ExcerptAt(std::string_view text, korvel::TextPlace place, std::size_t length);
 
 // The message on one line: "menu.mheg:12:20: Text lacks :OrigBoxSize".
 [[nodiscard]] std::string OneLine(const Message& message);
 
-// The number of characters of UTF-8. Invalid bytes count as in the columns of messages.
+// The number of characters in UTF-8 text. Counts invalid bytes as the columns of messages do.
 [[nodiscard]] std::size_t CharacterCount(std::string_view text);
 
 [[nodiscard]] bool IsTerminal(std::FILE* stream);
 
-// Prints each message and its excerpt. A terminal shows the place in bold and the marks in colour,
-// unless the environment variable NO_COLOR is set.
+// Prints each message and its excerpt. A terminal shows the position in bold and the marks in
+// colour, unless the environment variable NO_COLOR is set.
 void Print(const Messages& messages, std::FILE* stream);
 
 }  // namespace mheg

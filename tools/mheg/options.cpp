@@ -37,11 +37,12 @@ void AddOutput(CLI::App& command, Options& options) {
 }
 
 void AddJobs(CLI::App& command, Options& options) {
-  command.add_option("-j,--jobs", options.jobs, "Files to work on at once; 0: one per processor")
+  command
+      .add_option("-j,--jobs", options.jobs, "Files to process in parallel; 0: one per processor")
       ->capture_default_str();
 }
 
-// Makes the option accept these words, each for a value.
+// Makes the option accept these words, each of which selects a value.
 template <class Value>
 void SetChoice(CLI::Option* option, const std::vector<std::pair<std::string, Value>>& values) {
   std::string words;
@@ -52,15 +53,17 @@ void SetChoice(CLI::Option* option, const std::vector<std::pair<std::string, Val
 // ---- The commands ----
 
 void AddCompile(CLI::App& app, Options& options) {
-  CLI::App* command = AddCommand(app, Command::Compile, "compile",
-                                 "Text to the BER form that is broadcast", options);
+  CLI::App* command =
+      AddCommand(app, Command::Compile, "compile",
+                 "Compiles source files to the BER form that is broadcast", options);
   AddInputs(*command, "IN", "Groups in the textual notation", options);
   AddOutput(*command, options);
   AddJobs(*command, options);
 }
 
 void AddDecompile(CLI::App& app, Options& options) {
-  CLI::App* command = AddCommand(app, Command::Decompile, "decompile", "BER to text", options);
+  CLI::App* command = AddCommand(app, Command::Decompile, "decompile",
+                                 "Converts groups from BER to source files", options);
   AddInputs(*command, "IN", "Groups in their BER form", options);
   AddOutput(*command, options);
   AddJobs(*command, options);
@@ -75,7 +78,7 @@ void AddDump(CLI::App& app, Options& options) {
 void AddCheck(CLI::App& app, Options& options) {
   CLI::App* command = AddCommand(app, Command::Check, "check",
                                  "Reports faults that the engine would ignore silently", options);
-  AddInputs(*command, "PATH", "Groups in either form, and folders with them", options);
+  AddInputs(*command, "PATH", "Groups in either form, and folders that contain some", options);
   SetChoice<ReportForm>(
       command->add_option("--format", options.reportForm, "Form of the report")
           ->default_str("text"),
@@ -95,8 +98,8 @@ void AddCheck(CLI::App& app, Options& options) {
 void AddFormat(CLI::App& app, Options& options) {
   CLI::App* command =
       AddCommand(app, Command::Format, "format",
-                 "Lays out texts as decompile does, and keeps their comments", options);
-  AddInputs(*command, "PATH", "Texts, and folders with them", options);
+                 "Lays out source files as decompile does, and keeps their comments", options);
+  AddInputs(*command, "PATH", "Source files, and folders that contain some", options);
   command->add_flag("--check", options.isCheckOnly,
                     "Change nothing; list the files that would change");
   AddJobs(*command, options);
@@ -105,7 +108,7 @@ void AddFormat(CLI::App& app, Options& options) {
 void AddBuild(CLI::App& app, Options& options) {
   CLI::App* command = AddCommand(app, Command::Build, "build",
                                  "Compiles, checks and copies a folder to a carousel", options);
-  AddPaths(*command, "SRC", options.inputs, "Folder with texts and other files")
+  AddPaths(*command, "SRC", options.inputs, "Folder with source files and other files")
       ->required()
       ->check(IsExistingFolder())
       ->expected(1);
@@ -117,15 +120,15 @@ void AddBuild(CLI::App& app, Options& options) {
 
 void AddNew(CLI::App& app, Options& options) {
   CLI::App* command =
-      AddCommand(app, Command::New, "new", "Makes a small application to begin with", options);
-  AddPath(*command, "DIR", options.output, "Folder, which must not exist or be empty")->required();
+      AddCommand(app, Command::New, "new", "Makes a small application to start from", options);
+  AddPath(*command, "DIR", options.output, "Folder that does not exist or is empty")->required();
 }
 
 void AddGraph(CLI::App& app, Options& options) {
   CLI::App* command =
       AddCommand(app, Command::Graph, "graph",
                  "Draws scenes and the keys that lead from one to another", options);
-  AddInputs(*command, "PATH", "Folders with groups in either form, and such files", options);
+  AddInputs(*command, "PATH", "Groups in either form, and folders that contain some", options);
   AddPath(*command, "-o,--output", options.output, "File to write instead of the standard output");
   SetChoice<GraphForm>(
       command->add_option("--format", options.graphForm, "SVG needs Graphviz")->default_str("dot"),
@@ -136,7 +139,7 @@ void AddRun(CLI::App& app, Options& options) {
   RunOptions& run = options.run;
   CLI::App* command = AddCommand(app, Command::Run, "run",
                                  "Plays a carousel without a window, on a virtual clock", options);
-  AddPath(*command, "CAROUSEL", run.carousel, "Folder of texts or of broadcast files")
+  AddPath(*command, "CAROUSEL", run.carousel, "Folder of source files or of broadcast files")
       ->required()
       ->check(IsExistingFolder());
   command->add_option("--keys", run.keys, "Keys and waits: \"down*2 ok wait:2s red\"");
@@ -154,7 +157,7 @@ void AddRun(CLI::App& app, Options& options) {
   command->add_flag("--scene-graph", run.showsSceneGraph, "Prints the display stack at the end");
 }
 
-// For packages only, so it is not listed.
+// Hidden from the help, because only the build of packages needs it.
 void AddManual(CLI::App& app, Options& options) {
   CLI::App* command =
       AddCommand(app, Command::Manual, "manual", "Writes the manual page and completions", options);
@@ -170,7 +173,7 @@ bool IsFolder(const fs::path& output) {
   return !output.has_filename() || fs::is_directory(output, ignored);
 }
 
-// Returns the same path for every spelling of it, as far as the file system can resolve them.
+// Returns the same path for every spelling of a path that the file system can resolve.
 fs::path Identity(const fs::path& path) {
   std::error_code problem;
   const fs::path found = fs::weakly_canonical(path, problem);
@@ -178,7 +181,7 @@ fs::path Identity(const fs::path& path) {
 }
 
 // Rejects outputs that would overwrite an input or each other.
-void RefuseOutputsThatClash(const Options& options) {
+void RejectClashingOutputs(const Options& options) {
   if (options.inputs.size() > 1 && !IsFolder(options.output)) {
     throw CLI::ValidationError("--output", "must be a folder for several inputs");
   }
@@ -199,8 +202,8 @@ void RefuseOutputsThatClash(const Options& options) {
   }
 }
 
-// A carousel within its source would be copied into itself.
-void RefuseFolderWithin(const fs::path& output, const fs::path& source) {
+// Rejects a carousel inside its source, because it would be copied into itself.
+void RejectOutputInSource(const fs::path& output, const fs::path& source) {
   const fs::path relative = Identity(output).lexically_relative(Identity(source));
   if (!relative.empty() && *relative.begin() != "..") {
     throw CLI::ValidationError("--output", "must not be in the folder " + TextOf(source));
@@ -213,8 +216,8 @@ fs::path OutputFor(const fs::path& input, const Options& options) {
   if (!IsFolder(options.output)) return options.output;
   fs::path name = input.filename();
   if (options.command == Command::Decompile) {
-    name += kTextExtension;
-  } else if (IsText(name)) {
+    name += kSourceExtension;
+  } else if (IsSourceFile(name)) {
     name.replace_extension();
   }
   return options.output / name;
@@ -244,8 +247,8 @@ std::optional<int> ReadCommandLine(const std::vector<std::string>& arguments, Op
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     const bool hasOutputs =
         given.command == Command::Compile || given.command == Command::Decompile;
-    if (hasOutputs) RefuseOutputsThatClash(given);
-    if (given.command == Command::Build) RefuseFolderWithin(given.output, given.inputs.front());
+    if (hasOutputs) RejectClashingOutputs(given);
+    if (given.command == Command::Build) RejectOutputInSource(given.output, given.inputs.front());
   } catch (const CLI::Success& help) {
     return app.exit(help);
   } catch (const CLI::ParseError& mistake) {

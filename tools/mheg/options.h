@@ -17,7 +17,7 @@ class App;
 
 namespace mheg {
 
-// The exit statuses of the tool; 0 means that every file was good. Notes of the check do not count.
+// The exit statuses of the tool; 0 means success. Notes of the check are no failure.
 inline constexpr int kBadInput = 1;  // not a group, has faults, or cannot be read or written
 inline constexpr int kWrongUse = 2;  // wrong arguments
 
@@ -28,7 +28,7 @@ struct RunOptions {
   std::string start;             // path of the start-up application; empty: "a" or "startup"
   std::filesystem::path script;  // empty: none
   std::string keys;              // pressed after the script
-  std::string date = "2024-06-07T12:00:00";  // local time of day at the start
+  std::string date = "2024-06-07T12:00:00";  // local date and time at the start
   std::uint32_t latencyMs = 0;               // how long reading a file takes
   std::vector<std::string> missing;          // files that the engine does not find
   TraceForm trace = TraceForm::None;

@@ -1,4 +1,4 @@
-// The names follow the table of actions, which lists only the kinds of values.
+// The names are in the order of the table of actions, which lists only the kinds of the values.
 #include "mheg/parameter_names.h"
 
 #include <algorithm>

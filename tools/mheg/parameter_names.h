@@ -6,7 +6,7 @@
 
 namespace mheg {
 
-// The values of the action after its target, as in its row. Empty if it has none.
+// The names of the values that follow the target of the action, in order. Empty if it has none.
 [[nodiscard]] std::span<const char* const> ParameterNames(const char* action);
 
 }  // namespace mheg

@@ -1,4 +1,4 @@
-// CLI11 passes strings to functions, which make the paths.
+// CLI11 passes the arguments as strings to functions that convert them to paths.
 #include "mheg/path_options.h"
 
 #include <system_error>

@@ -1,4 +1,5 @@
-// Paths on the command line. CLI11 would make them from strings, which path_text.h advises against.
+// Options and arguments that are paths. CLI11's own path options construct paths from strings,
+// which is wrong on Windows (path_text.h).
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -15,7 +16,7 @@ CLI::Option* AddPath(CLI::App& app, const std::string& name, std::filesystem::pa
 CLI::Option* AddPaths(CLI::App& app, const std::string& name,
                       std::vector<std::filesystem::path>& paths, const std::string& description);
 
-// Checks of such options, with the messages of CLI11's own.
+// Validators for such options, with the messages of CLI11's own validators.
 [[nodiscard]] CLI::Validator IsExistingPath();
 [[nodiscard]] CLI::Validator IsExistingFile();
 [[nodiscard]] CLI::Validator IsExistingFolder();

@@ -1,4 +1,5 @@
-// Other systems have names in bytes, which are UTF-8 if the user's terminal and editor use that.
+// On systems other than Windows, names are bytes. They are UTF-8 if the user's terminal and editor
+// use it.
 #include "mheg/path_text.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// Reads in chunks through the stream, which turns errors of the system into its state. Iterators
-// over the stream's buffer would throw them.
+// Reads chunks with stream.read(), which reports errors of the system by the stream's state.
+// Iterators over the stream's buffer would throw exceptions.
 #include "mheg/read_file.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-// Classes and events have the words of the notation, keys the names that scripts use.
+// Names classes and events as the notation does, and keys as scripts do.
 #include "mheg/report_words.h"
 
 #include "mheg/key_names.h"

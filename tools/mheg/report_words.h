@@ -18,7 +18,7 @@ namespace mheg {
 // "TestEvent", or the number of an unknown type.
 [[nodiscard]] std::string EventName(korvel::EventType type);
 
-// The words with a separator between them; with another one before the last word, if it is given.
+// The words with a separator between them; `lastSeparator`, if given, is used before the last word.
 template <class Words>
 [[nodiscard]] std::string Joined(const Words& words, std::string_view separator,
                                  std::string_view lastSeparator = {}) {

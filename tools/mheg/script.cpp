@@ -1,5 +1,5 @@
-// A line is a step's word and its argument: the rest of the line, which may contain blanks (in
-// names of keys and files).
+// A line has the word of a step and its argument. The argument is the rest of the line, because
+// names of keys and files may contain blanks.
 #include "mheg/script.h"
 
 #include <algorithm>
@@ -56,7 +56,8 @@ std::optional<Pixel> PixelIn(const std::string& text, std::string& rest) {
   return Pixel{*column, *row, *value};
 }
 
-// A word that begins with a quote ends at the next one that no backslash precedes.
+// Divides the text at blanks. Blanks inside double quotes, where a backslash escapes a quote, do
+// not divide it.
 std::vector<std::string> WordsOf(const std::string& text) {
   std::vector<std::string> words;
   std::size_t at = text.find_first_not_of(kBlanks);
@@ -72,8 +73,8 @@ std::vector<std::string> WordsOf(const std::string& text) {
   return words;
 }
 
-// The functions below read the argument of one kind of step. They return false if it is invalid,
-// and set `problem` if there is more to say than that.
+// Each function below reads the argument of one kind of step. If it is invalid, the function
+// returns false, and may describe the mistake in `problem`.
 
 bool ReadKey(const std::string& name, Step& step, std::string& problem) {
   const auto virtualKey = VirtualKeyOf(name);

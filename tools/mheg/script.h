@@ -1,6 +1,6 @@
-// A script: the steps of a run, one per line. The host application carries them out in the engine's
-// window, `mheg run` without one. The reader is portable. It runs before the engine starts, so that
-// mistakes are reported immediately.
+// A script: the steps of a run, one per line. The host application performs them with the engine's
+// window, `mheg run` without a window. The reader is portable. It runs before the engine starts, so
+// that mistakes are reported immediately.
 #pragma once
 
 #include <cstdint>
@@ -28,7 +28,7 @@ struct Step {
   Pixel pixel;                     // Until, Catch: the pixel to wait for
   std::vector<std::string> words;  // Expect: the state and its values
   std::string text;                // the step as it was written
-  unsigned line = 0;               // of the script; 0 on the command line
+  unsigned line = 0;               // line number in the script; 0: from the command line
 };
 
 // The forms of all steps, for the user: "key NAME, wait MS, ...".
@@ -37,20 +37,21 @@ struct Step {
 // Reads one step per line:
 //   key NAME           presses a key
 //   shot FILE.png      takes a picture once it is final: every key is handled, no work is queued,
-//                      no file is being read, no painting is pending, and the picture is stable
+//                      no file is being read, no painting is pending, and the picture does not
+//                      change any more
 //   wait TIME          waits, for content that uses timers: "500", "500ms" or "2s"
 //   until X Y #RRGGBB  waits until every key is handled and the pixel has this colour, for content
 //                      that changes the picture by a timer
 //   catch X Y #RRGGBB FILE.png
-//                      takes the first picture in which the pixel has this colour, for a picture
-//                      that is soon replaced
+//                      takes the first picture in which the pixel has this colour, for pictures
+//                      that are visible only briefly
 //   expose             wipes the window as if it had been covered, so that it must repaint itself
-//   expect STATE       checks the state of the content; only `mheg run` can do that, and only it
-//                      knows the states
+//   expect STATE       checks the state of the content; only `mheg run` does that
+//                      (run/expectations.h describes the states)
 //   exit               closes the engine
-// `shot`, `until` and `catch` wait for a limited time; then the run fails. Blank lines and lines
-// that begin with '#' are skipped. For any other line the function returns false and describes the
-// line in `problem`, beginning with its number and a colon; `steps` is then unchanged.
+// `shot`, `until` and `catch` wait for a limited time, after which the run fails. Blank lines and
+// lines that begin with '#' are skipped. If a line is invalid, returns false, describes the mistake
+// in `problem` after the line number and a colon, and leaves `steps` unchanged.
 [[nodiscard]] bool ReadScript(std::istream& text, std::vector<Step>& steps, std::string& problem);
 
 // The same for the script in a file; `problem` begins with the file's name.

@@ -1,5 +1,5 @@
-// The same rules for all commands, so that `mheg run` and the player play what `mheg build` makes,
-// and `mheg check` checks it.
+// All commands share these rules, so that `mheg run` and the player play the files that `mheg
+// build` makes, and `mheg check` checks them.
 #include "mheg/source_folder.h"
 
 #include <algorithm>
@@ -16,11 +16,11 @@ namespace fs = std::filesystem;
 bool IsHidden(const fs::path& path) { return path.filename().native().front() == '.'; }
 
 bool IsBroadcast(const fs::path& relative) {
-  const bool isInFolderItself = !relative.has_parent_path();
-  return !(isInFolderItself && (relative == "README.md" || relative.extension() == ".script"));
+  const bool isInSubfolder = relative.has_parent_path();
+  return isInSubfolder || (relative != "README.md" && relative.extension() != ".script");
 }
 
-// Whether a link to a folder leads back to a folder around it.
+// Whether a link to a folder leads to a folder that contains the link.
 bool LeadsBack(const fs::path& link) {
   std::error_code ignored;
   const fs::path target = fs::canonical(link, ignored);
@@ -58,7 +58,7 @@ std::vector<fs::path> FilesIn(const fs::path& folder, FolderLinks links, Message
 }
 
 BroadcastFiles FindBroadcastFiles(const fs::path& folder, Messages& messages) {
-  std::set<fs::path> sources;  // in order, so that a text comes after the file of its name
+  std::set<fs::path> sources;  // sorted, so that "menu.mheg" comes after "menu"
   for (const fs::path& file : FilesIn(folder, FolderLinks::Followed, messages)) {
     const fs::path relative = file.lexically_relative(folder);
     if (IsBroadcast(relative)) sources.insert(relative);
@@ -66,7 +66,7 @@ BroadcastFiles FindBroadcastFiles(const fs::path& folder, Messages& messages) {
   BroadcastFiles files;
   for (const fs::path& source : sources) {
     fs::path name = source;
-    if (IsText(name)) name.replace_extension();
+    if (IsSourceFile(name)) name.replace_extension();
     const auto [file, isNew] = files.emplace(name, BroadcastFile{source});
     if (isNew) continue;
     file->second.clashes.push_back({folder / source, "has the same name in the carousel as " +
@@ -75,6 +75,6 @@ BroadcastFiles FindBroadcastFiles(const fs::path& folder, Messages& messages) {
   return files;
 }
 
-bool IsText(const fs::path& file) { return file.extension() == kTextExtension; }
+bool IsSourceFile(const fs::path& file) { return file.extension() == kSourceExtension; }
 
 }  // namespace mheg

@@ -1,4 +1,4 @@
-// Lines and columns are computed in one pass over the text, in the order of the offsets.
+// Computes all lines and columns in one pass over the text, in the order of the offsets.
 #include "mheg/source_places.h"
 
 #include <algorithm>

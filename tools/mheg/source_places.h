@@ -14,17 +14,18 @@ namespace mheg {
 class SourcePlaces {
  public:
   SourcePlaces() = default;
-  // The places that reading `text` has recorded. Takes linear time.
+  // Converts the positions that reading `text` has recorded. Takes linear time in the length of the
+  // text.
   SourcePlaces(std::string_view text, const korvel::List<korvel::SourcePlace>& places);
 
-  // The place of an object by its number (0: the group itself), of its attribute by keyword, such
-  // as ":LinkEffect", or of an action by its index among all actions of that attribute, in the
-  // order of the text. Of several objects with the same number, the first is meant. If the
-  // attribute or the action is unknown, returns the place of what contains it; the line is 0 if the
-  // object is unknown or the group was not read from text.
+  // Finds an object by its number (0: the group itself), its attribute by the keyword, such as
+  // ":LinkEffect", or an action by its index among all actions of that attribute, in the order of
+  // the text. If several objects have the number, the first is found. If the attribute or the
+  // action is unknown, returns the position of the object or attribute that contains it. The line
+  // is 0 if the object is unknown or the group was not read from text.
   [[nodiscard]] korvel::TextPlace Find(std::int32_t object, std::string_view keyword = {},
                                        std::int32_t action = -1) const;
-  // The places of all objects with that number.
+  // The positions of all objects with that number, in the order of the text.
   [[nodiscard]] std::vector<korvel::TextPlace> FindAll(std::int32_t object) const;
 
  private:

@@ -1,4 +1,5 @@
-// The distance of two words is the usual one of spelling checkers.
+// Compares words by their edit distance, in which exchanging two neighbouring letters is one
+// change.
 #include "mheg/suggestion.h"
 
 #include <algorithm>
@@ -9,19 +10,19 @@
 namespace mheg {
 namespace {
 
-// Longer words are not compared: they are not near any keyword.
+// Longer words are not compared, because no keyword is similar to them.
 constexpr std::size_t kLongestWord = 40;
 
 using Row = std::array<std::size_t, kLongestWord + 1>;
 
-// The number of letters to insert, omit, change or exchange with their neighbour. Neither word is
-// longer than kLongestWord.
+// The number of letters to insert, omit, change or exchange with their neighbour. Neither word may
+// be longer than kLongestWord.
 std::size_t Distance(std::string_view one, std::string_view other) {
   const auto isSame = [&](std::size_t i, std::size_t k) {
     return korvel::UpperCase(one[i]) == korvel::UpperCase(other[k]);
   };
-  // The distances between prefixes of `one` and each prefix of `other`: row `i` is for its first
-  // `i` letters; the two before it are needed.
+  // Row `i` holds the distances between the first `i` letters of `one` and each prefix of `other`.
+  // Computing a row needs the two rows before it.
   std::array<Row, 3> rows{};
   for (std::size_t k = 0; k <= other.size(); ++k) rows[0][k] = k;
   for (std::size_t i = 1; i <= one.size(); ++i) {

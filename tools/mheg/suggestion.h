@@ -8,8 +8,8 @@
 namespace mheg {
 
 // The candidate that differs from the word by the fewest inserted, omitted, changed or exchanged
-// letters, ignoring case; the first of several. Empty if none is near: one letter may differ, in
-// longer words one of every three.
+// letters, ignoring case; if several differ equally, the first. Empty if none is similar enough:
+// one letter may differ, in longer words one of every three.
 [[nodiscard]] std::string_view NearestWord(std::string_view word,
                                            const std::vector<std::string_view>& candidates);
 

@@ -1,5 +1,5 @@
-// A message names the construct with the error, what was found, what is possible there, and the
-// possible word that is nearest to a misspelt one.
+// A message names the construct with the error, the text that was found, the alternatives that were
+// expected, and the alternative that is most similar to a misspelt word.
 #include "mheg/text_messages.h"
 
 #include <algorithm>
@@ -44,7 +44,7 @@ std::string Shown(std::string_view found) {
   return kPunctuation.find(found.front()) == std::string_view::npos ? shown : '"' + shown + '"';
 }
 
-// ---- What was expected ----
+// ---- The expected alternatives ----
 
 template <class Record> void AddAttributes(std::string_view className, Candidates& candidates) {
   if (Description<Record>::heading.keyword + 1 != className) return;
@@ -75,7 +75,7 @@ Candidates ClassesIn(const TextError& error) {
   return isStream ? KeywordsOf(ComponentClasses{}) : KeywordsOf(ItemClasses{});
 }
 
-// Each with its colon.
+// The keywords of all actions, with their colons.
 const Candidates& AllActions() {
   static const std::vector<std::string> keywords = [] {
     std::vector<std::string> all;
@@ -100,7 +100,8 @@ Candidates CandidatesFor(const TextError& error) {
   return candidates;
 }
 
-// All possible words if there are few, or if there is no hint to one of them.
+// Lists the alternatives, or only describes them if there are many. Events are listed in full
+// unless a hint names one of them.
 std::string ChoiceOf(const TextError& error, const Candidates& candidates, bool hasHint) {
   constexpr std::size_t kMostListed = 8;
   const bool areEvents = error.words.size() > kMostListed;  // no other type has as many words
@@ -122,14 +123,14 @@ std::string Expected(const TextError& error, const Candidates& candidates, bool 
 
 // ---- Hints ----
 
-bool IsColourOfWeb(std::string_view found) {
+bool IsWebColour(std::string_view found) {
   return found.size() == 7 && found.front() == '#' &&
          found.find_first_not_of("0123456789ABCDEFabcdef", 1) == std::string_view::npos;
 }
 
 std::string Hint(std::string_view found, const Candidates& candidates) {
   if (found.starts_with(',')) return " (values are separated by spaces)";
-  if (IsColourOfWeb(found)) {
+  if (IsWebColour(found)) {
     std::string colour = "'";
     for (std::size_t i = 1; i < found.size(); i += 2) colour.append("=").append(found.substr(i, 2));
     return " (did you mean " + colour + "'?)";
@@ -140,13 +141,13 @@ std::string Hint(std::string_view found, const Candidates& candidates) {
 
 // ---- Messages ----
 
-std::string In(const TextError& error) {
+std::string Context(const TextError& error) {
   const std::string owner = error.owner;
   if (owner.empty()) return "";
   return "in " + owner + (*error.part == 0 ? "" : " ") + error.part + ": ";
 }
 
-std::string AfterFirst(std::string_view text, const TextError& error) {
+std::string FirstOccurrence(std::string_view text, const TextError& error) {
   if (error.first == 0) return "";
   return " (the first one is in line " + std::to_string(PlaceInText(text, error.first).line) + ")";
 }
@@ -155,8 +156,8 @@ std::string Explained(std::string_view text, const TextError& error) {
   const std::string_view found = text.substr(error.offset, error.length);
   const Candidates candidates = CandidatesFor(error);
   const std::string hint = Hint(found, candidates);
-  return In(error) + "found " + Shown(found) + ", expected " +
-         Expected(error, candidates, !hint.empty()) + hint + AfterFirst(text, error);
+  return Context(error) + "found " + Shown(found) + ", expected " +
+         Expected(error, candidates, !hint.empty()) + hint + FirstOccurrence(text, error);
 }
 
 std::string Explained(const MissingPart& part) {
@@ -166,8 +167,8 @@ std::string Explained(const MissingPart& part) {
   return std::string(part.owner) + " lacks " + missing;
 }
 
-Message At(std::string_view text, std::size_t offset, std::size_t length, std::string explained,
-           const GroupFile& file) {
+Message MessageAt(std::string_view text, std::size_t offset, std::size_t length,
+                  std::string explained, const GroupFile& file) {
   const TextPlace place = PlaceInText(text, offset);
   return {file.path, std::move(explained), place, ExcerptAt(text, place, length)};
 }
@@ -177,10 +178,11 @@ Message At(std::string_view text, std::size_t offset, std::size_t length, std::s
 void AddMessages(std::string_view text, const TextReport& report, GroupFile& file) {
   const std::size_t first = file.messages.size();
   for (const TextError& error : report.errors) {
-    file.messages.push_back(At(text, error.offset, error.length, Explained(text, error), file));
+    file.messages.push_back(
+        MessageAt(text, error.offset, error.length, Explained(text, error), file));
   }
   for (const MissingPart& part : report.missing) {
-    file.messages.push_back(At(text, part.offset, 1, Explained(part), file));
+    file.messages.push_back(MessageAt(text, part.offset, 1, Explained(part), file));
   }
   std::stable_sort(file.messages.begin() + static_cast<std::ptrdiff_t>(first), file.messages.end(),
                    [](const Message& one, const Message& other) {

@@ -1,4 +1,4 @@
-// Turns the errors and the missing parts of a text into messages for its author.
+// Turns the errors in source text and its missing parts into messages for the author.
 #pragma once
 
 #include <string_view>

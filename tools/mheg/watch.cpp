@@ -1,5 +1,5 @@
-// Linux watches single folders, so the watch adds every subfolder. Subfolders that are created
-// later need a new watch.
+// Linux can only watch single folders, so the constructor adds every subfolder. A subfolder that is
+// created later is not watched; that needs a new Watch.
 #include "mheg/watch.h"
 
 #ifdef _WIN32
@@ -20,7 +20,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kCalmMs = 50;  // the moment without changes
+// Changes that follow each other within this time belong together.
+constexpr int kQuietMs = 50;
 
 }  // namespace
 
@@ -61,7 +62,7 @@ Watch::Watch(const fs::path& folder) : queue_(inotify_init1(IN_CLOEXEC | IN_NONB
     std::error_code ignored;
     if (!entry->is_directory(ignored)) continue;
     const bool isAdded = inotify_add_watch(queue_, entry->path().c_str(), kChanges) >= 0;
-    // A folder that has just been removed needs no watch.
+    // A folder that has been removed in the meantime needs no watch.
     if (!isAdded && errno != ENOENT) hasFailed_ = true;
   }
 }
@@ -90,12 +91,12 @@ bool Watch::HasChanged() {
   const Result result = WaitForOne(0);
   if (result == Result::Change) lastChange_ = now;
   return result == Result::Timeout && lastChange_ &&
-         now - *lastChange_ >= std::chrono::milliseconds(kCalmMs);
+         now - *lastChange_ >= std::chrono::milliseconds(kQuietMs);
 }
 
 bool Watch::Wait() {
   Result result = WaitForOne(-1);
-  while (result == Result::Change) result = WaitForOne(kCalmMs);
+  while (result == Result::Change) result = WaitForOne(kQuietMs);
   return result == Result::Timeout;
 }
 

@@ -1,4 +1,4 @@
-// The new contents are written to a file beside the old one, which then takes its name.
+// Writes the new contents to a file beside the old one, and then renames it to the old name.
 #include "mheg/write_file.h"
 
 #include <fstream>
@@ -20,7 +20,7 @@ bool WriteNew(const fs::path& path, std::string_view bytes) {
 
 bool WriteFile(const fs::path& path, std::string_view bytes) {
   std::error_code problem;
-  fs::path target = fs::canonical(path, problem);  // replaces the file that a link refers to
+  fs::path target = fs::canonical(path, problem);  // follows a link
   if (problem) target = path;
   // Devices and pipes are written directly.
   const bool isReplaced = fs::is_regular_file(target, problem) || !fs::exists(target, problem);

@@ -1,5 +1,5 @@
-// Writes a whole file. The old contents stay until the new ones are complete, so that a failure
-// destroys nothing and other programs never see half a file.
+// Writes a whole file. The old contents stay until the new contents are complete, so that a failure
+// destroys nothing and other programs never read half a file.
 #pragma once
 
 #include <filesystem>
@@ -11,8 +11,8 @@ namespace mheg {
 // Replaces the contents of a file, or creates it. Returns false if that fails.
 [[nodiscard]] bool WriteFile(const std::filesystem::path& path, std::string_view bytes);
 
-// The same for a file that is not a link. `write` is called with a path and writes the contents
-// there. Also returns false if `write` does.
+// The same for a path that is not a link. `write` writes the contents to the path that it is called
+// with, and returns false if it fails.
 [[nodiscard]] bool WriteFile(const std::filesystem::path& path,
                              const std::function<bool(const std::filesystem::path&)>& write);
 

@@ -1,4 +1,4 @@
-// Inputs and outputs that the tool cannot use. Each causes one message and an exit status.
+// Inputs and outputs that the tool cannot use. Each results in one message and an exit status.
 #include <unistd.h>
 
 #include "unit/mheg/tool.h"
@@ -6,7 +6,7 @@
 namespace mheg {
 namespace {
 
-TEST_F(Tool, a_folder_is_refused_as_an_input) {
+TEST_F(Tool, a_folder_is_rejected_as_an_input) {
   fs::create_directory(folder_ / "menu");
   for (const char* command : {"compile menu -o x", "decompile menu -o x", "dump menu"}) {
     const ToolOutcome run = Call(command);
@@ -17,7 +17,7 @@ TEST_F(Tool, a_folder_is_refused_as_an_input) {
 }
 
 // Address 0 of a process is not mapped, so reading its memory fails for every user.
-TEST_F(Tool, an_error_while_reading_is_reported) {
+TEST_F(Tool, a_read_error_is_reported) {
   for (const char* arguments : {"compile /proc/self/mem -o x", "dump /proc/self/mem"}) {
     const ToolOutcome run = Call(arguments);
     EXPECT_EQ(run.status, 1) << arguments;
@@ -25,13 +25,13 @@ TEST_F(Tool, an_error_while_reading_is_reported) {
   }
 }
 
-TEST_F(Tool, an_endless_file_is_refused) {
+TEST_F(Tool, an_endless_file_is_rejected) {
   const ToolOutcome run = Call("dump /dev/zero");
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.output, "/dev/zero: is longer than 128 MiB\n");
 }
 
-TEST_F(Tool, an_empty_file_is_refused) {
+TEST_F(Tool, an_empty_file_is_rejected) {
   Write("s.mheg", "");
   for (const char* command : {"compile s.mheg -o x", "decompile s.mheg -o x", "dump s.mheg"}) {
     const ToolOutcome run = Call(command);
@@ -40,13 +40,13 @@ TEST_F(Tool, an_empty_file_is_refused) {
   }
 }
 
-TEST_F(Tool, a_file_of_100_megabytes_is_refused) {
+TEST_F(Tool, a_file_of_100_megabytes_is_rejected) {
   Write("s.mheg", "");
   fs::resize_file(folder_ / "s.mheg", 100000000);
   ToolOutcome run = Call("compile s.mheg -o x");
   EXPECT_EQ(run.status, 1);
   EXPECT_NE(run.output.find("a text of at most 65535 bytes\n"), std::string::npos) << run.output;
-  Write("s", "\xA1\x84\x7F\xFF\xFF\xFF");  // a scene that is even longer
+  Write("s", "\xA1\x84\x7F\xFF\xFF\xFF");  // a scene whose length exceeds the file
   fs::resize_file(folder_ / "s", 100000000);
   run = Call("decompile s -o x");
   EXPECT_EQ(run.status, 1);
@@ -74,7 +74,7 @@ TEST_F(Tool, check_skips_a_symbolic_link_to_itself) {
   EXPECT_EQ(run.output, "");
 }
 
-TEST_F(Tool, check_reports_a_link_to_a_folder_around_it) {
+TEST_F(Tool, check_reports_a_link_to_a_folder_that_contains_it) {
   fs::create_directory(folder_ / "below");
   fs::create_directory_symlink("..", folder_ / "below/up");
   Write("s.mheg", kScene);
@@ -103,7 +103,7 @@ TEST_F(Tool, check_reports_a_folder_without_groups) {
                         "empty: error: has no groups [no-groups]\n");
 }
 
-TEST_F(Tool, check_reports_files_it_may_not_read_and_checks_the_rest) {
+TEST_F(Tool, check_reports_unreadable_files_and_checks_the_rest) {
   fs::create_directories(folder_ / "closed");
   Write("closed/t.mheg", kScene);
   Write("ber", "\xA1");
@@ -120,7 +120,7 @@ TEST_F(Tool, check_reports_files_it_may_not_read_and_checks_the_rest) {
   fs::permissions(folder_ / "closed", fs::perms::owner_all);
 }
 
-TEST_F(Tool, the_input_is_never_the_output) {
+TEST_F(Tool, an_output_that_would_overwrite_an_input_is_rejected) {
   Write("s", kScene);
   Write("t.mheg", kScene);
   fs::create_symlink("s", folder_ / "link");
@@ -135,10 +135,10 @@ TEST_F(Tool, the_input_is_never_the_output) {
   ASSERT_EQ(Call("compile t.mheg -o ber").status, 0);
   EXPECT_EQ(Call("decompile ber -o t.mheg").status, 0);
   Write("t", File("ber"));
-  EXPECT_EQ(Call("decompile t t.mheg -o .").status, 2) << "the output of the first is the second";
+  EXPECT_EQ(Call("decompile t t.mheg -o .").status, 2) << "the output for t would be t.mheg";
 }
 
-TEST_F(Tool, two_inputs_are_not_written_to_one_file) {
+TEST_F(Tool, two_inputs_with_the_same_output_are_rejected) {
   Write("s", kScene);
   Write("s.mheg", kScene);
   const ToolOutcome run = Call("compile s s.mheg -o out/");
@@ -173,13 +173,14 @@ TEST_F(Tool, a_standard_output_that_is_closed_or_full_is_an_error) {
       EXPECT_EQ(run.status, 1) << command << output;
       EXPECT_EQ(run.output, "mheg: the standard output cannot be written\n") << command << output;
     }
-    EXPECT_EQ(Call(std::string("compile s.mheg -o s") + output).status, 0) << "it prints nothing";
+    EXPECT_EQ(Call(std::string("compile s.mheg -o s") + output).status, 0)
+        << "compile prints nothing";
   }
 }
 
 constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
 
-TEST_F(Tool, a_byte_order_mark_before_a_text_is_skipped) {
+TEST_F(Tool, a_byte_order_mark_is_skipped) {
   Write("plain.mheg", kScene);
   Write("marked.mheg", std::string(kByteOrderMark) + kScene);
   const ToolOutcome run = Call("compile plain.mheg marked.mheg -o out/");
@@ -198,7 +199,7 @@ TEST_F(Tool, columns_are_counted_after_a_byte_order_mark) {
             "    1 | {:Scene }\n      |         ^\n");
 }
 
-TEST_F(Tool, a_text_of_maximum_length_may_have_a_byte_order_mark) {
+TEST_F(Tool, a_source_file_of_maximum_length_may_have_a_byte_order_mark) {
   const std::string text = kScene;
   Write("marked.mheg", kByteOrderMark + text + std::string(65535 - text.size(), ' '));
   EXPECT_EQ(Call("compile marked.mheg -o x").output, "");

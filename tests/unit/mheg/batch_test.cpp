@@ -16,16 +16,16 @@ namespace {
 TEST(Batch, processes_each_entry_once_with_any_number_of_jobs) {
   for (const unsigned jobs : {0U, 1U, 2U, 3U, 200U}) {
     std::vector<std::atomic<int>> calls(100);
-    RunBatch(calls.size(), jobs, [&calls](std::size_t place) { ++calls[place]; });
+    RunBatch(calls.size(), jobs, [&calls](std::size_t index) { ++calls[index]; });
     for (const std::atomic<int>& count : calls) EXPECT_EQ(count, 1) << jobs;
   }
 }
 
-// More threads would not help, and the tool would end if the system refused to start one.
+// More threads would not be faster, and the tool would end if the system failed to start one.
 TEST(Batch, uses_at_most_64_threads) {
   std::mutex guard;
   std::set<std::thread::id> threads;
-  RunBatch(1000, 4000000000U, [&](std::size_t /*place*/) {
+  RunBatch(1000, 4000000000U, [&](std::size_t /*index*/) {
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
     const std::lock_guard lock(guard);
     threads.insert(std::this_thread::get_id());
@@ -33,8 +33,8 @@ TEST(Batch, uses_at_most_64_threads) {
   EXPECT_LE(threads.size(), 64U);
 }
 
-TEST(Batch, of_nothing_returns_immediately) {
-  RunBatch(0, 0, [](std::size_t /*place*/) { ADD_FAILURE(); });
+TEST(Batch, without_entries_returns_immediately) {
+  RunBatch(0, 0, [](std::size_t /*index*/) { ADD_FAILURE(); });
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// `mheg build`: the files of the carousel, which of them are written, and `--watch`.
+// `mheg build`: the files of the carousel, which files are written, and `--watch`.
 #include "unit/mheg/tool.h"
 
 #include <set>
@@ -6,7 +6,7 @@
 namespace mheg {
 namespace {
 
-// Any scene may be entered by a key, so the check has nothing to report.
+// A key may lead to any scene, so the check has nothing to report.
 constexpr const char* kApplication = R"({:Application ("~/a" 0)
   :OnStartUp (:TransitionTo(("~/s" 0)))
   :Items (
@@ -29,9 +29,9 @@ class BuildTool : public Tool {
     Write("src/more/sound", "a sound");
   }
 
-  // The group of a text in BER.
-  std::string Compiled(const std::string& text) const {
-    Write("one.mheg", text);
+  // The group of a source file in BER.
+  std::string Compiled(const std::string& source) const {
+    Write("one.mheg", source);
     EXPECT_EQ(Call("compile one.mheg -o one").status, 0);
     return File("one");
   }
@@ -48,7 +48,7 @@ class BuildTool : public Tool {
   using Names = std::set<std::string>;
 };
 
-TEST_F(BuildTool, texts_are_compiled_and_everything_else_is_copied) {
+TEST_F(BuildTool, source_files_are_compiled_and_all_others_are_copied) {
   const ToolOutcome run = Call("build src -o out");
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.output, "out: 5 written, 0 removed, 0 up to date\n");
@@ -80,7 +80,7 @@ TEST_F(BuildTool, linked_files_and_folders_are_copied) {
   EXPECT_EQ(File("out/more/sound"), "a sound");
 }
 
-TEST_F(BuildTool, only_what_changes_is_written) {
+TEST_F(BuildTool, only_files_that_change_are_written) {
   ASSERT_EQ(Call("build src -o out").status, 0);
   const auto before = fs::last_write_time(folder_ / "out/s");
   EXPECT_EQ(Call("build src -o out").output, "out: 0 written, 0 removed, 5 up to date\n");
@@ -92,7 +92,7 @@ TEST_F(BuildTool, only_what_changes_is_written) {
   EXPECT_EQ(fs::last_write_time(folder_ / "out/s"), before);
 }
 
-TEST_F(BuildTool, a_product_that_is_missing_or_different_is_written_again) {
+TEST_F(BuildTool, products_that_are_missing_or_modified_are_written_again) {
   ASSERT_EQ(Call("build src -o out").status, 0);
   fs::remove(folder_ / "out/picture.png");
   Write("out/s", "something else");
@@ -100,7 +100,7 @@ TEST_F(BuildTool, a_product_that_is_missing_or_different_is_written_again) {
   EXPECT_EQ(File("out/s"), Compiled(kScene));
 }
 
-TEST_F(BuildTool, a_text_with_errors_leaves_the_old_file_and_all_others_are_built) {
+TEST_F(BuildTool, errors_in_a_source_file_keep_its_old_product_and_do_not_stop_the_others) {
   ASSERT_EQ(Call("build src -o out").status, 0);
   Write("src/s.mheg", "{:Scene 0 :SceneCS 720}");
   Write("src/picture.png", "another picture");
@@ -115,7 +115,7 @@ TEST_F(BuildTool, a_text_with_errors_leaves_the_old_file_and_all_others_are_buil
   }
   fs::remove(folder_ / "src/s.mheg");
   (void)Call("build src -o out");
-  EXPECT_FALSE(Exists("out/s")) << "the old file is still known as a product";
+  EXPECT_FALSE(Exists("out/s")) << "the old file is still in the list of products";
 }
 
 TEST_F(BuildTool, products_without_a_source_are_removed_and_other_files_are_not) {
@@ -136,7 +136,7 @@ TEST_F(BuildTool, nothing_outside_the_carousel_is_removed) {
   EXPECT_TRUE(Exists("mine"));
 }
 
-TEST_F(BuildTool, a_source_that_cannot_be_read_removes_nothing) {
+TEST_F(BuildTool, an_error_in_the_source_folder_removes_nothing) {
   ASSERT_EQ(Call("build src -o out").status, 0);
   fs::create_symlink("loop", folder_ / "src/loop");
   fs::create_directory_symlink("..", folder_ / "src/more/up");
@@ -146,7 +146,7 @@ TEST_F(BuildTool, a_source_that_cannot_be_read_removes_nothing) {
   EXPECT_TRUE(Exists("out/picture.png"));
 }
 
-TEST_F(BuildTool, a_file_that_cannot_be_read_is_an_error_of_that_file) {
+TEST_F(BuildTool, a_file_that_cannot_be_read_does_not_stop_the_others) {
   fs::create_symlink("loop", folder_ / "src/loop");
   ASSERT_EQ(Call("build src -o out").output,
             "src/loop: cannot be read\nout: 5 written, 0 removed, 0 up to date\n");
@@ -160,7 +160,7 @@ TEST_F(BuildTool, a_file_that_cannot_be_read_is_an_error_of_that_file) {
             "src/picture.png: cannot be read\nout: 1 written, 0 removed, 3 up to date\n");
 }
 
-TEST_F(BuildTool, two_sources_of_one_product_are_an_error) {
+TEST_F(BuildTool, two_sources_of_one_product_are_rejected) {
   Write("src/s", "a file");
   const ToolOutcome run = Call("build src -o out");
   EXPECT_EQ(run.status, 1);
@@ -169,7 +169,7 @@ TEST_F(BuildTool, two_sources_of_one_product_are_an_error) {
   EXPECT_FALSE(Exists("out/s"));
 }
 
-TEST_F(BuildTool, findings_are_printed_and_are_no_failure) {
+TEST_F(BuildTool, findings_are_printed_but_do_not_fail_the_build) {
   Write("src/s.mheg", "{:Scene (\"~/s\" 0) :OnStartUp (:Run(5)) :SceneCS 720 576}");
   const ToolOutcome run = Call("build src -o out");
   EXPECT_EQ(run.status, 0);
@@ -207,10 +207,10 @@ TEST_F(BuildTool, watch_builds_after_each_change) {
   EXPECT_TRUE(Until([&] { return Exists("out/new/folder/t"); }));
   Write("src/new/folder/u.mheg", kScene);
   EXPECT_TRUE(Until([&] { return Exists("out/new/folder/u"); }));
-  EXPECT_EQ(kill(process, SIGTERM), 0) << "it still runs";
+  EXPECT_EQ(kill(process, SIGTERM), 0) << "the tool has ended";
 }
 
-TEST_F(BuildTool, watch_ends_when_the_folder_is_gone) {
+TEST_F(BuildTool, watch_fails_when_the_folder_is_moved) {
   const pid_t process = Start("build src -o out --watch");
   EXPECT_TRUE(Until([&] { return Exists("out/more/t"); }));
   fs::rename(folder_ / "src", folder_ / "src2");

@@ -1,4 +1,4 @@
-// How a carousel folder resolves paths of the broadcast file system, and which files it has.
+// The files that a carousel folder has, and the paths by which the engine finds them.
 #include "mheg/carousel_files.h"
 
 #include <gtest/gtest.h>
@@ -19,14 +19,14 @@ class CarouselTest : public testing::Test, protected mheg::ScratchFolder {
     Write("root/empty", "");
   }
 
-  // The content of the file at a path, or "refused".
+  // The content of the file at a path, or "none".
   std::string Read(std::string_view path) {
     mheg::CarouselFiles files;
     mheg::Messages messages;
     files.Load(folder_ / "root", messages);
     EXPECT_TRUE(messages.empty());
     const mheg::CarouselFile* file = files.Find(path);
-    return file != nullptr ? file->bytes : "refused";
+    return file != nullptr ? file->bytes : "none";
   }
 
   // The messages of loading the folder.
@@ -57,27 +57,27 @@ TEST_F(CarouselTest, dots_are_resolved_inside_the_folder) {
   EXPECT_EQ(Read("pictures\\.\\logo.png"), "logo");
 }
 
-TEST_F(CarouselTest, paths_out_of_the_folder_are_refused) {
-  EXPECT_EQ(Read("../secret"), "refused");
-  EXPECT_EQ(Read("..\\secret"), "refused");
-  EXPECT_EQ(Read("pictures/../../secret"), "refused");
-  EXPECT_EQ(Read("../root/a"), "refused");
-  EXPECT_EQ(Read((folder_ / "secret").string()), "refused");
+TEST_F(CarouselTest, paths_out_of_the_folder_find_no_file) {
+  EXPECT_EQ(Read("../secret"), "none");
+  EXPECT_EQ(Read("..\\secret"), "none");
+  EXPECT_EQ(Read("pictures/../../secret"), "none");
+  EXPECT_EQ(Read("../root/a"), "none");
+  EXPECT_EQ(Read((folder_ / "secret").string()), "none");
 }
 
-TEST_F(CarouselTest, drives_and_streams_are_refused) {
-  EXPECT_EQ(Read("c:x"), "refused");
-  EXPECT_EQ(Read("C:\\a"), "refused");
-  EXPECT_EQ(Read("a::$DATA"), "refused");
+TEST_F(CarouselTest, drives_and_streams_find_no_file) {
+  EXPECT_EQ(Read("c:x"), "none");
+  EXPECT_EQ(Read("C:\\a"), "none");
+  EXPECT_EQ(Read("a::$DATA"), "none");
 }
 
-TEST_F(CarouselTest, names_are_never_shortened_as_windows_does) {
-  EXPECT_EQ(Read("a."), "refused");
-  EXPECT_EQ(Read("a "), "refused");
-  EXPECT_EQ(Read("pictures /logo.png"), "refused");
+TEST_F(CarouselTest, trailing_dots_and_spaces_are_part_of_the_name) {
+  EXPECT_EQ(Read("a."), "none");
+  EXPECT_EQ(Read("a "), "none");
+  EXPECT_EQ(Read("pictures /logo.png"), "none");
 }
 
-TEST_F(CarouselTest, upper_and_lower_case_differ) { EXPECT_EQ(Read("A"), "refused"); }
+TEST_F(CarouselTest, upper_and_lower_case_differ) { EXPECT_EQ(Read("A"), "none"); }
 
 TEST_F(CarouselTest, files_that_are_not_broadcast_do_not_exist) {
   Write("root/README.md", "for authors");
@@ -85,20 +85,20 @@ TEST_F(CarouselTest, files_that_are_not_broadcast_do_not_exist) {
   Write("root/.hidden", "");
   Write("root/.git/config", "");
   Write("root/below/README.md", "broadcast");
-  EXPECT_EQ(Read("README.md"), "refused");
-  EXPECT_EQ(Read("test.script"), "refused");
-  EXPECT_EQ(Read(".hidden"), "refused");
-  EXPECT_EQ(Read(".git/config"), "refused");
+  EXPECT_EQ(Read("README.md"), "none");
+  EXPECT_EQ(Read("test.script"), "none");
+  EXPECT_EQ(Read(".hidden"), "none");
+  EXPECT_EQ(Read(".git/config"), "none");
   EXPECT_EQ(Read("below/README.md"), "broadcast");
 }
 
-TEST_F(CarouselTest, a_text_is_compiled_and_has_its_name_without_extension) {
+TEST_F(CarouselTest, a_source_file_is_compiled_and_loses_its_extension) {
   Write("root/b.mheg", "{:Application (\"~/b\" 0)}");
-  EXPECT_EQ(Read("b.mheg"), "refused");
+  EXPECT_EQ(Read("b.mheg"), "none");
   EXPECT_EQ(static_cast<unsigned char>(Read("b").at(0)), 0xA0U);
 }
 
-TEST_F(CarouselTest, a_file_that_build_rejects_is_rejected_with_the_same_message) {
+TEST_F(CarouselTest, files_that_build_rejects_are_rejected_with_the_same_message) {
   Write("root/b", "old");
   Write("root/b.mheg", "{:Application (\"~/b\" 0)}");
   const std::string root = (folder_ / "root").string();
@@ -123,15 +123,15 @@ TEST_F(CarouselTest, a_removed_file_does_not_exist) {
   EXPECT_EQ(files.Find("pictures/logo.png"), nullptr);
 }
 
-TEST_F(CarouselTest, a_name_with_a_zero_byte_is_refused) {
-  EXPECT_EQ(Read(std::string_view("a\0b", 3)), "refused");
+TEST_F(CarouselTest, a_name_with_a_zero_byte_finds_no_file) {
+  EXPECT_EQ(Read(std::string_view("a\0b", 3)), "none");
 }
 
-TEST_F(CarouselTest, folders_and_missing_files_are_refused) {
-  EXPECT_EQ(Read("pictures"), "refused");
-  EXPECT_EQ(Read("missing"), "refused");
-  EXPECT_EQ(Read(""), "refused");
-  EXPECT_EQ(Read("pictures/.."), "refused");
+TEST_F(CarouselTest, folders_and_missing_files_are_not_found) {
+  EXPECT_EQ(Read("pictures"), "none");
+  EXPECT_EQ(Read("missing"), "none");
+  EXPECT_EQ(Read(""), "none");
+  EXPECT_EQ(Read("pictures/.."), "none");
 }
 
 TEST_F(CarouselTest, an_empty_file_reads_as_no_bytes) { EXPECT_EQ(Read("empty"), ""); }

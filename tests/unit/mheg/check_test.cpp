@@ -1,4 +1,4 @@
-// The reports of the check: exactly the faults in the faulty folder, and none for the demos.
+// The reports of the check on the faulty folder, the demos, the scenarios and small carousels.
 #include "mheg/check/check.h"
 
 #include <gtest/gtest.h>
@@ -24,8 +24,8 @@ namespace fs = std::filesystem;
 const fs::path kSource = KORVEL_SOURCE_DIR;
 const fs::path kFaulty = kSource / "tests/unit/mheg/faulty";
 
-// The report, with paths relative to `folder`. Contents for one rule need not be complete
-// carousels, so the findings can be limited to that rule.
+// The report on `path`, with paths relative to `folder`. The carousel of a test for one rule may be
+// incomplete, so the findings can be limited to that rule.
 std::string CheckedIn(const fs::path& folder, const fs::path& path,
                       std::optional<Rule> only = std::nullopt) {
   Findings findings = Check({path}, 2);
@@ -36,7 +36,7 @@ std::string CheckedIn(const fs::path& folder, const fs::path& path,
   return LinesOf(findings);
 }
 
-// Counts how often the files of a folder are opened during its lifetime.
+// Counts how often each file of a folder is opened during the lifetime of this object.
 class OpenCounter {
  public:
   explicit OpenCounter(const fs::path& folder) : notices_(inotify_init1(IN_NONBLOCK)) {
@@ -52,10 +52,10 @@ class OpenCounter {
     alignas(inotify_event) char notices[4096];
     for (ssize_t length = read(notices_, notices, sizeof notices); length > 0;
          length = read(notices_, notices, sizeof notices)) {
-      for (const char* place = notices; place < notices + length;) {
-        const auto* notice = reinterpret_cast<const inotify_event*>(place);
+      for (const char* next = notices; next < notices + length;) {
+        const auto* notice = reinterpret_cast<const inotify_event*>(next);
         if ((notice->mask & IN_OPEN) != 0 && notice->len > 0) ++opened[notice->name];
-        place += sizeof *notice + notice->len;
+        next += sizeof *notice + notice->len;
       }
     }
     return opened;
@@ -82,8 +82,7 @@ TEST(Check, each_of_many_named_files_is_read_once) {
   const std::map<std::string, int> opened = counter.Opened();
   EXPECT_EQ(opened.size(), 8U);
   for (const auto& [name, count] : opened) {
-    // A file without ".mheg" is opened once more to read the first byte, which shows whether it is
-    // a group.
+    // A file without ".mheg" is opened once more: its first byte shows whether it is a group.
     EXPECT_EQ(count, name.ends_with(".mheg") ? 1 : 2) << name;
   }
 }
@@ -92,7 +91,7 @@ TEST(Check, exactly_the_faults_of_the_faulty_folder_are_reported) {
   EXPECT_EQ(CheckedIn(kFaulty, kFaulty), FileText(kSource / "tests/unit/mheg/faulty.expected"));
 }
 
-TEST(Check, the_demos_are_clean) { EXPECT_EQ(LinesOf(Check({kSource / "examples"}, 1)), ""); }
+TEST(Check, the_demos_have_no_faults) { EXPECT_EQ(LinesOf(Check({kSource / "examples"}, 1)), ""); }
 
 TEST(Check, the_scenarios_have_only_the_faults_that_they_show_on_purpose) {
   std::set<std::string> expected;
@@ -129,7 +128,7 @@ TEST(Check, a_single_file_is_checked_within_its_folder) {
             "missing.mheg:4:79: error: SetPosition lacks y [invalid-group]\n");
 }
 
-TEST(Check, empty_required_attributes_in_ber_are_reported_as_missing_but_not_empty_boxes) {
+TEST(Check, empty_mandatory_attributes_in_ber_are_reported_as_missing_except_numbers_and_boxes) {
   const ScratchFolder folder;
   folder.Write("s.mheg",
                "{:Scene 0 :Items ({:Text 1 :OrigBoxSize 0 0} {:IntegerVar 2 "
@@ -141,7 +140,7 @@ TEST(Check, empty_required_attributes_in_ber_are_reported_as_missing_but_not_emp
             "s: error: object 3: Link lacks :LinkEffect [invalid-group]\n");
 }
 
-TEST(Check, a_visible_that_an_action_moves_may_begin_outside_the_scene) {
+TEST(Check, a_visible_that_an_indirect_action_may_move_may_start_outside_the_scene) {
   const ScratchFolder folder;
   folder.Write("s.mheg",
                "{:Scene 0 :OnStartUp (:SetPosition(:IndirectRef 2 0 0)) :Items ({:Rectangle 1 "
@@ -149,7 +148,7 @@ TEST(Check, a_visible_that_an_action_moves_may_begin_outside_the_scene) {
   EXPECT_EQ(CheckedIn(folder.Path(), folder.Path(), Rule::OutsideScene), "");
 }
 
-// A link on a timer of the scene.
+// A link that waits for a timer of the scene.
 std::string TimerLink(int number, const std::string& data) {
   return "{:Link " + std::to_string(number) + " :EventSource 0 :EventType TimerFired " + data +
          " :LinkEffect ()}";
@@ -171,7 +170,7 @@ TEST(Check, five_links_without_data_block_a_sixth_link_with_data_but_not_the_rev
             "event [sixth-link]\n");
 }
 
-TEST(Check, links_are_activated_by_their_group_or_application_or_if_the_applications_by_any_scene) {
+TEST(Check, activation_by_another_scene_counts_only_for_links_of_the_application) {
   const ScratchFolder folder;
   const std::string link = "{:Link 1 :InitiallyActive FALSE :EventSource 0 :EventType IsRunning "
                            ":LinkEffect ()}";

@@ -6,7 +6,7 @@ namespace {
 
 constexpr const char* kScattered = "{ :Scene (\"~/s\" 0)\n:SceneCS 720 576 }";
 
-TEST_F(Tool, format_lays_out_files_and_the_texts_in_folders) {
+TEST_F(Tool, format_lays_out_files_and_the_source_files_in_folders) {
   fs::create_directories(folder_ / "shop" / "more");
   Write("one.mheg", kScattered);
   Write("shop/two.mheg", kScattered);
@@ -21,7 +21,7 @@ TEST_F(Tool, format_lays_out_files_and_the_texts_in_folders) {
   EXPECT_EQ(File("shop/readme.txt"), kScattered);
 }
 
-TEST_F(Tool, format_does_not_write_what_is_laid_out_already) {
+TEST_F(Tool, format_does_not_write_files_that_are_already_laid_out) {
   Write("s.mheg", kScene);
   const auto before = fs::file_time_type::clock::now() - std::chrono::hours(1);
   fs::last_write_time(folder_ / "s.mheg", before);
@@ -29,7 +29,7 @@ TEST_F(Tool, format_does_not_write_what_is_laid_out_already) {
   EXPECT_EQ(fs::last_write_time(folder_ / "s.mheg"), before);
 }
 
-TEST_F(Tool, format_check_lists_what_would_change_and_changes_nothing) {
+TEST_F(Tool, format_check_lists_files_that_would_change_and_changes_none) {
   Write("good.mheg", kScene);
   Write("bad.mheg", kScattered);
   const ToolOutcome run = Call("format --check .");
@@ -39,7 +39,7 @@ TEST_F(Tool, format_check_lists_what_would_change_and_changes_nothing) {
   EXPECT_EQ(Call("format --check good.mheg").status, 0);
 }
 
-TEST_F(Tool, format_reports_texts_with_errors_and_leaves_them) {
+TEST_F(Tool, format_reports_files_with_errors_and_does_not_change_them) {
   Write("bad.mheg", "{:Scene 0 :SceneCS 720}");
   Write("group", "\xA1");
   Write("s.mheg", kScattered);
@@ -55,7 +55,7 @@ TEST_F(Tool, format_reports_texts_with_errors_and_leaves_them) {
   EXPECT_EQ(Call("format s").output, "s: is not a text\n");
 }
 
-TEST_F(Tool, format_does_not_make_a_text_too_long_to_be_compiled) {
+TEST_F(Tool, format_rejects_a_file_that_would_become_too_long) {
   std::string text = "{:Scene 0 :Items (";
   for (int i = 0; text.size() < 65000; ++i) text += "{:Palette " + std::to_string(i) + "}";
   text += ")}";
@@ -67,7 +67,7 @@ TEST_F(Tool, format_does_not_make_a_text_too_long_to_be_compiled) {
   EXPECT_EQ(File("s.mheg"), text);
 }
 
-TEST_F(Tool, format_leaves_hidden_and_linked_folders_alone) {
+TEST_F(Tool, format_skips_hidden_and_linked_folders) {
   fs::create_directories(folder_ / "mine/.git");
   fs::create_directory(folder_ / "other");
   fs::create_directory_symlink("../other", folder_ / "mine/link");

@@ -12,7 +12,7 @@ class GraphTool : public Tool {
   :Items ({:BooleanVar 1 :OrigValue FALSE})
 })");
   }
-  // The lines of the graph between the first lines and the last, without indentation.
+  // The lines of the nodes and edges.
   [[nodiscard]] std::string Graph() const {
     const ToolOutcome run = Call("graph .");
     EXPECT_EQ(run.status, 0);
@@ -32,7 +32,7 @@ class GraphTool : public Tool {
   }
 };
 
-TEST_F(GraphTool, edges_have_the_keys_that_lead_from_one_group_to_another) {
+TEST_F(GraphTool, edges_are_labelled_with_keys_and_events) {
   Write("menu.mheg",
         Scene("menu", Link(1, ":EventSource 0 :EventType UserInput :EventData 100",
                            ":TransitionTo((\"~/sub/page\" 0))") +
@@ -76,7 +76,7 @@ TEST_F(GraphTool, events_that_actions_cause_are_traced_back_to_keys) {
 )");
 }
 
-TEST_F(GraphTool, causes_that_are_circular_end) {
+TEST_F(GraphTool, tracing_circular_causes_ends) {
   const std::string event = ":EventSource 5 :EventType TestEvent :EventData ";
   Write("menu.mheg",
         Scene("menu", "{:BooleanVar 5 :OrigValue TRUE}\n" +
@@ -85,7 +85,7 @@ TEST_F(GraphTool, causes_that_are_circular_end) {
   EXPECT_NE(Graph().find("  n1 -> n0 [label=\"\"]\n"), std::string::npos) << Graph();
 }
 
-TEST_F(GraphTool, files_and_scenes_that_a_variable_names_are_nodes) {
+TEST_F(GraphTool, content_files_and_variables_as_targets_are_nodes) {
   Write(
       "menu.mheg",
       Scene("menu", "{:Bitmap 1 :OrigBoxSize 1 1 :OrigContent :ContentRef \"~/a \\\"b\\\".png\"}\n"
@@ -118,9 +118,9 @@ TEST_F(GraphTool, graphviz_draws_the_graph) {
   EXPECT_TRUE(fs::is_empty(folder_ / "a b")) << "temporary files are removed";
 }
 
-TEST_F(GraphTool, an_svg_needs_graphviz_and_without_it_keeps_the_old_file) {
+TEST_F(GraphTool, svg_without_graphviz_fails_and_keeps_the_old_file) {
   Write("graph.svg", "old");
-  // A dot that only knows its version.
+  // A program "dot" that fails for all arguments except -V.
   fs::create_directory(folder_ / "bin");
   Write("bin/dot", "#!/bin/sh\ntest $1 = -V\n");
   fs::permissions(folder_ / "bin/dot", fs::perms::owner_all);
@@ -132,7 +132,7 @@ TEST_F(GraphTool, an_svg_needs_graphviz_and_without_it_keeps_the_old_file) {
   }
 }
 
-TEST_F(GraphTool, groups_that_cannot_be_read_are_reported_and_the_others_drawn) {
+TEST_F(GraphTool, unreadable_groups_are_reported_and_the_others_are_drawn) {
   Write("menu.mheg", "{");
   const ToolOutcome run = Call("graph . 2>/dev/null");
   EXPECT_EQ(run.status, 1);

@@ -47,7 +47,7 @@ TEST(KeyNames, colour_and_text_keys_are_letters) {
   EXPECT_EQ(VirtualKeyOf("I"), 73U);
 }
 
-TEST(KeyNames, keys_of_a_remote_control_have_its_names) {
+TEST(KeyNames, keys_of_a_remote_control_have_their_own_names) {
   EXPECT_EQ(VirtualKeyOf("ok"), VirtualKeyOf("Enter"));
   EXPECT_EQ(VirtualKeyOf("Cancel"), VirtualKeyOf("Escape"));
 }
@@ -58,7 +58,7 @@ TEST(KeyNames, other_names_are_rejected) {
   }
 }
 
-TEST(KeyNames, each_key_with_a_name_is_named_so_that_the_name_leads_back_to_it) {
+TEST(KeyNames, each_key_that_content_receives_has_a_name_that_is_read_as_the_same_key) {
   for (unsigned virtualKey = 0; virtualKey < 256; ++virtualKey) {
     const std::string name = mheg::NameOfKey(virtualKey);
     const bool isReceived = korvel::UserInputKey(virtualKey) != korvel::kNoUserInput;

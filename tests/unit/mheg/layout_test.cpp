@@ -1,5 +1,5 @@
-// The layout of texts: the rules one by one, and for many texts that the records, the words and the
-// comments stay the same.
+// The layout of source text: each rule by itself, and for many source files that the records, the
+// words and the comments do not change.
 #include "mheg/format/layout.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ korvel::OwnedGroup Read(const std::string& text) {
   return group;
 }
 
-// A text's group in BER.
+// The group of a source text in BER.
 std::string Compiled(const std::string& text) {
   const korvel::OwnedGroup group = Read(text);
   korvel::OctetString bytes;
@@ -32,7 +32,7 @@ std::string Compiled(const std::string& text) {
   return std::string(bytes.View());
 }
 
-// A text's group as the text that `mheg decompile` writes.
+// The group of a source text as `mheg decompile` writes it.
 std::string Decompiled(const std::string& text) {
   const korvel::OwnedGroup group = Read(text);
   korvel::OctetString written;
@@ -40,7 +40,7 @@ std::string Decompiled(const std::string& text) {
   return std::string(written.View());
 }
 
-// The words and comments without the blanks between them.
+// The tokens of the text, including comments.
 std::vector<std::string> WordsOf(const std::string& text) {
   std::vector<std::string> words;
   for (const Token& token : TokensOf(text)) words.emplace_back(token.text);
@@ -54,8 +54,8 @@ void ExpectGoodLayoutOf(const std::string& text) {
   ASSERT_EQ(LayOut(laidOut), laidOut) << text;
 }
 
-// Every text of the project that can be read alone.
-std::vector<std::string> AllTexts() {
+// All source files of the demos and scenarios.
+std::vector<std::string> AllSourceFiles() {
   std::vector<std::string> texts;
   for (const char* folder : {"/examples", "/tests/scenarios"}) {
     for (const auto& entry :
@@ -69,21 +69,21 @@ std::vector<std::string> AllTexts() {
 
 // The words of a text with random blanks and comments between them.
 std::string Scattered(const std::string& text, std::mt19937& random) {
-  const auto one = [&random](unsigned of) { return random() % of == 0; };
+  const auto oneIn = [&random](unsigned count) { return random() % count == 0; };
   std::string scattered;
   for (const std::string& word : WordsOf(text)) {
     const bool isComment = word.front() == '/';
     const bool mayJoin = !scattered.empty() && (scattered.back() == '(' || scattered.back() == '{');
-    if (!mayJoin || !one(2))
-      scattered += one(4) ? (one(2) ? "\r\n \t" : "\n\n\n") : (one(9) ? "\t " : " ");
-    if (one(20)) scattered += "// a remark, \"{(" + std::string(one(2) ? " \n" : "\r");
+    if (!mayJoin || !oneIn(2))
+      scattered += oneIn(4) ? (oneIn(2) ? "\r\n \t" : "\n\n\n") : (oneIn(9) ? "\t " : " ");
+    if (oneIn(20)) scattered += "// a remark, \"{(" + std::string(oneIn(2) ? " \n" : "\r");
     scattered += word;
     if (isComment) scattered += '\n';
   }
   return scattered;
 }
 
-TEST(Layout, objects_and_lists_over_several_lines_have_the_layout_of_decompile) {
+TEST(Layout, objects_and_lists_on_several_lines_get_the_layout_of_decompile) {
   const std::string text = R"({:Scene ("~/s" 0) :Items ({:Palette 1} {:Link 2
       :EventSource 0 :EventType IsRunning :LinkEffect (:Run (3)
       :SetPosition(4 :IndirectRef 5 -6))}
@@ -111,7 +111,7 @@ TEST(Layout, an_object_that_is_too_long_for_one_line_is_divided) {
   EXPECT_EQ(LayOut(withText(76)), "{:Scene 0\n  :ObjectInfo \"" + std::string(76, 'x') + "\"\n}\n");
 }
 
-TEST(Layout, the_width_of_a_line_is_counted_in_characters_with_all_closing_brackets) {
+TEST(Layout, the_width_of_a_line_counts_characters_and_all_closing_brackets) {
   const auto withText = [](std::size_t length) {
     std::string text = "{:Scene 0\n  :Items (\n    {:TokenGroup 1\n      :TokenGroupItems (\n"
                        "        (1 :ActionSlots ((:SetData(2 \"";
@@ -122,7 +122,7 @@ TEST(Layout, the_width_of_a_line_is_counted_in_characters_with_all_closing_brack
   EXPECT_NE(LayOut(withText(58)), withText(58));
 }
 
-TEST(Layout, a_list_of_values_keeps_its_lines) {
+TEST(Layout, a_list_of_values_keeps_its_line_breaks) {
   const std::string text = R"({:Scene 0
   :Items (
     {:TokenGroup 1
@@ -204,14 +204,14 @@ TEST(Layout, comments_stay_above_an_entry_or_at_the_end_of_a_line) {
 )");
 }
 
-TEST(Layout, an_object_with_a_comment_is_divided) {
+TEST(Layout, an_object_or_list_with_a_comment_is_divided) {
   EXPECT_EQ(LayOut("{:Scene 0 :ObjectInfo \"x\" // why\n}"),
             "{:Scene 0\n  :ObjectInfo \"x\"  // why\n}\n");
   EXPECT_EQ(LayOut("{:Scene 0 :OnStartUp (// nothing\n)}"),
             "{:Scene 0\n  :OnStartUp (  // nothing\n  )\n}\n");
 }
 
-TEST(Layout, one_of_several_empty_lines_remains_but_none_beside_brackets) {
+TEST(Layout, consecutive_empty_lines_become_one_and_beside_brackets_none) {
   EXPECT_EQ(
       LayOut("\n\n{:Scene 0\n\n\n\n :ObjectInfo \"x\"\n\n :Items (\n\n{:Palette 1}\n\n\n)\n\n}"
              "\n\n"),
@@ -235,7 +235,7 @@ TEST(Layout, numbers_without_a_space_between_them_are_separated) {
   EXPECT_EQ(LayOut("{:Scene 0:SceneCS 720-5}"), "{:Scene 0 :SceneCS 720 -5}\n");
 }
 
-TEST(Layout, decompiled_texts_are_not_changed) {
+TEST(Layout, decompiled_groups_are_not_changed) {
   for (std::uint32_t seed = 0; seed < korvel::test::kEnoughRandomGroups; ++seed) {
     korvel::OctetString text;
     const korvel::OwnedGroup group = korvel::test::MakeRandomGroup(seed);
@@ -245,15 +245,15 @@ TEST(Layout, decompiled_texts_are_not_changed) {
   }
 }
 
-TEST(Layout, texts_keep_their_records_words_and_comments_and_their_layout_is_stable) {
-  const std::vector<std::string> texts = AllTexts();
+TEST(Layout, keeps_records_words_and_comments_and_is_stable) {
+  const std::vector<std::string> texts = AllSourceFiles();
   EXPECT_GT(texts.size(), 100U);
   for (const std::string& text : texts) ExpectGoodLayoutOf(text);
 }
 
-TEST(Layout, the_same_holds_for_any_blanks_and_comments_between_the_words) {
+TEST(Layout, keeps_records_words_and_comments_for_any_blanks_and_comments_between_words) {
   std::mt19937 random(1);
-  for (const std::string& text : AllTexts()) ExpectGoodLayoutOf(Scattered(text, random));
+  for (const std::string& text : AllSourceFiles()) ExpectGoodLayoutOf(Scattered(text, random));
   for (std::uint32_t seed = 0; seed < 200; ++seed) {
     korvel::OctetString text;
     const korvel::OwnedGroup group = korvel::test::MakeRandomGroup(seed);

@@ -13,19 +13,20 @@ constexpr const char* kCompletions = "share/bash-completion/completions/mheg";
 class Manual : public Tool {
  protected:
   void SetUp() override { ASSERT_EQ(Call("manual .").status, 0); }
-  // Returns the completions that bash offers for a line that ends with the word to complete.
+  // The completions that bash offers for a line whose last word is to be completed.
   [[nodiscard]] std::string Completions(const std::string& line) const {
     Write("complete",
           "source " + std::string(kCompletions) + "\nCOMP_WORDS=(" + line +
               ")\nCOMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_mheg\necho ${COMPREPLY[@]}\n");
     return OutcomeOf("bash complete").output;
   }
+  // The manual page as plain text.
   [[nodiscard]] std::string Page() const {
     return OutcomeOf("mandoc -T utf8 " + std::string(kPage) + " | sed 's/.\\x08//g'").output;
   }
 };
 
-// All words in a text that begin with two hyphens.
+// All long options in a text.
 std::set<std::string> OptionsIn(const std::string& text) {
   static const std::regex kOption("--[a-z-]+");
   return {std::sregex_token_iterator(text.begin(), text.end(), kOption), {}};
@@ -36,12 +37,12 @@ TEST_F(Manual, the_page_has_every_command_and_option_of_the_help) {
   std::size_t begin = page.find("\nCOMMANDS\n");
   EXPECT_EQ(OptionsIn(page.substr(0, begin)), OptionsIn(Call("--help").output));
   const auto commands = Commands();
-  for (std::size_t place = 0; place < commands.size(); ++place) {
-    const std::string& command = commands[place].first;
+  for (std::size_t i = 0; i < commands.size(); ++i) {
+    const std::string& command = commands[i].first;
     begin = page.find("\n   " + command + "\n", begin);
     ASSERT_NE(begin, std::string::npos) << command << " is missing or in another order\n" << page;
-    const std::size_t end = place + 1 < commands.size()
-                                ? page.find("\n   " + commands[place + 1].first + "\n", begin)
+    const std::size_t end = i + 1 < commands.size()
+                                ? page.find("\n   " + commands[i + 1].first + "\n", begin)
                                 : page.size();
     std::set<std::string> options = OptionsIn(Call(command + " --help").output);
     options.erase("--help");  // described once for all commands
@@ -58,7 +59,7 @@ TEST_F(Manual, the_page_has_usages_values_defaults_and_the_exit_status) {
   }
 }
 
-TEST_F(Manual, the_page_is_valid) {
+TEST_F(Manual, the_page_has_no_errors_of_mandoc) {
   EXPECT_EQ(OutcomeOf("mandoc -T lint -W error " + std::string(kPage)).output, "");
 }
 

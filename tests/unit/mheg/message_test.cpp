@@ -6,7 +6,7 @@
 namespace mheg {
 namespace {
 
-TEST(Excerpt, marks_the_bytes_at_a_place_as_characters) {
+TEST(Excerpt, marks_the_characters_of_the_bytes_at_a_position) {
   const Excerpt excerpt = ExcerptAt("one\nGr\xC3\xBC\xC3\x9F"
                                     "e wide\n",
                                     {2, 3}, 4);
@@ -27,7 +27,7 @@ TEST(Excerpt, replaces_control_characters) {
   EXPECT_EQ(ExcerptAt("a\tb\x1B[1mc\r\n", {1, 1}, 1).line, "a b [1mc");
 }
 
-TEST(Excerpt, is_cut_around_the_place_in_a_long_line) {
+TEST(Excerpt, shows_only_part_of_a_long_line) {
   const std::string line = std::string(200, 'a') + "b" + std::string(200, 'c');
   const Excerpt excerpt = ExcerptAt(line, {1, 201}, 1);
   EXPECT_EQ(excerpt.line, std::string(60, 'a') + "b" + std::string(39, 'c'));
@@ -36,7 +36,7 @@ TEST(Excerpt, is_cut_around_the_place_in_a_long_line) {
   EXPECT_EQ(ExcerptAt(line, {1, 401}, 500).length, 1U);
 }
 
-TEST(Message, has_its_place_only_if_it_is_known) {
+TEST(Message, has_its_position_only_if_it_is_known) {
   EXPECT_EQ(OneLine({"menu.mheg", "is bad", {3, 4}}), "menu.mheg:3:4: is bad");
   EXPECT_EQ(OneLine({"menu", "is bad"}), "menu: is bad");
 }

@@ -1,5 +1,5 @@
-// How the check follows the starts of groups and the keys that lead from one to another: starts
-// without end, and scenes that nothing reaches.
+// How the check follows transitions: groups whose starts form an endless cycle, and scenes that
+// nothing leads to.
 #include <gtest/gtest.h>
 
 #include "mheg/check/check.h"
@@ -8,9 +8,10 @@
 namespace mheg {
 namespace {
 
-// A carousel of one application "a" and scenes, given as their actions at the start.
-std::string Starts(const std::string& application, const std::string& first,
-                   const std::string& second) {
+// The findings for a carousel of an application "a" and the scenes "one" and "two" with these
+// attributes: the names of the files and rules.
+std::string FindingsIn(const std::string& application, const std::string& first,
+                       const std::string& second) {
   const ScratchFolder folder;
   folder.Write("a.mheg", "{:Application (\"~/a\" 0) " + application + "}");
   folder.Write("one.mheg", "{:Scene (\"~/one\" 0) :SceneCS 720 576 " + first + "}");
@@ -26,36 +27,36 @@ std::string Starts(const std::string& application, const std::string& first,
 constexpr const char* kToOne = ":OnStartUp (:TransitionTo((\"~/one\" 0)))";
 constexpr const char* kToTwo = ":OnStartUp (:TransitionTo((\"~/two\" 0)))";
 
-TEST(Starts, without_end_are_reported_for_the_groups_of_the_cycle_only) {
-  EXPECT_EQ(Starts(kToOne, kToTwo, kToOne), "one endless-start\ntwo endless-start\n");
+TEST(Navigation, an_endless_cycle_of_starts_is_reported_for_its_groups_only) {
+  EXPECT_EQ(FindingsIn(kToOne, kToTwo, kToOne), "one endless-start\ntwo endless-start\n");
 }
 
-TEST(Starts, that_launch_the_own_application_are_without_end) {
-  EXPECT_EQ(Starts(kToOne, ":OnStartUp (:Launch((\"~/a\" 0)))", kToOne),
+TEST(Navigation, launching_the_own_application_may_close_an_endless_cycle) {
+  EXPECT_EQ(FindingsIn(kToOne, ":OnStartUp (:Launch((\"~/a\" 0)))", kToOne),
             "a endless-start\none endless-start\ntwo unreachable-scene\n");
 }
 
-TEST(Starts, that_a_test_may_divert_are_not_reported) {
+TEST(Navigation, starts_that_an_event_may_divert_are_not_reported) {
   const std::string diverted = std::string(kToTwo) +
                                " :Items ({:IntegerVar 1 :OrigValue 0} {:Link 2 :EventSource 1 "
                                ":EventType TestEvent :LinkEffect (:TransitionTo((\"~/a\" 0)))})";
-  EXPECT_EQ(Starts(kToOne, diverted, kToOne).find("endless-start"), std::string::npos);
+  EXPECT_EQ(FindingsIn(kToOne, diverted, kToOne).find("endless-start"), std::string::npos);
 }
 
-TEST(Starts, scenes_are_reached_if_a_variable_names_the_target) {
+TEST(Navigation, all_scenes_are_reached_if_a_variable_names_a_target) {
   const std::string byVariable =
       std::string(kToOne) + " :Items ({:OStringVar 1 :OrigValue \"~/two\"} {:Link 2 :Shared TRUE "
                             ":EventSource 0 :EventType UserInput :LinkEffect (:TransitionTo("
                             ":IndirectRef 1))})";
-  EXPECT_EQ(Starts(byVariable, "", ""), "");
+  EXPECT_EQ(FindingsIn(byVariable, "", ""), "");
 }
 
-TEST(Starts, scenes_that_only_lead_to_each_other_are_not_reached) {
+TEST(Navigation, scenes_that_only_lead_to_each_other_are_not_reached) {
   const std::string toTwo = ":Items ({:Link 2 :EventSource 0 :EventType UserInput "
                             ":LinkEffect (:TransitionTo((\"~/two\" 0)))})";
   const std::string toOne = ":Items ({:Link 2 :EventSource 0 :EventType UserInput "
                             ":LinkEffect (:TransitionTo((\"~/one\" 0)))})";
-  EXPECT_EQ(Starts("", toTwo, toOne), "one unreachable-scene\ntwo unreachable-scene\n");
+  EXPECT_EQ(FindingsIn("", toTwo, toOne), "one unreachable-scene\ntwo unreachable-scene\n");
 }
 
 }  // namespace

@@ -1,10 +1,10 @@
-// `mheg new`: the files it makes work, and it overwrites nothing.
+// `mheg new`: the application that it makes works, and no file is overwritten.
 #include "unit/mheg/tool.h"
 
 namespace mheg {
 namespace {
 
-TEST_F(Tool, new_makes_an_application_that_its_script_tests) {
+TEST_F(Tool, new_makes_an_application_that_passes_its_script_and_the_check) {
   const ToolOutcome run = Call("new my/shop");
   EXPECT_EQ(run.status, 0);
   for (const char* name : {"a.mheg", "menu.mheg", "greeting.mheg", "lamp.mheg", "test.script"}) {
@@ -29,7 +29,7 @@ TEST_F(Tool, the_script_of_new_fails_if_the_application_is_broken) {
   EXPECT_EQ(Call("run shop --script shop/test.script").status, 1);
 }
 
-TEST_F(Tool, new_uses_an_empty_folder_and_no_other) {
+TEST_F(Tool, new_rejects_a_folder_that_is_not_empty) {
   fs::create_directory(folder_ / "empty");
   EXPECT_EQ(Call("new empty").status, 0);
   const ToolOutcome again = Call("new empty");

@@ -15,7 +15,9 @@ TEST(ParameterNames, each_value_of_an_action_in_content_has_a_name) {
   }
 }
 
-TEST(ParameterNames, an_unknown_action_has_none) { EXPECT_TRUE(ParameterNames("a point").empty()); }
+TEST(ParameterNames, an_unknown_action_has_no_names) {
+  EXPECT_TRUE(ParameterNames("a point").empty());
+}
 
 }  // namespace
 }  // namespace mheg

@@ -1,5 +1,5 @@
-// The terminal: colours of messages, and the progress line of long runs. Also files processed in
-// parallel. A file that is a pipe blocks its reader until the test has written it.
+// Tests on a terminal: the colours of messages, and the progress line of long runs. Also tests
+// files processed in parallel. A pipe as an input blocks the tool until the test has written to it.
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
@@ -24,7 +24,7 @@ constexpr milliseconds kLimit{20000};
 constexpr const char* kShown = "\r1 of 2 files";
 constexpr const char* kCleared = "\r            \r";
 
-// Runs the tool on a new terminal.
+// A run of the tool on a new terminal.
 class OnTerminal {
  public:
   OnTerminal(const fs::path& folder, std::vector<const char*> arguments) {
@@ -47,7 +47,8 @@ class OnTerminal {
   OnTerminal(const OnTerminal&) = delete;
   OnTerminal& operator=(const OnTerminal&) = delete;
 
-  // Waits for the text on the terminal. Returns false at the time limit or when the tool ends.
+  // Waits for the text on the terminal. Returns false if the time limit or the end of the tool
+  // comes first.
   bool Shows(const std::string& text) {
     while (shown_.find(text) == std::string::npos) {
       if (!ReadMore()) return false;
@@ -77,7 +78,7 @@ class OnTerminal {
     return true;
   }
 
-  steady_clock::time_point end_ = steady_clock::now() + kLimit;  // when the test stops waiting
+  steady_clock::time_point end_ = steady_clock::now() + kLimit;  // the time limit
   bool hasEnded_ = false;
   int terminal_ = -1;
   pid_t process_ = -1;

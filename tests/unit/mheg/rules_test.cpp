@@ -1,6 +1,6 @@
-// The rules of the check. A file of the folder rules has the name of a rule and two carousels,
-// which differ in few lines: the rule finds a fault in the first one, and no rule finds any in the
-// second.
+// The rules of the check. A file in the folder rules is named after a rule and contains two
+// carousels that differ in a few lines. In the first, the rule finds a fault; in the second, no
+// rule does.
 //
 //   = FILE            the lines of a file follow
 //     a line of both carousels
@@ -65,7 +65,7 @@ class Folder : public ScratchFolder {
     }
   }
 
-  // Replaces each text by its BER form.
+  // Replaces each source file with its BER form.
   void CompileAll(const Files& files) const {
     for (const auto& [name, text] : files) {
       const fs::path file = Path() / name;
@@ -93,13 +93,13 @@ TEST_P(Rules, finds_the_fault_and_nothing_else) {
   for (const Finding& finding : findings) EXPECT_EQ(finding.rule, GetParam().rule);
 }
 
-TEST_P(Rules, finds_nothing_in_content_that_is_nearly_the_same) {
+TEST_P(Rules, finds_nothing_in_correct_content_that_is_nearly_the_same) {
   const RuleCase read = ReadCase(GetParam().name);
   EXPECT_EQ(LinesOf(Folder(read.good).Found()), "");
   EXPECT_NE(read.good, read.faulty);
 }
 
-// The findings without their places, which only texts have.
+// The findings without their positions, which only source files have.
 std::multiset<std::string> Described(const Findings& findings) {
   std::multiset<std::string> all;
   for (const Finding& finding : findings) {
@@ -111,11 +111,11 @@ std::multiset<std::string> Described(const Findings& findings) {
 
 TEST_P(Rules, finds_the_same_in_the_broadcast_form) {
   const RuleCase read = ReadCase(GetParam().name);
-  if (GetParam().rule == Rule::InvalidGroup) return;  // there is no broadcast form
+  if (GetParam().rule == Rule::InvalidGroup) return;  // an invalid group has no broadcast form
   const Folder faulty(read.faulty);
-  const std::multiset<std::string> ofTexts = Described(faulty.Found());
+  const std::multiset<std::string> inSource = Described(faulty.Found());
   faulty.CompileAll(read.faulty);
-  EXPECT_EQ(Described(faulty.Found()), ofTexts);
+  EXPECT_EQ(Described(faulty.Found()), inSource);
   const Folder good(read.good);
   good.CompileAll(read.good);
   EXPECT_EQ(LinesOf(good.Found()), "");
@@ -127,9 +127,9 @@ TEST_P(Rules, has_a_row_in_the_documentation_with_an_example_of_its_case) {
   const std::string begin = "\n| `" + std::string(row.name) + "` | " +
                             std::string(NameOf(row.level)) + " | " + std::string(row.sentence) +
                             " | `";
-  const std::size_t place = page.find(begin);
-  ASSERT_NE(place, std::string::npos) << begin;
-  const std::size_t start = place + begin.size();
+  const std::size_t rowStart = page.find(begin);
+  ASSERT_NE(rowStart, std::string::npos) << begin;
+  const std::size_t start = rowStart + begin.size();
   const std::string example = page.substr(start, page.find('`', start) - start);
   std::string faulty;
   std::string good;

@@ -1,5 +1,5 @@
-// `mheg run`: the steps of a script, what they expect, the virtual clock, the trace with its
-// reasons, and the scene graph.
+// `mheg run`: the steps of a script, expectations, the virtual clock, the trace with its reasons,
+// and the scene graph.
 #include <vector>
 
 #include "unit/mheg/tool.h"
@@ -22,7 +22,7 @@ void ExpectLacks(const std::string& text, const std::string& part) {
 
 class Run : public Tool {
  protected:
-  // An application that enters the scene "~/s", whose items are given.
+  // Writes an application that enters the scene "~/s", and that scene with these items.
   void WriteScene(const std::string& items, const std::string& attributes = "") const {
     Write("a.mheg", "{:Application (\"~/a\" 0) :Items (\n{:IntegerVar 1 :OrigValue 7}\n"
                     "{:Link 2 :EventSource 0 :EventType IsRunning\n"
@@ -44,7 +44,7 @@ class Run : public Tool {
     WriteScene(items, attributes);
     return Keys(keys, "--trace").output;
   }
-  // The steps of `script` fail with this message, and the run with status 1.
+  // Expects that the script fails the run with this message.
   void ExpectFailure(const std::string& script, const std::string& message) const {
     const ToolOutcome run = Script(script);
     EXPECT_EQ(run.status, 1) << script;
@@ -61,7 +61,7 @@ const char* const kCounting = "{:IntegerVar 5 :OrigValue 0}\n";
 
 // ---- Steps ----
 
-TEST_F(Run, plays_texts_that_are_not_compiled) {
+TEST_F(Run, plays_source_files_that_are_not_compiled) {
   WriteScene(kCounting + OnKey(6, 100, ":Add(5 1)"));
   ExpectSuccess("key Red\nkey Red\nexpect variable 5 2\nexpect scene ~/s\nexpect application ~/a\n"
                 "expect silence\nexit\n");
@@ -144,7 +144,7 @@ TEST_F(Run, fails_if_there_is_no_application) {
   EXPECT_EQ(run.output, "mheg: there is no application to start\n");
 }
 
-TEST_F(Run, a_start_up_file_that_cannot_be_decoded_has_one_reason) {
+TEST_F(Run, a_start_up_file_that_cannot_be_decoded_gets_only_one_reason) {
   Write("a", "\xA0\x01");
   const std::string trace = Keys("red", "--trace").output;
   ExpectHas(trace, "the file holds no group");
@@ -152,7 +152,7 @@ TEST_F(Run, a_start_up_file_that_cannot_be_decoded_has_one_reason) {
   ExpectLacks(trace, "the file holds a scene");
 }
 
-TEST_F(Run, fails_if_a_text_cannot_be_compiled) {
+TEST_F(Run, fails_if_a_source_file_cannot_be_compiled) {
   WriteScene("");
   Write("bad.mheg", "{");
   const ToolOutcome run = Call("run . --keys red");
@@ -168,7 +168,7 @@ TEST_F(Run, starts_the_application_of_a_path) {
   EXPECT_EQ(Call("run . --start other --script t.script").status, 0);
 }
 
-TEST_F(Run, ends_although_the_application_quits_whenever_it_starts) {
+TEST_F(Run, fails_if_the_application_quits_whenever_it_starts) {
   Write("a.mheg", "{:Application (\"~/a\" 0) :Items ({:Link 1 :EventSource 0 :EventType IsRunning "
                   ":LinkEffect (:Quit(0))})}");
   const ToolOutcome run = Call("run .");
@@ -194,7 +194,7 @@ TEST_F(Run, without_steps_ends_when_nothing_can_happen_any_more) {
   ExpectHas(run.output, "\n   30.000  close\n");
 }
 
-TEST_F(Run, without_steps_ends_although_content_never_does) {
+TEST_F(Run, without_steps_ends_after_60_seconds_although_timers_are_pending) {
   WriteScene("{:Link 6 :EventSource 0 :EventType IsRunning :LinkEffect (:SetTimer(0 1 0))}"
              "{:Link 7 :EventSource 0 :EventType TimerFired :LinkEffect (:SetTimer(0 1 0))}");
   const ToolOutcome run = Call("run . --trace");
@@ -216,7 +216,7 @@ TEST_F(Run, timers_expire_in_the_order_of_their_times) {
                 "expect variable 5 \"213\"\n");
 }
 
-TEST_F(Run, the_time_of_day_is_chosen_and_advances) {
+TEST_F(Run, the_date_option_sets_the_local_time_which_advances) {
   WriteScene("{:ResidentPrg 5 :Name \"GCD\"}{:BooleanVar 6 :OrigValue FALSE}"
              "{:IntegerVar 7 :OrigValue 0}{:IntegerVar 8 :OrigValue 0}" +
              OnKey(9, 100, ":Call(5 6 :GObjectRef 7 :GObjectRef 8)"));
@@ -232,7 +232,7 @@ TEST_F(Run, the_time_of_day_is_chosen_and_advances) {
   EXPECT_EQ(run.output, "");
 }
 
-TEST_F(Run, a_file_takes_as_long_as_the_latency_says) {
+TEST_F(Run, each_file_read_takes_the_latency) {
   WriteScene("");
   ExpectHas(Keys("", "--trace --latency 250").output, "\n    0.500  close\n");
 }
@@ -283,7 +283,7 @@ TEST_F(Run, a_picture_is_found_by_a_path_that_was_copied_between_variables) {
 
 // ---- Expectations ----
 
-TEST_F(Run, a_difference_is_reported_with_the_line_and_the_state) {
+TEST_F(Run, an_unmet_expectation_is_reported_with_its_line_and_the_actual_state) {
   WriteScene("{:OStringVar 5 :OrigValue \"one two\"}{:BooleanVar 6 :OrigValue TRUE}"
              "{:ObjectRefVar 7 :OrigValue :ObjectRef 5}"
              "{:ContentRefVar 8 :OrigValue :ContentRef \"~/x\"}"
@@ -313,7 +313,7 @@ TEST_F(Run, a_difference_is_reported_with_the_line_and_the_state) {
                 "t.script:2: expected scene none, found ~/s\n");
 }
 
-TEST_F(Run, a_list_is_compared_with_its_first_item_its_items_and_their_selection) {
+TEST_F(Run, a_list_is_compared_by_its_first_item_its_items_and_their_selection) {
   WriteScene("{:Text 1 :InitiallyActive FALSE :OrigBoxSize 10 10 :OrigContent \"\"}"
              "{:Text 2 :InitiallyActive FALSE :OrigBoxSize 10 10 :OrigContent \"\"}"
              "{:ListGroup 5 :TokenGroupItems ((1) (2)) :Positions ((0 0)) :WrapAround TRUE "
@@ -324,7 +324,7 @@ TEST_F(Run, a_list_is_compared_with_its_first_item_its_items_and_their_selection
                 "t.script:2: expected list 5 1 1 2, found 2 1 2*\n");
 }
 
-TEST_F(Run, silence_is_broken_by_a_message) {
+TEST_F(Run, expecting_silence_fails_after_a_message) {
   WriteScene("{:TokenGroup 5 :MovementTable ((1)) :TokenGroupItems ((6))}"
              "{:Rectangle 6 :OrigBoxSize 1 1}" +
              OnKey(7, 100, ":Move(5 9)"));
@@ -335,7 +335,7 @@ TEST_F(Run, silence_is_broken_by_a_message) {
 
 // ---- The trace ----
 
-TEST_F(Run, the_trace_nests_what_happens_with_times_and_places) {
+TEST_F(Run, the_trace_nests_consequences_and_shows_times_and_source_lines) {
   WriteScene("{:IntegerVar 5 :OrigValue 0}\n"
              "{:Link 6 :EventSource 0 :EventType UserInput :EventData 100 :LinkEffect (\n"
              "  :Add(5 2)\n"
@@ -368,7 +368,7 @@ TEST_F(Run, the_trace_nests_what_happens_with_times_and_places) {
             "    1.500    TimerFired 9 from Scene ~/s\n");
 }
 
-TEST_F(Run, the_trace_shows_which_file_and_group_come_and_go) {
+TEST_F(Run, the_trace_shows_files_that_are_read_and_groups_that_start_and_end) {
   WriteScene("");
   const ToolOutcome run = Call("run . --trace");
   EXPECT_EQ(run.output.rfind("    0.000  start\n    0.000    file a read, ", 0), 0U) << run.output;
@@ -380,7 +380,7 @@ TEST_F(Run, the_trace_shows_which_file_and_group_come_and_go) {
   EXPECT_TRUE(run.output.ends_with(end)) << run.output;
 }
 
-TEST_F(Run, the_trace_of_a_compiled_carousel_has_no_places) {
+TEST_F(Run, the_trace_of_a_compiled_carousel_has_no_source_lines) {
   WriteScene(kCounting + OnKey(6, 100, ":Add(5 1)"));
   ASSERT_EQ(Call("compile a.mheg s.mheg -o built/").status, 0);
   const std::string trace = Call("run built --keys red --trace").output;
@@ -474,12 +474,12 @@ TEST_F(Run, a_skipped_action_has_a_reason) {
   }
 }
 
-TEST_F(Run, the_rest_of_a_list_that_a_refused_transition_ends_has_a_reason) {
+TEST_F(Run, actions_skipped_after_a_rejected_transition_have_a_reason) {
   ExpectHas(TraceOf(RedLink(":TransitionTo((\"~/s\" 0)) :Stop(5)")),
             "        the rest of these actions is skipped");
 }
 
-TEST_F(Run, the_trace_shows_messages_where_they_are_printed) {
+TEST_F(Run, the_trace_shows_messages_below_the_action_that_causes_them) {
   ExpectHas(TraceOf("{:TokenGroup 5 :MovementTable ((1)) :TokenGroupItems ((6))}"
                     "{:Rectangle 6 :OrigBoxSize 1 1}" +
                     RedLink(":Move(5 9)")),
@@ -518,7 +518,7 @@ TEST_F(Run, the_same_keys_give_the_same_trace) {
 
 // ---- The scene graph ----
 
-TEST_F(Run, the_scene_graph_lists_the_display_stack_from_the_bottom) {
+TEST_F(Run, the_scene_graph_lists_the_display_stack_from_bottom_to_top) {
   WriteScene("{:Rectangle 5 :OrigBoxSize 720 576}"
              "{:Text 6 :OrigContent \"Hello\" :OrigBoxSize 100 30 :OrigPosition 20 -5}"
              "{:Rectangle 7 :InitiallyActive FALSE :OrigBoxSize 1 1}" +

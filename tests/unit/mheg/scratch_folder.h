@@ -16,14 +16,14 @@ inline std::string FileText(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// The report without the excerpts.
+// The report without excerpts.
 inline std::string LinesOf(const Findings& findings) {
   std::string lines;
   for (const Message& message : MessagesOf(findings)) lines += OneLine(message) + "\n";
   return lines;
 }
 
-// A temporary folder.
+// A temporary folder, which exists during the lifetime of this object.
 class ScratchFolder {
  public:
   ScratchFolder() {
@@ -32,7 +32,7 @@ class ScratchFolder {
   }
   ~ScratchFolder() { std::filesystem::remove_all(folder_); }
   [[nodiscard]] const std::filesystem::path& Path() const { return folder_; }
-  // Writes a file, in folders that need not exist, and returns its path.
+  // Writes a file, creates its folders if necessary, and returns its path.
   std::filesystem::path Write(const std::string& name, const std::string& bytes) const {
     const std::filesystem::path path = folder_ / name;
     std::filesystem::create_directories(path.parent_path());

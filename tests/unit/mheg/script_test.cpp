@@ -74,7 +74,7 @@ std::string ProblemOf(const std::string& line) {
   return problem;
 }
 
-TEST(Script, an_unknown_key_is_answered_with_the_keys_that_exist) {
+TEST(Script, the_message_for_an_unknown_key_lists_the_keys) {
   for (const char* name : {"", "Purple", "F5"}) {
     EXPECT_EQ(ProblemOf("key " + std::string(name)),
               "1: no such key: " + std::string(name) +
@@ -83,7 +83,7 @@ TEST(Script, an_unknown_key_is_answered_with_the_keys_that_exist) {
   }
 }
 
-TEST(Script, a_wrong_time_is_answered_with_the_forms_that_exist) {
+TEST(Script, the_message_for_an_invalid_time_lists_the_valid_forms) {
   for (const char* time : {"", "-1", "1m", "s", "99999999999", "4294968s"}) {
     EXPECT_EQ(ProblemOf("wait " + std::string(time)),
               "1: no such time: " + std::string(time) + " (milliseconds, or seconds as 2s)");
@@ -98,7 +98,7 @@ TEST(Script, times_are_in_milliseconds_or_seconds) {
   EXPECT_EQ(steps[2].number, 2000U);
 }
 
-TEST(Script, expectations_are_kept_as_words_with_their_place) {
+TEST(Script, expectations_are_returned_as_words_with_their_line) {
   const std::vector<Step> steps = StepsOf("# a text\nexpect text 4 \"two words\"\n");
   ASSERT_EQ(steps.size(), 1U);
   EXPECT_EQ(steps[0].kind, StepKind::Expect);

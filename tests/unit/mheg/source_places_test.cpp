@@ -1,4 +1,4 @@
-// The lines and columns of objects, attributes and actions in a text.
+// The lines and columns of objects, attributes and actions in a source file.
 #include "mheg/source_places.h"
 
 #include <gtest/gtest.h>
@@ -53,7 +53,7 @@ TEST(SourcePlaces, actions_are_counted_in_their_attribute_across_all_its_lists) 
   EXPECT_EQ(Shown(places.Find(2, ":NoTokenActionSlots", 0)), "10:29");
 }
 
-TEST(SourcePlaces, columns_are_characters) {
+TEST(SourcePlaces, columns_count_characters) {
   EXPECT_EQ(Shown(PlacesOf(kText).Find(1, ":OrigBoxSize")), "6:24");
 }
 
@@ -65,7 +65,7 @@ TEST(SourcePlaces, of_two_objects_with_one_number_the_first_is_found) {
   EXPECT_EQ(Shown(all[1]), "13:5");
 }
 
-TEST(SourcePlaces, an_unknown_place_is_that_of_its_container) {
+TEST(SourcePlaces, an_unknown_attribute_or_action_has_the_position_of_its_container) {
   const SourcePlaces places = PlacesOf(kText);
   EXPECT_EQ(Shown(places.Find(0, ":OnStartUp", 9)), "2:3");
   EXPECT_EQ(Shown(places.Find(1, ":Tiling")), "5:5");

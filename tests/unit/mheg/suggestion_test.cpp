@@ -32,14 +32,14 @@ TEST(Suggestion, one_letter_of_three_may_differ) {
   EXPECT_EQ(Guess("dne"), "") << "two letters of three";
 }
 
-TEST(Suggestion, words_unlike_any_candidate_and_long_ones_have_none) {
+TEST(Suggestion, words_unlike_any_candidate_and_very_long_words_have_none) {
   for (const char* word : {"", "X", "KeyPress", "red", ":ButtonPressed"})
     EXPECT_EQ(Guess(word), "");
   EXPECT_EQ(Guess(":Text" + std::string(100'000, 't')), "");
   EXPECT_EQ(NearestWord("a", {}), "");
 }
 
-TEST(Suggestion, the_first_of_several_is_taken) {
+TEST(Suggestion, of_several_equally_near_words_the_first_is_chosen) {
   EXPECT_EQ(NearestWord("cat", {"bat", "hat"}), "bat");
 }
 

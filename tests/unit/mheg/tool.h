@@ -1,4 +1,4 @@
-// Runs the built tool in a temporary folder.
+// A test fixture that runs the built tool in a temporary folder.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -22,7 +22,8 @@ namespace mheg {
 
 namespace fs = std::filesystem;
 
-// The tool that was built with the tests, unless KORVEL_TOOL names another.
+// The tool that was built with the tests, unless the environment variable KORVEL_TOOL names
+// another.
 inline std::string ToolPath() {
   const char* other = std::getenv("KORVEL_TOOL");
   return other != nullptr ? other : KORVEL_TOOL;
@@ -30,7 +31,7 @@ inline std::string ToolPath() {
 
 struct ToolOutcome {
   int status = -1;
-  std::string output;  // both streams
+  std::string output;  // standard output and standard error
 
   // The output without the excerpts of source lines.
   [[nodiscard]] std::string Messages() const {
@@ -56,9 +57,9 @@ class Tool : public testing::Test, protected ScratchFolder {
     run.status = WEXITSTATUS(pclose(pipe));
     return run;
   }
-  // Runs the tool. `by` is a command prefix, such as a wrapper program.
-  ToolOutcome Call(const std::string& arguments, const std::string& by = "") const {
-    return OutcomeOf(by + "'" + ToolPath() + "' " + arguments);
+  // Runs the tool. `prefix` precedes its command, for example to set an environment variable.
+  ToolOutcome Call(const std::string& arguments, const std::string& prefix = "") const {
+    return OutcomeOf(prefix + "'" + ToolPath() + "' " + arguments);
   }
   // A prefix for Call under which file permissions matter: the superuser can read everything unless
   // these capabilities are dropped.

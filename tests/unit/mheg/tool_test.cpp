@@ -24,7 +24,7 @@ TEST_F(Tool, compiles_several_files_into_a_folder_under_their_names) {
   EXPECT_EQ(File("two.mheg"), kScene);
 }
 
-TEST_F(Tool, bad_text_is_reported_with_file_line_and_column_and_not_written) {
+TEST_F(Tool, errors_in_source_text_are_reported_with_line_and_column_and_nothing_is_written) {
   Write("good.mheg", kScene);
   Write("bad.mheg", "{:Scene (\"~/s\" 0)\n  :SceneCS 720\n}\n");
   const ToolOutcome run = Call("compile bad.mheg good.mheg -o out/");
@@ -44,7 +44,7 @@ TEST_F(Tool, missing_attributes_are_reported_and_nothing_is_written) {
   EXPECT_FALSE(Exists("s"));
 }
 
-TEST_F(Tool, bad_ber_is_reported_with_file_and_byte) {
+TEST_F(Tool, errors_in_ber_are_reported_with_file_and_byte) {
   Write("s", std::string("\xA1\x03\x02\x05\x00", 5));
   const ToolOutcome run = Call("decompile s -o s.mheg");
   EXPECT_EQ(run.status, 1);
@@ -53,7 +53,7 @@ TEST_F(Tool, bad_ber_is_reported_with_file_and_byte) {
   EXPECT_FALSE(Exists("s.mheg"));
 }
 
-TEST_F(Tool, input_in_the_wrong_form_is_refused) {
+TEST_F(Tool, input_in_the_wrong_form_is_rejected) {
   Write("s.mheg", kScene);
   EXPECT_EQ(Call("decompile s.mheg -o x").status, 1);
   EXPECT_EQ(Call("compile s.mheg -o s").status, 0);
@@ -62,7 +62,7 @@ TEST_F(Tool, input_in_the_wrong_form_is_refused) {
 }
 
 TEST_F(Tool, an_unknown_enumeration_value_is_reported_and_not_written) {
-  // A scene with Text 5 whose start corner, under tag 90, is 9.
+  // A scene with Text 5, whose start corner (tag 90) is 9.
   Write("s", std::string("\xA1\x0E\x02\x01\x00\xA8\x09\xBD\x07\x02\x01\x05\x9F\x5A\x01\x09", 16));
   const ToolOutcome run = Call("decompile s -o s.mheg");
   EXPECT_EQ(run.status, 1);
@@ -71,7 +71,7 @@ TEST_F(Tool, an_unknown_enumeration_value_is_reported_and_not_written) {
   EXPECT_FALSE(Exists("s.mheg"));
 }
 
-TEST_F(Tool, dumps_both_forms_alike) {
+TEST_F(Tool, dumps_of_both_forms_are_equal) {
   Write("s.mheg", kScene);
   ASSERT_EQ(Call("compile s.mheg -o s").status, 0);
   const ToolOutcome text = Call("dump s.mheg");
@@ -81,7 +81,7 @@ TEST_F(Tool, dumps_both_forms_alike) {
   EXPECT_EQ(Call("dump s.mheg s").output, text.output + text.output);
 }
 
-TEST_F(Tool, check_returns_1_if_it_reports_anything) {
+TEST_F(Tool, check_returns_1_if_it_reports_an_error) {
   Write("s.mheg", kScene);
   EXPECT_EQ(Call("check .").status, 0);
   Write("s.mheg", "{:Scene 0 :OnStartUp (:Run(5)) :SceneCS 720 576}");
@@ -110,14 +110,14 @@ TEST_F(Tool, an_unknown_rule_or_form_is_wrong_usage) {
   EXPECT_EQ(Call("check . --format xml").status, 2);
 }
 
-TEST_F(Tool, findings_go_to_the_standard_output) {
+TEST_F(Tool, findings_go_to_standard_output) {
   Write("s.mheg", "{:Scene 0 :TextColor 1}");
   const ToolOutcome run = Call("check . 2>/dev/null");
   EXPECT_EQ(run.status, 1);
   EXPECT_NE(run.output.find("[invalid-group]"), std::string::npos) << run.output;
 }
 
-TEST_F(Tool, a_faulty_file_does_not_stop_others_from_being_printed) {
+TEST_F(Tool, an_invalid_file_does_not_stop_the_dump_of_other_files) {
   Write("bad", std::string("\xA1\x03\x02\x05\x00", 5));
   Write("good.mheg", kScene);
   const ToolOutcome run = Call("dump bad good.mheg");
@@ -126,7 +126,7 @@ TEST_F(Tool, a_faulty_file_does_not_stop_others_from_being_printed) {
   EXPECT_NE(run.output.find("|---SCene:\n"), std::string::npos) << run.output;
 }
 
-TEST_F(Tool, errors_go_to_the_standard_error_and_trees_to_the_standard_output) {
+TEST_F(Tool, errors_go_to_standard_error_and_dumps_to_standard_output) {
   Write("bad.mheg", "{");
   Write("good.mheg", kScene);
   EXPECT_EQ(Call("dump bad.mheg good.mheg 2>/dev/null").output.rfind("|---SCene:\n", 0), 0U);

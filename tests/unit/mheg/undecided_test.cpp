@@ -1,5 +1,5 @@
-// Contents that look like a fault but may be right: the check must not report them. Each is a scene
-// "s" of a carousel whose application enters it.
+// Content that looks faulty but may be correct, so the check must not report it. Each case is a
+// scene "s" of a carousel whose application enters it.
 #include <gtest/gtest.h>
 
 #include "mheg/check/check.h"
@@ -31,11 +31,12 @@ TEST_P(UndecidedContent, is_not_reported) {
   EXPECT_EQ(LinesOf(Check({folder.Path()}, 1)), "");
 }
 
-constexpr const char* kAsked = "{:IntegerVar 1 :OrigValue 0} {:Link 2 :EventSource 0 :EventType "
-                               "UserInput :LinkEffect (:TestVariable(1 1 :GInteger 1))}";
+constexpr const char* kVariableWithTest =
+    "{:IntegerVar 1 :OrigValue 0} {:Link 2 :EventSource 0 :EventType "
+    "UserInput :LinkEffect (:TestVariable(1 1 :GInteger 1))}";
 
 const std::string kLoopByAnotherLink =
-    std::string(kAsked) +
+    std::string(kVariableWithTest) +
     "{:Link 3 :EventSource 1 :EventType TestEvent :EventData FALSE :LinkEffect (:Add(1 1))}"
     "{:Link 4 :EventSource 1 :EventType TestEvent :EventData FALSE "
     ":LinkEffect (:TestVariable(1 1 :GInteger 9))}";
@@ -46,17 +47,18 @@ const char* const kLoopByALinkOfTheApplication =
     "{:Link 4 :EventSource (\"~/a\" 1) :EventType TestEvent :EventData FALSE "
     ":LinkEffect (:TestVariable((\"~/a\" 1) 1 :GInteger 9))}";
 
-const std::string kLoopThatEnds = std::string(kAsked) +
+const std::string kLoopThatEnds = std::string(kVariableWithTest) +
                                   "{:Link 4 :EventSource 1 :EventType TestEvent :EventData FALSE "
                                   ":LinkEffect (:Add(1 1) :TestVariable(1 1 :GInteger 9))}";
 
 const std::string kLinkThatTurnsItselfOff =
-    std::string(kAsked) + "{:Link 4 :EventSource 1 :EventType TestEvent :EventData FALSE "
-                          ":LinkEffect (:Deactivate(4) :TestVariable(1 1 :GInteger 9))}";
+    std::string(kVariableWithTest) +
+    "{:Link 4 :EventSource 1 :EventType TestEvent :EventData FALSE "
+    ":LinkEffect (:Deactivate(4) :TestVariable(1 1 :GInteger 9))}";
 
 const std::string kTestWithTheOtherResult =
-    std::string(kAsked) + "{:Link 4 :EventSource 1 :EventType TestEvent :EventData TRUE "
-                          ":LinkEffect (:TestVariable(1 1 :GInteger 9))}";
+    std::string(kVariableWithTest) + "{:Link 4 :EventSource 1 :EventType TestEvent :EventData TRUE "
+                                     ":LinkEffect (:TestVariable(1 1 :GInteger 9))}";
 
 INSTANTIATE_TEST_SUITE_P(
     Check, UndecidedContent,

@@ -1,6 +1,6 @@
-// Source files are always compiled, because that is fast and leaves no doubt about what is up to
-// date: a new version of the compiler may give other bytes. Other files may be large, so they are
-// compared by size and time, which a copy keeps.
+// Source files are always compiled: that is fast, and a new version of the compiler may give other
+// bytes for the same source. Other files may be large, so they are copied only if their size or
+// time differs. A copy keeps the time of its source.
 #include "mheg/build/build.h"
 
 #include <cstdio>
@@ -29,13 +29,13 @@ namespace fs = std::filesystem;
 
 enum class Change { None, Written, Failed };
 
-// A file of the carousel. Its path is relative to the carousel.
+// A file of the carousel that the build makes.
 struct Product {
   fs::path source;
   Messages messages{};  // errors
   Change change = messages.empty() ? Change::None : Change::Failed;
 };
-using Products = std::map<fs::path, Product>;
+using Products = std::map<fs::path, Product>;  // by path in the carousel
 
 void Fail(const fs::path& file, const char* reason, Product& product) {
   product.messages.push_back({file, reason});
@@ -49,9 +49,9 @@ bool HasBytes(const fs::path& path, std::string_view bytes) {
   return ReadBytes(path, old) == nullptr && old == bytes;
 }
 
-void WriteText(const fs::path& target, Product& product) {
-  CompiledText compiled;
-  Outcome outcome = CompileText(product.source, compiled);
+void CompileTo(const fs::path& target, Product& product) {
+  CompiledGroup compiled;
+  Outcome outcome = CompileSource(product.source, compiled);
   product.messages = std::move(outcome.messages);
   if (!outcome.isGood) {
     product.change = Change::Failed;
@@ -61,13 +61,13 @@ void WriteText(const fs::path& target, Product& product) {
   }
 }
 
-void Copy(const fs::path& target, Product& product) {
+void CopyTo(const fs::path& target, Product& product) {
   std::error_code problem;
-  std::error_code absence;
+  std::error_code ignored;  // if there is no target yet
   const auto time = fs::last_write_time(product.source, problem);
-  const bool isSame = fs::is_regular_file(target, absence) &&
-                      fs::file_size(target, absence) == fs::file_size(product.source, problem) &&
-                      fs::last_write_time(target, absence) == time;
+  const bool isSame = fs::is_regular_file(target, ignored) &&
+                      fs::file_size(target, ignored) == fs::file_size(product.source, problem) &&
+                      fs::last_write_time(target, ignored) == time;
   if (!problem && isSame) return;
   if (problem || !std::ifstream(product.source, std::ios::binary)) {
     return Fail(product.source, "cannot be read", product);
@@ -85,10 +85,10 @@ void BuildProduct(const fs::path& target, Product& product) {
   if (product.change == Change::Failed) return;
   std::error_code problem;
   fs::create_directories(target.parent_path(), problem);
-  IsText(product.source) ? WriteText(target, product) : Copy(target, product);
+  IsSourceFile(product.source) ? CompileTo(target, product) : CopyTo(target, product);
 }
 
-// Removes the file, and the folders that are empty without it.
+// Removes a file of the carousel, and the folders that are then empty.
 bool Remove(const fs::path& output, const fs::path& file) {
   std::error_code problem;
   const bool isRemoved = fs::remove(output / file, problem);
@@ -99,8 +99,8 @@ bool Remove(const fs::path& output, const fs::path& file) {
   return isRemoved;
 }
 
-// The findings of the check, except the errors that compiling has reported.
-Messages FindingsBeyond(const Messages& errors, const fs::path& source, unsigned jobs) {
+// The findings of the check, except the errors that the build has already reported.
+Messages NewFindings(const Messages& errors, const fs::path& source, unsigned jobs) {
   std::set<std::string> reported;
   for (const Message& error : errors) reported.insert(OneLine(error));
   Findings findings = Check({source}, jobs);
@@ -129,7 +129,7 @@ bool Build(const fs::path& source, const fs::path& output, unsigned jobs) {
 
   ProductList old = ReadProductList(output);
   ProductList list;
-  std::size_t counts[] = {0, 0, 0};  // of each change
+  std::size_t counts[] = {0, 0, 0};  // of products, by their change
   for (const auto& [file, product] : products) {
     errors.insert(errors.end(), product.messages.begin(), product.messages.end());
     ++counts[static_cast<std::size_t>(product.change)];
@@ -142,7 +142,7 @@ bool Build(const fs::path& source, const fs::path& output, unsigned jobs) {
     errors.push_back({output, "the list of its files cannot be written beside it"});
   }
   Print(errors, stderr);
-  Print(FindingsBeyond(errors, source, jobs), stderr);
+  Print(NewFindings(errors, source, jobs), stderr);
   std::printf("%s: %zu written, %zu removed, %zu up to date\n", TextOf(output).c_str(),
               counts[static_cast<std::size_t>(Change::Written)], removedCount,
               counts[static_cast<std::size_t>(Change::None)]);
@@ -152,7 +152,7 @@ bool Build(const fs::path& source, const fs::path& output, unsigned jobs) {
 
 bool BuildAfterEachChange(const fs::path& source, const fs::path& output, unsigned jobs) {
   for (;;) {
-    // Begins before the build, so that changes during the build are noticed.
+    // Begins before the build, so that it also reports changes made during the build.
     Watch watch(source);
     (void)Build(source, output, jobs);
     if (!watch.Wait()) break;

@@ -6,18 +6,19 @@
 namespace mheg {
 
 // Brings the carousel `output` up to date with the folder `source`, on `jobs` threads (0: one per
-// processor): compiles each text NAME.mheg to NAME and copies all other files, including
-// subfolders, if they are broadcast (source_folder.h). Only files that change are written. Products
-// of an earlier build whose source no longer exists are removed; other files in the carousel are
-// not touched.
+// processor): compiles each source file NAME.mheg to NAME and copies all other files that are
+// broadcast (source_folder.h), including those in subfolders. Writes only files that change.
+// Removes products of an earlier build that no longer have a source. Other files in the carousel
+// are left unchanged.
 //
-// Prints errors, the findings of the check, and a line with the numbers of files. If a
-// source file has errors, the result of its last good build is kept. Returns whether every file of
-// the carousel is up to date, whatever the findings.
+// Prints errors, the findings of the check, and a line with the numbers of files. If a source file
+// has errors, the file that was last compiled from it stays. Returns whether every file of the
+// carousel is up to date, whatever the check finds.
 [[nodiscard]] bool Build(const std::filesystem::path& source, const std::filesystem::path& output,
                          unsigned jobs);
 
-// Builds now and after each change in the source, as long as it can be watched. Then returns false.
+// Builds now and after each change in the source. Returns only if the source can no longer be
+// watched, and then false.
 [[nodiscard]] bool BuildAfterEachChange(const std::filesystem::path& source,
                                         const std::filesystem::path& output, unsigned jobs);
 

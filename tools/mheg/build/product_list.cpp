@@ -1,4 +1,4 @@
-// One path in a line, in UTF-8 and with slashes.
+// The file has one path per line, in UTF-8 and with slashes.
 #include "mheg/build/product_list.h"
 
 #include <fstream>
@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 fs::path ListOf(const fs::path& carousel) {
   std::error_code problem;
   fs::path full = fs::absolute(carousel, problem).lexically_normal();
-  if (!full.has_filename()) full = full.parent_path();  // a separator at the end
+  if (!full.has_filename()) full = full.parent_path();  // removes a separator at the end
   fs::path name = ".";
   name += full.filename();
   name += ".mheg-build";
@@ -25,14 +25,15 @@ fs::path ListOf(const fs::path& carousel) {
 
 }  // namespace
 
-// Skips lines that do not name a file in the carousel, so that a damaged list cannot remove others.
+// Skips lines that do not name a file in the carousel, so that a damaged list cannot cause other
+// files to be removed.
 ProductList ReadProductList(const fs::path& carousel) {
   ProductList products;
   std::ifstream stream(ListOf(carousel), std::ios::binary);
   for (std::string line; std::getline(stream, line);) {
     const fs::path file = PathOf(line).lexically_normal();
-    const bool isWithin = !file.empty() && file.is_relative() && *file.begin() != "..";
-    if (isWithin && file.has_filename()) products.insert(file);
+    const bool isInCarousel = !file.empty() && file.is_relative() && *file.begin() != "..";
+    if (isInCarousel && file.has_filename()) products.insert(file);
   }
   return products;
 }

@@ -1,5 +1,5 @@
-// The list of the files that a build has made. It is kept beside the carousel, in .NAME.mheg-build,
-// because the carousel is broadcast as it is.
+// The list of the files that a build has made. It is stored beside the carousel, in
+// .NAME.mheg-build, because every file in the carousel is broadcast.
 #pragma once
 
 #include <filesystem>

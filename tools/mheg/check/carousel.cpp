@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kStartUpNames[] = {"a", "startup"};
 
-// False if the path cannot be queried, for example because it is too long.
+// Returns false if the path cannot be queried, for example because it is too long.
 bool IsFile(const fs::path& path) {
   std::error_code ignored;
   return fs::is_regular_file(path, ignored);
@@ -26,21 +26,21 @@ bool IsFolder(const fs::path& path) {
   return fs::is_directory(path, ignored);
 }
 
-bool HasFileOrText(const fs::path& path) {
-  fs::path text = path;
-  text += kTextExtension;
-  return IsFile(path) || IsFile(text);
+bool HasFileOrSource(const fs::path& path) {
+  fs::path source = path;
+  source += kSourceExtension;
+  return IsFile(path) || IsFile(source);
 }
 
 bool HasStartUpApplication(const fs::path& folder) {
   return std::any_of(std::begin(kStartUpNames), std::end(kStartUpNames),
-                     [&](const char* name) { return HasFileOrText(folder / name); });
+                     [&](const char* name) { return HasFileOrSource(folder / name); });
 }
 
 // A BER group begins with the tag of an application or a scene. Returns true if the file cannot be
 // read: loading it then reports the error.
 bool IsGroupFile(const fs::path& path) {
-  if (IsText(path)) return true;
+  if (IsSourceFile(path)) return true;
   std::ifstream stream(path, std::ios::binary);
   const int first = stream.get();
   return !stream.is_open() || stream.bad() || first == 0xA0 || first == 0xA1;
@@ -57,7 +57,7 @@ fs::path RootFor(const fs::path& top, const fs::path& file) {
   return HasStartUpApplication(folder) ? folder : top;
 }
 
-// For each carousel root, its files, and whether each is to be checked.
+// The group files of each carousel, by the root of the carousel. true: the file is to be checked.
 using Files = std::map<fs::path, std::map<fs::path, bool>>;
 
 // The group files in a folder and its subfolders. Reports folders that cannot be read.
@@ -69,16 +69,16 @@ std::vector<fs::path> GroupFilesIn(const fs::path& folder, Findings& findings) {
   return files;
 }
 
-void AddFolder(const fs::path& folder, bool isAskedFor, Files& files, Findings& findings) {
+void AddFolder(const fs::path& folder, bool isChecked, Files& files, Findings& findings) {
   const std::size_t reported = findings.size();
   const auto found = GroupFilesIn(folder.empty() ? fs::path(".") : folder, findings);
   for (const fs::path& path : found) {
     const fs::path file = folder.empty() ? path.lexically_normal() : path;
-    bool& isFileAskedFor = files[RootFor(folder, file)][file];
-    isFileAskedFor = isFileAskedFor || isAskedFor;
+    bool& isFileChecked = files[RootFor(folder, file)][file];
+    isFileChecked = isFileChecked || isChecked;
   }
   const bool isEmpty = found.empty() && findings.size() == reported;
-  if (isEmpty && isAskedFor) {
+  if (isEmpty && isChecked) {
     findings.push_back({Rule::NoGroups, {}, {folder, "has no groups"}});
   }
 }
@@ -99,10 +99,10 @@ korvel::ItemType CheckedGroup::ClassOf(std::int32_t number) const {
   return found == objects.end() ? korvel::ItemType::None : found->second.type;
 }
 
-void Carousel::Add(const fs::path& file, bool isAskedFor) {
+void Carousel::Add(const fs::path& file, bool isChecked) {
   groups_.push_back(std::make_unique<CheckedGroup>());
   groups_.back()->file.path = file;
-  groups_.back()->isAskedFor = isAskedFor;
+  groups_.back()->isChecked = isChecked;
   groupsByPath_.emplace(file.lexically_normal().native(), groups_.back().get());
 }
 
@@ -123,21 +123,21 @@ void Carousel::EndLoading() {
     ofApplications_.Add(group->effects);
   }
   for (const auto& group : groups_) onApplications_.AddOn(applications, group->effects);
-  ways_ = Navigation(*this);
+  routes_ = Navigation(*this);
 }
 
 bool Carousel::IsStartUp(const CheckedGroup& group) const {
   fs::path name = group.file.path.filename();
-  if (IsText(name)) name.replace_extension();
+  if (IsSourceFile(name)) name.replace_extension();
   return korvel::IsApplication(group.file.group) &&
          std::any_of(std::begin(kStartUpNames), std::end(kStartUpNames),
                      [&](const char* startUp) { return name == startUp; });
 }
 
 bool Carousel::IsNamedAfterFile(const CheckedGroup& group) const {
-  const std::vector<fs::path> places = PlacesFor(group, group.Name());
-  return std::any_of(places.begin(), places.end(),
-                     [&](const fs::path& place) { return GroupIn(place) == &group; });
+  const std::vector<fs::path> paths = PathsFor(group, group.Name());
+  return std::any_of(paths.begin(), paths.end(),
+                     [&](const fs::path& path) { return GroupIn(path) == &group; });
 }
 
 korvel::ItemType Carousel::ClassOf(const CheckedGroup& from,
@@ -154,24 +154,24 @@ const CheckedObject* Carousel::FindObject(const CheckedGroup& from,
   return found == group->objects.end() ? nullptr : &found->second;
 }
 
-const Effects& Carousel::OthersOn(const CheckedGroup& on) const {
-  return on.Group().type == korvel::ItemType::Application ? onApplications_ : ofApplications_;
+const Effects& Carousel::EffectsOfOthersOn(const CheckedGroup& group) const {
+  return group.Group().type == korvel::ItemType::Application ? onApplications_ : ofApplications_;
 }
 
-bool Carousel::Has(const CheckedGroup& on, korvel::Action action) const {
-  return on.effects.Has(action) || OthersOn(on).Has(action);
+bool Carousel::HasAction(const CheckedGroup& group, korvel::Action action) const {
+  return group.effects.HasAction(action) || EffectsOfOthersOn(group).HasAction(action);
 }
 
-bool Carousel::May(const CheckedGroup& on, korvel::Action action, std::int32_t number,
-                   std::optional<std::int32_t> timer) const {
-  const Effect effect{action, on.Name(), number, timer};
-  return on.effects.May(effect) || OthersOn(on).May(effect);
+bool Carousel::MayAffect(const CheckedGroup& group, korvel::Action action, std::int32_t number,
+                         std::optional<std::int32_t> timer) const {
+  const Effect effect{action, group.Name(), number, timer};
+  return group.effects.MayHave(effect) || EffectsOfOthersOn(group).MayHave(effect);
 }
 
 // Ignores the prefix "~" or "DSM:" and its slashes. The rest of the name may be relative to the
 // folder of the group that uses it, because its application may have made that folder the current
 // one, or relative to the root.
-std::vector<fs::path> Carousel::PlacesFor(const CheckedGroup& from, std::string_view name) const {
+std::vector<fs::path> Carousel::PathsFor(const CheckedGroup& from, std::string_view name) const {
   const std::size_t slash = name.find('/');
   std::string_view rest = slash == std::string_view::npos ? name : name.substr(slash + 1);
   if (rest.starts_with('/')) rest.remove_prefix(1);
@@ -181,21 +181,21 @@ std::vector<fs::path> Carousel::PlacesFor(const CheckedGroup& from, std::string_
 }
 
 bool Carousel::HasFile(const CheckedGroup& from, std::string_view name) const {
-  const std::vector<fs::path> places = PlacesFor(from, name);
-  return std::any_of(places.begin(), places.end(), HasFileOrText);
+  const std::vector<fs::path> paths = PathsFor(from, name);
+  return std::any_of(paths.begin(), paths.end(), HasFileOrSource);
 }
 
 const CheckedGroup* Carousel::GroupIn(const fs::path& file) const {
   fs::path path = file.lexically_normal();
   auto found = groupsByPath_.find(path.native());
-  if (found == groupsByPath_.end()) found = groupsByPath_.find((path += kTextExtension).native());
+  if (found == groupsByPath_.end()) found = groupsByPath_.find((path += kSourceExtension).native());
   return found == groupsByPath_.end() ? nullptr : found->second;
 }
 
 const CheckedGroup* Carousel::Find(const CheckedGroup& from, std::string_view name) const {
   if (name.empty() || korvel::IsSameGroup(name, from.Name())) return &from;
-  for (const fs::path& place : PlacesFor(from, name)) {
-    const CheckedGroup* group = GroupIn(place);
+  for (const fs::path& path : PathsFor(from, name)) {
+    const CheckedGroup* group = GroupIn(path);
     if (group != nullptr && group->file.group) return group;
   }
   return nullptr;
@@ -212,14 +212,14 @@ const CheckedGroup* Carousel::ApplicationOf(const CheckedGroup& group) const {
 }
 
 std::vector<Carousel> FindCarousels(const std::vector<fs::path>& paths, Findings& findings) {
-  std::map<fs::path, bool> folders;  // true: check all groups in it
+  std::map<fs::path, bool> folders;  // true: check all groups in the folder
   for (const fs::path& path : paths) {
     const bool isFolder = IsFolder(path);
-    bool& isAskedFor = folders[isFolder ? path : path.parent_path()];
-    isAskedFor = isAskedFor || isFolder;
+    bool& isChecked = folders[isFolder ? path : path.parent_path()];
+    isChecked = isChecked || isFolder;
   }
   Files files;
-  for (const auto& [folder, isAskedFor] : folders) AddFolder(folder, isAskedFor, files, findings);
+  for (const auto& [folder, isChecked] : folders) AddFolder(folder, isChecked, files, findings);
   std::ranges::sort(findings, {}, [](const Finding& finding) { return finding.message.file; });
   for (const fs::path& path : paths) {
     if (!IsFolder(path)) files[RootFor(path.parent_path(), path)][path] = true;
@@ -227,7 +227,7 @@ std::vector<Carousel> FindCarousels(const std::vector<fs::path>& paths, Findings
   std::vector<Carousel> carousels;
   for (const auto& [root, members] : files) {
     Carousel& carousel = carousels.emplace_back(root);
-    for (const auto& [file, isAskedFor] : members) carousel.Add(file, isAskedFor);
+    for (const auto& [file, isChecked] : members) carousel.Add(file, isChecked);
   }
   return carousels;
 }

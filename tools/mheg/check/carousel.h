@@ -1,5 +1,5 @@
-// A folder as the engine will see it: its groups, and the files that names resolve to. A text
-// "menu.mheg" counts as the file "menu" that it will be compiled to.
+// A folder as the engine will see it: its groups, and the files that names resolve to. A source
+// file "menu.mheg" counts as the file "menu" to which it will be compiled.
 #pragma once
 
 #include <cstdint>
@@ -28,7 +28,7 @@ struct CheckedObject {
 // A group of a carousel. If its file could not be read, only `file` is filled in.
 struct CheckedGroup {
   GroupFile file;
-  bool isAskedFor = true;  // false: not checked, only referred to by other groups
+  bool isChecked = true;  // false: loaded only because other groups may refer to it
   std::multimap<std::int32_t, CheckedObject> objects;  // by number
   Effects effects;
   std::vector<Departure> departures;
@@ -43,11 +43,11 @@ class Carousel {
  public:
   explicit Carousel(std::filesystem::path root) : root_(std::move(root)) {}
 
-  void Add(const std::filesystem::path& file, bool isAskedFor);
+  void Add(const std::filesystem::path& file, bool isChecked);
   [[nodiscard]] std::size_t Size() const { return groups_.size(); }
   // Reads the file of the group at `index`. Threads may load different groups at the same time.
   void Load(std::size_t index);
-  // Combines what is known of all groups. Call it once, after all are loaded.
+  // Combines the effects and departures of all groups. Call it once, after all are loaded.
   void EndLoading();
   [[nodiscard]] const CheckedGroup& At(std::size_t index) const { return *groups_[index]; }
 
@@ -57,11 +57,11 @@ class Carousel {
   [[nodiscard]] const CheckedGroup* Find(const CheckedGroup& from, std::string_view name) const;
   // The start-up application of a group's folder or of the carousel, or null.
   [[nodiscard]] const CheckedGroup* ApplicationOf(const CheckedGroup& group) const;
-  // Whether the engine starts with this group.
+  // Whether the engine starts with this group, if it starts in this folder.
   [[nodiscard]] bool IsStartUp(const CheckedGroup& group) const;
   // Whether the name of the group resolves to its own file.
   [[nodiscard]] bool IsNamedAfterFile(const CheckedGroup& group) const;
-  [[nodiscard]] const Navigation& Ways() const { return ways_; }
+  [[nodiscard]] const Navigation& Routes() const { return routes_; }
 
   // The class of an object that the group `from` refers to; None if it or its group is unknown.
   [[nodiscard]] korvel::ItemType ClassOf(const CheckedGroup& from,
@@ -70,31 +70,33 @@ class Carousel {
   [[nodiscard]] const CheckedObject* FindObject(const CheckedGroup& from,
                                                 const korvel::ObjectReference& reference) const;
 
-  // What may happen to the objects of a group: by its own actions and, for a scene, by those of the
-  // applications or, for an application, by those of any group.
-  [[nodiscard]] bool Has(const CheckedGroup& on, korvel::Action action) const;
-  [[nodiscard]] bool May(const CheckedGroup& on, korvel::Action action, std::int32_t number,
-                         std::optional<std::int32_t> timer = {}) const;
+  // Both consider the actions of the group itself and, for a scene, those of the applications or,
+  // for an application, those of all groups.
+  // Whether there is such an action on any object.
+  [[nodiscard]] bool HasAction(const CheckedGroup& group, korvel::Action action) const;
+  // Whether there is such an action that may affect the object `number` of the group.
+  [[nodiscard]] bool MayAffect(const CheckedGroup& group, korvel::Action action,
+                               std::int32_t number, std::optional<std::int32_t> timer = {}) const;
 
  private:
-  [[nodiscard]] std::vector<std::filesystem::path> PlacesFor(const CheckedGroup& from,
-                                                             std::string_view name) const;
+  [[nodiscard]] std::vector<std::filesystem::path> PathsFor(const CheckedGroup& from,
+                                                            std::string_view name) const;
   [[nodiscard]] const CheckedGroup* GroupIn(const std::filesystem::path& file) const;
-  [[nodiscard]] const Effects& OthersOn(const CheckedGroup& on) const;
+  [[nodiscard]] const Effects& EffectsOfOthersOn(const CheckedGroup& group) const;
 
   std::filesystem::path root_;
   std::vector<std::unique_ptr<CheckedGroup>> groups_;
   std::unordered_map<std::filesystem::path::string_type, const CheckedGroup*> groupsByPath_;
   Effects ofApplications_;
   Effects onApplications_;
-  Navigation ways_;
+  Navigation routes_;
 };
 
-// The carousels that contain these files and folders. All groups of a given folder are to be
-// checked; for a given file, only that file, although its whole folder is loaded. A folder with a
-// start-up application is a carousel of its own; a group outside all of those belongs to the given
-// folder. Adds a finding for each folder that cannot be read, and for each given folder without
-// groups.
+// The carousels that contain these files and folders. All groups of a given folder are checked. Of
+// the folder of a given file, only that file is checked, although all its groups are loaded. A
+// folder with a start-up application is a carousel of its own; a group outside all such folders
+// belongs to the given folder. Adds a finding for each folder that cannot be read, and for each
+// given folder without groups.
 [[nodiscard]] std::vector<Carousel> FindCarousels(const std::vector<std::filesystem::path>& paths,
                                                   Findings& findings);
 

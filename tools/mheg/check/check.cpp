@@ -11,17 +11,17 @@
 namespace mheg {
 namespace {
 
-struct Place {
+struct GroupIndex {
   std::size_t carousel;
   std::size_t group;
 };
 
-std::vector<Place> AllGroups(const std::vector<Carousel>& carousels) {
-  std::vector<Place> places;
+std::vector<GroupIndex> AllGroups(const std::vector<Carousel>& carousels) {
+  std::vector<GroupIndex> all;
   for (std::size_t i = 0; i < carousels.size(); ++i) {
-    for (std::size_t k = 0; k < carousels[i].Size(); ++k) places.push_back({i, k});
+    for (std::size_t k = 0; k < carousels[i].Size(); ++k) all.push_back({i, k});
   }
-  return places;
+  return all;
 }
 
 using CheckFunction = void (*)(const Carousel& carousel, const CheckedGroup& group,
@@ -42,7 +42,7 @@ bool IsBefore(const Finding& one, const Finding& other) {
   return order(one) < order(other);
 }
 
-// The errors of the reader first, in its order.
+// The errors of the reader, in its order, and then the findings of the checks, sorted by position.
 Findings CheckGroup(const Carousel& carousel, const CheckedGroup& group) {
   Findings findings;
   for (const Message& message : group.file.messages) {
@@ -84,15 +84,15 @@ Findings Check(const std::vector<std::filesystem::path>& paths, unsigned jobs,
                const std::vector<std::string>& ignored) {
   Findings all;
   std::vector<Carousel> carousels = FindCarousels(paths, all);
-  const std::vector<Place> places = AllGroups(carousels);
-  RunBatch(places.size(), jobs,
-           [&](std::size_t i) { carousels[places[i].carousel].Load(places[i].group); });
+  const std::vector<GroupIndex> groups = AllGroups(carousels);
+  RunBatch(groups.size(), jobs,
+           [&](std::size_t i) { carousels[groups[i].carousel].Load(groups[i].group); });
   for (Carousel& carousel : carousels) carousel.EndLoading();
-  std::vector<Findings> found(places.size());
-  RunBatch(places.size(), jobs, [&](std::size_t i) {
-    const Carousel& carousel = carousels[places[i].carousel];
-    const CheckedGroup& group = carousel.At(places[i].group);
-    if (group.isAskedFor) found[i] = CheckGroup(carousel, group);
+  std::vector<Findings> found(groups.size());
+  RunBatch(groups.size(), jobs, [&](std::size_t i) {
+    const Carousel& carousel = carousels[groups[i].carousel];
+    const CheckedGroup& group = carousel.At(groups[i].group);
+    if (group.isChecked) found[i] = CheckGroup(carousel, group);
   });
   for (const Findings& ofGroup : found) all.insert(all.end(), ofGroup.begin(), ofGroup.end());
   std::erase_if(all, [&](const Finding& finding) {

@@ -1,5 +1,5 @@
-// Finds faults that the engine ignores silently: content that decodes without error but has no
-// effect, or another one than the author meant. rules.h lists the rules.
+// Finds faults that the engine ignores silently: content that decodes without error, but has no
+// effect or not the effect that the author meant. rules.h lists the rules.
 #pragma once
 
 #include <filesystem>
@@ -28,8 +28,8 @@ class CheckVisitor : public GroupVisitor {
   // Reports a fault of an attribute of the current object; of the object if the keyword is empty.
   void ReportAt(const char* keyword, Rule rule, std::string text, std::int32_t action = -1) const;
 
-  // The object that the action names directly as its target; null if it is unknown or of none of
-  // these classes.
+  // The object that the action names directly as its target; null if the object is unknown or not
+  // of one of these classes.
   [[nodiscard]] const CheckedObject* TargetOf(const korvel::ElementaryAction& action,
                                               korvel::ClassSet classes) const;
 

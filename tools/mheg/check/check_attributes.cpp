@@ -1,4 +1,4 @@
-// Finds values of attributes that the engine replaces by others or cannot use: colours, font
+// Finds values of attributes that the engine replaces or cannot use: colours, font
 // attributes, the scene's size and input event register, and the limits of sliders.
 #include "appearance/colours.h"
 #include "appearance/text_attributes.h"
@@ -9,10 +9,9 @@ namespace {
 
 using namespace korvel;
 
-// The first contradiction in a slider's attributes: the keyword of one of them and the text; the
-// keyword is null if there is none.
+// A contradiction between a slider's attributes.
 struct Contradiction {
-  const char* keyword = nullptr;
+  const char* keyword = nullptr;  // of one of the attributes; null: no contradiction
   std::string text;
 };
 
@@ -20,6 +19,7 @@ std::string Valued(const char* keyword, std::int32_t value) {
   return std::string(keyword) + " " + std::to_string(value);
 }
 
+// The first contradiction that is found.
 Contradiction ContradictionIn(const Slider& slider) {
   const std::int64_t range = std::int64_t{slider.MaxValue} - slider.MinValue;
   const std::int64_t above = std::int64_t{slider.InitialValue} - slider.MinValue;
@@ -81,7 +81,8 @@ class AttributeCheck : public CheckVisitor {
       ReportAt(":SceneCS", Rule::NoSceneSize, "has no :SceneCS with its width and height");
     }
     const std::int32_t input = scene.InputEventReg;
-    // Every known register blocks the numbers above the keys. 0 means that the scene has none.
+    // Every known register blocks the numbers above those of the keys. 0: the scene has no
+    // register.
     if (input != 0 && !IsKeyBlocked(input, keys::kText + 1)) {
       ReportAt(":InputEventReg", Rule::InputRegister,
                Valued(":InputEventReg", input) + " blocks no keys; the registers are 3 to 5");

@@ -25,7 +25,7 @@ class IdleCheck : public CheckVisitor {
     Report(Rule::IdleAction, std::string(row.name) + " is not performed");
   }
 
-  // Reports attributes that differ from their values if omitted.
+  // Reports attributes whose values differ from those of omitted attributes.
   template <class Record> void CheckAttributes(ItemType type, const Record& record) {
     const Record construction{};
     ForEachWrittenAttribute<Record>(

@@ -11,22 +11,25 @@ class InteractionCheck : public CheckVisitor {
   using CheckVisitor::CheckVisitor;
 
   void VisitObject(ItemType type, const Ingredient& /*record*/) override {
-    if (!Contains(kInteractibles, type) || May(Action::SetInteractionStatus)) return;
+    if (!Contains(kInteractibles, type) || IsAffectedBy(Action::SetInteractionStatus)) return;
     if (type != ItemType::Slider) {
       return ReportAt("", Rule::NoInteraction,
                       ClassName(type) +
                           " never receives a key: no SetInteractionStatus begins its interaction");
     }
     // A slider may also show a value that actions set.
-    if (May(Action::Step) || May(Action::SetSliderValue) || May(Action::SetPortion)) return;
+    if (IsAffectedBy(Action::Step) || IsAffectedBy(Action::SetSliderValue) ||
+        IsAffectedBy(Action::SetPortion)) {
+      return;
+    }
     ReportAt("", Rule::IdleSlider,
              "Slider never changes: no action begins its interaction or sets "
              "its value");
   }
 
  private:
-  [[nodiscard]] bool May(Action action) const {
-    return carousel_.May(group_, action, currentObject);
+  [[nodiscard]] bool IsAffectedBy(Action action) const {
+    return carousel_.MayAffect(group_, action, currentObject);
   }
 };
 

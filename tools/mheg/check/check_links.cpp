@@ -1,6 +1,6 @@
 // Finds links that can never fire: their source does not raise their event with that kind of data,
-// no action causes it, the scene's input event register excludes their key, nothing activates them,
-// or the maximum number of links for the event is reached before them.
+// no action causes the event, the scene's input event register blocks their key, nothing activates
+// them, or the maximum number of links run for the event before them.
 #include <map>
 #include <optional>
 #include <tuple>
@@ -20,8 +20,8 @@ constexpr ClassSet kNotRun = kPrograms | SetOf(ItemType::Link);
 constexpr ClassSet kStoppable = kVisibles | kButtons | kTokenGroups |
                                 SetOf(ItemType::Stream, ItemType::Audio, ItemType::RTGraphics);
 
-// Which classes raise an event, and the kind of data that goes with it. No class raises the events
-// of cursors, buttons and counters, nor those of a stream's content.
+// The classes that raise an event, and the kind of its data. No class raises the events of cursors,
+// buttons and counters, nor those of a stream's content.
 struct EventRule {
   ClassSet sources = 0;
   ValueKind data = ValueKind::None;
@@ -98,10 +98,10 @@ class LinkCheck : public CheckVisitor {
   void VisitObject(ItemType type, const Ingredient& record) override {
     if (type != ItemType::Link) return;
     const auto& link = static_cast<const Link&>(record);
-    if (!link.InitiallyActive && !carousel_.May(group_, Action::Activate, currentObject)) {
-      ReportIdle(":InitiallyActive", Rule::InactiveLink, "nothing activates it");
+    if (!link.InitiallyActive && !carousel_.MayAffect(group_, Action::Activate, currentObject)) {
+      ReportNeverFires(":InitiallyActive", Rule::InactiveLink, "nothing activates it");
     }
-    if (!carousel_.Has(group_, Action::SendEvent)) CheckCondition(link.Condition);
+    if (!carousel_.HasAction(group_, Action::SendEvent)) CheckCondition(link.Condition);
     if (group_.Group().type == ItemType::Scene) CheckLinkLimit(link);
   }
 
@@ -122,9 +122,9 @@ class LinkCheck : public CheckVisitor {
       before += alwaysActive_[awaited];
     }
     if (before >= kMostLinksOfEvent) {
-      ReportIdle("", Rule::SixthLink, "five links before it wait for the same event");
+      ReportNeverFires("", Rule::SixthLink, "five links before it wait for the same event");
     }
-    const bool isDeactivated = carousel_.May(group_, Action::Deactivate, currentObject);
+    const bool isDeactivated = carousel_.MayAffect(group_, Action::Deactivate, currentObject);
     if (link.InitiallyActive && !isDeactivated) ++alwaysActive_[awaited];
   }
   void CheckCondition(const LinkCondition& condition) {
@@ -132,19 +132,19 @@ class LinkCheck : public CheckVisitor {
     const EventRule rule = RuleOf(event);
     const std::string name = EventName(event);
     if (rule.sources == 0) {
-      return ReportIdle(":EventType", Rule::ImpossibleEvent,
+      return ReportNeverFires(":EventType", Rule::ImpossibleEvent,
                         (WordOf(event) == nullptr ? "there is no event " : "nothing raises ") +
                             name);
     }
     const bool isSource = CheckSource(condition.EventSource, name, rule.sources);
     const ValueKind data = condition.EventData.Kind;
     if (data != ValueKind::None && data != rule.data) {
-      ReportIdle(":EventData", Rule::ImpossibleData, name + " has no such data");
+      ReportNeverFires(":EventData", Rule::ImpossibleData, name + " has no such data");
     }
     if (isSource) CheckCause(condition);
     if (data == ValueKind::Integer) CheckNumber(condition);
   }
-  // Timers and tests are events that only actions cause.
+  // TimerFired and TestEvent are events that only actions cause.
   void CheckCause(const LinkCondition& condition) {
     const ObjectReference& source = condition.EventSource;
     const CheckedGroup* owner = carousel_.Find(group_, source.GroupIdentifier.View());
@@ -152,28 +152,28 @@ class LinkCheck : public CheckVisitor {
     if (condition.EventType == EventType::TimerFired) {
       CheckTimer(*owner, condition.EventData);
     } else if (condition.EventType == EventType::TestEvent &&
-               !carousel_.May(*owner, Action::TestVariable, source.Number) &&
-               !group_.effects.May({Action::TestVariable, owner->Name(), source.Number, {}})) {
-      ReportIdle(":EventSource", Rule::NeverTested,
-                 "nothing tests variable " + std::to_string(source.Number));
+               !carousel_.MayAffect(*owner, Action::TestVariable, source.Number) &&
+               !group_.effects.MayHave({Action::TestVariable, owner->Name(), source.Number, {}})) {
+      ReportNeverFires(":EventSource", Rule::NeverTested,
+                       "nothing tests variable " + std::to_string(source.Number));
     }
   }
   void CheckTimer(const CheckedGroup& owner, const GenericValue& data) {
     std::optional<std::int32_t> timer;
     if (data.Kind == ValueKind::Integer) timer = data.Integer;
     if (owner.Group().type != ItemType::Scene ||
-        carousel_.May(owner, Action::SetTimer, owner.Group().Reference.Number, timer)) {
+        carousel_.MayAffect(owner, Action::SetTimer, owner.Group().Reference.Number, timer)) {
       return;
     }
     const std::string which = timer ? "timer " + std::to_string(*timer) : "a timer";
-    ReportIdle(":EventData", Rule::TimerNeverSet, "nothing sets " + which);
+    ReportNeverFires(":EventData", Rule::TimerNeverSet, "nothing sets " + which);
   }
   void CheckNumber(const LinkCondition& condition) {
     const std::int32_t number = condition.EventData.Integer;
     if (condition.EventType == EventType::UserInput) CheckKey(number);
     if (condition.EventType != EventType::EngineEvent) return;
     if (!IsEngineEvent(number)) {
-      ReportIdle(":EventData", Rule::UnknownEngineEvent,
+      ReportNeverFires(":EventData", Rule::UnknownEngineEvent,
                  "there is no engine event " + std::to_string(number));
     } else if (IsOfApplication(number)) {
       CheckSource(condition.EventSource, "EngineEvent " + std::to_string(number),
@@ -184,22 +184,22 @@ class LinkCheck : public CheckVisitor {
     const CheckedGroup* owner = carousel_.Find(group_, source.GroupIdentifier.View());
     const ItemType type = owner == nullptr ? ItemType::None : owner->ClassOf(source.Number);
     if (type == ItemType::None || Contains(sources, type)) return true;
-    ReportIdle(":EventType", Rule::ImpossibleEvent, ClassName(type) + " raises no " + event);
+    ReportNeverFires(":EventType", Rule::ImpossibleEvent, ClassName(type) + " raises no " + event);
     return false;
   }
   void CheckKey(std::int32_t key) {
     if (!IsKey(key)) {
-      return ReportIdle(":EventData", Rule::UnknownKey,
-                        "no key has the number " + std::to_string(key));
+      return ReportNeverFires(":EventData", Rule::UnknownKey,
+                              "no key has the number " + std::to_string(key));
     }
     if (group_.Group().type != ItemType::Scene) return;
     const std::int32_t inputRegister = static_cast<const Scene&>(group_.Group()).InputEventReg;
     if (!IsKeyBlocked(inputRegister, key)) return;
-    ReportIdle(":EventData", Rule::BlockedKey,
-               "input event register " + std::to_string(inputRegister) + " keeps out key " +
-                   std::to_string(key));
+    ReportNeverFires(":EventData", Rule::BlockedKey,
+                     "input event register " + std::to_string(inputRegister) + " keeps out key " +
+                         std::to_string(key));
   }
-  void ReportIdle(const char* keyword, Rule rule, const std::string& why) {
+  void ReportNeverFires(const char* keyword, Rule rule, const std::string& why) {
     ReportAt(keyword, rule, "never fires: " + why);
   }
 

@@ -1,6 +1,6 @@
-// Finds missing mandatory attributes in BER groups. The text reader reports them itself. A decoded
-// group shows only the value, so an attribute counts as missing if it has its initial value and an
-// author could not have meant that value.
+// Finds missing mandatory attributes in BER groups. (The reader of the notation reports them
+// itself.) A decoded group does not record whether an attribute was present, so an attribute counts
+// as missing if it has its initial value and an author could not have meant that value.
 #include "mheg/check/check.h"
 
 namespace mheg {

@@ -1,5 +1,6 @@
-// Finds faults in how groups lead to each other: scenes that nothing leads to or that the viewer
-// cannot leave, transitions that do nothing or never end, and names that do not lead to their file.
+// Finds faults in the transitions between groups: scenes that nothing leads to or that the viewer
+// cannot leave, transitions that do nothing or never end, and group names that do not lead to their
+// file.
 #include "mheg/check/check.h"
 
 namespace mheg {
@@ -13,7 +14,7 @@ class NavigationCheck {
       : carousel_(carousel), group_(group), findings_(findings) {}
 
   void Check() {
-    const Navigation& navigation = carousel_.Ways();
+    const Navigation& navigation = carousel_.Routes();
     CheckName();
     for (const Departure& departure : group_.departures) CheckDeparture(departure);
     if (const Departure* departure = navigation.CycleFrom(group_)) {

@@ -22,30 +22,30 @@ class PlaceCheck : public CheckVisitor {
 
   void VisitObject(ItemType type, const Ingredient& record) override {
     const std::int32_t number = record.Reference.Number;
-    const bool isMoved = carousel_.May(group_, Action::SetPosition, number) ||
-                         carousel_.May(group_, Action::SetBoxSize, number);
+    const bool isMoved = carousel_.MayAffect(group_, Action::SetPosition, number) ||
+                         carousel_.MayAffect(group_, Action::SetBoxSize, number);
     if (isMoved) return;
-    if (Contains(kVisibles, type)) Look(static_cast<const Visible&>(record));
+    if (Contains(kVisibles, type)) CheckPosition(static_cast<const Visible&>(record));
   }
 
  private:
-  // Both work on one axis: the box's position and length, and the scene's length, in scene units.
+  // Both consider one axis: the box's position and length, and the scene's length, in scene units.
   static bool IsOutside(std::int64_t begin, std::int64_t length, std::int64_t limit) {
     return begin >= limit || begin + length <= 0;
   }
-  static bool IsBeyond(std::int64_t begin, std::int64_t length, std::int64_t limit) {
+  static bool ReachesOutside(std::int64_t begin, std::int64_t length, std::int64_t limit) {
     return begin < 0 || begin + length > limit;
   }
 
-  void Look(const Visible& visible) {
-    const korvel::Position& place = visible.OriginalPosition;
+  void CheckPosition(const Visible& visible) {
+    const korvel::Position& position = visible.OriginalPosition;
     const korvel::BoxSize& size = visible.OriginalBoxSize;
     if (size == korvel::BoxSize{}) return;
-    if (IsOutside(place.X, size.Width, scene_.Width) ||
-        IsOutside(place.Y, size.Height, scene_.Height)) {
+    if (IsOutside(position.X, size.Width, scene_.Width) ||
+        IsOutside(position.Y, size.Height, scene_.Height)) {
       ReportAt(":OrigPosition", Rule::OutsideScene, "lies outside the scene");
-    } else if (IsBeyond(place.X, size.Width, scene_.Width) ||
-               IsBeyond(place.Y, size.Height, scene_.Height)) {
+    } else if (ReachesOutside(position.X, size.Width, scene_.Width) ||
+               ReachesOutside(position.Y, size.Height, scene_.Height)) {
       ReportAt(":OrigPosition", Rule::PartlyOutsideScene, "reaches out of the scene");
     }
   }

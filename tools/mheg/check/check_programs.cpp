@@ -1,5 +1,5 @@
-// Finds resident programs that do not exist, and calls with other parameters than a program's
-// signature lists.
+// Finds resident programs that do not exist, and calls whose parameters differ from the program's
+// signature.
 #include <algorithm>
 
 #include "actions/actions.h"
@@ -48,15 +48,15 @@ class ProgramCheck : public CheckVisitor {
     }
   }
 
-  void CheckParameter(const ProgramRow& row, std::size_t place, const GenericValue& value,
+  void CheckParameter(const ProgramRow& row, std::size_t position, const GenericValue& value,
                       ProgramSlot slot) {
     const ItemType wanted = ClassOf(slot);
     if (IsInput(slot) && value.Kind == KindOf(wanted)) return;
-    CheckVariable(row, (IsInput(slot) ? "input " : "output ") + std::to_string(place), value,
+    CheckVariable(row, (IsInput(slot) ? "input " : "output ") + std::to_string(position), value,
                   wanted);
   }
 
-  // A variable that does not exist is reported as a reference.
+  // Skips variables that do not exist, because CheckReferences reports them.
   void CheckVariable(const ProgramRow& row, const std::string& what, const GenericValue& value,
                      ItemType wanted) {
     const ItemType type =

@@ -18,8 +18,8 @@ class ReferenceCheck : public CheckVisitor {
       if (!Exists(group_, reference.Number)) ReportObject(std::to_string(reference.Number));
       return;
     }
-    // A group that is not loaded is reported here only if it has no file. A file that cannot be
-    // read is reported when it is loaded.
+    // A group that is not loaded is reported here only if it has no file. If its file cannot be
+    // read, the error has been reported when the file was loaded.
     const bool isKnown = group == nullptr || Exists(*group, reference.Number);
     if (!isKnown) ReportObject(std::to_string(reference.Number) + " of " + std::string(name));
     if (group == nullptr && !carousel_.HasFile(group_, name)) {
@@ -37,7 +37,7 @@ class ReferenceCheck : public CheckVisitor {
   }
 };
 
-// True if the name has a scheme other than "DSM:".
+// Whether the path has a scheme other than "DSM:".
 bool LeadsOutOfCarousel(std::string_view path) {
   return path.find("://") != std::string_view::npos && !path.starts_with("DSM:");
 }
@@ -71,9 +71,9 @@ class FileCheck : public CheckVisitor {
 // number counts too.
 void CheckNumbers(const Carousel& /*carousel*/, const CheckedGroup& group, Findings& findings) {
   const auto& objects = group.objects;
-  for (auto place = objects.begin(); place != objects.end();
-       place = objects.upper_bound(place->first)) {
-    const std::int32_t number = place->first;
+  for (auto first = objects.begin(); first != objects.end();
+       first = objects.upper_bound(first->first)) {
+    const std::int32_t number = first->first;
     const std::size_t count = objects.count(number);
     const std::vector<TextPlace> places = group.file.places.FindAll(number);
     const TextPlace second = places.size() > 1 ? places[1] : TextPlace{};

@@ -1,5 +1,5 @@
-// Finds texts that are probably larger than their box. The sizes of characters are estimates from
-// the font that the engine uses, made small, so that a text that fits is not reported.
+// Finds texts that are probably larger than their box. The sizes of characters are low estimates
+// for the font that the engine uses, so that a text that fits is not reported.
 #include <algorithm>
 #include <cmath>
 
@@ -11,15 +11,15 @@ namespace {
 
 using namespace korvel;
 
-// Font sizes are points of which 96 are 72 pixels; an entry field has a size of its own.
-constexpr double kPixelsPerPoint = 72.0 / 96.0;
+// A font size of 96 is 72 pixels. Entry fields have a fixed size.
+constexpr double kPixelsPerSizeUnit = 72.0 / 96.0;
 constexpr std::int32_t kUsualSize = 24;
 constexpr std::int32_t kEntryFieldSize = 15;
 
-// In parts of the font's height.
+// Relative to the font size.
 constexpr double kLineHeight = 1.05;
-constexpr double kNarrow = 0.24;
-constexpr double kUsual = 0.45;
+constexpr double kNarrowWidth = 0.24;
+constexpr double kUsualWidth = 0.45;
 constexpr std::string_view kNarrowCharacters = " .,:;'!|()[]{}/\\-ijlftrI1";
 
 struct Extent {
@@ -27,16 +27,17 @@ struct Extent {
   double height = 0;
 };
 
+// The width relative to the font size.
 double WidthOf(std::string_view line) {
   double width = 0;
   for (const char c : line) {
     if (!BeginsCharacter(c)) continue;
-    width += kNarrowCharacters.find(c) == std::string_view::npos ? kUsual : kNarrow;
+    width += kNarrowCharacters.find(c) == std::string_view::npos ? kUsualWidth : kNarrowWidth;
   }
   return width;
 }
 
-// The pixels that a text takes in a box of that width.
+// The size of a text in a box of that width, in pixels. `em` is the font size in pixels.
 Extent ExtentOf(std::string_view text, double em, bool isWrapped, double boxWidth) {
   double widest = 0;
   double lines = 0;
@@ -85,14 +86,14 @@ class TextCheck : public CheckVisitor {
     return size == 0 ? kUsualSize : size;
   }
 
-  // Empty if the text may fit.
+  // The words for a text that is too large; empty if the text may fit.
   [[nodiscard]] std::string FaultOf(ItemType type, const Text& text,
                                     const OctetString& data) const {
     OctetString clean;
     const BoxSize& box = text.OriginalBoxSize;
     if (box.Width < 1 || box.Height < 1 || !RemoveControlSequences(data.View(), clean)) return "";
-    if (carousel_.May(group_, Action::SetBoxSize, text.Reference.Number)) return "";
-    const double em = SizeOf(type, text) * kPixelsPerPoint;
+    if (carousel_.MayAffect(group_, Action::SetBoxSize, text.Reference.Number)) return "";
+    const double em = SizeOf(type, text) * kPixelsPerSizeUnit;
     const Extent extent = ExtentOf(clean.TextView(), em, text.TextWrapping, box.Width);
     if (extent.width <= box.Width && extent.height <= box.Height) return "";
     const auto rounded = [](double pixels) { return std::to_string(std::lround(pixels)); };

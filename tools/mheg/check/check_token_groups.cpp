@@ -24,15 +24,15 @@ class TokenGroupCheck : public CheckVisitor {
   void VisitAction(const ElementaryAction& action) override {
     const bool isMove = ActionOf(action) == Action::Move;
     const bool isCall = ActionOf(action) == Action::CallActionSlot;
-    const GenericValue* place = action.Parameters.At(0);
-    if ((!isMove && !isCall) || place == nullptr || place->Kind != ValueKind::Integer) return;
+    const GenericValue* number = action.Parameters.At(0);
+    if ((!isMove && !isCall) || number == nullptr || number->Kind != ValueKind::Integer) return;
     const CheckedObject* object = TargetOf(action, kTokenGroups);
     if (object == nullptr) return;
     const auto& group = static_cast<const TokenGroup&>(*object->record);
-    isMove ? CheckMove(group, place->Integer) : CheckCall(group, place->Integer);
+    isMove ? CheckMove(group, number->Integer) : CheckCall(group, number->Integer);
   }
 
-  // The members of a list group change, so only those of a token group are counted.
+  // Skips list groups, because their members change at run time.
   void VisitObject(ItemType type, const Ingredient& record) override {
     if (type != ItemType::TokenGroup) return;
     const auto& group = static_cast<const TokenGroup&>(record);
@@ -66,7 +66,7 @@ class TokenGroupCheck : public CheckVisitor {
                                      std::to_string(count) + " movements");
   }
 
-  // Slot 0 and those below are slot 1.
+  // The engine treats slot numbers below 1 as 1.
   void CheckCall(const TokenGroup& group, std::int32_t slot) {
     const std::size_t most = MostSlots(group);
     if (static_cast<std::size_t>(std::max(slot, 1)) <= most) return;

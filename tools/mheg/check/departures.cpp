@@ -20,9 +20,9 @@ class DepartureCollector : public GroupVisitor {
 
   void VisitAction(const ElementaryAction& action) override {
     if (!IsDeparture(ActionOf(action))) return;
-    const bool isGroups = Contains(kGroups, currentClass);
-    departures.push_back({&action, isGroups ? MomentOf(currentKeyword) : ofObject_,
-                          isGroups ? 0 : currentObject, currentKeyword, currentAction});
+    const bool isOfGroup = Contains(kGroups, currentClass);
+    departures.push_back({&action, isOfGroup ? MomentOf(currentKeyword) : ofObject_,
+                          isOfGroup ? 0 : currentObject, currentKeyword, currentAction});
   }
 
   std::vector<Departure> departures;

@@ -1,4 +1,4 @@
-// The actions with which a group leads to another one: transitions, launches, spawns and quits.
+// The actions by which a group leads to another group: transitions, launches, spawns and quits.
 #pragma once
 
 #include <cstdint>
@@ -9,18 +9,18 @@
 
 namespace mheg {
 
+// When a departure may happen.
 enum class Moment : std::uint8_t {
-  Start,  // in any case, when the group starts
+  Start,  // always when the group starts
   Event,  // possibly while the group starts: on an event that actions may cause
   Input,  // later: on a key, a timer or an engine event
 };
 
-// The action is borrowed from the group. The rest says where it is, as in SourcePlaces; `object` is
-// 0 for the group itself.
 struct Departure {
-  const korvel::ElementaryAction* action = nullptr;
+  const korvel::ElementaryAction* action = nullptr;  // borrowed from the group
   Moment moment = Moment::Event;
-  std::int32_t object = 0;
+  // The position of the action, as for SourcePlaces::Find.
+  std::int32_t object = 0;  // 0: the group itself
   const char* keyword = "";
   std::int32_t index = 0;
 };
@@ -38,8 +38,8 @@ struct Departure {
 
 [[nodiscard]] std::vector<Departure> DeparturesOf(const korvel::Group& group);
 
-// Whether the action is a transition to the group that performs it, which the engine refuses. The
-// names are compared with their "~".
+// Whether the action is a transition to the group that performs it, which the engine rejects.
+// Compares the names including their "~".
 [[nodiscard]] bool IsTransitionTo(const korvel::ElementaryAction& action,
                                   const korvel::Group& group);
 

@@ -21,7 +21,7 @@ class EffectCollector : public GroupVisitor {
   std::string_view groupName_;
 };
 
-// Whether a check asks about the action's effect.
+// Whether a check queries the effect of the action.
 bool IsRecorded(const ElementaryAction& action) {
   const GenericValue* first = action.Parameters.At(0);
   switch (ActionOf(action)) {
@@ -73,15 +73,16 @@ void Effects::AddOn(const std::set<std::string_view>& groups, const Effects& oth
   onAny_.insert(others.onAny_.begin(), others.onAny_.end());
 }
 
-bool Effects::Has(Action action) const {
+bool Effects::HasAction(Action action) const {
   const auto found =
       effects_.lower_bound({action, {}, std::numeric_limits<std::int32_t>::min(), {}});
-  return MayBeAny(action) || (found != effects_.end() && found->action == action);
+  return MayAffectAny(action) || (found != effects_.end() && found->action == action);
 }
 
-bool Effects::May(const Effect& effect) const {
-  return MayBeAny(effect.action) || effects_.contains({effect.action, WithoutTilde(effect.group),
-                                                       effect.number, effect.timer});
+bool Effects::MayHave(const Effect& effect) const {
+  return MayAffectAny(effect.action) ||
+         effects_.contains(
+             {effect.action, WithoutTilde(effect.group), effect.number, effect.timer});
 }
 
 Effects EffectsOf(const Group& group) {

@@ -1,5 +1,5 @@
-// Which objects the actions of groups affect, collected in one pass over each group. Checks use it
-// to find objects that wait for an action that nothing performs.
+// The objects that the actions of groups affect, collected in one pass over each group. Checks use
+// this to find objects that wait for an action that no group contains.
 #pragma once
 
 #include <cstdint>
@@ -12,8 +12,9 @@
 
 namespace mheg {
 
-// One kind of effect on one object. The group's name is without its "~", and borrowed from the
-// group that holds the action. `timer` is the number of a timer that SetTimer sets.
+// An effect of an action on one object. `group` is the name of the object's group without its "~",
+// borrowed from the group that contains the action. `timer` is the number of the timer that
+// SetTimer sets.
 struct Effect {
   korvel::Action action{};
   std::string_view group;
@@ -26,22 +27,22 @@ struct Effect {
 
 class Effects {
  public:
-  // Adds the effect of an action. Only the actions that checks ask about are recorded.
+  // Adds the effect of an action, unless no check queries effects of its kind.
   void Add(const korvel::ElementaryAction& action, std::string_view groupName);
   void Add(const Effects& others);
-  // Adds those of the others that may affect a group of that name, or an object in it.
+  // Adds those effects of the others that may affect one of these groups or an object in it.
   void AddOn(const std::set<std::string_view>& groups, const Effects& others);
 
-  // Whether there is any such action, whatever it affects.
-  [[nodiscard]] bool Has(korvel::Action action) const;
-  // Whether there is such an effect, or an action that names its target through a variable.
-  [[nodiscard]] bool May(const Effect& effect) const;
+  // Whether there is such an action on any object.
+  [[nodiscard]] bool HasAction(korvel::Action action) const;
+  // Whether there is such an effect, or such an action whose target or timer a variable determines.
+  [[nodiscard]] bool MayHave(const Effect& effect) const;
 
  private:
-  [[nodiscard]] bool MayBeAny(korvel::Action action) const { return onAny_.contains(action); }
+  [[nodiscard]] bool MayAffectAny(korvel::Action action) const { return onAny_.contains(action); }
 
   std::set<Effect> effects_;
-  // Actions that name their target or timer through a variable, and SendEvent.
+  // Actions whose target or timer a variable determines, and SendEvent.
   std::set<korvel::Action> onAny_;
 };
 

@@ -13,7 +13,7 @@ namespace mheg {
 struct Finding {
   Rule rule{};
   std::optional<std::int32_t> object;  // absent if the finding is about the whole file
-  Message message;                     // a check omits the file and the excerpt
+  Message message;                     // CheckGroup adds the file and the excerpt
 };
 using Findings = std::vector<Finding>;
 

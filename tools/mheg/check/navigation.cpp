@@ -21,7 +21,7 @@ const CheckedGroup* TargetOf(const Carousel& carousel, const CheckedGroup& from,
   return carousel.Find(from, target.Reference.GroupIdentifier.View());
 }
 
-// Tuning to a service ends the application.
+// Whether the group has the resident program that tunes to a service, which ends the application.
 bool MayTune(const CheckedGroup& group) {
   return std::any_of(group.objects.begin(), group.objects.end(), [](const auto& entry) {
     return entry.second.type == ItemType::ResidentProgram &&
@@ -40,13 +40,13 @@ Navigation::Navigation(const Carousel& carousel) {
       continue;
     }
     for (const Departure& departure : group.departures) {
-      applicationsLead_ = applicationsLead_ || departure.moment != Moment::Start;
+      applicationsNavigate_ = applicationsNavigate_ || departure.moment != Moment::Start;
       mayDivert_ = mayDivert_ || departure.moment == Moment::Event;
     }
-    applicationsLead_ = applicationsLead_ || MayTune(group);
+    applicationsNavigate_ = applicationsNavigate_ || MayTune(group);
   }
   FindReached(carousel);
-  FindNexts(carousel);
+  FindSuccessors(carousel);
   FindCycles();
 }
 
@@ -68,52 +68,53 @@ void Navigation::FindReached(const Carousel& carousel) {
   }
 }
 
-// A group leads to another one in any case if all its departures at its start lead there and no
-// event can lead anywhere else before.
-Navigation::Next Navigation::NextOf(const Carousel& carousel, const CheckedGroup& group) const {
-  Next next;
-  if (mayDivert_) return next;
+// A group has a successor if its start always leads there: all departures that may happen during
+// the start lead to the same group, and no event can cause another departure first.
+Navigation::Successor Navigation::SuccessorOf(const Carousel& carousel,
+                                              const CheckedGroup& group) const {
+  Successor successor;
+  if (mayDivert_) return successor;
   for (const Departure& departure : group.departures) {
     if (departure.moment == Moment::Input || IsTransitionTo(*departure.action, group.Group())) {
       continue;
     }
     const bool mayBeInactive =
-        departure.object != 0 && carousel.May(group, Action::Deactivate, departure.object);
+        departure.object != 0 && carousel.MayAffect(group, Action::Deactivate, departure.object);
     const bool isSpawn = ActionOf(*departure.action) == Action::Spawn;
     const CheckedGroup* target = TargetOf(carousel, group, departure);
-    const bool isOther = next.group != nullptr && next.group != target;
+    const bool isOther = successor.group != nullptr && successor.group != target;
     if (departure.moment == Moment::Event || mayBeInactive || isSpawn || target == nullptr ||
         isOther) {
       return {};
     }
-    if (next.group == nullptr) next = {&departure, target};
+    if (successor.group == nullptr) successor = {&departure, target};
   }
-  return next;
+  return successor;
 }
 
-void Navigation::FindNexts(const Carousel& carousel) {
+void Navigation::FindSuccessors(const Carousel& carousel) {
   for (std::size_t i = 0; i < carousel.Size(); ++i) {
     const CheckedGroup& group = carousel.At(i);
     if (!group.file.group) continue;
-    const Next next = NextOf(carousel, group);
-    if (next.group != nullptr) nexts_[&group] = next;
+    const Successor successor = SuccessorOf(carousel, group);
+    if (successor.group != nullptr) successors_[&group] = successor;
   }
 }
 
-// Every group has at most one next one, so each path is followed until it ends or meets a group
-// that was seen before. If that group is on the same path, it begins a cycle.
+// Every group has at most one successor, so each path is followed until it ends or reaches a
+// group that was visited before. If that group is on the same path, it is part of a cycle.
 void Navigation::FindCycles() {
   std::unordered_map<const CheckedGroup*, std::size_t> pathOf;
   std::size_t path = 0;
-  for (const auto& [first, ignored] : nexts_) {
+  for (const auto& [first, ignored] : successors_) {
     ++path;
     const CheckedGroup* group = first;
-    while (nexts_.contains(group) && pathOf.emplace(group, path).second) {
-      group = nexts_.at(group).group;
+    while (successors_.contains(group) && pathOf.emplace(group, path).second) {
+      group = successors_.at(group).group;
     }
-    if (!nexts_.contains(group) || pathOf.at(group) != path) continue;
-    while (cycles_.emplace(group, nexts_.at(group).departure).second) {
-      group = nexts_.at(group).group;
+    if (!successors_.contains(group) || pathOf.at(group) != path) continue;
+    while (cycles_.emplace(group, successors_.at(group).departure).second) {
+      group = successors_.at(group).group;
     }
   }
 }
@@ -123,7 +124,7 @@ bool Navigation::IsReached(const CheckedGroup& group) const {
 }
 
 bool Navigation::HasWayOut(const CheckedGroup& scene) const {
-  return sceneCount_ <= 1 || applicationsLead_ || MayTune(scene) ||
+  return sceneCount_ <= 1 || applicationsNavigate_ || MayTune(scene) ||
          std::any_of(scene.departures.begin(), scene.departures.end(),
                      [&scene](const Departure& departure) {
                        return !IsTransitionTo(*departure.action, scene.Group());

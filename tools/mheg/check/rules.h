@@ -1,5 +1,6 @@
-// The rules of the check, each with the name, the level and the sentence that reports and the
-// documentation use. docs/checks.md has a row for each rule, and tests/unit/mheg/rules a case.
+// The rules of the check, each with its name, its level and the sentence that reports and the
+// documentation use. docs/checks.md has a row for each rule, and tests/unit/mheg/rules has a case
+// for each.
 #pragma once
 
 #include <array>
@@ -9,7 +10,7 @@
 namespace mheg {
 
 enum class Level : std::uint8_t {
-  Error,    // something is missing, or the engine gives up an action list
+  Error,    // something is missing, or the engine abandons an action list
   Warning,  // the engine skips something silently
   Note,     // probably not what the author meant
 };

@@ -12,16 +12,16 @@ namespace mheg {
   return static_cast<korvel::Action>(action.ActionType);
 }
 
-// Whether the value names an object, or a variable that holds the value.
+// Whether the value is a reference to an object or to a variable that holds the value.
 [[nodiscard]] inline bool IsReference(const korvel::GenericValue& value) {
   return value.Kind == korvel::ValueKind::ObjectReference ||
          value.Kind == korvel::ValueKind::IndirectReference;
 }
 
-// Base class of all that walks a group. `currentObject` and `currentClass` are the number and class
-// of the object being visited; outside items they are the group's own. `currentKeyword` is that of
-// its attribute, or empty for the object itself, and `currentAction` the index of the action among
-// all actions of the attribute, or -1.
+// Base class of visitors. `currentObject` and `currentClass` are the number and class of the object
+// being visited, or of the group itself outside items. `currentKeyword` is the keyword of the
+// attribute being visited, or empty for the object itself. `currentAction` is the index of the
+// action being visited among all actions of the attribute, or -1.
 class GroupVisitor {
  public:
   virtual ~GroupVisitor() = default;
@@ -29,7 +29,7 @@ class GroupVisitor {
   virtual void VisitObject(korvel::ItemType /*type*/, const korvel::Ingredient& /*record*/) {}
   virtual void VisitAction(const korvel::ElementaryAction& /*action*/) {}
   // Called for every reference: event sources, group members, targets, parameters, and variables
-  // that are read.
+  // that hold values.
   virtual void VisitReference(const korvel::ObjectReference& /*reference*/) {}
   // Called for every path of referenced content.
   virtual void VisitContentPath(const korvel::OctetString& /*path*/) {}

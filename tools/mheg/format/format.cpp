@@ -1,4 +1,4 @@
-// A text with errors is not laid out, because its brackets may be wrong.
+// A source file with errors is not laid out, because its brackets may be wrong.
 #include "mheg/format/format.h"
 
 #include <cstdio>
@@ -21,8 +21,8 @@ namespace fs = std::filesystem;
 // The result for one file.
 struct Formatting {
   Messages messages;
-  bool isGood = true;  // the text has no errors and, unless it was only checked, is laid out now
-  bool isChanged = false;  // the layout was different
+  bool isGood = true;  // the file has no errors and, unless it was only checked, is laid out now
+  bool isChanged = false;  // the file was not laid out before
 };
 
 Formatting Failed(Formatting formatting, const fs::path& path, const std::string& reason) {
@@ -48,37 +48,37 @@ Formatting FormatFile(const fs::path& path, bool isCheck) {
   return formatting;
 }
 
-// The texts among these files and in these folders, each once and in order. A linked folder belongs
-// to others, so its texts are left alone. Adds a message for each folder that cannot be read.
-std::vector<fs::path> TextsIn(const std::vector<fs::path>& paths, Messages& messages) {
-  std::set<fs::path> texts;
+// These files and the source files in these folders, each once and in order. Skips linked folders,
+// because their files belong to another folder. Adds a message for each folder that cannot be read.
+std::vector<fs::path> SourceFilesIn(const std::vector<fs::path>& paths, Messages& messages) {
+  std::set<fs::path> files;
   for (const fs::path& path : paths) {
     std::error_code problem;
     if (!fs::is_directory(path, problem)) {
-      texts.insert(path);
+      files.insert(path);
       continue;
     }
     for (const fs::path& file : FilesIn(path, FolderLinks::Skipped, messages)) {
-      if (IsText(file) && fs::is_regular_file(file, problem)) texts.insert(file);
+      if (IsSourceFile(file) && fs::is_regular_file(file, problem)) files.insert(file);
     }
   }
-  return {texts.begin(), texts.end()};
+  return {files.begin(), files.end()};
 }
 
 }  // namespace
 
 bool Format(const std::vector<fs::path>& paths, bool isCheck, unsigned jobs) {
   Messages messages;
-  const std::vector<fs::path> texts = TextsIn(paths, messages);
-  std::vector<Formatting> results(texts.size());
-  RunBatch(texts.size(), jobs,
-           [&](std::size_t index) { results[index] = FormatFile(texts[index], isCheck); });
+  const std::vector<fs::path> files = SourceFilesIn(paths, messages);
+  std::vector<Formatting> results(files.size());
+  RunBatch(files.size(), jobs,
+           [&](std::size_t index) { results[index] = FormatFile(files[index], isCheck); });
   Print(messages, stderr);
   bool isGood = messages.empty();
-  for (std::size_t i = 0; i < texts.size(); ++i) {
+  for (std::size_t i = 0; i < files.size(); ++i) {
     Print(results[i].messages, stderr);
     const bool isListed = isCheck && results[i].isChanged;
-    if (isListed) std::printf("%s\n", TextOf(texts[i]).c_str());
+    if (isListed) std::printf("%s\n", TextOf(files[i]).c_str());
     isGood = isGood && results[i].isGood && !isListed;
   }
   return isGood;

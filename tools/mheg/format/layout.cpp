@@ -1,5 +1,5 @@
-// One pass over the tokens, which decides for each whether it begins a line. Only brackets need to
-// look ahead: whether everything up to the closing one fits on the line.
+// One pass over the tokens, which decides for each whether it begins a line. Only an opening
+// bracket needs to look ahead: whether everything up to its closing bracket fits on the line.
 #include "mheg/format/layout.h"
 
 #include <unordered_map>
@@ -52,12 +52,12 @@ class Layout {
   }
 
  private:
-  // An opening bracket whose closing one is yet to come.
+  // An opening bracket whose closing bracket has not been written yet.
   struct Bracket {
     Kind kind = Kind::Values;
     bool isOnOneLine = false;
     bool hasLines = false;  // a line has begun within it
-    std::size_t level = 0;  // of indentation, of the line with the bracket
+    std::size_t level = 0;  // indentation level of the line with the bracket
   };
 
   [[nodiscard]] const Token& Next() const { return tokens_[next_]; }
@@ -69,8 +69,8 @@ class Layout {
 
   // ---- Looking ahead ----
 
-  // Finds the partners of all brackets, and the columns that the tokens would have if the whole
-  // text were on one line.
+  // Finds the closing brackets of all opening brackets, and the columns that the tokens would have
+  // if the whole text were on one line.
   void Measure() {
     closing_.resize(tokens_.size());
     columns_.push_back(0);
@@ -164,7 +164,7 @@ class Layout {
     }
     result_.append(2 * level_, ' ');
   }
-  // Whether the token is part of an attribute's values, which a comment has interrupted.
+  // Whether the token continues the values of an attribute after a comment.
   [[nodiscard]] bool ContinuesAttribute() const {
     return open_.back().kind == Kind::Object && !Next().Closes() && !Next().IsComment() &&
            StartAt(next_) != Start::Attribute;
@@ -180,8 +180,8 @@ class Layout {
 
   std::vector<Token> tokens_;
   std::unordered_map<std::size_t, Start> starts_;  // by offset
-  std::vector<std::size_t> closing_;               // of each opening bracket, its partner
-  std::vector<std::size_t> columns_;               // at the end of each token; of the first: [1]
+  std::vector<std::size_t> closing_;  // for each opening bracket, the index of its closing bracket
+  std::vector<std::size_t> columns_;  // [i + 1]: the column at the end of token i
   std::size_t next_ = 0;
   std::vector<Bracket> open_;
   std::size_t level_ = 0;  // of the current line

@@ -22,7 +22,7 @@ std::size_t LineEndsIn(std::string_view blanks) {
   return count;
 }
 
-// A comment ends with its line, or before the blanks there.
+// A comment ends with its line. Blanks at the end of the line are not part of it.
 std::size_t EndOfComment(std::string_view text, std::size_t begin) {
   const std::string_view line = text.substr(0, text.find_first_of(kLineEnds, begin));
   return line.find_last_not_of(kBlanks) + 1;

@@ -1,5 +1,5 @@
-// The tokens of a text that has been read without errors, including its comments, for tools that
-// rewrite the text. The reader's own tokens contain neither comments nor line ends.
+// The tokens of source text that has been read without errors, including its comments, for tools
+// that rewrite it. The reader's own tokens contain neither comments nor line ends.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 // Traces an action back to the link that contains it, from the link's event to the actions that
-// cause it, and so on up to events from outside.
+// cause that event, and so on to events from outside.
 #include "mheg/graph/causes.h"
 
 #include "mheg/check/walk.h"
@@ -41,8 +41,8 @@ std::string WordsOf(const LinkCondition& condition) {
 
 }  // namespace
 
-bool HeldAction::IsOn(const Carousel& carousel, const CheckedGroup& holder,
-                      std::int32_t number) const {
+bool HeldAction::Targets(const Carousel& carousel, const CheckedGroup& holder,
+                         std::int32_t number) const {
   const ObjectReference& target = action->Target.Reference;
   const bool isDirect = action->Target.Kind == ValueKind::ObjectReference;
   return isDirect && target.Number == number &&
@@ -109,7 +109,7 @@ bool Causes::AddCausesOf(std::initializer_list<Action> actions, const CheckedGro
   bool isFound = false;
   for (const HeldAction& held : actions_) {
     for (const Action action : actions) {
-      if (ActionOf(*held.action) != action || !held.IsOn(carousel_, group, number)) continue;
+      if (ActionOf(*held.action) != action || !held.Targets(carousel_, group, number)) continue;
       isFound = true;
       Add(held, causes);
     }

@@ -11,7 +11,7 @@
 
 namespace mheg {
 
-// An action of a group, and where it is.
+// An action of a group, with its position.
 struct HeldAction {
   const CheckedGroup* group = nullptr;
   std::int32_t object = 0;             // the number of the object or group that holds it
@@ -19,9 +19,9 @@ struct HeldAction {
   const char* keyword = "";            // of the attribute that holds it
   const korvel::ElementaryAction* action = nullptr;
 
-  // Whether the action's target is that object of the group `holder`.
-  [[nodiscard]] bool IsOn(const Carousel& carousel, const CheckedGroup& holder,
-                          std::int32_t number) const;
+  // Whether the action's target is the object `number` of the group `holder`.
+  [[nodiscard]] bool Targets(const Carousel& carousel, const CheckedGroup& holder,
+                             std::int32_t number) const;
 };
 
 // All actions of a group.
@@ -29,11 +29,11 @@ struct HeldAction {
 
 class Causes {
  public:
-  // The actions are those of the groups in which causes are searched. Borrowed.
+  // Searches for causes among these actions. Borrows both arguments.
   Causes(const Carousel& carousel, const std::vector<HeldAction>& actions)
       : carousel_(carousel), actions_(actions) {}
 
-  // In words: "Red", "start", "TimerFired 1".
+  // The causes in words: "Red", "start", "TimerFired 1".
   [[nodiscard]] std::set<std::string> Of(const HeldAction& held);
 
  private:
@@ -45,7 +45,7 @@ class Causes {
 
   const Carousel& carousel_;
   const std::vector<HeldAction>& actions_;
-  std::set<const void*> seen_;  // the actions on the way, because causes may be circular
+  std::set<const void*> seen_;  // the actions traced so far, because causes may be circular
 };
 
 }  // namespace mheg

@@ -1,4 +1,5 @@
-// Nodes are numbered, because names may hold any character and several carousels may share names.
+// Nodes are numbered, because names may contain any character and several carousels may have the
+// same names.
 #include "mheg/graph/graph.h"
 
 #include <cstdio>
@@ -41,17 +42,17 @@ class FileCollector : public GroupVisitor {
   std::set<std::string> files;
 };
 
-// The graph of one carousel, added to a text.
+// Appends the graph of one carousel to `text`.
 class CarouselGraph {
  public:
   CarouselGraph(const Carousel& carousel, std::string& text) : carousel_(carousel), text_(text) {}
 
-  // `nodeCount` continues from one carousel to the next.
+  // `nodeCount` is the number of nodes written so far, of all carousels.
   void Write(std::size_t& nodeCount) {
     nodeCount_ = nodeCount;
     for (std::size_t i = 0; i < carousel_.Size(); ++i) {
       const CheckedGroup& group = carousel_.At(i);
-      if (!group.isAskedFor || !group.file.group) continue;
+      if (!group.isChecked || !group.file.group) continue;
       const bool isApplication = korvel::IsApplication(group.file.group);
       nodes_[&group] = AddNode(group.Name(), isApplication ? "shape=oval style=bold" : "shape=box");
     }
@@ -68,19 +69,20 @@ class CarouselGraph {
     text_ += "  " + name + " [label=" + Quoted(label) + " " + attributes + "]\n";
     return name;
   }
-  void Edge(const std::string& from, const std::string& to, const std::string& attributes) {
+  void AddEdge(const std::string& from, const std::string& to, const std::string& attributes) {
     text_.append("  ").append(from).append(" -> ").append(to);
     text_.append(" [").append(attributes).append("]\n");
   }
-  // The node of something that is not a group of the carousel; added if it is new.
+  // The node for anything that is not a group of the carousel. Adds it if it is new.
   const std::string& OtherNode(const std::string& label, const char* attributes) {
     std::string& node = others_[label];
     if (node.empty()) node = AddNode(label, attributes);
     return node;
   }
 
-  // The actions in which the causes of a group's actions are searched.
-  std::vector<HeldAction> ActionsAround(const CheckedGroup& group) const {
+  // The actions among which the causes of a group's actions are searched: those of the group and of
+  // its application.
+  std::vector<HeldAction> PossibleCauses(const CheckedGroup& group) const {
     std::vector<HeldAction> actions = actions_.at(&group);
     const CheckedGroup* application = carousel_.ApplicationOf(group);
     const auto ofApplication = actions_.find(application);
@@ -104,20 +106,20 @@ class CarouselGraph {
 
   void AddEdges(const CheckedGroup& group) {
     const std::string& node = nodes_.at(&group);
-    const std::vector<HeldAction> around = ActionsAround(group);
-    Causes causes(carousel_, around);
+    const std::vector<HeldAction> possibleCauses = PossibleCauses(group);
+    Causes causes(carousel_, possibleCauses);
     std::map<std::string, std::set<std::string>> labels;  // by target
     for (const HeldAction& held : actions_.at(&group)) {
       if (!LeadsToGroup(ActionOf(*held.action))) continue;
       labels[TargetOf(group, *held.action)].merge(causes.Of(held));
     }
     for (const auto& [target, words] : labels) {
-      Edge(node, target, "label=" + Quoted(Joined(words, ", ")));
+      AddEdge(node, target, "label=" + Quoted(Joined(words, ", ")));
     }
     FileCollector collector;
     Walk(group.Group(), collector);
     for (const std::string& file : collector.files) {
-      Edge(node, OtherNode(file, "shape=note"), "style=dashed arrowhead=none");
+      AddEdge(node, OtherNode(file, "shape=note"), "style=dashed arrowhead=none");
     }
   }
 
@@ -129,7 +131,7 @@ class CarouselGraph {
   std::map<const CheckedGroup*, std::vector<HeldAction>> actions_;
 };
 
-// The carousels with all their groups read. Adds the errors in them.
+// Finds the carousels and reads all their groups. Adds the errors of the groups to draw.
 std::vector<Carousel> Load(const std::vector<fs::path>& paths, Messages& messages) {
   Findings findings;
   std::vector<Carousel> carousels = FindCarousels(paths, findings);
@@ -138,7 +140,7 @@ std::vector<Carousel> Load(const std::vector<fs::path>& paths, Messages& message
     RunBatch(carousel.Size(), 0, [&](std::size_t i) { carousel.Load(i); });
     for (std::size_t i = 0; i < carousel.Size(); ++i) {
       const CheckedGroup& group = carousel.At(i);
-      if (!group.isAskedFor) continue;
+      if (!group.isChecked) continue;
       messages.insert(messages.end(), group.file.messages.begin(), group.file.messages.end());
     }
   }
@@ -155,7 +157,8 @@ std::string GraphOf(const std::vector<Carousel>& carousels) {
 }
 
 // The picture that Graphviz draws of a graph, as SVG; empty if that fails. Graphviz reports errors
-// itself. It runs in a temporary folder, so that its command holds no path, which may need quotes.
+// itself. It runs in a temporary folder, so that its command contains no path, which might need
+// quotes.
 std::string Draw(const std::string& graph) {
   std::error_code problem;
   const fs::path before = fs::current_path(problem);

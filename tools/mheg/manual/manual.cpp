@@ -47,7 +47,7 @@ std::string ValueOf(const CLI::Option& option) {
 
 // ---- The manual page ----
 
-// Text as troff reads it: a "-" is not a hyphen, and a "." that begins a line no request.
+// Text as troff input: "-" is not a hyphen, and "." at the start of a line is not a request.
 std::string Escaped(const std::string& text) {
   std::string escaped;
   for (const char c : text) {
@@ -100,7 +100,7 @@ std::string Section(const CLI::App& command) {
 
 // ---- Completions ----
 
-// The cases of a shell's `case` for the options of a command whose values are a choice of words.
+// The branches of a shell's `case` for the options of a command that take one of several words.
 std::string WordCases(const CLI::App& command) {
   std::string cases;
   for (const CLI::Option* option : OptionsOf(command)) {
@@ -116,7 +116,7 @@ std::string WordCases(const CLI::App& command) {
   return cases;
 }
 
-// A page for `man`, with all commands that --help lists.
+// A page for `man` with all commands that --help lists.
 std::string ManualPage(const CLI::App& app) {
   std::string page = ".TH MHEG 1 \"\" \"mheg " TOOL_VERSION "\" \"User Commands\"\n"
                      ".SH NAME\nmheg \\- tool for authors of MHEG\\-5 applications\n"

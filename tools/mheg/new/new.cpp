@@ -1,4 +1,4 @@
-// The files are those of the folder `template`, which the build turns into string literals.
+// The build turns the files of the folder `template` into string literals.
 #include "mheg/new/new.h"
 
 #include <cstdio>

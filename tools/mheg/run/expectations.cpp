@@ -1,4 +1,4 @@
-// Compares states of the engine core with the words of a script.
+// Compares the state of the engine core with the words of a script.
 #include "mheg/run/expectations.h"
 
 #include <charconv>
@@ -16,7 +16,7 @@ using korvel::FoundObject;
 using korvel::ItemType;
 using Words = std::vector<std::string>;
 
-// The form of a state: its word, whether an object follows, and how many values.
+// The form of an expectation: its word, whether an object follows, and the number of values.
 struct Form {
   std::string_view word;
   bool hasObject;
@@ -50,7 +50,7 @@ std::optional<std::int32_t> NumberIn(std::string_view text) {
 // The parts of an expectation.
 struct Expectation {
   const Form* form = nullptr;
-  std::string group;  // empty: the scene's or the application's
+  std::string group;  // empty: the current scene or application
   std::int32_t number = 0;
   Words values;
 };
@@ -92,7 +92,7 @@ FoundObject Find(const Expectation& expected) {
   return FindObject(Scope::SceneFirst, application, expected.number);
 }
 
-// Quotes may be omitted around a text.
+// A script may omit the quotes around a string.
 bool IsSameValue(const std::string& actual, const std::string& expected) {
   return actual == expected || actual == Quoted(expected);
 }
@@ -110,7 +110,7 @@ std::string StateOf(const korvel::ListGroup& list) {
   return state;
 }
 
-std::optional<std::string> DifferenceTo(bool isSame, const std::string& actual) {
+std::optional<std::string> ActualUnless(bool isSame, const std::string& actual) {
   return isSame ? std::nullopt : std::optional(actual);
 }
 
@@ -118,10 +118,10 @@ std::optional<std::string> DifferenceOfStatus(const FoundObject& found, std::str
   const std::string status = StatusOf(found);
   const bool isAvailable = word == "available" && found.object->AvailabilityStatus;
   const bool isStopped = word == "stopped" && !found.object->RunningStatus;
-  return DifferenceTo(isAvailable || isStopped || status == word, status);
+  return ActualUnless(isAvailable || isStopped || status == word, status);
 }
 
-// The state of an object that exists.
+// Compares the state of an object that exists.
 std::optional<std::string> DifferenceOf(const Expectation& expected, const FoundObject& found) {
   const std::string_view word = expected.form->word;
   if (word == "running" || word == "stopped" || word == "available") {
@@ -129,22 +129,22 @@ std::optional<std::string> DifferenceOf(const Expectation& expected, const Found
   }
   if (word == "variable" && korvel::Contains(korvel::kVariables, found.type)) {
     const std::string value = ValueOf(found.As<korvel::Ingredient>());
-    return DifferenceTo(IsSameValue(value, Joined(expected.values, " ")), value);
+    return ActualUnless(IsSameValue(value, Joined(expected.values, " ")), value);
   }
   if (word == "text" && korvel::Contains(korvel::kTexts, found.type)) {
     const std::string text = Quoted(found.As<korvel::Text>().TextData.View());
-    return DifferenceTo(IsSameValue(text, Joined(expected.values, " ")), text);
+    return ActualUnless(IsSameValue(text, Joined(expected.values, " ")), text);
   }
   if (word == "position" && korvel::Contains(korvel::kVisibles, found.type)) {
     const korvel::Position& at = found.As<korvel::Visible>().Position;
     const std::string position = std::to_string(at.X) + " " + std::to_string(at.Y);
-    return DifferenceTo(position == Joined(expected.values, " "), position);
+    return ActualUnless(position == Joined(expected.values, " "), position);
   }
   if (word == "list" && found.type == ItemType::ListGroup) {
     const std::string state = StateOf(found.As<korvel::ListGroup>());
     const std::string wanted = Joined(expected.values, " ");
     const bool isFirstAlone = expected.values.size() == 1;
-    return DifferenceTo(state == wanted || (isFirstAlone && state.starts_with(wanted + " ")),
+    return ActualUnless(state == wanted || (isFirstAlone && state.starts_with(wanted + " ")),
                         state);
   }
   return "an object of class " + ClassName(found.type);
@@ -153,7 +153,7 @@ std::optional<std::string> DifferenceOf(const Expectation& expected, const Found
 std::optional<std::string> DifferenceOfGroup(const std::string& expected,
                                              const korvel::Group* group) {
   const std::string_view name = GroupName(group);
-  return DifferenceTo(korvel::IsSameGroup(name, expected), std::string(name));
+  return ActualUnless(korvel::IsSameGroup(name, expected), std::string(name));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The drawing functions of a run without a window: they draw nothing. The redraw itself is the
-// library's, so a missing picture raises its event as it does there.
+// The drawing functions of a run without a window, which draw nothing. The redraw itself is that of
+// the library, so a missing picture raises the same event.
 #include "appearance/content_file.h"
 #include "appearance/geometry.h"
 #include "objects/limits.h"

@@ -1,5 +1,5 @@
-// Does the work of the library's worker thread, one step after the other: keys and timers become
-// events, a restart starts the engine again, and the end closes it.
+// Does the work of the library's worker thread, one step after the other: raises events for keys
+// and timers, restarts the engine, and closes it at the end.
 #include "mheg/run/run.h"
 
 #include <algorithm>
@@ -27,29 +27,29 @@ using korvel::EventType;
 using korvel::RestartReason;
 using korvel::Status;
 
-// An application that quits as soon as it starts would be started again forever.
+// Without this limit, an application that quits as soon as it starts would be restarted forever.
 constexpr int kMostRestartsInARow = 10;
-// Without keys and without a script, content runs until nothing can happen any more, but not longer
-// than this.
+// The time limit for content that runs without keys and without a script, until nothing can happen
+// any more.
 constexpr std::uint32_t kLongestRunMs = 60'000;
 
-void RedrawAtOnce() {
+void RedrawNow() {
   korvel::ResetRedrawCounter();
   static_cast<void>(korvel::Redraw());
 }
 
-// Starts the engine. False if there is no start-up application.
+// Starts the engine. Returns false if there is no start-up application.
 bool Start(std::string_view path) {
   korvel::BeginWork();
   korvel::ResetRedrawCounter();
   TheSurroundings().mayRun = true;
   const bool isStarted = korvel::StartEngine(path) != Status::Refused;
-  if (isStarted) RedrawAtOnce();
+  if (isStarted) RedrawNow();
   TheSurroundings().mayRun = isStarted && !TheSurroundings().restart;
   return isStarted;
 }
 
-// Carries out the restart that content has requested. False if the engine does not run any more.
+// Restarts the engine if content has requested that. Returns false if the engine no longer runs.
 bool RestartIfRequested() {
   for (int restarts = 0; TheSurroundings().restart; ++restarts) {
     if (restarts == kMostRestartsInARow) {
@@ -75,7 +75,7 @@ void Raise(EventType type, std::int32_t value) {
   if (!korvel::MayRun()) return;
   korvel::ResetRedrawCounter();
   static_cast<void>(korvel::RaiseOutsideEvent(0, type, value));
-  RedrawAtOnce();
+  RedrawNow();
 }
 
 class Player {
@@ -104,7 +104,7 @@ class Player {
     return options_.trace == TraceForm::Json ? TraceForm::Json : TraceForm::Text;
   }
 
-  // False if the engine does not run any more.
+  // Returns false if the engine no longer runs.
   bool PlaySteps(const std::vector<Step>& steps) {
     for (const Step& step : steps) {
       if (!ExpireTimers(TheSurroundings().now)) return false;
@@ -121,7 +121,7 @@ class Player {
       case StepKind::Until:
       case StepKind::Expose:
       case StepKind::Shot:
-      case StepKind::Catch: break;  // need a picture
+      case StepKind::Catch: break;  // these need a picture
       }
     }
     return options_.HasSteps() || WaitUntilIdle();
@@ -138,7 +138,8 @@ class Player {
     return true;
   }
 
-  // Lets the timers expire that are due at `limit` or earlier.
+  // Expires the timers that are due at `limit` or earlier. Returns false if the engine no longer
+  // runs.
   static bool ExpireTimers(std::uint64_t limit) {
     Surroundings& surroundings = TheSurroundings();
     while (const auto id = NextTimer(limit)) {
@@ -174,7 +175,7 @@ class Player {
   bool hasDifferences_ = false;
 };
 
-// Reads a date and a time such as "2024-06-07T20:15:00"; the time may be omitted.
+// Reads a date and a time such as "2024-06-07T20:15:00". A date alone means midnight.
 std::optional<std::chrono::sys_seconds> ReadLocalTime(const std::string& text) {
   using namespace std::chrono;
   int year = 0;
@@ -192,7 +193,7 @@ std::optional<std::chrono::sys_seconds> ReadLocalTime(const std::string& text) {
   return sys_days(date) + hours(hour) + minutes(minute) + seconds(second);
 }
 
-int Refuse(const std::string& problem) {
+int FailUsage(const std::string& problem) {
   std::fprintf(stderr, "mheg: %s\n", problem.c_str());
   return kWrongUse;
 }
@@ -212,10 +213,10 @@ bool ReadSteps(const RunOptions& options, std::vector<Step>& steps, std::string&
 int Run(const RunOptions& options) {
   std::vector<Step> steps;
   std::string problem;
-  if (!ReadSteps(options, steps, problem)) return Refuse(problem);
+  if (!ReadSteps(options, steps, problem)) return FailUsage(problem);
   const auto localTimeAtStart = ReadLocalTime(options.date);
   if (!localTimeAtStart)
-    return Refuse("no such date: " + options.date + " (as 2024-06-07T20:15:00)");
+    return FailUsage("no such date: " + options.date + " (as 2024-06-07T20:15:00)");
 
   Messages messages;
   Surroundings& surroundings = TheSurroundings();
@@ -223,7 +224,7 @@ int Run(const RunOptions& options) {
   Print(messages, stderr);
   if (!messages.empty()) return kBadInput;
   for (const std::string& path : options.missing) {
-    if (!surroundings.files.Remove(path)) return Refuse("--missing: there is no file " + path);
+    if (!surroundings.files.Remove(path)) return FailUsage("--missing: there is no file " + path);
   }
   surroundings.latencyMs = options.latencyMs;
   surroundings.localTimeAtStart = *localTimeAtStart;

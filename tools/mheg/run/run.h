@@ -5,7 +5,7 @@
 
 namespace mheg {
 
-// Returns the exit status of the tool: 0 if the carousel was played and every expectation was met.
+// Returns the exit status of the tool: 0 if the carousel was played and met every expectation.
 [[nodiscard]] int Run(const RunOptions& options);
 
 }  // namespace mheg

@@ -1,4 +1,4 @@
-// The display stack as text or JSON.
+// Prints each visible of the display stack as text or JSON.
 #include "mheg/run/scene_graph.h"
 
 #include <string>

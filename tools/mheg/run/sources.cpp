@@ -10,14 +10,15 @@ namespace {
 using korvel::ActionList;
 using korvel::ItemType;
 
-// An attribute with actions, and the index of the list's first action among all of its actions.
-struct ListPlace {
+// The attribute that holds a list, and the index of the list's first action among all actions of
+// the attribute.
+struct ListPosition {
   std::int32_t object = 0;
   std::string_view keyword;
   std::int32_t first = 0;
 };
 
-// Searches slots. Adds the actions of the slots before the list to `count`.
+// Searches slots for the list. Adds the number of actions in the slots before it to `count`.
 bool IsInSlots(const korvel::List<korvel::ActionSlot>& slots, const ActionList& list,
                std::int32_t& count) {
   for (const korvel::ActionSlot& slot : slots) {
@@ -27,32 +28,33 @@ bool IsInSlots(const korvel::List<korvel::ActionSlot>& slots, const ActionList& 
   return false;
 }
 
-std::optional<ListPlace> FindInTokenGroup(const korvel::TokenGroup& group, const ActionList& list) {
+std::optional<ListPosition> FindInTokenGroup(const korvel::TokenGroup& group,
+                                             const ActionList& list) {
   std::int32_t count = 0;
   if (IsInSlots(group.NoTokenActionSlots, list, count)) {
-    return ListPlace{group.Reference.Number, ":NoTokenActionSlots", count};
+    return ListPosition{group.Reference.Number, ":NoTokenActionSlots", count};
   }
   count = 0;
   for (const korvel::TokenGroupItem& item : group.TokenGroupItems) {
     if (IsInSlots(item.ActionSlots, list, count)) {
-      return ListPlace{group.Reference.Number, ":TokenGroupItems", count};
+      return ListPosition{group.Reference.Number, ":TokenGroupItems", count};
     }
   }
   return std::nullopt;
 }
 
-std::optional<ListPlace> FindInItem(const korvel::Item& item, const ActionList& list) {
+std::optional<ListPosition> FindInItem(const korvel::Item& item, const ActionList& list) {
   if (item.Type() == ItemType::Link) {
     const auto& link = item.As<korvel::Link>();
     if (&link.LinkEffect != &list) return std::nullopt;
-    return ListPlace{link.Reference.Number, ":LinkEffect", 0};
+    return ListPosition{link.Reference.Number, ":LinkEffect", 0};
   }
   if (!korvel::Contains(korvel::kTokenGroups, item.Type())) return std::nullopt;
   return FindInTokenGroup(item.As<korvel::TokenGroup>(), list);
 }
 
-std::optional<ListPlace> FindList(const korvel::Group& group, const ActionList& list) {
-  if (&group.OnStartUp == &list) return ListPlace{group.Reference.Number, ":OnStartUp", 0};
+std::optional<ListPosition> FindList(const korvel::Group& group, const ActionList& list) {
+  if (&group.OnStartUp == &list) return ListPosition{group.Reference.Number, ":OnStartUp", 0};
   for (const korvel::Item& item : group.Items) {
     if (const auto place = FindInItem(item, list)) return place;
   }
@@ -81,7 +83,7 @@ Source Sources::Find(const korvel::Group* group, std::int32_t object, std::strin
                      std::int32_t action) const {
   const auto file = running_.find(group);
   if (file == running_.end() || file->second == nullptr) return {};
-  return {file->second->text, file->second->places.Find(object, keyword, action).line};
+  return {file->second->source, file->second->places.Find(object, keyword, action).line};
 }
 
 }  // namespace mheg

@@ -1,4 +1,4 @@
-// The platform functions of the core for a run without a window.
+// The platform functions that the core calls, for a run without a window.
 #include "mheg/run/surroundings.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 namespace mheg {
 namespace {
 
-// The shortest period of a window's timer.
+// Windows timers have no shorter period.
 constexpr std::uint32_t kShortestPeriodMs = 10;
 
 }  // namespace
@@ -62,7 +62,7 @@ void RequestRestart(RestartReason reason) {
   TheSurroundings().restart = reason;
 }
 
-// The library writes to a file here, and only if its developer asks for that.
+// The library writes the line to its trace stream, which only its developers open.
 void Trace(const char* /*line*/) {}
 
 std::uint32_t MillisecondsSinceProcessStart() {

@@ -1,6 +1,6 @@
 // The surroundings of the engine core without a window: files in memory, a virtual clock with
-// timers, and a local time that is chosen. Time advances only in waits: those of a script, those
-// of the engine, and those for files.
+// timers, and a local time that starts at a chosen date. Time advances only during waits: of the
+// script, of the engine, and for files.
 #pragma once
 
 #include <chrono>
@@ -16,14 +16,14 @@
 namespace mheg {
 
 struct PendingTimer {
-  std::uint64_t due = 0;    // virtual time
+  std::uint64_t due = 0;    // in virtual time, like Surroundings::now
   std::uint64_t order = 0;  // timers that are due at the same time expire in the order of setting
 };
 
 struct Surroundings {
   CarouselFiles files;
   std::uint64_t now = 0;        // the virtual time, in milliseconds since the start
-  std::uint32_t latencyMs = 0;  // the time that reading a file takes
+  std::uint32_t latencyMs = 0;  // the virtual time that reading a file takes
   std::chrono::sys_seconds localTimeAtStart;
 
   bool isPlaying = false;  // the engine runs; its messages are collected
@@ -36,10 +36,10 @@ struct Surroundings {
   std::vector<std::string> messages;  // printed by the engine, without their line ends
 };
 
-// The only one of the process.
+// The only instance in the process.
 [[nodiscard]] Surroundings& TheSurroundings();
 
-// The pending timer that expires next, if it is due at `limit` or earlier.
+// The number of the pending timer that expires next, if it is due at `limit` or earlier.
 [[nodiscard]] std::optional<std::uint32_t> NextTimer(std::uint64_t limit);
 
 }  // namespace mheg

@@ -1,4 +1,4 @@
-// Both forms of a line.
+// Collects the fields as JSON; the text form is printed from the words alone.
 #include "mheg/run/trace_line.h"
 
 #include <array>

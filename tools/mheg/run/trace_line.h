@@ -11,7 +11,8 @@ enum class TraceForm : std::uint8_t { None, Text, Json };
 
 class TraceLine {
  public:
-  // A line about `what`, `depth` levels deep, at a virtual time in milliseconds.
+  // `what` is the kind of the line, `now` the virtual time in milliseconds, and `depth` the number
+  // of levels of indentation.
   TraceLine(std::string_view what, std::uint64_t now, std::size_t depth);
 
   // The fields of the JSON form, in this order after "time", "depth" and "what".
@@ -19,7 +20,7 @@ class TraceLine {
   TraceLine& Field(std::string_view name, std::int64_t value);
   TraceLine& FlagField(std::string_view name, bool value);
 
-  // Writes the line to standard output. The text form has only the words.
+  // Writes the line to standard output. The text form has the time and the words, but no fields.
   void Print(TraceForm form, std::string_view words) const;
 
  private:

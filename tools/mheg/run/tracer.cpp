@@ -1,4 +1,4 @@
-// The observer of the core for a run.
+// Implements the observer of the core for a run.
 #include "mheg/run/tracer.h"
 
 #include <array>
@@ -20,8 +20,8 @@ using korvel::ValueKind;
 // An action list in progress.
 struct OpenList {
   const korvel::ActionHolder* list;
-  const korvel::ElementaryAction* action;  // the one that began last
-  std::size_t depth;                       // of the lines of its actions
+  const korvel::ElementaryAction* action;  // the last action that began
+  std::size_t depth;                       // of the lines for its actions
 };
 
 struct Trace {
@@ -37,8 +37,8 @@ Trace& TheTrace() {
   return trace;
 }
 
-// The depth of what the action in progress causes. Steps are at depth 0, so everything else is at
-// least at depth 1.
+// The depth of lines about consequences of the action in progress. Steps have depth 0, all other
+// lines at least depth 1.
 std::size_t Depth() { return TheTrace().open.empty() ? 1 : TheTrace().open.back().depth + 1; }
 
 // A line, `deeper` levels below the action in progress.
@@ -72,7 +72,7 @@ void AddData(const EventData& data, TraceLine& line) {
   if (data.kind == ValueKind::Integer) line.Field("data", data.value);
 }
 
-// Prints the line, with the place in its text.
+// Prints the line with the position in its source file.
 void PrintWithPlace(TraceLine line, const std::string& words, const Source& source) {
   if (source.line == 0) return PrintLine(line, words);
   line.Field("file", source.text).Field("line", source.line);
@@ -113,7 +113,7 @@ void TraceFile(std::string_view path, const CarouselFile* file) {
   TraceLine line = LineAbout("file");
   line.Field("path", path).FlagField("found", file != nullptr);
   if (file == nullptr) return PrintLine(line, "file " + std::string(path) + " not found");
-  if (!file->text.empty()) TheTrace().sources.OnFileRead(*file);
+  if (!file->source.empty()) TheTrace().sources.OnFileRead(*file);
   line.Field("bytes", static_cast<std::int64_t>(file->bytes.size()));
   PrintLine(line, "file " + std::string(path) + " read, " + std::to_string(file->bytes.size()) +
                       " bytes");
@@ -210,7 +210,7 @@ void ObserveListEnd(const ActionHolder& list) {
   mheg::Trace& trace = TheTrace();
   if (!IsTracing() || trace.open.empty() || trace.open.back().list != &list) return;
   trace.open.pop_back();
-  trace.isReasonGiven = true;  // an action that caused others has done something
+  trace.isReasonGiven = true;  // the action that ran this list has had an effect
 }
 
 void ObserveReason(Reason reason, std::int32_t detail) {

@@ -16,14 +16,15 @@ namespace mheg {
 void StartTrace(TraceForm form);
 [[nodiscard]] bool IsTracing();
 
-// A step of the run, the start or the end: everything that it causes is nested in it. `words` says
-// what it is.
+// Traces a step of the run, its start or its end. Everything that the step causes is nested in it.
+// `words` describes the step.
 void TraceStep(std::string_view what, std::string_view words);
 
-// The engine has asked for a file, which is null if there is none.
+// Traces that the engine has requested a file; `file` is null if it does not exist.
 void TraceFile(std::string_view path, const CarouselFile* file);
-// The engine waits, because a file is missing.
+// Traces that the engine waits because a file is missing.
 void TracePause(std::uint32_t milliseconds);
+// Traces that the engine has set a timer.
 void TraceTimer(std::uint32_t id, std::uint32_t periodMs);
 
 }  // namespace mheg

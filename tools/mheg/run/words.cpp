@@ -1,4 +1,5 @@
-// Names objects by their class, number and group, and writes values with the writer of texts.
+// Names objects by their class, number and group, and writes values with the writer of the
+// notation.
 #include "mheg/run/words.h"
 
 #include <iterator>
@@ -54,7 +55,7 @@ const korvel::ActionRow* RowOf(const korvel::ElementaryAction* action) {
   return action == nullptr ? nullptr : korvel::FindAction(action->ActionType);
 }
 
-std::string ClassRefusal(korvel::ItemType type, const korvel::ElementaryAction* action) {
+std::string ClassMismatch(korvel::ItemType type, const korvel::ElementaryAction* action) {
   const korvel::ActionRow* row = RowOf(action);
   std::string text = TargetOf(action) + " is of class " + ClassName(type);
   if (row != nullptr) text += ", " + std::string(row->name) + " wants " + ClassNames(row->accepts);
@@ -64,7 +65,7 @@ std::string ClassRefusal(korvel::ItemType type, const korvel::ElementaryAction* 
 struct ReasonRow {
   Reason reason;
   const char* name;
-  const char* text;  // where the text has an '#', it is replaced by the detail
+  const char* text;  // the detail replaces a '#' in it
 };
 
 constexpr ReasonRow kReasons[] = {
@@ -103,8 +104,8 @@ constexpr ReasonRow kReasons[] = {
 };
 
 constexpr bool HasEachReasonInOrder() {
-  for (std::size_t place = 0; place < std::size(kReasons); ++place) {
-    if (static_cast<std::size_t>(kReasons[place].reason) != place) return false;
+  for (std::size_t i = 0; i < std::size(kReasons); ++i) {
+    if (static_cast<std::size_t>(kReasons[i].reason) != i) return false;
   }
   return std::size(kReasons) == static_cast<std::size_t>(Reason::ListEnds) + 1;
 }
@@ -153,7 +154,7 @@ std::string Quoted(std::string_view bytes) {
 
 std::string ValueOf(const korvel::Ingredient& variable) {
   const korvel::ItemType type = ClassOf(variable);
-  // VisitVariable wants an object that may change; nothing is changed.
+  // VisitVariable takes a mutable object, but the visitor only reads it.
   auto& object = const_cast<korvel::Ingredient&>(variable);
   return korvel::VisitVariable({type, &object}, std::string(), [](const auto& record) {
     return Written([&](korvel::TextWriter& writer) { Write(writer, korvel::ValueOf(record)); });
@@ -172,7 +173,7 @@ std::string TextOf(const korvel::ElementaryAction& action, std::string_view home
 
 std::string TextOf(Reason reason, std::int32_t detail, const korvel::ElementaryAction* action) {
   if (reason == Reason::ClassNotAccepted) {
-    return ClassRefusal(static_cast<korvel::ItemType>(detail), action);
+    return ClassMismatch(static_cast<korvel::ItemType>(detail), action);
   }
   if (reason == Reason::NoTarget) return TargetOf(action) + " does not exist";
   std::string text = RowOf(reason).text;

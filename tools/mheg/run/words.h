@@ -1,5 +1,5 @@
-// The words for objects, values and actions that the trace, the expectations and the scene graph
-// print. They are those of the textual notation.
+// The words for objects, values and actions in the trace, the expectations and the scene graph.
+// They are the words of the textual notation.
 #pragma once
 
 #include <cstdint>
@@ -22,11 +22,11 @@ namespace mheg {
 [[nodiscard]] std::string NameOf(const korvel::Ingredient& object);
 // "Scene ~/menu".
 [[nodiscard]] std::string NameOf(const korvel::Group& group);
-// The same for the object of the running groups with that name. "object 20 of ~/menu" if there is
-// none.
+// The same for the object of a running group with that name; "object 20 of ~/menu" if there is no
+// such object.
 [[nodiscard]] std::string NameOf(std::string_view group, std::int32_t number);
 
-// A string in the notation, with quotes and coded bytes.
+// A string in the notation, with quotes and escaped bytes.
 [[nodiscard]] std::string Quoted(std::string_view bytes);
 
 // The value of a variable in the notation; empty if the object is not a variable.

@@ -14,8 +14,7 @@ namespace mheg {
 class SourcePlaces {
  public:
   SourcePlaces() = default;
-  // Converts the positions that reading `text` has recorded. Takes linear time in the length of the
-  // text.
+  // Converts the positions that reading `text` has recorded, in one pass over the text.
   SourcePlaces(std::string_view text, const korvel::List<korvel::SourcePlace>& places);
 
   // Finds an object by its number (0: the group itself), its attribute by the keyword, such as

@@ -1,5 +1,5 @@
-// Finds values of attributes that the engine replaces or cannot use: colours, font
-// attributes, the scene's size and input event register, and the limits of sliders.
+// Finds values of attributes that the engine replaces or cannot use: colours, font attributes, the
+// scene's size and input event register, and the limits of sliders.
 #include "appearance/colours.h"
 #include "appearance/text_attributes.h"
 #include "mheg/check/check.h"

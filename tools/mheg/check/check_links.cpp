@@ -132,9 +132,9 @@ class LinkCheck : public CheckVisitor {
     const EventRule rule = RuleOf(event);
     const std::string name = EventName(event);
     if (rule.sources == 0) {
-      return ReportNeverFires(":EventType", Rule::ImpossibleEvent,
-                        (WordOf(event) == nullptr ? "there is no event " : "nothing raises ") +
-                            name);
+      return ReportNeverFires(
+          ":EventType", Rule::ImpossibleEvent,
+          (WordOf(event) == nullptr ? "there is no event " : "nothing raises ") + name);
     }
     const bool isSource = CheckSource(condition.EventSource, name, rule.sources);
     const ValueKind data = condition.EventData.Kind;
@@ -174,7 +174,7 @@ class LinkCheck : public CheckVisitor {
     if (condition.EventType != EventType::EngineEvent) return;
     if (!IsEngineEvent(number)) {
       ReportNeverFires(":EventData", Rule::UnknownEngineEvent,
-                 "there is no engine event " + std::to_string(number));
+                       "there is no engine event " + std::to_string(number));
     } else if (IsOfApplication(number)) {
       CheckSource(condition.EventSource, "EngineEvent " + std::to_string(number),
                   SetOf(ItemType::Application));

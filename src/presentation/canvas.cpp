@@ -47,9 +47,8 @@ struct Turn {
 
 void DrawCurve(Gdiplus::GpGraphics* graphics, const Box& box, const Turn& turn,
                const LineAttributes& line, ArcForm form) {
-  const double share = std::abs(turn.sweep) / kFullTurn;
   PenOwner pen;
-  if (!MakePen(line, 2.0 * share * (box.Width() + box.Height()), pen)) return;
+  if (!MakePen(line, 2.0 * (box.Width() + box.Height()), pen)) return;
   const auto draw = form == ArcForm::Arc ? gdip::GdipDrawArcI : gdip::GdipDrawPieI;
   static_cast<void>(
       draw(graphics, pen, box.left, box.top, box.Width(), box.Height(), turn.start, turn.sweep));

@@ -32,6 +32,9 @@ expect 2 "$player" carousel --wait soon
 expect 2 "$player" carousel --script wrong_script
 expect 2 "$player" carousel --missing nothing
 expect 1 player_alone.exe carousel
+lines=3  # the keys are explained first
+expect 1 "$player" carousel --record nowhere/recorded
+grep -q '^korvel-player: cannot write nowhere' err || { cat err; exit 1; }
 lines=0
 expect 0 "$player" --help
 

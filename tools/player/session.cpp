@@ -54,6 +54,11 @@ Session::~Session() {
 }
 
 int Session::Run(MHEG5Host& host, const std::vector<mheg::Step>& steps) {
+  if (!options_.record.empty()) record_.open(options_.record, std::ios::binary);
+  if (!record_) {
+    ReportUnwritable(options_.record);
+    return kRunFailed;
+  }
   if (options_.isWatching) folder_.emplace(options_.carousel);
   hostWindow_ = CreateWindowExA(0, "STATIC", "korvel-player", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                 nullptr, nullptr);
@@ -62,7 +67,8 @@ int Session::Run(MHEG5Host& host, const std::vector<mheg::Step>& steps) {
     return Fail("the engine refuses to start");
   }
   PumpUntil(kWindowLimitMs, [&] { return (engineWindow_ = FindEngineWindow()) != nullptr; });
-  bool isDone = engineWindow_ != nullptr && StartToRecord() && RunSteps(steps);
+  StartToRecord();
+  bool isDone = engineWindow_ != nullptr && RunSteps(steps);
   if (isDone && !options_.screenshot.empty() && !isCloseWanted_) {
     Pump(options_.waitMs);
     isDone = TakePicture(options_.screenshot);
@@ -75,23 +81,20 @@ int Session::Run(MHEG5Host& host, const std::vector<mheg::Step>& steps) {
   return hasFailed_ || !isRecorded ? kRunFailed : 0;
 }
 
-// Starts the picture series and the recording. If the recording cannot be written, reports that and
-// returns false.
-bool Session::StartToRecord() {
+// Starts the picture series and the recording.
+void Session::StartToRecord() {
   const ULONGLONG now = GetTickCount64();
   if (!options_.series.empty()) series_.emplace(options_.series, now);
-  if (options_.record.empty()) return true;
-  record_.open(options_.record, std::ios::binary);
-  recording_.emplace(record_, now);
-  return record_.is_open() || ReportUnwritable(options_.record);
+  if (!options_.record.empty()) recording_.emplace(record_, now);
 }
 
 bool Session::EndRecords() {
   Observe();
   const ULONGLONG now = GetTickCount64();
+  const bool isSeriesWritten = !series_ || series_->End(now) || ReportUnwritable(options_.series);
   if (recording_) recording_->End(now);
-  if (recording_ && !record_) return ReportUnwritable(options_.record);
-  return !series_ || series_->End(now) || ReportUnwritable(options_.series);
+  const bool isRecordWritten = !recording_ || record_ || ReportUnwritable(options_.record);
+  return isSeriesWritten && isRecordWritten;
 }
 
 // Runs until the user closes the window or the folder has been loaded again; with

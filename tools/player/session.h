@@ -43,7 +43,7 @@ class Session {
   void Pump(unsigned milliseconds);
   void TakeMessages();
   void Observe();
-  bool StartToRecord();
+  void StartToRecord();
   bool EndRecords();
   bool RunSteps(const std::vector<mheg::Step>& steps);
   template <typename Condition> void Await(const std::string& wanted, Condition hasCome);

@@ -108,9 +108,10 @@ void RunMessageLoop() {
 // Runs the engine in its window until the window is gone and the worker has ended.
 void RunInWindow() {
   if (!CreateEngineWindow()) return;
-  // Before the worker paints: the window's first painting erases what it shows.
+  // The window's first painting erases it, so the window is shown before the worker paints the
+  // fixed screens. A message that another thread sends meanwhile may close the window.
   ShowEngineWindow();
-  if (CreateWorker()) RunMessageLoop();
+  if (hostState.engineWindow != nullptr && CreateWorker()) RunMessageLoop();
   EndWorkerAndWindow();
 }
 
@@ -206,13 +207,9 @@ void AskToClose(WithoutWindow withoutWindow) {
   const StateLocked locked;
   HWND window = hostState.engineWindow;
   if (hostState.engineThread == nullptr) return;
-  if (window != nullptr) {
-    StopForClose();
-  } else if (withoutWindow == WithoutWindow::Ignore || IsClosing()) {
-    return;
-  } else {
-    StopRunning();
-  }
+  // Without a window the message goes to the caller's own queue, but not during a close.
+  if (window == nullptr && (withoutWindow == WithoutWindow::Ignore || IsClosing())) return;
+  window == nullptr ? StopRunning() : StopForClose();
   PostMessageA(window, WM_CLOSE, 0, 0);
 }
 
@@ -221,7 +218,8 @@ void AskToClose(WithoutWindow withoutWindow) {
 void WaitAnsweringSentMessages(HANDLE object, DWORD limitMs) {
   const ULONGLONG start = GetTickCount64();
   for (DWORD remaining = limitMs;;) {
-    // A message may have arrived before: the caller has seen it in its queue but not answered it.
+    // With this flag the wait also wakes for messages that the caller has seen in its queue but not
+    // answered yet.
     const DWORD answer =
         MsgWaitForMultipleObjectsEx(1, &object, remaining, QS_SENDMESSAGE, MWMO_INPUTAVAILABLE);
     if (answer != WAIT_OBJECT_0 + 1) return;

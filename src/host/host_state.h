@@ -36,7 +36,7 @@ struct ThreadIdentity {
 };
 
 struct HostState {
-  // Guards the next four members and the destruction of the window, so that a close request reaches
+  // Guards the next four members and the end of `engineWindow`, so that a close request reaches
   // the engine it is meant for. It is never held while a function of the host object runs, while a
   // thread waits, or while the window is painted.
   SRWLOCK lock = SRWLOCK_INIT;

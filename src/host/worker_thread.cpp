@@ -140,7 +140,7 @@ bool CreateWorker() {
 
 void EndWorker() {
   WindowState& window = hostState.window;
-  if (window.worker == nullptr) return;
+  if (window.worker == nullptr) return StopForClose();
   {
     const QueuesLocked locked;
     QueueClose();

@@ -1,5 +1,6 @@
 // Whether the engine may work (the running flag and the request to close), the request to restart,
-// and the trace. Worker thread only, except Trace.
+// and the trace. MayRun, IsClosing and Trace may be called on any thread, the others only on the
+// worker thread.
 #pragma once
 
 #include <cstdint>

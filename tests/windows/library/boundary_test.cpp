@@ -265,11 +265,13 @@ TEST_F(Boundary, waiting_for_the_close_handles_messages_sent_to_the_waiting_thre
   WaitForClosed();
 }
 
+std::atomic<bool> isAnswered;
+
 // A message is new to the system's waits only until its thread has looked at its queue.
 TEST_F(Boundary, waiting_for_the_close_answers_sent_messages_that_the_thread_has_already_seen) {
   StartWaitingForFile();
-  std::atomic<bool> isAnswered = false;
-  host.onCall = [&](const std::string& name) {
+  isAnswered = false;
+  host.onCall = [this](const std::string& name) {
     if (name != "SetExitCallback null") return;
     SendMessageA(window.Handle(), WM_NULL, 0, 0);
     isAnswered = true;
@@ -283,6 +285,52 @@ TEST_F(Boundary, waiting_for_the_close_answers_sent_messages_that_the_thread_has
   EXPECT_EQ(library.waitForClose(), 0U);
   EXPECT_TRUE(isAnswered);
   WaitForClosed();
+}
+
+std::atomic<int> createdThreads;
+std::atomic<int> threadsWhenShown;
+
+HANDLE WINAPI CountThread(SECURITY_ATTRIBUTES* attributes, SIZE_T stackBytes,
+                          LPTHREAD_START_ROUTINE start, void* context, DWORD flags, DWORD* id) {
+  ++createdThreads;
+  return CreateThread(attributes, stackBytes, start, context, flags, id);
+}
+
+BOOL WINAPI NoteThreads(HWND window, int command) {
+  const BOOL wasVisible = ShowWindow(window, command);
+  threadsWhenShown = createdThreads.load();
+  return wasVisible;
+}
+
+// The first painting of a window erases it, and with it what the worker has painted before.
+TEST_F(Boundary, the_window_is_shown_before_the_worker_exists) {
+  createdThreads = threadsWhenShown = 0;
+  const HMODULE module = GetModuleHandleA("korvel.dll");
+  const ReplacedImport threads(module, "CreateThread", CountThread);
+  const ReplacedImport shown(module, "ShowWindow", NoteThreads);
+  ASSERT_TRUE(threads.IsInPlace() && shown.IsInPlace());
+  StartWaitingForFile();
+  Close();
+  EXPECT_EQ(threadsWhenShown, 1) << "the engine thread";
+  EXPECT_EQ(createdThreads, 2);
+}
+
+BOOL WINAPI CloseWhileShowing(HWND window, int command) {
+  SendMessageA(window, WM_CLOSE, 0, 0);
+  return ShowWindow(window, command);
+}
+
+TEST_F(Boundary, a_close_that_is_sent_while_the_window_is_shown_ends_the_start) {
+  createdThreads = 0;
+  const HMODULE module = GetModuleHandleA("korvel.dll");
+  const ReplacedImport threads(module, "CreateThread", CountThread);
+  const ReplacedImport shown(module, "ShowWindow", CloseWhileShowing);
+  ASSERT_TRUE(threads.IsInPlace() && shown.IsInPlace());
+  EXPECT_EQ(library.run(&host, window.Handle()), 0U);
+  WaitForClosed();
+  EXPECT_EQ(createdThreads, 1) << "no worker";
+  EXPECT_EQ(host.CountOf("ReadFile a"), 0);
+  EXPECT_EQ(host.HeldReferences(), 0);
 }
 
 std::atomic<bool> hasPostedToItself;

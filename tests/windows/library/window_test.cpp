@@ -228,20 +228,6 @@ TEST_F(EngineWindowTest, shows_no_service_at_once_when_the_start_up_file_is_brok
   Close();
 }
 
-BOOL WINAPI ShowLate(HWND window, int command) {
-  Sleep(300);
-  return ShowWindow(window, command);
-}
-
-TEST_F(EngineWindowTest, shows_no_service_even_if_the_start_fails_before_the_window_is_shown) {
-  host.Serve("a", "no group");
-  const ReplacedImport hook(GetModuleHandleA("korvel.dll"), "ShowWindow", ShowLate);
-  ASSERT_TRUE(hook.IsInPlace());
-  Start();
-  EXPECT_TRUE(WaitUntil([this] { return CountTextPixels() > 50; }));
-  Close();
-}
-
 // The failed start has not changed the picture, so no text is visible after the next restart
 // either.
 TEST_F(EngineWindowTest, shows_no_text_when_the_start_after_a_quit_fails) {

@@ -122,8 +122,9 @@ bool FormatDate(ProgramValues& values) {
       if (++at == format.size()) break;  // a "%" at the end of the format writes nothing
       length = WriteField(format[at], date, values[2].Integer, field, sizeof field);
     }
-    if (!MayContinue() || text.Size() >= kLongestString) return false;
-    for (const char character : std::string_view(field, static_cast<std::size_t>(length))) {
+    const std::string_view written(field, static_cast<std::size_t>(length));
+    if (!MayContinue() || text.Size() + written.size() > kLongestString) return false;
+    for (const char character : written) {
       if (!text.Append(character)) return false;
     }
   }

@@ -32,8 +32,9 @@ Timer* AddTimer(Group& group, std::int32_t id, bool isAbsolute) {
   return added;
 }
 
-// An absolute value before the start of the scene wraps around to a period of about 25 days, so the
-// timer never fires in practice. So does a negative relative value.
+// An absolute value before the start of the scene wraps around to a very long period, which is
+// limited to about 25 days, so the timer never fires in practice. So does a negative relative
+// value.
 std::uint32_t PeriodOf(const Timer& timer) {
   const auto value = static_cast<std::uint32_t>(timer.value);
   const std::uint32_t period = timer.isAbsolute ? value - TheCore().sceneStartTime : value;

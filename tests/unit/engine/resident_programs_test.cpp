@@ -169,18 +169,24 @@ TEST_F(ResidentProgramsTest, a_result_without_memory_fails_and_sets_no_variable)
   EXPECT_EQ(Text(), "a text that takes a block");
 }
 
-// Growing the text by one character at a time must not copy it each time: this would take minutes.
-TEST_F(ResidentProgramsTest, a_date_format_may_be_long) {
-  const std::string format(3'000'000, 'x');
+// A text that is copied for each character takes minutes, in which the engine cannot be closed.
+TEST_F(ResidentProgramsTest, a_formatted_date_is_not_copied_for_each_character) {
+  constexpr std::size_t kFewAllocations = 100;
+  const std::string format(10'000, 'x');
+  FailAllocation(kFewAllocations);
   EXPECT_TRUE(Formatted(format, 0, 0) == format);
+  EXPECT_FALSE(HasFailedAllocation());
+  FailAllocation(0);
 }
 
 TEST_F(ResidentProgramsTest, a_formatted_date_has_the_limit_of_octet_strings) {
-  std::string format;
-  while (format.size() <= kLongestString / 2) format += "%Y";
-  Object<OctetStringVariable>(kText).Value.Clear();
+  std::string format(kLongestString - 4, 'x');
+  format += "%Y";
+  EXPECT_EQ(Call("FDa", format, 0, 0, kText), Status::Done);
+  EXPECT_EQ(Text().size(), kLongestString);
+  format.insert(0, 1, 'x');
   EXPECT_EQ(Call("FDa", format, 0, 0, kText), Status::Failure);
-  EXPECT_EQ(Text().size(), 0U);
+  EXPECT_EQ(Text().size(), kLongestString) << "the old value";
 }
 
 TEST_F(ResidentProgramsTest, every_program_of_the_table_runs) {

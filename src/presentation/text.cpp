@@ -68,6 +68,7 @@ Gdiplus::StringAlignment AlignmentOf(Justification justification) {
 
 constexpr float kDefaultSize = 24.0F;
 constexpr float kPointsPerInch = 72.0F;
+static_assert(kMostLines == kSceneHeight);
 
 // The UTF-16 text for GDI+, terminated by a zero.
 class WideText {

@@ -67,7 +67,7 @@ constexpr EventRule RuleOf(EventType event) {
 
 // Whether an engine event comes from the application. The others, those of keys, reach links of
 // any source.
-constexpr bool IsOfApplication(std::int32_t engineEvent) {
+constexpr bool IsReferenceError(std::int32_t engineEvent) {
   return engineEvent == engineEvents::kGroupReferenceError ||
          engineEvent == engineEvents::kContentReferenceError;
 }
@@ -175,7 +175,7 @@ class LinkCheck : public CheckVisitor {
     if (!IsEngineEvent(number)) {
       ReportNeverFires(":EventData", Rule::UnknownEngineEvent,
                        "there is no engine event " + std::to_string(number));
-    } else if (IsOfApplication(number)) {
+    } else if (IsReferenceError(number)) {
       CheckSource(condition.EventSource, "EngineEvent " + std::to_string(number),
                   SetOf(ItemType::Application));
     }

@@ -285,7 +285,7 @@ class ActionMatrixTest : public Stage {
     TakeLog();
   }
 
-  static std::string Named(std::string text, unsigned code) {
+  static std::string WithTarget(std::string text, unsigned code) {
     const std::string target = code == 1   ? R"(("~/a" 0))"
                                : code == 2 ? R"(("~/s" 0))"
                                            : std::to_string(code);
@@ -316,37 +316,39 @@ class ActionMatrixTest : public Stage {
   }
 };
 
-// BringToFront removes the entry from the display stack and adds it again. That is no change.
+// BringToFront removes the entry from the display stack and adds it again, so the order stays.
 TEST_F(ActionMatrixTest, bringing_the_front_object_to_the_front_changes_nothing) {
   EXPECT_EQ(Changes(":BringToFront(13)", ":BringToFront(13)", true), "");
 }
 
-// These do not need a prepared object.
-const std::set<std::string> kNeedNoPreparation = {
+// The actions that also act on unprepared objects.
+const std::set<std::string> kActOnUnprepared = {
     "Activate",   "AddItem",           "Deactivate", "DelItem",       "Move",
     "MoveTo",     "Preload",           "Run",        "ScrollItems",   "Select",
     "SelectItem", "SetCounterTrigger", "SetData",    "SetEntryPoint", "SetFirstItem",
     "SetFontRef", "SetOverwriteMode",  "SetVolume",  "Stop",          "ToggleItem"};
 
-TEST_F(ActionMatrixTest, other_actions_change_nothing_on_unprepared_objects) {
+TEST_F(ActionMatrixTest, only_the_listed_actions_change_unprepared_objects) {
   const auto matrix = ReviewedMatrix();
   std::set<std::string> acting;
   for (const Trial& trial : kTrials) {
     const std::string name = FindAction(static_cast<std::uint8_t>(trial.action))->name;
     for (const auto& [code, className] : kClasses) {
       if (code <= 2 || code > 27 || matrix.at(name).count(className) == 0) continue;
-      const std::string changes = Changes("", Named(trial.text, code), false);
+      const std::string changes = Changes("", WithTarget(trial.text, code), false);
       if (!changes.empty()) acting.insert(name);
     }
   }
-  EXPECT_EQ(acting, kNeedNoPreparation);
+  EXPECT_EQ(acting, kActOnUnprepared);
 }
 
-TEST_F(ActionMatrixTest, a_stopped_token_group_or_list_group_ignores_other_actions) {
+TEST_F(ActionMatrixTest,
+       a_stopped_token_group_or_list_group_accepts_only_run_set_data_and_queries) {
   std::set<std::string> acting;
   for (const Trial& trial : kTrials) {
     for (const unsigned code : {10U, 11U}) {
-      if (Changes(Named(":Stop($)", code), Named(trial.text, code), true).empty()) continue;
+      if (Changes(WithTarget(":Stop($)", code), WithTarget(trial.text, code), true).empty())
+        continue;
       acting.insert(FindAction(static_cast<std::uint8_t>(trial.action))->name);
     }
   }
@@ -361,8 +363,9 @@ TEST_F(ActionMatrixTest, actions_act_on_accepted_classes_and_on_no_others) {
     const std::set<std::string>& accepted = matrix.at(name);
     for (const auto& [code, className] : kClasses) {
       const bool isFindable = code <= 27;
-      const std::string changes = Changes(Named(trial.setup, code), Named(trial.text, code),
-                                          trial.action != Action::Preload);
+      const std::string changes =
+          Changes(WithTarget(trial.setup, code), WithTarget(trial.text, code),
+                  trial.action != Action::Preload);
       EXPECT_EQ(!changes.empty(), isFindable && accepted.count(className) > 0)
           << name << " on " << className << " changes:" << changes;
     }
@@ -372,7 +375,7 @@ TEST_F(ActionMatrixTest, actions_act_on_accepted_classes_and_on_no_others) {
 TEST_F(ActionMatrixTest, counter_position_and_speed_actions_change_nothing_on_any_class) {
   for (const Trial& trial : kIgnoredTrials) {
     for (const auto& [code, className] : kClasses) {
-      EXPECT_EQ(Changes("", Named(trial.text, code), true), "")
+      EXPECT_EQ(Changes("", WithTarget(trial.text, code), true), "")
           << trial.text << " on " << className;
     }
   }

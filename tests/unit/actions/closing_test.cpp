@@ -9,8 +9,8 @@
 namespace korvel::test {
 namespace {
 
-// Too many steps for the time that a close allows, if each reading of the clock takes a
-// millisecond.
+// More steps than a loop can take before a pending close stops it, if each reading of the clock
+// takes a millisecond.
 constexpr int kSteps = 600;
 
 std::string Repeated(const std::function<std::string(int)>& piece, int count = kSteps) {
@@ -35,14 +35,14 @@ void CancelClose() {
 
 // ---- Loops within one action ----
 
-struct Walk {
+struct Loop {
   const char* name;
-  std::string items;  // come first, so that the action finds its target immediately
+  std::string items;  // begin with the target, so that the action finds it immediately
   std::string before;
   std::string action;
 };
 
-std::ostream& operator<<(std::ostream& out, const Walk& walk) { return out << walk.name; }
+std::ostream& operator<<(std::ostream& out, const Loop& loop) { return out << loop.name; }
 
 std::string ListGroupText(const std::string& members, const std::string& positions,
                           const std::string& attributes) {
@@ -75,7 +75,7 @@ std::string StoreText(int count) {
   return ":StorePersistent(0 2 (" + variables + ") \"file\")";
 }
 
-const Walk kWalks[] = {
+const Loop kLoops[] = {
     {"items_without_a_cell", ListGroupText(Members(kSteps), Cells(1), ""), "",
      ":ScrollItems(10 1)"},
     {"cells_without_an_item", ListGroupText(Members(1), Cells(kSteps), ""), "",
@@ -95,34 +95,34 @@ const Walk kWalks[] = {
     {"values_to_store", kVariables, "", StoreText(kSteps / 4)},  // finding them takes half the time
 };
 
-class ClosingWalk : public Stage, public testing::WithParamInterface<Walk> {};
+class ClosingLoop : public Stage, public testing::WithParamInterface<Loop> {};
 
-TEST_P(ClosingWalk, ends_when_the_time_is_over) {
-  const Walk& walk = GetParam();
+TEST_P(ClosingLoop, stops_when_the_time_for_closing_is_over) {
+  const Loop& loop = GetParam();
   testing::internal::CaptureStdout();
-  Start(walk.items + "{:IntegerVar 1 :OrigValue 0}");
-  EXPECT_EQ(Run(walk.before + ":Add(1 1)"), Status::Done);
-  if (walk.name == std::string("items_to_deselect")) {
+  Start(loop.items + "{:IntegerVar 1 :OrigValue 0}");
+  EXPECT_EQ(Run(loop.before + ":Add(1 1)"), Status::Done);
+  if (loop.name == std::string("items_to_deselect")) {
     Object<ListGroup>(10).MultipleSelection = false;
   }
   RequestClose();
-  EXPECT_EQ(Run(walk.action), Status::Failure);
+  EXPECT_EQ(Run(loop.action), Status::Failure);
   CancelClose();
   EXPECT_EQ(Run(":Add(1 1)"), Status::Done);
   EXPECT_EQ(Integer(1), 2);
   testing::internal::GetCapturedStdout();
 }
 
-TEST_P(ClosingWalk, completes_without_a_close) {
-  const Walk& walk = GetParam();
+TEST_P(ClosingLoop, completes_without_a_close) {
+  const Loop& loop = GetParam();
   testing::internal::CaptureStdout();
-  Start(walk.items);
-  EXPECT_EQ(Run(walk.before + walk.action), Status::Done);
+  Start(loop.items);
+  EXPECT_EQ(Run(loop.before + loop.action), Status::Done);
   testing::internal::GetCapturedStdout();
 }
 
-INSTANTIATE_TEST_SUITE_P(Along, ClosingWalk, testing::ValuesIn(kWalks),
-                         [](const testing::TestParamInfo<Walk>& tested) {
+INSTANTIATE_TEST_SUITE_P(Over, ClosingLoop, testing::ValuesIn(kLoops),
+                         [](const testing::TestParamInfo<Loop>& tested) {
                            return tested.param.name;
                          });
 
@@ -188,7 +188,7 @@ TEST_F(Closing, stops_searching_for_links) {
 }
 
 // Destroying the window also ends its timers, so a close may skip them.
-TEST_F(Closing, skips_killing_timers_when_the_time_is_over) {
+TEST_F(Closing, skips_killing_timers_when_the_time_for_closing_is_over) {
   Start(kVariables);
   EXPECT_EQ(
       Run(Repeated([](int number) { return ":SetTimer(0 " + std::to_string(number) + " 1000)"; })),
@@ -200,7 +200,7 @@ TEST_F(Closing, skips_killing_timers_when_the_time_is_over) {
   Start(kVariables);
 }
 
-TEST_F(Closing, stops_searching_a_text) {
+TEST_F(Closing, stops_searching_a_string) {
   const std::string text = std::string(kSteps, 'a') + "b";
   Start("{:ResidentPrg 1 :Name \"SSS\"} {:IntegerVar 3 :OrigValue 0}" + kVariables +
         "{:OStringVar 4 :OrigValue \"" + text + "\"}");

@@ -26,7 +26,7 @@ class EntryFieldTest : public Stage {
   static std::int32_t EntryPoint() { return Object<EntryField>(1).EntryPoint; }
 };
 
-TEST_F(EntryFieldTest, the_entry_point_is_set_without_an_upper_bound) {
+TEST_F(EntryFieldTest, an_entry_point_beyond_the_text_is_accepted_but_not_a_negative_one) {
   Start("{:EntryField 1 :OrigContent \"abc\" :OrigBoxSize 99 20} {:IntegerVar 2 :OrigValue 0}"
         "{:BooleanVar 3 :OrigValue FALSE}");
   EXPECT_EQ(Run(":SetEntryPoint(1 1000) :SetEntryPoint(1 -1) :GetEntryPoint(1 2)"
@@ -102,20 +102,20 @@ TEST_F(EntryFieldTest, overwriting_past_the_text_of_a_limited_field_fills_the_ga
   EXPECT_EQ(EntryPoint(), 4);
 }
 
-TEST_F(EntryFieldTest, a_character_far_beyond_the_text_takes_one_allocation) {
-  constexpr int kPlace = 15'000'000;
+TEST_F(EntryFieldTest, entering_a_character_far_beyond_the_text_takes_one_allocation) {
+  constexpr int kEntryPoint = 15'000'000;
   StartField(":MaxLength 16000000");
   Enter("ab");
-  EXPECT_EQ(Run(":SetOverwriteMode(1 TRUE) :SetEntryPoint(1 " + std::to_string(kPlace) + ")"),
+  EXPECT_EQ(Run(":SetOverwriteMode(1 TRUE) :SetEntryPoint(1 " + std::to_string(kEntryPoint) + ")"),
             Status::Done);
   FailAllocation(2);
   Enter("x");
   EXPECT_FALSE(HasFailedAllocation());
   FailAllocation(0);
   const std::string_view text = Object<EntryField>(1).TextData.View();
-  ASSERT_EQ(text.size(), kPlace + 1U);
+  ASSERT_EQ(text.size(), kEntryPoint + 1U);
   EXPECT_EQ(text.substr(0, 2), "ab");
-  EXPECT_EQ(text.find_first_not_of('\0', 2), static_cast<std::size_t>(kPlace));
+  EXPECT_EQ(text.find_first_not_of('\0', 2), static_cast<std::size_t>(kEntryPoint));
   EXPECT_EQ(text.back(), 'x');
 }
 
@@ -135,7 +135,7 @@ TEST_F(EntryFieldTest, a_field_of_negative_length_ignores_input) {
   EXPECT_EQ(TakeLog(), "");
 }
 
-TEST_F(EntryFieldTest, keys_enter_digits_and_move_within_the_text) {
+TEST_F(EntryFieldTest, keys_enter_digits_and_move_the_entry_point) {
   StartField("");
   for (const std::int32_t key : {6, 14, 3, 3, 3, 5, 4, 4, 4, 7})
     EXPECT_EQ(Press(key), Status::Done);
@@ -144,7 +144,7 @@ TEST_F(EntryFieldTest, keys_enter_digits_and_move_within_the_text) {
   EXPECT_EQ(TakeLog(), "done");
 }
 
-TEST_F(EntryFieldTest, select_and_cancel_end_a_limited_field_without_a_character) {
+TEST_F(EntryFieldTest, select_and_cancel_complete_a_limited_field_and_enter_no_character) {
   StartField(":MaxLength 9");
   EXPECT_EQ(Press(keys::kSelect), Status::Done);
   EXPECT_EQ(TakeLog(), "done");

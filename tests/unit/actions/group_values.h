@@ -8,7 +8,7 @@
 namespace korvel::test {
 
 // The attributes and run-time values of the running application and scene and of their objects, the
-// display stack, the pending timers and the drawings on canvases, one a line.
+// display stack, the pending timers and the drawings on canvases, one per line.
 std::string RunningGroupValues();
 
 // The lines that only one of the two texts contains. Empty if the texts are equal.

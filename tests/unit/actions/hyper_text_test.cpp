@@ -57,7 +57,7 @@ TEST_F(HyperTextTest, a_truncated_anchor_is_ignored) {
   EXPECT_EQ(TakeLog(), "");
 }
 
-TEST_F(HyperTextTest, a_label_that_looks_like_an_anchor_holds_none) {
+TEST_F(HyperTextTest, anchor_codes_within_a_label_begin_no_anchor) {
   Start(Watch(1, "AnchorFired", "fired") +
         "{:HyperText 1 :OrigBoxSize 99 20 :OrigContent '=1BA=06=1BA=03onelink=1Ba'}");
   EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)"), Status::Done);
@@ -67,7 +67,7 @@ TEST_F(HyperTextTest, a_label_that_looks_like_an_anchor_holds_none) {
                                                          "A\x03one");
 }
 
-TEST_F(HyperTextTest, an_anchor_may_end_with_the_text) {
+TEST_F(HyperTextTest, the_label_of_an_anchor_may_end_the_text) {
   Start("{:HyperText 1 :OrigBoxSize 9 9 :OrigContent 'x=1BA=02ab'}");
   EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)"), Status::Done);
   EXPECT_EQ(Press(keys::kSelect), Status::Done);

@@ -42,7 +42,7 @@ TEST_F(InteractionTest, an_interaction_needs_a_running_object) {
   EXPECT_FALSE(Object<EntryField>(1).InteractionStatus);
 }
 
-TEST_F(InteractionTest, an_interaction_ends_with_its_object_even_if_the_redraw_fails) {
+TEST_F(InteractionTest, stopping_an_object_ends_its_interaction_even_if_the_redraw_fails) {
   Start(std::string(kTwoFields) + Watch(1, "InteractionCompleted", "done"));
   EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)"), Status::Done);
   ThePresentation().onRedraw = [] { return Status::Failure; };
@@ -61,17 +61,17 @@ TEST_F(InteractionTest, a_key_that_the_interaction_uses_raises_no_user_input) {
                  " :LinkEffect (:Append((\"~/a\" 1) \"key \"))}"
                  "{:Link 3 :EventSource 0 :EventType EngineEvent"
                  " :LinkEffect (:Append((\"~/a\" 1) \"engine \"))}");
-  const auto keys = [] {
+  const auto events = [] {
     return std::string(
         FindObject(Scope::ApplicationFirst, "~/a", 1).As<OctetStringVariable>().Value.View());
   };
   EXPECT_EQ(Run(":SetInteractionStatus(1 TRUE)", Scope::SceneFirst), Status::Done);
   EXPECT_EQ(Press(7), Status::Done);
-  EXPECT_EQ(keys(), "");
+  EXPECT_EQ(events(), "");
   EXPECT_EQ(Press(1), Status::Done);
-  EXPECT_EQ(keys(), "key ") << "the field does not use Up";
+  EXPECT_EQ(events(), "key ") << "the field does not use Up";
   EXPECT_EQ(Press(16), Status::Done);
-  EXPECT_EQ(keys(), "key engine ") << "Cancel raises its engine event first";
+  EXPECT_EQ(events(), "key engine ") << "Cancel raises its engine event first";
 }
 
 TEST_F(InteractionTest, an_interaction_ends_with_its_scene) {

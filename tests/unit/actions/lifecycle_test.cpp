@@ -1,4 +1,4 @@
-// Ingredients being prepared, run and stopped, by class: their run-time values, the events raised,
+// Preparing, running and stopping objects of each class: their run-time values, the events raised,
 // and the display stack.
 #include <algorithm>
 
@@ -9,13 +9,13 @@ namespace {
 
 using LifecycleTest = Stage;
 
-std::string AsleepText(int number) {
+std::string InactiveText(int number) {
   return "{:Text " + std::to_string(number) +
          " :InitiallyActive FALSE :OrigContent \"text\" :OrigBoxSize 10 20 :OrigPosition 3 4}";
 }
 
 TEST_F(LifecycleTest, running_an_unprepared_object_prepares_it_and_raises_only_is_running) {
-  Start(AsleepText(1) + Watch(1, "IsRunning", "running") + Watch(1, "IsAvailable", "available") +
+  Start(InactiveText(1) + Watch(1, "IsRunning", "running") + Watch(1, "IsAvailable", "available") +
         Watch(1, "ContentAvailable", "content"));
   EXPECT_EQ(Run(":Run(1)"), Status::Done);
   EXPECT_EQ(TakeLog(), "running");
@@ -28,14 +28,14 @@ TEST_F(LifecycleTest, running_an_unprepared_object_prepares_it_and_raises_only_i
 }
 
 TEST_F(LifecycleTest, running_or_stopping_twice_raises_one_event) {
-  Start(AsleepText(1) + Watch(1, "IsRunning", "running") + Watch(1, "IsStopped", "stopped"));
+  Start(InactiveText(1) + Watch(1, "IsRunning", "running") + Watch(1, "IsStopped", "stopped"));
   EXPECT_EQ(Run(":Stop(1) :Run(1) :Run(1) :Stop(1) :Stop(1)"), Status::Done);
   EXPECT_EQ(TakeLog(), "running stopped");
   EXPECT_EQ(Stack(), "");
 }
 
 TEST_F(LifecycleTest, preloading_twice_raises_its_events_once) {
-  Start(AsleepText(1) + Watch(1, "IsAvailable", "available") +
+  Start(InactiveText(1) + Watch(1, "IsAvailable", "available") +
         Watch(1, "ContentAvailable", "content") + Watch(1, "IsRunning", "running"));
   EXPECT_EQ(Run(":Preload(1) :Preload(1)"), Status::Done);
   EXPECT_EQ(TakeLog(), "available content");
@@ -52,7 +52,7 @@ TEST_F(LifecycleTest, a_group_starts_its_initially_active_items_in_order) {
   Start(Watch(1, "IsRunning", "one") + Watch(2, "IsRunning", "two") +
         Watch(3, "IsRunning", "three") +
         "{:Text 2 :OrigContent \"\" :OrigBoxSize 9 9} {:Rectangle 1 :OrigBoxSize 9 9}" +
-        AsleepText(3));
+        InactiveText(3));
   EXPECT_EQ(TakeLog(), "two one");
   EXPECT_EQ(Stack(), "2 1");
 }
@@ -102,7 +102,7 @@ TEST_F(LifecycleTest, a_resident_program_becomes_available_and_is_not_run) {
   EXPECT_EQ(TakeLog(), "");
 }
 
-TEST_F(LifecycleTest, a_silently_stopped_visible_keeps_one_place_in_the_stack) {
+TEST_F(LifecycleTest, a_silently_stopped_visible_stays_in_the_stack_once) {
   AddScene("s", "");
   Start("{:Rectangle 1 :OrigBoxSize 9 9} {:Rectangle 2 :Shared TRUE :OrigBoxSize 9 9}" +
         Watch(1, "IsStopped", "stopped"));
@@ -155,8 +155,8 @@ TEST_F(LifecycleTest, run_time_values_start_from_the_original_values_and_do_not_
 }
 
 TEST_F(LifecycleTest, statuses_are_written_into_boolean_variables) {
-  Start(AsleepText(1) + "{:BooleanVar 2 :OrigValue FALSE} {:BooleanVar 3 :OrigValue TRUE}"
-                        "{:IntegerVar 4 :OrigValue 9} {:ObjectRefVar 5 :OrigValue :ObjectRef 1}");
+  Start(InactiveText(1) + "{:BooleanVar 2 :OrigValue FALSE} {:BooleanVar 3 :OrigValue TRUE}"
+                          "{:IntegerVar 4 :OrigValue 9} {:ObjectRefVar 5 :OrigValue :ObjectRef 1}");
   EXPECT_EQ(Run(":Preload(1) :GetAvailabilityStatus(1 2) :GetRunningStatus(1 3)"), Status::Done);
   EXPECT_TRUE(Boolean(2));
   EXPECT_FALSE(Boolean(3));
@@ -215,7 +215,7 @@ TEST_F(LifecycleTest, a_link_that_stops_a_stopping_stream_does_not_repeat_events
   EXPECT_EQ(TakeLog(), "other stream");
 }
 
-TEST_F(LifecycleTest, scaling_and_offsets_are_stored_and_returned) {
+TEST_F(LifecycleTest, sizes_volumes_and_offsets_are_stored_and_read_back) {
   Start("{:Bitmap 1 :OrigContent :ContentRef (\"~/p\") :OrigBoxSize 9 9}"
         "{:Stream 2 :Multiplex ({:Video 3 :ComponentTag 1 :OrigBoxSize 9 9}"
         "{:Audio 4 :ComponentTag 2})} {:IntegerVar 5 :OrigValue 0} {:IntegerVar 6 :OrigValue 0}");
@@ -259,7 +259,7 @@ TEST_F(LifecycleTest, a_trigger_without_a_position_is_removed_if_it_exists_and_a
   EXPECT_EQ(triggers.At(0)->Identifier, 6);
 }
 
-TEST_F(LifecycleTest, a_stream_ignores_its_counter_and_speed) {
+TEST_F(LifecycleTest, actions_on_counters_and_speed_do_not_change_a_stream) {
   Start("{:Stream 1 :Multiplex ({:Audio 2 :ComponentTag 1})}");
   EXPECT_EQ(Run(":SetCounterPosition(1 5) :SetCounterEndPosition(1 6) :SetSpeed(1 2 3)"),
             Status::Done);

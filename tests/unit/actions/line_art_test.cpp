@@ -51,15 +51,15 @@ TEST_F(LineArtTest, angles_are_passed_unchanged_and_an_arc_has_no_fill) {
                             "sector 1,2 30 40 45 90 line 2/1#00000007 #00000006");
 }
 
-TEST_F(LineArtTest, points_are_read_in_pairs_from_variables_too) {
+TEST_F(LineArtTest, points_are_pairs_of_numbers_or_integer_variables) {
   StartDrawing();
   EXPECT_EQ(Run(":DrawPolygon(1 ((1 2) (:IndirectRef 2 4)))"), Status::Done);
   EXPECT_EQ(TakeDrawings(), "polygon 1,2;9,4; line 2/1#00000007 #ffffffff");
   EXPECT_EQ(Run(":DrawPolyline(1 ((1 2) (3)))"), Status::Done);
   EXPECT_EQ(TakeDrawings(), "polygon 1,2; line 2/1#00000007 #ffffffff")
-      << "an unpaired value makes no point";
+      << "a single coordinate is not a point";
   EXPECT_EQ(Run(":DrawPolygon(1 ((1 2) (:IndirectRef 4 4)))"), Status::Done);
-  EXPECT_EQ(TakeDrawings(), "") << "the boolean variable is no coordinate";
+  EXPECT_EQ(TakeDrawings(), "") << "a boolean variable is not a coordinate";
 }
 
 TEST_F(LineArtTest, a_border_moves_the_origin_into_the_box) {
@@ -94,9 +94,10 @@ TEST_F(LineArtTest, stopped_line_art_is_not_drawn_on) {
 TEST_F(LineArtTest, the_canvas_keeps_its_size_when_the_box_changes) {
   StartDrawing();
   EXPECT_EQ(Run(":DrawLine(1 1 2 3 4) :SetBoxSize(1 10 10) :DrawLine(1 1 2 3 4)"), Status::Done);
-  int made = 0;
-  for (const std::string& one : ThePresentation().drawings) made += one.starts_with("new") ? 1 : 0;
-  EXPECT_EQ(made, 1);
+  int newCanvases = 0;
+  for (const std::string& one : ThePresentation().drawings)
+    newCanvases += one.starts_with("new") ? 1 : 0;
+  EXPECT_EQ(newCanvases, 1);
   EXPECT_EQ(ThePresentation().canvases, 1);
 }
 
@@ -138,7 +139,7 @@ TEST_F(LineArtTest, colours_come_from_integer_and_string_variables) {
   EXPECT_EQ(Object<Rectangle>(5).RefFillColour.Absolute.View(), "abcd");
 }
 
-TEST_F(LineArtTest, a_colour_from_a_boolean_or_no_variable_is_reported_and_changes_nothing) {
+TEST_F(LineArtTest, a_colour_from_a_boolean_or_missing_variable_is_reported_and_changes_nothing) {
   StartDrawing();
   for (const char* actions : {":SetLineColour(1 :NewColourIndex :IndirectRef 4)"
                               ":SetFillColour(1 :NewColourIndex :IndirectRef 4)",

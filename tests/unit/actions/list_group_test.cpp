@@ -48,10 +48,10 @@ class ListGroupTest : public Stage {
 
   static std::string Selected() {
     std::string selected;
-    int place = 0;
+    int index = 0;
     for (const ListItem& item : Object<ListGroup>(50).ItemList) {
-      ++place;
-      if (item.IsSelected) selected += std::to_string(place);
+      ++index;
+      if (item.IsSelected) selected += std::to_string(index);
     }
     return selected;
   }
@@ -120,7 +120,7 @@ TEST_F(ListGroupTest, scrolling_past_the_largest_integer_wraps) {
   EXPECT_EQ(Integer(60), -2);
 }
 
-TEST_F(ListGroupTest, setting_the_first_item_raises_events_for_what_changed) {
+TEST_F(ListGroupTest, setting_the_first_item_raises_an_event_for_each_change) {
   StartList(5, 3);
   EXPECT_EQ(Run(":SetFirstItem(50 3)"), Status::Done);
   EXPECT_EQ(TakeLog(), "first- last+ head2 tail2");
@@ -155,7 +155,7 @@ TEST_F(ListGroupTest, a_negative_first_item_of_a_wrapping_list_shows_it_from_ite
   EXPECT_EQ(TakeLog(), "tail5") << "the counts use the negative number itself";
 }
 
-TEST_F(ListGroupTest, adding_and_deleting_raise_events_for_what_changed) {
+TEST_F(ListGroupTest, adding_and_deleting_raise_an_event_for_each_change) {
   StartList(3, 3, "", 1);
   EXPECT_EQ(Run(":AddItem(50 1 4)"), Status::Done);
   EXPECT_EQ(Cells(), "1:4 2:1 3:2");
@@ -259,17 +259,17 @@ TEST_F(ListGroupTest, an_item_deleted_while_another_is_deselected_is_not_selecte
 
 TEST_F(ListGroupTest, get_cell_item_returns_the_item_in_the_cell) {
   StartList(5, 3);
-  const ObjectReference& answer = Object<ObjectRefVariable>(62).Value;
+  const ObjectReference& item = Object<ObjectRefVariable>(62).Value;
   EXPECT_EQ(Run(":SetFirstItem(50 2) :GetCellItem(50 2 62)"), Status::Done);
-  EXPECT_EQ(answer.Number, 3);
-  EXPECT_EQ(answer.GroupIdentifier.View(), "~/a");
+  EXPECT_EQ(item.Number, 3);
+  EXPECT_EQ(item.GroupIdentifier.View(), "~/a");
   EXPECT_EQ(Run(":GetCellItem(50 100 62)"), Status::Done);
-  EXPECT_EQ(answer.Number, 4) << "a cell past the last means the last";
+  EXPECT_EQ(item.Number, 4) << "a cell past the last means the last";
   EXPECT_EQ(Run(":GetCellItem(50 -5 62)"), Status::Done);
-  EXPECT_EQ(answer.Number, 2);
+  EXPECT_EQ(item.Number, 2);
   EXPECT_EQ(Run(":SetFirstItem(50 5) :GetCellItem(50 2 62)"), Status::Done);
-  EXPECT_EQ(answer.Number, 0) << "an empty cell clears the reference";
-  EXPECT_TRUE(answer.GroupIdentifier.View().empty());
+  EXPECT_EQ(item.Number, 0) << "an empty cell clears the reference";
+  EXPECT_TRUE(item.GroupIdentifier.View().empty());
 }
 
 TEST_F(ListGroupTest, get_cell_item_without_cells_clears_the_reference) {
@@ -279,7 +279,7 @@ TEST_F(ListGroupTest, get_cell_item_without_cells_clears_the_reference) {
   EXPECT_EQ(Object<ObjectRefVariable>(62).Value.Number, 0);
 }
 
-TEST_F(ListGroupTest, a_cell_is_moved_with_the_item_in_it) {
+TEST_F(ListGroupTest, moving_a_cell_moves_the_item_in_it) {
   StartList(3, 2);
   const auto move = [](std::int32_t cell, std::int32_t x, std::int32_t y) {
     return RunOne(Action::SetCellPosition, 50,
@@ -315,7 +315,7 @@ TEST_F(ListGroupTest, items_of_an_ended_scene_are_skipped) {
   EXPECT_EQ(Stack(), "");
 }
 
-TEST_F(ListGroupTest, a_list_with_a_file_that_cannot_be_fetched_survives_a_link_that_empties_it) {
+TEST_F(ListGroupTest, a_link_on_a_missing_file_may_empty_the_list_during_its_layout) {
   Start("{:Text 1 :InitiallyActive FALSE :OrigContent :ContentRef (\"~/none\") :OrigBoxSize 9 9}"
         "{:Text 2 :InitiallyActive FALSE :OrigContent :ContentRef (\"~/none\") :OrigBoxSize 9 9}"
         "{:ListGroup 50 :InitiallyActive FALSE :TokenGroupItems ((1) (2)) :Positions ((0 0)(0 9))}"

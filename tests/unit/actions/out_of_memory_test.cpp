@@ -1,5 +1,5 @@
-// Actions that run out of memory. Each of their allocations fails once. The action stops with its
-// message, and leaves nothing half written or leaked.
+// Actions that run out of memory: each of their allocations fails once. The action stops with its
+// message, writes no partial value and leaks nothing.
 #include <algorithm>
 #include <set>
 
@@ -13,8 +13,8 @@ namespace {
 
 class OutOfMemoryActionsTest : public Stage {
  protected:
-  // Repeats `work` after `prepare`, failing its first allocation, then its second, until it makes
-  // no further one. `check` runs after each failure. Returns the distinct texts printed.
+  // Repeats `work` after `prepare`, failing its first allocation, then its second, until none is
+  // left to fail. `check` runs after each failure. Returns the distinct outputs.
   template <class Prepare, class Work, class Check>
   static std::set<std::string> FailEachAllocation(const Prepare& prepare, const Work& work,
                                                   const Check& check) {
@@ -35,7 +35,7 @@ class OutOfMemoryActionsTest : public Stage {
   }
 };
 
-using Texts = std::set<std::string>;
+using Outputs = std::set<std::string>;
 
 // A list of one action, built beforehand so that only running it can fail.
 class CompiledActions {
@@ -60,7 +60,7 @@ TEST_F(OutOfMemoryActionsTest, a_text_that_cannot_be_copied_is_reported) {
   const std::string report = "Can't allocate memory for TextContentVar\n";
   for (const Action action : {Action::GetTextContent, Action::GetTextData}) {
     CompiledActions actions(action, 1, ParametersOf(ReferenceValue(2)));
-    const Texts texts = FailEachAllocation(
+    const Outputs outputs = FailEachAllocation(
         [] {
           Start("{:Text 1 :OrigBoxSize 9 9 :OrigContent \"a content that takes a block\"}"
                 "{:OStringVar 2 :OrigValue \"before\"}");
@@ -73,13 +73,13 @@ TEST_F(OutOfMemoryActionsTest, a_text_that_cannot_be_copied_is_reported) {
           EXPECT_NE(Octets(2), "a content that takes a block");
         });
     EXPECT_TRUE(std::ranges::any_of(
-        texts, [&report](const std::string& text) { return text.ends_with(report); }));
+        outputs, [&report](const std::string& text) { return text.ends_with(report); }));
   }
 }
 
 TEST_F(OutOfMemoryActionsTest, an_anchor_label_that_cannot_be_copied_is_reported) {
   CompiledActions actions(Action::GetLastAnchorFired, 1, ParametersOf(ReferenceValue(2)));
-  const Texts texts = FailEachAllocation(
+  const Outputs outputs = FailEachAllocation(
       [] {
         Start("{:HyperText 1 :OrigBoxSize 9 9 :OrigContent \"\"}"
               "{:OStringVar 2 :OrigValue \"before\"}");
@@ -92,11 +92,11 @@ TEST_F(OutOfMemoryActionsTest, an_anchor_label_that_cannot_be_copied_is_reported
         }
         EXPECT_NE(Octets(2), "a label that takes a block");
       });
-  EXPECT_TRUE(texts.contains("Can't allocate memory for LastAnchorFiredVar\n"));
+  EXPECT_TRUE(outputs.contains("Can't allocate memory for LastAnchorFiredVar\n"));
 }
 
-TEST_F(OutOfMemoryActionsTest, a_first_character_without_memory_fails) {
-  const Texts texts = FailEachAllocation(
+TEST_F(OutOfMemoryActionsTest, entering_the_first_character_without_memory_fails) {
+  const Outputs outputs = FailEachAllocation(
       [] {
         Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"\" :MaxLength 30}");
         Object<EntryField>(1).OverwriteMode = true;
@@ -108,11 +108,11 @@ TEST_F(OutOfMemoryActionsTest, a_first_character_without_memory_fails) {
         EXPECT_EQ(Object<EntryField>(1).TextData.View(), "");
         EXPECT_EQ(Object<EntryField>(1).EntryPoint, 20);
       });
-  EXPECT_EQ(texts, Texts{"Can't allocate memory for TextData\n"});
+  EXPECT_EQ(outputs, Outputs{"Can't allocate memory for TextData\n"});
 }
 
-TEST_F(OutOfMemoryActionsTest, a_later_character_without_memory_keeps_the_text) {
-  const Texts texts = FailEachAllocation(
+TEST_F(OutOfMemoryActionsTest, entering_another_character_without_memory_keeps_the_text) {
+  const Outputs outputs = FailEachAllocation(
       [] { Start("{:EntryField 1 :OrigBoxSize 9 9 :OrigContent \"text that takes a block\"}"); },
       [] { return EnterCharacter(Object<EntryField>(1), 'x'); },
       [](Status status, const std::string&) {
@@ -120,7 +120,7 @@ TEST_F(OutOfMemoryActionsTest, a_later_character_without_memory_keeps_the_text) 
         EXPECT_EQ(Object<EntryField>(1).TextData.View(), "text that takes a block");
         EXPECT_EQ(Object<EntryField>(1).EntryPoint, 0);
       });
-  EXPECT_EQ(texts, Texts{"Can't allocate memory for NewStr\n"});
+  EXPECT_EQ(outputs, Outputs{"Can't allocate memory for NewStr\n"});
 }
 
 TEST_F(OutOfMemoryActionsTest, new_text_that_cannot_be_copied_is_reported_and_not_shown) {
@@ -129,7 +129,7 @@ TEST_F(OutOfMemoryActionsTest, new_text_that_cannot_be_copied_is_reported_and_no
   content.Kind = ValueKind::OctetString;
   ASSERT_TRUE(content.Octets.Assign("a new text that takes a block"));
   CompiledActions actions(Action::SetData, 1, ParametersOf(std::move(content)));
-  const Texts texts =
+  const Outputs outputs =
       FailEachAllocation([] { Start("{:Text 1 :OrigBoxSize 9 9 :OrigContent \"old\"}"); },
                          [&] { return actions.Run(); },
                          [&report](Status, const std::string& text) {
@@ -137,14 +137,14 @@ TEST_F(OutOfMemoryActionsTest, new_text_that_cannot_be_copied_is_reported_and_no
                              EXPECT_EQ(Object<Text>(1).TextData.View(), "old");
                            }
                          });
-  EXPECT_TRUE(texts.contains(report));
+  EXPECT_TRUE(outputs.contains(report));
 }
 
 TEST_F(OutOfMemoryActionsTest, a_polygon_without_memory_for_its_points_is_not_drawn) {
   CompiledActions actions(Action::DrawPolygon, 1,
                           ParametersOf(IntegerValue(1), IntegerValue(2), IntegerValue(3),
                                        IntegerValue(4), IntegerValue(5), IntegerValue(6)));
-  const Texts texts = FailEachAllocation(
+  const Outputs outputs = FailEachAllocation(
       [] {
         Start("{:DynamicLineArt 1 :OrigBoxSize 90 90 :BBBox FALSE}");
         ThePresentation().drawings.clear();
@@ -156,15 +156,15 @@ TEST_F(OutOfMemoryActionsTest, a_polygon_without_memory_for_its_points_is_not_dr
         }
         EXPECT_TRUE(ThePresentation().drawings.empty());
       });
-  EXPECT_TRUE(texts.contains("Can't allocate memory for Points\n"));
+  EXPECT_TRUE(outputs.contains("Can't allocate memory for Points\n"));
 }
 
-TEST_F(OutOfMemoryActionsTest, a_path_that_cannot_be_copied_with_its_zero_byte_is_lost) {
+TEST_F(OutOfMemoryActionsTest, a_path_that_cannot_be_copied_with_its_zero_byte_becomes_empty) {
   GenericValue path;
   path.Kind = ValueKind::IndirectReference;
   path.Reference.Number = 2;
   CompiledActions actions(Action::SetVariable, 1, ParametersOf(std::move(path)));
-  const Texts texts = FailEachAllocation(
+  const Outputs outputs = FailEachAllocation(
       [] {
         Start("{:ContentRefVar 1 :OrigValue :ContentRef \"before\"}"
               "{:ContentRefVar 2 :OrigValue :ContentRef \"a path that takes a block\"}");
@@ -178,7 +178,7 @@ TEST_F(OutOfMemoryActionsTest, a_path_that_cannot_be_copied_with_its_zero_byte_i
           EXPECT_EQ(value.View(), "before");
         }
       });
-  EXPECT_TRUE(texts.contains("Can't allocate memory for CharVal\n"));
+  EXPECT_TRUE(outputs.contains("Can't allocate memory for CharVal\n"));
 }
 
 // Each action copies or collects something.

@@ -140,7 +140,7 @@ TEST_F(PersistenceTest, a_second_store_replaces_the_first) {
   EXPECT_EQ(TakeStored("name"), "nothing");
 }
 
-TEST_F(PersistenceTest, an_entry_has_the_limit_of_octet_strings) {
+TEST_F(PersistenceTest, an_entry_is_limited_to_the_longest_octet_string) {
   Start(kStored);
   testing::internal::CaptureStdout();
   ASSERT_TRUE(Object<OctetStringVariable>(3).Value.AssignZeros(kLongestString / 2 - 4));
@@ -155,7 +155,7 @@ TEST_F(PersistenceTest, an_entry_has_the_limit_of_octet_strings) {
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "Can't allocate memory for Persistent\n");
 }
 
-TEST_F(PersistenceTest, a_non_variable_ends_the_action_without_setting_the_success_variable) {
+TEST_F(PersistenceTest, a_reference_to_no_variable_ends_the_action_without_success) {
   Start(kStored);
   EXPECT_EQ(Run(":StorePersistent(0 9 (1) \"name\") :SetVariable(9 :GBoolean FALSE)"
                 ":ReadPersistent(0 9 (11) \"name\")"),
@@ -178,7 +178,7 @@ TEST_F(PersistenceTest, variables_past_the_end_of_an_entry_are_reset) {
   EXPECT_TRUE(Boolean(9));
 }
 
-TEST_F(PersistenceTest, a_number_read_as_a_length_does_not_read_past_the_entry) {
+TEST_F(PersistenceTest, a_length_beyond_the_entry_resets_the_remaining_variables) {
   Start(kStored);
   EXPECT_EQ(Run(":SetVariable(2 :GInteger 2147483647) :StorePersistent(0 9 (2 1) \"name\")"
                 ":ReadPersistent(0 9 (3 1) \"name\")"),
@@ -208,11 +208,11 @@ TEST_F(PersistenceTest, quitting_the_only_application_empties_the_store) {
   EXPECT_EQ(TakeStored("name"), "nothing");
 }
 
-// A second reader of entries, which states the rule: a value that extends past the end of the entry
+// A reference implementation of reading an entry: a value that extends past the end of the entry
 // resets its variable and all that follow.
-class EntryByRule {
+class ReferenceReader {
  public:
-  explicit EntryByRule(std::string data) : data_(std::move(data)) {}
+  explicit ReferenceReader(std::string data) : data_(std::move(data)) {}
 
   std::string Octets(std::size_t count) {
     if (isShort_ || data_.size() - at_ < count) {
@@ -253,7 +253,7 @@ class EntryByRule {
 };
 
 // The variables read need not have the classes of those stored.
-TEST_F(PersistenceTest, an_entry_of_random_bytes_is_read_by_the_rule) {
+TEST_F(PersistenceTest, an_entry_of_random_bytes_is_read_as_by_the_reference) {
   Start(kStored);
   std::mt19937 random(2);  // NOLINT: the same entries every time
   for (int round = 0; round < 300; ++round) {
@@ -267,9 +267,9 @@ TEST_F(PersistenceTest, an_entry_of_random_bytes_is_read_by_the_rule) {
     std::string list;
     for (const int variable : order) list += " " + std::to_string(variable);
     ASSERT_EQ(Run(":ReadPersistent(0 9 (" + list + ") \"name\")"), Status::Done);
-    EntryByRule byRule(entry);
+    ReferenceReader reference(entry);
     for (const int variable : order) {
-      ASSERT_EQ(Shown(variable), byRule.Next(variable)) << "round " << round << ':' << list;
+      ASSERT_EQ(Shown(variable), reference.Next(variable)) << "round " << round << ':' << list;
     }
   }
 }

@@ -11,7 +11,7 @@ constexpr char kProgram[] =
     "{:IntegerVar 4 :OrigValue 0} {:OStringVar 5 :OrigValue \"four\"} {:IntegerVar 6 :OrigValue 7}"
     "{:ResidentPrg 7 :Name \"DBG\"}";
 
-TEST_F(ProgramsTest, a_call_sets_the_success_variable_when_the_program_ran) {
+TEST_F(ProgramsTest, a_successful_call_sets_the_success_variable) {
   Start(kProgram);
   EXPECT_EQ(Run(":Call(1 3 :GOctetString \"abc\" :GObjectRef 4)"), Status::Done);
   EXPECT_TRUE(Boolean(3));
@@ -29,7 +29,7 @@ TEST_F(ProgramsTest, a_call_with_a_missing_variable_fails_and_the_list_continues
   EXPECT_EQ(Integer(6), 8);
 }
 
-TEST_F(ProgramsTest, an_unknown_program_and_a_wrong_output_end_the_list) {
+TEST_F(ProgramsTest, an_unknown_program_or_an_output_of_another_class_ends_the_list) {
   Start(kProgram);
   testing::internal::CaptureStdout();
   EXPECT_EQ(Run(":SetVariable(3 :GBoolean TRUE) :Call(2 3) :Add(6 1)"), Status::Failure);

@@ -1,6 +1,6 @@
-// For every event that a behaviour raises: a link on the event goes to another scene, launches or
-// spawns another application, or quits. The behaviour must not touch the ended group afterwards,
-// and the new group must run as after a normal start.
+// For every event that an action raises: a link on the event starts another scene, launches or
+// spawns another application, or quits. The action must not access the ended group afterwards, and
+// the new group must run as after a normal start.
 #include <ostream>
 
 #include "stage.h"

@@ -143,7 +143,7 @@ TEST_F(RunActionsTest, a_transition_in_the_applications_list_returns_replaced_ev
   EXPECT_EQ(Integer(1), 0);
 }
 
-TEST_F(RunActionsTest, a_transition_to_a_name_in_a_variable_is_followed) {
+TEST_F(RunActionsTest, a_transition_reads_an_indirect_name_from_a_string_or_a_reference) {
   AddScene("t", "");
   AddScene("u", "");
   Start("{:OStringVar 1 :OrigValue \"~/t\"} {:ObjectRefVar 2 :OrigValue :ObjectRef (\"~/u\" 0)}"
@@ -168,7 +168,7 @@ TEST_F(RunActionsTest, a_transition_ignores_its_connection_and_its_effect) {
   }
 }
 
-TEST_F(RunActionsTest, a_refused_launch_ends_the_list_as_replaced) {
+TEST_F(RunActionsTest, a_refused_launch_ends_the_list_and_returns_replaced) {
   AddScene("t", "");
   Start(kVariables);
   testing::internal::CaptureStdout();
@@ -186,7 +186,7 @@ TEST_F(RunActionsTest, a_launch_reads_an_indirect_name_from_an_octet_string_vari
   EXPECT_EQ(CurrentApplication()->Reference.GroupIdentifier.View(), "~/b");
 }
 
-TEST_F(RunActionsTest, a_launch_whose_variable_holds_no_name_fails_like_a_missing_file) {
+TEST_F(RunActionsTest, a_launch_without_a_name_in_its_variable_fails_like_a_missing_file) {
   Start("{:ObjectRefVar 2 :OrigValue :ObjectRef (\"~/b\" 0)} {:IntegerVar 3 :OrigValue 0}" +
         Watch(0, "EngineEvent", "missing", "2"));
   for (const char* variable : {"2", "3", "77"}) {
@@ -199,7 +199,7 @@ TEST_F(RunActionsTest, a_launch_whose_variable_holds_no_name_fails_like_a_missin
   }
 }
 
-TEST_F(RunActionsTest, a_launch_that_fails_ends_the_list_as_failed) {
+TEST_F(RunActionsTest, a_failed_launch_ends_the_list_and_returns_failure) {
   TheHost().files["junk"] = "junk";
   Start(kVariables);
   EXPECT_EQ(Run(R"(:Launch(("~/junk" 0)) :Add(1 1))"), Status::Failure);
@@ -231,7 +231,7 @@ TEST_F(RunActionsTest, a_successful_spawn_ends_the_list) {
   EXPECT_EQ(FindObject(Scope::ApplicationFirst, "~/b", 1).As<IntegerVariable>().Value, 0);
 }
 
-TEST_F(RunActionsTest, a_behaviour_that_refuses_does_not_end_the_list) {
+TEST_F(RunActionsTest, a_refused_action_does_not_end_the_list) {
   Start(kVariables);
   EXPECT_EQ(Run(":Divide(1 0) :SetTransparency(10 1000) :SetBoxSize(10 -1 5) :Add(1 1)"),
             Status::Done);
@@ -275,7 +275,7 @@ TEST_F(RunActionsTest, only_an_available_scene_accepts_an_input_register) {
   EXPECT_EQ(CurrentScene()->InputEventReg, 3);
 }
 
-TEST_F(RunActionsTest, an_event_is_sent_as_if_it_came_from_its_source) {
+TEST_F(RunActionsTest, send_event_raises_the_event_with_the_given_source_and_data) {
   StartWithScene(std::string(kVariables) + Watch(2, "UserInput", "none") +
                      Watch(2, "UserInput", "six", "6") + Watch(2, "UserInput", "true", "TRUE"),
                  "");
@@ -300,7 +300,7 @@ TEST_F(RunActionsTest, an_event_whose_data_cannot_be_read_is_not_sent) {
   EXPECT_EQ(TakeLog(), "sent");
 }
 
-TEST_F(RunActionsTest, cache_priorities_are_stored_in_both_groups) {
+TEST_F(RunActionsTest, each_group_stores_its_own_cache_priority) {
   StartWithScene(kVariables, "");
   EXPECT_EQ(Run(R"(:SetCachePriority(0 1) :SetCachePriority(("~/s" 0) 2))"), Status::Done);
   EXPECT_EQ(CurrentApplication()->GroupCachePriority, 1);
@@ -325,7 +325,7 @@ TEST_F(RunActionsTest, a_list_of_an_ended_scene_stops_even_if_the_counters_have_
   EXPECT_EQ(Integer(9), 0);
 }
 
-TEST_F(RunActionsTest, lists_that_call_each_other_without_end_are_stopped) {
+TEST_F(RunActionsTest, a_list_that_triggers_itself_without_end_is_stopped) {
   Start(std::string(kVariables) + "{:Link 20 :EventSource 1 :EventType TestEvent"
                                   " :LinkEffect (:Add(2 1) :TestVariable(1 1 :GInteger 0))}");
   testing::internal::CaptureStdout();

@@ -23,7 +23,7 @@ TEST_F(SliderTest, only_values_on_a_step_within_the_range_are_accepted) {
   EXPECT_EQ(TakeLog(), "done");
 }
 
-TEST_F(SliderTest, slider_stops_at_its_ends) {
+TEST_F(SliderTest, steps_past_the_ends_are_ignored) {
   StartSlider(":MinValue 0 :MaxValue 10 :StepSize 3 :InitialValue 3");
   EXPECT_EQ(Run(":Step(1 3) :Step(1 -2)"), Status::Done);
   EXPECT_EQ(Value(), 3);
@@ -38,7 +38,7 @@ TEST_F(SliderTest, huge_steps_do_not_wrap) {
   EXPECT_EQ(Value(), 5);
 }
 
-TEST_F(SliderTest, a_negative_portion_allows_no_value_beyond_32_bits) {
+TEST_F(SliderTest, a_negative_portion_does_not_let_the_value_overflow) {
   StartSlider(":MinValue 0 :MaxValue 10 :InitialValue 0 :InitialPortion -2147483647"
               " :SliderStyle proportional");
   EXPECT_EQ(Run(":SetSliderValue(1 2147483647) :Step(1 1)"), Status::Done);
@@ -46,14 +46,14 @@ TEST_F(SliderTest, a_negative_portion_allows_no_value_beyond_32_bits) {
   EXPECT_EQ(TakeLog(), "done");
 }
 
-TEST_F(SliderTest, a_slider_with_step_0_refuses_every_value) {
+TEST_F(SliderTest, a_slider_with_step_size_0_refuses_every_value) {
   StartSlider(":MinValue 0 :MaxValue 10 :StepSize 0 :InitialValue 0");
   EXPECT_EQ(Run(":SetSliderValue(1 5) :SetSliderValue(1 0)"), Status::Done);
   EXPECT_EQ(Value(), 0);
   EXPECT_EQ(TakeLog(), "");
 }
 
-TEST_F(SliderTest, a_step_of_minus_1_over_the_whole_range_does_not_fault) {
+TEST_F(SliderTest, a_step_size_of_minus_1_accepts_the_whole_range) {
   StartSlider(":MinValue -2147483648 :MaxValue 2147483647 :StepSize -1 :InitialValue 0");
   EXPECT_EQ(Run(":SetSliderValue(1 2147483647)"), Status::Done);
   EXPECT_EQ(Value(), 2147483647);

@@ -44,7 +44,7 @@ TEST_F(TextTest, referenced_content_is_fetched_and_a_failure_keeps_the_old_text)
   EXPECT_EQ(TheHost().fetched, expected) << "for the variable, then for the text";
 }
 
-TEST_F(TextTest, a_variable_that_names_new_content_loads_it_first) {
+TEST_F(TextTest, new_content_named_by_a_variable_is_loaded_into_the_variable_first) {
   TheHost().files["p"] = "picture";
   Start("{:Bitmap 1 :OrigContent :ContentRef (\"~/o\") :OrigBoxSize 9 9}"
         "{:ContentRefVar 2 :OrigValue :ContentRef \"~/p\"}");

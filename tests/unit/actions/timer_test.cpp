@@ -61,14 +61,14 @@ TEST_F(TimerTest, a_transition_kills_the_timers_of_the_scene) {
   EXPECT_EQ(Expire(5), Status::Refused);
 }
 
-TEST_F(TimerTest, an_absolute_time_counts_from_the_start_of_the_process) {
+TEST_F(TimerTest, the_time_of_entry_into_the_scene_is_subtracted_from_an_absolute_time) {
   TheHost().milliseconds = 400;
   StartTimers();
   EXPECT_EQ(RunInScene(":SetTimer(0 5 1000 :AbsoluteTime TRUE)"), Status::Done);
   EXPECT_EQ(TheHost().timers, (Timers{{5, 600}}));
 }
 
-TEST_F(TimerTest, an_absolute_time_in_the_past_does_not_fire_soon) {
+TEST_F(TimerTest, an_absolute_time_before_the_entry_into_the_scene_does_not_fire_soon) {
   TheHost().milliseconds = 5000;
   StartTimers();
   EXPECT_EQ(RunInScene(":SetTimer(0 5 1000 :AbsoluteTime TRUE)"), Status::Done);

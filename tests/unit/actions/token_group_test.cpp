@@ -55,7 +55,7 @@ TEST_F(TokenGroupTest, a_member_that_is_no_visible_is_reported_and_skipped) {
   EXPECT_EQ(Stack(), "1");
 }
 
-// An object can bear the name of another group.
+// The reference of an object may name another group.
 TEST_F(TokenGroupTest, members_of_an_applications_group_are_its_objects_rather_than_the_scenes) {
   StartWithScene("{:Rectangle (\"~/s\" 1) :InitiallyActive FALSE :OrigBoxSize 1 1}"
                  "{:TokenGroup 10 :InitiallyActive FALSE :TokenGroupItems (((\"~/s\" 1)))}",
@@ -101,7 +101,7 @@ TEST_F(TokenGroupTest, the_token_may_be_moved_to_any_position) {
   EXPECT_EQ(Integer(21), 1000);
 }
 
-TEST_F(TokenGroupTest, a_movement_leads_from_each_position_to_its_target) {
+TEST_F(TokenGroupTest, a_movement_moves_the_token_from_each_position_to_its_target) {
   StartTokens();
   EXPECT_EQ(Run(":Move(10 1) :Move(10 1) :Move(10 1) :Move(10 3)"), Status::Done);
   EXPECT_EQ(TakeLog(), "from1 to2 from2 to3 from3 to1");

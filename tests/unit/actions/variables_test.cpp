@@ -141,7 +141,7 @@ TEST_F(VariablesTest, an_unavailable_variable_can_be_tested) {
   EXPECT_EQ(TakeLog(), "result+");
 }
 
-TEST_F(VariablesTest, arithmetic_wraps) {
+TEST_F(VariablesTest, arithmetic_wraps_around) {
   Start(kVariables);
   constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
   constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
@@ -174,7 +174,7 @@ TEST_F(VariablesTest, dividing_the_least_integer_by_minus_one_leaves_it_unchange
   EXPECT_EQ(Calculate("Modulo", kLeast, -1), 0);
 }
 
-TEST_F(VariablesTest, appending_may_fill_a_string_up_to_the_limit) {
+TEST_F(VariablesTest, appending_can_fill_a_string_to_its_limit) {
   StartVariables();
   ASSERT_TRUE(Object<OctetStringVariable>(3).Value.AssignZeros(kLongestString - 1));
   EXPECT_EQ(Run(":Append(3 \"x\")"), Status::Done);

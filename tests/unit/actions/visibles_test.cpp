@@ -53,7 +53,7 @@ TEST_F(VisiblesTest, positions_may_be_negative_but_box_sizes_not) {
   EXPECT_EQ(Integer(6), 40);
 }
 
-TEST_F(VisiblesTest, two_answers_are_written_together_or_not_at_all) {
+TEST_F(VisiblesTest, two_results_are_written_together_or_not_at_all) {
   Start(kThree);
   EXPECT_EQ(Run(":SetPosition(1 3 4) :GetPosition(1 5 7) :GetPosition(1 7 6)"), Status::Done);
   EXPECT_EQ(Integer(5), 0);
@@ -117,7 +117,7 @@ TEST_F(VisiblesTest, a_negative_scale_makes_a_video_unscaled_and_is_refused_for_
   EXPECT_EQ(Object<Bitmap>(1).ScaledSize.Height, 40);
 }
 
-TEST_F(VisiblesTest, transparency_lies_between_0_and_100) {
+TEST_F(VisiblesTest, a_transparency_outside_0_to_100_is_refused) {
   Start("{:Bitmap 1 :OrigContent :ContentRef (\"~/p\") :OrigBoxSize 9 9 :OrigTransparency 20}");
   EXPECT_EQ(Object<Bitmap>(1).Transparency, 20);
   EXPECT_EQ(Run(":SetTransparency(1 101) :SetTransparency(1 -1)"), Status::Done);

@@ -71,7 +71,7 @@ TEST_F(DisplayStack, position_1_is_the_bottom) {
   EXPECT_EQ(Order(), "2314");
 }
 
-TEST_F(DisplayStack, an_entry_is_read_by_its_position) {
+TEST_F(DisplayStack, the_entry_at_a_position_is_returned) {
   Append(1);
   EXPECT_EQ(AppendOnTop(App(), ItemType::Text, Box(2)), Status::Done);
   StackedVisible entry;
@@ -116,7 +116,7 @@ TEST_F(DisplayStack, removing_matches_both_class_and_visible) {
   EXPECT_FALSE(RemoveFromStack(App(), ItemType::Text, Box(1)));
 }
 
-TEST_F(DisplayStack, removing_removes_the_first_match) {
+TEST_F(DisplayStack, only_the_first_match_is_removed) {
   Append(1);
   Append(2);
   Append(1);
@@ -124,7 +124,7 @@ TEST_F(DisplayStack, removing_removes_the_first_match) {
   EXPECT_EQ(Order(), "21");
 }
 
-TEST_F(DisplayStack, a_visible_is_found_by_its_class_or_by_any) {
+TEST_F(DisplayStack, a_visible_is_found_with_its_class_or_without_a_class) {
   EXPECT_EQ(AppendOnTop(App(), ItemType::Text, Box(1)), Status::Done);
   EXPECT_TRUE(StackContains(App(), ItemType::None, Box(1)));
   EXPECT_TRUE(StackContains(App(), ItemType::Text, Box(1)));
@@ -180,9 +180,9 @@ TEST_F(DisplayStack, a_cleared_stack_keeps_the_visibles_and_accepts_new_entries)
   EXPECT_EQ(Order(), "2");
 }
 
-TEST_F(DisplayStack, without_memory_the_stack_is_unchanged_and_a_message_printed) {
+TEST_F(DisplayStack, without_memory_the_stack_is_unchanged_and_a_message_is_printed) {
   StackThree();
-  // Not every insertion allocates: inserts until one does and removes what has been inserted.
+  // Not every insertion allocates. Inserts until one fails, then removes the inserted entries.
   const auto failing = [&](auto&& insert) {
     return Do([&] {
       FailAllocation(1);
@@ -213,7 +213,7 @@ TEST_F(DisplayStack, without_memory_the_stack_is_unchanged_and_a_message_printed
 
 // ---- The stacking actions ----
 
-TEST_F(DisplayStack, bring_to_front_puts_on_top) {
+TEST_F(DisplayStack, bring_to_front_moves_to_the_top) {
   StackThree();
   EXPECT_EQ(Do([] { return BringToFront(kRectangle, Box(1)); }), Status::Done);
   EXPECT_EQ(Order(), "231");
@@ -225,13 +225,13 @@ TEST_F(DisplayStack, bring_to_front_of_the_top_changes_nothing) {
   EXPECT_EQ(Order(), "123");
 }
 
-TEST_F(DisplayStack, send_to_back_puts_at_the_bottom) {
+TEST_F(DisplayStack, send_to_back_moves_to_the_bottom) {
   StackThree();
   EXPECT_EQ(Do([] { return SendToBack(kRectangle, Box(3)); }), Status::Done);
   EXPECT_EQ(Order(), "312");
 }
 
-TEST_F(DisplayStack, put_before_puts_directly_above_the_reference) {
+TEST_F(DisplayStack, put_before_moves_directly_above_the_reference) {
   StackThree();
   EXPECT_EQ(Do([] { return PutBefore(kRectangle, Box(3), Box(1)); }), Status::Done);
   EXPECT_EQ(Order(), "132");
@@ -239,7 +239,7 @@ TEST_F(DisplayStack, put_before_puts_directly_above_the_reference) {
   EXPECT_EQ(Order(), "321");
 }
 
-TEST_F(DisplayStack, put_behind_puts_directly_below_the_reference) {
+TEST_F(DisplayStack, put_behind_moves_directly_below_the_reference) {
   StackThree();
   EXPECT_EQ(Do([] { return PutBehind(kRectangle, Box(3), Box(1)); }), Status::Done);
   EXPECT_EQ(Order(), "312");
@@ -343,7 +343,7 @@ TEST_F(DisplayStack, a_visible_that_runs_again_after_a_silent_stop_is_in_the_sta
   EXPECT_EQ(Order(), "12");
   ASSERT_EQ(GoTo("~/menu"), Status::Done);
   EXPECT_FALSE(Box(1).RunningStatus);
-  EXPECT_EQ(Order(), "12") << "a stopped visible keeps its place";
+  EXPECT_EQ(Order(), "12") << "a stopped visible keeps its position";
   EXPECT_EQ(Press(100), Status::Done);
   EXPECT_EQ(Order(), "21");
   EXPECT_EQ(Press(101), Status::Done);

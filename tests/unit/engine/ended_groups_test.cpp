@@ -108,7 +108,7 @@ TEST_F(EndedGroups, are_noticed_even_if_the_generations_have_wrapped) {
   EXPECT_EQ(TheHost().fetched.back(), "two");
 }
 
-TEST_F(EndedGroups, are_skipped_by_a_list_group_of_the_application_that_lists_their_visible) {
+TEST_F(EndedGroups, are_skipped_by_a_list_group_of_the_application_with_one_of_their_visibles) {
   ServeApplication("{:ListGroup 10 :InitiallyActive FALSE :Shared TRUE :TokenGroupItems "
                    "((11) ((\"~/menu\" 8))) :Positions ((0 0) (0 50))}" +
                    RectangleText(11, kInactive) + LinkOnKey(1, 100, ":Run(10)", kShared) +
@@ -127,7 +127,7 @@ TEST_F(EndedGroups, are_skipped_by_a_list_group_of_the_application_that_lists_th
   EXPECT_EQ(Notes(), "n");
 }
 
-TEST_F(EndedGroups, may_own_the_name_in_the_call_that_ends_them) {
+TEST_F(EndedGroups, may_own_the_name_passed_to_the_call_that_ends_them) {
   ServeApplication("");
   ServeScene("menu", "");
   ServeScene("next", "");
@@ -146,7 +146,7 @@ TEST_F(EndedGroups, may_own_the_name_in_the_call_that_ends_them) {
             Status::Done);
 }
 
-TEST_F(EndedGroups, whose_end_fails_keep_running_and_the_new_group_is_released) {
+TEST_F(EndedGroups, whose_end_fails_stay_current_and_the_new_group_is_released) {
   ServeBroken("broken");
   ServeApplication(LinkOn(1, "(\"~/menu\" 0)", "IsDeleted", TransitionAction("~/broken"), kShared));
   ServeScene("menu", RectangleText(8));
@@ -157,7 +157,7 @@ TEST_F(EndedGroups, whose_end_fails_keep_running_and_the_new_group_is_released) 
   EXPECT_EQ(NameOf(CurrentScene()), "~/menu");
 }
 
-TEST_F(EndedGroups, whose_end_fails_in_a_launch_keep_the_application) {
+TEST_F(EndedGroups, whose_end_fails_in_a_launch_stay_current) {
   ServeBroken("broken");
   ServeApplication(LinkOn(1, "(\"~/menu\" 0)", "IsDeleted", TransitionAction("~/broken"), kShared));
   ServeScene("menu", RectangleText(8));

@@ -5,8 +5,8 @@
 namespace korvel::test {
 namespace {
 
-// A way to raise an event. The application is "~/main", its scene "~/menu"; pressing key 100 runs
-// `actions` from a link of the scene.
+// A way to raise an event. The application is "~/main" and its scene is "~/menu". Pressing key 100
+// runs `actions` from a link of the scene.
 struct Occasion {
   const char* name;
   const char* source;
@@ -18,7 +18,8 @@ struct Occasion {
   bool raisesInRedraw = false;
 };
 
-std::string Touch(std::string_view action, std::int32_t number) {
+// An action on an object of the scene.
+std::string SceneAction(std::string_view action, std::int32_t number) {
   return ":" + std::string(action) + "(" + Name("~/menu", number) + ") ";
 }
 
@@ -26,30 +27,32 @@ const std::array kOccasions = {
     Occasion{"a_test", "(\"~/menu\" 7)", "TestEvent",
              ":TestVariable((\"~/menu\" 7) 1 :GBoolean TRUE)", "",
              "{:BooleanVar 7 :OrigValue TRUE}"},
-    Occasion{"an_item_that_runs", "(\"~/menu\" 8)", "IsRunning", Touch("Run", 8), "",
+    Occasion{"an_item_that_runs", "(\"~/menu\" 8)", "IsRunning", SceneAction("Run", 8), "",
              RectangleText(8, kInactive)},
-    Occasion{"an_item_that_stops", "(\"~/menu\" 8)", "IsStopped", Touch("Stop", 8), "",
+    Occasion{"an_item_that_stops", "(\"~/menu\" 8)", "IsStopped", SceneAction("Stop", 8), "",
              RectangleText(8)},
     Occasion{"an_item_of_the_application_that_runs", "(\"~/main\" 8)", "IsRunning",
              ":Run((\"~/main\" 8))", RectangleText(8, kInactive)},
-    Occasion{"a_text_that_becomes_available", "(\"~/menu\" 8)", "IsAvailable", Touch("Preload", 8),
-             "", "{:Text 8 :InitiallyActive FALSE :OrigContent \"x\" :OrigBoxSize 9 9}"},
+    Occasion{"a_text_that_becomes_available", "(\"~/menu\" 8)", "IsAvailable",
+             SceneAction("Preload", 8), "",
+             "{:Text 8 :InitiallyActive FALSE :OrigContent \"x\" :OrigBoxSize 9 9}"},
     Occasion{"a_content_that_becomes_available", "(\"~/menu\" 8)", "ContentAvailable",
-             Touch("Preload", 8), "",
+             SceneAction("Preload", 8), "",
              "{:Text 8 :InitiallyActive FALSE :OrigContent \"x\" :OrigBoxSize 9 9}"},
     Occasion{"a_missing_scene", "(\"~/main\" 0)", "EngineEvent :EventData 2",
              TransitionAction("~/missing")},
     Occasion{"a_missing_application_to_launch", "(\"~/main\" 0)", "EngineEvent :EventData 2",
              LaunchAction("~/missing")},
-    Occasion{"a_missing_text", "(\"~/main\" 0)", "EngineEvent :EventData 3", Touch("Run", 8), "",
+    Occasion{"a_missing_text", "(\"~/main\" 0)", "EngineEvent :EventData 3", SceneAction("Run", 8),
+             "",
              "{:Text 8 :InitiallyActive FALSE :OrigContent :ContentRef (\"~/missing\") "
              ":OrigBoxSize 9 9}"},
     Occasion{"a_redraw_of_an_item_that_runs", "(\"~/main\" 0)", "EngineEvent :EventData 3",
-             Touch("Run", 8), "", RectangleText(8, kInactive), true},
+             SceneAction("Run", 8), "", RectangleText(8, kInactive), true},
     Occasion{"a_redraw_of_an_item_that_stops", "(\"~/main\" 0)", "EngineEvent :EventData 3",
-             Touch("Stop", 8), "", RectangleText(8), true},
+             SceneAction("Stop", 8), "", RectangleText(8), true},
     Occasion{"a_redraw_of_an_item_brought_to_front", "(\"~/main\" 0)", "EngineEvent :EventData 3",
-             Touch("BringToFront", 8), "", RectangleText(8), true},
+             SceneAction("BringToFront", 8), "", RectangleText(8), true},
     Occasion{"a_redraw_of_an_unlocked_screen", "(\"~/main\" 0)", "EngineEvent :EventData 3",
              ":LockScreen((\"~/main\" 0)) :UnlockScreen((\"~/main\" 0))", "", "", true},
     Occasion{"an_event_of_the_input_table", "(\"~/menu\" 5)", "StreamEvent",
@@ -63,7 +66,7 @@ class EndedInside : public EndingTest, public testing::WithParamInterface<Case> 
 TEST_P(EndedInside, leaves_the_next_group_running) {
   const auto& [index, end, holder] = GetParam();
   const Occasion& occasion = kOccasions[index];
-  const std::string links = AnsweringLinks(occasion.source, occasion.event, end);
+  const std::string links = EndingLinks(occasion.source, occasion.event, end);
   ServeOthers();
   Serve("main", ApplicationText("~/main", occasion.applicationItems +
                                               (holder == HeldBy::Application ? links : "")));
@@ -83,7 +86,7 @@ class EndedInSpawn : public EndingTest,
 
 TEST_P(EndedInSpawn, returns_to_the_spawning_application_when_it_quits) {
   const auto& [end, holder] = GetParam();
-  const std::string links = AnsweringLinks("(\"~/main\" 0)", "EngineEvent :EventData 2", end);
+  const std::string links = EndingLinks("(\"~/main\" 0)", "EngineEvent :EventData 2", end);
   ServeOthers();
   Serve("main", ApplicationText("~/main", holder == HeldBy::Application ? links : ""));
   ServeScene("menu", (holder == HeldBy::Scene ? links : "") +

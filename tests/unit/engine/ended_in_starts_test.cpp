@@ -16,7 +16,7 @@ class EndedByEither : public EndingTest, public testing::WithParamInterface<Held
   // the event.
   void ServeMain(std::string_view source, std::string_view event, std::string_view sceneItems = "",
                  std::string_view sceneAttributes = "") {
-    const std::string links = AnsweringLinks(source, event, TheEnd());
+    const std::string links = EndingLinks(source, event, TheEnd());
     const bool isInScene = std::get<1>(GetParam()) == HeldBy::Scene;
     ServeOthers();
     Serve("main", ApplicationText("~/main", isInScene ? "" : links));
@@ -105,7 +105,7 @@ class EndedByApplication : public EndingTest, public testing::WithParamInterface
   void ExpectAnEndIn(std::string_view source, std::string_view event) {
     ServeOthers();
     Serve("main", ApplicationText("~/main", RectangleText(8) + RectangleText(9) +
-                                                AnsweringLinks(source, event, GetParam())));
+                                                EndingLinks(source, event, GetParam())));
     ASSERT_EQ(Start(), Status::Done);
     static_cast<void>(EnterMain(GetParam()));
     ExpectThatTheNextGroupRuns(GetParam());
@@ -135,7 +135,7 @@ TEST_P(EndedByApplication, in_its_second_on_start_up) {
   ServeOthers();
   Serve("main", ApplicationText("~/main",
                                 "{:BooleanVar 7 :OrigValue TRUE}" +
-                                    AnsweringLinks("7", "TestEvent", GetParam()),
+                                    EndingLinks("7", "TestEvent", GetParam()),
                                 ":OnStartUp (:TestVariable(7 1 :GBoolean TRUE))"));
   ASSERT_EQ(Start(), Status::Done);
   static_cast<void>(EnterMain(GetParam()));
@@ -152,10 +152,9 @@ TEST_P(EndedByApplication, in_the_on_start_up_of_its_scene) {
   ExpectThatTheNextGroupRuns(GetParam());
 }
 
-TEST_P(EndedByApplication, in_the_event_of_its_scenes_end) {
+TEST_P(EndedByApplication, in_the_is_deleted_event_of_its_scene) {
   ServeOthers();
-  Serve("main",
-        ApplicationText("~/main", AnsweringLinks("(\"~/menu\" 0)", "IsDeleted", GetParam())));
+  Serve("main", ApplicationText("~/main", EndingLinks("(\"~/menu\" 0)", "IsDeleted", GetParam())));
   ServeScene("menu", LinkOnKey(1, 100, TransitionAction("~/next") + Never()) +
                          LinkOnKey(2, 100, Never()) + RectangleText(8));
   ServeScene("next", RectangleText(8), ":OnStartUp (" + Never() + ")");
@@ -165,10 +164,9 @@ TEST_P(EndedByApplication, in_the_event_of_its_scenes_end) {
   ExpectThatTheNextGroupRuns(GetParam());
 }
 
-TEST_P(EndedByApplication, in_the_event_of_its_scenes_end_by_launch) {
+TEST_P(EndedByApplication, in_the_is_deleted_event_of_its_scene_during_a_launch) {
   ServeOthers();
-  Serve("main",
-        ApplicationText("~/main", AnsweringLinks("(\"~/menu\" 0)", "IsDeleted", GetParam())));
+  Serve("main", ApplicationText("~/main", EndingLinks("(\"~/menu\" 0)", "IsDeleted", GetParam())));
   Serve("never started", ApplicationText("~/c", "", ":OnStartUp (" + Never() + ")"));
   ServeScene("menu", RectangleText(8));
   StartMain(GetParam());
@@ -177,10 +175,9 @@ TEST_P(EndedByApplication, in_the_event_of_its_scenes_end_by_launch) {
   ExpectThatTheNextGroupRuns(GetParam());
 }
 
-TEST_P(EndedByApplication, in_the_event_of_its_scenes_end_by_close_down) {
+TEST_P(EndedByApplication, in_the_is_deleted_event_of_its_scene_during_close_down) {
   ServeOthers();
-  Serve("main",
-        ApplicationText("~/main", AnsweringLinks("(\"~/menu\" 0)", "IsDeleted", GetParam())));
+  Serve("main", ApplicationText("~/main", EndingLinks("(\"~/menu\" 0)", "IsDeleted", GetParam())));
   ServeScene("menu", RectangleText(8));
   StartMain(GetParam());
   ASSERT_EQ(GoTo("~/menu"), Status::Done);

@@ -40,11 +40,14 @@ class EndingTest : public EngineTest {
     return "";
   }
 
-  static std::string AnsweringLinks(std::string_view source, std::string_view event, End end) {
+  // Two links on the event. The first one ends the group, so neither its next action nor the second
+  // link may run.
+  static std::string EndingLinks(std::string_view source, std::string_view event, End end) {
     return LinkOn(21, source, event, EndAction(end) + Never(), kShared) +
            LinkOn(22, source, event, Never(), kShared);
   }
 
+  // Serves the groups that run after the ended one.
   void ServeOthers() {
     ServeApplication("");
     Serve("b", ApplicationText("~/b", LinkOnKey(1, 16, Note("k", "~/b")),

@@ -130,7 +130,7 @@ TEST_F(Events, a_raise_by_type_ignores_the_source) {
   EXPECT_EQ(TakeNotes(), "1");
 }
 
-TEST_F(Events, an_object_may_be_given_as_the_source) {
+TEST_F(Events, an_event_can_be_raised_from_an_object) {
   StartWith(RectangleText(5) + LinkOn(1, "5", "StreamEvent :EventData 3", Note("5")) +
             LinkOn(2, "0", "StreamEvent :EventData 3", Note("0")));
   EXPECT_EQ(Do([] {
@@ -146,7 +146,7 @@ TEST_F(Events, an_object_may_be_given_as_the_source) {
   EXPECT_EQ(TakeNotes(), "0");
 }
 
-TEST_F(Events, every_event_type_finds_its_links) {
+TEST_F(Events, every_event_type_runs_its_links) {
   std::string links;
   for (std::size_t type = 1; type <= kWords<EventType>.size(); ++type) {
     links += LinkOn(static_cast<std::int32_t>(type), "50",
@@ -182,7 +182,7 @@ TEST_F(Events, links_on_unknown_event_types_never_run) {
   EXPECT_EQ(TakeNotes(), "");
 }
 
-TEST_F(Events, an_inactive_link_keeps_its_place_in_the_order) {
+TEST_F(Events, a_reactivated_link_runs_at_its_old_position_in_the_order) {
   StartWith(LinkOnKey(1, 100, Note("1")) + LinkOnKey(2, 100, Note("2"), kInactive) +
             LinkOnKey(3, 100, Note("3")) + LinkOnKey(4, 101, ":Activate(2)") +
             LinkOnKey(5, 102, ":Deactivate(2)"));
@@ -321,7 +321,7 @@ TEST_F(Events, only_a_raise_by_type_ignores_a_tilde_in_a_links_own_name) {
   EXPECT_EQ(TakeNotes(), "x");
 }
 
-TEST_F(Events, the_end_of_a_scene_removes_the_links_of_an_application_of_its_name) {
+TEST_F(Events, the_end_of_a_scene_removes_the_links_of_an_application_with_the_same_name) {
   ServeApplication(LinkOnKey(1, 100, Note("a"), kShared));
   ServeScene("next", "");
   Serve("same", "{:Scene (\"/a\" 0) :Items (" + LinkOnKey(1, 100, Note("s")) + ")}");

@@ -1,5 +1,5 @@
-// Objects and links are found through indexes. On random groups the indexes must find what a walk
-// over the items in their order finds: the first object, and the first five links.
+// Objects and links are found through indexes. On random groups the indexes must give the same
+// results as a walk over the items in order: the first object, and the first five links.
 #include <random>
 #include <sstream>
 #include <vector>
@@ -12,7 +12,7 @@ namespace korvel::test {
 namespace {
 
 constexpr const char* kNames[] = {"~/a", "/a", "~/menu", "/menu", "~/next", "~/other", ""};
-constexpr std::int32_t kMostNumber = 5;
+constexpr std::int32_t kLargestNumber = 5;
 
 // ---- The plain walk ----
 
@@ -104,8 +104,8 @@ class FirstMatch : public EngineTest {
   }
 
   // An item's own reference: a number, often with the name of some group.
-  std::string Identity() {
-    const std::int32_t number = 1 + Number(kMostNumber);
+  std::string OwnReference() {
+    const std::int32_t number = 1 + Number(kLargestNumber);
     const std::string name = OneOf(kNames);
     return name.empty() ? std::to_string(number) : Name(name, number);
   }
@@ -113,13 +113,13 @@ class FirstMatch : public EngineTest {
   std::string RandomItem() {
     const std::string heading =
         OneOf(std::vector<std::string>{"Rectangle", "IntegerVar", "BooleanVar", "Font", "Stream"});
-    const std::string start = "{:" + heading + " " + Identity() + " :InitiallyActive FALSE ";
+    const std::string start = "{:" + heading + " " + OwnReference() + " :InitiallyActive FALSE ";
     if (heading == "Rectangle") return start + ":OrigBoxSize 1 1}";
-    if (heading == "IntegerVar") return "{:IntegerVar " + Identity() + " :OrigValue 1}";
-    if (heading == "BooleanVar") return "{:BooleanVar " + Identity() + " :OrigValue TRUE}";
-    if (heading == "Font") return "{:Font " + Identity() + " :OrigContent \"f\"}";
-    return start + ":Multiplex ({:Audio " + Identity() + " :ComponentTag 1} {:Video " + Identity() +
-           " :InitiallyActive FALSE :ComponentTag 2 :OrigBoxSize 1 1})}";
+    if (heading == "IntegerVar") return "{:IntegerVar " + OwnReference() + " :OrigValue 1}";
+    if (heading == "BooleanVar") return "{:BooleanVar " + OwnReference() + " :OrigValue TRUE}";
+    if (heading == "Font") return "{:Font " + OwnReference() + " :OrigContent \"f\"}";
+    return start + ":Multiplex ({:Audio " + OwnReference() + " :ComponentTag 1} {:Video " +
+           OwnReference() + " :InitiallyActive FALSE :ComponentTag 2 :OrigBoxSize 1 1})}";
   }
 
   std::string RandomLink(char mark) {
@@ -127,7 +127,7 @@ class FirstMatch : public EngineTest {
                                                             ":EventData TRUE", ":EventData FALSE"});
     const std::string name = OneOf(kNames);
     const std::string active = random_() % 5 == 0 ? " :InitiallyActive FALSE" : "";
-    return "{:Link " + Identity() + active + " :EventSource " + Name(name, Number(3)) +
+    return "{:Link " + OwnReference() + active + " :EventSource " + Name(name, Number(3)) +
            " :EventType " +
            OneOf(std::vector<std::string>{"TestEvent", "UserInput", "EngineEvent"}) + " " + data +
            " :LinkEffect (" + Note(std::string(1, mark)) + ")} ";
@@ -149,7 +149,7 @@ class FirstMatch : public EngineTest {
   static void CompareObjects() {
     for (const Scope scope : {Scope::ApplicationFirst, Scope::SceneFirst}) {
       for (const char* name : kNames) {
-        for (std::int32_t number = -1; number <= kMostNumber + 1; ++number) {
+        for (std::int32_t number = -1; number <= kLargestNumber + 1; ++number) {
           const FoundObject expected = FirstIn(scope, name, number);
           const FoundObject found = FindObject(scope, name, number);
           ASSERT_EQ(found.object, expected.object) << name << " " << number;
@@ -189,7 +189,7 @@ class FirstMatch : public EngineTest {
   std::mt19937 random_{1};
 };
 
-TEST_F(FirstMatch, objects_are_found_as_a_walk_finds_them) {
+TEST_F(FirstMatch, the_index_finds_the_same_objects_as_a_walk) {
   for (int round = 0; round < 60; ++round) {
     SCOPED_TRACE(round);
     ServeApplication(RandomItems());
@@ -205,7 +205,7 @@ TEST_F(FirstMatch, objects_are_found_as_a_walk_finds_them) {
   }
 }
 
-TEST_F(FirstMatch, links_run_as_a_walk_finds_them) {
+TEST_F(FirstMatch, the_index_finds_the_same_links_as_a_walk) {
   for (int round = 0; round < 20; ++round) {
     SCOPED_TRACE(round);
     ServeApplication(RandomLinks('a'));

@@ -143,7 +143,7 @@ TEST_F(GroupFiles, a_name_of_many_steps_up_is_resolved_in_linear_time) {
   EXPECT_LT(PathOf(name + "/y").size(), 10U);
 }
 
-TEST_F(GroupFiles, names_of_the_module_are_never_fetched) {
+TEST_F(GroupFiles, names_that_begin_with_ci_are_never_fetched) {
   StartAtTheTop();
   EXPECT_EQ(PathOf("CI:/x"), "refused");
   EXPECT_EQ(PathOf("CI://x"), "refused");
@@ -151,7 +151,7 @@ TEST_F(GroupFiles, names_of_the_module_are_never_fetched) {
   EXPECT_EQ(PathOf("ci:/x"), "x") << "lower case makes it an ordinary name";
 }
 
-TEST_F(GroupFiles, a_transition_to_a_name_of_the_module_is_a_missing_scene) {
+TEST_F(GroupFiles, a_transition_to_a_name_that_begins_with_ci_reports_a_missing_scene) {
   ServeApplication(LinkOn(1, "0", "EngineEvent :EventData 2", Note("2")));
   ASSERT_EQ(Start(), Status::Done);
   TheHost().fetched.clear();

@@ -343,7 +343,7 @@ TEST_F(Lifecycle, a_start_clears_the_current_directory) {
   EXPECT_EQ(TheHost().fetched.back(), "menu");
 }
 
-TEST_F(Lifecycle, a_start_after_operations_without_an_application_works) {
+TEST_F(Lifecycle, the_engine_starts_after_operations_without_an_application) {
   ServeApplication(LinkOnKey(1, 100, Note("1")));
   ServeScene("menu", "");
   Serve("b", ApplicationText("~/b", ""));

@@ -106,7 +106,7 @@ TEST_F(Limits, applications_that_launch_each_other_fail) {
   EXPECT_LE(TheHost().fetched.size(), 101U);
 }
 
-TEST_F(Limits, a_link_that_requests_the_missing_file_again_fails) {
+TEST_F(Limits, a_link_that_requests_a_missing_file_again_and_again_fails) {
   ServeApplication(LinkOn(1, "0", "EngineEvent :EventData 2", TransitionAction("~/missing")));
   ASSERT_EQ(Start(), Status::Done);
   TheHost().fetched.clear();
@@ -191,7 +191,7 @@ TEST_F(Limits, a_close_takes_less_than_a_second_including_the_wait_for_a_file) {
   EXPECT_LT(takenMs, 1000U);
 }
 
-TEST_F(Limits, the_next_engine_has_a_new_count) {
+TEST_F(Limits, a_reset_engine_counts_from_zero) {
   Do([] {
     TheHost().isClosing = true;
     return TakeActions(2 * kActionLimit);
@@ -222,7 +222,7 @@ TEST_F(Limits, links_that_multiply_fail_with_one_message) {
   EXPECT_EQ(Notes(), "k");
 }
 
-TEST_F(Limits, no_pause_is_made_while_a_close_is_pending) {
+TEST_F(Limits, a_missing_file_causes_no_pause_while_a_close_is_pending) {
   ServeApplication("");
   ASSERT_EQ(Start(), Status::Done);
   TheHost().isClosing = true;

@@ -1,4 +1,4 @@
-// Running out of memory at any moment. An application and a scene start and run with the n-th
+// Running out of memory at any moment: an application and a scene start and run with the n-th
 // allocation failing, for every n until none fails.
 #include <set>
 #include <sstream>
@@ -53,8 +53,8 @@ TEST_F(OutOfMemory, no_failed_allocation_crashes_or_leaks) {
   static_cast<void>(Printed());
   TheHost().fetched.clear();
   RunEngine();
-  const auto undisturbed = TheHost().fetched;
-  ASSERT_EQ(undisturbed,
+  const auto expectedFiles = TheHost().fetched;
+  ASSERT_EQ(expectedFiles,
             (std::vector<std::string>{"a", "the_main_menu", "missing", "next", "b", "b", "a"}));
   ASSERT_EQ(Printed(), "");
 
@@ -75,8 +75,8 @@ TEST_F(OutOfMemory, no_failed_allocation_crashes_or_leaks) {
   } while (HasFailedAllocation());
   FailAllocation(0);
 
-  EXPECT_EQ(TheHost().fetched, undisturbed) << "without a failure the work is the same";
-  EXPECT_GT(failing, 120U) << "the work makes this many allocations";
+  EXPECT_EQ(TheHost().fetched, expectedFiles) << "the last run had no failed allocation";
+  EXPECT_GT(failing, 120U) << "fewer allocations than expected";
   EXPECT_EQ(messages.count("Can't allocate memory for new event"), 1U);
   EXPECT_EQ(messages.count("Can't allocate memory for DisplayStack"), 1U);
   EXPECT_EQ(messages.count("Parser failed"), 1U);
@@ -90,7 +90,7 @@ TEST_F(OutOfMemory, no_failed_allocation_crashes_or_leaks) {
 }
 
 TEST_F(OutOfMemory, a_link_that_cannot_be_registered_fails_the_start) {
-  // Finds the first failing allocation that is reported as that of a link entry.
+  // Finds the first allocation whose failure is reported as that of a link entry.
   std::size_t failing = 0;
   Status result = Status::Done;
   std::string printed;

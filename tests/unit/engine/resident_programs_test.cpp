@@ -387,9 +387,10 @@ TEST_F(ResidentProgramsTest, repeated_extraction_walks_through_a_list) {
   EXPECT_EQ(start, 10);
 }
 
-// The rule of a search: the first position at or after `start`, counted from 1, where the text
-// matches, or -1.
-std::int32_t PlaceByRule(const std::string& text, std::int32_t start, const std::string& wanted) {
+// The expected result of a search: the first position at or after `start`, counted from 1, at which
+// `wanted` occurs, or -1.
+std::int32_t ExpectedPosition(const std::string& text, std::int32_t start,
+                              const std::string& wanted) {
   for (std::size_t at = start < 1 ? 0 : static_cast<std::size_t>(start) - 1;
        at + wanted.size() <= text.size(); ++at) {
     if (text.compare(at, wanted.size(), wanted) == 0) return static_cast<std::int32_t>(at) + 1;
@@ -403,7 +404,7 @@ std::string RandomText(std::mt19937& random, std::size_t longest) {
   return text;
 }
 
-TEST_F(ResidentProgramsTest, substrings_of_random_texts_follow_the_rule) {
+TEST_F(ResidentProgramsTest, substrings_of_random_texts_are_clipped_to_the_text) {
   std::mt19937 random(1);  // NOLINT: the same texts every time
   for (int i = 0; i < 3000; ++i) {
     const std::string text = RandomText(random, 8);
@@ -417,20 +418,21 @@ TEST_F(ResidentProgramsTest, substrings_of_random_texts_follow_the_rule) {
   }
 }
 
-TEST_F(ResidentProgramsTest, searches_in_random_texts_follow_the_rule) {
+TEST_F(ResidentProgramsTest, searches_in_random_texts_find_the_first_occurrence) {
   std::mt19937 random(1);  // NOLINT: the same texts every time
   for (int i = 0; i < 3000; ++i) {
     const std::string text = RandomText(random, 8);
     const std::string wanted = RandomText(random, 3);
     const auto start = static_cast<std::int32_t>(random() % 12) - 1;
-    const std::int32_t place = PlaceByRule(text, start, wanted);
-    ASSERT_EQ(Found(text, start, wanted), place) << text << ' ' << start << ' ' << wanted;
+    const std::int32_t position = ExpectedPosition(text, start, wanted);
+    ASSERT_EQ(Found(text, start, wanted), position) << text << ' ' << start << ' ' << wanted;
     ASSERT_EQ(Call("SES", text, start, wanted, kText, kFirst), Status::Done);
     const std::int32_t first = start < 1 ? 1 : start;
-    ASSERT_EQ(Integer(kFirst), place == -1 ? -1 : place + static_cast<std::int32_t>(wanted.size()));
-    ASSERT_EQ(Text(), place == -1 ? ""
-                                  : text.substr(static_cast<std::size_t>(first) - 1,
-                                                static_cast<std::size_t>(place - first)));
+    ASSERT_EQ(Integer(kFirst),
+              position == -1 ? -1 : position + static_cast<std::int32_t>(wanted.size()));
+    ASSERT_EQ(Text(), position == -1 ? ""
+                                     : text.substr(static_cast<std::size_t>(first) - 1,
+                                                   static_cast<std::size_t>(position - first)));
   }
 }
 
@@ -484,7 +486,7 @@ TEST_F(ResidentProgramsTest, tuning_requests_a_restart) {
   EXPECT_EQ(TheHost().restarts, std::vector<RestartReason>{RestartReason::Tune});
 }
 
-TEST_F(ResidentProgramsTest, the_receiver_reports_its_properties) {
+TEST_F(ResidentProgramsTest, programs_about_the_receiver_return_fixed_values) {
   Object<BooleanVariable>(kBoolean).Value = true;
   EXPECT_EQ(Call("GBI", kBoolean, kText), Status::Done);
   EXPECT_FALSE(Object<BooleanVariable>(kBoolean).Value);

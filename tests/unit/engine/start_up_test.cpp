@@ -14,7 +14,7 @@ class StartUp : public EngineTest {
 
 // ---- The start-up search ----
 
-TEST_F(StartUp, the_engine_starts_from_a) {
+TEST_F(StartUp, the_engine_starts_from_the_file_a) {
   ServeApplication("");
   Serve("startup", ApplicationText("~/startup", ""));
   EXPECT_EQ(Start(), Status::Done);
@@ -24,7 +24,7 @@ TEST_F(StartUp, the_engine_starts_from_a) {
   EXPECT_EQ(CurrentScene(), nullptr);
 }
 
-TEST_F(StartUp, the_engine_starts_from_startup_when_there_is_no_a) {
+TEST_F(StartUp, the_engine_starts_from_the_file_startup_if_there_is_no_a) {
   Serve("startup", ApplicationText("~/startup", ""));
   EXPECT_EQ(Start(), Status::Done);
   EXPECT_EQ(NameOf(CurrentApplication()), "~/startup");
@@ -214,7 +214,7 @@ TEST_F(StartUp, an_on_start_up_that_starts_a_scene_ends_the_application_start) {
 }
 
 TEST_F(StartUp, a_second_on_start_up_that_starts_a_scene_does_not_stop_the_application) {
-  // The TestEvent has its link only in the second run.
+  // In the first run the link does not respond to the TestEvent yet.
   ServeApplication("{:BooleanVar 7 :OrigValue TRUE}" +
                        LinkOn(1, "7", "TestEvent :EventData TRUE",
                               Note("T") + TransitionAction("~/menu"), kShared) +
@@ -242,7 +242,7 @@ TEST_F(StartUp, an_item_that_starts_a_scene_does_not_stop_the_application_start)
   EXPECT_EQ(CurrentApplication()->LockCount, 2) << "OnStartUp ran a second time";
 }
 
-TEST_F(StartUp, the_lists_for_closing_and_restarting_never_run) {
+TEST_F(StartUp, on_close_down_on_spawn_close_down_and_on_restart_never_run) {
   ServeApplication("", ":OnCloseDown (" + Note("C") + ") :OnSpawnCloseDown (" + Note("S") +
                            ") :OnRestart (" + Note("R") + ")");
   ServeScene("menu", "", ":OnCloseDown (" + Note("c") + ")");

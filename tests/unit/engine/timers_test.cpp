@@ -1,5 +1,4 @@
-// Timers of groups: the platform timers they start, and whether and how their expiry raises an
-// event.
+// Timers of groups: the platform timers that they start, and the events that their expiry raises.
 #include "support/engine_fixture.h"
 
 namespace korvel::test {
@@ -58,7 +57,7 @@ TEST_F(TimerActions, a_timer_without_an_absolute_flag_is_relative) {
   EXPECT_FALSE(CurrentScene()->Timers.At(0)->isAbsolute);
 }
 
-TEST_F(Timers, an_absolute_timer_counts_from_the_entry_into_the_scene) {
+TEST_F(Timers, the_time_of_entry_into_the_scene_is_subtracted_from_an_absolute_time) {
   EXPECT_EQ(SetInScene(5, 4000, true), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 3000}}));
   EXPECT_TRUE(CurrentScene()->Timers.At(0)->isAbsolute);
@@ -77,7 +76,7 @@ TEST_F(Timers, each_scene_has_its_own_time_of_entry) {
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 1500}}));
 }
 
-TEST_F(Timers, before_the_first_scene_of_a_start_absolute_timers_count_from_zero) {
+TEST_F(Timers, before_the_first_scene_nothing_is_subtracted_from_an_absolute_time) {
   ASSERT_EQ(Start(), Status::Done);
   EXPECT_EQ(Set(CurrentApplication(), 5, 4000, true), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 4000}}));
@@ -119,7 +118,7 @@ TEST_F(Timers, setting_a_timer_again_restarts_it_with_the_second_value) {
 TEST_F(Timers, setting_a_timer_again_keeps_its_first_absolute_flag) {
   EXPECT_EQ(SetInScene(5, 4000, true), Status::Done);
   EXPECT_EQ(SetInScene(5, 6000, false), Status::Done);
-  EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 5000}})) << "still counted from the entry";
+  EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 5000}})) << "still absolute";
   EXPECT_EQ(SetInScene(6, 4000, false), Status::Done);
   EXPECT_EQ(SetInScene(6, 6000, true), Status::Done);
   EXPECT_EQ(TheHost().timers[6], 6000U);
@@ -209,7 +208,7 @@ TEST_F(Timers, without_memory_no_timer_starts_and_a_message_is_printed) {
   }
 }
 
-TEST_F(TimerActions, a_set_timer_action_sets_and_without_a_value_cancels) {
+TEST_F(TimerActions, a_set_timer_action_without_a_value_cancels_the_timer) {
   EXPECT_EQ(Press(100), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 700}}));
   EXPECT_EQ(Press(102), Status::Done);
@@ -225,7 +224,7 @@ TEST_F(TimerActions, a_set_timer_action_accepts_an_absolute_flag) {
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{5, 300}}));
 }
 
-TEST_F(TimerActions, a_set_timer_action_can_name_the_application) {
+TEST_F(TimerActions, a_set_timer_action_can_set_a_timer_of_the_application) {
   EXPECT_EQ(Press(103), Status::Done);
   EXPECT_EQ(TheHost().timers, (PlatformTimers{{8, 900}}));
   EXPECT_EQ(CurrentApplication()->Timers.Size(), 1U);

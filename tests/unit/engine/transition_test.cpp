@@ -218,7 +218,7 @@ TEST_F(Transition, a_failure_in_is_deleted_keeps_the_scene_without_its_links) {
   EXPECT_EQ(Notes(), "");
 }
 
-TEST_F(Transition, only_transitions_and_launches_by_action_count_as_generations) {
+TEST_F(Transition, only_transition_and_launch_actions_start_a_new_generation) {
   ServeApplication(LinkOnKey(1, 100, TransitionAction("~/menu"), kShared) +
                    LinkOnKey(2, 101, TransitionAction("~/missing"), kShared) +
                    LinkOnKey(3, 102, SpawnAction("~/b"), kShared));

@@ -52,7 +52,7 @@ class ColoursTest : public testing::Test {
     Name(text_.PaletteRef.Reference, group, number);
   }
   DrawnColour TextColour() { return TextColourOf(text_, {&application_, &scene_}); }
-  // The text's colour of an index of its palette; white if there is none.
+  // The colour of the text for an index into its palette; white if it is not set.
   DrawnColour TextColour(std::int32_t index) {
     text_.TextColour = FromPalette(index);
     return TextColour();
@@ -63,7 +63,7 @@ class ColoursTest : public testing::Test {
   Text text_;
 };
 
-TEST_F(ColoursTest, an_absolute_colour_has_four_bytes_or_three_and_is_then_opaque) {
+TEST_F(ColoursTest, an_absolute_colour_has_four_bytes_or_three_if_it_is_opaque) {
   text_.TextColour = Absolute("\x12\x34\x56\x78");
   EXPECT_EQ(TextColour(), 0x12345678U);
   text_.TextColour = Absolute("\x12\x34\x56");
@@ -77,7 +77,7 @@ TEST_F(ColoursTest, an_absolute_colour_of_another_length_is_not_set) {
   }
 }
 
-TEST_F(ColoursTest, a_colour_that_is_not_set_is_the_applications) {
+TEST_F(ColoursTest, a_colour_that_is_not_set_comes_from_the_application) {
   application_.Defaults.TextColour = Absolute("\x01\x02\x03");
   application_.Defaults.BackgroundColour = Absolute("\x04\x05\x06");
   application_.Defaults.SliderRefColour = Absolute("\x07\x08\x09");
@@ -105,7 +105,7 @@ TEST_F(ColoursTest, line_art_without_colours_has_black_lines_and_no_fill) {
   EXPECT_EQ(OriginalFillColourOf(rectangle, groups), 0xFFFFFFFFU);
 }
 
-TEST_F(ColoursTest, line_art_has_its_own_line_and_its_two_fills) {
+TEST_F(ColoursTest, line_art_uses_its_own_line_attributes_and_fill_colours) {
   Rectangle rectangle;
   rectangle.LineWidth = 5;
   rectangle.LineStyle = LineStyle::Dotted;
@@ -129,7 +129,7 @@ TEST_F(ColoursTest, a_palette_entry_has_four_bytes_and_a_missing_one_is_not_set)
   EXPECT_EQ(TextColour(-1), 0xFFFFFF00U);
 }
 
-TEST_F(ColoursTest, an_object_without_a_palette_uses_the_applications_first) {
+TEST_F(ColoursTest, an_object_without_a_palette_uses_the_first_palette_of_the_application) {
   EXPECT_EQ(TextColour(0), 0xFFFFFF00U);
   EXPECT_NE(application_.Items.Append(Item::New(ItemType::Font)), nullptr);
   AddPalette(scene_, 1, "aaaa");
@@ -156,7 +156,7 @@ TEST_F(ColoursTest, a_named_palette_is_found_in_the_scene_and_in_the_application
   EXPECT_EQ(TextColourOf(text_, {nullptr, &scene_}), 0xFFFFFF00U);
 }
 
-TEST_F(ColoursTest, a_palette_named_without_a_group_is_in_the_objects_own) {
+TEST_F(ColoursTest, a_palette_named_without_a_group_is_searched_in_the_objects_own_group) {
   AddPalette(scene_, 7, "ssss");
   AddPalette(application_, 7, "aaaa");
   text_.PaletteRef.IsPresent = true;

@@ -54,7 +54,7 @@ constexpr FileOfSize kFormats[] = {Png, Bmp, OldBmp, Gif, Jpeg};
 
 }  // namespace
 
-TEST(PictureSize, every_format_has_the_limit_of_16_mebipixels) {
+TEST(PictureSize, pictures_of_every_format_are_limited_to_16_mebipixels) {
   for (const FileOfSize file : kFormats) {
     EXPECT_TRUE(MayBeDecoded(file(1, 1)));
     EXPECT_TRUE(MayBeDecoded(file(4096, 4096)));

@@ -43,7 +43,7 @@ TEST(SliderBarTest, the_bar_from_the_bottom_ends_at_least_a_pixel_below_the_top)
   ExpectBox(SliderBarOf(SliderAt(1000, kDown)).bar, 10, 21, 111, 71);
 }
 
-TEST(SliderBarTest, equal_limits_give_the_shortest_bar) {
+TEST(SliderBarTest, equal_limits_give_a_bar_of_one_pixel) {
   Slider slider = SliderAt(0, kLeft);
   slider.MaxValue = 0;
   ExpectBox(SliderBarOf(slider).bar, 10, 20, 11, 71);

@@ -24,7 +24,7 @@ std::uint32_t ColourOf(std::uint8_t y, std::uint8_t u, std::uint8_t v) {
   return PixelAt(frame, 1, 1);
 }
 
-TEST(PlanarFrame, luma_alone_is_grey_between_16_and_235) {
+TEST(PlanarFrame, without_chroma_16_is_black_and_235_is_nearly_white) {
   EXPECT_EQ(ColourOf(16, 128, 128), 0xFF000000U);
   EXPECT_EQ(ColourOf(235, 128, 128), 0xFFFEFEFEU);
   EXPECT_EQ(ColourOf(0, 128, 128), 0xFF000000U);

@@ -190,7 +190,7 @@ TEST(DecodeParameters, missing_parameters_shorten_the_list) {
   EXPECT_EQ(Parameters(Action::TransitionTo, ""), "");
 }
 
-TEST(DecodeParameters, unknown_tags_after_them_are_skipped) {
+TEST(DecodeParameters, unknown_tags_after_the_parameters_are_skipped) {
   EXPECT_EQ(Parameters(Action::Add, Integer(5) + Holding(240, "\xFF")), "I5");
 }
 

@@ -1,5 +1,5 @@
-// A valid file truncated at every byte and changed in every byte. It is refused or read, but never
-// read past its end, never leaked, and never slow.
+// A valid file, truncated at any byte or with any byte changed. Decoding refuses or reads it,
+// but never reads past its end, leaks memory or takes long.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -42,7 +42,7 @@ TEST(DamagedFile, the_undamaged_sample_is_read) {
   EXPECT_EQ(decoded.group->Items.Size(), 4U);
 }
 
-TEST(DamagedFile, cut_at_any_byte_it_is_refused) {
+TEST(DamagedFile, truncated_at_any_byte_is_refused) {
   const std::size_t before = LiveBlocks();
   for (const Bytes& file : {SmallFile(), Encode(*MakeCompleteGroup(ItemType::Scene))}) {
     for (std::size_t size = 0; size < file.size(); ++size) {
@@ -53,7 +53,7 @@ TEST(DamagedFile, cut_at_any_byte_it_is_refused) {
 }
 
 // The outermost length is adjusted, so that only the contents are truncated.
-TEST(DamagedFile, with_its_contents_cut_at_any_byte_it_returns_the_partial_record) {
+TEST(DamagedFile, with_its_contents_truncated_at_any_byte_returns_the_partial_record) {
   const std::size_t before = LiveBlocks();
   for (std::uint32_t seed = 0; seed < 4; ++seed) {
     const Bytes file = Encode(*MakeRandomGroup(seed));
@@ -66,14 +66,14 @@ TEST(DamagedFile, with_its_contents_cut_at_any_byte_it_returns_the_partial_recor
   EXPECT_EQ(LiveBlocks(), before);
 }
 
-TEST(DamagedFile, with_any_one_byte_changed_it_is_refused_or_read) {
+TEST(DamagedFile, with_any_one_byte_changed_is_refused_or_read) {
   const std::size_t before = LiveBlocks();
   const Bytes file = SmallFile();
   int refused = 0;
-  for (std::size_t place = 0; place < file.size(); ++place) {
+  for (std::size_t offset = 0; offset < file.size(); ++offset) {
     for (int change = 1; change < 256; ++change) {
       Bytes damaged = file;
-      damaged[place] = static_cast<char>(damaged[place] ^ change);
+      damaged[offset] = static_cast<char>(damaged[offset] ^ change);
       if (!Decode(damaged).IsDone()) ++refused;
     }
   }
@@ -85,9 +85,9 @@ TEST(DamagedFile, a_random_group_with_any_byte_inverted_is_refused_or_read) {
   const std::size_t before = LiveBlocks();
   for (std::uint32_t seed = 0; seed < 8; ++seed) {
     const Bytes file = Encode(*MakeRandomGroup(seed));
-    for (std::size_t place = 0; place < file.size(); ++place) {
+    for (std::size_t offset = 0; offset < file.size(); ++offset) {
       Bytes damaged = file;
-      damaged[place] = static_cast<char>(~damaged[place]);
+      damaged[offset] = static_cast<char>(~damaged[offset]);
       (void)Decode(damaged);
     }
   }

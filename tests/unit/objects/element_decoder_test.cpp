@@ -14,7 +14,7 @@ using namespace std::string_literals;
 
 // ---- References ----
 
-TEST(DecodeReference, a_bare_integer_has_no_group_and_an_external_reference_has) {
+TEST(DecodeReference, a_bare_integer_has_no_group_but_an_external_reference_has_one) {
   const Decoded decoded =
       Decode(FileWithItems(Holding(12, Integer(5)) + Holding(12, External("~/abc", 5))));
   ASSERT_TRUE(decoded.IsDone());

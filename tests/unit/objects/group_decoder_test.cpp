@@ -236,7 +236,7 @@ TEST(DecodeScene, ignores_the_attributes_of_an_application) {
 
 // ---- Items ----
 
-TEST(DecodeItems, every_item_tag_makes_its_class) {
+TEST(DecodeItems, every_item_tag_creates_an_object_of_its_class) {
   constexpr int kTypesOfTags[] = {4,  29, 30, 28, 31, 32, 5,  6,  7,  8,  9,  3,  16,
                                   12, 24, 14, 13, 26, 27, 23, 15, 20, 21, 19, 10, 11};
   std::uint32_t tag = 9;

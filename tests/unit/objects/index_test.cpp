@@ -50,7 +50,7 @@ struct CountingKey {
 };
 std::uint32_t HashOf(const CountingKey& key) { return korvel::HashOf(key.number); }
 
-TEST(Index, of_nothing_finds_nothing) {
+TEST(Index, without_entries_finds_nothing) {
   const Numbers index;
   EXPECT_EQ(index.Find(0), nullptr);
   EXPECT_EQ(index.begin(), index.end());
@@ -80,7 +80,7 @@ TEST(Index, keeps_the_order_of_additions_and_removals) {
   }
 }
 
-TEST(Index, of_many_keys_finds_each) {
+TEST(Index, finds_each_of_many_keys) {
   Numbers index;
   for (int key = 0; key < 10'000; ++key) ASSERT_TRUE(index.Add(key * 1024, key));
   for (int key = 0; key < 10'000; ++key) {

@@ -140,7 +140,7 @@ TEST(List, moving_leaves_the_source_empty_and_usable) {
   List<int> target = MakeList({9});
   target = std::move(source);
   EXPECT_EQ(ValuesOf(target), (std::vector{1, 2}));
-  EXPECT_TRUE(source.IsEmpty());  // NOLINT(bugprone-use-after-move): stated by the list
+  EXPECT_TRUE(source.IsEmpty());  // NOLINT(bugprone-use-after-move): moving empties it
   ASSERT_NE(source.Append(3), nullptr);
   EXPECT_EQ(ValuesOf(source), (std::vector{3}));
 }

@@ -12,26 +12,19 @@
 namespace korvel::test {
 namespace {
 
-// Calls `operation` with the n-th allocation failing, for each n until none fails. It must return
-// `failure` when an allocation failed and Done otherwise. Returns the number of failures.
-std::size_t FailEachAllocation(Status failure, const std::function<Status()>& operation) {
-  for (std::size_t n = 1;; ++n) {
-    const std::size_t before = LiveBlocks();
-    FailAllocation(n);
-    const Status status = operation();
-    const bool hasFailed = HasFailedAllocation();
-    FailAllocation(0);
-    EXPECT_EQ(status, hasFailed ? failure : Status::Done) << n;
-    EXPECT_EQ(LiveBlocks(), before) << n;
-    if (!hasFailed) return n - 1;
-    if (testing::Test::HasFailure()) return n;
-  }
+// Calls `operation` with each of its allocations failing in turn. It must return Refused if one
+// failed and Done otherwise. Returns the number of failures.
+std::size_t FailEachAllocation(const std::function<Status()>& operation) {
+  const std::size_t before = LiveBlocks();
+  return FailEachInTurn(operation, [before](Status status, bool hasFailed) {
+    EXPECT_EQ(status, hasFailed ? Status::Refused : Status::Done);
+    EXPECT_EQ(LiveBlocks(), before);
+  });
 }
 
 TEST(MemoryFailure, decoding_is_refused_and_leaks_nothing) {
   const Bytes file = Encode(*MakeCompleteGroup(ItemType::Application));
-  const std::size_t failures =
-      FailEachAllocation(Status::Refused, [&file] { return Decode(file).status; });
+  const std::size_t failures = FailEachAllocation([&file] { return Decode(file).status; });
   EXPECT_GT(failures, 300U);
 }
 
@@ -45,7 +38,7 @@ TEST(MemoryFailure, without_memory_for_the_group_no_record_is_returned) {
 
 TEST(MemoryFailure, writing_is_refused_and_does_not_change_the_output) {
   const OwnedGroup group = MakeCompleteGroup(ItemType::Scene);
-  const std::size_t failures = FailEachAllocation(Status::Refused, [&group] {
+  const std::size_t failures = FailEachAllocation([&group] {
     OctetString bytes;
     const Status status = EncodeGroup(*group, bytes);
     EXPECT_EQ(bytes.IsPresent(), status == Status::Done);

@@ -106,7 +106,7 @@ TEST(Messages, nothing_else_prints_to_standard_output) {
   EXPECT_EQ(prints, std::set<std::string>{});
 }
 
-TEST(Messages, values_are_printed_in_their_places) {
+TEST(Messages, say_inserts_its_values_into_the_text) {
   testing::internal::CaptureStdout();
   Say(Message::UnknownAction, 250);
   Say(Message::TextLength, 12);

@@ -16,7 +16,7 @@ namespace {
 
 struct Seen {
   std::map<std::string, std::set<bool>> isSet;  // by class and keyword
-  // The kinds of value by action, and by place among its values; place 0 is the target.
+  // The kinds of value by action and position among its values. Position 0 is the target.
   std::map<std::pair<int, std::size_t>, std::set<ValueKind>> kinds;
   std::map<int, std::set<std::size_t>> valueCounts;  // by action
   std::array<bool, 256> bytes{};
@@ -30,11 +30,11 @@ void Look(const ActionList& field, Seen& seen) {
   for (const ElementaryAction& action : field) {
     const int number = action.ActionType;
     seen.kinds[{number, 0}].insert(action.Target.Kind);
-    std::size_t place = 0;
+    std::size_t position = 0;
     for (const GenericValue& value : action.Parameters) {
-      seen.kinds[{number, ++place}].insert(value.Kind);
+      seen.kinds[{number, ++position}].insert(value.Kind);
     }
-    seen.valueCounts[number].insert(place);
+    seen.valueCounts[number].insert(position);
   }
 }
 void Look(const List<Item>& field, Seen& seen);
@@ -90,14 +90,15 @@ TEST(RandomGroups, every_attribute_of_every_class_is_both_set_and_omitted) {
   EXPECT_EQ(All().isSet.size(), count - 1);  // DefaultAttributes is counted by its members
 }
 
-TEST(RandomGroups, every_action_has_direct_and_indirect_values_at_every_place) {
+TEST(RandomGroups, every_action_has_direct_and_indirect_values_in_every_position) {
   for (int number = 1; number <= kDecodedActionCount; ++number) {
     const ActionRow& row = *FindAction(static_cast<std::uint8_t>(number));
-    for (std::size_t place = 0; place <= row.parameterCount; ++place) {
-      const auto kinds = All().kinds.find({number, place});
-      ASSERT_NE(kinds, All().kinds.end()) << row.name << " " << place;
-      EXPECT_TRUE(kinds->second.contains(ValueKind::IndirectReference)) << row.name << " " << place;
-      EXPECT_GE(kinds->second.size(), 2U) << row.name << " " << place;
+    for (std::size_t position = 0; position <= row.parameterCount; ++position) {
+      const auto kinds = All().kinds.find({number, position});
+      ASSERT_NE(kinds, All().kinds.end()) << row.name << " " << position;
+      EXPECT_TRUE(kinds->second.contains(ValueKind::IndirectReference))
+          << row.name << " " << position;
+      EXPECT_GE(kinds->second.size(), 2U) << row.name << " " << position;
     }
   }
 }

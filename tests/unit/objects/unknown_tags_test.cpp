@@ -13,13 +13,16 @@ namespace {
 
 using namespace std::string_literals;
 
-// A file with `x` at every position where a decoder reads the next element.
-struct Place {
+// A construct of the file format. `file` has `x` at each position where its decoder reads the next
+// element.
+struct Construct {
   const char* name;
   std::function<Bytes(const Bytes& x)> file;
 };
 
-std::ostream& operator<<(std::ostream& out, const Place& place) { return out << place.name; }
+std::ostream& operator<<(std::ostream& out, const Construct& construct) {
+  return out << construct.name;
+}
 
 Bytes InItem(std::uint32_t tag, const Bytes& attributes) {
   return FileWithItems(Holding(tag, Integer(7) + attributes));
@@ -41,7 +44,7 @@ Bytes Condition(const Bytes& x) { return x + Integer(3) + x + Enumerated(6) + x 
 Bytes Reference(const Bytes& x) { return x + Octets("~/a") + x + Integer(5) + x; }
 Bytes NextScene(const Bytes& x) { return Sequence(x + Octets("~/n") + x + Integer(1) + x); }
 
-const Place kPlaces[] = {
+const Construct kConstructs[] = {
     {"positions",
      [](const Bytes& x) { return InItem(kListGroup, Holding(73, x + Pair(x) + x + Pair(x) + x)); }},
     {"positions_in_a_wrapper",
@@ -132,7 +135,7 @@ const Place kPlaces[] = {
      }},
 };
 
-class UnknownTag : public testing::TestWithParam<Place> {};
+class UnknownTag : public testing::TestWithParam<Construct> {};
 
 TEST_P(UnknownTag, is_skipped) {
   const auto& file = GetParam().file;
@@ -151,8 +154,8 @@ TEST_P(UnknownTag, that_is_cut_short_is_refused) {
   EXPECT_FALSE(Decode(GetParam().file("\x9F\x63"s)).IsDone());
 }
 
-INSTANTIATE_TEST_SUITE_P(In, UnknownTag, testing::ValuesIn(kPlaces),
-                         [](const testing::TestParamInfo<Place>& tested) {
+INSTANTIATE_TEST_SUITE_P(In, UnknownTag, testing::ValuesIn(kConstructs),
+                         [](const testing::TestParamInfo<Construct>& tested) {
                            return tested.param.name;
                          });
 
@@ -177,8 +180,8 @@ TEST(UnknownTags, are_refused_inside_an_explicit_tag) {
 TEST(UnknownTags, of_other_classes_are_refused) {
   for (const unsigned foreign : {1U, 3U}) {
     const Bytes x = Element(foreign, false, 99, "");
-    for (const Place& place : kPlaces) {
-      EXPECT_FALSE(Decode(place.file(x)).IsDone()) << place.name;
+    for (const Construct& construct : kConstructs) {
+      EXPECT_FALSE(Decode(construct.file(x)).IsDone()) << construct.name;
     }
   }
 }

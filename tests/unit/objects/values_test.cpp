@@ -23,25 +23,17 @@ GenericValue MakeValue() {
   return value;
 }
 
-// Copies with the n-th allocation failing, for each n until none fails. The target must stay
-// unchanged each time.
+// Copies with each allocation failing in turn. The target must stay unchanged each time.
 template <class T> void ExpectCopyIsDeepAndSafe(const T& value) {
   const std::size_t before = LiveBlocks();
   {
     T target{};
     const T untouched{};
-    bool isCopied = false;
-    for (std::size_t n = 1; !isCopied; ++n) {
-      FailAllocation(n);
-      isCopied = Copy(value, target);
-      EXPECT_EQ(isCopied, !HasFailedAllocation());
-      if (!isCopied) {
-        EXPECT_TRUE(target == untouched) << n;
-      }
-      ASSERT_LT(n, 20U);
-    }
-    FailAllocation(0);
-    EXPECT_TRUE(value == target);
+    FailEachInTurn([&] { return Copy(value, target); },
+                   [&](bool isCopied, bool hasFailed) {
+                     EXPECT_EQ(isCopied, !hasFailed);
+                     EXPECT_TRUE(target == (hasFailed ? untouched : value));
+                   });
   }
   EXPECT_EQ(LiveBlocks(), before);
 }

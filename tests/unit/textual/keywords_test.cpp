@@ -113,7 +113,7 @@ TEST(Keywords, an_unknown_word_has_no_code) {
   EXPECT_EQ(FindKeyword(""), 0);
 }
 
-TEST(Keywords, bucket_is_the_sum_of_signed_bytes_without_its_sign) {
+TEST(Keywords, bucket_is_the_16_bit_sum_of_signed_bytes_modulo_101) {
   EXPECT_EQ(KeywordBucket(""), 0U);
   EXPECT_EQ(KeywordBucket("UP"), (85U + 80U) % 101U);
   EXPECT_EQ(KeywordBucket("\xFF"), 65535U % 101U);

@@ -35,7 +35,7 @@ Lexing LexText(const std::string& text, LexMode mode = LexMode::Plain) {
   return lexing;
 }
 bool IsValid(const std::string& text) { return LexText(text).list.isValid; }
-// The places of all problems: "OFFSET+LENGTH ".
+// The positions of all problems: "OFFSET+LENGTH ".
 std::string ProblemsOf(const std::string& text, LexMode mode = LexMode::Plain) {
   std::string all;
   for (const LexProblem& problem : LexText(text, mode).list.problems) {
@@ -68,7 +68,7 @@ TEST(Lexer, comment_runs_to_the_end_of_its_line) {
   EXPECT_EQ(LexText("//x\rNULL").codes, (std::vector<int>{298}));
 }
 
-TEST(Lexer, comment_may_end_with_the_text) {
+TEST(Lexer, comment_may_end_at_the_end_of_the_text) {
   const Lexing lexing = LexText("TRUE // the end");
   EXPECT_TRUE(lexing.list.isValid);
   EXPECT_EQ(lexing.codes, (std::vector<int>{299}));
@@ -108,7 +108,7 @@ TEST(Lexer, string_without_its_closing_quote_is_refused) {
     const Lexing lexing = LexText(text);
     EXPECT_FALSE(lexing.list.isValid) << text;
     ASSERT_EQ(lexing.list.problems.Size(), 1U) << text;
-    EXPECT_EQ(lexing.list.problems[0].offset, 0U) << "the reported place is the opening quote";
+    EXPECT_EQ(lexing.list.problems[0].offset, 0U) << "the error is at the opening quote";
   }
 }
 

@@ -115,7 +115,7 @@ std::string KindsOf(const ElementaryAction& action) {
   }
   return kinds;
 }
-TEST(TextReader, default_attributes_are_written_among_the_applications_others) {
+TEST(TextReader, default_attributes_are_read_among_the_other_attributes_of_an_application) {
   const Reading reading = ReadText(R"({:Application ("~/a" 0)
     :TextColour '=FF=FF=FF=00' :OnRestart (:Quit(0)) :Font "Sans" :BitmapCHook 4
     :BackgroundColour 7 :StdID 2 20})");
@@ -132,7 +132,7 @@ TEST(TextReader, default_attributes_are_written_among_the_applications_others) {
   EXPECT_EQ(application.Standard.MHEGStandardIdentifier, 20);
 }
 
-TEST(TextReader, an_application_without_attributes_has_its_construction_values) {
+TEST(TextReader, an_application_without_attributes_has_default_values) {
   const Reading reading = ReadText("{:Application 0}");
   ASSERT_EQ(reading.result, TextResult::Done);
   const Application& application = AsApplication(reading.group);
@@ -175,7 +175,7 @@ TEST(TextReader, content_is_included_or_referenced_with_or_without_parentheses) 
   EXPECT_EQ(Only<Bitmap>(plain).OriginalContent.CachePriority, 127);
 }
 
-TEST(TextReader, variables_have_values_of_their_types) {
+TEST(TextReader, each_variable_class_reads_a_value_of_its_type) {
   EXPECT_TRUE(Only<BooleanVariable>(ReadItems("{:BooleanVar 1 :OrigValue TRUE}")).OriginalValue);
   EXPECT_EQ(Only<IntegerVariable>(ReadItems("{:IntegerVar 1 :OrigValue -5}")).OriginalValue, -5);
   EXPECT_EQ(
@@ -193,7 +193,7 @@ TEST(TextReader, variables_have_values_of_their_types) {
   }
 }
 
-TEST(TextReader, token_and_list_groups_have_their_tables) {
+TEST(TextReader, the_tables_of_token_and_list_groups_are_read) {
   const Reading reading = ReadItems(R"({:ListGroup 1
     :MovementTable ((1 2 3) ())
     :TokenGroupItems ((5) (6 :ActionSlots ((:Run(2) :Stop(3)) NULL)))
@@ -213,7 +213,7 @@ TEST(TextReader, token_and_list_groups_have_their_tables) {
   EXPECT_TRUE(list.WrapAround);
 }
 
-TEST(TextReader, a_stream_has_components_and_no_items) {
+TEST(TextReader, streams_accept_only_components_and_groups_only_items) {
   const Reading reading = ReadItems(R"({:Stream 1 :Multiplex (
     {:Audio 2 :ComponentTag 5 :OrigVolume 3}
     {:Video 3 :OrigBoxSize 720 576 :ComponentTag 6 :Termination freeze}
@@ -311,7 +311,7 @@ TEST(TextReader, step_and_stop_have_their_own_numbers) {
   EXPECT_EQ(OnlyAction(ReadAction(":Step(1 5)")).ActionType, 101);
 }
 
-TEST(TextReader, an_error_reports_its_place_its_construct_and_the_expectation) {
+TEST(TextReader, an_error_reports_its_position_its_construct_and_what_was_expected) {
   struct Case {
     const char* text;
     const char* error;
@@ -399,7 +399,7 @@ TEST(TextReader, reading_continues_after_an_error_at_the_next_attribute_action_o
             "1:148 in Scene :InputEventReg: e, an integer\n");
 }
 
-TEST(TextReader, a_wrong_bracket_is_one_error) {
+TEST(TextReader, a_wrong_bracket_is_reported_as_one_error) {
   const std::string tail = " {:Text 3 :OrigBoxSize 1 x})}";
   const std::string tailError = " in Text :OrigBoxSize: x, an integer\n";
   struct Case {
@@ -420,12 +420,12 @@ TEST(TextReader, a_wrong_bracket_is_one_error) {
        "1:41 in Link :LinkEffect: x, )|action\n"}};
   for (const Case& each : cases) {
     const std::string text = std::string("{:Scene 0 :Items (") + each.items + tail;
-    const std::string place = "1:" + std::to_string(text.rfind('x') + 1);
-    EXPECT_EQ(ErrorsOf(ReadText(text)), each.error + place + tailError) << text;
+    const std::string position = "1:" + std::to_string(text.rfind('x') + 1);
+    EXPECT_EQ(ErrorsOf(ReadText(text)), each.error + position + tailError) << text;
   }
 }
 
-TEST(TextReader, a_text_that_begins_with_another_token_is_one_error) {
+TEST(TextReader, a_text_that_does_not_begin_with_a_brace_has_one_error) {
   EXPECT_EQ(ErrorsOf(ReadText(":Scene 0 :SceneCS x}")), "1:1 in  : :Scene, {\n");
 }
 
@@ -576,7 +576,7 @@ std::vector<std::pair<std::size_t, std::size_t>> TokensOf(const std::string& tex
 }
 
 // "memory" is only a value of :Storage, which the text does not have.
-TEST(TextReader, a_wrong_word_in_place_of_any_token_is_refused_there_once) {
+TEST(TextReader, a_wrong_word_in_place_of_any_token_is_the_first_error) {
   const std::string text = kEachConstruct;
   const Reading whole = ReadText(text);
   ASSERT_EQ(whole.result, TextResult::Done) << ErrorsOf(whole);
@@ -595,7 +595,7 @@ TEST(TextReader, a_wrong_word_in_place_of_any_token_is_refused_there_once) {
   }
 }
 
-TEST(TextReader, a_place_has_at_most_one_error) {
+TEST(TextReader, at_most_one_error_is_reported_at_each_position) {
   const std::string text = kEachConstruct;
   const auto tokens = TokensOf(text);
   std::mt19937 random(1);  // NOLINT: the same texts every time
@@ -610,9 +610,9 @@ TEST(TextReader, a_place_has_at_most_one_error) {
       broken.replace(begin, replaced, other);
     }
     const Reading reading = ReadText(broken);
-    std::set<std::uint32_t> places;
+    std::set<std::uint32_t> offsets;
     for (const TextError& error : reading.report.errors) {
-      EXPECT_TRUE(places.insert(error.offset).second) << broken << ErrorsOf(reading);
+      EXPECT_TRUE(offsets.insert(error.offset).second) << broken << ErrorsOf(reading);
     }
     if (HasFailure()) break;
   }

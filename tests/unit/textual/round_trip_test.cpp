@@ -54,7 +54,7 @@ TEST(RoundTrip, text_survives_reading_and_writing) {
   }
 }
 
-TEST(RoundTrip, random_groups_are_many_and_rarely_too_long) {
+TEST(RoundTrip, random_groups_rarely_exceed_the_text_limit_and_have_both_classes) {
   int tooLong = 0;
   int applications = 0;
   for (std::uint32_t seed = 0; seed < kGroups; ++seed) {

@@ -18,59 +18,59 @@ namespace {
 
 class UsedWords {
  public:
-  // Whether it is met for the first time.
-  bool Meet(const char* word) {
+  // Checks that the word is a keyword. Returns whether it was added for the first time.
+  bool Add(const char* word) {
     std::string upper(word);
     for (char& c : upper) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     const std::uint16_t code = FindKeyword(upper);
     EXPECT_NE(code, 0) << word;
-    return met_.insert(code).second;
+    return codes_.insert(code).second;
   }
-  [[nodiscard]] const std::set<int>& Met() const { return met_; }
+  [[nodiscard]] const std::set<int>& Codes() const { return codes_; }
 
  private:
-  std::set<int> met_;
+  std::set<int> codes_;
 };
 
-void MeetForm(UsedWords& words, const char* keyword, const Form& form) {
-  words.Meet(keyword);
+void AddForm(UsedWords& words, const char* keyword, const Form& form) {
+  words.Add(keyword);
   if (form.innerKeyword == nullptr) return;
   EXPECT_TRUE(std::ranges::count(kValueKeywords, std::string_view(form.innerKeyword)))
       << form.innerKeyword;
 }
-template <class Field> void MeetWords(UsedWords& /*words*/, const Field& /*field*/) {}
+template <class Field> void AddEnumerationWords(UsedWords& /*words*/, const Field& /*field*/) {}
 template <IsEnumeration Enumeration>
-void MeetWords(UsedWords& words, const Enumeration& /*field*/) {
-  for (const char* word : kWords<Enumeration>) words.Meet(word);
+void AddEnumerationWords(UsedWords& words, const Enumeration& /*field*/) {
+  for (const char* word : kWords<Enumeration>) words.Add(word);
 }
 
-template <class Record> void MeetClass(UsedWords& words) {
-  words.Meet(Description<Record>::heading.keyword);
+template <class Record> void AddClassWords(UsedWords& words) {
+  words.Add(Description<Record>::heading.keyword);
   Record record{};
   ForEachWrittenAttribute<Record>(
       [&](const char* keyword, const Form& form, auto& field) {
         ASSERT_NE(keyword, nullptr);
-        MeetForm(words, keyword, form);
-        MeetWords(words, field);
+        AddForm(words, keyword, form);
+        AddEnumerationWords(words, field);
       },
       record);
 }
 
 TEST(TableKeywords, every_word_of_the_tables_is_a_keyword) {
   UsedWords words;
-  MeetClass<Application>(words);
-  MeetClass<Scene>(words);
-  ForEachClass(ItemClasses{}, [&]<class Record>() { MeetClass<Record>(words); });
-  ForEachClass(ComponentClasses{}, [&]<class Record>() { MeetClass<Record>(words); });
+  AddClassWords<Application>(words);
+  AddClassWords<Scene>(words);
+  ForEachClass(ItemClasses{}, [&]<class Record>() { AddClassWords<Record>(words); });
+  ForEachClass(ComponentClasses{}, [&]<class Record>() { AddClassWords<Record>(words); });
   for (int number = 1; number <= kDecodedActionCount; ++number) {
     const ActionRow* row = FindAction(static_cast<std::uint8_t>(number));
-    words.Meet((":" + std::string(row->name)).c_str());
+    words.Add((":" + std::string(row->name)).c_str());
   }
   for (const char* word : kValueKeywords) {
-    EXPECT_TRUE(words.Meet(word)) << word << " has another meaning too";
+    EXPECT_TRUE(words.Add(word)) << word << " has another meaning too";
   }
-  for (const char* word : {"NULL", "TRUE", "FALSE"}) words.Meet(word);
-  EXPECT_EQ(words.Met().size(), kKeywordCount) << "every keyword is used";
+  for (const char* word : {"NULL", "TRUE", "FALSE"}) words.Add(word);
+  EXPECT_EQ(words.Codes().size(), kKeywordCount) << "every keyword is used";
 }
 
 // The words of the tables as the grammar for editors groups them, without colons.

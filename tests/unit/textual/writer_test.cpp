@@ -102,11 +102,11 @@ TEST(TextWriter, only_utf_8_characters_are_written_in_double_quotes) {
                           : first >= 0xE0 && first <= 0xEF ? 2
                           : first >= 0xF0 && first <= 0xF4 ? 3
                                                            : -1;
-    for (int given = 0; given < 5; ++given) {
+    for (int count = 0; count < 5; ++count) {
       const auto bytes =
-          static_cast<char>(first) + std::string(static_cast<std::size_t>(given), '\xA0');
-      const char quote = given == following ? '"' : '\'';
-      EXPECT_EQ(WrittenString(bytes).front(), quote) << first << " and " << given;
+          static_cast<char>(first) + std::string(static_cast<std::size_t>(count), '\xA0');
+      const char quote = count == following ? '"' : '\'';
+      EXPECT_EQ(WrittenString(bytes).front(), quote) << first << " and " << count;
     }
   }
   EXPECT_EQ(WrittenString("\xC3\x7F").front(), '\'');

@@ -1,5 +1,5 @@
-// Checks by the class tables that no attribute is missing from the dump, and that preparing an
-// object sets each run-time value from its original one.
+// Checks with the class tables that no attribute is missing from the dump, and that preparing an
+// object sets each run-time value from its original value.
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -78,11 +78,11 @@ template <class Record, class Visit> void ForEachChange(Visit&& visit) {
   Record names;
   std::size_t count = 0;
   ForEachField(names, [&](const char* keyword, auto& /*field*/) {
-    const std::size_t place = count++;
-    visit(keyword, [place](Record& record) {
-      std::size_t passed = 0;
+    const std::size_t index = count++;
+    visit(keyword, [index](Record& record) {
+      std::size_t current = 0;
       ForEachField(record, [&](const char* /*keyword*/, auto& field) {
-        if (passed++ == place) Modify(field);
+        if (current++ == index) Modify(field);
       });
     });
   });

@@ -59,7 +59,7 @@ std::string DumpOfLink(const std::string& event) {
   return DumpOfItem("{:Link 1 :EventSource 0 :EventType " + event + " :LinkEffect ()}");
 }
 
-TEST(Dump, is_available_has_no_name) {
+TEST(Dump, the_event_type_is_available_has_no_name) {
   EXPECT_TRUE(Has(DumpOfLink("IsAvailable"), "|---Event Type: Not define event type 1\n"));
 }
 
@@ -96,7 +96,7 @@ TEST(Dump, references_have_a_colon_in_records_and_none_in_parameters) {
   EXPECT_TRUE(Has(dump, "|---ObjectReference(~/a 8)\n"));
 }
 
-TEST(Dump, text_and_ber_of_a_group_are_printed_alike) {
+TEST(Dump, a_group_read_from_text_or_ber_has_the_same_dump) {
   for (std::uint32_t seed = 0; seed < 200; ++seed) {
     const OwnedGroup group = test::MakeRandomGroup(seed);
     OctetString text;

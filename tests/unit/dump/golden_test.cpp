@@ -99,16 +99,16 @@ bool HasForm(std::string_view line, std::string_view form) {
 }
 
 // How specific a form is: mainly by its letters, then by its numbers. %s does not count.
-std::size_t Closeness(std::string_view form) {
-  std::size_t closeness = 0;
+std::size_t Specificity(std::string_view form) {
+  std::size_t specificity = 0;
   for (std::size_t i = 0; i < form.size(); ++i) {
     if (form[i] != '%') {
-      closeness += 10;
+      specificity += 10;
     } else {
-      closeness += form[++i] == 'd' ? 1 : 0;
+      specificity += form[++i] == 'd' ? 1 : 0;
     }
   }
-  return closeness;
+  return specificity;
 }
 
 std::set<std::string> Forms() {
@@ -121,11 +121,11 @@ std::set<std::string> Forms() {
 
 // The most specific form that the line matches: that of an absent string, not that of any string.
 std::string FormOf(std::string_view line, const std::set<std::string>& forms) {
-  std::string closest;
+  std::string mostSpecific;
   for (const std::string& form : forms) {
-    if (HasForm(line, form) && Closeness(form) > Closeness(closest)) closest = form;
+    if (HasForm(line, form) && Specificity(form) > Specificity(mostSpecific)) mostSpecific = form;
   }
-  return closest;
+  return mostSpecific;
 }
 
 // Every line of the reviewed dumps, without its prefix.

@@ -56,8 +56,8 @@ class Endurance : public RandomKeys {
 };
 
 // The largest value of samples [first, end). One sample alone depends on the scene that is shown.
-std::size_t Most(const std::vector<Sample>& samples, int first, int end,
-                 std::size_t Sample::*value) {
+std::size_t Largest(const std::vector<Sample>& samples, int first, int end,
+                    std::size_t Sample::*value) {
   std::size_t most = 0;
   for (int index = first; index < end; ++index) {
     most = std::max(most, samples[static_cast<std::size_t>(index)].*value);
@@ -66,11 +66,11 @@ std::size_t Most(const std::vector<Sample>& samples, int first, int end,
 }
 
 // Ignores the first tenth of the run. The second half may exceed the rest of the first half by 1%,
-// or by `difference` if that is more: scenes and the test's own buffers vary in size by as much.
+// or by `difference` if that is more, because scenes and the test's own buffers vary that much.
 void ExpectFlat(const std::vector<Sample>& samples, std::size_t Sample::*value,
                 std::size_t difference) {
-  const std::size_t early = Most(samples, kSamples / 10, kSamples / 2, value);
-  EXPECT_LE(Most(samples, kSamples / 2, kSamples, value),
+  const std::size_t early = Largest(samples, kSamples / 10, kSamples / 2, value);
+  EXPECT_LE(Largest(samples, kSamples / 2, kSamples, value),
             early + std::max(early / 100, difference));
 }
 

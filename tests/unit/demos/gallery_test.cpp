@@ -1,5 +1,5 @@
-// The gallery demo: OK brings each picture into another state, and after a full turn into its
-// first.
+// The gallery demo: OK changes the state of the chosen picture. After its last state, a picture
+// returns to its first.
 #include "unit/demos/demo.h"
 
 namespace korvel::test {
@@ -24,20 +24,20 @@ class Gallery : public DemoTest {
 };
 
 TEST_F(Gallery, ok_changes_only_the_chosen_picture_and_its_caption) {
-  for (std::int32_t place = 1; place <= 4; ++place) {
-    SCOPED_TRACE(place);
+  for (std::int32_t picture = 1; picture <= 4; ++picture) {
+    SCOPED_TRACE(picture);
     PressAll({kUp, kLeft});
-    if (place > 2) PressAll({kDown});
-    if (place % 2 == 0) PressAll({kRight});
-    const std::int32_t states = place == 4 ? 2 : 3;
-    const std::string first = StateOf(20 + place);
-    const std::string caption = TextOf(30 + place);
-    const std::string other = StateOf(20 + place % 4 + 1);
+    if (picture > 2) PressAll({kDown});
+    if (picture % 2 == 0) PressAll({kRight});
+    const std::int32_t states = picture == 4 ? 2 : 3;
+    const std::string first = StateOf(20 + picture);
+    const std::string caption = TextOf(30 + picture);
+    const std::string other = StateOf(20 + picture % 4 + 1);
     for (std::int32_t step = 1; step <= states; ++step) {
       PressAll({kSelect});
-      EXPECT_EQ(StateOf(20 + place) == first, step == states);
-      EXPECT_EQ(TextOf(30 + place) == caption, step == states);
-      EXPECT_EQ(StateOf(20 + place % 4 + 1), other);
+      EXPECT_EQ(StateOf(20 + picture) == first, step == states);
+      EXPECT_EQ(TextOf(30 + picture) == caption, step == states);
+      EXPECT_EQ(StateOf(20 + picture % 4 + 1), other);
     }
   }
 }

@@ -1,4 +1,4 @@
-// The demos running out of memory. Whatever fails, no memory leaks.
+// The demos when memory runs out: whichever allocation fails, nothing leaks.
 #include <vector>
 
 #include "objects/ber/ber.h"
@@ -25,7 +25,8 @@ class OutOfMemoryInDemos : public DemoTest {
     EndEngine();
   }
 
-  // Runs the demo once for every `step`th allocation, which fails.
+  // Runs the demo repeatedly, each time with another failing allocation: the first one, then every
+  // `step`th after it.
   void FailEveryNth(std::size_t step, const std::vector<std::int32_t>& pressed) {
     PlayDemo(pressed);  // allocates what the test itself keeps
     const std::size_t blocks = LiveBlocks();
@@ -89,22 +90,22 @@ class OutOfMemoryInWelcome : public DemoTest {
   }
 };
 
-TEST_F(OutOfMemoryInWelcome, decoding_is_refused_cleanly_whichever_allocation_fails) {
+TEST_F(OutOfMemoryInWelcome, decoding_is_refused_and_leaks_nothing_whichever_allocation_fails) {
   for (const char* name : {"a", "menu", "about", "counter", "move"}) {
     SCOPED_TRACE(name);
     const std::string& file = TheHost().files[name];
     const std::size_t blocks = LiveBlocks();
-    std::size_t failing = 0;
-    do {
-      FailAllocation(++failing);
-      OwnedGroup group;
-      const auto* bytes = reinterpret_cast<const std::uint8_t*>(file.data());
-      const Status status = DecodeGroup({bytes, file.size()}, group);
-      ASSERT_EQ(status, HasFailedAllocation() ? Status::Refused : Status::Done);
-      group.reset();
-      ASSERT_EQ(LiveBlocks(), blocks);
-    } while (HasFailedAllocation());
-    EXPECT_GT(failing, 5U);
+    const std::size_t failures = FailEachInTurn(
+        [&file] {
+          OwnedGroup group;
+          const auto* bytes = reinterpret_cast<const std::uint8_t*>(file.data());
+          return DecodeGroup({bytes, file.size()}, group);
+        },
+        [blocks](Status status, bool hasFailed) {
+          EXPECT_EQ(status, hasFailed ? Status::Refused : Status::Done);
+          EXPECT_EQ(LiveBlocks(), blocks);
+        });
+    EXPECT_GT(failures, 4U);
   }
 }
 
@@ -113,9 +114,9 @@ TEST_F(OutOfMemoryInWelcome, starting_and_playing_leak_nothing_whichever_allocat
   const std::size_t blocks = LiveBlocks();
   TheHost().fetched.clear();
   PlayAll();
-  const auto undisturbed = TheHost().fetched;
-  ASSERT_EQ(undisturbed, (std::vector<std::string>{"a", "menu", "move", "menu", "about", "menu",
-                                                   "counter", "menu"}));
+  const auto expectedFiles = TheHost().fetched;
+  ASSERT_EQ(expectedFiles, (std::vector<std::string>{"a", "menu", "move", "menu", "about", "menu",
+                                                     "counter", "menu"}));
   std::size_t failing = 0;
   do {
     const auto files = TheHost().files;
@@ -127,7 +128,7 @@ TEST_F(OutOfMemoryInWelcome, starting_and_playing_leak_nothing_whichever_allocat
     static_cast<void>(Printed());
   } while (HasFailedAllocation());
   FailAllocation(0);
-  EXPECT_EQ(TheHost().fetched, undisturbed);
+  EXPECT_EQ(TheHost().fetched, expectedFiles);
   EXPECT_GT(failing, 200U);
 }
 

@@ -44,7 +44,7 @@ TEST_F(Paint, each_digit_chooses_another_shape) {
   }
 }
 
-TEST_F(Paint, the_first_picture_uses_the_calls_of_every_shape) {
+TEST_F(Paint, the_first_picture_contains_every_shape) {
   const auto first = TakeDrawings();
   for (std::int32_t digit = 1; digit <= 7; ++digit) PressAll({kDigit0 + digit, kSelect});
   for (const std::string& shape : TakeDrawings()) {
@@ -54,7 +54,7 @@ TEST_F(Paint, the_first_picture_uses_the_calls_of_every_shape) {
   }
 }
 
-TEST_F(Paint, the_brush_returns_on_the_other_side_of_the_canvas) {
+TEST_F(Paint, the_brush_wraps_around_the_canvas) {
   const Position start = Brush();
   for (const std::int32_t key : {kLeft, kRight, kUp, kDown}) {
     int steps = 0;

@@ -135,7 +135,7 @@ TEST_F(Quiz, the_question_for_a_year_ends_when_its_time_is_up) {
   EXPECT_EQ(SceneName(), "~/result");
 }
 
-TEST_F(Quiz, an_answer_or_leaving_stops_the_countdown) {
+TEST_F(Quiz, answering_or_leaving_stops_the_countdown) {
   Begin(1);
   EXPECT_TRUE(IsPending(kCountdown));
   Answer(1);

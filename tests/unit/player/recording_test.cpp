@@ -9,7 +9,7 @@
 
 namespace {
 
-TEST(Recording, has_the_keys_with_the_times_between_them_and_ends) {
+TEST(Recording, lists_each_key_after_its_delay_and_ends_with_exit) {
   std::ostringstream script;
   player::Recording recording(script, 1000);
   recording.Add({40, 1250});

@@ -27,13 +27,15 @@ class EntryFieldTest : public Stage {
 };
 
 TEST_F(EntryFieldTest, an_entry_point_beyond_the_text_is_accepted_but_not_a_negative_one) {
-  Start("{:EntryField 1 :OrigContent \"abc\" :OrigBoxSize 99 20} {:IntegerVar 2 :OrigValue 0}"
-        "{:BooleanVar 3 :OrigValue FALSE}");
-  EXPECT_EQ(Run(":SetEntryPoint(1 1000) :SetEntryPoint(1 -1) :GetEntryPoint(1 2)"
-                ":SetOverwriteMode(1 TRUE) :GetOverwriteMode(1 3)"),
-            Status::Done);
+  Start("{:EntryField 1 :OrigContent \"abc\" :OrigBoxSize 99 20} {:IntegerVar 2 :OrigValue 0}");
+  EXPECT_EQ(Run(":SetEntryPoint(1 1000) :SetEntryPoint(1 -1) :GetEntryPoint(1 2)"), Status::Done);
   EXPECT_EQ(Integer(2), 1000);
-  EXPECT_TRUE(Boolean(3));
+}
+
+TEST_F(EntryFieldTest, the_overwrite_mode_is_read_into_a_variable) {
+  Start("{:EntryField 1 :OrigContent \"\" :OrigBoxSize 99 20} {:BooleanVar 2 :OrigValue FALSE}");
+  EXPECT_EQ(Run(":SetOverwriteMode(1 TRUE) :GetOverwriteMode(1 2)"), Status::Done);
+  EXPECT_TRUE(Boolean(2));
 }
 
 TEST_F(EntryFieldTest, inserting_into_a_field_of_length_4_accepts_3_characters) {

@@ -242,9 +242,6 @@ TEST_F(ListGroupTest, select_and_deselect_apply_to_the_item_with_the_token) {
 }
 
 TEST_F(ListGroupTest, an_item_deleted_while_another_is_deselected_is_not_selected) {
-  StartList(3, 3);
-  EXPECT_EQ(Run(":SelectItem(50 1)"), Status::Done);
-  TakeLog();
   Start(StoppedRectangles(3) +
         "{:ListGroup 50 :TokenGroupItems ((1) (2) (3)) :Positions ((0 0))}"
         "{:Link 20 :EventSource 50 :EventType ItemDeselected"

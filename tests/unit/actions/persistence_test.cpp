@@ -155,7 +155,7 @@ TEST_F(PersistenceTest, an_entry_is_limited_to_the_longest_octet_string) {
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "Can't allocate memory for Persistent\n");
 }
 
-TEST_F(PersistenceTest, a_reference_to_no_variable_ends_the_action_without_success) {
+TEST_F(PersistenceTest, an_object_that_is_not_a_variable_ends_the_action_without_success) {
   Start(kStored);
   EXPECT_EQ(Run(":StorePersistent(0 9 (1) \"name\") :SetVariable(9 :GBoolean FALSE)"
                 ":ReadPersistent(0 9 (11) \"name\")"),

@@ -178,10 +178,9 @@ TEST_F(RunActionsTest, a_refused_launch_ends_the_list_and_returns_replaced) {
   EXPECT_EQ(Integer(1), 0);
 }
 
-TEST_F(RunActionsTest, a_launch_reads_an_indirect_name_from_an_octet_string_variable_only) {
+TEST_F(RunActionsTest, a_launch_reads_an_indirect_name_from_an_octet_string_variable) {
   AddFile("b", R"({:Application ("~/b" 0)})");
-  Start("{:OStringVar 1 :OrigValue \"~/b\"} {:ObjectRefVar 2 :OrigValue :ObjectRef (\"~/b\" 0)}"
-        "{:IntegerVar 3 :OrigValue 0}");
+  Start("{:OStringVar 1 :OrigValue \"~/b\"}");
   EXPECT_EQ(Run(":Launch(:IndirectRef 1)"), Status::Replaced);
   EXPECT_EQ(CurrentApplication()->Reference.GroupIdentifier.View(), "~/b");
 }

@@ -88,8 +88,6 @@ template <class Record, class Visit> void ForEachChange(Visit&& visit) {
   });
 }
 
-template <class Record> Record& RecordOf(const Item& item) { return item.As<Record>(); }
-
 template <class Visit> void ForEachItemClass(Visit&& visit) {
   ForEachClass(ItemClasses{}, visit);
   ForEachClass(ComponentClasses{}, visit);
@@ -114,7 +112,7 @@ TEST(Attributes, each_attribute_of_an_object_is_in_the_dump) {
     ForEachChange<Record>([](const char* keyword, auto&& change) {
       const Item before = Item::New(Description<Record>::heading.type);
       const Item after = Item::New(Description<Record>::heading.type);
-      change(RecordOf<Record>(after));
+      change(after.As<Record>());
       EXPECT_NE(Dumped(before), Dumped(after)) << Description<Record>::heading.name << keyword;
     });
   });
@@ -137,7 +135,7 @@ std::size_t CountDifferentLines(const std::string& one, const std::string& other
 template <class Record> std::size_t CountChangedLines(const auto& change, bool isPrepared) {
   const Item before = Item::New(Description<Record>::heading.type);
   const Item after = Item::New(Description<Record>::heading.type);
-  change(RecordOf<Record>(after));
+  change(after.As<Record>());
   for (const Item* item : {&before, &after}) {
     if (!isPrepared) continue;
     EXPECT_EQ(Prepare(item->Type(), *item->Record()), Change::Changed);

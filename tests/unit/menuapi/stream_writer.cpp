@@ -58,15 +58,13 @@ void StreamWriter::PictureCodingExtension(int structure) {
   StartCode(0xB5);
   bits_.Put(8, 4);
   for (int vector = 0; vector < 4; ++vector) bits_.Put(settings_.vectorSize, 4);
-  bits_.Put(settings_.dcPrecision, 2);
+  bits_.Put("00");  // DC coefficients of 8 bits
   bits_.Put(static_cast<unsigned>(structure), 2);
   bits_.Put(structure == kFramePicture ? "1" : "0");  // top field first
-  for (const bool flag :
-       {settings_.isFrameDctOnly, settings_.hasVectors, settings_.isScaleNonLinear,
-        settings_.usesTableOne, settings_.usesAlternateScan}) {
-    bits_.Put(flag ? 1 : 0, 1);
-  }
-  bits_.Put("0");  // no field repeated
+  bits_.Put(settings_.isFrameDctOnly ? "1" : "0");
+  bits_.Put(settings_.hasVectors ? "1" : "0");
+  bits_.Put("000");  // linear scale, coefficient table zero, zigzag scan
+  bits_.Put("0");    // no field repeated
   bits_.Put(settings_.isProgressive ? "11" : "00");
   bits_.Put("0");
 }
@@ -91,7 +89,7 @@ void StreamWriter::Slice(unsigned row, unsigned scaleCode, std::string_view info
   if (settings_.height > 2800) bits_.Put(row / 128, 3);
   bits_.Put(scaleCode, 5);
   bits_.Put(information);
-  predictors_.fill(128 << settings_.dcPrecision);
+  predictors_.fill(128);
 }
 
 void StreamWriter::Macroblock(std::string_view head, int luma, int blue, int red) {
@@ -104,21 +102,20 @@ void StreamWriter::Macroblock(std::string_view head, int luma, int blue, int red
 void StreamWriter::FlatRow(unsigned row, int luma, int blue, int red) {
   Slice(row);
   for (int column = 0; column < static_cast<int>(settings_.width + 15) / 16; ++column) {
-    Macroblock("11", LumaOfFlatRow(luma, column), blue, red);
+    Macroblock("11", luma + 2 * column, blue, red);
   }
 }
 
 void StreamWriter::FlatBlock(const std::array<std::string_view, 12>& sizeCodes, int level,
                              int& predictor) {
-  const int dc = level << settings_.dcPrecision;
-  const int difference = dc - predictor;
-  predictor = dc;
+  const int difference = level - predictor;
+  predictor = level;
   int size = 0;
   while (std::abs(difference) >> size != 0) ++size;
   bits_.Put(sizeCodes.at(static_cast<std::size_t>(size)));
   const int coded = difference >= 0 ? difference : difference + (1 << size) - 1;
   bits_.Put(static_cast<unsigned>(coded), size);
-  bits_.Put(settings_.usesTableOne ? "0110" : "10");  // end of block
+  bits_.Put("10");  // end of block
 }
 
 }  // namespace menuapi::test

@@ -25,12 +25,8 @@ struct StreamSettings {
   unsigned chromaFormat = 1;
   unsigned sizeExtensions = 0;  // two bits for the width, two for the height
   unsigned vectorSize = 15;     // the code for all four vector components
-  unsigned dcPrecision = 0;
   bool isFrameDctOnly = true;
   bool hasVectors = false;
-  bool isScaleNonLinear = false;
-  bool usesTableOne = false;
-  bool usesAlternateScan = false;
 };
 
 class StreamWriter {
@@ -54,7 +50,6 @@ class StreamWriter {
   void Macroblock(std::string_view head, int luma, int blue, int red);
   // Writes a slice with a full row of macroblocks, each two levels lighter than the one before.
   void FlatRow(unsigned row, int luma, int blue = 128, int red = 128);
-  [[nodiscard]] int LumaOfFlatRow(int luma, int column) const { return luma + 2 * column; }
 
   [[nodiscard]] BitWriter& Bits() { return bits_; }
   [[nodiscard]] const std::vector<std::uint8_t>& Bytes() const { return bits_.Bytes(); }

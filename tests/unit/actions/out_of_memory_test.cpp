@@ -13,18 +13,18 @@ namespace {
 
 class OutOfMemoryActionsTest : public Stage {
  protected:
-  // Repeats `work` after `prepare`, failing its first allocation, then its second, until none is
-  // left to fail. `check` runs after each failure. Returns the distinct outputs.
-  template <class Prepare, class Work, class Check>
-  static std::set<std::string> FailEachAllocation(const Prepare& prepare, const Work& work,
-                                                  const Check& check) {
+  // Repeats `prepare` and then `operation`, whose first allocation fails, then its second, until
+  // none is left to fail. `check` runs after each failure. Returns the distinct outputs.
+  template <class Prepare, class Operation, class Check>
+  static std::set<std::string> FailEachAllocation(const Prepare& prepare,
+                                                  const Operation& operation, const Check& check) {
     std::set<std::string> printed;
     for (std::size_t n = 1;; ++n) {
       EXPECT_LT(n, 1000U);
       prepare();
       testing::internal::CaptureStdout();
       FailAllocation(n);
-      const Status status = work();
+      const Status status = operation();
       const bool hasFailed = HasFailedAllocation();
       FailAllocation(0);
       const std::string text = testing::internal::GetCapturedStdout();

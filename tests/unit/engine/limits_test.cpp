@@ -163,22 +163,22 @@ TEST_F(Limits, a_pending_close_has_one_count_for_all_remaining_work) {
 
 TEST_F(Limits, a_pending_close_counts_the_time_of_all_remaining_work) {
   constexpr std::uint32_t kPartMs = 300;
-  const auto work = [] {
+  const auto takeOneAction = [] {
     TheHost().isClosing = true;
     const bool isAllowed = TakeAction();
     TheHost().milliseconds += kPartMs;
     return isAllowed;
   };
-  EXPECT_TRUE(Do(work));
-  EXPECT_TRUE(Do(work));
-  EXPECT_FALSE(Do(work));
+  EXPECT_TRUE(Do(takeOneAction));
+  EXPECT_TRUE(Do(takeOneAction));
+  EXPECT_FALSE(Do(takeOneAction));
 }
 
 TEST_F(Limits, a_close_takes_less_than_a_second_including_the_wait_for_a_file) {
   constexpr std::uint32_t kLongestWaitMs = 500;
   constexpr std::uint32_t kStepMs = 10;
   std::uint32_t takenMs = kLongestWaitMs;
-  for (int work = 0; work < 3; ++work) {
+  for (int round = 0; round < 3; ++round) {
     Do([&] {
       TheHost().isClosing = true;
       while (TakeAction()) {

@@ -95,7 +95,7 @@ docs:
 	@scripts/install-packages.sh docs
 	@scripts/docs.sh
 
-# Tokenizes the texts of demos and scenarios with the grammar for editors. npm downloads the
+# Tokenizes the source files of demos and scenarios with the grammar for editors. npm downloads the
 # tokenizer.
 grammar-check:
 	@scripts/install-packages.sh grammar

@@ -2,7 +2,7 @@
 """Draws the pictures of the demos news and gallery, in the demos' colours.
 
 Usage: demo_pictures.py EXAMPLES_FOLDER. The pictures are PNG files; the frames of the gallery are
-also encoded as MPEG-2 I-frames, by ffmpeg. They are stored beside the demos' texts, so that
+also encoded as MPEG-2 I-frames, by ffmpeg. They are stored beside the demos' source files, so that
 building a demo needs neither this script nor its libraries. A test draws them again and compares.
 """
 

@@ -24,7 +24,7 @@ for task; do
     coverage) packages="$packages clang libclang-rt-dev llvm libgtest-dev openssl python3" ;;
     mutants) packages="$packages libgtest-dev openssl python3" ;;
     grammar)
-      # The packages of nodejs.org include npm, and conflict with Debian's package npm.
+      # A package nodejs that is not Debian's may include npm and conflict with Debian's npm.
       command -v npm >/dev/null || packages="$packages nodejs npm"
       ;;
     format) packages="$packages clang-format" ;;

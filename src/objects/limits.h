@@ -84,8 +84,8 @@ inline constexpr double kMostDashes = 3000;
 // out the text beyond the box, which takes long.
 inline constexpr std::size_t kMostCharacters = 20000;
 
-// The line feeds of a text that are drawn: no picture has more lines than pixel rows. Under Wine
-// the time that GDI+ takes grows with the square of their number.
+// The lines of a text that are drawn, counted by line feeds: no picture has more lines than pixel
+// rows. Under Wine the time that GDI+ takes grows with the square of their number.
 inline constexpr std::size_t kMostLines = 576;
 
 // A font of a larger size is not drawn: no part of a character would be visible.

@@ -146,7 +146,8 @@ void AddRun(CLI::App& app, Options& options) {
   AddPath(*command, "--script", run.script, "Script of the player, with expect steps")
       ->check(IsExistingFile());
   command->add_option("--start", run.start, "Path of the application to start");
-  command->add_option("--date", run.date, "Time of day at the start")->capture_default_str();
+  command->add_option("--date", run.date, "Date and time of day at the start")
+      ->capture_default_str();
   command->add_option("--latency", run.latencyMs, "Milliseconds that reading a file takes");
   command->add_option("--missing", run.missing, "File that the engine does not find; repeatable")
       ->expected(1)
@@ -235,8 +236,9 @@ void Describe(CLI::App& app, Options& options) {
     add(app, options);
   }
   app.footer(
-      "The exit status is 0 on success, 1 if a file is invalid, has faults, or cannot be read "
-      "or written, and 2 for wrong arguments.");
+      "The exit status is 0 on success; 1 if a file is invalid or cannot be read or written, if "
+      "check finds a fault, if format only checks and a file would change, or if run does not meet "
+      "an expectation; and 2 for wrong arguments.");
 }
 
 std::optional<int> ReadCommandLine(const std::vector<std::string>& arguments, Options& options) {

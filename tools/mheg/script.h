@@ -40,8 +40,8 @@ struct Step {
 //                      no file is being read, no painting is pending, and the picture does not
 //                      change any more
 //   wait TIME          waits, for content that uses timers: "500", "500ms" or "2s"
-//   until X Y #RRGGBB  waits until every key is handled and the pixel has this colour, for content
-//                      that changes the picture by a timer
+//   until X Y #RRGGBB  waits until the pixel has this colour in a final picture, for content that
+//                      changes the picture by a timer
 //   catch X Y #RRGGBB FILE.png
 //                      takes the first picture in which the pixel has this colour, for pictures
 //                      that are visible only briefly

@@ -101,7 +101,7 @@ Candidates CandidatesFor(const TextError& error) {
 }
 
 // Lists the alternatives, or only describes them if there are many. Events are listed in full
-// unless a hint names one of them.
+// unless the message has a hint.
 std::string ChoiceOf(const TextError& error, const Candidates& candidates, bool hasHint) {
   constexpr std::size_t kMostListed = 8;
   const bool areEvents = error.words.size() > kMostListed;  // no other type has as many words

@@ -26,7 +26,7 @@ struct HostObject : MHEG5Host {
 
   const mheg::CarouselFiles& files;
   const Options& options;
-  // How often each file has been requested so far. Used only on the engine's thread.
+  // How often each file has been requested so far. Used only on the engine's worker thread.
   std::map<std::string, std::uint32_t> requests;
   std::atomic<std::uint32_t> references = 1;
   std::atomic<std::uint32_t> buffers = 0;

@@ -32,7 +32,7 @@ std::optional<int> ReadCommandLine(const std::vector<std::string>& arguments, Op
       ->capture_default_str();
   mheg::AddPath(app, "--series", given.series, "Write a picture to this folder after each change");
   app.add_option("--limit", given.limitS,
-                 "Seconds that the script waits for a picture before the run fails")
+                 "Seconds that a step waits for a picture before the run fails")
       ->capture_default_str();
   app.add_option("--latency", given.latencyMs, "Milliseconds that reading a file takes");
   app.add_option("--not-yet", given.notYet, "How often each file is not yet available");

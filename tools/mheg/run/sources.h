@@ -11,7 +11,7 @@
 namespace mheg {
 
 struct Source {
-  std::string text;        // the path of the source file in the carousel
+  std::string file;        // the path of the source file in the carousel
   std::uint32_t line = 0;  // 0: unknown
 };
 

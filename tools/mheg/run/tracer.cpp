@@ -75,8 +75,8 @@ void AddData(const EventData& data, TraceLine& line) {
 // Prints the line with the position in its source file.
 void PrintWithPlace(TraceLine line, const std::string& words, const Source& source) {
   if (source.line == 0) return PrintLine(line, words);
-  line.Field("file", source.text).Field("line", source.line);
-  PrintLine(line, words + "  (" + source.text + ":" + std::to_string(source.line) + ")");
+  line.Field("file", source.file).Field("line", source.line);
+  PrintLine(line, words + "  (" + source.file + ":" + std::to_string(source.line) + ")");
 }
 
 void TraceLink(const korvel::Link& link, std::string_view suffix, TraceLine line) {

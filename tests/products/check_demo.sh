@@ -7,7 +7,11 @@ demo=$1
 shift
 trace=$(mktemp)
 trap 'rm -f "$trace"' EXIT
-"$@" run "examples/$demo" --script "examples/$demo/test.script" --trace >"$trace"
+"$@" run "examples/$demo" --script "examples/$demo/test.script" --trace >"$trace" || {
+  echo "mheg run: status $?; the end of the trace:"
+  tail "$trace"
+  exit 1
+}
 diff "tests/golden/run/$demo.trace" "$trace" || {
   echo "The trace has changed. If that is intended, store the new one:"
   echo "mheg run examples/$demo --script examples/$demo/test.script --trace" \

@@ -73,6 +73,7 @@ TEST_F(WindowTimers, killed_remove_their_queued_expiries) {
     Expire(kTimer);
     KillWindowTimer(kTimer);
   });
+  FinishPosted();
   EXPECT_THAT(Raised(), ElementsAre("6 15", "8 8"));
 }
 
